@@ -1,0 +1,84 @@
+# How the tree is built: one library from the sources that each folder names, told by layer.
+#
+#   PURE     value types, arithmetic, layout, interaction logic: every build, the native one included
+#   PAINTER  pure code that also draws on a CDC: Windows builds
+#   SHELL    windows and messages: Windows builds
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+add_library(dayvane_flags INTERFACE)
+# Sources are UTF-8; the texts of the library are narrow strings of code page 932.
+target_compile_options(dayvane_flags INTERFACE
+  -finput-charset=UTF-8 -fexec-charset=CP932 -Wall -Wextra -Werror -Wno-unused-parameter)
+if(WIN32)
+  target_compile_definitions(dayvane_flags INTERFACE _WIN32_WINNT=0x0601 WINVER=0x0601 _MBCS NOMINMAX STRICT)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Doubles must not carry x87 excess precision: 32-bit and 64-bit builds give the same calendar.
+    target_compile_options(dayvane_flags INTERFACE -msse2 -mfpmath=sse)
+  endif()
+endif()
+set(DAYVANE_SANITIZE "" CACHE STRING "Sanitizer flags, for example -fsanitize=address,undefined")
+if(DAYVANE_SANITIZE)
+  separate_arguments(sanitize_flags UNIX_COMMAND "${DAYVANE_SANITIZE}")
+  target_compile_options(dayvane_flags INTERFACE ${sanitize_flags} -fno-omit-frame-pointer)
+  target_link_options(dayvane_flags INTERFACE ${sanitize_flags})
+endif()
+
+set(DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}" "${CMAKE_SOURCE_DIR}/include" "${CMAKE_SOURCE_DIR}/mfc/base")
+if(WIN32)
+  list(APPEND DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}/mfc/win")
+endif()
+
+define_property(GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
+
+function(dayvane_collect property)
+  cmake_parse_arguments(arg "" "" "PURE;PAINTER;SHELL" ${ARGN})
+  set(files ${arg_PURE})
+  if(WIN32)
+    list(APPEND files ${arg_PAINTER} ${arg_SHELL})
+  endif()
+  list(TRANSFORM files PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+  set(${property} ${files} PARENT_SCOPE)
+endfunction()
+
+# Names the library sources of the calling folder.
+function(dayvane_sources)
+  dayvane_collect(files ${ARGN})
+  set_property(GLOBAL APPEND PROPERTY DAYVANE_LIBRARY_SOURCES ${files})
+endfunction()
+
+# Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library.
+function(dayvane_add_library)
+  get_property(files GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
+  if(WIN32)
+    add_library(Dayvane SHARED ${files})
+    set_target_properties(Dayvane PROPERTIES PREFIX "" OUTPUT_NAME Dayvane)
+    # MinGW exports every symbol and imports data by itself, so classes need no decoration here.
+    target_link_options(Dayvane PRIVATE -Wl,--export-all-symbols)
+    target_link_libraries(Dayvane PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 msimg32 gdi32 user32)
+  else()
+    add_library(Dayvane STATIC ${files})
+  endif()
+  add_library(Dayvane::Dayvane ALIAS Dayvane)
+  target_link_libraries(Dayvane PRIVATE $<BUILD_INTERFACE:dayvane_flags>)
+  foreach(dir ${DAYVANE_INCLUDE_DIRS})
+    target_include_directories(Dayvane PUBLIC $<BUILD_INTERFACE:${dir}>)
+  endforeach()
+endfunction()
+
+# dayvane_test(NAME [PURE files] [SHELL files] [LIBS libs]): one test program for the folder NAME.
+function(dayvane_test name)
+  cmake_parse_arguments(arg "" "" "PURE;PAINTER;SHELL;LIBS" ${ARGN})
+  dayvane_collect(files PURE ${arg_PURE} PAINTER ${arg_PAINTER} SHELL ${arg_SHELL})
+  if(NOT files)
+    return()
+  endif()
+  add_executable(test_${name} ${files})
+  target_link_libraries(test_${name} PRIVATE dayvane_test_support Dayvane dayvane_flags ${arg_LIBS})
+  add_test(NAME ${name} COMMAND test_${name})
+endfunction()
