@@ -1,0 +1,295 @@
+// CCalendarCtrl: the window class from which every calendar view that shows schedule items derives.
+//
+// It keeps the host's items, the appearance settings, the selection and the shown dates, turns mouse and keyboard into
+// moves and notifications, and runs the layout and paint pipeline. A view overrides the virtual hooks below; each hook
+// states what a view must keep. Hosts use the derived controls.
+//
+// Coordinates are client pixels. Indices are indices into the item store unless stated. Settings only store their
+// value: call Refresh() to see them. Everything runs on the thread that owns the window.
+//
+// A control tells its parent what happens by WM_NOTIFY (core/CalendarNotify.h). The parent may do anything while it
+// handles a notification: change or delete items, change the date, begin an edit, destroy the control. If the host
+// deletes the C++ object itself, it must do so after the notification, as with any MFC window.
+#pragma once
+
+#include <afxwin.h>
+#include <afxcmn.h>
+#include <afxtempl.h>
+#include <afxdisp.h>
+
+#include "core/CalendarClock.h"
+#include "core/CalendarNotify.h"
+#include "core/CalendarRecords.h"
+#include "core/CalendarSettings.h"
+
+struct CPrintInfo;
+
+class CCalendarCtrl : public CWnd
+{
+    DECLARE_DYNAMIC(CCalendarCtrl)
+
+public:
+    typedef dayvane::tagCALENDAR_ITEM tagCALENDAR_ITEM;
+    typedef dayvane::tagCV_LAYOUT tagCV_LAYOUT;
+    typedef CArray<tagCALENDAR_ITEM, const tagCALENDAR_ITEM&> CItemArray;
+
+    // Sets every default and appends the seven standard rows to m_arDayColors.
+    CCalendarCtrl();
+    ~CCalendarCtrl() override;
+
+    // Views create their window and return TRUE, FALSE when it could not be created; the base creates nothing and
+    // returns TRUE.
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr);
+
+    // ---- Items. The control keeps copies. bUpdate: rebuild the screen items and their rectangles; bRedraw: repaint.
+    // Return values: 1 done; 0 when the index is greater than the count. An index equal to the count, or negative,
+    // throws CInvalidArgException; lack of memory throws CMemoryException; both leave the store as it was.
+
+    virtual int AddItem(tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
+    // Sets the record at nIndex; beyond the end the store grows, the gap holds default items. Nothing is shifted.
+    virtual int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
+    virtual int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
+    // The current item index is not adjusted.
+    virtual int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE);
+    // Clears the day properties too. The current item index is not adjusted: call SetCurSel(-1).
+    virtual void DeleteAllItems();
+    int GetItem(int nIndex, tagCC_ITEM& item);
+    int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
+    LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
+    int IsItemMovable(int nIndex);  // -1 for a negative index, 1 for one greater than the count
+    virtual void SortItem(CItemArray& items); // by start, earliest first; invalid starts stay where they are
+    int IsFulldayItem(tagCALENDAR_ITEM item);
+    const CItemArray& GetScreenItems() const { return m_arScreenItem; } // as last laid out
+
+    // ---- Selection.
+
+    // Returns nIndex, or -1 (and changes nothing) when it is greater than the count.
+    int SetCurSel(int nIndex);
+    int GetCurSel() const { return m_nCurSel; }
+    void SetSelScreenItem(int nIndex) { m_nSelScreenItem = nIndex; }
+    int GetSelScreenItem() const { return m_nSelScreenItem; }
+    virtual void SetFocusToItem(); // the next item that can have the focus becomes current, CCN_ITEMCLICK is sent
+    // The selected range, earlier date first. Returns 0 when nothing is selected (a bound is 0.0), else 1.
+    virtual int GetSelRange(COleDateTime& begin, COleDateTime& end);
+    // Stores both bounds as given and whether they stand for whole days; no notification.
+    void SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday = FALSE);
+    virtual COleDateTime GetSelDate();
+    virtual void SetSelDate(const COleDateTime& date);
+
+    // ---- Dates.
+
+    virtual COleDateTime GetCurrentDate();
+    virtual void SetCurrentDate(const COleDateTime& date); // the host calls Refresh() afterwards
+    virtual void GetViewRange(COleDateTime& first, COleDateTime& last);
+    virtual void SetFirstDayOfWeek(int nDay); // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
+    int GetFirstDayOfWeek() const { return m_nFirstDayOfWeek; }
+    virtual void SyncToPresent(const COleDateTime* pWhen); // time grids: scroll to the time, nullptr: now
+
+    // ---- Day colours and properties (the views keep them; the base control keeps none).
+
+    // The colour rows that day-colour numbers select (number n: row n-1), shared by all controls of the process.
+    static CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arDayColors;
+    virtual void SetDayColor(COleDateTime date, int nColor);
+    virtual int GetDayColor(int nDay);
+    virtual void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property);
+    virtual tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date);
+    virtual void ClearDayProperty();
+    // Holiday name and solar term of the date: "name", " term" or "name term"; empty for a plain day.
+    static CString WhatsToday(COleDateTime date);
+
+    // ---- Appearance.
+
+    void SetCaptionColor(COLORREF color) { m_colors.caption = color; }
+    void SetCaptionTextColor(COLORREF color) { m_colors.captionText = color; }
+    void SetRulerColor(COLORREF color) { m_colors.ruler = color; }
+    void SetRulerTextColor(COLORREF color) { m_colors.rulerText = color; }
+    void SetContentColor(COLORREF color) { m_colors.content = color; }
+    void SetGridColor(COLORREF color) { m_colors.grid = color; }
+    void SetBorderColor(COLORREF color) { m_colors.border = color; }
+    void SetHighLightColor(COLORREF color) { m_colors.highlight = color; }
+    void SetItemBorderColor(COLORREF color) { m_colors.itemBorder = color; }
+    void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; }
+    void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; }
+    const dayvane::CalendarColors& GetColors() const { return m_colors; }
+    void ShowCaption(BOOL bShow) { m_bShowCaption = bShow; }
+    BOOL IsShowCaption() const { return m_bShowCaption; }
+    void SetCaptionText(LPCTSTR lpszText) { m_strCaption = lpszText; }
+    CString GetCaptionText() const { return m_strCaption; }
+    void ShowHoliday(BOOL bShow) { m_bShowHoliday = bShow; }
+    BOOL IsShowHoliday() const { return m_bShowHoliday; }
+    void Show24Setuki(BOOL bShow) { m_bShow24Setuki = bShow; }
+    BOOL IsShow24Setuki() const { return m_bShow24Setuki; }
+    void EnableMouseHoverEvent(BOOL bEnable) { m_bHoverEvents = bEnable; }
+    // 0: an all-day item shows its text, a timed one start time and text; 8: start time, end time and text.
+    void SetItemDisplayMode(int nMode) { m_nItemDisplayMode = nMode; }
+    int GetItemDisplayMode() const { return m_nItemDisplayMode; }
+    // Whether the date selection shows while an item is current.
+    void ShowSelectionWithItem(BOOL bShow) { m_bShowSelectionWithItem = bShow; }
+    BOOL IsShowSelectionWithItem() const { return m_bShowSelectionWithItem; }
+    // The control keeps a copy. Returns 0 when image 0 cannot be read.
+    int SetImageList(CImageList* pImageList);
+    CImageList* GetImageList() const { return m_pImageList; }
+    // Text font: bit 0 bold, bit 1 italic with strike-out. Belongs to the control.
+    CFont* GetFont(int nFlags);
+    using CWnd::GetFont;
+
+    // ---- Time grids: rows and work time.
+
+    // Grid rows an hour, 1 .. 60 (divisors of 60 keep rows and times exact); others throw CInvalidArgException.
+    void SetTimeScale(int nRowsPerHour);
+    int GetTimeScale() const { return m_nTimeScale; }
+    int GetMaxGridRows() const;
+    void SetFulldayItemCount(int nCount) { m_nFulldayItemCount = nCount > 0 ? nCount : 1; }
+    int GetFulldayItemCount() const { return m_nFulldayItemCount; }
+    void ShowFulldaySection(BOOL bShow) { m_bShowFulldaySection = bShow; }
+    BOOL IsShowFulldaySection() const { return m_bShowFulldaySection; }
+    void SetWorkDayOfWeek(const tagCALENDAR_WORK_DAY_OF_WEEK& days) { m_workDays = days; }
+    const tagCALENDAR_WORK_DAY_OF_WEEK& GetWorkDayOfWeek() const { return m_workDays; }
+    int IsWorkDayOfWeek(int nDayOfWeek) const; // 1 Sunday .. 7 Saturday; 0 for anything else
+    int IsWorkDayOfWeek(const COleDateTime& date) const;
+    void SetWorkTime(const tagCALENDAR_WORK_TIME& time) { m_workTime = time; }
+    const tagCALENDAR_WORK_TIME& GetWorkTime() const { return m_workTime; }
+    int IsWorkTime(int nRow) const; // whether the row begins within the work time
+    int _IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const;
+
+    // ---- Layout, paint, hit test.
+
+    void Layout(); // lays out for the client area of the window and repaints the content
+    virtual void Layout(int cx, int cy);
+    void Refresh(); // Layout() and a repaint of everything
+    virtual int HitTest(tagCCHITTESTINFO& info); // returns info.nItem
+    int GetVertScrollOffset() const { return m_nVertScroll; }
+    virtual int DoPrint(CDC* pDC, CPrintInfo* pInfo); // 0: nothing printed
+    // Two colours from left to right (bHorizontal) or from top to bottom; see core/DrawingHelpers.h.
+    static void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal,
+                             BOOL bStepped = TRUE);
+
+    // ---- In-place editing and dragging.
+
+    virtual void BeginEditItem(const char* lpszText); // opens an edit box over the current cell
+    virtual void EndEditItem(const char* lpszText, int nMode); // reports the text to the parent
+    BOOL IsEditing() const { return m_bEditing; }
+    BOOL IsDragging() const { return m_bDragging; }
+
+protected:
+    // ---- Hooks of the views, in the order in which the pipeline uses them.
+
+    virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcContent);
+    virtual void MakeScreenItem(CItemArray& items, CItemArray& screenItems);
+    virtual void CalcItemRect(CRect rcContent, CItemArray& screenItems);
+    virtual void DrawCtrl(CDC* pDC);
+    virtual void DrawGrid(CDC* pDC, CRect rcContent);
+    virtual void DrawRuler(CDC* pDC, CRect rcRuler);
+    virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
+    virtual void DrawCaption(CDC* pDC, CRect rcCaption);
+    virtual void InvalidateCellRect(COleDateTime date);
+    virtual void InvalidateCellRectRange(); // the cells of the selected range
+    virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
+    // Where the edit box opens: the current cell; top -1: nowhere. nMode goes through to the notification.
+    virtual void GetCurCellRect(CRect& rect, int& nMode);
+    // Keyboard moves; nFlags 0x10 (Shift) extends the selection.
+    virtual void MoveRightward(UINT nFlags);
+    virtual void MoveLeftward(UINT nFlags);
+    virtual void MoveBackward(UINT nFlags); // down, later
+    virtual void MoveForward(UINT nFlags);  // up, earlier
+
+    // ---- Services for the views.
+
+    // Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be gone afterwards:
+    // test with IsAlive() what is used next.
+    LRESULT Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags);
+    LRESULT Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
+                   int nValue);
+    // Registers a view's window class once per process; a failure throws CResourceException.
+    static void RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground);
+    BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
+    void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
+    void InvalidateClient();  // the whole client area, without erasing, when there is a window
+    // Each returns the width used, 0 when there is no room.
+    int DrawImageIcon(CDC* pDC, int nImage, CRect rect);
+    int DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm);
+    int DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm);
+    void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
+
+    // ---- Item drag.
+    virtual void MoveItem(tagCCHITTESTINFO hit);
+    virtual void MoveItemEx(tagCCHITTESTINFO hit);
+
+    CItemArray m_arItem;       // the host's items, in the host's order
+    CItemArray m_arScreenItem; // what is shown
+    int m_nCurSel = -1;        // current item, -1 none
+    int m_nSelScreenItem = -1;
+
+    COleDateTime m_dtCurrentDate;
+    COleDateTime m_dtViewDate; // follows the current date
+    COleDateTime m_dtSelBegin; // 0.0: nothing selected
+    COleDateTime m_dtSelEnd;
+    COleDateTime m_dtSelAnchor;
+    COleDateTime m_dtPrevSelEnd; // the selection end before its last change, for repainting the difference
+
+    CRect m_rcCaption = CRect(0, 0, 0, 0);
+    CRect m_rcRuler = CRect(0, 0, 0, 0);
+    CRect m_rcContent = CRect(0, 0, 0, 0);
+    int m_nHorzScroll = 0; // pixels
+    int m_nVertScroll = 0; // pixels
+    BOOL m_bHasFocus = FALSE;
+
+    dayvane::CalendarColors m_colors;
+    BOOL m_bShowCaption = TRUE;
+    CString m_strCaption;
+    BOOL m_bShowHoliday = TRUE;
+    BOOL m_bShow24Setuki = TRUE;
+    BOOL m_bHoverEvents = FALSE;
+    int m_nFirstDayOfWeek = 1;
+    int m_nTimeScale = 2;
+    tagCALENDAR_WORK_DAY_OF_WEEK m_workDays;
+    tagCALENDAR_WORK_TIME m_workTime;
+    int m_nFulldayItemCount = 0;
+    BOOL m_bShowFulldaySection = FALSE;
+    int m_nItemDisplayMode = 0;
+    BOOL m_bShowSelectionWithItem = FALSE;
+
+    LOGFONT m_lfFonts[4]; // [0] caption, [1] large caption, [2] text (GetFont), [3] marks
+    CFont m_fontCache[4]; // of GetFont
+    CImageList* m_pImageList = nullptr;
+    int m_cxIcon = 0;
+    int m_cyIcon = 0;
+
+    // Interaction.
+    BOOL m_bShiftExtend = FALSE;
+    BOOL m_bDateSelecting = FALSE;
+    BOOL m_bDragging = FALSE;
+    BOOL m_bDragPending = FALSE;
+    BOOL m_bItemDrag = TRUE;
+    BOOL m_bFulldaySelection = FALSE;
+    BOOL m_bExtendedMove = FALSE;
+    CPoint m_ptPress = CPoint(-1, -1);
+    BOOL m_bEditing = FALSE;
+
+    // Message handlers, in the order of the message map.
+    void PostNcDestroy() override;
+    afx_msg void OnDestroy();
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg void OnMouseHover(UINT nFlags, CPoint point);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
+    afx_msg BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
+    afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
+    afx_msg UINT OnGetDlgCode();
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg LRESULT OnImeChar(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnSetFocus(CWnd* pOldWnd);
+    afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg void OnCaptureChanged(CWnd* pWnd);
+    afx_msg void OnCancelMode();
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg void OnCcnIpeEndEditItem(NMHDR* pNMHDR, LRESULT* pResult);
+    DECLARE_MESSAGE_MAP()
+};

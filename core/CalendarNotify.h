@@ -1,0 +1,48 @@
+// What a calendar control tells its parent: WM_NOTIFY codes and their records. wParam is the control's dialog
+// identifier. A record is valid only while the notification is being handled; the handler may do anything to the
+// control, even destroy it.
+#pragma once
+
+#include <afxwin.h>
+
+#define CCN_ITEMCLICK (-2080)       // NMCALENDARITEM: left button pressed, or an item made current by key
+#define CCN_ITEMDBLCLICK (-2081)    // NMCALENDARITEM: double click, or a key that opens an item
+#define CCN_ITEMRCLICK (-2082)      // NMCALENDARITEM: right button pressed
+#define CCN_CONTEXTMENU (-2083)     // NMCALENDARITEM: a context menu is asked for
+#define CCN_SELDATECHANGE (-2084)   // NMCALENDARITEM, nItem -1: scrolling moved the selected date
+#define CCN_VIEWRANGECHANGE (-2085) // NMCALENDARDATES: the shown range moved
+#define CCN_ITEMMOVED (-2086)       // NMCALENDARITEM: an item was dragged and the button released
+#define CCN_IPE_ENDEDITITEM (-2087) // NMCALENDAREDIT: in-place editing ended with a text
+#define CCN_COMBOSELCHANGE (-2088)  // NMCALENDARITEM, lParam not fetched: the year view's combo box changed
+#define CCN_MOUSEHOVER (-2089)      // NMCALENDARITEM: the mouse rested over the control
+
+struct NMCALENDARITEM
+{
+    NMHDR hdr;
+    POINT pt;        // client pixels; (-1, -1) when a key was the cause
+    int nSubValue;   // mouse or key flags; with CCN_COMBOSELCHANGE the selected index
+    int nItem;       // index in the store, -1 none
+    LPARAM lParam;   // the item's lParam
+    SYSTEMTIME time; // the date and time under the point, or the item's start
+    UINT nFlags;     // the hit code (CCHT_...)
+};
+
+struct NMCALENDARDATES
+{
+    NMHDR hdr;
+    SYSTEMTIME stDate;  // the current date; all zero when there is none (as the two below)
+    SYSTEMTIME stFirst; // first shown day
+    SYSTEMTIME stLast;  // last shown day
+    int nValue;         // month view 4104, week and year view 4100, time grids 0x801
+};
+
+struct NMCALENDAREDIT
+{
+    NMHDR hdr;
+    int nReserved;      // 0
+    LPCTSTR lpszText;   // the committed text; copy it
+    int nLength;        // bytes
+    SYSTEMTIME stStart; // the selected range; all zero when there is none
+    SYSTEMTIME stEnd;
+    int nMode; // the value that GetCurCellRect gave when the edit began
+};

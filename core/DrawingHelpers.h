@@ -1,0 +1,96 @@
+// Small painting services shared by all controls: the off-screen device context, scope objects for GDI selection,
+// gradients and title bands, item marks.
+#pragma once
+
+#include <afxwin.h>
+
+// Paints off screen: everything drawn between construction and destruction reaches the target in one transfer of its
+// clip box. On a printer it draws straight to the target.
+class CMemDC : public CDC
+{
+public:
+    explicit CMemDC(CDC* pDC);
+    ~CMemDC() override;
+
+    // So that a CMemDC can stand where a CDC* is wanted.
+    CMemDC* operator->() { return this; }
+    operator CMemDC*() { return this; }
+
+protected:
+    CBitmap m_bitmap;
+    CBitmap* m_pOldBitmap = nullptr;
+    CDC* m_pDC;        // the target, not owned
+    CRect m_rect;      // its clip box
+    BOOL m_bMemDC;     // off screen; FALSE when printing
+};
+
+namespace dayvane
+{
+
+// Selects a GDI object into a device context for the life of the scope. Declare it after the object.
+class SelectGdi
+{
+public:
+    SelectGdi(CDC* pDC, CGdiObject* pObject) : SelectGdi(pDC, pObject ? pObject->GetSafeHandle() : nullptr) {}
+    SelectGdi(CDC* pDC, HGDIOBJ hObject) : m_hDC(pDC->m_hDC), m_hOld(hObject ? ::SelectObject(m_hDC, hObject) : nullptr) {}
+    ~SelectGdi()
+    {
+        if (m_hOld)
+            ::SelectObject(m_hDC, m_hOld);
+    }
+    SelectGdi(const SelectGdi&) = delete;
+    SelectGdi& operator=(const SelectGdi&) = delete;
+
+private:
+    HDC m_hDC;
+    HGDIOBJ m_hOld;
+};
+
+// Restores background mode, text colour and everything else of a device context at the end of the scope.
+class SaveDcScope
+{
+public:
+    explicit SaveDcScope(CDC* pDC) : m_hDC(pDC->m_hDC), m_nSaved(::SaveDC(m_hDC)) {}
+    ~SaveDcScope() { ::RestoreDC(m_hDC, m_nSaved); }
+    SaveDcScope(const SaveDcScope&) = delete;
+    SaveDcScope& operator=(const SaveDcScope&) = delete;
+
+private:
+    HDC m_hDC;
+    int m_nSaved;
+};
+
+// A linear gradient from the left to the right edge (bHorizontal) or from the top to the bottom edge. On palette
+// devices, when bStepped, in strips of 2 pixels of the nearest palette colours; otherwise one GradientFill.
+void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal, BOOL bStepped);
+
+// The stepped path of DrawGradient, whatever the device.
+void DrawSteppedGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal);
+
+// The colours of a title band: vertical gradient edge -> middle over the upper third, middle -> edge below, and a
+// 1-pixel line along the bottom.
+struct TitleBandColors
+{
+    COLORREF edge;
+    COLORREF middle;
+    COLORREF bottomLine;
+};
+void DrawTitleBand(CDC* pDC, const CRect& rect, const TitleBandColors& colors);
+
+// Two vertical gradients, one over the upper and one over the lower half: header rows, day captions.
+struct HeaderBandColors
+{
+    COLORREF upperFrom, upperTo;
+    COLORREF lowerFrom, lowerTo;
+};
+void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors);
+
+// A frame of `rings` one-pixel rectangles, the outermost in the colour itself, each next one lighter.
+void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings);
+
+// The marks of an item, drawn with the symbol font when it is installed, else from lines: a bell, a pair of arrows in
+// a circle. Each returns the width used, 0 when the rectangle has no room.
+int DrawAlarmGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, COLORREF color);
+int DrawRecurrenceGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, COLORREF color);
+
+} // namespace dayvane
