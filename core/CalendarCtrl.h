@@ -8,8 +8,8 @@
 // value: call Refresh() to see them. Everything runs on the thread that owns the window.
 //
 // A control tells its parent what happens by WM_NOTIFY (core/CalendarNotify.h). The parent may do anything while it
-// handles a notification: change or delete items, change the date, begin an edit, destroy the control. If the host
-// deletes the C++ object itself, it must do so after the notification, as with any MFC window.
+// handles a notification: change or delete items, change the date, begin an edit, destroy the window, delete the C++
+// object. After each send a control therefore looks at an Alive guard before it touches anything of itself.
 #pragma once
 
 #include <afxwin.h>
@@ -32,6 +32,24 @@ public:
     typedef dayvane::tagCALENDAR_ITEM tagCALENDAR_ITEM;
     typedef dayvane::tagCV_LAYOUT tagCV_LAYOUT;
     typedef CArray<tagCALENDAR_ITEM, const tagCALENDAR_ITEM&> CItemArray;
+
+    // Tells, after something that may have run the host's code, whether the control and its window are still there.
+    // Lives on the stack: { Alive alive(this); Notify(...); if (!alive) return; ... }
+    class Alive
+    {
+    public:
+        explicit Alive(CCalendarCtrl* pCtrl);
+        ~Alive();
+        Alive(const Alive&) = delete;
+        Alive& operator=(const Alive&) = delete;
+        explicit operator bool() const { return m_pCtrl != nullptr && m_pCtrl->m_hWnd == m_hWnd; }
+
+    private:
+        friend class CCalendarCtrl;
+        CCalendarCtrl* m_pCtrl;
+        HWND m_hWnd; // at construction
+        Alive* m_pOuter;
+    };
 
     // Sets every default and appends the seven standard rows to m_arDayColors.
     CCalendarCtrl();
@@ -195,8 +213,8 @@ protected:
 
     // ---- Services for the views.
 
-    // Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be gone afterwards:
-    // test with IsAlive() what is used next.
+    // Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be gone afterwards: see
+    // Alive.
     LRESULT Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags);
     LRESULT Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
                    int nValue);
@@ -265,6 +283,7 @@ protected:
     BOOL m_bExtendedMove = FALSE;
     CPoint m_ptPress = CPoint(-1, -1);
     BOOL m_bEditing = FALSE;
+    Alive* m_pAlive = nullptr; // innermost guard
 
     // Message handlers, in the order of the message map.
     void PostNcDestroy() override;
