@@ -190,6 +190,8 @@ public:
     BOOL IsDragging() const { return m_bDragging; }
 
 protected:
+    enum { kEditId = 1 }; // identifier of the edit box
+
     // ---- Hooks of the views, in the order in which the pipeline uses them.
 
     virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcContent);
@@ -221,7 +223,10 @@ protected:
     // Registers a view's window class once per process; a failure throws CResourceException.
     static void RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground);
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
+    LRESULT SendToParent(NMHDR& header);
+    void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
+    void ItemsChanged(int bUpdate, int bRedraw);
     void InvalidateClient();  // the whole client area, without erasing, when there is a window
     // Each returns the width used, 0 when there is no room.
     int DrawImageIcon(CDC* pDC, int nImage, CRect rect);

@@ -88,9 +88,10 @@ void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors)
 // A frame of `rings` one-pixel rectangles, the outermost in the colour itself, each next one lighter.
 void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings);
 
-// The marks of an item, drawn with the symbol font when it is installed, else from lines: a bell, a pair of arrows in
-// a circle. Each returns the width used, 0 when the rectangle has no room.
-int DrawAlarmGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, COLORREF color);
-int DrawRecurrenceGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, COLORREF color);
+// The marks of an item in the device context's text colour: with the symbol font when it is installed, else from lines
+// (a bell, two arrows that chase each other). Middle of the rectangle's height when bCentered, else at its top. Each
+// returns the width used, 0 when the rectangle has no room for the mark and a pixel more.
+int DrawAlarmGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, BOOL bCentered);
+int DrawRecurrenceGlyph(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, BOOL bCentered);
 
 } // namespace dayvane

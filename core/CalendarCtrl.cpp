@@ -1,0 +1,379 @@
+// The base control: lifetime, settings, dates, fonts, hit test, notifications.
+#include "core/CalendarCtrl.h"
+
+#include "calc/DayAnnotation.h"
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+constexpr int kStandardDayColors = 7;
+
+constexpr tagCALENDAR_DAY_COLOR kDayColors[kStandardDayColors] = {
+    // background / work fill, work line, work hour line, off fill, off line, off hour line / other month, text
+    {{0xFFFFFF, 0xF1D7D5, 0xE1BFA5, 0xF7EDE6, 0xF1D7D5, 0xE1BFA5, 0x000000}}, // 1 ordinary day
+    {{0xC9C8EF, 0xBDBBE9, 0xA6A4DE, 0x8E8CDD, 0x8381D2, 0x6564B3, 0x2138EF}}, // 2 Sunday, holiday
+    {{0xE6D8CF, 0xDBC9C1, 0xCCAFA1, 0xBF9E8B, 0xB59380, 0x987461, 0xDE5500}}, // 3 Saturday
+    {{0xBCECD5, 0xB4E4CD, 0xA2D1BA, 0x97D4B3, 0x8ACBA8, 0x68B48C, 0x68B48C}}, // 4 .. 7 for the host
+    {{0xD5FFFF, 0xC7EFFF, 0xA2DBF6, 0xBCF4FF, 0xB1E4F3, 0x98D0EA, 0x98D0EA}},
+    {{0xAED0FA, 0xA3C4EE, 0x76A6E1, 0x7FB4F7, 0x71A7EB, 0x4783CA, 0x4783CA}},
+    {{0xECD5DD, 0xE6C7D2, 0xD8A9B9, 0xCF94A8, 0xC2889B, 0x9B6376, 0x9B6376}},
+};
+
+LOGFONT FontTemplate(int height, BYTE charSet, const char* face)
+{
+    LOGFONT lf = {};
+    lf.lfHeight = height;
+    lf.lfCharSet = charSet;
+    lstrcpyn(lf.lfFaceName, face, LF_FACESIZE);
+    return lf;
+}
+
+// Slots of the font cache, by GetFont's flags: italic wins over bold, slot 2 stays empty.
+constexpr int kSlotOfFontFlags[4] = {0, 1, 3, 3};
+constexpr int kFontBold = 1;
+constexpr int kFontItalic = 2;
+
+constexpr int kHitRowHeight = 20; // pixels of a row of the base hit test: half an hour
+constexpr int kHitRows = 49;
+
+constexpr int kMinTimeScale = 1;
+constexpr int kMaxTimeScale = 60;
+constexpr int kHoursPerDay = 24;
+constexpr int kMinutesPerHour = 60;
+constexpr int kGridRowHeight = 20; // pixels
+
+} // namespace
+
+IMPLEMENT_DYNAMIC(CCalendarCtrl, CWnd)
+
+CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> CCalendarCtrl::m_arDayColors;
+
+BEGIN_MESSAGE_MAP(CCalendarCtrl, CWnd)
+    ON_WM_DESTROY()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_LBUTTONDBLCLK()
+    ON_WM_RBUTTONDOWN()
+    ON_WM_MOUSEMOVE()
+    ON_WM_MOUSEHOVER()
+    ON_WM_MOUSEWHEEL()
+    ON_WM_SETCURSOR()
+    ON_WM_CONTEXTMENU()
+    ON_WM_GETDLGCODE()
+    ON_WM_KEYDOWN()
+    ON_WM_KEYUP()
+    ON_WM_CHAR()
+    ON_MESSAGE(WM_IME_CHAR, &CCalendarCtrl::OnImeChar)
+    ON_WM_SETFOCUS()
+    ON_WM_KILLFOCUS()
+    ON_WM_CAPTURECHANGED()
+    ON_WM_CANCELMODE()
+    ON_WM_TIMER()
+    ON_NOTIFY(CCN_IPE_ENDEDITITEM, CCalendarCtrl::kEditId, &CCalendarCtrl::OnCcnIpeEndEditItem)
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CCalendarCtrl::CCalendarCtrl()
+{
+    for (const tagCALENDAR_DAY_COLOR& row : kDayColors)
+        m_arDayColors.Add(row);
+
+    m_colors.highlight = ::GetSysColor(COLOR_HIGHLIGHT);
+    m_colors.highlightText = ::GetSysColor(COLOR_HIGHLIGHTTEXT);
+    m_colors.noFocus = ::GetSysColor(COLOR_BTNFACE);
+
+    m_lfFonts[0] = FontTemplate(22, ANSI_CHARSET, "Westminster");
+    m_lfFonts[1] = FontTemplate(30, ANSI_CHARSET, "Century Gothic");
+    m_lfFonts[2] = FontTemplate(12, SHIFTJIS_CHARSET, "MS UI Gothic");
+    m_lfFonts[3] = FontTemplate(12, SYMBOL_CHARSET, "MS Outlook");
+
+    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = m_dtPrevSelEnd = dayvane::Now();
+}
+
+CCalendarCtrl::~CCalendarCtrl()
+{
+    for (Alive* guard = m_pAlive; guard; guard = guard->m_pOuter)
+        guard->m_pCtrl = nullptr;
+    // While the derived parts still stood the window was theirs; here the hooks are the base's, which do nothing.
+    DestroyWindow();
+    delete m_pImageList;
+    // The italic font is left to the end of the process: it may still be selected somewhere.
+    m_fontCache[kSlotOfFontFlags[kFontItalic]].Detach();
+}
+
+CCalendarCtrl::Alive::Alive(CCalendarCtrl* pCtrl) : m_pCtrl(pCtrl), m_hWnd(pCtrl->m_hWnd), m_pOuter(pCtrl->m_pAlive)
+{
+    pCtrl->m_pAlive = this;
+}
+
+CCalendarCtrl::Alive::~Alive()
+{
+    if (m_pCtrl)
+        m_pCtrl->m_pAlive = m_pOuter;
+}
+
+BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
+{
+    return TRUE;
+}
+
+void CCalendarCtrl::RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground)
+{
+    WNDCLASS wc = {};
+    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClass, &wc))
+        return;
+    wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
+    wc.lpfnWndProc = ::DefWindowProc;
+    wc.hInstance = AfxGetInstanceHandle();
+    wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
+    wc.hbrBackground = hBackground;
+    wc.lpszClassName = lpszClass;
+    if (!AfxRegisterClass(&wc))
+        AfxThrowResourceException();
+}
+
+void CCalendarCtrl::OnDestroy()
+{
+    CWnd::OnDestroy();
+    for (int slot = 0; slot < 3; ++slot)
+        m_fontCache[slot].DeleteObject();
+}
+
+void CCalendarCtrl::PostNcDestroy()
+{
+    m_bDateSelecting = m_bDragging = m_bDragPending = m_bShiftExtend = FALSE;
+    m_bEditing = FALSE;
+    m_bHasFocus = FALSE;
+    CWnd::PostNcDestroy();
+}
+
+// ---- Dates
+
+COleDateTime CCalendarCtrl::GetCurrentDate()
+{
+    return m_dtCurrentDate;
+}
+
+void CCalendarCtrl::SetCurrentDate(const COleDateTime& date)
+{
+    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtViewDate = date;
+}
+
+COleDateTime CCalendarCtrl::GetSelDate()
+{
+    return GetCurrentDate();
+}
+
+void CCalendarCtrl::SetSelDate(const COleDateTime& date)
+{
+    SetSelRange(date, date);
+    InvalidateClient();
+}
+
+void CCalendarCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
+{
+    first = last = GetCurrentDate();
+}
+
+void CCalendarCtrl::SetFirstDayOfWeek(int nDay)
+{
+    if (nDay < 1 || nDay > 7)
+        AfxThrowInvalidArgException();
+    m_nFirstDayOfWeek = nDay;
+    SetCurrentDate(GetCurrentDate());
+}
+
+void CCalendarCtrl::SyncToPresent(const COleDateTime*)
+{
+}
+
+// ---- Day colours and properties
+
+void CCalendarCtrl::SetDayColor(COleDateTime date, int nColor)
+{
+    tagCALENDAR_DAY_PROPERTY property;
+    property.nDayColor = nColor;
+    SetDayProperty(date, property);
+}
+
+int CCalendarCtrl::GetDayColor(int)
+{
+    return 0;
+}
+
+void CCalendarCtrl::SetDayProperty(COleDateTime, const tagCALENDAR_DAY_PROPERTY&)
+{
+}
+
+tagCALENDAR_DAY_PROPERTY* CCalendarCtrl::GetDayProperty(COleDateTime)
+{
+    return nullptr;
+}
+
+void CCalendarCtrl::ClearDayProperty()
+{
+}
+
+CString CCalendarCtrl::WhatsToday(COleDateTime date)
+{
+    return dayvane::WhatsToday(date);
+}
+
+// ---- Appearance
+
+int CCalendarCtrl::SetImageList(CImageList* pImageList)
+{
+    IMAGEINFO info = {};
+    if (!pImageList || !pImageList->GetImageInfo(0, &info))
+        return 0;
+    CImageList* copy = new CImageList;
+    if (!copy->Create(pImageList)) {
+        delete copy;
+        return 0;
+    }
+    delete m_pImageList;
+    m_pImageList = copy;
+    m_cxIcon = info.rcImage.right - info.rcImage.left;
+    m_cyIcon = info.rcImage.bottom - info.rcImage.top;
+    if (m_hWnd)
+        Invalidate(TRUE);
+    return 1;
+}
+
+CFont* CCalendarCtrl::GetFont(int nFlags)
+{
+    const int slot = kSlotOfFontFlags[nFlags & (kFontBold | kFontItalic)];
+    CFont& font = m_fontCache[slot];
+    if (!font.GetSafeHandle()) {
+        LOGFONT lf = m_lfFonts[2];
+        lf.lfWeight = (nFlags & kFontBold) ? FW_BOLD : FW_NORMAL;
+        lf.lfItalic = lf.lfStrikeOut = (nFlags & kFontItalic) ? TRUE : FALSE;
+        if (!font.CreateFontIndirect(&lf))
+            return m_hWnd ? CWnd::GetFont() : nullptr;
+    }
+    return &font;
+}
+
+// ---- Time grids
+
+void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
+{
+    if (nRowsPerHour < kMinTimeScale || nRowsPerHour > kMaxTimeScale)
+        AfxThrowInvalidArgException();
+    m_nTimeScale = nRowsPerHour;
+    if (!m_hWnd)
+        return;
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    GetScrollInfo(SB_VERT, &info);
+    const int maximum =
+        std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
+    info.nPos = MulDiv(info.nPos + 1, maximum, std::max(info.nMax + 1, 1));
+    info.nMin = 0;
+    info.nMax = maximum;
+    info.nPage = 1;
+    SetScrollInfo(SB_VERT, &info, TRUE);
+    m_nVertScroll = info.nPos * kGridRowHeight;
+}
+
+int CCalendarCtrl::GetMaxGridRows() const
+{
+    return m_nTimeScale * kHoursPerDay;
+}
+
+int CCalendarCtrl::IsWorkDayOfWeek(int nDayOfWeek) const
+{
+    return nDayOfWeek >= 1 && nDayOfWeek <= 7 ? m_workDays.bWorkDay[nDayOfWeek - 1] : 0;
+}
+
+int CCalendarCtrl::IsWorkDayOfWeek(const COleDateTime& date) const
+{
+    return IsWorkDayOfWeek(date.GetDayOfWeek());
+}
+
+int CCalendarCtrl::IsWorkTime(int nRow) const
+{
+    return _IsWorkTime(nRow, m_workTime.dtStart, m_workTime.dtEnd);
+}
+
+int CCalendarCtrl::_IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const
+{
+    const int minute = nRow / m_nTimeScale * kMinutesPerHour + nRow % m_nTimeScale * (kMinutesPerHour / m_nTimeScale);
+    const int startMinute = start.GetHour() * kMinutesPerHour + start.GetMinute();
+    const int endMinute = end.GetHour() * kMinutesPerHour + end.GetMinute();
+    return nRow >= 0 && minute >= startMinute && minute < endMinute;
+}
+
+// ---- Hit test
+
+int CCalendarCtrl::HitTest(tagCCHITTESTINFO& info)
+{
+    info.nItem = info.nScreenItem = -1;
+    const CPoint inGrid(info.pt.x, info.pt.y + m_nVertScroll);
+    for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()) && info.nScreenItem == -1; ++i) {
+        if (m_arScreenItem[i].rcItem.PtInRect(inGrid)) {
+            info.nItem = static_cast<int>(m_arScreenItem[i].nSource);
+            info.nScreenItem = i;
+        }
+    }
+    int row = -1;
+    if (info.pt.x >= m_rcContent.left && info.pt.x < m_rcContent.right) {
+        const int fromTop = inGrid.y - m_rcContent.top;
+        if (fromTop >= 0 && fromTop < kHitRows * kHitRowHeight)
+            row = fromTop / kHitRowHeight;
+    }
+    if (row != -1) {
+        const dayvane::DateFields day = dayvane::FieldsOf(GetCurrentDate());
+        const COleDateTime time(day.year, day.month, day.day, row / 2, 30 * (row % 2), 0);
+        dayvane::ToSystemTime(time, info.time);
+    }
+    info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : row == -1 ? CCHT_NOWHERE : CCHT_ONCELL;
+    return info.nItem;
+}
+
+// ---- Notifications
+
+LRESULT CCalendarCtrl::Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags)
+{
+    NMCALENDARITEM record = {};
+    record.hdr.hwndFrom = m_hWnd;
+    record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
+    record.hdr.code = static_cast<UINT>(nCode);
+    record.pt = pt;
+    record.nSubValue = nSubValue;
+    record.nItem = nItem;
+    if (nCode != CCN_COMBOSELCHANGE && nItem < GetItemCount())
+        record.lParam = GetItemData(nItem);
+    record.time = time;
+    record.nFlags = nFlags;
+    return SendToParent(record.hdr);
+}
+
+LRESULT CCalendarCtrl::Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
+                              int nValue)
+{
+    NMCALENDARDATES record = {};
+    record.hdr.hwndFrom = m_hWnd;
+    record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
+    record.hdr.code = static_cast<UINT>(nCode);
+    dayvane::ToSystemTime(date, record.stDate);
+    dayvane::ToSystemTime(first, record.stFirst);
+    dayvane::ToSystemTime(last, record.stLast);
+    record.nValue = nValue;
+    return SendToParent(record.hdr);
+}
+
+LRESULT CCalendarCtrl::SendToParent(NMHDR& header)
+{
+    const HWND hParent = m_hWnd ? ::GetParent(m_hWnd) : nullptr;
+    return hParent ? ::SendMessage(hParent, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
+}

@@ -1,0 +1,107 @@
+// The base control's keyboard and mouse.
+#include "core/CalendarCtrl.h"
+
+#include "core/DateMath.h"
+
+namespace
+{
+constexpr UINT kExtendSelection = 0x10; // argument of the move operations: Shift
+constexpr DWORD kHoverMilliseconds = 1000;
+constexpr CPoint kNoPoint(-1, -1);
+} // namespace
+
+void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    Alive alive(this);
+    switch (nChar) {
+    case VK_TAB:
+        SetFocusToItem();
+        break;
+    case VK_RETURN:
+        NotifyItemByKey(CCN_ITEMDBLCLICK, m_nCurSel, nFlags);
+        break;
+    case VK_SPACE:
+    case VK_PROCESSKEY:
+        NotifyItemByKey(m_nCurSel == -1 ? CCN_ITEMCLICK : CCN_ITEMDBLCLICK, m_nCurSel, nFlags);
+        break;
+    case VK_PRIOR:
+        PostMessage(WM_VSCROLL, SB_PAGEUP);
+        break;
+    case VK_NEXT:
+        PostMessage(WM_VSCROLL, SB_PAGEDOWN);
+        break;
+    case VK_LEFT:
+        ArrowKey(&CCalendarCtrl::MoveLeftward);
+        break;
+    case VK_RIGHT:
+        ArrowKey(&CCalendarCtrl::MoveRightward);
+        break;
+    case VK_UP:
+        ArrowKey(&CCalendarCtrl::MoveForward);
+        break;
+    case VK_DOWN:
+        ArrowKey(&CCalendarCtrl::MoveBackward);
+        break;
+    }
+    if (alive)
+        CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+}
+
+void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
+{
+    Alive alive(this);
+    if (m_nCurSel > 0)
+        SetCurSel(-1);
+    if (::GetKeyState(VK_SHIFT) < 0) {
+        InvalidateCellRect(m_dtSelEnd);
+        (this->*move)(kExtendSelection);
+        if (!alive)
+            return;
+        InvalidateCellRect(m_dtSelEnd);
+        m_bShiftExtend = TRUE;
+        m_bDragPending = FALSE;
+        SetCurSel(-1);
+    } else {
+        m_bShiftExtend = FALSE;
+        (this->*move)(0);
+    }
+}
+
+void CCalendarCtrl::OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    if (nChar >= VK_LEFT && nChar <= VK_DOWN && m_bShiftExtend && ::GetKeyState(VK_SHIFT) < 0) {
+        m_dtSelAnchor = m_dtSelEnd;
+        m_bShiftExtend = FALSE;
+        InvalidateCellRectRange();
+    }
+    CWnd::OnKeyUp(nChar, nRepCnt, nFlags);
+}
+
+BOOL CCalendarCtrl::OnMouseWheel(UINT, short zDelta, CPoint)
+{
+    PostMessage(WM_VSCROLL, zDelta / WHEEL_DELTA < 1 ? SB_LINEDOWN : SB_LINEUP);
+    return TRUE;
+}
+
+UINT CCalendarCtrl::OnGetDlgCode()
+{
+    return DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS | DLGC_WANTALLKEYS;
+}
+
+void CCalendarCtrl::MoveRightward(UINT)
+{
+}
+
+void CCalendarCtrl::MoveLeftward(UINT)
+{
+}
+
+void CCalendarCtrl::MoveBackward(UINT)
+{
+    PostMessage(WM_VSCROLL, SB_LINEDOWN);
+}
+
+void CCalendarCtrl::MoveForward(UINT)
+{
+    PostMessage(WM_VSCROLL, SB_LINEUP);
+}

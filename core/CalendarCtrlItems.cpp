@@ -1,0 +1,185 @@
+// The base control's items: the store operations, the current item, the selected range.
+#include "core/CalendarCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/ItemStore.h"
+
+#include <utility>
+
+namespace
+{
+constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
+}
+
+int CCalendarCtrl::AddItem(tagCC_ITEM* pItem, int bUpdate, int bRedraw)
+{
+    dayvane::StoreAdd(m_arItem, *pItem);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
+}
+
+int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
+{
+    dayvane::StoreInsert(m_arItem, nIndex, *pItem);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
+}
+
+int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
+{
+    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem))
+        return 0;
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
+}
+
+int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
+{
+    if (!dayvane::StoreDelete(m_arItem, nIndex))
+        return 0;
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
+}
+
+void CCalendarCtrl::ItemsChanged(int bUpdate, int bRedraw)
+{
+    if (bUpdate)
+        UpdateScreenItems();
+    if (bRedraw)
+        InvalidateClient();
+}
+
+void CCalendarCtrl::UpdateScreenItems()
+{
+    MakeScreenItem(m_arItem, m_arScreenItem);
+    CalcItemRect(m_rcContent, m_arScreenItem);
+}
+
+void CCalendarCtrl::InvalidateClient()
+{
+    if (m_hWnd)
+        Invalidate(FALSE);
+}
+
+void CCalendarCtrl::DeleteAllItems()
+{
+    m_arItem.RemoveAll();
+    m_arScreenItem.RemoveAll();
+    ClearDayProperty();
+    InvalidateClient();
+}
+
+int CCalendarCtrl::GetItem(int nIndex, tagCC_ITEM& item)
+{
+    return dayvane::StoreGet(m_arItem, nIndex, item);
+}
+
+LPARAM CCalendarCtrl::GetItemData(int nIndex)
+{
+    if (nIndex < 0)
+        return -1;
+    tagCC_ITEM item;
+    GetItem(nIndex, item);
+    return item.lParam;
+}
+
+int CCalendarCtrl::IsItemMovable(int nIndex)
+{
+    if (nIndex < 0)
+        return -1;
+    tagCC_ITEM item;
+    GetItem(nIndex, item);
+    return item.bMovable;
+}
+
+void CCalendarCtrl::SortItem(CItemArray& items)
+{
+    dayvane::SortByStart(items);
+}
+
+int CCalendarCtrl::IsFulldayItem(tagCALENDAR_ITEM item)
+{
+    return dayvane::IsFulldayItem(item);
+}
+
+void CCalendarCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
+{
+    dayvane::MakeDayScreenItems(items, GetCurrentDate(), screenItems);
+}
+
+void CCalendarCtrl::CalcItemRect(CRect, CItemArray&)
+{
+}
+
+int CCalendarCtrl::SetCurSel(int nIndex)
+{
+    if (nIndex > GetItemCount())
+        return -1;
+    if (nIndex == -1)
+        m_nSelScreenItem = -1;
+    if (nIndex != m_nCurSel) {
+        InvalidateItemRect(m_nCurSel);
+        m_nCurSel = nIndex;
+        InvalidateItemRect(m_nCurSel);
+    }
+    return nIndex;
+}
+
+void CCalendarCtrl::SetFocusToItem()
+{
+    m_arItem.FreeExtra();
+    m_arScreenItem.FreeExtra();
+    CItemArray sorted;
+    sorted.Copy(m_arScreenItem);
+    SortItem(sorted);
+    const int position = dayvane::NextFocusPosition(sorted, m_nCurSel);
+    if (position == -1) {
+        SetCurSel(-1);
+        return;
+    }
+    const int index = static_cast<int>(sorted[position].nSource);
+    SetCurSel(index);
+    NotifyItemByKey(CCN_ITEMCLICK, index, 0);
+}
+
+// A key has made the item current or opens it: there is no point, and the time is the item's start.
+void CCalendarCtrl::NotifyItemByKey(int nCode, int nIndex, int nSubValue)
+{
+    SYSTEMTIME time = {};
+    if (nIndex >= 0 && nIndex < GetItemCount())
+        dayvane::ToSystemTime(m_arItem[nIndex].dtStart, time);
+    Notify(nCode, nIndex, nSubValue, CPoint(-1, -1), time, nIndex == -1 ? CCHT_ONCELL : CCHT_ONITEM);
+}
+
+int CCalendarCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
+{
+    begin = COleDateTime(m_dtSelBegin.m_dt);
+    end = COleDateTime(m_dtSelEnd.m_dt);
+    if (begin > end)
+        std::swap(begin, end);
+    return m_dtSelBegin.m_dt != 0.0 && m_dtSelEnd.m_dt != 0.0;
+}
+
+void CCalendarCtrl::SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday)
+{
+    m_dtSelBegin = begin;
+    m_dtSelEnd = end;
+    m_bFulldaySelection = bFullday;
+}
+
+void CCalendarCtrl::InvalidateItemRect(int nIndex)
+{
+    if (!m_hWnd || nIndex < 0)
+        return;
+    for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
+        const tagCALENDAR_ITEM& item = m_arScreenItem[i];
+        if (item.nSource != nIndex)
+            continue;
+        CRect rect = item.rcItem;
+        rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+        if (rect.top < m_rcContent.top)
+            rect.top = m_rcContent.top;
+        rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
+        InvalidateRect(&rect, FALSE);
+    }
+}

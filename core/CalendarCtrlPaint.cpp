@@ -1,0 +1,118 @@
+// The base control's layout and paint pipeline.
+#include "core/CalendarCtrl.h"
+
+#include "core/DrawingHelpers.h"
+
+namespace
+{
+constexpr int kImageGap = 2;    // pixels between an item's icon and what follows
+constexpr int kBorderRings = 3; // one-pixel rings of a graded border
+}
+
+void CCalendarCtrl::Layout()
+{
+    if (!m_hWnd)
+        return;
+    CRect client;
+    GetClientRect(&client);
+    Layout(client.Width(), client.Height());
+    InvalidateRect(&m_rcContent, FALSE);
+}
+
+void CCalendarCtrl::Layout(int cx, int cy)
+{
+    MakeScreenItem(m_arItem, m_arScreenItem);
+    CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
+    CalcItemRect(m_rcContent, m_arScreenItem);
+}
+
+void CCalendarCtrl::Refresh()
+{
+    Layout();
+    InvalidateClient();
+}
+
+void CCalendarCtrl::CalcLayout(CRect, CRect&, CRect&, CRect&)
+{
+}
+
+int CCalendarCtrl::DoPrint(CDC*, CPrintInfo*)
+{
+    return 0;
+}
+
+void CCalendarCtrl::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    DrawCtrl(&memory);
+}
+
+// The whole clip box is painted off screen: erasing first would flicker.
+BOOL CCalendarCtrl::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+void CCalendarCtrl::DrawCtrl(CDC* pDC)
+{
+    // The grid comes twice: a ruler may reach over its edge, and items are drawn on a clean grid.
+    DrawGrid(pDC, m_rcContent);
+    DrawRuler(pDC, m_rcRuler);
+    DrawGrid(pDC, m_rcContent);
+    DrawItem(pDC, m_rcContent, m_arScreenItem);
+    DrawCaption(pDC, m_rcCaption);
+}
+
+void CCalendarCtrl::DrawGrid(CDC*, CRect)
+{
+}
+
+void CCalendarCtrl::DrawRuler(CDC*, CRect)
+{
+}
+
+void CCalendarCtrl::DrawItem(CDC*, CRect, CItemArray&)
+{
+}
+
+void CCalendarCtrl::DrawCaption(CDC*, CRect)
+{
+}
+
+void CCalendarCtrl::InvalidateCellRect(COleDateTime)
+{
+}
+
+void CCalendarCtrl::InvalidateCellRectRange()
+{
+}
+
+void CCalendarCtrl::DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal,
+                                 BOOL bStepped)
+{
+    dayvane::DrawGradient(pDC, rect, crFrom, crTo, bHorizontal, bStepped);
+}
+
+int CCalendarCtrl::DrawImageIcon(CDC* pDC, int nImage, CRect rect)
+{
+    if (!m_pImageList || nImage == -1 || rect.left + m_cxIcon >= rect.right)
+        return 0;
+    m_pImageList->Draw(pDC, nImage, rect.TopLeft(), ILD_NORMAL);
+    return m_cxIcon + kImageGap;
+}
+
+int CCalendarCtrl::DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm)
+{
+    return dayvane::DrawAlarmGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+}
+
+int CCalendarCtrl::DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm)
+{
+    return dayvane::DrawRecurrenceGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+}
+
+void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)
+{
+    dayvane::DrawShadedFrame(pDC, rect, color, kBorderRings);
+}

@@ -1,0 +1,108 @@
+#include "core/DateMath.h"
+
+#include "mfc/base/civil.h"
+
+#include <cmath>
+
+namespace dayvane
+{
+namespace
+{
+constexpr double kSecondsPerDay = 86400.0;
+
+// A DATE counts days with its sign and time of day without: -1.25 is 06:00 of the day before the epoch. Linear days
+// run evenly.
+double LinearOf(DATE date)
+{
+    if (date >= 0.0)
+        return date;
+    const double whole = std::ceil(date);
+    return whole + (whole - date);
+}
+
+COleDateTime FromLinear(double days)
+{
+    // Spans are added to dates through the even count, so the epoch plus a span is the date.
+    return COleDateTime(0.0) + COleDateTimeSpan(days);
+}
+} // namespace
+
+DateFields FieldsOf(const COleDateTime& date)
+{
+    SYSTEMTIME time = {};
+    if (!ToSystemTime(date, time))
+        return DateFields();
+    return DateFields{time.wYear, time.wMonth, time.wDay};
+}
+
+bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
+{
+    return FieldsOf(a) == FieldsOf(b);
+}
+
+COleDateTime StartOfDay(const COleDateTime& date)
+{
+    const DateFields fields = FieldsOf(date);
+    return COleDateTime(fields.year, fields.month, fields.day, 0, 0, 0);
+}
+
+COleDateTime EndOfDay(const COleDateTime& date)
+{
+    const DateFields fields = FieldsOf(date);
+    return COleDateTime(fields.year, fields.month, fields.day, 23, 59, 59);
+}
+
+int DayNumberOf(const COleDateTime& date)
+{
+    return static_cast<int>(std::floor(std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5) / kSecondsPerDay));
+}
+
+COleDateTime DateOfDayNumber(int dayNumber)
+{
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    civil::FromDayNumber(dayNumber, year, month, day);
+    return COleDateTime(year, month, day, 0, 0, 0);
+}
+
+int DayOfWeekOf(int dayNumber)
+{
+    return civil::DayOfWeek(dayNumber);
+}
+
+COleDateTime AddDays(const COleDateTime& date, int days)
+{
+    return date + COleDateTimeSpan(static_cast<double>(days));
+}
+
+COleDateTime AddMinutes(const COleDateTime& date, int minutes)
+{
+    return AddSeconds(date, minutes * 60LL);
+}
+
+long long SecondsBetween(const COleDateTime& from, const COleDateTime& to)
+{
+    return std::llround((LinearOf(to.m_dt) - LinearOf(from.m_dt)) * kSecondsPerDay);
+}
+
+COleDateTime AddSeconds(const COleDateTime& date, long long seconds)
+{
+    if (date.GetStatus() != COleDateTime::valid)
+        return date;
+    // Through whole seconds, so that repeated steps do not drift.
+    const double now = std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5);
+    return FromLinear((now + static_cast<double>(seconds)) / kSecondsPerDay);
+}
+
+bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time)
+{
+    return date.GetAsSystemTime(time) ? true : false;
+}
+
+COleDateTime FromSystemTime(const SYSTEMTIME& time)
+{
+    return COleDateTime(time);
+}
+
+} // namespace dayvane

@@ -1,0 +1,51 @@
+// Dates as whole days and broken fields, for code that looks at thousands of them.
+#pragma once
+
+#include <afxdisp.h>
+#include <atltypes.h>
+
+namespace dayvane
+{
+
+// Year, month and day of a date; -1 each when the date is not valid.
+struct DateFields
+{
+    int year = -1;
+    int month = -1;
+    int day = -1;
+
+    friend bool operator==(const DateFields& a, const DateFields& b)
+    {
+        return a.year == b.year && a.month == b.month && a.day == b.day;
+    }
+    friend bool operator!=(const DateFields& a, const DateFields& b) { return !(a == b); }
+};
+
+DateFields FieldsOf(const COleDateTime& date);
+
+// Whether both fall on one calendar day. Two dates that are not valid do, as their fields are equal.
+bool IsSameDay(const COleDateTime& a, const COleDateTime& b);
+
+// 00:00:00 and 23:59:59 of the date's day; invalid for an invalid date.
+COleDateTime StartOfDay(const COleDateTime& date);
+COleDateTime EndOfDay(const COleDateTime& date);
+
+// Whole days since 30 December 1899 of the day that the date falls on, after rounding to the second as the fields do.
+// The date must be valid.
+int DayNumberOf(const COleDateTime& date);
+COleDateTime DateOfDayNumber(int dayNumber); // 00:00; invalid outside the years 100 to 9999
+int DayOfWeekOf(int dayNumber);              // 1 Sunday .. 7 Saturday
+
+// The date moved by whole days, the time kept; invalid beyond the years 100 to 9999.
+COleDateTime AddDays(const COleDateTime& date, int days);
+COleDateTime AddMinutes(const COleDateTime& date, int minutes);
+
+// Seconds from the first to the second date, rounded; both valid.
+long long SecondsBetween(const COleDateTime& from, const COleDateTime& to);
+COleDateTime AddSeconds(const COleDateTime& date, long long seconds);
+
+// Fills `time` when the date is valid and returns whether it is.
+bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time);
+COleDateTime FromSystemTime(const SYSTEMTIME& time);
+
+} // namespace dayvane

@@ -1,0 +1,133 @@
+#include "core/DrawingHelpers.h"
+
+#include <algorithm>
+
+CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrinting())
+{
+    if (m_bMemDC) {
+        pDC->GetClipBox(&m_rect);
+        CreateCompatibleDC(pDC);
+        m_bitmap.CreateCompatibleBitmap(pDC, std::max(1, m_rect.Width()), std::max(1, m_rect.Height()));
+        m_pOldBitmap = SelectObject(&m_bitmap);
+        SetWindowOrg(m_rect.left, m_rect.top);
+    } else {
+        m_bPrinting = pDC->m_bPrinting;
+        m_hDC = pDC->m_hDC;
+        m_hAttribDC = pDC->m_hAttribDC;
+    }
+}
+
+CMemDC::~CMemDC()
+{
+    if (m_bMemDC) {
+        m_pDC->BitBlt(m_rect.left, m_rect.top, m_rect.Width(), m_rect.Height(), this, m_rect.left, m_rect.top,
+                      SRCCOPY);
+        SelectObject(m_pOldBitmap);
+    } else {
+        // The handles are the target's.
+        m_hDC = nullptr;
+        m_hAttribDC = nullptr;
+    }
+}
+
+namespace dayvane
+{
+namespace
+{
+
+constexpr int kStripSize = 2; // pixels of a strip of the stepped gradient
+
+COLORREF Blend(COLORREF from, COLORREF to, int step, int steps)
+{
+    // Channels wrap at 256, as bytes do.
+    const auto channel = [step, steps](int a, int b) { return static_cast<BYTE>(a + MulDiv(b - a, step, steps)); };
+    return RGB(channel(GetRValue(from), GetRValue(to)), channel(GetGValue(from), GetGValue(to)),
+               channel(GetBValue(from), GetBValue(to)));
+}
+
+TRIVERTEX VertexAt(int x, int y, COLORREF color)
+{
+    TRIVERTEX vertex = {};
+    vertex.x = x;
+    vertex.y = y;
+    vertex.Red = static_cast<COLOR16>(GetRValue(color) << 8);
+    vertex.Green = static_cast<COLOR16>(GetGValue(color) << 8);
+    vertex.Blue = static_cast<COLOR16>(GetBValue(color) << 8);
+    return vertex;
+}
+
+} // namespace
+
+void DrawSteppedGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal)
+{
+    pDC->FillSolidRect(&rect, pDC->GetNearestColor(crTo));
+    const int steps = (bHorizontal ? rect.Width() : rect.Height()) - kStripSize;
+    for (int i = 0; i <= steps; i += kStripSize) {
+        CRect strip = rect;
+        if (bHorizontal) {
+            strip.left = rect.left + i;
+            strip.right = strip.left + kStripSize;
+        } else {
+            strip.top = rect.top + i;
+            strip.bottom = strip.top + kStripSize;
+        }
+        // A single strip has nothing to step over: MulDiv answers -1 for a division by zero.
+        pDC->FillSolidRect(&strip, pDC->GetNearestColor(Blend(crFrom, crTo, i, steps)));
+    }
+}
+
+void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal, BOOL bStepped)
+{
+    if (bStepped && pDC->GetDeviceCaps(NUMCOLORS) != -1) {
+        DrawSteppedGradient(pDC, rect, crFrom, crTo, bHorizontal);
+        return;
+    }
+    TRIVERTEX vertices[2] = {VertexAt(rect.left, rect.top, crFrom), VertexAt(rect.right, rect.bottom, crTo)};
+    GRADIENT_RECT whole = {0, 1};
+    ::GradientFill(pDC->GetSafeHdc(), vertices, 2, &whole, 1, bHorizontal ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
+}
+
+void DrawTitleBand(CDC* pDC, const CRect& rect, const TitleBandColors& colors)
+{
+    if (rect.IsRectEmpty())
+        return;
+    const int third = rect.Height() / 3;
+    CRect upper = rect;
+    upper.bottom = rect.top + third;
+    CRect lower = rect;
+    lower.top = rect.bottom - 2 * third;
+    // Heights that three does not divide leave rows between the parts: the upper part reaches to the lower one.
+    upper.bottom = lower.top;
+    DrawGradient(pDC, upper, colors.edge, colors.middle, FALSE, TRUE);
+    DrawGradient(pDC, lower, colors.middle, colors.edge, FALSE, TRUE);
+    CRect line = rect;
+    line.top = rect.bottom - 1;
+    pDC->FillSolidRect(&line, colors.bottomLine);
+}
+
+void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors)
+{
+    if (rect.IsRectEmpty())
+        return;
+    CRect upper = rect;
+    upper.bottom = rect.top + rect.Height() / 2;
+    CRect lower = rect;
+    lower.top = upper.bottom;
+    DrawGradient(pDC, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
+    DrawGradient(pDC, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
+}
+
+void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings)
+{
+    const COLORREF white = RGB(255, 255, 255);
+    for (int ring = 0; ring < rings && !rect.IsRectEmpty(); ++ring) {
+        const COLORREF shade = Blend(color, white, ring, rings);
+        pDC->FillSolidRect(rect.left, rect.top, rect.Width(), 1, shade);
+        pDC->FillSolidRect(rect.left, rect.bottom - 1, rect.Width(), 1, shade);
+        pDC->FillSolidRect(rect.left, rect.top, 1, rect.Height(), shade);
+        pDC->FillSolidRect(rect.right - 1, rect.top, 1, rect.Height(), shade);
+        rect.DeflateRect(1, 1);
+    }
+}
+
+} // namespace dayvane

@@ -1,0 +1,210 @@
+#include "core/ItemStore.h"
+
+#include "core/DateMath.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace dayvane
+{
+namespace
+{
+bool IsValid(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid;
+}
+} // namespace
+
+void FillStored(tagCALENDAR_ITEM& stored, const tagCC_ITEM& item)
+{
+    stored.nPiece = PIECE_WHOLE;
+    stored.bNoFocus = FALSE;
+    stored.nReserved = item.nReserved;
+    stored.nImage = item.nImage;
+    stored.dtStart = item.dtStart;
+    stored.dtEnd = item.dtEnd;
+    stored.nFullday = item.nFullday;
+    stored.strText = item.strText;
+    stored.crColor1 = item.crColor1;
+    stored.crColor2 = item.crColor2;
+    stored.crColor3 = item.crColor3;
+    stored.crColor4 = item.crColor4;
+    stored.lParam = item.lParam;
+    stored.crColor5 = item.crColor5;
+    stored.bAlarm = item.bAlarm;
+    stored.bRecurrent = item.bRecurrent;
+    stored.bMovable = item.bMovable;
+    stored.bStored = TRUE;
+}
+
+tagCC_ITEM PublicItem(const tagCALENDAR_ITEM& stored)
+{
+    tagCC_ITEM item;
+    item.nReserved = stored.nReserved;
+    item.nImage = stored.nImage;
+    item.dtStart = stored.dtStart;
+    item.dtEnd = stored.dtEnd;
+    item.nFullday = stored.nFullday;
+    item.strText = stored.strText;
+    item.crColor1 = stored.crColor1;
+    item.crColor2 = stored.crColor2;
+    item.crColor3 = stored.crColor3;
+    item.crColor4 = stored.crColor4;
+    item.lParam = stored.lParam;
+    item.crColor5 = stored.crColor5;
+    item.bAlarm = stored.bAlarm;
+    item.bRecurrent = stored.bRecurrent;
+    item.bMovable = stored.bMovable;
+    return item;
+}
+
+int StoreAdd(ItemArray& items, const tagCC_ITEM& item)
+{
+    tagCALENDAR_ITEM stored;
+    FillStored(stored, item);
+    items.Add(stored);
+    return 1;
+}
+
+int StoreInsert(ItemArray& items, int index, const tagCC_ITEM& item)
+{
+    if (index < 0)
+        AfxThrowInvalidArgException();
+    const int count = static_cast<int>(items.GetSize());
+    tagCALENDAR_ITEM stored;
+    FillStored(stored, item);
+    items.SetAtGrow(index, stored);
+    for (int gap = count; gap < index; ++gap)
+        FillStored(items[gap], tagCC_ITEM());
+    return 1;
+}
+
+int StoreSet(ItemArray& items, int index, const tagCC_ITEM& item)
+{
+    if (index > items.GetSize())
+        return 0;
+    FillStored(items[index], item);
+    return 1;
+}
+
+int StoreDelete(ItemArray& items, int index)
+{
+    if (index > items.GetSize())
+        return 0;
+    if (index < 0 || index == items.GetSize())
+        AfxThrowInvalidArgException();
+    items.RemoveAt(index);
+    items.FreeExtra();
+    return 1;
+}
+
+int StoreGet(const ItemArray& items, int index, tagCC_ITEM& item)
+{
+    if (index > items.GetSize())
+        return 0;
+    item = PublicItem(items[index]);
+    return 1;
+}
+
+std::vector<int> OrderByStart(const ItemArray& items)
+{
+    const int count = static_cast<int>(items.GetSize());
+    std::vector<int> order(count);
+    std::iota(order.begin(), order.end(), 0);
+    std::vector<int> valid;
+    valid.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        if (IsValid(items[i].dtStart))
+            valid.push_back(i);
+    }
+    std::vector<int> sorted = valid;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
+    for (size_t k = 0; k < valid.size(); ++k)
+        order[valid[k]] = sorted[k];
+    return order;
+}
+
+void SortByStart(ItemArray& items)
+{
+    const std::vector<int> order = OrderByStart(items);
+    ItemArray sorted;
+    sorted.SetSize(items.GetSize());
+    for (int i = 0; i < static_cast<int>(order.size()); ++i)
+        sorted[i] = std::move(items[order[i]]);
+    for (int i = 0; i < static_cast<int>(order.size()); ++i)
+        items[i] = std::move(sorted[i]);
+    items.FreeExtra();
+}
+
+BOOL IsFulldayItem(const tagCALENDAR_ITEM& item)
+{
+    if (item.nFullday == 1)
+        return TRUE;
+    const DateFields start = FieldsOf(item.dtStart);
+    const DateFields end = FieldsOf(item.dtEnd);
+    // All three must differ: only then does the item certainly reach over a whole day without being cut into pieces.
+    if (start.year != end.year && start.month != end.month && start.day != end.day)
+        return TRUE;
+    return item.nPiece != PIECE_WHOLE;
+}
+
+tagCALENDAR_ITEM ScreenItemOf(const tagCALENDAR_ITEM& stored, int index)
+{
+    tagCALENDAR_ITEM item = stored;
+    item.nSource = index;
+    item.rcItem.NormalizeRect();
+    return item;
+}
+
+void ClipToDay(tagCALENDAR_ITEM& item, const COleDateTime& day)
+{
+    const DateFields fields = FieldsOf(day);
+    if (fields == FieldsOf(item.dtStart)) {
+        item.dtEnd = EndOfDay(day);
+        item.nPiece = PIECE_HEAD;
+    } else if (fields == FieldsOf(item.dtEnd)) {
+        item.dtStart = StartOfDay(day);
+        item.nPiece = PIECE_TAIL;
+    } else {
+        item.dtStart = StartOfDay(day);
+        item.dtEnd = EndOfDay(day);
+        item.nPiece = PIECE_MIDDLE;
+    }
+}
+
+void MakeDayScreenItems(const ItemArray& items, const COleDateTime& day, ItemArray& screenItems)
+{
+    screenItems.RemoveAll();
+    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
+        const tagCALENDAR_ITEM& stored = items[i];
+        if (!IsValid(stored.dtStart) || !IsValid(stored.dtEnd))
+            continue;
+        tagCALENDAR_ITEM item = ScreenItemOf(stored, i);
+        if (!IsSameDay(stored.dtStart, stored.dtEnd))
+            ClipToDay(item, day);
+        screenItems.Add(item);
+    }
+}
+
+int NextFocusPosition(const ItemArray& sorted, int currentSource)
+{
+    const int count = static_cast<int>(sorted.GetSize());
+    int position = -1;
+    if (currentSource != -1) {
+        for (int i = 0; i < count && position == -1; ++i) {
+            if (sorted[i].nSource == currentSource)
+                position = i;
+        }
+    }
+    int next = position + 1;
+    if (next >= count)
+        next = 0;
+    for (; next < count; ++next) {
+        if (!sorted[next].bNoFocus && sorted[next].nSource != currentSource)
+            return next;
+    }
+    return -1;
+}
+
+} // namespace dayvane

@@ -1,0 +1,267 @@
+#include "core/ItemStore.h"
+
+#include "core/DateMath.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <utility>
+
+using namespace dayvane;
+
+namespace
+{
+
+COleDateTime Invalid()
+{
+    COleDateTime date;
+    date.SetStatus(COleDateTime::invalid);
+    return date;
+}
+
+tagCC_ITEM Item(const char* text, const COleDateTime& start, const COleDateTime& end)
+{
+    tagCC_ITEM item;
+    item.strText = text;
+    item.dtStart = start;
+    item.dtEnd = end;
+    return item;
+}
+
+COleDateTime March(int day, int hour = 0, int minute = 0, int second = 0)
+{
+    return COleDateTime(2010, 3, day, hour, minute, second);
+}
+
+template <class Call>
+bool RaisesInvalidArgument(Call call)
+{
+    try {
+        call();
+    } catch (CInvalidArgException* error) {
+        error->Delete();
+        return true;
+    }
+    return false;
+}
+
+// The rule as it is stated: exchange every pair that stands the wrong way round.
+void ExchangeSort(ItemArray& items)
+{
+    for (int i = 0; i + 1 < items.GetSize(); ++i) {
+        for (int j = i + 1; j < items.GetSize(); ++j) {
+            if (items[i].dtStart > items[j].dtStart)
+                std::swap(items[i], items[j]);
+        }
+    }
+}
+
+TEST(ItemStore, IndexRules)
+{
+    // What an index does, by operation: below 0, inside, equal to the count, beyond it. 'x' throws.
+    ItemArray items;
+    StoreAdd(items, Item("a", March(1), March(1)));
+    StoreAdd(items, Item("b", March(2), March(2)));
+    tagCC_ITEM out;
+    const auto answer = [](auto call) {
+        int result = -1;
+        return RaisesInvalidArgument([&] { result = call(); }) ? 'x' : static_cast<char>('0' + result);
+    };
+    const int indices[] = {-1, 1, 2, 3};
+    std::string set, get, remove;
+    for (int index : indices) {
+        set += answer([&] { return StoreSet(items, index, Item("s", March(3), March(3))); });
+        get += answer([&] { return StoreGet(items, index, out); });
+    }
+    EXPECT_EQ(set, "x1x0");
+    EXPECT_EQ(get, "x1x0");
+    EXPECT_STREQ(items[1].strText, "s");
+    for (int index : {-1, 2, 3, 1})
+        remove += answer([&] { return StoreDelete(items, index); });
+    EXPECT_EQ(remove, "xx01");
+    EXPECT_EQ(items.GetSize(), 1);
+    EXPECT_STREQ(items[0].strText, "a");
+}
+
+TEST(ItemStore, InsertSetsAndFillsTheGapWithDefaults)
+{
+    ItemArray items;
+    tagCC_ITEM item = Item("far", March(1), March(2));
+    item.bMovable = FALSE;
+    item.lParam = 77;
+    StoreInsert(items, 5, item);
+    ASSERT_EQ(items.GetSize(), 6);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(items[i].nImage, -1);
+        EXPECT_EQ(items[i].crColor4, 0xCF9365u);
+        EXPECT_TRUE(items[i].bMovable);
+        EXPECT_TRUE(items[i].bStored);
+    }
+    StoreInsert(items, 5, Item("other", March(3), March(3)));
+    ASSERT_EQ(items.GetSize(), 6) << "nothing is shifted";
+    EXPECT_STREQ(items[5].strText, "other");
+    EXPECT_TRUE(RaisesInvalidArgument([&] { StoreInsert(items, -1, item); }));
+}
+
+TEST(ItemStore, PublicItemIsTheReverseOfStoring)
+{
+    tagCC_ITEM item = Item("text", March(1, 9), March(2, 10));
+    item.nReserved = 3;
+    item.nImage = 4;
+    item.nFullday = 5;
+    item.crColor1 = 1;
+    item.crColor2 = 2;
+    item.crColor3 = 3;
+    item.crColor4 = 4;
+    item.crColor5 = 5;
+    item.lParam = -6;
+    item.bAlarm = 7;
+    item.bRecurrent = 8;
+    item.bMovable = 9;
+    tagCALENDAR_ITEM stored;
+    stored.nPiece = PIECE_TAIL;
+    stored.bNoFocus = TRUE;
+    stored.rcItem = CRect(1, 2, 3, 4);
+    FillStored(stored, item);
+    EXPECT_EQ(stored.nPiece, PIECE_WHOLE);
+    EXPECT_FALSE(stored.bNoFocus);
+    EXPECT_EQ(stored.rcItem, CRect(1, 2, 3, 4)) << "the rectangle belongs to the layout";
+    const tagCC_ITEM back = PublicItem(stored);
+    EXPECT_EQ(std::make_tuple(back.nReserved, back.nImage, back.nFullday, back.lParam, back.bAlarm, back.bRecurrent,
+                              back.bMovable),
+              std::make_tuple(3, 4, 5, LPARAM(-6), 7, 8, 9));
+    EXPECT_EQ(std::make_tuple(back.crColor1, back.crColor2, back.crColor3, back.crColor4, back.crColor5),
+              std::make_tuple(1u, 2u, 3u, 4u, 5u));
+    EXPECT_TRUE(back.dtStart == item.dtStart && back.dtEnd == item.dtEnd);
+    EXPECT_STREQ(back.strText, "text");
+}
+
+TEST(ItemStore, SortEqualsTheExchangeSort)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 400; ++round) {
+        ItemArray items, expected;
+        const int count = static_cast<int>(random() % 12);
+        const bool distinct = round % 2 == 0;
+        for (int i = 0; i < count; ++i) {
+            const int minute = distinct ? i * 37 % 53 : static_cast<int>(random() % 5);
+            COleDateTime start = random() % 4 == 0 ? Invalid() : March(1, 0, minute);
+            tagCALENDAR_ITEM stored;
+            FillStored(stored, Item("", start, start));
+            stored.lParam = i;
+            items.Add(stored);
+            expected.Add(stored);
+        }
+        SortByStart(items);
+        ExchangeSort(expected);
+        for (int i = 0; i < count; ++i) {
+            ASSERT_TRUE(items[i].dtStart.GetStatus() == expected[i].dtStart.GetStatus() &&
+                        items[i].dtStart.m_dt == expected[i].dtStart.m_dt);
+            if (distinct || items[i].dtStart.GetStatus() != COleDateTime::valid)
+                ASSERT_EQ(items[i].lParam, expected[i].lParam);
+            else if (i > 0 && items[i - 1].dtStart == items[i].dtStart)
+                ASSERT_LT(items[i - 1].lParam, items[i].lParam) << "equal starts keep their order";
+        }
+    }
+}
+
+TEST(ItemStore, FulldayRule)
+{
+    struct Row
+    {
+        const char* what;
+        COleDateTime start, end;
+        int fullday, piece;
+        BOOL expected;
+    };
+    const Row rows[] = {
+        {"timed", March(1, 9), March(1, 10), 0, PIECE_WHOLE, FALSE},
+        {"marked", March(1, 9), March(1, 10), 1, PIECE_WHOLE, TRUE},
+        {"another non-zero mark", March(1, 9), March(1, 10), 2, PIECE_WHOLE, FALSE},
+        {"three days of one month", March(10), March(12), 0, PIECE_WHOLE, FALSE},
+        {"over New Year", COleDateTime(2010, 12, 31, 9, 0, 0), COleDateTime(2011, 1, 1, 9, 0, 0), 0, PIECE_WHOLE, TRUE},
+        {"same day a year on", COleDateTime(2010, 12, 31, 9, 0, 0), COleDateTime(2011, 12, 31, 9, 0, 0), 0, PIECE_WHOLE,
+         FALSE},
+        {"an invalid end differs in all three", March(1), Invalid(), 0, PIECE_WHOLE, TRUE},
+        {"a piece", March(1, 9), March(1, 10), 0, PIECE_HEAD, TRUE},
+    };
+    for (const Row& row : rows) {
+        tagCALENDAR_ITEM item;
+        FillStored(item, Item("", row.start, row.end));
+        item.nFullday = row.fullday;
+        item.nPiece = row.piece;
+        EXPECT_EQ(IsFulldayItem(item), row.expected) << row.what;
+    }
+}
+
+TEST(ItemStore, ScreenItemsOfOneDay)
+{
+    ItemArray items;
+    StoreAdd(items, Item("long", March(10, 9), March(12, 10)));
+    StoreAdd(items, Item("no end", March(11), Invalid()));
+    StoreAdd(items, Item("short, another day", March(20, 9), March(20, 10)));
+    struct Row
+    {
+        int day;
+        COleDateTime start, end;
+        int piece;
+    };
+    const Row rows[] = {
+        {10, March(10, 9), March(10, 23, 59, 59), PIECE_HEAD},
+        {11, March(11), March(11, 23, 59, 59), PIECE_MIDDLE},
+        {12, March(12), March(12, 10), PIECE_TAIL},
+        {25, March(25), March(25, 23, 59, 59), PIECE_MIDDLE}, // the day need not lie in the item
+    };
+    for (const Row& row : rows) {
+        ItemArray screen;
+        MakeDayScreenItems(items, March(row.day, 15), screen);
+        ASSERT_EQ(screen.GetSize(), 2);
+        EXPECT_TRUE(screen[0].dtStart == row.start && screen[0].dtEnd == row.end) << row.day;
+        EXPECT_EQ(screen[0].nPiece, row.piece) << row.day;
+        EXPECT_EQ(screen[1].nSource, 2);
+        EXPECT_EQ(screen[1].nPiece, PIECE_WHOLE);
+    }
+    ItemArray screen;
+    MakeDayScreenItems(items, Invalid(), screen);
+    EXPECT_EQ(screen[0].nPiece, PIECE_MIDDLE);
+    EXPECT_NE(screen[0].dtStart.GetStatus(), COleDateTime::valid);
+}
+
+TEST(ItemStore, FocusWalksForwardOnceAndPassesOverHidden)
+{
+    ItemArray sorted;
+    const int sources[] = {4, 4, 1, 3, 0};
+    for (int source : sources) {
+        tagCALENDAR_ITEM item;
+        item.nSource = source;
+        sorted.Add(item);
+    }
+    sorted[2].bNoFocus = TRUE;
+    EXPECT_EQ(NextFocusPosition(sorted, -1), 0);
+    EXPECT_EQ(NextFocusPosition(sorted, 4), 3) << "past its own second piece and the hidden one";
+    EXPECT_EQ(NextFocusPosition(sorted, 0), 0) << "after the last position the walk begins at the first";
+    sorted[4].bNoFocus = TRUE;
+    EXPECT_EQ(NextFocusPosition(sorted, 3), -1) << "but it does not go round";
+    EXPECT_EQ(NextFocusPosition(ItemArray(), 2), -1);
+}
+
+TEST(DateMath, DaysAcrossTheEpochAndAtTheEnds)
+{
+    for (int day : {-657434, -36522, -1, 0, 1, 39933, 2958465}) {
+        const COleDateTime morning = DateOfDayNumber(day);
+        EXPECT_EQ(DayNumberOf(morning), day);
+        EXPECT_EQ(DayNumberOf(EndOfDay(morning)), day);
+        EXPECT_EQ(DayOfWeekOf(day), morning.GetDayOfWeek());
+        EXPECT_TRUE(StartOfDay(EndOfDay(morning)) == morning);
+    }
+    EXPECT_NE(DateOfDayNumber(2958466).GetStatus(), COleDateTime::valid);
+    EXPECT_NE(AddDays(DateOfDayNumber(2958465), 1).GetStatus(), COleDateTime::valid);
+    const COleDateTime before(1899, 12, 29, 18, 0, 0);
+    EXPECT_TRUE(AddDays(before, 1) == COleDateTime(1899, 12, 30, 18, 0, 0));
+    EXPECT_TRUE(AddMinutes(before, 7 * 60) == COleDateTime(1899, 12, 30, 1, 0, 0));
+    EXPECT_EQ(SecondsBetween(before, COleDateTime(1899, 12, 30, 1, 0, 0)), 7 * 3600);
+    EXPECT_FALSE(IsSameDay(Invalid(), before));
+    EXPECT_TRUE(IsSameDay(Invalid(), Invalid()));
+}
+
+} // namespace
