@@ -1,0 +1,2 @@
+// Frames, views, documents and their templates.
+#pragma once
