@@ -1,0 +1,5 @@
+// Of MFC's automation header the date and time classes.
+#pragma once
+
+#include <afx.h>
+#include <atlcomtime.h>

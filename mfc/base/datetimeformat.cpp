@@ -1,0 +1,167 @@
+// The texts of dates and spans.
+#include <afxdisp.h>
+#include <civil.h>
+
+#include <clocale>
+#include <cstring>
+#include <ctime>
+
+namespace
+{
+constexpr const char* kDayNames[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+constexpr const char* kMonthNames[] = {"January", "February", "March",     "April",   "May",      "June",
+                                       "July",    "August",   "September", "October", "November", "December"};
+constexpr int kShortNameLength = 3;
+
+bool IsEnglish()
+{
+    const char* locale = std::setlocale(LC_TIME, nullptr);
+    return locale == nullptr || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
+}
+
+// A name of the C runtime's locale. Only the fields that names depend on are set, so that no runtime finds the year
+// out of its range.
+CString LocalName(const SYSTEMTIME& time, char flag)
+{
+    std::tm fields = {};
+    fields.tm_year = 100;
+    fields.tm_mon = time.wMonth - 1;
+    fields.tm_mday = 1;
+    fields.tm_wday = time.wDayOfWeek;
+    fields.tm_hour = time.wHour;
+    const char format[] = {'%', flag, 0};
+    char name[128];
+    return CString(name, static_cast<int>(std::strftime(name, sizeof name, format, &fields)));
+}
+
+CString NameOf(const SYSTEMTIME& time, char flag)
+{
+    if (!IsEnglish()) {
+        return LocalName(time, flag);
+    }
+    switch (flag) {
+    case 'a':
+        return CString(kDayNames[time.wDayOfWeek], kShortNameLength);
+    case 'A':
+        return kDayNames[time.wDayOfWeek];
+    case 'b':
+        return CString(kMonthNames[time.wMonth - 1], kShortNameLength);
+    case 'B':
+        return kMonthNames[time.wMonth - 1];
+    default:
+        return time.wHour < 12 ? "AM" : "PM";
+    }
+}
+
+struct Number
+{
+    int value;
+    int digits; // with leading zeros; 0: the flag is no number
+};
+
+Number NumberOf(const SYSTEMTIME& time, int dayOfYear, char flag)
+{
+    switch (flag) {
+    case 'd':
+        return {time.wDay, 2};
+    case 'H':
+        return {time.wHour, 2};
+    case 'I':
+        return {(time.wHour + 11) % 12 + 1, 2};
+    case 'j':
+        return {dayOfYear, 3};
+    case 'm':
+        return {time.wMonth, 2};
+    case 'M':
+        return {time.wMinute, 2};
+    case 'S':
+        return {time.wSecond, 2};
+    case 'w':
+        return {time.wDayOfWeek, 1};
+    case 'y':
+        return {time.wYear % 100, 2};
+    case 'Y':
+        return {time.wYear, 4};
+    default:
+        return {0, 0};
+    }
+}
+
+bool IsPairStart(const char* p)
+{
+    const unsigned char byte = static_cast<unsigned char>(*p);
+    return ((byte >= 0x81 && byte <= 0x9f) || (byte >= 0xe0 && byte <= 0xfc)) && p[1] != 0;
+}
+} // namespace
+
+CString COleDateTime::Format(LPCTSTR format) const
+{
+    CString text;
+    SYSTEMTIME time = {};
+    if (format == nullptr || m_status == null) {
+        return text;
+    }
+    if (!GetAsSystemTime(time)) {
+        return "Invalid DateTime";
+    }
+    for (const char* p = format; *p != 0; ++p) {
+        if (IsPairStart(p)) { // the second byte of a pair is no flag
+            text.Append(p, 2);
+            ++p;
+            continue;
+        }
+        if (*p != '%' || p[1] == 0) {
+            text.AppendChar(*p);
+            continue;
+        }
+        const char* begin = p++;
+        const bool isBare = *p == '#' && p[1] != 0;
+        p += isBare ? 1 : 0;
+        const Number number = NumberOf(time, GetDayOfYear(), *p);
+        if (number.digits != 0) {
+            text.AppendFormat("%0*d", isBare ? 1 : number.digits, number.value);
+        } else if (std::strchr("aAbBp", *p) != nullptr) {
+            text += NameOf(time, *p);
+        } else if (*p == '%') {
+            text.AppendChar('%');
+        } else {
+            text.Append(begin, static_cast<int>(p - begin) + 1);
+        }
+    }
+    return text;
+}
+
+CString COleDateTimeSpan::Format(LPCTSTR format) const
+{
+    CString text;
+    if (format == nullptr || m_status != valid) {
+        return text;
+    }
+    for (const char* p = format; *p != 0; ++p) {
+        if (*p != '%' || p[1] == 0) {
+            text.AppendChar(*p);
+            continue;
+        }
+        switch (*++p) {
+        case 'D':
+            text.AppendFormat("%d", static_cast<int>(GetDays()));
+            break;
+        case 'H':
+            text.AppendFormat("%02d", static_cast<int>(GetHours()));
+            break;
+        case 'M':
+            text.AppendFormat("%02d", static_cast<int>(GetMinutes()));
+            break;
+        case 'S':
+            text.AppendFormat("%02d", static_cast<int>(GetSeconds()));
+            break;
+        case '%':
+            text.AppendChar('%');
+            break;
+        default:
+            text.Append(p - 1, 2);
+            break;
+        }
+    }
+    return text;
+}
