@@ -310,3 +310,5 @@ void CArray<TYPE, ARG_TYPE>::Serialize(CArchive& ar)
     }
     SerializeElements<TYPE>(ar, m_pData, m_nSize);
 }
+
+#include <afxcoll.h>
