@@ -1,0 +1,138 @@
+# Wine: locale, prefixes, displays, running programs. Sourced by ./dev.
+#
+# A "system" is a Wine prefix with its code page: 932 (Japanese) or 1252 (Western), both for virtual displays, and
+# "desktop" (932) for a person's own display, where the window manager draws the frames.
+
+# Changes of these settings or of tools/wine.reg make the prefixes anew.
+wine_settings_version=1
+
+check_system() {
+    case $1 in
+        932 | 1252 | desktop) ;;
+        *) die "There is no system '$1'; there are 932 and 1252." ;;
+    esac
+}
+
+# The Japanese locale, compiled into the build folder: nothing of the machine's own locales is touched.
+make_locale() {
+    [ ! -e "$BUILD/locale/ja_JP.utf8/LC_CTYPE" ] || return 0
+    mkdir -p "$BUILD/locale"
+    run_logged locale "Compiling the Japanese locale" localedef -i ja_JP -f UTF-8 "$BUILD/locale/ja_JP.utf8"
+}
+
+# use_system SYSTEM: points the environment of everything that follows at this prefix and code page.
+use_system() {
+    export WINEPREFIX=$BUILD/wine/$1 LOCPATH=$BUILD/locale
+    # wineboot must not offer to fetch its browser engine and its .NET.
+    export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
+    export WINEDEBUG=${DAYVANE_WINEDEBUG:--all} WINEARCH=win64
+    unset LANGUAGE LANG
+    case $1 in
+        1252) export LC_ALL=C.UTF-8 ;;
+        *) export LC_ALL=ja_JP.UTF-8 ;;
+    esac
+}
+
+# start_system SYSTEM: prefix, its server and a display, ready for programs. Ended when ./dev ends.
+start_system() {
+    local system=$1
+    check_system "$system"
+    need_wine
+    make_build_root
+    with_lock locale make_locale
+    use_system "$system"
+    if [ "$system" != desktop ]; then
+        start_display
+    fi
+    with_lock "wine-$system" make_prefix "$system"
+    hold_server "$system"
+}
+
+# A virtual display of our own, on whatever number is free.
+start_display() {
+    local number_file log pid
+    number_file=$(mktemp)
+    log=$(log_file xvfb)
+    Xvfb -displayfd 3 -screen 0 "${DAYVANE_SCREEN:-1400x1000x24}" -nolisten tcp 3>"$number_file" >>"$log" 2>&1 &
+    pid=$!
+    at_exit "kill $pid 2>/dev/null; wait $pid 2>/dev/null"
+    wait_until 20 test -s "$number_file" || die "The virtual display (Xvfb) did not start; see $log."
+    DISPLAY=:$(cat "$number_file")
+    export DISPLAY
+    rm -f "$number_file"
+}
+
+# wait_until SECONDS COMMAND...: polls until the command succeeds.
+wait_until() {
+    local deadline=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        [ "$SECONDS" -lt "$deadline" ] || return 1
+        sleep 0.1
+    done
+}
+
+settings_of_prefix() { printf '%s %s' "$wine_settings_version" "$(cksum <"$ROOT/tools/wine.reg")"; }
+
+make_prefix() {
+    local system=$1 wanted
+    wanted=$(settings_of_prefix)
+    [ "$(cat "$WINEPREFIX/.dayvane" 2>/dev/null)" != "$wanted" ] || return 0
+    step "Making the Wine prefix for $system (once)"
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    run_logged "wineboot-$system" "Making the Wine prefix" timeout -k 10 300 wineboot --init
+    # regedit reads UTF-16; the list of faces is kept in UTF-8 for people.
+    { printf '\xff\xfe' && iconv -f UTF-8 -t UTF-16LE "$ROOT/tools/wine.reg"; } >"$WINEPREFIX/settings.reg"
+    run_logged "wineboot-$system" "Setting up the Wine prefix" wine regedit /S "$(winepath_of "$WINEPREFIX/settings.reg")"
+    if [ "$system" != desktop ]; then
+        # Without a window manager every popup would wait seconds for one.
+        run_logged "wineboot-$system" "Setting up the Wine prefix" \
+            wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f
+    fi
+    # The settings reach the disk, and programs that were running with the old ones end.
+    wineserver -k || true
+    wineserver -w || true
+    printf '%s' "$wanted" >"$WINEPREFIX/.dayvane"
+    say "   made ($(elapsed))"
+}
+
+# The name under which a Windows program sees a file of this machine.
+winepath_of() { printf 'Z:%s' "$(realpath -m "$1" | tr / '\\')"; }
+
+# Keeps the prefix's server alive, so that programs start at once. The last ./dev that uses the prefix ends it.
+hold_server() {
+    local prefix=$BUILD/wine/$1
+    exec 9>"$prefix/.users"
+    flock -s 9
+    wineserver -p 9>&- 8>&-
+    at_exit "release_server '$prefix'"
+}
+
+release_server() {
+    exec 9>&-
+    flock -n -x "$1/.users" env WINEPREFIX="$1" wineserver -k
+}
+
+# run_windows PROGRAM ARGUMENT...: a Windows program in the system in use.
+run_windows() { wine "$@" 9>&-; }
+
+command_setup() {
+    local system
+    need_wine
+    for system in 932 1252; do
+        in_subshell start_system "$system"
+    done
+    say "Everything is set up."
+}
+
+command_wine() {
+    local system=932
+    if [ "${1:-}" = --system ]; then
+        system=$2
+        shift 2
+    fi
+    [ $# -ge 1 ] || die "Which program? For example: ./dev wine build/win32/bin/test_core.exe"
+    start_system "$system"
+    run_windows "$@"
+}
