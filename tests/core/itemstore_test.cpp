@@ -157,10 +157,11 @@ TEST(ItemStore, SortEqualsTheExchangeSort)
         for (int i = 0; i < count; ++i) {
             ASSERT_TRUE(items[i].dtStart.GetStatus() == expected[i].dtStart.GetStatus() &&
                         items[i].dtStart.m_dt == expected[i].dtStart.m_dt);
-            if (distinct || items[i].dtStart.GetStatus() != COleDateTime::valid)
+            if (distinct || items[i].dtStart.GetStatus() != COleDateTime::valid) {
                 ASSERT_EQ(items[i].lParam, expected[i].lParam);
-            else if (i > 0 && items[i - 1].dtStart == items[i].dtStart)
+            } else if (i > 0 && items[i - 1].dtStart == items[i].dtStart) {
                 ASSERT_LT(items[i - 1].lParam, items[i].lParam) << "equal starts keep their order";
+            }
         }
     }
 }
