@@ -1,0 +1,323 @@
+#include "pickers/PeriodGridModel.h"
+
+#include <algorithm>
+
+namespace dayvane
+{
+namespace
+{
+constexpr int kDefaultYear = 2000;
+
+bool IsValid(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid;
+}
+
+COleDateTime NoDate()
+{
+    COleDateTime date;
+    date.SetStatus(COleDateTime::invalid);
+    return date;
+}
+
+GridEffects Handled()
+{
+    GridEffects effects;
+    effects.handled = true;
+    return effects;
+}
+} // namespace
+
+PeriodGridModel::PeriodGridModel(const PeriodPolicy& policy, const COleDateTime& now)
+    : m_policy(&policy), m_sweeps(policy.sweepsByDefault)
+{
+    SetFirstPeriod(PeriodOf(policy, IsValid(now) ? now : COleDateTime(kDefaultYear, 1, 1, 0, 0, 0)));
+    Unselect();
+    m_beforeSweep = m_selection;
+    m_anchor = NoDate();
+}
+
+void PeriodGridModel::SetGrid(int rows, int columns)
+{
+    m_rows = rows;
+    m_columns = columns;
+}
+
+void PeriodGridModel::SetFirstPeriod(int period)
+{
+    m_firstPeriod = ClampPeriod(*m_policy, period);
+}
+
+void PeriodGridModel::Select(const COleDateTime& start, const COleDateTime& end)
+{
+    m_selection = {start, end};
+    m_anchor = CellDateOf(m_policy->unit, start);
+    if (IsValid(start)) {
+        SetFirstPeriod(PeriodOf(*m_policy, start));
+    }
+}
+
+void PeriodGridModel::Unselect()
+{
+    m_selection = {NoDate(), NoDate()};
+}
+
+bool PeriodGridModel::IsSelected(const COleDateTime& date) const
+{
+    return IsValid(m_selection.start) && IsValid(m_selection.end) && IsValid(date) && m_selection.start <= date &&
+           date <= m_selection.end;
+}
+
+bool PeriodGridModel::IsCellSelected(const COleDateTime& cellDate) const
+{
+    if (!IsValid(m_selection.start) || !IsValid(m_selection.end) || !IsValid(cellDate)) {
+        return false;
+    }
+    return m_selection.start <= m_selection.end && CellDateOf(m_policy->unit, m_selection.start) <= cellDate &&
+           cellDate <= CellDateOf(m_policy->unit, m_selection.end);
+}
+
+COleDateTime PeriodGridModel::Caret(const COleDateTime& now) const
+{
+    if (IsValid(m_selection.start) && IsValid(m_selection.end)) {
+        const COleDateTime start = CellDateOf(m_policy->unit, m_selection.start);
+        const COleDateTime end = CellDateOf(m_policy->unit, m_selection.end);
+        return IsValid(m_anchor) && m_anchor == end ? start : end;
+    }
+    if (IsValid(now)) {
+        const int period = PeriodOf(*m_policy, now);
+        if (period >= m_firstPeriod && period <= LastShownPeriod()) {
+            return CellDateOf(m_policy->unit, now);
+        }
+    }
+    return FirstCellOf(*m_policy, m_firstPeriod);
+}
+
+GridEffects PeriodGridModel::Press(const GridHit& hit, const COleDateTime& cellDate, const COleDateTime& now)
+{
+    m_pressed = hit;
+    switch (hit.part) {
+    case GridPart::LeftArrow:
+        return Page(-1);
+    case GridPart::RightArrow:
+        return Page(1);
+    case GridPart::Title: {
+        m_mode = Mode::Choosing;
+        m_clickedBlock = hit.block;
+        GridEffects effects = Handled();
+        effects.openPopup = effects.capture = effects.redraw = true;
+        return effects;
+    }
+    case GridPart::Footer: {
+        if (!IsValid(now)) {
+            return {};
+        }
+        Select(now, now);
+        GridEffects effects = Handled();
+        effects.layout = effects.redraw = effects.notifyClick = true;
+        return effects;
+    }
+    case GridPart::Cell:
+        break;
+    default:
+        return {};
+    }
+    if (!IsValid(cellDate)) {
+        return {};
+    }
+    if (!m_sweeps) {
+        m_anchor = cellDate;
+        m_selection = {cellDate, cellDate};
+        GridEffects effects = Handled();
+        effects.redraw = effects.notifyClick = true;
+        return effects;
+    }
+    m_beforeSweep = m_selection;
+    m_mode = Mode::Sweeping;
+    m_anchor = cellDate;
+    m_selection = {cellDate, cellDate};
+    GridEffects effects = Handled();
+    effects.capture = effects.redraw = true;
+    return effects;
+}
+
+void PeriodGridModel::Sweep(const COleDateTime& from, const COleDateTime& to)
+{
+    m_selection = from <= to ? PeriodSelection{from, to} : PeriodSelection{to, from};
+}
+
+GridEffects PeriodGridModel::PointAt(const COleDateTime& cellDate)
+{
+    if (m_mode != Mode::Sweeping || !IsValid(cellDate)) {
+        return {};
+    }
+    const PeriodSelection before = m_selection;
+    Sweep(m_anchor, cellDate);
+    GridEffects effects = Handled();
+    effects.redraw = before.start != m_selection.start || before.end != m_selection.end;
+    return effects;
+}
+
+GridEffects PeriodGridModel::Release(int chosenPeriod)
+{
+    const Mode mode = m_mode;
+    m_mode = Mode::Idle;
+    if (mode == Mode::Idle) {
+        return {};
+    }
+    GridEffects effects = Handled();
+    effects.releaseCapture = effects.redraw = true;
+    if (mode == Mode::Sweeping) {
+        effects.notifyClick = true;
+        return effects;
+    }
+    const int offset = m_policy->chosenPeriodStays ? std::max(m_clickedBlock, 0) : 0;
+    SetFirstPeriod(chosenPeriod - offset);
+    m_clickedBlock = -1;
+    effects.layout = effects.closePopup = true;
+    return effects;
+}
+
+GridEffects PeriodGridModel::DoubleClick(const COleDateTime& cellDate)
+{
+    if (!IsValid(cellDate)) {
+        return {};
+    }
+    m_anchor = cellDate;
+    m_selection = {cellDate, cellDate};
+    GridEffects effects = Handled();
+    effects.redraw = effects.notifyDoubleClick = true;
+    return effects;
+}
+
+GridEffects PeriodGridModel::Cancel()
+{
+    const Mode mode = m_mode;
+    m_mode = Mode::Idle;
+    m_pressed = {};
+    if (mode == Mode::Idle) {
+        return {};
+    }
+    if (mode == Mode::Sweeping) {
+        m_selection = m_beforeSweep;
+    }
+    m_clickedBlock = -1;
+    GridEffects effects = Handled();
+    effects.releaseCapture = effects.redraw = true;
+    effects.closePopup = mode == Mode::Choosing;
+    return effects;
+}
+
+GridEffects PeriodGridModel::Page(int direction)
+{
+    SetFirstPeriod(m_firstPeriod + (direction < 0 ? -1 : 1));
+    GridEffects effects = Handled();
+    effects.layout = effects.redraw = true;
+    return effects;
+}
+
+GridEffects PeriodGridModel::Key(PickerKey key, bool shift, bool control, const COleDateTime& now)
+{
+    if (key == PickerKey::None) {
+        return {};
+    }
+    if (key == PickerKey::Escape) {
+        return Cancel();
+    }
+    if (m_mode != Mode::Idle) {
+        return Handled(); // the mouse has the word
+    }
+    if (key != PickerKey::Enter) {
+        return MoveCaret(key, shift && m_sweeps, control, now);
+    }
+    GridEffects effects = Handled();
+    if (!IsValid(m_selection.start) || !IsValid(m_selection.end)) {
+        effects = SelectCell(Caret(now), false);
+        effects.notifyClick = false;
+    }
+    effects.redraw = effects.notifyDoubleClick = true;
+    return effects;
+}
+
+GridEffects PeriodGridModel::MoveCaret(PickerKey key, bool extend, bool control, const COleDateTime& now)
+{
+    const COleDateTime caret = Caret(now);
+    const CellUnit unit = m_policy->unit;
+    const int period = PeriodOf(*m_policy, caret);
+    const int page = control ? m_policy->periodsPerLongPage : 1;
+    switch (key) {
+    case PickerKey::Left:
+        return SelectCell(AddCells(unit, caret, -1), extend);
+    case PickerKey::Right:
+        return SelectCell(AddCells(unit, caret, 1), extend);
+    case PickerKey::Up:
+        return SelectCell(AddCells(unit, caret, -m_policy->cellColumns), extend);
+    case PickerKey::Down:
+        return SelectCell(AddCells(unit, caret, m_policy->cellColumns), extend);
+    case PickerKey::PageUp:
+        return SelectCell(AddPeriods(*m_policy, caret, -page), extend);
+    case PickerKey::PageDown:
+        return SelectCell(AddPeriods(*m_policy, caret, page), extend);
+    case PickerKey::Home:
+        return SelectCell(FirstCellOf(*m_policy, control ? m_firstPeriod : period), extend);
+    case PickerKey::End:
+        return SelectCell(LastCellOf(*m_policy, control ? LastShownPeriod() : period), extend);
+    default:
+        return {};
+    }
+}
+
+GridEffects PeriodGridModel::SelectCell(const COleDateTime& cellDate, bool extend)
+{
+    const bool hasRange = IsValid(m_selection.start) && IsValid(m_selection.end);
+    if (extend && hasRange && IsValid(m_anchor)) {
+        Sweep(m_anchor, cellDate);
+    } else {
+        m_anchor = cellDate;
+        m_selection = {cellDate, cellDate};
+    }
+    GridEffects effects = Handled();
+    effects.layout = ShowCell(cellDate);
+    effects.redraw = effects.notifyClick = true;
+    return effects;
+}
+
+bool PeriodGridModel::ShowCell(const COleDateTime& cellDate)
+{
+    const int before = m_firstPeriod;
+    const int period = PeriodOf(*m_policy, cellDate);
+    if (period < m_firstPeriod) {
+        SetFirstPeriod(period);
+    } else if (period > LastShownPeriod()) {
+        SetFirstPeriod(period - BlockCount() + 1);
+    }
+    return before != m_firstPeriod;
+}
+
+int PeriodGridModel::BlockCount() const
+{
+    // More blocks than there are periods never show.
+    const long long count = static_cast<long long>(std::max(m_rows, 1)) * std::max(m_columns, 1);
+    return static_cast<int>(std::min<long long>(count, m_policy->LastPeriod()));
+}
+
+int PeriodGridModel::LastShownPeriod() const
+{
+    return std::min(m_firstPeriod + BlockCount() - 1, m_policy->LastPeriod());
+}
+
+bool PeriodGridModel::Hover(const GridHit& hit)
+{
+    const bool changed = m_hot != hit;
+    m_hot = hit;
+    return changed;
+}
+
+bool PeriodGridModel::LetGo()
+{
+    const bool changed = m_pressed.part != GridPart::None;
+    m_pressed = {};
+    return changed;
+}
+
+} // namespace dayvane

@@ -1,0 +1,207 @@
+#include "pickers/PeriodGridPainter.h"
+
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+
+namespace dayvane
+{
+namespace
+{
+constexpr int kSunday = 1;
+constexpr int kSaturday = 7;
+
+struct GridPaintMetrics // pixels
+{
+    int arrowReach;    // of a page arrow, up and down from its middle
+    int pressedShift;  // of an arrow that is held down
+    int lineInset;     // of the separators from the sides
+    SIZE cellInset;    // of selection and frames within a month's cell
+    int hotInset;      // of the shade behind a hot title or arrow
+};
+constexpr GridPaintMetrics kMetrics{5, 1, 4, {1, 1}, 1};
+} // namespace
+
+PeriodGridPainter::PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture)
+    : m_pDC(pDC), m_picture(picture), m_palette(picture.isEnabled ? SystemPickerPalette() : DisabledPickerPalette())
+{
+}
+
+PeriodGridPainter::PartState PeriodGridPainter::StateOf(const GridHit& hit) const
+{
+    const PeriodGridModel& model = m_picture.model;
+    if (!m_picture.isEnabled) {
+        return PartState::Normal;
+    }
+    if (model.Pressed() == hit) {
+        return PartState::Pressed;
+    }
+    return model.GetMode() == PeriodGridModel::Mode::Idle && model.Hot() == hit ? PartState::Hot : PartState::Normal;
+}
+
+void PeriodGridPainter::DrawBackground(const CRect& client) const
+{
+    m_pDC->FillSolidRect(client, m_palette.window);
+}
+
+void PeriodGridPainter::DrawHeader() const
+{
+    for (size_t i = 0; i < m_picture.layout.blocks.size(); ++i) {
+        DrawTitle(static_cast<int>(i));
+    }
+    DrawPageArrow({GridPart::LeftArrow}, m_picture.layout.leftArrow, true);
+    DrawPageArrow({GridPart::RightArrow}, m_picture.layout.rightArrow, false);
+}
+
+void PeriodGridPainter::DrawTitle(int index) const
+{
+    const PeriodBlock& block = m_picture.layout.blocks[index];
+    DrawGradient(m_pDC, block.band, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
+    DrawBandState(StateOf({GridPart::Title, index}), block.title);
+    DrawCentredText(m_pDC, block.title, PeriodTitle(m_picture.model.Policy(), block.period),
+                    m_picture.textFonts.Get(true), m_palette.bandText);
+}
+
+void PeriodGridPainter::DrawBandState(PartState state, const CRect& rect) const
+{
+    if (state == PartState::Normal) {
+        return;
+    }
+    CRect shade = rect;
+    shade.DeflateRect(kMetrics.hotInset, kMetrics.hotInset);
+    const bool isPressed = state == PartState::Pressed;
+    DrawGradient(m_pDC, shade, isPressed ? m_palette.bandPressed : m_palette.bandHot,
+                 isPressed ? m_palette.bandTo : m_palette.bandFrom, FALSE, FALSE);
+}
+
+void PeriodGridPainter::DrawPageArrow(const GridHit& hit, const CRect& rect, bool pointsLeft) const
+{
+    const PartState state = StateOf(hit);
+    DrawBandState(state, rect);
+    const int reach = kMetrics.arrowReach;
+    const int shift = state == PartState::Pressed ? kMetrics.pressedShift : 0;
+    const int halfWidth = reach / 2;
+    CPoint tip = rect.CenterPoint();
+    tip.Offset((pointsLeft ? -halfWidth - 1 : halfWidth) + shift, shift - 1);
+    DrawArrow(m_pDC, tip, reach, pointsLeft, m_palette.bandText);
+}
+
+void PeriodGridPainter::DrawWeekdays() const
+{
+    const PeriodPolicy& policy = m_picture.model.Policy();
+    for (const PeriodBlock& block : m_picture.layout.blocks) {
+        if (block.weekdays.IsRectEmpty()) {
+            return;
+        }
+        for (int column = 0; column < policy.cellColumns; ++column) {
+            const int weekday = WeekdayOfColumn(m_picture.model.FirstDayOfWeek(), column);
+            const COLORREF color = weekday == kSunday     ? m_palette.holiday
+                                   : weekday == kSaturday ? m_palette.saturday
+                                                          : m_palette.text;
+            const int width = policy.metrics.cell.cx;
+            const int left = block.weekdays.left + column * width;
+            const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom);
+            DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false), color);
+        }
+        DrawHorizontalLine(m_pDC, block.weekdays.left + kMetrics.lineInset, block.weekdays.right - kMetrics.lineInset,
+                           block.weekdays.bottom - 1, m_palette.frame);
+    }
+}
+
+void PeriodGridPainter::DrawCells() const
+{
+    const PeriodPolicy& policy = m_picture.model.Policy();
+    const GridHit today = CellOfDate(policy, m_picture.layout, CellDateOf(policy.unit, m_picture.now));
+    for (size_t i = 0; i < m_picture.layout.blocks.size(); ++i) {
+        const PeriodBlock& block = m_picture.layout.blocks[i];
+        for (size_t k = 0; k < block.cells.size(); ++k) {
+            const GridHit hit{GridPart::Cell, static_cast<int>(i), static_cast<int>(k)};
+            DrawCell(hit, block.cells[k], hit == today);
+        }
+    }
+    if (m_picture.isFocused) {
+        const GridHit caret = CellOfDate(policy, m_picture.layout, m_picture.model.Caret(m_picture.now));
+        DrawFocusFrame(m_pDC, RectOfPart(m_picture.layout, caret));
+    }
+}
+
+void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, bool isToday) const
+{
+    if (cell.date.GetStatus() != COleDateTime::valid) {
+        return;
+    }
+    DrawCellBack(hit, cell);
+    const CellMark& mark = m_picture.marks[hit.block][hit.cell];
+    const bool isDay = m_picture.model.Policy().unit == CellUnit::Day;
+    PickerFonts& fonts = isDay ? m_picture.numberFonts : m_picture.textFonts;
+    const int column = hit.cell % m_picture.model.Policy().cellColumns;
+    DrawCentredText(m_pDC, cell.rect, CellText(cell), fonts.Get(mark.isBold && cell.inPeriod),
+                    CellColor(cell, mark, column));
+    if (isToday) {
+        DrawFrame(m_pDC, cell.rect, m_palette.today);
+    }
+}
+
+void PeriodGridPainter::DrawCellBack(const GridHit& hit, const PeriodCell& cell) const
+{
+    const bool isDay = m_picture.model.Policy().unit == CellUnit::Day;
+    CRect inner = cell.rect;
+    inner.DeflateRect(kMetrics.cellInset);
+    if (m_picture.model.IsCellSelected(cell.date)) {
+        if (isDay) {
+            m_pDC->FillSolidRect(cell.rect, cell.inPeriod ? m_palette.selected : m_palette.paleSelected);
+        } else {
+            DrawRoundBox(m_pDC, inner, m_palette.selected, m_palette.selectedFrame);
+        }
+    }
+    if (StateOf(hit) == PartState::Hot) {
+        if (m_picture.model.IsCellSelected(cell.date)) {
+            DrawFrame(m_pDC, inner, m_palette.selectedFrame);
+        } else {
+            DrawRoundBox(m_pDC, inner, m_palette.hot, m_palette.hotFrame);
+        }
+    }
+}
+
+COLORREF PeriodGridPainter::CellColor(const PeriodCell& cell, const CellMark& mark, int column) const
+{
+    if (m_picture.model.Policy().unit != CellUnit::Day) {
+        return m_palette.text;
+    }
+    const int weekday = WeekdayOfColumn(m_picture.model.FirstDayOfWeek(), column);
+    if (mark.isHoliday || weekday == kSunday) {
+        return cell.inPeriod ? m_palette.holiday : m_palette.paleHoliday;
+    }
+    if (weekday == kSaturday) {
+        return cell.inPeriod ? m_palette.saturday : m_palette.paleSaturday;
+    }
+    return cell.inPeriod ? m_palette.text : m_palette.paleText;
+}
+
+CString PeriodGridPainter::CellText(const PeriodCell& cell) const
+{
+    const DateFields fields = FieldsOf(cell.date);
+    CString text;
+    if (m_picture.model.Policy().unit == CellUnit::Day) {
+        text.Format("%d", fields.day);
+    } else {
+        text.Format("%d月", fields.month);
+    }
+    return text;
+}
+
+void PeriodGridPainter::DrawFooter() const
+{
+    const CRect& footer = m_picture.layout.footer;
+    const PartState state = StateOf({GridPart::Footer});
+    CRect box = footer;
+    box.DeflateRect(kMetrics.lineInset, 2, kMetrics.lineInset, 1);
+    if (state != PartState::Normal) {
+        DrawRoundBox(m_pDC, box, state == PartState::Hot ? m_palette.hot : m_palette.selected, m_palette.hotFrame);
+    }
+    DrawHorizontalLine(m_pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
+                       m_palette.frame);
+    DrawCentredText(m_pDC, box, FooterText(m_picture.model.Policy().unit, m_picture.now),
+                    m_picture.textFonts.Get(false), m_palette.text);
+}
+
+} // namespace dayvane

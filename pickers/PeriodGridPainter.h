@@ -1,0 +1,61 @@
+// Paints a mini calendar from its layout and state; changes neither.
+#pragma once
+
+#include "pickers/PeriodGridModel.h"
+#include "pickers/PickerPaint.h"
+
+namespace dayvane
+{
+
+// What is known about a cell besides its date; asked once per layout, not per paint.
+struct CellMark
+{
+    bool isHoliday = false;
+    bool isBold = false;
+};
+
+struct PeriodGridPicture
+{
+    const PeriodGridModel& model;
+    const PeriodGridLayout& layout;
+    const std::vector<std::vector<CellMark>>& marks; // as the layout's blocks and cells
+    COleDateTime now;
+    bool isFocused;
+    bool isEnabled;
+    PickerFonts& textFonts;
+    PickerFonts& numberFonts;
+};
+
+class PeriodGridPainter
+{
+public:
+    PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture);
+
+    void DrawBackground(const CRect& client) const;
+    void DrawHeader() const;   // title bands, titles, arrows
+    void DrawWeekdays() const; // nothing without weekday names
+    void DrawCells() const;    // days or months, selection, today, the keyboard's place
+    void DrawFooter() const;
+
+private:
+    enum class PartState
+    {
+        Normal,
+        Hot,
+        Pressed
+    };
+    PartState StateOf(const GridHit& hit) const;
+    void DrawTitle(int block) const;
+    void DrawPageArrow(const GridHit& hit, const CRect& rect, bool pointsLeft) const;
+    void DrawBandState(PartState state, const CRect& rect) const;
+    void DrawCell(const GridHit& hit, const PeriodCell& cell, bool isToday) const;
+    void DrawCellBack(const GridHit& hit, const PeriodCell& cell) const;
+    COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
+    CString CellText(const PeriodCell& cell) const;
+
+    CDC* m_pDC;
+    const PeriodGridPicture& m_picture;
+    PickerPalette m_palette;
+};
+
+} // namespace dayvane

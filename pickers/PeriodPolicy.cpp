@@ -1,0 +1,172 @@
+#include "pickers/PeriodPolicy.h"
+
+#include "core/DateMath.h"
+
+#include <algorithm>
+
+namespace dayvane
+{
+namespace
+{
+constexpr int kDaysPerWeek = 7;
+
+COleDateTime LastDayOfMonth(int monthNumber)
+{
+    if (monthNumber >= kLastMonthNumber) {
+        return COleDateTime(9999, 12, 31, 0, 0, 0);
+    }
+    return AddDays(DateOfMonthNumber(monthNumber + 1), -1);
+}
+} // namespace
+
+//                            unit             months cols rows long  sweeps stays
+const PeriodPolicy kMonthPolicy{CellUnit::Day,   1,     7,   6,   12,   true,  true,
+    // block  title weekday top left cell              arrow footer
+    {{130, 130}, 20, 16,    37, 2,   {18, 15},         18,   20}, "%d年 %d月"};
+const PeriodPolicy kYearPolicy{CellUnit::Month, 12,    4,   3,   10,   false, false,
+    {{120, 100}, 20, 0,     23, 2,   {29, 25},         18,   20}, "%d年"};
+
+int PeriodPolicy::FirstPeriod() const
+{
+    return kFirstMonthNumber / monthsPerPeriod;
+}
+
+int PeriodPolicy::LastPeriod() const
+{
+    return kLastMonthNumber / monthsPerPeriod;
+}
+
+CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns)
+{
+    const PeriodMetrics& metrics = policy.metrics;
+    return CSize(columns * metrics.block.cx, rows * metrics.block.cy + metrics.footerHeight);
+}
+
+void FitPeriodGrid(const PeriodPolicy& policy, int cx, int cy, int& rows, int& columns)
+{
+    const PeriodMetrics& metrics = policy.metrics;
+    rows = std::max<int>((cy - metrics.footerHeight) / metrics.block.cy, 1);
+    columns = std::max<int>(cx / metrics.block.cx, 1);
+}
+
+int ClampMonthNumber(int monthNumber)
+{
+    return std::clamp(monthNumber, kFirstMonthNumber, kLastMonthNumber);
+}
+
+int MonthNumberOf(const COleDateTime& date)
+{
+    const DateFields fields = FieldsOf(date);
+    return fields.year * kMonthsPerYear + fields.month - 1;
+}
+
+COleDateTime DateOfMonthNumber(int monthNumber)
+{
+    return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), 1, 0, 0, 0);
+}
+
+int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date)
+{
+    return MonthNumberOf(date) / policy.monthsPerPeriod;
+}
+
+COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period)
+{
+    return DateOfMonthNumber(period * policy.monthsPerPeriod);
+}
+
+int ClampPeriod(const PeriodPolicy& policy, int period)
+{
+    return std::clamp(period, policy.FirstPeriod(), policy.LastPeriod());
+}
+
+CString PeriodTitle(const PeriodPolicy& policy, int period)
+{
+    const int monthNumber = period * policy.monthsPerPeriod;
+    CString text;
+    text.Format(policy.titleFormat, YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber));
+    return text;
+}
+
+COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date)
+{
+    if (date.GetStatus() != COleDateTime::valid || unit == CellUnit::Day) {
+        return StartOfDay(date);
+    }
+    return DateOfMonthNumber(MonthNumberOf(date));
+}
+
+COleDateTime AddCells(CellUnit unit, const COleDateTime& date, int cells)
+{
+    if (unit == CellUnit::Month) {
+        return DateOfMonthNumber(ClampMonthNumber(MonthNumberOf(date) + cells));
+    }
+    const COleDateTime moved = DateOfDayNumber(DayNumberOf(date) + cells);
+    if (moved.GetStatus() == COleDateTime::valid) {
+        return moved;
+    }
+    return cells < 0 ? DateOfMonthNumber(kFirstMonthNumber) : LastDayOfMonth(kLastMonthNumber);
+}
+
+COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, int periods)
+{
+    const int monthNumber = MonthNumberOf(date) + periods * policy.monthsPerPeriod;
+    if (monthNumber < kFirstMonthNumber) {
+        return FirstCellOf(policy, policy.FirstPeriod());
+    }
+    if (monthNumber > kLastMonthNumber) {
+        return LastCellOf(policy, policy.LastPeriod());
+    }
+    const int lastDay = FieldsOf(LastDayOfMonth(monthNumber)).day;
+    const int day = std::min(FieldsOf(date).day, lastDay);
+    return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), day, 0, 0, 0);
+}
+
+COleDateTime FirstCellOf(const PeriodPolicy& policy, int period)
+{
+    return DateOfPeriod(policy, period);
+}
+
+COleDateTime LastCellOf(const PeriodPolicy& policy, int period)
+{
+    const int lastMonth = (period + 1) * policy.monthsPerPeriod - 1;
+    return CellDateOf(policy.unit, LastDayOfMonth(lastMonth));
+}
+
+int WeekdayOfColumn(int firstDayOfWeek, int column)
+{
+    return (firstDayOfWeek - 1 + column) % kDaysPerWeek + 1;
+}
+
+CString WeekdayName(int weekday)
+{
+    static const char* const kNames[kDaysPerWeek] = {"日", "月", "火", "水", "木", "金", "土"};
+    return kNames[weekday - 1];
+}
+
+CString FooterText(CellUnit unit, const COleDateTime& now)
+{
+    CString text;
+    const DateFields fields = FieldsOf(now);
+    if (now.GetStatus() != COleDateTime::valid) {
+        return text;
+    }
+    if (unit == CellUnit::Day) {
+        text.Format("今日: %04d/%d/%d", fields.year, fields.month, fields.day);
+    } else {
+        text.Format("今月: %s", static_cast<const char*>(YearMonthText(now)));
+    }
+    return text;
+}
+
+CString YearMonthText(const COleDateTime& date)
+{
+    CString text;
+    if (date.GetStatus() == COleDateTime::valid) {
+        const DateFields fields = FieldsOf(date);
+        text.Format("%04d年 %d月", fields.year, fields.month);
+    }
+    return text;
+}
+
+} // namespace dayvane

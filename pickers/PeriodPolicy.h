@@ -1,0 +1,97 @@
+// What tells the two mini calendars apart, as data: a grid of periods (months or years), each a title over its cells
+// (days or months). Everything else about them is one engine.
+#pragma once
+
+#include <afxdisp.h>
+#include <atltypes.h>
+
+namespace dayvane
+{
+
+// What one cell of a period stands for.
+enum class CellUnit
+{
+    Day,
+    Month
+};
+
+// Sizes in pixels. They do not follow the screen's resolution, as a host reckons with the fixed size of a block.
+struct PeriodMetrics
+{
+    SIZE block;        // one period with its title
+    int titleHeight;   // the title band at the block's top
+    int weekdayHeight; // the line of weekday names below it; 0: none
+    int cellsTop;      // from the block's top to its cells
+    int cellsLeft;     // from the block's left edge to its cells
+    SIZE cell;
+    int arrowWidth;    // kept free of the title at both ends of its band
+    int footerHeight;  // the line below all blocks
+};
+
+struct PeriodPolicy
+{
+    CellUnit unit;
+    int monthsPerPeriod;    // 1 or 12; a page is one period
+    int cellColumns;
+    int cellRows;
+    int periodsPerLongPage; // Ctrl with Page Up and Page Down
+    bool sweepsByDefault;   // a press starts a range
+    bool chosenPeriodStays; // the period chosen in the popup appears in the clicked block, not in the first one
+    PeriodMetrics metrics;
+    const char* titleFormat; // year, month
+
+    int CellCount() const { return cellColumns * cellRows; }
+    // Periods are numbered through: the number of their first month divided by monthsPerPeriod.
+    int FirstPeriod() const; // holds January 100
+    int LastPeriod() const;  // holds December 9999
+};
+
+constexpr int kMaxPeriodCells = 42;
+
+extern const PeriodPolicy kMonthPolicy; // months of days
+extern const PeriodPolicy kYearPolicy;  // years of months
+
+// The size in client pixels that shows rows x columns of blocks and the line below them.
+CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns);
+
+// How many rows (cx) and columns fit a client area, at least one of each.
+void FitPeriodGrid(const PeriodPolicy& policy, int cx, int cy, int& rows, int& columns);
+
+// Months are numbered through: year x 12 + month - 1, of a valid date, within the years 100 to 9999.
+constexpr int kMonthsPerYear = 12;
+constexpr int kFirstMonthNumber = 100 * kMonthsPerYear;
+constexpr int kLastMonthNumber = 9999 * kMonthsPerYear + kMonthsPerYear - 1;
+int ClampMonthNumber(int monthNumber);
+int MonthNumberOf(const COleDateTime& date);
+inline int YearOfMonthNumber(int monthNumber) { return monthNumber / kMonthsPerYear; }
+inline int MonthOfMonthNumber(int monthNumber) { return monthNumber % kMonthsPerYear + 1; } // 1 .. 12
+COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid outside the years 100 to 9999
+
+// The period that holds a valid date, and its first day.
+int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date);
+COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period);
+int ClampPeriod(const PeriodPolicy& policy, int period);
+CString PeriodTitle(const PeriodPolicy& policy, int period);
+
+// The start of the cell that a date falls in: its day, or the first of its month, at 00:00. Invalid for an invalid date.
+COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date);
+
+// Steps from a cell's date; they stop at the first and the last cell of the years 100 to 9999. AddPeriods keeps the
+// day of the month as far as the month has it.
+COleDateTime AddCells(CellUnit unit, const COleDateTime& date, int cells);
+COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, int periods);
+
+// The first and the last cell of a period.
+COleDateTime FirstCellOf(const PeriodPolicy& policy, int period);
+COleDateTime LastCellOf(const PeriodPolicy& policy, int period);
+
+// The weekday (1 Sunday .. 7 Saturday) of a column of days, when weeks begin on firstDayOfWeek.
+int WeekdayOfColumn(int firstDayOfWeek, int column);
+CString WeekdayName(int weekday); // one Japanese character
+
+// The line below the blocks: the present day, or the present month. Empty when "now" is not valid.
+CString FooterText(CellUnit unit, const COleDateTime& now);
+// Year and month as the picker's button shows them; empty for an invalid date.
+CString YearMonthText(const COleDateTime& date);
+
+} // namespace dayvane

@@ -1,0 +1,107 @@
+#include "pickers/PickerPaint.h"
+
+#include "core/DrawingHelpers.h"
+
+namespace dayvane
+{
+namespace
+{
+constexpr UINT kCentred = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
+constexpr int kRoundCorner = 3; // pixels
+} // namespace
+
+PickerPalette SystemPickerPalette()
+{
+    PickerPalette palette = {};
+    palette.window = ::GetSysColor(COLOR_WINDOW);
+    palette.text = ::GetSysColor(COLOR_WINDOWTEXT);
+    palette.disabledText = ::GetSysColor(COLOR_GRAYTEXT);
+    palette.face = ::GetSysColor(COLOR_BTNFACE);
+    return palette;
+}
+
+PickerPalette DisabledPickerPalette()
+{
+    PickerPalette palette = SystemPickerPalette();
+    const COLORREF gray = palette.disabledText;
+    palette.text = palette.holiday = palette.saturday = palette.today = gray;
+    palette.paleHoliday = palette.paleSaturday = palette.paleText;
+    palette.bandFrom = palette.bandTo = gray;
+    palette.selected = palette.paleSelected = palette.face;
+    palette.selectedFrame = palette.frame;
+    return palette;
+}
+
+LOGFONT MakeLogFont(const PickerFontSpec& spec)
+{
+    LOGFONT lf = {};
+    lf.lfHeight = spec.height;
+    lf.lfWeight = spec.weight;
+    lf.lfCharSet = spec.charSet;
+    ::lstrcpyn(lf.lfFaceName, spec.face, LF_FACESIZE);
+    return lf;
+}
+
+CFont* PickerFonts::Get(bool bold)
+{
+    CFont& font = bold ? m_bold : m_plain;
+    if (font.GetSafeHandle() == nullptr) {
+        LOGFONT lf = m_template;
+        lf.lfWeight = bold ? FW_BOLD : lf.lfWeight;
+        font.CreateFontIndirect(&lf);
+    }
+    return &font;
+}
+
+void PickerFonts::SetTemplate(const LOGFONT& lf)
+{
+    m_template = lf;
+    m_plain.DeleteObject();
+    m_bold.DeleteObject();
+}
+
+void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color)
+{
+    const SelectGdi font(pDC, pFont);
+    pDC->SetBkMode(TRANSPARENT);
+    pDC->SetTextColor(color);
+    CRect place = rect;
+    pDC->DrawText(text, &place, kCentred);
+}
+
+void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color)
+{
+    for (int i = 0; i <= reach; ++i) {
+        const int x = pointsLeft ? tip.x + i : tip.x - i;
+        pDC->FillSolidRect(x, tip.y - i, 1, 2 * i + 1, color);
+    }
+}
+
+void DrawRoundBox(CDC* pDC, const CRect& rect, COLORREF fill, COLORREF frame)
+{
+    CPen pen(PS_SOLID, 1, frame);
+    CBrush brush(fill);
+    const SelectGdi selectPen(pDC, &pen);
+    const SelectGdi selectBrush(pDC, &brush);
+    pDC->RoundRect(rect, CPoint(kRoundCorner, kRoundCorner));
+}
+
+void DrawFrame(CDC* pDC, const CRect& rect, COLORREF color)
+{
+    pDC->Draw3dRect(rect, color, color);
+}
+
+void DrawHorizontalLine(CDC* pDC, int left, int right, int y, COLORREF color)
+{
+    pDC->FillSolidRect(left, y, right - left, 1, color);
+}
+
+void DrawFocusFrame(CDC* pDC, const CRect& rect)
+{
+    // The dots are mixed from these two colours.
+    pDC->SetTextColor(RGB(0, 0, 0));
+    pDC->SetBkColor(RGB(255, 255, 255));
+    pDC->DrawFocusRect(rect);
+}
+
+} // namespace dayvane

@@ -1,0 +1,84 @@
+// What the painters of all date selectors share: colours, fonts, arrows, centred texts.
+#pragma once
+
+#include <afxwin.h>
+
+namespace dayvane
+{
+
+struct PickerPalette
+{
+    // From the system's settings
+    COLORREF window;
+    COLORREF text;
+    COLORREF disabledText;
+    COLORREF face;
+    // Own colours, 0x00BBGGRR
+    COLORREF paleText = 0xB8B0A8;      // days of neighbour months
+    COLORREF holiday = 0x2138EF;       // holidays and Sundays
+    COLORREF saturday = 0xC8642D;
+    COLORREF paleHoliday = 0xC4CBF7;
+    COLORREF paleSaturday = 0xE8CDB9;
+    COLORREF frame = 0xB99D7F;         // frames and separators
+    COLORREF bandFrom = 0xD6865A;      // title bands, from the top
+    COLORREF bandTo = 0x9C3408;        // to the bottom
+    COLORREF bandText = 0xFFFFFF;
+    COLORREF bandHot = 0xE8B48C;       // behind a hot arrow or title
+    COLORREF bandPressed = 0x6B2405;
+    COLORREF selected = 0x94D3FF;
+    COLORREF selectedFrame = 0x5292FF;
+    COLORREF paleSelected = 0xDBEFFF;  // a selected day of a neighbour month
+    COLORREF hot = 0xFBEADB;
+    COLORREF hotFrame = 0xE6C8A5;
+    COLORREF today = 0x2138EF;
+};
+
+PickerPalette SystemPickerPalette();
+// The same with every text in the system's colour of what cannot be used.
+PickerPalette DisabledPickerPalette();
+
+// Fonts as the selectors use them. Heights are those of a line, pixels.
+struct PickerFontSpec
+{
+    int height;
+    int weight;
+    BYTE charSet;
+    const char* face;
+};
+constexpr PickerFontSpec kTextFont{12, FW_NORMAL, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr PickerFontSpec kNumberFont{14, FW_NORMAL, ANSI_CHARSET, "Westminster"};
+constexpr PickerFontSpec kYearFont{18, FW_BOLD, ANSI_CHARSET, "Westminster"};
+LOGFONT MakeLogFont(const PickerFontSpec& spec);
+
+// A plain and a bold font of one template, created when first asked for and kept.
+class PickerFonts
+{
+public:
+    explicit PickerFonts(const PickerFontSpec& spec) : m_template(MakeLogFont(spec)) {}
+    CFont* Get(bool bold);
+    const LOGFONT& Template() const { return m_template; }
+    void SetTemplate(const LOGFONT& lf); // the fonts are made anew
+
+private:
+    LOGFONT m_template;
+    CFont m_plain;
+    CFont m_bold;
+};
+
+// One line of text in the middle of a rectangle, without background.
+void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color);
+
+// A filled triangle of `reach` + 1 lines: its tip at (tip.x, tip.y), its foot `reach` pixels to the right of the tip
+// for a left-pointing one, to the left otherwise, and `reach` pixels up and down.
+void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color);
+
+// A rounded box: corners of 3 pixels, a frame of one.
+void DrawRoundBox(CDC* pDC, const CRect& rect, COLORREF fill, COLORREF frame);
+// The inside edge of a rectangle, one pixel wide.
+void DrawFrame(CDC* pDC, const CRect& rect, COLORREF color);
+void DrawHorizontalLine(CDC* pDC, int left, int right, int y, COLORREF color);
+
+// The dotted frame of the keyboard's place.
+void DrawFocusFrame(CDC* pDC, const CRect& rect);
+
+} // namespace dayvane

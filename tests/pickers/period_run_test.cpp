@@ -1,0 +1,142 @@
+#include "pickers/PeriodRun.h"
+
+#include "core/DateMath.h"
+
+#include <gtest/gtest.h>
+
+using namespace dayvane;
+
+namespace
+{
+constexpr int kWidth = 94;
+constexpr int kHeight = 140; // seven rows of 20 pixels
+const int kMay2010 = 2010 * 12 + 4;
+
+PeriodRun MakeRun(int period = kMay2010, const PeriodPolicy& policy = kMonthPolicy)
+{
+    return PeriodRun(policy, period, kWidth);
+}
+
+// Rows that the list runs in `ticks` intervals with the pointer held at y.
+int RowsRun(int y, int ticks)
+{
+    PeriodRun run = MakeRun();
+    run.PointAt(CPoint(10, y));
+    const int before = run.PeriodOfRow(0);
+    for (int i = 0; i < ticks; ++i) {
+        run.Tick();
+    }
+    return run.PeriodOfRow(0) - before;
+}
+} // namespace
+
+TEST(PeriodRunTest, TheRowUnderThePointerIsChosenAndOutsideTheGivenOne)
+{
+    PeriodRun run = MakeRun();
+    EXPECT_EQ(kMay2010, run.Chosen()) << "before the pointer is known";
+    for (int y = -50; y < kHeight + 50; ++y) {
+        for (int x : {-1, 0, 40, kWidth - 1, kWidth}) {
+            run.PointAt(CPoint(x, y));
+            const bool inside = x >= 0 && x < kWidth && y >= 0 && y < kHeight;
+            ASSERT_EQ(inside ? kMay2010 - 3 + y / 20 : kMay2010, run.Chosen()) << x << "," << y;
+            ASSERT_EQ(inside, run.HotRow() >= 0 && run.RowRect(run.HotRow()).PtInRect(CPoint(x, y)));
+        }
+    }
+}
+
+TEST(PeriodRunTest, RunsFasterTheFartherAwayThePointerIs)
+{
+    EXPECT_EQ(0, RowsRun(0, 100));
+    EXPECT_EQ(0, RowsRun(kHeight - 1, 100));
+    int before = 0;
+    for (int distance : {1, 10, 40, 90, 200}) {
+        const int down = RowsRun(kHeight - 1 + distance, 100);
+        EXPECT_EQ(-down, RowsRun(-distance, 100)) << "up as fast as down";
+        EXPECT_GT(down, before) << distance;
+        before = down;
+    }
+    EXPECT_EQ(before, RowsRun(5000, 100)) << "with a limit";
+    EXPECT_EQ(12, RowsRun(kHeight, 100)) << "four rows a second in three seconds, just below the edge";
+}
+
+TEST(PeriodRunTest, WhatHasRunUnderThePointerCanBeChosen)
+{
+    PeriodRun run = MakeRun();
+    run.PointAt(CPoint(10, kHeight + 20));
+    int moved = 0;
+    for (int i = 0; i < 40; ++i) {
+        moved += run.Tick();
+    }
+    EXPECT_GT(moved, 0);
+    EXPECT_EQ(kMay2010, run.Chosen()) << "released below the list, the old month stays";
+    run.PointAt(CPoint(10, kHeight - 1));
+    EXPECT_EQ(run.PeriodOfRow(6), run.Chosen());
+    EXPECT_GT(run.Chosen(), kMay2010 + 3);
+    EXPECT_FALSE(run.Tick()) << "the list stands while the pointer is in it";
+}
+
+TEST(PeriodRunTest, StopsAtTheEndsOfTheCalendar)
+{
+    for (const PeriodPolicy* policy : {&kMonthPolicy, &kYearPolicy}) {
+        const struct
+        {
+            int start, end, y;
+        } table[] = {
+            {policy->FirstPeriod() + 20, policy->FirstPeriod(), -500},
+            {policy->LastPeriod() - 20, policy->LastPeriod(), kHeight + 500},
+        };
+        for (const auto& row : table) {
+            PeriodRun run = MakeRun(row.start, *policy);
+            run.PointAt(CPoint(10, row.y));
+            for (int i = 0; i < 200; ++i) {
+                run.Tick();
+            }
+            EXPECT_FALSE(run.Tick());
+            run.PointAt(CPoint(10, 70)); // where the given period stood
+            EXPECT_EQ(row.end, run.Chosen());
+            run.PointAt(CPoint(10, row.y < 0 ? 10 : kHeight - 10));
+            EXPECT_EQ(row.start, run.Chosen()) << "an empty row chooses nothing";
+        }
+    }
+}
+
+TEST(PlacePeriodRunTest, TheGivenRowLiesOverTheTitleAndAllOnTheWorkArea)
+{
+    const CRect workArea(0, 0, 800, 600);
+    for (int y = 0; y <= 580; ++y) {
+        const CRect title(200, y, 294, y + 20);
+        const PopupPlace place = PlacePeriodRun(title, workArea);
+        ASSERT_EQ(142, place.window.Height());
+        ASSERT_TRUE(place.window.top >= workArea.top && place.window.bottom <= workArea.bottom) << y;
+        const int rowTop = place.window.top + 1 + place.rowsAbove * 20;
+        ASSERT_LE(std::abs(rowTop - y), 1) << y << ": at the very edge by the frame's pixel";
+        ASSERT_TRUE(place.rowsAbove >= 0 && place.rowsAbove < 7);
+        ASSERT_TRUE(y < 61 || y > 519 || place.rowsAbove == 3) << y;
+    }
+    EXPECT_EQ(706, PlacePeriodRun(CRect(780, 100, 874, 120), workArea).window.left);
+    EXPECT_EQ(0, PlacePeriodRun(CRect(-30, 100, 64, 120), workArea).window.left);
+    EXPECT_EQ(-500, PlacePeriodRun(CRect(-700, 100, -606, 120), CRect(-500, 0, 0, 600)).window.left);
+    EXPECT_EQ(0, PlacePeriodRun(CRect(0, 0, 94, 20), CRect(0, 0, 50, 50)).window.top);
+}
+
+TEST(PlaceDropDownTest, BelowOrAboveAndAlwaysOnTheWorkArea)
+{
+    const CRect workArea(0, 0, 800, 600);
+    const struct
+    {
+        const char* what;
+        CRect anchor, expected;
+    } table[] = {
+        {"room below", CRect(300, 100, 460, 121), CRect(340, 121, 460, 241)},
+        {"exactly fits below", CRect(300, 459, 460, 480), CRect(340, 480, 460, 600)},
+        {"one pixel short: above", CRect(300, 460, 460, 481), CRect(340, 340, 460, 460)},
+        {"left edge", CRect(10, 100, 60, 121), CRect(0, 121, 120, 241)},
+        {"right edge", CRect(700, 100, 900, 121), CRect(680, 121, 800, 241)},
+        {"below the screen", CRect(300, 700, 460, 721), CRect(340, 480, 460, 600)},
+    };
+    for (const auto& row : table) {
+        EXPECT_TRUE(PlaceDropDown(row.anchor, CSize(120, 120), workArea) == row.expected) << row.what;
+    }
+    // Neither below nor above: pushed back over the anchor.
+    EXPECT_TRUE(PlaceDropDown(CRect(0, 60, 160, 81), CSize(120, 120), CRect(0, 0, 800, 150)) == CRect(40, 30, 160, 150));
+}
