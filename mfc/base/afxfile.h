@@ -32,7 +32,8 @@ public:
     void SeekToBegin() { Seek(0, begin); }
 };
 
-// A file in memory. Writing beyond the end lengthens it; lack of memory raises CMemoryException and leaves it unchanged.
+// A file in memory. Writing beyond the end lengthens it; lack of memory raises CMemoryException and leaves it
+// unchanged.
 class CMemFile : public CFile
 {
     DECLARE_DYNAMIC(CMemFile)
@@ -91,6 +92,8 @@ public:
     DWORD ReadCount();
     void WriteCount(DWORD count);
 
+    // No pointers: a text must be a CString, not a bool by chance.
+    CArchive& operator<<(const void*) = delete;
     CArchive& operator<<(char value) { return Put(value); }
     CArchive& operator<<(bool value) { return Put(static_cast<BYTE>(value)); }
     CArchive& operator<<(BYTE value) { return Put(value); }
@@ -116,10 +119,22 @@ public:
     CArchive& operator>>(double& value) { return Get(value); }
 #ifdef _WIN32
     // Windows has 32-bit longs besides its ints.
-    CArchive& operator<<(LONG value) { return Put(value); }
-    CArchive& operator<<(DWORD value) { return Put(value); }
-    CArchive& operator>>(LONG& value) { return Get(value); }
-    CArchive& operator>>(DWORD& value) { return Get(value); }
+    CArchive& operator<<(LONG value)
+    {
+        return Put(value);
+    }
+    CArchive& operator<<(DWORD value)
+    {
+        return Put(value);
+    }
+    CArchive& operator>>(LONG& value)
+    {
+        return Get(value);
+    }
+    CArchive& operator>>(DWORD& value)
+    {
+        return Get(value);
+    }
 #endif
 
     // The length (8 bits, or 0xff and 16, or 0xffff and 32) and the bytes.

@@ -12,9 +12,9 @@ class CObject;
 struct CRuntimeClass
 {
     LPCSTR m_lpszClassName;
-    int m_nObjectSize; // bytes
-    UINT m_wSchema;    // 0xffff: not serialisable
-    CObject* (*m_pfnCreateObject)();      // null: the class is not created by name
+    int m_nObjectSize;                     // bytes
+    UINT m_wSchema;                        // 0xffff: not serialisable
+    CObject* (*m_pfnCreateObject)();       // null: the class is not created by name
     CRuntimeClass* (*m_pfnGetBaseClass)(); // null: CObject
 
     // A new object, or null when the class cannot be created so.
@@ -57,20 +57,32 @@ public:                                                                         
 #define DECLARE_SERIAL(class_name) DECLARE_DYNCREATE(class_name)
 
 #define AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, schema, create)                                        \
-    CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)), schema, create,   \
+    CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)), schema, create,  \
                                                    &base_class_name::GetThisClass};                                    \
-    CRuntimeClass* class_name::GetThisClass() { return &class_name::class##class_name; }                               \
-    CRuntimeClass* class_name::GetRuntimeClass() const { return &class_name::class##class_name; }
+    CRuntimeClass* class_name::GetThisClass()                                                                          \
+    {                                                                                                                  \
+        return &class_name::class##class_name;                                                                         \
+    }                                                                                                                  \
+    CRuntimeClass* class_name::GetRuntimeClass() const                                                                 \
+    {                                                                                                                  \
+        return &class_name::class##class_name;                                                                         \
+    }
 
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                                 \
     AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xffff, nullptr)
 
 #define IMPLEMENT_DYNCREATE(class_name, base_class_name)                                                               \
-    CObject* class_name::CreateObject() { return new class_name; }                                                     \
+    CObject* class_name::CreateObject()                                                                                \
+    {                                                                                                                  \
+        return new class_name;                                                                                         \
+    }                                                                                                                  \
     AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xffff, &class_name::CreateObject)
 
 #define IMPLEMENT_SERIAL(class_name, base_class_name, schema)                                                          \
-    CObject* class_name::CreateObject() { return new class_name; }                                                     \
+    CObject* class_name::CreateObject()                                                                                \
+    {                                                                                                                  \
+        return new class_name;                                                                                         \
+    }                                                                                                                  \
     AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, schema, &class_name::CreateObject)
 
 // The object as the class when it is of that class, else null.

@@ -104,6 +104,35 @@ public:
     int Compare(LPCTSTR text) const;
     int CompareNoCase(LPCTSTR text) const;
 
+    friend CString operator+(const CString& left, const CString& right);
+    friend CString operator+(const CString& left, LPCTSTR right);
+    friend CString operator+(LPCTSTR left, const CString& right);
+    friend CString operator+(const CString& left, TCHAR right);
+    friend CString operator+(TCHAR left, const CString& right);
+
+    // Bytes compared as unsigned values. A null pointer counts as the empty text.
+    friend bool operator==(const CString& left, const CString& right)
+    {
+        return left.m_text == right.m_text || (left.GetLength() == right.GetLength() && left.Compare(right) == 0);
+    }
+    friend bool operator==(const CString& left, LPCTSTR right) { return left.Compare(right) == 0; }
+    friend bool operator==(LPCTSTR left, const CString& right) { return right.Compare(left) == 0; }
+    friend bool operator!=(const CString& left, const CString& right) { return !(left == right); }
+    friend bool operator!=(const CString& left, LPCTSTR right) { return left.Compare(right) != 0; }
+    friend bool operator!=(LPCTSTR left, const CString& right) { return right.Compare(left) != 0; }
+    friend bool operator<(const CString& left, const CString& right) { return left.Compare(right) < 0; }
+    friend bool operator<(const CString& left, LPCTSTR right) { return left.Compare(right) < 0; }
+    friend bool operator<(LPCTSTR left, const CString& right) { return right.Compare(left) > 0; }
+    friend bool operator>(const CString& left, const CString& right) { return left.Compare(right) > 0; }
+    friend bool operator>(const CString& left, LPCTSTR right) { return left.Compare(right) > 0; }
+    friend bool operator>(LPCTSTR left, const CString& right) { return right.Compare(left) < 0; }
+    friend bool operator<=(const CString& left, const CString& right) { return left.Compare(right) <= 0; }
+    friend bool operator<=(const CString& left, LPCTSTR right) { return left.Compare(right) <= 0; }
+    friend bool operator<=(LPCTSTR left, const CString& right) { return right.Compare(left) >= 0; }
+    friend bool operator>=(const CString& left, const CString& right) { return left.Compare(right) >= 0; }
+    friend bool operator>=(const CString& left, LPCTSTR right) { return left.Compare(right) >= 0; }
+    friend bool operator>=(LPCTSTR left, const CString& right) { return right.Compare(left) <= 0; }
+
     // A buffer of at least this many characters (and the zero) that belongs to this text alone. After writing to it
     // and before anything else, ReleaseBuffer takes the new length, -1: up to the first zero.
     LPTSTR GetBuffer() { return GetBuffer(GetLength()); }
@@ -125,15 +154,16 @@ private:
     };
 
     static LPTSTR EmptyText() noexcept;
-    static LPCTSTR WhiteSpace() noexcept { return " \t\n\v\f\r"; }
-    static Block* BlockOf(LPTSTR text) noexcept { return reinterpret_cast<Block*>(text) - 1; }
+    static LPCTSTR WhiteSpace() noexcept
+    {
+        return " \t\n\v\f\r";
+    }
+    static Block* BlockOf(LPTSTR text) noexcept
+    {
+        return reinterpret_cast<Block*>(text) - 1;
+    }
     static LPTSTR Allocate(int capacity);
     static CString Joined(LPCTSTR left, int leftLength, LPCTSTR right, int rightLength);
-    friend CString operator+(const CString& left, const CString& right);
-    friend CString operator+(const CString& left, LPCTSTR right);
-    friend CString operator+(LPCTSTR left, const CString& right);
-    friend CString operator+(const CString& left, TCHAR right);
-    friend CString operator+(TCHAR left, const CString& right);
 
     // The block of the empty text is shared by all and never counted: its capacity is 0.
     void AddReference() const noexcept
@@ -157,25 +187,3 @@ private:
 
     LPTSTR m_text;
 };
-
-inline bool operator==(const CString& left, const CString& right)
-{
-    return left.GetLength() == right.GetLength() && left.Compare(right) == 0;
-}
-inline bool operator==(const CString& left, LPCTSTR right) { return left.Compare(right) == 0; }
-inline bool operator==(LPCTSTR left, const CString& right) { return right.Compare(left) == 0; }
-inline bool operator!=(const CString& left, const CString& right) { return !(left == right); }
-inline bool operator!=(const CString& left, LPCTSTR right) { return left.Compare(right) != 0; }
-inline bool operator!=(LPCTSTR left, const CString& right) { return right.Compare(left) != 0; }
-inline bool operator<(const CString& left, const CString& right) { return left.Compare(right) < 0; }
-inline bool operator<(const CString& left, LPCTSTR right) { return left.Compare(right) < 0; }
-inline bool operator<(LPCTSTR left, const CString& right) { return right.Compare(left) > 0; }
-inline bool operator>(const CString& left, const CString& right) { return left.Compare(right) > 0; }
-inline bool operator>(const CString& left, LPCTSTR right) { return left.Compare(right) > 0; }
-inline bool operator>(LPCTSTR left, const CString& right) { return right.Compare(left) < 0; }
-inline bool operator<=(const CString& left, const CString& right) { return left.Compare(right) <= 0; }
-inline bool operator<=(const CString& left, LPCTSTR right) { return left.Compare(right) <= 0; }
-inline bool operator<=(LPCTSTR left, const CString& right) { return right.Compare(left) >= 0; }
-inline bool operator>=(const CString& left, const CString& right) { return left.Compare(right) >= 0; }
-inline bool operator>=(const CString& left, LPCTSTR right) { return left.Compare(right) >= 0; }
-inline bool operator>=(LPCTSTR left, const CString& right) { return right.Compare(left) <= 0; }

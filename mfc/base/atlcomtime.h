@@ -20,10 +20,7 @@ public:
 
     COleDateTimeSpan() = default; // no time, valid
     COleDateTimeSpan(double days) : m_span(days) { CheckRange(); }
-    COleDateTimeSpan(LONG days, int hours, int minutes, int seconds)
-    {
-        SetDateTimeSpan(days, hours, minutes, seconds);
-    }
+    COleDateTimeSpan(LONG days, int hours, int minutes, int seconds) { SetDateTimeSpan(days, hours, minutes, seconds); }
 
     DateTimeSpanStatus GetStatus() const { return m_status; }
     void SetStatus(DateTimeSpanStatus status) { m_status = status; }

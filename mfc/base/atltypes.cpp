@@ -37,7 +37,9 @@ CRect CPoint::operator-(LPCRECT rect) const
     return CRect(rect) - *this;
 }
 
-CRect::CRect(POINT point, SIZE size) : CRect(point.x, point.y, Sum(point.x, size.cx), Sum(point.y, size.cy)) {}
+CRect::CRect(POINT point, SIZE size) : CRect(point.x, point.y, Sum(point.x, size.cx), Sum(point.y, size.cy))
+{
+}
 
 CRect& CRect::operator=(const RECT& rect)
 {
@@ -105,8 +107,8 @@ BOOL CRect::UnionRect(LPCRECT rect1, LPCRECT rect2)
     } else if (second.IsRectEmpty()) {
         *this = first;
     } else {
-        SetRect(std::min(first.left, second.left), std::min(first.top, second.top),
-                std::max(first.right, second.right), std::max(first.bottom, second.bottom));
+        SetRect(std::min(first.left, second.left), std::min(first.top, second.top), std::max(first.right, second.right),
+                std::max(first.bottom, second.bottom));
     }
     return TRUE;
 }

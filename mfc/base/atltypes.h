@@ -7,8 +7,7 @@
 class CPoint;
 class CRect;
 
-namespace afxcoord
-{
+namespace afxcoord {
 constexpr LONG Sum(LONG a, LONG b)
 {
     return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));

@@ -7,8 +7,7 @@
 // that month m of such a year (0 = March) begins (153 m + 2) / 5 days after it began.
 #pragma once
 
-namespace civil
-{
+namespace civil {
 constexpr int kFirstDay = -657434; // 1 January 100
 constexpr int kLastDay = 2958465;  // 31 December 9999
 

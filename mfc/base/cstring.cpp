@@ -8,8 +8,7 @@
 #include <new>
 #include <utility>
 
-namespace
-{
+namespace {
 int LengthOf(LPCTSTR text)
 {
     if (text == nullptr) {
@@ -79,7 +78,9 @@ void CString::SetLength(int length) noexcept
     m_text[length] = 0;
 }
 
-CString::CString(LPCTSTR text) : CString(text, LengthOf(text)) {}
+CString::CString(LPCTSTR text) : CString(text, LengthOf(text))
+{
+}
 
 CString::CString(LPCTSTR text, int length) : m_text(EmptyText())
 {

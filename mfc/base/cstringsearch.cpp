@@ -1,24 +1,13 @@
-// CString: looking for, cutting, replacing and comparing. All walks go by character of code page 932, whose second
-// bytes (0x40 to 0xFC) include letters, the backslash and the vertical bar.
+// CString: looking for, cutting, replacing and comparing. All walks go by character, not by byte.
 #include <afx.h>
+#include <dbcs.h>
 
-#include <climits>
 #include <cstring>
+#include <utility>
 
-namespace
-{
-bool IsLeadByte(char ch)
-{
-    const unsigned char byte = static_cast<unsigned char>(ch);
-    return (byte >= 0x81 && byte <= 0x9f) || (byte >= 0xe0 && byte <= 0xfc);
-}
+using dbcs::CharSize;
 
-// Bytes of the character at p: 1 or 2. A lead byte at the end of the text stands alone.
-int CharSize(const char* p)
-{
-    return IsLeadByte(*p) && p[1] != 0 ? 2 : 1;
-}
-
+namespace {
 // Whether the character at p is in the set.
 bool IsOneOf(const char* p, LPCTSTR characters)
 {
@@ -182,7 +171,7 @@ int CString::Replace(LPCTSTR oldText, LPCTSTR newText)
         ++count;
     }
     result.Append(m_text + copied, GetLength() - copied);
-    *this = static_cast<CString&&>(result);
+    *this = std::move(result);
     return count;
 }
 
@@ -204,7 +193,7 @@ int CString::Insert(int index, LPCTSTR text)
     CString result = Left(index);
     result += text;
     result += tail;
-    *this = static_cast<CString&&>(result);
+    *this = std::move(result);
     return GetLength();
 }
 
@@ -217,7 +206,7 @@ int CString::Delete(int index, int count)
         const CString tail = count < GetLength() - index ? Mid(index + count) : CString();
         CString result = Left(index);
         result += tail;
-        *this = static_cast<CString&&>(result);
+        *this = std::move(result);
     }
     return GetLength();
 }

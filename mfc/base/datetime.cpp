@@ -5,11 +5,16 @@
 #include <cmath>
 #include <ctime>
 
-namespace
-{
+namespace {
 constexpr int kSecondsPerDay = 86400;
-// The days from 1 January 100 to 31 December 9999, both ways: a longer span joins no two dates.
-constexpr double kMaxSpanDays = civil::kLastDay - civil::kFirstDay - 2.0;
+// A longer span joins no two dates, in either direction.
+constexpr double kMaxSpanDays = civil::kLastDay - civil::kFirstDay + 1.0;
+
+// False for what is not a number.
+bool IsInRange(DATE date)
+{
+    return date > civil::kFirstDay - 1.0 && date < civil::kLastDay + 1.0;
+}
 
 // The inverse of Linear().
 DATE DateFromLinear(double linear)
@@ -37,10 +42,9 @@ double COleDateTime::LinearOfNegative(DATE date)
     return day - (date - day);
 }
 
-// The comparison is written so that a value which is not a number fails it.
 void COleDateTime::CheckRange()
 {
-    if (!(m_dt > civil::kFirstDay - 1.0 && m_dt < civil::kLastDay + 1.0)) {
+    if (!IsInRange(m_dt)) {
         m_status = invalid;
     }
 }
@@ -97,10 +101,10 @@ int COleDateTime::SetDateTime(int year, int month, int day, int hour, int minute
 }
 
 // The day and the second of the day, rounded to the nearest second; that may lead into the next day, but not beyond
-// the last day of all, which ends at 23:59:59.
+// the last day of all, which ends at 23:59:59. The value is checked again, for it is open to everybody.
 bool COleDateTime::Break(int& dayNumber, int& secondOfDay) const
 {
-    if (m_status != valid) {
+    if (m_status != valid || !IsInRange(m_dt)) {
         return false;
     }
     dayNumber = static_cast<int>(m_dt);
@@ -195,9 +199,8 @@ bool COleDateTime::GetAsSystemTime(SYSTEMTIME& time) const
 
 COleDateTime COleDateTime::operator+(const COleDateTimeSpan& span) const
 {
-    const int spanStatus = span.GetStatus();
     COleDateTime sum;
-    sum.m_status = Combined(m_status, static_cast<DateTimeStatus>(spanStatus));
+    sum.m_status = Combined(m_status, static_cast<DateTimeStatus>(span.GetStatus()));
     if (sum.m_status == valid) {
         sum.m_dt = DateFromLinear(Linear() + span.m_span);
         sum.CheckRange();
@@ -224,7 +227,7 @@ COleDateTimeSpan COleDateTime::operator-(const COleDateTime& date) const
 
 void COleDateTimeSpan::CheckRange()
 {
-    if (!(std::fabs(m_span) <= kMaxSpanDays)) {
+    if (!(std::fabs(m_span) <= kMaxSpanDays)) { // not a number fails too
         m_status = invalid;
     }
 }

@@ -1,13 +1,13 @@
 // The texts of dates and spans.
 #include <afxdisp.h>
 #include <civil.h>
+#include <dbcs.h>
 
 #include <clocale>
 #include <cstring>
 #include <ctime>
 
-namespace
-{
+namespace {
 constexpr const char* kDayNames[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 constexpr const char* kMonthNames[] = {"January", "February", "March",     "April",   "May",      "June",
                                        "July",    "August",   "September", "October", "November", "December"};
@@ -59,7 +59,7 @@ struct Number
     int digits; // with leading zeros; 0: the flag is no number
 };
 
-Number NumberOf(const SYSTEMTIME& time, int dayOfYear, char flag)
+Number NumberOf(const SYSTEMTIME& time, char flag)
 {
     switch (flag) {
     case 'd':
@@ -69,7 +69,7 @@ Number NumberOf(const SYSTEMTIME& time, int dayOfYear, char flag)
     case 'I':
         return {(time.wHour + 11) % 12 + 1, 2};
     case 'j':
-        return {dayOfYear, 3};
+        return {civil::DayNumber(time.wYear, time.wMonth, time.wDay) - civil::DayNumber(time.wYear, 1, 1) + 1, 3};
     case 'm':
         return {time.wMonth, 2};
     case 'M':
@@ -86,12 +86,6 @@ Number NumberOf(const SYSTEMTIME& time, int dayOfYear, char flag)
         return {0, 0};
     }
 }
-
-bool IsPairStart(const char* p)
-{
-    const unsigned char byte = static_cast<unsigned char>(*p);
-    return ((byte >= 0x81 && byte <= 0x9f) || (byte >= 0xe0 && byte <= 0xfc)) && p[1] != 0;
-}
 } // namespace
 
 CString COleDateTime::Format(LPCTSTR format) const
@@ -104,29 +98,22 @@ CString COleDateTime::Format(LPCTSTR format) const
     if (!GetAsSystemTime(time)) {
         return "Invalid DateTime";
     }
-    for (const char* p = format; *p != 0; ++p) {
-        if (IsPairStart(p)) { // the second byte of a pair is no flag
-            text.Append(p, 2);
-            ++p;
-            continue;
-        }
-        if (*p != '%' || p[1] == 0) {
-            text.AppendChar(*p);
-            continue;
-        }
-        const char* begin = p++;
-        const bool isBare = *p == '#' && p[1] != 0;
-        p += isBare ? 1 : 0;
-        const Number number = NumberOf(time, GetDayOfYear(), *p);
+    for (const char* p = format; *p != 0;) {
+        const bool isBare = p[0] == '%' && p[1] == '#';
+        const char flag = p[0] == '%' ? p[isBare ? 2 : 1] : 0;
+        const Number number = NumberOf(time, flag);
         if (number.digits != 0) {
             text.AppendFormat("%0*d", isBare ? 1 : number.digits, number.value);
-        } else if (std::strchr("aAbBp", *p) != nullptr) {
-            text += NameOf(time, *p);
-        } else if (*p == '%') {
+        } else if (flag != 0 && std::strchr("aAbBp", flag) != nullptr) {
+            text += NameOf(time, flag);
+        } else if (flag == '%') {
             text.AppendChar('%');
-        } else {
-            text.Append(begin, static_cast<int>(p - begin) + 1);
+        } else { // no flag: one character as it is, whose second byte is not looked at
+            text.Append(p, dbcs::CharSize(p));
+            p += dbcs::CharSize(p);
+            continue;
         }
+        p += isBare ? 3 : 2;
     }
     return text;
 }

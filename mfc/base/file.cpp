@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstdint>
 #include <cstring>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CFile, CObject)
 IMPLEMENT_DYNAMIC(CMemFile, CFile)
@@ -57,8 +59,13 @@ void CMemFile::Reserve(ULONGLONG length)
     if (m_growBytes == 0) {
         AfxThrowFileException(CFileException::diskFull);
     }
-    const ULONGLONG wanted = (length + m_growBytes - 1) / m_growBytes * m_growBytes;
-    void* data = wanted <= PTRDIFF_MAX ? std::realloc(m_data, static_cast<size_t>(wanted)) : nullptr;
+    void* data = nullptr;
+    ULONGLONG wanted = 0;
+    constexpr ULONGLONG most = PTRDIFF_MAX;
+    if (length <= most && length + m_growBytes <= most) {
+        wanted = (length + m_growBytes - 1) / m_growBytes * m_growBytes;
+        data = std::realloc(m_data, static_cast<size_t>(wanted));
+    }
     if (data == nullptr) {
         AfxThrowMemoryException();
     }
@@ -225,6 +232,6 @@ CArchive& operator>>(CArchive& ar, CString& text)
         loaded.Append(piece, static_cast<int>(size));
         left -= size;
     }
-    text = static_cast<CString&&>(loaded);
+    text = std::move(loaded);
     return ar;
 }

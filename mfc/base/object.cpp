@@ -31,9 +31,13 @@ BOOL CObject::IsKindOf(const CRuntimeClass* pClass) const
     return GetRuntimeClass()->IsDerivedFrom(pClass);
 }
 
-void CObject::Serialize(CArchive&) {}
+void CObject::Serialize(CArchive&)
+{
+}
 
-void CObject::AssertValid() const {}
+void CObject::AssertValid() const
+{
+}
 
 CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject)
 {
