@@ -1,0 +1,80 @@
+// From screen items to bars in a grid of boxes: placement, stacking (BarLanes.h) and overflow, for the month, week and
+// year views. Pure: rectangles are client pixels, positions count the boxes in the order of time.
+#pragma once
+
+#include "core/CalendarRecords.h"
+
+#include <vector>
+
+namespace dayvane
+{
+
+// Sizes of the bars of a view, pixels.
+struct BarMetrics
+{
+    int topOffset; // from the top of a box to the place of its first bar
+    int height;    // of a bar's place
+    int inset;     // by which a bar is smaller than its place, on each side
+    int laneStep;  // from one lane to the next
+
+    int BarHeight() const { return height - 2 * inset; }
+};
+
+// How far to the right a bar reaches that covers several boxes.
+enum class BarReach {
+    ToColumnOfLast, // to the right edge of the column of its last box
+    BoxesTimesWidth // as many times the width of its first box as it covers boxes
+};
+
+// When the bottom of a bar counts as having reached the bottom of its box.
+enum class BarOverflow {
+    ByAbsoluteValue, // |bar bottom| >= |box bottom|, which also holds for boxes above the client area
+    ByPosition       // bar bottom >= box bottom
+};
+
+// What of the grid stays the same whatever its size.
+struct BarRules
+{
+    BarMetrics metrics;
+    BarReach reach;
+    BarOverflow overflow;
+};
+
+// The boxes of a view, row by row; all boxes of a row have one top and one bottom.
+struct BoxGrid
+{
+    std::vector<CRect> boxes;
+    int columns = 1;
+
+    int Count() const { return static_cast<int>(boxes.size()); }
+    int RowOf(int box) const { return box / columns; }
+};
+
+// The boxes that an item covers, by position; positions outside the grid stand for days (months) that are not shown.
+struct BoxSpan
+{
+    int first;
+    int last;                // before first when the item ends before it starts
+    bool ownBoxOnly = false; // a bar as wide as its first box whatever `last` says
+};
+
+// Stands for an item that covers nothing: its start is no date.
+BoxSpan NoBoxes();
+
+// Spans in days, counted from the day number of box 0. An item that ends a day or more before it starts keeps to its own
+// box.
+std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay);
+
+// How the items weigh on a box.
+struct BoxLoad
+{
+    int itemCount = 0;  // items that cover it
+    bool more = false;  // at least one of them did not fit
+};
+
+// Sets rcItem and bNoFocus of every item, whose spans come in the same order. An item that starts outside the grid gets
+// the rectangle (-1, -1, -1, -1); bNoFocus of an item that covers no box stays as it was. Returns one load for each box.
+std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
+                                ItemArray& items);
+
+} // namespace dayvane

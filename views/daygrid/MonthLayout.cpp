@@ -1,0 +1,212 @@
+#include "views/daygrid/MonthLayout.h"
+
+#include "calc/CalcHoliday.h"
+#include "calc/LunarDate.h"
+#include "core/DateMath.h"
+
+namespace dayvane
+{
+namespace
+{
+
+bool IsValid(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid;
+}
+
+MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, const DateFields& today)
+{
+    MonthCellDate cell;
+    cell.m_date = date;
+    const DateFields fields = FieldsOf(date);
+    if (!IsValid(date))
+        return cell;
+    if (fields.month == currentMonth)
+        cell.m_nFlags |= MONTHCELL_INMONTH;
+    if (fields == today)
+        cell.m_nFlags |= MONTHCELL_TODAY;
+    tagHOLIDAY holiday;
+    if (CCalcHoliday::IsHoliday(date, holiday) == 1) {
+        cell.m_strHoliday = holiday.lpszName;
+        cell.m_bHoliday = 1;
+        cell.m_nHolidayType = holiday.bObservance;
+    }
+    CString term;
+    if (CLunarDate().Get24Setuki(date, term) == 1) {
+        cell.m_strText = cell.m_strHoliday + " " + term;
+        cell.m_bSolarTerm = 1;
+    }
+    return cell;
+}
+
+void StoreLoads(const std::vector<BoxLoad>& loads, MonthCellArray& cells)
+{
+    for (int i = 0; i < static_cast<int>(loads.size()); ++i) {
+        cells[i].m_nItemCount = loads[i].itemCount;
+        cells[i].m_bMore = loads[i].more ? 1 : 0;
+    }
+}
+
+} // namespace
+
+// ---- Rectangles
+
+MonthBands CalcMonthBands(const CRect& client, bool showCaption)
+{
+    MonthBands bands;
+    bands.caption = client;
+    bands.caption.bottom = showCaption ? kMonthMetrics.captionHeight : 0;
+    bands.header = client;
+    bands.header.top = bands.caption.bottom;
+    bands.header.bottom = bands.header.top + kMonthMetrics.headerHeight;
+    bands.calendar = client;
+    bands.calendar.top = bands.header.bottom;
+    return bands;
+}
+
+CSize CalcMonthCellSize(const CRect& calendar)
+{
+    return CSize(calendar.Width() / kMonthColumns, calendar.Height() / kMonthRows);
+}
+
+void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, MonthCellArray& headerCells,
+                    MonthCellArray& cells)
+{
+    headerCells.SetSize(kMonthColumns);
+    const int headerWidth = header.Width() / kMonthColumns;
+    for (int column = 0; column < kMonthColumns; ++column) {
+        const int left = header.left + column * headerWidth;
+        CRect box(left, header.top, left + headerWidth, header.bottom);
+        box.DeflateRect(kMonthMetrics.headerInset, kMonthMetrics.headerInset);
+        headerCells[column].m_rect = box;
+    }
+    cells.SetSize(kMonthCells);
+    for (int i = 0; i < kMonthCells; ++i) {
+        const int row = i / kMonthColumns;
+        const int column = i % kMonthColumns;
+        CRect& rect = cells[i].m_rect;
+        rect.left = calendar.left + cellSize.cx * column;
+        rect.top = calendar.top + cellSize.cy * row;
+        rect.right = column == kMonthColumns - 1 ? calendar.right - 1 : rect.left + cellSize.cx;
+        rect.bottom = row == kMonthRows - 1 ? calendar.bottom - 1 : rect.top + cellSize.cy;
+    }
+    ClearLoads(cells);
+}
+
+// ---- Dates
+
+int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek)
+{
+    if (!IsValid(date))
+        return kNoDay;
+    const DateFields fields = FieldsOf(date);
+    const int first = DayNumberOf(date) - (fields.day - 1);
+    const int daysInWeek = DayOfWeekOf(first) - firstDayOfWeek;
+    return first - (daysInWeek < 0 ? daysInWeek + kMonthColumns : daysInWeek);
+}
+
+void FillMonthDates(int firstDay, const COleDateTime& current, const COleDateTime& today, MonthCellDateArray& dates)
+{
+    const int currentMonth = FieldsOf(current).month;
+    const DateFields todayFields = FieldsOf(today);
+    COleDateTime none;
+    none.SetStatus(COleDateTime::invalid);
+    dates.RemoveAll();
+    dates.SetSize(kMonthCells);
+    for (int i = 0; i < kMonthCells; ++i) {
+        const COleDateTime date = firstDay == kNoDay ? none : DateOfDayNumber(firstDay + i);
+        dates[i] = DateWithAnnotations(date, currentMonth, todayFields);
+    }
+}
+
+int FirstDayOf(const MonthCellDateArray& dates)
+{
+    for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
+        if (IsValid(dates[i].m_date))
+            return DayNumberOf(dates[i].m_date) - i;
+    }
+    return kNoDay;
+}
+
+int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
+{
+    const int firstDay = FirstDayOf(dates);
+    if (firstDay == kNoDay || !IsValid(date))
+        return -1;
+    const int cell = DayNumberOf(date) - firstDay;
+    return cell >= 0 && cell < static_cast<int>(dates.GetSize()) ? cell : -1;
+}
+
+// ---- Items
+
+BoxGrid BoxGridOf(const MonthCellArray& cells)
+{
+    BoxGrid grid;
+    grid.columns = kMonthColumns;
+    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i)
+        grid.boxes.push_back(cells[i].m_rect);
+    return grid;
+}
+
+void CalcMonthBars(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
+{
+    const std::vector<BoxSpan> spans = DaySpans(items, FirstDayOf(dates));
+    StoreLoads(LayOutBars(BoxGridOf(cells), kMonthMetrics.bars, spans, items), cells);
+}
+
+void CalcMonthBlocks(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
+{
+    const std::vector<BoxSpan> spans = DaySpans(items, FirstDayOf(dates));
+    std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it
+    const int lastCell = static_cast<int>(cells.GetSize()) - 1;
+    for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
+        const BoxSpan& span = spans[i];
+        CRect rect(-1, -1, -1, -1);
+        if (span.first >= 0 && span.first <= lastCell) {
+            rect = cells[span.first].m_rect;
+            rect.top += kMonthMetrics.blockTop;
+            rect.DeflateRect(kMonthMetrics.blockInset, kMonthMetrics.blockInset);
+            rect.NormalizeRect();
+        }
+        items[i].rcItem = rect;
+        items[i].bNoFocus = FALSE;
+        const int first = std::max(span.first, 0);
+        const int last = std::min(span.last, lastCell);
+        if (first <= last) {
+            ++begun[first];
+            --begun[last + 1];
+        }
+    }
+    int count = 0;
+    for (int i = 0; i <= lastCell; ++i) {
+        count += begun[i];
+        cells[i].m_nItemCount = count;
+        cells[i].m_bMore = 0;
+    }
+}
+
+void ClearLoads(MonthCellArray& cells)
+{
+    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
+        cells[i].m_bMore = 0;
+        cells[i].m_nItemCount = 0;
+    }
+}
+
+// ---- Hit test
+
+int CellOfPoint(const MonthCellArray& cells, CPoint point)
+{
+    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
+        if (cells[i].m_rect.PtInRect(point))
+            return i;
+    }
+    return -1;
+}
+
+bool IsInDayCaption(const MonthCell& cell, CPoint point)
+{
+    return point.y < cell.m_rect.top + kMonthMetrics.dayCaptionHeight;
+}
+
+} // namespace dayvane
