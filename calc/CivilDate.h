@@ -1,0 +1,62 @@
+// A calendar day in whole numbers, taken once from a date-time so that no rule asks the date-time again.
+#pragma once
+
+#include "mfc/base/civil.h"
+
+#include <afxdisp.h>
+
+namespace dayvane
+{
+// Gregorian fields, years 100 to 9999; all -1 when there is no such day.
+struct CivilDate
+{
+    int year = -1;
+    int month = -1;
+    int day = -1;
+
+    bool IsValid() const { return month > 0; }
+};
+
+// The day of a date-time, its time of day dropped; no day for a date-time that is not valid or out of range.
+inline CivilDate CivilDateOf(const COleDateTime& date)
+{
+    SYSTEMTIME fields = {};
+    const DATE days = date;
+    if (!(days > civil::kFirstDay - 1 && days < civil::kLastDay + 1) || !date.GetAsSystemTime(fields)) {
+        return {};
+    }
+    return {fields.wYear, fields.wMonth, fields.wDay};
+}
+
+// Days since 30 December 1899 of a valid day.
+inline int SerialDayOf(const CivilDate& date)
+{
+    return civil::DayNumber(date.year, date.month, date.day);
+}
+
+// The day so many days later (earlier when negative); no day beyond either end of the valid years.
+inline CivilDate AddDays(const CivilDate& date, int days)
+{
+    const int serialDay = SerialDayOf(date) + days;
+    CivilDate result;
+    if (serialDay >= civil::kFirstDay && serialDay <= civil::kLastDay) {
+        civil::FromDayNumber(serialDay, result.year, result.month, result.day);
+    }
+    return result;
+}
+
+// Days of the week as COleDateTime counts them.
+enum Weekday { kSunday = 1, kMonday = 2, kThursday = 5 };
+
+inline int WeekdayOf(const CivilDate& date)
+{
+    return civil::DayOfWeek(SerialDayOf(date));
+}
+
+// Day of the month of the nth (1, 2, ...) such weekday of a month; the year must be valid.
+inline int NthWeekday(int year, int month, int weekday, int nth)
+{
+    const int firstWeekday = civil::DayOfWeek(civil::DayNumber(year, month, 1));
+    return 1 + (weekday - firstWeekday + 7) % 7 + 7 * (nth - 1);
+}
+} // namespace dayvane

@@ -1,0 +1,14 @@
+// Civil dates and the day numbers of CLunarDate (Julian day numbers less one).
+#pragma once
+
+#include "calc/CivilDate.h"
+
+namespace dayvane
+{
+// The number of a day of the calendar in force then: Julian before 15 October 1582. Fields of -1 give a number without
+// meaning.
+int DayNumberOf(const CivilDate& date);
+
+// The civil date of a day number, by the method of CLunarDate::JCtoGC.
+CivilDate CivilDateOfDayNumber(double dayNumber);
+} // namespace dayvane
