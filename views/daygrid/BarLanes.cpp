@@ -106,9 +106,9 @@ public:
         if (byDays == kNone)
             byDays = Add(bar);
         const Kind& kind = kinds[byDays];
-        if (kind.left == bar.left && kind.right == bar.right && kind.row == bar.row)
+        if (kind.left == bar.left && kind.right == bar.right)
             return byDays;
-        const auto key = std::make_tuple(bar.row, bar.first, bar.last, bar.left, bar.right);
+        const auto key = std::make_tuple(bar.first, bar.last, bar.left, bar.right);
         const auto [found, isNew] = m_others.emplace(key, kNone);
         if (isNew)
             found->second = Add(bar);
@@ -134,7 +134,7 @@ private:
 
     int m_boxCount;
     std::vector<int> m_byDays;
-    std::map<std::tuple<int, int, int, int, int>, int> m_others;
+    std::map<std::tuple<int, int, int, int>, int> m_others;
 };
 
 int FloorDiv(int a, int b)

@@ -19,7 +19,7 @@ namespace dayvane
 // count, so days outside the grid may be cut to the positions beside it.
 struct LaneBar
 {
-    int row = -1;       // row of the grid that the bar lies in; -1: it has no place and meets nobody
+    int row = -1;       // row of the grid that box `first` lies in; -1: it has no place and meets nobody
     int first = 0;      // 0 .. boxes - 1
     int last = 0;       // -1 .. boxes - 1; before first when the item ends before it starts
     int left = 0;       // pixels; left == right: it has no width and meets nobody

@@ -1,8 +1,9 @@
 #include "views/daygrid/MonthLayout.h"
 
-#include "calc/CalcHoliday.h"
-#include "calc/LunarDate.h"
+#include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
+
+#include <algorithm>
 
 namespace dayvane
 {
@@ -25,15 +26,14 @@ MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, co
         cell.m_nFlags |= MONTHCELL_INMONTH;
     if (fields == today)
         cell.m_nFlags |= MONTHCELL_TODAY;
-    tagHOLIDAY holiday;
-    if (CCalcHoliday::IsHoliday(date, holiday) == 1) {
-        cell.m_strHoliday = holiday.lpszName;
+    const DayAnnotation annotation = AnnotateDay(date);
+    if (annotation.holidayName) {
+        cell.m_strHoliday = annotation.holidayName;
         cell.m_bHoliday = 1;
-        cell.m_nHolidayType = holiday.bObservance;
+        cell.m_nHolidayType = annotation.isDayOff ? 0 : 1;
     }
-    CString term;
-    if (CLunarDate().Get24Setuki(date, term) == 1) {
-        cell.m_strText = cell.m_strHoliday + " " + term;
+    if (annotation.solarTerm) {
+        cell.m_strText = AnnotationText(annotation);
         cell.m_bSolarTerm = 1;
     }
     return cell;
