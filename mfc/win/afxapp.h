@@ -55,24 +55,9 @@ public:
     HICON LoadStandardIcon(LPCTSTR lpszIconName) const { return ::LoadIcon(nullptr, lpszIconName); }
     virtual int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt);
 
-    // Documents. The application owns its templates.
-    void AddDocTemplate(CDocTemplate* pTemplate);
-    CDocTemplate* GetFirstDocTemplate() const { return m_pDocTemplate; }
-    // The named file in a document, as the first template opens it; null when that failed.
-    virtual CDocument* OpenDocumentFile(LPCTSTR lpszFileName);
-    virtual BOOL SaveAllModified();
-    virtual BOOL DoPromptFileName(CString& fileName, LPCTSTR title, DWORD lFlags, BOOL bOpenFileDialog,
-                                  CDocTemplate* pTemplate);
-
 protected:
-    afx_msg void OnFileNew();
-    afx_msg void OnFileOpen();
-    afx_msg void OnFilePrintSetup();
     afx_msg void OnAppExit();
     DECLARE_MESSAGE_MAP()
-
-private:
-    CDocTemplate* m_pDocTemplate = nullptr;
 };
 
 CWinApp* AfxGetApp();       // null in a program without an application object

@@ -85,8 +85,6 @@ public:
     }
     // Offers the current notification to this control itself; TRUE when it took it.
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
-    // Sends the dialog's children their update-command-UI requests.
-    void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
 
     // Style, text and font
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLong(m_hWnd, GWL_STYLE)); }
@@ -151,7 +149,8 @@ public:
     void MapWindowPoints(CWnd* pwndTo, LPRECT lpRect) const { MapWindowPoints(pwndTo, RectPoints(lpRect), 2); }
     // Over the given window, else over the owner or parent, kept inside its monitor's work area.
     void CenterWindow(CWnd* pAlternateOwner = nullptr);
-    // Shows the bars or sends the children away: see CFrameWnd.
+    // Asks each child from nIDFirst to nIDLast to take its place in the client area (WM_SIZEPARENT) and gives what is
+    // left to the child nIDLeftOver; with lpRectLeft that rectangle is only computed.
     void RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, LPRECT lpRectLeft = nullptr);
 
     // Scroll bars of the window
@@ -370,6 +369,8 @@ protected:
     int m_nModalResult = 0;
 
 private:
+    explicit CWnd(HWND hWnd) : m_hWnd(hWnd) {} // the places of SetWindowPos
+    friend class AfxCreation;
     friend LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     static LPPOINT RectPoints(LPRECT lpRect) { return reinterpret_cast<LPPOINT>(lpRect); }
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);

@@ -1,0 +1,185 @@
+// Pens, brushes, fonts, bitmaps, regions: what owns a handle and what is only lent one.
+#include "afximpl.h"
+
+IMPLEMENT_DYNCREATE(CGdiObject, CObject)
+IMPLEMENT_DYNAMIC(CPen, CGdiObject)
+IMPLEMENT_DYNAMIC(CBrush, CGdiObject)
+IMPLEMENT_DYNAMIC(CFont, CGdiObject)
+IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
+IMPLEMENT_DYNAMIC(CPalette, CGdiObject)
+IMPLEMENT_DYNAMIC(CRgn, CGdiObject)
+
+namespace
+{
+
+// The class for the type of a handle, and how to make one.
+struct Kind
+{
+    CRuntimeClass* type;
+    std::unique_ptr<CGdiObject> (*make)();
+};
+
+template <class Object>
+Kind KindOf()
+{
+    return {RUNTIME_CLASS(Object), []() -> std::unique_ptr<CGdiObject> { return std::make_unique<Object>(); }};
+}
+
+Kind KindOfHandle(HGDIOBJ hObject)
+{
+    switch (::GetObjectType(hObject)) {
+    case OBJ_PEN:
+    case OBJ_EXTPEN:
+        return KindOf<CPen>();
+    case OBJ_BRUSH:
+        return KindOf<CBrush>();
+    case OBJ_FONT:
+        return KindOf<CFont>();
+    case OBJ_BITMAP:
+        return KindOf<CBitmap>();
+    case OBJ_PAL:
+        return KindOf<CPalette>();
+    case OBJ_REGION:
+        return KindOf<CRgn>();
+    default:
+        return KindOf<CGdiObject>();
+    }
+}
+
+} // namespace
+
+CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
+{
+    auto& objects = AfxState().gdiObjects;
+    if (hObject == nullptr) {
+        return nullptr;
+    }
+    if (CGdiObject* object = objects.Permanent(hObject)) {
+        return object;
+    }
+    const Kind kind = KindOfHandle(hObject);
+    CGdiObject* known = objects.Temporary(hObject);
+    // The system may have given the number of a deleted object to one of another type.
+    if (known != nullptr && known->GetRuntimeClass() == kind.type) {
+        return known;
+    }
+    std::unique_ptr<CGdiObject> made = kind.make();
+    made->m_hObject = hObject;
+    return objects.SetTemporary(hObject, std::move(made));
+}
+
+BOOL CGdiObject::Attach(HGDIOBJ hObject)
+{
+    ASSERT(m_hObject == nullptr);
+    if (hObject == nullptr) {
+        return FALSE;
+    }
+    m_hObject = hObject;
+    AfxState().gdiObjects.SetPermanent(hObject, this);
+    return TRUE;
+}
+
+HGDIOBJ CGdiObject::Detach()
+{
+    const HGDIOBJ hObject = m_hObject;
+    if (hObject != nullptr) {
+        AfxState().gdiObjects.RemovePermanent(hObject, this);
+    }
+    m_hObject = nullptr;
+    return hObject;
+}
+
+BOOL CGdiObject::DeleteObject()
+{
+    return m_hObject != nullptr && ::DeleteObject(Detach());
+}
+
+CPen::CPen(int nPenStyle, int nWidth, COLORREF crColor)
+{
+    if (!CreatePen(nPenStyle, nWidth, crColor)) {
+        AfxThrowResourceException();
+    }
+}
+
+CPen::CPen(int nPenStyle, int nWidth, const LOGBRUSH* pLogBrush, int nStyleCount, const DWORD* lpStyle)
+{
+    if (!CreatePen(nPenStyle, nWidth, pLogBrush, nStyleCount, lpStyle)) {
+        AfxThrowResourceException();
+    }
+}
+
+CBrush::CBrush(COLORREF crColor)
+{
+    if (!CreateSolidBrush(crColor)) {
+        AfxThrowResourceException();
+    }
+}
+
+CBrush::CBrush(int nIndex, COLORREF crColor)
+{
+    if (!CreateHatchBrush(nIndex, crColor)) {
+        AfxThrowResourceException();
+    }
+}
+
+CBrush::CBrush(CBitmap* pBitmap)
+{
+    if (!CreatePatternBrush(pBitmap)) {
+        AfxThrowResourceException();
+    }
+}
+
+BOOL CBrush::CreatePatternBrush(CBitmap* pBitmap)
+{
+    return Attach(::CreatePatternBrush(*pBitmap));
+}
+
+BOOL CFont::CreateFont(int nHeight, int nWidth, int nEscapement, int nOrientation, int nWeight, BYTE bItalic,
+                       BYTE bUnderline, BYTE cStrikeOut, BYTE nCharSet, BYTE nOutPrecision, BYTE nClipPrecision,
+                       BYTE nQuality, BYTE nPitchAndFamily, LPCTSTR lpszFacename)
+{
+    return Attach(::CreateFont(nHeight, nWidth, nEscapement, nOrientation, nWeight, bItalic, bUnderline, cStrikeOut,
+                               nCharSet, nOutPrecision, nClipPrecision, nQuality, nPitchAndFamily, lpszFacename));
+}
+
+BOOL CFont::CreatePointFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC)
+{
+    LOGFONT logFont = {};
+    logFont.lfCharSet = DEFAULT_CHARSET;
+    logFont.lfHeight = nPointSize;
+    ::lstrcpyn(logFont.lfFaceName, lpszFaceName, LF_FACESIZE);
+    return CreatePointFontIndirect(&logFont, pDC);
+}
+
+BOOL CFont::CreatePointFontIndirect(const LOGFONT* lpLogFont, CDC* pDC)
+{
+    constexpr int tenthsPerInch = 720;
+    const HDC hDC = pDC != nullptr ? pDC->m_hAttribDC : ::GetDC(nullptr);
+    LOGFONT logFont = *lpLogFont;
+    POINT top = {0, ::MulDiv(logFont.lfHeight, ::GetDeviceCaps(hDC, LOGPIXELSY), tenthsPerInch)};
+    ::DPtoLP(hDC, &top, 1);
+    POINT origin = {0, 0};
+    ::DPtoLP(hDC, &origin, 1);
+    logFont.lfHeight = -std::abs(top.y - origin.y);
+    if (pDC == nullptr) {
+        ::ReleaseDC(nullptr, hDC);
+    }
+    return CreateFontIndirect(&logFont);
+}
+
+BOOL CBitmap::LoadBitmap(LPCTSTR lpszResourceName)
+{
+    return Attach(::LoadBitmap(AfxFindResourceHandle(lpszResourceName, RT_BITMAP), lpszResourceName));
+}
+
+BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight)
+{
+    return Attach(::CreateCompatibleBitmap(pDC->m_hDC, nWidth, nHeight));
+}
+
+CSize CBitmap::GetBitmapDimension() const
+{
+    SIZE size = {};
+    ::GetBitmapDimensionEx(*this, &size);
+    return CSize(size);
+}
