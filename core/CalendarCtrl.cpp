@@ -142,6 +142,8 @@ void CCalendarCtrl::RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground)
 
 void CCalendarCtrl::OnDestroy()
 {
+    CancelTracking();
+    FinishEdit(FALSE);
     CWnd::OnDestroy();
     for (int slot = 0; slot < 3; ++slot)
         m_fontCache[slot].DeleteObject();
@@ -149,9 +151,8 @@ void CCalendarCtrl::OnDestroy()
 
 void CCalendarCtrl::PostNcDestroy()
 {
-    m_bDateSelecting = m_bDragging = m_bDragPending = m_bShiftExtend = FALSE;
-    m_bEditing = FALSE;
-    m_bHasFocus = FALSE;
+    m_pointer = dayvane::PointerTracker();
+    m_bShiftExtend = m_bEditing = m_bScrollTimer = m_bHasFocus = FALSE;
     CWnd::PostNcDestroy();
 }
 

@@ -21,8 +21,10 @@
 #include "core/CalendarNotify.h"
 #include "core/CalendarRecords.h"
 #include "core/CalendarSettings.h"
+#include "core/PointerTracker.h"
 
 struct CPrintInfo;
+class CInPlaceEdit;
 
 class CCalendarCtrl : public CWnd
 {
@@ -186,8 +188,16 @@ public:
 
     virtual void BeginEditItem(const char* lpszText); // opens an edit box over the current cell
     virtual void EndEditItem(const char* lpszText, int nMode); // reports the text to the parent
+    // Stays TRUE after an edit was cancelled with Escape, until the next edit ends with a text.
     BOOL IsEditing() const { return m_bEditing; }
-    BOOL IsDragging() const { return m_bDragging; }
+    void EditBoxGone(CInPlaceEdit* pEdit); // for the edit box
+    BOOL IsDragging() const { return m_pointer.IsDragging(); }
+    // While an item is dragged, and during CCN_ITEMMOVED: the times it had before. FALSE when nothing is dragged.
+    BOOL GetDragOrigin(COleDateTime& start, COleDateTime& end) const;
+    // Extended: a dragged item keeps its distance from the pointer, and its time of day where the view shows whole
+    // days; in the time grids its lower or right edge can be pulled. Otherwise it begins where the pointer is.
+    void EnableExtendedMove(BOOL bEnable) { m_bExtendedMove = bEnable; }
+    BOOL IsExtendedMove() const { return m_bExtendedMove; }
 
 protected:
     enum { kEditId = 1 }; // identifier of the edit box
@@ -237,6 +247,24 @@ protected:
     // ---- Item drag.
     virtual void MoveItem(tagCCHITTESTINFO hit);
     virtual void MoveItemEx(tagCCHITTESTINFO hit);
+    // Extended drags: which edges of the screen item may be pulled (dayvane::ItemEdge), and the length of a row.
+    virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
+    virtual int GetMoveStepMinutes();
+
+    // Closes an open edit box. Views call it before the shown range, the scroll position or the size changes.
+    void FinishEdit(BOOL bCommit);
+    tagCCHITTESTINFO HitAt(CPoint point);
+    tagCCHITTESTINFO KeyboardHit();
+    static dayvane::PointerHit PointerHitOf(const tagCCHITTESTINFO& hit);
+    dayvane::ItemEdge EdgeUnder(const tagCCHITTESTINFO& hit);
+    void Apply(const dayvane::PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit);
+    void StopTracking();
+    void CancelTracking(); // the one way out of a press, sweep or drag that does not end with its release
+    bool GetDraggedTimes(dayvane::ItemTimes& times) const;
+    BOOL HasTimes(int nIndex, const dayvane::ItemTimes& times) const;
+    void PutItemTimes(int nIndex, const dayvane::ItemTimes& times);
+    void WatchScrollEdge(CPoint point);
+    void ArrowKey(void (CCalendarCtrl::*move)(UINT));
 
     CItemArray m_arItem;       // the host's items, in the host's order
     CItemArray m_arScreenItem; // what is shown
@@ -279,15 +307,17 @@ protected:
     int m_cyIcon = 0;
 
     // Interaction.
-    BOOL m_bShiftExtend = FALSE;
-    BOOL m_bDateSelecting = FALSE;
-    BOOL m_bDragging = FALSE;
-    BOOL m_bDragPending = FALSE;
-    BOOL m_bItemDrag = TRUE;
-    BOOL m_bFulldaySelection = FALSE;
-    BOOL m_bExtendedMove = FALSE;
-    CPoint m_ptPress = CPoint(-1, -1);
+    dayvane::PointerTracker m_pointer;
+    BOOL m_bShiftExtend = FALSE;      // the selection is being extended with Shift and an arrow key
+    BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag
+    BOOL m_bExtendedMove = FALSE;     // drags go through MoveItemEx
+    BOOL m_bFulldaySelection = FALSE; // the selection stands for whole days
     BOOL m_bEditing = FALSE;
+    CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself
+    BOOL m_bScrollTimer = FALSE;
+    BOOL m_bReleasingCapture = FALSE;
+    unsigned m_nItemVersion = 0; // counts changes of the store
+    unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
     Alive* m_pAlive = nullptr; // innermost guard
 
     // Message handlers, in the order of the message map.

@@ -6,14 +6,15 @@
 namespace
 {
 constexpr UINT kExtendSelection = 0x10; // argument of the move operations: Shift
-constexpr DWORD kHoverMilliseconds = 1000;
-constexpr CPoint kNoPoint(-1, -1);
 } // namespace
 
 void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
     Alive alive(this);
     switch (nChar) {
+    case VK_ESCAPE:
+        CancelTracking();
+        break;
     case VK_TAB:
         SetFocusToItem();
         break;
@@ -59,7 +60,7 @@ void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
             return;
         InvalidateCellRect(m_dtSelEnd);
         m_bShiftExtend = TRUE;
-        m_bDragPending = FALSE;
+        m_pointer.ForgetPendingDrag();
         SetCurSel(-1);
     } else {
         m_bShiftExtend = FALSE;

@@ -43,6 +43,7 @@ int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 
 void CCalendarCtrl::ItemsChanged(int bUpdate, int bRedraw)
 {
+    ++m_nItemVersion;
     if (bUpdate)
         UpdateScreenItems();
     if (bRedraw)
@@ -65,6 +66,7 @@ void CCalendarCtrl::DeleteAllItems()
 {
     m_arItem.RemoveAll();
     m_arScreenItem.RemoveAll();
+    ++m_nItemVersion;
     ClearDayProperty();
     InvalidateClient();
 }

@@ -1,58 +1,221 @@
-// The base control's mouse: press, sweep, drag, release, hover, context menu.
+// The base control's mouse: asks the view what lies under the pointer, hands it to the tracker, carries out what the
+// tracker answers.
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
 
 namespace
 {
+
 constexpr DWORD kHoverMilliseconds = 1000;
-constexpr int kDragSlop = 5; // pixels in each direction before a press becomes a drag
 constexpr UINT kDragCursor = 18006;
+constexpr UINT_PTR kScrollTimer = 0x4441;
+constexpr UINT kScrollMilliseconds = 120; // between the steps of an auto-scroll; passing the edge quickly does not scroll
+
+HCURSOR CursorOfEdge(dayvane::ItemEdge edge)
+{
+    if (edge == dayvane::EDGE_NONE)
+        return nullptr;
+    return ::LoadCursor(nullptr, edge == dayvane::EDGE_BOTTOM ? IDC_SIZENS : IDC_SIZEWE);
+}
+
+HCURSOR DragCursor()
+{
+    static HCURSOR cursor = AfxGetApp() ? AfxGetApp()->LoadCursor(kDragCursor) : nullptr;
+    return cursor ? cursor : ::LoadCursor(nullptr, IDC_SIZEALL);
+}
+
 } // namespace
+
+tagCCHITTESTINFO CCalendarCtrl::HitAt(CPoint point)
+{
+    tagCCHITTESTINFO hit;
+    hit.pt = point;
+    HitTest(hit);
+    return hit;
+}
+
+dayvane::PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
+{
+    dayvane::PointerHit pointer;
+    pointer.point = hit.pt;
+    pointer.code = hit.nHitCode;
+    pointer.item = hit.nItem;
+    pointer.time = dayvane::FromSystemTime(hit.time);
+    return pointer;
+}
+
+dayvane::ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
+{
+    if (!m_bExtendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
+        IsItemMovable(hit.nItem) != 1)
+        return dayvane::EDGE_NONE;
+    const tagCALENDAR_ITEM& item = m_arScreenItem[hit.nScreenItem];
+    CRect box = item.rcItem;
+    if (hit.nHitCode != CCHT_ONFULLDAYITEM)
+        box.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+    return dayvane::EdgeAt(box, hit.pt, GetPullableEdges(item));
+}
+
+int CCalendarCtrl::GetPullableEdges(const tagCALENDAR_ITEM&)
+{
+    return dayvane::EDGE_NONE;
+}
+
+int CCalendarCtrl::GetMoveStepMinutes()
+{
+    return 60 / m_nTimeScale;
+}
+
+void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit)
+{
+    using dayvane::PointerEffect;
+    Alive alive(this);
+    for (const PointerEffect& effect : effects) {
+        switch (effect.kind) {
+        case PointerEffect::SELECT_ITEM:
+            SetCurSel(effect.item);
+            break;
+        case PointerEffect::CLEAR_ITEM:
+            SetCurSel(-1);
+            break;
+        case PointerEffect::BEGIN_SELECTION:
+            InvalidateCellRectRange();
+            m_dtPrevSelEnd = m_dtSelEnd;
+            SetSelRange(effect.times.start, effect.times.end, effect.fullday);
+            InvalidateCellRectRange();
+            break;
+        case PointerEffect::EXTEND_SELECTION:
+            m_dtPrevSelEnd = m_dtSelEnd;
+            InvalidateCellRectRange();
+            m_dtSelEnd = effect.times.end;
+            InvalidateCellRectRange();
+            break;
+        case PointerEffect::MARK_DATE:
+            m_dtPrevSelEnd = m_dtSelEnd;
+            m_dtSelBegin = m_dtSelEnd = effect.times.start;
+            break;
+        case PointerEffect::TAKE_CAPTURE:
+            SetCapture();
+            break;
+        case PointerEffect::RELEASE_CAPTURE:
+            StopTracking();
+            break;
+        case PointerEffect::DRAG_CURSOR:
+            ::SetCursor(m_pointer.Edge() == dayvane::EDGE_NONE ? DragCursor() : CursorOfEdge(m_pointer.Edge()));
+            break;
+        case PointerEffect::ARROW_CURSOR:
+            ::SetCursor(::LoadCursor(nullptr, IDC_ARROW));
+            break;
+        case PointerEffect::PUT_ITEM:
+            PutItemTimes(effect.item, effect.times);
+            break;
+        case PointerEffect::PUT_BACK:
+            if (HasTimes(effect.item, m_pointer.LastPut()))
+                PutItemTimes(effect.item, effect.times);
+            break;
+        case PointerEffect::NOTIFY_MOVED:
+            Notify(CCN_ITEMMOVED, m_nCurSel, nFlags, hit.pt, hit.time, hit.nHitCode);
+            break;
+        }
+        if (!alive)
+            return;
+    }
+}
+
+// The tracker has forgotten its press, or is about to: the capture goes without being taken for a lost one.
+void CCalendarCtrl::StopTracking()
+{
+    m_pointer.Released();
+    KillTimer(kScrollTimer);
+    m_bScrollTimer = FALSE;
+    if (::GetCapture() == m_hWnd) {
+        m_bReleasingCapture = TRUE;
+        ReleaseCapture();
+        m_bReleasingCapture = FALSE;
+    }
+}
+
+BOOL CCalendarCtrl::HasTimes(int nIndex, const dayvane::ItemTimes& times) const
+{
+    return nIndex >= 0 && nIndex < GetItemCount() && m_arItem[nIndex].dtStart == times.start &&
+           m_arItem[nIndex].dtEnd == times.end;
+}
+
+void CCalendarCtrl::PutItemTimes(int nIndex, const dayvane::ItemTimes& times)
+{
+    if (nIndex < 0 || nIndex >= GetItemCount())
+        return;
+    tagCC_ITEM item;
+    GetItem(nIndex, item);
+    item.dtStart = times.start;
+    item.dtEnd = times.end;
+    SetItem(nIndex, &item, FALSE, FALSE);
+    Refresh();
+    InvalidateCellRectRange();
+}
+
+void CCalendarCtrl::CancelTracking()
+{
+    if (!m_pointer.IsBusy())
+        return;
+    Apply(m_pointer.Cancel(), 0, tagCCHITTESTINFO());
+}
+
+BOOL CCalendarCtrl::GetDragOrigin(COleDateTime& start, COleDateTime& end) const
+{
+    if (!m_pointer.IsDragging())
+        return FALSE;
+    start = m_pointer.Origin().start;
+    end = m_pointer.Origin().end;
+    return TRUE;
+}
+
+// ---- Buttons
 
 void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
 {
     Alive alive(this);
-    tagCCHITTESTINFO hit;
-    hit.pt = point;
-    HitTest(hit);
+    SetFocus(); // may end an edit, and so run the host's code
+    if (!alive)
+        return;
+    const unsigned itemsBefore = m_nItemVersion;
+    const unsigned cancelsBefore = m_nCancelCount;
+    tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
     if (!alive)
         return;
-    if (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONFULLDAYITEM) {
-        SetCurSel(hit.nItem);
-        m_bDateSelecting = FALSE;
-        m_bDragging = FALSE;
-        if (IsItemMovable(hit.nItem) == 1) {
-            m_bDragPending = TRUE;
-            m_ptPress = point;
-        }
-        SetCapture();
-    } else if (hit.nHitCode != CCHT_NOWHERE) {
-        SetSelRange(dayvane::FromSystemTime(hit.time), dayvane::FromSystemTime(hit.time),
-                    hit.nHitCode == CCHT_ONFULLDAY);
-        m_bDateSelecting = TRUE;
-        m_bDragging = FALSE;
-        SetCurSel(-1);
+    if (m_nItemVersion != itemsBefore)
+        hit = HitAt(point); // the host has changed what lies there
+    if (hit.nHitCode == CCHT_NOWHERE) {
+        Default();
+        return;
     }
+    dayvane::PressedItem pressed;
+    if (hit.nItem >= 0 && hit.nItem < GetItemCount()) {
+        pressed.movable = IsItemMovable(hit.nItem) == 1;
+        pressed.times = {m_arItem[hit.nItem].dtStart, m_arItem[hit.nItem].dtEnd};
+        pressed.edge = EdgeUnder(hit);
+    }
+    Apply(m_pointer.Press(PointerHitOf(hit), pressed), nFlags, hit);
+    if (alive && m_nCancelCount != cancelsBefore)
+        CancelTracking(); // a dialog of the host came in between: the button went up over it
 }
 
 void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
 {
-    tagCCHITTESTINFO hit;
-    hit.pt = point;
-    HitTest(hit);
-    if (m_bDateSelecting && hit.nHitCode != CCHT_NOWHERE) {
-        m_dtPrevSelEnd = m_dtSelEnd;
-        m_dtSelEnd = dayvane::FromSystemTime(hit.time);
-        InvalidateCellRectRange();
-    }
+    Alive alive(this);
+    const tagCCHITTESTINFO hit = HitAt(point);
+    Apply(m_pointer.Sweep(PointerHitOf(hit)), nFlags, hit);
     if (m_bItemDrag) {
         if (m_bExtendedMove)
             MoveItemEx(hit);
         else
             MoveItem(hit);
     }
+    if (!alive)
+        return;
+    WatchScrollEdge(point);
     if (m_bHoverEvents && (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION ||
                            hit.nHitCode == CCHT_ONFULLDAYITEM)) {
         TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER, m_hWnd, kHoverMilliseconds};
@@ -61,28 +224,171 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     CWnd::OnMouseMove(nFlags, point);
 }
 
-void CCalendarCtrl::OnMouseHover(UINT nFlags, CPoint point)
+void CCalendarCtrl::MoveItem(tagCCHITTESTINFO hit)
 {
-    tagCCHITTESTINFO hit;
-    hit.pt = point;
-    HitTest(hit);
-    Notify(CCN_MOUSEHOVER, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
+    dayvane::ItemTimes times;
+    const bool there = GetDraggedTimes(times);
+    Apply(m_pointer.Drag(PointerHitOf(hit), there ? &times : nullptr), 0, hit);
+}
+
+void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
+{
+    dayvane::ItemTimes times;
+    const bool there = GetDraggedTimes(times);
+    Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes()), 0, hit);
+}
+
+bool CCalendarCtrl::GetDraggedTimes(dayvane::ItemTimes& times) const
+{
+    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount())
+        return false;
+    times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd};
+    return true;
+}
+
+void CCalendarCtrl::OnLButtonUp(UINT nFlags, CPoint point)
+{
+    Alive alive(this);
+    const tagCCHITTESTINFO hit = HitAt(point);
+    Apply(m_pointer.Release(PointerHitOf(hit)), nFlags, hit);
+    if (alive)
+        CWnd::OnLButtonUp(nFlags, point);
+}
+
+void CCalendarCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
+{
+    Alive alive(this);
+    SetFocus();
+    if (!alive)
+        return;
+    const tagCCHITTESTINFO hit = HitAt(point);
+    Notify(CCN_ITEMDBLCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
+    if (alive)
+        CWnd::OnLButtonDblClk(nFlags, point);
 }
 
 void CCalendarCtrl::OnRButtonDown(UINT nFlags, CPoint point)
 {
     Alive alive(this);
-    tagCCHITTESTINFO hit;
-    hit.pt = point;
-    HitTest(hit);
+    const tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMRCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
     if (alive)
         CWnd::OnRButtonDown(nFlags, point);
 }
 
+void CCalendarCtrl::OnContextMenu(CWnd*, CPoint point)
+{
+    tagCCHITTESTINFO hit;
+    if (point == CPoint(-1, -1)) { // from the keyboard
+        hit = KeyboardHit();
+    } else {
+        ScreenToClient(&point);
+        hit = HitAt(point);
+    }
+    Notify(CCN_CONTEXTMENU, hit.nItem, 0, hit.pt, hit.time, hit.nHitCode);
+}
+
+// Where a menu from the keyboard belongs: the shown part of the current item, else the current cell.
+tagCCHITTESTINFO CCalendarCtrl::KeyboardHit()
+{
+    CRect rect(0, 0, 0, 0);
+    tagCCHITTESTINFO hit;
+    for (int i = 0; m_nCurSel >= 0 && i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
+        if (m_arScreenItem[i].nSource != m_nCurSel || m_arScreenItem[i].rcItem.top == -1)
+            continue;
+        rect = m_arScreenItem[i].rcItem;
+        if (!IsFulldayItem(m_arScreenItem[i]))
+            rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+        hit.nItem = m_nCurSel;
+        hit.nScreenItem = i;
+        hit.nHitCode = CCHT_ONITEM;
+        dayvane::ToSystemTime(m_arItem[m_nCurSel].dtStart, hit.time);
+        break;
+    }
+    if (hit.nItem == -1) {
+        int mode = 0;
+        GetCurCellRect(rect, mode);
+        hit.nHitCode = CCHT_ONCELL;
+        dayvane::ToSystemTime(m_dtSelBegin, hit.time);
+    }
+    CRect client;
+    GetClientRect(&client);
+    CRect shown;
+    hit.pt = shown.IntersectRect(&rect, &client) ? shown.CenterPoint() : client.CenterPoint();
+    return hit;
+}
+
+void CCalendarCtrl::OnMouseHover(UINT nFlags, CPoint point)
+{
+    const tagCCHITTESTINFO hit = HitAt(point);
+    Notify(CCN_MOUSEHOVER, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
+}
+
 BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 {
-    if (m_bDragging || m_bDragPending)
-        return TRUE;
+    if (m_pointer.IsDragging() || m_pointer.IsDragPending())
+        return CWnd::OnSetCursor(pWnd, nHitTest, message);
+    if (nHitTest == HTCLIENT && m_bExtendedMove && pWnd == this) {
+        CPoint point;
+        ::GetCursorPos(&point);
+        ScreenToClient(&point);
+        if (HCURSOR cursor = CursorOfEdge(EdgeUnder(HitAt(point)))) {
+            ::SetCursor(cursor);
+            return TRUE;
+        }
+    }
+    ::SetCursor(::LoadCursor(nullptr, IDC_ARROW));
     return CWnd::OnSetCursor(pWnd, nHitTest, message);
+}
+
+// ---- Capture and auto-scroll
+
+void CCalendarCtrl::OnCaptureChanged(CWnd* pWnd)
+{
+    if (pWnd != this && !m_bReleasingCapture)
+        CancelTracking();
+}
+
+void CCalendarCtrl::OnCancelMode()
+{
+    ++m_nCancelCount;
+    CancelTracking();
+    CWnd::OnCancelMode();
+}
+
+void CCalendarCtrl::WatchScrollEdge(CPoint point)
+{
+    const bool wanted = (m_pointer.IsSelecting() || m_pointer.IsDragging()) && ::GetCapture() == m_hWnd &&
+                        dayvane::AutoScrollAt(m_rcContent, point) != 0;
+    if (wanted && !m_bScrollTimer) {
+        SetTimer(kScrollTimer, kScrollMilliseconds, nullptr);
+        m_bScrollTimer = TRUE;
+    } else if (!wanted && m_bScrollTimer) {
+        KillTimer(kScrollTimer);
+        m_bScrollTimer = FALSE;
+    }
+}
+
+void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
+{
+    if (nIDEvent != kScrollTimer) {
+        CWnd::OnTimer(nIDEvent);
+        return;
+    }
+    CPoint point;
+    ::GetCursorPos(&point);
+    ScreenToClient(&point);
+    const int step = dayvane::AutoScrollAt(m_rcContent, point);
+    Alive alive(this);
+    if (step != 0) {
+        SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);
+        if (!alive)
+            return;
+        if (m_pointer.IsSelecting())
+            m_dtSelBegin = m_pointer.SweepBegin(); // scrolling may have moved the selection along
+    }
+    if (m_pointer.IsBusy())
+        OnMouseMove(MK_LBUTTON, point);
+    else
+        WatchScrollEdge(point);
 }

@@ -1,0 +1,242 @@
+#include "core/PointerTracker.h"
+
+#include "core/DateMath.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace dayvane
+{
+namespace
+{
+
+constexpr int kDragSlop = 5; // pixels in each direction before a press becomes a drag
+constexpr int kSecondsPerMinute = 60;
+constexpr long long kSecondsPerDay = 86400;
+
+bool IsValid(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid;
+}
+
+bool IsValid(const ItemTimes& times)
+{
+    return IsValid(times.start) && IsValid(times.end);
+}
+
+bool IsItemCode(int code)
+{
+    return code == CCHT_ONITEM || code == CCHT_ONFULLDAYITEM;
+}
+
+bool IsBandCode(int code)
+{
+    return code == CCHT_ONFULLDAY || code == CCHT_ONFULLDAYITEM;
+}
+
+int EdgeStrip(int size)
+{
+    return std::min(kEdgeReach, size / 4);
+}
+
+PointerEffect Plain(PointerEffect::Kind kind, int item = -1)
+{
+    PointerEffect effect = {};
+    effect.kind = kind;
+    effect.item = item;
+    return effect;
+}
+
+PointerEffect WithTimes(PointerEffect::Kind kind, const COleDateTime& start, const COleDateTime& end, int item = -1)
+{
+    PointerEffect effect = Plain(kind, item);
+    effect.times = {start, end};
+    return effect;
+}
+
+ItemTimes Shifted(const ItemTimes& times, long long seconds)
+{
+    return {AddSeconds(times.start, seconds), AddSeconds(times.end, seconds)};
+}
+
+} // namespace
+
+ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges)
+{
+    if (!box.PtInRect(point))
+        return EDGE_NONE;
+    if ((pullableEdges & EDGE_BOTTOM) && point.y >= box.bottom - EdgeStrip(box.Height()))
+        return EDGE_BOTTOM;
+    if ((pullableEdges & EDGE_RIGHT) && point.x >= box.right - EdgeStrip(box.Width()))
+        return EDGE_RIGHT;
+    return EDGE_NONE;
+}
+
+int AutoScrollAt(const CRect& content, const CPoint& point)
+{
+    // Where both strips would meet there is no room to scroll.
+    if (content.Height() <= 2 * kScrollReach)
+        return 0;
+    if (point.y < content.top + kScrollReach)
+        return -1;
+    return point.y >= content.bottom - kScrollReach ? 1 : 0;
+}
+
+PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& pressed)
+{
+    PointerEffects effects;
+    if (hit.code == CCHT_NOWHERE)
+        return effects;
+    m_dragging = m_dropping = false;
+    if (IsItemCode(hit.code)) {
+        m_selecting = false;
+        m_pending = pressed.movable;
+        m_pressPoint = pressed.movable ? hit.point : CPoint(-1, -1);
+        m_item = hit.item;
+        m_edge = pressed.edge;
+        m_pressInBand = IsBandCode(hit.code);
+        m_pressTime = hit.time;
+        m_origin = m_lastPut = pressed.times;
+        effects.push_back(Plain(PointerEffect::SELECT_ITEM, hit.item));
+    } else {
+        m_selecting = true;
+        m_pending = false;
+        m_sweepBegin = hit.time;
+        PointerEffect begin = WithTimes(PointerEffect::BEGIN_SELECTION, hit.time, hit.time);
+        begin.fullday = hit.code == CCHT_ONFULLDAY;
+        effects.push_back(begin);
+        effects.push_back(Plain(PointerEffect::CLEAR_ITEM));
+    }
+    effects.push_back(Plain(PointerEffect::TAKE_CAPTURE));
+    return effects;
+}
+
+PointerEffects PointerTracker::Sweep(const PointerHit& hit)
+{
+    PointerEffects effects;
+    if (m_selecting && hit.code != CCHT_NOWHERE)
+        effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
+    return effects;
+}
+
+PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
+{
+    PointerEffects effects;
+    if (!m_pending)
+        return effects;
+    if (std::abs(hit.point.x - m_pressPoint.x) <= kDragSlop && std::abs(hit.point.y - m_pressPoint.y) <= kDragSlop)
+        return effects;
+    m_pressPoint = CPoint(-1, -1);
+    m_dragging = true;
+    effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
+    return effects;
+}
+
+void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times)
+{
+    if (!IsValid(times))
+        return;
+    m_lastPut = times;
+    effects.push_back(WithTimes(PointerEffect::MARK_DATE, hit.time, hit.time));
+    effects.push_back(WithTimes(PointerEffect::PUT_ITEM, times.start, times.end, m_item));
+}
+
+PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* current)
+{
+    if (!m_dragging)
+        return StartDragOutsideSlop(hit);
+    PointerEffects effects;
+    m_pending = false;
+    if (!current)
+        return Cancel();
+    effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
+    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && IsValid(*current))
+        PutItem(effects, hit, {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end))});
+    return effects;
+}
+
+PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes)
+{
+    if (!m_dragging)
+        return StartDragOutsideSlop(hit);
+    PointerEffects effects;
+    m_pending = false;
+    if (!current)
+        return Cancel();
+    effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
+    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !IsValid(m_origin))
+        return effects;
+    if (m_edge != EDGE_NONE) {
+        PutItem(effects, hit, Pulled(hit, stepMinutes));
+        return effects;
+    }
+    // Between the full-day band and the rows only the day counts: a band has no times.
+    const bool sameKind = IsBandCode(hit.code) == m_pressInBand;
+    const long long days = DayNumberOf(hit.time) - DayNumberOf(m_pressTime);
+    const long long seconds = sameKind ? SecondsBetween(m_pressTime, hit.time) : days * kSecondsPerDay;
+    PutItem(effects, hit, Shifted(m_origin, seconds));
+    return effects;
+}
+
+ItemTimes PointerTracker::Pulled(const PointerHit& hit, int stepMinutes) const
+{
+    ItemTimes times = m_origin;
+    if (m_edge == EDGE_RIGHT) {
+        const int days = DayNumberOf(hit.time) - DayNumberOf(m_origin.end);
+        times.end = AddDays(m_origin.end, days);
+        if (IsValid(times.end) && times.end < times.start)
+            times.end = IsSameDay(times.start, m_origin.end) ? m_origin.end : EndOfDay(times.start);
+        return times;
+    }
+    // The lower edge: to the end of the row under the pointer, on the item's own day and not beyond it.
+    const long long step = static_cast<long long>(stepMinutes) * kSecondsPerMinute;
+    const COleDateTime day = StartOfDay(m_origin.start);
+    const long long rowEnd = SecondsBetween(StartOfDay(hit.time), hit.time) + step;
+    const long long least = SecondsBetween(day, m_origin.start) + step;
+    const long long lastSecond = kSecondsPerDay - 1;
+    times.end = AddSeconds(day, std::min(std::max(rowEnd, least), lastSecond));
+    return times;
+}
+
+PointerEffects PointerTracker::Release(const PointerHit& hit)
+{
+    PointerEffects effects;
+    if (m_selecting && hit.code != CCHT_NOWHERE) {
+        effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
+        m_selecting = false;
+    }
+    if (m_dragging && !m_pending) {
+        m_dropping = true;
+        effects.push_back(Plain(PointerEffect::NOTIFY_MOVED, m_item));
+    }
+    effects.push_back(Plain(PointerEffect::ARROW_CURSOR));
+    effects.push_back(Plain(PointerEffect::RELEASE_CAPTURE));
+    return effects;
+}
+
+void PointerTracker::Released()
+{
+    m_dragging = m_pending = m_dropping = false;
+    m_edge = EDGE_NONE;
+}
+
+PointerEffects PointerTracker::Cancel()
+{
+    PointerEffects effects;
+    if (m_dragging && !m_pending && !m_dropping)
+        effects.push_back(WithTimes(PointerEffect::PUT_BACK, m_origin.start, m_origin.end, m_item));
+    if (IsBusy()) {
+        effects.push_back(Plain(PointerEffect::ARROW_CURSOR));
+        effects.push_back(Plain(PointerEffect::RELEASE_CAPTURE));
+    }
+    m_selecting = false;
+    Released();
+    return effects;
+}
+
+void PointerTracker::ForgetPendingDrag()
+{
+    m_pending = false;
+}
+
+} // namespace dayvane

@@ -1,0 +1,130 @@
+// What the mouse does to a calendar, without a window: events in, effects out.
+//
+// A press either begins a sweep over dates, or makes an item current and may begin a drag. The control hands every
+// event over with what its hit test found, and carries out the effects in their order. All decisions that do not
+// depend on a view are here.
+#pragma once
+
+#include "core/CalendarRecords.h"
+
+#include <vector>
+
+namespace dayvane
+{
+
+// Which edge of an item a press takes hold of; also the edges that a view lets the user pull.
+enum ItemEdge
+{
+    EDGE_NONE = 0,
+    EDGE_BOTTOM = 1, // moves the time of the end
+    EDGE_RIGHT = 2,  // moves the day of the end
+};
+
+// The pullable edge under the point: a strip of kEdgeReach pixels inside the box, at most a quarter of its size, so
+// that a small box can still be moved. The bottom edge wins in the corner.
+ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges);
+constexpr int kEdgeReach = 4;
+
+// -1, 0 or +1: whether a drag at the point wants the content scrolled up or down. Reaches a little over both edges.
+int AutoScrollAt(const CRect& content, const CPoint& point);
+constexpr int kScrollReach = 8; // pixels within the content's upper and lower edge
+
+struct ItemTimes
+{
+    COleDateTime start;
+    COleDateTime end;
+};
+
+// What lies under the pointer.
+struct PointerHit
+{
+    CPoint point;
+    int code = CCHT_NOWHERE;
+    int item = -1;
+    COleDateTime time; // of the cell or row under the point; not valid when there is none
+};
+
+// What the control knows of the item under a press.
+struct PressedItem
+{
+    bool movable = false;
+    ItemTimes times;
+    ItemEdge edge = EDGE_NONE;
+};
+
+struct PointerEffect
+{
+    enum Kind
+    {
+        SELECT_ITEM,      // item
+        CLEAR_ITEM,
+        BEGIN_SELECTION,  // times.start: both bounds; fullday
+        EXTEND_SELECTION, // times.end: the moving bound
+        MARK_DATE,        // times.start: both bounds, while an item is dragged
+        TAKE_CAPTURE,
+        RELEASE_CAPTURE,
+        DRAG_CURSOR,
+        ARROW_CURSOR,
+        PUT_ITEM,         // the current item gets the times
+        PUT_BACK,         // item gets the times, if it still has those that were last put
+        NOTIFY_MOVED,
+    };
+    Kind kind;
+    int item = -1;
+    ItemTimes times;
+    bool fullday = false;
+};
+using PointerEffects = std::vector<PointerEffect>;
+
+class PointerTracker
+{
+public:
+    PointerEffects Press(const PointerHit& hit, const PressedItem& pressed);
+    // A move while a sweep runs; nothing otherwise.
+    PointerEffects Sweep(const PointerHit& hit);
+    // A move while an item is held. `current`: the current item's times now, null when it is gone.
+    // Plain: the item begins at the date and time under the pointer and keeps its length.
+    PointerEffects Drag(const PointerHit& hit, const ItemTimes* current);
+    // Extended: the item keeps its distance from the pointer, and a press on an edge pulls that edge.
+    // stepMinutes: the length of a row, the least length of an item that is pulled by its lower edge.
+    PointerEffects DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes);
+    PointerEffects Release(const PointerHit& hit);
+    // After the effects of Release.
+    void Released();
+    // Escape, a lost capture, a dying window: puts a dragged item back and forgets everything.
+    PointerEffects Cancel();
+    // Shift and an arrow key end a pending drag.
+    void ForgetPendingDrag();
+
+    bool IsSelecting() const { return m_selecting; }
+    bool IsDragPending() const { return m_pending; }
+    bool IsDragging() const { return m_dragging; }
+    bool IsBusy() const { return m_selecting || m_pending || m_dragging; }
+    ItemEdge Edge() const { return m_edge; }
+    COleDateTime SweepBegin() const { return m_sweepBegin; }
+    CPoint PressPoint() const { return m_pressPoint; }
+    // The times that the dragged item had before the drag.
+    const ItemTimes& Origin() const { return m_origin; }
+    // The times that the drag last gave it.
+    const ItemTimes& LastPut() const { return m_lastPut; }
+
+private:
+    PointerEffects StartDragOutsideSlop(const PointerHit& hit);
+    ItemTimes Pulled(const PointerHit& hit, int stepMinutes) const;
+    void PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times);
+
+    bool m_selecting = false;
+    bool m_pending = false;
+    bool m_dragging = false;
+    bool m_dropping = false; // the drop is being told: no way back
+    CPoint m_pressPoint = CPoint(-1, -1);
+    int m_item = -1;
+    ItemEdge m_edge = EDGE_NONE;
+    bool m_pressInBand = false; // the press was in the full-day band
+    COleDateTime m_pressTime;
+    COleDateTime m_sweepBegin;
+    ItemTimes m_origin;
+    ItemTimes m_lastPut;
+};
+
+} // namespace dayvane
