@@ -226,7 +226,7 @@ TEST(DateTime, FormatsNamesOfTheRuntimesLocale)
     ASSERT_NE(std::setlocale(LC_TIME, "jpn"), nullptr);
     const CString name = COleDateTime(150, 3, 4, 13, 0, 0).Format("(%a) %H");
     std::setlocale(LC_TIME, "C");
-    EXPECT_STREQ(name, "(日) 13");
+    EXPECT_STREQ(name, "(水) 13");
     EXPECT_STREQ(COleDateTime(2009, 3, 4, 0, 0, 0).Format("(%a)"), "(Wed)");
 }
 #endif
