@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace planner {
+
+// One thing of a calendar file that could not be read, told in one line of UTF-8 text.
+struct Message
+{
+    int line = 0; // of the file, from 1
+    std::string text;
+};
+
+// Collects messages. A hopeless file fills no memory: beyond MaxMessages only their number is kept.
+class MessageLog
+{
+public:
+    static constexpr std::size_t MaxMessages = 1000;
+
+    void Add(int line, std::string text)
+    {
+        if (m_messages.size() < MaxMessages) {
+            m_messages.push_back({line, std::move(text)});
+        } else {
+            ++m_unkept;
+        }
+    }
+    const std::vector<Message>& Kept() const { return m_messages; }
+    // How many more there were.
+    std::size_t Unkept() const { return m_unkept; }
+
+private:
+    std::vector<Message> m_messages;
+    std::size_t m_unkept = 0;
+};
+
+} // namespace planner

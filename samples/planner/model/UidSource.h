@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace planner {
+
+// Gives a UID for a new event at each call; the document asks again when the UID is in use.
+using UidSource = std::function<std::string()>;
+
+// Worldwide unique, by 122 random bits.
+UidSource RandomUids();
+// "prefix1", "prefix2" and so on: the same in every run.
+UidSource CountedUids(std::string prefix);
+
+} // namespace planner
