@@ -38,11 +38,6 @@ PeriodGridPainter::PartState PeriodGridPainter::StateOf(const GridHit& hit) cons
     return model.GetMode() == PeriodGridModel::Mode::Idle && model.Hot() == hit ? PartState::Hot : PartState::Normal;
 }
 
-void PeriodGridPainter::DrawBackground(const CRect& client) const
-{
-    m_pDC->FillSolidRect(client, m_palette.window);
-}
-
 void PeriodGridPainter::DrawHeader() const
 {
     for (size_t i = 0; i < m_picture.layout.blocks.size(); ++i) {

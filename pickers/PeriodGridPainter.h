@@ -31,7 +31,6 @@ class PeriodGridPainter
 public:
     PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture);
 
-    void DrawBackground(const CRect& client) const;
     void DrawHeader() const;   // title bands, titles, arrows
     void DrawWeekdays() const; // nothing without weekday names
     void DrawCells() const;    // days or months, selection, today, the keyboard's place

@@ -63,14 +63,15 @@ YearMonthHit HitTestYearMonth(const YearMonthLayout& layout, CPoint point);
 // What is drawn hot for a hit: the arrow, the footer or the month cell; empty for nothing.
 CRect RectOfHit(const YearMonthLayout& layout, const YearMonthHit& hit);
 
+constexpr int kPackedPerYear = 100; // a month travels in messages as year x 100 + month (1 .. 12)
+
 // A month of a year, month 0 .. 11, within the years 100 to 9999.
 struct YearMonth
 {
     int year;
     int month;
 
-    // The form in which it travels in messages: year x 100 + month (1 .. 12).
-    int Packed() const { return year * 100 + month + 1; }
+    int Packed() const { return year * kPackedPerYear + month + 1; }
     YearMonth WithYearMoved(int years) const; // stops at the first and the last year
     friend bool operator==(const YearMonth& a, const YearMonth& b) { return a.year == b.year && a.month == b.month; }
 };

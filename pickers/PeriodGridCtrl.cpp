@@ -1,0 +1,488 @@
+#include "pickers/PeriodGridCtrl.h"
+
+#include "calc/CalcHoliday.h"
+#include "core/CalendarClock.h"
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+
+using namespace dayvane;
+
+IMPLEMENT_DYNAMIC(CPeriodGridCtrl, CWnd)
+
+BEGIN_MESSAGE_MAP(CPeriodGridCtrl, CWnd)
+    ON_WM_DESTROY()
+    ON_WM_SIZE()
+    ON_WM_ENABLE()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_SYSCOLORCHANGE()
+    ON_WM_MOUSEMOVE()
+    ON_WM_MOUSELEAVE()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_LBUTTONDBLCLK()
+    ON_WM_KEYDOWN()
+    ON_WM_GETDLGCODE()
+    ON_WM_SETFOCUS()
+    ON_WM_KILLFOCUS()
+    ON_WM_CAPTURECHANGED()
+    ON_WM_CANCELMODE()
+    ON_WM_TIMER()
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassName)
+    : m_strClassName(lpszClassName), m_model(policy, Now())
+{
+    RegisterWindowClass(lpszClassName);
+}
+
+CPeriodGridCtrl::~CPeriodGridCtrl()
+{
+    DestroyWindow();
+}
+
+void CPeriodGridCtrl::RegisterWindowClass(LPCTSTR lpszClassName)
+{
+    WNDCLASS wc = {};
+    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClassName, &wc)) {
+        return;
+    }
+    wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
+    wc.lpfnWndProc = ::DefWindowProc;
+    wc.hInstance = AfxGetInstanceHandle();
+    wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
+    wc.lpszClassName = lpszClassName;
+    if (!AfxRegisterClass(&wc)) {
+        AfxThrowResourceException();
+    }
+}
+
+BOOL CPeriodGridCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    return CWnd::Create(m_strClassName, "", dwStyle, rect, pParent, nID, pContext);
+}
+
+// ---- What is shown
+
+void CPeriodGridCtrl::SetRowAndCol(int nRows, int nCols)
+{
+    m_model.SetGrid(nRows, nCols);
+}
+
+void CPeriodGridCtrl::GetRowAndCol(int& nRows, int& nCols) const
+{
+    nRows = m_model.Rows();
+    nCols = m_model.Columns();
+}
+
+void CPeriodGridCtrl::RecalcRowAndCol(int cx, int cy)
+{
+    int rows = 1;
+    int columns = 1;
+    FitPeriodGrid(m_model.Policy(), cx, cy, rows, columns);
+    m_model.SetGrid(rows, columns);
+}
+
+CSize CPeriodGridCtrl::GetGridSize() const
+{
+    return PeriodGridSize(m_model.Policy(), std::max(m_model.Rows(), 1), std::max(m_model.Columns(), 1));
+}
+
+COleDateTime CPeriodGridCtrl::GetCurrentDate() const
+{
+    return DateOfPeriod(m_model.Policy(), m_model.FirstPeriod());
+}
+
+void CPeriodGridCtrl::MoveLeft(int)
+{
+    Apply(m_model.Page(-1));
+}
+
+void CPeriodGridCtrl::MoveRight(int)
+{
+    Apply(m_model.Page(1));
+}
+
+void CPeriodGridCtrl::SetFirstDayOfWeek(int nDay)
+{
+    if (nDay < 1 || nDay > 7) {
+        AfxThrowInvalidArgException();
+    }
+    m_model.SetFirstDayOfWeek(nDay);
+}
+
+void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
+{
+    m_pfnIsBold = pfnIsBold;
+    m_lBoldParam = lParam;
+}
+
+void CPeriodGridCtrl::Layout(int cx, int cy)
+{
+    CRect client(0, 0, 0, 0);
+    if ((cx < 0 || cy < 0) && m_hWnd != nullptr) {
+        GetClientRect(&client);
+        cx = client.Width();
+        cy = client.Height();
+    }
+    m_layout = CalcPeriodGrid(m_model.Policy(), {CSize(cx, cy), m_model.Rows(), m_model.Columns(),
+                                                 m_model.FirstPeriod(), m_model.FirstDayOfWeek()});
+    m_marks.assign(m_layout.blocks.size(), std::vector<CellMark>(m_model.Policy().CellCount()));
+    for (size_t i = 0; i < m_layout.blocks.size(); ++i) {
+        for (size_t k = 0; k < m_marks[i].size(); ++k) {
+            const PeriodCell& cell = m_layout.blocks[i].cells[k];
+            tagHOLIDAY holiday = {};
+            m_marks[i][k].isHoliday = m_model.Policy().unit == CellUnit::Day &&
+                                      CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
+            m_marks[i][k].isBold = cell.inPeriod && m_pfnIsBold != nullptr && m_pfnIsBold(cell.date, m_lBoldParam);
+        }
+    }
+}
+
+void CPeriodGridCtrl::Refresh()
+{
+    Layout(-1, -1);
+    Redraw();
+}
+
+void CPeriodGridCtrl::Redraw()
+{
+    if (m_hWnd != nullptr) {
+        RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    }
+}
+
+// ---- Selection
+
+void CPeriodGridCtrl::GetSel(COleDateTime& start, COleDateTime& end) const
+{
+    start = m_model.Selection().start;
+    end = m_model.Selection().end;
+}
+
+void CPeriodGridCtrl::SetSel(const COleDateTime& start, const COleDateTime& end)
+{
+    m_model.Select(start, end);
+    Refresh();
+}
+
+void CPeriodGridCtrl::Unselect()
+{
+    m_model.Unselect();
+}
+
+// ---- Notifications
+
+namespace
+{
+void FillHeader(const CWnd* pWnd, int nCode, NMHDR& header)
+{
+    header.hwndFrom = pWnd->m_hWnd;
+    header.idFrom = pWnd->GetDlgCtrlID();
+    header.code = static_cast<UINT>(nCode);
+}
+
+void SendNotify(const CWnd* pWnd, const NMHDR& header)
+{
+    CWnd* pParent = pWnd->GetParent();
+    if (pParent != nullptr) {
+        pParent->SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    }
+}
+} // namespace
+
+void CPeriodGridCtrl::FireNotifyClick()
+{
+    if (m_hWnd == nullptr) {
+        return;
+    }
+    NMSELCHANGE record = {};
+    FillHeader(this, MCN_SELECT, record.nmhdr);
+    ToSystemTime(m_model.Selection().start, record.stSelStart);
+    ToSystemTime(m_model.Selection().end, record.stSelEnd);
+    SendNotify(this, record.nmhdr);
+}
+
+void CPeriodGridCtrl::FireNotifyDblClick()
+{
+    if (m_hWnd == nullptr) {
+        return;
+    }
+    NMHDR header = {};
+    FillHeader(this, NM_DBLCLK, header);
+    SendNotify(this, header);
+}
+
+// ---- Effects
+
+void CPeriodGridCtrl::Apply(const GridEffects& effects)
+{
+    const WindowAlive alive(this, m_life);
+    if (effects.closePopup) {
+        ClosePopup();
+    }
+    if (alive && effects.releaseCapture) {
+        ReleaseCaptureOf(m_hWnd);
+    }
+    if (alive && effects.layout) {
+        Layout(-1, -1);
+    }
+    if (alive && effects.capture && m_hWnd != nullptr) {
+        SetCapture();
+    }
+    if (alive && effects.openPopup) {
+        OpenPopup();
+    }
+    if (alive && effects.redraw) {
+        Redraw();
+    }
+    if (alive && effects.notifyClick) {
+        FireNotifyClick();
+    }
+    if (alive && effects.notifyDoubleClick) {
+        FireNotifyDblClick();
+    }
+}
+
+void CPeriodGridCtrl::Cancel()
+{
+    Apply(m_model.Cancel());
+}
+
+void CPeriodGridCtrl::OpenPopup()
+{
+    ClosePopup();
+    const size_t index = static_cast<size_t>(m_model.ClickedBlock());
+    if (index >= m_layout.blocks.size()) {
+        Cancel(); // whoever lost the capture to this control has laid it out anew
+        return;
+    }
+    const PeriodBlock& block = m_layout.blocks[index];
+    CRect title = block.title;
+    ClientToScreen(&title);
+    try {
+        m_pPopup.reset(MakePopup(block.period));
+        if (m_pPopup->Open(this, title)) {
+            m_nPopupTimer = SetTimer(kRunTimerId, kRunInterval, nullptr);
+            return;
+        }
+    } catch (const std::bad_alloc&) {
+        Cancel();
+        AfxThrowMemoryException();
+    } catch (...) {
+        Cancel();
+        throw;
+    }
+    Cancel();
+}
+
+void CPeriodGridCtrl::ClosePopup()
+{
+    if (m_nPopupTimer != 0 && m_hWnd != nullptr) {
+        KillTimer(m_nPopupTimer);
+    }
+    m_nPopupTimer = 0;
+    m_pPopup.reset();
+}
+
+// ---- Messages
+
+void CPeriodGridCtrl::PreSubclassWindow()
+{
+    CWnd::PreSubclassWindow();
+    Layout(-1, -1);
+}
+
+void CPeriodGridCtrl::OnDestroy()
+{
+    m_model.Cancel();
+    ClosePopup();
+    ReleaseCaptureOf(m_hWnd);
+    CWnd::OnDestroy();
+}
+
+void CPeriodGridCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    CWnd::OnSize(nType, cx, cy);
+    Layout(cx, cy);
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnEnable(BOOL)
+{
+    Cancel();
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    const SaveDcScope saved(&memory);
+    DrawCtrl(&memory);
+}
+
+BOOL CPeriodGridCtrl::OnEraseBkgnd(CDC*)
+{
+    return TRUE; // the whole client area is painted off screen
+}
+
+void CPeriodGridCtrl::OnSysColorChange()
+{
+    CWnd::OnSysColorChange();
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::DrawBackground(CDC* pDC)
+{
+    CRect client;
+    GetClientRect(&client);
+    pDC->FillSolidRect(&client, SystemPickerPalette().window);
+}
+
+void CPeriodGridCtrl::Paint(CDC* pDC, void (PeriodGridPainter::*pPart)() const)
+{
+    const PeriodGridPicture picture{m_model,       m_layout,
+                                    m_marks,       Now(),
+                                    ::GetFocus() == m_hWnd, IsWindowEnabled() != FALSE,
+                                    m_textFonts,   m_numberFonts};
+    (PeriodGridPainter(pDC, picture).*pPart)();
+}
+
+void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
+{
+    const CRect rect = RectOfPart(m_layout, hit);
+    if (!rect.IsRectEmpty()) {
+        InvalidateRect(&rect, FALSE);
+    }
+}
+
+void CPeriodGridCtrl::Hover(const GridHit& hit)
+{
+    const GridHit before = m_model.Hot();
+    if (m_model.Hover(hit)) {
+        InvalidatePart(before);
+        InvalidatePart(hit);
+    }
+}
+
+void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
+{
+    if (!m_bTracksLeave) {
+        m_bTracksLeave = TRUE;
+        TrackMouseLeave(m_hWnd);
+    }
+    if (m_pPopup == nullptr) {
+        Hover(PartAt(m_layout, point));
+        Apply(m_model.PointAt(DateOfHit(m_layout, CellAt(m_layout, point))));
+    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+        ClientToScreen(&point);
+        m_pPopup->PointAt(point);
+    } else {
+        Cancel(); // somebody has destroyed the popup
+    }
+}
+
+void CPeriodGridCtrl::OnMouseLeave()
+{
+    m_bTracksLeave = FALSE;
+    Hover(GridHit());
+    if (m_model.GetMode() == PeriodGridModel::Mode::Idle) {
+        InvalidatePart(m_model.Pressed());
+        m_model.LetGo();
+    }
+}
+
+void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
+{
+    const WindowAlive alive(this, m_life);
+    Cancel(); // a press without a release before it
+    SetFocus();
+    if (!alive) {
+        return;
+    }
+    const GridHit hit = PartAt(m_layout, point);
+    Apply(m_model.Press(hit, DateOfHit(m_layout, hit), Now()));
+}
+
+void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
+{
+    if (m_pPopup != nullptr && m_pPopup->GetSafeHwnd() != nullptr) {
+        CPoint screen = point;
+        ClientToScreen(&screen);
+        m_pPopup->PointAt(screen);
+    }
+    InvalidatePart(m_model.Pressed());
+    m_model.LetGo();
+    Apply(m_model.Release(m_pPopup != nullptr ? m_pPopup->GetPeriod() : m_model.FirstPeriod()));
+}
+
+void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
+{
+    const GridHit hit = CellAt(m_layout, point);
+    if (hit.part == GridPart::Cell) {
+        Apply(m_model.DoubleClick(DateOfHit(m_layout, hit)));
+    } else {
+        OnLButtonDown(nFlags, point); // fast clicks on the arrows page on
+    }
+}
+
+void CPeriodGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    const GridEffects effects =
+        m_model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
+    if (effects.handled) {
+        Apply(effects);
+    } else {
+        CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
+UINT CPeriodGridCtrl::OnGetDlgCode()
+{
+    const MSG* pMsg = reinterpret_cast<const MSG*>(GetCurrentMessage()->lParam);
+    UINT code = DLGC_WANTARROWS;
+    if (pMsg != nullptr && pMsg->message == WM_KEYDOWN) {
+        const bool busy = m_model.GetMode() != PeriodGridModel::Mode::Idle;
+        if (pMsg->wParam == VK_RETURN || (pMsg->wParam == VK_ESCAPE && busy)) {
+            code |= DLGC_WANTMESSAGE;
+        }
+    }
+    return code;
+}
+
+void CPeriodGridCtrl::OnSetFocus(CWnd*)
+{
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnKillFocus(CWnd*)
+{
+    Cancel();
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnCaptureChanged(CWnd* pWnd)
+{
+    if (pWnd != this) {
+        Cancel();
+    }
+}
+
+void CPeriodGridCtrl::OnCancelMode()
+{
+    Cancel();
+}
+
+void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)
+{
+    if (nIDEvent != kRunTimerId || m_pPopup == nullptr) {
+        CWnd::OnTimer(nIDEvent);
+    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+        m_pPopup->Tick();
+    } else {
+        Cancel();
+    }
+}

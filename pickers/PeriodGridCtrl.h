@@ -1,0 +1,135 @@
+// CPeriodGridCtrl: what the two mini calendars have in common. A plain window with a grid of periods (months or years),
+// each a title over its cells (days or months), two arrows that page by one period, a line below that names the present
+// cell, and a popup that runs through periods while the left button is held on a title. One cell or a range of cells is
+// selected.
+//
+// Hosts use CMiniCalendarCtrl and CMiniCalendarCtrl2. Coordinates are client pixels; the blocks have a fixed size and
+// begin at the top of the client area, centred from left to right. What sets a value only stores it unless stated: call
+// Refresh() to see it. Cells are dates at 00:00, and everything stays within the years 100 to 9999.
+//
+// To the parent it sends WM_NOTIFY with its dialog identifier:
+//   MCN_SELECT (-746)  NMSELCHANGE  the user has selected: at once without ranges and from the line below, at the
+//                                   button's release with ranges, at each key that moves the selection
+//   NM_DBLCLK  (-3)    NMHDR        double click on a cell, or Enter
+// The parent may do anything while it handles them: change the control, destroy its window, delete the object.
+//
+// Keys: arrows move by cells, Page Up and Down by periods (with Ctrl by twelve months or ten years), Home and End to
+// the ends of the period (with Ctrl of all shown), Shift extends a range where ranges are on, Enter tells NM_DBLCLK,
+// Escape ends a sweep or the popup as if it had not begun. A sweep or popup ends so, too, when mouse or focus are lost.
+#pragma once
+
+#include <afxwin.h>
+#include <afxtempl.h>
+#include <afxdisp.h>
+
+#include "pickers/PeriodGridPainter.h"
+#include "pickers/PeriodSelCtrl.h"
+#include "pickers/PickerShell.h"
+
+struct CCreateContext;
+
+class CPeriodGridCtrl : public CWnd
+{
+    DECLARE_DYNAMIC(CPeriodGridCtrl)
+
+public:
+    // Whether a cell is drawn bold: a host's mark, as for days that have items. Asked for each cell of a period itself
+    // whenever the control lays itself out (Refresh, paging), not while it paints.
+    typedef BOOL (*PFNISBOLD)(const COleDateTime& date, LPARAM lParam);
+
+    ~CPeriodGridCtrl() override;
+
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr);
+
+    // ---- What is shown
+    void SetRowAndCol(int nRows, int nCols);
+    void GetRowAndCol(int& nRows, int& nCols) const;
+    // As many blocks as fit into cx by cy pixels with the line below them, at least one row and column.
+    void RecalcRowAndCol(int cx, int cy);
+    CSize GetGridSize() const; // client pixels that the rows and columns take, with the line below
+    COleDateTime GetCurrentDate() const; // the first day of the first period shown
+    void MoveLeft(int nCount);           // one period back, whatever the argument; lays out and redraws
+    void MoveRight(int nCount);          // one period on
+    void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others raise CInvalidArgException
+    int GetFirstDayOfWeek() const { return m_model.FirstDayOfWeek(); }
+    void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0); // nullptr: none
+    // Computes all rectangles for a client area; a negative size stands for the window's own.
+    virtual void Layout(int cx, int cy);
+    void Refresh(); // lays out and redraws
+
+    // ---- Selection: both bounds as they were given or selected; invalid both when there is none.
+    void GetSel(COleDateTime& start, COleDateTime& end) const;
+    // Shows the start's period first, lays out and redraws. Nothing is notified.
+    void SetSel(const COleDateTime& start, const COleDateTime& end);
+    void Unselect();
+    // 1: both bounds are valid and start <= date <= end, times of day included; else 0.
+    int IsSelected(const COleDateTime& date) const { return m_model.IsSelected(date) ? 1 : 0; }
+    // TRUE: a press starts a sweep that can select a range. FALSE: a press selects the one cell.
+    void SetRangeSelect(BOOL bRange) { m_model.SetSweeps(bRange != FALSE); }
+    BOOL IsRangeSelect() const { return m_model.Sweeps(); }
+
+    // ---- Where things are, as last laid out
+    const dayvane::PeriodGridLayout& GetGridLayout() const { return m_layout; }
+    CPeriodSelCtrl* GetPopup() const { return m_pPopup.get(); } // nullptr while none is open
+
+    // ---- Notifications. The control may be gone when they return.
+    virtual void FireNotifyClick();
+    virtual void FireNotifyDblClick();
+
+protected:
+    CPeriodGridCtrl(const dayvane::PeriodPolicy& policy, LPCTSTR lpszClassName);
+
+    // The popup for a period, made on the heap.
+    virtual CPeriodSelCtrl* MakePopup(int nPeriod) = 0;
+    // Paints the whole client area.
+    virtual void DrawCtrl(CDC* pDC) = 0;
+
+    static void RegisterWindowClass(LPCTSTR lpszClassName);
+    // Lets the painter paint one part with what it needs of this control.
+    void Paint(CDC* pDC, void (dayvane::PeriodGridPainter::*pPart)() const);
+    void DrawBackground(CDC* pDC);
+    void Redraw();
+
+    // Does what an event has come to; the last step may end the control.
+    void Apply(const dayvane::GridEffects& effects);
+    void OpenPopup();
+    void ClosePopup();
+    void Cancel();
+    void InvalidatePart(const dayvane::GridHit& hit);
+    void Hover(const dayvane::GridHit& hit);
+
+    // Message handlers, in the order of the message map
+    void PreSubclassWindow() override;
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnEnable(BOOL bEnable);
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnSysColorChange();
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg void OnMouseLeave();
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg UINT OnGetDlgCode();
+    afx_msg void OnSetFocus(CWnd* pOldWnd);
+    afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg void OnCaptureChanged(CWnd* pWnd);
+    afx_msg void OnCancelMode();
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
+    DECLARE_MESSAGE_MAP()
+
+    CString m_strClassName;
+    dayvane::PeriodGridModel m_model;
+    dayvane::PeriodGridLayout m_layout;
+    std::vector<std::vector<dayvane::CellMark>> m_marks;
+    std::unique_ptr<CPeriodSelCtrl> m_pPopup;
+    UINT_PTR m_nPopupTimer = 0;
+    PFNISBOLD m_pfnIsBold = nullptr;
+    LPARAM m_lBoldParam = 0;
+    BOOL m_bTracksLeave = FALSE;
+    dayvane::PickerFonts m_textFonts{dayvane::kTextFont};
+    dayvane::PickerFonts m_numberFonts{dayvane::kNumberFont};
+    dayvane::WindowLife m_life;
+};

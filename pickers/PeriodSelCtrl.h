@@ -1,0 +1,62 @@
+// The popups that a mini calendar opens from a title while the left button is held: a list of months or years that
+// runs under the pointer. They take no focus and no mouse input themselves; the control that opens one hands them the
+// pointer and the intervals of its timer, asks for the choice on release and destroys them.
+#pragma once
+
+#include "pickers/PeriodRun.h"
+#include "pickers/PickerPaint.h"
+
+#include <afxwin.h>
+
+class CPeriodSelCtrl : public CWnd
+{
+    DECLARE_DYNAMIC(CPeriodSelCtrl)
+
+public:
+    ~CPeriodSelCtrl() override;
+
+    // Opens the list over a title (screen pixels), kept on the monitor's work area. FALSE: no window could be made.
+    BOOL Open(CWnd* pOwner, const CRect& rcTitle);
+    // The pointer has moved to, or the button is held at, a screen point.
+    void PointAt(CPoint ptScreen);
+    // One interval of dayvane::kRunInterval milliseconds has passed.
+    void Tick();
+    // The period under the pointer; the given one while the pointer is outside.
+    int GetPeriod() const { return m_run.Chosen(); }
+    int GetGivenPeriod() const { return m_run.Given(); }
+    // The screen rectangle of the row that shows a period; empty when none does.
+    CRect GetPeriodRect(int nPeriod) const;
+
+protected:
+    CPeriodSelCtrl(const dayvane::PeriodPolicy& policy, int nPeriod);
+
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
+    DECLARE_MESSAGE_MAP()
+
+    const dayvane::PeriodPolicy& m_policy;
+    dayvane::PeriodRun m_run;
+    dayvane::PickerFonts m_fonts{dayvane::kTextFont};
+};
+
+// Months around the given one.
+class CMonthSelCtrl : public CPeriodSelCtrl
+{
+    DECLARE_DYNAMIC(CMonthSelCtrl)
+
+public:
+    CMonthSelCtrl(int nYear, int nMonth);
+    int GetYear() const { return dayvane::YearOfMonthNumber(GetPeriod()); }
+    int GetMonth() const { return dayvane::MonthOfMonthNumber(GetPeriod()); } // 1 .. 12
+};
+
+// Years around the given one.
+class CYearSelCtrl : public CPeriodSelCtrl
+{
+    DECLARE_DYNAMIC(CYearSelCtrl)
+
+public:
+    explicit CYearSelCtrl(int nYear);
+    int GetYear() const { return GetPeriod(); }
+};

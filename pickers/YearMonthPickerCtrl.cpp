@@ -1,0 +1,272 @@
+#include "pickers/YearMonthPickerCtrl.h"
+
+#include "core/CalendarClock.h"
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+#include "pickers/YearMonthGrid.h"
+#include "pickers/YearMonthPainter.h"
+#include "pickers/YearMonthPopup.h"
+
+using namespace dayvane;
+
+namespace
+{
+constexpr LRESULT kHandled = 1;
+
+PickerButtonMetrics ButtonMetrics()
+{
+    return CalcPickerButton({::GetSystemMetrics(SM_CXEDGE), ::GetSystemMetrics(SM_CYEDGE),
+                             ::GetSystemMetrics(SM_CXHTHUMB), ::GetSystemMetrics(SM_CYVTHUMB)});
+}
+} // namespace
+
+IMPLEMENT_DYNAMIC(CYearMonthPickerCtrl, CButton)
+
+BEGIN_MESSAGE_MAP(CYearMonthPickerCtrl, CButton)
+    ON_WM_CREATE()
+    ON_WM_DESTROY()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_MOUSEMOVE()
+    ON_WM_MOUSELEAVE()
+    ON_WM_KEYDOWN()
+    ON_WM_SYSKEYDOWN()
+    ON_WM_GETDLGCODE()
+    ON_WM_KILLFOCUS()
+    ON_CONTROL_REFLECT_EX(BN_CLICKED, &CYearMonthPickerCtrl::OnClicked)
+    ON_CONTROL_REFLECT_EX(BN_DOUBLECLICKED, &CYearMonthPickerCtrl::OnClicked)
+    ON_MESSAGE(YMN_SELENDOK, &CYearMonthPickerCtrl::OnSelEndOK)
+    ON_MESSAGE(YMN_SELENDCANCEL, &CYearMonthPickerCtrl::OnSelEndCancel)
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CYearMonthPickerCtrl::CYearMonthPickerCtrl() : m_dtCurrent(Now()), m_rcArrow(0, 0, 0, 0)
+{
+}
+
+CYearMonthPickerCtrl::~CYearMonthPickerCtrl()
+{
+    DestroyWindow();
+    if (m_pPopup != nullptr) {
+        m_pPopup->Abandon();
+    }
+}
+
+void CYearMonthPickerCtrl::PreSubclassWindow()
+{
+    ModifyStyle(0, BS_OWNERDRAW);
+    CButton::PreSubclassWindow();
+    SetWindowSize();
+}
+
+int CYearMonthPickerCtrl::OnCreate(LPCREATESTRUCT lpCreateStruct)
+{
+    if (CButton::OnCreate(lpCreateStruct) == -1) {
+        return -1;
+    }
+    SetWindowSize();
+    return 0;
+}
+
+void CYearMonthPickerCtrl::OnDestroy()
+{
+    if (m_pPopup != nullptr) {
+        m_pPopup->Abandon();
+    }
+    m_pPopup = nullptr;
+    m_bDropped = FALSE;
+    m_hWndParent = nullptr;
+    CButton::OnDestroy();
+}
+
+void CYearMonthPickerCtrl::SetWindowSize()
+{
+    m_hWndParent = ::GetParent(m_hWnd);
+    const PickerButtonMetrics metrics = ButtonMetrics();
+    CRect rect;
+    GetWindowRect(&rect);
+    if (m_hWndParent != nullptr) {
+        ::MapWindowPoints(nullptr, m_hWndParent, reinterpret_cast<POINT*>(&rect), 2);
+    }
+    MoveWindow(rect.left, rect.top, std::max<int>(rect.Width(), metrics.minWidth), metrics.height, TRUE);
+    CRect client;
+    GetClientRect(&client);
+    m_rcArrow = PickerArrowRect(metrics, client);
+}
+
+// ---- The popup
+
+BOOL CYearMonthPickerCtrl::OnClicked()
+{
+    if (m_pPopup != nullptr) {
+        return TRUE;
+    }
+    const WindowAlive alive(this, m_life);
+    m_bDropped = TRUE;
+    const DateFields fields = FieldsOf(m_dtCurrent);
+    OpenPopup();
+    if (alive) {
+        Invalidate(FALSE);
+        Tell(YMN_DROPDOWN, static_cast<WPARAM>(fields.year * kPackedPerYear + fields.month));
+    }
+    return TRUE;
+}
+
+void CYearMonthPickerCtrl::OpenPopup()
+{
+    CRect rect;
+    GetWindowRect(&rect);
+    const DateFields fields = FieldsOf(m_dtCurrent);
+    try {
+        m_pPopup = new CYearMonthPopup(fields.year, fields.month, this);
+        m_pPopup->Open(CPoint(rect.right - kYearMonthMetrics.popup.cx, rect.bottom));
+    } catch (CException* e) {
+        e->Delete(); // as when the system makes no window
+        delete m_pPopup;
+        m_pPopup = nullptr;
+    }
+}
+
+void CYearMonthPickerCtrl::OnPopupGone(CYearMonthPopup* pPopup, BOOL bOpened)
+{
+    if (m_pPopup == pPopup) {
+        m_pPopup = nullptr;
+        // A popup that could not be made leaves the picker marked as dropped.
+        m_bDropped = m_bDropped && !bOpened;
+        Invalidate(FALSE);
+    }
+}
+
+LRESULT CYearMonthPickerCtrl::OnSelEndOK(WPARAM wParam, LPARAM)
+{
+    const WindowAlive alive(this, m_life);
+    m_bDropped = FALSE;
+    Tell(YMN_CLOSEUP, wParam);
+    if (alive) {
+        Tell(YMN_SELENDOK, wParam);
+    }
+    const COleDateTime picked = DateOfPacked(static_cast<int>(wParam));
+    if (alive && IsDateChange(m_dtCurrent, picked)) {
+        Tell(YMN_DATECHANGE, wParam);
+    }
+    if (alive) {
+        m_dtCurrent = picked;
+        Invalidate(FALSE);
+    }
+    return kHandled;
+}
+
+LRESULT CYearMonthPickerCtrl::OnSelEndCancel(WPARAM wParam, LPARAM)
+{
+    const WindowAlive alive(this, m_life);
+    m_bDropped = FALSE;
+    Invalidate(FALSE);
+    Tell(YMN_CLOSEUP, wParam);
+    if (alive) {
+        Tell(YMN_SELENDCANCEL, wParam);
+    }
+    return kHandled;
+}
+
+void CYearMonthPickerCtrl::Tell(UINT nMessage, WPARAM wParam)
+{
+    if (m_hWndParent != nullptr) {
+        ::SendMessage(m_hWndParent, nMessage, wParam, GetDlgCtrlID());
+    }
+}
+
+// ---- Painting
+
+void CYearMonthPickerCtrl::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    CRect client;
+    GetClientRect(&client);
+    memory.FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
+    // The system's button painting has the parent hand WM_DRAWITEM back to DrawItem.
+    DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(memory.m_hDC), 0);
+}
+
+BOOL CYearMonthPickerCtrl::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
+{
+    CDC* pDC = CDC::FromHandle(lpDrawItemStruct->hDC);
+    const SaveDcScope saved(pDC);
+    CRect arrow = m_rcArrow;
+    arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
+    const UINT state = lpDrawItemStruct->itemState;
+    PaintPickerFace(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
+                          m_bHot != FALSE, (state & ODS_DISABLED) != 0, (state & ODS_FOCUS) != 0, m_fonts});
+}
+
+// ---- Mouse
+
+void CYearMonthPickerCtrl::OnMouseMove(UINT nFlags, CPoint point)
+{
+    if (!m_bHot) {
+        m_bHot = TRUE;
+        TrackMouseLeave(m_hWnd);
+        Invalidate(FALSE);
+    }
+    CButton::OnMouseMove(nFlags, point);
+}
+
+void CYearMonthPickerCtrl::OnMouseLeave()
+{
+    m_bHot = FALSE;
+    Invalidate(FALSE);
+    CButton::OnMouseLeave();
+}
+
+// ---- Keyboard and focus
+
+void CYearMonthPickerCtrl::ToggleDrop()
+{
+    if (m_pPopup != nullptr) {
+        m_pPopup->Cancel();
+    } else {
+        OnClicked();
+    }
+}
+
+void CYearMonthPickerCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    if (m_pPopup != nullptr && m_pPopup->HandleKey(nChar)) {
+        return;
+    }
+    if (nChar == VK_F4) {
+        ToggleDrop();
+    } else {
+        CButton::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
+void CYearMonthPickerCtrl::OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    if (nChar == VK_DOWN || nChar == VK_UP) {
+        ToggleDrop();
+    } else {
+        CButton::OnSysKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
+UINT CYearMonthPickerCtrl::OnGetDlgCode()
+{
+    const UINT code = CButton::OnGetDlgCode();
+    return m_pPopup != nullptr ? code | DLGC_WANTALLKEYS : code;
+}
+
+void CYearMonthPickerCtrl::OnKillFocus(CWnd* pNewWnd)
+{
+    const WindowAlive alive(this, m_life);
+    CButton::OnKillFocus(pNewWnd);
+    if (alive && m_pPopup != nullptr) {
+        m_pPopup->Cancel();
+    }
+}

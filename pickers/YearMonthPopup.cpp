@@ -1,0 +1,223 @@
+#include "pickers/YearMonthPopup.h"
+
+#include "core/CalendarClock.h"
+#include "core/DrawingHelpers.h"
+#include "pickers/PeriodRun.h"
+#include "pickers/YearMonthMessages.h"
+#include "pickers/YearMonthPickerCtrl.h"
+
+using namespace dayvane;
+
+namespace
+{
+constexpr UINT kPopupClassStyle = CS_SAVEBITS | CS_CLASSDC | CS_HREDRAW | CS_VREDRAW;
+constexpr DWORD kPopupStyle = WS_POPUP | WS_VISIBLE;
+constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
+} // namespace
+
+IMPLEMENT_DYNAMIC(CYearMonthPopup, CWnd)
+
+BEGIN_MESSAGE_MAP(CYearMonthPopup, CWnd)
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_MOUSEMOVE()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_MOUSEACTIVATE()
+    ON_WM_KEYDOWN()
+    ON_WM_CAPTURECHANGED()
+END_MESSAGE_MAP()
+
+CYearMonthPopup::CYearMonthPopup(int nYear, int nMonth, CYearMonthPickerCtrl* pPicker)
+    : m_selected(MakeYearMonth(nYear, nMonth, Now())), m_pPicker(pPicker)
+{
+}
+
+BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
+{
+    const CSize size(kYearMonthMetrics.popup);
+    CRect picker;
+    m_pPicker->GetWindowRect(&picker);
+    const CRect anchor(ptTopLeft.x, std::min(picker.top, ptTopLeft.y), ptTopLeft.x + size.cx, ptTopLeft.y);
+    const CRect place = PlaceDropDown(anchor, size, WorkAreaAt(anchor));
+    m_layout = CalcYearMonthLayout(CRect(CPoint(0, 0), size));
+    const LPCTSTR lpszClass =
+        AfxRegisterWndClass(kPopupClassStyle, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+    const std::weak_ptr<char> object = m_life.Watch();
+    if (!CreateEx(kPopupExStyle, lpszClass, "", kPopupStyle, place, m_pPicker, 0)) {
+        return FALSE;
+    }
+    if (object.expired()) {
+        return TRUE; // ended while it came up
+    }
+    m_bOpened = TRUE;
+    const WindowAlive alive(this, m_life);
+    SetCapture();
+    if (alive) {
+        Invalidate(FALSE);
+        UpdateWindow();
+    }
+    return TRUE;
+}
+
+void CYearMonthPopup::PostNcDestroy()
+{
+    if (m_pPicker != nullptr) {
+        m_pPicker->OnPopupGone(this, m_bOpened);
+    }
+    delete this;
+}
+
+// ---- The end
+
+void CYearMonthPopup::Finish(UINT nMessage, WPARAM wParam)
+{
+    if (m_bFinished) {
+        return;
+    }
+    m_bFinished = TRUE;
+    const WindowAlive alive(this, m_life);
+    ReleaseCaptureOf(m_hWnd);
+    if (!alive) {
+        return;
+    }
+    // From here on neither knows the other: the parent may end or drop the picker while it is told.
+    CYearMonthPickerCtrl* pPicker = m_pPicker;
+    m_pPicker = nullptr;
+    if (pPicker != nullptr) {
+        pPicker->OnPopupGone(this, TRUE);
+        pPicker->SendMessage(nMessage, wParam, 0);
+    }
+    if (alive) {
+        DestroyWindow();
+    }
+}
+
+void CYearMonthPopup::Pick(const YearMonth& month)
+{
+    Finish(YMN_SELENDOK, static_cast<WPARAM>(month.Packed()));
+}
+
+void CYearMonthPopup::Cancel()
+{
+    Finish(YMN_SELENDCANCEL, 0);
+}
+
+void CYearMonthPopup::Abandon()
+{
+    m_pPicker = nullptr;
+    Cancel();
+}
+
+void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)
+{
+    if (pWnd != this) {
+        Cancel();
+    }
+}
+
+// ---- Painting
+
+void CYearMonthPopup::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    const SaveDcScope saved(&memory);
+    PaintYearMonthPopup(&memory, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts});
+}
+
+BOOL CYearMonthPopup::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+void CYearMonthPopup::MoveYear(int nYears)
+{
+    m_selected = m_selected.WithYearMoved(nYears);
+    InvalidateRect(&m_layout.header, FALSE);
+    UpdateWindow();
+}
+
+// ---- Mouse
+
+void CYearMonthPopup::Hover(const YearMonthHit& hit)
+{
+    if (hit != m_hot) {
+        InvalidateRect(RectOfHit(m_layout, m_hot), FALSE);
+        InvalidateRect(RectOfHit(m_layout, hit), FALSE);
+        m_hot = hit;
+    }
+}
+
+void CYearMonthPopup::OnMouseMove(UINT, CPoint point)
+{
+    // The class has no cursor, and none is asked for while the mouse is captured.
+    ::SetCursor(::LoadCursor(nullptr, IDC_ARROW));
+    Hover(HitTestYearMonth(m_layout, point));
+}
+
+void CYearMonthPopup::OnLButtonDown(UINT, CPoint point)
+{
+    m_bPressed = TRUE;
+    Hover(HitTestYearMonth(m_layout, point));
+    InvalidateRect(RectOfHit(m_layout, m_hot), FALSE);
+}
+
+void CYearMonthPopup::OnLButtonUp(UINT nFlags, CPoint point)
+{
+    CWnd::OnLButtonUp(nFlags, point);
+    m_bPressed = FALSE;
+    InvalidateRect(RectOfHit(m_layout, m_hot), FALSE);
+    const YearMonthHit hit = HitTestYearMonth(m_layout, point);
+    switch (hit.code) {
+    case YearMonthCode::PreviousYear:
+        MoveYear(-1);
+        break;
+    case YearMonthCode::NextYear:
+        MoveYear(1);
+        break;
+    case YearMonthCode::Footer:
+        Pick(MakeYearMonth(-1, -1, Now()));
+        break;
+    default:
+        if (hit.month < 0) {
+            Cancel();
+        } else {
+            Pick({m_selected.year, hit.month});
+        }
+    }
+}
+
+int CYearMonthPopup::OnMouseActivate(CWnd*, UINT, UINT)
+{
+    return MA_NOACTIVATE;
+}
+
+// ---- Keyboard
+
+BOOL CYearMonthPopup::HandleKey(UINT nChar)
+{
+    const PickerKey key = nChar == VK_SPACE ? PickerKey::Enter : nChar == VK_F4 ? PickerKey::Escape : PickerKeyOf(nChar);
+    switch (key) {
+    case PickerKey::None:
+        return FALSE;
+    case PickerKey::Enter:
+        Pick(m_selected);
+        return TRUE;
+    case PickerKey::Escape:
+        Cancel();
+        return TRUE;
+    default:
+        m_selected = MoveYearMonth(m_selected, key);
+        Invalidate(FALSE);
+        UpdateWindow();
+        return TRUE;
+    }
+}
+
+void CYearMonthPopup::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    if (!HandleKey(nChar)) {
+        CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}

@@ -1,0 +1,65 @@
+// CYearMonthPopup: the popup of a CYearMonthPickerCtrl. A header with the year between two arrows, the twelve months,
+// and a line that names the present month and picks it.
+//
+// It lives from the click that drops it to its finishing message: it holds the mouse capture, a click on a month or the
+// line below picks, a click elsewhere (but on the arrows) cancels. The picker keeps the keyboard focus and hands keys
+// on. Losing the capture, or the picker losing the focus, cancels. The object frees itself when its window is gone.
+#pragma once
+
+#include <afxwin.h>
+
+#include "pickers/PickerShell.h"
+#include "pickers/YearMonthGrid.h"
+#include "pickers/YearMonthPainter.h"
+
+class CYearMonthPickerCtrl;
+
+class CYearMonthPopup : public CWnd
+{
+    DECLARE_DYNAMIC(CYearMonthPopup)
+
+public:
+    // A year or month (1 .. 12) of -1 is the present one.
+    CYearMonthPopup(int nYear, int nMonth, CYearMonthPickerCtrl* pPicker);
+    // Makes the window, its top left corner at ptTopLeft (screen pixels) as long as it stays on the monitor's work area
+    // with the picker in view; takes the mouse and paints. When no window can be made, FALSE, and the object is gone.
+    BOOL Open(CPoint ptTopLeft);
+
+    int GetYear() const { return m_selected.year; }
+    int GetMonthIndex() const { return m_selected.month; } // 0 .. 11
+    const dayvane::YearMonthLayout& GetLayout() const { return m_layout; }
+
+    // Arrows, Page Up and Down, Home and End move the month, Enter and Space pick it, Escape and F4 cancel. May end the
+    // popup. FALSE: another key.
+    BOOL HandleKey(UINT nChar);
+    void Cancel();
+    // The picker goes away: the popup goes without a word.
+    void Abandon();
+
+protected:
+    void Finish(UINT nMessage, WPARAM wParam);
+    void Pick(const dayvane::YearMonth& month);
+    void MoveYear(int nYears);
+    void Hover(const dayvane::YearMonthHit& hit);
+
+    void PostNcDestroy() override;
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnCaptureChanged(CWnd* pWnd);
+    DECLARE_MESSAGE_MAP()
+
+    dayvane::YearMonth m_selected;
+    CYearMonthPickerCtrl* m_pPicker; // nullptr once it wants to hear no more
+    dayvane::YearMonthLayout m_layout;
+    dayvane::YearMonthHit m_hot;
+    BOOL m_bPressed = FALSE;
+    BOOL m_bOpened = FALSE;   // the window has come up
+    BOOL m_bFinished = FALSE; // the picker has been told, or needs not be
+    dayvane::YearMonthFonts m_fonts;
+    dayvane::WindowLife m_life;
+};
