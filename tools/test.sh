@@ -1,1 +1,269 @@
-:
+# Tests, stress runs and benchmarks. Sourced by ./dev.
+#
+# Each build writes the list of its test programs (tests.list: name, file, arguments). One process runs one program; a
+# log is kept of each, and one line of results:  passed failed skipped seconds label
+
+# Longest time for one test program, in seconds; a program that needs longer hangs.
+test_time_limit=${DAYVANE_TEST_LIMIT:-600}
+default_test_presets=(native win32 win64)
+stress_events_in_test=20000
+
+command_test() {
+    local presets=() only="" preset
+    while [ $# -gt 0 ]; do
+        case $1 in
+            --only)
+                [ $# -ge 2 ] || die "--only needs the name of a test program, for example calc."
+                only=$2
+                shift
+                ;;
+            -*) die "./dev test knows no option '$1'." ;;
+            *)
+                check_preset "$1"
+                presets+=("$1")
+                ;;
+        esac
+        shift
+    done
+    [ "${#presets[@]}" -gt 0 ] || presets=("${default_test_presets[@]}")
+    make_build_root
+    results=$(mktemp "$BUILD/.results.XXXXXX")
+    at_exit "rm -f '$results'"
+
+    local windows_presets=()
+    for preset in "${presets[@]}"; do
+        case $preset in
+            native*) test_natively "$preset" "$only" ;;
+            *) windows_presets+=("$preset") ;;
+        esac
+    done
+    if [ "${#windows_presets[@]}" -gt 0 ]; then
+        test_under_wine "$only" "${windows_presets[@]}"
+    fi
+    print_totals
+}
+
+# The builds that a full test of PRESET needs; --only leaves out what is not asked for.
+build_tests() {
+    local preset=$1 only=$2
+    if [ "$only" = package ] || [ "$only" = stress ]; then
+        build "$preset" Dayvane
+    elif [ -n "$only" ]; then
+        has_target "$preset" "test_$only" || die "There is no test program test_$only in $preset."
+        build "$preset" "test_$only"
+    else
+        build "$preset"
+    fi
+}
+
+test_natively() {
+    local preset=$1 only=$2
+    build_tests "$preset" "$only"
+    step "Testing $preset"
+    # A test that reads the locale or the time zone must not depend on whose machine this is.
+    run_tests_of "$preset" "$preset" "$only" env LC_ALL=C.UTF-8 TZ=UTC
+    if [ -z "$only" ] || [ "$only" = package ]; then
+        test_native_package
+    fi
+}
+
+# All Windows builds, in two lanes at a time: one as a Japanese, one as a Western system, each with its own display.
+test_under_wine() {
+    local only=$1 preset system lanes=() lane status=0
+    shift
+    need_wine
+    for preset in "$@"; do
+        build_tests "$preset" "$only"
+        if [ -z "$only" ] || [ "$only" = package ]; then
+            build_package_host "$preset"
+        fi
+    done
+    local with_stress=no
+    if { [ -z "$only" ] || [ "$only" = stress ]; } && [[ " $* " == *" win32 "* ]] && build_stress; then
+        with_stress=yes
+    fi
+    step "Testing $* under Wine as a 932 and as a 1252 system"
+    for system in 932 1252; do
+        in_subshell test_lane "$system" "$only" "$with_stress" "$@" </dev/null &
+        lanes+=($!)
+        at_exit "kill $! 2>/dev/null"
+    done
+    for lane in "${lanes[@]}"; do
+        wait "$lane" || status=$?
+    done
+    [ "$status" -eq 0 ] || die "A test lane broke off (status $status)."
+}
+
+test_lane() {
+    local system=$1 only=$2 with_stress=$3 preset
+    shift 3
+    start_system "$system"
+    for preset in "$@"; do
+        run_tests_of "$preset" "$preset/$system" "$only" wine
+        if [ -z "$only" ] || [ "$only" = package ]; then
+            run_package_host "$preset" "$preset/$system" wine
+        fi
+    done
+    if [ "$with_stress" = yes ]; then
+        run_plain_program "win32-ubsan/$system stress" env WINEDEBUG=warn+heap wine "$(stress_program)" \
+            "$stress_events_in_test" "$system"
+    fi
+}
+
+# run_tests_of PRESET LABEL ONLY RUNNER...: every program of the build's list.
+run_tests_of() {
+    local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments
+    shift 3
+    while IFS=$'\t' read -r name file arguments; do
+        if [ -z "$only" ] || [ "$only" = "$name" ]; then
+            # shellcheck disable=SC2086  # the arguments of the list are words
+            run_test_program "$label $name" "$@" "$file" $arguments
+        fi
+    done <"$list"
+}
+
+# run_test_program LABEL COMMAND...: runs it, counts its results, prints one line.
+run_test_program() {
+    local label=$1 log status=0 started=$SECONDS counts
+    shift
+    log=$(log_file "test-$(tr ' /' '--' <<<"$label")")
+    timeout -k 20 "$test_time_limit" "$@" >"$log" 2>&1 </dev/null 9>&- || status=$?
+    counts=$(count_results "$log" "$status")
+    report_program "$label" "$log" "$((SECONDS - started))" "$counts"
+}
+
+# From a GoogleTest log and the exit status: "passed failed skipped remark". A program that crashed, hung, stopped early
+# or ran nothing counts as one more failure.
+count_results() {
+    tr -d '\r' <"$1" | awk -v status="$2" -v limit="$test_time_limit" '
+        /^\[ RUN      \]/ { running = $0; sub(/^\[ RUN      \] /, "", running) }
+        /\[       OK \] .*\([0-9]+ ms\)$/ { passed++; running = "" }
+        /\[  FAILED  \] .*\([0-9]+ ms\)$/ { failed++; running = "" }
+        /\[  SKIPPED \] .*\([0-9]+ ms\)$/ { skipped++; running = "" }
+        /^\[==========\] [0-9]+ tests? from .* ran\./ { ran = $2; finished = 1 }
+        END {
+            counted = passed + failed + skipped
+            where = running == "" ? "" : " in " running
+            if (status == 124 || status == 137) remark = "hung" where " (ended after " limit " s)"
+            else if (!finished) remark = "crashed" where " (exit status " status ")"
+            else if (ran != counted) remark = "reports " ran " tests but shows " counted
+            else if (counted == 0) remark = "ran no test"
+            else if (status != 0 && failed == 0) remark = "passed its tests but ended with status " status
+            if (remark != "") failed++
+            printf "%d %d %d %s\n", passed, failed, skipped, remark
+        }'
+}
+
+# report_program LABEL LOG SECONDS "passed failed skipped remark"
+report_program() {
+    local label=$1 log=$2 seconds=$3 passed failed skipped remark
+    read -r passed failed skipped remark <<<"$4"
+    printf '%s %s %s\n' "$passed" "$failed" "$skipped" >>"$results"
+    local line
+    line=$(printf '   %-28s %5d passed' "$label" "$passed")
+    [ "$failed" -eq 0 ] || line+=", $failed FAILED"
+    [ "$skipped" -eq 0 ] || line+=", $skipped skipped"
+    line+="  (${seconds} s)"
+    [ -z "$remark" ] || line+="  $remark"
+    if [ "$failed" -gt 0 ]; then
+        line+=$'\n'$(grep -a -B 25 -E '\[  FAILED  \] .*\([0-9]+ ms\)' "$log" | tail -n 120 || true)
+        [ -z "$remark" ] || line+=$'\n'$(tail -n 40 "$log")
+        line+=$'\n'"   the whole output: $log"
+    fi
+    printf '%s\n' "$line"
+}
+
+# The last line is for people and for machines alike.
+print_totals() {
+    local passed failed skipped
+    read -r passed failed skipped < <(awk '{ p += $1; f += $2; s += $3 } END { print p + 0, f + 0, s + 0 }' "$results")
+    if [ $((passed + failed + skipped)) -eq 0 ]; then
+        die "No test ran."
+    fi
+    say "== All of it took $(elapsed) minutes"
+    if [ "$skipped" -gt 0 ]; then
+        say "$passed passed, $failed failed, $skipped skipped"
+    else
+        say "$passed passed, $failed failed"
+    fi
+    [ "$failed" -eq 0 ] || exit 1
+}
+
+# The package test: install, then build a host project that knows nothing but find_package(Dayvane), then run it.
+build_package_host() {
+    local preset=$1 toolchain=() prefix=$BUILD/package/$1 host=$BUILD/package/$1-host
+    case $preset in
+        win32*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win32.cmake") ;;
+        win64*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win64.cmake") ;;
+    esac
+    rm -rf "$prefix" "$host"
+    install_package "$preset" "$prefix"
+    run_logged "package-$preset" "Configuring a host of the $preset package" cmake -G Ninja \
+        -S "$ROOT/tests/package" -B "$host" -DCMAKE_PREFIX_PATH="$prefix" \
+        -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_BUILD_TYPE=Release "${toolchain[@]}"
+    run_logged "package-$preset" "Building a host of the $preset package" ninja -C "$host"
+}
+
+# run_package_host PRESET LABEL RUNNER...
+run_package_host() {
+    local preset=$1 label=$2 host=$BUILD/package/$1-host/package_host
+    shift 2
+    [ -e "$host" ] || host=$host.exe
+    run_plain_program "$label package" "$@" "$host"
+}
+
+# run_plain_program LABEL COMMAND...: one result, told by the exit status.
+run_plain_program() {
+    local label=$1 log status=0 started=$SECONDS counts="1 0 0"
+    shift
+    log=$(log_file "test-$(tr ' /' '--' <<<"$label")")
+    timeout -k 20 "$test_time_limit" "$@" >"$log" 2>&1 </dev/null 9>&- || status=$?
+    case $status in
+        0) ;;
+        124 | 137) counts="0 1 0 hung (ended after $test_time_limit s)" ;;
+        *) counts="0 1 0 ended with status $status" ;;
+    esac
+    report_program "$label" "$log" "$((SECONDS - started))" "$counts"
+}
+
+# The native package is the optimised pure layer, without sanitizers.
+test_native_package() {
+    build_package_host native-release
+    run_package_host native-release native env LC_ALL=C.UTF-8
+}
+
+# Random input, in the build that traps undefined behaviour and under the checks of Wine's heap.
+build_stress() {
+    has_target win32-ubsan dayvane-stress || return 1
+    build win32-ubsan dayvane-stress
+}
+
+stress_program() { printf '%s/win32-ubsan/bin/dayvane-stress.exe' "$BUILD"; }
+
+command_stress() {
+    local events=${1:-$stress_events_in_test} seed=${2:-1}
+    need_wine
+    build_stress || die "The program dayvane-stress is not part of this tree yet."
+    export DAYVANE_WINEDEBUG=warn+heap
+    start_system 932
+    step "$events random events from seed $seed"
+    run_windows "$(stress_program)" "$events" "$seed"
+}
+
+command_bench() {
+    need_wine
+    build native-release
+    build win32
+    local program
+    program=$BUILD/native-release/bin/dayvane-calc-bench
+    if [ -e "$program" ]; then
+        step "Calendar arithmetic, native"
+        "$program"
+    fi
+    program=$BUILD/win32/bin/dayvane-bench.exe
+    if [ -e "$program" ]; then
+        start_system 932
+        step "Views, 32-bit under Wine"
+        run_windows "$program" "$@"
+    fi
+}

@@ -4,7 +4,7 @@
 # "desktop" (932) for a person's own display, where the window manager draws the frames.
 
 # Changes of these settings or of tools/wine.reg make the prefixes anew.
-wine_settings_version=1
+wine_settings_version=3
 
 check_system() {
     case $1 in
@@ -75,13 +75,17 @@ wait_until() {
 settings_of_prefix() { printf '%s %s' "$wine_settings_version" "$(cksum <"$ROOT/tools/wine.reg")"; }
 
 make_prefix() {
-    local system=$1 wanted
+    local system=$1 wanted face
     wanted=$(settings_of_prefix)
     [ "$(cat "$WINEPREFIX/.dayvane" 2>/dev/null)" != "$wanted" ] || return 0
     step "Making the Wine prefix for $system (once)"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     run_logged "wineboot-$system" "Making the Wine prefix" timeout -k 10 300 wineboot --init
+    # Debian keeps Wine's own faces (the window buttons' symbols among them) where its Wine does not look.
+    for face in marlett symbol wingding webdings tahoma tahomabd; do
+        cp "/usr/share/wine/fonts/$face.ttf" "$WINEPREFIX/drive_c/windows/Fonts/"
+    done
     # regedit reads UTF-16; the list of faces is kept in UTF-8 for people.
     { printf '\xff\xfe' && iconv -f UTF-8 -t UTF-16LE "$ROOT/tools/wine.reg"; } >"$WINEPREFIX/settings.reg"
     run_logged "wineboot-$system" "Setting up the Wine prefix" wine regedit /S "$(winepath_of "$WINEPREFIX/settings.reg")"
@@ -105,13 +109,17 @@ hold_server() {
     local prefix=$BUILD/wine/$1
     exec 9>"$prefix/.users"
     flock -s 9
-    wineserver -p 9>&- 8>&-
     at_exit "release_server '$prefix'"
+    # The server and the service programs live on: they must hold neither our locks nor our output.
+    wineserver -p >/dev/null 2>&1 9>&-
+    timeout -k 10 120 wine cmd /c exit >/dev/null 2>&1 9>&- || die "Wine does not start in $prefix; ./dev clean makes it anew."
 }
 
 release_server() {
     exec 9>&-
-    flock -n -x "$1/.users" env WINEPREFIX="$1" wineserver -k
+    flock -n -x "$1/.users" true || return 0
+    WINEPREFIX=$1 wineserver -k
+    WINEPREFIX=$1 timeout 20 wineserver -w
 }
 
 # run_windows PROGRAM ARGUMENT...: a Windows program in the system in use.
