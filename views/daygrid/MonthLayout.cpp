@@ -10,6 +10,18 @@ namespace dayvane
 namespace
 {
 
+// The codes of WM_VSCROLL (SB_...), which the pure layer has no header for.
+enum ScrollCode {
+    SCROLL_LINEUP = 0,
+    SCROLL_LINEDOWN = 1,
+    SCROLL_PAGEUP = 2,
+    SCROLL_PAGEDOWN = 3,
+    SCROLL_THUMBPOSITION = 4,
+    SCROLL_THUMBTRACK = 5,
+    SCROLL_TOP = 6,
+    SCROLL_BOTTOM = 7,
+};
+
 bool IsValid(const COleDateTime& date)
 {
     return date.GetStatus() == COleDateTime::valid;
@@ -191,6 +203,36 @@ void ClearLoads(MonthCellArray& cells)
         cells[i].m_bMore = 0;
         cells[i].m_nItemCount = 0;
     }
+}
+
+// ---- Scroll bar
+
+MonthScroll CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
+{
+    struct Step
+    {
+        int code;
+        int position;
+        int weeks;
+    };
+    constexpr int kPage = 2;
+    const int weekOfYear = dayOfYear / kMonthColumns;
+    const Step steps[] = {
+        // code, new position, weeks
+        {SCROLL_LINEUP, position - 1, -1},
+        {SCROLL_LINEDOWN, position + 1, 1},
+        {SCROLL_PAGEUP, position - kPage, -kPage},
+        {SCROLL_PAGEDOWN, position + kPage, kPage},
+        {SCROLL_TOP, kMonthScrollMin, -kMonthScrollMiddle},
+        {SCROLL_BOTTOM, kMonthScrollMax, kMonthScrollMiddle},
+        {SCROLL_THUMBPOSITION, thumb, thumb - weekOfYear},
+        {SCROLL_THUMBTRACK, thumb, thumb - weekOfYear},
+    };
+    for (const Step& step : steps) {
+        if (step.code == code)
+            return {true, std::clamp(step.position, kMonthScrollMin, kMonthScrollMax), step.weeks};
+    }
+    return {};
 }
 
 // ---- Hit test

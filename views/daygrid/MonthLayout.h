@@ -110,6 +110,22 @@ void CalcMonthBlocks(const MonthCellDateArray& dates, MonthCellArray& cells, Ite
 
 void ClearLoads(MonthCellArray& cells);
 
+// ---- Scroll bar
+
+// The bar stands in its middle and steps by weeks; it is no map of the year.
+constexpr int kMonthScrollMin = 1;
+constexpr int kMonthScrollMax = 52;
+constexpr int kMonthScrollMiddle = 26;
+
+struct MonthScroll
+{
+    bool moves = false; // false: a code that does nothing
+    int position = 0;   // new, within min .. max
+    int weeks = 0;      // by which the grid moves
+};
+// code: SB_..., thumb: the position that came with the message, dayOfYear: of the date that the grid is built around.
+MonthScroll CalcMonthScroll(int code, int position, int thumb, int dayOfYear);
+
 // ---- Hit test
 
 int CellOfPoint(const MonthCellArray& cells, CPoint point); // -1: none

@@ -1,0 +1,77 @@
+#include "views/daygrid/BarPainter.h"
+
+namespace dayvane
+{
+
+CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
+{
+    CRect box = item.rcItem;
+    box.DeflateRect(m_metrics.frameInset, m_metrics.frameInset);
+    if (box.IsRectEmpty())
+        return CRect(0, 0, 0, 0);
+    const bool before = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
+    const bool after = item.nPiece == PIECE_HEAD || item.nPiece == PIECE_MIDDLE;
+    if (item.crColor2 != m_palette.unfilled)
+        m_pDC->FillSolidRect(&box, item.crColor2);
+    CRect content = box;
+    content.DeflateRect(m_metrics.contentInset, m_metrics.contentInset);
+    if (!before && content.Width() > m_metrics.stripeWidth) {
+        m_pDC->FillSolidRect(box.left + 1, box.top + 1, m_metrics.stripeWidth, box.Height() - 2, item.crColor3);
+        content.left += m_metrics.stripeWidth;
+    }
+    DrawOutline(box, item.crColor4);
+    const int arrowWidth = m_metrics.arrowHeight / 2 + 1;
+    if (before && content.Width() > arrowWidth) {
+        DrawArrow(content.left, content.CenterPoint().y, 1);
+        content.left += arrowWidth + m_metrics.arrowGap;
+    }
+    if (after && content.Width() > arrowWidth) {
+        DrawArrow(content.right - 1, content.CenterPoint().y, -1);
+        content.right -= arrowWidth + m_metrics.arrowGap;
+    }
+    return content;
+}
+
+void BarPainter::DrawOutline(const CRect& box, COLORREF color)
+{
+    const SelectGdi selectPen(m_pDC, m_pens.Solid(1, color));
+    const POINT corners[] = {{box.left, box.top},
+                             {box.right - 1, box.top},
+                             {box.right - 1, box.bottom - 1},
+                             {box.left, box.bottom - 1},
+                             {box.left, box.top}};
+    m_pDC->Polyline(corners, sizeof(corners) / sizeof(corners[0]));
+}
+
+// A filled triangle whose tip is at x = tip and that widens in the direction given.
+void BarPainter::DrawArrow(int tip, int middle, int direction)
+{
+    const SelectGdi selectPen(m_pDC, m_pens.Solid(1, m_palette.goesOn));
+    for (int column = 0; column <= m_metrics.arrowHeight / 2; ++column) {
+        const int x = tip + direction * column;
+        m_pDC->MoveTo(x, middle - column);
+        m_pDC->LineTo(x, middle + column + 1);
+    }
+}
+
+void BarPainter::DrawSelection(const tagCALENDAR_ITEM& item, COLORREF color)
+{
+    CRect frame = item.rcItem;
+    frame.DeflateRect(m_metrics.frameInset, m_metrics.frameInset);
+    const SelectGdi selectPen(m_pDC, m_pens.Solid(m_metrics.selectionWidth, color));
+    m_pDC->MoveTo(frame.left, frame.top);
+    m_pDC->LineTo(frame.right, frame.top);
+    m_pDC->LineTo(frame.right, frame.bottom);
+    m_pDC->LineTo(frame.left, frame.bottom);
+    m_pDC->LineTo(frame.left, frame.top);
+}
+
+void BarPainter::DrawText(const CString& text, CRect content, bool centered)
+{
+    if (text.IsEmpty() || content.IsRectEmpty())
+        return;
+    const UINT horizontal = centered ? DT_CENTER : DT_LEFT;
+    m_pDC->DrawText(text, &content, horizontal | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+} // namespace dayvane

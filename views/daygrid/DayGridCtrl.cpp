@@ -1,0 +1,148 @@
+#include "views/daygrid/DayGridCtrl.h"
+
+#include "core/DrawingHelpers.h"
+#include "core/ItemStore.h"
+#include "views/daygrid/BarPainter.h"
+#include "views/daygrid/MonthCellLook.h"
+
+namespace
+{
+
+constexpr UINT kMoreMarkBitmap = 18007;
+constexpr COLORREF kTransparent = RGB(255, 0, 255);
+constexpr int kNoTop = -1; // of an item without a rectangle
+constexpr int kMarkGap = 1; // pixels after a mark of an item
+
+bool IsShown(const dayvane::tagCALENDAR_ITEM& item)
+{
+    return !item.bNoFocus && item.rcItem.top != kNoTop;
+}
+
+} // namespace
+
+IMPLEMENT_DYNAMIC(CDayGridCtrl, CCalendarCtrl)
+
+BEGIN_MESSAGE_MAP(CDayGridCtrl, CCalendarCtrl)
+    ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CDayGridCtrl::CDayGridCtrl()
+{
+}
+
+CDayGridCtrl::~CDayGridCtrl()
+{
+    DestroyWindow();
+    if (m_hMoreMark)
+        ::DestroyIcon(m_hMoreMark);
+}
+
+void CDayGridCtrl::OnDestroy()
+{
+    CCalendarCtrl::OnDestroy();
+    m_pens.Clear();
+}
+
+void CDayGridCtrl::LoadMoreMark()
+{
+    if (m_hMoreMark)
+        return;
+    CBitmap bitmap;
+    CImageList images;
+    if (bitmap.LoadBitmap(kMoreMarkBitmap) && images.Create(kMoreMarkWidth, kMoreMarkHeight, ILC_COLOR24 | ILC_MASK, 1, 1) &&
+        images.Add(&bitmap, kTransparent) == 0)
+        m_hMoreMark = images.ExtractIcon(0);
+}
+
+// ---- Items
+
+void CDayGridCtrl::DeleteAllItems()
+{
+    ScreenItemsChanged();
+    ClearMoreMarks();
+    CCalendarCtrl::DeleteAllItems();
+}
+
+void CDayGridCtrl::ClearMoreMarks()
+{
+}
+
+CString CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
+{
+    return dayvane::BarText(item, bFullday != FALSE, m_nItemDisplayMode);
+}
+
+const std::vector<int>& CDayGridCtrl::GetShownItems()
+{
+    if (!m_bShownKnown || m_nShownOf != m_arScreenItem.GetSize()) {
+        m_shown.clear();
+        m_nShownOf = m_arScreenItem.GetSize();
+        const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
+        for (int i = 0; i < static_cast<int>(m_nShownOf); ++i, ++item) {
+            if (IsShown(*item))
+                m_shown.push_back(i);
+        }
+        m_bShownKnown = TRUE;
+    }
+    return m_shown;
+}
+
+int CDayGridCtrl::ScreenItemAt(CPoint point)
+{
+    for (int i : GetShownItems()) {
+        if (IsShown(m_arScreenItem[i]) && m_arScreenItem[i].rcItem.PtInRect(point))
+            return i;
+    }
+    return -1;
+}
+
+// ---- Paint
+
+void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
+{
+    CRect clip;
+    pDC->GetClipBox(&clip);
+    const auto draw = [&](const tagCALENDAR_ITEM& item) {
+        CRect seen;
+        if (IsShown(item) && seen.IntersectRect(&item.rcItem, &clip))
+            DrawBar(pDC, item);
+    };
+    if (&items == &m_arScreenItem) {
+        for (int i : GetShownItems())
+            draw(items[i]);
+    } else {
+        for (int i = 0; i < static_cast<int>(items.GetSize()); ++i)
+            draw(items[i]);
+    }
+}
+
+void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
+{
+    dayvane::BarPainter painter(pDC, m_pens);
+    CRect content = painter.DrawBox(item);
+    pDC->SetTextColor(item.crColor1);
+    if (item.bAlarm)
+        content.left += DrawAlarmMark(pDC, content, TRUE) + kMarkGap;
+    if (item.bRecurrent)
+        content.left += DrawRecurrentMark(pDC, content, TRUE) + kMarkGap;
+    if (item.nImage != -1)
+        content.left += DrawImageIcon(pDC, item.nImage, content);
+
+    const BOOL fullday = dayvane::IsFulldayItem(item);
+    pDC->SetTextColor(item.crColor5);
+    {
+        const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
+        painter.DrawText(GetBarText(item, fullday), content, fullday != FALSE);
+    }
+    if (item.nSource == m_nCurSel)
+        painter.DrawSelection(item, m_colors.highlight);
+}
+
+void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
+{
+    if (m_hMoreMark)
+        ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,
+                     kMoreMarkWidth, kMoreMarkHeight, 0, nullptr, DI_NORMAL);
+}

@@ -1,0 +1,220 @@
+#include "views/daygrid/MonthPainter.h"
+
+#include <cstring>
+
+namespace dayvane
+{
+namespace
+{
+
+// Pixels.
+struct MonthPaintMetrics
+{
+    int captionInset = 5;
+    int captionNumberHeight = 32; // fonts
+    int captionTextHeight = 18;
+    int frameInset = 1;    // from the cell to the frame of a marked day
+    int upperStrip = 5;    // heights of the strips under the day number
+    int lowerStrip = 9;
+    int numberRight = 5;   // from the day number to the cell's right edge
+    int numberTop = 1;
+    int annotationTop = 3; // from the cell's top
+    int annotationHeight = 13;
+    int annotationLeft = 4;
+    int annotationGap = 4; // to the day number
+};
+constexpr MonthPaintMetrics kPaintMetrics;
+
+constexpr HeaderBandColors kHeaderBand = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+
+struct Weekday
+{
+    const char* name;
+    COLORREF color;
+};
+constexpr Weekday kWeekdays[kMonthColumns] = {
+    // name, text colour
+    {"日曜日", 0x0049DC}, {"月曜日", 0x000000}, {"火曜日", 0x000000}, {"水曜日", 0x000000},
+    {"木曜日", 0x000000}, {"金曜日", 0x000000}, {"土曜日", 0xDC4900},
+};
+
+struct FontForm
+{
+    int height;
+    int weight;
+    BYTE charSet;
+    const char* face;
+};
+constexpr FontForm kWeekdayFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr FontForm kDayNumberFont = {16, FW_BOLD, ANSI_CHARSET, "Arial"};
+constexpr FontForm kSmallLatinFont = {12, FW_DONTCARE, ANSI_CHARSET, "Arial"};
+constexpr FontForm kAnnotationFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
+
+void CreateFont(CFont& font, const FontForm& form)
+{
+    if (font.GetSafeHandle())
+        return;
+    LOGFONT lf = {};
+    lf.lfHeight = form.height;
+    lf.lfWeight = form.weight;
+    lf.lfCharSet = form.charSet;
+    lstrcpyn(lf.lfFaceName, form.face, LF_FACESIZE);
+    font.CreateFontIndirect(&lf);
+}
+
+} // namespace
+
+// ---- Fonts
+
+void MonthFonts::Create()
+{
+    CreateFont(weekday, kWeekdayFont);
+    CreateFont(dayNumber, kDayNumberFont);
+    CreateFont(smallLatin, kSmallLatinFont);
+    CreateFont(annotation, kAnnotationFont);
+}
+
+void MonthFonts::Delete()
+{
+    for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText})
+        font->DeleteObject();
+}
+
+CFont* MonthFonts::CaptionNumber(const LOGFONT& itemFont)
+{
+    FollowItemFont(itemFont);
+    return &m_captionNumber;
+}
+
+CFont* MonthFonts::CaptionText(const LOGFONT& itemFont)
+{
+    FollowItemFont(itemFont);
+    return &m_captionText;
+}
+
+void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
+{
+    if (m_captionNumber.GetSafeHandle() && std::memcmp(&m_captionBase, &itemFont, sizeof(itemFont)) == 0)
+        return;
+    m_captionBase = itemFont;
+    m_captionNumber.DeleteObject();
+    m_captionText.DeleteObject();
+    LOGFONT lf = itemFont;
+    lf.lfHeight = kPaintMetrics.captionTextHeight;
+    m_captionText.CreateFontIndirect(&lf);
+    lf.lfHeight = kPaintMetrics.captionNumberHeight;
+    lf.lfWeight = FW_BOLD;
+    m_captionNumber.CreateFontIndirect(&lf);
+}
+
+// ---- Bands
+
+void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
+                      COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
+{
+    DrawTitleBand(pDC, band, colors);
+    if (band.IsRectEmpty() || date.GetStatus() != COleDateTime::valid)
+        return;
+    pDC->SetTextColor(textColor);
+    CRect text = band;
+    text.DeflateRect(kPaintMetrics.captionInset, kPaintMetrics.captionInset);
+    CString month;
+    month.Format("%d", date.GetMonth());
+    {
+        const SelectGdi selectFont(pDC, fonts.CaptionNumber(itemFont));
+        pDC->DrawText(month, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP);
+        text.left += pDC->GetTextExtent(month).cx;
+    }
+    const SelectGdi selectFont(pDC, fonts.CaptionText(itemFont));
+    pDC->DrawText(" " + date.Format("%B, %Y") + " ", &text, DT_SINGLELINE | DT_BOTTOM);
+}
+
+void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells,
+                       const MonthCellDateArray& dates, CFont* font)
+{
+    DrawHeaderBand(pDC, band, kHeaderBand);
+    const SelectGdi selectFont(pDC, font);
+    for (int column = 0; column < kMonthColumns; ++column) {
+        const int dayOfWeek = dates[column].m_date.GetDayOfWeek();
+        if (dayOfWeek < 1)
+            continue;
+        const Weekday& weekday = kWeekdays[dayOfWeek - 1];
+        CRect box = headerCells[column].m_rect;
+        pDC->SetTextColor(weekday.color);
+        pDC->DrawText(weekday.name, -1, &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    }
+}
+
+// ---- Grid and cells
+
+void DrawMonthGrid(CDC* pDC, const CRect& calendar, CSize cellSize, CPen* pen)
+{
+    const SelectGdi selectPen(pDC, pen);
+    pDC->Rectangle(&calendar);
+    for (int column = 0; column < kMonthColumns; ++column) {
+        const int x = column * cellSize.cx;
+        pDC->MoveTo(x, calendar.top);
+        pDC->LineTo(x, calendar.bottom);
+    }
+    for (int row = 0; row < kMonthRows; ++row) {
+        const int y = calendar.top + row * cellSize.cy;
+        pDC->MoveTo(calendar.left, y);
+        pDC->LineTo(calendar.right, y);
+    }
+}
+
+void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color)
+{
+    const CRect inner(cell.left + 1, cell.top + 1, cell.right, cell.bottom);
+    if (!inner.IsRectEmpty())
+        pDC->FillSolidRect(&inner, color);
+}
+
+void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens)
+{
+    CRect frame = cell;
+    frame.DeflateRect(kPaintMetrics.frameInset, kPaintMetrics.frameInset);
+    if (frame.IsRectEmpty())
+        return;
+    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + kPaintMetrics.upperStrip);
+    CRect lower(upper.left, upper.bottom, upper.right, upper.bottom + kPaintMetrics.lowerStrip);
+    const int lineY = lower.bottom;
+    if (upper.IntersectRect(&upper, &frame))
+        DrawGradient(pDC, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
+    if (lower.IntersectRect(&lower, &frame))
+        DrawGradient(pDC, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
+    if (lineY < frame.bottom) {
+        const SelectGdi selectPen(pDC, pens.Solid(colors.bottomLineWidth, colors.bottomLine));
+        pDC->MoveTo(frame.left, lineY);
+        pDC->LineTo(frame.right, lineY);
+    }
+    const SelectGdi selectPen(pDC, pens.Solid(colors.outlineWidth, colors.outline));
+    pDC->MoveTo(frame.left, frame.top);
+    pDC->LineTo(frame.left, frame.bottom);
+    pDC->LineTo(frame.right, frame.bottom);
+    pDC->LineTo(frame.right, frame.top);
+    pDC->LineTo(frame.left, frame.top);
+}
+
+void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts)
+{
+    CRect number = cell;
+    number.top += kPaintMetrics.numberTop;
+    number.right -= kPaintMetrics.numberRight;
+    const SelectGdi selectNumber(pDC, &fonts.dayNumber);
+    if (!look.annotation.IsEmpty()) {
+        CRect annotation = cell;
+        annotation.left += kPaintMetrics.annotationLeft;
+        annotation.top += kPaintMetrics.annotationTop;
+        annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
+        annotation.right = number.right - pDC->GetTextExtent(look.dayNumber).cx - kPaintMetrics.annotationGap;
+        const SelectGdi selectFont(pDC, &fonts.annotation);
+        pDC->SetTextColor(look.annotationColor);
+        if (!annotation.IsRectEmpty())
+            pDC->DrawText(look.annotation, &annotation, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+    pDC->SetTextColor(look.dayNumberColor);
+    pDC->DrawText(look.dayNumber, &number, DT_RIGHT | DT_SINGLELINE | DT_NOPREFIX);
+}
+
+} // namespace dayvane

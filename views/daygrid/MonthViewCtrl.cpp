@@ -1,0 +1,345 @@
+// The month view: lifetime, dates, layout, hit test, navigation. Painting is in MonthViewCtrlPaint.cpp.
+#include "views/daygrid/MonthViewCtrl.h"
+
+#include "core/DateMath.h"
+#include "views/daygrid/RowPieces.h"
+
+#include <civil.h>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr char kWindowClass[] = "MFCMonthViewCtrl";
+constexpr int kRangeChangeValue = 4104; // nValue of CCN_VIEWRANGECHANGE
+constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
+constexpr int kCellMargin = 2;          // pixels around a cell that its frame may touch
+
+// Colours in the order of the control's settings.
+constexpr COLORREF kCaptionColor = 0x3F6CE2;
+constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
+constexpr COLORREF kGridColor = 0xE1BFA5;
+constexpr COLORREF kBorderColor = 0x2299EE;
+constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
+
+} // namespace
+
+IMPLEMENT_DYNCREATE(CMonthViewCtrl, CDayGridCtrl)
+
+BEGIN_MESSAGE_MAP(CMonthViewCtrl, CDayGridCtrl)
+    ON_WM_DESTROY()
+    ON_WM_SIZE()
+    ON_WM_VSCROLL()
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonFace(::GetSysColor(COLOR_BTNFACE))
+{
+    RegisterViewClass(kWindowClass, reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW)));
+    m_strTitle = "Monthly Calendar";
+    m_colors.caption = kCaptionColor;
+    m_colors.captionText = kCaptionTextColor;
+    m_colors.grid = kGridColor;
+    m_colors.border = kBorderColor;
+    m_dtCurrent = m_dtScroll = dayvane::Now();
+    m_arHeaderCell.SetSize(dayvane::kMonthColumns);
+    m_arCell.SetSize(dayvane::kMonthCells);
+    CMonthViewCtrl::CalcCalendar();
+}
+
+CMonthViewCtrl::~CMonthViewCtrl()
+{
+    DestroyWindow();
+}
+
+BOOL CMonthViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    if (!CWnd::Create(kWindowClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+        return FALSE;
+    CalcCalendar();
+    m_fonts.Create();
+    LoadMoreMark();
+    return TRUE;
+}
+
+void CMonthViewCtrl::OnDestroy()
+{
+    CDayGridCtrl::OnDestroy();
+    m_fonts.Delete();
+}
+
+// ---- Dates
+
+void CMonthViewCtrl::CalcCalendar()
+{
+    RebuildDates(dayvane::FirstDayOfMonthGrid(m_dtCurrent, m_nFirstDayOfWeek));
+}
+
+void CMonthViewCtrl::RebuildDates(int nFirstDay)
+{
+    dayvane::FillMonthDates(nFirstDay, m_dtCurrent, dayvane::Now(), m_arCellDate);
+}
+
+void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
+{
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    CDayGridCtrl::SetCurrentDate(date);
+    m_dtScroll = m_dtCurrent = date;
+    m_dtSelBegin = m_dtSelEnd = dayvane::StartOfDay(date);
+    CalcCalendar();
+    // Over the stored items, not the shown ones: the screen items come with the next layout.
+    CalcItemRect(m_rcContent, m_arItem);
+    SetCurSel(-1);
+    SetSelScreenItem(-1);
+    if (m_hWnd)
+        SetScrollPos(SB_VERT, m_dtScroll.GetMonth() - 1, TRUE);
+}
+
+void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
+{
+    first = dayvane::StartOfDay(m_arCellDate[0].m_date);
+    last = dayvane::EndOfDay(m_arCellDate[dayvane::kMonthCells - 1].m_date);
+}
+
+void CMonthViewCtrl::MoveCalendar(int nWeeks)
+{
+    const int firstDay = dayvane::FirstDayOf(m_arCellDate);
+    const long long moved = firstDay + static_cast<long long>(nWeeks) * dayvane::kMonthColumns;
+    if (firstDay == dayvane::kNoDay || moved <= civil::kFirstDay - dayvane::kMonthCells || moved > civil::kLastDay)
+        return; // no day of the grid would be a date
+    RebuildDates(static_cast<int>(moved));
+    UpdateScreenItems();
+    InvalidateClient();
+    COleDateTime first;
+    COleDateTime last;
+    GetViewRange(first, last);
+    Notify(CCN_VIEWRANGECHANGE, m_dtCurrent, first, last, kRangeChangeValue);
+}
+
+void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
+{
+    const int cell = dayvane::CellOfDate(m_arCellDate, date);
+    if (cell != -1)
+        m_arCellDate[cell].m_dayProperty = property;
+}
+
+void CMonthViewCtrl::ClearDayProperty()
+{
+    for (int i = 0; i < dayvane::kMonthCells; ++i) {
+        tagCALENDAR_DAY_PROPERTY& property = m_arCellDate[i].m_dayProperty;
+        property.strText.Empty();
+        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
+    }
+}
+
+int CMonthViewCtrl::GetDayColor(int nCell)
+{
+    return m_arCellDate[nCell].m_dayProperty.nDayColor;
+}
+
+// ---- Layout
+
+void CMonthViewCtrl::Layout(int cx, int cy)
+{
+    CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
+    CalcCellRect(m_rcRuler, m_rcContent);
+    UpdateScreenItems();
+}
+
+void CMonthViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar)
+{
+    const dayvane::MonthBands bands = dayvane::CalcMonthBands(rcClient, m_bShowCaption == TRUE);
+    rcCaption = bands.caption;
+    rcHeader = bands.header;
+    rcCalendar = bands.calendar;
+}
+
+CSize CMonthViewCtrl::CalcCellSize(CRect rcCalendar)
+{
+    return dayvane::CalcMonthCellSize(rcCalendar);
+}
+
+void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
+{
+    dayvane::FillMonthCells(rcHeader, rcCalendar, CalcCellSize(rcCalendar), m_arHeaderCell, m_arCell);
+}
+
+void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
+{
+    using namespace dayvane;
+    const int firstDay = FirstDayOf(m_arCellDate);
+    MakeRowPieces(items, firstDay == kNoDay ? DayRows() : EvenRows(firstDay, kMonthRows, kMonthColumns), screenItems);
+    ScreenItemsChanged();
+}
+
+void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
+{
+    dayvane::CalcMonthBars(m_arCellDate, m_arCell, screenItems);
+    ScreenItemsChanged();
+}
+
+void CMonthViewCtrl::ClearMoreMarks()
+{
+    dayvane::ClearLoads(m_arCell);
+}
+
+// ---- Hit test
+
+int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
+{
+    info.nItem = info.nScreenItem = -1;
+    info.nHitCode = CCHT_NOWHERE;
+    const int cell = dayvane::CellOfPoint(m_arCell, info.pt);
+    if (cell == -1)
+        return -1;
+    dayvane::ToSystemTime(m_arCellDate[cell].m_date, info.time);
+    info.nScreenItem = ScreenItemAt(info.pt);
+    if (info.nScreenItem != -1)
+        info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
+    if (dayvane::IsInDayCaption(m_arCell[cell], info.pt))
+        info.nHitCode = CCHT_ONDAYCAPTION;
+    else
+        info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : CCHT_ONCELL;
+    return info.nItem;
+}
+
+void CMonthViewCtrl::InvalidateCellRect(COleDateTime date)
+{
+    const int cell = dayvane::CellOfDate(m_arCellDate, date);
+    if (cell == -1 || !m_hWnd)
+        return;
+    CRect rect = m_arCell[cell].m_rect;
+    rect.InflateRect(kCellMargin, kCellMargin);
+    InvalidateRect(&rect, FALSE);
+}
+
+void CMonthViewCtrl::InvalidateCellRectRange()
+{
+    COleDateTime begin;
+    COleDateTime end;
+    if (!m_hWnd || !GetSelRange(begin, end))
+        return;
+    const int firstDay = dayvane::FirstDayOf(m_arCellDate);
+    const int first = std::max(dayvane::DayNumberOf(begin) - firstDay, 0);
+    const int last = std::min(dayvane::DayNumberOf(end) - firstDay, dayvane::kMonthCells - 1);
+    for (int i = first; i <= last; ++i)
+        InvalidateRect(&m_arCell[i].m_rect, FALSE);
+}
+
+void CMonthViewCtrl::GetCurCellRect(CRect& rect, int& bFound)
+{
+    const int cell = dayvane::CellOfDate(m_arCellDate, m_dtSelBegin);
+    bFound = cell != -1 ? 1 : 0;
+    rect = bFound ? m_arCell[cell].m_rect : CRect(-1, -1, -1, -1);
+}
+
+// ---- Keyboard moves
+
+void CMonthViewCtrl::MoveForward(UINT nFlags)
+{
+    MoveSelection(-dayvane::kMonthColumns, nFlags);
+}
+
+void CMonthViewCtrl::MoveBackward(UINT nFlags)
+{
+    MoveSelection(dayvane::kMonthColumns, nFlags);
+}
+
+void CMonthViewCtrl::MoveLeftward(UINT nFlags)
+{
+    MoveSelection(-1, nFlags);
+}
+
+void CMonthViewCtrl::MoveRightward(UINT nFlags)
+{
+    MoveSelection(1, nFlags);
+}
+
+void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
+{
+    const COleDateTime end = dayvane::AddDays(m_dtSelEnd, nDays);
+    if (end.GetStatus() != COleDateTime::valid)
+        return;
+    const COleDateTime begin = (nFlags & kExtendSelection) ? m_dtSelBegin : end;
+    m_dtPrevSelEnd = m_dtSelEnd;
+    m_dtSelBegin = begin;
+    m_dtSelEnd = end;
+    if (!m_hWnd)
+        return;
+    COleDateTime first;
+    COleDateTime last;
+    GetViewRange(first, last);
+    const bool leavesView = nDays < 0 ? end < first : end > last;
+    if (!leavesView) {
+        InvalidateRect(&m_rcContent, FALSE);
+        return;
+    }
+    Alive alive(this);
+    SendMessage(WM_VSCROLL, nDays < 0 ? SB_LINEUP : SB_LINEDOWN);
+    if (!alive)
+        return;
+    // Scrolling has put the selection on the new current date.
+    m_dtSelBegin = begin;
+    m_dtSelEnd = end;
+}
+
+// ---- Size and scroll
+
+void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    CDayGridCtrl::OnSize(nType, cx, cy);
+    Layout(cx, cy);
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMin = dayvane::kMonthScrollMin;
+    info.nMax = dayvane::kMonthScrollMax;
+    info.nPage = 1;
+    info.nPos = dayvane::kMonthScrollMiddle;
+    SetScrollInfo(SB_VERT, &info, TRUE);
+}
+
+void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
+{
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_ALL;
+    GetScrollInfo(SB_VERT, &info);
+    const dayvane::MonthScroll scroll =
+        dayvane::CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
+    const int days = scroll.weeks * dayvane::kMonthColumns;
+    if (!scroll.moves || dayvane::AddDays(m_dtCurrent, days).GetStatus() != COleDateTime::valid)
+        return;
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    if (days != 0) {
+        SYSTEMTIME time = {};
+        dayvane::ToSystemTime(dayvane::AddDays(m_dtCurrent, days), time);
+        Notify(CCN_SELDATECHANGE, -1, 0, CPoint(-1, -1), time, CCHT_ONCELL);
+        if (!alive)
+            return;
+    }
+    // The host may have set another date meanwhile.
+    const COleDateTime date = dayvane::AddDays(m_dtCurrent, days);
+    if (date.GetStatus() != COleDateTime::valid)
+        return;
+    m_dtCurrent = m_dtScroll = date;
+    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
+    MoveCalendar(scroll.weeks);
+    if (!alive)
+        return;
+    m_dtSelBegin = m_dtSelEnd = m_dtCurrent;
+    SetScrollPos(SB_VERT, scroll.position, TRUE);
+    CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
+}

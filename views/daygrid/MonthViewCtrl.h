@@ -1,0 +1,110 @@
+// CMonthViewCtrl: a month as 6 weeks of 7 day cells with the items as bars, and CMonthViewCtrl2, its variant that shows
+// one item a day as a block.
+//
+// The grid starts with the week of the 1st of the month; scrolling then moves it by whole weeks, without regard to
+// months. Window style: WS_VSCROLL gives the scroll bar.
+//
+// Notifications besides those of CCalendarCtrl: CCN_SELDATECHANGE before scrolling moves the selected date (time: the
+// date that will be selected), CCN_VIEWRANGECHANGE with nValue 4104 after the grid has moved.
+#pragma once
+
+#include "views/daygrid/DayGridCtrl.h"
+#include "views/daygrid/MonthLayout.h"
+#include "views/daygrid/MonthPainter.h"
+
+class CMonthViewCtrl : public CDayGridCtrl
+{
+    DECLARE_DYNCREATE(CMonthViewCtrl)
+
+public:
+    typedef dayvane::MonthCell CCell;
+    typedef dayvane::MonthCellDate CCellDate;
+
+    // Built around today. Registers the window class; throws CResourceException when that fails.
+    CMonthViewCtrl();
+    ~CMonthViewCtrl() override;
+
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
+
+    using CCalendarCtrl::Layout;
+    void Layout(int cx, int cy) override;
+    int HitTest(tagCCHITTESTINFO& info) override;
+
+    // Builds the grid around the month of the date. The screen items follow with the next layout: call Refresh().
+    void SetCurrentDate(const COleDateTime& date) override;
+    // 00:00 of the first and 23:59:59 of the last of the 42 days; invalid where the grid leaves the years 100 to 9999.
+    void GetViewRange(COleDateTime& first, COleDateTime& last) override;
+    // Moves the grid by whole weeks, rebuilds dates and items, sends CCN_VIEWRANGECHANGE. The window may be gone
+    // afterwards.
+    void MoveCalendar(int nWeeks);
+
+    // Kept with the shown days only: forgotten when the grid moves. A date that is not shown is ignored.
+    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
+    void ClearDayProperty() override;
+    // Colour number of the cell's property, 0 none. An index outside 0..41 throws CInvalidArgException.
+    int GetDayColor(int nCell) override;
+
+    // The cells, row by row, 0..41; other indices throw CInvalidArgException.
+    const CCell& GetCell(int i) const { return m_arCell[i]; }
+    const CCellDate& GetCellDate(int i) const { return m_arCellDate[i]; }
+    void SetTitle(LPCTSTR lpszTitle) { m_strTitle = lpszTitle; } // for printing
+    CString GetTitle() const { return m_strTitle; }
+
+protected:
+    void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar) override;
+    virtual CSize CalcCellSize(CRect rcCalendar);
+    virtual void CalcCellRect(CRect rcHeader, const CRect& rcCalendar);
+    virtual void CalcCalendar();
+    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
+    void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
+    void ClearMoreMarks() override;
+
+    void DrawCtrl(CDC* pDC) override;
+    virtual void DrawCalendar(CDC* pDC, CRect rcCalendar);
+    void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    virtual void DrawHeader(CDC* pDC, CRect rcHeader);
+    void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
+    virtual void DrawTodayRect(CDC* pDC, CRect rect);
+    virtual void DrawFocusRect(CDC* pDC, CRect rect);
+
+    void InvalidateCellRect(COleDateTime date) override;
+    void InvalidateCellRectRange() override;
+    void GetCurCellRect(CRect& rect, int& bFound) override;
+    void MoveForward(UINT nFlags) override;  // a week earlier
+    void MoveBackward(UINT nFlags) override; // a week later
+    void MoveLeftward(UINT nFlags) override;
+    void MoveRightward(UINT nFlags) override;
+
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    DECLARE_MESSAGE_MAP()
+
+    COleDateTime m_dtCurrent; // the grid's month is this date's
+    COleDateTime m_dtScroll;  // shown in the title band; follows m_dtCurrent
+    CString m_strTitle;
+    CArray<CCell, const CCell&> m_arHeaderCell;         // 7
+    CArray<CCell, const CCell&> m_arCell;               // 42
+    CArray<CCellDate, const CCellDate&> m_arCellDate;   // 42
+    dayvane::MonthFonts m_fonts;
+    COLORREF m_crOtherMonth; // kept for derived views
+    COLORREF m_crButtonFace;
+
+private:
+    void MoveSelection(int nDays, UINT nFlags);
+    void RebuildDates(int nFirstDay);
+    dayvane::MonthLookInput LookInput();
+};
+
+class CMonthViewCtrl2 : public CMonthViewCtrl
+{
+    DECLARE_DYNCREATE(CMonthViewCtrl2)
+
+protected:
+    void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
+    void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
+
+private:
+    void DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool current);
+};
