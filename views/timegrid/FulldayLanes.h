@@ -1,0 +1,22 @@
+// The full-day band: items shown as bars above the grid, in lanes of 25 pixels.
+#pragma once
+
+#include "core/CalendarRecords.h"
+#include "views/timegrid/TimeScale.h"
+
+#include <vector>
+
+namespace dayvane
+{
+
+// One day: the k-th full-day item has the k-th lane, over the whole width of the band.
+void LayOneDayLanes(ItemArray& items, const CRect& band);
+
+// Several days: a bar runs from the column of its first day to that of its last, `columns` from left to right,
+// `firstDay` the day of the first. Each bar starts in the top lane and sinks by a lane for each earlier one (in screen
+// order, as they come) that it then meets; all go through this twice, the second time from where the first has left
+// them. Bars may still overlap then.
+void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
+                     const COleDateTime& firstDay);
+
+} // namespace dayvane

@@ -1,0 +1,54 @@
+#include "views/timegrid/TimeScale.h"
+
+#include "core/DateMath.h"
+
+#include <cmath>
+
+namespace dayvane
+{
+
+ClockTime ClockTimeOf(const COleDateTime& time)
+{
+    ClockTime clock;
+    if (time.GetStatus() != COleDateTime::valid)
+        return clock;
+    constexpr int kSecondsPerHour = 60 * kMinutesPerHour;
+    constexpr int kSecondsPerDay = kHoursPerDay * kSecondsPerHour;
+    clock.isValid = true;
+    // The fraction's size is the time of day, before the epoch too.
+    clock.day = static_cast<int>(time.m_dt);
+    int second = static_cast<int>(std::fabs(time.m_dt - clock.day) * kSecondsPerDay + 0.5);
+    if (second >= kSecondsPerDay) {
+        ++clock.day;
+        second = 0;
+    }
+    clock.hour = second / kSecondsPerHour;
+    clock.minute = second / 60 % kMinutesPerHour;
+    return clock;
+}
+
+COleDateTime TimeScale::TimeOfRow(const COleDateTime& day, int row) const
+{
+    const DateFields date = FieldsOf(day);
+    return COleDateTime(date.year, date.month, date.day, row / rowsPerHour, MinutesPerRow() * (row % rowsPerHour), 0);
+}
+
+int TimeScale::BottomOfTime(const ClockTime& time) const
+{
+    const int row = RowOfTime(time);
+    return TopOfRow(time.minute % MinutesPerRow() > 0 ? row + 1 : row);
+}
+
+COleDateTime TimeScale::RowStart(const COleDateTime& time) const
+{
+    const DateFields date = FieldsOf(time);
+    const int minute = time.GetMinute() / MinutesPerRow() * MinutesPerRow();
+    return COleDateTime(date.year, date.month, date.day, time.GetHour(), minute, 0);
+}
+
+COleDateTime TimeScale::MoveRows(const COleDateTime& time, int rows) const
+{
+    return AddMinutes(time, rows * MinutesPerRow());
+}
+
+} // namespace dayvane
