@@ -151,7 +151,10 @@ void CArray<TYPE, ARG_TYPE>::SetCapacity(INT_PTR nCapacity)
     }
     TYPE* pNew = static_cast<TYPE*>(pMemory);
     if constexpr (std::is_nothrow_move_constructible_v<TYPE> || !std::is_copy_constructible_v<TYPE>) {
-        std::uninitialized_move(m_pData, m_pData + m_nSize, pNew);
+        for (INT_PTR i = 0; i < m_nSize; ++i) { // in one pass: large arrays come through the cache once
+            new (static_cast<void*>(pNew + i)) TYPE(std::move(m_pData[i]));
+            m_pData[i].~TYPE();
+        }
     } else {
         try {
             std::uninitialized_copy(m_pData, m_pData + m_nSize, pNew);
@@ -159,8 +162,8 @@ void CArray<TYPE, ARG_TYPE>::SetCapacity(INT_PTR nCapacity)
             std::free(pMemory);
             throw;
         }
+        std::destroy(m_pData, m_pData + m_nSize);
     }
-    std::destroy(m_pData, m_pData + m_nSize);
     std::free(m_pData);
     m_pData = pNew;
     m_nMaxSize = nCapacity;

@@ -4,8 +4,10 @@
 #include <afxdisp.h>
 #include <civil.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <cstring>
 #include <ctime>
 #include <limits>
 #include <random>
@@ -221,6 +223,25 @@ TEST(DateTime, Formats)
 }
 
 #ifdef _WIN32
+// The system's own conversions of DATEs, which are not made from this code.
+TEST(DateTime, AgreesWithTheSystem)
+{
+    std::mt19937 random(3);
+    for (int i = 0; i < 50000; ++i) {
+        const int day = static_cast<int>(random() % 3615899u) + civil::kFirstDay;
+        const double tenths = random() % 9 - 4.0; // of a second, never near one half
+        const double fraction = std::max(0.0, (random() % 86400 + tenths / 10) / 86400);
+        const DATE value = day >= 0 ? day + fraction : day - fraction;
+        SYSTEMTIME ours = {}, theirs = {};
+        COleDateTime(value).GetAsSystemTime(ours);
+        ASSERT_TRUE(VariantTimeToSystemTime(value, &theirs));
+        ASSERT_EQ(std::memcmp(&ours, &theirs, sizeof ours), 0) << value;
+        DATE encoded = 0;
+        ASSERT_TRUE(SystemTimeToVariantTime(&ours, &encoded));
+        ASSERT_NEAR(COleDateTime(ours).m_dt, encoded, 1e-10) << value;
+    }
+}
+
 TEST(DateTime, FormatsNamesOfTheRuntimesLocale)
 {
     ASSERT_NE(std::setlocale(LC_TIME, "jpn"), nullptr);
