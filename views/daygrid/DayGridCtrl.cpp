@@ -12,6 +12,7 @@ constexpr UINT kMoreMarkBitmap = 18007;
 constexpr COLORREF kTransparent = RGB(255, 0, 255);
 constexpr int kNoTop = -1; // of an item without a rectangle
 constexpr int kMarkGap = 1; // pixels after a mark of an item
+constexpr int kTextGap = 2; // and more before the text
 
 bool IsShown(const dayvane::tagCALENDAR_ITEM& item)
 {
@@ -122,6 +123,7 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
     dayvane::BarPainter painter(pDC, m_pens);
     CRect content = painter.DrawBox(item);
+    const int marksLeft = content.left;
     pDC->SetTextColor(item.crColor1);
     if (item.bAlarm)
         content.left += DrawAlarmMark(pDC, content, TRUE) + kMarkGap;
@@ -129,6 +131,8 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
         content.left += DrawRecurrentMark(pDC, content, TRUE) + kMarkGap;
     if (item.nImage != -1)
         content.left += DrawImageIcon(pDC, item.nImage, content);
+    if (content.left != marksLeft)
+        content.left += kTextGap;
 
     const BOOL fullday = dayvane::IsFulldayItem(item);
     pDC->SetTextColor(item.crColor5);

@@ -22,6 +22,7 @@ struct MonthPaintMetrics
     int annotationHeight = 13;
     int annotationLeft = 4;
     int annotationGap = 4; // to the day number
+    int annotationMinWidth = 20; // a narrower one would be nothing but an ellipsis
 };
 constexpr MonthPaintMetrics kPaintMetrics;
 
@@ -32,6 +33,8 @@ struct Weekday
     const char* name;
     COLORREF color;
 };
+constexpr int kCharacterLength = 2; // bytes
+constexpr int kNameLength = 3 * kCharacterLength;
 constexpr Weekday kWeekdays[kMonthColumns] = {
     // name, text colour
     {"日曜日", 0x0049DC}, {"月曜日", 0x000000}, {"火曜日", 0x000000}, {"水曜日", 0x000000},
@@ -134,6 +137,8 @@ void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& header
 {
     DrawHeaderBand(pDC, band, kHeaderBand);
     const SelectGdi selectFont(pDC, font);
+    // All names are of one width; where they do not fit, the first character tells the day.
+    const bool isShort = headerCells[0].m_rect.Width() < pDC->GetTextExtent(kWeekdays[0].name, kNameLength).cx;
     for (int column = 0; column < kMonthColumns; ++column) {
         const int dayOfWeek = dates[column].m_date.GetDayOfWeek();
         if (dayOfWeek < 1)
@@ -141,7 +146,8 @@ void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& header
         const Weekday& weekday = kWeekdays[dayOfWeek - 1];
         CRect box = headerCells[column].m_rect;
         pDC->SetTextColor(weekday.color);
-        pDC->DrawText(weekday.name, -1, &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+        pDC->DrawText(weekday.name, isShort ? kCharacterLength : kNameLength, &box,
+                      DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
 }
 
@@ -210,7 +216,7 @@ void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, Month
         annotation.right = number.right - pDC->GetTextExtent(look.dayNumber).cx - kPaintMetrics.annotationGap;
         const SelectGdi selectFont(pDC, &fonts.annotation);
         pDC->SetTextColor(look.annotationColor);
-        if (!annotation.IsRectEmpty())
+        if (annotation.Width() >= kPaintMetrics.annotationMinWidth)
             pDC->DrawText(look.annotation, &annotation, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     pDC->SetTextColor(look.dayNumberColor);
