@@ -11,7 +11,6 @@ using namespace dayvane;
 namespace
 {
 constexpr UINT kPopupClassStyle = CS_SAVEBITS | CS_CLASSDC | CS_HREDRAW | CS_VREDRAW;
-constexpr DWORD kPopupStyle = WS_POPUP | WS_VISIBLE;
 constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
 } // namespace
 
@@ -44,9 +43,11 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
     const LPCTSTR lpszClass =
         AfxRegisterWndClass(kPopupClassStyle, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
     const std::weak_ptr<char> object = m_life.Watch();
-    if (!CreateEx(kPopupExStyle, lpszClass, "", kPopupStyle, place, m_pPicker, 0)) {
+    if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP, place, m_pPicker, 0)) {
         return FALSE;
     }
+    // Created visible it would take the activation, and the picker lose the focus.
+    ShowWindow(SW_SHOWNOACTIVATE);
     if (object.expired()) {
         return TRUE; // ended while it came up
     }
