@@ -45,10 +45,8 @@ char Upper(char ch)
 
 void ConvertEach(LPTSTR text, char (*convert)(char))
 {
-    for (LPTSTR p = text; *p != 0; p += CharSize(p)) {
-        if (CharSize(p) == 1) {
-            *p = convert(*p);
-        }
+    for (LPTSTR p = text; *p != 0; p += CharSize(p)) { // a lead byte is no letter
+        *p = convert(*p);
     }
 }
 } // namespace

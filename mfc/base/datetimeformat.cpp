@@ -1,7 +1,6 @@
 // The texts of dates and spans.
 #include <afxdisp.h>
 #include <civil.h>
-#include <dbcs.h>
 
 #include <clocale>
 #include <cstring>
@@ -108,9 +107,8 @@ CString COleDateTime::Format(LPCTSTR format) const
             text += NameOf(time, flag);
         } else if (flag == '%') {
             text.AppendChar('%');
-        } else { // no flag: one character as it is, whose second byte is not looked at
-            text.Append(p, dbcs::CharSize(p));
-            p += dbcs::CharSize(p);
+        } else { // no flag; a percent sign is never the second byte of a character
+            text.AppendChar(*p++);
             continue;
         }
         p += isBare ? 3 : 2;

@@ -44,13 +44,13 @@ struct Content
     }
     void Serialize(CArchive& ar)
     {
+        rows.Serialize(ar);
+        texts.Serialize(ar);
         if (ar.IsStoring()) {
             ar << number << word << flag << real << wide << text << longText << date << none << span;
         } else {
             ar >> number >> word >> flag >> real >> wide >> text >> longText >> date >> none >> span;
         }
-        rows.Serialize(ar);
-        texts.Serialize(ar);
     }
 };
 

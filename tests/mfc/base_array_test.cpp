@@ -203,6 +203,7 @@ TEST(Array, KeepsItsElementsWhenMemoryLacks)
     const Huge* const data = array.GetData();
     EXPECT_TRUE(Throws<CMemoryException>([&] { array.SetSize(INT32_MAX); }));
     EXPECT_TRUE(Throws<CMemoryException>([&] { array.SetSize(INTPTR_MAX); }));
+    EXPECT_TRUE(Throws<CMemoryException>([&] { array.SetSize(INTPTR_MAX / 2 + 1); })) << "0 bytes when multiplied";
     EXPECT_TRUE(Throws<CMemoryException>([&] { array.SetAtGrow(INTPTR_MAX, array[0]); }));
     EXPECT_TRUE(Throws<CMemoryException>([&] { array.InsertAt(0, array[1], INTPTR_MAX); }));
     EXPECT_EQ(array.GetSize(), 2);
