@@ -1,0 +1,325 @@
+// The base control in a real window: settings, hit test, notifications, keyboard and mouse.
+#include "PlainCalendar.h"
+
+#include "support/GuiCounts.h"
+#include "support/Input.h"
+#include "support/MemoryDc.h"
+
+#include "core/DrawingHelpers.h"
+
+#include <gtest/gtest.h>
+
+using namespace coretest;
+using namespace testsupport;
+using Lines = std::vector<std::string>;
+
+namespace
+{
+
+TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
+{
+    const int rowsBefore = static_cast<int>(CCalendarCtrl::m_arDayColors.GetSize());
+    CCalendarCtrl first, second;
+    EXPECT_EQ(CCalendarCtrl::m_arDayColors.GetSize(), rowsBefore + 14);
+    EXPECT_EQ(CCalendarCtrl::m_arDayColors[1].crColor[6], 0x2138EFu);
+    std::string workDays;
+    for (int day = 0; day <= 8; ++day)
+        workDays += std::to_string(first.IsWorkDayOfWeek(day));
+    EXPECT_EQ(workDays, "001111100");
+    EXPECT_TRUE(first.IsWorkDayOfWeek(COleDateTime(2017, 4, 28, 0, 0, 0)));
+    EXPECT_FALSE(first.IsWorkDayOfWeek(COleDateTime(2017, 4, 29, 0, 0, 0)));
+    std::string workRows;
+    for (int row : {11, 12, 35, 36, -1})
+        workRows += std::to_string(first.IsWorkTime(row));
+    EXPECT_EQ(workRows, "01100") << "06:00 to 18:00 in half hours";
+    EXPECT_EQ(first.GetFont(2), first.GetFont(3));
+    EXPECT_NE(first.GetFont(0), first.GetFont(1));
+    for (int bad : {0, -1, 61})
+        EXPECT_THROW(first.SetTimeScale(bad), CInvalidArgException*) << bad;
+    EXPECT_EQ(first.Create(WS_CHILD, CRect(0, 0, 1, 1), nullptr, 1), TRUE);
+    EXPECT_EQ(first.m_hWnd, nullptr);
+}
+
+TEST(CalendarCtrl, DayColoursRoundTripThroughAnArchive)
+{
+    CCalendarCtrl ctrl;
+    auto& colours = CCalendarCtrl::m_arDayColors;
+    CMemFile file;
+    {
+        CArchive out(&file, CArchive::store);
+        colours.Serialize(out);
+    }
+    const int count = static_cast<int>(colours.GetSize());
+    colours[0].crColor[3] ^= 0xFF;
+    const COLORREF changed = colours[0].crColor[3];
+    file.SeekToBegin();
+    CArchive in(&file, CArchive::load);
+    colours.Serialize(in);
+    EXPECT_EQ(colours.GetSize(), count);
+    EXPECT_EQ(colours[0].crColor[3], changed ^ 0xFF);
+}
+
+TEST(CalendarCtrl, SelectionRules)
+{
+    CalendarScene scene;
+    PlainCalendar& ctrl = *scene.calendar;
+    EXPECT_EQ(ctrl.SetCurSel(2), 2) << "equal to the count";
+    EXPECT_EQ(ctrl.SetCurSel(3), -1);
+    EXPECT_EQ(ctrl.GetCurSel(), 2);
+    ctrl.SetSelScreenItem(1);
+    ctrl.SetCurSel(-1);
+    EXPECT_EQ(ctrl.GetSelScreenItem(), -1);
+    COleDateTime begin, end;
+    ctrl.SetSelRange(At(9), At(8));
+    EXPECT_EQ(ctrl.GetSelRange(begin, end), 1);
+    EXPECT_TRUE(begin == At(8) && end == At(9));
+    ctrl.SetSelRange(COleDateTime(0.0), At(8));
+    EXPECT_EQ(ctrl.GetSelRange(begin, end), 0);
+    EXPECT_EQ(ctrl.GetItemData(-1), -1);
+    EXPECT_EQ(ctrl.GetItemData(3), 0);
+    EXPECT_EQ(ctrl.IsItemMovable(3), 1);
+}
+
+TEST(CalendarCtrl, HitTestByRows)
+{
+    CalendarScene scene;
+    PlainCalendar& ctrl = *scene.calendar;
+    ctrl.m_rcContent = CRect(60, 30, 300, 600);
+    const struct
+    {
+        CPoint point;
+        int scroll, code, item, hour, minute;
+    } rows[] = {
+        {{100, 30}, 0, CCHT_ONCELL, -1, 0, 0},     {{100, 69}, 0, CCHT_ONCELL, -1, 0, 30},
+        {{299, 90}, 0, CCHT_ONITEM, 0, 1, 30},     {{59, 100}, 0, CCHT_ONITEM, 0, -1, -1},
+        {{59, 50}, 0, CCHT_NOWHERE, -1, -1, -1},   {{100, 29}, 0, CCHT_NOWHERE, -1, -1, -1},
+        {{100, 30}, 960, CCHT_ONCELL, -1, -1, -1}, {{100, 49}, 960, CCHT_ONCELL, -1, -1, -1},
+        {{100, 50}, 960, CCHT_NOWHERE, -1, -1, -1},
+    };
+    for (const auto& row : rows) {
+        ctrl.m_nVertScroll = row.scroll;
+        tagCCHITTESTINFO hit;
+        hit.pt = row.point;
+        hit.time.wYear = 1;
+        EXPECT_EQ(ctrl.CCalendarCtrl::HitTest(hit), row.item);
+        EXPECT_EQ(hit.nHitCode, row.code) << row.point.x << ',' << row.point.y << " scrolled " << row.scroll;
+        if (row.hour >= 0)
+            EXPECT_TRUE(hit.time.wHour == row.hour && hit.time.wMinute == row.minute);
+        else
+            EXPECT_EQ(hit.time.wYear, 1) << "no valid time: left as it was";
+    }
+}
+
+TEST(CalendarCtrl, KeysAndWhatTheyTell)
+{
+    CalendarScene scene;
+    PlainCalendar& ctrl = *scene.calendar;
+    const Lines kNone;
+    ctrl.SendMessage(WM_KEYDOWN, VK_RETURN, 5);
+    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMDBLCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
+    ctrl.SendMessage(WM_KEYDOWN, VK_SPACE);
+    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
+    ctrl.SendMessage(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=0"});
+    for (int key : {VK_RETURN, VK_SPACE, VK_PROCESSKEY}) {
+        ctrl.SendMessage(WM_KEYDOWN, key, 0x00150001);
+        EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMDBLCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=21"});
+    }
+    ctrl.SendMessage(WM_KEYDOWN, VK_LEFT);
+    EXPECT_EQ(ctrl.GetCurSel(), 0) << "an index of exactly 0 stays";
+    ctrl.SetCurSel(1);
+    ctrl.SendMessage(WM_KEYDOWN, VK_RIGHT);
+    EXPECT_EQ(ctrl.GetCurSel(), -1);
+    EXPECT_EQ(ctrl.calls, (Lines{"left", "right"}));
+    ctrl.calls.clear();
+    {
+        KeyState shift({VK_SHIFT});
+        ctrl.SendMessage(WM_KEYDOWN, VK_RIGHT);
+        ctrl.SendMessage(WM_KEYUP, VK_RIGHT);
+        ctrl.SendMessage(WM_KEYUP, VK_RIGHT);
+    }
+    EXPECT_EQ(ctrl.calls, (Lines{"right+shift", "range"})) << "the first release fixes the anchor";
+    EXPECT_EQ(scene.Told(), kNone);
+}
+
+TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
+{
+    CalendarScene scene;
+    const struct
+    {
+        UINT message;
+        WPARAM wParam;
+        int code;
+    } rows[] = {
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 120), SB_LINEUP},    {WM_MOUSEWHEEL, MAKEWPARAM(0, 60), SB_LINEDOWN},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, -120), SB_LINEDOWN}, {WM_MOUSEWHEEL, MAKEWPARAM(0, 360), SB_LINEUP},
+        {WM_KEYDOWN, VK_PRIOR, SB_PAGEUP},                 {WM_KEYDOWN, VK_NEXT, SB_PAGEDOWN},
+        {WM_KEYDOWN, VK_UP, SB_LINEUP},                    {WM_KEYDOWN, VK_DOWN, SB_LINEDOWN},
+    };
+    for (const auto& row : rows) {
+        scene.calendar->SendMessage(row.message, row.wParam, 0);
+        MSG msg = {};
+        ASSERT_TRUE(::PeekMessage(&msg, scene.window, WM_VSCROLL, WM_VSCROLL, PM_REMOVE)) << row.wParam;
+        EXPECT_EQ(LOWORD(msg.wParam), row.code) << row.message << ' ' << row.wParam;
+        EXPECT_FALSE(::PeekMessage(&msg, scene.window, WM_VSCROLL, WM_VSCROLL, PM_REMOVE)) << "one a message";
+    }
+}
+
+TEST(CalendarCtrl, MouseTellsEveryPress)
+{
+    CalendarScene scene;
+    messages::Click(scene.window, PointAt(3));
+    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=1"});
+    EXPECT_EQ(scene.calendar->GetCurSel(), 0);
+    messages::RightClick(scene.window, PointAt(7, 30));
+    messages::DoubleClick(scene.window, PointAt(5));
+    const Lines told = scene.Told();
+    ASSERT_GE(told.size(), 2u);
+    EXPECT_EQ(told.front(), "CCN_ITEMRCLICK item=1 lParam=71 time=2017-04-25 07:30:00 hit=2 sub=2");
+    EXPECT_EQ(told.back(), "CCN_ITEMDBLCLICK item=-1 lParam=-1 time=2017-04-25 05:00:00 hit=4 sub=1");
+    EXPECT_EQ(scene.calendar->GetCurSel(), -1);
+    scene.calendar->SetCurSel(1);
+    scene.calendar->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(scene.window), MAKELPARAM(-1, -1));
+    EXPECT_EQ(scene.Told(), Lines{"CCN_CONTEXTMENU item=1 lParam=71 time=2017-04-25 06:00:00 hit=2 sub=0"})
+        << "from the keyboard: at the current item";
+    scene.calendar->EnableMouseHoverEvent(TRUE);
+    scene.calendar->SendMessage(WM_MOUSEHOVER, 0, MAKELPARAM(PointAt(3).x, PointAt(3).y));
+    EXPECT_EQ(scene.Told(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
+}
+
+TEST(CalendarCtrl, SweepSelectsADateRange)
+{
+    CalendarScene scene;
+    messages::LeftDown(scene.window, PointAt(9, 30));
+    EXPECT_EQ(::GetCapture(), scene.window);
+    messages::Move(scene.window, PointAt(11), MK_LBUTTON);
+    messages::Move(scene.window, PointAt(8), MK_LBUTTON);
+    messages::LeftUp(scene.window, PointAt(8));
+    COleDateTime begin, end;
+    scene.calendar->GetSelRange(begin, end);
+    EXPECT_TRUE(begin == At(8) && end == At(9, 30));
+    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_EQ(scene.Told().size(), 1u);
+}
+
+TEST(CalendarCtrl, DragKeepsTheDurationAndCanBeTakenBack)
+{
+    CalendarScene scene;
+    const auto dragTo = [&scene](int hour) {
+        messages::LeftDown(scene.window, PointAt(2, 30));
+        messages::Move(scene.window, PointAt(4), MK_LBUTTON);
+        messages::Move(scene.window, PointAt(hour), MK_LBUTTON);
+    };
+    dragTo(10);
+    EXPECT_TRUE(scene.calendar->IsDragging());
+    EXPECT_EQ(scene.TimesOf(0), "10:00-12:00");
+    scene.calendar->SendMessage(WM_KEYDOWN, VK_ESCAPE);
+    EXPECT_EQ(scene.TimesOf(0), "02:00-04:00");
+    EXPECT_EQ(::GetCapture(), nullptr);
+    messages::LeftUp(scene.window, PointAt(10));
+    dragTo(10);
+    ::SetCapture(scene.parent.m_hWnd); // another window takes the mouse
+    ::ReleaseCapture();
+    EXPECT_EQ(scene.TimesOf(0), "02:00-04:00");
+    scene.Told();
+    dragTo(11);
+    messages::LeftUp(scene.window, PointAt(11), MK_CONTROL);
+    EXPECT_EQ(scene.TimesOf(0), "11:00-13:00");
+    EXPECT_EQ(scene.Told().back(), "CCN_ITEMMOVED item=0 lParam=70 time=2017-04-25 11:00:00 hit=2 sub=8")
+        << "Ctrl is in the flags: the host may make it a copy";
+    EXPECT_FALSE(scene.calendar->IsDragging());
+    scene.AddItem(0, 72, FALSE);
+    messages::Drag(scene.window, PointAt(0, 30), PointAt(9));
+    EXPECT_EQ(scene.TimesOf(2), "00:00-02:00") << "not movable";
+}
+
+TEST(CalendarCtrl, ExtendedDragKeepsTheGrabAndPullsTheLowerEdge)
+{
+    CalendarScene scene;
+    scene.calendar->m_bExtendedMove = TRUE;
+    messages::LeftDown(scene.window, PointAt(3));
+    messages::Move(scene.window, PointAt(4), MK_LBUTTON);
+    messages::Move(scene.window, PointAt(9), MK_LBUTTON);
+    messages::LeftUp(scene.window, PointAt(9));
+    EXPECT_EQ(scene.TimesOf(0), "08:00-10:00") << "grabbed an hour below its start";
+    const CPoint edge(kWidth / 2, 10 * 2 * kRow - 1);
+    messages::LeftDown(scene.window, edge);
+    messages::Move(scene.window, PointAt(11), MK_LBUTTON);
+    messages::Move(scene.window, PointAt(12), MK_LBUTTON);
+    messages::LeftUp(scene.window, PointAt(12));
+    EXPECT_EQ(scene.TimesOf(0), "08:00-12:30");
+}
+
+TEST(CalendarCtrl, PaintingCopiesOnceAndKeepsNoObjects)
+{
+    CalendarScene scene;
+    const auto paint = [&scene] {
+        scene.calendar->Invalidate(FALSE);
+        scene.calendar->UpdateWindow();
+    };
+    paint();
+    GuiLeakCheck leaks;
+    for (int i = 0; i < 50; ++i)
+        paint();
+}
+
+TEST(DrawingHelpers, GradientsReachTheirColours)
+{
+    MemoryDc surface(40, 40);
+    const CRect area(2, 2, 38, 38);
+    dayvane::DrawGradient(&surface.Dc(), area, RGB(200, 0, 0), RGB(0, 0, 200), TRUE, TRUE);
+    EXPECT_GT(GetRValue(surface.Pixel(2, 20)), 190);
+    EXPECT_GT(GetBValue(surface.Pixel(37, 20)), 190);
+    EXPECT_EQ(surface.Pixel(20, 2), surface.Pixel(20, 37)) << "left to right: columns are even";
+    EXPECT_EQ(surface.Pixel(1, 20), RGB(255, 255, 255));
+    surface.Fill(RGB(255, 255, 255));
+    dayvane::DrawSteppedGradient(&surface.Dc(), area, RGB(0, 0, 0), RGB(170, 170, 170), FALSE);
+    EXPECT_EQ(surface.Pixel(20, 2), RGB(0, 0, 0));
+    EXPECT_EQ(surface.Pixel(20, 3), RGB(0, 0, 0)) << "strips of two pixels";
+    EXPECT_EQ(surface.Pixel(20, 4), RGB(10, 10, 10));
+    EXPECT_EQ(surface.Pixel(20, 37), RGB(170, 170, 170));
+    surface.Fill(RGB(255, 255, 255));
+    for (int height = 0; height < 5; ++height)
+        dayvane::DrawSteppedGradient(&surface.Dc(), CRect(0, 0, 10, height), 0, RGB(9, 9, 9), FALSE);
+    EXPECT_EQ(surface.CountOther(CRect(0, 4, 40, 40), RGB(255, 255, 255)), 0) << "stays inside small rectangles";
+}
+
+TEST(DrawingHelpers, MarksTellTheirWidthAndNeedRoom)
+{
+    MemoryDc surface(60, 20);
+    CDC& dc = surface.Dc();
+    LOGFONT symbols = {};
+    symbols.lfHeight = 12;
+    symbols.lfCharSet = SYMBOL_CHARSET;
+    lstrcpy(symbols.lfFaceName, "No such face");
+    dc.SetTextColor(RGB(10, 20, 30));
+    const int alarm = dayvane::DrawAlarmGlyph(&dc, CRect(0, 0, 30, 20), symbols, FALSE);
+    const int recurrence = dayvane::DrawRecurrenceGlyph(&dc, CRect(30, 0, 60, 20), symbols, TRUE);
+    EXPECT_GT(surface.Count(CRect(0, 0, alarm, 20), RGB(10, 20, 30)), 20);
+    EXPECT_GT(surface.Count(CRect(30, 0, 30 + recurrence, 20), RGB(10, 20, 30)), 15);
+    EXPECT_EQ(surface.CountOther(CRect(alarm, 0, 30, 20), RGB(255, 255, 255)), 0) << "nothing beyond the width";
+    surface.Fill(RGB(255, 255, 255));
+    EXPECT_EQ(dayvane::DrawAlarmGlyph(&dc, CRect(0, 0, alarm, 20), symbols, FALSE), 0);
+    EXPECT_EQ(surface.CountOther(CRect(0, 0, 60, 20), RGB(255, 255, 255)), 0);
+}
+
+TEST(DrawingHelpers, IconsNeedAListAndRoom)
+{
+    CalendarScene scene;
+    CClientDC dc(scene.calendar);
+    EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, 0, CRect(0, 0, 100, 20)), 0);
+    CImageList images, empty;
+    images.Create(16, 12, ILC_COLOR24, 1, 1);
+    empty.Create(16, 12, ILC_COLOR24, 0, 1);
+    CBitmap bitmap;
+    bitmap.CreateCompatibleBitmap(&dc, 16, 12);
+    images.Add(&bitmap, static_cast<CBitmap*>(nullptr));
+    EXPECT_EQ(scene.calendar->SetImageList(&empty), 0);
+    EXPECT_EQ(scene.calendar->SetImageList(&images), 1);
+    EXPECT_NE(scene.calendar->GetImageList(), &images) << "a copy";
+    EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, 0, CRect(0, 0, 17, 20)), 18);
+    EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, 0, CRect(0, 0, 16, 20)), 0);
+    EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, -1, CRect(0, 0, 100, 20)), 0);
+}
+
+} // namespace
