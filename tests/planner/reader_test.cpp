@@ -96,8 +96,23 @@ TEST(Reader, RepeatsWithExceptionsAndReplacements)
               unreplaced + "20261123T0900/20261123T1000 20261124T1000/20261124T1000 20261130T0900/20261130T1000");
     EXPECT_EQ(ShownIn2026(CalendarWith({"DTSTART:20261230", "RRULE:FREQ=DAILY;UNTIL=20270301", "EXDATE:20261231"})),
               "20261230/20261231*");
-    EXPECT_EQ(ShownIn2026(CalendarWith({"DTSTART:20261230T0900", "RRULE:FREQ=DAILY;BYDAY=XX"})),
-              "20261230T0900/20261230T0900");
+    const struct
+    {
+        const char* rule;
+        const char* shown;
+        const char* message;
+    } rows[] = {
+        {"RRULE:FREQ=DAILY;BYDAY=XX", "20261230/20261231*", "RRULE: \"BYDAY=XX\" is not understood"},
+        {"RRULE:FREQ=DAILY;INTERVAL=0", "20261230/20261231* 20261231/20270101*", "INTERVAL=0 is taken as 1"},
+        {"RRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30;COUNT=2", "20261230/20261231*", "leads too far"},
+        {"EXRULE:FREQ=DAILY", "20261230/20261231*", "EXRULE is not understood"},
+    };
+    for (const auto& row : rows) {
+        Document document;
+        document.Load(CalendarWith({"DTSTART:20261230", row.rule}));
+        EXPECT_EQ(Shown(document.OccurrencesIn(At(Year2026), At(Year2027))), row.shown) << row.rule;
+        EXPECT_NE(AllMessages(document).find(row.message), std::string::npos) << AllMessages(document);
+    }
 }
 
 TEST(Reader, OccurrencesMeetTheWindow)

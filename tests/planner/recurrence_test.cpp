@@ -18,7 +18,8 @@ RecurrenceRule Rule(const std::string& text, LocalTime start)
     if (rule.until) {
         rule.lastStart = rule.until->wall;
     }
-    LimitByCount(rule, start);
+    std::int64_t steps = CountingSteps;
+    LimitByCount(rule, start, steps);
     return rule;
 }
 
@@ -179,7 +180,8 @@ TEST(Recurrence, RandomRulesEqualTheLiteralOnes)
         const auto firstInside = std::lower_bound(expected.begin(), expected.end(), from);
         ASSERT_EQ(Days(Expand(rule, start, from, end)), Days({firstInside, expected.end()})) << "round " << round;
         rule.count = count;
-        LimitByCount(rule, start);
+        std::int64_t steps = CountingSteps;
+        LimitByCount(rule, start, steps);
         if (expected.size() >= static_cast<std::size_t>(count)) {
             expected.resize(static_cast<std::size_t>(count));
         }

@@ -70,10 +70,10 @@ private:
             Begin(UpperText(TrimBlanks(property->Value())));
         } else if (property->name == "END") {
             End(UpperText(TrimBlanks(property->Value())), line.raw.size());
-        } else if (m_open.size() == 1 && property->name == "X-WR-TIMEZONE" && m_scan.zoneName.empty()) {
+        } else if (IsOutermost() && property->name == "X-WR-TIMEZONE" && m_scan.zoneName.empty()) {
             m_scan.zoneName = TrimBlanks(property->Value());
             m_scan.zoneLine = m_line;
-        } else if (m_open.size() == 1 && property->name == "X-WR-CALNAME" && m_scan.name.empty()) {
+        } else if (IsOutermost() && property->name == "X-WR-CALNAME" && m_scan.name.empty()) {
             m_scan.name = RepairUtf8(UnescapeText(property->Value()));
         }
     }

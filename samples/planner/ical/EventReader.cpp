@@ -233,7 +233,9 @@ void EventReader::ReadRule()
         // A date lasts to its end, and for all-day events only the day counts.
         reading.rule->lastStart = until.isDate || event.IsAllDay() ? (DayOfTime(wall) + 1) * DaySeconds - 1 : wall;
     }
-    LimitByCount(*reading.rule, event.start.wall);
+    if (!LimitByCount(*reading.rule, event.start.wall, m_countingSteps)) {
+        Tell(*m_rule, "RRULE: COUNT leads too far to be counted: the event is taken to repeat without end");
+    }
     event.rule = std::move(reading.rule);
 }
 

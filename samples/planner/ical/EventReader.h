@@ -42,6 +42,7 @@ private:
     const ZoneTable& m_zones;
     MessageLog& m_log;
     std::set<std::string> m_toldZones;
+    std::int64_t m_countingSteps = CountingSteps;
 
     // Of the event that is being read.
     std::shared_ptr<Event> m_event;

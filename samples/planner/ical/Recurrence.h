@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -54,14 +55,16 @@ struct RuleReading
 // `start` is the event's start: parts like BYHOUR are taken when they only repeat it.
 RuleReading ParseRule(std::string_view value, LocalTime start);
 
-// Lowers `lastStart` to the last occurrence that COUNT leaves. Counts above MaxCounted in rules with BY parts, and
-// rules that give nothing for decades, are taken as endless: they would only keep the user waiting.
-constexpr std::int64_t MaxCounted = 5000;
-void LimitByCount(RecurrenceRule& rule, LocalTime start);
-
 // Calls `use` with each start in [from, to), ascending, until it returns false. `start` itself is always the first
-// occurrence, whether it fits the rule or not. Takes time for the periods between `from` and `to` only.
-void ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
-                const std::function<bool(LocalTime)>& use);
+// occurrence, whether it fits the rule or not. Walks the periods between `from` and `to` only, and gives up after
+// `maxSteps` (each period and each of its days is one). Returns the steps taken.
+std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
+                        const std::function<bool(LocalTime)>& use,
+                        std::int64_t maxSteps = std::numeric_limits<std::int64_t>::max());
+
+// Lowers `lastStart` to the last occurrence that COUNT leaves. `stepsLeft` is what a whole file may spend on counting
+// and is lowered by what this rule took. False if the rule was given up, as hostile ones are: it stays endless.
+constexpr std::int64_t CountingSteps = 2000000;
+bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft);
 
 } // namespace planner

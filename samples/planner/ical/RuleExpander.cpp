@@ -7,9 +7,8 @@ namespace planner {
 
 namespace {
 
-// Periods without any occurrence after which a rule is held to give none: daily rules may wait 28 years for a certain
-// weekday on a 29 February (40 across a common century year), the longer periods a few dozen.
-constexpr int MaxEmptyPeriods = 15000;
+// What one rule may spend on counting: more than a century of days.
+constexpr std::int64_t CountingStepsOfRule = 100000;
 
 bool Contains(const std::vector<int>& sorted, int value)
 {
@@ -219,10 +218,10 @@ private:
 
 } // namespace
 
-void LimitByCount(RecurrenceRule& rule, LocalTime start)
+bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft)
 {
     if (!rule.count) {
-        return;
+        return true;
     }
     const std::int64_t count = *rule.count;
     const bool hasParts = !rule.byMonth.empty() || !rule.byMonthDay.empty() || !rule.byYearDay.empty() ||
@@ -232,49 +231,51 @@ void LimitByCount(RecurrenceRule& rule, LocalTime start)
         if (count - 1 <= (EndOfTime - start) / step) {
             rule.lastStart = std::min(rule.lastStart, start + (count - 1) * step);
         }
-        return;
-    }
-    if (count > MaxCounted) {
-        return;
+        return true;
     }
     std::int64_t counted = 0;
-    ExpandRule(rule, start, start, rule.lastStart + 1, [&](LocalTime occurrence) {
+    const auto use = [&](LocalTime occurrence) {
         ++counted;
         if (counted == count) {
             rule.lastStart = occurrence;
         }
         return counted < count;
-    });
+    };
+    const std::int64_t maxSteps = std::min(CountingStepsOfRule, stepsLeft);
+    const std::int64_t steps = ExpandRule(rule, start, start, rule.lastStart + 1, use, maxSteps);
+    stepsLeft -= steps;
+    return steps < maxSteps || counted == count;
 }
 
-void ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
-                const std::function<bool(LocalTime)>& use)
+std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
+                        const std::function<bool(LocalTime)>& use, std::int64_t maxSteps)
 {
+    std::int64_t steps = 0;
     if (start >= from && start < to && !use(start)) {
-        return;
+        return steps;
     }
     const RulePeriods periods(rule, start);
     const LocalTime clock = start - DayOfTime(start) * DaySeconds;
     const LocalTime lastStart = rule.lastStart; // `use` may lower the rule's
     std::vector<DayNumber> days;
-    int emptyPeriods = 0;
-    for (std::int64_t period = periods.PeriodOfDay(DayOfTime(std::max(from, start)));; ++period) {
+    for (std::int64_t period = periods.PeriodOfDay(DayOfTime(std::max(from, start))); steps < maxSteps; ++period) {
         const DayNumber first = periods.FirstDay(period);
-        if (first > DayOfTime(std::min({to, lastStart, EndOfTime - 1})) || emptyPeriods > MaxEmptyPeriods) {
-            return;
+        if (first > DayOfTime(std::min({to, lastStart, EndOfTime - 1}))) {
+            break;
         }
         periods.DaysFrom(first, days);
-        emptyPeriods = days.empty() ? emptyPeriods + 1 : 0;
+        steps += 1 + static_cast<std::int64_t>(days.size());
         for (const DayNumber day : days) {
             const LocalTime occurrence = day * DaySeconds + clock;
             if (occurrence <= start || occurrence < from) {
                 continue;
             }
             if (occurrence >= to || occurrence > lastStart || occurrence >= EndOfTime || !use(occurrence)) {
-                return;
+                return steps;
             }
         }
     }
+    return steps;
 }
 
 } // namespace planner

@@ -10,7 +10,9 @@ namespace planner {
 namespace {
 
 constexpr LocalTime LastFollowedOnset = DayOfDate(2200, 1, 1) * DaySeconds;
-constexpr int MaxOnsets = 2000; // per observance: hostile rules end here
+// For hostile rules, per observance; a yearly onset since 1601 needs 600 onsets and 1200 steps.
+constexpr int MaxOnsets = 2000;
+constexpr std::int64_t MaxSteps = 4000;
 
 // Builds the observances of a VTIMEZONE from its lines.
 class ZoneReader
@@ -111,8 +113,9 @@ private:
             reading.rule->lastStart =
                 until.wall + (until.isUtc ? observance.offsetFrom : 0) + (until.isDate ? DaySeconds - 1 : 0);
         }
+        std::int64_t steps = MaxSteps;
         if (reading.rule) {
-            LimitByCount(*reading.rule, observance.onset);
+            LimitByCount(*reading.rule, observance.onset, steps);
         }
         observance.rule = std::move(reading.rule);
     }
@@ -149,7 +152,7 @@ const std::vector<TimeZone::Transition>& TimeZone::Transitions() const
             return ++onsets < MaxOnsets;
         };
         if (observance.rule) {
-            ExpandRule(*observance.rule, observance.onset, observance.onset, LastFollowedOnset, add);
+            ExpandRule(*observance.rule, observance.onset, observance.onset, LastFollowedOnset, add, MaxSteps);
         } else {
             add(observance.onset);
         }

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view CalendarHead[] = {"BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Dayvane//Planner//EN"};
 constexpr std::string_view CalendarFoot = "END:VCALENDAR";
+constexpr std::string_view EventFoot = "END:VEVENT";
 constexpr std::string_view DefaultEnding = "\r\n";
 
 std::string HeadText(std::string_view ending)
@@ -127,24 +128,39 @@ void Document::SortMessages(MessageLog& log)
 std::string Document::Save() const
 {
     std::string bytes;
-    bool inWrapping = false;
+    const Entry* last = nullptr; // the last one that was written
+    bool isWrapping = false;
+    bool lostNeighbour = false; // an event that stood behind the last one was deleted
     for (const Entry& entry : m_entries) {
         if (!entry.isLive) {
+            lostNeighbour = lostNeighbour || !entry.isCreated;
             continue;
         }
-        if (entry.isCreated && !EndsLine(bytes)) { // after a last line that was cut off
+        // An event without END ended where the deleted one began; now it would take in the text behind.
+        const bool mustClose = lostNeighbour && entry.id == NoEvent && last && IsCutOff(*last);
+        if ((entry.isCreated || mustClose) && !EndsLine(bytes)) {
             bytes += m_ending;
         }
-        if (entry.isWrapped && !inWrapping) {
+        if (mustClose) {
+            bytes.append(EventFoot).append(m_ending);
+        }
+        if (entry.isWrapped && !isWrapping) {
             bytes += HeadText(m_ending);
-            inWrapping = true;
+            isWrapping = true;
         }
         bytes += entry.raw;
+        last = &entry;
+        lostNeighbour = false;
     }
-    if (inWrapping) {
+    if (isWrapping) {
         bytes.append(CalendarFoot).append(m_ending);
     }
     return bytes;
+}
+
+bool Document::IsCutOff(const Entry& entry)
+{
+    return entry.id != NoEvent && ComponentText(entry.raw).Lines().back().depth != 0;
 }
 
 EventPtr Document::ReadEvent(const Entry& entry) const

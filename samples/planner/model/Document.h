@@ -126,6 +126,7 @@ private:
     EventPtr ReadEvent(const Entry& entry) const;
     void ChooseClock(const CalendarScan& scan);
     const ReplacedTimes& Replaced() const;
+    static bool IsCutOff(const Entry& entry); // an event without END
 
     Entry* FindEntry(EventId id);
     // The living events of the series: the repeated ones and those that replace occurrences of them.

@@ -65,6 +65,9 @@ constexpr std::int64_t ZoneMargin = 2 * DaySeconds;
 // All-day times cover whole days. False if they cannot be written.
 bool Normalise(EventTimes& times)
 {
+    if (times.start < EarliestTime || times.end > EndOfTime) {
+        return false;
+    }
     if (times.isAllDay) {
         times.start = DayOfTime(times.start) * DaySeconds;
         times.end = std::max(DayOfTime(times.end + DaySeconds - 1) * DaySeconds, times.start + DaySeconds);
