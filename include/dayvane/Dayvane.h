@@ -1,7 +1,22 @@
 // The whole public API of Dayvane in one header.
 //
-// On Windows: the controls, their views and printers, the records and notifications, and the calendar arithmetic.
-// Elsewhere: the part without windows, that is the records and the calendar arithmetic.
+// On Windows: the controls, their records and notifications, and the calendar arithmetic. Elsewhere: the part without
+// windows, that is the records and the calendar arithmetic.
 #pragma once
 
+#include "calc/CalcHoliday.h"
+#include "calc/LunarDate.h"
 #include "core/CalendarRecords.h"
+
+#ifdef _WIN32
+#include "core/CalendarClock.h"
+#include "core/CalendarCtrl.h"
+#include "core/CalendarNotify.h"
+#include "core/DrawingHelpers.h"
+#include "core/InPlaceEdit.h"
+#include "pickers/MiniCalendarCtrl.h"
+#include "pickers/MiniCalendarCtrl2.h"
+#include "pickers/YearMonthMessages.h"
+#include "pickers/YearMonthPickerCtrl.h"
+#include "views/daygrid/MonthViewCtrl.h"
+#endif
