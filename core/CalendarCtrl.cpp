@@ -3,7 +3,7 @@
 
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
-#include "core/DrawingHelpers.h"
+#include "core/InPlaceEdit.h"
 
 #include <algorithm>
 #include <cstring>
@@ -140,10 +140,23 @@ void CCalendarCtrl::RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground)
         AfxThrowResourceException();
 }
 
+// An open edit box belongs to the cell where it was opened: whatever moves the cells ends the edit first.
+LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
+        Alive alive(this);
+        FinishEdit(TRUE);
+        if (!alive)
+            return 0;
+    }
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
 void CCalendarCtrl::OnDestroy()
 {
     CancelTracking();
-    FinishEdit(FALSE);
+    if (m_pEdit)
+        m_pEdit->Finish(FALSE);
     CWnd::OnDestroy();
     for (int slot = 0; slot < 3; ++slot)
         m_fontCache[slot].DeleteObject();

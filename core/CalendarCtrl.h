@@ -251,7 +251,7 @@ protected:
     virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
     virtual int GetMoveStepMinutes();
 
-    // Closes an open edit box. Views call it before the shown range, the scroll position or the size changes.
+    // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
     tagCCHITTESTINFO HitAt(CPoint point);
     tagCCHITTESTINFO KeyboardHit();
@@ -321,6 +321,7 @@ protected:
     Alive* m_pAlive = nullptr; // innermost guard
 
     // Message handlers, in the order of the message map.
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PostNcDestroy() override;
     afx_msg void OnDestroy();
     afx_msg void OnPaint();

@@ -29,7 +29,15 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
 
 void CCalendarCtrl::FinishEdit(BOOL bCommit)
 {
-    if (m_pEdit)
+    if (!m_pEdit)
+        return;
+    Alive alive(this);
+    if (!bCommit)
+        m_pEdit->Cancel();
+    // The focus comes back to the control; losing it already ends the edit.
+    if (::GetFocus() == m_pEdit->m_hWnd)
+        SetFocus();
+    if (alive && m_pEdit)
         m_pEdit->Finish(bCommit);
 }
 

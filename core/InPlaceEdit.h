@@ -1,7 +1,10 @@
 // CInPlaceEdit: the edit box that BeginEditItem lays over the current cell of a calendar control.
 //
-// Enter and Tab commit, Escape cancels, losing the focus for any other reason commits. The box destroys its window
-// and deletes itself; nobody else does.
+// Enter and Tab commit, Escape cancels, losing the focus for any other reason commits. While an input method converts,
+// these keys are its own. The box destroys its window and deletes itself; nobody else does.
+//
+// Texts are narrow, so the box holds only what the system's code page has: a typed, converted or pasted text with other
+// characters is refused with a beep and changes nothing, rather than become question marks.
 #pragma once
 
 #include <afxwin.h>
@@ -17,19 +20,25 @@ public:
     // Closes the box now; with bCommit the owner is told the text. The object is gone afterwards.
     void Finish(BOOL bCommit);
 
+    void Cancel() { m_bCancelled = TRUE; } // what ends the edit next does not commit
+
 protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PostNcDestroy() override;
     BOOL HandleKey(UINT nChar);
-    BOOL IsComposing() const; // an input method is at work on characters that are not yet text
+    BOOL IsRefused(UINT message, WPARAM wParam, LPARAM lParam) const;
 
     CCalendarCtrl* m_pOwner; // not owned; null once the box is being closed
     CString m_strText;       // initial text
     BOOL m_bCancelled = FALSE;
+    BOOL m_bComposing = FALSE; // an input method is at work on characters that are not yet text
     int m_nMode; // goes through to EndEditItem unchanged
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
-    void PostNcDestroy() override;
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg LRESULT OnImeStartComposition(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnImeEndComposition(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 };

@@ -1,0 +1,169 @@
+// Typing into a cell: what commits, what cancels, what is told, and what may enter.
+#include "PlainCalendar.h"
+
+#include "core/InPlaceEdit.h"
+#include "support/GuiCounts.h"
+#include "support/Input.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+
+using namespace coretest;
+using namespace testsupport;
+using Lines = std::vector<std::string>;
+
+namespace
+{
+
+class EditScene : public CalendarScene
+{
+public:
+    HWND Begin(const char* text = "old")
+    {
+        calendar->SetSelRange(At(9), At(10));
+        Told();
+        calendar->BeginEditItem(text);
+        return Box();
+    }
+    HWND Box() const { return ::GetDlgItem(window, 1); }
+    std::string Text() const
+    {
+        char text[200] = "";
+        ::GetWindowTextA(Box(), text, sizeof(text));
+        return text;
+    }
+};
+
+Lines Ended(const std::string& text)
+{
+    return {"CCN_IPE_ENDEDITITEM text=\"" + text + "\" length=" + std::to_string(text.size()) +
+            " start=2017-04-25 09:00:00 end=2017-04-25 10:00:00 mode=17"};
+}
+
+TEST(InPlaceEdit, OpensOverTheCellWithTheText)
+{
+    EditScene scene;
+    scene.calendar->hasCell = false;
+    EXPECT_EQ(scene.Begin(), nullptr);
+    EXPECT_FALSE(scene.calendar->IsEditing());
+    scene.calendar->hasCell = true;
+    const HWND box = scene.Begin();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(scene.calendar->IsEditing());
+    EXPECT_EQ(::GetFocus(), box);
+    EXPECT_EQ(scene.Text(), "old");
+    CRect rect;
+    ::GetWindowRect(box, &rect);
+    scene.calendar->ScreenToClient(&rect);
+    EXPECT_EQ(rect, CRect(10, 40, 200, 64));
+}
+
+TEST(InPlaceEdit, WhatEndsItAndWhatIsTold)
+{
+    struct Row
+    {
+        const char* what;
+        std::function<void(EditScene&)> act;
+        bool commits;
+    };
+    const Row rows[] = {
+        {"Enter", [](EditScene& s) { messages::Key(s.Box(), VK_RETURN); }, true},
+        {"Tab", [](EditScene& s) { messages::Key(s.Box(), VK_TAB); }, true},
+        {"Enter without PreTranslateMessage", [](EditScene& s) { ::SendMessage(s.Box(), WM_KEYDOWN, VK_RETURN, 0); },
+         true},
+        {"focus elsewhere", [](EditScene& s) { s.parent.SetFocus(); }, true},
+        {"a click on the control",
+         [](EditScene& s) {
+             messages::LeftDown(s.window, CPoint(5, 5));
+             s.calendar->SendMessage(WM_CANCELMODE);
+         },
+         true},
+        {"scrolling", [](EditScene& s) { s.calendar->SendMessage(WM_VSCROLL, SB_LINEDOWN); }, true},
+        {"sizing", [](EditScene& s) { s.calendar->MoveWindow(0, 0, 200, 200); }, true},
+        {"another edit",
+         [](EditScene& s) {
+             s.calendar->BeginEditItem("next");
+             ::SendMessage(s.Box(), WM_KEYDOWN, VK_ESCAPE, 0);
+         },
+         true},
+        {"Escape", [](EditScene& s) { messages::Key(s.Box(), VK_ESCAPE); }, false},
+        {"the control's end", [](EditScene& s) { s.calendar->DestroyWindow(); }, false},
+    };
+    for (const Row& row : rows) {
+        EditScene scene;
+        scene.Begin();
+        messages::Type(scene.Box(), "new ");
+        scene.parent.Ignore(CCN_ITEMCLICK);
+        row.act(scene);
+        PumpMessages();
+        EXPECT_EQ(scene.Told(), row.commits ? Ended("new old") : Lines()) << row.what;
+        EXPECT_EQ(::IsWindow(scene.window) ? scene.Box() : nullptr, nullptr) << row.what;
+    }
+}
+
+TEST(InPlaceEdit, EmptyTextIsToldAndEscapeLeavesTheFlag)
+{
+    EditScene scene;
+    scene.Begin("");
+    messages::Key(scene.Box(), VK_ESCAPE);
+    EXPECT_TRUE(scene.calendar->IsEditing()) << "as documented: until an edit ends with a text";
+    scene.Begin("");
+    messages::Key(scene.Box(), VK_RETURN);
+    EXPECT_EQ(scene.Told(), Ended(""));
+    EXPECT_FALSE(scene.calendar->IsEditing());
+    EXPECT_EQ(::GetFocus(), scene.window);
+}
+
+TEST(InPlaceEdit, KeysOfAConversionAreNotOurs)
+{
+    EditScene scene;
+    const HWND box = scene.Begin();
+    ::SendMessage(box, WM_IME_STARTCOMPOSITION, 0, 0);
+    for (int key : {VK_RETURN, VK_ESCAPE, VK_TAB}) {
+        messages::Key(box, key);
+        EXPECT_EQ(scene.Box(), box) << key;
+    }
+    ::SendMessage(box, WM_IME_ENDCOMPOSITION, 0, 0);
+    EXPECT_TRUE(scene.Told().empty());
+    messages::Key(box, VK_RETURN);
+    EXPECT_EQ(scene.Told().size(), 1u);
+}
+
+TEST(InPlaceEdit, PastedTextIsWholeOrRefused)
+{
+    const wchar_t pasted[] = {0x4F1A, 0x8B70, 0}; // "meeting" in two Japanese characters
+    EditScene scene;
+    const HWND box = scene.Begin("x");
+    ASSERT_TRUE(::OpenClipboard(box));
+    ::EmptyClipboard();
+    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, sizeof(pasted));
+    std::memcpy(::GlobalLock(memory), pasted, sizeof(pasted));
+    ::GlobalUnlock(memory);
+    ::SetClipboardData(CF_UNICODETEXT, memory);
+    ::CloseClipboard();
+    ::SendMessage(box, EM_SETSEL, 1, 1);
+    ::SendMessage(box, WM_PASTE, 0, 0);
+    const std::string whole = ::GetACP() == 932 ? "x\x89\xEF\x8B\x63" : "x";
+    EXPECT_EQ(scene.Text(), whole);
+    ::SendMessage(box, WM_CHAR, 0x16, 0); // Ctrl+V
+    EXPECT_EQ(scene.Text().find('?'), std::string::npos);
+    messages::Key(box, VK_RETURN);
+    const std::string told = scene.parent.Log().back().editText;
+    EXPECT_EQ(told.compare(0, whole.size(), whole), 0) << "double bytes survive";
+}
+
+TEST(InPlaceEdit, LeavesNothingBehind)
+{
+    EditScene scene;
+    scene.Begin();
+    messages::Key(scene.Box(), VK_RETURN);
+    GuiLeakCheck leaks;
+    for (int i = 0; i < 20; ++i) {
+        scene.Begin();
+        messages::Key(scene.Box(), i % 2 ? VK_RETURN : VK_ESCAPE);
+    }
+}
+
+} // namespace
