@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Configure, build, install. Sourced by ./dev.
 
 check_preset() {

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Messages, logs, and the ending of what was started. Sourced by ./dev.
 
 say() { printf '%s\n' "$*"; }

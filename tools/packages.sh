@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Debian packages. Sourced by ./dev.
 
 native_packages=(cmake ninja-build g++ libgtest-dev ccache)

@@ -1,1 +1,77 @@
-:
+# shellcheck shell=bash
+# Showing the planner. Sourced by ./dev.
+
+# Longest time from the start of the planner to its finished window, in seconds.
+planner_time_limit=60
+# Fewer colours than this: the window is still empty.
+painted_colors=16
+
+command_run() {
+    local file="" shot="" system=932 planner_arguments=()
+    while [ $# -gt 0 ]; do
+        case $1 in
+            --view | --date | --size | --shot | --system)
+                [ $# -ge 2 ] || die "$1 needs a value; ./dev help tells which."
+                case $1 in
+                    --shot) shot=$2 ;;
+                    --system) system=$2 ;;
+                    *) planner_arguments+=("$1" "$2") ;;
+                esac
+                shift
+                ;;
+            -*) die "./dev run knows no option '$1'." ;;
+            *) file=$1 ;;
+        esac
+        shift
+    done
+    check_system "$system"
+    file=${file:-$ROOT/samples/data/office.ics}
+    [ -r "$file" ] || die "There is no calendar file $file."
+    need_wine
+    has_target win32 planner || die "The planner is not part of this tree yet."
+    build win32 planner
+    planner_arguments=("$(winepath_of "$file")" "${planner_arguments[@]}")
+
+    if [ -n "${DISPLAY:-}" ] && [ -z "$shot" ]; then
+        start_system desktop
+        step "The planner is open; close its window to end"
+        run_windows "$BUILD/win32/bin/planner.exe" "${planner_arguments[@]}"
+    else
+        shoot_planner "$system" "${shot:-$BUILD/shots/planner.png}" "${planner_arguments[@]}"
+    fi
+}
+
+# shoot_planner SYSTEM PICTURE ARGUMENT...: the planner in a virtual display, a picture of its window, its end.
+shoot_planner() {
+    local system=$1 picture=$2 log pid window
+    shift 2
+    mkdir -p "$(dirname "$picture")" || die "The folder of $picture cannot be made."
+    export FONTCONFIG_FILE=$ROOT/tools/fonts.conf
+    start_system "$system"
+    log=$(log_file planner)
+    step "Showing the planner in a virtual display"
+    wine "$BUILD/win32/bin/planner.exe" "$@" >"$log" 2>&1 9>&- &
+    pid=$!
+    at_exit "kill $pid 2>/dev/null"
+    if ! wait_until "$planner_time_limit" window_of_planner_or_end "$pid" || ! kill -0 "$pid" 2>/dev/null; then
+        tail -n 20 "$log" >&2
+        die "The planner showed no window; its output is in $log."
+    fi
+    window=$(planner_window)
+    wait_until "$planner_time_limit" is_painted "$window" || die "The planner's window stayed empty."
+    mv "$BUILD/shots/.now.png" "$picture"
+    tail -n 20 "$log"
+    say "The planner's window is in $picture"
+}
+
+planner_window() { xdotool search --onlyvisible --class planner.exe 2>/dev/null | tail -n 1 | grep .; }
+window_of_planner_or_end() { planner_window >/dev/null || ! kill -0 "$1" 2>/dev/null; }
+
+# Painted: there is something in it, and the next picture is the same.
+is_painted() {
+    local before=${last_signature:-} colors
+    mkdir -p "$BUILD/shots"
+    import -window "$1" "$BUILD/shots/.now.png" 2>/dev/null || return 1
+    read -r last_signature colors < <(identify -format '%# %k\n' "$BUILD/shots/.now.png")
+    [ "$colors" -ge "$painted_colors" ] && [ "$last_signature" = "$before" ]
+}

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Tests, stress runs and benchmarks. Sourced by ./dev.
 #
 # Each build writes the list of its test programs (tests.list: name, file, arguments). One process runs one program; a

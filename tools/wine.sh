@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Wine: locale, prefixes, displays, running programs. Sourced by ./dev.
 #
 # A "system" is a Wine prefix with its code page: 932 (Japanese) or 1252 (Western), both for virtual displays, and
