@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#if defined(__SANITIZE_ADDRESS__)
-// The allocator is to fail here as it does in the field, not to end the program.
+#ifndef _WIN32
+// A sanitizer's allocator is to fail here as the plain one does, not to end the program.
 extern "C" const char* __asan_default_options()
 {
     return "allocator_may_return_null=1";
