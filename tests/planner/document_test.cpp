@@ -276,6 +276,16 @@ TEST_F(DocumentTest, NewEventsFindTheirPlace)
     EXPECT_FALSE(fresh.IsModified());
 }
 
+TEST_F(DocumentTest, RandomUidsDiffer)
+{
+    const UidSource source = RandomUids(), other = RandomUids();
+    const std::string uid = source();
+    EXPECT_EQ(uid.size(), 36u);
+    EXPECT_EQ(uid[14], '4');
+    EXPECT_NE(uid, source());
+    EXPECT_NE(uid, other());
+}
+
 TEST_F(DocumentTest, RefusesWithAReason)
 {
     Open({"DTSTART:20261102T0900", "RRULE:FREQ=DAILY;COUNT=2"});
