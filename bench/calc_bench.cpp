@@ -18,8 +18,7 @@
 #include <cstring>
 #include <vector>
 
-namespace
-{
+namespace {
 constexpr int kFirstBenchYear = 1900;
 constexpr int kLastBenchYear = 2100;
 constexpr int kRounds = 5;

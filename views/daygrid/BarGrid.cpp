@@ -47,7 +47,6 @@ std::vector<LaneBar> PlaceBars(const BoxGrid& grid, const BarRules& rules, const
         const BoxSpan& span = spans[i];
         if (span.first < 0 || span.first >= grid.Count())
             continue;
-        bars[i].row = grid.RowOf(span.first);
         bars[i].first = span.first;
         bars[i].last = std::clamp(span.last, -1, grid.Count() - 1);
         SetExtent(grid, rules, span, bars[i]);
@@ -139,18 +138,18 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
 {
     std::vector<LaneBar> bars = PlaceBars(grid, rules, spans);
     const BarMetrics& metrics = rules.metrics;
-    std::vector<int> firstTops;
+    LaneGrid lanes = {{}, grid.columns, metrics.BarHeight(), metrics.laneStep};
     for (int box = 0; box < grid.Count(); box += grid.columns)
-        firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
-    StackBars(bars, firstTops, {metrics.BarHeight(), metrics.laneStep}, grid.Count());
+        lanes.firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
+    StackBars(bars, lanes);
 
     LoadCounter counter(grid, rules.overflow);
     tagCALENDAR_ITEM* item = items.GetData();
     for (size_t i = 0; i < bars.size(); ++i, ++item) {
         const LaneBar& bar = bars[i];
         item->rcItem = kNoRect;
-        if (bar.row != -1) {
-            const int top = firstTops[bar.row] + bar.lane * metrics.laneStep;
+        if (bar.first != -1) {
+            const int top = lanes.firstTops[grid.RowOf(bar.first)] + bar.lane * metrics.laneStep;
             item->rcItem.SetRect(bar.left, top, bar.right, top + metrics.BarHeight());
         }
         counter.Add(spans[i], *item);

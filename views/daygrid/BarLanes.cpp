@@ -1,6 +1,7 @@
 #include "views/daygrid/BarLanes.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <tuple>
 
@@ -11,70 +12,6 @@ namespace
 
 constexpr int kNone = -1;
 
-// Where bars of one kind get to that look at all bars so far: start lanes that have come to one lane stay together, so
-// they are sets (of a union-find forest) that sit in lanes and move down one lane at a time.
-class LaneWalk
-{
-public:
-    // Forgets everything but `lanes` empty lanes.
-    void Clear(int lanes)
-    {
-        m_setInLane.assign(lanes, kNone);
-        m_sets.clear();
-    }
-
-    // The set that bars starting in this lane belong to. All starts are named before the first move.
-    int Start(int lane)
-    {
-        if (lane >= static_cast<int>(m_setInLane.size()))
-            m_setInLane.resize(lane + 1, kNone);
-        int& set = m_setInLane[lane];
-        if (set == kNone) {
-            set = static_cast<int>(m_sets.size());
-            m_sets.push_back({set, lane});
-        }
-        return set;
-    }
-
-    int LaneOf(int set)
-    {
-        while (m_sets[set].parent != set) {
-            m_sets[set].parent = m_sets[m_sets[set].parent].parent;
-            set = m_sets[set].parent;
-        }
-        return m_sets[set].lane;
-    }
-
-    // Something that bars of this kind meet lies in the lane: what sits there gives way.
-    void MoveDown(int lane)
-    {
-        if (lane < 0 || lane >= static_cast<int>(m_setInLane.size()) || m_setInLane[lane] == kNone)
-            return;
-        const int set = m_setInLane[lane];
-        m_setInLane[lane] = kNone;
-        if (lane + 1 == static_cast<int>(m_setInLane.size()))
-            m_setInLane.push_back(kNone);
-        int& below = m_setInLane[lane + 1];
-        if (below == kNone) {
-            below = set;
-            m_sets[set].lane = lane + 1;
-        } else {
-            m_sets[set].parent = below;
-        }
-    }
-
-    int LaneCount() const { return static_cast<int>(m_setInLane.size()); }
-
-private:
-    struct Set
-    {
-        int parent;
-        int lane; // of the root
-    };
-    std::vector<int> m_setInLane;
-    std::vector<Set> m_sets;
-};
-
 struct Kind
 {
     int row;
@@ -82,34 +19,31 @@ struct Kind
     int last;
     int left;
     int right;
-    std::vector<int> met; // kinds with a day and some width in common, this one included
-    LaneWalk walk;
+
+    bool CanMeet(const Kind& other) const
+    {
+        return first <= other.last && other.first <= last && left < other.right && other.left < right;
+    }
 };
 
-bool CanMeet(const Kind& a, const Kind& b)
-{
-    return a.first <= b.last && b.first <= a.last && a.left < b.right && b.left < a.right;
-}
-
-// Names the kinds of bars in the order in which they first appear.
+// Numbers the kinds of bars in the order in which they first appear.
 class KindTable
 {
 public:
-    explicit KindTable(int boxCount) : m_boxCount(boxCount), m_byDays(boxCount * (boxCount + 1), kNone) {}
+    explicit KindTable(const LaneGrid& grid)
+        : m_grid(grid), m_stride(grid.BoxCount() + 1), m_byDays(grid.BoxCount() * m_stride, kNone)
+    {
+    }
 
     int KindOf(const LaneBar& bar)
     {
-        if (bar.row == kNone || bar.left >= bar.right)
-            return kNone;
         // Bars of the same days have the same extent, but for those that end outside the grid or before they start.
-        int& byDays = m_byDays[bar.first * (m_boxCount + 1) + bar.last + 1];
+        int& byDays = m_byDays[bar.first * m_stride + bar.last + 1];
         if (byDays == kNone)
             byDays = Add(bar);
-        const Kind& kind = kinds[byDays];
-        if (kind.left == bar.left && kind.right == bar.right)
+        if (kinds[byDays].left == bar.left && kinds[byDays].right == bar.right)
             return byDays;
-        const auto key = std::make_tuple(bar.first, bar.last, bar.left, bar.right);
-        const auto [found, isNew] = m_others.emplace(key, kNone);
+        const auto [found, isNew] = m_others.emplace(std::make_tuple(bar.first, bar.last, bar.left, bar.right), kNone);
         if (isNew)
             found->second = Add(bar);
         return found->second;
@@ -120,21 +54,163 @@ public:
 private:
     int Add(const LaneBar& bar)
     {
-        const int added = static_cast<int>(kinds.size());
-        kinds.push_back({bar.row, bar.first, bar.last, bar.left, bar.right, {}, {}});
-        for (int other = 0; other <= added; ++other) {
-            if (!CanMeet(kinds[added], kinds[other]))
-                continue;
-            kinds[added].met.push_back(other);
-            if (other != added)
-                kinds[other].met.push_back(added);
-        }
-        return added;
+        kinds.push_back({m_grid.RowOf(bar.first), bar.first, bar.last, bar.left, bar.right});
+        return static_cast<int>(kinds.size()) - 1;
     }
 
-    int m_boxCount;
+    const LaneGrid& m_grid;
+    int m_stride;
     std::vector<int> m_byDays;
     std::map<std::tuple<int, int, int, int>, int> m_others;
+};
+
+// ---- First sweep
+
+// Where the waiting bars of each kind lie. Runs over all kinds for every bar, in steps that the compiler turns into a
+// few instructions for several kinds at once: cheaper than to look which ones are concerned.
+class FirstSweep
+{
+public:
+    FirstSweep(const std::vector<Kind>& kinds, const LaneGrid& grid)
+        : m_padded((kinds.size() + kStep - 1) / kStep * kStep), m_tops(m_padded, 0), m_meets(m_padded * kinds.size(), 0),
+          m_barHeight(grid.barHeight)
+    {
+        for (std::size_t k = 0; k < kinds.size(); ++k) {
+            m_tops[k] = grid.firstTops[kinds[k].row];
+            for (std::size_t m = 0; m < kinds.size(); ++m)
+                m_meets[k * m_padded + m] = kinds[k].CanMeet(kinds[m]) ? grid.laneStep : 0;
+        }
+    }
+
+    // The top of the bar whose turn it is. Of the others, those that it touches move down by one lane.
+    int Place(int kind)
+    {
+        const int top = m_tops[kind];
+        const int height = m_barHeight;
+        int* __restrict tops = m_tops.data();
+        const int* __restrict steps = &m_meets[kind * m_padded];
+        for (std::size_t left = m_padded; left > 0; left -= kStep, tops += kStep, steps += kStep) {
+            for (std::size_t k = 0; k < kStep; ++k) {
+                const int distance = tops[k] - top;
+                tops[k] += steps[k] & -((distance < height) & (distance > -height));
+            }
+        }
+        return top;
+    }
+
+private:
+    static constexpr std::size_t kStep = 8; // kinds
+
+    std::size_t m_padded;     // count of kinds, filled up to whole steps
+    std::vector<int> m_tops;  // pixels
+    std::vector<int> m_meets; // kind x kind: lane step where the two can meet, else 0
+    int m_barHeight;
+};
+
+// ---- Second sweep
+
+// The bars whose turn is still to come, as sets of one kind in one lane. Sets that come together join (a union-find
+// forest); the sets of a lane are a list.
+class WaitingBars
+{
+public:
+    WaitingBars(const std::vector<Kind>& kinds, int rows, std::size_t barCount)
+        : m_kinds(kinds), m_lanes(rows), m_lastSetOf(kinds.size(), kNone)
+    {
+        m_sets.reserve(barCount);
+    }
+
+    // Puts a bar into a lane, before the first turn; returns its set. The lanes of bars of one kind never decrease: so
+    // the first sweep leaves them.
+    int Enter(int kind, int lane)
+    {
+        int& set = m_lastSetOf[kind];
+        if (set == kNone || m_sets[set].lane != lane) {
+            int& head = HeadOf(m_kinds[kind].row, lane);
+            set = static_cast<int>(m_sets.size());
+            m_sets.push_back({set, kind, lane, 0, head});
+            head = set;
+        }
+        ++m_sets[set].waiting;
+        return set;
+    }
+
+    // The bar's turn has come: it waits no more. Returns its lane.
+    int Leave(int set)
+    {
+        while (m_sets[set].parent != set) {
+            m_sets[set].parent = m_sets[m_sets[set].parent].parent;
+            set = m_sets[set].parent;
+        }
+        --m_sets[set].waiting;
+        return m_sets[set].lane;
+    }
+
+    // The sets of a lane that can meet the kind move down by one lane.
+    void Push(const Kind& pusher, int row, int lane)
+    {
+        if (lane < 0 || lane >= static_cast<int>(m_lanes[row].size()))
+            return;
+        int moved = kNone;
+        int* link = &m_lanes[row][lane];
+        while (*link != kNone) {
+            Set& set = m_sets[*link];
+            if (set.waiting == 0) {
+                *link = set.next;
+            } else if (pusher.CanMeet(m_kinds[set.kind])) {
+                const int next = set.next;
+                set.next = moved;
+                moved = *link;
+                *link = next;
+            } else {
+                link = &set.next;
+            }
+        }
+        while (moved != kNone) {
+            const int next = m_sets[moved].next;
+            PutDown(moved, row, lane + 1);
+            moved = next;
+        }
+    }
+
+private:
+    struct Set
+    {
+        int parent;
+        int kind;
+        int lane;
+        int waiting; // bars
+        int next;    // set in the lane
+    };
+
+    int& HeadOf(int row, int lane)
+    {
+        std::vector<int>& heads = m_lanes[row];
+        if (lane >= static_cast<int>(heads.size()))
+            heads.resize(lane + 1, kNone);
+        return heads[lane];
+    }
+
+    void PutDown(int moved, int row, int lane)
+    {
+        int& head = HeadOf(row, lane);
+        int other = head;
+        while (other != kNone && m_sets[other].kind != m_sets[moved].kind)
+            other = m_sets[other].next;
+        if (other == kNone) {
+            m_sets[moved].lane = lane;
+            m_sets[moved].next = head;
+            head = moved;
+        } else {
+            m_sets[moved].parent = other;
+            m_sets[other].waiting += m_sets[moved].waiting;
+        }
+    }
+
+    const std::vector<Kind>& m_kinds;
+    std::vector<Set> m_sets;
+    std::vector<std::vector<int>> m_lanes; // row, lane: first set
+    std::vector<int> m_lastSetOf;          // kind: the set entered last
 };
 
 int FloorDiv(int a, int b)
@@ -142,51 +218,70 @@ int FloorDiv(int a, int b)
     return a >= 0 ? a / b : -((b - 1 - a) / b);
 }
 
-// Bars of `mover` that a bar of `kind` in `lane` touches move down.
-void Push(const Kind& kind, int lane, Kind& mover, const std::vector<int>& firstTops, const LaneHeights& heights)
+// Pushes what a bar of the kind in that lane touches in the given row. Lanes of another row do not line up with its own:
+// a bar may touch bars of two. Each of those moves once, so the lower lane goes first.
+void PushRow(WaitingBars& waiting, const Kind& kind, int lane, int row, const LaneGrid& grid)
 {
-    if (kind.row == mover.row && heights.bar <= heights.step) {
-        mover.walk.MoveDown(lane);
-        return;
-    }
-    // In another row the lanes do not line up: a bar may touch bars of two lanes. Each of them moves once, so the
-    // lower one goes first.
-    const int top = firstTops[kind.row] + lane * heights.step - firstTops[mover.row];
-    const int highest = FloorDiv(top - heights.bar, heights.step) + 1;
-    const int lowest = FloorDiv(top + heights.bar - 1, heights.step);
+    const int top = grid.firstTops[kind.row] + lane * grid.laneStep - grid.firstTops[row];
+    const int highest = FloorDiv(top - grid.barHeight, grid.laneStep) + 1;
+    const int lowest = FloorDiv(top + grid.barHeight - 1, grid.laneStep);
     for (int touched = lowest; touched >= highest; --touched)
-        mover.walk.MoveDown(touched);
+        waiting.Push(kind, row, touched);
+}
+
+// ---- Groups of bars that meet nobody outside of the group
+
+struct GroupBar
+{
+    int bar; // index
+    int kind;
+    int set;
+};
+
+void StackGroup(std::vector<LaneBar>& bars, std::vector<GroupBar>& group, bool rowsMeet, const LaneGrid& grid)
+{
+    KindTable table(grid);
+    for (GroupBar& member : group)
+        member.kind = table.KindOf(bars[member.bar]);
+
+    FirstSweep first(table.kinds, grid);
+    for (const GroupBar& member : group) {
+        const int top = first.Place(member.kind);
+        bars[member.bar].lane = (top - grid.firstTops[table.kinds[member.kind].row]) / grid.laneStep;
+    }
+
+    const int rows = static_cast<int>(grid.firstTops.size());
+    WaitingBars waiting(table.kinds, rows, group.size());
+    for (GroupBar& member : group)
+        member.set = waiting.Enter(member.kind, bars[member.bar].lane);
+    for (const GroupBar& member : group) {
+        const Kind& kind = table.kinds[member.kind];
+        const int lane = waiting.Leave(member.set);
+        bars[member.bar].lane = lane;
+        const int firstRow = rowsMeet ? 0 : kind.row;
+        const int lastRow = rowsMeet ? rows - 1 : kind.row;
+        for (int row = firstRow; row <= lastRow; ++row)
+            PushRow(waiting, kind, lane, row, grid);
+    }
 }
 
 } // namespace
 
-void StackBars(std::vector<LaneBar>& bars, const std::vector<int>& firstTops, const LaneHeights& heights, int boxCount)
+void StackBars(std::vector<LaneBar>& bars, const LaneGrid& grid)
 {
-    KindTable table(boxCount);
-    std::vector<int> kindOf(bars.size());
-    for (size_t i = 0; i < bars.size(); ++i) {
-        kindOf[i] = table.KindOf(bars[i]);
+    // Bars of different rows meet only where one of them goes on into another row.
+    const auto leavesRow = [&grid](const LaneBar& bar) {
+        return bar.first != kNone && bar.last > bar.first && grid.RowOf(bar.last) != grid.RowOf(bar.first);
+    };
+    const bool rowsMeet = std::any_of(bars.begin(), bars.end(), leavesRow);
+    std::vector<std::vector<GroupBar>> groups(rowsMeet ? 1 : grid.firstTops.size());
+    for (std::size_t i = 0; i < bars.size(); ++i) {
         bars[i].lane = 0;
+        if (bars[i].first != kNone && bars[i].left < bars[i].right)
+            groups[rowsMeet ? 0 : grid.RowOf(bars[i].first)].push_back({static_cast<int>(i), kNone, kNone});
     }
-    std::vector<Kind>& kinds = table.kinds;
-    std::vector<int> startOf(bars.size());
-    constexpr int kSweeps = 2;
-    for (int sweep = 0; sweep < kSweeps; ++sweep) {
-        for (Kind& kind : kinds)
-            kind.walk.Clear(kind.walk.LaneCount());
-        for (size_t i = 0; i < bars.size(); ++i) {
-            if (kindOf[i] != kNone)
-                startOf[i] = kinds[kindOf[i]].walk.Start(bars[i].lane);
-        }
-        for (size_t i = 0; i < bars.size(); ++i) {
-            if (kindOf[i] == kNone)
-                continue;
-            Kind& kind = kinds[kindOf[i]];
-            bars[i].lane = kind.walk.LaneOf(startOf[i]);
-            for (int met : kind.met)
-                Push(kind, bars[i].lane, kinds[met], firstTops, heights);
-        }
-    }
+    for (std::vector<GroupBar>& group : groups)
+        StackGroup(bars, group, rowsMeet, grid);
 }
 
 } // namespace dayvane
