@@ -15,10 +15,11 @@ struct GridPaintMetrics // pixels
     int arrowReach;    // of a page arrow, up and down from its middle
     int pressedShift;  // of an arrow that is held down
     int lineInset;     // of the separators from the sides
+    int weekdayGap;    // from the weekday names' box to the line below them
     SIZE cellInset;    // of selection and frames within a month's cell
     int hotInset;      // of the shade behind a hot title or arrow
 };
-constexpr GridPaintMetrics kMetrics{5, 1, 4, {1, 1}, 1};
+constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1};
 } // namespace
 
 PeriodGridPainter::PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture)
@@ -94,7 +95,7 @@ void PeriodGridPainter::DrawWeekdays() const
                                                           : m_palette.text;
             const int width = policy.metrics.cell.cx;
             const int left = block.weekdays.left + column * width;
-            const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom);
+            const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - kMetrics.weekdayGap);
             DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false), color);
         }
         DrawHorizontalLine(m_pDC, block.weekdays.left + kMetrics.lineInset, block.weekdays.right - kMetrics.lineInset,
@@ -115,7 +116,11 @@ void PeriodGridPainter::DrawCells() const
     }
     if (m_picture.isFocused) {
         const GridHit caret = CellOfDate(policy, m_picture.layout, m_picture.model.Caret(m_picture.now));
-        DrawFocusFrame(m_pDC, RectOfPart(m_picture.layout, caret));
+        CRect frame = RectOfPart(m_picture.layout, caret);
+        if (caret == today) {
+            frame.DeflateRect(kMetrics.cellInset); // within today's frame
+        }
+        DrawFocusFrame(m_pDC, frame);
     }
 }
 

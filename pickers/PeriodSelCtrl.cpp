@@ -42,7 +42,7 @@ BOOL CPeriodSelCtrl::Open(CWnd* pOwner, const CRect& rcTitle)
     if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP | WS_BORDER, place.window, pOwner, 0)) {
         return FALSE;
     }
-    ShowWindow(SW_SHOWNOACTIVATE);
+    ShowPopup(m_hWnd);
     UpdateWindow();
     return TRUE;
 }

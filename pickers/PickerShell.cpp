@@ -38,6 +38,11 @@ CRect WorkAreaAt(const CRect& screenRect)
     return CRect(0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
 }
 
+void ShowPopup(HWND hWnd)
+{
+    ::SetWindowPos(hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+}
+
 void TrackMouseLeave(HWND hWnd)
 {
     TRACKMOUSEEVENT track = {};

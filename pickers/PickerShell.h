@@ -44,6 +44,9 @@ bool IsKeyDown(int virtualKey);
 // The work area of the monitor nearest to a rectangle, screen pixels.
 CRect WorkAreaAt(const CRect& screenRect);
 
+// Shows a popup above all others without activating it: the focus stays where it is.
+void ShowPopup(HWND hWnd);
+
 // Asks for one WM_MOUSELEAVE.
 void TrackMouseLeave(HWND hWnd);
 

@@ -24,6 +24,7 @@ BEGIN_MESSAGE_MAP(CYearMonthPopup, CWnd)
     ON_WM_LBUTTONUP()
     ON_WM_MOUSEACTIVATE()
     ON_WM_KEYDOWN()
+    ON_WM_ACTIVATEAPP()
     ON_WM_CAPTURECHANGED()
 END_MESSAGE_MAP()
 
@@ -47,7 +48,7 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
         return FALSE;
     }
     // Created visible it would take the activation, and the picker lose the focus.
-    ShowWindow(SW_SHOWNOACTIVATE);
+    ShowPopup(m_hWnd);
     if (object.expired()) {
         return TRUE; // ended while it came up
     }
@@ -108,6 +109,15 @@ void CYearMonthPopup::Abandon()
 {
     m_pPicker = nullptr;
     Cancel();
+}
+
+void CYearMonthPopup::OnActivateApp(BOOL bActive, DWORD dwThreadID)
+{
+    const WindowAlive alive(this, m_life);
+    CWnd::OnActivateApp(bActive, dwThreadID);
+    if (alive && !bActive) {
+        Cancel();
+    }
 }
 
 void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)

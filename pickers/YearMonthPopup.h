@@ -3,7 +3,8 @@
 //
 // It lives from the click that drops it to its finishing message: it holds the mouse capture, a click on a month or the
 // line below picks, a click elsewhere (but on the arrows) cancels. The picker keeps the keyboard focus and hands keys
-// on. Losing the capture, or the picker losing the focus, cancels. The object frees itself when its window is gone.
+// on. Losing the capture, the picker losing the focus, or leaving the application cancels, too. When its window is
+// destroyed from outside nothing is told. The object frees itself when its window is gone.
 #pragma once
 
 #include <afxwin.h>
@@ -50,6 +51,7 @@ protected:
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
     afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnActivateApp(BOOL bActive, DWORD dwThreadID);
     afx_msg void OnCaptureChanged(CWnd* pWnd);
     DECLARE_MESSAGE_MAP()
 

@@ -183,17 +183,17 @@ TEST(MiniCalendarWindow, TheMonthChosenInThePopupComesToTheClickedTitle)
 
 TEST(MiniCalendarWindow, ThePopupRunsOnItsTimerAndReleasingOutsideKeepsTheMonth)
 {
-    Days s;
+    Days s(1, 1, CPoint(10, 150));
     s.Press(s.Title(0));
     const int given = s.control->GetPopup()->GetGivenPeriod();
     const CPoint below = s.Title(0) + CSize(0, 250);
-    s.Move(below);
+    hardware::Move(s.control->m_hWnd, below); // the system, too, tells of its pointer
     EXPECT_TRUE(PumpUntil([&] { return s.control->GetPopup()->GetPeriodRect(given).IsRectEmpty(); }));
     s.Release(below);
     EXPECT_EQ("2010/1", s.Shown());
 
     s.Press(s.Title(0));
-    s.Move(s.Title(0) - CSize(0, 250));
+    hardware::Move(s.control->m_hWnd, s.Title(0) - CSize(0, 120));
     EXPECT_TRUE(PumpUntil([&] { return !s.control->GetPopup()->GetPeriodRect(given - 8).IsRectEmpty(); }));
     s.Release(s.PopupRow(given - 8));
     EXPECT_EQ("2009/5", s.Shown());

@@ -100,10 +100,10 @@ TEST(PeriodGridHit, EveryPixelOfAYearGridFollowsTheRule)
         for (int x = 0; x < 300; ++x) {
             const GridHit hit = CellAt(layout, CPoint(x, y));
             const int bx = (x - 30) % 120;
-            const bool inCell = x >= 30 && x < 270 && bx >= 2 && bx < 118 && y >= 23 && y < 98;
+            const bool inCell = x >= 30 && x < 270 && bx >= 3 && bx < 117 && y >= 24 && y < 96;
             ASSERT_EQ(inCell, hit.part == GridPart::Cell) << x << "," << y;
             if (inCell) {
-                const int cell = (y - 23) / 25 * 4 + (bx - 2) / 29;
+                const int cell = (y - 24) / 18 * 3 + (bx - 3) / 38;
                 ASSERT_TRUE(DateOfHit(layout, hit) == Day(2010 + (x - 30) / 120, cell + 1, 1)) << x << "," << y;
             }
         }

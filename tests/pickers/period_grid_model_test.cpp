@@ -214,7 +214,7 @@ TEST(PeriodGridModelTest, KeysMoveTheSelectionAndTurnThePageWhenItLeaves)
         {kMonthPolicy, Day(2010, 1, 10), PickerKey::Up, "s", "2010/1/3-2010/1/10", "2010/1/1"},
         {kMonthPolicy, Day(100, 1, 1), PickerKey::Up, "", "100/1/1-100/1/1", "100/1/1"},
         {kMonthPolicy, Day(9999, 12, 31), PickerKey::PageDown, "c", "9999/12/31-9999/12/31", "9999/12/1"},
-        {kYearPolicy, Day(2010, 2, 1), PickerKey::Up, "", "2009/10/1-2009/10/1", "2009/1/1"},
+        {kYearPolicy, Day(2010, 2, 1), PickerKey::Up, "", "2009/11/1-2009/11/1", "2009/1/1"},
         {kYearPolicy, Day(2010, 12, 1), PickerKey::Right, "", "2011/1/1-2011/1/1", "2010/1/1"},
         {kYearPolicy, Day(2010, 2, 1), PickerKey::PageDown, "c", "2020/2/1-2020/2/1", "2019/1/1"},
         {kYearPolicy, Day(2010, 2, 1), PickerKey::Right, "s", "2010/3/1-2010/3/1", "2010/1/1"},

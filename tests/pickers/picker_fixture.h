@@ -29,6 +29,8 @@ public:
         SetCalendarClock([] { return COleDateTime(2010, 1, 15, 9, 0, 0); });
         Create(600, 500);
         SetForegroundWindow();
+        ::SetCursorPos(2, 2); // away from the selectors, whose captured mouse would hear of it
+        PumpMessages();
     }
     ~PickerParent() override { SetCalendarClock(nullptr); }
 

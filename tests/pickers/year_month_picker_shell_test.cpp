@@ -9,6 +9,11 @@ namespace
 {
 constexpr UINT kId = 55;
 
+// Hosts have these numbers in their own sources.
+static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
+                  YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) && NM_DBLCLK == static_cast<UINT>(-3),
+              "message numbers");
+
 struct Picker
 {
     explicit Picker(CRect place = CRect(10, 10, 160, 40)) : control(std::make_unique<CYearMonthPickerCtrl>())
@@ -116,6 +121,8 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
          {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
         {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
         {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
+        {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
         {"keys", [](Picker& p) {
              for (UINT key : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
                  ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, key, 0);

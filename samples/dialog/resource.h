@@ -1,0 +1,11 @@
+#pragma once
+
+#define IDD_SELECTORS 100
+#define IDC_DAYS 1001
+#define IDC_MONTHS 1002
+#define IDC_PICKER 1003
+#define IDC_DAY_RANGES 1004
+#define IDC_MONTH_RANGES 1005
+#define IDC_MONDAY_FIRST 1006
+#define IDC_MESSAGES 1007
+#define IDC_CLEAR 1008
