@@ -5,8 +5,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 constexpr int kFirstYearOfShowaDay = 2007;
 constexpr int kFirstYearOfSummerMondays = 2003; // Marine Day, Respect for the Aged Day
 constexpr int kFirstYearOfMondays = 2000;       // Coming of Age Day, Sports Day
@@ -153,8 +152,7 @@ int CCalcHoliday::IsHoliday(const COleDateTime& date, tagHOLIDAY& holiday)
     }
     const bool offBefore = holidayBefore.bObservance == kDayOff;
     tagHOLIDAY holidayAfter;
-    if (!named && FindNamedDay(AddDays(today, 1), holidayAfter) && offBefore &&
-        holidayAfter.bObservance == kDayOff) {
+    if (!named && FindNamedDay(AddDays(today, 1), holidayAfter) && offBefore && holidayAfter.bObservance == kDayOff) {
         holiday = kSandwichedDay;
         holiday.nMonth = today.month;
         named = true;

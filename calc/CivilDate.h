@@ -5,8 +5,7 @@
 
 #include <afxdisp.h>
 
-namespace dayvane
-{
+namespace dayvane {
 // Gregorian fields, years 100 to 9999; all -1 when there is no such day.
 struct CivilDate
 {
@@ -46,7 +45,12 @@ inline CivilDate AddDays(const CivilDate& date, int days)
 }
 
 // Days of the week as COleDateTime counts them.
-enum Weekday { kSunday = 1, kMonday = 2, kThursday = 5 };
+enum Weekday
+{
+    kSunday = 1,
+    kMonday = 2,
+    kThursday = 5
+};
 
 inline int WeekdayOf(const CivilDate& date)
 {

@@ -5,8 +5,7 @@
 #include "calc/DayNumbers.h"
 #include "calc/SolarTerms.h"
 
-namespace dayvane
-{
+namespace dayvane {
 DayAnnotation AnnotateDay(const COleDateTime& date)
 {
     DayAnnotation annotation;

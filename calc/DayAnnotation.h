@@ -4,8 +4,7 @@
 #include <afx.h>
 #include <afxdisp.h>
 
-namespace dayvane
-{
+namespace dayvane {
 // The annotations of one date. Texts are the library's own (code page 932) and live as long as it.
 struct DayAnnotation
 {

@@ -2,13 +2,11 @@
 
 #include <cmath>
 
-namespace dayvane
-{
+namespace dayvane {
 int DayNumberOf(const CivilDate& date)
 {
     const bool isGregorian =
-        date.year > 1582 ||
-        (date.year == 1582 && (date.month > 10 || (date.month == 10 && date.day >= 15)));
+        date.year > 1582 || (date.year == 1582 && (date.month > 10 || (date.month == 10 && date.day >= 15)));
     int year = date.year;
     int month = date.month;
     if (month <= 2) { // years begin in March, so that the leap day is their last
@@ -24,7 +22,7 @@ int DayNumberOf(const CivilDate& date)
 
 CivilDate CivilDateOfDayNumber(double dayNumber)
 {
-    constexpr double kFarthest = 1e9;             // whole numbers below hold all of its parts
+    constexpr double kFarthest = 1e9;              // whole numbers below hold all of its parts
     constexpr double kFirstGregorianDay = 2299161; // 15 October 1582
     constexpr double kCenturyEpoch = 1867216;
     constexpr double kDaysPerCentury = 36524;

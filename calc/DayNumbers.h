@@ -3,8 +3,7 @@
 
 #include "calc/CivilDate.h"
 
-namespace dayvane
-{
+namespace dayvane {
 // The number of a day of the calendar in force then: Julian before 15 October 1582. Fields of -1 give a number without
 // meaning.
 int DayNumberOf(const CivilDate& date);

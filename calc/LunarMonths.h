@@ -5,8 +5,7 @@
 // month before.
 #pragma once
 
-namespace dayvane
-{
+namespace dayvane {
 // One lunar month.
 struct LunarMonth
 {
@@ -26,11 +25,7 @@ struct LunarQuarter
     const LunarMonth& MonthOf(double day) const;
 };
 
-// The months of the solstice or equinox at or before a day (whole day number of CLunarDate).
-//
-// By definition the answer rests on the moment of that solstice or equinox as the search finds it from the very day
-// asked. Neighbouring days find moments that differ by a fraction of a second and so the same months, unless a
-// decision is that close. Answers are kept, per thread, with the range of moments for which they were shown to hold;
-// a day outside every such range is worked out afresh, so the answer is the defined one for every day.
+// The months of the solstice or equinox at or before a day (whole day number of CLunarDate), as found from that day.
+// The quarters asked last are kept, per thread; the reference holds until the thread's next call.
 const LunarQuarter& LunarQuarterOf(double day);
 } // namespace dayvane

@@ -5,16 +5,25 @@
 
 #include <array>
 
-namespace dayvane
-{
+namespace dayvane {
 // How a row matches (tagHOLIDAY::nRule).
-enum NamedDayRule { kFixedDay = 0, kSecondMonday = 1, kThirdMonday = 2 };
+enum NamedDayRule
+{
+    kFixedDay = 0,
+    kSecondMonday = 1,
+    kThirdMonday = 2
+};
 
 // What a named day means (tagHOLIDAY::bObservance).
-enum NamedDayKind { kDayOff = 0, kObservance = 1 };
+enum NamedDayKind
+{
+    kDayOff = 0,
+    kObservance = 1
+};
 
 // Rows that change with the year.
-enum NamedDayRow {
+enum NamedDayRow
+{
     kComingOfAgeRow = 1,
     kShowaDayRow = 7,
     kFourthOfMayRow = 10,

@@ -4,10 +4,8 @@
 
 #include <cmath>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr double kPlaceRadiansPerDegree = 0.017453292519943; // of the plain places
 constexpr double kZoneOffset = 0.375;                        // Japan Standard Time - UT: 9 hours, in days
@@ -20,7 +18,8 @@ double CosineOf(const Wave& wave, double centuries)
     return std::cos(NormalizedAngle(wave.rate * centuries + wave.phase) * kRadiansPerDegree);
 }
 
-template <typename Waves> double SumOf(const Waves& waves, double centuries)
+template <typename Waves>
+double SumOf(const Waves& waves, double centuries)
 {
     double sum = 0;
     for (const Wave& wave : waves) {
@@ -29,7 +28,8 @@ template <typename Waves> double SumOf(const Waves& waves, double centuries)
     return sum;
 }
 
-template <typename Waves> double PlainSumOf(const Waves& waves, double centuries)
+template <typename Waves>
+double PlainSumOf(const Waves& waves, double centuries)
 {
     double sum = 0;
     for (const Wave& wave : waves) {
@@ -62,11 +62,7 @@ double CenturiesAt(int day, double fraction)
 class SplitMoment
 {
 public:
-    explicit SplitMoment(double moment)
-        : m_day(std::floor(moment))
-        , m_part(moment - m_day - kZoneOffset)
-    {
-    }
+    explicit SplitMoment(double moment) : m_day(std::floor(moment)), m_part(moment - m_day - kZoneOffset) {}
 
     double Centuries() const { return (m_part + 0.5) / kDaysPerCentury + (m_day - kEpoch) / kDaysPerCentury; }
 
@@ -97,26 +93,6 @@ private:
     double m_day;
     double m_part;
 };
-
-void NoteRound(SearchPath* path, double angle)
-{
-    if (path == nullptr) {
-        return;
-    }
-    if (path->rounds < SearchPath::kMaxRounds) {
-        path->angle[path->rounds] = static_cast<float>(angle);
-    }
-    ++path->rounds;
-}
-
-double Finish(SearchPath* path, double result)
-{
-    if (path != nullptr) {
-        path->result = result;
-        path->settled = path->rounds <= SearchPath::kMaxRounds;
-    }
-    return result;
-}
 
 // The angle by which the moon is past the sun, as the search has to take it: the first round goes back to a new moon,
 // the later ones go the short way; while the sun is just past 0 degrees and the moon is short of it, the angle is
@@ -176,7 +152,7 @@ Place MoonPlace(int day, double fraction)
     return {ReducedAngle(longitude), ReducedAngle(latitude), WholeKilometres(distance)};
 }
 
-double FindSolarLongitude(double moment, double angleStep, double& longitude, SearchPath* path)
+double FindSolarLongitude(double moment, double angleStep, double& longitude)
 {
     // Within a million years of the epoch four or five rounds do; beyond, where doubles are too coarse for a second,
     // the search must end as well.
@@ -193,13 +169,12 @@ double FindSolarLongitude(double moment, double angleStep, double& longitude, Se
         } else if (angle < -180) {
             angle += 360;
         }
-        NoteRound(path, angle);
         step = found.GoBack(angle, kSolarYear);
     } while (step > kOneSecond && ++round < kMostRounds);
-    return Finish(path, found.Moment());
+    return found.Moment();
 }
 
-double FindNewMoon(double moment, SearchPath* path)
+double FindNewMoon(double moment)
 {
     constexpr int kRestartRound = 15;
     constexpr int kLastRound = 30;
@@ -208,15 +183,14 @@ double FindNewMoon(double moment, SearchPath* path)
     for (int round = 1;; ++round) {
         const double centuries = found.Centuries();
         const double angle = NewMoonAngle(SunLongitude(centuries), MoonLongitude(centuries), round);
-        NoteRound(path, angle);
         const double step = found.GoBack(angle, kLunation);
         if (step <= kOneSecond) {
-            return Finish(path, found.Moment());
+            return found.Moment();
         }
         if (round == kRestartRound) {
             found.RestartAt(std::floor(moment - 26));
         } else if (round > kLastRound) {
-            return Finish(path, moment + kZoneOffset);
+            return moment + kZoneOffset;
         }
     }
 }

@@ -4,10 +4,8 @@
 
 #include <cmath>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // Parts of the day, on the time scale of the series, at which the sun is looked at.
 constexpr double kTermHour = 0.6;
 constexpr double kDayBegin = 0.0;
@@ -16,9 +14,10 @@ constexpr double kDayEnd = 0.9;
 
 const SolarTerm g_solarTerms[kSolarTerms] = {
     // name, degrees
-    {"立春", 315}, {"雨水", 330}, {"啓蟄", 345}, {"清明", 15},  {"穀雨", 30},  {"立夏", 45},  {"小満", 60},  {"芒種", 75},
-    {"夏至", 90},  {"小暑", 105}, {"大暑", 120}, {"立秋", 135}, {"処暑", 150}, {"白露", 165}, {"寒露", 195}, {"霜降", 210},
-    {"立冬", 225}, {"小雪", 240}, {"大雪", 255}, {"冬至", 270}, {"小寒", 285}, {"大寒", 300},
+    {"立春", 315}, {"雨水", 330}, {"啓蟄", 345}, {"清明", 15},  {"穀雨", 30},  {"立夏", 45},
+    {"小満", 60},  {"芒種", 75},  {"夏至", 90},  {"小暑", 105}, {"大暑", 120}, {"立秋", 135},
+    {"処暑", 150}, {"白露", 165}, {"寒露", 195}, {"霜降", 210}, {"立冬", 225}, {"小雪", 240},
+    {"大雪", 255}, {"冬至", 270}, {"小寒", 285}, {"大寒", 300},
 };
 
 int RoundedByFirstDecimal(double degrees)

@@ -1,8 +1,7 @@
 // The 22 solar terms that have a name here: the sun at a multiple of 15 degrees, but for the two equinoxes.
 #pragma once
 
-namespace dayvane
-{
+namespace dayvane {
 struct SolarTerm
 {
     const char* name; // code page 932

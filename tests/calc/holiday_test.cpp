@@ -8,8 +8,7 @@
 #include <limits>
 #include <string>
 
-namespace
-{
+namespace {
 COleDateTime Date(int year, int month, int day)
 {
     return COleDateTime(year, month, day, 0, 0, 0);
@@ -17,8 +16,7 @@ COleDateTime Date(int year, int month, int day)
 
 std::string Text(const COleDateTime& date)
 {
-    return std::to_string(date.GetYear()) + "-" + std::to_string(date.GetMonth()) + "-" +
-           std::to_string(date.GetDay());
+    return std::to_string(date.GetYear()) + "-" + std::to_string(date.GetMonth()) + "-" + std::to_string(date.GetDay());
 }
 
 struct NamedDayCase
@@ -62,12 +60,12 @@ TEST(Holiday, KnownDays)
         {2006, 1, 2, "振替休日", 1, 2, 0, 0},
         {2007, 4, 30, "ワルプルギスの夜", 4, 30, 0, 0},
         {2016, 2, 15, "涅槃会", 2, 15, 1, 0}, // after an observance on a Sunday
-        {2009, 5, 6, nullptr, 0, 0, 0, 0},      // not carried over further holidays
+        {2009, 5, 6, nullptr, 0, 0, 0, 0},    // not carried over further holidays
         {2023, 1, 2, "振替休日", 1, 2, 0, 0},
         // between two named days
         {2009, 9, 22, "国民の祝日", 9, 0, 0, 0},
-        {2010, 3, 13, nullptr, 0, 0, 0, 0}, // two observances
-        {2009, 12, 24, nullptr, 0, 0, 0, 0},  // a holiday and an observance
+        {2010, 3, 13, nullptr, 0, 0, 0, 0},       // two observances
+        {2009, 12, 24, nullptr, 0, 0, 0, 0},      // a holiday and an observance
         {2012, 12, 24, "振替休日", 12, 24, 0, 0}, // the same after a Sunday
         // before any law, and the ends of time
         {1600, 12, 23, "天皇誕生日", 12, 23, 0, 0},
@@ -137,9 +135,17 @@ TEST(Holiday, EasterAndEquinoxes)
     {
         int year, month, day;
     } const easters[] = {
-        {1961, 4, 2},  {2000, 4, 23}, {2008, 3, 23}, {2010, 4, 4},  {2011, 4, 24},
-        {2019, 4, 21}, {2024, 3, 31}, {2038, 4, 25}, {2160, 3, 23},
-        {1981, 4, 26}, // the church's 19 April: the rule's exceptions are not made
+        {1961, 4, 2},
+        {2000, 4, 23},
+        {2008, 3, 23},
+        {2010, 4, 4},
+        {2011, 4, 24},
+        {2019, 4, 21},
+        {2024, 3, 31},
+        {2038, 4, 25},
+        {2160, 3, 23},
+        {1981, 4, 26}, // the church's 19 April: the rule's exceptions are
+                       // not made
         {1818, 3, 29}, // the church's 22 March: M is that of 1900 to 2199
     };
     for (const auto& easter : easters) {
@@ -236,10 +242,9 @@ TEST(WhatsToday, JoinsHolidayAndTerm)
         int year, month, day;
         const char* text;
     } const cases[] = {
-        {2010, 2, 4, " 立春"},        {2010, 7, 7, "七夕 小暑"}, {2010, 3, 21, "春分の日"},
-        {2010, 12, 22, " 冬至"},      {2010, 1, 1, "元旦"},      {2010, 1, 2, ""},
-        {2000, 2, 4, " 立春"},        {2009, 9, 22, "国民の祝日"},
-        {2015, 5, 6, " 立夏"},
+        {2010, 2, 4, " 立春"},   {2010, 7, 7, "七夕 小暑"},   {2010, 3, 21, "春分の日"},
+        {2010, 12, 22, " 冬至"}, {2010, 1, 1, "元旦"},        {2010, 1, 2, ""},
+        {2000, 2, 4, " 立春"},   {2009, 9, 22, "国民の祝日"}, {2015, 5, 6, " 立夏"},
     };
     for (const auto& c : cases) {
         EXPECT_STREQ(dayvane::WhatsToday(Date(c.year, c.month, c.day)), c.text) << c.year << "-" << c.month;

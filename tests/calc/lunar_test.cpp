@@ -11,8 +11,7 @@
 #include <thread>
 #include <vector>
 
-namespace
-{
+namespace {
 COleDateTime Date(int year, int month, int day)
 {
     return COleDateTime(year, month, day, 0, 0, 0);
@@ -107,6 +106,14 @@ TEST(LunarDate, EveryAnswerIsTheLiteralOne)
             ASSERT_EQ(LunarText(DateOf(day)), LiteralText(DateOf(day))) << "serial day " << day;
         }
     }
+    CLunarDate lunar;
+    LiteralLunar literal;
+    for (double moment = 2305447.25; moment < 2597640; moment += 71.3) {
+        ASSERT_EQ(lunar.CalcSaku(moment), literal.Saku(moment)) << moment;
+        double longitude = 0, literalLongitude = 0;
+        ASSERT_EQ(lunar.CalcChuuki(moment, 15, longitude), literal.Chuuki(moment, 15, literalLongitude)) << moment;
+        ASSERT_EQ(longitude, literalLongitude) << moment;
+    }
 }
 
 // Every month has 29 or 30 days, every year twelve months and, of 19 years, seven a thirteenth.
@@ -169,7 +176,8 @@ TEST(LunarDate, DayNumbers)
         int year, month, day;
     } const cases[] = {
         {2451544, 1999, 12, 31}, {2299160, 1582, 10, 14}, {2299159, 1582, 10, 4}, {2451574, 2000, 1, 30},
-        {2455241, 2010, 2, 14},  {0, -4712, 1, 2},        {1e9, -1, -1, -1},     {-1e300, -1, -1, -1},
+        {5373483, 9999, 12, 30}, {2455241, 2010, 2, 14},  {2342031, 1700, 2, 31}, {0, -4712, 1, 2},
+        {1e9, -1, -1, -1},       {-1e300, -1, -1, -1},
     };
     for (const auto& c : cases) {
         int year = 0, month = 0, day = 0;
