@@ -6,29 +6,29 @@
 
 #include "pickers/PeriodGridCtrl.h"
 
-class CMiniCalendarCtrl : public CPeriodGridCtrl
+namespace dayvane
+{
+// A month of the grid. Its days run from the first day of the week on, those of the neighbour months included.
+struct MonthRecord
+{
+    CRect rcTitle; // opens the popup
+    int nYear;
+    int nMonth;    // 1 .. 12
+    int nRow;      // from 1
+    int nCol;      // from 1
+    CRect rcCells; // all days
+    CPeriodGridCell arCells[kMaxPeriodCells];
+};
+void SetPeriod(MonthRecord& record, int period);
+} // namespace dayvane
+
+class CMiniCalendarCtrl : public CPeriodGridOf<dayvane::MonthRecord>
 {
     DECLARE_DYNCREATE(CMiniCalendarCtrl)
 
 public:
-    // A day; its date is invalid in the cells beyond the years 100 to 9999, which select nothing.
-    struct CDayCell
-    {
-        CRect rcCell;
-        COleDateTime dtDate;
-    };
-    // A month. Its days run from the first day of the week on, those of the neighbour months included.
-    struct CMonthCell
-    {
-        CRect rcTitle; // opens the popup
-        int nYear;
-        int nMonth;    // 1 .. 12
-        int nRow;      // from 1
-        int nCol;      // from 1
-        CRect rcDays;
-        CDayCell arDays[dayvane::kMaxPeriodCells];
-    };
-    typedef CArray<CMonthCell, const CMonthCell&> CMonthCellArray;
+    typedef CPeriodGridCell CDayCell;
+    typedef dayvane::MonthRecord CMonthCell;
 
     // Registers the window class "MFCMiniCalendarCtrl" once per process; raises CResourceException when that fails.
     CMiniCalendarCtrl();
@@ -38,20 +38,13 @@ public:
     // The first month shown. A month that does not exist changes nothing.
     void SetCurrentDate(int nYear, int nMonth);
     // One per shown month, row by row, as last laid out; fewer than rows x columns at the end of the year 9999.
-    const CMonthCellArray& GetMonthCells() const { return m_arMonthCells; }
-    void Layout(int cx, int cy) override;
-
-    BOOL HitTest(CPoint point, CDayCell& cell) const;
-    const CMonthCell* HeaderHitTest(CPoint point) const; // into GetMonthCells(); nullptr: no title there
-    BOOL TodayHitTest(CPoint point) const;
+    const CRecordArray& GetMonthCells() const { return m_arRecords; }
+    BOOL TodayHitTest(CPoint point) const { return m_layout.footer.PtInRect(point); }
 
 protected:
     CPeriodSelCtrl* MakePopup(int nPeriod) override;
     void DrawCtrl(CDC* pDC) override;
-    virtual void DrawHeader(CDC* pDC);    // titles and arrows
     virtual void DrawDayOfWeek(CDC* pDC); // the lines of weekday names
     virtual void DrawDays(CDC* pDC);
-    virtual void DrawToday(CDC* pDC);     // the line below
-
-    CMonthCellArray m_arMonthCells;
+    virtual void DrawToday(CDC* pDC); // the line below
 };

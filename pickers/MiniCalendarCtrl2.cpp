@@ -7,9 +7,14 @@ namespace
 const char kClassName[] = "MFCMiniCalendarCtrl2";
 } // namespace
 
+void dayvane::SetPeriod(YearRecord& record, int period)
+{
+    record.nYear = period;
+}
+
 IMPLEMENT_DYNCREATE(CMiniCalendarCtrl2, CPeriodGridCtrl)
 
-CMiniCalendarCtrl2::CMiniCalendarCtrl2() : CPeriodGridCtrl(kYearPolicy, kClassName)
+CMiniCalendarCtrl2::CMiniCalendarCtrl2() : CPeriodGridOf(kYearPolicy, kClassName)
 {
     CMiniCalendarCtrl2::Layout(0, 0);
 }
@@ -26,45 +31,6 @@ void CMiniCalendarCtrl2::SetCurrentDate(int nYear)
     }
 }
 
-void CMiniCalendarCtrl2::Layout(int cx, int cy)
-{
-    CPeriodGridCtrl::Layout(cx, cy);
-    m_arYearCells.SetSize(static_cast<INT_PTR>(m_layout.blocks.size()));
-    for (size_t i = 0; i < m_layout.blocks.size(); ++i) {
-        const PeriodBlock& block = m_layout.blocks[i];
-        CYearCell& year = m_arYearCells[i];
-        year.rcTitle = block.title;
-        year.nYear = block.period;
-        year.nRow = block.row;
-        year.nCol = block.column;
-        year.rcMonths = block.cellArea;
-        for (size_t k = 0; k < block.cells.size(); ++k) {
-            year.arMonths[k] = {block.cells[k].rect, block.cells[k].date};
-        }
-    }
-}
-
-BOOL CMiniCalendarCtrl2::HitTest(CPoint point, CMonthCell& cell) const
-{
-    const GridHit hit = CellAt(m_layout, point);
-    if (hit.part != GridPart::Cell) {
-        return FALSE;
-    }
-    cell = m_arYearCells[hit.block].arMonths[hit.cell];
-    return TRUE;
-}
-
-const CMiniCalendarCtrl2::CYearCell* CMiniCalendarCtrl2::HeaderHitTest(CPoint point) const
-{
-    const int block = TitleAt(m_layout, point);
-    return block < 0 ? nullptr : &m_arYearCells[block];
-}
-
-BOOL CMiniCalendarCtrl2::ThisMonthHitTest(CPoint point) const
-{
-    return m_layout.footer.PtInRect(point);
-}
-
 CPeriodSelCtrl* CMiniCalendarCtrl2::MakePopup(int nPeriod)
 {
     return new CYearSelCtrl(nPeriod);
@@ -76,11 +42,6 @@ void CMiniCalendarCtrl2::DrawCtrl(CDC* pDC)
     DrawHeader(pDC);
     DrawMonths(pDC);
     DrawThisMonth(pDC);
-}
-
-void CMiniCalendarCtrl2::DrawHeader(CDC* pDC)
-{
-    Paint(pDC, &PeriodGridPainter::DrawHeader);
 }
 
 void CMiniCalendarCtrl2::DrawMonths(CDC* pDC)

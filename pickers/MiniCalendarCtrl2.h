@@ -7,26 +7,28 @@
 
 #include "pickers/PeriodGridCtrl.h"
 
-class CMiniCalendarCtrl2 : public CPeriodGridCtrl
+namespace dayvane
+{
+// A year of the grid.
+struct YearRecord
+{
+    CRect rcTitle; // opens the popup
+    int nYear;
+    int nRow;      // from 1
+    int nCol;      // from 1
+    CRect rcCells; // all months
+    CPeriodGridCell arCells[kMonthsPerYear];
+};
+void SetPeriod(YearRecord& record, int period);
+} // namespace dayvane
+
+class CMiniCalendarCtrl2 : public CPeriodGridOf<dayvane::YearRecord>
 {
     DECLARE_DYNCREATE(CMiniCalendarCtrl2)
 
 public:
-    struct CMonthCell
-    {
-        CRect rcCell;
-        COleDateTime dtDate; // the month's first day, 00:00
-    };
-    struct CYearCell
-    {
-        CRect rcTitle; // opens the popup
-        int nYear;
-        int nRow;      // from 1
-        int nCol;      // from 1
-        CRect rcMonths;
-        CMonthCell arMonths[dayvane::kMonthsPerYear];
-    };
-    typedef CArray<CYearCell, const CYearCell&> CYearCellArray;
+    typedef CPeriodGridCell CMonthCell;
+    typedef dayvane::YearRecord CYearCell;
 
     // Registers the window class "MFCMiniCalendarCtrl2" once per process; raises CResourceException when that fails.
     CMiniCalendarCtrl2();
@@ -36,19 +38,12 @@ public:
     // The first year shown. A year outside 100 to 9999 changes nothing.
     void SetCurrentDate(int nYear);
     // One per shown year, row by row, as last laid out; fewer than rows x columns after the year 9999.
-    const CYearCellArray& GetYearCells() const { return m_arYearCells; }
-    void Layout(int cx, int cy) override;
-
-    BOOL HitTest(CPoint point, CMonthCell& cell) const;
-    const CYearCell* HeaderHitTest(CPoint point) const; // into GetYearCells(); nullptr: no title there
-    BOOL ThisMonthHitTest(CPoint point) const;
+    const CRecordArray& GetYearCells() const { return m_arRecords; }
+    BOOL ThisMonthHitTest(CPoint point) const { return m_layout.footer.PtInRect(point); }
 
 protected:
     CPeriodSelCtrl* MakePopup(int nPeriod) override;
     void DrawCtrl(CDC* pDC) override;
-    virtual void DrawHeader(CDC* pDC); // titles and arrows
     virtual void DrawMonths(CDC* pDC);
     virtual void DrawThisMonth(CDC* pDC); // the line below
-
-    CYearCellArray m_arYearCells;
 };

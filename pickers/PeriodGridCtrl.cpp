@@ -344,11 +344,15 @@ void CPeriodGridCtrl::DrawBackground(CDC* pDC)
 
 void CPeriodGridCtrl::Paint(CDC* pDC, void (PeriodGridPainter::*pPart)() const)
 {
-    const PeriodGridPicture picture{m_model,       m_layout,
-                                    m_marks,       Now(),
-                                    ::GetFocus() == m_hWnd, IsWindowEnabled() != FALSE,
-                                    m_textFonts,   m_numberFonts};
+    const PeriodGridPicture picture{
+        m_model,     m_layout,     m_marks, Now(), ::GetFocus() == m_hWnd, IsWindowEnabled() != FALSE,
+        m_textFonts, m_numberFonts};
     (PeriodGridPainter(pDC, picture).*pPart)();
+}
+
+void CPeriodGridCtrl::DrawHeader(CDC* pDC)
+{
+    Paint(pDC, &PeriodGridPainter::DrawHeader);
 }
 
 void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
@@ -431,8 +435,7 @@ void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 
 void CPeriodGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    const GridEffects effects =
-        m_model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
+    const GridEffects effects = m_model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
     if (effects.handled) {
         Apply(effects);
     } else {

@@ -46,7 +46,7 @@ public:
     void GetRowAndCol(int& nRows, int& nCols) const;
     // As many blocks as fit into cx by cy pixels with the line below them, at least one row and column.
     void RecalcRowAndCol(int cx, int cy);
-    CSize GetGridSize() const; // client pixels that the rows and columns take, with the line below
+    CSize GetGridSize() const;           // client pixels that the rows and columns take, with the line below
     COleDateTime GetCurrentDate() const; // the first day of the first period shown
     void MoveLeft(int nCount);           // one period back, whatever the argument; lays out and redraws
     void MoveRight(int nCount);          // one period on
@@ -83,6 +83,7 @@ protected:
     virtual CPeriodSelCtrl* MakePopup(int nPeriod) = 0;
     // Paints the whole client area.
     virtual void DrawCtrl(CDC* pDC) = 0;
+    virtual void DrawHeader(CDC* pDC); // titles and arrows
 
     static void RegisterWindowClass(LPCTSTR lpszClassName);
     // Lets the painter paint one part with what it needs of this control.
@@ -132,4 +133,61 @@ protected:
     dayvane::PickerFonts m_textFonts{dayvane::kTextFont};
     dayvane::PickerFonts m_numberFonts{dayvane::kNumberFont};
     dayvane::WindowLife m_life;
+};
+
+// A cell of a mini calendar: a day, or a month as its first day, at 00:00. The date is invalid beyond the years 100 to
+// 9999; such a cell selects nothing.
+struct CPeriodGridCell
+{
+    CRect rcCell;
+    COleDateTime dtDate;
+};
+
+// The part of a mini calendar that knows its public records: Record has the fields rcTitle, nRow, nCol, rcCells and
+// arCells (of CPeriodGridCell), and SetPeriod writes what else it tells of its period.
+template <class Record>
+class CPeriodGridOf : public CPeriodGridCtrl
+{
+public:
+    typedef CArray<Record, const Record&> CRecordArray;
+
+    void Layout(int cx, int cy) override
+    {
+        CPeriodGridCtrl::Layout(cx, cy);
+        m_arRecords.SetSize(static_cast<INT_PTR>(m_layout.blocks.size()));
+        for (size_t i = 0; i < m_layout.blocks.size(); ++i) {
+            const dayvane::PeriodBlock& block = m_layout.blocks[i];
+            Record& record = m_arRecords[i];
+            SetPeriod(record, block.period);
+            record.rcTitle = block.title;
+            record.nRow = block.row;
+            record.nCol = block.column;
+            record.rcCells = block.cellArea;
+            for (size_t k = 0; k < block.cells.size(); ++k) {
+                record.arCells[k] = {block.cells[k].rect, block.cells[k].date};
+            }
+        }
+    }
+    // TRUE: the cell of the point, which is copied out.
+    BOOL HitTest(CPoint point, CPeriodGridCell& cell) const
+    {
+        const dayvane::GridHit hit = dayvane::CellAt(m_layout, point);
+        if (hit.part != dayvane::GridPart::Cell) {
+            return FALSE;
+        }
+        cell = m_arRecords[hit.block].arCells[hit.cell];
+        return TRUE;
+    }
+    // The record whose title holds the point, in the array of all records; nullptr: none.
+    Record* HeaderHitTest(CPoint point)
+    {
+        const int block = dayvane::TitleAt(m_layout, point);
+        return block < 0 ? nullptr : &m_arRecords[block];
+    }
+    const Record* HeaderHitTest(CPoint point) const { return const_cast<CPeriodGridOf*>(this)->HeaderHitTest(point); }
+
+protected:
+    using CPeriodGridCtrl::CPeriodGridCtrl;
+
+    CRecordArray m_arRecords; // as the layout's blocks
 };

@@ -19,8 +19,8 @@ namespace dayvane
 
 struct PeriodGridInput
 {
-    CSize client;       // pixels
-    int rows;           // of blocks; less than 1 counts as 1, more than 1000 as 1000
+    CSize client; // pixels
+    int rows;     // of blocks; less than 1 counts as 1, more than 1000 as 1000
     int columns;
     int firstPeriod;    // shown in the first block
     int firstDayOfWeek; // 1 Sunday .. 7 Saturday; used by periods of days
@@ -40,8 +40,8 @@ struct PeriodBlock
     CRect weekdays; // empty without weekday names
     CRect cellArea; // exactly tiled by the cells
     int period = 0;
-    int row = 1;    // from 1
-    int column = 1; // from 1
+    int row = 1;                   // from 1
+    int column = 1;                // from 1
     std::vector<PeriodCell> cells; // row by row
 };
 

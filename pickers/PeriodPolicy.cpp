@@ -19,12 +19,14 @@ COleDateTime LastDayOfMonth(int monthNumber)
 }
 } // namespace
 
+// clang-format off
 //                            unit             months cols rows long  sweeps stays
 const PeriodPolicy kMonthPolicy{CellUnit::Day,   1,     7,   6,   12,   true,  true,
     // block  title weekday top left cell              arrow footer
     {{130, 130}, 20, 16,    37, 2,   {18, 15},         18,   20}, "%d年 %d月"};
 const PeriodPolicy kYearPolicy{CellUnit::Month, 12,    3,   4,   10,   false, false,
     {{120, 100}, 20, 0,     24, 3,   {38, 18},         18,   20}, "%d年"};
+// clang-format on
 
 int PeriodPolicy::FirstPeriod() const
 {

@@ -24,14 +24,14 @@ struct PeriodMetrics
     int cellsTop;      // from the block's top to its cells
     int cellsLeft;     // from the block's left edge to its cells
     SIZE cell;
-    int arrowWidth;    // kept free of the title at both ends of its band
-    int footerHeight;  // the line below all blocks
+    int arrowWidth;   // kept free of the title at both ends of its band
+    int footerHeight; // the line below all blocks
 };
 
 struct PeriodPolicy
 {
     CellUnit unit;
-    int monthsPerPeriod;    // 1 or 12; a page is one period
+    int monthsPerPeriod; // 1 or 12; a page is one period
     int cellColumns;
     int cellRows;
     int periodsPerLongPage; // Ctrl with Page Up and Page Down
@@ -63,8 +63,14 @@ constexpr int kFirstMonthNumber = 100 * kMonthsPerYear;
 constexpr int kLastMonthNumber = 9999 * kMonthsPerYear + kMonthsPerYear - 1;
 int ClampMonthNumber(int monthNumber);
 int MonthNumberOf(const COleDateTime& date);
-inline int YearOfMonthNumber(int monthNumber) { return monthNumber / kMonthsPerYear; }
-inline int MonthOfMonthNumber(int monthNumber) { return monthNumber % kMonthsPerYear + 1; } // 1 .. 12
+inline int YearOfMonthNumber(int monthNumber)
+{
+    return monthNumber / kMonthsPerYear;
+}
+inline int MonthOfMonthNumber(int monthNumber)
+{
+    return monthNumber % kMonthsPerYear + 1;
+} // 1 .. 12
 COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid outside the years 100 to 9999
 
 // The period that holds a valid date, and its first day.
@@ -73,7 +79,8 @@ COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period);
 int ClampPeriod(const PeriodPolicy& policy, int period);
 CString PeriodTitle(const PeriodPolicy& policy, int period);
 
-// The start of the cell that a date falls in: its day, or the first of its month, at 00:00. Invalid for an invalid date.
+// The start of the cell that a date falls in: its day, or the first of its month, at 00:00. Invalid for an invalid
+// date.
 COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date);
 
 // Steps from a cell's date; they stop at the first and the last cell of the years 100 to 9999. AddPeriods keeps the

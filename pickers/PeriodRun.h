@@ -38,13 +38,13 @@ public:
     // `width`: of the rows, pixels. `rowsAbove`: how many rows stand above the given period at first.
     PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove = kPeriodRunMetrics.rowsAround);
 
-    CSize Size() const;               // of all rows, pixels
-    CRect RowRect(int row) const;     // client pixels
+    CSize Size() const;           // of all rows, pixels
+    CRect RowRect(int row) const; // client pixels
     int PeriodOfRow(int row) const { return m_top + row; }
-    bool HasPeriod(int row) const;    // rows beyond the years 100 to 9999 are empty
+    bool HasPeriod(int row) const; // rows beyond the years 100 to 9999 are empty
     int Given() const { return m_given; }
-    int HotRow() const;               // -1: none
-    int Chosen() const;               // the hot row's period, else the given one
+    int HotRow() const; // -1: none
+    int Chosen() const; // the hot row's period, else the given one
     // The pointer in client pixels; returns whether the picture changed.
     bool PointAt(CPoint point);
     // One interval of the timer has passed; returns whether the list moved.

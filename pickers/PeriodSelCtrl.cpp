@@ -22,8 +22,7 @@ BEGIN_MESSAGE_MAP(CPeriodSelCtrl, CWnd)
     ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
-CPeriodSelCtrl::CPeriodSelCtrl(const PeriodPolicy& policy, int nPeriod)
-    : m_policy(policy), m_run(policy, nPeriod, 0)
+CPeriodSelCtrl::CPeriodSelCtrl(const PeriodPolicy& policy, int nPeriod) : m_policy(policy), m_run(policy, nPeriod, 0)
 {
 }
 
@@ -93,8 +92,7 @@ int CPeriodSelCtrl::OnMouseActivate(CWnd*, UINT, UINT)
     return MA_NOACTIVATE;
 }
 
-CMonthSelCtrl::CMonthSelCtrl(int nYear, int nMonth)
-    : CPeriodSelCtrl(kMonthPolicy, nYear * kMonthsPerYear + nMonth - 1)
+CMonthSelCtrl::CMonthSelCtrl(int nYear, int nMonth) : CPeriodSelCtrl(kMonthPolicy, nYear * kMonthsPerYear + nMonth - 1)
 {
 }
 

@@ -14,20 +14,20 @@ struct PickerPalette
     COLORREF disabledText;
     COLORREF face;
     // Own colours, 0x00BBGGRR
-    COLORREF paleText = 0xB8B0A8;      // days of neighbour months
-    COLORREF holiday = 0x2138EF;       // holidays and Sundays
+    COLORREF paleText = 0xB8B0A8; // days of neighbour months
+    COLORREF holiday = 0x2138EF;  // holidays and Sundays
     COLORREF saturday = 0xC8642D;
     COLORREF paleHoliday = 0xC4CBF7;
     COLORREF paleSaturday = 0xE8CDB9;
-    COLORREF frame = 0xB99D7F;         // frames and separators
-    COLORREF bandFrom = 0xD6865A;      // title bands, from the top
-    COLORREF bandTo = 0x9C3408;        // to the bottom
+    COLORREF frame = 0xB99D7F;    // frames and separators
+    COLORREF bandFrom = 0xD6865A; // title bands, from the top
+    COLORREF bandTo = 0x9C3408;   // to the bottom
     COLORREF bandText = 0xFFFFFF;
-    COLORREF bandHot = 0xE8B48C;       // behind a hot arrow or title
+    COLORREF bandHot = 0xE8B48C; // behind a hot arrow or title
     COLORREF bandPressed = 0x6B2405;
     COLORREF selected = 0x94D3FF;
     COLORREF selectedFrame = 0x5292FF;
-    COLORREF paleSelected = 0xDBEFFF;  // a selected day of a neighbour month
+    COLORREF paleSelected = 0xDBEFFF; // a selected day of a neighbour month
     COLORREF hot = 0xFBEADB;
     COLORREF hotFrame = 0xE6C8A5;
     COLORREF today = 0x2138EF;

@@ -8,8 +8,8 @@ namespace
 {
 constexpr int kFirstYear = kFirstMonthNumber / kMonthsPerYear;
 constexpr int kLastYear = kLastMonthNumber / kMonthsPerYear;
-constexpr int kArrowParts = 4;      // an arrow reaches a quarter of the header's height up and down
-constexpr int kThumbPerEdge = 5;    // the drop arrow is at least five edges wide
+constexpr int kArrowParts = 4;   // an arrow reaches a quarter of the header's height up and down
+constexpr int kThumbPerEdge = 5; // the drop arrow is at least five edges wide
 
 // The share of a length, the indivisible rest added to every share.
 int Share(int length, int parts)

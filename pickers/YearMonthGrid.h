@@ -12,14 +12,14 @@ struct YearMonthMetrics // pixels
 {
     SIZE popup;
     int headerHeight;
-    int gridTop;        // from the client area's top
-    int gridBottom;     // from its bottom
+    int gridTop;    // from the client area's top
+    int gridBottom; // from its bottom
     int footerHeight;
     int gridColumns;
     int gridRows;
-    int leftArrowInset; // from the header's left edge to the tip of the arrow
+    int leftArrowInset;  // from the header's left edge to the tip of the arrow
     int rightArrowInset; // from the header's right edge to the tip of the arrow
-    int arrowMargin;    // around an arrow, still part of its button
+    int arrowMargin;     // around an arrow, still part of its button
 };
 constexpr YearMonthMetrics kYearMonthMetrics{{120, 120}, 20, 21, 30, 25, 3, 4, 6, 10, 5};
 

@@ -8,11 +8,11 @@ namespace
 {
 struct YearMonthPaintMetrics // pixels
 {
-    int lineInset;     // of the footer's separator from the sides
-    int monthInset;    // of the box round a month
-    int faceInset;     // of the button's face within its frame
-    int focusInset;    // of the focus frame within the face
-    int droppedShift;  // of the button's text while the popup is open
+    int lineInset;    // of the footer's separator from the sides
+    int monthInset;   // of the box round a month
+    int faceInset;    // of the button's face within its frame
+    int focusInset;   // of the focus frame within the face
+    int droppedShift; // of the button's text while the popup is open
 };
 constexpr YearMonthPaintMetrics kMetrics{5, 1, 2, 1, 1};
 

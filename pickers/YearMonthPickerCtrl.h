@@ -69,7 +69,7 @@ protected:
 
     COleDateTime m_dtCurrent;
     BOOL m_bDropped = FALSE;
-    CRect m_rcArrow; // client pixels
+    CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it
     CYearMonthPopup* m_pPopup = nullptr;
     BOOL m_bHot = FALSE;

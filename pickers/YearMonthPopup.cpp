@@ -208,7 +208,9 @@ int CYearMonthPopup::OnMouseActivate(CWnd*, UINT, UINT)
 
 BOOL CYearMonthPopup::HandleKey(UINT nChar)
 {
-    const PickerKey key = nChar == VK_SPACE ? PickerKey::Enter : nChar == VK_F4 ? PickerKey::Escape : PickerKeyOf(nChar);
+    const PickerKey key = nChar == VK_SPACE ? PickerKey::Enter
+                          : nChar == VK_F4  ? PickerKey::Escape
+                                            : PickerKeyOf(nChar);
     switch (key) {
     case PickerKey::None:
         return FALSE;

@@ -12,8 +12,7 @@ constexpr UINT kId = 77;
 template <class Control>
 struct Stage
 {
-    explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10))
-        : control(std::make_unique<Control>())
+    explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10)) : control(std::make_unique<Control>())
     {
         control->SetRowAndCol(rows, columns);
         control->Create(WS_CHILD | WS_VISIBLE, CRect(at, control->GetGridSize()), &parent, kId);
@@ -34,7 +33,10 @@ struct Stage
     void Press(CPoint point) { messages::LeftDown(control->m_hWnd, point); }
     void Move(CPoint point) { messages::Move(control->m_hWnd, point, MK_LBUTTON); }
     void Release(CPoint point) { messages::LeftUp(control->m_hWnd, point); }
-    void DoubleClick(CPoint point) { ::SendMessage(control->m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y)); }
+    void DoubleClick(CPoint point)
+    {
+        ::SendMessage(control->m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
     void Key(UINT key) { ::SendMessage(control->m_hWnd, WM_KEYDOWN, key, 0); }
     // The control's client point that lies over a period's row of the open popup.
     CPoint PopupRow(int period) const
@@ -94,8 +96,8 @@ TEST(MiniCalendarWindow, WorksWithoutAWindowToo)
     EXPECT_EQ(&last, control.HeaderHitTest(last.rcTitle.CenterPoint()));
     EXPECT_EQ(nullptr, control.HeaderHitTest(CPoint(200, 60)));
     CMiniCalendarCtrl::CDayCell cell;
-    EXPECT_TRUE(control.HitTest(last.arDays[40].rcCell.CenterPoint(), cell));
-    EXPECT_TRUE(cell.dtDate == last.arDays[40].dtDate && cell.rcCell == last.arDays[40].rcCell);
+    EXPECT_TRUE(control.HitTest(last.arCells[40].rcCell.CenterPoint(), cell));
+    EXPECT_TRUE(cell.dtDate == last.arCells[40].dtDate && cell.rcCell == last.arCells[40].rcCell);
     EXPECT_FALSE(control.HitTest(CPoint(0, 0), cell));
     EXPECT_TRUE(control.TodayHitTest(CPoint(100, 270)));
     EXPECT_EQ(0, control.IsSelected(Day(2010, 5, 5)));
@@ -107,7 +109,7 @@ TEST(MiniCalendarWindow, WorksWithoutAWindowToo)
     years.SetCurrentDate(99);
     EXPECT_TRUE(years.GetCurrentDate() == Day(2011, 1, 1));
     EXPECT_EQ(2011, years.HeaderHitTest(CPoint(60, 10))->nYear);
-    EXPECT_TRUE(years.GetYearCells()[0].arMonths[11].dtDate == Day(2011, 12, 1));
+    EXPECT_TRUE(years.GetYearCells()[0].arCells[11].dtDate == Day(2011, 12, 1));
     EXPECT_TRUE(years.ThisMonthHitTest(CPoint(60, 110)));
     SetCalendarClock(nullptr);
 }
@@ -210,7 +212,12 @@ TEST(MiniCalendarWindow, WhatCanBreakInLeavesNothingBehind)
     } table[] = {
         {"the capture is taken", [](Days& s) { ::SetCapture(s.parent.m_hWnd); }, true},
         {"the focus goes", [](Days& s) { ::SetFocus(s.parent.m_hWnd); }, true},
-        {"the application is left", [](Days& s) { ::SetForegroundWindow(::GetDesktopWindow()); ::SetFocus(nullptr); }, true},
+        {"the application is left",
+         [](Days& s) {
+             ::SetForegroundWindow(::GetDesktopWindow());
+             ::SetFocus(nullptr);
+         },
+         true},
         {"a modal box asks for quiet", [](Days& s) { ::SendMessage(s.control->m_hWnd, WM_CANCELMODE, 0, 0); }, true},
         {"the control is disabled", [](Days& s) { s.control->EnableWindow(FALSE); }, true},
         {"Escape", [](Days& s) { s.Key(VK_ESCAPE); }, true},
@@ -284,7 +291,7 @@ TEST(MiniCalendarWindow, RealKeysMoveTheSelection)
     hardware::Key(VK_NEXT);
     hardware::Key(VK_RETURN);
     EXPECT_EQ((Told{"MCN_SELECT 2010/1/16 - 2010/1/16", "MCN_SELECT 2010/1/16 - 2010/1/23",
-                   "MCN_SELECT 2010/2/23 - 2010/2/23", "NM_DBLCLK"}),
+                    "MCN_SELECT 2010/2/23 - 2010/2/23", "NM_DBLCLK"}),
               s.parent.Take());
     const LRESULT code = ::SendMessage(s.control->m_hWnd, WM_GETDLGCODE, 0, 0);
     EXPECT_EQ(DLGC_WANTARROWS, code);

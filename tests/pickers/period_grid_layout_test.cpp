@@ -85,7 +85,8 @@ TEST(PeriodGridHit, EveryPixelOfATwoByThreeMonthGridFollowsTheRule)
             if (hit.part != GridPart::Cell) {
                 continue;
             }
-            const int month = block + 1; // of 2010, whose months' first weekdays are known: Fri, Mon, Mon, Thu, Sat, Tue
+            const int month =
+                block + 1; // of 2010, whose months' first weekdays are known: Fri, Mon, Mon, Thu, Sat, Tue
             const int leading[] = {4, 0, 0, 3, 5, 1};
             const COleDateTime date = DateOfHit(layout, hit);
             ASSERT_EQ(DayNumberOf(Day(2010, month, 1)) - leading[block] + hit.cell, DayNumberOf(date));

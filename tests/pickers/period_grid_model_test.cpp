@@ -28,7 +28,8 @@ std::string Text(const COleDateTime& date)
         return "none";
     }
     const DateFields fields = FieldsOf(date);
-    std::string text = std::to_string(fields.year) + "/" + std::to_string(fields.month) + "/" + std::to_string(fields.day);
+    std::string text =
+        std::to_string(fields.year) + "/" + std::to_string(fields.month) + "/" + std::to_string(fields.day);
     return date.GetHour() == 0 ? text : text + "+" + std::to_string(date.GetHour()) + "h";
 }
 
@@ -36,7 +37,9 @@ std::string Text(const COleDateTime& date)
 std::string Text(const GridEffects& effects)
 {
     std::string text;
-    const auto add = [&](bool on, const char* word) { text += on ? (text.empty() ? "" : " ") + std::string(word) : ""; };
+    const auto add = [&](bool on, const char* word) {
+        text += on ? (text.empty() ? "" : " ") + std::string(word) : "";
+    };
     add(effects.closePopup, "close");
     add(effects.releaseCapture, "release");
     add(effects.layout, "layout");

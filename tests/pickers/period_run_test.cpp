@@ -138,5 +138,6 @@ TEST(PlaceDropDownTest, BelowOrAboveAndAlwaysOnTheWorkArea)
         EXPECT_TRUE(PlaceDropDown(row.anchor, CSize(120, 120), workArea) == row.expected) << row.what;
     }
     // Neither below nor above: pushed back over the anchor.
-    EXPECT_TRUE(PlaceDropDown(CRect(0, 60, 160, 81), CSize(120, 120), CRect(0, 0, 800, 150)) == CRect(40, 30, 160, 150));
+    EXPECT_TRUE(PlaceDropDown(CRect(0, 60, 160, 81), CSize(120, 120), CRect(0, 0, 800, 150)) ==
+                CRect(40, 30, 160, 150));
 }

@@ -74,8 +74,8 @@ TEST(YearMonthKeys, MoveAmongMonthsAcrossYearsAndStopAtTheEnds)
     };
     for (const auto& row : table) {
         const YearMonth moved = MoveYearMonth(row.from, row.key);
-        EXPECT_TRUE(moved == row.expected) << row.from.year << "/" << row.from.month << ": " << moved.year << "/"
-                                           << moved.month;
+        EXPECT_TRUE(moved == row.expected)
+            << row.from.year << "/" << row.from.month << ": " << moved.year << "/" << moved.month;
     }
 }
 
@@ -103,7 +103,10 @@ TEST(PickerButton, SizesFollowTheSystemMetrics)
         PickerSystemMetrics system;
         int arrowWidth, minWidth, height;
     } table[] = {
-        {{2, 2, 17, 17}, 17, 38, 21}, {{2, 2, 10, 13}, 13, 30, 17}, {{5, 2, 17, 17}, 25, 60, 29}, {{1, 6, 17, 17}, 30, 62, 42},
+        {{2, 2, 17, 17}, 17, 38, 21},
+        {{2, 2, 10, 13}, 13, 30, 17},
+        {{5, 2, 17, 17}, 25, 60, 29},
+        {{1, 6, 17, 17}, 30, 62, 42},
     };
     for (const auto& row : table) {
         const PickerButtonMetrics metrics = CalcPickerButton(row.system);

@@ -11,7 +11,8 @@ constexpr UINT kId = 55;
 
 // Hosts have these numbers in their own sources.
 static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
-                  YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) && NM_DBLCLK == static_cast<UINT>(-3),
+                  YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) &&
+                  NM_DBLCLK == static_cast<UINT>(-3),
               "message numbers");
 
 struct Picker
@@ -98,10 +99,16 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
         Told log;
         const char* date;
     } table[] = {
-        {"another month", [](Picker& p) { p.ClickMonth(7); },
-         {"YMN_CLOSEUP 201007", "YMN_SELENDOK 201007", "YMN_DATECHANGE 201007"}, "2010/7/1"},
-        {"the same month", [](Picker& p) { p.ClickMonth(5); }, {"YMN_CLOSEUP 201005", "YMN_SELENDOK 201005"}, "2010/5/1"},
-        {"another year's", [](Picker& p) {
+        {"another month",
+         [](Picker& p) { p.ClickMonth(7); },
+         {"YMN_CLOSEUP 201007", "YMN_SELENDOK 201007", "YMN_DATECHANGE 201007"},
+         "2010/7/1"},
+        {"the same month",
+         [](Picker& p) { p.ClickMonth(5); },
+         {"YMN_CLOSEUP 201005", "YMN_SELENDOK 201005"},
+         "2010/5/1"},
+        {"another year's",
+         [](Picker& p) {
              const YearMonthLayout layout = p.control->GetPopup()->GetLayout();
              p.ClickPopup(layout.previousYear.CenterPoint());
              p.ClickPopup(layout.nextYear.CenterPoint());
@@ -109,29 +116,53 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
              EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
              EXPECT_EQ(Told{}, p.parent.Take()) << "the arrows tell nothing";
              p.ClickMonth(5);
-         }, {"YMN_CLOSEUP 201105", "YMN_SELENDOK 201105", "YMN_DATECHANGE 201105"}, "2011/5/1"},
-        {"the overhang below the grid", [](Picker& p) { p.ClickPopup(CPoint(60, 92)); },
-         {"YMN_CLOSEUP 201011", "YMN_SELENDOK 201011", "YMN_DATECHANGE 201011"}, "2010/11/1"},
-        {"the footer", [](Picker& p) {
+         },
+         {"YMN_CLOSEUP 201105", "YMN_SELENDOK 201105", "YMN_DATECHANGE 201105"},
+         "2011/5/1"},
+        {"the overhang below the grid",
+         [](Picker& p) { p.ClickPopup(CPoint(60, 92)); },
+         {"YMN_CLOSEUP 201011", "YMN_SELENDOK 201011", "YMN_DATECHANGE 201011"},
+         "2010/11/1"},
+        {"the footer",
+         [](Picker& p) {
              p.ClickPopup(p.control->GetPopup()->GetLayout().previousYear.CenterPoint());
              p.ClickPopup(p.control->GetPopup()->GetLayout().footer.CenterPoint());
-         }, {"YMN_CLOSEUP 201001", "YMN_SELENDOK 201001", "YMN_DATECHANGE 201001"}, "2010/1/1"},
-        {"outside", [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"the header's middle", [](Picker& p) { p.ClickPopup(CPoint(60, 10)); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
+         },
+         {"YMN_CLOSEUP 201001", "YMN_SELENDOK 201001", "YMN_DATECHANGE 201001"},
+         "2010/1/1"},
+        {"outside",
+         [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"},
+        {"the header's middle",
+         [](Picker& p) { p.ClickPopup(CPoint(60, 10)); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"},
+        {"lost capture",
+         [](Picker& p) { ::SetCapture(p.parent.m_hWnd); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"},
         {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"keys", [](Picker& p) {
+        {"the application left",
+         [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"},
+        {"keys",
+         [](Picker& p) {
              for (UINT key : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
                  ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, key, 0);
              }
-         }, {"YMN_CLOSEUP 201109", "YMN_SELENDOK 201109", "YMN_DATECHANGE 201109"}, "2011/9/1"},
-        {"Escape", [](Picker& p) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, VK_ESCAPE, 0); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"}, // hidden, it loses the focus
+         },
+         {"YMN_CLOSEUP 201109", "YMN_SELENDOK 201109", "YMN_DATECHANGE 201109"},
+         "2011/9/1"},
+        {"Escape",
+         [](Picker& p) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, VK_ESCAPE, 0); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"},
+        {"the picker's window destroyed",
+         [](Picker& p) { p.control->DestroyWindow(); },
+         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
+         "2010/5/1"}, // hidden, it loses the focus
         {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, {}, "2010/5/1"},
         {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, {}, "2010/5/1"},
     };
