@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <map>
+#include <tuple>
+#include <utility>
 
 namespace dayvane
 {
@@ -19,40 +22,72 @@ constexpr int kSecondsPerDay = 86400;
 constexpr int kFarAhead = INT_MAX / 4;
 constexpr int kFarBehind = INT_MIN / 4;
 
-// Left and right edge of the bar that starts in the given box. The inset may turn a narrow one inside out: it is
-// normalised then.
-void SetExtent(const BoxGrid& grid, const BarRules& rules, const BoxSpan& span, LaneBar& bar)
+// Finds the kinds of bars, in the order in which they first appear.
+class KindFinder
 {
-    const CRect& own = grid.boxes[span.first];
-    bar.left = own.left;
-    bar.right = own.right;
-    if (!span.ownBoxOnly) {
-        if (rules.reach == BarReach::ToColumnOfLast) {
-            const int column = span.last % grid.columns;
-            bar.right = grid.boxes[column < 0 ? column + grid.columns : column].right;
-        } else if (span.last >= span.first) {
-            bar.right = bar.left + own.Width() * (span.last - span.first + 1);
-        }
+public:
+    KindFinder(const BoxGrid& grid, const BarRules& rules)
+        : m_grid(grid), m_rules(rules), m_byBoxes(grid.Count() * grid.Count(), kNoKind)
+    {
     }
-    bar.left += rules.metrics.inset;
-    bar.right -= rules.metrics.inset;
-    if (bar.left > bar.right)
-        std::swap(bar.left, bar.right);
-}
 
-std::vector<LaneBar> PlaceBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans)
-{
-    std::vector<LaneBar> bars(spans.size());
-    for (size_t i = 0; i < spans.size(); ++i) {
-        const BoxSpan& span = spans[i];
-        if (span.first < 0 || span.first >= grid.Count())
-            continue;
-        bars[i].first = span.first;
-        bars[i].last = std::clamp(span.last, -1, grid.Count() - 1);
-        SetExtent(grid, rules, span, bars[i]);
+    // The kind of the span's bar; kNoKind when it starts outside the grid.
+    int KindOf(const BoxSpan& span)
+    {
+        const int count = m_grid.Count();
+        if (span.first < 0 || span.first >= count)
+            return kNoKind;
+        if (span.last < span.first || span.last >= count)
+            return KindOfIrregular(span);
+        int& kind = m_byBoxes[span.first * count + span.last];
+        if (kind == kNoKind) {
+            kind = static_cast<int>(kinds.size());
+            kinds.push_back(Make(span));
+        }
+        return kind;
     }
-    return bars;
-}
+
+    std::vector<BarKind> kinds;
+
+private:
+    // Items that end before they start or outside the grid: where they end does not tell the right edge alone.
+    int KindOfIrregular(const BoxSpan& span)
+    {
+        const BarKind kind = Make(span);
+        const auto [found, isNew] =
+            m_irregular.emplace(std::make_tuple(kind.first, kind.last, kind.left, kind.right), kNoKind);
+        if (isNew) {
+            found->second = static_cast<int>(kinds.size());
+            kinds.push_back(kind);
+        }
+        return found->second;
+    }
+
+    // The inset may turn a narrow bar inside out: it is normalised then.
+    BarKind Make(const BoxSpan& span) const
+    {
+        const CRect& own = m_grid.boxes[span.first];
+        BarKind kind = {span.first, std::clamp(span.last, -1, m_grid.Count() - 1), own.left, own.right};
+        if (!span.ownBoxOnly) {
+            if (m_rules.reach == BarReach::ToColumnOfLast) {
+                const int column = span.last % m_grid.columns;
+                kind.right = m_grid.boxes[column < 0 ? column + m_grid.columns : column].right;
+            } else if (span.last >= span.first) {
+                kind.right = kind.left + own.Width() * (span.last - span.first + 1);
+            }
+        }
+        kind.left += m_rules.metrics.inset;
+        kind.right -= m_rules.metrics.inset;
+        if (kind.left > kind.right)
+            std::swap(kind.left, kind.right);
+        return kind;
+    }
+
+    const BoxGrid& m_grid;
+    const BarRules& m_rules;
+    std::vector<int> m_byBoxes; // first box x last box
+    std::map<std::tuple<int, int, int, int>, int> m_irregular;
+};
 
 bool Overflows(int barBottom, int boxBottom, BarOverflow overflow)
 {
@@ -136,21 +171,24 @@ std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay)
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items)
 {
-    std::vector<LaneBar> bars = PlaceBars(grid, rules, spans);
+    KindFinder finder(grid, rules);
+    std::vector<int> kindOf(spans.size());
+    for (size_t i = 0; i < spans.size(); ++i)
+        kindOf[i] = finder.KindOf(spans[i]);
     const BarMetrics& metrics = rules.metrics;
-    LaneGrid lanes = {{}, grid.columns, metrics.BarHeight(), metrics.laneStep};
+    LaneGrid laneGrid = {{}, grid.columns, metrics.BarHeight(), metrics.laneStep};
     for (int box = 0; box < grid.Count(); box += grid.columns)
-        lanes.firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
-    StackBars(bars, lanes);
+        laneGrid.firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
+    const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid);
 
     LoadCounter counter(grid, rules.overflow);
     tagCALENDAR_ITEM* item = items.GetData();
-    for (size_t i = 0; i < bars.size(); ++i, ++item) {
-        const LaneBar& bar = bars[i];
+    for (size_t i = 0; i < spans.size(); ++i, ++item) {
         item->rcItem = kNoRect;
-        if (bar.first != -1) {
-            const int top = lanes.firstTops[grid.RowOf(bar.first)] + bar.lane * metrics.laneStep;
-            item->rcItem.SetRect(bar.left, top, bar.right, top + metrics.BarHeight());
+        if (kindOf[i] != kNoKind) {
+            const BarKind& kind = finder.kinds[kindOf[i]];
+            const int top = laneGrid.firstTops[grid.RowOf(kind.first)] + lanes[i] * metrics.laneStep;
+            item->rcItem.SetRect(kind.left, top, kind.right, top + metrics.BarHeight());
         }
         counter.Add(spans[i], *item);
     }

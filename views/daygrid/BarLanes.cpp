@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
-#include <tuple>
 
 namespace dayvane
 {
@@ -12,84 +10,51 @@ namespace
 
 constexpr int kNone = -1;
 
-struct Kind
+// Which rows' bars can meet: those of one row only, unless some bar goes on into another row.
+struct RowBlocks
 {
-    int row;
-    int first;
-    int last;
-    int left;
-    int right;
-
-    bool CanMeet(const Kind& other) const
+    RowBlocks(const std::vector<BarKind>& kinds, const LaneGrid& grid) : rows(static_cast<int>(grid.firstTops.size()))
     {
-        return first <= other.last && other.first <= last && left < other.right && other.left < right;
-    }
-};
-
-// Numbers the kinds of bars in the order in which they first appear.
-class KindTable
-{
-public:
-    explicit KindTable(const LaneGrid& grid)
-        : m_grid(grid), m_stride(grid.BoxCount() + 1), m_byDays(grid.BoxCount() * m_stride, kNone)
-    {
+        for (const BarKind& kind : kinds) {
+            rowOf.push_back(grid.RowOf(kind.first));
+            rowsMeet = rowsMeet || (kind.last > kind.first && grid.RowOf(kind.last) != rowOf.back());
+        }
     }
 
-    int KindOf(const LaneBar& bar)
-    {
-        // Bars of the same days have the same extent, but for those that end outside the grid or before they start.
-        int& byDays = m_byDays[bar.first * m_stride + bar.last + 1];
-        if (byDays == kNone)
-            byDays = Add(bar);
-        if (kinds[byDays].left == bar.left && kinds[byDays].right == bar.right)
-            return byDays;
-        const auto [found, isNew] = m_others.emplace(std::make_tuple(bar.first, bar.last, bar.left, bar.right), kNone);
-        if (isNew)
-            found->second = Add(bar);
-        return found->second;
-    }
+    int Count() const { return rowsMeet ? 1 : rows; }
+    int BlockOf(int kind) const { return rowsMeet ? 0 : rowOf[kind]; }
 
-    std::vector<Kind> kinds;
-
-private:
-    int Add(const LaneBar& bar)
-    {
-        kinds.push_back({m_grid.RowOf(bar.first), bar.first, bar.last, bar.left, bar.right});
-        return static_cast<int>(kinds.size()) - 1;
-    }
-
-    const LaneGrid& m_grid;
-    int m_stride;
-    std::vector<int> m_byDays;
-    std::map<std::tuple<int, int, int, int>, int> m_others;
+    int rows;
+    std::vector<int> rowOf; // kind
+    bool rowsMeet = false;
 };
 
 // ---- First sweep
 
-// Where the waiting bars of each kind lie. Runs over all kinds for every bar, in steps that the compiler turns into a
-// few instructions for several kinds at once: cheaper than to look which ones are concerned.
+// Where the waiting bars of each kind lie. Runs over all kinds that can meet a bar, in steps that the compiler turns into
+// a few instructions for several kinds at once: cheaper than to look which of them are concerned.
 class FirstSweep
 {
 public:
-    FirstSweep(const std::vector<Kind>& kinds, const LaneGrid& grid)
-        : m_padded((kinds.size() + kStep - 1) / kStep * kStep), m_tops(m_padded, 0), m_meets(m_padded * kinds.size(), 0),
-          m_barHeight(grid.barHeight)
+    FirstSweep(const std::vector<BarKind>& kinds, const RowBlocks& blocks, const LaneGrid& grid)
+        : m_places(kinds.size()), m_barHeight(grid.barHeight)
     {
-        for (std::size_t k = 0; k < kinds.size(); ++k) {
-            m_tops[k] = grid.firstTops[kinds[k].row];
-            for (std::size_t m = 0; m < kinds.size(); ++m)
-                m_meets[k * m_padded + m] = kinds[k].CanMeet(kinds[m]) ? grid.laneStep : 0;
-        }
+        std::vector<std::vector<int>> members(blocks.Count());
+        for (int kind = 0; kind < static_cast<int>(kinds.size()); ++kind)
+            members[blocks.BlockOf(kind)].push_back(kind);
+        for (const std::vector<int>& block : members)
+            AddBlock(block, kinds, blocks, grid);
     }
 
     // The top of the bar whose turn it is. Of the others, those that it touches move down by one lane.
     int Place(int kind)
     {
-        const int top = m_tops[kind];
+        const Slot& slot = m_places[kind];
+        const int top = m_tops[slot.own];
         const int height = m_barHeight;
-        int* __restrict tops = m_tops.data();
-        const int* __restrict steps = &m_meets[kind * m_padded];
-        for (std::size_t left = m_padded; left > 0; left -= kStep, tops += kStep, steps += kStep) {
+        int* __restrict tops = &m_tops[slot.block];
+        const int* __restrict steps = &m_steps[slot.steps];
+        for (std::size_t left = slot.blockSize; left > 0; left -= kStep, tops += kStep, steps += kStep) {
             for (std::size_t k = 0; k < kStep; ++k) {
                 const int distance = tops[k] - top;
                 tops[k] += steps[k] & -((distance < height) & (distance > -height));
@@ -101,9 +66,32 @@ public:
 private:
     static constexpr std::size_t kStep = 8; // kinds
 
-    std::size_t m_padded;     // count of kinds, filled up to whole steps
+    struct Slot
+    {
+        std::size_t own;       // the kind's place in m_tops
+        std::size_t block;     // where the kinds that it can meet begin
+        std::size_t blockSize; // filled up to whole steps
+        std::size_t steps;     // in m_steps, one for each of the block
+    };
+
+    void AddBlock(const std::vector<int>& members, const std::vector<BarKind>& kinds, const RowBlocks& blocks,
+                  const LaneGrid& grid)
+    {
+        const std::size_t begin = m_tops.size();
+        const std::size_t size = (members.size() + kStep - 1) / kStep * kStep;
+        m_tops.resize(begin + size, 0);
+        for (std::size_t i = 0; i < members.size(); ++i) {
+            m_tops[begin + i] = grid.firstTops[blocks.rowOf[members[i]]];
+            m_places[members[i]] = {begin + i, begin, size, m_steps.size()};
+            for (int other : members)
+                m_steps.push_back(kinds[members[i]].CanMeet(kinds[other]) ? grid.laneStep : 0);
+            m_steps.resize(m_places[members[i]].steps + size, 0);
+        }
+    }
+
+    std::vector<Slot> m_places;
     std::vector<int> m_tops;  // pixels
-    std::vector<int> m_meets; // kind x kind: lane step where the two can meet, else 0
+    std::vector<int> m_steps; // lane step where two kinds can meet, else 0
     int m_barHeight;
 };
 
@@ -114,8 +102,8 @@ private:
 class WaitingBars
 {
 public:
-    WaitingBars(const std::vector<Kind>& kinds, int rows, std::size_t barCount)
-        : m_kinds(kinds), m_lanes(rows), m_lastSetOf(kinds.size(), kNone)
+    WaitingBars(const std::vector<BarKind>& kinds, const RowBlocks& blocks, std::size_t barCount)
+        : m_kinds(kinds), m_blocks(blocks), m_lanes(blocks.rows), m_lastSetOf(kinds.size(), kNone)
     {
         m_sets.reserve(barCount);
     }
@@ -126,9 +114,9 @@ public:
     {
         int& set = m_lastSetOf[kind];
         if (set == kNone || m_sets[set].lane != lane) {
-            int& head = HeadOf(m_kinds[kind].row, lane);
+            int& head = HeadOf(m_blocks.rowOf[kind], lane);
             set = static_cast<int>(m_sets.size());
-            m_sets.push_back({set, kind, lane, 0, head});
+            m_sets.push_back({kind, lane, 0, head});
             head = set;
         }
         ++m_sets[set].waiting;
@@ -138,16 +126,18 @@ public:
     // The bar's turn has come: it waits no more. Returns its lane.
     int Leave(int set)
     {
-        while (m_sets[set].parent != set) {
-            m_sets[set].parent = m_sets[m_sets[set].parent].parent;
-            set = m_sets[set].parent;
+        while (m_sets[set].waiting == kJoined) {
+            const int other = m_sets[set].next;
+            if (m_sets[other].waiting == kJoined)
+                m_sets[set].next = m_sets[other].next;
+            set = other;
         }
         --m_sets[set].waiting;
         return m_sets[set].lane;
     }
 
     // The sets of a lane that can meet the kind move down by one lane.
-    void Push(const Kind& pusher, int row, int lane)
+    void Push(const BarKind& pusher, int row, int lane)
     {
         if (lane < 0 || lane >= static_cast<int>(m_lanes[row].size()))
             return;
@@ -174,13 +164,14 @@ public:
     }
 
 private:
+    static constexpr int kJoined = -1;
+
     struct Set
     {
-        int parent;
         int kind;
         int lane;
-        int waiting; // bars
-        int next;    // set in the lane
+        int waiting; // bars; kJoined: its bars belong to another set
+        int next;    // set in the lane; the other set that it has joined
     };
 
     int& HeadOf(int row, int lane)
@@ -202,12 +193,14 @@ private:
             m_sets[moved].next = head;
             head = moved;
         } else {
-            m_sets[moved].parent = other;
             m_sets[other].waiting += m_sets[moved].waiting;
+            m_sets[moved].waiting = kJoined;
+            m_sets[moved].next = other;
         }
     }
 
-    const std::vector<Kind>& m_kinds;
+    const std::vector<BarKind>& m_kinds;
+    const RowBlocks& m_blocks;
     std::vector<Set> m_sets;
     std::vector<std::vector<int>> m_lanes; // row, lane: first set
     std::vector<int> m_lastSetOf;          // kind: the set entered last
@@ -218,70 +211,51 @@ int FloorDiv(int a, int b)
     return a >= 0 ? a / b : -((b - 1 - a) / b);
 }
 
-// Pushes what a bar of the kind in that lane touches in the given row. Lanes of another row do not line up with its own:
-// a bar may touch bars of two. Each of those moves once, so the lower lane goes first.
-void PushRow(WaitingBars& waiting, const Kind& kind, int lane, int row, const LaneGrid& grid)
+// Pushes what a bar in that lane of its own row touches in the given row. Lanes of another row do not line up with its
+// own: a bar may touch bars of two. Each of those moves once, so the lower lane goes first.
+void PushRow(WaitingBars& waiting, const BarKind& kind, int ownRow, int lane, int row, const LaneGrid& grid)
 {
-    const int top = grid.firstTops[kind.row] + lane * grid.laneStep - grid.firstTops[row];
+    const int top = grid.firstTops[ownRow] + lane * grid.laneStep - grid.firstTops[row];
     const int highest = FloorDiv(top - grid.barHeight, grid.laneStep) + 1;
     const int lowest = FloorDiv(top + grid.barHeight - 1, grid.laneStep);
     for (int touched = lowest; touched >= highest; --touched)
         waiting.Push(kind, row, touched);
 }
 
-// ---- Groups of bars that meet nobody outside of the group
-
-struct GroupBar
-{
-    int bar; // index
-    int kind;
-    int set;
-};
-
-void StackGroup(std::vector<LaneBar>& bars, std::vector<GroupBar>& group, bool rowsMeet, const LaneGrid& grid)
-{
-    KindTable table(grid);
-    for (GroupBar& member : group)
-        member.kind = table.KindOf(bars[member.bar]);
-
-    FirstSweep first(table.kinds, grid);
-    for (const GroupBar& member : group) {
-        const int top = first.Place(member.kind);
-        bars[member.bar].lane = (top - grid.firstTops[table.kinds[member.kind].row]) / grid.laneStep;
-    }
-
-    const int rows = static_cast<int>(grid.firstTops.size());
-    WaitingBars waiting(table.kinds, rows, group.size());
-    for (GroupBar& member : group)
-        member.set = waiting.Enter(member.kind, bars[member.bar].lane);
-    for (const GroupBar& member : group) {
-        const Kind& kind = table.kinds[member.kind];
-        const int lane = waiting.Leave(member.set);
-        bars[member.bar].lane = lane;
-        const int firstRow = rowsMeet ? 0 : kind.row;
-        const int lastRow = rowsMeet ? rows - 1 : kind.row;
-        for (int row = firstRow; row <= lastRow; ++row)
-            PushRow(waiting, kind, lane, row, grid);
-    }
-}
-
 } // namespace
 
-void StackBars(std::vector<LaneBar>& bars, const LaneGrid& grid)
+std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid)
 {
-    // Bars of different rows meet only where one of them goes on into another row.
-    const auto leavesRow = [&grid](const LaneBar& bar) {
-        return bar.first != kNone && bar.last > bar.first && grid.RowOf(bar.last) != grid.RowOf(bar.first);
-    };
-    const bool rowsMeet = std::any_of(bars.begin(), bars.end(), leavesRow);
-    std::vector<std::vector<GroupBar>> groups(rowsMeet ? 1 : grid.firstTops.size());
-    for (std::size_t i = 0; i < bars.size(); ++i) {
-        bars[i].lane = 0;
-        if (bars[i].first != kNone && bars[i].left < bars[i].right)
-            groups[rowsMeet ? 0 : grid.RowOf(bars[i].first)].push_back({static_cast<int>(i), kNone, kNone});
+    const RowBlocks blocks(kinds, grid);
+    // Bars that can meet stay together in memory: that matters when there are many.
+    std::vector<std::vector<int>> members(blocks.Count());
+    for (std::size_t i = 0; i < kindOf.size(); ++i) {
+        if (kindOf[i] != kNoKind)
+            members[blocks.BlockOf(kindOf[i])].push_back(static_cast<int>(i));
     }
-    for (std::vector<GroupBar>& group : groups)
-        StackGroup(bars, group, rowsMeet, grid);
+    std::vector<int> lanes(kindOf.size(), 0);
+    FirstSweep first(kinds, blocks, grid);
+    for (const std::vector<int>& block : members) {
+        WaitingBars waiting(kinds, blocks, block.size());
+        std::vector<int> setOf;
+        setOf.reserve(block.size());
+        for (int bar : block) {
+            const int kind = kindOf[bar];
+            const int lane = (first.Place(kind) - grid.firstTops[blocks.rowOf[kind]]) / grid.laneStep;
+            setOf.push_back(waiting.Enter(kind, lane));
+        }
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            const int kind = kindOf[block[i]];
+            const int lane = waiting.Leave(setOf[i]);
+            lanes[block[i]] = lane;
+            const int ownRow = blocks.rowOf[kind];
+            const int firstRow = blocks.rowsMeet ? 0 : ownRow;
+            const int lastRow = blocks.rowsMeet ? blocks.rows - 1 : ownRow;
+            for (int row = firstRow; row <= lastRow; ++row)
+                PushRow(waiting, kinds[kind], ownRow, lane, row, grid);
+        }
+    }
+    return lanes;
 }
 
 } // namespace dayvane

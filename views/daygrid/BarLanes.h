@@ -17,17 +17,6 @@
 namespace dayvane
 {
 
-// A bar as the rule sees it. Days are positions of boxes in the grid; only comparisons between the days of two bars
-// count, so days outside the grid may be cut to the positions beside it.
-struct LaneBar
-{
-    int first = -1; // 0 .. boxes - 1; -1: the bar has no place and meets nobody
-    int last = -1;  // -1 .. boxes - 1; before first when the item ends before it starts
-    int left = 0;   // pixels; left == right: it has no width and meets nobody
-    int right = 0;
-    int lane = 0;   // out: how often it was moved down
-};
-
 // The rows of a grid, pixels.
 struct LaneGrid
 {
@@ -37,10 +26,27 @@ struct LaneGrid
     int laneStep; // from one lane to the next
 
     int RowOf(int box) const { return box / columns; }
-    int BoxCount() const { return static_cast<int>(firstTops.size()) * columns; }
 };
 
-// Sets the lane of every bar.
-void StackBars(std::vector<LaneBar>& bars, const LaneGrid& grid);
+// Bars that are alike but for their lane. Days are positions of boxes in the grid; only comparisons between the days of
+// two bars count, so days outside the grid may be cut to the positions beside it.
+struct BarKind
+{
+    int first; // 0 .. boxes - 1
+    int last;  // -1 .. boxes - 1; before first when the item ends before it starts
+    int left;  // pixels; left == right: such bars have no width and meet nobody
+    int right;
+
+    bool CanMeet(const BarKind& other) const
+    {
+        return first <= other.last && other.first <= last && left < right && other.left < other.right &&
+               left < other.right && other.left < right;
+    }
+};
+
+constexpr int kNoKind = -1; // of a bar that has no place and meets nobody
+
+// The lane of each bar: how often it was moved down. kindOf: for each bar its position in `kinds`, or kNoKind.
+std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid);
 
 } // namespace dayvane
