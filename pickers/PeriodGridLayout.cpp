@@ -173,7 +173,7 @@ GridHit CellOfDate(const PeriodPolicy& policy, const PeriodGridLayout& layout, c
     }
     const std::vector<PeriodCell>& cells = layout.blocks[block].cells;
     for (size_t i = 0; i < cells.size(); ++i) {
-        if (cells[i].inPeriod && cells[i].date == date) {
+        if (cells[i].date == date) {
             return {GridPart::Cell, block, static_cast<int>(i)};
         }
     }
