@@ -31,8 +31,22 @@ struct RowBlocks
 
 // ---- First sweep
 
-// Where the waiting bars of each kind lie. Runs over all kinds that can meet a bar, in steps that the compiler turns into
-// a few instructions for several kinds at once: cheaper than to look which of them are concerned.
+constexpr std::size_t kKindsPerStep = 8;
+
+// Adds to each top its step where the bar there touches a bar at `top`. A function of its own, with a body as plain as
+// this, because compilers turn it into instructions for several kinds at once.
+void MoveTouched(int* __restrict tops, const int* __restrict steps, std::size_t count, int top, int height)
+{
+    for (; count > 0; count -= kKindsPerStep, tops += kKindsPerStep, steps += kKindsPerStep) {
+        for (std::size_t k = 0; k < kKindsPerStep; ++k) {
+            const int distance = tops[k] - top;
+            tops[k] += steps[k] & -((distance < height) & (distance > -height));
+        }
+    }
+}
+
+// Where the waiting bars of each kind lie. Every bar runs over all kinds that it could meet: cheaper than to look which
+// of them are concerned.
 class FirstSweep
 {
 public:
@@ -51,21 +65,11 @@ public:
     {
         const Slot& slot = m_places[kind];
         const int top = m_tops[slot.own];
-        const int height = m_barHeight;
-        int* __restrict tops = &m_tops[slot.block];
-        const int* __restrict steps = &m_steps[slot.steps];
-        for (std::size_t left = slot.blockSize; left > 0; left -= kStep, tops += kStep, steps += kStep) {
-            for (std::size_t k = 0; k < kStep; ++k) {
-                const int distance = tops[k] - top;
-                tops[k] += steps[k] & -((distance < height) & (distance > -height));
-            }
-        }
+        MoveTouched(&m_tops[slot.block], &m_steps[slot.steps], slot.blockSize, top, m_barHeight);
         return top;
     }
 
 private:
-    static constexpr std::size_t kStep = 8; // kinds
-
     struct Slot
     {
         std::size_t own;       // the kind's place in m_tops
@@ -78,7 +82,7 @@ private:
                   const LaneGrid& grid)
     {
         const std::size_t begin = m_tops.size();
-        const std::size_t size = (members.size() + kStep - 1) / kStep * kStep;
+        const std::size_t size = (members.size() + kKindsPerStep - 1) / kKindsPerStep * kKindsPerStep;
         m_tops.resize(begin + size, 0);
         for (std::size_t i = 0; i < members.size(); ++i) {
             m_tops[begin + i] = grid.firstTops[blocks.rowOf[members[i]]];
@@ -215,6 +219,10 @@ int FloorDiv(int a, int b)
 // own: a bar may touch bars of two. Each of those moves once, so the lower lane goes first.
 void PushRow(WaitingBars& waiting, const BarKind& kind, int ownRow, int lane, int row, const LaneGrid& grid)
 {
+    if (row == ownRow && grid.barHeight <= grid.laneStep) {
+        waiting.Push(kind, row, lane);
+        return;
+    }
     const int top = grid.firstTops[ownRow] + lane * grid.laneStep - grid.firstTops[row];
     const int highest = FloorDiv(top - grid.barHeight, grid.laneStep) + 1;
     const int lowest = FloorDiv(top + grid.barHeight - 1, grid.laneStep);

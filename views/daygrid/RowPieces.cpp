@@ -9,33 +9,9 @@ namespace dayvane
 namespace
 {
 
-struct Piece
-{
-    int source;
-    int firstDay;
-    int lastDay;
-    int kind;        // of nPiece
-    bool ownStart;   // begins when the item does
-    bool ownEnd;     // ends when the item does
-};
-
-int KindOf(bool before, bool after)
+int KindOfPiece(bool before, bool after)
 {
     return before && after ? PIECE_MIDDLE : after ? PIECE_HEAD : before ? PIECE_TAIL : PIECE_WHOLE;
-}
-
-void CutItem(int source, int startDay, int endDay, const DayRows& rows, std::vector<Piece>& pieces)
-{
-    const int viewFirst = rows.front();
-    const int viewLast = rows.back() - 1;
-    int day = std::max(startDay, viewFirst);
-    const int clippedEnd = std::min(endDay, viewLast);
-    while (day <= clippedEnd) {
-        const int nextRow = *std::upper_bound(rows.begin(), rows.end(), day);
-        const int last = std::min(nextRow - 1, clippedEnd);
-        pieces.push_back({source, day, last, KindOf(startDay < day, endDay > last), day == startDay, last == endDay});
-        day = last + 1;
-    }
 }
 
 // 00:00 and 23:59:59 of the days of a view, made once for each day.
@@ -62,6 +38,52 @@ private:
     std::vector<Edges> m_edges;
 };
 
+// Writes pieces over the records that are there already, so that their memory is not given back and asked for again.
+class PieceWriter
+{
+public:
+    explicit PieceWriter(ItemArray& pieces) : m_pieces(pieces) {}
+
+    tagCALENDAR_ITEM& Next()
+    {
+        if (m_count == m_pieces.GetSize())
+            m_pieces.SetSize(m_count + m_count / 2 + kLeastGrowth);
+        return m_pieces.GetData()[m_count++];
+    }
+    void Finish() { m_pieces.SetSize(m_count); }
+
+private:
+    static constexpr INT_PTR kLeastGrowth = 16;
+
+    ItemArray& m_pieces;
+    INT_PTR m_count = 0;
+};
+
+void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, const DayEdges& edges, PieceWriter& pieces)
+{
+    const int startDay = DayNumberOf(item.dtStart);
+    if (startDay >= rows.back())
+        return;
+    const int endDay = DayNumberOf(item.dtEnd);
+    const int clippedEnd = std::min(endDay, rows.back() - 1);
+    int day = std::max(startDay, rows.front());
+    while (day <= clippedEnd) {
+        const int nextRow = *std::upper_bound(rows.begin(), rows.end(), day);
+        const int last = std::min(nextRow - 1, clippedEnd);
+        tagCALENDAR_ITEM& piece = pieces.Next();
+        piece = item;
+        piece.nSource = source;
+        piece.nPiece = KindOfPiece(startDay < day, endDay > last);
+        piece.bNoFocus = FALSE;
+        piece.rcItem.NormalizeRect();
+        if (day != startDay)
+            piece.dtStart = edges.StartOf(day);
+        if (last != endDay)
+            piece.dtEnd = edges.EndOf(last);
+        day = last + 1;
+    }
+}
+
 } // namespace
 
 DayRows EvenRows(int firstDay, int rows, int daysPerRow)
@@ -78,33 +100,15 @@ void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& piece
         pieces.RemoveAll();
         return;
     }
-    std::vector<Piece> cuts;
+    const DayEdges edges(rows.front(), rows.back() - 1);
+    PieceWriter writer(pieces);
     const int count = static_cast<int>(items.GetSize());
     const tagCALENDAR_ITEM* item = items.GetData();
     for (int i = 0; i < count; ++i, ++item) {
-        if (item->dtStart.GetStatus() != COleDateTime::valid || item->dtEnd.GetStatus() != COleDateTime::valid)
-            continue;
-        const int startDay = DayNumberOf(item->dtStart);
-        if (startDay < rows.back())
-            CutItem(i, startDay, DayNumberOf(item->dtEnd), rows, cuts);
+        if (item->dtStart.GetStatus() == COleDateTime::valid && item->dtEnd.GetStatus() == COleDateTime::valid)
+            CutItem(*item, i, rows, edges, writer);
     }
-
-    // Records that are there already are written over: their memory is not given back and asked for again.
-    pieces.SetSize(static_cast<INT_PTR>(cuts.size()));
-    const DayEdges edges(rows.front(), rows.back() - 1);
-    tagCALENDAR_ITEM* piece = pieces.GetData();
-    for (const Piece& cut : cuts) {
-        *piece = items[cut.source];
-        piece->nSource = cut.source;
-        piece->nPiece = cut.kind;
-        piece->bNoFocus = FALSE;
-        piece->rcItem.NormalizeRect();
-        if (!cut.ownStart)
-            piece->dtStart = edges.StartOf(cut.firstDay);
-        if (!cut.ownEnd)
-            piece->dtEnd = edges.EndOf(cut.lastDay);
-        ++piece;
-    }
+    writer.Finish();
 }
 
 } // namespace dayvane
