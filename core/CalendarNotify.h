@@ -19,9 +19,9 @@
 struct NMCALENDARITEM
 {
     NMHDR hdr;
-    POINT pt;        // client pixels; (-1, -1) when a key was the cause
-    int nSubValue;   // mouse or key flags; with CCN_COMBOSELCHANGE the selected index
-    int nItem;       // index in the store, -1 none
+    POINT pt;        // client pixels; (-1, -1) when a key or the combo box was the cause
+    int nSubValue;   // mouse or key flags; with CCN_COMBOSELCHANGE the selected index, -1 none
+    int nItem;       // index in the store, -1 none; with CCN_COMBOSELCHANGE as nSubValue
     LPARAM lParam;   // the item's lParam
     SYSTEMTIME time; // the date and time under the point, or the item's start
     UINT nFlags;     // the hit code (CCHT_...)

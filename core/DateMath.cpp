@@ -9,6 +9,7 @@ namespace dayvane
 namespace
 {
 constexpr double kSecondsPerDay = 86400.0;
+constexpr int kDaysPerWeek = 7;
 
 // A DATE counts days with its sign and time of day without: -1.25 is 06:00 of the day before the epoch. Linear days
 // run evenly.
@@ -69,6 +70,12 @@ COleDateTime DateOfDayNumber(int dayNumber)
 int DayOfWeekOf(int dayNumber)
 {
     return civil::DayOfWeek(dayNumber);
+}
+
+int WeekStartOf(int dayNumber, int firstDayOfWeek)
+{
+    const int daysInWeek = DayOfWeekOf(dayNumber) - firstDayOfWeek;
+    return dayNumber - (daysInWeek < 0 ? daysInWeek + kDaysPerWeek : daysInWeek);
 }
 
 COleDateTime AddDays(const COleDateTime& date, int days)

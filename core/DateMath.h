@@ -35,6 +35,8 @@ COleDateTime EndOfDay(const COleDateTime& date);
 int DayNumberOf(const COleDateTime& date);
 COleDateTime DateOfDayNumber(int dayNumber); // 00:00; invalid outside the years 100 to 9999
 int DayOfWeekOf(int dayNumber);              // 1 Sunday .. 7 Saturday
+// The day on or before the given one on which a week begins.
+int WeekStartOf(int dayNumber, int firstDayOfWeek);
 
 // The date moved by whole days, the time kept; invalid beyond the years 100 to 9999.
 COleDateTime AddDays(const COleDateTime& date, int days);

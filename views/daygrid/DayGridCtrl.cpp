@@ -44,6 +44,7 @@ void CDayGridCtrl::OnDestroy()
 {
     CCalendarCtrl::OnDestroy();
     m_pens.Clear();
+    m_texts.Clear();
 }
 
 void CDayGridCtrl::LoadMoreMark()
@@ -121,7 +122,7 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 
 void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
-    dayvane::BarPainter painter(pDC, m_pens);
+    dayvane::BarPainter painter(pDC, m_pens, m_texts);
     CRect content = painter.DrawBox(item);
     const int marksLeft = content.left;
     pDC->SetTextColor(item.crColor1);
@@ -137,8 +138,9 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
     const BOOL fullday = dayvane::IsFulldayItem(item);
     pDC->SetTextColor(item.crColor5);
     {
-        const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
-        painter.DrawText(GetBarText(item, fullday), content, fullday != FALSE);
+        CFont* font = GetFont(item.nReserved);
+        const dayvane::SelectGdi selectFont(pDC, font);
+        painter.DrawText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
     if (item.nSource == m_nCurSel)
         painter.DrawSelection(item, m_colors.highlight);

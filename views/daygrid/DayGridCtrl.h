@@ -3,6 +3,7 @@
 
 #include "core/CalendarCtrl.h"
 #include "views/daygrid/GdiPens.h"
+#include "views/daygrid/TextCache.h"
 
 #include <vector>
 
@@ -22,6 +23,7 @@ protected:
     // Hooks of the views.
     virtual void ClearMoreMarks();                                              // no item is hidden any more
     virtual CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
+    virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
 
     // Positions in the screen list of the items that are drawn and hit: those that have a rectangle and are not hidden.
     // A view that changes its screen items tells so.
@@ -41,6 +43,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     dayvane::PenSet m_pens;
+    dayvane::TextCache m_texts;
     HICON m_hMoreMark = nullptr;
 
 private:

@@ -98,4 +98,24 @@ CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode)
     return times + " " + item.strText;
 }
 
+CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday)
+{
+    if (fullday)
+        return item.strText;
+    return TimeText(item.dtStart) + " - " + TimeText(item.dtEnd) + " " + item.strText;
+}
+
+CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text)
+{
+    const DateFields first = FieldsOf(start);
+    const DateFields last = FieldsOf(end);
+    CString days;
+    days.Format("%d/%d", first.month, first.day);
+    if (last.year != first.year || last.month != first.month)
+        days.AppendFormat("-%d/%d", last.month, last.day);
+    else if (last.day != first.day)
+        days.AppendFormat("-%d", last.day);
+    return days + " " + text;
+}
+
 } // namespace dayvane

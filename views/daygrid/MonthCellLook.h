@@ -49,5 +49,9 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.
 CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode);
+// "9:00 - 10:30 text" for a timed item.
+CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday);
+// "4/25 text", "4/25-28 text" over several days of a month, "4/25-5/3 text" over months: the days of the whole item.
+CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text);
 
 } // namespace dayvane

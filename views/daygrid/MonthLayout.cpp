@@ -2,6 +2,7 @@
 
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
+#include "views/daygrid/ScrollCodes.h"
 
 #include <algorithm>
 
@@ -9,18 +10,6 @@ namespace dayvane
 {
 namespace
 {
-
-// The codes of WM_VSCROLL (SB_...), which the pure layer has no header for.
-enum ScrollCode {
-    SCROLL_LINEUP = 0,
-    SCROLL_LINEDOWN = 1,
-    SCROLL_PAGEUP = 2,
-    SCROLL_PAGEDOWN = 3,
-    SCROLL_THUMBPOSITION = 4,
-    SCROLL_THUMBTRACK = 5,
-    SCROLL_TOP = 6,
-    SCROLL_BOTTOM = 7,
-};
 
 bool IsValid(const COleDateTime& date)
 {
@@ -112,20 +101,19 @@ int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek)
     if (!IsValid(date))
         return kNoDay;
     const DateFields fields = FieldsOf(date);
-    const int first = DayNumberOf(date) - (fields.day - 1);
-    const int daysInWeek = DayOfWeekOf(first) - firstDayOfWeek;
-    return first - (daysInWeek < 0 ? daysInWeek + kMonthColumns : daysInWeek);
+    return WeekStartOf(DayNumberOf(date) - (fields.day - 1), firstDayOfWeek);
 }
 
-void FillMonthDates(int firstDay, const COleDateTime& current, const COleDateTime& today, MonthCellDateArray& dates)
+void FillCellDates(int firstDay, int count, const COleDateTime& current, const COleDateTime& today,
+                   MonthCellDateArray& dates)
 {
     const int currentMonth = FieldsOf(current).month;
     const DateFields todayFields = FieldsOf(today);
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
     dates.RemoveAll();
-    dates.SetSize(kMonthCells);
-    for (int i = 0; i < kMonthCells; ++i) {
+    dates.SetSize(count);
+    for (int i = 0; i < count; ++i) {
         const COleDateTime date = firstDay == kNoDay ? none : DateOfDayNumber(firstDay + i);
         dates[i] = DateWithAnnotations(date, currentMonth, todayFields);
     }

@@ -86,9 +86,16 @@ constexpr int kNoDay = -100000000;
 // The first day of the week on or before the 1st of the date's month. firstDayOfWeek: 1 Sunday .. 7 Saturday.
 int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek);
 
-// The 42 days from firstDay on with their annotations; properties are empty. Flags are set against the month (of any
-// year) of `current` and against `today`.
-void FillMonthDates(int firstDay, const COleDateTime& current, const COleDateTime& today, MonthCellDateArray& dates);
+// The days from firstDay on, as many as wanted, with their annotations; properties are empty. Flags are set against the
+// month (of any year) of `current` and against `today`.
+void FillCellDates(int firstDay, int count, const COleDateTime& current, const COleDateTime& today,
+                   MonthCellDateArray& dates);
+
+inline void FillMonthDates(int firstDay, const COleDateTime& current, const COleDateTime& today,
+                           MonthCellDateArray& dates)
+{
+    FillCellDates(firstDay, kMonthCells, current, today, dates);
+}
 
 // The day of cell 0, also where that day is beyond the valid dates; kNoDay when no cell has a date.
 int FirstDayOf(const MonthCellDateArray& dates);

@@ -11,11 +11,8 @@ namespace
 struct MonthPaintMetrics
 {
     int captionInset = 5;
-    int captionNumberHeight = 32; // fonts
-    int captionTextHeight = 18;
+    int captionTextHeight = 18; // font
     int frameInset = 1;    // from the cell to the frame of a marked day
-    int upperStrip = 5;    // heights of the strips under the day number
-    int lowerStrip = 9;
     int numberRight = 5;   // from the day number to the cell's right edge
     int numberTop = 1;
     int annotationTop = 3; // from the cell's top
@@ -23,6 +20,8 @@ struct MonthPaintMetrics
     int annotationLeft = 4;
     int annotationGap = 4; // to the day number
     int annotationMinWidth = 20; // a narrower one would be nothing but an ellipsis
+    int stripInset = 5;          // from the sides of a box's strip to its texts
+    int suffixGap = 2;           // between number and suffix
 };
 constexpr MonthPaintMetrics kPaintMetrics;
 
@@ -105,7 +104,7 @@ void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
     LOGFONT lf = itemFont;
     lf.lfHeight = kPaintMetrics.captionTextHeight;
     m_captionText.CreateFontIndirect(&lf);
-    lf.lfHeight = kPaintMetrics.captionNumberHeight;
+    lf.lfHeight = m_captionNumberHeight;
     lf.lfWeight = FW_BOLD;
     m_captionNumber.CreateFontIndirect(&lf);
 }
@@ -115,21 +114,30 @@ void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
 void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
                       COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
 {
+    CaptionTexts texts = {"", "", DT_BOTTOM};
+    if (date.GetStatus() == COleDateTime::valid) {
+        texts.number.Format("%d", date.GetMonth());
+        texts.text = " " + date.Format("%B, %Y") + " ";
+    }
+    DrawCaptionBand(pDC, band, texts, colors, textColor, itemFont, fonts);
+}
+
+void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
+                     COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
+{
     DrawTitleBand(pDC, band, colors);
-    if (band.IsRectEmpty() || date.GetStatus() != COleDateTime::valid)
+    if (band.IsRectEmpty())
         return;
     pDC->SetTextColor(textColor);
     CRect text = band;
     text.DeflateRect(kPaintMetrics.captionInset, kPaintMetrics.captionInset);
-    CString month;
-    month.Format("%d", date.GetMonth());
     {
         const SelectGdi selectFont(pDC, fonts.CaptionNumber(itemFont));
-        pDC->DrawText(month, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP);
-        text.left += pDC->GetTextExtent(month).cx;
+        pDC->DrawText(texts.number, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+        text.left += pDC->GetTextExtent(texts.number).cx;
     }
     const SelectGdi selectFont(pDC, fonts.CaptionText(itemFont));
-    pDC->DrawText(" " + date.Format("%B, %Y") + " ", &text, DT_SINGLELINE | DT_BOTTOM);
+    pDC->DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | texts.textAlign);
 }
 
 void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells,
@@ -155,15 +163,20 @@ void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& header
 
 void DrawMonthGrid(CDC* pDC, const CRect& calendar, CSize cellSize, CPen* pen)
 {
+    DrawBoxGrid(pDC, calendar, cellSize, kMonthColumns, kMonthRows, pen);
+}
+
+void DrawBoxGrid(CDC* pDC, const CRect& calendar, CSize boxSize, int columns, int rows, CPen* pen)
+{
     const SelectGdi selectPen(pDC, pen);
     pDC->Rectangle(&calendar);
-    for (int column = 0; column < kMonthColumns; ++column) {
-        const int x = column * cellSize.cx;
+    for (int column = 0; column < columns; ++column) {
+        const int x = column * boxSize.cx;
         pDC->MoveTo(x, calendar.top);
         pDC->LineTo(x, calendar.bottom);
     }
-    for (int row = 0; row < kMonthRows; ++row) {
-        const int y = calendar.top + row * cellSize.cy;
+    for (int row = 0; row < rows; ++row) {
+        const int y = calendar.top + row * boxSize.cy;
         pDC->MoveTo(calendar.left, y);
         pDC->LineTo(calendar.right, y);
     }
@@ -176,14 +189,14 @@ void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color)
         pDC->FillSolidRect(&inner, color);
 }
 
-void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens)
+void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens, const DayFrameStrips& strips)
 {
     CRect frame = cell;
     frame.DeflateRect(kPaintMetrics.frameInset, kPaintMetrics.frameInset);
     if (frame.IsRectEmpty())
         return;
-    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + kPaintMetrics.upperStrip);
-    CRect lower(upper.left, upper.bottom, upper.right, upper.bottom + kPaintMetrics.lowerStrip);
+    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + strips.upper);
+    CRect lower(upper.left, upper.bottom, upper.right, upper.bottom + strips.lower);
     const int lineY = lower.bottom;
     if (upper.IntersectRect(&upper, &frame))
         DrawGradient(pDC, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
@@ -200,6 +213,26 @@ void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, Pen
     pDC->LineTo(frame.right, frame.bottom);
     pDC->LineTo(frame.right, frame.top);
     pDC->LineTo(frame.left, frame.top);
+}
+
+void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts)
+{
+    constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+    CRect rest = strip;
+    rest.DeflateRect(kPaintMetrics.stripInset, 0);
+    pDC->SetTextColor(texts.color);
+    {
+        const SelectGdi selectNumber(pDC, &fonts.dayNumber);
+        pDC->DrawText(texts.number, &rest, kFormat | DT_LEFT);
+        rest.left += pDC->GetTextExtent(texts.number).cx + kPaintMetrics.suffixGap;
+    }
+    const SelectGdi selectFont(pDC, &fonts.annotation);
+    pDC->DrawText(texts.suffix, &rest, kFormat | DT_LEFT);
+    rest.left += pDC->GetTextExtent(texts.suffix).cx + kPaintMetrics.annotationGap;
+    if (texts.annotation.IsEmpty() || rest.Width() < kPaintMetrics.annotationMinWidth)
+        return;
+    pDC->SetTextColor(texts.annotationColor);
+    pDC->DrawText(texts.annotation, &rest, kFormat | DT_RIGHT | DT_END_ELLIPSIS);
 }
 
 void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts)

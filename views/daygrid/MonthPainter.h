@@ -23,6 +23,15 @@ struct DayFrameColors
     COLORREF bottomLine;
     int bottomLineWidth; // pixels
 };
+
+// Heights of the strips, pixels; together with the outline and the bottom line they fill the top of the box.
+struct DayFrameStrips
+{
+    int upper;
+    int lower;
+};
+constexpr DayFrameStrips kMonthStrips = {5, 9};
+
 constexpr DayFrameColors kTodayFrame = {0x216FF1, 2, 0xAAD9FF, 0x6FBCFF, 0x3FABFF, 0x7AE0FE, 0x216FF1, 2};
 constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0xFFB06B, 0xFFCEA4, 0xEAB990, 1};
 
@@ -30,6 +39,8 @@ constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0
 class MonthFonts
 {
 public:
+    explicit MonthFonts(int captionNumberHeight = 32) : m_captionNumberHeight(captionNumberHeight) {}
+
     // Creates what is missing.
     void Create();
     void Delete();
@@ -46,6 +57,7 @@ public:
 private:
     void FollowItemFont(const LOGFONT& itemFont);
 
+    int m_captionNumberHeight;
     LOGFONT m_captionBase = {};
     CFont m_captionNumber;
     CFont m_captionText;
@@ -54,14 +66,37 @@ private:
 void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
                       COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts);
 
+// A title band with a number that catches the eye and a text beside it.
+struct CaptionTexts
+{
+    CString number;
+    CString text;
+    UINT textAlign; // DT_...
+};
+void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
+                     COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts);
+
 void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells,
                        const MonthCellDateArray& dates, CFont* font);
 
 // The border of the calendar and the lines between the cells.
 void DrawMonthGrid(CDC* pDC, const CRect& calendar, CSize cellSize, CPen* pen);
+void DrawBoxGrid(CDC* pDC, const CRect& calendar, CSize boxSize, int columns, int rows, CPen* pen);
 
 void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color);
-void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens);
+void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens,
+                  const DayFrameStrips& strips = kMonthStrips);
+
+// The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right.
+struct StripTexts
+{
+    CString number;
+    CString suffix;
+    COLORREF color;
+    CString annotation;
+    COLORREF annotationColor;
+};
+void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts);
 
 // Day number at the right, annotation to the left of it.
 void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts);

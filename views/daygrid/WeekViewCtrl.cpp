@@ -1,0 +1,311 @@
+// The week view: dates of the boxes, navigation, painting.
+#include "views/daygrid/WeekViewCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+
+#include <civil.h>
+
+#include <algorithm>
+#include <clocale>
+
+namespace
+{
+
+using dayvane::kNoDay;
+using dayvane::kWeekBoxes;
+
+constexpr char kWindowClass[] = "MFCWeekViewCtrl";
+constexpr int kLastShown = kWeekBoxes - 1; // days from the first to the last
+constexpr int kTextFont = 2;               // template in m_lfFonts
+
+dayvane::CalendarColors WeekColors()
+{
+    dayvane::CalendarColors colors;
+    colors.caption = 0x8F9300;
+    colors.captionText = 0xFFFFFF;
+    colors.ruler = 0xCE9A63;
+    colors.rulerText = 0xCF9365;
+    colors.content = 0xFFFFFF;
+    colors.grid = 0xE1BFA5;
+    colors.border = 0x2299EE;
+    return colors;
+}
+
+constexpr dayvane::TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
+constexpr dayvane::HeaderBandColors kDayStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+constexpr dayvane::HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
+
+constexpr COLORREF kDayText = 0x000000;
+constexpr COLORREF kSaturdayText = 0xFF0000;
+constexpr COLORREF kDayOffText = 0x0000FF; // Sundays and holidays
+constexpr int kSunday = 1;
+constexpr int kSaturday = 7;
+
+// "(%a)" in Japanese, whatever the host's locale of times; it is left at "C".
+CString JapaneseWeekday(const COleDateTime& date)
+{
+    std::setlocale(LC_TIME, "jpn");
+    const CString text = date.Format("(%a)");
+    std::setlocale(LC_TIME, "C");
+    return text;
+}
+
+} // namespace
+
+IMPLEMENT_DYNCREATE(CWeekViewCtrl, CBoxViewCtrl)
+
+// ---- Lifetime
+
+CWeekViewCtrl::CWeekViewCtrl()
+    : CBoxViewCtrl(dayvane::kWeekMetrics, {m_rcDay, m_rcDayCaption, m_bMore}, kWindowClass, WeekColors())
+{
+    m_strTitle = "Weekly Calendar";
+    for (int i = 0; i < kWeekBoxes; ++i)
+        m_rcDay[i] = m_rcDayCaption[i] = CRect(0, 0, 0, 0);
+    SetRange(dayvane::Now());
+}
+
+CWeekViewCtrl::~CWeekViewCtrl()
+{
+    DestroyWindow();
+}
+
+BOOL CWeekViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    return CreateBoxWindow(kWindowClass, dwStyle, rect, pParent, nID, pContext);
+}
+
+const CRect& CWeekViewCtrl::GetDayRect(int nDay) const
+{
+    if (nDay < 0 || nDay >= kWeekBoxes)
+        AfxThrowInvalidArgException();
+    return m_rcDay[nDay];
+}
+
+BOOL CWeekViewCtrl::IsMore(int nDay) const
+{
+    if (nDay < 0 || nDay >= kWeekBoxes)
+        AfxThrowInvalidArgException();
+    return m_bMore[nDay];
+}
+
+// ---- Dates
+
+COleDateTime CWeekViewCtrl::GetCurrentDate()
+{
+    return m_dtSelBegin.m_dt != 0.0 ? COleDateTime(m_dtSelBegin.m_dt) : m_dtCurrentDate;
+}
+
+void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
+{
+    CBoxViewCtrl::SetCurrentDate(dayvane::StartOfDay(date));
+}
+
+// Near the ends of the valid dates one end of the range may not be a date.
+int CWeekViewCtrl::FirstDay() const
+{
+    if (m_dtRangeStart.GetStatus() == COleDateTime::valid)
+        return dayvane::DayNumberOf(m_dtRangeStart);
+    if (m_dtRangeEnd.GetStatus() == COleDateTime::valid)
+        return dayvane::DayNumberOf(m_dtRangeEnd) - kLastShown;
+    return kNoDay;
+}
+
+int CWeekViewCtrl::FirstDayOfWeekOf(const COleDateTime& date) const
+{
+    return dayvane::WeekStartOf(dayvane::DayNumberOf(date), m_nFirstDayOfWeek);
+}
+
+void CWeekViewCtrl::CalcRange(const COleDateTime& date)
+{
+    const int firstDay = date.GetStatus() == COleDateTime::valid ? FirstDayOfWeekOf(date) : kNoDay;
+    m_dtRangeStart = dayvane::DateOfDayNumber(firstDay);
+    m_dtRangeEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(firstDay + kLastShown));
+    dayvane::FillCellDates(firstDay, kWeekBoxes, date, dayvane::Now(), m_arDayDate);
+    for (int i = 0; i < kWeekBoxes; ++i)
+        m_arDayDate[i].m_nFlags |= dayvane::MONTHCELL_INMONTH; // a week looks the same in every month
+}
+
+int CWeekViewCtrl::PositionOf(const COleDateTime& date)
+{
+    const int firstDay = FirstDay();
+    if (date.GetStatus() != COleDateTime::valid || firstDay == kNoDay)
+        return -1;
+    return dayvane::DayNumberOf(date) - firstDay;
+}
+
+COleDateTime CWeekViewCtrl::DateOfBox(int nBox)
+{
+    return m_arDayDate[nBox].m_date;
+}
+
+dayvane::DayRows CWeekViewCtrl::GetRows()
+{
+    return dayvane::WeekRows(FirstDay());
+}
+
+std::vector<dayvane::BoxSpan> CWeekViewCtrl::GetSpans(const CItemArray& screenItems)
+{
+    return dayvane::DaySpans(screenItems, FirstDay());
+}
+
+void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
+{
+    const int box = BoxOfDate(date);
+    if (box != -1)
+        m_arDayDate[box].m_dayProperty = property;
+}
+
+void CWeekViewCtrl::ClearDayProperty()
+{
+    for (int i = 0; i < kWeekBoxes; ++i) {
+        tagCALENDAR_DAY_PROPERTY& property = m_arDayDate[i].m_dayProperty;
+        property.strText.Empty();
+        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
+    }
+}
+
+int CWeekViewCtrl::GetDayColor(int nDay)
+{
+    return m_arDayDate[nDay].m_dayProperty.nDayColor;
+}
+
+// ---- Navigation
+
+void CWeekViewCtrl::MoveForward(UINT nFlags)
+{
+    MoveSelection(-dayvane::kWeekMetrics.columns, nFlags);
+}
+
+void CWeekViewCtrl::MoveBackward(UINT nFlags)
+{
+    MoveSelection(dayvane::kWeekMetrics.columns, nFlags);
+}
+
+void CWeekViewCtrl::MoveLeftward(UINT nFlags)
+{
+    MoveSelection(-1, nFlags);
+}
+
+void CWeekViewCtrl::MoveRightward(UINT nFlags)
+{
+    MoveSelection(1, nFlags);
+}
+
+void CWeekViewCtrl::MoveSelection(int nDays, UINT nFlags)
+{
+    MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
+}
+
+dayvane::BoxScroll CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+{
+    return dayvane::CalcWeekScroll(nCode, nPos, nThumb, m_dtRangeStart.GetDayOfYear());
+}
+
+SCROLLINFO CWeekViewCtrl::GetScrollRange()
+{
+    SCROLLINFO info = {};
+    info.nMax = dayvane::kWeekScrollMax;
+    info.nPos = dayvane::WeekScrollPosition(std::max(m_dtRangeStart.GetDayOfYear(), 0));
+    return info;
+}
+
+COleDateTime CWeekViewCtrl::DateInRangeAfter(int nStep)
+{
+    // The first day may not be a date itself where dates begin; then the first date stands for its week.
+    const int day = FirstDay() + nStep;
+    if (day > civil::kFirstDay - kLastShown && day < civil::kFirstDay)
+        return dayvane::DateOfDayNumber(civil::kFirstDay);
+    return dayvane::DateOfDayNumber(day);
+}
+
+COleDateTime CWeekViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
+{
+    const COleDateTime moved = dayvane::AddDays(date, FirstDayOfWeekOf(dtTarget) - FirstDay());
+    return moved.GetStatus() == COleDateTime::valid ? moved : date;
+}
+
+BOOL CWeekViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
+{
+    const int position = dayvane::DayNumberOf(date) - FirstDayOfWeekOf(dtTarget);
+    return position >= 0 && position < kWeekBoxes;
+}
+
+// ---- Painting
+
+CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
+{
+    return dayvane::WeekBarText(item, bFullday != FALSE);
+}
+
+void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+{
+    dayvane::CaptionTexts texts = {"", "", DT_VCENTER};
+    const dayvane::DateFields first = dayvane::FieldsOf(m_dtRangeStart);
+    const dayvane::DateFields last = dayvane::FieldsOf(m_dtRangeEnd);
+    if (first.year != -1 && last.year != -1) {
+        texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
+        texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
+    }
+    dayvane::DrawCaptionBand(pDC, rcCaption, texts, kWeekBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+}
+
+dayvane::MonthCellLook CWeekViewCtrl::LookOf(int nDay)
+{
+    const dayvane::MonthLookInput input = {m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE,
+                                           m_bShow24Setuki != FALSE, IsBoxSelected(nDay) != FALSE, INT_MIN, INT_MAX};
+    return dayvane::CalcCellLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
+}
+
+COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
+{
+    return LookOf(nBox).background;
+}
+
+BOOL CWeekViewCtrl::IsToday(int nBox)
+{
+    return (m_arDayDate[nBox].m_nFlags & dayvane::MONTHCELL_TODAY) != 0;
+}
+
+void CWeekViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
+{
+    DrawDayCaption(pDC, m_rcDayCaption[nBox]);
+}
+
+void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
+{
+    const int day = BoxOfStrip(rcCaption);
+    const bool isNextWeek = day == kLastShown;
+    if (day == -1 || (!IsToday(day) && !IsBoxSelected(day)))
+        dayvane::DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kDayStrip);
+    if (day == -1 || m_arDayDate[day].m_date.GetStatus() != COleDateTime::valid)
+        return;
+    const COleDateTime& date = m_arDayDate[day].m_date;
+    const dayvane::MonthCellLook look = LookOf(day);
+    const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
+    const int dayOfWeek = date.GetDayOfWeek();
+    COLORREF color = dayOfWeek == kSunday || isDayOff ? kDayOffText : dayOfWeek == kSaturday ? kSaturdayText : kDayText;
+    if (look.selected)
+        color = m_colors.highlightText;
+    CString number;
+    number.Format("%d/%d", date.GetMonth(), date.GetDay());
+    dayvane::DrawStripTexts(pDC, rcCaption, {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor},
+                            m_fonts);
+}
+
+void CWeekViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kTodayFrame);
+}
+
+void CWeekViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
+}
+
+void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
+{
+    if (nBox != kLastShown)
+        DrawMoreMark(pDC, m_rcDay[nBox]);
+}

@@ -1,0 +1,74 @@
+// CWeekViewCtrl: a week as eight day boxes in two rows of four, in the manner of a desk diary. The eighth box is the
+// first day of the next week; it never shows the more-items mark.
+//
+// Window style: WS_VSCROLL gives the scroll bar, a line of which is a week and a page four. Dropping the thumb at position
+// p moves the range by (day of the year of its first day - 7 p) days; the ends of the bar only move the thumb.
+#pragma once
+
+#include "views/daygrid/BoxViewCtrl.h"
+#include "views/daygrid/MonthCellLook.h"
+
+class CWeekViewCtrl : public CBoxViewCtrl
+{
+    DECLARE_DYNCREATE(CWeekViewCtrl)
+
+public:
+    // Shows the week of today. Registers the window class; throws CResourceException when that fails.
+    CWeekViewCtrl();
+    ~CWeekViewCtrl() override;
+
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
+
+    COleDateTime GetCurrentDate() override; // the selection start; the date that was set when nothing is selected
+    // Selects the date at 00:00.
+    void SetCurrentDate(const COleDateTime& date) override;
+
+    // Kept with the shown days only: forgotten when the range moves. A date that is not shown is ignored.
+    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
+    void ClearDayProperty() override;
+    // Colour number of the day's property, 0 none. An index outside 0..7 throws CInvalidArgException.
+    int GetDayColor(int nDay) override;
+
+    // The boxes in the order of the days, 0..7; other indices throw CInvalidArgException.
+    const CRect& GetDayRect(int nDay) const;
+    BOOL IsMore(int nDay) const; // an item of the day did not fit
+
+protected:
+    void CalcRange(const COleDateTime& date) override;
+    int PositionOf(const COleDateTime& date) override;
+    COleDateTime DateOfBox(int nBox) override;
+    dayvane::DayRows GetRows() override;
+    std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
+    dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;
+    SCROLLINFO GetScrollRange() override;
+    COleDateTime DateInRangeAfter(int nStep) override;
+    COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
+    BOOL IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date) override;
+    CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
+
+    void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    void DrawBoxStrip(CDC* pDC, int nBox) override;
+    COLORREF GetBoxColor(int nBox) override;
+    BOOL IsToday(int nBox) override;
+    void DrawBoxMark(CDC* pDC, int nBox) override;
+    // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
+    virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
+    void DrawTodayRect(CDC* pDC, CRect rect, int nDay) override;
+    void DrawFocusRect(CDC* pDC, CRect rect, int nDay) override;
+
+    void MoveForward(UINT nFlags) override;  // the box above
+    void MoveBackward(UINT nFlags) override; // the box below
+    void MoveLeftward(UINT nFlags) override;
+    void MoveRightward(UINT nFlags) override;
+
+    CRect m_rcDay[dayvane::kWeekBoxes];
+    CRect m_rcDayCaption[dayvane::kWeekBoxes];
+    int m_bMore[dayvane::kWeekBoxes] = {};
+    dayvane::MonthCellDateArray m_arDayDate; // 8
+
+private:
+    int FirstDay() const;
+    int FirstDayOfWeekOf(const COleDateTime& date) const;
+    void MoveSelection(int nDays, UINT nFlags);
+    dayvane::MonthCellLook LookOf(int nDay);
+};

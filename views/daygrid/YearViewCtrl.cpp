@@ -1,0 +1,307 @@
+// The year view: dates of the boxes, navigation, combo box, painting.
+#include "views/daygrid/YearViewCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
+#include "views/daygrid/MonthCellLook.h"
+
+#include <algorithm>
+
+namespace
+{
+
+using dayvane::kYearBoxes;
+
+constexpr char kWindowClass[] = "MFCYearViewCtrl";
+constexpr UINT kMoreBitmap = 18001;
+constexpr int kTextFont = 2; // template in m_lfFonts
+constexpr int kDecember = 12;
+constexpr int kLastOfDecember = 31;
+
+// The combo box, pixels.
+constexpr UINT kComboId = 1;
+constexpr int kComboRight = 5;     // from the caption's right edge
+constexpr int kComboTop = 5;       // from its top
+constexpr int kComboWidth = 200;   // after the first change of size
+constexpr int kComboBottom = 100;  // with its list
+
+dayvane::CalendarColors YearColors()
+{
+    dayvane::CalendarColors colors;
+    colors.caption = 0x505850;
+    colors.captionText = 0xFFFFFF;
+    colors.ruler = 0xCE9A63;
+    colors.rulerText = 0xFFFFFF;
+    colors.content = 0xFFFFFF;
+    colors.grid = 0xE1BFA5;
+    colors.border = 0x2299EE;
+    return colors;
+}
+
+constexpr dayvane::TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
+constexpr dayvane::HeaderBandColors kMonthStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+constexpr COLORREF kMonthText = 0x000000;
+
+} // namespace
+
+IMPLEMENT_DYNCREATE(CYearViewCtrl, CBoxViewCtrl)
+
+BEGIN_MESSAGE_MAP(CYearViewCtrl, CBoxViewCtrl)
+    ON_WM_DESTROY()
+    ON_WM_SIZE()
+    ON_CBN_SELCHANGE(kComboId, &CYearViewCtrl::OnSelchangeCombo)
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CYearViewCtrl::CYearViewCtrl()
+    : CBoxViewCtrl(dayvane::kYearMetrics, {m_rcMonth, m_rcMonthCaption, m_bMore}, kWindowClass, YearColors())
+{
+    m_strTitle = "Yearly Calendar";
+    for (int i = 0; i < kYearBoxes; ++i)
+        m_rcMonth[i] = m_rcMonthCaption[i] = CRect(0, 0, 0, 0);
+    SetRange(dayvane::Now());
+}
+
+CYearViewCtrl::~CYearViewCtrl()
+{
+    DestroyWindow();
+}
+
+BOOL CYearViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    if (!CreateBoxWindow(kWindowClass, dwStyle, rect, pParent, nID, pContext))
+        return FALSE;
+    if (!m_bmMore.GetSafeHandle())
+        m_bmMore.LoadBitmap(kMoreBitmap);
+    return TRUE;
+}
+
+void CYearViewCtrl::OnDestroy()
+{
+    CBoxViewCtrl::OnDestroy();
+    m_bmMore.DeleteObject();
+    m_bComboBox = 0; // it goes with the window
+    m_pComboBox = nullptr;
+    m_hComboBox = nullptr;
+}
+
+BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
+{
+    return CWnd::PreTranslateMessage(pMsg);
+}
+
+const CRect& CYearViewCtrl::GetMonthRect(int nMonth) const
+{
+    if (nMonth < 0 || nMonth >= kYearBoxes)
+        AfxThrowInvalidArgException();
+    return m_rcMonth[nMonth];
+}
+
+BOOL CYearViewCtrl::IsMore(int nMonth) const
+{
+    if (nMonth < 0 || nMonth >= kYearBoxes)
+        AfxThrowInvalidArgException();
+    return m_bMore[nMonth];
+}
+
+// ---- Dates
+
+void CYearViewCtrl::CalcRange(const COleDateTime& date)
+{
+    const int year = dayvane::FieldsOf(date).year; // -1 makes no date either
+    m_dtRangeStart = COleDateTime(year, 1, 1, 0, 0, 0);
+    m_dtRangeEnd = COleDateTime(year, kDecember, kLastOfDecember, 23, 59, 59);
+}
+
+int CYearViewCtrl::PositionOf(const COleDateTime& date)
+{
+    const dayvane::DateFields fields = dayvane::FieldsOf(date);
+    if (fields.year == -1 || !HasRange())
+        return -1;
+    return (fields.year - Year()) * kYearBoxes + fields.month - 1;
+}
+
+COleDateTime CYearViewCtrl::DateOfBox(int nBox)
+{
+    return COleDateTime(HasRange() ? Year() : -1, nBox + 1, 1, 0, 0, 0);
+}
+
+dayvane::DayRows CYearViewCtrl::GetRows()
+{
+    return dayvane::YearRows(Year());
+}
+
+std::vector<dayvane::BoxSpan> CYearViewCtrl::GetSpans(const CItemArray& screenItems)
+{
+    return dayvane::MonthSpans(screenItems, Year());
+}
+
+// ---- Navigation
+
+void CYearViewCtrl::MoveLeftward(UINT nFlags)
+{
+    MoveSelectionTo(dayvane::FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
+}
+
+void CYearViewCtrl::MoveRightward(UINT nFlags)
+{
+    MoveSelectionTo(dayvane::FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
+}
+
+dayvane::BoxScroll CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+{
+    return dayvane::CalcYearScroll(nCode, nPos, nThumb);
+}
+
+SCROLLINFO CYearViewCtrl::GetScrollRange()
+{
+    SCROLLINFO info = {};
+    info.nMax = dayvane::kYearScrollMax;
+    info.nPos = Year() - dayvane::kYearOfScrollStart;
+    return info;
+}
+
+COleDateTime CYearViewCtrl::DateInRangeAfter(int nStep)
+{
+    return dayvane::AddYears(m_dtRangeStart, nStep);
+}
+
+COleDateTime CYearViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
+{
+    const COleDateTime moved = dayvane::AddYears(date, dtTarget.GetYear() - Year());
+    return moved.GetStatus() == COleDateTime::valid ? moved : date;
+}
+
+BOOL CYearViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
+{
+    return dtTarget.GetYear() == date.GetYear();
+}
+
+// ---- Size and combo box
+
+void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    Alive alive(this);
+    CBoxViewCtrl::OnSize(nType, cx, cy);
+    if (!alive)
+        return;
+    if (CComboBox* combo = LiveCombo()) {
+        const int left = m_rcCaption.right - kComboRight - kComboWidth;
+        const CRect rect(left, m_rcCaption.top + kComboTop, left + kComboWidth, kComboBottom);
+        combo->MoveWindow(&rect, TRUE);
+    }
+}
+
+int CYearViewCtrl::CreateComboBox(CComboBox* pCombo, UINT, int nWidth, DWORD dwStyle, CWnd*)
+{
+    m_bComboBox = 0;
+    if (!m_hWnd || !pCombo || pCombo->m_hWnd)
+        return 0;
+    if (!pCombo->Create(dwStyle | WS_CHILD, CRect(1, 1, nWidth, kComboBottom), this, kComboId))
+        return 0;
+    ModifyStyle(0, WS_CLIPCHILDREN); // the view paints the whole title band
+    m_bComboBox = 1;
+    m_pComboBox = pCombo;
+    m_hComboBox = pCombo->m_hWnd;
+    pCombo->SetFont(GetFont(0), TRUE);
+    return 1;
+}
+
+// The host may have destroyed the combo box, and its object with it.
+CComboBox* CYearViewCtrl::LiveCombo() const
+{
+    const bool isThere = m_bComboBox == 1 && ::GetParent(m_hComboBox) == m_hWnd &&
+                         CWnd::FromHandlePermanent(m_hComboBox) == static_cast<CWnd*>(m_pComboBox);
+    return isThere ? m_pComboBox : nullptr;
+}
+
+void CYearViewCtrl::OnSelchangeCombo()
+{
+    CComboBox* combo = LiveCombo();
+    if (!combo)
+        return;
+    const int selected = combo->GetCurSel();
+    SYSTEMTIME time = {};
+    dayvane::ToSystemTime(GetCurrentDate(), time);
+    Notify(CCN_COMBOSELCHANGE, selected, selected, CPoint(-1, -1), time, CCHT_NOWHERE);
+}
+
+// ---- Painting
+
+// The days of the whole item, not of its piece.
+CString CYearViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL)
+{
+    const bool isStored = item.nSource >= 0 && item.nSource < m_arItem.GetSize();
+    const tagCALENDAR_ITEM& whole = isStored ? m_arItem[item.nSource] : item;
+    return dayvane::YearBarText(whole.dtStart, whole.dtEnd, item.strText);
+}
+
+BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
+{
+    return FALSE;
+}
+
+void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+{
+    dayvane::CaptionTexts texts = {"", "", DT_VCENTER};
+    if (HasRange()) {
+        texts.number.Format("%d", Year());
+        texts.text = "  " + m_strTitle;
+    }
+    dayvane::DrawCaptionBand(pDC, rcCaption, texts, kYearBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+}
+
+COLORREF CYearViewCtrl::GetBoxColor(int)
+{
+    return m_colors.content;
+}
+
+BOOL CYearViewCtrl::IsToday(int nBox)
+{
+    const COleDateTime now = dayvane::Now();
+    return now.GetStatus() == COleDateTime::valid && PositionOf(now) == nBox;
+}
+
+void CYearViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
+{
+    DrawMonthCaption(pDC, m_rcMonthCaption[nBox]);
+}
+
+void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
+{
+    const int month = BoxOfStrip(rcCaption);
+    if (month == -1 || (!IsToday(month) && !IsBoxSelected(month)))
+        dayvane::DrawHeaderBand(pDC, rcCaption, kMonthStrip);
+    if (month == -1 || !HasRange())
+        return;
+    const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : kMonthText;
+    const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
+    CString number;
+    number.Format("%d", month + 1);
+    dayvane::DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor}, m_fonts);
+}
+
+void CYearViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kTodayFrame);
+}
+
+void CYearViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
+}
+
+void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
+{
+    BITMAP bitmap = {};
+    if (!m_bmMore.GetSafeHandle() || !m_bmMore.GetBitmap(&bitmap))
+        return;
+    CDC memory;
+    if (!memory.CreateCompatibleDC(pDC))
+        return;
+    const dayvane::SelectGdi selectBitmap(&memory, &m_bmMore);
+    const CRect& box = m_rcMonth[nBox];
+    pDC->BitBlt(box.right - bitmap.bmWidth, box.bottom - bitmap.bmHeight, bitmap.bmWidth, bitmap.bmHeight, &memory, 0, 0,
+                SRCCOPY);
+}

@@ -1,0 +1,79 @@
+// CYearViewCtrl: a year as twelve month boxes in two rows of six, and optionally a combo box of the host in its title
+// band.
+//
+// Window style: WS_VSCROLL gives the scroll bar. Its positions are the years 2000 to 2004; lines and pages go on beyond
+// them, and dropping the thumb or the ends of the bar move the thumb alone.
+//
+// Keys: Left and Right select the neighbour month (Shift extends), Up and Down show the neighbour year.
+//
+// Notifications besides those of CBoxViewCtrl: CCN_COMBOSELCHANGE.
+#pragma once
+
+#include "views/daygrid/BoxViewCtrl.h"
+
+class CYearViewCtrl : public CBoxViewCtrl
+{
+    DECLARE_DYNCREATE(CYearViewCtrl)
+
+public:
+    // Shows the year of today. Registers the window class; throws CResourceException when that fails.
+    CYearViewCtrl();
+    ~CYearViewCtrl() override;
+
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
+
+    // Creates the host's combo box as a child of the view, so wide, in the given style; the host fills it and keeps the
+    // object, which should outlive the window. 1, or 0 when there is no window to put it in or it cannot be created.
+    int CreateComboBox(CComboBox* pCombo, UINT nUnused, int nWidth, DWORD dwStyle, CWnd* pUnused);
+
+    BOOL PreTranslateMessage(MSG* pMsg) override; // passes the message on to CWnd
+
+    // The boxes, 0 January .. 11 December; other indices throw CInvalidArgException.
+    const CRect& GetMonthRect(int nMonth) const;
+    BOOL IsMore(int nMonth) const; // an item of the month did not fit
+
+protected:
+    void CalcRange(const COleDateTime& date) override;
+    int PositionOf(const COleDateTime& date) override;
+    COleDateTime DateOfBox(int nBox) override;
+    dayvane::DayRows GetRows() override;
+    std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
+    dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;
+    SCROLLINFO GetScrollRange() override;
+    COleDateTime DateInRangeAfter(int nStep) override;
+    COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
+    BOOL IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date) override;
+    CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
+    BOOL IsBarTextCentered(BOOL bFullday) override; // no: the dates stand below each other
+
+    void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    void DrawBoxStrip(CDC* pDC, int nBox) override;
+    COLORREF GetBoxColor(int nBox) override;
+    BOOL IsToday(int nBox) override;
+    void DrawBoxMark(CDC* pDC, int nBox) override;
+    // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.
+    virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
+    void DrawTodayRect(CDC* pDC, CRect rect, int nMonth) override;
+    void DrawFocusRect(CDC* pDC, CRect rect, int nMonth) override;
+
+    void MoveLeftward(UINT nFlags) override;
+    void MoveRightward(UINT nFlags) override;
+
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnSelchangeCombo();
+    DECLARE_MESSAGE_MAP()
+
+    CRect m_rcMonth[dayvane::kYearBoxes];
+    CRect m_rcMonthCaption[dayvane::kYearBoxes];
+    int m_bMore[dayvane::kYearBoxes] = {};
+    int m_bComboBox = 0;
+    CComboBox* m_pComboBox = nullptr; // the host's
+
+private:
+    CComboBox* LiveCombo() const;
+    int Year() const { return m_dtRangeStart.GetYear(); }
+
+    HWND m_hComboBox = nullptr; // tells whether m_pComboBox is still there
+    CBitmap m_bmMore;
+};
