@@ -1,19 +1,13 @@
 #include "core/DateMath.h"
 #include "timegrid/LiteralRules.h"
+#include "timegrid/PrintRect.h"
 #include "timegrid/RandomItems.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridLayout.h"
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-
 using namespace dayvane;
-
-std::ostream& operator<<(std::ostream& out, const CRect& r)
-{
-    return out << '(' << r.left << ',' << r.top << ',' << r.right << ',' << r.bottom << ')';
-}
 
 namespace
 {

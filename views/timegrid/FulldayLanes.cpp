@@ -10,8 +10,6 @@ namespace dayvane
 {
 namespace
 {
-constexpr LaneHeights kLaneHeights{kTimeGrid.barHeight, kTimeGrid.laneStep};
-
 CRect BarAt(int left, int right, int bandTop, int lane)
 {
     const int top = bandTop + kTimeGrid.laneInset + lane * kTimeGrid.laneStep;
@@ -44,24 +42,27 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
         return;
     const int firstDayNumber = DayNumberOf(firstDay);
     std::vector<int> shown;
-    std::vector<LaneBar> bars;
+    std::vector<BarKind> kinds;
+    std::vector<int> kindOf;                                         // of each shown bar
+    std::vector<int> kindOfDays(columns.size() * columns.size(), kNoKind); // by first and last column
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         if (!IsBandItem(items[i]))
             continue;
-        LaneBar bar;
-        bar.row = 0;
-        bar.first = ColumnOf(items[i].dtStart, firstDayNumber, days);
-        bar.last = ColumnOf(items[i].dtEnd, firstDayNumber, days);
-        const CRect place = BarAt(columns[bar.first].left, columns[bar.last].right, band.top, 0);
-        bar.left = place.left;
-        bar.right = place.right;
-        items[i].rcItem = place;
-        bars.push_back(bar);
+        const int first = ColumnOf(items[i].dtStart, firstDayNumber, days);
+        const int last = ColumnOf(items[i].dtEnd, firstDayNumber, days);
+        items[i].rcItem = BarAt(columns[first].left, columns[last].right, band.top, 0);
+        int& kind = kindOfDays[first * days + last];
+        if (kind == kNoKind) {
+            kind = static_cast<int>(kinds.size());
+            kinds.push_back(BarKind{first, last, items[i].rcItem.left, items[i].rcItem.right});
+        }
         shown.push_back(i);
+        kindOf.push_back(kind);
     }
-    StackBars(bars, {band.top + kTimeGrid.laneInset}, kLaneHeights, days);
-    for (size_t i = 0; i < bars.size(); ++i)
-        items[shown[i]].rcItem.OffsetRect(0, bars[i].lane * kTimeGrid.laneStep);
+    const std::vector<int> lanes = StackBars(
+        kindOf, kinds, LaneGrid{{band.top + kTimeGrid.laneInset}, days, kTimeGrid.barHeight, kTimeGrid.laneStep});
+    for (size_t i = 0; i < shown.size(); ++i)
+        items[shown[i]].rcItem.OffsetRect(0, lanes[i] * kTimeGrid.laneStep);
 }
 
 } // namespace dayvane

@@ -50,14 +50,14 @@ struct ShownDays
 };
 
 // An item's times, broken once.
-struct ItemTimes
+struct ItemClock
 {
-    explicit ItemTimes(const tagCALENDAR_ITEM& item) : start(ClockTimeOf(item.dtStart)), end(ClockTimeOf(item.dtEnd)) {}
+    explicit ItemClock(const tagCALENDAR_ITEM& item) : start(ClockTimeOf(item.dtStart)), end(ClockTimeOf(item.dtEnd)) {}
 
     ClockTime start, end;
 };
 
-CRect BoxAt(const tagCALENDAR_ITEM& item, const ItemTimes& times, const CRect& column, const ClockTime& day,
+CRect BoxAt(const tagCALENDAR_ITEM& item, const ItemClock& times, const CRect& column, const ClockTime& day,
             const TimeScale& scale)
 {
     if (!FallsOn(times.start, day))
@@ -141,7 +141,7 @@ int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const C
 
 CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleDateTime& day, const TimeScale& scale)
 {
-    return BoxAt(item, ItemTimes(item), column, ClockTimeOf(day), scale);
+    return BoxAt(item, ItemClock(item), column, ClockTimeOf(day), scale);
 }
 
 void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const COleDateTime& firstDay,
@@ -153,7 +153,7 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         if (IsBandItem(items[i]))
             continue;
-        const ItemTimes times(items[i]);
+        const ItemClock times(items[i]);
         const int column = days > 1 ? times.start.day - first.day : 0;
         if (column < 0 || column >= days) {
             items[i].rcItem = CRect(-1, -1, -1, -1);

@@ -1,0 +1,235 @@
+#include "views/timegrid/DayViewCtrl.h"
+
+#include "core/DateMath.h"
+#include "views/timegrid/FulldayLanes.h"
+
+namespace
+{
+constexpr char kWindowClass[] = "MFCDayViewCtrl";
+constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
+constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
+constexpr int kRowsPerHour = 2;
+constexpr int kCaptionFont = 1; // template in m_lfFonts
+
+constexpr COLORREF kCaptionColor = 0x10B6F7;
+constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
+constexpr COLORREF kRulerColor = 0xFFEFE3;
+constexpr COLORREF kRulerTextColor = 0xCF9365;
+constexpr COLORREF kGridColor = 0xE1BFA5;
+constexpr COLORREF kBorderColor = 0x2299EE;
+} // namespace
+
+IMPLEMENT_DYNCREATE(CDayViewCtrl, CTimeGridCtrl)
+
+// ---- Lifetime
+
+CDayViewCtrl::CDayViewCtrl()
+{
+    RegisterViewClass(kWindowClass, nullptr);
+    SetCaptionColor(kCaptionColor);
+    SetCaptionTextColor(kCaptionTextColor);
+    SetRulerColor(kRulerColor);
+    SetRulerTextColor(kRulerTextColor);
+    SetGridColor(kGridColor);
+    SetBorderColor(kBorderColor);
+    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = dayvane::Now();
+    ShowCaption(TRUE);
+    SetCaptionText("Daily Calendar");
+    SetTimeScale(kRowsPerHour);
+}
+
+CDayViewCtrl::~CDayViewCtrl()
+{
+    DestroyWindow();
+}
+
+BOOL CDayViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    return CreateGrid(kWindowClass, dwStyle, rect, pParent, nID, pContext);
+}
+
+int CDayViewCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
+{
+    return CTimeGridCtrl::DoPrint(pDC, pInfo);
+}
+
+// ---- Layout
+
+void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
+{
+    const dayvane::TimeGridFrame frame =
+        dayvane::CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, GetFulldayItemCount(), 1);
+    m_rcFulldayRuler = frame.fulldayRuler;
+    m_rcFulldayContent = frame.fulldayContent;
+    rcCaption = frame.caption;
+    rcRuler = frame.ruler;
+    rcGrid = frame.grid;
+}
+
+void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
+{
+    const COleDateTime date = GetCurrentDate();
+    m_nItemDay = dayvane::ClockTimeOf(date).day;
+    MakeShownItems(items, screenItems, date, date);
+}
+
+void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
+{
+    if (screenItems.IsEmpty())
+        return;
+    dayvane::PlaceTimedItems(screenItems, {rcGrid}, GetCurrentDate(), Scale(), dayvane::kOneDayOverlap);
+    CalcFulldayItemRect(m_rcFulldayContent, screenItems);
+}
+
+void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)
+{
+    item.rcItem = dayvane::BoxInColumn(item, rcGrid, GetCurrentDate(), Scale());
+}
+
+void CDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
+{
+    if (GetFulldayItemCount() != 0)
+        dayvane::LayOneDayLanes(screenItems, rcBand);
+}
+
+int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
+{
+    return FillHit(info, dayvane::HitOneDay(State(), m_arScreenItem, info.pt));
+}
+
+// ---- Selection
+
+int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
+{
+    const int result = CTimeGridCtrl::GetSelRange(begin, end);
+    const bool atEndOfDay = end.GetStatus() == COleDateTime::valid && end.GetHour() == 23 && end.GetMinute() == 59 &&
+                            end.GetSecond() == 59;
+    if (!atEndOfDay)
+        end = Scale().MoveRows(end, 1);
+    if (m_bFulldaySelection) {
+        end = dayvane::EndOfDay(begin);
+        begin = dayvane::StartOfDay(begin);
+    }
+    return result;
+}
+
+dayvane::RowRange CDayViewCtrl::GetSelectedRows(int, const COleDateTime& begin, const COleDateTime& end) const
+{
+    return dayvane::SelectedRowsOfDay(Scale(), begin, end);
+}
+
+// ---- Work time and the day's property
+
+void CDayViewCtrl::SetDayProperty(COleDateTime, const tagCALENDAR_DAY_PROPERTY& property)
+{
+    m_dayProperty = property;
+}
+
+tagCALENDAR_DAY_PROPERTY* CDayViewCtrl::GetDayProperty(COleDateTime)
+{
+    return &m_dayProperty;
+}
+
+void CDayViewCtrl::ClearDayProperty()
+{
+    m_dayProperty.strText.Empty();
+    m_dayProperty.nDayColor = 0;
+    m_dayProperty.nReserved = 0;
+    m_dayProperty.bUseMyWorkTime = 0;
+}
+
+int CDayViewCtrl::GetDayColor(int)
+{
+    return m_dayProperty.nDayColor;
+}
+
+int CDayViewCtrl::IsWorkTime(int nRow) const
+{
+    if (m_dayProperty.bUseMyWorkTime)
+        return _IsWorkTime(nRow, m_dayProperty.dtWorkStart, m_dayProperty.dtWorkEnd);
+    return CTimeGridCtrl::IsWorkTime(nRow);
+}
+
+BOOL CDayViewCtrl::IsColumnWorkTime(int, int nRow) const
+{
+    return IsWorkTime(nRow);
+}
+
+BOOL CDayViewCtrl::IsColumnUseMyWorkTime(int) const
+{
+    return m_dayProperty.bUseMyWorkTime;
+}
+
+// ---- Paint
+
+void CDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawGridBackground(rcGrid);
+    DrawRows(pDC, 0);
+}
+
+void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
+{
+    const dayvane::TimeGridState state = State();
+    const dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    if (!painter.IsVisible(rcGrid))
+        return;
+    for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
+        const tagCALENDAR_ITEM& item = screenItems[i];
+        CRect box = item.rcItem;
+        box.OffsetRect(0, -m_nVertScroll);
+        if (item.rcItem.top != -1 && painter.IsVisible(box) && !dayvane::IsBandItem(item))
+            DrawTimedItem(pDC, state, item, box);
+    }
+}
+
+void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+{
+    const dayvane::TimeGridState state = State();
+    const dayvane::ShownDay& day = GetShownDays()[0];
+    dayvane::TimeGridPainter(pDC, state, m_colors)
+        .DrawDayCaption(rcCaption, dayvane::CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE),
+                        day.dayOfWeek, m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
+}
+
+void CDayViewCtrl::InvalidateCellRect(COleDateTime)
+{
+    const CRect rect(m_rcContent.left, m_rcFulldayContent.top, m_rcContent.right, m_rcContent.bottom);
+    if (m_hWnd)
+        InvalidateRect(&rect, FALSE);
+}
+
+// ---- Keyboard
+
+void CDayViewCtrl::MoveLeftward(UINT nFlags)
+{
+    MoveToDay(&dayvane::MoveDayEarlier, nFlags);
+}
+
+void CDayViewCtrl::MoveRightward(UINT nFlags)
+{
+    MoveToDay(&dayvane::MoveDayLater, nFlags);
+}
+
+void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT nFlags)
+{
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    dayvane::GridSelection selection = Selection();
+    move(selection, (nFlags & kExtendSelection) != 0);
+    if (selection.current.GetStatus() != COleDateTime::valid)
+        return; // beyond the years that there are
+    SetSelection(selection);
+    Rebuild();
+    Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtCurrentDate, m_dtCurrentDate, kRangeChangeValue);
+}
+
+// Extended over midnight, a selection takes the current date along.
+void CDayViewCtrl::CurrentDateMoved()
+{
+    if (dayvane::ClockTimeOf(m_dtCurrentDate).day != m_nItemDay)
+        Rebuild();
+}

@@ -1,0 +1,217 @@
+// The bands above a time grid: title band and day header; and the fonts.
+#include "views/timegrid/TimeGridPainter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace dayvane
+{
+namespace
+{
+// Pixels.
+struct BandPaintMetrics
+{
+    int captionLeft = 5;
+    int captionBottom = 1;
+    int baselineStep = 4;   // the small texts of the title band stand so much higher to share the date's baseline
+    int headerTextInset = 3;
+    int headerNoteGap = 6;
+    int headerFrame = 2;
+};
+constexpr BandPaintMetrics kBandPaint;
+
+struct FontForm
+{
+    int height;
+    BYTE charSet;
+    const char* face;
+};
+constexpr FontForm kZerosFont = {15, ANSI_CHARSET, "Westminster"};
+constexpr FontForm kLabelFont = {12, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr FontForm kCaptionTextFont = {15, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr int kCaptionDateHeight = 28;
+
+LOGFONT Description(const FontForm& form)
+{
+    LOGFONT lf = {};
+    lf.lfHeight = form.height;
+    lf.lfCharSet = form.charSet;
+    lstrcpyn(lf.lfFaceName, form.face, LF_FACESIZE);
+    return lf;
+}
+
+// The colour half way from `from` to white.
+COLORREF Paler(COLORREF from)
+{
+    const auto channel = [](int value) { return static_cast<BYTE>((value + 255) / 2); };
+    return RGB(channel(GetRValue(from)), channel(GetGValue(from)), channel(GetBValue(from)));
+}
+
+bool IsLight(COLORREF color)
+{
+    constexpr int kHalf = 3 * 256 / 2;
+    return GetRValue(color) + GetGValue(color) + GetBValue(color) >= kHalf;
+}
+
+COLORREF WeekdayColor(int dayOfWeek, COLORREF ordinary)
+{
+    return dayOfWeek == 1 ? kTimeGridPalette.sunday : dayOfWeek == 7 ? kTimeGridPalette.saturday : ordinary;
+}
+} // namespace
+
+// ---- Fonts
+
+CFont* TimeGridFonts::Slot::Get(const LOGFONT& lf)
+{
+    if (!m_font.GetSafeHandle() || std::memcmp(&m_made, &lf, sizeof(lf)) != 0) {
+        m_font.DeleteObject();
+        m_made = lf;
+        m_font.CreateFontIndirect(&lf);
+    }
+    return &m_font;
+}
+
+CFont* TimeGridFonts::Zeros()
+{
+    return m_zeros.Get(Description(kZerosFont));
+}
+
+CFont* TimeGridFonts::Label()
+{
+    return m_label.Get(Description(kLabelFont));
+}
+
+CFont* TimeGridFonts::CaptionText()
+{
+    return m_captionText.Get(Description(kCaptionTextFont));
+}
+
+CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
+{
+    LOGFONT date = lf;
+    date.lfHeight = kCaptionDateHeight;
+    date.lfWeight = FW_BOLD;
+    return m_captionDate.Get(date);
+}
+
+void TimeGridFonts::Clear()
+{
+    for (Slot* slot : {&m_hours, &m_zeros, &m_label, &m_captionText, &m_captionDate})
+        slot->Clear();
+}
+
+// ---- Title band
+
+// Draws at the left of the area, which loses what the text has used.
+void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow)
+{
+    if (text.IsEmpty() || area.IsRectEmpty())
+        return;
+    constexpr UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX;
+    if (shadow != CLR_NONE) {
+        CRect below = area;
+        below.OffsetRect(1, 1);
+        m_pDC->SetTextColor(shadow);
+        m_pDC->DrawText(text, &below, flags);
+    }
+    m_pDC->SetTextColor(color);
+    m_pDC->DrawText(text, &area, flags);
+    area.left += m_pDC->GetTextExtent(text).cx;
+}
+
+void TimeGridPainter::DrawDayCaption(const CRect& caption, const CaptionTexts& texts, int dayOfWeek, CFont* date,
+                                     CFont* text)
+{
+    if (!IsVisible(caption))
+        return;
+    DrawTitleBand(m_pDC, caption, kTimeGridPalette.dayCaption);
+    CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
+               caption.bottom - kBandPaint.captionBottom);
+    // The band is light: a light text needs an edge to be read.
+    const COLORREF plain = m_colors.captionText;
+    const COLORREF shadow = IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
+    {
+        const SelectGdi selectFont(m_pDC, date);
+        DrawCaptionPart(area, texts.date, plain, shadow);
+    }
+    area.bottom -= kBandPaint.baselineStep;
+    const SelectGdi selectFont(m_pDC, text);
+    const COLORREF weekday = WeekdayColor(dayOfWeek, plain);
+    DrawCaptionPart(area, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
+    DrawCaptionPart(area, texts.longDate, plain, shadow);
+    DrawCaptionPart(area, texts.holiday, kTimeGridPalette.holiday);
+    DrawCaptionPart(area, texts.solarTerm, plain, shadow);
+}
+
+void TimeGridPainter::DrawDaysCaption(const CRect& caption, const CaptionTexts& texts, CFont* date, CFont* text)
+{
+    if (!IsVisible(caption))
+        return;
+    // Pale enough for the dark text that the settings begin with.
+    const COLORREF middle = Paler(m_colors.caption);
+    DrawTitleBand(m_pDC, caption, TitleBandColors{Paler(middle), middle, m_colors.caption});
+    CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
+               caption.bottom - kBandPaint.captionBottom);
+    {
+        const SelectGdi selectFont(m_pDC, date);
+        DrawCaptionPart(area, texts.date, m_colors.captionText);
+    }
+    area.bottom -= kBandPaint.baselineStep;
+    const SelectGdi selectFont(m_pDC, text);
+    DrawCaptionPart(area, texts.longDate, m_colors.captionText);
+}
+
+// ---- Day header
+
+void TimeGridPainter::DrawHeaderBackground(const CRect& header)
+{
+    if (IsVisible(header))
+        DrawHeaderBand(m_pDC, header, kTimeGridPalette.header);
+}
+
+void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame)
+{
+    CRect inner = box;
+    inner.left += 1; // the separator keeps its place
+    if (inner.Width() > 2 * kBandPaint.headerFrame && inner.Height() > 2 * kBandPaint.headerFrame) {
+        inner.DeflateRect(1, 1);
+        DrawBoxEdges(inner, frame, kBandPaint.headerFrame, true, true);
+    }
+}
+
+void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor)
+{
+    if (!IsVisible(box))
+        return;
+    DrawGradient(m_pDC, box, Paler(Paler(todayColor)), todayColor, FALSE, TRUE);
+    DrawHeaderFrame(box, kTimeGridPalette.todayFrame);
+}
+
+void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
+                                     CFont* font)
+{
+    CRect area = box;
+    area.DeflateRect(kBandPaint.headerTextInset, 0);
+    if (!IsVisible(area))
+        return;
+    const SelectGdi selectFont(m_pDC, font);
+    const int longWidth = m_pDC->GetTextExtent(texts.longDate).cx;
+    const int shortWidth = m_pDC->GetTextExtent(texts.shortDate).cx;
+    if (area.Width() < shortWidth)
+        return;
+    const CString& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
+    const int noteWidth = texts.note.IsEmpty() ? 0 : m_pDC->GetTextExtent(texts.note).cx + kBandPaint.headerNoteGap;
+    const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;
+    const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
+    area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
+    const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+    m_pDC->SetTextColor(isDayOff ? kTimeGridPalette.holiday : WeekdayColor(day.dayOfWeek, kTimeGridPalette.headerText));
+    m_pDC->DrawText(date, &area, flags);
+    if (hasNote) {
+        area.left += dateWidth + kBandPaint.headerNoteGap;
+        m_pDC->SetTextColor(kTimeGridPalette.holiday);
+        m_pDC->DrawText(texts.note, &area, flags);
+    }
+}
+
+} // namespace dayvane

@@ -1,0 +1,385 @@
+// The shared part of the time grids: lifetime, layout, scrolling, row moves, timer. Painting is in TimeGridCtrlPaint.cpp.
+#include "views/timegrid/TimeGridCtrl.h"
+
+#include "core/DateMath.h"
+#include "views/timegrid/OverlapColumns.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
+constexpr UINT_PTR kNowTimer = 0x4E4F;
+constexpr UINT kMillisecondsPerSecond = 1000;
+constexpr int kSecondsPerMinute = 60;
+constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
+
+struct ScrollCodeRow
+{
+    UINT message;
+    dayvane::ScrollCode code;
+};
+constexpr ScrollCodeRow kScrollCodes[] = {
+    // code of WM_VSCROLL, what it means
+    {SB_LINEUP, dayvane::ScrollCode::LINE_UP},
+    {SB_LINEDOWN, dayvane::ScrollCode::LINE_DOWN},
+    {SB_PAGEUP, dayvane::ScrollCode::PAGE_UP},
+    {SB_PAGEDOWN, dayvane::ScrollCode::PAGE_DOWN},
+    {SB_THUMBPOSITION, dayvane::ScrollCode::THUMB},
+    {SB_THUMBTRACK, dayvane::ScrollCode::THUMB},
+    {SB_TOP, dayvane::ScrollCode::TOP},
+    {SB_BOTTOM, dayvane::ScrollCode::BOTTOM},
+    {SB_ENDSCROLL, dayvane::ScrollCode::END_SCROLL},
+};
+
+bool IsDate(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid && date.m_dt != 0.0;
+}
+} // namespace
+
+IMPLEMENT_DYNAMIC(CTimeGridCtrl, CCalendarCtrl)
+
+BEGIN_MESSAGE_MAP(CTimeGridCtrl, CCalendarCtrl)
+    ON_WM_DESTROY()
+    ON_WM_SIZE()
+    ON_WM_VSCROLL()
+    ON_WM_TIMER()
+END_MESSAGE_MAP()
+
+// ---- Lifetime
+
+CTimeGridCtrl::CTimeGridCtrl()
+{
+    m_bExtendedMove = TRUE;
+}
+
+CTimeGridCtrl::~CTimeGridCtrl()
+{
+}
+
+BOOL CTimeGridCtrl::CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
+                               CCreateContext* pContext)
+{
+    if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+        return FALSE;
+    StartNowTimer();
+    SyncToPresent(nullptr);
+    return TRUE;
+}
+
+void CTimeGridCtrl::OnDestroy()
+{
+    KillTimer(kNowTimer);
+    CCalendarCtrl::OnDestroy();
+    m_fonts.Clear();
+}
+
+// ---- Layout
+
+dayvane::TimeGridState CTimeGridCtrl::State() const
+{
+    dayvane::TimeGridState state;
+    state.frame.caption = m_rcCaption;
+    state.frame.header = GetHeaderBox();
+    state.frame.fulldayRuler = m_rcFulldayRuler;
+    state.frame.fulldayContent = m_rcFulldayContent;
+    state.frame.ruler = m_rcRuler;
+    state.frame.grid = m_rcContent;
+    for (int i = 0; i < GetColumnCount(); ++i)
+        state.frame.columns.push_back(GetColumnBox(i));
+    state.scale = Scale();
+    state.firstDay = GetFirstShownDay();
+    state.scroll = m_nVertScroll;
+    return state;
+}
+
+void CTimeGridCtrl::Layout(int cx, int cy)
+{
+    m_szLaidOut = CSize(cx, cy);
+    CCalendarCtrl::Layout(cx, cy);
+    m_nLanesLaidOut = GetFulldayItemCount();
+    if (!m_bSizing)
+        KeepBarInStep();
+}
+
+void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
+                                   const COleDateTime& last)
+{
+    SetFulldayItemCount(dayvane::MakeRangeItems(items, first, last, screenItems));
+    if (&screenItems != &m_arScreenItem || m_szLaidOut == CSize(0, 0) || m_nLanesLaidOut == GetFulldayItemCount())
+        return;
+    m_nLanesLaidOut = GetFulldayItemCount();
+    CalcLayout(CRect(CPoint(0, 0), m_szLaidOut), m_rcCaption, m_rcRuler, m_rcContent);
+    if (!m_bSizing)
+        KeepBarInStep();
+}
+
+void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout)
+{
+    std::vector<dayvane::RowSpan> spans;
+    for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
+        const tagCALENDAR_ITEM& item = screenItems[i];
+        if (!dayvane::IsBandItem(item))
+            dayvane::AddRowSpan(spans, i, dayvane::ClockTimeOf(item.dtStart), dayvane::ClockTimeOf(item.dtEnd), Scale());
+    }
+    dayvane::ListRows(screenItems, spans, Scale(), layout);
+}
+
+int CTimeGridCtrl::CalcOverlayedNumber(const CItemArray& screenItems)
+{
+    return dayvane::CountOverlayed(screenItems);
+}
+
+void CTimeGridCtrl::Rebuild()
+{
+    Layout();
+    InvalidateClient();
+}
+
+int CTimeGridCtrl::FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const
+{
+    info.nScreenItem = hit.screenItem;
+    info.nItem = hit.screenItem != -1 ? static_cast<int>(m_arScreenItem[hit.screenItem].nSource) : -1;
+    info.nHitCode = hit.code;
+    dayvane::ToSystemTime(hit.time, info.time);
+    return info.nItem;
+}
+
+// Timed items are pulled by the edge of their end; bars of several days by their last day, where it is shown.
+int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
+{
+    if (!dayvane::IsBandItem(screenItem))
+        return dayvane::EDGE_BOTTOM;
+    const bool endsHere = screenItem.nPiece != dayvane::PIECE_HEAD && screenItem.nPiece != dayvane::PIECE_MIDDLE;
+    return endsHere && GetColumnCount() > 1 ? dayvane::EDGE_RIGHT : dayvane::EDGE_NONE;
+}
+
+// ---- Size and scroll
+
+dayvane::GridWindow CTimeGridCtrl::RowWindow() const
+{
+    return dayvane::GridWindow{Scale(), m_nVertScroll, m_rcContent.Height()};
+}
+
+dayvane::GridScroll CTimeGridCtrl::GetBar()
+{
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_POS;
+    GetScrollInfo(SB_VERT, &info);
+    return dayvane::GridScroll{m_nVertScroll, info.nPos, info.nMax};
+}
+
+void CTimeGridCtrl::SetBar(const dayvane::GridScroll& scroll)
+{
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMax = scroll.maximum;
+    info.nPage = 1;
+    info.nPos = scroll.position;
+    m_nVertScroll = scroll.offset;
+    SetScrollInfo(SB_VERT, &info, TRUE);
+}
+
+// The band has become higher or lower: the range follows, what is shown stays.
+void CTimeGridCtrl::KeepBarInStep()
+{
+    if (!m_hWnd)
+        return;
+    const dayvane::GridScroll bar = GetBar();
+    const int maximum = dayvane::ScaledTo(bar, RowWindow()).maximum;
+    if (bar.maximum == maximum)
+        return;
+    SetBar(dayvane::GridScroll{std::min(bar.offset, maximum * dayvane::kTimeGrid.rowHeight),
+                               std::min(bar.position, maximum), maximum});
+}
+
+void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    CCalendarCtrl::OnSize(nType, cx, cy);
+    m_bSizing = TRUE;
+    Layout(cx, cy);
+    m_bSizing = FALSE;
+    SetBar(dayvane::ScaledTo(GetBar(), RowWindow()));
+    InvalidateClient();
+}
+
+void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
+{
+    const auto row = std::find_if(std::begin(kScrollCodes), std::end(kScrollCodes),
+                                  [nSBCode](const ScrollCodeRow& candidate) { return candidate.message == nSBCode; });
+    if (row == std::end(kScrollCodes))
+        return;
+    Alive alive(this);
+    FinishEdit(TRUE);
+    if (!alive)
+        return;
+    const dayvane::GridScroll scroll = dayvane::Scrolled(GetBar(), row->code, static_cast<int>(nPos), RowWindow());
+    m_nVertScroll = scroll.offset;
+    CRect scrolled;
+    scrolled.UnionRect(&m_rcRuler, &m_rcContent);
+    InvalidateRect(&scrolled, TRUE);
+    // Of several steps that wait, only the last needs a picture.
+    MSG next;
+    if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE))
+        UpdateWindow();
+    if (!alive)
+        return;
+    SetScrollPos(SB_VERT, scroll.position, TRUE);
+    CCalendarCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
+}
+
+void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
+{
+    const int row = Scale().RowOfTime(pWhen ? *pWhen : dayvane::Now());
+    for (int i = 0; i < row; ++i)
+        PostMessage(WM_VSCROLL, SB_LINEDOWN);
+}
+
+// ---- Keyboard
+
+dayvane::GridSelection CTimeGridCtrl::Selection() const
+{
+    if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd))
+        return dayvane::GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd};
+    const COleDateTime row = Scale().RowStart(m_dtCurrentDate);
+    return dayvane::GridSelection{m_dtCurrentDate, row, row};
+}
+
+void CTimeGridCtrl::SetSelection(const dayvane::GridSelection& selection)
+{
+    m_dtPrevSelEnd = m_dtSelEnd;
+    m_dtCurrentDate = m_dtViewDate = selection.current;
+    m_dtSelBegin = selection.begin;
+    m_dtSelEnd = selection.end;
+}
+
+void CTimeGridCtrl::MoveForward(UINT nFlags)
+{
+    MoveRow(FALSE, nFlags);
+}
+
+void CTimeGridCtrl::MoveBackward(UINT nFlags)
+{
+    MoveRow(TRUE, nFlags);
+}
+
+void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
+{
+    using dayvane::AfterMove;
+    dayvane::GridSelection selection = Selection();
+    const bool extend = (nFlags & kExtendSelection) != 0;
+    const AfterMove after = bLater ? dayvane::MoveRowLater(selection, RowWindow(), extend)
+                                   : dayvane::MoveRowEarlier(selection, RowWindow(), extend);
+    if (after == AfterMove::NOTHING)
+        return;
+    SetSelection(selection);
+    if (after == AfterMove::REPAINT)
+        InvalidateGrid();
+    else
+        PostMessage(WM_VSCROLL, after == AfterMove::SCROLL_UP ? SB_LINEUP : SB_LINEDOWN);
+    CurrentDateMoved();
+}
+
+int CTimeGridCtrl::GetFocusedScreenItem() const
+{
+    const int count = static_cast<int>(m_arScreenItem.GetSize());
+    if (m_nSelScreenItem >= 0 && m_nSelScreenItem < count &&
+        (m_nCurSel == -1 || m_arScreenItem[m_nSelScreenItem].nSource == m_nCurSel))
+        return m_nSelScreenItem;
+    for (int i = 0; m_nCurSel != -1 && i < count; ++i) {
+        if (m_arScreenItem[i].nSource == m_nCurSel)
+            return i;
+    }
+    return -1;
+}
+
+void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
+{
+    const dayvane::TimeGridState state = State();
+    const int item = GetFocusedScreenItem();
+    nMode = item != -1;
+    if (item != -1) {
+        rect = dayvane::VisibleItemBox(state, m_arScreenItem[item]);
+        return;
+    }
+    const int column = GetColumnCount() > 1 ? dayvane::ColumnOfDay(state, m_dtSelBegin) : 0;
+    rect = column == -1 ? CRect(-1, -1, -1, -1)
+                        : dayvane::CurrentCellBox(state, state.frame.columns[column], m_dtSelBegin, m_dtSelEnd);
+}
+
+// ---- What needs repainting
+
+void CTimeGridCtrl::InvalidateGrid()
+{
+    if (m_hWnd)
+        InvalidateRect(&m_rcContent, FALSE);
+}
+
+void CTimeGridCtrl::InvalidateItemRect(int nIndex)
+{
+    if (!m_hWnd || nIndex < 0)
+        return;
+    const dayvane::TimeGridState state = State();
+    for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
+        if (m_arScreenItem[i].nSource != nIndex)
+            continue;
+        CRect rect = dayvane::VisibleItemBox(state, m_arScreenItem[i]);
+        rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
+        InvalidateRect(&rect, FALSE);
+    }
+}
+
+// The rows of the selection as it is, and as it was before its end moved.
+void CTimeGridCtrl::InvalidateCellRectRange()
+{
+    if (!m_hWnd)
+        return;
+    const dayvane::TimeGridState state = State();
+    for (int column = 0; column < GetColumnCount(); ++column) {
+        for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
+            const dayvane::RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
+            const CRect box = dayvane::BoxOfRows(state, state.frame.columns[column], rows);
+            if (!box.IsRectEmpty())
+                InvalidateRect(&box, FALSE);
+        }
+    }
+    if (m_bFulldaySelection)
+        InvalidateRect(&m_rcFulldayContent, FALSE);
+}
+
+// ---- Now line
+
+void CTimeGridCtrl::ShowNowLine(BOOL bShow)
+{
+    m_bNowLine = bShow;
+    if (!m_hWnd)
+        return;
+    KillTimer(kNowTimer);
+    StartNowTimer();
+    InvalidateGrid();
+}
+
+// Until the minute that the clock shows is over.
+void CTimeGridCtrl::StartNowTimer()
+{
+    if (m_bNowLine)
+        SetTimer(kNowTimer, (kSecondsPerMinute - std::max(dayvane::Now().GetSecond(), 0)) * kMillisecondsPerSecond,
+                 nullptr);
+}
+
+void CTimeGridCtrl::OnTimer(UINT_PTR nIDEvent)
+{
+    if (nIDEvent != kNowTimer) {
+        CCalendarCtrl::OnTimer(nIDEvent);
+        return;
+    }
+    InvalidateGrid();
+    StartNowTimer();
+}

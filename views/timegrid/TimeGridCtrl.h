@@ -1,0 +1,125 @@
+// What the day view and the multi-day view share as windows: columns of days over one time ruler, scrolling, row moves,
+// the now line, painting.
+//
+// Coordinates are client pixels. Screen items have the place that they have when the grid is scrolled to the top; the
+// bars of the full-day band do not scroll. The band is as high as the lanes that the last layout counted, also where a
+// small window has no room left for the grid.
+#pragma once
+
+#include "core/CalendarCtrl.h"
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridLook.h"
+#include "views/timegrid/TimeGridMoves.h"
+#include "views/timegrid/TimeGridPainter.h"
+
+#include <vector>
+
+class CTimeGridCtrl : public CCalendarCtrl
+{
+    DECLARE_DYNAMIC(CTimeGridCtrl)
+
+public:
+    typedef CArray<tagCV_LAYOUT, tagCV_LAYOUT> CRowLayoutArray;
+
+    CTimeGridCtrl();
+    ~CTimeGridCtrl() override;
+
+    // A line at the present time across the column of today, moved each minute. Off unless set.
+    void ShowNowLine(BOOL bShow);
+    BOOL IsShowNowLine() const { return m_bNowLine; }
+
+    using CCalendarCtrl::Layout;
+    void Layout(int cx, int cy) override;
+    // Scrolls down, from where it is, by as many lines as the time (nullptr: now) lies below the top of the day.
+    void SyncToPresent(const COleDateTime* pWhen) override;
+
+    // Fills one record for each grid row with the timed items that cover it, and raises their parallel counts. A time
+    // that leads to a row outside the day throws CInvalidArgException.
+    void GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout);
+    // 1 plus the largest number of timed items whose rectangles intersect one timed item's rectangle; at least 1.
+    int CalcOverlayedNumber(const CItemArray& screenItems);
+
+protected:
+    // ---- What a view says of its columns, 0 .. GetColumnCount() - 1.
+
+    virtual int GetColumnCount() const = 0;
+    virtual COleDateTime GetFirstShownDay() const = 0;
+    virtual CRect GetColumnBox(int nColumn) const = 0; // in the grid
+    virtual CRect GetHeaderBox() const { return CRect(0, 0, 0, 0); }
+    virtual BOOL IsColumnWorkTime(int nColumn, int nRow) const = 0;
+    virtual BOOL IsColumnUseMyWorkTime(int nColumn) const = 0;
+    // The rows of the column that a selection with these bounds, in either order, covers.
+    virtual dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const = 0;
+    virtual void CurrentDateMoved() = 0; // a row move may have led to another day
+
+    // ---- Hooks of the base.
+
+    void DrawCtrl(CDC* pDC) override;
+    void DrawRuler(CDC* pDC, CRect rcRuler) override;
+    void InvalidateItemRect(int nIndex) override;
+    void InvalidateCellRectRange() override;
+    void GetCurCellRect(CRect& rect, int& nMode) override; // nMode 1: the rectangle is an item's, 0: a cell's
+    void MoveBackward(UINT nFlags) override;
+    void MoveForward(UINT nFlags) override;
+    int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
+
+    // ---- Hooks of the time grids.
+
+    virtual void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) = 0;
+    virtual void DrawHeader(CDC* pDC, CRect rcHeader);
+    virtual void DrawFulldayRuler(CDC* pDC, CRect rcBand);
+    virtual void DrawFulldayContent(CDC* pDC, CRect rcBand);
+    virtual void DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenItems);
+
+    // ---- Services for the views.
+
+    // Creates the window and scrolls to the present time.
+    BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
+                    CCreateContext* pContext);
+    dayvane::TimeScale Scale() const { return dayvane::TimeScale{m_nTimeScale}; }
+    dayvane::TimeGridState State() const; // as laid out and scrolled now
+    // The shown days with their holidays and terms, worked out anew when others are shown.
+    const std::vector<dayvane::ShownDay>& GetShownDays();
+    dayvane::DayKind KindOfColumn(int nColumn);
+    // Builds the screen items of the days first .. last. When the band then needs another height than the layout gave it,
+    // the rectangles of the layout follow at once, so that an added item never lies over the grid.
+    void MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
+                        const COleDateTime& last);
+    int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item
+    // The selection as the moves take it: one without dates begins at the current date.
+    dayvane::GridSelection Selection() const;
+    void SetSelection(const dayvane::GridSelection& selection);
+    void Rebuild(); // items and rectangles for what is shown now, and a repaint
+    void InvalidateGrid();
+    // The screen list's position of the item that has the focus, -1 none.
+    int GetFocusedScreenItem() const;
+    BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
+    void DrawRows(CDC* pDC, int nColumn);
+    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, const CRect& box);
+
+    CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
+    CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler
+    dayvane::TimeGridFonts m_fonts;
+
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void MoveRow(BOOL bLater, UINT nFlags);
+    dayvane::GridWindow RowWindow() const;
+    dayvane::GridScroll GetBar();
+    void SetBar(const dayvane::GridScroll& scroll);
+    void KeepBarInStep();
+    void StartNowTimer();
+    void DrawNowLine(CDC* pDC);
+    int DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect content, BOOL bBand);
+
+    CSize m_szLaidOut = CSize(0, 0); // client size of the last layout
+    int m_nLanesLaidOut = 0;
+    BOOL m_bSizing = FALSE; // the size has changed: the bar follows in proportion
+    BOOL m_bNowLine = FALSE;
+    std::vector<dayvane::ShownDay> m_shownDays;
+};

@@ -1,0 +1,162 @@
+// The shared painting of the time grids: the order of the layers, and what each is painted from.
+#include "views/timegrid/TimeGridCtrl.h"
+
+#include "core/DateMath.h"
+
+namespace
+{
+constexpr int kMarkGap = 2; // pixels after a mark of an item
+constexpr int kHourFont = 0; // templates in m_lfFonts
+} // namespace
+
+const std::vector<dayvane::ShownDay>& CTimeGridCtrl::GetShownDays()
+{
+    const COleDateTime first = dayvane::StartOfDay(GetFirstShownDay());
+    const int count = GetColumnCount();
+    if (static_cast<int>(m_shownDays.size()) != count || !m_shownDays[0].IsFor(first)) {
+        m_shownDays.clear();
+        for (int i = 0; i < count; ++i)
+            m_shownDays.push_back(dayvane::ShownDay::Of(dayvane::AddDays(first, i)));
+    }
+    return m_shownDays;
+}
+
+dayvane::DayKind CTimeGridCtrl::KindOfColumn(int nColumn)
+{
+    return dayvane::KindOfDay(GetShownDays()[nColumn], m_bShowHoliday != FALSE, GetDayColor(nColumn));
+}
+
+// Bands come after the grid and its items: what is scrolled up never shows over them.
+void CTimeGridCtrl::DrawCtrl(CDC* pDC)
+{
+    const dayvane::SaveDcScope saved(pDC);
+    pDC->SetBkMode(TRANSPARENT);
+    CPen gridPen(PS_SOLID, 1, m_colors.grid);
+    const dayvane::SelectGdi selectPen(pDC, &gridPen);
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawRulerEdge();
+    DrawRuler(pDC, m_rcRuler);
+    DrawFulldayRuler(pDC, m_rcFulldayRuler);
+    DrawGrid(pDC, m_rcContent);
+    DrawItem(pDC, m_rcContent, m_arScreenItem);
+    DrawNowLine(pDC);
+    DrawCaption(pDC, m_rcCaption);
+    DrawHeader(pDC, GetHeaderBox());
+    DrawFulldayContent(pDC, m_rcFulldayContent);
+    DrawFulldayItem(pDC, m_rcFulldayContent, m_arScreenItem);
+}
+
+void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors)
+        .DrawRuler(rcRuler, m_fonts.Hours(m_lfFonts[kHourFont]), m_fonts.Zeros());
+}
+
+void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawFulldayRuler(rcBand, m_fonts.Label());
+}
+
+void CTimeGridCtrl::DrawHeader(CDC*, CRect)
+{
+}
+
+void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    const CRect& column = state.frame.columns[nColumn];
+    if (!painter.IsVisible(column))
+        return;
+    const dayvane::DayKind kind = KindOfColumn(nColumn);
+    const bool worksOnDay = IsWorkDayOfWeek(GetShownDays()[nColumn].date) &&
+                            (!kind.isDayOff || IsColumnUseMyWorkTime(nColumn));
+    // A selection of whole days shows in the band.
+    dayvane::RowRange selected;
+    if (IsSelectionDrawn() && !m_bFulldaySelection)
+        selected = GetSelectedRows(nColumn, m_dtSelBegin, m_dtSelEnd);
+    const dayvane::RowLookInput input = {state.scale, m_arDayColors[kind.colorRow], m_colors.highlight,
+                                         m_workTime.dtStart.GetHour()};
+    const dayvane::RowRange rows = painter.VisibleRows(state.frame.grid);
+    std::vector<dayvane::RowLook> looks;
+    for (int row = rows.first; row < rows.end; ++row)
+        looks.push_back(dayvane::LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
+    painter.DrawRows(column, rows, looks);
+}
+
+void CTimeGridCtrl::DrawNowLine(CDC* pDC)
+{
+    if (!m_bNowLine)
+        return;
+    const COleDateTime now = dayvane::Now();
+    const dayvane::TimeGridState state = State();
+    const int column = dayvane::ColumnOfDay(state, now);
+    if (column != -1)
+        dayvane::TimeGridPainter(pDC, state, m_colors)
+            .DrawNowLine(state.frame.columns[column], dayvane::ClockTimeOf(now));
+}
+
+// ---- Items
+
+// Returns how far the marks push the text.
+int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect content, BOOL bBand)
+{
+    const int left = content.left;
+    pDC->SetTextColor(item.crColor1);
+    if (item.bAlarm)
+        content.left += DrawAlarmMark(pDC, content, bBand) + kMarkGap;
+    if (item.bRecurrent)
+        content.left += DrawRecurrentMark(pDC, content, bBand) + kMarkGap;
+    // The icon belongs to the beginning of an item.
+    const bool began = item.nPiece == dayvane::PIECE_TAIL || item.nPiece == dayvane::PIECE_MIDDLE;
+    if (item.nImage != -1 && !(bBand && began))
+        content.left += DrawImageIcon(pDC, item.nImage, content);
+    return content.left - left;
+}
+
+void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item,
+                                  const CRect& box)
+{
+    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    CRect content = painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
+    content.left += DrawMarks(pDC, item, content, FALSE);
+    const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
+    painter.DrawTimedText(item, content, GetColumnCount() > 1);
+}
+
+void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
+{
+    const dayvane::TimeGridState state = State();
+    std::vector<CRect> selected;
+    COleDateTime begin;
+    COleDateTime end;
+    if (m_bFulldaySelection && IsSelectionDrawn() && CCalendarCtrl::GetSelRange(begin, end)) {
+        const int first = dayvane::DayNumberOf(begin);
+        const int last = dayvane::DayNumberOf(end);
+        for (int i = 0; i < GetColumnCount(); ++i) {
+            const int day = dayvane::DayNumberOf(GetShownDays()[i].date);
+            if (day >= first && day <= last)
+                selected.push_back(state.frame.columns[i]);
+        }
+    }
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawFulldayContent(rcBand, selected);
+}
+
+void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenItems)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    if (!painter.IsVisible(rcBand))
+        return;
+    for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
+        const tagCALENDAR_ITEM& item = screenItems[i];
+        if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !dayvane::IsBandItem(item))
+            continue;
+        CRect content = painter.DrawBandBar(item, rcBand, item.nSource == m_nCurSel);
+        content.left += DrawMarks(pDC, item, content, TRUE);
+        const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
+        painter.DrawBandText(item, content);
+    }
+}

@@ -1,0 +1,73 @@
+// How a time grid looks, worked out without drawing: colours of rows, texts of items, captions and headers.
+#pragma once
+
+#include "calc/DayAnnotation.h"
+#include "core/CalendarRecords.h"
+#include "views/timegrid/TimeScale.h"
+
+#include <vector>
+
+namespace dayvane
+{
+
+// A shown day with what the calendar says of it; worked out when the shown days change.
+struct ShownDay
+{
+    COleDateTime date;
+    int dayOfWeek = -1; // 1 Sunday .. 7 Saturday, -1: no date
+    DayAnnotation annotation;
+
+    bool IsFor(const COleDateTime& other) const { return date == other; }
+    static ShownDay Of(const COleDateTime& date);
+};
+
+// The row of the table of day colours (0-based): the host's colour number of the day, less one, when it is not 0; a day
+// off (when days off are shown) or Sunday 1, Saturday 2, others 0. A day off keeps its hours whatever its colour.
+struct DayKind
+{
+    int colorRow = 0;
+    bool isDayOff = false;
+};
+DayKind KindOfDay(const ShownDay& day, bool showHolidays, int dayColor);
+
+struct RowLook
+{
+    COLORREF fill;
+    COLORREF line; // along the row's upper edge
+};
+struct RowLookInput
+{
+    TimeScale scale;
+    const tagCALENDAR_DAY_COLOR& colors;
+    COLORREF highlight;
+    int workBeginHour; // its row has a line of its own
+};
+RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput& input);
+
+// "10:00 - 11:30 text"
+CString TimedItemText(const tagCALENDAR_ITEM& item);
+// The text; an item that goes on afterwards has its begin before it, one that began before its end.
+CString BandItemText(const tagCALENDAR_ITEM& item);
+
+// The texts of the title band, from left to right.
+struct CaptionTexts
+{
+    CString date;
+    CString weekday;
+    CString longDate;
+    CString holiday;
+    CString solarTerm;
+};
+CaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms);
+CaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last);
+
+// The texts of a column's header: the widest that fits is shown.
+struct HeaderTexts
+{
+    CString longDate;  // "4/26 (水)"
+    CString shortDate; // "26"
+    CString note;      // holiday, or the host's text for the day
+};
+HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const CString& hostText);
+
+} // namespace dayvane

@@ -1,0 +1,149 @@
+#include "views/timegrid/TimeGridMoves.h"
+
+#include "core/DateMath.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace dayvane
+{
+namespace
+{
+constexpr int kDaysPerWeek = 7;
+constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
+
+// Moves the selection by rows; false when its begin would come to another day.
+bool MoveRows(GridSelection& selection, const TimeScale& scale, int rows, bool extend)
+{
+    if (scale.MoveRows(selection.begin, rows).GetDay() != selection.begin.GetDay())
+        return false;
+    selection.current = scale.MoveRows(selection.current, rows);
+    selection.end = scale.MoveRows(selection.end, rows);
+    if (!extend)
+        selection.begin = selection.end;
+    return true;
+}
+
+int FirstShownRow(const GridWindow& window)
+{
+    return std::abs(window.scroll / kTimeGrid.rowHeight);
+}
+
+// The time of day at which a row begins; rows behind the last belong to the next day.
+ClockTime TimeOfRow(const TimeScale& scale, int row)
+{
+    const int minute = row * scale.MinutesPerRow() % kMinutesPerDay;
+    ClockTime time;
+    time.hour = minute / kMinutesPerHour;
+    time.minute = minute % kMinutesPerHour;
+    return time;
+}
+} // namespace
+
+AfterMove MoveRowEarlier(GridSelection& selection, const GridWindow& window, bool extend)
+{
+    if (!MoveRows(selection, window.scale, -1, extend))
+        return AfterMove::NOTHING;
+    const ClockTime shown = TimeOfRow(window.scale, FirstShownRow(window));
+    const ClockTime begin = ClockTimeOf(selection.begin);
+    return shown.hour >= begin.hour && shown.minute >= begin.minute ? AfterMove::SCROLL_UP : AfterMove::REPAINT;
+}
+
+AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool extend)
+{
+    if (!MoveRows(selection, window.scale, 1, extend))
+        return AfterMove::NOTHING;
+    int whole = window.height / kTimeGrid.rowHeight;
+    if (window.height % kTimeGrid.rowHeight != 0)
+        --whole;
+    const ClockTime shown = TimeOfRow(window.scale, FirstShownRow(window) + whole);
+    const ClockTime begin = ClockTimeOf(selection.begin);
+    return shown.hour <= begin.hour && shown.minute <= begin.minute ? AfterMove::SCROLL_DOWN : AfterMove::REPAINT;
+}
+
+void MoveDayEarlier(GridSelection& selection, bool extend)
+{
+    selection.current = AddDays(selection.current, -1);
+    selection.end = AddDays(selection.end, -1);
+    if (!extend)
+        selection.begin = selection.end;
+}
+
+void MoveDayLater(GridSelection& selection, bool extend)
+{
+    selection.current = AddDays(selection.current, 1);
+    selection.end = AddDays(selection.end, 1);
+    selection.begin = AddDays(extend ? selection.begin : selection.end, 1);
+}
+
+void MoveColumns(GridSelection& selection, int days, bool extend)
+{
+    selection.current = AddDays(selection.current, days);
+    selection.end = AddDays(selection.end, days);
+    if (!extend)
+        selection.begin = selection.end;
+}
+
+int ShownRange::LengthOfView() const
+{
+    return keepsToWeeks ? std::max(days / kDaysPerWeek, 1) * kDaysPerWeek : days;
+}
+
+int ViewsToShow(const ShownRange& range, int day)
+{
+    const int length = range.LengthOfView();
+    int views = 0;
+    if (day < range.first)
+        views = -((range.first - day + length - 1) / length);
+    else if (day >= range.first + range.days)
+        views = (day - range.first - range.days) / length + 1;
+    return views;
+}
+
+GridScroll Scrolled(const GridScroll& scroll, ScrollCode code, int thumb, const GridWindow& window)
+{
+    const int lowest = window.scale.DayHeight() - window.height;
+    GridScroll moved = scroll;
+    int rows = 0;
+    switch (code) {
+    case ScrollCode::LINE_UP:
+        rows = -kScrollLine;
+        break;
+    case ScrollCode::LINE_DOWN:
+        rows = kScrollLine;
+        break;
+    case ScrollCode::PAGE_UP:
+        rows = -kScrollPage;
+        break;
+    case ScrollCode::PAGE_DOWN:
+        rows = kScrollPage;
+        break;
+    case ScrollCode::THUMB:
+        moved.offset = thumb * kTimeGrid.rowHeight;
+        moved.position = thumb;
+        break;
+    case ScrollCode::TOP:
+        moved.offset = moved.position = 0;
+        break;
+    case ScrollCode::BOTTOM:
+        moved.offset = lowest;
+        moved.position = scroll.maximum;
+        break;
+    case ScrollCode::END_SCROLL:
+        break;
+    }
+    moved.position += rows;
+    moved.offset = std::min(std::max(moved.offset + rows * kTimeGrid.rowHeight, 0), lowest);
+    return moved;
+}
+
+GridScroll ScaledTo(const GridScroll& scroll, const GridWindow& window)
+{
+    GridScroll scaled;
+    scaled.maximum = std::max((window.scale.DayHeight() - window.height) / kTimeGrid.rowHeight + 1, 0);
+    scaled.position = (scroll.position + 1) * scaled.maximum / std::max(scroll.maximum + 1, 1);
+    scaled.offset = scaled.position * kTimeGrid.rowHeight;
+    return scaled;
+}
+
+} // namespace dayvane

@@ -1,0 +1,109 @@
+// Draws the time grids: one painter for one day column and for many. Takes what is to be seen as values; changes nothing
+// but the picture, and costs nothing for what lies outside the clip box.
+#pragma once
+
+#include "core/CalendarSettings.h"
+#include "core/DrawingHelpers.h"
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridLook.h"
+
+#include <vector>
+
+namespace dayvane
+{
+
+// The colours that no setting of the control changes.
+struct TimeGridPalette
+{
+    TitleBandColors dayCaption = {0x8FE8FB, 0x00CFFF, 0x21CBEF};
+    HeaderBandColors header = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+    COLORREF sunday = 0x0000FF;
+    COLORREF saturday = 0xFF0000;
+    COLORREF holiday = 0x2138EF;
+    COLORREF headerText = 0x330000;
+    COLORREF todayFrame = 0x216FF1;
+    COLORREF focusFrame = 0xFF7700;
+    COLORREF nowLine = 0x2A2AE0;
+    COLORREF captionShadow = 0x0070B0; // under the light texts of the day view's title band
+};
+constexpr TimeGridPalette kTimeGridPalette{};
+
+// The fonts of a time grid. They are made when first asked for and live as long as their window; Clear frees them.
+class TimeGridFonts
+{
+public:
+    // The hours: the control's own description. The zeros beside them; small texts; the date of the title band, from the
+    // control's description for captions.
+    CFont* Hours(const LOGFONT& lf) { return m_hours.Get(lf); }
+    CFont* Zeros();
+    CFont* Label();
+    CFont* CaptionText();
+    CFont* CaptionDate(const LOGFONT& lf);
+    void Clear();
+
+private:
+    class Slot
+    {
+    public:
+        CFont* Get(const LOGFONT& lf);
+        void Clear() { m_font.DeleteObject(); }
+
+    private:
+        LOGFONT m_made = {};
+        CFont m_font;
+    };
+    Slot m_hours, m_zeros, m_label, m_captionText, m_captionDate;
+};
+
+// One paint of a time grid into a device context.
+class TimeGridPainter
+{
+public:
+    TimeGridPainter(CDC* pDC, const TimeGridState& state, const CalendarColors& colors);
+
+    bool IsVisible(const CRect& rect) const;
+
+    // The line between ruler and grid, which belongs to neither, beside the band and the rows.
+    void DrawRulerEdge();
+    void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros);
+    void DrawFulldayRuler(const CRect& band, CFont* label);
+    // Background, outline and, per column (left and right edges), what is selected of it.
+    void DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected);
+
+    void DrawGridBackground(const CRect& grid);
+    // The rows that the clip box shows; a look for each row of VisibleRows, from its first on.
+    RowRange VisibleRows(const CRect& grid) const;
+    void DrawRows(const CRect& column, const RowRange& rows, const std::vector<RowLook>& looks);
+    void DrawSeparators(const CRect& area, const std::vector<CRect>& columns);
+    void DrawNowLine(const CRect& column, const ClockTime& now);
+
+    // Box and outline of an item; returns what is left for marks and text. Band items are open where they go on.
+    CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, bool isCurrent);
+    CRect DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& band, bool isCurrent);
+    // Texts in the selected font; none where not even a letter has room.
+    // A box too narrow for both times shows the text alone when `timesWhereTheyFit` says so.
+    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit);
+    void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content);
+
+    void DrawDayCaption(const CRect& caption, const CaptionTexts& texts, int dayOfWeek, CFont* date, CFont* text);
+    void DrawDaysCaption(const CRect& caption, const CaptionTexts& texts, CFont* date, CFont* text);
+
+    void DrawHeaderBackground(const CRect& header);
+    void DrawHeaderFrame(const CRect& box, COLORREF frame);
+    void DrawTodayHeader(const CRect& box, COLORREF todayColor);
+    void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff, CFont* font);
+
+private:
+    void HorizontalLine(int left, int right, int y, COLORREF color);
+    void VerticalLine(int x, int top, int bottom, COLORREF color);
+    void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right);
+    void DrawStripe(const CRect& box, COLORREF color);
+    void DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow = CLR_NONE);
+
+    CDC* m_pDC;
+    const TimeGridState& m_state;
+    const CalendarColors& m_colors;
+    CRect m_clip;
+};
+
+} // namespace dayvane

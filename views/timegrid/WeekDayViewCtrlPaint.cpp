@@ -1,0 +1,117 @@
+// The multi-day view's painting: what the day view paints, for each column, and the day header.
+#include "views/timegrid/WeekDayViewCtrl.h"
+
+#include "core/DateMath.h"
+
+namespace
+{
+constexpr int kCaptionFont = 1; // template in m_lfFonts
+} // namespace
+
+CRect CWeekDayViewCtrl::HeaderBoxOf(int nColumn) const
+{
+    return CRect(m_arColumn[nColumn].left, m_rcHeader.top, m_arColumn[nColumn].right, m_rcHeader.bottom);
+}
+
+void CWeekDayViewCtrl::InvalidateHeader()
+{
+    if (m_hWnd)
+        InvalidateRect(&m_rcHeader, FALSE);
+}
+
+void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
+{
+    const int column = dayvane::ColumnOfDay(State(), date);
+    if (!m_hWnd || column == -1)
+        return;
+    const CRect& box = m_arColumn[column];
+    const CRect rect(box.left, m_rcFulldayContent.top, box.right, box.bottom);
+    InvalidateRect(&rect, FALSE);
+}
+
+void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors)
+        .DrawDaysCaption(rcCaption, dayvane::CaptionOfDays(m_dtViewBegin, m_dtViewEnd),
+                         m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
+}
+
+void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    if (!painter.IsVisible(rcHeader))
+        return;
+    painter.DrawHeaderBackground(rcHeader);
+    const int today = dayvane::ColumnOfDay(state, dayvane::Now());
+    const int current = dayvane::ColumnOfDay(state, m_dtCurrentDate);
+    for (int i = 0; i < m_nDays; ++i) {
+        const CRect box = HeaderBoxOf(i);
+        if (i == today)
+            DrawTodayRect(pDC, box);
+        else if (i == current)
+            DrawFocusRect(pDC, box);
+        const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
+        painter.DrawHeaderText(box, dayvane::HeaderOfDay(GetShownDays()[i], m_bShowHoliday != FALSE, text),
+                               GetShownDays()[i], KindOfColumn(i).isDayOff, m_fonts.Label());
+    }
+    painter.DrawSeparators(rcHeader, state.frame.columns);
+}
+
+void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawTodayHeader(rcBox, m_crToday);
+}
+
+void CWeekDayViewCtrl::DrawFocusRect(CDC* pDC, CRect rcBox)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter(pDC, state, m_colors).DrawHeaderFrame(rcBox, dayvane::kTimeGridPalette.focusFrame);
+}
+
+void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
+{
+    const dayvane::TimeGridState state = State();
+    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    if (!painter.IsVisible(rcGrid))
+        return;
+    painter.DrawGridBackground(rcGrid);
+    for (int i = 0; i < m_nDays; ++i)
+        DrawRows(pDC, i);
+    painter.DrawSeparators(rcGrid, state.frame.columns);
+}
+
+void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
+{
+    const dayvane::TimeGridState state = State();
+    const dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    if (!painter.IsVisible(rcGrid))
+        return;
+    for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
+        const tagCALENDAR_ITEM& item = screenItems[i];
+        CRect box = item.rcItem;
+        box.OffsetRect(0, -m_nVertScroll);
+        if (item.rcItem.top == -1 || !painter.IsVisible(box) || dayvane::IsBandItem(item))
+            continue;
+        const int column = dayvane::ColumnOfDay(state, item.dtStart);
+        if (column != -1)
+            _DrawItem(pDC, state.frame.columns[column], item);
+    }
+}
+
+// An item pushed beyond its column must not cover the next day's.
+void CWeekDayViewCtrl::_DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item)
+{
+    const dayvane::TimeGridState state = State();
+    CRect box = item.rcItem;
+    box.OffsetRect(0, -m_nVertScroll);
+    if (box.right <= rcColumn.right) {
+        DrawTimedItem(pDC, state, item, box);
+    } else if (box.left < rcColumn.right) {
+        const dayvane::SaveDcScope saved(pDC);
+        pDC->IntersectClipRect(&rcColumn);
+        DrawTimedItem(pDC, state, item, box);
+    }
+}
