@@ -49,6 +49,8 @@ RawPicture::RawPicture(CDC* reference, CSize size, const std::function<void(CDC*
                       ::MulDiv(size.cy, heightMm * 100, reference->GetDeviceCaps(VERTRES)));
     CDC recorder;
     recorder.Attach(::CreateEnhMetaFile(reference->m_hDC, nullptr, &frame, nullptr));
+    // A metafile has no size of its own: painters that leave out what is not seen ask for the clip box.
+    recorder.IntersectClipRect(0, 0, size.cx, size.cy);
     paint(&recorder);
     m_file = ::CloseEnhMetaFile(recorder.Detach());
     ENHMETAHEADER header = {};

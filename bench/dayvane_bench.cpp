@@ -207,10 +207,35 @@ private:
     void MeasureRawPaint()
     {
         bench::RawPicture picture(&m_target, m_options.size, [this](CDC* pDC) { m_view->Paint(pDC); });
+        Paint();
+        const std::vector<char> painted = Pixels();
+        {
+            CMemDC memory(&m_target);
+            picture.Draw(&memory);
+        }
+        std::fprintf(stderr, "raw-paint: %d operations, %d of %d bytes of the picture differ\n", picture.OperationCount(),
+                     Differences(painted, Pixels()), static_cast<int>(painted.size()));
         Measure("raw-paint", m_options.repeat, [&] {
             CMemDC memory(&m_target);
             picture.Draw(&memory);
         });
+    }
+
+    std::vector<char> Pixels()
+    {
+        BITMAP info = {};
+        m_bitmap.GetObject(sizeof(info), &info);
+        std::vector<char> pixels(static_cast<size_t>(info.bmWidthBytes) * info.bmHeight);
+        ::GetBitmapBits(static_cast<HBITMAP>(m_bitmap.GetSafeHandle()), static_cast<LONG>(pixels.size()), pixels.data());
+        return pixels;
+    }
+
+    static int Differences(const std::vector<char>& a, const std::vector<char>& b)
+    {
+        int count = 0;
+        for (size_t i = 0; i < a.size(); ++i)
+            count += a[i] != b[i];
+        return count;
     }
 
     void MeasureLiteral()

@@ -12,11 +12,13 @@ CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
     const bool before = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
     const bool after = item.nPiece == PIECE_HEAD || item.nPiece == PIECE_MIDDLE;
     if (item.crColor2 != m_palette.unfilled)
-        m_pDC->FillSolidRect(&box, item.crColor2);
+        m_pens.Fill(m_pDC, box, item.crColor2);
     CRect content = box;
     content.DeflateRect(m_metrics.contentInset, m_metrics.contentInset);
     if (!before && content.Width() > m_metrics.stripeWidth) {
-        m_pDC->FillSolidRect(box.left + 1, box.top + 1, m_metrics.stripeWidth, box.Height() - 2, item.crColor3);
+        const int stripeLeft = box.left + 1;
+        const CRect stripe(stripeLeft, box.top + 1, stripeLeft + m_metrics.stripeWidth, box.bottom - 1);
+        m_pens.Fill(m_pDC, stripe, item.crColor3);
         content.left += m_metrics.stripeWidth;
     }
     DrawOutline(box, item.crColor4);
@@ -66,12 +68,9 @@ void BarPainter::DrawSelection(const tagCALENDAR_ITEM& item, COLORREF color)
     m_pDC->LineTo(frame.left, frame.top);
 }
 
-void BarPainter::DrawText(const CString& text, CRect content, bool centered)
+void BarPainter::DrawText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered)
 {
-    if (text.IsEmpty() || content.IsRectEmpty())
-        return;
-    const UINT horizontal = centered ? DT_CENTER : DT_LEFT;
-    m_pDC->DrawText(text, &content, horizontal | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    m_texts.Draw(m_pDC, pSelectedFont, text, content, (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER);
 }
 
 } // namespace dayvane

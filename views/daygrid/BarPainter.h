@@ -4,6 +4,7 @@
 #include "core/CalendarRecords.h"
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/GdiPens.h"
+#include "views/daygrid/TextCache.h"
 
 namespace dayvane
 {
@@ -30,15 +31,15 @@ struct BarPaintMetrics
 class BarPainter
 {
 public:
-    BarPainter(CDC* pDC, PenSet& pens) : m_pDC(pDC), m_pens(pens) {}
+    BarPainter(CDC* pDC, PenSet& pens, TextCache& texts) : m_pDC(pDC), m_pens(pens), m_texts(texts) {}
 
     // Box, shaded stripe and outline; arrows where the item goes on beyond its piece. Returns what is left for marks and
     // text.
     CRect DrawBox(const tagCALENDAR_ITEM& item);
     // A frame along the edges of the bar.
     void DrawSelection(const tagCALENDAR_ITEM& item, COLORREF color);
-    // Centred, or from the left; cut with an ellipsis where it does not fit.
-    void DrawText(const CString& text, CRect content, bool centered);
+    // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
+    void DrawText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered);
 
 private:
     void DrawOutline(const CRect& box, COLORREF color);
@@ -46,6 +47,7 @@ private:
 
     CDC* m_pDC;
     PenSet& m_pens;
+    TextCache& m_texts;
     BarPalette m_palette;
     BarPaintMetrics m_metrics;
 };

@@ -1,0 +1,118 @@
+#include "views/daygrid/TextCache.h"
+
+#include <climits>
+#include <vector>
+
+namespace dayvane
+{
+namespace
+{
+
+constexpr size_t kMaxLines = 4096; // a few screens full of texts
+constexpr wchar_t kEllipsis[] = L"...";
+constexpr int kEllipsisLength = 3;
+
+UINT CodePageOf(HDC hDC)
+{
+    CHARSETINFO info = {};
+    const int charSet = ::GetTextCharset(hDC);
+    return ::TranslateCharsetInfo(reinterpret_cast<DWORD*>(static_cast<DWORD_PTR>(charSet)), &info, TCI_SRCCHARSET)
+               ? info.ciACP
+               : CP_ACP;
+}
+
+std::wstring Widen(const CString& text, UINT codePage)
+{
+    std::wstring wide(text.GetLength(), L'\0');
+    const int length = ::MultiByteToWideChar(codePage, 0, text, text.GetLength(), &wide[0], text.GetLength());
+    wide.resize(length);
+    for (wchar_t& character : wide) {
+        if (character < L' ')
+            character = L' ';
+    }
+    return wide;
+}
+
+} // namespace
+
+size_t TextCache::KeyHash::operator()(const Key& key) const
+{
+    constexpr unsigned kPrime = 16777619u; // FNV-1a
+    unsigned hash = 2166136261u ^ static_cast<unsigned>(key.room);
+    for (const char* byte = key.text.GetString(); *byte; ++byte)
+        hash = (hash ^ static_cast<unsigned char>(*byte)) * kPrime;
+    return hash ^ static_cast<unsigned>(reinterpret_cast<UINT_PTR>(key.font));
+}
+
+void TextCache::Clear()
+{
+    m_fonts.clear();
+    m_lines.clear();
+}
+
+const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
+{
+    const HGDIOBJ handle = pFont->GetSafeHandle();
+    const auto found = m_fonts.find(handle);
+    if (found != m_fonts.end())
+        return found->second;
+    const HDC hDC = pDC->GetSafeHdc();
+    TEXTMETRICW metrics = {};
+    ::GetTextMetricsW(hDC, &metrics);
+    SIZE size = {};
+    ::GetTextExtentPoint32W(hDC, kEllipsis, kEllipsisLength, &size);
+    return m_fonts[handle] = {CodePageOf(hDC), static_cast<int>(metrics.tmHeight), static_cast<int>(size.cx)};
+}
+
+TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const CString& text, int room)
+{
+    Line line = {Widen(text, font.codePage), 0};
+    const int length = static_cast<int>(line.text.size());
+    std::vector<int> ends(length + 1, 0); // the width up to and with each character
+    SIZE size = {};
+    int fitting = 0;
+    ::GetTextExtentExPointW(pDC->GetSafeHdc(), line.text.c_str(), length, room, &fitting, ends.data(), &size);
+    line.width = size.cx;
+    if (size.cx <= room)
+        return line;
+    while (fitting > 0 && ends[fitting - 1] + font.ellipsisWidth > room)
+        --fitting;
+    line.text = line.text.substr(0, fitting) + kEllipsis;
+    line.width = (fitting > 0 ? ends[fitting - 1] : 0) + font.ellipsisWidth;
+    return line;
+}
+
+const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const CString& text, int room)
+{
+    const Key key = {pFont->GetSafeHandle(), room, text};
+    const auto found = m_lines.find(key);
+    if (found != m_lines.end())
+        return found->second;
+    if (m_lines.size() >= kMaxLines)
+        m_lines.clear();
+    return m_lines.emplace(key, MakeLine(pDC, FactsOf(pDC, pFont), text, room)).first->second;
+}
+
+int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text)
+{
+    return LineFor(pDC, pSelectedFont, text, INT_MAX).width;
+}
+
+void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format)
+{
+    if (text.IsEmpty() || rect.IsRectEmpty())
+        return;
+    const int height = FactsOf(pDC, pSelectedFont).height;
+    const Line& line = LineFor(pDC, pSelectedFont, text, rect.Width());
+    int x = rect.left;
+    if (format & DT_CENTER)
+        x += (rect.Width() - line.width) / 2;
+    else if (format & DT_RIGHT)
+        x += rect.Width() - line.width;
+    const int y = (format & DT_VCENTER) ? rect.top + (rect.Height() - height) / 2 : rect.top;
+    const bool fits = line.width <= rect.Width() && height <= rect.Height();
+    ::ExtTextOutW(pDC->GetSafeHdc(), x, y, fits ? 0 : ETO_CLIPPED, &rect, line.text.c_str(),
+                  static_cast<UINT>(line.text.size()), nullptr);
+}
+
+} // namespace dayvane

@@ -1,0 +1,65 @@
+// Single lines of text that are measured and cut once instead of on every paint.
+//
+// The system's own way of cutting a text at the end measures it several times, which costs more than drawing it. What a
+// calendar shows seldom changes between two paints, so the outcome is kept: by font, room and text.
+#pragma once
+
+#include <afxwin.h>
+
+#include <string>
+#include <unordered_map>
+
+namespace dayvane
+{
+
+// For one kind of device: what fits on the screen is not what fits on a printer.
+class TextCache
+{
+public:
+    // Draws the text in the font that is selected into the device context, in the code page of its character set. Format:
+    // DT_LEFT, DT_CENTER or DT_RIGHT, and DT_VCENTER or DT_TOP; a text that does not fit ends with an ellipsis. Nothing
+    // is drawn outside the rectangle. Ampersands are plain characters, control characters are blanks.
+    void Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format);
+
+    // The width of the whole text in the selected font, pixels.
+    int WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text);
+
+    // Forgets everything; due when fonts are deleted, for a new one may get the handle of an old one.
+    void Clear();
+
+private:
+    struct FontFacts
+    {
+        UINT codePage;
+        int height;
+        int ellipsisWidth;
+    };
+    struct Key
+    {
+        HGDIOBJ font;
+        int room;
+        CString text;
+        bool operator==(const Key& other) const
+        {
+            return font == other.font && room == other.room && text == other.text;
+        }
+    };
+    struct KeyHash
+    {
+        size_t operator()(const Key& key) const;
+    };
+    struct Line
+    {
+        std::wstring text;
+        int width; // pixels
+    };
+
+    const FontFacts& FactsOf(CDC* pDC, CFont* pFont);
+    const Line& LineFor(CDC* pDC, CFont* pFont, const CString& text, int room);
+    static Line MakeLine(CDC* pDC, const FontFacts& font, const CString& text, int room);
+
+    std::unordered_map<HGDIOBJ, FontFacts> m_fonts;
+    std::unordered_map<Key, Line, KeyHash> m_lines;
+};
+
+} // namespace dayvane
