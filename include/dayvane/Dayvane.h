@@ -19,4 +19,6 @@
 #include "pickers/YearMonthMessages.h"
 #include "pickers/YearMonthPickerCtrl.h"
 #include "views/daygrid/MonthViewCtrl.h"
+#include "views/daygrid/WeekViewCtrl.h"
+#include "views/daygrid/YearViewCtrl.h"
 #endif

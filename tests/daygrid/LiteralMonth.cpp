@@ -17,20 +17,23 @@ bool IsValid(const COleDateTime& date)
     return date.GetStatus() == COleDateTime::valid;
 }
 
-// The days of an item, from the first moment of its first to the last second of its last.
-struct DayRange
-{
-    explicit DayRange(const tagCALENDAR_ITEM& item) : start(StartOfDay(item.dtStart)), end(EndOfDay(item.dtEnd)) {}
-    bool Meets(const DayRange& other) const { return start <= other.end && other.start <= end; }
-    bool Covers(const COleDateTime& day) const { return start <= day && day <= end; }
-
-    COleDateTime start;
-    COleDateTime end;
-};
-
 } // namespace
 
-void MakePieces(const ItemArray& items, const COleDateTime& viewStart, ItemArray& pieces)
+Range DaysOf(const tagCALENDAR_ITEM& item)
+{
+    return {StartOfDay(item.dtStart), EndOfDay(item.dtEnd)};
+}
+
+Range MonthsOf(const tagCALENDAR_ITEM& item)
+{
+    const COleDateTime first(item.dtStart.GetYear(), item.dtStart.GetMonth(), 1, 0, 0, 0);
+    COleDateTime last = EndOfDay(item.dtEnd);
+    while (IsValid(last) && AddDays(last, 1).GetMonth() == last.GetMonth())
+        last = AddDays(last, 1);
+    return {first, last};
+}
+
+void MakePieces(const ItemArray& items, const std::vector<Range>& rows, ItemArray& pieces)
 {
     pieces.RemoveAll();
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
@@ -38,23 +41,31 @@ void MakePieces(const ItemArray& items, const COleDateTime& viewStart, ItemArray
         const COleDateTime end = items[i].dtEnd;
         if (!IsValid(start) || !IsValid(end) || StartOfDay(end) < StartOfDay(start))
             continue;
-        for (int row = 0; row < kMonthRows; ++row) {
-            const COleDateTime rowStart = AddDays(viewStart, row * kMonthColumns);
-            const COleDateTime rowEnd = EndOfDay(AddDays(rowStart, kMonthColumns - 1));
-            if (end < rowStart || start > rowEnd)
+        for (const Range& row : rows) {
+            if (end < row.start || start > row.end)
                 continue;
             tagCALENDAR_ITEM piece = items[i];
             piece.nSource = i;
-            if (start < rowStart)
-                piece.dtStart = rowStart;
-            if (end > rowEnd)
-                piece.dtEnd = rowEnd;
-            const bool before = start < rowStart;
-            const bool after = end > rowEnd;
+            const bool before = start < row.start;
+            const bool after = end > row.end;
+            if (before)
+                piece.dtStart = row.start;
+            if (after)
+                piece.dtEnd = row.end;
             piece.nPiece = before && after ? 2 : after ? 1 : before ? 4 : 0;
             pieces.Add(piece);
         }
     }
+}
+
+void MakePieces(const ItemArray& items, const COleDateTime& viewStart, ItemArray& pieces)
+{
+    std::vector<Range> rows;
+    for (int row = 0; row < kMonthRows; ++row) {
+        const COleDateTime start = AddDays(viewStart, row * kMonthColumns);
+        rows.push_back({start, EndOfDay(AddDays(start, kMonthColumns - 1))});
+    }
+    MakePieces(items, rows, pieces);
 }
 
 void Place(const MonthCellDateArray& dates, const MonthCellArray& cells, int firstDayOfWeek, ItemArray& items)
@@ -83,18 +94,18 @@ void Place(const MonthCellDateArray& dates, const MonthCellArray& cells, int fir
     }
 }
 
-void Stack(ItemArray& items, int laneStep)
+void Stack(ItemArray& items, int laneStep, Range (*rangeOf)(const tagCALENDAR_ITEM&))
 {
     const int count = static_cast<int>(items.GetSize());
-    std::vector<DayRange> days;
+    std::vector<Range> ranges;
     for (int i = 0; i < count; ++i)
-        days.emplace_back(items[i]);
+        ranges.push_back(rangeOf(items[i]));
     tagCALENDAR_ITEM* item = items.GetData();
     for (int sweep = 0; sweep < 2; ++sweep) {
         for (int i = 0; i < count; ++i) {
             for (int j = i + 1; j < count; ++j) {
                 CRect common;
-                if (days[i].Meets(days[j]) && common.IntersectRect(item[i].rcItem, item[j].rcItem))
+                if (ranges[i].Meets(ranges[j]) && common.IntersectRect(item[i].rcItem, item[j].rcItem))
                     item[j].rcItem.OffsetRect(0, laneStep);
             }
         }
@@ -106,7 +117,7 @@ void Overflow(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray&
     for (int cell = 0; cell < kMonthCells; ++cell) {
         cells[cell].m_nItemCount = cells[cell].m_bMore = 0;
         for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-            if (!DayRange(items[i]).Covers(dates[cell].m_date))
+            if (!DaysOf(items[i]).Covers(dates[cell].m_date))
                 continue;
             ++cells[cell].m_nItemCount;
             items[i].bNoFocus = std::abs(items[i].rcItem.bottom) >= std::abs(cells[cell].m_rect.bottom);

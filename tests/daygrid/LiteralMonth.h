@@ -1,17 +1,34 @@
-// The month view's item rules taken at their word, pair by pair and cell by cell: slow, and plain enough to be read
-// against the rules. Random tests compare the library with it; the benchmark measures against it.
+// The item rules of the month, week and year views taken at their word, pair by pair and cell by cell: slow, and plain
+// enough to be read against the rules. Random tests compare the library with it; the benchmark measures against it.
 #pragma once
 
 #include "views/daygrid/MonthLayout.h"
 
+#include <vector>
+
 namespace literal
 {
 
+// The days or months of an item, from their first moment to their last second.
+struct Range
+{
+    bool Meets(const Range& other) const { return start <= other.end && other.start <= end; }
+    bool Covers(const COleDateTime& moment) const { return start <= moment && moment <= end; }
+
+    COleDateTime start;
+    COleDateTime end;
+};
+Range DaysOf(const dayvane::tagCALENDAR_ITEM& item);
+Range MonthsOf(const dayvane::tagCALENDAR_ITEM& item);
+
+// Rows of days; each must have valid days.
+void MakePieces(const dayvane::ItemArray& items, const std::vector<Range>& rows, dayvane::ItemArray& pieces);
+// The rows of a month that starts there.
 void MakePieces(const dayvane::ItemArray& items, const COleDateTime& viewStart, dayvane::ItemArray& pieces);
 
 void Place(const dayvane::MonthCellDateArray& dates, const dayvane::MonthCellArray& cells, int firstDayOfWeek,
            dayvane::ItemArray& items);
-void Stack(dayvane::ItemArray& items, int laneStep);
+void Stack(dayvane::ItemArray& items, int laneStep, Range (*rangeOf)(const dayvane::tagCALENDAR_ITEM&) = DaysOf);
 void Overflow(const dayvane::MonthCellDateArray& dates, dayvane::MonthCellArray& cells, dayvane::ItemArray& items);
 
 inline void CalcMonthBars(const dayvane::MonthCellDateArray& dates, dayvane::MonthCellArray& cells, int firstDayOfWeek,
