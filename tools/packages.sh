@@ -15,11 +15,11 @@ need_packages() {
     fi
     mapfile -t missing < <(missing_packages "$@")
     [ "${#missing[@]}" -gt 0 ] || return 0
-    step "Installing Debian packages: ${missing[*]}"
     if [ "$(id -u)" -ne 0 ]; then
-        die "These packages are missing and only root may install them. Please run:
+        die "Some Debian packages are missing, and only root may install them. Please run this, then try again:
   $(apt_line "${missing[@]}")"
     fi
+    step "Installing Debian packages: ${missing[*]}"
     with_lock packages install_packages "${missing[@]}"
     mapfile -t missing < <(missing_packages "$@")
     [ "${#missing[@]}" -eq 0 ] || die "After the installation these packages are still missing: ${missing[*]}."

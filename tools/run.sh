@@ -54,15 +54,18 @@ shoot_planner() {
     pid=$!
     at_exit "kill $pid 2>/dev/null"
     if ! wait_until "$planner_time_limit" window_of_planner_or_end "$pid" || ! kill -0 "$pid" 2>/dev/null; then
-        tail -n 20 "$log" >&2
+        show_planner_log "$system" "$log" >&2
         die "The planner showed no window; its output is in $log."
     fi
     window=$(planner_window)
     wait_until "$planner_time_limit" is_painted "$window" || die "The planner's window stayed empty."
     mv "$BUILD/shots/.now.png" "$picture"
-    tail -n 20 "$log"
+    show_planner_log "$system" "$log"
     say "The planner's window is in $picture"
 }
+
+# What the planner wrote, from its system's code page.
+show_planner_log() { tail -n 20 "$2" | iconv -c -f "CP$1" -t UTF-8 | tr -d '\r'; }
 
 planner_window() { xdotool search --onlyvisible --class planner.exe 2>/dev/null | tail -n 1 | grep .; }
 window_of_planner_or_end() { planner_window >/dev/null || ! kill -0 "$1" 2>/dev/null; }

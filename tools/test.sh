@@ -27,6 +27,12 @@ command_test() {
         shift
     done
     [ "${#presets[@]}" -gt 0 ] || presets=("${default_test_presets[@]}")
+    # All that is missing is asked for at once, before any work.
+    if [[ " ${presets[*]} " == *" win"* ]]; then
+        need_wine
+    else
+        need_native_build
+    fi
     make_build_root
     results=$(mktemp "$BUILD/.results.XXXXXX")
     at_exit "rm -f '$results'"
@@ -72,7 +78,6 @@ test_natively() {
 test_under_wine() {
     local only=$1 preset system lanes=() lane status=0
     shift
-    need_wine
     for preset in "$@"; do
         build_tests "$preset" "$only"
         if [ -z "$only" ] || [ "$only" = package ]; then

@@ -42,11 +42,26 @@ start_system() {
     make_build_root
     with_lock locale make_locale
     use_system "$system"
+    take_system "$system"
     if [ "$system" != desktop ]; then
         start_display
     fi
-    with_lock "wine-$system" make_prefix "$system"
-    hold_server "$system"
+    at_exit "wineserver -k; timeout 20 wineserver -w" # before the display goes
+    make_prefix "$system"
+    start_server
+}
+
+# One ./dev at a time uses a system: its programs share a desktop and a keyboard. What is started later must not hold
+# the lock (9>&-), for it may live longer than ./dev.
+take_system() {
+    mkdir -p "$BUILD/wine"
+    exec 9>"$BUILD/wine/.$1.lock"
+    if ! flock -n 9; then
+        say "Waiting for another ./dev that uses the system $1 ..."
+        flock 9
+    fi
+    # A server that a ./dev left behind when it was killed would still show its windows on a display that is gone.
+    wineserver -k 2>/dev/null 9>&- || true
 }
 
 # A virtual display of our own, on whatever number is free.
@@ -54,7 +69,7 @@ start_display() {
     local number_file log pid
     number_file=$(mktemp)
     log=$(log_file xvfb)
-    Xvfb -displayfd 3 -screen 0 "${DAYVANE_SCREEN:-1400x1000x24}" -nolisten tcp 3>"$number_file" >>"$log" 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${DAYVANE_SCREEN:-1400x1000x24}" -nolisten tcp 3>"$number_file" >>"$log" 2>&1 9>&- &
     pid=$!
     at_exit "kill $pid 2>/dev/null; wait $pid 2>/dev/null"
     wait_until 20 test -s "$number_file" || die "The virtual display (Xvfb) did not start; see $log."
@@ -82,21 +97,21 @@ make_prefix() {
     step "Making the Wine prefix for $system (once)"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
-    run_logged "wineboot-$system" "Making the Wine prefix" timeout -k 10 300 wineboot --init
+    run_logged "wineboot-$system" "Making the Wine prefix" timeout -k 10 300 wineboot --init 9>&-
     # Debian keeps Wine's own faces (the window buttons' symbols among them) where its Wine does not look.
     for face in marlett symbol wingding webdings tahoma tahomabd; do
         cp "/usr/share/wine/fonts/$face.ttf" "$WINEPREFIX/drive_c/windows/Fonts/"
     done
     # regedit reads UTF-16; the list of faces is kept in UTF-8 for people.
     { printf '\xff\xfe' && iconv -f UTF-8 -t UTF-16LE "$ROOT/tools/wine.reg"; } >"$WINEPREFIX/settings.reg"
-    run_logged "wineboot-$system" "Setting up the Wine prefix" wine regedit /S "$(winepath_of "$WINEPREFIX/settings.reg")"
+    run_logged "wineboot-$system" "Setting up the Wine prefix" wine regedit /S "$(winepath_of "$WINEPREFIX/settings.reg")" 9>&-
     if [ "$system" != desktop ]; then
         # Without a window manager every popup would wait seconds for one.
         run_logged "wineboot-$system" "Setting up the Wine prefix" \
-            wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f
+            wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f 9>&-
     fi
     # The settings reach the disk, and programs that were running with the old ones end.
-    wineserver -k || true
+    wineserver -k 9>&- || true
     wineserver -w || true
     printf '%s' "$wanted" >"$WINEPREFIX/.dayvane"
     say "   made ($(elapsed))"
@@ -105,22 +120,12 @@ make_prefix() {
 # The name under which a Windows program sees a file of this machine.
 winepath_of() { printf 'Z:%s' "$(realpath -m "$1" | tr / '\\')"; }
 
-# Keeps the prefix's server alive, so that programs start at once. The last ./dev that uses the prefix ends it.
-hold_server() {
-    local prefix=$BUILD/wine/$1
-    exec 9>"$prefix/.users"
-    flock -s 9
-    at_exit "release_server '$prefix'"
-    # The server and the service programs live on: they must hold neither our locks nor our output.
+# Keeps the prefix's server alive, so that programs start at once.
+start_server() {
+    # The server and its service programs live on: they must hold neither our lock nor our output.
     wineserver -p >/dev/null 2>&1 9>&-
-    timeout -k 10 120 wine cmd /c exit >/dev/null 2>&1 9>&- || die "Wine does not start in $prefix; ./dev clean makes it anew."
-}
-
-release_server() {
-    exec 9>&-
-    flock -n -x "$1/.users" true || return 0
-    WINEPREFIX=$1 wineserver -k
-    WINEPREFIX=$1 timeout 20 wineserver -w
+    timeout -k 10 120 wine cmd /c exit >/dev/null 2>&1 9>&- ||
+        die "Wine does not start in $WINEPREFIX; ./dev clean makes it anew."
 }
 
 # run_windows PROGRAM ARGUMENT...: a Windows program in the system in use.
