@@ -1,6 +1,8 @@
 // The thread of the user interface, the application, and the framework's free functions.
 #pragma once
 
+#include <vector>
+
 class CDocument;
 class CDocTemplate;
 
@@ -55,9 +57,25 @@ public:
     HICON LoadStandardIcon(LPCTSTR lpszIconName) const { return ::LoadIcon(nullptr, lpszIconName); }
     virtual int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt);
 
+    // Documents. The application owns its templates.
+    void AddDocTemplate(CDocTemplate* pTemplate);
+    // The named file in a document, as the first template opens it; null when that failed.
+    virtual CDocument* OpenDocumentFile(LPCTSTR lpszFileName);
+    virtual BOOL SaveAllModified();
+    virtual BOOL DoPromptFileName(CString& fileName, LPCTSTR title, DWORD lFlags, BOOL bOpenFileDialog,
+                                  CDocTemplate* pTemplate);
+
+    // Handlers for the message map of a program's own application class
+    afx_msg void OnFileNew();
+    afx_msg void OnFileOpen();
+    afx_msg void OnFilePrintSetup();
+
 protected:
     afx_msg void OnAppExit();
     DECLARE_MESSAGE_MAP()
+
+private:
+    std::vector<CDocTemplate*> m_templates;
 };
 
 CWinApp* AfxGetApp();       // null in a program without an application object

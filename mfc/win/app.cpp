@@ -1,6 +1,8 @@
 // The message loop, the application object, resources, window classes.
 #include "afximpl.h"
 
+#include <afxpriv.h>
+
 #include <set>
 #include <string>
 
@@ -99,7 +101,11 @@ BOOL CWinThread::PreTranslateMessage(MSG* pMsg)
 
 BOOL CWinThread::OnIdle(LONG lCount)
 {
-    if (lCount > 0) {
+    if (lCount <= 0) {
+        if (CWnd* pMainWnd = GetMainWnd()) {
+            pMainWnd->SendMessageToDescendants(WM_IDLEUPDATECMDUI, TRUE, 0, TRUE, TRUE);
+        }
+    } else {
         AfxLockTempMaps();
         AfxUnlockTempMaps();
     }
@@ -136,6 +142,9 @@ CWinApp::CWinApp(LPCTSTR lpszAppName) : m_hInstance(::GetModuleHandle(nullptr)),
 
 CWinApp::~CWinApp()
 {
+    for (CDocTemplate* pTemplate : m_templates) {
+        delete pTemplate;
+    }
     if (AfxState().pApp == this) {
         AfxState().pApp = nullptr;
     }
