@@ -140,7 +140,8 @@ TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
 
 TEST_F(DocumentTest, TextsAreWrittenEscapedAndFolded)
 {
-    Open({"DTSTART:20261121", "SUMMARY;LANGUAGE=ja;ENCODING=8BIT:old", " folded", "X-KEPT:a", " b"});
+    Open({"DTSTART:20261121", "SUMMARY:overruled", "SUMMARY;LANGUAGE=ja;ENCODING=8BIT:old", " folded", "X-KEPT:a",
+          " b"});
     const OccurrenceId id = IdAt("20261121");
     std::string text = "1,2\n";
     for (int i = 0; i < 20; ++i) {
@@ -240,6 +241,34 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
     EXPECT_EQ(m_document.Save(), m_text);
 }
 
+TEST_F(DocumentTest, SeriesEndWithTheirCalendar)
+{
+    const std::string series = Joined({"BEGIN:VCALENDAR", "BEGIN:VEVENT", "UID:a", "DTSTART:20261102T0900",
+                                       "RRULE:FREQ=DAILY;COUNT=2", "END:VEVENT"});
+    const std::string replacement = Joined({"BEGIN:VEVENT", "UID:a", "RECURRENCE-ID;VALUE=DATE:20261103",
+                                            "DTSTART:20261110T0900", "END:VEVENT", "END:VCALENDAR"});
+    OpenText(series + replacement + series);
+    const OccurrenceId id = IdAt("20261110T0900");
+    ASSERT_TRUE(m_document.Delete(id, Scope::ThisOccurrence).isDone);
+    EXPECT_NE(m_document.Save().find("EXDATE:20261103T090000\r\n"), std::string::npos) << m_document.Save();
+    m_document.Undo();
+    ASSERT_TRUE(m_document.Delete(id, Scope::WholeSeries).isDone);
+    EXPECT_EQ(m_document.Save(), "BEGIN:VCALENDAR\r\nEND:VCALENDAR\r\n" + series);
+}
+
+TEST_F(DocumentTest, DeletingJoinsNothing)
+{
+    // The first event has no END; what stands behind the second one must not become its own.
+    const std::string head = "BEGIN:VEVENT\nX:1\n";
+    const std::string event = "BEGIN:VEVENT\nDTSTART:20261121\nEND:VEVENT\n";
+    const std::string tail = "DTSTART:20261122\nEND:VEVENT\n";
+    OpenText(head + event + tail);
+    ASSERT_TRUE(m_document.Delete(IdAt("20261121"), Scope::ThisOccurrence).isDone);
+    EXPECT_EQ(m_document.Save(), head + "END:VEVENT\n" + tail);
+    m_document.Undo();
+    EXPECT_EQ(m_document.Save(), m_text);
+}
+
 TEST_F(DocumentTest, NewEventsFindTheirPlace)
 {
     const std::string created = "BEGIN:VEVENT\nUID:new1\nDTSTAMP:20261121T000000Z\nDTSTART;VALUE=DATE:20261121\n"
@@ -255,6 +284,7 @@ TEST_F(DocumentTest, NewEventsFindTheirPlace)
         {"in the last calendar", "BEGIN:VCALENDAR\nEND:VCALENDAR\nBEGIN:VCALENDAR\n", "END:VCALENDAR\n", ""},
         {"before what is not closed", "BEGIN:VCALENDAR\n", "BEGIN:VTODO\nX:1\nEND:VCALENDAR\n", ""},
         {"in a calendar that is not closed", "BEGIN:VCALENDAR\nX:1\n", "", ""},
+        {"in the last of two that are not closed", "BEGIN:VCALENDAR\nBEGIN:VCALENDAR\nX:1\n", "", ""},
         {"in a calendar that is cut off", "BEGIN:VCALENDAR\nX:1", "", "BEGIN:VCALENDAR\nX:1\n" + created},
         {"before an event that is cut off", "BEGIN:VCALENDAR\n", "BEGIN:VEVENT\nDTSTART:2026", ""},
         {"no calendar at all", "X:1\n", "", "X:1\n" + head + created + "END:VCALENDAR\n"},

@@ -220,7 +220,7 @@ TEST(Fuzz, EditsTouchOneEvent)
 TEST(Fuzz, BrokenFilesStayWhole)
 {
     int edits = 0;
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (unsigned seed = 0; seed < 200; ++seed) {
         Fuzz fuzz(seed);
         std::string text = RichCalendar();
         for (int n = fuzz.Pick(1, 12); n > 0; --n) {
@@ -245,7 +245,7 @@ TEST(Fuzz, BrokenFilesStayWhole)
         }
         ASSERT_EQ(document.Save(), edited) << "seed " << seed;
     }
-    EXPECT_GT(edits, 900); // most files still offer something to edit
+    EXPECT_GT(edits, 600); // most files still offer something to edit
 }
 
 std::string Repeated(int times, const std::string& text)
@@ -257,7 +257,7 @@ std::string Repeated(int times, const std::string& text)
     return all;
 }
 
-// Work grows with the size of the file, whatever it says; the bound leaves room for sanitizers and emulation.
+// Work grows with the size of the file, whatever it says; a hundredfold is left for sanitizers and busy machines.
 TEST(Fuzz, HostileFilesEnd)
 {
     const auto event = [](const std::string& lines) { return "BEGIN:VEVENT\nUID:1\n" + lines + "END:VEVENT\n"; };
@@ -289,7 +289,7 @@ TEST(Fuzz, HostileFilesEnd)
         Autumn(document);
         EXPECT_EQ(document.Save(), row.text) << row.name;
         const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-        EXPECT_LT(seconds.count(), 15) << row.name;
+        EXPECT_LT(seconds.count(), 30) << row.name;
         RecordProperty(row.name, std::to_string(seconds.count()));
     }
 }

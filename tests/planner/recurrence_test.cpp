@@ -203,6 +203,12 @@ TEST(Recurrence, HostileRulesEnd)
             EXPECT_LE(times.size(), 730u) << text;
         }
     }
+    RecurrenceRule rule = *ParseRule("FREQ=DAILY;BYDAY=MO;COUNT=10", 0).rule;
+    std::int64_t steps = CountingSteps;
+    EXPECT_TRUE(LimitByCount(rule, 0, steps));
+    EXPECT_LT(steps, CountingSteps - 60);
+    steps = 60;
+    EXPECT_FALSE(LimitByCount(rule, 0, steps));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
 }
 
@@ -243,7 +249,7 @@ TEST(TimeZone, ReadsDefinitions)
                                               "DTSTART:16010101T020000",
                                               "TZOFFSETFROM:+0200",
                                               "TZOFFSETTO:+0130",
-                                              "RRULE:FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU;UNTIL=20271231T000000Z",
+                                              "RRULE:FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU;UNTIL=20271031T000000Z",
                                               "END:STANDARD",
                                               "BEGIN:DAYLIGHT",
                                               "DTSTART:16010101T020000",
@@ -262,7 +268,8 @@ TEST(TimeZone, ReadsDefinitions)
     EXPECT_EQ(Shown(zone->WallOfUtc(At("20260114T1200"))), "20260114T1330");
     EXPECT_EQ(Shown(zone->WallOfUtc(At("20260116T1200"))), "20260116T1400"); // RDATE
     EXPECT_EQ(Shown(zone->WallOfUtc(At("20261201T1200"))), "20261201T1330");
-    EXPECT_EQ(Shown(zone->WallOfUtc(At("20281201T1200"))), "20281201T1400"); // after UNTIL
+    EXPECT_EQ(Shown(zone->WallOfUtc(At("20271201T1200"))), "20271201T1330"); // UNTIL is the onset itself
+    EXPECT_EQ(Shown(zone->WallOfUtc(At("20281201T1200"))), "20281201T1400");
     ASSERT_EQ(log.Kept().size(), 2u);
     EXPECT_EQ(log.Kept()[0].line, 23);
     EXPECT_EQ(log.Kept()[1].line, 25);

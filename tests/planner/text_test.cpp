@@ -182,7 +182,7 @@ TEST(Lines, TakePropertiesApart)
 
 TEST(Lines, ReplacingKeepsTheRest)
 {
-    const std::string raw = "BEGIN:VEVENT\nX-A:1\n 2\nDTSTART;A=b;VALUE=DATE;C=d:20260101\nBEGIN:VALARM\nDTSTART:x\n"
+    const std::string raw = "BEGIN:VEVENT\nX-A:1\n 2\nDTSTART;A=b;VALUE=DATE;C=d:20260101\nBEGIN:VALARM\nSUMMARY:x\n"
                             "END:VALARM\nSUMMARY:old";
     ComponentText text(raw);
     EXPECT_EQ(text.Text(), raw);
@@ -190,7 +190,7 @@ TEST(Lines, ReplacingKeepsTheRest)
     text.Replace(start, WithValue(*text.Lines()[start].property, {"VALUE"}, ";TZID=Z", "new"));
     text.Replace(text.Find("SUMMARY"), "SUMMARY:" + std::string(70, 'y'));
     text.InsertAfter(text.Find("SUMMARY"), "LOCATION:here");
-    EXPECT_EQ(text.Text(), "BEGIN:VEVENT\nX-A:1\n 2\nDTSTART;A=b;C=d;TZID=Z:new\nBEGIN:VALARM\nDTSTART:x\nEND:VALARM\n"
+    EXPECT_EQ(text.Text(), "BEGIN:VEVENT\nX-A:1\n 2\nDTSTART;A=b;C=d;TZID=Z:new\nBEGIN:VALARM\nSUMMARY:x\nEND:VALARM\n"
                            "SUMMARY:" +
                                std::string(67, 'y') + "\n yyy\nLOCATION:here\n");
 }

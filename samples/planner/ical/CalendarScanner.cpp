@@ -105,6 +105,7 @@ private:
         }
         if (m_open.size() < MaxOpenComponents) {
             m_open.push_back({kind, m_at, m_line});
+            m_firstUnclosed.reset();
         }
     }
 
@@ -145,7 +146,7 @@ private:
                 m_scan.zones.Add(m_calendar, std::move(zone));
             }
         } else if (open.kind == "VCALENDAR") {
-            if (!properly && m_open.empty()) {
+            if (!properly) {
                 m_endOfCalendar = m_firstUnclosed.value_or(m_at);
                 m_endedCalendar = m_calendar;
             }
@@ -214,7 +215,7 @@ private:
     int m_events = 0;    // open VEVENTs
     std::size_t m_endOfCalendar = 0;
     int m_endedCalendar = 0;
-    std::optional<std::size_t> m_firstUnclosed; // the component that was closed last, if it had no END
+    std::optional<std::size_t> m_firstUnclosed; // where the component began that was closed just now without END
 };
 
 } // namespace

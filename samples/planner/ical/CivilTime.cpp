@@ -43,6 +43,15 @@ bool ParseClock(std::string_view text, CivilTime& civil)
            civil.second < 60;
 }
 
+// The length of a unit of a duration; hours, minutes and seconds stand behind the T. 0: no unit.
+std::int64_t UnitSeconds(char unit, bool inClock)
+{
+    if (inClock) {
+        return unit == 'H' ? HourSeconds : unit == 'M' ? MinuteSeconds : unit == 'S' ? 1 : 0;
+    }
+    return unit == 'W' ? WeekDays * DaySeconds : unit == 'D' ? DaySeconds : 0;
+}
+
 void AppendNumber(std::string& text, int value, int width)
 {
     const std::string digits = std::to_string(value);
@@ -174,13 +183,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
         if (digits == 0 || digits > MaxDurationDigits || at + digits >= text.size()) {
             return std::nullopt;
         }
-        const char unit = UpperLetter(text[at + digits]);
-        const std::int64_t scale = !inClock && unit == 'W'   ? WeekDays * DaySeconds
-                                   : !inClock && unit == 'D' ? DaySeconds
-                                   : inClock && unit == 'H'  ? HourSeconds
-                                   : inClock && unit == 'M'  ? MinuteSeconds
-                                   : inClock && unit == 'S'  ? 1
-                                                             : 0;
+        const std::int64_t scale = UnitSeconds(UpperLetter(text[at + digits]), inClock);
         if (scale == 0) {
             return std::nullopt;
         }

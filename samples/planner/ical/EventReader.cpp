@@ -60,33 +60,46 @@ void EventReader::ReadLine(const Line& line)
     if (property.isBroken) {
         Tell(line, property.name + " has a quotation mark that is not closed");
     }
-    const auto takeFirst = [&](const Line*& kept) {
-        if (kept) {
-            Tell(line, "a second " + property.name + " is not read");
-        } else {
-            kept = &line;
-        }
-    };
-    if (property.name == "DTSTART") {
-        takeFirst(m_start);
-    } else if (property.name == "DTEND") {
-        takeFirst(m_end);
-    } else if (property.name == "DURATION") {
-        takeFirst(m_duration);
-    } else if (property.name == "RRULE") {
-        takeFirst(m_rule);
-    } else if (property.name == "RECURRENCE-ID") {
-        takeFirst(m_replaces);
-    } else if (property.name == "RDATE" || property.name == "EXDATE") {
-        m_dateLists.push_back(&line);
-    } else if (property.name == "EXRULE") {
-        Tell(line, "EXRULE is not understood: what it excludes is shown");
-    } else {
+    if (!KeepForLater(line)) {
         ReadTexts(line);
     }
 }
 
-bool EventReader::ReadTexts(const Line& line)
+// Keeps the lines whose meaning depends on others. False for other lines.
+bool EventReader::KeepForLater(const Line& line)
+{
+    const Property& property = *line.property;
+    struct SingleLine
+    {
+        std::string_view name;
+        const Line* EventReader::*kept;
+    };
+    static constexpr SingleLine singleLines[] = {
+        {"DTSTART", &EventReader::m_start},          {"DTEND", &EventReader::m_end},
+        {"DURATION", &EventReader::m_duration},      {"RRULE", &EventReader::m_rule},
+        {"RECURRENCE-ID", &EventReader::m_replaces},
+    };
+    for (const SingleLine& single : singleLines) {
+        if (single.name == property.name) {
+            if (this->*single.kept) {
+                Tell(line, "a second " + property.name + " is not read");
+            } else {
+                this->*single.kept = &line;
+            }
+            return true;
+        }
+    }
+    if (property.name == "RDATE" || property.name == "EXDATE") {
+        m_dateLists.push_back(&line);
+    } else if (property.name == "EXRULE") {
+        Tell(line, "EXRULE is not understood: what it excludes is shown");
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void EventReader::ReadTexts(const Line& line)
 {
     const std::string& name = line.property->name;
     if (name == "SUMMARY") {
@@ -108,10 +121,7 @@ bool EventReader::ReadTexts(const Line& line)
                 m_event->categories.emplace_back(trimmed);
             }
         }
-    } else {
-        return false;
     }
-    return true;
 }
 
 std::string EventReader::TextOf(const Line& line, bool isList)

@@ -31,7 +31,8 @@ private:
     std::string TextOf(const Line& line, bool isList = false);
     std::optional<EventTime> ReadTime(const Line& line, std::string_view value);
     void ReadLine(const Line& line);
-    bool ReadTexts(const Line& line);
+    bool KeepForLater(const Line& line);
+    void ReadTexts(const Line& line);
     void ReadEnd();
     void ReadRecurrence();
     void ReadRule();

@@ -13,7 +13,7 @@ class Expander
 {
 public:
     Expander(const EventPtr& event, const ReplacedTimes& replaced, const ZonePtr& displayZone)
-        : m_event(event), m_displayZone(event->IsAllDay() ? nullptr : displayZone)
+        : m_event(event), m_displayZone(displayZone)
     {
         const auto found =
             event->uid.empty() || event->replaces ? replaced.end() : replaced.find({event->calendar, event->uid});
