@@ -70,7 +70,7 @@ void BarPainter::DrawSelection(const tagCALENDAR_ITEM& item, COLORREF color)
 
 void BarPainter::DrawText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered)
 {
-    m_texts.Draw(m_pDC, pSelectedFont, text, content, (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER);
+    m_texts.Draw(m_pDC, pSelectedFont, text, content, (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
 } // namespace dayvane

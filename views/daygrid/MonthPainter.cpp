@@ -80,6 +80,7 @@ void MonthFonts::Delete()
 {
     for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText})
         font->DeleteObject();
+    texts.Clear();
 }
 
 CFont* MonthFonts::CaptionNumber(const LOGFONT& itemFont)
@@ -217,43 +218,46 @@ void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, Pen
 
 void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts)
 {
-    constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+    TextCache& cache = fonts.texts;
     CRect rest = strip;
     rest.DeflateRect(kPaintMetrics.stripInset, 0);
     pDC->SetTextColor(texts.color);
     {
         const SelectGdi selectNumber(pDC, &fonts.dayNumber);
-        pDC->DrawText(texts.number, &rest, kFormat | DT_LEFT);
-        rest.left += pDC->GetTextExtent(texts.number).cx + kPaintMetrics.suffixGap;
+        cache.Draw(pDC, &fonts.dayNumber, texts.number, rest, DT_LEFT | DT_VCENTER);
+        rest.left += cache.WidthOf(pDC, &fonts.dayNumber, texts.number) + kPaintMetrics.suffixGap;
     }
     const SelectGdi selectFont(pDC, &fonts.annotation);
-    pDC->DrawText(texts.suffix, &rest, kFormat | DT_LEFT);
-    rest.left += pDC->GetTextExtent(texts.suffix).cx + kPaintMetrics.annotationGap;
-    if (texts.annotation.IsEmpty() || rest.Width() < kPaintMetrics.annotationMinWidth)
+    cache.Draw(pDC, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
+    rest.left += cache.WidthOf(pDC, &fonts.annotation, texts.suffix) + kPaintMetrics.annotationGap;
+    if (rest.Width() < kPaintMetrics.annotationMinWidth)
         return;
     pDC->SetTextColor(texts.annotationColor);
-    pDC->DrawText(texts.annotation, &rest, kFormat | DT_RIGHT | DT_END_ELLIPSIS);
+    cache.Draw(pDC, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
 void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts)
 {
+    TextCache& cache = fonts.texts;
     CRect number = cell;
     number.top += kPaintMetrics.numberTop;
     number.right -= kPaintMetrics.numberRight;
     const SelectGdi selectNumber(pDC, &fonts.dayNumber);
-    if (!look.annotation.IsEmpty()) {
-        CRect annotation = cell;
-        annotation.left += kPaintMetrics.annotationLeft;
-        annotation.top += kPaintMetrics.annotationTop;
-        annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
-        annotation.right = number.right - pDC->GetTextExtent(look.dayNumber).cx - kPaintMetrics.annotationGap;
-        const SelectGdi selectFont(pDC, &fonts.annotation);
-        pDC->SetTextColor(look.annotationColor);
-        if (annotation.Width() >= kPaintMetrics.annotationMinWidth)
-            pDC->DrawText(look.annotation, &annotation, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
-    }
     pDC->SetTextColor(look.dayNumberColor);
-    pDC->DrawText(look.dayNumber, &number, DT_RIGHT | DT_SINGLELINE | DT_NOPREFIX);
+    cache.Draw(pDC, &fonts.dayNumber, look.dayNumber, number, DT_RIGHT | DT_TOP);
+    if (look.annotation.IsEmpty())
+        return;
+    CRect annotation = cell;
+    annotation.left += kPaintMetrics.annotationLeft;
+    annotation.top += kPaintMetrics.annotationTop;
+    annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
+    annotation.right =
+        number.right - cache.WidthOf(pDC, &fonts.dayNumber, look.dayNumber) - kPaintMetrics.annotationGap;
+    if (annotation.Width() < kPaintMetrics.annotationMinWidth)
+        return;
+    const SelectGdi selectFont(pDC, &fonts.annotation);
+    pDC->SetTextColor(look.annotationColor);
+    cache.Draw(pDC, &fonts.annotation, look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
 }
 
 } // namespace dayvane

@@ -5,6 +5,7 @@
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/GdiPens.h"
 #include "views/daygrid/MonthCellLook.h"
+#include "views/daygrid/TextCache.h"
 
 namespace dayvane
 {
@@ -49,6 +50,7 @@ public:
     CFont dayNumber;
     CFont smallLatin; // for the printer
     CFont annotation; // holidays, solar terms, the host's text for a day
+    TextCache texts;  // in these fonts
 
     // The fonts of the title band are made from the item font: its face, character set and style.
     CFont* CaptionNumber(const LOGFONT& itemFont);

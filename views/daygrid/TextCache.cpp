@@ -103,7 +103,7 @@ void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const 
     if (text.IsEmpty() || rect.IsRectEmpty())
         return;
     const int height = FactsOf(pDC, pSelectedFont).height;
-    const Line& line = LineFor(pDC, pSelectedFont, text, rect.Width());
+    const Line& line = LineFor(pDC, pSelectedFont, text, (format & DT_END_ELLIPSIS) ? rect.Width() : INT_MAX);
     int x = rect.left;
     if (format & DT_CENTER)
         x += (rect.Width() - line.width) / 2;
