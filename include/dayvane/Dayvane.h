@@ -12,6 +12,7 @@
 #include "core/CalendarClock.h"
 #include "core/CalendarCtrl.h"
 #include "core/CalendarNotify.h"
+#include "core/CalendarView.h"
 #include "core/DrawingHelpers.h"
 #include "core/InPlaceEdit.h"
 #include "pickers/MiniCalendarCtrl.h"
@@ -21,4 +22,7 @@
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
+#include "views/docview/CalendarViews.h"
+#include "views/timegrid/DayViewCtrl.h"
+#include "views/timegrid/WeekDayViewCtrl.h"
 #endif
