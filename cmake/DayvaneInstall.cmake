@@ -20,7 +20,7 @@ install(FILES include/dayvane/Dayvane.h DESTINATION ${header_root})
 foreach(folder ${DAYVANE_MFC_DIRS})
   install(DIRECTORY ${folder}/ DESTINATION ${header_root}/${folder} FILES_MATCHING PATTERN "*.h")
 endforeach()
-foreach(folder calc core views/daygrid views/timegrid pickers printing)
+foreach(folder ${DAYVANE_FOLDERS})
   file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
   foreach(header ${headers})
     # Where there are no windows, the headers that need them stay behind.
