@@ -7,15 +7,13 @@ using namespace dayvane;
 
 namespace
 {
-constexpr UINT kId = 77;
-
 template <class Control>
 struct Stage
 {
     explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10)) : control(std::make_unique<Control>())
     {
         control->SetRowAndCol(rows, columns);
-        control->Create(WS_CHILD | WS_VISIBLE, CRect(at, control->GetGridSize()), &parent, kId);
+        control->Create(WS_CHILD | WS_VISIBLE, CRect(at, control->GetGridSize()), &parent, kSelectorId);
         PumpMessages();
     }
     CPoint At(const COleDateTime& date) const

@@ -21,6 +21,8 @@ inline COleDateTime Day(int year, int month, int day)
     return COleDateTime(year, month, day, 0, 0, 0);
 }
 
+constexpr UINT kSelectorId = 77; // of the one selector in a parent
+
 class PickerParent : public testsupport::RecordingParent
 {
 public:
@@ -40,9 +42,11 @@ public:
         Told log;
         for (const testsupport::Notification& entry : Log()) {
             log.push_back(entry.Name());
+            const bool isMessage = entry.record == testsupport::Notification::Record::Message;
+            EXPECT_EQ(kSelectorId, isMessage ? static_cast<UINT>(entry.lParam) : entry.hdr.idFrom);
             if (entry.record == testsupport::Notification::Record::Selection) {
                 log.back() += " " + Text(entry.selection.stSelStart) + " - " + Text(entry.selection.stSelEnd);
-            } else if (entry.record == testsupport::Notification::Record::Message) {
+            } else if (isMessage) {
                 log.back() += " " + std::to_string(entry.wParam);
             }
         }

@@ -7,8 +7,6 @@ using namespace dayvane;
 
 namespace
 {
-constexpr UINT kId = 55;
-
 // Hosts have these numbers in their own sources.
 static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
                   YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) &&
@@ -19,7 +17,7 @@ struct Picker
 {
     explicit Picker(CRect place = CRect(10, 10, 160, 40)) : control(std::make_unique<CYearMonthPickerCtrl>())
     {
-        control->Create("", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, place, &parent, kId);
+        control->Create("", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, place, &parent, kSelectorId);
         control->SetCurrentDate(Day(2010, 5, 1));
         PumpMessages();
     }
@@ -181,6 +179,25 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
     }
 }
 
+TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
+{
+    typedef std::function<void(Picker&)> Act;
+    const Act ends[] = {
+        [](Picker& p) { p.control->DestroyWindow(); },
+        [](Picker& p) { p.control.reset(); },
+        [](Picker& p) { p.parent.DestroyWindow(); },
+    };
+    for (const Act& end : ends) {
+        Picker p;
+        p.parent.SetFocus();
+        p.control->OnClicked();
+        const HWND popup = p.control->GetPopup()->m_hWnd;
+        end(p);
+        EXPECT_FALSE(::IsWindow(popup));
+        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+    }
+}
+
 TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
 {
     Picker p;
@@ -209,7 +226,8 @@ TEST(YearMonthPickerWindow, TheHostMayDoAnythingInAMessage)
             if (message > 1) {
                 p.ClickMonth(8);
             }
-            EXPECT_GE(p.parent.Take().size(), static_cast<size_t>(message));
+            // Losing the focus in the first one, the picker tells that its popup closes; then, and later, no word more.
+            EXPECT_EQ(message == 1 ? 3u : static_cast<size_t>(message), p.parent.Take().size());
             EXPECT_EQ(nullptr, ::GetCapture());
         }
     }
