@@ -84,20 +84,19 @@ std::vector<tagCC_ITEM> ReadEvents(const std::string& file)
     return items;
 }
 
-std::vector<tagCC_ITEM> GenerateEvents(int count, const COleDateTime& firstDay)
+std::vector<tagCC_ITEM> GenerateEvents(int count, const COleDateTime& firstDay, const EventSpread& spread)
 {
-    constexpr int kShownDays = 42;
     constexpr int kQuarterHours = 4;
     constexpr int kMinutesPerDay = 24 * 60;
     std::mt19937 random(1);
     const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     std::vector<tagCC_ITEM> items(count);
     for (tagCC_ITEM& item : items) {
-        const int day = below(kShownDays);
+        const int day = below(spread.days);
         const int kind = below(10);
         const int start = kMinutesPerDay * day + 60 * (8 + below(10)) + 15 * below(kQuarterHours);
-        const int days = kind == 0 ? 1 + below(6) : 0; // further days
-        item.nFullday = kind == 1;
+        const int days = kind == 0 && !spread.timedOnly ? 1 + below(6) : 0; // further days
+        item.nFullday = kind == 1 && !spread.timedOnly;
         item.dtStart = dayvane::AddMinutes(firstDay, start);
         item.dtEnd = dayvane::AddMinutes(firstDay, start + kMinutesPerDay * days + 60 * (1 + below(2)));
         item.strText = kSubjects[below(sizeof(kSubjects) / sizeof(kSubjects[0]))];

@@ -14,9 +14,16 @@ namespace bench
 // std::runtime_error with the number of the first line that cannot be read.
 std::vector<tagCC_ITEM> ReadEvents(const std::string& file);
 
-// `count` items, the same ones for the same arguments, all of them touching the six weeks from firstDay on: mostly an
-// hour or two, some all-day, some over several days.
-std::vector<tagCC_ITEM> GenerateEvents(int count, const COleDateTime& firstDay);
+// Over how many days made-up items spread, and whether all of them are an hour or two within one day.
+struct EventSpread
+{
+    int days;
+    bool timedOnly;
+};
+
+// `count` items, the same ones for the same arguments, all of them touching the days from firstDay on: mostly an hour or
+// two, some all-day, some over several days.
+std::vector<tagCC_ITEM> GenerateEvents(int count, const COleDateTime& firstDay, const EventSpread& spread);
 
 // YYYY-MM-DD, with Thh:mm or Thh:mm:ss after it or not; false when it is no date.
 bool ParseDateTime(const std::string& text, COleDateTime& date);

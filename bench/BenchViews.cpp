@@ -1,7 +1,10 @@
 #include "BenchViews.h"
 
 #include "tests/daygrid/LiteralMonth.h"
+#include "tests/timegrid/LiteralRules.h"
 #include "views/daygrid/MonthViewCtrl.h"
+#include "views/timegrid/DayViewCtrl.h"
+#include "views/timegrid/WeekDayViewCtrl.h"
 
 #include <cstdio>
 #include <cstring>
@@ -26,6 +29,40 @@ public:
     }
 };
 
+class BenchDay : public CDayViewCtrl, public BenchView
+{
+public:
+    CCalendarCtrl& Control() override { return *this; }
+    void Paint(CDC* pDC) override { DrawCtrl(pDC); }
+    void LayOutLiterally(int cx, int cy) override
+    {
+        SetFulldayItemCount(literal::DayScreenItems(m_arItem, m_dtCurrentDate, m_arScreenItem));
+        CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
+        literal::DayItemRects(m_arScreenItem, m_rcContent, m_dtCurrentDate, m_nTimeScale);
+        literal::DayLanes(m_arScreenItem, m_rcFulldayContent);
+    }
+};
+
+// A week.
+class BenchWeekDay : public CWeekDayViewCtrl, public BenchView
+{
+public:
+    BenchWeekDay() { SetDateScale(15); }
+    CCalendarCtrl& Control() override { return *this; }
+    void Paint(CDC* pDC) override { DrawCtrl(pDC); }
+    void LayOutLiterally(int cx, int cy) override
+    {
+        // The same screen items in both ways: their making is linear as it stands.
+        MakeScreenItem(m_arItem, m_arScreenItem);
+        CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
+        std::vector<CRect> columns;
+        for (int i = 0; i < GetMaxDays(); ++i)
+            columns.push_back(GetColumnRect(i));
+        literal::ManyDayItemRects(m_arScreenItem, columns, m_dtViewBegin, m_nTimeScale);
+        literal::ManyDayLanes(m_arScreenItem, m_rcFulldayContent, columns, m_dtViewBegin);
+    }
+};
+
 template <class View>
 std::unique_ptr<BenchView> Make()
 {
@@ -33,7 +70,9 @@ std::unique_ptr<BenchView> Make()
 }
 
 constexpr BenchViewEntry kViews[] = {
-    {"month", &Make<BenchMonth>},
+    {"month", &Make<BenchMonth>, {42, false}},
+    {"day", &Make<BenchDay>, {1, true}},
+    {"weekday", &Make<BenchWeekDay>, {7, true}},
 };
 
 } // namespace

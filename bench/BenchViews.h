@@ -1,6 +1,7 @@
 // The views that can be measured: one row of a table each.
 #pragma once
 
+#include "BenchEvents.h"
 #include "core/CalendarCtrl.h"
 
 #include <memory>
@@ -23,6 +24,7 @@ struct BenchViewEntry
 {
     const char* name; // of --view
     std::unique_ptr<BenchView> (*make)();
+    EventSpread spread; // of made-up items
 };
 
 const BenchViewEntry* FindView(const char* name); // nullptr: there is none

@@ -74,13 +74,18 @@ void Measure(const char* phase, int repeat, const std::function<void()>& action,
     Print(phase, times[times.size() / 2], times.front(), times.back());
 }
 
+// Of all heaps of the process: the C runtime may have its own.
 size_t HeapBytesInUse()
 {
+    HANDLE heaps[64];
+    const DWORD count = ::GetProcessHeaps(sizeof(heaps) / sizeof(heaps[0]), heaps);
     size_t bytes = 0;
-    PROCESS_HEAP_ENTRY entry = {};
-    while (::HeapWalk(::GetProcessHeap(), &entry)) {
-        if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)
-            bytes += entry.cbData + entry.cbOverhead;
+    for (DWORD i = 0; i < count; ++i) {
+        PROCESS_HEAP_ENTRY entry = {};
+        while (::HeapWalk(heaps[i], &entry)) {
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)
+                bytes += entry.cbData + entry.cbOverhead;
+        }
     }
     return bytes;
 }
@@ -103,7 +108,7 @@ public:
         COleDateTime first;
         COleDateTime last;
         m_ctrl.GetViewRange(first, last);
-        m_items = m_options.events.empty() ? bench::GenerateEvents(m_options.generate, first)
+        m_items = m_options.events.empty() ? bench::GenerateEvents(m_options.generate, first, m_options.view->spread)
                                            : bench::ReadEvents(m_options.events);
         return true;
     }

@@ -1,4 +1,4 @@
-#include "timegrid/LiteralRules.h"
+#include "LiteralRules.h"
 
 #include "core/ItemStore.h"
 
@@ -154,6 +154,17 @@ void ManyDayItemRects(ItemArray& screen, const std::vector<CRect>& columns, cons
         CopySameIdentifiers(screen, layout);
     }
     InsetTimed(screen);
+}
+
+void DayLanes(ItemArray& screen, const CRect& band)
+{
+    int k = 0;
+    for (int i = 0; i < screen.GetSize(); ++i) {
+        if (IsFulldayItem(screen[i])) {
+            screen[i].rcItem = CRect(band.left + 5, band.top + 5 + 25 * k, band.right - 5, band.top + 25 + 25 * k);
+            ++k;
+        }
+    }
 }
 
 void ManyDayLanes(ItemArray& screen, const CRect& band, const std::vector<CRect>& columns, const COleDateTime& firstDay)

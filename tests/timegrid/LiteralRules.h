@@ -17,6 +17,7 @@ CRect ItemBox(const dayvane::tagCALENDAR_ITEM& item, const CRect& grid, const CO
 void DayItemRects(dayvane::ItemArray& screen, const CRect& grid, const COleDateTime& day, int scale);
 void ManyDayItemRects(dayvane::ItemArray& screen, const std::vector<CRect>& columns, const COleDateTime& firstDay,
                       int scale);
+void DayLanes(dayvane::ItemArray& screen, const CRect& band);
 void ManyDayLanes(dayvane::ItemArray& screen, const CRect& band, const std::vector<CRect>& columns,
                   const COleDateTime& firstDay);
 int DayScreenItems(const dayvane::ItemArray& store, const COleDateTime& day, dayvane::ItemArray& screen);

@@ -65,7 +65,9 @@ TEST(TimeGridLayout, DayMatchesTheLiteralRules)
         }
         const TimeGridFrame frame = CalcTimeGridFrame(RandomClient(random), random.Below(2), 0, lanes, 1);
         literal::DayItemRects(expected, frame.grid, kDay, scale.rowsPerHour);
+        literal::DayLanes(expected, frame.fulldayContent);
         PlaceTimedItems(actual, frame.columns, kDay, scale, kOneDayOverlap);
+        LayOneDayLanes(actual, frame.fulldayContent);
         ASSERT_NO_FATAL_FAILURE(ExpectSameItems(expected, actual));
     }
 }

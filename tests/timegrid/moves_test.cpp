@@ -194,7 +194,7 @@ TEST(Look, TextsTellWhatTheBoxCannot)
     item.nFullday = 1;
     EXPECT_STREQ("x%s", BandItemText(item));
 
-    const CaptionTexts caption = CaptionOfDay(ShownDay::Of(At(9, 0, 29)), true, true);
+    const GridCaptionTexts caption = CaptionOfDay(ShownDay::Of(At(9, 0, 29)), true, true);
     EXPECT_STREQ("4.29", caption.date);
     EXPECT_STREQ(" (土)", caption.weekday);
     EXPECT_STREQ("     Saturday, 29 April, 2017", caption.longDate);

@@ -180,7 +180,7 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
         CRect box = item.rcItem;
         box.OffsetRect(0, -m_nVertScroll);
         if (item.rcItem.top != -1 && painter.IsVisible(box) && !dayvane::IsBandItem(item))
-            DrawTimedItem(pDC, state, item, box);
+            DrawTimedItem(pDC, state, item, box.right);
     }
 }
 

@@ -119,7 +119,7 @@ void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF
     area.left += m_pDC->GetTextExtent(text).cx;
 }
 
-void TimeGridPainter::DrawDayCaption(const CRect& caption, const CaptionTexts& texts, int dayOfWeek, CFont* date,
+void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
                                      CFont* text)
 {
     if (!IsVisible(caption))
@@ -143,7 +143,7 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const CaptionTexts& t
     DrawCaptionPart(area, texts.solarTerm, plain, shadow);
 }
 
-void TimeGridPainter::DrawDaysCaption(const CRect& caption, const CaptionTexts& texts, CFont* date, CFont* text)
+void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text)
 {
     if (!IsVisible(caption))
         return;

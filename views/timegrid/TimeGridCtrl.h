@@ -95,7 +95,8 @@ protected:
     int GetFocusedScreenItem() const;
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
     void DrawRows(CDC* pDC, int nColumn);
-    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, const CRect& box);
+    // In the part of the grid that is left of nEnd.
+    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, int nEnd);
 
     CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
     CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler

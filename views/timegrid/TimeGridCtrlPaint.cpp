@@ -117,10 +117,12 @@ int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect conte
 }
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item,
-                                  const CRect& box)
+                                  int nEnd)
 {
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    CRect content = painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
+    CRect box = item.rcItem;
+    box.OffsetRect(0, -state.scroll);
+    CRect content = painter.DrawTimedBox(item, box, nEnd, item.nSource == m_nCurSel);
     content.left += DrawMarks(pDC, item, content, FALSE);
     const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawTimedText(item, content, GetColumnCount() > 1);

@@ -101,9 +101,9 @@ CString BandItemText(const tagCALENDAR_ITEM& item)
     return item.strText;
 }
 
-CaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms)
+GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms)
 {
-    CaptionTexts texts;
+    GridCaptionTexts texts;
     if (day.dayOfWeek == -1)
         return texts;
     texts.date = day.date.Format("%#m.%#d");
@@ -116,9 +116,9 @@ CaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolar
     return texts;
 }
 
-CaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last)
+GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last)
 {
-    CaptionTexts texts;
+    GridCaptionTexts texts;
     if (first.GetStatus() != COleDateTime::valid || last.GetStatus() != COleDateTime::valid)
         return texts;
     texts.date = Joined("%s - %s", first.Format("%#m.%#d"), last.Format("%#m.%#d"));

@@ -50,7 +50,7 @@ CString TimedItemText(const tagCALENDAR_ITEM& item);
 CString BandItemText(const tagCALENDAR_ITEM& item);
 
 // The texts of the title band, from left to right.
-struct CaptionTexts
+struct GridCaptionTexts
 {
     CString date;
     CString weekday;
@@ -58,8 +58,8 @@ struct CaptionTexts
     CString holiday;
     CString solarTerm;
 };
-CaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms);
-CaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last);
+GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms);
+GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last);
 
 // The texts of a column's header: the widest that fits is shown.
 struct HeaderTexts

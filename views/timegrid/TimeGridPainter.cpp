@@ -192,15 +192,17 @@ void TimeGridPainter::DrawStripe(const CRect& box, COLORREF color)
                              color);
 }
 
-CRect TimeGridPainter::DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, bool isCurrent)
+CRect TimeGridPainter::DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent)
 {
-    m_pDC->FillSolidRect(&box, item.crColor2);
-    DrawStripe(box, item.crColor3);
-    DrawBoxEdges(box, isCurrent ? m_colors.highlight : item.crColor4, isCurrent ? kPaint.currentFrame : OUTLINE, true,
-                 true);
-    CRect content = box;
+    CRect seen = box;
+    seen.right = std::min<int>(box.right, end);
+    m_pDC->FillSolidRect(&seen, item.crColor2);
+    DrawStripe(seen, item.crColor3);
+    DrawBoxEdges(seen, isCurrent ? m_colors.highlight : item.crColor4, isCurrent ? kPaint.currentFrame : OUTLINE, true,
+                 box.right <= end);
+    CRect content = seen;
     content.DeflateRect(kPaint.textInset, kPaint.textInset);
-    content.left = box.left + kPaint.textLeft;
+    content.left = seen.left + kPaint.textLeft;
     // The text of a box that is partly scrolled away stays in sight.
     if (content.top < m_state.frame.grid.top)
         content.top = m_state.frame.grid.top + kPaint.textInset;

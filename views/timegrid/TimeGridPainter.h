@@ -77,16 +77,17 @@ public:
     void DrawSeparators(const CRect& area, const std::vector<CRect>& columns);
     void DrawNowLine(const CRect& column, const ClockTime& now);
 
-    // Box and outline of an item; returns what is left for marks and text. Band items are open where they go on.
-    CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, bool isCurrent);
+    // Box and outline of an item; returns what is left for marks and text. A timed item is cut, and open, at the right edge
+    // `end` of its column; band items are open where they go on.
+    CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent);
     CRect DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& band, bool isCurrent);
     // Texts in the selected font; none where not even a letter has room.
     // A box too narrow for both times shows the text alone when `timesWhereTheyFit` says so.
     void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit);
     void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content);
 
-    void DrawDayCaption(const CRect& caption, const CaptionTexts& texts, int dayOfWeek, CFont* date, CFont* text);
-    void DrawDaysCaption(const CRect& caption, const CaptionTexts& texts, CFont* date, CFont* text);
+    void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date, CFont* text);
+    void DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text);
 
     void DrawHeaderBackground(const CRect& header);
     void DrawHeaderFrame(const CRect& box, COLORREF frame);

@@ -104,14 +104,6 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 // An item pushed beyond its column must not cover the next day's.
 void CWeekDayViewCtrl::_DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item)
 {
-    const dayvane::TimeGridState state = State();
-    CRect box = item.rcItem;
-    box.OffsetRect(0, -m_nVertScroll);
-    if (box.right <= rcColumn.right) {
-        DrawTimedItem(pDC, state, item, box);
-    } else if (box.left < rcColumn.right) {
-        const dayvane::SaveDcScope saved(pDC);
-        pDC->IntersectClipRect(&rcColumn);
-        DrawTimedItem(pDC, state, item, box);
-    }
+    if (item.rcItem.left < rcColumn.right)
+        DrawTimedItem(pDC, State(), item, rcColumn.right);
 }
