@@ -1,8 +1,11 @@
 #include "BenchViews.h"
 
+#include "core/DateMath.h"
 #include "tests/daygrid/LiteralMonth.h"
 #include "tests/timegrid/LiteralRules.h"
 #include "views/daygrid/MonthViewCtrl.h"
+#include "views/daygrid/WeekViewCtrl.h"
+#include "views/daygrid/YearViewCtrl.h"
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
@@ -28,6 +31,34 @@ public:
         ScreenItemsChanged();
     }
 };
+
+// The week or the year view.
+template <class View, bool months>
+class BenchBoxes : public View, public BenchView
+{
+public:
+    CCalendarCtrl& Control() override { return *this; }
+    void Paint(CDC* pDC) override { this->DrawCtrl(pDC); }
+    void LayOutLiterally(int cx, int cy) override
+    {
+        this->CalcLayout(CRect(0, 0, cx, cy), this->m_rcCaption, this->m_rcRuler, this->m_rcContent);
+        const dayvane::BoxViewLayout layout =
+            dayvane::LayOutBoxView(CRect(0, 0, cx, cy), true, months ? dayvane::kYearMetrics : dayvane::kWeekMetrics);
+        literal::BoxView view = {layout.boxes, {}, months};
+        for (int box = 0; box < static_cast<int>(layout.boxes.size()); ++box)
+            view.dates.push_back(this->DateOfBox(box));
+        const dayvane::DayRows starts = this->GetRows();
+        std::vector<literal::Range> rows;
+        for (size_t row = 0; row + 1 < starts.size(); ++row)
+            rows.push_back({dayvane::DateOfDayNumber(starts[row]),
+                            dayvane::EndOfDay(dayvane::DateOfDayNumber(starts[row + 1] - 1))});
+        literal::MakePieces(this->m_arItem, rows, this->m_arScreenItem);
+        literal::CalcBoxBars(view, this->m_arScreenItem);
+        this->ScreenItemsChanged();
+    }
+};
+using BenchWeek = BenchBoxes<CWeekViewCtrl, false>;
+using BenchYear = BenchBoxes<CYearViewCtrl, true>;
 
 class BenchDay : public CDayViewCtrl, public BenchView
 {
@@ -71,6 +102,8 @@ std::unique_ptr<BenchView> Make()
 
 constexpr BenchViewEntry kViews[] = {
     {"month", &Make<BenchMonth>, {42, false}},
+    {"week", &Make<BenchWeek>, {8, false}},
+    {"year", &Make<BenchYear>, {365, false}},
     {"day", &Make<BenchDay>, {1, true}},
     {"weekday", &Make<BenchWeekDay>, {7, true}},
 };

@@ -1,6 +1,6 @@
 // How fast the views are: adding, layout, paint, hit test, a step of a drag, navigation.
 //
-//   dayvane-bench [--view month] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] [--repeat N]
+//   dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] [--repeat N]
 //                 [--no-literal]
 //
 // One line each: phase<TAB>median_us<TAB>min_us<TAB>max_us.

@@ -127,4 +127,55 @@ void Overflow(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray&
     }
 }
 
+namespace
+{
+
+// How many boxes the rule makes the item's bar wide; 0 or less: it keeps the width of its own box.
+int BoxesOf(const tagCALENDAR_ITEM& item, bool months)
+{
+    if (months)
+        return item.dtEnd.GetMonth() - item.dtStart.GetMonth() + 1;
+    return static_cast<int>(SecondsBetween(StartOfDay(item.dtStart), EndOfDay(item.dtEnd)) / 86400) + 1;
+}
+
+CRect BarInBox(const CRect& box, int boxes)
+{
+    CRect rect = box;
+    rect.top += 25;
+    rect.bottom = rect.top + 26;
+    if (boxes > 0)
+        rect.right = rect.left + box.Width() * boxes;
+    rect.InflateRect(-2, -2);
+    rect.NormalizeRect();
+    return rect;
+}
+
+} // namespace
+
+std::vector<bool> CalcBoxBars(const BoxView& view, ItemArray& items)
+{
+    const int count = static_cast<int>(items.GetSize());
+    for (int i = 0; i < count; ++i) {
+        items[i].rcItem = CRect(-1, -1, -1, -1);
+        for (size_t box = 0; box < view.boxes.size(); ++box) {
+            if (view.RangeOf(items[i]).start == view.dates[box]) {
+                items[i].rcItem = BarInBox(view.boxes[box], BoxesOf(items[i], view.months));
+                break;
+            }
+        }
+    }
+    Stack(items, 23, view.months ? MonthsOf : DaysOf);
+    std::vector<bool> more(view.boxes.size());
+    for (size_t box = 0; box < view.boxes.size(); ++box) {
+        for (int i = 0; i < count; ++i) {
+            if (!view.RangeOf(items[i]).Covers(view.dates[box]))
+                continue;
+            items[i].bNoFocus = items[i].rcItem.bottom >= view.boxes[box].bottom;
+            if (items[i].bNoFocus)
+                more[box] = true;
+        }
+    }
+    return more;
+}
+
 } // namespace literal

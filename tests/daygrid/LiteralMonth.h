@@ -39,4 +39,15 @@ inline void CalcMonthBars(const dayvane::MonthCellDateArray& dates, dayvane::Mon
     Overflow(dates, cells, items);
 }
 
+// The week or the year view: boxes that stand for days or months. Returns which boxes have an item that did not fit.
+struct BoxView
+{
+    std::vector<CRect> boxes;
+    std::vector<COleDateTime> dates; // first moment of each box
+    bool months;
+
+    Range RangeOf(const dayvane::tagCALENDAR_ITEM& item) const { return months ? MonthsOf(item) : DaysOf(item); }
+};
+std::vector<bool> CalcBoxBars(const BoxView& view, dayvane::ItemArray& items);
+
 } // namespace literal

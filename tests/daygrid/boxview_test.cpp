@@ -20,15 +20,13 @@ COleDateTime Day(int year, int month, int day)
     return COleDateTime(year, month, day, 0, 0, 0);
 }
 
-// What the two views have different: what a box stands for.
 struct Kind
 {
     const char* name;
     const BoxViewMetrics& metrics;
-    literal::Range (*rangeOf)(const tagCALENDAR_ITEM&);
 };
-const Kind kWeek = {"week", kWeekMetrics, literal::DaysOf};
-const Kind kYear = {"year", kYearMetrics, literal::MonthsOf};
+const Kind kWeek = {"week", kWeekMetrics};
+const Kind kYear = {"year", kYearMetrics};
 
 // A random view: any size, week or year, with items of every shape around it.
 class RandomView
@@ -104,50 +102,6 @@ private:
     std::mt19937 m_random;
 };
 
-// How many boxes the rule makes the item's bar wide; 0 or less: it keeps the width of its own box.
-int BoxesOf(const tagCALENDAR_ITEM& item, const Kind& kind)
-{
-    if (&kind == &kYear)
-        return item.dtEnd.GetMonth() - item.dtStart.GetMonth() + 1;
-    const long long seconds = SecondsBetween(StartOfDay(item.dtStart), EndOfDay(item.dtEnd));
-    return static_cast<int>(seconds / 86400) + 1;
-}
-
-// The three passes as the rules state them. Returns the boxes' marks.
-std::vector<bool> LayOutLiterally(const RandomView& view, ItemArray& items)
-{
-    const int count = static_cast<int>(items.GetSize());
-    for (int i = 0; i < count; ++i) {
-        items[i].rcItem = CRect(-1, -1, -1, -1);
-        for (size_t box = 0; box < view.dates.size(); ++box) {
-            if (view.kind.rangeOf(items[i]).start != view.dates[box])
-                continue;
-            CRect rect = view.layout.boxes[box];
-            rect.top += 25;
-            rect.bottom = rect.top + 26;
-            const int boxes = BoxesOf(items[i], view.kind);
-            if (boxes > 0)
-                rect.right = rect.left + view.layout.boxes[box].Width() * boxes;
-            rect.InflateRect(-2, -2);
-            rect.NormalizeRect();
-            items[i].rcItem = rect;
-            break;
-        }
-    }
-    literal::Stack(items, 23, view.kind.rangeOf);
-    std::vector<bool> more(view.dates.size());
-    for (size_t box = 0; box < view.dates.size(); ++box) {
-        for (int i = 0; i < count; ++i) {
-            if (!view.kind.rangeOf(items[i]).Covers(view.dates[box]))
-                continue;
-            items[i].bNoFocus = items[i].rcItem.bottom >= view.layout.boxes[box].bottom;
-            if (items[i].bNoFocus)
-                more[box] = true;
-        }
-    }
-    return more;
-}
-
 void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
 {
     RandomView view(kind, seed);
@@ -157,7 +111,8 @@ void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
     ItemArray expected;
     literal::MakePieces(view.items, view.RowRanges(), expected);
     ASSERT_EQ(pieces.GetSize(), expected.GetSize()) << kind.name << " " << seed;
-    const std::vector<bool> more = LayOutLiterally(view, expected);
+    const std::vector<bool> more =
+        literal::CalcBoxBars({view.layout.boxes, view.dates, &kind == &kYear}, expected);
     const BoxGrid grid = {view.layout.boxes, kind.metrics.columns};
     const std::vector<BoxLoad> loads = LayOutBars(grid, kind.metrics.bars, view.Spans(pieces), pieces);
     for (int i = 0; i < static_cast<int>(pieces.GetSize()); ++i) {
