@@ -132,7 +132,7 @@ tagCC_ITEM ItemOf(int number)
     item.bAlarm = number % 3 == 0;
     item.bRecurrent = number % 4 == 0;
     item.crColor2 = number % 2 ? 0xFFFFFF : 0xC0E0FF;
-    item.nReserved = number % 4;
+    item.nReserved = number % 2; // bold; italic fonts are kept to the end of the process and would count as lost
     return item;
 }
 
@@ -298,8 +298,8 @@ void StressHost::Option(const Event& event)
     case 3: ctrl.ShowSelectionWithItem(on); break;
     case 4: ctrl.EnableExtendedMove(on); break;
     case 5: ctrl.EnableMouseHoverEvent(on); break;
-    case 6: ctrl.SetDayColor(DateOf(event.b), event.b % 8); break;
-    default: WithoutInvalidArguments([&] { ctrl.SetTimeScale(event.b % 13); }); break;
+    case 6: ctrl.SetDayColor(DateOf(event.b), (event.b + 40) % 8); break;
+    default: WithoutInvalidArguments([&] { ctrl.SetTimeScale((event.b + 40) % 13); }); break;
     }
 }
 

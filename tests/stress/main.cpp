@@ -20,9 +20,9 @@ namespace
 
 constexpr int kDefaultEvents = 20000;
 constexpr int kDefaultSeed = 1;
-constexpr int kWarmUpEvents = 3000; // fill the caches of the system before objects are counted
+constexpr int kWarmUpEvents = 1500; // fill the caches of the system before objects are counted
 constexpr int kCompareEvery = 500;
-constexpr int kShrinkRuns = 250;
+constexpr DWORD kShrinkMilliseconds = 5 * 60 * 1000; // afterwards the script stays as short as it has become
 constexpr DWORD kChildMilliseconds = 3 * 60 * 60 * 1000; // a run of very many events
 
 struct Options
@@ -110,12 +110,12 @@ int RunChild(const Options& options, const std::vector<std::int64_t>& indices, b
 std::vector<std::int64_t> Shrink(const Options& options, std::vector<std::int64_t> script, int failure)
 {
     const bool warmUp = failure == 2;
-    int runs = 0;
-    for (size_t part = script.size() / 2; part > 0 && runs < kShrinkRuns; part /= 2) {
-        for (size_t from = 0; from < script.size() && runs < kShrinkRuns;) {
+    const DWORD began = ::GetTickCount();
+    const auto hasTime = [began] { return ::GetTickCount() - began < kShrinkMilliseconds; };
+    for (size_t part = script.size() / 2; part > 0 && hasTime(); part /= 2) {
+        for (size_t from = 0; from < script.size() && hasTime();) {
             std::vector<std::int64_t> shorter(script.begin(), script.begin() + from);
             shorter.insert(shorter.end(), script.begin() + std::min(from + part, script.size()), script.end());
-            ++runs;
             if (!shorter.empty() && RunChild(options, shorter, warmUp) == failure)
                 script = shorter;
             else
