@@ -30,16 +30,16 @@ public:
     int GetDayColor(int nDay) override;
     // Whether the row begins within the work hours, the day's own when the property says so.
     int IsWorkTime(int nRow) const;
+    // A timed item's rectangle as if it were alone in the grid; (-1, -1, -1, -1) when it begins on another day.
+    void _CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item);
+    // The k-th full-day item gets the k-th lane.
+    void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
     int DoPrint(CDC* pDC, CPrintInfo* pInfo) override;
 
 protected:
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid) override;
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
-    // A timed item's rectangle as if it were alone in the grid; (-1, -1, -1, -1) when it begins on another day.
-    void _CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item);
-    // The k-th full-day item gets the k-th lane.
-    void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;

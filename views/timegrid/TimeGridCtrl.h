@@ -33,6 +33,8 @@ public:
     // Scrolls down, from where it is, by as many lines as the time (nullptr: now) lies below the top of the day.
     void SyncToPresent(const COleDateTime* pWhen) override;
 
+    // Gives the full-day items of the screen list their lanes in the band.
+    virtual void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) = 0;
     // Fills one record for each grid row with the timed items that cover it, and raises their parallel counts. A time
     // that leads to a row outside the day throws CInvalidArgException.
     void GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout);
@@ -65,7 +67,6 @@ protected:
 
     // ---- Hooks of the time grids.
 
-    virtual void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) = 0;
     virtual void DrawHeader(CDC* pDC, CRect rcHeader);
     virtual void DrawFulldayRuler(CDC* pDC, CRect rcBand);
     virtual void DrawFulldayContent(CDC* pDC, CRect rcBand);

@@ -50,6 +50,9 @@ public:
     tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date) override; // nullptr: none
     void ClearDayProperty() override;
     int GetDayColor(int nColumn) override;
+    // A timed item's rectangle as if it were alone in the column of that day.
+    void _CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day);
+    void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
     int DoPrint(CDC* pDC, CPrintInfo* pInfo) override;
 
 protected:
@@ -57,9 +60,6 @@ protected:
     virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid);
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
-    // A timed item's rectangle as if it were alone in the column of that day.
-    void _CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day);
-    void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void _DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item); // what lies in the column

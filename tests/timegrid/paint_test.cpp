@@ -1,0 +1,242 @@
+// What the time grids draw: probe pixels for each layer, no pixel left out, nothing kept.
+#include "support/GuiCounts.h"
+#include "support/MemoryDc.h"
+#include "timegrid/GridScene.h"
+
+#include <gtest/gtest.h>
+
+using namespace gridtest;
+using testsupport::MemoryDc;
+
+namespace
+{
+constexpr COLORREF kWork = 0xFFFFFF;
+constexpr COLORREF kOff = 0xF7EDE6;
+constexpr COLORREF kOffHourLine = 0xE1BFA5;
+constexpr COLORREF kSundayOff = 0x8E8CDD;
+constexpr COLORREF kRuler = 0xFFEFE3;
+constexpr COLORREF kGrid = 0xE1BFA5;
+constexpr COLORREF kNowLine = 0x2A2AE0;
+
+template <class View>
+void Paint(Scene<View>& scene, MemoryDc& dc)
+{
+    scene.view->DrawCtrl(&dc.Dc());
+}
+} // namespace
+
+TEST(GridPaint, DayLayers)
+{
+    Scene<CDayViewCtrl> scene(500, 500);
+    scene.view->SetHighLightColor(0x123456);
+    scene.Add(At(8, 0), At(9, 0), 0, 0xC0FFC0);
+    scene.Add(At(0, 0), At(0, 0), 1, 0xFFC0C0);
+    scene.Scroll(SB_THUMBPOSITION, 10); // 5:00 at the top
+    MemoryDc dc(500, 500, 0x00FF00FF);
+    Paint(scene, dc);
+    const int right = scene.view->m_rcContent.right;
+    struct
+    {
+        const char* name;
+        int x, y;
+        COLORREF color;
+    } const probes[] = {
+        {"caption's last line", 300, 29, 0x21CBEF},
+        {"ruler", 3, 70, kRuler},
+        {"ruler line of 6:00", 10, 100, 0xCF9365},
+        {"ruler, left of its line", 1, 100, kRuler},
+        {"band over the ruler", 3, 40, kRuler},
+        {"between ruler and grid", 60, 300, kGrid},
+        {"band's outline", 61, 45, kGrid},
+        {"band", right - 3, 33, 0xFFFFFF},
+        {"bar", 300, 40, 0xFFC0C0},
+        {"off time 5:00", 300, 70, kOff},
+        {"line of 5:00", 300, 60, kOffHourLine},
+        {"work time 6:00", 300, 110, kWork},
+        {"line of the begin of work", 300, 100, kOffHourLine},
+        {"line of 7:00", 300, 140, 0xE1BFA5},
+        {"line of 7:30", 300, 160, 0xF1D7D5},
+        {"item", 300, 210, 0xC0FFC0},
+        {"item's outline", 300, 180, 0xCF9365},
+        {"beside the item", right - 10, 190, kWork},
+        {"selected row of 9:00", 300, 230, 0x123456},
+        {"the row behind it", 300, 250, kWork},
+    };
+    for (const auto& probe : probes)
+        EXPECT_EQ(probe.color, dc.Pixel(probe.x, probe.y)) << probe.name;
+    EXPECT_GT(dc.CountOther(CRect(66, 183, 200, 197), 0xC0FFC0), 20) << "text of the item";
+    EXPECT_GT(dc.CountOther(CRect(20, 45, 60, 60), kRuler), 10) << "label of the band";
+    EXPECT_GT(dc.CountOther(CRect(5, 105, 55, 135), kRuler), 20) << "6:00";
+
+    // The current item has a frame of two pixels, and hides the selected rows.
+    scene.view->SetCurSel(0);
+    Paint(scene, dc);
+    EXPECT_EQ(0x123456u, dc.Pixel(300, 180));
+    EXPECT_EQ(0x123456u, dc.Pixel(300, 179));
+    EXPECT_EQ(kWork, dc.Pixel(300, 230));
+    // A selection of whole days shows in the band.
+    scene.view->SetCurSel(-1);
+    scene.view->SetSelRange(At(0, 0), At(0, 0), TRUE);
+    Paint(scene, dc);
+    EXPECT_EQ(0x123456u, dc.Pixel(right - 3, 33));
+    EXPECT_EQ(kWork, dc.Pixel(300, 230));
+}
+
+TEST(GridPaint, DayColorsAndHolidays)
+{
+    Scene<CDayViewCtrl> scene(500, 500);
+    MemoryDc dc(500, 500);
+    struct
+    {
+        COleDateTime date;
+        bool showHolidays, ownHours;
+        int dayColor;
+        COLORREF row; // at noon
+    } const cases[] = {
+        {At(9, 0, 26), true, false, 0, kWork},
+        {At(9, 0, 23), true, false, 0, kSundayOff},
+        {At(9, 0, 22), true, false, 0, 0xBF9E8B},
+        {COleDateTime(2017, 5, 3, 9, 0, 0), true, false, 0, kSundayOff},
+        {COleDateTime(2017, 5, 3, 9, 0, 0), true, true, 0, 0xC9C8EF},
+        {COleDateTime(2017, 5, 3, 9, 0, 0), false, false, 0, kWork},
+        {At(9, 0, 26), true, false, 4, 0xBCECD5},
+    };
+    for (const auto& c : cases) {
+        scene.view->SetCurrentDate(c.date);
+        scene.view->ShowHoliday(c.showHolidays);
+        tagCALENDAR_DAY_PROPERTY property;
+        property.nDayColor = c.dayColor;
+        property.bUseMyWorkTime = c.ownHours;
+        scene.view->SetDayProperty(c.date, property);
+        scene.view->Refresh();
+        scene.Scroll(SB_THUMBPOSITION, 20);
+        Paint(scene, dc);
+        EXPECT_EQ(c.row, dc.Pixel(300, 60 + 90)) << c.date.GetMonth() << '/' << c.date.GetDay();
+    }
+    // The holiday's name is in the title band.
+    scene.view->ShowHoliday(TRUE);
+    scene.view->SetCurrentDate(COleDateTime(2017, 5, 3, 9, 0, 0));
+    Paint(scene, dc);
+    EXPECT_GT(dc.Count(CRect(0, 0, 500, 29), 0x2138EF), 10);
+    scene.view->ShowHoliday(FALSE);
+    Paint(scene, dc);
+    EXPECT_EQ(0, dc.Count(CRect(0, 0, 500, 29), 0x2138EF));
+}
+
+TEST(GridPaint, ColumnsOfManyDays)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500, At(8, 15));
+    scene.view->SetDateScale(15);
+    scene.view->SetHighLightColor(0x123456);
+    scene.view->ShowNowLine(TRUE);
+    scene.Add(At(7, 0), At(8, 0), 0, 0xC0FFC0);
+    scene.Add(At(7, 0, 27), At(8, 0, 27), 0, 0xC0FFC0);
+    scene.view->Refresh();
+    scene.Scroll(SB_THUMBPOSITION, 10);
+    MemoryDc dc(900, 500);
+    Paint(scene, dc);
+    const int top = scene.view->m_rcContent.top;
+    const auto column = [&scene](int i) { return scene.view->GetColumnRect(i); };
+    const int middle = column(2).CenterPoint().x;
+    EXPECT_EQ(kWork, dc.Pixel(column(1).left + 20, top + 70));
+    EXPECT_EQ(kSundayOff, dc.Pixel(column(6).left + 20, top + 70));
+    EXPECT_EQ(kGrid, dc.Pixel(column(3).left, top + 70)) << "separator";
+    EXPECT_EQ(kNowLine, dc.Pixel(middle, top + 130));
+    EXPECT_NE(kNowLine, dc.Pixel(column(3).CenterPoint().x, top + 130));
+    EXPECT_EQ(0xC0FFC0u, dc.Pixel(middle, top + 115));
+    EXPECT_EQ(0x123456u, dc.Pixel(middle, top + 170)) << "selected row";
+    EXPECT_EQ(kWork, dc.Pixel(column(3).CenterPoint().x, top + 170));
+    const auto header = [&](int i) { return CRect(column(i).left + 1, 31, column(i).right, 50); };
+    EXPECT_GT(dc.Count(header(2), 0x216FF1), 100) << "today";
+    EXPECT_EQ(0, dc.Count(header(3), 0x216FF1));
+    EXPECT_GT(dc.Count(header(5), 0x2138EF), 10) << "holiday on a Saturday";
+    EXPECT_GT(dc.Count(header(6), 0x0000FF), 5) << "Sunday";
+
+    // A box that is pushed beyond its column ends with it.
+    scene.view->m_arScreenItem[0].rcItem.right += 200;
+    Paint(scene, dc);
+    EXPECT_EQ(0xC0FFC0u, dc.Pixel(column(2).right - 2, top + 115));
+    EXPECT_NE(0xC0FFC0u, dc.Pixel(column(3).left, top + 115));
+    scene.view->ShowNowLine(FALSE);
+    Paint(scene, dc);
+    EXPECT_NE(kNowLine, dc.Pixel(middle, top + 130));
+}
+
+// Painted over two backgrounds, the pictures are alike: no pixel is left out, whatever the size and the scroll position.
+TEST(GridPaint, LeavesNoPixelOut)
+{
+    struct
+    {
+        int width, height;
+    } const sizes[] = {{500, 500}, {500, 1200}, {64, 64}, {61, 40}, {30, 300}, {1, 1}};
+    const auto isWhole = [](auto& scene, int width, int height) {
+        scene.view->SetWindowPos(nullptr, 0, 0, width, height, SWP_NOZORDER);
+        CRect client;
+        scene.view->GetClientRect(&client);
+        MemoryDc first(std::max<int>(client.right, 1), std::max<int>(client.bottom, 1), 0x112233);
+        MemoryDc second(first.Width(), first.Height(), 0xFEDCBA);
+        Paint(scene, first);
+        Paint(scene, second);
+        return client.IsRectEmpty() || first.SameAs(second);
+    };
+    Scene<CDayViewCtrl> day;
+    Scene<CWeekDayViewCtrl> week;
+    for (int scale : {1, 2, 5, 12, 60}) {
+        for (const auto& size : sizes) {
+            day.view->SetTimeScale(scale);
+            week.view->SetTimeScale(scale);
+            for (UINT code : {SB_TOP, SB_LINEDOWN, SB_BOTTOM}) {
+                day.Scroll(code);
+                week.Scroll(code);
+                EXPECT_TRUE(isWhole(day, size.width, size.height)) << size.width << 'x' << size.height << ", " << scale;
+                EXPECT_TRUE(isWhole(week, size.width, size.height)) << size.width << 'x' << size.height << ", " << scale;
+            }
+        }
+    }
+}
+
+TEST(GridPaint, KeepsNothing)
+{
+    Scene<CDayViewCtrl> day;
+    Scene<CWeekDayViewCtrl> week(900, 500);
+    MemoryDc dc(900, 500);
+    const auto paint = [&] {
+        Paint(day, dc);
+        Paint(week, dc);
+    };
+    for (int i = 0; i < 20; ++i) {
+        day.Add(At(i, 0), At(i + 1, 30));
+        week.Add(At(i, 0), At(i, 30, 27));
+    }
+    paint();
+    {
+        testsupport::GuiLeakCheck check;
+        for (int i = 0; i < 200; ++i)
+            paint();
+    }
+    const auto live = [&dc] {
+        Scene<CWeekDayViewCtrl> again(900, 500);
+        again.view->ShowNowLine(TRUE);
+        Paint(again, dc);
+    };
+    live();
+    testsupport::GuiLeakCheck check;
+    for (int i = 0; i < 10; ++i)
+        live();
+}
+
+TEST(NowLine, MovesWithTheMinute)
+{
+    Scene<CDayViewCtrl> scene(500, 500, COleDateTime(2017, 4, 26, 2, 0, 59));
+    scene.view->ShowNowLine(TRUE);
+    scene.view->UpdateWindow();
+    testsupport::PumpMessages();
+    g_now = At(3, 0);
+    // The minute is over in a second: the grid is painted anew.
+    int painted = 0;
+    EXPECT_TRUE(testsupport::PumpUntil([&] {
+        CClientDC window(scene.view);
+        painted = window.GetPixel(300, scene.view->m_rcContent.top + 120 - scene.Offset()) == kNowLine;
+        return painted != 0;
+    }));
+}
