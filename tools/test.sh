@@ -249,28 +249,23 @@ stress_program() { printf '%s/win32-ubsan/bin/dayvane-stress.exe' "$BUILD"; }
 
 command_stress() {
     local events=${1:-$stress_events_in_test} seed=${2:-1}
+    shift $(($# < 2 ? $# : 2))
     need_wine
     build_stress || die "The program dayvane-stress is not part of this tree yet."
     export DAYVANE_WINEDEBUG=warn+heap
     start_system 932
     step "$events random events from seed $seed"
-    run_windows "$(stress_program)" "$events" "$seed"
+    run_windows "$(stress_program)" "$events" "$seed" "$@"
 }
 
+# Arguments go to the benchmark of the views.
 command_bench() {
     need_wine
-    build native-release
-    build win32
-    local program
-    program=$BUILD/native-release/bin/dayvane-calc-bench
-    if [ -e "$program" ]; then
-        step "Calendar arithmetic, native"
-        "$program"
-    fi
-    program=$BUILD/win32/bin/dayvane-bench.exe
-    if [ -e "$program" ]; then
-        start_system 932
-        step "Views, 32-bit under Wine"
-        run_windows "$program" "$@"
-    fi
+    build native-release dayvane-calc-bench
+    build win32 dayvane-bench
+    start_system 932
+    step "Calendar arithmetic, native"
+    "$BUILD/native-release/bin/dayvane-calc-bench"
+    step "Views, 32-bit under Wine"
+    run_windows "$BUILD/win32/bin/dayvane-bench.exe" "$@"
 }
