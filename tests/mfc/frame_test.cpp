@@ -286,9 +286,10 @@ TEST_F(FrameTest, UpdatesAllViewsButTheSender)
     frame->SetActiveView(second);
     EXPECT_TRUE(second == CWnd::GetFocus());
     log.clear();
-    view->DestroyWindow();
+    second->DestroyWindow();
     EXPECT_EQ(log, Log{"view gone"}) << "a document with another view stays";
-    EXPECT_EQ(frame->GetActiveView(), second);
+    EXPECT_EQ(frame->GetActiveView(), nullptr);
+    EXPECT_EQ(frame->SendMessage(WM_COMMAND, CommandFrame), 1);
 }
 
 TEST_F(FrameTest, LastViewTakesTheDocumentAlong)

@@ -54,17 +54,18 @@ TEST_F(GdiTest, SelectionAnswersWhatWasThere)
 
 TEST_F(GdiTest, TemporaryObjectFollowsTheTypeOfItsHandle)
 {
-    // Handles are given away anew: the object for a number must fit what the number means now.
-    CDC memory;
-    memory.CreateCompatibleDC(nullptr);
-    for (int i = 0; i < 100; ++i) {
-        const HGDIOBJ pen = ::CreatePen(PS_SOLID, 1, Red);
-        EXPECT_TRUE(CGdiObject::FromHandle(pen)->IsKindOf(RUNTIME_CLASS(CPen)));
-        ::DeleteObject(pen);
-        const HGDIOBJ brush = ::CreateSolidBrush(Red);
-        EXPECT_TRUE(CGdiObject::FromHandle(brush)->IsKindOf(RUNTIME_CLASS(CBrush)));
-        ::DeleteObject(brush);
+    // Handles are given away anew, after 65 536 uses of a place in the table: then the object for a number must fit
+    // what the number means now.
+    AfxLockTempMaps();
+    int misfits = 0;
+    for (int i = 0; i < 70000; ++i) {
+        const bool isPen = i % 3 == 0;
+        const HGDIOBJ object = isPen ? static_cast<HGDIOBJ>(::CreatePen(PS_SOLID, 1, Red)) : ::CreateSolidBrush(Red);
+        misfits += !CGdiObject::FromHandle(object)->IsKindOf(isPen ? RUNTIME_CLASS(CPen) : RUNTIME_CLASS(CBrush));
+        ::DeleteObject(object);
     }
+    EXPECT_EQ(misfits, 0);
+    AfxUnlockTempMaps();
     EXPECT_EQ(CGdiObject::FromHandle(nullptr), nullptr);
 }
 

@@ -183,7 +183,7 @@ TEST_F(MessageTest, DeclinedWheelReachesTheParentOnce)
 {
     ParentWnd child;
     ASSERT_TRUE(child.CreateEx(0, PlainClass(), "", WS_CHILD, CRect(0, 0, 9, 9), &parent, ChildId));
-    child.m_takes = FALSE;
+    child.m_takes = parent.m_takes = FALSE; // each calls the default itself before it declines
     child.m_log.clear();
     parent.m_log.clear();
     child.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, 120));

@@ -264,8 +264,37 @@ TEST_F(WindowTest, TemporaryObjectsEndWithTheLastLock)
         CWnd owner;
         owner.Attach(hWnd);
         EXPECT_EQ(CWnd::FromHandle(hWnd), &owner) << "an attached object comes first";
+        owner.DestroyWindow();
+        EXPECT_EQ(owner.m_hWnd, nullptr) << "though it never saw a message";
     }
     EXPECT_FALSE(::IsWindow(hWnd)) << "an attached object ends its window";
+}
+
+TEST_F(WindowTest, HandlerMayDeleteTheObjectAndDecline)
+{
+    class Deleting : public CWnd
+    {
+    protected:
+        BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
+        {
+            if (message == WM_MOUSEWHEEL) {
+                delete this;
+                return FALSE;
+            }
+            return CWnd::OnWndMsg(message, wParam, lParam, pResult);
+        }
+        // Reached through a deleted object, this would be told.
+        LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            EXPECT_NE(message, static_cast<UINT>(WM_MOUSEWHEEL));
+            return CWnd::DefWindowProc(message, wParam, lParam);
+        }
+    };
+    Deleting* wnd = new Deleting;
+    ASSERT_TRUE(CreatePlain(*wnd));
+    const HWND hWnd = wnd->m_hWnd;
+    EXPECT_EQ(::SendMessage(hWnd, WM_MOUSEWHEEL, 0, 0), 0);
+    EXPECT_FALSE(::IsWindow(hWnd));
 }
 
 // Exceptions
@@ -325,9 +354,7 @@ TEST_F(WindowTest, ExceptionsEndAtTheWindowProcedure)
         wnd.Invalidate();
         wnd.UpdateWindow();
         EXPECT_FALSE(::GetUpdateRect(wnd.m_hWnd, nullptr, FALSE)) << "a failed paint must not be asked for again";
-        const HWND hWnd = wnd.m_hWnd;
-        wnd.DestroyWindow();
-        EXPECT_FALSE(::IsWindow(hWnd));
+        EXPECT_TRUE(::DestroyWindow(wnd.m_hWnd));
         EXPECT_EQ(wnd.m_hWnd, nullptr);
         ASSERT_EQ(reported.size(), 1u);
         EXPECT_EQ(reported[0], (std::pair<UINT, std::string>(row.message, row.kind)));
@@ -405,6 +432,10 @@ TEST_F(WindowTest, OffersAMessageFromTheWindowUp)
     child.m_takes = true;
     EXPECT_TRUE(AfxPreTranslateMessage(&msg));
     EXPECT_EQ(log, (Log{"child", "parent", "child", "parent", "child"}));
+    log.clear();
+    child.m_takes = false;
+    EXPECT_FALSE(CWnd::WalkPreTranslateTree(child.m_hWnd, &msg)) << "and no further than told";
+    EXPECT_EQ(log, Log{"child"});
     child.PostMessage(UserMessage);
     EXPECT_TRUE(AfxPumpMessage());
 }
