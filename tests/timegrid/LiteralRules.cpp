@@ -229,4 +229,35 @@ int DayScreenItems(const ItemArray& store, const COleDateTime& day, ItemArray& s
     return counter;
 }
 
+int ManyDayScreenItems(const ItemArray& store, const COleDateTime& firstDay, int days, ItemArray& screen)
+{
+    screen.RemoveAll();
+    const COleDateTime viewEnd = firstDay + COleDateTimeSpan(days - 1, 23, 59, 59);
+    int lanes = 0;
+    for (int i = 0; i < store.GetSize(); ++i) {
+        tagCALENDAR_ITEM item = store[i];
+        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
+            continue;
+        const bool oneDay = SameDay(item.dtStart, item.dtEnd);
+        if (item.dtStart > viewEnd || (oneDay ? item.dtStart : item.dtEnd) < firstDay)
+            continue;
+        if (!oneDay && item.dtEnd < item.dtStart)
+            continue;
+        item.nSource = i;
+        item.rcItem.NormalizeRect();
+        if (!oneDay) {
+            const bool before = item.dtStart < firstDay;
+            const bool after = item.dtEnd > viewEnd;
+            item.nPiece = !before && after ? 1 : before && after ? 2 : before ? 4 : 8;
+            if (before)
+                item.dtStart = firstDay;
+            if (after)
+                item.dtEnd = viewEnd;
+        }
+        lanes += !oneDay || item.nFullday == 1;
+        screen.Add(item);
+    }
+    return lanes;
+}
+
 } // namespace literal

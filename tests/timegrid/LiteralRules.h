@@ -20,6 +20,9 @@ void ManyDayItemRects(dayvane::ItemArray& screen, const std::vector<CRect>& colu
 void DayLanes(dayvane::ItemArray& screen, const CRect& band);
 void ManyDayLanes(dayvane::ItemArray& screen, const CRect& band, const std::vector<CRect>& columns,
                   const COleDateTime& firstDay);
+// Both return how many full-day lanes there are.
 int DayScreenItems(const dayvane::ItemArray& store, const COleDateTime& day, dayvane::ItemArray& screen);
+int ManyDayScreenItems(const dayvane::ItemArray& store, const COleDateTime& firstDay, int days,
+                       dayvane::ItemArray& screen);
 
 } // namespace literal

@@ -27,7 +27,7 @@ public:
             item.dtStart = COleDateTime(day.GetYear(), day.GetMonth(), day.GetDay(), hour, minute, 0);
             item.dtEnd = item.dtStart + COleDateTimeSpan(0, 0, Below(6) * 30 + Below(2) * Below(90) - Below(2) * 5, 0);
             if (Below(20) == 0)
-                item.dtEnd = item.dtStart + COleDateTimeSpan(Below(days + 3) - 1.0);
+                item.dtEnd = item.dtStart + COleDateTimeSpan(Below(days + 4) - 2.0);
             if (Below(40) == 0)
                 item.dtStart.SetStatus(COleDateTime::invalid);
             if (Below(40) == 0)

@@ -59,6 +59,7 @@ TEST(TimeGridLayout, DayMatchesTheLiteralRules)
             actual.Copy(store);
             for (int i = 0; i < actual.GetSize(); ++i) {
                 actual[i].nSource = random.Below(8);
+                actual[i].nParallel = random.Below(4);
                 actual[i].dtStart.SetStatus(COleDateTime::valid);
             }
             expected.Copy(actual);
@@ -81,10 +82,10 @@ TEST(TimeGridLayout, ManyDaysMatchTheLiteralRules)
         const int days = 2 + random.Below(13);
         ItemArray store, expected, actual;
         random.Fill(store, random.Below(20) ? 30 : 150, kDay, days);
-        const int lanes = MakeRangeItems(store, kDay, AddDays(kDay, days - 1), actual);
+        const int lanes = literal::ManyDayScreenItems(store, kDay, days, expected);
+        ASSERT_EQ(lanes, MakeRangeItems(store, kDay, AddDays(kDay, days - 1), actual));
         const TimeGridFrame frame =
             CalcTimeGridFrame(RandomClient(random), random.Below(2), kTimeGrid.headerHeight, lanes, days);
-        expected.Copy(actual);
         literal::ManyDayItemRects(expected, frame.columns, kDay, scale.rowsPerHour);
         literal::ManyDayLanes(expected, frame.fulldayContent, frame.columns, kDay);
         PlaceTimedItems(actual, frame.columns, kDay, scale, kManyDaysOverlap);
