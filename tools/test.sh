@@ -37,6 +37,10 @@ command_test() {
     results=$(mktemp "$BUILD/.results.XXXXXX")
     at_exit "rm -f '$results'"
 
+    if [ -z "$only" ]; then
+        step "Testing the reading of test results"
+        run_plain_program "dev results" bash "$ROOT/tests/dev/results_test.sh"
+    fi
     local windows_presets=()
     for preset in "${presets[@]}"; do
         case $preset in
