@@ -14,6 +14,12 @@ struct CivilDate
     int day = -1;
 
     bool IsValid() const { return month > 0; }
+
+    friend bool operator==(const CivilDate& a, const CivilDate& b)
+    {
+        return a.year == b.year && a.month == b.month && a.day == b.day;
+    }
+    friend bool operator!=(const CivilDate& a, const CivilDate& b) { return !(a == b); }
 };
 
 // The day of a date-time, its time of day dropped; no day for a date-time that is not valid or out of range.

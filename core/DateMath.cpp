@@ -30,10 +30,7 @@ COleDateTime FromLinear(double days)
 
 DateFields FieldsOf(const COleDateTime& date)
 {
-    SYSTEMTIME time = {};
-    if (!ToSystemTime(date, time))
-        return DateFields();
-    return DateFields{time.wYear, time.wMonth, time.wDay};
+    return CivilDateOf(date);
 }
 
 bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
@@ -55,7 +52,9 @@ COleDateTime EndOfDay(const COleDateTime& date)
 
 int DayNumberOf(const COleDateTime& date)
 {
-    return static_cast<int>(std::floor(std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5) / kSecondsPerDay));
+    const double days = std::floor(std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5) / kSecondsPerDay);
+    // A host can write anything into a date; beyond the calendar it is the day after its end.
+    return days >= civil::kFirstDay && days <= civil::kLastDay ? static_cast<int>(days) : civil::kLastDay + 1;
 }
 
 COleDateTime DateOfDayNumber(int dayNumber)

@@ -1,6 +1,8 @@
 // Dates as whole days and broken fields, for code that looks at thousands of them.
 #pragma once
 
+#include "calc/CivilDate.h"
+
 #include <afxdisp.h>
 #include <atltypes.h>
 
@@ -8,18 +10,7 @@ namespace dayvane
 {
 
 // Year, month and day of a date; -1 each when the date is not valid.
-struct DateFields
-{
-    int year = -1;
-    int month = -1;
-    int day = -1;
-
-    friend bool operator==(const DateFields& a, const DateFields& b)
-    {
-        return a.year == b.year && a.month == b.month && a.day == b.day;
-    }
-    friend bool operator!=(const DateFields& a, const DateFields& b) { return !(a == b); }
-};
+using DateFields = CivilDate;
 
 DateFields FieldsOf(const COleDateTime& date);
 
