@@ -30,12 +30,16 @@ run_logged() {
     fi
 }
 
+# The program that is being waited for; it ends with ./dev.
+running_program=""
+
 # Whatever is started registers how it ends; all of it happens in reverse order when ./dev ends for whatever reason.
 cleanup_steps=()
 at_exit() { cleanup_steps=("$1" "${cleanup_steps[@]}"); }
 run_cleanup() {
     local status=$? action
     trap - EXIT
+    [ -z "$running_program" ] || kill "$running_program" 2>/dev/null || true
     for action in "${cleanup_steps[@]}"; do
         eval "$action" || true
     done
@@ -43,6 +47,7 @@ run_cleanup() {
 }
 set_traps() {
     cleanup_steps=()
+    running_program=""
     trap run_cleanup EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP

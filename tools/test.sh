@@ -94,9 +94,12 @@ test_under_wine() {
     fi
     step "Testing $* under Wine as a 932 and as a 1252 system"
     for system in 932 1252; do
-        in_subshell test_lane "$system" "$only" "$with_stress" "$@" </dev/null &
+        (
+            set_traps
+            test_lane "$system" "$only" "$with_stress" "$@"
+        ) </dev/null &
         lanes+=($!)
-        at_exit "kill $! 2>/dev/null"
+        at_exit "kill $! 2>/dev/null; wait $! 2>/dev/null"
     done
     for lane in "${lanes[@]}"; do
         wait "$lane" || status=$?
@@ -138,9 +141,20 @@ run_test_program() {
     local label=$1 log status=0 started=$SECONDS counts
     shift
     log=$(log_file "test-$(tr ' /' '--' <<<"$label")")
-    timeout -k 20 "$test_time_limit" "$@" >"$log" 2>&1 </dev/null 9>&- || status=$?
+    run_guarded "$log" "$@" || status=$?
     counts=$(count_results "$log" "$status")
     report_program "$label" "$log" "$((SECONDS - started))" "$counts"
+}
+
+# run_guarded LOG COMMAND...: with the time limit, and so that it ends at once when ./dev is told to end.
+run_guarded() {
+    local log=$1 status=0
+    shift
+    timeout -k 20 "$test_time_limit" "$@" >"$log" 2>&1 </dev/null 9>&- &
+    running_program=$!
+    wait "$running_program" || status=$?
+    running_program=""
+    return "$status"
 }
 
 # From a GoogleTest log and the exit status: "passed failed skipped remark". A program that crashed, hung, stopped early
@@ -228,7 +242,7 @@ run_plain_program() {
     local label=$1 log status=0 started=$SECONDS counts="1 0 0"
     shift
     log=$(log_file "test-$(tr ' /' '--' <<<"$label")")
-    timeout -k 20 "$test_time_limit" "$@" >"$log" 2>&1 </dev/null 9>&- || status=$?
+    run_guarded "$log" "$@" || status=$?
     case $status in
         0) ;;
         124 | 137) counts="0 1 0 hung (ended after $test_time_limit s)" ;;
