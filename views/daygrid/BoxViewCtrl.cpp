@@ -178,6 +178,12 @@ void CBoxViewCtrl::ClearMoreMarks()
     std::fill(m_arrays.more, m_arrays.more + BoxCount(), 0);
 }
 
+BOOL CBoxViewCtrl::GetMoreBox(int nBox, MoreBox& box)
+{
+    box = {MoreMarkOf(m_arrays.boxes[nBox]), DateOfBox(nBox), LastDateOfBox(nBox)};
+    return m_arrays.more[nBox] == 1 && IsValid(box.first) && IsValid(box.last);
+}
+
 // ---- Hit test
 
 int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)

@@ -78,6 +78,9 @@ protected:
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     void ClearMoreMarks() override;
+    int GetMoreBoxCount() override { return BoxCount(); }
+    BOOL GetMoreBox(int nBox, MoreBox& box) override;
+    virtual COleDateTime LastDateOfBox(int nBox) = 0;
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCell(CDC* pDC, const CRect& rcCalendar); // the boxes

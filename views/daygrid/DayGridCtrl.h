@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class CMoreListWnd;
+
 class CDayGridCtrl : public CCalendarCtrl
 {
     DECLARE_DYNAMIC(CDayGridCtrl)
@@ -17,6 +19,13 @@ public:
 
     void DeleteAllItems() override; // clears the more-items marks too
 
+    // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items of
+    // that day or month. Enter or a click makes an item current and tells CCN_ITEMCLICK; an item can be dragged out of
+    // the list into the view; Escape or a press elsewhere closes it.
+    void EnableMoreList(BOOL bEnable);
+    BOOL IsMoreListEnabled() const { return m_bMoreListEnabled; }
+    BOOL IsMoreListOpen() const { return m_pMoreList != nullptr; }
+
 protected:
     enum { kMoreMarkWidth = 20, kMoreMarkHeight = 8 }; // pixels
 
@@ -26,9 +35,13 @@ protected:
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
 
     // Positions in the screen list of the items that are drawn and hit: those that have a rectangle and are not hidden.
-    // A view that changes its screen items tells so.
+    // A view that changes its screen items tells so; an open list of a box's items closes then.
     const std::vector<int>& GetShownItems();
-    void ScreenItemsChanged() { m_bShownKnown = FALSE; }
+    void ScreenItemsChanged()
+    {
+        m_bShownKnown = FALSE;
+        CloseMoreList();
+    }
     int ScreenItemAt(CPoint point); // position in the screen list of the first shown item there, -1 none
 
     // Bars of the given items, in their order. Nothing outside the clip box costs anything.
@@ -39,6 +52,22 @@ protected:
     void LoadMoreMark();
     void DrawMoreMark(CDC* pDC, const CRect& box);
 
+    // A box with a more-items mark, for the list of its items.
+    struct MoreBox
+    {
+        CRect mark;
+        COleDateTime first; // days that it stands for
+        COleDateTime last;
+    };
+    virtual int GetMoreBoxCount();
+    virtual BOOL GetMoreBox(int nBox, MoreBox& box); // FALSE: the box shows no mark
+    static CRect MoreMarkOf(const CRect& box)
+    {
+        return CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom);
+    }
+    void CloseMoreList();
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
@@ -47,6 +76,17 @@ protected:
     HICON m_hMoreMark = nullptr;
 
 private:
+    friend class CMoreListWnd;
+    BOOL OpenMoreListAt(CPoint point);
+    BOOL OpenMoreListOf(const COleDateTime& date);
+    BOOL OpenMoreList(const MoreBox& box);
+    void MoreListGone(CMoreListWnd* pList);
+    void ChooseListedItem(int nItem, unsigned nItemVersion);
+    void DragListedItem(int nItem, unsigned nItemVersion, const COleDateTime& dtFirst, CPoint screen);
+    void DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect);
+
+    BOOL m_bMoreListEnabled = FALSE;
+    CMoreListWnd* m_pMoreList = nullptr; // deletes itself
     std::vector<int> m_shown;
     INT_PTR m_nShownOf = 0; // size of the screen list that m_shown was made from
     BOOL m_bShownKnown = FALSE;

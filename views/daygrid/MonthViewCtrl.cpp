@@ -188,6 +188,12 @@ void CMonthViewCtrl::ClearMoreMarks()
     dayvane::ClearLoads(m_arCell);
 }
 
+BOOL CMonthViewCtrl::GetMoreBox(int nBox, MoreBox& box)
+{
+    box = {MoreMarkOf(m_arCell[nBox].m_rect), m_arCellDate[nBox].m_date, dayvane::EndOfDay(m_arCellDate[nBox].m_date)};
+    return m_arCell[nBox].m_bMore == 1 && box.first.GetStatus() == COleDateTime::valid;
+}
+
 // ---- Hit test
 
 int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)

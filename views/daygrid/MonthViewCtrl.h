@@ -58,6 +58,8 @@ protected:
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     void ClearMoreMarks() override;
+    int GetMoreBoxCount() override { return dayvane::kMonthCells; }
+    BOOL GetMoreBox(int nBox, MoreBox& box) override;
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCalendar(CDC* pDC, CRect rcCalendar);

@@ -140,6 +140,16 @@ COleDateTime CWeekViewCtrl::DateOfBox(int nBox)
     return m_arDayDate[nBox].m_date;
 }
 
+COleDateTime CWeekViewCtrl::LastDateOfBox(int nBox)
+{
+    return dayvane::EndOfDay(DateOfBox(nBox));
+}
+
+BOOL CWeekViewCtrl::GetMoreBox(int nBox, MoreBox& box)
+{
+    return nBox != kLastShown && CBoxViewCtrl::GetMoreBox(nBox, box);
+}
+
 dayvane::DayRows CWeekViewCtrl::GetRows()
 {
     return dayvane::WeekRows(FirstDay());

@@ -37,6 +37,8 @@ protected:
     void CalcRange(const COleDateTime& date) override;
     int PositionOf(const COleDateTime& date) override;
     COleDateTime DateOfBox(int nBox) override;
+    COleDateTime LastDateOfBox(int nBox) override;
+    BOOL GetMoreBox(int nBox, MoreBox& box) override; // never the eighth
     dayvane::DayRows GetRows() override;
     std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
     dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;

@@ -5,6 +5,8 @@
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/MonthCellLook.h"
 
+#include <civil.h>
+
 #include <algorithm>
 
 namespace
@@ -125,6 +127,13 @@ int CYearViewCtrl::PositionOf(const COleDateTime& date)
 COleDateTime CYearViewCtrl::DateOfBox(int nBox)
 {
     return COleDateTime(HasRange() ? Year() : -1, nBox + 1, 1, 0, 0, 0);
+}
+
+COleDateTime CYearViewCtrl::LastDateOfBox(int nBox)
+{
+    const dayvane::DateFields first = dayvane::FieldsOf(DateOfBox(nBox));
+    const int days = first.year != -1 ? civil::DaysInMonth(first.year, first.month) : 0;
+    return COleDateTime(first.year, first.month, days, 23, 59, 59);
 }
 
 dayvane::DayRows CYearViewCtrl::GetRows()

@@ -36,6 +36,7 @@ protected:
     void CalcRange(const COleDateTime& date) override;
     int PositionOf(const COleDateTime& date) override;
     COleDateTime DateOfBox(int nBox) override;
+    COleDateTime LastDateOfBox(int nBox) override;
     dayvane::DayRows GetRows() override;
     std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
     dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;

@@ -1,0 +1,75 @@
+#include "views/daygrid/MoreList.h"
+
+#include "core/DateMath.h"
+
+#include <algorithm>
+
+namespace dayvane
+{
+
+std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last)
+{
+    std::vector<int> found;
+    const int firstDay = DayNumberOf(first);
+    const int lastDay = DayNumberOf(last);
+    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
+        const tagCALENDAR_ITEM& item = items[i];
+        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
+            continue;
+        const int start = DayNumberOf(item.dtStart);
+        const int end = DayNumberOf(item.dtEnd);
+        if (start <= end && start <= lastDay && end >= firstDay)
+            found.push_back(i);
+    }
+    std::stable_sort(found.begin(), found.end(), [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
+    return found;
+}
+
+CRect PlaceMoreList(const CRect& mark, CSize size, const CRect& workArea)
+{
+    int left = mark.right - size.cx;
+    int top = mark.bottom;
+    if (top + size.cy > workArea.bottom && mark.top - size.cy >= workArea.top)
+        top = mark.top - size.cy;
+    left = std::max<int>(std::min<int>(left, workArea.right - size.cx), workArea.left);
+    top = std::max<int>(std::min<int>(top, workArea.bottom - size.cy), workArea.top);
+    return CRect(CPoint(left, top), size);
+}
+
+CSize MoreListModel::Size() const
+{
+    const MoreListMetrics& metrics = kMoreListMetrics;
+    return CSize(metrics.width, RowsInSight() * metrics.rowHeight + 2 * metrics.inset);
+}
+
+CRect MoreListModel::RowRect(int row) const
+{
+    const MoreListMetrics& metrics = kMoreListMetrics;
+    const int top = metrics.inset + (row - m_top) * metrics.rowHeight;
+    return CRect(metrics.inset, top, metrics.width - metrics.inset, top + metrics.rowHeight);
+}
+
+int MoreListModel::RowAt(CPoint point) const
+{
+    for (int row = m_top; row < m_top + RowsInSight(); ++row) {
+        if (RowRect(row).PtInRect(point))
+            return row;
+    }
+    return -1;
+}
+
+void MoreListModel::SetCurrent(int row)
+{
+    m_current = std::max(std::min(row, Count() - 1), 0);
+    if (m_current < m_top)
+        m_top = m_current;
+    else if (m_current >= m_top + RowsInSight())
+        m_top = m_current - RowsInSight() + 1;
+}
+
+void MoreListModel::Scroll(int rows)
+{
+    m_top = std::max(std::min(m_top + rows, Count() - RowsInSight()), 0);
+}
+
+} // namespace dayvane

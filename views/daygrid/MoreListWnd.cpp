@@ -1,0 +1,216 @@
+#include "views/daygrid/MoreListWnd.h"
+
+#include "core/DrawingHelpers.h"
+#include "views/daygrid/DayGridCtrl.h"
+
+#include <utility>
+
+namespace
+{
+
+constexpr char kWindowClass[] = "DayvaneMoreList";
+constexpr COLORREF kGround = 0xFFFFFF;
+constexpr int kRowFrame = 1; // pixels of the current row's frame
+
+CRect WorkAreaAt(const CRect& rect)
+{
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    ::GetMonitorInfo(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info);
+    return info.rcWork;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CMoreListWnd, CWnd)
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_RBUTTONDOWN()
+    ON_WM_MOUSEMOVE()
+    ON_WM_MOUSEWHEEL()
+    ON_WM_CAPTURECHANGED()
+    ON_WM_MOUSEACTIVATE()
+END_MESSAGE_MAP()
+
+CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
+                           const COleDateTime& dtFirst)
+    : m_pOwner(pOwner), m_model(std::move(items)), m_nItemVersion(nItemVersion), m_dtFirst(dtFirst)
+{
+}
+
+CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items,
+                                 unsigned nItemVersion, const COleDateTime& dtFirst)
+{
+    if (items.empty())
+        return nullptr;
+    CDayGridCtrl::RegisterViewClass(kWindowClass, nullptr);
+    CMoreListWnd* list = new CMoreListWnd(pOwner, std::move(items), nItemVersion, dtFirst);
+    CRect frame(CPoint(0, 0), list->m_model.Size());
+    ::AdjustWindowRectEx(&frame, WS_POPUP | WS_BORDER, FALSE, WS_EX_TOOLWINDOW);
+    const CRect place = dayvane::PlaceMoreList(mark, frame.Size(), WorkAreaAt(mark));
+    if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0))
+        return nullptr; // it has deleted itself
+    list->m_model.SetCurrent(0);
+    list->SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_SHOWWINDOW);
+    list->SetCapture();
+    return list;
+}
+
+void CMoreListWnd::Close()
+{
+    DestroyWindow();
+}
+
+void CMoreListWnd::PostNcDestroy()
+{
+    m_pOwner->MoreListGone(this);
+    delete this;
+}
+
+// ---- Choosing
+
+void CMoreListWnd::Choose(int nRow)
+{
+    CDayGridCtrl* owner = m_pOwner;
+    const int item = m_model.Item(nRow);
+    const unsigned version = m_nItemVersion;
+    Close();
+    owner->ChooseListedItem(item, version);
+}
+
+void CMoreListWnd::DragOut(CPoint point)
+{
+    CDayGridCtrl* owner = m_pOwner;
+    const int item = m_model.Item(m_nPressed);
+    const unsigned version = m_nItemVersion;
+    const COleDateTime first = m_dtFirst;
+    ClientToScreen(&point);
+    Close();
+    owner->DragListedItem(item, version, first, point);
+}
+
+void CMoreListWnd::SetCurrentRow(int nRow)
+{
+    m_model.SetCurrent(nRow);
+    Invalidate(FALSE);
+}
+
+BOOL CMoreListWnd::OnKey(UINT nKey)
+{
+    const int current = m_model.Current();
+    switch (nKey) {
+    case VK_UP:
+        SetCurrentRow(current - 1);
+        return TRUE;
+    case VK_DOWN:
+        SetCurrentRow(current + 1);
+        return TRUE;
+    case VK_PRIOR:
+        SetCurrentRow(current - m_model.RowsInSight());
+        return TRUE;
+    case VK_NEXT:
+        SetCurrentRow(current + m_model.RowsInSight());
+        return TRUE;
+    case VK_HOME:
+        SetCurrentRow(0);
+        return TRUE;
+    case VK_END:
+        SetCurrentRow(m_model.Count() - 1);
+        return TRUE;
+    case VK_RETURN:
+    case VK_SPACE:
+        Choose(current);
+        return TRUE;
+    case VK_ESCAPE:
+    case VK_F4:
+    case VK_TAB:
+        Close();
+        return TRUE;
+    }
+    return FALSE;
+}
+
+// ---- Mouse
+
+void CMoreListWnd::OnLButtonDown(UINT, CPoint point)
+{
+    CRect client;
+    GetClientRect(&client);
+    m_nPressed = m_model.RowAt(point);
+    if (!client.PtInRect(point))
+        Close();
+    else if (m_nPressed != -1)
+        SetCurrentRow(m_nPressed);
+}
+
+void CMoreListWnd::OnRButtonDown(UINT, CPoint)
+{
+    Close();
+}
+
+void CMoreListWnd::OnMouseMove(UINT nFlags, CPoint point)
+{
+    CRect client;
+    GetClientRect(&client);
+    if (m_nPressed != -1 && (nFlags & MK_LBUTTON)) {
+        if (!client.PtInRect(point))
+            DragOut(point);
+        return;
+    }
+    const int row = m_model.RowAt(point);
+    if (row != -1 && row != m_model.Current())
+        SetCurrentRow(row);
+}
+
+void CMoreListWnd::OnLButtonUp(UINT, CPoint point)
+{
+    const int row = m_model.RowAt(point);
+    const bool isChosen = row != -1 && row == m_nPressed;
+    m_nPressed = -1;
+    if (isChosen)
+        Choose(row);
+}
+
+BOOL CMoreListWnd::OnMouseWheel(UINT, short zDelta, CPoint)
+{
+    m_model.Scroll(zDelta > 0 ? -1 : 1);
+    Invalidate(FALSE);
+    return TRUE;
+}
+
+void CMoreListWnd::OnCaptureChanged(CWnd* pWnd)
+{
+    if (pWnd != this)
+        PostMessage(WM_CLOSE); // DefWindowProc destroys the window; not in the midst of what took the mouse
+}
+
+int CMoreListWnd::OnMouseActivate(CWnd*, UINT, UINT)
+{
+    return MA_NOACTIVATE;
+}
+
+// ---- Paint
+
+BOOL CMoreListWnd::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+void CMoreListWnd::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    CRect client;
+    GetClientRect(&client);
+    memory.FillSolidRect(&client, kGround);
+    for (int row = m_model.Top(); row < m_model.Top() + m_model.RowsInSight(); ++row) {
+        CRect rect = m_model.RowRect(row);
+        if (row == m_model.Current())
+            memory.FillSolidRect(&rect, m_pOwner->GetColors().highlight);
+        rect.DeflateRect(kRowFrame, kRowFrame);
+        memory.FillSolidRect(&rect, kGround);
+        m_pOwner->DrawListedItem(&memory, m_model.Item(row), m_nItemVersion, rect);
+    }
+}

@@ -1,0 +1,46 @@
+// The popup that a more-items mark opens. It lives from Open to the end of its window and deletes itself; its control
+// closes it when it scrolls, changes its size or its items, loses the focus or ends. The focus stays in the control,
+// which passes on the keys; the popup holds the mouse, so that a press anywhere else closes it.
+#pragma once
+
+#include "views/daygrid/MoreList.h"
+
+#include <afxwin.h>
+
+class CDayGridCtrl;
+
+class CMoreListWnd : public CWnd
+{
+public:
+    // mark: screen pixels. nullptr when there is no item or no window.
+    static CMoreListWnd* Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
+                              const COleDateTime& dtFirst);
+    // A key that the control got; TRUE when it is the list's. The list may be gone afterwards.
+    BOOL OnKey(UINT nKey);
+    void Close(); // the object is gone afterwards
+    int GetCurrent() const { return m_model.Current(); } // row
+
+protected:
+    CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion, const COleDateTime& dtFirst);
+
+    void Choose(int nRow);
+    void DragOut(CPoint point);
+    void SetCurrentRow(int nRow);
+    void PostNcDestroy() override;
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
+    afx_msg void OnCaptureChanged(CWnd* pWnd);
+    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
+    DECLARE_MESSAGE_MAP()
+
+    CDayGridCtrl* m_pOwner;
+    dayvane::MoreListModel m_model;
+    unsigned m_nItemVersion; // of the control's items when the list was made
+    COleDateTime m_dtFirst;  // first day of the list
+    int m_nPressed = -1;     // row under the press
+};
