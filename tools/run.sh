@@ -30,6 +30,7 @@ command_run() {
     need_wine
     has_target win32 planner || die "The planner is not part of this tree yet."
     build win32 planner
+    export FONTCONFIG_FILE=$ROOT/tools/fonts.conf
     planner_arguments=("$(winepath_of "$file")" "${planner_arguments[@]}")
 
     if [ -n "${DISPLAY:-}" ] && [ -z "$shot" ]; then
@@ -46,7 +47,6 @@ shoot_planner() {
     local system=$1 picture=$2 log pid window
     shift 2
     mkdir -p "$(dirname "$picture")" || die "The folder of $picture cannot be made."
-    export FONTCONFIG_FILE=$ROOT/tools/fonts.conf
     start_system "$system"
     log=$(log_file planner)
     step "Showing the planner in a virtual display"

@@ -2,10 +2,10 @@
 # Wine: locale, prefixes, displays, running programs. Sourced by ./dev.
 #
 # A "system" is a Wine prefix with its code page: 932 (Japanese) or 1252 (Western), both for virtual displays, and
-# "desktop" (932) for a person's own display, where the window manager draws the frames.
+# "desktop" (932) for a person's own display, where a window manager draws the frames if there is one.
 
 # Changes of these settings or of tools/wine.reg make the prefixes anew.
-wine_settings_version=3
+wine_settings_version=4
 
 check_system() {
     case $1 in
@@ -49,6 +49,9 @@ start_system() {
     at_exit "wineserver -k; timeout 20 wineserver -w" # before the display goes
     make_prefix "$system"
     start_server
+    if [ "$system" = desktop ]; then
+        if has_window_manager; then set_managed Y; else set_managed N; fi
+    fi
 }
 
 # One ./dev at a time uses a system: its programs share a desktop and a keyboard. What is started later must not hold
@@ -105,17 +108,22 @@ make_prefix() {
     # regedit reads UTF-16; the list of faces is kept in UTF-8 for people.
     { printf '\xff\xfe' && iconv -f UTF-8 -t UTF-16LE "$ROOT/tools/wine.reg"; } >"$WINEPREFIX/settings.reg"
     run_logged "wineboot-$system" "Setting up the Wine prefix" wine regedit /S "$(winepath_of "$WINEPREFIX/settings.reg")" 9>&-
-    if [ "$system" != desktop ]; then
-        # Without a window manager every popup would wait seconds for one.
-        run_logged "wineboot-$system" "Setting up the Wine prefix" \
-            wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f 9>&-
-    fi
+    set_managed N
     # The settings reach the disk, and programs that were running with the old ones end.
     wineserver -k 9>&- || true
     wineserver -w || true
     printf '%s' "$wanted" >"$WINEPREFIX/.dayvane"
     say "   made ($(elapsed))"
 }
+
+# set_managed Y|N: does a window manager look after the windows? Where there is none, Wine draws the frames itself; told
+# otherwise, every window would wait for the one that is not there.
+set_managed() {
+    run_logged wine-settings "Setting up the Wine prefix" \
+        wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d "$1" /f 9>&-
+}
+
+has_window_manager() { xdotool get_num_desktops >/dev/null 2>&1; }
 
 # The name under which a Windows program sees a file of this machine.
 winepath_of() { printf 'Z:%s' "$(realpath -m "$1" | tr / '\\')"; }
