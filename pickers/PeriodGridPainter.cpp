@@ -7,8 +7,9 @@ namespace dayvane
 {
 namespace
 {
-constexpr int kSunday = 1;
-constexpr int kSaturday = 7;
+// Weekdays with a colour of their own: Sunday, as the holidays, and Saturday.
+constexpr int kRedWeekday = 1;
+constexpr int kBlueWeekday = 7;
 
 struct GridPaintMetrics // pixels
 {
@@ -90,13 +91,11 @@ void PeriodGridPainter::DrawWeekdays() const
         }
         for (int column = 0; column < policy.cellColumns; ++column) {
             const int weekday = WeekdayOfColumn(m_picture.model.FirstDayOfWeek(), column);
-            const COLORREF color = weekday == kSunday     ? m_palette.holiday
-                                   : weekday == kSaturday ? m_palette.saturday
-                                                          : m_palette.text;
             const int width = policy.metrics.cell.cx;
             const int left = block.weekdays.left + column * width;
             const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - kMetrics.weekdayGap);
-            DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false), color);
+            DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false),
+                            DayColor(weekday, false, true));
         }
         DrawHorizontalLine(m_pDC, block.weekdays.left + kMetrics.lineInset, block.weekdays.right - kMetrics.lineInset,
                            block.weekdays.bottom - 1, m_palette.frame);
@@ -168,13 +167,18 @@ COLORREF PeriodGridPainter::CellColor(const PeriodCell& cell, const CellMark& ma
         return m_palette.text;
     }
     const int weekday = WeekdayOfColumn(m_picture.model.FirstDayOfWeek(), column);
-    if (mark.isHoliday || weekday == kSunday) {
-        return cell.inPeriod ? m_palette.holiday : m_palette.paleHoliday;
+    return DayColor(weekday, mark.isHoliday, cell.inPeriod);
+}
+
+COLORREF PeriodGridPainter::DayColor(int weekday, bool isHoliday, bool inPeriod) const
+{
+    if (isHoliday || weekday == kRedWeekday) {
+        return inPeriod ? m_palette.holiday : m_palette.paleHoliday;
     }
-    if (weekday == kSaturday) {
-        return cell.inPeriod ? m_palette.saturday : m_palette.paleSaturday;
+    if (weekday == kBlueWeekday) {
+        return inPeriod ? m_palette.saturday : m_palette.paleSaturday;
     }
-    return cell.inPeriod ? m_palette.text : m_palette.paleText;
+    return inPeriod ? m_palette.text : m_palette.paleText;
 }
 
 CString PeriodGridPainter::CellText(const PeriodCell& cell) const

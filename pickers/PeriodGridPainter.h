@@ -50,6 +50,7 @@ private:
     void DrawCell(const GridHit& hit, const PeriodCell& cell, bool isToday) const;
     void DrawCellBack(const GridHit& hit, const PeriodCell& cell) const;
     COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
+    COLORREF DayColor(int weekday, bool isHoliday, bool inPeriod) const;
     CString CellText(const PeriodCell& cell) const;
 
     CDC* m_pDC;
