@@ -1,0 +1,32 @@
+// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--shot FILE.bmp]
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace planner {
+
+struct CommandLine
+{
+    struct Date
+    {
+        int year, month, day;
+    };
+    struct Size
+    {
+        int width, height; // pixels of the whole window
+    };
+
+    std::string file;
+    std::string view; // a name of the table of views; empty: the first
+    std::optional<Date> date;
+    std::optional<Size> size;
+    std::string shot;    // where to put a picture of the window, and end; empty: run
+    std::string problem; // what was not understood, as a sentence; the rest holds
+};
+
+// The arguments without the program's own name.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+} // namespace planner

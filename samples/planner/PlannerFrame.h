@@ -1,0 +1,104 @@
+// The planner's window: bars and panes around one view of the calendar, which is exchanged for another while the date
+// and the current item stay.
+#pragma once
+
+#include <afxext.h>
+#include <afxwin.h>
+
+#include "samples/planner/ItemEditor.h"
+#include "samples/planner/Panes.h"
+#include "samples/planner/PlannerDoc.h"
+#include "samples/planner/PlannerToolBar.h"
+#include "samples/planner/ShownItems.h"
+#include "samples/planner/ViewTable.h"
+
+class CPlannerFrame : public CFrameWnd
+{
+    DECLARE_DYNCREATE(CPlannerFrame)
+
+public:
+    // What the next frame begins with.
+    struct Start
+    {
+        planner::ChosenView view = {nullptr, 0};
+        COleDateTime day;
+        CSize size = CSize(1180, 860); // pixels
+    };
+    static Start s_start;
+
+    CPlannerFrame();
+
+    // Commands that tests drive as well.
+    void ShowView(const planner::ChosenView& view);
+    void GoTo(const COleDateTime& day);
+    void ShowProblem(const CString& problem);
+    planner::ShownItems& Items() { return m_items; }
+    CPlannerDoc* Document();
+
+protected:
+    BOOL PreCreateWindow(CREATESTRUCT& cs) override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext) override;
+    void OnUpdateFrameTitle(BOOL bAddToTitle) override;
+
+    afx_msg int OnCreate(LPCREATESTRUCT lpcs);
+    afx_msg LRESULT OnLoaded(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnPicked(WPARAM wParam, LPARAM lParam);
+
+    // Notifications of the view's control and of the small calendars
+    afx_msg void OnItemClick(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnItemOpen(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnItemMenu(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnItemMoved(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnEditEnded(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnRangeChanged(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnDaySelected(NMHDR* pHeader, LRESULT* pResult);
+
+    // Commands
+    afx_msg void OnUndo();
+    afx_msg void OnRedo();
+    afx_msg void OnNewItem();
+    afx_msg void OnRename(UINT nID);
+    afx_msg void OnDelete(UINT nID);
+    afx_msg void OnView(UINT nID);
+    afx_msg void OnDays(UINT nID);
+    afx_msg void OnToday();
+    afx_msg void OnStep(UINT nID);
+    afx_msg void OnSetting(UINT nID);
+    afx_msg void OnPane(UINT nID);
+    afx_msg void OnNextPane();
+    afx_msg void OnAbout();
+    afx_msg void OnUpdateUndo(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateRedo(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateOfItem(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateView(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateDays(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateSetting(CCmdUI* pCmdUI);
+    afx_msg void OnUpdatePane(CCmdUI* pCmdUI);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
+    void SetUpView();
+    void ShowFirstHours();
+    void Follow();
+    void Finish(const planner::EditResult& result);
+    void Reveal(const planner::OccurrenceId& id);
+    void ShowCurrent();
+    void ApplySettings(CCalendarCtrl& ctrl);
+    BOOL* SettingOf(UINT nID);
+    CWnd* PaneOf(UINT nID);
+
+    planner::ChosenView m_view;
+    COleDateTime m_day; // that the frame begins with
+    planner::ShownItems m_items;
+    planner::ItemEditor m_editor;
+
+    CPlannerToolBar m_toolBar;
+    CStatusBar m_statusBar;
+    CSidePane m_sidePane;
+    CMessagePane m_messagePane;
+    BOOL m_mondayFirst = FALSE;
+    BOOL m_holidays = TRUE;
+    BOOL m_solarTerms = TRUE;
+};

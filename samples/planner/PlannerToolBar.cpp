@@ -1,0 +1,99 @@
+#include "samples/planner/PlannerToolBar.h"
+
+#include "samples/planner/resource.h"
+
+namespace
+{
+
+constexpr int kPickerWidth = 104; // pixels
+constexpr int kPickerGap = 4;     // on both sides
+
+struct Tool
+{
+    UINT command;
+    const char* text;
+};
+
+constexpr Tool kTools[] = {
+    {ID_FILE_OPEN, "Open"},
+    {ID_FILE_SAVE, "Save"},
+    {ID_SEPARATOR, nullptr},
+    {ID_EDIT_UNDO, "Undo"},
+    {ID_EDIT_REDO, "Redo"},
+    {ID_EDIT_NEW_ITEM, "New item"},
+    {ID_SEPARATOR, nullptr},
+    {ID_VIEW_PREVIOUS, "<"},
+    {ID_VIEW_TODAY, "Today"},
+    {ID_VIEW_NEXT, ">"},
+    {IDC_PICKER, nullptr},
+    {ID_SEPARATOR, nullptr},
+    {ID_VIEW_DAY, "Day"},
+    {ID_VIEW_WORKING_WEEK, "Working week"},
+    {ID_VIEW_WEEK, "Week"},
+    {ID_VIEW_DIARY, "Diary"},
+    {ID_VIEW_MONTH, "Month"},
+    {ID_VIEW_MONTH2, "Blocks"},
+    {ID_VIEW_YEAR, "Year"},
+};
+constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
+    ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
+END_MESSAGE_MAP()
+
+BOOL CPlannerToolBar::Create(CWnd* pParent)
+{
+    if (!CreateEx(pParent, TBSTYLE_FLAT | TBSTYLE_LIST,
+                  WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | CBRS_TOP | CBRS_TOOLTIPS)) {
+        return FALSE;
+    }
+    UINT commands[kToolCount];
+    for (int i = 0; i < kToolCount; ++i) {
+        commands[i] = kTools[i].command;
+    }
+    SetSizes(CSize(24, 24), CSize(1, 16));
+    if (!SetButtons(commands, kToolCount)) {
+        return FALSE;
+    }
+    for (int i = 0; i < kToolCount; ++i) {
+        if (kTools[i].text) {
+            SetButtonText(i, kTools[i].text);
+        }
+    }
+    PlacePicker();
+    return m_picker.GetSafeHwnd() != nullptr;
+}
+
+// A gap of its width stands for the picker among the buttons.
+void CPlannerToolBar::PlacePicker()
+{
+    TBBUTTONINFO gap = {};
+    gap.cbSize = sizeof(gap);
+    gap.dwMask = TBIF_STYLE | TBIF_SIZE;
+    gap.fsStyle = BTNS_SEP;
+    gap.cx = kPickerWidth + 2 * kPickerGap;
+    GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap);
+    CRect place;
+    GetItemRect(CommandToIndex(IDC_PICKER), &place);
+    place.DeflateRect(kPickerGap, 1);
+    if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
+        m_picker.SetWindowSize();
+        CRect actual;
+        m_picker.GetWindowRect(&actual);
+        m_picker.SetWindowPos(nullptr, place.left, place.top + (place.Height() - actual.Height()) / 2, 0, 0,
+                              SWP_NOSIZE | SWP_NOZORDER);
+    }
+}
+
+void CPlannerToolBar::Follow(const COleDateTime& day)
+{
+    m_picker.SetCurrentDate(day);
+    m_picker.Invalidate(FALSE);
+}
+
+LRESULT CPlannerToolBar::OnPickerMessage(WPARAM wParam, LPARAM lParam)
+{
+    return GetParent()->SendMessage(YMN_SELENDOK, wParam, lParam);
+}

@@ -1,0 +1,25 @@
+// The tool bar: commands as words, and the year-month picker among them.
+#pragma once
+
+#include <afxext.h>
+#include <afxwin.h>
+
+#include "pickers/YearMonthPickerCtrl.h"
+
+class CPlannerToolBar : public CToolBar
+{
+public:
+    BOOL Create(CWnd* pParent);
+    // Shows the month in the picker.
+    void Follow(const COleDateTime& day);
+
+protected:
+    // The picker's messages go on to the frame.
+    afx_msg LRESULT OnPickerMessage(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void PlacePicker();
+
+    CYearMonthPickerCtrl m_picker;
+};
