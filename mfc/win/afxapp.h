@@ -13,8 +13,7 @@ class CWinThread : public CCmdTarget
 public:
     CWinThread() = default;
 
-    CWnd* m_pMainWnd = nullptr;   // the program ends when this window is destroyed
-    CWnd* m_pActiveWnd = nullptr;
+    CWnd* m_pMainWnd = nullptr; // the program ends when this window is destroyed
     MSG m_msgCur = {};
 
     virtual BOOL InitInstance() { return FALSE; }

@@ -228,7 +228,6 @@ public:
     virtual BOOL OnInitDialog();
     virtual void OnOK();
     virtual void OnCancel();
-    virtual void OnSetFont(CFont*) {}
     void NextDlgCtrl() const { ::SendMessage(m_hWnd, WM_NEXTDLGCTL, 0, 0); }
     void GotoDlgCtrl(CWnd* pWndCtrl)
     {

@@ -94,9 +94,12 @@ BOOL CWinThread::PreTranslateMessage(MSG* pMsg)
     if (CWnd::WalkPreTranslateTree(CWnd::SafeHwnd(pMainWnd), pMsg)) {
         return TRUE;
     }
-    // A message to a window outside the main window's tree is offered to the main window too.
-    return pMainWnd != nullptr && CWnd::FromHandle(pMsg->hwnd)->GetTopLevelParent() != pMainWnd &&
-           pMainWnd->PreTranslateMessage(pMsg);
+    if (pMainWnd == nullptr) {
+        return FALSE;
+    }
+    // A message to no window, or to one outside the main window's tree, is offered to the main window too.
+    const bool outside = pMsg->hwnd == nullptr || CWnd::FromHandle(pMsg->hwnd)->GetTopLevelParent() != pMainWnd;
+    return outside && pMainWnd->PreTranslateMessage(pMsg);
 }
 
 BOOL CWinThread::OnIdle(LONG lCount)

@@ -110,7 +110,12 @@ CDocument* CSingleDocTemplate::OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMake
         if (!pDocument->SaveModified()) {
             return nullptr; // the user thought better of it
         }
-        pFrame = static_cast<CFrameWnd*>(AfxGetMainWnd());
+        POSITION position = pDocument->GetFirstViewPosition();
+        CView* pView = position != nullptr ? pDocument->GetNextView(position) : nullptr;
+        pFrame = pView != nullptr ? pView->GetParentFrame() : DYNAMIC_DOWNCAST(CFrameWnd, AfxGetMainWnd());
+        if (pFrame == nullptr) {
+            return nullptr;
+        }
     } else {
         pDocument = CreateNewDocument();
         if (pDocument == nullptr) {

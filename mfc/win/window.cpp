@@ -196,14 +196,10 @@ BOOL CWnd::DestroyWindow()
 
 void CWnd::OnNcDestroy()
 {
-    if (CWinThread* pThread = AfxGetThread()) {
-        if (pThread->m_pMainWnd == this) {
-            pThread->m_pMainWnd = nullptr;
-            ::PostQuitMessage(0);
-        }
-        if (pThread->m_pActiveWnd == this) {
-            pThread->m_pActiveWnd = nullptr;
-        }
+    CWinThread* pThread = AfxGetThread();
+    if (pThread != nullptr && pThread->m_pMainWnd == this) {
+        pThread->m_pMainWnd = nullptr;
+        ::PostQuitMessage(0);
     }
     if (m_bModalLoop) {
         EndModalLoop(-1);

@@ -62,9 +62,12 @@ void TakeOver(CWnd* pWnd, HWND hWnd, WNDPROC* pOldProc)
     }
 }
 
+// The system makes a window of the input method's class beside a program's first window.
 bool IsInputMethodWindow(HWND hWnd)
 {
-    return (::GetClassLongPtr(hWnd, GCL_STYLE) & CS_IME) != 0;
+    char name[8] = {};
+    ::GetClassName(hWnd, name, sizeof(name));
+    return (::GetClassLongPtr(hWnd, GCL_STYLE) & CS_IME) != 0 || ::lstrcmpi(name, "IME") == 0;
 }
 
 } // namespace
@@ -93,13 +96,14 @@ public:
     }
 };
 
-AfxCreationHook::AfxCreationHook(CWnd* pWnd) : m_pWnd(pWnd), m_pWndBefore(AfxState().pWndInit)
+AfxCreationHook::AfxCreationHook(CWnd* pWnd)
+    : m_pWnd(pWnd), m_pWndBefore(AfxState().pWndInit),
+      m_hook(::SetWindowsHookEx(WH_CBT, &AfxCreation::Filter, nullptr, ::GetCurrentThreadId()))
 {
-    AfxState().pWndInit = pWnd;
-    m_hook = ::SetWindowsHookEx(WH_CBT, &AfxCreation::Filter, nullptr, ::GetCurrentThreadId());
     if (m_hook == nullptr) {
         AfxThrowMemoryException();
     }
+    AfxState().pWndInit = pWnd;
 }
 
 AfxCreationHook::~AfxCreationHook()

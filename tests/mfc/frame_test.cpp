@@ -242,6 +242,28 @@ TEST_F(FrameTest, RoutesCommandsFromTheViewOut)
     EXPECT_EQ(frame->SendMessage(WM_COMMAND, CommandNobody), 0);
 }
 
+TEST_F(FrameTest, OffersMessagesToTheMainWindow)
+{
+    ACCEL key = {FVIRTKEY | FCONTROL, 'T', CommandApp};
+    frame->m_hAccelTable = ::CreateAcceleratorTable(&key, 1);
+    log.clear();
+    BYTE state[256] = {};
+    ::GetKeyboardState(state);
+    state[VK_CONTROL] = 0x80;
+    ::SetKeyboardState(state);
+    for (HWND target : {view->m_hWnd, frame->m_toolBar.m_hWnd}) {
+        MSG msg = {target, WM_KEYDOWN, 'T', 0, 0, {0, 0}};
+        EXPECT_TRUE(AfxPreTranslateMessage(&msg));
+    }
+    state[VK_CONTROL] = 0;
+    ::SetKeyboardState(state);
+    EXPECT_EQ(log, (Log{"app command", "app command"}));
+    ::DestroyAcceleratorTable(frame->m_hAccelTable);
+    frame->m_hAccelTable = nullptr;
+    MSG toNobody = {nullptr, WM_APP, 0, 0, 0, {0, 0}};
+    EXPECT_FALSE(AfxPreTranslateMessage(&toNobody));
+}
+
 TEST_F(FrameTest, BringsMenusAndBarsUpToDate)
 {
     CMenu menu;
