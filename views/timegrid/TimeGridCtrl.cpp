@@ -32,6 +32,19 @@ constexpr ScrollCodeRow kScrollCodes[] = {
     {SB_ENDSCROLL, dayvane::ScrollCode::END_SCROLL},
 };
 
+// Sets a flag for the life of the scope.
+class SetFlag
+{
+public:
+    explicit SetFlag(BOOL& flag) : m_flag(flag) { m_flag = TRUE; }
+    ~SetFlag() { m_flag = FALSE; }
+    SetFlag(const SetFlag&) = delete;
+    SetFlag& operator=(const SetFlag&) = delete;
+
+private:
+    BOOL& m_flag;
+};
+
 bool IsDate(const COleDateTime& date)
 {
     return date.GetStatus() == COleDateTime::valid && date.m_dt != 0.0;
@@ -203,9 +216,10 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
     if (!alive)
         return;
     CCalendarCtrl::OnSize(nType, cx, cy);
-    m_bSizing = TRUE;
-    Layout(cx, cy);
-    m_bSizing = FALSE;
+    {
+        const SetFlag sizing(m_bSizing);
+        Layout(cx, cy);
+    }
     SetBar(dayvane::ScaledTo(GetBar(), RowWindow()));
     InvalidateClient();
 }

@@ -5,7 +5,8 @@
 
 namespace
 {
-constexpr int kMarkGap = 2; // pixels after a mark of an item
+constexpr int kMarkGap = 2;      // pixels after a mark of an item
+constexpr int kMarkedWidth = 40; // columns of many days: a narrower box keeps its room for the text
 constexpr int kHourFont = 0; // templates in m_lfFonts
 } // namespace
 
@@ -123,7 +124,8 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state,
     CRect box = item.rcItem;
     box.OffsetRect(0, -state.scroll);
     CRect content = painter.DrawTimedBox(item, box, nEnd, item.nSource == m_nCurSel);
-    content.left += DrawMarks(pDC, item, content, FALSE);
+    if (GetColumnCount() == 1 || content.Width() >= kMarkedWidth)
+        content.left += DrawMarks(pDC, item, content, FALSE);
     const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawTimedText(item, content, GetColumnCount() > 1);
 }
