@@ -14,8 +14,3 @@ public:
 };
 
 CDialogApp theApp;
-
-int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPSTR lpCmdLine, int nCmdShow)
-{
-    return AfxWinMain(hInstance, hPrevInstance, lpCmdLine, nCmdShow);
-}
