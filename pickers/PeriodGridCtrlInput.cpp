@@ -1,0 +1,142 @@
+// What mouse, keyboard, focus and timer bring to a mini calendar: each message becomes an event of the model, whose
+// effects are applied.
+#include "pickers/PeriodGridCtrl.h"
+
+#include "core/CalendarClock.h"
+
+using namespace dayvane;
+
+void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
+{
+    const CRect rect = RectOfPart(m_layout, hit);
+    if (!rect.IsRectEmpty()) {
+        InvalidateRect(&rect, FALSE);
+    }
+}
+
+void CPeriodGridCtrl::Hover(const GridHit& hit)
+{
+    const GridHit before = m_model.Hot();
+    if (m_model.Hover(hit)) {
+        InvalidatePart(before);
+        InvalidatePart(hit);
+    }
+}
+
+void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
+{
+    if (!m_bTracksLeave) {
+        m_bTracksLeave = TRUE;
+        TrackMouseLeave(m_hWnd);
+    }
+    if (m_pPopup == nullptr) {
+        Hover(PartAt(m_layout, point));
+        Apply(m_model.PointAt(DateOfHit(m_layout, CellAt(m_layout, point))));
+    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+        ClientToScreen(&point);
+        m_pPopup->PointAt(point);
+    } else {
+        Cancel(); // somebody has destroyed the popup
+    }
+}
+
+void CPeriodGridCtrl::OnMouseLeave()
+{
+    m_bTracksLeave = FALSE;
+    Hover(GridHit());
+    if (m_model.GetMode() == PeriodGridModel::Mode::Idle) {
+        InvalidatePart(m_model.Pressed());
+        m_model.LetGo();
+    }
+}
+
+void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
+{
+    const WindowAlive alive(this, m_life);
+    Cancel(); // a press without a release before it
+    SetFocus();
+    if (!alive) {
+        return;
+    }
+    const GridHit hit = PartAt(m_layout, point);
+    Apply(m_model.Press(hit, DateOfHit(m_layout, hit), Now()));
+}
+
+void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
+{
+    if (m_pPopup != nullptr && m_pPopup->GetSafeHwnd() != nullptr) {
+        CPoint screen = point;
+        ClientToScreen(&screen);
+        m_pPopup->PointAt(screen);
+    }
+    InvalidatePart(m_model.Pressed());
+    m_model.LetGo();
+    Apply(m_model.Release(m_pPopup != nullptr ? m_pPopup->GetPeriod() : m_model.FirstPeriod()));
+}
+
+void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
+{
+    const GridHit hit = CellAt(m_layout, point);
+    if (hit.part == GridPart::Cell) {
+        Apply(m_model.DoubleClick(DateOfHit(m_layout, hit)));
+    } else {
+        OnLButtonDown(nFlags, point); // fast clicks on the arrows page on
+    }
+}
+
+void CPeriodGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    const GridEffects effects = m_model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
+    if (effects.handled) {
+        Apply(effects);
+    } else {
+        CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
+UINT CPeriodGridCtrl::OnGetDlgCode()
+{
+    const MSG* pMsg = reinterpret_cast<const MSG*>(GetCurrentMessage()->lParam);
+    UINT code = DLGC_WANTARROWS;
+    if (pMsg != nullptr && pMsg->message == WM_KEYDOWN) {
+        const bool busy = m_model.GetMode() != PeriodGridModel::Mode::Idle;
+        if (pMsg->wParam == VK_RETURN || (pMsg->wParam == VK_ESCAPE && busy)) {
+            code |= DLGC_WANTMESSAGE;
+        }
+    }
+    return code;
+}
+
+void CPeriodGridCtrl::OnSetFocus(CWnd*)
+{
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnKillFocus(CWnd*)
+{
+    Cancel();
+    Invalidate(FALSE);
+}
+
+void CPeriodGridCtrl::OnCaptureChanged(CWnd* pWnd)
+{
+    if (pWnd != this) {
+        Cancel();
+    }
+}
+
+void CPeriodGridCtrl::OnCancelMode()
+{
+    Cancel();
+}
+
+void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)
+{
+    if (nIDEvent != kRunTimerId || m_pPopup == nullptr) {
+        CWnd::OnTimer(nIDEvent);
+    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+        m_pPopup->Tick();
+    } else {
+        Cancel();
+    }
+}
