@@ -49,7 +49,7 @@ TEST(MoreList, KeepsTheCurrentRowInSight)
 {
     MoreListModel list = ListOf(30);
     EXPECT_EQ(list.RowsInSight(), 12);
-    EXPECT_EQ(list.Size().cy, 12 * 24 + 4);
+    EXPECT_EQ(list.Size().cy, 12 * kMoreListMetrics.rowHeight + 4);
     struct Step
     {
         int row, current, top;
@@ -62,7 +62,7 @@ TEST(MoreList, KeepsTheCurrentRowInSight)
     }
     list.Scroll(-7);
     EXPECT_EQ(list.RowAt(CPoint(10, 3)), 11);
-    EXPECT_EQ(list.RowAt(CPoint(10, 2 + 12 * 24)), -1) << "below the last row in sight";
+    EXPECT_EQ(list.RowAt(CPoint(10, 2 + 12 * kMoreListMetrics.rowHeight)), -1) << "below the last row in sight";
     list.Scroll(-50);
     EXPECT_EQ(list.Top(), 0);
     list.Scroll(50);

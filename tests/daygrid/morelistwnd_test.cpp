@@ -72,7 +72,7 @@ public:
         messages::LeftUp(ListWindow(), CPoint(-5, -5));
         PumpMessages();
     }
-    CPoint Row(int row) const { return CPoint(20, 2 + row * 24 + 12); }
+    CPoint Row(int row) const { return CPoint(20, dayvane::kMoreListMetrics.rowHeight * row + 14); }
 };
 
 template <class View>

@@ -12,7 +12,7 @@ namespace dayvane
 // Pixels, but for the rows.
 struct MoreListMetrics
 {
-    int rowHeight = 24;
+    int rowHeight = 26;
     int width = 280;
     int inset = 2;    // around the rows
     int maxRows = 12; // in sight at once

@@ -10,7 +10,7 @@ namespace
 
 constexpr char kWindowClass[] = "DayvaneMoreList";
 constexpr COLORREF kGround = 0xFFFFFF;
-constexpr int kRowFrame = 1; // pixels of the current row's frame
+constexpr int kRowFrame = 2; // pixels of the current row's frame
 
 CRect WorkAreaAt(const CRect& rect)
 {
@@ -53,7 +53,8 @@ CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::v
     if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0))
         return nullptr; // it has deleted itself
     list->m_model.SetCurrent(0);
-    list->SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_SHOWWINDOW);
+    ::SetWindowPos(list->m_hWnd, HWND_TOPMOST, 0, 0, 0, 0,
+                   SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     list->SetCapture();
     return list;
 }
@@ -213,4 +214,6 @@ void CMoreListWnd::OnPaint()
         memory.FillSolidRect(&rect, kGround);
         m_pOwner->DrawListedItem(&memory, m_model.Item(row), m_nItemVersion, rect);
     }
+    if (m_model.Top() + m_model.RowsInSight() < m_model.Count())
+        m_pOwner->DrawMoreMark(&memory, client);
 }
