@@ -1,0 +1,84 @@
+// Texts from the cache look like those that the system measures and cuts on every paint.
+#include "core/DrawingHelpers.h"
+#include "support/MemoryDc.h"
+#include "views/daygrid/TextCache.h"
+
+#include <gtest/gtest.h>
+
+using testsupport::MemoryDc;
+
+namespace
+{
+
+constexpr int kWidth = 260;
+constexpr int kHeight = 24;
+
+void CreateFont(CFont& font, int height)
+{
+    LOGFONT lf = {};
+    lf.lfHeight = height;
+    lf.lfCharSet = SHIFTJIS_CHARSET;
+    lstrcpyn(lf.lfFaceName, "MS UI Gothic", LF_FACESIZE);
+    font.CreateFontIndirect(&lf);
+}
+
+} // namespace
+
+// The texts are of code page 932; on a system of any other the system's wide output is what they must equal.
+TEST(TextCache, DrawsWhatTheSystemDraws)
+{
+    struct Case
+    {
+        const char* text;
+        const wchar_t* wide;
+        UINT format;
+    };
+    const Case cases[] = {
+        {"9:00 Lunch & tea", L"9:00 Lunch & tea", DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
+        {"設計レビュー（会議室 B）", L"\x8A2D\x8A08\x30EC\x30D3\x30E5\x30FC\xFF08\x4F1A\x8B70\x5BA4 B\xFF09",
+         DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
+        {"終日の予定", L"\x7D42\x65E5\x306E\x4E88\x5B9A", DT_CENTER | DT_VCENTER | DT_END_ELLIPSIS},
+        {"26/3/1", L"26/3/1", DT_RIGHT | DT_TOP},
+    };
+    CFont font;
+    CreateFont(font, 12);
+    dayvane::TextCache cache;
+    MemoryDc drawn(kWidth, kHeight);
+    MemoryDc expected(kWidth, kHeight);
+    const dayvane::SelectGdi selectDrawn(&drawn.Dc(), &font);
+    const dayvane::SelectGdi selectExpected(&expected.Dc(), &font);
+    for (const Case& c : cases) {
+        for (int width = 24; width <= 240; width += 9) {
+            for (int round = 0; round < 2; ++round) { // the second time from memory
+                drawn.Fill(RGB(255, 255, 255));
+                expected.Fill(RGB(255, 255, 255));
+                CRect rect(5, 3, 5 + width, 21);
+                cache.Draw(&drawn.Dc(), &font, c.text, rect, c.format);
+                ::DrawTextW(expected.Dc().m_hDC, c.wide, -1, &rect, c.format | DT_SINGLELINE | DT_NOPREFIX);
+                ASSERT_TRUE(drawn.SameAs(expected)) << c.text << " in " << width << " pixels";
+            }
+        }
+    }
+}
+
+TEST(TextCache, KeepsFontsAndWidthsApart)
+{
+    CFont small;
+    CFont large;
+    CreateFont(small, 12);
+    CreateFont(large, 20);
+    dayvane::TextCache cache;
+    MemoryDc surface(kWidth, kHeight);
+    int widths[2] = {};
+    for (int i = 0; i < 2; ++i) {
+        CFont* font = i == 0 ? &small : &large;
+        const dayvane::SelectGdi selectFont(&surface.Dc(), font);
+        widths[i] = cache.WidthOf(&surface.Dc(), font, "会議 meeting");
+        EXPECT_EQ(widths[i], surface.Dc().GetTextExtent("会議 meeting").cx);
+        EXPECT_EQ(cache.WidthOf(&surface.Dc(), font, ""), 0);
+    }
+    EXPECT_GT(widths[1], widths[0]);
+    surface.Fill(RGB(255, 255, 255));
+    cache.Draw(&surface.Dc(), &large, "会議", CRect(10, 10, 10, 20), DT_LEFT);
+    EXPECT_EQ(surface.CountOther(CRect(0, 0, kWidth, kHeight), RGB(255, 255, 255)), 0) << "no room";
+}
