@@ -154,6 +154,30 @@ TEST(DaySelection, ComesAsARangeOfTime)
     EXPECT_EQ(0, scene.view->GetSelRange(begin, end));
 }
 
+TEST(WeekDaySelection, ComesAsARangeOfTime)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    COleDateTime begin;
+    COleDateTime end;
+    struct
+    {
+        COleDateTime first, last;
+        bool fullday;
+        COleDateTime begin, end;
+    } const cases[] = {
+        {At(10, 0), At(10, 0), false, At(10, 0), At(10, 30)},
+        {At(10, 0, 27), At(9, 0, 25), false, At(9, 0, 25), At(10, 30, 27)},
+        {At(0, 0), At(23, 59), false, At(0, 0), At(23, 59)},
+        {At(0, 0, 27), At(0, 0, 25), true, At(0, 0, 25), dayvane::EndOfDay(At(0, 0, 27))},
+    };
+    for (const auto& c : cases) {
+        scene.view->SetSelRange(c.first, c.last, c.fullday);
+        EXPECT_EQ(1, scene.view->GetSelRange(begin, end));
+        EXPECT_EQ(c.begin, begin);
+        EXPECT_EQ(c.end, end);
+    }
+}
+
 TEST(DayItems, BandGrowsWithWhatIsAdded)
 {
     Scene<CDayViewCtrl> scene;
