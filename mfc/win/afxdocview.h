@@ -172,7 +172,8 @@ public:
     void SetMessageText(LPCTSTR lpszText);
     void SetMessageText(UINT nID);
 
-    // Handlers for the message map of a program's own frame class: show or hide the bar whose identifier is the command's
+    // Handlers for the message map of a program's own frame class: show or hide the bar whose identifier is the
+    // command's
     afx_msg BOOL OnBarCheck(UINT nID);
     afx_msg void OnUpdateControlBarMenu(CCmdUI* pCmdUI);
 

@@ -5,7 +5,6 @@
 
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 // Which object serves which handle. Permanent entries belong to objects attached to the handle; temporary objects are
 // made for handles that nobody owns, answered until DeleteTemps.
@@ -32,15 +31,9 @@ public:
         const auto found = m_temporary.find(handle);
         return found != m_temporary.end() ? found->second.get() : nullptr;
     }
-    // The former temporary object of a handle, which the system may have given away anew, stays valid.
     Object* SetTemporary(Handle handle, std::unique_ptr<Object> object)
     {
-        auto& slot = m_temporary[handle];
-        if (slot) {
-            m_retired.push_back(std::move(slot));
-        }
-        slot = std::move(object);
-        return slot.get();
+        return (m_temporary[handle] = std::move(object)).get();
     }
     // `release` takes the handle from the object, so that the object's end leaves the handle alone.
     template <class Release>
@@ -49,11 +42,7 @@ public:
         for (auto& entry : m_temporary) {
             release(*entry.second);
         }
-        for (auto& object : m_retired) {
-            release(*object);
-        }
         m_temporary.clear();
-        m_retired.clear();
     }
     template <class Release>
     void DeleteTemp(Handle handle, Release release)
@@ -68,7 +57,6 @@ public:
 private:
     std::unordered_map<Handle, Object*> m_permanent;
     std::unordered_map<Handle, std::unique_ptr<Object>> m_temporary;
-    std::vector<std::unique_ptr<Object>> m_retired;
 };
 
 // The message being handled; saved and restored around nested ones.

@@ -101,8 +101,8 @@ public:
     virtual ~CCmdUI() = default;
 
     UINT m_nID = 0;
-    UINT m_nIndex = 0;       // position in the menu or bar
-    UINT m_nIndexMax = 0;    // number of positions
+    UINT m_nIndex = 0;    // position in the menu or bar
+    UINT m_nIndexMax = 0; // number of positions
     CMenu* m_pMenu = nullptr;
     CMenu* m_pSubMenu = nullptr; // set when the item opens a submenu
     CMenu* m_pParentMenu = nullptr;

@@ -363,9 +363,9 @@ protected:
 
     DECLARE_MESSAGE_MAP()
 
-    WNDPROC m_pfnSuper = nullptr;  // the window procedure before the object took the window over
-    HWND m_hWndOwner = nullptr;    // set by SetOwner
-    BOOL m_bModalLoop = FALSE;     // a modal loop runs on this window
+    WNDPROC m_pfnSuper = nullptr; // the window procedure before the object took the window over
+    HWND m_hWndOwner = nullptr;   // set by SetOwner
+    BOOL m_bModalLoop = FALSE;    // a modal loop runs on this window
     int m_nModalResult = 0;
 
 private:

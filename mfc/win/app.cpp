@@ -15,8 +15,7 @@ END_MESSAGE_MAP()
 
 // The loop
 
-namespace
-{
+namespace {
 
 void DeleteTempMaps()
 {

@@ -12,8 +12,7 @@ BEGIN_MESSAGE_MAP(CControlBar, CWnd)
     ON_MESSAGE(WM_IDLEUPDATECMDUI, &CControlBar::OnIdleUpdateCmdUI)
 END_MESSAGE_MAP()
 
-namespace
-{
+namespace {
 
 constexpr DWORD BarStyleMask = 0xFFF0; // the bits of CBRS_..., which mean other things to the system
 constexpr int ButtonPadding = 4;       // pixels over and under the buttons together
@@ -171,8 +170,7 @@ CSize CToolBar::CalcFixedLayout(BOOL, BOOL)
     return CSize(last.right, HIWORD(size) + ButtonPadding);
 }
 
-namespace
-{
+namespace {
 
 class ToolCmdUI : public CCmdUI
 {

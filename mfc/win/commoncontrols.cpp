@@ -43,8 +43,7 @@ CString CStatusBarCtrl::GetText(int nPane) const
 
 // Tool tips
 
-namespace
-{
+namespace {
 
 TOOLINFO MakeToolInfo(CWnd* pWnd, UINT_PTR nIDTool, LPCTSTR text)
 {

@@ -127,8 +127,7 @@ void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
     }
 }
 
-namespace
-{
+namespace {
 
 void GetItemText(const CWnd& list, UINT lengthMessage, UINT textMessage, int nIndex, CString& rString)
 {

@@ -1,8 +1,7 @@
 // Device contexts: settings, which both contexts of an object get when they differ.
 #include "afximpl.h"
 
-namespace
-{
+namespace {
 
 template <class Call>
 auto OnBoth(const CDC& dc, Call call)

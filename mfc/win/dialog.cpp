@@ -9,8 +9,7 @@ BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
 END_MESSAGE_MAP()
 
-namespace
-{
+namespace {
 
 // What the system's dialog class calls for each message, after the object has seen it.
 INT_PTR CALLBACK DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
@@ -162,8 +161,8 @@ LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM)
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
 {
     const UINT message = pMsg->message;
-    const bool input = (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
-                       (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
+    const bool input =
+        (message >= WM_KEYFIRST && message <= WM_KEYLAST) || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
     return CWnd::PreTranslateMessage(pMsg) || (input && IsDialogMessage(pMsg));
 }
 

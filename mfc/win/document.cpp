@@ -112,8 +112,7 @@ BOOL CDocument::OnNewDocument()
     return TRUE;
 }
 
-namespace
-{
+namespace {
 
 class FileHandle
 {

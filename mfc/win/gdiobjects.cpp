@@ -9,40 +9,27 @@ IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
 IMPLEMENT_DYNAMIC(CPalette, CGdiObject)
 IMPLEMENT_DYNAMIC(CRgn, CGdiObject)
 
-namespace
-{
+namespace {
 
-// The class for the type of a handle, and how to make one.
-struct Kind
-{
-    CRuntimeClass* type;
-    std::unique_ptr<CGdiObject> (*make)();
-};
-
-template <class Object>
-Kind KindOf()
-{
-    return {RUNTIME_CLASS(Object), []() -> std::unique_ptr<CGdiObject> { return std::make_unique<Object>(); }};
-}
-
-Kind KindOfHandle(HGDIOBJ hObject)
+// A handle tells the type of what it stands for, and keeps it when it is given away anew.
+std::unique_ptr<CGdiObject> MakeForType(HGDIOBJ hObject)
 {
     switch (::GetObjectType(hObject)) {
     case OBJ_PEN:
     case OBJ_EXTPEN:
-        return KindOf<CPen>();
+        return std::make_unique<CPen>();
     case OBJ_BRUSH:
-        return KindOf<CBrush>();
+        return std::make_unique<CBrush>();
     case OBJ_FONT:
-        return KindOf<CFont>();
+        return std::make_unique<CFont>();
     case OBJ_BITMAP:
-        return KindOf<CBitmap>();
+        return std::make_unique<CBitmap>();
     case OBJ_PAL:
-        return KindOf<CPalette>();
+        return std::make_unique<CPalette>();
     case OBJ_REGION:
-        return KindOf<CRgn>();
+        return std::make_unique<CRgn>();
     default:
-        return KindOf<CGdiObject>();
+        return std::make_unique<CGdiObject>();
     }
 }
 
@@ -57,13 +44,10 @@ CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
     if (CGdiObject* object = objects.Permanent(hObject)) {
         return object;
     }
-    const Kind kind = KindOfHandle(hObject);
-    CGdiObject* known = objects.Temporary(hObject);
-    // The system may have given the number of a deleted object to one of another type.
-    if (known != nullptr && known->GetRuntimeClass() == kind.type) {
-        return known;
+    if (CGdiObject* object = objects.Temporary(hObject)) {
+        return object;
     }
-    std::unique_ptr<CGdiObject> made = kind.make();
+    std::unique_ptr<CGdiObject> made = MakeForType(hObject);
     made->m_hObject = hObject;
     return objects.SetTemporary(hObject, std::move(made));
 }

@@ -15,8 +15,7 @@ const AFX_MSGMAP* PASCAL CCmdTarget::GetThisMessageMap()
     return &messageMap;
 }
 
-namespace
-{
+namespace {
 
 // The first row that `fits`, from the most derived class up.
 template <class Fits>
@@ -235,7 +234,8 @@ void CCmdUI::SetText(LPCTSTR lpszText)
 {
     if (m_pMenu != nullptr) {
         if (m_pSubMenu == nullptr) {
-            const UINT state = m_pMenu->GetMenuState(m_nIndex, MF_BYPOSITION) & ~(MF_BITMAP | MF_OWNERDRAW | MF_SEPARATOR);
+            const UINT state =
+                m_pMenu->GetMenuState(m_nIndex, MF_BYPOSITION) & ~(MF_BITMAP | MF_OWNERDRAW | MF_SEPARATOR);
             m_pMenu->ModifyMenu(m_nIndex, MF_BYPOSITION | MF_STRING | state, m_nID, lpszText);
         }
     } else if (m_pOther != nullptr) {

@@ -5,8 +5,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 constexpr UINT UnknownLastPage = 0xFFFF;
 

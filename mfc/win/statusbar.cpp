@@ -10,8 +10,7 @@ BEGIN_MESSAGE_MAP(CStatusBar, CControlBar)
     ON_WM_SIZE()
 END_MESSAGE_MAP()
 
-namespace
-{
+namespace {
 
 constexpr int PaneTextPadding = 12; // pixels on both sides together
 constexpr int LinePadding = 4;      // pixels over and under the line of text together
@@ -234,8 +233,8 @@ LRESULT CFrameWnd::OnSetMessageString(WPARAM wParam, LPARAM lParam)
 {
     CStatusBar* pBar = DYNAMIC_DOWNCAST(CStatusBar, GetControlBar(AFX_IDW_STATUS_BAR));
     if (pBar != nullptr) {
-        const CString text = lParam != 0 ? CString(reinterpret_cast<LPCTSTR>(lParam))
-                                         : CommandText(static_cast<UINT>(wParam), 0);
+        const CString text =
+            lParam != 0 ? CString(reinterpret_cast<LPCTSTR>(lParam)) : CommandText(static_cast<UINT>(wParam), 0);
         pBar->SetPaneText(0, text);
     }
     return 0;

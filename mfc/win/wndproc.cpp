@@ -50,13 +50,12 @@ const MSG* PASCAL CWnd::GetCurrentMessage()
 
 // Creation
 
-namespace
-{
+namespace {
 
 void TakeOver(CWnd* pWnd, HWND hWnd, WNDPROC* pOldProc)
 {
-    const WNDPROC oldProc = reinterpret_cast<WNDPROC>(
-        ::SetWindowLongPtr(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
+    const WNDPROC oldProc =
+        reinterpret_cast<WNDPROC>(::SetWindowLongPtr(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
     if (oldProc != &AfxWndProc) {
         *pOldProc = oldProc;
     }
@@ -134,8 +133,7 @@ HWND CWnd::UnsubclassWindow()
 
 // Exceptions
 
-namespace
-{
+namespace {
 
 CString DescribeException(const CException* e)
 {

@@ -1,8 +1,7 @@
 // Dialog boxes from templates in memory, with what the system's controls in them need.
 #include "window_test.h"
 
-namespace
-{
+namespace {
 
 constexpr int EditId = 101;
 constexpr int ChosenResult = 7;
@@ -71,10 +70,7 @@ public:
 class TestDialog : public CDialog
 {
 public:
-    TestDialog(LPCDLGTEMPLATE dialogTemplate, CWnd* parent) : CDialog()
-    {
-        InitModalIndirect(dialogTemplate, parent);
-    }
+    TestDialog(LPCDLGTEMPLATE dialogTemplate, CWnd* parent) : CDialog() { InitModalIndirect(dialogTemplate, parent); }
     std::function<void(TestDialog&)> m_onInit;
     KeyEdit m_edit;
     bool m_wasVisible = false;

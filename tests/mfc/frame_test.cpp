@@ -5,8 +5,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 using Log = std::vector<std::string>;
 
@@ -159,8 +158,8 @@ protected:
     void SetUp() override
     {
         theLog = &log;
-        app.AddDocTemplate(new CSingleDocTemplate(1, RUNTIME_CLASS(TestDocument), RUNTIME_CLASS(TestFrame),
-                                                  RUNTIME_CLASS(TestView)));
+        app.AddDocTemplate(
+            new CSingleDocTemplate(1, RUNTIME_CLASS(TestDocument), RUNTIME_CLASS(TestFrame), RUNTIME_CLASS(TestView)));
         document = static_cast<TestDocument*>(app.OpenDocumentFile(nullptr));
         ASSERT_NE(document, nullptr);
         frame = static_cast<TestFrame*>(app.m_pMainWnd);
@@ -203,9 +202,8 @@ TEST_F(FrameTest, OpensOneDocumentInItsFrame)
     CRect bottom;
     CRect middle;
     frame->GetClientRect(&client);
-    for (const auto& [wnd, rect] : {std::pair<CWnd*, CRect*>{&frame->m_toolBar, &top},
-                                    {&frame->m_statusBar, &bottom},
-                                    {view, &middle}}) {
+    for (const auto& [wnd, rect] :
+         {std::pair<CWnd*, CRect*>{&frame->m_toolBar, &top}, {&frame->m_statusBar, &bottom}, {view, &middle}}) {
         wnd->GetWindowRect(rect);
         frame->ScreenToClient(rect);
         EXPECT_EQ(rect->left, client.left);

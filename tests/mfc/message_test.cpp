@@ -1,8 +1,7 @@
 // The way of messages: message maps, commands, notifications, reflection to the child, colours and owner drawing.
 #include "window_test.h"
 
-namespace
-{
+namespace {
 
 const UINT FirstRegistered = ::RegisterWindowMessage("dayvane test first");
 const UINT SecondRegistered = ::RegisterWindowMessage("dayvane test second");

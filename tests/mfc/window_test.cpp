@@ -140,7 +140,10 @@ TEST_F(WindowTest, FailedCreationEndsWithPostNcDestroyOnce)
     const Case cases[] = {
         {"unknown class", "no such class", 0, {"PreCreateWindow", "PostNcDestroy"}},
         {"no class for a popup", nullptr, 0, {"PreCreateWindow", "PostNcDestroy"}},
-        {"refused", PlainClass(), -1, {"PreCreateWindow", "PreSubclassWindow", "WM_NCCREATE", "OnCreate", "PostNcDestroy"}},
+        {"refused",
+         PlainClass(),
+         -1,
+         {"PreCreateWindow", "PreSubclassWindow", "WM_NCCREATE", "OnCreate", "PostNcDestroy"}},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
