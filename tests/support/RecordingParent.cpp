@@ -1,5 +1,7 @@
 #include "tests/support/RecordingParent.h"
 
+#include "tests/support/Input.h"
+
 #include <algorithm>
 #include <sstream>
 
@@ -128,15 +130,26 @@ RecordingParent::~RecordingParent()
     DestroyWindow();
 }
 
+// The pointer rests in the far corner until a test moves it: over the window it would send moves of its own into the
+// middle of a test that sends messages.
+static void ParkPointer()
+{
+    ::SetCursorPos(::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1);
+    PumpMessages();
+}
+
 bool RecordingParent::Create(int clientWidth, int clientHeight)
 {
+    ParkPointer();
     CRect frame(0, 0, clientWidth, clientHeight);
     ::AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
     frame.MoveToXY(kWindowLeft, kWindowTop);
     const LPCTSTR windowClass =
         AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
-    return CreateEx(0, windowClass, "Recording parent", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, frame,
-                    nullptr, 0) != FALSE;
+    const bool created = CreateEx(0, windowClass, "Recording parent",
+                                  WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, frame, nullptr, 0) != FALSE;
+    PumpMessages();
+    return created;
 }
 
 int RecordingParent::Count(int code) const
