@@ -40,6 +40,7 @@ constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
 } // namespace
 
 BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
+    ON_WM_ERASEBKGND()
     ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
 END_MESSAGE_MAP()
 
@@ -91,6 +92,15 @@ void CPlannerToolBar::Follow(const COleDateTime& day)
 {
     m_picker.SetCurrentDate(day);
     m_picker.Invalidate(FALSE);
+}
+
+// A flat bar shows what its parent paints, and the frame paints nothing where a view is active.
+BOOL CPlannerToolBar::OnEraseBkgnd(CDC* pDC)
+{
+    CRect all;
+    GetClientRect(&all);
+    pDC->FillSolidRect(&all, ::GetSysColor(COLOR_BTNFACE));
+    return TRUE;
 }
 
 LRESULT CPlannerToolBar::OnPickerMessage(WPARAM wParam, LPARAM lParam)

@@ -15,6 +15,7 @@ public:
 
 protected:
     // The picker's messages go on to the frame.
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     afx_msg LRESULT OnPickerMessage(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
