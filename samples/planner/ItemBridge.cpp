@@ -11,6 +11,7 @@ namespace planner {
 namespace {
 
 constexpr int FontItalicStruck = 2; // tagCC_ITEM::nReserved
+constexpr std::size_t NearlyAllPercent = 80;
 constexpr char NoTitle[] = "(no title)";
 
 constexpr COLORREF Rgb(unsigned rgb)
@@ -161,6 +162,31 @@ EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, 
     return times;
 }
 
+int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,
+                     const std::vector<int>& offered)
+{
+    std::size_t bounds = 0;
+    std::vector<std::size_t> aligned(offered.size(), 0);
+    for (const Occurrence& occurrence : occurrences) {
+        const EventTimes& times = occurrence.times;
+        if (times.isAllDay || times.start < from || times.start >= to) {
+            continue;
+        }
+        for (const LocalTime bound : {times.start, times.end}) {
+            ++bounds;
+            for (std::size_t i = 0; i < offered.size(); ++i) {
+                aligned[i] += bound % (HourSeconds / offered[i]) == 0 ? 1 : 0;
+            }
+        }
+    }
+    for (std::size_t i = 0; i < offered.size(); ++i) {
+        if (aligned[i] * 100 >= bounds * NearlyAllPercent) {
+            return offered[i];
+        }
+    }
+    return offered.back();
+}
+
 std::string DetailsOf(const Occurrence& occurrence)
 {
     const EventTimes& times = occurrence.times;
@@ -186,10 +212,9 @@ std::string ShownSummary(const Event& event)
 
 const ItemColors& ColorsOf(const Event& event)
 {
-    if (event.categories.empty()) {
-        return Palette[static_cast<std::size_t>(std::max(event.calendar, 1) - 1) % PaletteSize];
-    }
-    return Palette[HashOf(event.categories.front()) % PaletteSize];
+    const std::string& kind = event.categories.empty() ? event.location : event.categories.front();
+    const std::size_t number = kind.empty() ? static_cast<std::size_t>(std::max(event.calendar, 1) - 1) : HashOf(kind);
+    return Palette[number % PaletteSize];
 }
 
 } // namespace planner

@@ -29,6 +29,11 @@ EventTimes TimesAfterMove(const EventTimes& before, const tagCC_ITEM& moved);
 // goes from a first to a last moment of days.
 EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, bool wholeDays);
 
+// The fewest grid rows an hour, of those that a grid offers (ascending), on whose lines nearly all of these timed
+// occurrences begin and end; the last when none fits. Occurrences outside [from, to) do not count.
+int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,
+                     const std::vector<int>& offered);
+
 // One line that tells of an occurrence: when, what, where.
 std::string DetailsOf(const Occurrence& occurrence);
 
@@ -44,8 +49,8 @@ struct ItemColors
     COLORREF text;
 };
 
-// By the first category, so that an item looks the same in every view and after every start; without categories by
-// the calendar it belongs to.
+// By the first category, without one by the place, without that by the calendar that the event belongs to: so an item
+// looks the same in every view and after every start, and what belongs together looks alike.
 const ItemColors& ColorsOf(const Event& event);
 
 } // namespace planner

@@ -71,6 +71,24 @@ void ItemEditor::Open(const Edit& edit)
     m_items.Ctrl()->BeginEditItem(SystemPage().FromUtf8(edit.before).c_str());
     m_edit = edit;
     m_edit.isOpen = true;
+    const HWND box = OpenBox();
+    if (box) { // typing replaces the old text
+        ::SendMessage(box, EM_SETSEL, 0, -1);
+    }
+}
+
+HWND ItemEditor::OpenBox() const
+{
+    CCalendarCtrl* ctrl = m_items.Ctrl();
+    const HWND focus = ::GetFocus();
+    return ctrl && m_edit.isOpen && ::IsChild(*ctrl, focus) ? focus : nullptr;
+}
+
+void ItemEditor::Commit()
+{
+    if (OpenBox()) {
+        m_items.Ctrl()->SetFocus(); // the box closes as it loses the focus
+    }
 }
 
 EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)

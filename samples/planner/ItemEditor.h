@@ -15,6 +15,9 @@ public:
     void BeginRename(Scope scope);
     void BeginCreate(bool wholeDays);
 
+    // Ends an open edit as Enter does.
+    void Commit();
+
     // The edit box was closed with this text. Done without an id: there was nothing to do.
     EditResult EndEdit(Document& document, const NMCALENDAREDIT& ended);
     // An item was dragged; Ctrl makes it a copy.
@@ -32,6 +35,7 @@ private:
         bool isOpen = false;
     };
     void Open(const Edit& edit);
+    HWND OpenBox() const; // the edit box; nullptr: none is open
 
     ShownItems& m_items;
     Edit m_edit;

@@ -2,8 +2,6 @@
 #include <afxext.h>
 #include <afxwin.h>
 
-#include "core/CalendarClock.h"
-#include "core/DateMath.h"
 #include "samples/planner/CommandLine.h"
 #include "samples/planner/PlannerFrame.h"
 #include "samples/planner/WindowPicture.h"
@@ -19,6 +17,7 @@ public:
     CPlannerApp() : CWinApp("Planner") {}
     BOOL InitInstance() override;
     BOOL OnIdle(LONG lCount) override;
+    int ExitInstance() override { return m_failed ? EXIT_FAILURE : CWinApp::ExitInstance(); }
 
 protected:
     DECLARE_MESSAGE_MAP()
@@ -28,9 +27,6 @@ private:
 
     planner::CommandLine m_line;
     bool m_failed = false;
-
-public:
-    int ExitInstance() override { return m_failed ? EXIT_FAILURE : CWinApp::ExitInstance(); }
 };
 
 BEGIN_MESSAGE_MAP(CPlannerApp, CWinApp)
@@ -48,8 +44,10 @@ BOOL CPlannerApp::InitInstance()
     if (!start.view.row) {
         m_line.problem = "There is no view '" + m_line.view + "'; there are " + planner::ViewNames() + ".";
     }
-    start.day = m_line.date ? COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0)
-                            : dayvane::StartOfDay(dayvane::Now());
+    start.day.SetStatus(COleDateTime::null);
+    if (m_line.date) {
+        start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);
+    }
     if (m_line.size) {
         start.size = CSize(m_line.size->width, m_line.size->height);
     }
@@ -83,6 +81,9 @@ void CPlannerApp::TellMessages(CPlannerFrame& frame)
 BOOL CPlannerApp::OnIdle(LONG lCount)
 {
     const BOOL more = CWinApp::OnIdle(lCount);
+    if (lCount == 0 && m_pMainWnd) {
+        static_cast<CPlannerFrame*>(m_pMainWnd)->Idle();
+    }
     if (!more && !m_line.shot.empty() && m_pMainWnd) {
         m_pMainWnd->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         m_failed = !planner::SaveWindowPicture(*m_pMainWnd, m_line.shot.c_str());

@@ -3,6 +3,9 @@
 #include "core/DateMath.h"
 #include "samples/planner/PlannerFrame.h"
 #include "samples/planner/resource.h"
+#include "views/timegrid/TimeGridCtrl.h"
+
+#include <algorithm>
 
 // ---- Editing
 
@@ -83,6 +86,61 @@ void CPlannerFrame::OnUpdateDays(CCmdUI* pCmdUI)
 {
     const bool chosen = m_view.row->dateScale == planner::VariableScale;
     pCmdUI->SetRadio(chosen && pCmdUI->m_nID == static_cast<UINT>(m_view.days - planner::FewestDays + ID_DAYS_FIRST));
+}
+
+// ---- The rows of the time grids
+
+namespace
+{
+
+const std::vector<int>& TimeScales()
+{
+    static const std::vector<int> rowsPerHour = {1, 2, 4, 6, 12};
+    return rowsPerHour;
+}
+
+// Offered where nobody chooses: rows of an hour are too coarse to drag in, rows of five minutes take too much room.
+const std::vector<int>& AutomaticScales()
+{
+    static const std::vector<int> rowsPerHour = {2, 4, 6};
+    return rowsPerHour;
+}
+
+} // namespace
+
+void CPlannerFrame::ApplyTimeScale()
+{
+    CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, m_items.Ctrl());
+    if (grid) {
+        grid->SetTimeScale(m_rowsPerHour != 0 ? m_rowsPerHour : m_items.FittingScale(AutomaticScales()));
+        grid->Refresh();
+    }
+}
+
+void CPlannerFrame::OnScale(UINT nID)
+{
+    const std::vector<int>& scales = TimeScales();
+    if (nID == ID_SCALE_FINER || nID == ID_SCALE_COARSER) {
+        const int now = m_items.Ctrl() ? m_items.Ctrl()->GetTimeScale() : scales.front();
+        const int at = static_cast<int>(std::lower_bound(scales.begin(), scales.end(), now) - scales.begin());
+        const int last = static_cast<int>(scales.size()) - 1;
+        m_rowsPerHour = scales[std::clamp(at + (nID == ID_SCALE_FINER ? 1 : -1), 0, last)];
+    } else {
+        m_rowsPerHour = nID == ID_SCALE_AUTOMATIC ? 0 : scales[nID - ID_SCALE_FIRST];
+    }
+    ApplyTimeScale();
+    ShowFirstHours();
+}
+
+void CPlannerFrame::OnUpdateScale(CCmdUI* pCmdUI)
+{
+    const UINT id = pCmdUI->m_nID;
+    pCmdUI->Enable(m_view.row->hasTimes);
+    if (id == ID_SCALE_AUTOMATIC) {
+        pCmdUI->SetRadio(m_rowsPerHour == 0);
+    } else if (id <= ID_SCALE_LAST) {
+        pCmdUI->SetRadio(m_rowsPerHour == TimeScales()[id - ID_SCALE_FIRST]);
+    }
 }
 
 // ---- Settings and panes

@@ -1,5 +1,6 @@
 #include "samples/planner/PlannerFrame.h"
 
+#include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "samples/planner/ItemBridge.h"
 #include "samples/planner/WindowsCodePage.h"
@@ -21,6 +22,7 @@ CPlannerFrame::Start CPlannerFrame::s_start;
 
 BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
     ON_WM_CREATE()
+    ON_WM_CLOSE()
     ON_MESSAGE(WM_PLANNER_LOADED, &CPlannerFrame::OnLoaded)
     ON_MESSAGE(YMN_SELENDOK, &CPlannerFrame::OnPicked)
     ON_NOTIFY(CCN_ITEMCLICK, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemClick)
@@ -40,6 +42,7 @@ BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
     ON_COMMAND_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnDays)
     ON_COMMAND(ID_VIEW_TODAY, &CPlannerFrame::OnToday)
     ON_COMMAND_RANGE(ID_VIEW_PREVIOUS, ID_VIEW_NEXT, &CPlannerFrame::OnStep)
+    ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
     ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
     ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
     ON_COMMAND(ID_VIEW_NEXT_PANE, &CPlannerFrame::OnNextPane)
@@ -50,6 +53,7 @@ BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
     ON_UPDATE_COMMAND_UI_RANGE(ID_EDIT_RENAME, ID_EDIT_DELETE_SERIES, &CPlannerFrame::OnUpdateOfItem)
     ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_DAY, ID_VIEW_LAST, &CPlannerFrame::OnUpdateView)
     ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnUpdateDays)
+    ON_UPDATE_COMMAND_UI_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnUpdateScale)
     ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnUpdateSetting)
     ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnUpdatePane)
 END_MESSAGE_MAP()
@@ -96,6 +100,19 @@ CPlannerDoc* CPlannerFrame::Document()
     return view ? static_cast<CPlannerDoc*>(view->GetDocument()) : nullptr;
 }
 
+void CPlannerFrame::OnClose()
+{
+    m_editor.Commit();
+    CFrameWnd::OnClose();
+}
+
+// A command ends an edit that is open, so that it meets what is on the screen.
+BOOL CPlannerFrame::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    m_editor.Commit();
+    return CFrameWnd::OnCommand(wParam, lParam);
+}
+
 // Keys that are typed into an edit box are no commands, but for those that no edit box knows.
 BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
 {
@@ -125,6 +142,10 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
     m_messagePane.Show(messages);
     m_messagePane.ShowWindow(messages.empty() ? SW_HIDE : SW_SHOWNA);
     RecalcLayout();
+    if (m_day.GetStatus() != COleDateTime::valid) {
+        m_day = FirstDay();
+    }
+    m_items.Attach(nullptr);
     SetUpView();
     m_sidePane.DocumentChanged();
     CString told;
@@ -133,6 +154,25 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
     }
     SetMessageText(told);
     return 0;
+}
+
+// Today; when the file has nothing in the months around it, the day of its last item before or its first behind.
+COleDateTime CPlannerFrame::FirstDay()
+{
+    constexpr planner::LocalTime around = 60 * planner::DaySeconds;
+    const COleDateTime today = dayvane::StartOfDay(dayvane::Now());
+    const planner::LocalTime now = planner::LocalOfDate(today);
+    const planner::Document& calendar = Document()->Calendar();
+    if (!calendar.OccurrencesIn(now - around, now + around).empty()) {
+        return today;
+    }
+    const auto behind = calendar.OccurrencesIn(now, planner::EndOfTime);
+    const auto before = behind.empty() ? calendar.OccurrencesIn(planner::EarliestTime, now) : behind;
+    if (before.empty()) {
+        return today;
+    }
+    const planner::Occurrence& shown = behind.empty() ? before.back() : behind.front();
+    return dayvane::StartOfDay(planner::DateOfLocal(shown.times.start));
 }
 
 // ---- Views
@@ -149,12 +189,14 @@ void CPlannerFrame::SetUpView()
     planner::SetUpControl(m_view, *ctrl, m_mondayFirst);
     ApplySettings(*ctrl);
     GoTo(m_day);
+    ApplyTimeScale();
     ShowFirstHours();
 }
 
 void CPlannerFrame::ShowView(const planner::ChosenView& view)
 {
     CPlannerDoc* document = Document();
+    m_editor.Commit();
     CView* old = static_cast<CView*>(GetDlgItem(AFX_IDW_PANE_FIRST));
     m_day = ShownDay();
     const planner::Occurrence* current = m_items.Current();
@@ -201,8 +243,12 @@ void CPlannerFrame::GoTo(const COleDateTime& day)
         return;
     }
     m_day = day;
-    ctrl->SetCurrentDate(day);
-    ctrl->SetSelRange(day, day);
+    if (m_view.row->hasTimes) { // the selected row is one that is in sight
+        ctrl->SetCurrentDate(dayvane::AddMinutes(day, kFirstHour / planner::MinuteSeconds));
+    } else {
+        ctrl->SetCurrentDate(day);
+        ctrl->SetSelRange(day, day);
+    }
     m_items.LoadIfMoved(Document()->Calendar());
     ctrl->Refresh();
     Follow();
@@ -223,12 +269,20 @@ void CPlannerFrame::ShowFirstHours()
 void CPlannerFrame::Follow()
 {
     const COleDateTime day = ShownDay();
+    m_followed = day;
     m_toolBar.Follow(day);
     m_sidePane.Follow(day);
     CString count;
     const int items = m_items.CountInView();
     count.Format(items == 1 ? "%d item" : "%d items", items);
     m_statusBar.SetPaneText(kCountPane, count);
+}
+
+void CPlannerFrame::Idle()
+{
+    if (m_items.Ctrl() && !m_items.Ctrl()->IsDragging() && ShownDay() != m_followed) {
+        Follow();
+    }
 }
 
 void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
@@ -286,6 +340,18 @@ void CPlannerFrame::ShowProblem(const CString& problem)
 
 // ---- Notifications
 
+// The view hands on what its control tells. The usual way of notifications would ask the active view first, which would
+// hand it on again.
+BOOL CPlannerFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (wParam != AFX_IDW_PANE_FIRST) {
+        return CFrameWnd::OnNotify(wParam, lParam, pResult);
+    }
+    NMHDR* header = reinterpret_cast<NMHDR*>(lParam);
+    AFX_NOTIFY notify = {pResult, header};
+    return CCmdTarget::OnCmdMsg(AFX_IDW_PANE_FIRST, MAKELONG(header->code, WM_NOTIFY), &notify, nullptr);
+}
+
 LRESULT CPlannerFrame::OnPicked(WPARAM wParam, LPARAM)
 {
     constexpr int yearFactor = 100; // of the picker's numbers
@@ -342,7 +408,7 @@ void CPlannerFrame::OnRangeChanged(NMHDR*, LRESULT* pResult)
 {
     if (m_items.Ctrl()) {
         m_items.LoadIfMoved(Document()->Calendar());
-        Follow();
+        m_followed.SetStatus(COleDateTime::null); // when the scrolling is over
     }
     *pResult = 0;
 }

@@ -21,7 +21,7 @@ public:
     struct Start
     {
         planner::ChosenView view = {nullptr, 0};
-        COleDateTime day;
+        COleDateTime day; // not valid: today, or where the items are
         CSize size = CSize(1180, 860); // pixels
     };
     static Start s_start;
@@ -32,6 +32,8 @@ public:
     void ShowView(const planner::ChosenView& view);
     void GoTo(const COleDateTime& day);
     void ShowProblem(const CString& problem);
+    // Brings bars and panes up to date with what keys have changed without a notification.
+    void Idle();
     planner::ShownItems& Items() { return m_items; }
     CPlannerDoc* Document();
 
@@ -40,8 +42,11 @@ protected:
     BOOL PreTranslateMessage(MSG* pMsg) override;
     BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext) override;
     void OnUpdateFrameTitle(BOOL bAddToTitle) override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
+    afx_msg void OnClose();
     afx_msg LRESULT OnLoaded(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnPicked(WPARAM wParam, LPARAM lParam);
 
@@ -64,6 +69,7 @@ protected:
     afx_msg void OnDays(UINT nID);
     afx_msg void OnToday();
     afx_msg void OnStep(UINT nID);
+    afx_msg void OnScale(UINT nID);
     afx_msg void OnSetting(UINT nID);
     afx_msg void OnPane(UINT nID);
     afx_msg void OnNextPane();
@@ -73,6 +79,7 @@ protected:
     afx_msg void OnUpdateOfItem(CCmdUI* pCmdUI);
     afx_msg void OnUpdateView(CCmdUI* pCmdUI);
     afx_msg void OnUpdateDays(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateScale(CCmdUI* pCmdUI);
     afx_msg void OnUpdateSetting(CCmdUI* pCmdUI);
     afx_msg void OnUpdatePane(CCmdUI* pCmdUI);
     DECLARE_MESSAGE_MAP()
@@ -81,6 +88,8 @@ private:
     COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
     void SetUpView();
     void ShowFirstHours();
+    void ApplyTimeScale();
+    COleDateTime FirstDay(); // to show of a file
     void Follow();
     void Finish(const planner::EditResult& result);
     void Reveal(const planner::OccurrenceId& id);
@@ -90,7 +99,8 @@ private:
     CWnd* PaneOf(UINT nID);
 
     planner::ChosenView m_view;
-    COleDateTime m_day; // that the frame begins with
+    COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay
+    COleDateTime m_followed; // by the bars and panes
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
 
@@ -98,6 +108,7 @@ private:
     CStatusBar m_statusBar;
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
+    int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;
     BOOL m_solarTerms = TRUE;

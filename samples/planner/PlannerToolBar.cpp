@@ -30,6 +30,7 @@ constexpr Tool kTools[] = {
     {ID_VIEW_DAY, "Day"},
     {ID_VIEW_WORKING_WEEK, "Working week"},
     {ID_VIEW_WEEK, "Week"},
+    {ID_VIEW_DAYS, "Days"},
     {ID_VIEW_DIARY, "Diary"},
     {ID_VIEW_MONTH, "Month"},
     {ID_VIEW_MONTH2, "Blocks"},

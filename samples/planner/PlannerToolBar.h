@@ -14,8 +14,8 @@ public:
     void Follow(const COleDateTime& day);
 
 protected:
-    // The picker's messages go on to the frame.
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    // The picker's messages go on to the frame.
     afx_msg LRESULT OnPickerMessage(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 

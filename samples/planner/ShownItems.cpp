@@ -14,6 +14,15 @@ constexpr LocalTime Margin = 35 * DaySeconds;
 constexpr LocalTime UnknownRange = 400 * DaySeconds;
 } // namespace
 
+void ShownItems::Attach(CCalendarCtrl* ctrl)
+{
+    if (ctrl != m_ctrl) {
+        m_ctrl = ctrl;
+        m_occurrences.clear();
+        m_loaded = Range();
+    }
+}
+
 ShownItems::Range ShownItems::ViewRange() const
 {
     COleDateTime first, last;
@@ -112,6 +121,12 @@ LocalTime ShownItems::EarliestStart(LocalTime none) const
         }
     }
     return earliest;
+}
+
+int ShownItems::FittingScale(const std::vector<int>& offered) const
+{
+    const Range view = ViewRange();
+    return FittingTimeScale(m_occurrences, view.from, view.to, offered);
 }
 
 } // namespace planner

@@ -11,8 +11,8 @@ namespace planner {
 class ShownItems
 {
 public:
-    // The control of the view; nullptr: none. Nothing is loaded by that.
-    void Attach(CCalendarCtrl* ctrl) { m_ctrl = ctrl; }
+    // The control of the view; nullptr: none. Another one has no items until they are loaded.
+    void Attach(CCalendarCtrl* ctrl);
     CCalendarCtrl* Ctrl() const { return m_ctrl; }
 
     // Gives the control its items anew. The current item stays current as far as it is still there.
@@ -28,6 +28,8 @@ public:
     int CountInView() const;
     // The earliest start of day, in seconds, of a timed item in view; `none` when there is none.
     LocalTime EarliestStart(LocalTime none) const;
+    // See FittingTimeScale; of what is in view.
+    int FittingScale(const std::vector<int>& offered) const;
 
 private:
     struct Range

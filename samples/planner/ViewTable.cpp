@@ -2,6 +2,7 @@
 
 #include "samples/planner/ItemBridge.h"
 #include "samples/planner/resource.h"
+#include "views/daygrid/DayGridCtrl.h"
 #include "views/docview/CalendarViews.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
@@ -85,6 +86,9 @@ void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMo
     ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? Monday : Sunday);
     if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {
         columns->SetDateScale(view.row->dateScale == VariableScale ? view.days - 1 : view.row->dateScale);
+    }
+    if (CDayGridCtrl* boxes = DYNAMIC_DOWNCAST(CDayGridCtrl, &ctrl)) {
+        boxes->EnableMoreList(TRUE);
     }
     if (CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, &ctrl)) {
         grid->ShowNowLine(TRUE);

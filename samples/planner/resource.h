@@ -32,6 +32,13 @@
 #define ID_DAYS_FIRST 32820
 #define ID_DAYS_LAST 32832
 
+// Rows an hour: whatever suits the items, then in the order of the table of time scales
+#define ID_SCALE_AUTOMATIC 32840
+#define ID_SCALE_FIRST 32841
+#define ID_SCALE_LAST 32845
+#define ID_SCALE_FINER 32846
+#define ID_SCALE_COARSER 32847
+
 // Windows
 #define IDC_PICKER 1000
 #define IDC_MINI_CALENDAR 1001

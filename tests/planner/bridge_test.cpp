@@ -141,6 +141,32 @@ TEST(ItemBridge, TellsTheStateOfAnEvent)
     EXPECT_EQ(DetailsOf(shown[2]), "2026-04-10   Trip");
 }
 
+TEST(ItemBridge, TimeScaleSuitsNearlyAllItemsInView)
+{
+    struct
+    {
+        std::vector<const char*> starts; // of items of 30 minutes
+        int rowsPerHour;
+    } const cases[] = {
+        {{}, 2},
+        {{"20260401T0900", "20260401T0930"}, 2},
+        {{"20260401T0900", "20260401T0915"}, 4},
+        {{"20260401T0900", "20260401T0910"}, 6},
+        {{"20260401T0907"}, 6},                                                                         // none fits
+        {{"20260401T09", "20260401T10", "20260401T11", "20260401T12", "20260401T0910"}, 2},             // one of five
+        {{"20260401T0900", "20260331T0910", "20260402T0910"}, 2},                                       // out of view
+    };
+    for (const auto& each : cases) {
+        std::vector<Occurrence> occurrences;
+        for (std::string start : each.starts) {
+            start += start.size() < 13 ? "00" : "";
+            occurrences.push_back(OccurrenceOf({At(start), At(start) + 30 * MinuteSeconds, false}));
+        }
+        EXPECT_EQ(FittingTimeScale(occurrences, At("20260401"), At("20260402"), {2, 4, 6}), each.rowsPerHour)
+            << (each.starts.empty() ? "no item" : each.starts.back());
+    }
+}
+
 TEST(BusyDays, KnowsEachDayOfEveryMonthAnItemTouches)
 {
     Document document;
