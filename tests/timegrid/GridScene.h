@@ -9,8 +9,7 @@
 
 #include <string>
 
-namespace gridtest
-{
+namespace gridtest {
 
 inline COleDateTime At(int hour, int minute, int day = 26)
 {

@@ -2,15 +2,13 @@
 
 #include "core/ItemStore.h"
 
-namespace literal
-{
+namespace literal {
 using dayvane::IsFulldayItem;
 using dayvane::ItemArray;
 using dayvane::RowLayoutArray;
 using dayvane::tagCALENDAR_ITEM;
 
-namespace
-{
+namespace {
 bool SameDay(const COleDateTime& a, const COleDateTime& b)
 {
     return a.GetYear() == b.GetYear() && a.GetMonth() == b.GetMonth() && a.GetDay() == b.GetDay();
@@ -179,7 +177,8 @@ void ManyDayLanes(ItemArray& screen, const CRect& band, const std::vector<CRect>
             column[k] = static_cast<int>(static_cast<double>(times[k] - firstDay) + 5.787037e-6);
             column[k] = column[k] < 0 ? 0 : column[k] > days - 1 ? days - 1 : column[k];
         }
-        screen[i].rcItem = CRect(columns[column[0]].left + 5, band.top + 5, columns[column[1]].right - 5, band.top + 25);
+        screen[i].rcItem =
+            CRect(columns[column[0]].left + 5, band.top + 5, columns[column[1]].right - 5, band.top + 25);
     }
     for (int pass = 0; pass < 2; ++pass) {
         for (int i = 0; i < screen.GetSize(); ++i) {
@@ -204,7 +203,8 @@ int DayScreenItems(const ItemArray& store, const COleDateTime& day, ItemArray& s
         if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
             continue;
         const bool oneDay = SameDay(item.dtStart, item.dtEnd);
-        if (oneDay ? !SameDay(item.dtStart, day) : item.dtStart > end || item.dtEnd < begin || item.dtEnd < item.dtStart)
+        if (oneDay ? !SameDay(item.dtStart, day)
+                   : item.dtStart > end || item.dtEnd < begin || item.dtEnd < item.dtStart)
             continue;
         item.nSource = i;
         item.rcItem.NormalizeRect();

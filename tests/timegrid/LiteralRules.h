@@ -7,8 +7,7 @@
 
 #include <vector>
 
-namespace literal
-{
+namespace literal {
 
 // onlyOn: of several days' items, those that begin on that day.
 void ListRows(dayvane::ItemArray& screen, int scale, dayvane::RowLayoutArray& layout,

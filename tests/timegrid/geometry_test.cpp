@@ -11,8 +11,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 const COleDateTime kDay(2017, 4, 26, 0, 0, 0);
 
 COleDateTime At(int hour, int minute, int second = 0)
@@ -260,10 +259,8 @@ TEST(CurrentCell, CountsQuarterHours)
         COleDateTime begin, end;
         int top, bottom;
     } const cases[] = {
-        {2, 0, At(9, 0), At(9, 0), 60 + 360, 60 + 370},
-        {2, 100, At(9, 30), At(10, 45), 60 + 370 - 100, 60 + 425 - 100},
-        {1, 0, At(2, 59), At(3, 0), 60 + 70, 60 + 80},
-        {4, 0, At(0, 15), At(0, 15), 62, 66},
+        {2, 0, At(9, 0), At(9, 0), 60 + 360, 60 + 370}, {2, 100, At(9, 30), At(10, 45), 60 + 370 - 100, 60 + 425 - 100},
+        {1, 0, At(2, 59), At(3, 0), 60 + 70, 60 + 80},  {4, 0, At(0, 15), At(0, 15), 62, 66},
         {20, 0, At(1, 15), At(1, 15), 460, 460}, // a quarter has no height there
     };
     for (const auto& c : cases) {
@@ -279,8 +276,8 @@ TEST(SelectedRows, OfOneDayAndOfManyColumns)
     struct
     {
         COleDateTime begin, end;
-        int first, last;       // one day: by the times of day
-        int columns[3][2];     // the day before, the day, the day after
+        int first, last;   // one day: by the times of day
+        int columns[3][2]; // the day before, the day, the day after
     } const cases[] = {
         {At(9, 0), At(9, 0), 18, 19, {{0, 0}, {18, 19}, {0, 0}}},
         {At(11, 59), At(9, 0), 18, 24, {{0, 0}, {18, 24}, {0, 0}}},

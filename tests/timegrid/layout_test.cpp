@@ -9,8 +9,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 constexpr int kCases = 10000;
 constexpr int kScales[] = {1, 2, 3, 4, 5, 6, 7, 10, 12, 15, 20, 30, 60};
 const COleDateTime kDay(2017, 4, 26, 0, 0, 0);

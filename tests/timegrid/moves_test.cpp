@@ -7,8 +7,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 COleDateTime At(int hour, int minute, int day = 26)
 {
     return COleDateTime(2017, 4, day, hour, minute, 0);
@@ -29,8 +28,7 @@ TEST(RowMoves, StepScrollAndStopAtMidnight)
     } const cases[] = {
         {"up", false, false, At(10, 0), At(10, 0), 0, 400, A::REPAINT, At(9, 30), At(9, 30)},
         {"up extended", false, true, At(10, 0), At(10, 0), 0, 400, A::REPAINT, At(10, 0), At(9, 30)},
-        {"up to the first shown row", false, false, At(10, 0), At(10, 0), 380, 400, A::SCROLL_UP, At(9, 30),
-         At(9, 30)},
+        {"up to the first shown row", false, false, At(10, 0), At(10, 0), 380, 400, A::SCROLL_UP, At(9, 30), At(9, 30)},
         // 10:00 is shown first: its hour is later than 9, its minute not later than 30.
         {"hour and minute each on its own", false, false, At(10, 0), At(10, 0), 400, 400, A::REPAINT, At(9, 30),
          At(9, 30)},
@@ -38,15 +36,15 @@ TEST(RowMoves, StepScrollAndStopAtMidnight)
         {"up, the end already beyond midnight", false, true, At(3, 0), At(0, 0), 0, 400, A::REPAINT, At(3, 0),
          At(23, 30, 25)},
         {"down", true, false, At(3, 0), At(3, 0), 0, 400, A::REPAINT, At(3, 30), At(3, 30)},
-        {"down to the last whole row", true, false, At(9, 30), At(9, 30), 0, 400, A::SCROLL_DOWN, At(10, 0),
-         At(10, 0)},
+        {"down to the last whole row", true, false, At(9, 30), At(9, 30), 0, 400, A::SCROLL_DOWN, At(10, 0), At(10, 0)},
         {"down, the last row cut", true, false, At(8, 30), At(8, 30), 0, 399, A::SCROLL_DOWN, At(9, 0), At(9, 0)},
         {"down at midnight", true, false, At(23, 30), At(23, 30), 560, 400, A::NOTHING, At(23, 30), At(23, 30)},
     };
     for (const auto& c : cases) {
         GridSelection selection{c.begin, c.begin, c.end};
         const GridWindow window{TimeScale{2}, c.scroll, c.height};
-        const A after = c.later ? MoveRowLater(selection, window, c.extend) : MoveRowEarlier(selection, window, c.extend);
+        const A after =
+            c.later ? MoveRowLater(selection, window, c.extend) : MoveRowEarlier(selection, window, c.extend);
         EXPECT_EQ(static_cast<int>(c.after), static_cast<int>(after)) << c.name;
         EXPECT_EQ(c.newBegin, selection.begin) << c.name;
         EXPECT_EQ(c.newEnd, selection.end) << c.name;
@@ -84,9 +82,9 @@ TEST(ShownRange, TurnsByWholeViews)
         ShownRange range;
         int day, views;
     } const cases[] = {
-        {{100, 5, false}, 100, 0}, {{100, 5, false}, 104, 0},  {{100, 5, false}, 105, 1},  {{100, 5, false}, 110, 2},
-        {{100, 5, false}, 99, -1}, {{100, 5, false}, 94, -2},  {{100, 5, true}, 105, 1},   {{100, 5, true}, 107, 1},
-        {{100, 5, true}, 99, -1},  {{100, 7, true}, 107, 1},   {{100, 7, true}, 92, -2},   {{100, 14, true}, 114, 1},
+        {{100, 5, false}, 100, 0}, {{100, 5, false}, 104, 0}, {{100, 5, false}, 105, 1}, {{100, 5, false}, 110, 2},
+        {{100, 5, false}, 99, -1}, {{100, 5, false}, 94, -2}, {{100, 5, true}, 105, 1},  {{100, 5, true}, 107, 1},
+        {{100, 5, true}, 99, -1},  {{100, 7, true}, 107, 1},  {{100, 7, true}, 92, -2},  {{100, 14, true}, 114, 1},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(c.views, ViewsToShow(c.range, c.day)) << c.range.days << " days, day " << c.day;
@@ -104,12 +102,12 @@ TEST(Scroll, FollowsTheBarCodes)
         GridWindow window;
         int offset, position, thumb, newOffset, newPosition;
     } const cases[] = {
-        {C::LINE_DOWN, part, 0, 0, 0, 20, 1},      {C::LINE_UP, part, 40, 2, 0, 20, 1},
-        {C::LINE_UP, part, 0, 0, 0, 0, -1},        {C::PAGE_DOWN, part, 20, 1, 0, 60, 3},
-        {C::PAGE_UP, part, 60, 3, 0, 20, 1},       {C::THUMB, part, 0, 0, 9, 180, 9},
-        {C::THUMB, part, 0, 0, 500, 550, 500},     {C::TOP, part, 300, 15, 0, 0, 0},
-        {C::BOTTOM, part, 0, 0, 0, 550, 28},       {C::LINE_DOWN, part, 540, 27, 0, 550, 28},
-        {C::END_SCROLL, part, 140, 7, 3, 140, 7},  {C::TOP, whole, 0, 0, 0, -120, 0},
+        {C::LINE_DOWN, part, 0, 0, 0, 20, 1},     {C::LINE_UP, part, 40, 2, 0, 20, 1},
+        {C::LINE_UP, part, 0, 0, 0, 0, -1},       {C::PAGE_DOWN, part, 20, 1, 0, 60, 3},
+        {C::PAGE_UP, part, 60, 3, 0, 20, 1},      {C::THUMB, part, 0, 0, 9, 180, 9},
+        {C::THUMB, part, 0, 0, 500, 550, 500},    {C::TOP, part, 300, 15, 0, 0, 0},
+        {C::BOTTOM, part, 0, 0, 0, 550, 28},      {C::LINE_DOWN, part, 540, 27, 0, 550, 28},
+        {C::END_SCROLL, part, 140, 7, 3, 140, 7}, {C::TOP, whole, 0, 0, 0, -120, 0},
         {C::LINE_DOWN, whole, 0, 0, 0, -120, 1},
     };
     for (const auto& c : cases) {
@@ -122,7 +120,10 @@ TEST(Scroll, FollowsTheBarCodes)
         GridWindow window;
         int position, maximum, newPosition, newMaximum;
     } const sizes[] = {
-        {part, 0, 100, 0, 28}, {part, 13, 28, 13, 28}, {part, 28, 56, 14, 28}, {whole, 10, 28, 0, 0},
+        {part, 0, 100, 0, 28},
+        {part, 13, 28, 13, 28},
+        {part, 28, 56, 14, 28},
+        {whole, 10, 28, 0, 0},
         {GridWindow{TimeScale{1}, 0, 490}, 3, 28, 0, 1},
     };
     for (const auto& c : sizes) {
@@ -143,7 +144,7 @@ TEST(Look, RowsTakeTheirColumnOfTheTable)
         bool work, selected;
         COLORREF fill, line;
     } const cases[] = {
-        {13, true, false, 1, 2}, {14, true, false, 1, 3},  {12, true, false, 1, 6},  {12, false, false, 4, 6},
+        {13, true, false, 1, 2},  {14, true, false, 1, 3},  {12, true, false, 1, 6}, {12, false, false, 4, 6},
         {15, false, false, 4, 5}, {15, false, true, 99, 5}, {14, true, true, 99, 3},
     };
     for (const auto& c : cases) {

@@ -8,8 +8,7 @@
 using namespace gridtest;
 using testsupport::MemoryDc;
 
-namespace
-{
+namespace {
 constexpr COLORREF kWork = 0xFFFFFF;
 constexpr COLORREF kOff = 0xF7EDE6;
 constexpr COLORREF kOffHourLine = 0xE1BFA5;
@@ -182,7 +181,8 @@ TEST(GridPaint, ColumnsOfManyDays)
     EXPECT_NE(kNowLine, dc.Pixel(middle, top + 130));
 }
 
-// Painted over two backgrounds, the pictures are alike: no pixel is left out, whatever the size and the scroll position.
+// Painted over two backgrounds, the pictures are alike: no pixel is left out, whatever the size and the scroll
+// position.
 TEST(GridPaint, LeavesNoPixelOut)
 {
     struct
@@ -209,7 +209,8 @@ TEST(GridPaint, LeavesNoPixelOut)
                 day.Scroll(code);
                 week.Scroll(code);
                 EXPECT_TRUE(isWhole(day, size.width, size.height)) << size.width << 'x' << size.height << ", " << scale;
-                EXPECT_TRUE(isWhole(week, size.width, size.height)) << size.width << 'x' << size.height << ", " << scale;
+                EXPECT_TRUE(isWhole(week, size.width, size.height))
+                    << size.width << 'x' << size.height << ", " << scale;
             }
         }
     }

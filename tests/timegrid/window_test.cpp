@@ -1,5 +1,5 @@
-// The day view and the multi-day view as windows: scroll bar, keyboard, notifications, items, mouse, hosts that end them
-// in the middle of things.
+// The day view and the multi-day view as windows: scroll bar, keyboard, notifications, items, mouse, hosts that end
+// them in the middle of things.
 #include "support/GuiCounts.h"
 #include "timegrid/GridScene.h"
 #include "timegrid/PrintRect.h"
@@ -12,8 +12,7 @@ using namespace gridtest;
 using testsupport::PumpMessages;
 using testsupport::PumpUntil;
 
-namespace
-{
+namespace {
 constexpr UINT kShift = 0x10;
 
 using Lines = std::vector<std::string>;
@@ -29,9 +28,9 @@ TEST(GridScroll, FollowsTheBar)
         UINT code;
         int thumb, offset, position;
     } const steps[] = {
-        {SB_LINEDOWN, 0, 20, 1},       {SB_PAGEDOWN, 0, 60, 3},   {SB_LINEUP, 0, 40, 2},  {SB_PAGEUP, 0, 0, 0},
-        {SB_PAGEUP, 0, 0, 0},          {SB_THUMBTRACK, 9, 180, 9}, {SB_BOTTOM, 0, 520, 27}, {SB_LINEDOWN, 0, 520, 27},
-        {SB_THUMBPOSITION, 4, 80, 4},  {SB_ENDSCROLL, 0, 80, 4},  {99, 0, 80, 4},          {SB_TOP, 0, 0, 0},
+        {SB_LINEDOWN, 0, 20, 1},      {SB_PAGEDOWN, 0, 60, 3},    {SB_LINEUP, 0, 40, 2},   {SB_PAGEUP, 0, 0, 0},
+        {SB_PAGEUP, 0, 0, 0},         {SB_THUMBTRACK, 9, 180, 9}, {SB_BOTTOM, 0, 520, 27}, {SB_LINEDOWN, 0, 520, 27},
+        {SB_THUMBPOSITION, 4, 80, 4}, {SB_ENDSCROLL, 0, 80, 4},   {99, 0, 80, 4},          {SB_TOP, 0, 0, 0},
     };
     for (const auto& step : steps) {
         scene.Scroll(step.code, step.thumb);
@@ -318,6 +317,12 @@ TEST(WeekDayRange, FollowsScaleAndOptions)
     EXPECT_EQ("26 10:30 - 26 10:30", scene.Selection());
     EXPECT_EQ("04-26 00:00:00 - 04-30 23:59:59", scene.Range());
     EXPECT_THROW(scene.view->GetColumnRect(5), CInvalidArgException*);
+    // Another range takes the current date along: another first day of the week does not lead back.
+    scene.view->SetViewOption(7, 1);
+    scene.view->SetRange(COleDateTime(2017, 6, 14, 0, 0, 0));
+    EXPECT_EQ("06-12 00:00:00 - 06-18 23:59:59", scene.Range());
+    scene.view->SetFirstDayOfWeek(1);
+    EXPECT_EQ("06-11 00:00:00 - 06-17 23:59:59", scene.Range());
 }
 
 TEST(WeekDayKeys, TurnTheViewAtItsEnds)

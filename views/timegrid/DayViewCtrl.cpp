@@ -3,8 +3,7 @@
 #include "core/DateMath.h"
 #include "views/timegrid/FulldayLanes.h"
 
-namespace
-{
+namespace {
 constexpr char kWindowClass[] = "MFCDayViewCtrl";
 constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
 constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
@@ -102,8 +101,8 @@ int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 {
     const int result = CTimeGridCtrl::GetSelRange(begin, end);
-    const bool atEndOfDay = end.GetStatus() == COleDateTime::valid && end.GetHour() == 23 && end.GetMinute() == 59 &&
-                            end.GetSecond() == 59;
+    const bool atEndOfDay =
+        end.GetStatus() == COleDateTime::valid && end.GetHour() == 23 && end.GetMinute() == 59 && end.GetSecond() == 59;
     if (!atEndOfDay)
         end = Scale().MoveRows(end, 1);
     if (m_bFulldaySelection) {

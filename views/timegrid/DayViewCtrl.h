@@ -17,8 +17,8 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
 
     // Codes: items CCHT_ONITEM, in the full-day band CCHT_ONFULLDAYITEM; rows CCHT_ONCELL, where they lie under the
-    // caption CCHT_ONDAYCAPTION; the band CCHT_ONFULLDAY; the ruler CCHT_ONRULER. The row behind the last counts as one,
-    // without a time.
+    // caption CCHT_ONDAYCAPTION; the band CCHT_ONFULLDAY; the ruler CCHT_ONRULER. The row behind the last counts as
+    // one, without a time.
     int HitTest(tagCCHITTESTINFO& info) override;
     // The selection to the end of its last row; 00:00:00 to 23:59:59 of its first day when it stands for whole days.
     // Returns what the base returns.

@@ -6,10 +6,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 CRect BarAt(int left, int right, int bandTop, int lane)
 {
     const int top = bandTop + kTimeGrid.laneInset + lane * kTimeGrid.laneStep;
@@ -43,7 +41,7 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
     const int firstDayNumber = DayNumberOf(firstDay);
     std::vector<int> shown;
     std::vector<BarKind> kinds;
-    std::vector<int> kindOf;                                         // of each shown bar
+    std::vector<int> kindOf;                                               // of each shown bar
     std::vector<int> kindOfDays(columns.size() * columns.size(), kNoKind); // by first and last column
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         if (!IsBandItem(items[i]))

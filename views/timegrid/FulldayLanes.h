@@ -6,8 +6,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // One day: the k-th full-day item has the k-th lane, over the whole width of the band.
 void LayOneDayLanes(ItemArray& items, const CRect& band);

@@ -5,10 +5,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // For each row the spans that cover it, in order, one row's list behind the other's.
 class RowLists
 {

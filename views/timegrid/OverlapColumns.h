@@ -17,8 +17,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 using RowLayoutArray = CArray<tagCV_LAYOUT, tagCV_LAYOUT>;
 
@@ -32,7 +31,7 @@ struct RowSpan
 
 struct OverlapRule
 {
-    int right = 0; // of the column: a push by a whole width ends here
+    int right = 0;       // of the column: a push by a whole width ends here
     int usableWidth = 0; // pixels to divide among the items that share a row
     // Who gets what the division leaves over: every item, or those with which no later item shares a row.
     bool remainderToEach = true;
@@ -41,17 +40,17 @@ struct OverlapRule
 // Whether the item is shown in the full-day band (IsFulldayItem, with the cheap answers first).
 bool IsBandItem(const tagCALENDAR_ITEM& item);
 
-// Appends the rows from the begin to the end of an item, by the times of day alone; nothing when it covers none: the end
-// lies in the row of the begin, or before it. A row outside the day throws CInvalidArgException.
+// Appends the rows from the begin to the end of an item, by the times of day alone; nothing when it covers none: the
+// end lies in the row of the begin, or before it. A row outside the day throws CInvalidArgException.
 void AddRowSpan(std::vector<RowSpan>& spans, int item, const ClockTime& start, const ClockTime& end,
                 const TimeScale& scale);
 
-// Appends to each row's list the items that cover it, and raises the parallel count of each item so listed to the length
-// of its longest list. `layout` is given one record for each row of the day.
+// Appends to each row's list the items that cover it, and raises the parallel count of each item so listed to the
+// length of its longest list. `layout` is given one record for each row of the day.
 void ListRows(ItemArray& items, const std::vector<RowSpan>& spans, const TimeScale& scale, RowLayoutArray& layout);
 
-// Raises the items' parallel counts, gives them their shares and sets them side by side. Changes the left and right edges
-// of the boxes, which are those of the column before; boxes without height meet nobody.
+// Raises the items' parallel counts, gives them their shares and sets them side by side. Changes the left and right
+// edges of the boxes, which are those of the column before; boxes without height meet nobody.
 void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const TimeScale& scale,
                      const OverlapRule& rule);
 

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
+namespace dayvane {
 
 int RowClusters::Find(int cluster)
 {
@@ -77,9 +76,8 @@ void RowClusters::PushFrom(int box, int width, int right)
     const int left = m_clusters[own].left;
     const int end = left + width;
     // Nothing further left than the widest box is wide reaches the pusher.
-    const auto first = std::partition_point(m_places.begin(), m_places.end(), [limit = left - m_widest](const Place& p) {
-        return p.left <= limit;
-    });
+    const auto first = std::partition_point(m_places.begin(), m_places.end(),
+                                            [limit = left - m_widest](const Place& p) { return p.left <= limit; });
     m_pushed.clear();
     for (auto it = first; it != m_places.end() && it->left < end; ++it) {
         if (it->left + it->width > left && (it->cluster != own || m_clusters[own].count > 1))

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // A box as the rule sees it, pixels.
 struct RowBox
@@ -18,9 +17,9 @@ struct RowBox
 class RowClusters
 {
 public:
-    // Each listed box (list .. listEnd: indices), in the order of the list, pushes all others of the list that it overlaps
-    // to the right: by its own width when the pushed box then still ends at or before `right`, else by the width of what
-    // overlaps. Returns whether any box was pushed.
+    // Each listed box (list .. listEnd: indices), in the order of the list, pushes all others of the list that it
+    // overlaps to the right: by its own width when the pushed box then still ends at or before `right`, else by the
+    // width of what overlaps. Returns whether any box was pushed.
     bool Spread(std::vector<RowBox>& boxes, const int* list, const int* listEnd, int right);
 
 private:

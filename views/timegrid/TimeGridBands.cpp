@@ -4,16 +4,14 @@
 #include <algorithm>
 #include <cstring>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // Pixels.
 struct BandPaintMetrics
 {
     int captionLeft = 5;
     int captionBottom = 1;
-    int baselineStep = 4;   // the small texts of the title band stand so much higher to share the date's baseline
+    int baselineStep = 4; // the small texts of the title band stand so much higher to share the date's baseline
     int headerTextInset = 3;
     int headerNoteGap = 6;
     int headerFrame = 2;

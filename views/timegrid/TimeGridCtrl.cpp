@@ -1,4 +1,5 @@
-// The shared part of the time grids: lifetime, layout, scrolling, row moves, timer. Painting is in TimeGridCtrlPaint.cpp.
+// The shared part of the time grids: lifetime, layout, scrolling, row moves, timer. Painting is in
+// TimeGridCtrlPaint.cpp.
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
@@ -6,8 +7,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
@@ -134,7 +134,8 @@ void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayo
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         if (!dayvane::IsBandItem(item))
-            dayvane::AddRowSpan(spans, i, dayvane::ClockTimeOf(item.dtStart), dayvane::ClockTimeOf(item.dtEnd), Scale());
+            dayvane::AddRowSpan(spans, i, dayvane::ClockTimeOf(item.dtStart), dayvane::ClockTimeOf(item.dtEnd),
+                                Scale());
     }
     dayvane::ListRows(screenItems, spans, Scale(), layout);
 }

@@ -51,7 +51,8 @@ protected:
     virtual BOOL IsColumnWorkTime(int nColumn, int nRow) const = 0;
     virtual BOOL IsColumnUseMyWorkTime(int nColumn) const = 0;
     // The rows of the column that a selection with these bounds, in either order, covers.
-    virtual dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const = 0;
+    virtual dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin,
+                                              const COleDateTime& end) const = 0;
     virtual void CurrentDateMoved() = 0; // a row move may have led to another day
 
     // ---- Hooks of the base.
@@ -82,8 +83,8 @@ protected:
     // The shown days with their holidays and terms, worked out anew when others are shown.
     const std::vector<dayvane::ShownDay>& GetShownDays();
     dayvane::DayKind KindOfColumn(int nColumn);
-    // Builds the screen items of the days first .. last. When the band then needs another height than the layout gave it,
-    // the rectangles of the layout follow at once, so that an added item never lies over the grid.
+    // Builds the screen items of the days first .. last. When the band then needs another height than the layout gave
+    // it, the rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
                         const COleDateTime& last);
     int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item

@@ -3,11 +3,10 @@
 
 #include "core/DateMath.h"
 
-namespace
-{
+namespace {
 constexpr int kMarkGap = 2;      // pixels after a mark of an item
 constexpr int kMarkedWidth = 40; // columns of many days: a narrower box keeps its room for the text
-constexpr int kHourFont = 0; // templates in m_lfFonts
+constexpr int kHourFont = 0;     // templates in m_lfFonts
 } // namespace
 
 const std::vector<dayvane::ShownDay>& CTimeGridCtrl::GetShownDays()
@@ -72,8 +71,8 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     if (!painter.IsVisible(column))
         return;
     const dayvane::DayKind kind = KindOfColumn(nColumn);
-    const bool worksOnDay = IsWorkDayOfWeek(GetShownDays()[nColumn].date) &&
-                            (!kind.isDayOff || IsColumnUseMyWorkTime(nColumn));
+    const bool worksOnDay =
+        IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!kind.isDayOff || IsColumnUseMyWorkTime(nColumn));
     // A selection of whole days shows in the band.
     dayvane::RowRange selected;
     if (IsSelectionDrawn() && !m_bFulldaySelection)
@@ -83,7 +82,8 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     const dayvane::RowRange rows = painter.VisibleRows(state.frame.grid);
     std::vector<dayvane::RowLook> looks;
     for (int row = rows.first; row < rows.end; ++row)
-        looks.push_back(dayvane::LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
+        looks.push_back(
+            dayvane::LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
     painter.DrawRows(column, rows, looks);
 }
 
@@ -117,8 +117,7 @@ int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect conte
     return content.left - left;
 }
 
-void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item,
-                                  int nEnd)
+void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, int nEnd)
 {
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
     CRect box = item.rcItem;

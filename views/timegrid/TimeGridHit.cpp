@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kCellShiftX = 2;     // the edit box of a cell begins right of the grid's edge
 constexpr int kCellFreeRight = 32; // and leaves room at the right
 constexpr int kQuarterMinutes = 15;
@@ -49,8 +47,7 @@ int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const
     const int column = ColumnAt(state.frame, point.x);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         // A box pushed out of its column is not seen there.
-        if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) &&
-            ColumnOfDay(state, items[i].dtStart) == column)
+        if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) && ColumnOfDay(state, items[i].dtStart) == column)
             return i;
     }
     return -1;
@@ -73,9 +70,7 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     hit.screenItem = FirstItemAt(items, inBand ? point : InGrid(state, point));
     const bool inColumn = point.x >= state.frame.grid.left && point.x < state.frame.grid.right;
     const int row = inColumn ? RowAt(state, point.y) : -1;
-    hit.time = row != -1 ? state.scale.TimeOfRow(state.firstDay, row)
-               : inBand  ? StartOfDay(state.firstDay)
-                         : NoTime();
+    hit.time = row != -1 ? state.scale.TimeOfRow(state.firstDay, row) : inBand ? StartOfDay(state.firstDay) : NoTime();
     if (hit.screenItem != -1)
         hit.code = inBand ? CCHT_ONFULLDAYITEM : CCHT_ONITEM;
     else if (inBand)

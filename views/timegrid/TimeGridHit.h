@@ -4,8 +4,7 @@
 #include "core/CalendarRecords.h"
 #include "views/timegrid/TimeGridLayout.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 // A time grid as it is shown.
 struct TimeGridState
@@ -27,9 +26,9 @@ struct TimeGridHit
 // band, as it is; rows from 0 to the one behind the last, also where the scrolled grid lies under band and caption.
 TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point);
 
-// Several columns: the day header gives its day at 00:00 (CCHT_ONDAYCAPTION), the band the day at 00:00, the grid day and
-// row. Band items are hit in the band only, timed ones in the part of their column that can be seen. Below the grid's
-// lower edge rows go on, for a drag that leaves the window.
+// Several columns: the day header gives its day at 00:00 (CCHT_ONDAYCAPTION), the band the day at 00:00, the grid day
+// and row. Band items are hit in the band only, timed ones in the part of their column that can be seen. Below the
+// grid's lower edge rows go on, for a drag that leaves the window.
 TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, const CPoint& point);
 
 // The column at that horizontal position, -1 beside all of them; the column of that day, -1 when it is not shown.
@@ -40,8 +39,8 @@ int ColumnOfDay(const TimeGridState& state, const COleDateTime& day);
 // band is where it is.
 CRect VisibleItemBox(const TimeGridState& state, const tagCALENDAR_ITEM& item);
 
-// The current cell when no item has the focus: in quarters of an hour of 20 / (2 * rows an hour) pixels from the hour of
-// the selection's begin to two quarters after its end, whatever the rows. `column`: the grid of the selection's day.
+// The current cell when no item has the focus: in quarters of an hour of 20 / (2 * rows an hour) pixels from the hour
+// of the selection's begin to two quarters after its end, whatever the rows. `column`: the grid of the selection's day.
 CRect CurrentCellBox(const TimeGridState& state, const CRect& column, const COleDateTime& begin,
                      const COleDateTime& end);
 

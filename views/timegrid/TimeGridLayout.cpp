@@ -4,10 +4,8 @@
 
 #include <numeric>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 bool IsValid(const COleDateTime& date)
 {
     return date.GetStatus() == COleDateTime::valid;
@@ -63,8 +61,7 @@ CRect BoxAt(const tagCALENDAR_ITEM& item, const ItemClock& times, const CRect& c
     if (!FallsOn(times.start, day))
         return CRect(-1, -1, -1, -1);
     if (item.nFullday == 1 || (item.nPiece & PIECE_MIDDLE)) {
-        return CRect(column.left, column.top, column.right,
-                     column.top + kTimeGrid.endlessHours * scale.HourHeight());
+        return CRect(column.left, column.top, column.right, column.top + kTimeGrid.endlessHours * scale.HourHeight());
     }
     const bool fromAbove = !times.start.isValid || item.nPiece == PIECE_TAIL;
     const bool toBelow = !times.end.isValid || item.nPiece == PIECE_HEAD;
@@ -115,7 +112,8 @@ int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const C
 {
     std::vector<int> shown;
     if (IsValid(firstDay) && IsValid(lastDay)) {
-        const ShownDays days{ClockTimeOf(firstDay).day, ClockTimeOf(lastDay).day, StartOfDay(firstDay), EndOfDay(lastDay)};
+        const ShownDays days{ClockTimeOf(firstDay).day, ClockTimeOf(lastDay).day, StartOfDay(firstDay),
+                             EndOfDay(lastDay)};
         for (INT_PTR i = 0; i < store.GetSize(); ++i) {
             if (days.Meet(store[i]))
                 shown.push_back(static_cast<int>(i));

@@ -8,18 +8,17 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct TimeGridFrame
 {
     CRect caption;
-    CRect header;        // the days' names; without height in the day view
+    CRect header; // the days' names; without height in the day view
     CRect fulldayRuler;
     CRect fulldayContent;
     CRect ruler;
     CRect grid;
-    int columnWidth = 0; // of all columns but the last, which takes what the division leaves
+    int columnWidth = 0;        // of all columns but the last, which takes what the division leaves
     std::vector<CRect> columns; // one a day, parts of the grid
 };
 
@@ -47,10 +46,10 @@ struct OverlapPolicy
 constexpr OverlapPolicy kOneDayOverlap{kTimeGrid.freeBesideOneDay, true};
 constexpr OverlapPolicy kManyDaysOverlap{kTimeGrid.freeBesideManyDays, false};
 
-// Gives every timed item its box: alone, then side by side with those that share its rows, then inset. The columns stand
-// for consecutive days from firstDay on. With one column all items take part in the overlap of that day, even those that
-// begin on another one (and have no box); with several each has its part in the column of the day on which it begins.
-// Throws CInvalidArgException when a time leads to a row outside the day.
+// Gives every timed item its box: alone, then side by side with those that share its rows, then inset. The columns
+// stand for consecutive days from firstDay on. With one column all items take part in the overlap of that day, even
+// those that begin on another one (and have no box); with several each has its part in the column of the day on which
+// it begins. Throws CInvalidArgException when a time leads to a row outside the day.
 void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const COleDateTime& firstDay,
                      const TimeScale& scale, const OverlapPolicy& policy);
 

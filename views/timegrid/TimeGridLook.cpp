@@ -1,9 +1,7 @@
 #include "views/timegrid/TimeGridLook.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // Columns of the table of day colours.
 enum DayColorColumn
 {
@@ -123,8 +121,8 @@ GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& la
         return texts;
     texts.date = Joined("%s - %s", first.Format("%#m.%#d"), last.Format("%#m.%#d"));
     const bool sameYear = first.GetYear() == last.GetYear();
-    texts.longDate = Joined("     %s - %s", first.Format(sameYear ? "%#d %B" : "%#d %B, %Y"),
-                            last.Format("%#d %B, %Y"));
+    texts.longDate =
+        Joined("     %s - %s", first.Format(sameYear ? "%#d %B" : "%#d %B, %Y"), last.Format("%#d %B, %Y"));
     return texts;
 }
 

@@ -7,8 +7,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // A shown day with what the calendar says of it; worked out when the shown days change.
 struct ShownDay

@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kDaysPerWeek = 7;
 constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 

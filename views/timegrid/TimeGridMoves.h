@@ -3,8 +3,7 @@
 
 #include "views/timegrid/TimeScale.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct GridSelection
 {
@@ -29,21 +28,22 @@ enum class AfterMove
     SCROLL_DOWN,
 };
 
-// One row earlier or later; not over midnight, as seen from the selection's begin. With `extend` only the selection's end
-// and the current date move. Whether to scroll is decided by hour and by minute, each on its own, against the first row
-// shown or the last one shown as a whole.
+// One row earlier or later; not over midnight, as seen from the selection's begin. With `extend` only the selection's
+// end and the current date move. Whether to scroll is decided by hour and by minute, each on its own, against the first
+// row shown or the last one shown as a whole.
 AfterMove MoveRowEarlier(GridSelection& selection, const GridWindow& window, bool extend);
 AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool extend);
 
-// Day view: the previous and the next day. Without `extend` the way back leaves the selection's begin at its end, the way
-// on leaves it one day after; with `extend` the way on moves both bounds, the way back the end alone.
+// Day view: the previous and the next day. Without `extend` the way back leaves the selection's begin at its end, the
+// way on leaves it one day after; with `extend` the way on moves both bounds, the way back the end alone.
 void MoveDayEarlier(GridSelection& selection, bool extend);
 void MoveDayLater(GridSelection& selection, bool extend);
 
 // Multi-day view: by `days` columns; with `extend` the selection's begin stays.
 void MoveColumns(GridSelection& selection, int days, bool extend);
 
-// A range of days that is shown, by day numbers. Whole views are weeks when the range keeps to the weeks, else its days.
+// A range of days that is shown, by day numbers. Whole views are weeks when the range keeps to the weeks, else its
+// days.
 struct ShownRange
 {
     int first = 0;
@@ -53,8 +53,8 @@ struct ShownRange
     bool Holds(int day) const { return day >= first && day < first + days; }
     int LengthOfView() const;
 };
-// By how many whole views (negative: earlier) the range moves so that it holds the day, or, where the day lies between the
-// ranges, so that the range lies behind it in the direction of the move.
+// By how many whole views (negative: earlier) the range moves so that it holds the day, or, where the day lies between
+// the ranges, so that the range lies behind it in the direction of the move.
 int ViewsToShow(const ShownRange& range, int day);
 
 // A line and a page of the vertical scroll bar, in rows.
@@ -81,8 +81,8 @@ struct GridScroll
     int maximum = 0;
 };
 
-// The offset is held between 0 and the rows that do not fit; when all fit that end is negative and wins. The position is
-// left for the bar to hold in its range.
+// The offset is held between 0 and the rows that do not fit; when all fit that end is negative and wins. The position
+// is left for the bar to hold in its range.
 GridScroll Scrolled(const GridScroll& scroll, ScrollCode code, int thumb, const GridWindow& window);
 // The bar for a grid of that height, the position in proportion, the offset with it.
 GridScroll ScaledTo(const GridScroll& scroll, const GridWindow& window);

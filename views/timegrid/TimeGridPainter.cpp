@@ -2,24 +2,22 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // Pixels.
 struct GridPaintMetrics
 {
-    int rulerLineInset = 2;  // the hour lines stay so far from the ruler's edges
-    int hourRight = 24;      // between the hour numbers and the ruler's right edge
-    int zerosRight = 5;      // between the zeros and that edge
-    int currentFrame = 2;    // thickness of the outline of the current item
-    int stripeWidth = 2;     // the shaded part of a box, inside its left edge
-    int stripedWidth = 16;   // a narrower box has none
-    int textInset = 2;       // from a box to its text, above, below and at the right
-    int textLeft = 3;        // and at the left
-    int letterWidth = 6;     // the least room for a text
+    int rulerLineInset = 2; // the hour lines stay so far from the ruler's edges
+    int hourRight = 24;     // between the hour numbers and the ruler's right edge
+    int zerosRight = 5;     // between the zeros and that edge
+    int currentFrame = 2;   // thickness of the outline of the current item
+    int stripeWidth = 2;    // the shaded part of a box, inside its left edge
+    int stripedWidth = 16;  // a narrower box has none
+    int textInset = 2;      // from a box to its text, above, below and at the right
+    int textLeft = 3;       // and at the left
+    int letterWidth = 6;    // the least room for a text
     int letterHeight = 8;
-    int timesWidth = 70;     // of "00:00 - 00:00"
+    int timesWidth = 70; // of "00:00 - 00:00"
     int nowLineHeight = 2;
 };
 constexpr GridPaintMetrics kPaint;

@@ -1,5 +1,5 @@
-// Draws the time grids: one painter for one day column and for many. Takes what is to be seen as values; changes nothing
-// but the picture, and costs nothing for what lies outside the clip box.
+// Draws the time grids: one painter for one day column and for many. Takes what is to be seen as values; changes
+// nothing but the picture, and costs nothing for what lies outside the clip box.
 #pragma once
 
 #include "core/CalendarSettings.h"
@@ -9,8 +9,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // The colours that no setting of the control changes.
 struct TimeGridPalette
@@ -32,8 +31,8 @@ constexpr TimeGridPalette kTimeGridPalette{};
 class TimeGridFonts
 {
 public:
-    // The hours: the control's own description. The zeros beside them; small texts; the date of the title band, from the
-    // control's description for captions.
+    // The hours: the control's own description. The zeros beside them; small texts; the date of the title band, from
+    // the control's description for captions.
     CFont* Hours(const LOGFONT& lf) { return m_hours.Get(lf); }
     CFont* Zeros();
     CFont* Label();
@@ -77,8 +76,8 @@ public:
     void DrawSeparators(const CRect& area, const std::vector<CRect>& columns);
     void DrawNowLine(const CRect& column, const ClockTime& now);
 
-    // Box and outline of an item; returns what is left for marks and text. A timed item is cut, and open, at the right edge
-    // `end` of its column; band items are open where they go on.
+    // Box and outline of an item; returns what is left for marks and text. A timed item is cut, and open, at the right
+    // edge `end` of its column; band items are open where they go on.
     CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent);
     CRect DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& band, bool isCurrent);
     // Texts in the selected font; none where not even a letter has room.

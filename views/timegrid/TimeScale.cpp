@@ -4,8 +4,7 @@
 
 #include <cmath>
 
-namespace dayvane
-{
+namespace dayvane {
 
 ClockTime ClockTimeOf(const COleDateTime& time)
 {

@@ -3,38 +3,37 @@
 
 #include <afxdisp.h>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // The sizes of the time grids, in pixels.
 struct TimeGridMetrics
 {
     int captionHeight = 30;
-    int headerHeight = 20;     // the day header of the multi-day view
-    int rulerRight = 60;       // the ruler: 0 .. rulerRight - 1
-    int gridLeft = 61;         // the column between ruler and grid belongs to neither
+    int headerHeight = 20; // the day header of the multi-day view
+    int rulerRight = 60;   // the ruler: 0 .. rulerRight - 1
+    int gridLeft = 61;     // the column between ruler and grid belongs to neither
     int rowHeight = 20;
-    int laneStep = 25;         // the full-day band: from one lane to the next
-    int bandPadding = 5;       // below its last lane
-    int laneInset = 5;         // left, right and above a bar
+    int laneStep = 25;   // the full-day band: from one lane to the next
+    int bandPadding = 5; // below its last lane
+    int laneInset = 5;   // left, right and above a bar
     int barHeight = 20;
-    int boxInset = 2;          // left and right of a timed item's box
-    int freeBesideOneDay = 20; // kept free right of the overlap columns: day view
+    int boxInset = 2;           // left and right of a timed item's box
+    int freeBesideOneDay = 20;  // kept free right of the overlap columns: day view
     int freeBesideManyDays = 5; // multi-day view
-    int endlessHours = 230;    // height of a box that has no end on its day, in hours
+    int endlessHours = 230;     // height of a box that has no end on its day, in hours
 };
 constexpr TimeGridMetrics kTimeGrid{};
 
 constexpr int kHoursPerDay = 24;
 constexpr int kMinutesPerHour = 60;
 
-// A date and time as the layout looks at it thousands of times: the day number and the time of day, after rounding to the
-// second as the fields of a date are.
+// A date and time as the layout looks at it thousands of times: the day number and the time of day, after rounding to
+// the second as the fields of a date are.
 struct ClockTime
 {
     bool isValid = false;
-    int day = 0;     // whole days since 30 December 1899
-    int hour = -1;   // -1 as the fields of a date that is not valid
+    int day = 0;   // whole days since 30 December 1899
+    int hour = -1; // -1 as the fields of a date that is not valid
     int minute = -1;
 };
 ClockTime ClockTimeOf(const COleDateTime& time);

@@ -6,8 +6,7 @@
 
 #include <utility>
 
-namespace
-{
+namespace {
 constexpr char kWindowClass[] = "MFCWeekDayViewCtrl";
 constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
 constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
@@ -29,20 +28,11 @@ struct DateScaleRow
 };
 constexpr DateScaleRow kDateScales[] = {
     // days, from the first day of the week, caption text
-    {2, false, "2 Days Calendar"},
-    {3, false, "3 Days Calendar"},
-    {4, false, "4 Days Calendar"},
-    {5, false, "5 Days Calendar"},
-    {6, false, "6 Days Calendar"},
-    {7, false, "7 Days Calendar"},
-    {8, false, "8 Days Calendar"},
-    {9, false, "9 Days Calendar"},
-    {10, false, "10 Days Calendar"},
-    {11, false, "11 Days Calendar"},
-    {12, false, "11 Days Calendar"}, // twelve days have no text of their own
-    {13, false, "13 Days Calendar"},
-    {14, false, "14 Days Calendar"},
-    {5, true, "Weekday Calendar"},
+    {2, false, "2 Days Calendar"},   {3, false, "3 Days Calendar"},   {4, false, "4 Days Calendar"},
+    {5, false, "5 Days Calendar"},   {6, false, "6 Days Calendar"},   {7, false, "7 Days Calendar"},
+    {8, false, "8 Days Calendar"},   {9, false, "9 Days Calendar"},   {10, false, "10 Days Calendar"},
+    {11, false, "11 Days Calendar"}, {12, false, "11 Days Calendar"}, // twelve days have no text of their own
+    {13, false, "13 Days Calendar"}, {14, false, "14 Days Calendar"}, {5, true, "Weekday Calendar"},
     {7, true, "Weekly Calendar"},
 };
 constexpr int kDateScaleCount = sizeof(kDateScales) / sizeof(kDateScales[0]);
@@ -136,6 +126,8 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
         ShiftProperties(dayvane::DayNumberOf(begin) - dayvane::DayNumberOf(m_dtViewBegin));
     m_dtViewBegin = begin;
     m_dtViewEnd = dayvane::EndOfDay(dayvane::AddDays(begin, m_nDays - 1));
+    if (!Shown().Holds(dayvane::ClockTimeOf(m_dtCurrentDate).day))
+        m_dtCurrentDate = m_dtViewDate = date;
 }
 
 void CWeekDayViewCtrl::GetViewRange(COleDateTime& begin, COleDateTime& end)

@@ -1,13 +1,13 @@
 // CWeekDayViewCtrl: 2 to 14 days, a working week or a week as columns over one time ruler, with a header box for each
 // day and a band for full-day items above the columns.
 //
-// Left and right move the selection by one column. A move that leaves the shown range moves the range by whole views (by
-// weeks, when it begins on the first day of the week) and sends CCN_VIEWRANGECHANGE (value 0x801, the current date, the
-// first and the last moment shown); where the day is not shown then (between two working weeks), the selection comes to
-// the nearest shown day. The selection's begin follows its end, unless the move extends it.
+// Left and right move the selection by one column. A move that leaves the shown range moves the range by whole views
+// (by weeks, when it begins on the first day of the week) and sends CCN_VIEWRANGECHANGE (value 0x801, the current date,
+// the first and the last moment shown); where the day is not shown then (between two working weeks), the selection
+// comes to the nearest shown day. The selection's begin follows its end, unless the move extends it.
 //
-// The selection runs from its begin through all columns to its end. Day properties are kept for the shown days: they move
-// along with the range, and those that leave it are dropped.
+// The selection runs from its begin through all columns to its end. Day properties are kept for the shown days: they
+// move along with the range, and those that leave it are dropped.
 #pragma once
 
 #include "views/timegrid/TimeGridCtrl.h"
@@ -22,24 +22,27 @@ public:
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
 
-    // 2 .. 14 columns, else 2. nBeginDayOfWeek 1 .. 7: the range begins on the control's first day of the week, whatever
-    // the number; else it begins on the given date.
+    // 2 .. 14 columns, else 2. nBeginDayOfWeek 1 .. 7: the range begins on the control's first day of the week,
+    // whatever the number; else it begins on the given date.
     void SetViewOption(int nDays, int nBeginDayOfWeek);
     int GetBeginDayOfWeek() const; // the first day of the week, 0 when the range begins on any day
     int GetMaxDays() const { return m_nDays; }
-    // 1 .. 13: that many days and one more; 14: five days, 15: seven days from the first day of the week. Sets the caption
-    // text, keeps the range's begin where it can, drops the day properties. Other values are only stored.
+    // 1 .. 13: that many days and one more; 14: five days, 15: seven days from the first day of the week. Sets the
+    // caption text, keeps the range's begin where it can, drops the day properties. Other values are only stored.
     void SetDateScale(int nScale);
     int GetDateScale() const { return m_nDateScale; }
-    // Shows the days from the date on, or from the first day of its week on. Call Refresh() afterwards.
+    // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then gives
+    // way to this one. Call Refresh() afterwards.
     void SetRange(COleDateTime date);
-    void GetViewRange(COleDateTime& begin, COleDateTime& end) override; // 00:00:00 of the first, 23:59:59 of the last day
+    // 00:00:00 of the first, 23:59:59 of the last day.
+    void GetViewRange(COleDateTime& begin, COleDateTime& end) override;
     // The time goes to the beginning of its row; the range and both ends of the selection follow.
     void SetCurrentDate(const COleDateTime& date) override;
     // The earlier bound first, to the end of the last row unless that is 23:59 and the begin 00:00; whole days when the
     // selection stands for them. Returns what the base returns.
     int GetSelRange(COleDateTime& begin, COleDateTime& end) override;
-    CRect GetColumnRect(int nColumn) const { return GetColumnBox(nColumn); } // throws CInvalidArgException beyond the last
+    // Throws CInvalidArgException beyond the last column.
+    CRect GetColumnRect(int nColumn) const { return GetColumnBox(nColumn); }
 
     // Codes as in the day view; the day header gives CCHT_ONDAYCAPTION and its day at 00:00, the band its day at 00:00.
     int HitTest(tagCCHITTESTINFO& info) override;

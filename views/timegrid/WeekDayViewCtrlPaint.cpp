@@ -3,8 +3,7 @@
 
 #include "core/DateMath.h"
 
-namespace
-{
+namespace {
 constexpr int kCaptionFont = 1; // template in m_lfFonts
 } // namespace
 
