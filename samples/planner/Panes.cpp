@@ -78,9 +78,9 @@ BOOL CSidePane::Create(CWnd* pParent, UINT nID)
 BOOL CSidePane::IsBold(const COleDateTime& date, LPARAM lParam)
 {
     CSidePane& pane = *reinterpret_cast<CSidePane*>(lParam);
-    return date.GetStatus() == COleDateTime::valid &&
-           pane.m_busyDays.IsBusy(pane.m_pfnDocument(pane.m_lParam),
-                                  planner::DayOfTime(planner::LocalOfDate(date)));
+    const planner::Document* document = pane.m_pfnDocument(pane.m_lParam);
+    return document && date.GetStatus() == COleDateTime::valid &&
+           pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
 }
 
 void CSidePane::SetFirstDayOfWeek(int nDay)

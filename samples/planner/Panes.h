@@ -10,10 +10,9 @@
 class CSidePane : public CWnd
 {
 public:
-    // Days with items are bold.
-    CSidePane(planner::Document& (*pfnDocument)(LPARAM), LPARAM lParam) : m_pfnDocument(pfnDocument), m_lParam(lParam)
-    {
-    }
+    // Days with items of the document are bold; without a document (nullptr) none are.
+    typedef planner::Document* (*PFNDOCUMENT)(LPARAM lParam);
+    CSidePane(PFNDOCUMENT pfnDocument, LPARAM lParam) : m_pfnDocument(pfnDocument), m_lParam(lParam) {}
 
     BOOL Create(CWnd* pParent, UINT nID);
     void SetFirstDayOfWeek(int nDay);
@@ -36,7 +35,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    planner::Document& (*m_pfnDocument)(LPARAM);
+    PFNDOCUMENT m_pfnDocument;
     LPARAM m_lParam;
     planner::BusyDays m_busyDays;
     CMiniCalendarCtrl m_calendar;

@@ -60,9 +60,7 @@ END_MESSAGE_MAP()
 
 CPlannerFrame::CPlannerFrame()
     : m_view(s_start.view.row ? s_start.view : planner::DefaultView()), m_day(s_start.day), m_editor(m_items),
-      m_sidePane([](LPARAM frame) -> planner::Document& {
-          return reinterpret_cast<CPlannerFrame*>(frame)->Document()->Calendar();
-      }, reinterpret_cast<LPARAM>(this))
+      m_sidePane(&CPlannerFrame::CalendarOf, reinterpret_cast<LPARAM>(this))
 {
 }
 
@@ -113,6 +111,12 @@ BOOL CPlannerFrame::OnCommand(WPARAM wParam, LPARAM lParam)
     return CFrameWnd::OnCommand(wParam, lParam);
 }
 
+planner::Document* CPlannerFrame::CalendarOf(LPARAM lFrame)
+{
+    CPlannerDoc* document = reinterpret_cast<CPlannerFrame*>(lFrame)->Document();
+    return document ? &document->Calendar() : nullptr;
+}
+
 // Keys that are typed into an edit box are no commands, but for those that no edit box knows.
 BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
 {
@@ -150,7 +154,7 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
     m_sidePane.DocumentChanged();
     CString told;
     if (!messages.empty()) {
-        told.Format("%d lines of the file could not be read: see below", static_cast<int>(messages.size()));
+        told.Format("%d things of the file are not shown or not understood: see above", static_cast<int>(messages.size()));
     }
     SetMessageText(told);
     return 0;

@@ -97,6 +97,7 @@ private:
     void ApplySettings(CCalendarCtrl& ctrl);
     BOOL* SettingOf(UINT nID);
     CWnd* PaneOf(UINT nID);
+    static planner::Document* CalendarOf(LPARAM lFrame);
 
     planner::ChosenView m_view;
     COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay

@@ -35,6 +35,7 @@ class PlannerWindow : public testing::Test
 protected:
     void SetUp() override
     {
+        ::SetCursorPos(::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1); // off the window
         char folder[MAX_PATH], name[MAX_PATH];
         ::GetTempPath(MAX_PATH, folder);
         ::GetTempFileName(folder, "ics", 0, name);
