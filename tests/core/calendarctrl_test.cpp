@@ -257,10 +257,10 @@ TEST(CalendarCtrl, PaintingCopiesOnceAndKeepsNoObjects)
         scene.calendar->Invalidate(FALSE);
         scene.calendar->UpdateWindow();
     };
-    paint();
-    GuiLeakCheck leaks;
-    for (int i = 0; i < 50; ++i)
-        paint();
+    ExpectNothingLeftBy([&] {
+        for (int i = 0; i < 50; ++i)
+            paint();
+    });
 }
 
 TEST(DrawingHelpers, GradientsReachTheirColours)

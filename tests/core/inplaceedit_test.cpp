@@ -157,13 +157,12 @@ TEST(InPlaceEdit, PastedTextIsWholeOrRefused)
 TEST(InPlaceEdit, LeavesNothingBehind)
 {
     EditScene scene;
-    scene.Begin();
-    messages::Key(scene.Box(), VK_RETURN);
-    GuiLeakCheck leaks;
-    for (int i = 0; i < 20; ++i) {
-        scene.Begin();
-        messages::Key(scene.Box(), i % 2 ? VK_RETURN : VK_ESCAPE);
-    }
+    ExpectNothingLeftBy([&] {
+        for (const int key : {VK_RETURN, VK_ESCAPE}) {
+            scene.Begin();
+            messages::Key(scene.Box(), key);
+        }
+    });
 }
 
 } // namespace

@@ -455,9 +455,7 @@ TEST(BoxViews, PaintingLeavesNoObjectsBehind)
             year.view->Paint(&picture.Dc());
         }
     };
-    paintBoth();
-    const GuiLeakCheck leaks;
-    paintBoth();
+    ExpectNothingLeftBy(paintBoth);
 }
 
 // Every size, dates at both ends of the calendar and dates that are none: nothing is shown, nothing falls over.

@@ -269,7 +269,5 @@ TEST_F(MonthPaint, LeavesNoObjectsBehind)
             view.UpdateWindow();
         }
     };
-    paintAll(3);
-    const testsupport::GuiLeakCheck leaks;
-    paintAll(paints);
+    testsupport::ExpectNothingLeftBy([&] { paintAll(paints); });
 }

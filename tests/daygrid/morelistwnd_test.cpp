@@ -127,26 +127,27 @@ TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
 
 TYPED_TEST(MoreListWindow, ClosesWhenWhatItShowsGoesAway)
 {
-    const GuiLeakCheck leaks;
-    Scene<TypeParam> scene;
-    const auto closesBy = [&scene](auto act) {
+    testsupport::ExpectNothingLeftBy([] {
+        Scene<TypeParam> scene;
+        const auto closesBy = [&scene](auto act) {
+            scene.OpenList();
+            EXPECT_TRUE(scene.view->IsMoreListOpen());
+            act();
+            PumpMessages();
+            return !scene.view->IsMoreListOpen() && !ListWindow();
+        };
+        EXPECT_TRUE(closesBy([&scene] { scene.view->DeleteItem(0); }));
+        EXPECT_TRUE(closesBy([&scene] { scene.view->SendMessage(WM_VSCROLL, SB_THUMBTRACK); }));
+        scene.view->SetCurrentDate(COleDateTime(2026, 4, 15, 0, 0, 0));
+        scene.view->Refresh();
+        EXPECT_TRUE(closesBy([&scene] { scene.view->MoveWindow(0, 0, 890, 600); }));
+        EXPECT_TRUE(closesBy([&scene] { scene.parent.SetFocus(); }));
+        EXPECT_TRUE(closesBy([] { messages::LeftDown(ListWindow(), CPoint(-20, -20)); }));
+        EXPECT_TRUE(closesBy([] { ::ReleaseCapture(); }));
         scene.OpenList();
-        EXPECT_TRUE(scene.view->IsMoreListOpen());
-        act();
-        PumpMessages();
-        return !scene.view->IsMoreListOpen() && !ListWindow();
-    };
-    EXPECT_TRUE(closesBy([&scene] { scene.view->DeleteItem(0); }));
-    EXPECT_TRUE(closesBy([&scene] { scene.view->SendMessage(WM_VSCROLL, SB_THUMBTRACK); }));
-    scene.view->SetCurrentDate(COleDateTime(2026, 4, 15, 0, 0, 0));
-    scene.view->Refresh();
-    EXPECT_TRUE(closesBy([&scene] { scene.view->MoveWindow(0, 0, 890, 600); }));
-    EXPECT_TRUE(closesBy([&scene] { scene.parent.SetFocus(); }));
-    EXPECT_TRUE(closesBy([] { messages::LeftDown(ListWindow(), CPoint(-20, -20)); }));
-    EXPECT_TRUE(closesBy([] { ::ReleaseCapture(); }));
-    scene.OpenList();
-    scene.parent.DestroyWindow();
-    EXPECT_FALSE(ListWindow());
+        scene.parent.DestroyWindow();
+        EXPECT_FALSE(ListWindow());
+    });
 }
 
 TYPED_TEST(MoreListWindow, ItemsCanBeDraggedOut)

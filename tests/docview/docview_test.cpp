@@ -134,10 +134,7 @@ TEST(CalendarViews, ViewsLeaveNothingBehind)
             frame.DestroyWindow();
         }
     };
-    round();
-    GuiLeakCheck leaks;
-    round();
-    round();
+    testsupport::ExpectNothingLeftBy(round);
 }
 
 } // namespace

@@ -132,7 +132,7 @@ tagCC_ITEM ItemOf(int number)
     item.bAlarm = number % 3 == 0;
     item.bRecurrent = number % 4 == 0;
     item.crColor2 = number % 2 ? 0xFFFFFF : 0xC0E0FF;
-    item.nReserved = number % 2; // bold; italic fonts are kept to the end of the process and would count as lost
+    item.nReserved = number & 1; // bold; italic fonts are kept to the end of the process and would count as lost
     return item;
 }
 

@@ -51,14 +51,30 @@ const GdiTableEntry* GdiTable()
 #endif
 }
 
-int CountGdiTable()
+int CountGdiTable(std::map<int, int>& byType)
 {
     const GdiTableEntry* table = GdiTable();
     int count = 0;
     for (int slot = 0; table != nullptr && slot < kHandleSlots; ++slot) {
-        count += table[slot].type != 0;
+        if (table[slot].type != 0) {
+            ++byType[table[slot].type];
+            ++count;
+        }
     }
     return count;
+}
+
+const char* NameOfType(int type)
+{
+    switch (type) {
+    case 0x01: return "device contexts";
+    case 0x04: return "regions";
+    case 0x05: return "bitmaps";
+    case 0x0a: return "fonts";
+    case 0x10: return "brushes";
+    case 0x30: return "pens";
+    default: return "others";
+    }
 }
 
 BOOL CALLBACK CountWindow(HWND, LPARAM count)
@@ -114,7 +130,7 @@ GuiCounts GuiCounts::Now()
     counts.gdiObjects = static_cast<int>(::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS));
     counts.userObjects = static_cast<int>(::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS));
     if (counts.gdiObjects == 0) {
-        counts.gdiObjects = CountGdiTable();
+        counts.gdiObjects = CountGdiTable(counts.gdiByType);
         counts.userObjects = CountWindows() + CountMenusAndIcons();
     }
     return counts;
@@ -122,15 +138,28 @@ GuiCounts GuiCounts::Now()
 
 std::string GuiCounts::Text() const
 {
-    return "GDI " + std::to_string(gdiObjects) + ", USER " + std::to_string(userObjects);
+    std::string text = "GDI " + std::to_string(gdiObjects) + ", USER " + std::to_string(userObjects);
+    for (const auto& [type, count] : gdiByType) {
+        text += "; " + std::to_string(count) + " " + NameOfType(type);
+    }
+    return text;
 }
 
-GuiLeakCheck::~GuiLeakCheck()
+void ExpectNothingLeftBy(const std::function<void()>& use)
 {
-    const GuiCounts now = GuiCounts::Now();
-    if (!(now == m_before)) {
-        ADD_FAILURE() << "Objects before: " << m_before.Text() << "; after: " << now.Text();
+    constexpr int kUses = 5;
+    GuiCounts before = GuiCounts::Now();
+    std::string told;
+    for (int i = 0; i < kUses; ++i) {
+        use();
+        const GuiCounts after = GuiCounts::Now();
+        if (after == before) {
+            return;
+        }
+        told += "\n  before: " + before.Text() + "\n  after:  " + after.Text();
+        before = after;
     }
+    ADD_FAILURE() << "Objects left behind by each use:" << told;
 }
 
 } // namespace testsupport

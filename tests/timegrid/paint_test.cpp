@@ -229,21 +229,16 @@ TEST(GridPaint, KeepsNothing)
         day.Add(At(i, 0), At(i + 1, 30));
         week.Add(At(i, 0), At(i, 30, 27));
     }
-    paint();
-    {
-        testsupport::GuiLeakCheck check;
+    testsupport::ExpectNothingLeftBy([&] {
         for (int i = 0; i < 200; ++i)
             paint();
-    }
+    });
     const auto live = [&dc] {
         Scene<CWeekDayViewCtrl> again(900, 500);
         again.view->ShowNowLine(TRUE);
         Paint(again, dc);
     };
-    live();
-    testsupport::GuiLeakCheck check;
-    for (int i = 0; i < 10; ++i)
-        live();
+    testsupport::ExpectNothingLeftBy(live);
 }
 
 TEST(NowLine, MovesWithTheMinute)
