@@ -14,6 +14,8 @@ namespace
 constexpr int kCountPane = 1;
 constexpr int kCountPaneWidth = 110; // pixels
 constexpr planner::LocalTime kFirstHour = 8 * planner::HourSeconds;
+constexpr int kOfficeOpens = 9; // hours, on work days
+constexpr int kOfficeCloses = 18;
 constexpr int kSunday = 1;
 constexpr int kMonday = 2;
 } // namespace
@@ -291,6 +293,10 @@ void CPlannerFrame::Idle()
 
 void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
 {
+    tagCALENDAR_WORK_TIME hours;
+    hours.dtStart.SetTime(kOfficeOpens, 0, 0);
+    hours.dtEnd.SetTime(kOfficeCloses, 0, 0);
+    ctrl.SetWorkTime(hours);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? kMonday : kSunday);
