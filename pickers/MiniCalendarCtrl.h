@@ -6,8 +6,7 @@
 
 #include "pickers/PeriodGridCtrl.h"
 
-namespace dayvane
-{
+namespace dayvane {
 // A month of the grid. Its days run from the first day of the week on, those of the neighbour months included.
 struct MonthRecord
 {

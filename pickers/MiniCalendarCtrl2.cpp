@@ -2,8 +2,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 const char kClassName[] = "MFCMiniCalendarCtrl2";
 } // namespace
 

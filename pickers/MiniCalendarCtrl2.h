@@ -7,8 +7,7 @@
 
 #include "pickers/PeriodGridCtrl.h"
 
-namespace dayvane
-{
+namespace dayvane {
 // A year of the grid.
 struct YearRecord
 {

@@ -175,8 +175,7 @@ void CPeriodGridCtrl::Unselect()
 
 // ---- Notifications
 
-namespace
-{
+namespace {
 void FillHeader(const CWnd* pWnd, int nCode, NMHDR& header)
 {
     header.hwndFrom = pWnd->m_hWnd;

@@ -64,14 +64,15 @@ void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
 
 void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
 {
-    if (m_pPopup != nullptr && m_pPopup->GetSafeHwnd() != nullptr) {
-        CPoint screen = point;
-        ClientToScreen(&screen);
-        m_pPopup->PointAt(screen);
-    }
     InvalidatePart(m_model.Pressed());
     m_model.LetGo();
-    Apply(m_model.Release(m_pPopup != nullptr ? m_pPopup->GetPeriod() : m_model.FirstPeriod()));
+    if (m_pPopup == nullptr) {
+        Apply(m_model.Release(m_model.FirstPeriod()));
+        return;
+    }
+    ClientToScreen(&point);
+    m_pPopup->PointAt(point);
+    Apply(m_pPopup->HasChoice() ? m_model.Release(m_pPopup->GetPeriod()) : m_model.Cancel());
 }
 
 void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)

@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kDaysPerWeek = 7;
 constexpr int kMaxBlocksPerSide = 1000; // keeps every coordinate far from the limits of its type
 

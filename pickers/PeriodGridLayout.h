@@ -14,8 +14,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct PeriodGridInput
 {

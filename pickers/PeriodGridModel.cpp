@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kDefaultYear = 2000;
 
 bool IsValid(const COleDateTime& date)

@@ -5,8 +5,7 @@
 #include "pickers/PeriodGridLayout.h"
 #include "pickers/PickerKey.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct GridEffects
 {

@@ -3,10 +3,8 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 // Weekdays with a colour of their own: Sunday, as the holidays, and Saturday.
 constexpr int kRedWeekday = 1;
 constexpr int kBlueWeekday = 7;
@@ -115,9 +113,11 @@ void PeriodGridPainter::DrawCells() const
     }
     if (m_picture.isFocused) {
         const GridHit caret = CellOfDate(policy, m_picture.layout, m_picture.model.Caret(m_picture.now));
-        CRect frame = RectOfPart(m_picture.layout, caret);
-        if (caret == today) {
-            frame.DeflateRect(kMetrics.cellInset); // within today's frame
+        // Out of sight after paging it still shows that the keyboard is here, in the first title.
+        const bool isShown = caret.part == GridPart::Cell;
+        CRect frame = RectOfPart(m_picture.layout, isShown ? caret : GridHit{GridPart::Title, 0});
+        if (caret == today || !isShown) {
+            frame.DeflateRect(kMetrics.cellInset); // within the frame of today or of a hot title
         }
         DrawFocusFrame(m_pDC, frame);
     }

@@ -4,8 +4,7 @@
 #include "pickers/PeriodGridModel.h"
 #include "pickers/PickerPaint.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 // What is known about a cell besides its date; asked once per layout, not per paint.
 struct CellMark

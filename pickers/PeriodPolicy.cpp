@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kDaysPerWeek = 7;
 
 COleDateTime LastDayOfMonth(int monthNumber)

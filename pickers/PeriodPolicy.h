@@ -5,8 +5,7 @@
 #include <afxdisp.h>
 #include <atltypes.h>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // What one cell of a period stands for.
 enum class CellUnit

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kThousandths = 1000;
 
 // Moves the interval [start, start + length) into [low, high); its start has the last word.

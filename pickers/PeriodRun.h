@@ -1,12 +1,11 @@
 // The list that opens over a title while the button is held: rows of periods around the given one. The row under the
 // pointer is the choice; above and below the rows the list runs, the faster the farther the pointer is; beside them
-// and while it runs the given period stays chosen.
+// and while it runs nothing is chosen.
 #pragma once
 
 #include "pickers/PeriodPolicy.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct PeriodRunMetrics // pixels
 {
@@ -44,6 +43,7 @@ public:
     bool HasPeriod(int row) const; // rows beyond the years 100 to 9999 are empty
     int Given() const { return m_given; }
     int HotRow() const; // -1: none
+    bool HasChoice() const { return HotRow() >= 0; }
     int Chosen() const; // the hot row's period, else the given one
     // The pointer in client pixels; returns whether the picture changed.
     bool PointAt(CPoint point);

@@ -1,9 +1,7 @@
 #include "pickers/PeriodRunPainter.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kShadeInset = 1; // pixels, of the chosen row's shade
 } // namespace
 

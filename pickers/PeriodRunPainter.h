@@ -4,8 +4,7 @@
 #include "pickers/PeriodRun.h"
 #include "pickers/PickerPaint.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Client pixels of the popup; the given period is bold, the chosen row shaded.
 void PaintPeriodRun(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts);

@@ -6,8 +6,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 constexpr UINT kPopupClassStyle = CS_BYTEALIGNCLIENT | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
 constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
 } // namespace

@@ -1,8 +1,7 @@
 // The keys that the date selectors know, free of any platform's key numbers.
 #pragma once
 
-namespace dayvane
-{
+namespace dayvane {
 
 enum class PickerKey
 {

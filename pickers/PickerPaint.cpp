@@ -2,10 +2,8 @@
 
 #include "core/DrawingHelpers.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr UINT kCentred = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 constexpr int kRoundCorner = 3; // pixels
 } // namespace

@@ -3,8 +3,7 @@
 
 #include <afxwin.h>
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct PickerPalette
 {

@@ -1,7 +1,6 @@
 #include "pickers/PickerShell.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 PickerKey PickerKeyOf(UINT virtualKey)
 {

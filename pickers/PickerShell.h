@@ -7,8 +7,7 @@
 
 #include <memory>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // A member of a window object by which guards learn of the object's end.
 class WindowLife

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr int kFirstYear = kFirstMonthNumber / kMonthsPerYear;
 constexpr int kLastYear = kLastMonthNumber / kMonthsPerYear;
 constexpr int kArrowParts = 4;   // an arrow reaches a quarter of the header's height up and down

@@ -5,8 +5,7 @@
 #include "pickers/PeriodPolicy.h"
 #include "pickers/PickerKey.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct YearMonthMetrics // pixels
 {

@@ -2,10 +2,8 @@
 
 #include "core/DrawingHelpers.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 struct YearMonthPaintMetrics // pixels
 {
     int lineInset;    // of the footer's separator from the sides

@@ -4,8 +4,7 @@
 #include "pickers/PickerPaint.h"
 #include "pickers/YearMonthGrid.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct YearMonthFonts
 {

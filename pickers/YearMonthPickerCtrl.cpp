@@ -9,8 +9,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 constexpr LRESULT kHandled = 1;
 
 PickerButtonMetrics ButtonMetrics()

@@ -8,8 +8,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 constexpr UINT kPopupClassStyle = CS_SAVEBITS | CS_CLASSDC | CS_HREDRAW | CS_VREDRAW;
 constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
 } // namespace

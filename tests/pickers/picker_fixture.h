@@ -2,12 +2,10 @@
 #pragma once
 
 #include "core/CalendarClock.h"
-#include "core/DateMath.h"
+#include "tests/pickers/picker_dates.h"
 #include "tests/support/GuiCounts.h"
 #include "tests/support/Input.h"
 #include "tests/support/RecordingParent.h"
-
-#include <gtest/gtest.h>
 
 typedef std::vector<std::string> Told;
 
@@ -16,11 +14,6 @@ namespace hardware = testsupport::hardware;
 using testsupport::PumpMessages;
 using testsupport::PumpUntil;
 
-inline COleDateTime Day(int year, int month, int day)
-{
-    return COleDateTime(year, month, day, 0, 0, 0);
-}
-
 constexpr UINT kSelectorId = 77; // of the one selector in a parent
 
 class PickerParent : public testsupport::RecordingParent
@@ -28,7 +21,7 @@ class PickerParent : public testsupport::RecordingParent
 public:
     PickerParent()
     {
-        SetCalendarClock([] { return COleDateTime(2010, 1, 15, 9, 0, 0); });
+        SetCalendarClock([] { return Day(2010, 1, 15, 9); });
         Create(600, 500);
         SetForegroundWindow();
         ::SetCursorPos(2, 2); // away from the selectors, whose captured mouse would hear of it
@@ -45,7 +38,8 @@ public:
             const bool isMessage = entry.record == testsupport::Notification::Record::Message;
             EXPECT_EQ(kSelectorId, isMessage ? static_cast<UINT>(entry.lParam) : entry.hdr.idFrom);
             if (entry.record == testsupport::Notification::Record::Selection) {
-                log.back() += " " + Text(entry.selection.stSelStart) + " - " + Text(entry.selection.stSelEnd);
+                const NMSELCHANGE& record = entry.selection;
+                log.back() += " " + Text(COleDateTime(record.stSelStart)) + " - " + Text(COleDateTime(record.stSelEnd));
             } else if (isMessage) {
                 log.back() += " " + std::to_string(entry.wParam);
             }
@@ -62,18 +56,5 @@ public:
             }
             return 0;
         });
-    }
-
-private:
-    static std::string Text(const SYSTEMTIME& time)
-    {
-        const COleDateTime date(time);
-        if (date.GetStatus() != COleDateTime::valid) {
-            return "none";
-        }
-        const dayvane::DateFields fields = dayvane::FieldsOf(date);
-        const std::string day =
-            std::to_string(fields.year) + "/" + std::to_string(fields.month) + "/" + std::to_string(fields.day);
-        return time.wHour == 0 ? day : day + "+" + std::to_string(time.wHour) + "h";
     }
 };

@@ -1,12 +1,13 @@
 // The year-month picker and its popup as windows: messages in, messages to the parent out.
+#include "pickers/YearMonthPainter.h"
 #include "pickers/YearMonthPickerCtrl.h"
 #include "pickers/YearMonthPopup.h"
 #include "tests/pickers/picker_fixture.h"
+#include "tests/support/MemoryDc.h"
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 // Hosts have these numbers in their own sources.
 static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
                   YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) &&
@@ -30,11 +31,7 @@ struct Picker
     // A click into the popup; months from 1.
     void ClickMonth(int month) { ClickPopup(control->GetPopup()->GetLayout().months[month - 1].CenterPoint()); }
     void ClickPopup(CPoint point) { messages::Click(control->GetPopup()->m_hWnd, point); }
-    std::string Date() const
-    {
-        const DateFields fields = FieldsOf(control->GetCurrentDate());
-        return std::to_string(fields.year) + "/" + std::to_string(fields.month) + "/" + std::to_string(fields.day);
-    }
+    std::string Date() const { return Text(control->GetCurrentDate()); }
 
     PickerParent parent;
     std::unique_ptr<CYearMonthPickerCtrl> control;
@@ -89,88 +86,70 @@ TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
 
 TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
 {
+    constexpr int kCancelled = 0;
+    constexpr int kSilent = -1;
+    const auto key = [](Picker& p, UINT code) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, code, 0); };
+    const auto layout = [](Picker& p) -> const YearMonthLayout& { return p.control->GetPopup()->GetLayout(); };
     typedef std::function<void(Picker&)> Act;
     const struct
     {
         const char* what;
         Act act;
-        Told log;
-        const char* date;
+        int picked; // year x 100 + month, or how it ends without one
     } table[] = {
-        {"another month",
-         [](Picker& p) { p.ClickMonth(7); },
-         {"YMN_CLOSEUP 201007", "YMN_SELENDOK 201007", "YMN_DATECHANGE 201007"},
-         "2010/7/1"},
-        {"the same month",
-         [](Picker& p) { p.ClickMonth(5); },
-         {"YMN_CLOSEUP 201005", "YMN_SELENDOK 201005"},
-         "2010/5/1"},
+        {"another month", [](Picker& p) { p.ClickMonth(7); }, 201007},
+        {"the same month", [](Picker& p) { p.ClickMonth(5); }, 201005},
         {"another year's",
-         [](Picker& p) {
-             const YearMonthLayout layout = p.control->GetPopup()->GetLayout();
-             p.ClickPopup(layout.previousYear.CenterPoint());
-             p.ClickPopup(layout.nextYear.CenterPoint());
-             p.ClickPopup(layout.nextYear.CenterPoint());
+         [=](Picker& p) {
+             p.ClickPopup(layout(p).previousYear.CenterPoint());
+             p.ClickPopup(layout(p).nextYear.CenterPoint());
+             p.ClickPopup(layout(p).nextYear.CenterPoint());
              EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
              EXPECT_EQ(Told{}, p.parent.Take()) << "the arrows tell nothing";
              p.ClickMonth(5);
          },
-         {"YMN_CLOSEUP 201105", "YMN_SELENDOK 201105", "YMN_DATECHANGE 201105"},
-         "2011/5/1"},
-        {"the overhang below the grid",
-         [](Picker& p) { p.ClickPopup(CPoint(60, 92)); },
-         {"YMN_CLOSEUP 201011", "YMN_SELENDOK 201011", "YMN_DATECHANGE 201011"},
-         "2010/11/1"},
+         201105},
+        {"the overhang below the grid", [](Picker& p) { p.ClickPopup(CPoint(60, 92)); }, 201011},
         {"the footer",
-         [](Picker& p) {
-             p.ClickPopup(p.control->GetPopup()->GetLayout().previousYear.CenterPoint());
-             p.ClickPopup(p.control->GetPopup()->GetLayout().footer.CenterPoint());
+         [=](Picker& p) {
+             p.ClickPopup(layout(p).previousYear.CenterPoint());
+             p.ClickPopup(layout(p).footer.CenterPoint());
          },
-         {"YMN_CLOSEUP 201001", "YMN_SELENDOK 201001", "YMN_DATECHANGE 201001"},
-         "2010/1/1"},
-        {"outside",
-         [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"},
-        {"the header's middle",
-         [](Picker& p) { p.ClickPopup(CPoint(60, 10)); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"},
-        {"lost capture",
-         [](Picker& p) { ::SetCapture(p.parent.m_hWnd); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"},
-        {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"}, "2010/5/1"},
-        {"the application left",
-         [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"},
+         201001},
         {"keys",
-         [](Picker& p) {
-             for (UINT key : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
-                 ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, key, 0);
+         [=](Picker& p) {
+             for (UINT code : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
+                 key(p, code);
              }
          },
-         {"YMN_CLOSEUP 201109", "YMN_SELENDOK 201109", "YMN_DATECHANGE 201109"},
-         "2011/9/1"},
-        {"Escape",
-         [](Picker& p) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, VK_ESCAPE, 0); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"},
-        {"the picker's window destroyed",
-         [](Picker& p) { p.control->DestroyWindow(); },
-         {"YMN_CLOSEUP 0", "YMN_SELENDCANCEL 0"},
-         "2010/5/1"}, // hidden, it loses the focus
-        {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, {}, "2010/5/1"},
-        {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, {}, "2010/5/1"},
+         201109},
+        {"outside", [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); }, kCancelled},
+        {"the header's middle", [](Picker& p) { p.ClickPopup(CPoint(60, 10)); }, kCancelled},
+        {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, kCancelled},
+        {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, kCancelled},
+        {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
+         kCancelled},
+        {"Escape", [=](Picker& p) { key(p, VK_ESCAPE); }, kCancelled},
+        // Hidden, it loses the focus.
+        {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); }, kCancelled},
+        {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, kSilent},
+        {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, kSilent},
     };
     for (const auto& row : table) {
         Picker p;
         const HWND popup = p.Drop().m_hWnd;
         p.parent.Take();
         row.act(p);
-        EXPECT_EQ(row.log, p.parent.Take()) << row.what;
-        EXPECT_EQ(row.date, p.Date()) << row.what;
+        const std::string month = " " + std::to_string(row.picked);
+        Told expected;
+        if (row.picked != kSilent) {
+            expected = {"YMN_CLOSEUP" + month, (row.picked > 0 ? "YMN_SELENDOK" : "YMN_SELENDCANCEL") + month};
+        }
+        if (row.picked > 0 && row.picked != 201005) {
+            expected.push_back("YMN_DATECHANGE" + month);
+        }
+        EXPECT_EQ(expected, p.parent.Take()) << row.what;
+        EXPECT_EQ(Text(DateOfPacked(row.picked > 0 ? row.picked : 201005)), p.Date()) << row.what;
         EXPECT_FALSE(p.control->IsDropped()) << row.what;
         EXPECT_EQ(nullptr, p.control->GetPopup()) << row.what;
         EXPECT_FALSE(::IsWindow(popup)) << row.what;
@@ -201,16 +180,14 @@ TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
 TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
 {
     Picker p;
-    p.control->SetCurrentDate(COleDateTime(2010, 5, 17, 8, 30, 0));
+    p.control->SetCurrentDate(Day(2010, 5, 17, 8));
+    EXPECT_EQ("2010/5/17+8h", p.Date());
     p.Drop();
     p.ClickMonth(5);
     EXPECT_EQ((Told{"YMN_DROPDOWN 201005", "YMN_CLOSEUP 201005", "YMN_SELENDOK 201005", "YMN_DATECHANGE 201005"}),
               p.parent.Take());
-    EXPECT_TRUE(p.control->GetCurrentDate() == Day(2010, 5, 1));
-
-    COleDateTime none;
-    none.SetStatus(COleDateTime::invalid);
-    p.control->SetCurrentDate(none);
+    EXPECT_EQ("2010/5/1", p.Date());
+    p.control->SetCurrentDate(NoDate());
     EXPECT_EQ(2010, p.Drop().GetYear()) << "without a date, the present month";
     EXPECT_EQ(0, p.control->GetPopup()->GetMonthIndex());
 }
@@ -290,17 +267,55 @@ TEST(YearMonthPickerWindow, RealClicksAndKeysDropAndPick)
     EXPECT_EQ("2010/8/1", p.Date());
 }
 
+TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
+{
+    const COLORREF kFrame = 0xB99D7F;
+    testsupport::MemoryDc popup(120, 120, 0x123456);
+    const YearMonthLayout layout = CalcYearMonthLayout(CRect(0, 0, 120, 120));
+    YearMonthFonts fonts;
+    PaintYearMonthPopup(&popup.Dc(), {layout, {2010, 4}, {}, false, Day(2010, 1, 15), fonts});
+    testsupport::MemoryDc face(150, 21, 0x123456);
+    PickerFonts faceFonts(kTextFont);
+    PaintPickerFace(&face.Dc(),
+                    {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts});
+    const struct
+    {
+        const char* what;
+        const testsupport::MemoryDc& dc;
+        CRect area; // all of which has the colour
+        COLORREF color;
+    } table[] = {
+        {"popup's left border", popup, CRect(0, 20, 1, 120), kFrame},
+        {"popup's right border", popup, CRect(119, 20, 120, 120), kFrame},
+        {"popup's lower border", popup, CRect(0, 119, 120, 120), kFrame},
+        {"ground", popup, CRect(3, 21, 119, 22), ::GetSysColor(COLOR_WINDOW)},
+        {"header's first colour", popup, CRect(0, 0, 120, 1), 0xD6865A},
+        {"previous year's arrow, tip", popup, CRect(6, 10, 7, 11), kFrame},
+        {"previous year's arrow, foot", popup, CRect(11, 5, 12, 16), kFrame},
+        {"next year's arrow, tip", popup, CRect(110, 10, 111, 11), kFrame},
+        {"next year's arrow, foot", popup, CRect(105, 5, 106, 16), kFrame},
+        {"outline of May's box", popup, CRect(44, 40, 76, 41), 0x5292FF},
+        {"May's box", popup, CRect(43, 41, 77, 43), 0x94D3FF},
+        {"beside May's box", popup, CRect(40, 39, 41, 57), ::GetSysColor(COLOR_WINDOW)},
+        {"separator", popup, CRect(5, 95, 115, 96), kFrame},
+        {"left of the separator", popup, CRect(1, 95, 5, 96), ::GetSysColor(COLOR_WINDOW)},
+        {"right of the separator", popup, CRect(115, 95, 119, 96), ::GetSysColor(COLOR_WINDOW)},
+        {"button's frame", face, CRect(0, 0, 150, 1), kFrame},
+        {"button's face", face, CRect(2, 2, 131, 19), ::GetSysColor(COLOR_BTNFACE)},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(0, row.dc.CountOther(row.area, row.color)) << row.what;
+    }
+}
+
 TEST(YearMonthPickerWindow, DroppingAndPaintingLeaveNoObjectsBehind)
 {
     Picker p;
-    const auto use = [&](int month) {
-        p.Drop();
-        p.ClickMonth(month);
-        p.control->UpdateWindow();
-    };
     testsupport::ExpectNothingLeftBy([&] {
         for (int month = 1; month <= 12; ++month) {
-            use(month);
+            p.Drop();
+            p.ClickMonth(month);
+            p.control->UpdateWindow();
         }
     });
 }
