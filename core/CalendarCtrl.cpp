@@ -104,7 +104,6 @@ CCalendarCtrl::~CCalendarCtrl()
         guard->m_pCtrl = nullptr;
     // While the derived parts still stood the window was theirs; here the hooks are the base's, which do nothing.
     DestroyWindow();
-    delete m_pImageList;
     // The italic font is left to the end of the process: it may still be selected somewhere.
     m_fontCache[kSlotOfFontFlags[kFontItalic]].Detach();
 }
@@ -248,13 +247,11 @@ int CCalendarCtrl::SetImageList(CImageList* pImageList)
     IMAGEINFO info = {};
     if (!pImageList || !pImageList->GetImageInfo(0, &info))
         return 0;
-    CImageList* copy = new CImageList;
-    if (!copy->Create(pImageList)) {
-        delete copy;
+    auto copy = std::make_unique<CImageList>();
+    if (!copy->Create(pImageList))
         return 0;
-    }
-    delete m_pImageList;
-    m_pImageList = copy;
+    m_imageLists.push_back(std::move(copy));
+    m_pImageList = m_imageLists.back().get();
     m_cxIcon = info.rcImage.right - info.rcImage.left;
     m_cyIcon = info.rcImage.bottom - info.rcImage.top;
     if (m_hWnd)
@@ -291,7 +288,7 @@ void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
     GetScrollInfo(SB_VERT, &info);
     const int maximum =
         std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
-    info.nPos = MulDiv(info.nPos + 1, maximum, std::max(info.nMax + 1, 1));
+    info.nPos = static_cast<int>((info.nPos + 1LL) * maximum / std::max(info.nMax + 1LL, 1LL));
     info.nMin = 0;
     info.nMax = maximum;
     info.nPage = 1;

@@ -23,6 +23,9 @@
 #include "core/CalendarSettings.h"
 #include "core/PointerTracker.h"
 
+#include <memory>
+#include <vector>
+
 struct CPrintInfo;
 class CInPlaceEdit;
 
@@ -57,14 +60,31 @@ public:
     CCalendarCtrl();
     ~CCalendarCtrl() override;
 
+    // ---- The virtual operations, in the order of their slots. Derived controls that are built apart from this library
+    // call them by slot: the order stays, and new operations come after the last.
+
     // Views create their window and return TRUE, FALSE when it could not be created; the base creates nothing and
     // returns TRUE.
     virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr);
 
-    // ---- Items. The control keeps copies. bUpdate: rebuild the screen items and their rectangles; bRedraw: repaint.
+    virtual void SetFirstDayOfWeek(int nDay); // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
+    virtual int HitTest(tagCCHITTESTINFO& info); // returns info.nItem
+    virtual COleDateTime GetCurrentDate();
+    virtual void SetCurrentDate(const COleDateTime& date); // the host calls Refresh() afterwards
+    virtual COleDateTime GetSelDate();
+    virtual void SetSelDate(const COleDateTime& date);
+    virtual void GetViewRange(COleDateTime& first, COleDateTime& last); // first and last shown day
+
+    // What the host says of single days: the views keep it, the base control keeps nothing.
+    virtual void SetDayColor(COleDateTime date, int nColor);
+    virtual void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property);
+    virtual tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date);
+    virtual void ClearDayProperty();
+    virtual int GetDayColor(int nDay); // 1-based row of m_arDayColors, 0: none
+
+    // Items. The control keeps copies. bUpdate: rebuild the screen items and their rectangles; bRedraw: repaint.
     // Return values: 1 done; 0 when the index is greater than the count. An index equal to the count, or negative,
     // throws CInvalidArgException; lack of memory throws CMemoryException; both leave the store as it was.
-
     virtual int AddItem(tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
     // Sets the record at nIndex; beyond the end the store grows, the gap holds default items. Nothing is shifted.
     virtual int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
@@ -73,47 +93,77 @@ public:
     virtual int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE);
     // Clears the day properties too. The current item index is not adjusted: call SetCurSel(-1).
     virtual void DeleteAllItems();
-    int GetItem(int nIndex, tagCC_ITEM& item);
+
+    virtual void Layout(int cx, int cy);
+    virtual int DoPrint(CDC* pDC, CPrintInfo* pInfo); // 0: nothing printed
+    // The selected range, earlier date first. Returns 0 when nothing is selected (a bound is 0.0), else 1.
+    virtual int GetSelRange(COleDateTime& begin, COleDateTime& end);
+
+protected:
+    virtual void DrawCtrl(CDC* pDC);
+    virtual void InvalidateCellRect(COleDateTime date);
+    virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
+    virtual void InvalidateCellRectRange();      // the cells of the selected range
+    virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
+    virtual void DrawGrid(CDC* pDC, CRect rcContent);
+    virtual void DrawRuler(CDC* pDC, CRect rcRuler);
+    virtual void DrawCaption(CDC* pDC, CRect rcCaption);
+    virtual void MakeScreenItem(CItemArray& items, CItemArray& screenItems);
+    virtual void CalcItemRect(CRect rcContent, CItemArray& screenItems);
+    virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcContent);
+
+public:
+    virtual void SortItem(CItemArray& items); // by start, earliest first; invalid starts stay where they are
+    virtual void EndEditItem(const char* lpszText, int nMode); // reports the text to the parent
+    virtual void BeginEditItem(const char* lpszText); // opens an edit box over the current cell
+
+protected:
+    // Where the edit box opens: the current cell; top -1: nowhere. nMode goes through to the notification.
+    virtual void GetCurCellRect(CRect& rect, int& nMode);
+
+public:
+    virtual void SetFocusToItem(); // the next item that can have the focus becomes current, CCN_ITEMCLICK is sent
+
+protected:
+    // Keyboard moves; nFlags 0x10 (Shift) extends the selection.
+    virtual void MoveRightward(UINT nFlags);
+    virtual void MoveLeftward(UINT nFlags);
+    virtual void MoveBackward(UINT nFlags); // down, later
+    virtual void MoveForward(UINT nFlags);  // up, earlier
+
+public:
+    virtual void SyncToPresent(const COleDateTime* pWhen); // time grids: scroll to the time, nullptr: now
+
+protected:
+    // Item drag.
+    virtual void MoveItem(tagCCHITTESTINFO hit);
+    virtual void MoveItemEx(tagCCHITTESTINFO hit);
+    // Extended drags: which edges of the screen item may be pulled (dayvane::ItemEdge), and the length of a row.
+    virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
+    virtual int GetMoveStepMinutes();
+
+public:
+    // ---- Items and selection.
+
+    int GetItem(int nIndex, tagCC_ITEM& item); // answers and throws as SetItem
     int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
     LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
     int IsItemMovable(int nIndex);  // -1 for a negative index, 1 for one greater than the count
-    virtual void SortItem(CItemArray& items); // by start, earliest first; invalid starts stay where they are
     int IsFulldayItem(tagCALENDAR_ITEM item);
     const CItemArray& GetScreenItems() const { return m_arScreenItem; } // as last laid out
-
-    // ---- Selection.
-
     // Returns nIndex, or -1 (and changes nothing) when it is greater than the count.
     int SetCurSel(int nIndex);
     int GetCurSel() const { return m_nCurSel; }
     void SetSelScreenItem(int nIndex) { m_nSelScreenItem = nIndex; }
     int GetSelScreenItem() const { return m_nSelScreenItem; }
-    virtual void SetFocusToItem(); // the next item that can have the focus becomes current, CCN_ITEMCLICK is sent
-    // The selected range, earlier date first. Returns 0 when nothing is selected (a bound is 0.0), else 1.
-    virtual int GetSelRange(COleDateTime& begin, COleDateTime& end);
     // Stores both bounds as given and whether they stand for whole days; no notification.
     void SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday = FALSE);
-    virtual COleDateTime GetSelDate();
-    virtual void SetSelDate(const COleDateTime& date);
 
-    // ---- Dates.
+    // ---- Days.
 
-    virtual COleDateTime GetCurrentDate();
-    virtual void SetCurrentDate(const COleDateTime& date); // the host calls Refresh() afterwards
-    virtual void GetViewRange(COleDateTime& first, COleDateTime& last);
-    virtual void SetFirstDayOfWeek(int nDay); // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
     int GetFirstDayOfWeek() const { return m_nFirstDayOfWeek; }
-    virtual void SyncToPresent(const COleDateTime* pWhen); // time grids: scroll to the time, nullptr: now
-
-    // ---- Day colours and properties (the views keep them; the base control keeps none).
-
     // The colour rows that day-colour numbers select (number n: row n-1), shared by all controls of the process.
     static CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arDayColors;
-    virtual void SetDayColor(COleDateTime date, int nColor);
-    virtual int GetDayColor(int nDay);
-    virtual void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property);
-    virtual tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date);
-    virtual void ClearDayProperty();
     // Holiday name and solar term of the date: "name", " term" or "name term"; empty for a plain day.
     static CString WhatsToday(COleDateTime date);
 
@@ -146,7 +196,8 @@ public:
     // Whether the date selection shows while an item is current.
     void ShowSelectionWithItem(BOOL bShow) { m_bShowSelectionWithItem = bShow; }
     BOOL IsShowSelectionWithItem() const { return m_bShowSelectionWithItem; }
-    // The control keeps a copy. Returns 0 when image 0 cannot be read.
+    // The control keeps a copy; an earlier copy lives on until the control ends, for it may be in use. Returns 0, and
+    // keeps the list that there was, when image 0 cannot be read.
     int SetImageList(CImageList* pImageList);
     CImageList* GetImageList() const { return m_pImageList; }
     // Text font: bit 0 bold, bit 1 italic with strike-out. Belongs to the control.
@@ -172,22 +223,29 @@ public:
     int IsWorkTime(int nRow) const; // whether the row begins within the work time
     int _IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const;
 
-    // ---- Layout, paint, hit test.
+    // ---- Layout and paint.
 
     void Layout(); // lays out for the client area of the window and repaints the content
-    virtual void Layout(int cx, int cy);
     void Refresh(); // Layout() and a repaint of everything
-    virtual int HitTest(tagCCHITTESTINFO& info); // returns info.nItem
     int GetVertScrollOffset() const { return m_nVertScroll; }
-    virtual int DoPrint(CDC* pDC, CPrintInfo* pInfo); // 0: nothing printed
     // Two colours from left to right (bHorizontal) or from top to bottom; see core/DrawingHelpers.h.
     static void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal,
                              BOOL bStepped = TRUE);
+    // What stands left of an item's text. Each returns the width used, 0 when there is no room.
+    int DrawImageIcon(CDC* pDC, int nImage, CRect rect);
+    int DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm);
+    int DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm);
+    void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
+
+    // ---- Notifications. Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be
+    // gone afterwards: see Alive.
+
+    LRESULT Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags);
+    LRESULT Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
+                   int nValue);
 
     // ---- In-place editing and dragging.
 
-    virtual void BeginEditItem(const char* lpszText); // opens an edit box over the current cell
-    virtual void EndEditItem(const char* lpszText, int nMode); // reports the text to the parent
     // Stays TRUE after an edit was cancelled with Escape, until the next edit ends with a text.
     BOOL IsEditing() const { return m_bEditing; }
     void EditBoxGone(CInPlaceEdit* pEdit); // for the edit box
@@ -202,34 +260,8 @@ public:
 protected:
     enum { kEditId = 1 }; // identifier of the edit box
 
-    // ---- Hooks of the views, in the order in which the pipeline uses them.
-
-    virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcContent);
-    virtual void MakeScreenItem(CItemArray& items, CItemArray& screenItems);
-    virtual void CalcItemRect(CRect rcContent, CItemArray& screenItems);
-    virtual void DrawCtrl(CDC* pDC);
-    virtual void DrawGrid(CDC* pDC, CRect rcContent);
-    virtual void DrawRuler(CDC* pDC, CRect rcRuler);
-    virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
-    virtual void DrawCaption(CDC* pDC, CRect rcCaption);
-    virtual void InvalidateCellRect(COleDateTime date);
-    virtual void InvalidateCellRectRange(); // the cells of the selected range
-    virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
-    // Where the edit box opens: the current cell; top -1: nowhere. nMode goes through to the notification.
-    virtual void GetCurCellRect(CRect& rect, int& nMode);
-    // Keyboard moves; nFlags 0x10 (Shift) extends the selection.
-    virtual void MoveRightward(UINT nFlags);
-    virtual void MoveLeftward(UINT nFlags);
-    virtual void MoveBackward(UINT nFlags); // down, later
-    virtual void MoveForward(UINT nFlags);  // up, earlier
-
     // ---- Services for the views.
 
-    // Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be gone afterwards: see
-    // Alive.
-    LRESULT Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags);
-    LRESULT Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
-                   int nValue);
     // Registers a view's window class once per process; a failure throws CResourceException.
     static void RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground);
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
@@ -238,19 +270,6 @@ protected:
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);
     void InvalidateClient();  // the whole client area, without erasing, when there is a window
-    // Each returns the width used, 0 when there is no room.
-    int DrawImageIcon(CDC* pDC, int nImage, CRect rect);
-    int DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm);
-    int DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm);
-    void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
-
-    // ---- Item drag.
-    virtual void MoveItem(tagCCHITTESTINFO hit);
-    virtual void MoveItemEx(tagCCHITTESTINFO hit);
-    // Extended drags: which edges of the screen item may be pulled (dayvane::ItemEdge), and the length of a row.
-    virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
-    virtual int GetMoveStepMinutes();
-
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
     tagCCHITTESTINFO HitAt(CPoint point);
@@ -302,7 +321,8 @@ protected:
 
     LOGFONT m_lfFonts[4]; // [0] caption, [1] large caption, [2] text (GetFont), [3] marks
     CFont m_fontCache[4]; // of GetFont
-    CImageList* m_pImageList = nullptr;
+    CImageList* m_pImageList = nullptr; // the last of m_imageLists
+    std::vector<std::unique_ptr<CImageList>> m_imageLists;
     int m_cxIcon = 0;
     int m_cyIcon = 0;
 

@@ -1,5 +1,7 @@
 #include "core/CalendarView.h"
 
+#include <memory>
+
 namespace
 {
 constexpr UINT kCtrlId = 0; // identifier of the control within the view
@@ -44,14 +46,14 @@ int CCalendarView::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
     if (CView::OnCreate(lpCreateStruct) == -1)
         return -1;
-    CObject* object = m_pCtrlClass ? m_pCtrlClass->CreateObject() : nullptr;
+    std::unique_ptr<CObject> object(m_pCtrlClass ? m_pCtrlClass->CreateObject() : nullptr);
     if (!object)
         AfxThrowMemoryException();
-    CCalendarCtrl* ctrl = DYNAMIC_DOWNCAST(CCalendarCtrl, object);
-    if (ctrl && ctrl->Create(m_dwCtrlStyle, kFirstRect, this, kCtrlId))
+    CCalendarCtrl* ctrl = DYNAMIC_DOWNCAST(CCalendarCtrl, object.get());
+    if (ctrl && ctrl->Create(m_dwCtrlStyle, kFirstRect, this, kCtrlId)) {
+        object.release();
         m_pCalendarCtrl = ctrl;
-    else
-        delete object;
+    }
     return 0;
 }
 

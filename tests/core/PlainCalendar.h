@@ -20,6 +20,7 @@ class PlainCalendar : public CCalendarCtrl
 {
 public:
     std::vector<std::string> calls; // of the move and invalidation hooks
+    std::string drawn;              // the drawing hooks, a word each
     bool hasCell = true;            // whether BeginEditItem finds a cell
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* = nullptr) override
@@ -36,9 +37,8 @@ public:
         nMode = 17;
     }
 
-    using CCalendarCtrl::DrawGradationBorder;
-    using CCalendarCtrl::DrawImageIcon;
-    using CCalendarCtrl::m_bExtendedMove;
+    using CCalendarCtrl::DrawCtrl;
+    using CCalendarCtrl::InvalidateItemRect;
     using CCalendarCtrl::m_nVertScroll;
     using CCalendarCtrl::m_rcContent;
 
@@ -57,6 +57,10 @@ protected:
     void MoveRightward(UINT nFlags) override { Called("right", nFlags); }
     void MoveLeftward(UINT nFlags) override { Called("left", nFlags); }
     void InvalidateCellRectRange() override { calls.push_back("range"); }
+    void DrawGrid(CDC*, CRect) override { drawn += "grid "; }
+    void DrawRuler(CDC*, CRect) override { drawn += "ruler "; }
+    void DrawItem(CDC*, CRect, CItemArray&) override { drawn += "items "; }
+    void DrawCaption(CDC*, CRect) override { drawn += "caption "; }
 
 private:
     static int RowOf(const COleDateTime& date) { return date.GetHour() * 2 + date.GetMinute() / 30; }
@@ -81,11 +85,11 @@ public:
     testsupport::RecordingParent parent;
     PlainCalendar* calendar = new PlainCalendar; // on the heap: hosts delete it in the middle of things
 
-    CalendarScene()
+    explicit CalendarScene(DWORD extraStyle = 0)
     {
         parent.Create(kWidth, kHeight);
         calendar->SetCurrentDate(At(0));
-        calendar->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), &parent, 5);
+        calendar->Create(WS_CHILD | WS_VISIBLE | extraStyle, CRect(0, 0, kWidth, kHeight), &parent, 5);
         AddItem(2, 70);
         AddItem(6, 71);
         calendar->Refresh();

@@ -1,13 +1,14 @@
 // The base control in a real window: settings, hit test, notifications, keyboard and mouse.
 #include "PlainCalendar.h"
 
-#include "support/GuiCounts.h"
 #include "support/Input.h"
 #include "support/MemoryDc.h"
 
 #include "core/DrawingHelpers.h"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 using namespace coretest;
 using namespace testsupport;
@@ -40,23 +41,60 @@ TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
     EXPECT_EQ(first.m_hWnd, nullptr);
 }
 
-TEST(CalendarCtrl, DayColoursRoundTripThroughAnArchive)
+// The distance in the table of virtual operations from Create, which is the first.
+template <class Result, class... Args>
+ptrdiff_t SlotOf(Result (CCalendarCtrl::*operation)(Args...))
 {
-    CCalendarCtrl ctrl;
-    auto& colours = CCalendarCtrl::m_arDayColors;
-    CMemFile file;
-    {
-        CArchive out(&file, CArchive::store);
-        colours.Serialize(out);
+    const auto offsetOf = [](const auto& pointer) { // in bytes, as the compiler keeps it
+        ptrdiff_t offset = 0;
+        std::memcpy(&offset, &pointer, sizeof(offset));
+        return offset;
+    };
+    const auto first = &CCalendarCtrl::Create;
+    return (offsetOf(operation) - offsetOf(first)) / static_cast<ptrdiff_t>(sizeof(void*)) + 1;
+}
+
+TEST(CalendarCtrl, VirtualOperationsKeepTheirSlots)
+{
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::HitTest), 3);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::GetDayColor), 13);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::AddItem), 14);
+    EXPECT_EQ((SlotOf<void, int, int>(&CCalendarCtrl::Layout)), 19);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::GetSelRange), 21);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::SortItem), 33);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::BeginEditItem), 35);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::SetFocusToItem), 37);
+    EXPECT_EQ(SlotOf(&CCalendarCtrl::SyncToPresent), 42);
+}
+
+TEST(CalendarCtrl, TimeScaleKeepsTheScrollPositionInProportion)
+{
+    CalendarScene scene(WS_VSCROLL);
+    SCROLLINFO bar = {sizeof(bar), SIF_ALL, 0, 18, 1, 2, 0};
+    scene.calendar->SetScrollInfo(SB_VERT, &bar);
+    scene.calendar->SetTimeScale(4);
+    scene.calendar->GetScrollInfo(SB_VERT, &bar, SIF_ALL);
+    EXPECT_EQ(bar.nMax, (4 * 24 * 20 - kHeight) / 20 + 1);
+    EXPECT_EQ(bar.nPos, 3 * 67 / 19) << "rounded down";
+    EXPECT_EQ(scene.calendar->GetVertScrollOffset(), bar.nPos * 20);
+}
+
+TEST(CalendarCtrl, PaintsTheGridTwiceAndRepaintsAroundAnItem)
+{
+    CalendarScene scene;
+    PlainCalendar& ctrl = *scene.calendar;
+    ctrl.drawn.clear();
+    ctrl.DrawCtrl(nullptr);
+    EXPECT_EQ(ctrl.drawn, "grid ruler grid items caption ");
+    ctrl.m_rcContent.top = 100;
+    ctrl.m_nVertScroll = 30;
+    for (const auto& [item, box] : {std::pair{1, CRect(0, 208, 300, 292)}, std::pair{0, CRect(0, 98, 300, 132)}}) {
+        ctrl.ValidateRect(nullptr);
+        ctrl.InvalidateItemRect(item);
+        CRect repainted;
+        ctrl.GetUpdateRect(&repainted, FALSE);
+        EXPECT_EQ(repainted, box) << item;
     }
-    const int count = static_cast<int>(colours.GetSize());
-    colours[0].crColor[3] ^= 0xFF;
-    const COLORREF changed = colours[0].crColor[3];
-    file.SeekToBegin();
-    CArchive in(&file, CArchive::load);
-    colours.Serialize(in);
-    EXPECT_EQ(colours.GetSize(), count);
-    EXPECT_EQ(colours[0].crColor[3], changed ^ 0xFF);
 }
 
 TEST(CalendarCtrl, SelectionRules)
@@ -110,7 +148,7 @@ TEST(CalendarCtrl, HitTestByRows)
     }
 }
 
-TEST(CalendarCtrl, KeysAndWhatTheyTell)
+TEST(CalendarCtrl, KeysAndARestingMouseAndWhatTheyTell)
 {
     CalendarScene scene;
     PlainCalendar& ctrl = *scene.calendar;
@@ -140,6 +178,8 @@ TEST(CalendarCtrl, KeysAndWhatTheyTell)
     }
     EXPECT_EQ(ctrl.calls, (Lines{"right+shift", "range"})) << "the first release fixes the anchor";
     EXPECT_EQ(scene.Told(), kNone);
+    ctrl.SendMessage(WM_MOUSEHOVER, 0, MAKELPARAM(PointAt(3).x, PointAt(3).y));
+    EXPECT_EQ(scene.Told(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
 }
 
 TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
@@ -165,102 +205,27 @@ TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
     }
 }
 
-TEST(CalendarCtrl, MouseTellsEveryPress)
+TEST(MemDC, BuffersTheClipBoxUnlessPrinting)
 {
-    CalendarScene scene;
-    messages::Click(scene.window, PointAt(3));
-    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=1"});
-    EXPECT_EQ(scene.calendar->GetCurSel(), 0);
-    messages::RightClick(scene.window, PointAt(7, 30));
-    messages::DoubleClick(scene.window, PointAt(5));
-    const Lines told = scene.Told();
-    ASSERT_GE(told.size(), 2u);
-    EXPECT_EQ(told.front(), "CCN_ITEMRCLICK item=1 lParam=71 time=2017-04-25 07:30:00 hit=2 sub=2");
-    EXPECT_EQ(told.back(), "CCN_ITEMDBLCLICK item=-1 lParam=-1 time=2017-04-25 05:00:00 hit=4 sub=1");
-    EXPECT_EQ(scene.calendar->GetCurSel(), -1);
-    scene.calendar->SetCurSel(1);
-    scene.calendar->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(scene.window), MAKELPARAM(-1, -1));
-    EXPECT_EQ(scene.Told(), Lines{"CCN_CONTEXTMENU item=1 lParam=71 time=2017-04-25 06:00:00 hit=2 sub=0"})
-        << "from the keyboard: at the current item";
-    scene.calendar->EnableMouseHoverEvent(TRUE);
-    scene.calendar->SendMessage(WM_MOUSEHOVER, 0, MAKELPARAM(PointAt(3).x, PointAt(3).y));
-    EXPECT_EQ(scene.Told(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
-}
-
-TEST(CalendarCtrl, SweepSelectsADateRange)
-{
-    CalendarScene scene;
-    messages::LeftDown(scene.window, PointAt(9, 30));
-    EXPECT_EQ(::GetCapture(), scene.window);
-    messages::Move(scene.window, PointAt(11), MK_LBUTTON);
-    messages::Move(scene.window, PointAt(8), MK_LBUTTON);
-    messages::LeftUp(scene.window, PointAt(8));
-    COleDateTime begin, end;
-    scene.calendar->GetSelRange(begin, end);
-    EXPECT_TRUE(begin == At(8) && end == At(9, 30));
-    EXPECT_EQ(::GetCapture(), nullptr);
-    EXPECT_EQ(scene.Told().size(), 1u);
-}
-
-TEST(CalendarCtrl, DragKeepsTheDurationAndCanBeTakenBack)
-{
-    CalendarScene scene;
-    const auto dragTo = [&scene](int hour) {
-        messages::LeftDown(scene.window, PointAt(2, 30));
-        messages::Move(scene.window, PointAt(4), MK_LBUTTON);
-        messages::Move(scene.window, PointAt(hour), MK_LBUTTON);
-    };
-    dragTo(10);
-    EXPECT_TRUE(scene.calendar->IsDragging());
-    EXPECT_EQ(scene.TimesOf(0), "10:00-12:00");
-    scene.calendar->SendMessage(WM_KEYDOWN, VK_ESCAPE);
-    EXPECT_EQ(scene.TimesOf(0), "02:00-04:00");
-    EXPECT_EQ(::GetCapture(), nullptr);
-    messages::LeftUp(scene.window, PointAt(10));
-    dragTo(10);
-    ::SetCapture(scene.parent.m_hWnd); // another window takes the mouse
-    ::ReleaseCapture();
-    EXPECT_EQ(scene.TimesOf(0), "02:00-04:00");
-    scene.Told();
-    dragTo(11);
-    messages::LeftUp(scene.window, PointAt(11), MK_CONTROL);
-    EXPECT_EQ(scene.TimesOf(0), "11:00-13:00");
-    EXPECT_EQ(scene.Told().back(), "CCN_ITEMMOVED item=0 lParam=70 time=2017-04-25 11:00:00 hit=2 sub=8")
-        << "Ctrl is in the flags: the host may make it a copy";
-    EXPECT_FALSE(scene.calendar->IsDragging());
-    scene.AddItem(0, 72, FALSE);
-    messages::Drag(scene.window, PointAt(0, 30), PointAt(9));
-    EXPECT_EQ(scene.TimesOf(2), "00:00-02:00") << "not movable";
-}
-
-TEST(CalendarCtrl, ExtendedDragKeepsTheGrabAndPullsTheLowerEdge)
-{
-    CalendarScene scene;
-    scene.calendar->m_bExtendedMove = TRUE;
-    messages::LeftDown(scene.window, PointAt(3));
-    messages::Move(scene.window, PointAt(4), MK_LBUTTON);
-    messages::Move(scene.window, PointAt(9), MK_LBUTTON);
-    messages::LeftUp(scene.window, PointAt(9));
-    EXPECT_EQ(scene.TimesOf(0), "08:00-10:00") << "grabbed an hour below its start";
-    const CPoint edge(kWidth / 2, 10 * 2 * kRow - 1);
-    messages::LeftDown(scene.window, edge);
-    messages::Move(scene.window, PointAt(11), MK_LBUTTON);
-    messages::Move(scene.window, PointAt(12), MK_LBUTTON);
-    messages::LeftUp(scene.window, PointAt(12));
-    EXPECT_EQ(scene.TimesOf(0), "08:00-12:30");
-}
-
-TEST(CalendarCtrl, PaintingCopiesOnceAndKeepsNoObjects)
-{
-    CalendarScene scene;
-    const auto paint = [&scene] {
-        scene.calendar->Invalidate(FALSE);
-        scene.calendar->UpdateWindow();
-    };
-    ExpectNothingLeftBy([&] {
-        for (int i = 0; i < 50; ++i)
-            paint();
-    });
+    MemoryDc surface(40, 40);
+    CDC& target = surface.Dc();
+    target.IntersectClipRect(CRect(10, 20, 30, 40));
+    {
+        CMemDC memory(&target);
+        memory.FillSolidRect(CRect(0, 0, 12, 22), RGB(1, 2, 3));
+        memory.FillSolidRect(CRect(12, 22, 40, 40), RGB(9, 9, 9));
+        EXPECT_EQ(surface.CountOther(CRect(0, 0, 40, 40), RGB(255, 255, 255)), 0) << "nothing before its end";
+    }
+    EXPECT_EQ(surface.Pixel(11, 21), RGB(1, 2, 3));
+    EXPECT_EQ(surface.Pixel(12, 22), RGB(9, 9, 9));
+    EXPECT_EQ(surface.Pixel(9, 20), RGB(255, 255, 255));
+    target.m_bPrinting = TRUE;
+    {
+        CMemDC direct(&target);
+        EXPECT_EQ(direct.m_hDC, target.m_hDC);
+        EXPECT_TRUE(direct.IsPrinting());
+    }
+    EXPECT_EQ(::GetObjectType(target.m_hDC), static_cast<DWORD>(OBJ_MEMDC)) << "not deleted with it";
 }
 
 TEST(DrawingHelpers, GradientsReachTheirColours)
@@ -316,7 +281,10 @@ TEST(DrawingHelpers, IconsNeedAListAndRoom)
     images.Add(&bitmap, static_cast<CBitmap*>(nullptr));
     EXPECT_EQ(scene.calendar->SetImageList(&empty), 0);
     EXPECT_EQ(scene.calendar->SetImageList(&images), 1);
-    EXPECT_NE(scene.calendar->GetImageList(), &images) << "a copy";
+    CImageList* const copy = scene.calendar->GetImageList();
+    EXPECT_NE(copy, &images);
+    EXPECT_EQ(scene.calendar->SetImageList(&images), 1);
+    EXPECT_EQ(copy->GetImageCount(), 1) << "an earlier copy lives on";
     EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, 0, CRect(0, 0, 17, 20)), 18);
     EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, 0, CRect(0, 0, 16, 20)), 0);
     EXPECT_EQ(scene.calendar->DrawImageIcon(&dc, -1, CRect(0, 0, 100, 20)), 0);

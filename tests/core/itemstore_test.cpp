@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
-#include <utility>
+#include <string>
+#include <tuple>
 
 using namespace dayvane;
 
@@ -33,18 +35,6 @@ COleDateTime March(int day, int hour = 0, int minute = 0, int second = 0)
     return COleDateTime(2010, 3, day, hour, minute, second);
 }
 
-template <class Call>
-bool RaisesInvalidArgument(Call call)
-{
-    try {
-        call();
-    } catch (CInvalidArgException* error) {
-        error->Delete();
-        return true;
-    }
-    return false;
-}
-
 // The rule as it is stated: exchange every pair that stands the wrong way round.
 void ExchangeSort(ItemArray& items)
 {
@@ -58,66 +48,63 @@ void ExchangeSort(ItemArray& items)
 
 TEST(ItemStore, IndexRules)
 {
-    // What an index does, by operation: below 0, inside, equal to the count, beyond it. 'x' throws.
     ItemArray items;
     StoreAdd(items, Item("a", March(1), March(1)));
     StoreAdd(items, Item("b", March(2), March(2)));
-    tagCC_ITEM out;
+    // 'x': the call throws.
     const auto answer = [](auto call) {
-        int result = -1;
-        return RaisesInvalidArgument([&] { result = call(); }) ? 'x' : static_cast<char>('0' + result);
+        try {
+            return static_cast<char>('0' + call());
+        } catch (CInvalidArgException* error) {
+            error->Delete();
+            return 'x';
+        }
     };
-    const int indices[] = {-1, 1, 2, 3};
+    const tagCC_ITEM item = Item("s", March(3), March(3));
+    tagCC_ITEM out;
     std::string set, get, remove;
-    for (int index : indices) {
-        set += answer([&] { return StoreSet(items, index, Item("s", March(3), March(3))); });
+    for (int index : {-1, 1, 2, 3}) {
+        set += answer([&] { return StoreSet(items, index, item); });
         get += answer([&] { return StoreGet(items, index, out); });
     }
     EXPECT_EQ(set, "x1x0");
     EXPECT_EQ(get, "x1x0");
-    EXPECT_STREQ(items[1].strText, "s");
+    EXPECT_STREQ(out.strText, "s");
     for (int index : {-1, 2, 3, 1})
         remove += answer([&] { return StoreDelete(items, index); });
     EXPECT_EQ(remove, "xx01");
-    EXPECT_EQ(items.GetSize(), 1);
+    ASSERT_EQ(items.GetSize(), 1);
     EXPECT_STREQ(items[0].strText, "a");
+    EXPECT_EQ(answer([&] { return StoreInsert(items, -1, item); }), 'x');
 }
 
-TEST(ItemStore, InsertSetsAndFillsTheGapWithDefaults)
+// Every field, in the order of the record, told apart.
+auto FieldsOfItem(const tagCC_ITEM& item)
+{
+    return std::make_tuple(item.nReserved, item.nImage, item.dtStart.m_dt, item.dtEnd.m_dt, item.nFullday,
+                           std::string(item.strText), item.crColor1, item.crColor2, item.crColor3, item.crColor4,
+                           item.lParam, item.crColor5, item.bAlarm, item.bRecurrent, item.bMovable);
+}
+
+TEST(ItemStore, InsertFillsTheGapWithDefaultsAndShiftsNothing)
 {
     ItemArray items;
-    tagCC_ITEM item = Item("far", March(1), March(2));
-    item.bMovable = FALSE;
-    item.lParam = 77;
+    const tagCC_ITEM item = Item("far", March(1), March(2));
     StoreInsert(items, 5, item);
     ASSERT_EQ(items.GetSize(), 6);
+    const tagCC_ITEM blank{0, -1, 0.0, 0.0, 0, "", 0, 0xFFFFFF, 0xCCCCCC, 0xCF9365, 0, 0, 0, 0, 1};
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(items[i].nImage, -1);
-        EXPECT_EQ(items[i].crColor4, 0xCF9365u);
-        EXPECT_TRUE(items[i].bMovable);
+        EXPECT_EQ(FieldsOfItem(PublicItem(items[i])), FieldsOfItem(blank)) << i;
         EXPECT_TRUE(items[i].bStored);
     }
-    StoreInsert(items, 5, Item("other", March(3), March(3)));
-    ASSERT_EQ(items.GetSize(), 6) << "nothing is shifted";
-    EXPECT_STREQ(items[5].strText, "other");
-    EXPECT_TRUE(RaisesInvalidArgument([&] { StoreInsert(items, -1, item); }));
+    StoreInsert(items, 4, item);
+    ASSERT_EQ(items.GetSize(), 6);
+    EXPECT_STREQ(items[4].strText, "far");
 }
 
 TEST(ItemStore, PublicItemIsTheReverseOfStoring)
 {
-    tagCC_ITEM item = Item("text", March(1, 9), March(2, 10));
-    item.nReserved = 3;
-    item.nImage = 4;
-    item.nFullday = 5;
-    item.crColor1 = 1;
-    item.crColor2 = 2;
-    item.crColor3 = 3;
-    item.crColor4 = 4;
-    item.crColor5 = 5;
-    item.lParam = -6;
-    item.bAlarm = 7;
-    item.bRecurrent = 8;
-    item.bMovable = 9;
+    const tagCC_ITEM item{3, 4, March(1, 9), March(2, 10), 5, "text", 11, 12, 13, 14, -6, 15, 7, 8, 9};
     tagCALENDAR_ITEM stored;
     stored.nPiece = PIECE_TAIL;
     stored.bNoFocus = TRUE;
@@ -126,14 +113,7 @@ TEST(ItemStore, PublicItemIsTheReverseOfStoring)
     EXPECT_EQ(stored.nPiece, PIECE_WHOLE);
     EXPECT_FALSE(stored.bNoFocus);
     EXPECT_EQ(stored.rcItem, CRect(1, 2, 3, 4)) << "the rectangle belongs to the layout";
-    const tagCC_ITEM back = PublicItem(stored);
-    EXPECT_EQ(std::make_tuple(back.nReserved, back.nImage, back.nFullday, back.lParam, back.bAlarm, back.bRecurrent,
-                              back.bMovable),
-              std::make_tuple(3, 4, 5, LPARAM(-6), 7, 8, 9));
-    EXPECT_EQ(std::make_tuple(back.crColor1, back.crColor2, back.crColor3, back.crColor4, back.crColor5),
-              std::make_tuple(1u, 2u, 3u, 4u, 5u));
-    EXPECT_TRUE(back.dtStart == item.dtStart && back.dtEnd == item.dtEnd);
-    EXPECT_STREQ(back.strText, "text");
+    EXPECT_EQ(FieldsOfItem(PublicItem(stored)), FieldsOfItem(item));
 }
 
 TEST(ItemStore, SortEqualsTheExchangeSort)
@@ -168,25 +148,24 @@ TEST(ItemStore, SortEqualsTheExchangeSort)
 
 TEST(ItemStore, FulldayRule)
 {
-    struct Row
+    const COleDateTime newYearsEve(2010, 12, 31, 9, 0, 0);
+    const struct
     {
         const char* what;
         COleDateTime start, end;
         int fullday, piece;
         BOOL expected;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"timed", March(1, 9), March(1, 10), 0, PIECE_WHOLE, FALSE},
         {"marked", March(1, 9), March(1, 10), 1, PIECE_WHOLE, TRUE},
         {"another non-zero mark", March(1, 9), March(1, 10), 2, PIECE_WHOLE, FALSE},
         {"three days of one month", March(10), March(12), 0, PIECE_WHOLE, FALSE},
-        {"over New Year", COleDateTime(2010, 12, 31, 9, 0, 0), COleDateTime(2011, 1, 1, 9, 0, 0), 0, PIECE_WHOLE, TRUE},
-        {"same day a year on", COleDateTime(2010, 12, 31, 9, 0, 0), COleDateTime(2011, 12, 31, 9, 0, 0), 0, PIECE_WHOLE,
-         FALSE},
+        {"over New Year", newYearsEve, COleDateTime(2011, 1, 1, 9, 0, 0), 0, PIECE_WHOLE, TRUE},
+        {"same day a year on", newYearsEve, COleDateTime(2011, 12, 31, 9, 0, 0), 0, PIECE_WHOLE, FALSE},
         {"an invalid end differs in all three", March(1), Invalid(), 0, PIECE_WHOLE, TRUE},
         {"a piece", March(1, 9), March(1, 10), 0, PIECE_HEAD, TRUE},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         tagCALENDAR_ITEM item;
         FillStored(item, Item("", row.start, row.end));
         item.nFullday = row.fullday;
@@ -201,19 +180,18 @@ TEST(ItemStore, ScreenItemsOfOneDay)
     StoreAdd(items, Item("long", March(10, 9), March(12, 10)));
     StoreAdd(items, Item("no end", March(11), Invalid()));
     StoreAdd(items, Item("short, another day", March(20, 9), March(20, 10)));
-    struct Row
+    const struct
     {
         int day;
         COleDateTime start, end;
         int piece;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {10, March(10, 9), March(10, 23, 59, 59), PIECE_HEAD},
         {11, March(11), March(11, 23, 59, 59), PIECE_MIDDLE},
         {12, March(12), March(12, 10), PIECE_TAIL},
         {25, March(25), March(25, 23, 59, 59), PIECE_MIDDLE}, // the day need not lie in the item
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         ItemArray screen;
         MakeDayScreenItems(items, March(row.day, 15), screen);
         ASSERT_EQ(screen.GetSize(), 2);
@@ -231,12 +209,9 @@ TEST(ItemStore, ScreenItemsOfOneDay)
 TEST(ItemStore, FocusWalksForwardOnceAndPassesOverHidden)
 {
     ItemArray sorted;
-    const int sources[] = {4, 4, 1, 3, 0};
-    for (int source : sources) {
-        tagCALENDAR_ITEM item;
-        item.nSource = source;
-        sorted.Add(item);
-    }
+    sorted.SetSize(5);
+    for (int i = 0; i < 5; ++i)
+        sorted[i].nSource = std::array{4, 4, 1, 3, 0}[i];
     sorted[2].bNoFocus = TRUE;
     EXPECT_EQ(NextFocusPosition(sorted, -1), 0);
     EXPECT_EQ(NextFocusPosition(sorted, 4), 3) << "past its own second piece and the hidden one";
