@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "support/Input.h"
 #include "support/RecordingParent.h"
+#include "timegrid/GridItems.h"
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
@@ -11,12 +12,7 @@
 
 namespace gridtest {
 
-inline COleDateTime At(int hour, int minute, int day = 26)
-{
-    return COleDateTime(2017, 4, day, hour, minute, 0);
-}
-
-inline COleDateTime g_now = At(0, 0); // Wednesday, 26 April 2017
+inline COleDateTime g_now = kDay;
 inline COleDateTime Now()
 {
     return g_now;
@@ -27,19 +23,14 @@ template <class View>
 class Open : public View
 {
 public:
-    using View::CalcItemRect;
-    using View::CalcLayout;
     using View::DrawCtrl;
     using View::GetCurCellRect;
     using View::m_arScreenItem;
     using View::m_bFulldaySelection;
     using View::m_dtSelBegin;
     using View::m_dtSelEnd;
-    using View::m_rcCaption;
     using View::m_rcContent;
     using View::m_rcFulldayContent;
-    using View::m_rcRuler;
-    using View::MakeScreenItem;
     using View::MoveBackward;
     using View::MoveForward;
     using View::MoveLeftward;
@@ -86,9 +77,16 @@ public:
     void Scroll(UINT code, int thumb = 0) { view->SendMessage(WM_VSCROLL, MAKEWPARAM(code, thumb), 0); }
     int Offset() const { return view->GetVertScrollOffset(); }
     int Position() const { return view->GetScrollPos(SB_VERT); }
-    std::string Selection() const
+    static std::string Text(const COleDateTime& begin, const COleDateTime& end)
     {
-        return (view->m_dtSelBegin.Format("%d %H:%M - ") + view->m_dtSelEnd.Format("%d %H:%M")).GetString();
+        return (begin.Format("%d %H:%M - ") + end.Format("%d %H:%M")).GetString();
+    }
+    std::string Selection() const { return Text(view->m_dtSelBegin, view->m_dtSelEnd); }
+    std::string TimesOf(int index) const
+    {
+        tagCC_ITEM item;
+        view->GetItem(index, item);
+        return Text(item.dtStart, item.dtEnd);
     }
     std::string Range() const
     {

@@ -192,43 +192,6 @@ void ManyDayLanes(ItemArray& screen, const CRect& band, const std::vector<CRect>
     }
 }
 
-int DayScreenItems(const ItemArray& store, const COleDateTime& day, ItemArray& screen)
-{
-    screen.RemoveAll();
-    const COleDateTime begin(day.GetYear(), day.GetMonth(), day.GetDay(), 0, 0, 0);
-    const COleDateTime end(day.GetYear(), day.GetMonth(), day.GetDay(), 23, 59, 59);
-    int counter = 0;
-    for (int i = 0; i < store.GetSize(); ++i) {
-        tagCALENDAR_ITEM item = store[i];
-        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
-            continue;
-        const bool oneDay = SameDay(item.dtStart, item.dtEnd);
-        if (oneDay ? !SameDay(item.dtStart, day)
-                   : item.dtStart > end || item.dtEnd < begin || item.dtEnd < item.dtStart)
-            continue;
-        item.nSource = i;
-        item.rcItem.NormalizeRect();
-        if (oneDay) {
-            counter += item.nFullday == 1;
-        } else {
-            ++counter;
-            if (SameDay(day, item.dtStart)) {
-                item.dtEnd = end;
-                item.nPiece = 1;
-            } else if (SameDay(day, item.dtEnd)) {
-                item.dtStart = begin;
-                item.nPiece = 4;
-            } else {
-                item.dtStart = begin;
-                item.dtEnd = end;
-                item.nPiece = 2;
-            }
-        }
-        screen.Add(item);
-    }
-    return counter;
-}
-
 int ManyDayScreenItems(const ItemArray& store, const COleDateTime& firstDay, int days, ItemArray& screen)
 {
     screen.RemoveAll();
@@ -258,6 +221,11 @@ int ManyDayScreenItems(const ItemArray& store, const COleDateTime& firstDay, int
         screen.Add(item);
     }
     return lanes;
+}
+
+int DayScreenItems(const ItemArray& store, const COleDateTime& day, ItemArray& screen)
+{
+    return ManyDayScreenItems(store, COleDateTime(day.GetYear(), day.GetMonth(), day.GetDay(), 0, 0, 0), 1, screen);
 }
 
 } // namespace literal

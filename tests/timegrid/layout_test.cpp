@@ -1,6 +1,6 @@
 #include "core/DateMath.h"
 #include "timegrid/LiteralRules.h"
-#include "timegrid/PrintRect.h"
+#include "timegrid/GridItems.h"
 #include "timegrid/RandomItems.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridLayout.h"
@@ -8,11 +8,11 @@
 #include <gtest/gtest.h>
 
 using namespace dayvane;
+using namespace gridtest;
 
 namespace {
 constexpr int kCases = 10000;
 constexpr int kScales[] = {1, 2, 3, 4, 5, 6, 7, 10, 12, 15, 20, 30, 60};
-const COleDateTime kDay(2017, 4, 26, 0, 0, 0);
 
 void ExpectSameItems(const ItemArray& expected, const ItemArray& actual)
 {
@@ -31,15 +31,6 @@ CRect RandomClient(RandomItems& random)
 {
     const int most = random.Below(4) ? 1000 : 200;
     return CRect(0, 0, 1 + random.Below(most), 1 + random.Below(most));
-}
-
-tagCALENDAR_ITEM Item(int startHour, int startMinute, int endHour, int endMinute, int source = 0)
-{
-    tagCALENDAR_ITEM item;
-    item.dtStart = COleDateTime(2017, 4, 26, startHour, startMinute, 0);
-    item.dtEnd = COleDateTime(2017, 4, 26, endHour, endMinute, 0);
-    item.nSource = source;
-    return item;
 }
 } // namespace
 
@@ -105,7 +96,8 @@ TEST(TimeGridLayout, CrowdsMatchTheLiteralRules)
         for (int i = 0; i < count; ++i) {
             const int start = random.Below(24);
             const int end = std::min(start + 1 + random.Below(longest), 47);
-            actual.Add(Item(start / 2, start % 2 * 30, end / 2, end % 2 * 30, i));
+            actual.Add(Item(At(start / 2, start % 2 * 30), At(end / 2, end % 2 * 30)));
+            actual[i].nSource = i;
         }
         expected.Copy(actual);
         const CRect grid(61, 60, 62 + random.Below(1000), 500);

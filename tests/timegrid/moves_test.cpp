@@ -1,18 +1,12 @@
 #include "core/DateMath.h"
-#include "timegrid/PrintRect.h"
+#include "timegrid/GridItems.h"
 #include "views/timegrid/TimeGridLook.h"
 #include "views/timegrid/TimeGridMoves.h"
 
 #include <gtest/gtest.h>
 
 using namespace dayvane;
-
-namespace {
-COleDateTime At(int hour, int minute, int day = 26)
-{
-    return COleDateTime(2017, 4, day, hour, minute, 0);
-}
-} // namespace
+using namespace gridtest;
 
 TEST(RowMoves, StepScrollAndStopAtMidnight)
 {
@@ -88,95 +82,6 @@ TEST(ShownRange, TurnsByWholeViews)
     };
     for (const auto& c : cases) {
         EXPECT_EQ(c.views, ViewsToShow(c.range, c.day)) << c.range.days << " days, day " << c.day;
-    }
-}
-
-TEST(Scroll, FollowsTheBarCodes)
-{
-    using C = ScrollCode;
-    const GridWindow part{TimeScale{2}, 0, 410}; // 48 rows of 20: 550 pixels are left over
-    const GridWindow whole{TimeScale{1}, 0, 600};
-    struct
-    {
-        C code;
-        GridWindow window;
-        int offset, position, thumb, newOffset, newPosition;
-    } const cases[] = {
-        {C::LINE_DOWN, part, 0, 0, 0, 20, 1},     {C::LINE_UP, part, 40, 2, 0, 20, 1},
-        {C::LINE_UP, part, 0, 0, 0, 0, -1},       {C::PAGE_DOWN, part, 20, 1, 0, 60, 3},
-        {C::PAGE_UP, part, 60, 3, 0, 20, 1},      {C::THUMB, part, 0, 0, 9, 180, 9},
-        {C::THUMB, part, 0, 0, 500, 550, 500},    {C::TOP, part, 300, 15, 0, 0, 0},
-        {C::BOTTOM, part, 0, 0, 0, 550, 28},      {C::LINE_DOWN, part, 540, 27, 0, 550, 28},
-        {C::END_SCROLL, part, 140, 7, 3, 140, 7}, {C::TOP, whole, 0, 0, 0, -120, 0},
-        {C::LINE_DOWN, whole, 0, 0, 0, -120, 1},
-    };
-    for (const auto& c : cases) {
-        const GridScroll scroll = Scrolled(GridScroll{c.offset, c.position, 28}, c.code, c.thumb, c.window);
-        EXPECT_EQ(c.newOffset, scroll.offset) << static_cast<int>(c.code);
-        EXPECT_EQ(c.newPosition, scroll.position) << static_cast<int>(c.code);
-    }
-    struct
-    {
-        GridWindow window;
-        int position, maximum, newPosition, newMaximum;
-    } const sizes[] = {
-        {part, 0, 100, 0, 28},
-        {part, 13, 28, 13, 28},
-        {part, 28, 56, 14, 28},
-        {whole, 10, 28, 0, 0},
-        {GridWindow{TimeScale{1}, 0, 490}, 3, 28, 0, 1},
-    };
-    for (const auto& c : sizes) {
-        const GridScroll scroll = ScaledTo(GridScroll{0, c.position, c.maximum}, c.window);
-        EXPECT_EQ(c.newMaximum, scroll.maximum);
-        EXPECT_EQ(c.newPosition, scroll.position) << c.position << " of " << c.maximum;
-        EXPECT_EQ(c.newPosition * 20, scroll.offset);
-    }
-}
-
-TEST(Look, RowsTakeTheirColumnOfTheTable)
-{
-    const tagCALENDAR_DAY_COLOR colors = {{1, 2, 3, 4, 5, 6, 7}};
-    const RowLookInput input = {TimeScale{2}, colors, 99, 6};
-    struct
-    {
-        int row;
-        bool work, selected;
-        COLORREF fill, line;
-    } const cases[] = {
-        {13, true, false, 1, 2},  {14, true, false, 1, 3},  {12, true, false, 1, 6}, {12, false, false, 4, 6},
-        {15, false, false, 4, 5}, {15, false, true, 99, 5}, {14, true, true, 99, 3},
-    };
-    for (const auto& c : cases) {
-        const RowLook look = LookOfRow(c.row, c.work, c.selected, input);
-        EXPECT_EQ(c.fill, look.fill) << c.row;
-        EXPECT_EQ(c.line, look.line) << c.row;
-    }
-}
-
-TEST(Look, DaysTakeTheirRowOfTheTable)
-{
-    struct
-    {
-        COleDateTime date;
-        bool showHolidays;
-        int dayColor, row;
-        bool dayOff;
-    } const cases[] = {
-        // A Wednesday, a Sunday, a Saturday with a holiday, Constitution Day on a Wednesday.
-        {At(0, 0, 26), true, 0, 0, false},
-        {At(0, 0, 23), true, 0, 1, false},
-        {At(0, 0, 22), true, 0, 2, false},
-        {At(0, 0, 29), true, 0, 1, true},
-        {At(0, 0, 29), false, 0, 2, false},
-        {COleDateTime(2017, 5, 3, 0, 0, 0), true, 0, 1, true},
-        {COleDateTime(2017, 5, 3, 0, 0, 0), true, 5, 4, true},
-        {COleDateTime(2017, 5, 3, 0, 0, 0), false, 0, 0, false},
-    };
-    for (const auto& c : cases) {
-        const DayKind kind = KindOfDay(ShownDay::Of(c.date), c.showHolidays, c.dayColor);
-        EXPECT_EQ(c.row, kind.colorRow) << c.date.GetDay();
-        EXPECT_EQ(c.dayOff, kind.isDayOff) << c.date.GetDay();
     }
 }
 

@@ -10,7 +10,6 @@ using testsupport::MemoryDc;
 
 namespace {
 constexpr COLORREF kWork = 0xFFFFFF;
-constexpr COLORREF kOff = 0xF7EDE6;
 constexpr COLORREF kOffHourLine = 0xE1BFA5;
 constexpr COLORREF kSundayOff = 0x8E8CDD;
 constexpr COLORREF kRuler = 0xFFEFE3;
@@ -28,8 +27,11 @@ TEST(GridPaint, DayLayers)
 {
     Scene<CDayViewCtrl> scene(500, 500);
     scene.view->SetHighLightColor(0x123456);
+    scene.view->SetDayColor(At(0, 0), 2); // its row of the table holds six different colours
     scene.Add(At(8, 0), At(9, 0), 0, 0xC0FFC0);
     scene.Add(At(0, 0), At(0, 0), 1, 0xFFC0C0);
+    scene.Add(At(10, 0), At(10, 0));
+    scene.Add(At(12, 0), At(11, 0), 0, 0xC0FFC0);
     scene.Scroll(SB_THUMBPOSITION, 10); // 5:00 at the top
     MemoryDc dc(500, 500, 0x00FF00FF);
     Paint(scene, dc);
@@ -49,17 +51,20 @@ TEST(GridPaint, DayLayers)
         {"band's outline", 61, 45, kGrid},
         {"band", right - 3, 33, 0xFFFFFF},
         {"bar", 300, 40, 0xFFC0C0},
-        {"off time 5:00", 300, 70, kOff},
-        {"line of 5:00", 300, 60, kOffHourLine},
-        {"work time 6:00", 300, 110, kWork},
-        {"line of the begin of work", 300, 100, kOffHourLine},
-        {"line of 7:00", 300, 140, 0xE1BFA5},
-        {"line of 7:30", 300, 160, 0xF1D7D5},
+        {"off time 5:00", 300, 70, 0x8E8CDD},
+        {"line of 5:00", 300, 60, 0x6564B3},
+        {"line of 5:30", 300, 80, 0x8381D2},
+        {"work time 6:00", 300, 110, 0xC9C8EF},
+        {"line of the begin of work", 300, 100, 0x6564B3},
+        {"line of 7:00", 300, 140, 0xA6A4DE},
+        {"line of 7:30", 300, 160, 0xBDBBE9},
         {"item", 300, 210, 0xC0FFC0},
         {"item's outline", 300, 180, 0xCF9365},
-        {"beside the item", right - 10, 190, kWork},
+        {"beside the item", right - 10, 190, 0xC9C8EF},
         {"selected row of 9:00", 300, 230, 0x123456},
-        {"the row behind it", 300, 250, kWork},
+        {"the row behind it", 300, 250, 0xC9C8EF},
+        {"item without length", 300, 260, 0xCF9365},
+        {"item the wrong way round", 300, 310, 0xC0FFC0},
     };
     for (const auto& probe : probes)
         EXPECT_EQ(probe.color, dc.Pixel(probe.x, probe.y)) << probe.name;
@@ -72,13 +77,16 @@ TEST(GridPaint, DayLayers)
     Paint(scene, dc);
     EXPECT_EQ(0x123456u, dc.Pixel(300, 180));
     EXPECT_EQ(0x123456u, dc.Pixel(300, 179));
-    EXPECT_EQ(kWork, dc.Pixel(300, 230));
+    EXPECT_EQ(0xC9C8EFu, dc.Pixel(300, 230));
     // A selection of whole days shows in the band.
     scene.view->SetCurSel(-1);
     scene.view->SetSelRange(At(0, 0), At(0, 0), TRUE);
     Paint(scene, dc);
     EXPECT_EQ(0x123456u, dc.Pixel(right - 3, 33));
-    EXPECT_EQ(kWork, dc.Pixel(300, 230));
+    EXPECT_EQ(0xC9C8EFu, dc.Pixel(300, 230));
+    scene.view->SetSelRange(At(5, 0), At(5, 0));
+    Paint(scene, dc);
+    EXPECT_EQ(0x123456u, dc.Pixel(300, 70)) << "selected off time";
 }
 
 TEST(GridPaint, RulerMeetsTheRows)
@@ -115,10 +123,13 @@ TEST(GridPaint, DayColorsAndHolidays)
         {At(9, 0, 26), true, false, 0, kWork},
         {At(9, 0, 23), true, false, 0, kSundayOff},
         {At(9, 0, 22), true, false, 0, 0xBF9E8B},
+        {At(9, 0, 29), true, false, 0, kSundayOff}, // a Saturday that is a day off
+        {At(9, 0, 29), false, false, 0, 0xBF9E8B},
         {COleDateTime(2017, 5, 3, 9, 0, 0), true, false, 0, kSundayOff},
         {COleDateTime(2017, 5, 3, 9, 0, 0), true, true, 0, 0xC9C8EF},
         {COleDateTime(2017, 5, 3, 9, 0, 0), false, false, 0, kWork},
         {At(9, 0, 26), true, false, 4, 0xBCECD5},
+        {COleDateTime(2017, 5, 3, 9, 0, 0), true, false, 5, 0xBCF4FF}, // coloured, but still a day off
     };
     for (const auto& c : cases) {
         scene.view->SetCurrentDate(c.date);

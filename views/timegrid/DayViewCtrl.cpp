@@ -5,8 +5,6 @@
 
 namespace {
 constexpr char kWindowClass[] = "MFCDayViewCtrl";
-constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
-constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
 constexpr int kRowsPerHour = 2;
 constexpr int kCaptionFont = 1; // template in m_lfFonts
 
@@ -176,10 +174,8 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
         return;
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        CRect box = item.rcItem;
-        box.OffsetRect(0, -m_nVertScroll);
-        if (item.rcItem.top != -1 && painter.IsVisible(box) && !dayvane::IsBandItem(item))
-            DrawTimedItem(pDC, state, item, box.right);
+        if (painter.ShowsTimedItem(item))
+            DrawTimedItem(pDC, state, item, item.rcItem.right);
     }
 }
 
@@ -213,9 +209,7 @@ void CDayViewCtrl::MoveRightward(UINT nFlags)
 
 void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT nFlags)
 {
-    Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
+    if (!EndEdit())
         return;
     dayvane::GridSelection selection = Selection();
     move(selection, (nFlags & kExtendSelection) != 0);

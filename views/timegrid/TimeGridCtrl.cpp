@@ -8,29 +8,12 @@
 #include <algorithm>
 
 namespace {
-constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
 constexpr int kSecondsPerMinute = 60;
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 
-struct ScrollCodeRow
-{
-    UINT message;
-    dayvane::ScrollCode code;
-};
-constexpr ScrollCodeRow kScrollCodes[] = {
-    // code of WM_VSCROLL, what it means
-    {SB_LINEUP, dayvane::ScrollCode::LINE_UP},
-    {SB_LINEDOWN, dayvane::ScrollCode::LINE_DOWN},
-    {SB_PAGEUP, dayvane::ScrollCode::PAGE_UP},
-    {SB_PAGEDOWN, dayvane::ScrollCode::PAGE_DOWN},
-    {SB_THUMBPOSITION, dayvane::ScrollCode::THUMB},
-    {SB_THUMBTRACK, dayvane::ScrollCode::THUMB},
-    {SB_TOP, dayvane::ScrollCode::TOP},
-    {SB_BOTTOM, dayvane::ScrollCode::BOTTOM},
-    {SB_ENDSCROLL, dayvane::ScrollCode::END_SCROLL},
-};
+static_assert(static_cast<int>(dayvane::GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
 
 // Sets a flag for the life of the scope.
 class SetFlag
@@ -54,10 +37,10 @@ bool IsDate(const COleDateTime& date)
 IMPLEMENT_DYNAMIC(CTimeGridCtrl, CCalendarCtrl)
 
 BEGIN_MESSAGE_MAP(CTimeGridCtrl, CCalendarCtrl)
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_WM_VSCROLL()
-    ON_WM_TIMER()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_VSCROLL()
+ON_WM_TIMER()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -86,6 +69,20 @@ void CTimeGridCtrl::OnDestroy()
     KillTimer(kNowTimer);
     CCalendarCtrl::OnDestroy();
     m_fonts.Clear();
+}
+
+bool CTimeGridCtrl::EndEdit()
+{
+    Alive alive(this);
+    FinishEdit(TRUE);
+    return static_cast<bool>(alive);
+}
+
+void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
+{
+    const COleDateTime newDate = date; // the host's own may go while the edit ends
+    if (EndEdit())
+        CCalendarCtrl::SetCurrentDate(newDate);
 }
 
 // ---- Layout
@@ -212,9 +209,7 @@ void CTimeGridCtrl::KeepBarInStep()
 
 void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
 {
-    Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
+    if (!EndEdit())
         return;
     CCalendarCtrl::OnSize(nType, cx, cy);
     {
@@ -227,15 +222,11 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
 
 void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const auto row = std::find_if(std::begin(kScrollCodes), std::end(kScrollCodes),
-                                  [nSBCode](const ScrollCodeRow& candidate) { return candidate.message == nSBCode; });
-    if (row == std::end(kScrollCodes))
+    if (nSBCode > SB_ENDSCROLL || !EndEdit())
         return;
     Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
-        return;
-    const dayvane::GridScroll scroll = dayvane::Scrolled(GetBar(), row->code, static_cast<int>(nPos), RowWindow());
+    const dayvane::GridScroll scroll =
+        dayvane::Scrolled(GetBar(), static_cast<dayvane::GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
     m_nVertScroll = scroll.offset;
     CRect scrolled;
     scrolled.UnionRect(&m_rcRuler, &m_rcContent);
@@ -288,6 +279,8 @@ void CTimeGridCtrl::MoveBackward(UINT nFlags)
 void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
 {
     using dayvane::AfterMove;
+    if (!EndEdit())
+        return;
     dayvane::GridSelection selection = Selection();
     const bool extend = (nFlags & kExtendSelection) != 0;
     const AfterMove after = bLater ? dayvane::MoveRowLater(selection, RowWindow(), extend)

@@ -28,6 +28,7 @@ public:
     void ShowNowLine(BOOL bShow);
     BOOL IsShowNowLine() const { return m_bNowLine; }
 
+    void SetCurrentDate(const COleDateTime& date) override;
     using CCalendarCtrl::Layout;
     void Layout(int cx, int cy) override;
     // Scrolls down, from where it is, by as many lines as the time (nullptr: now) lies below the top of the day.
@@ -42,6 +43,9 @@ public:
     int CalcOverlayedNumber(const CItemArray& screenItems);
 
 protected:
+    static constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
+    static constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
+
     // ---- What a view says of its columns, 0 .. GetColumnCount() - 1.
 
     virtual int GetColumnCount() const = 0;
@@ -78,6 +82,7 @@ protected:
     // Creates the window and scrolls to the present time.
     BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                     CCreateContext* pContext);
+    bool EndEdit(); // commits an open edit; false when the host has ended the control meanwhile
     dayvane::TimeScale Scale() const { return dayvane::TimeScale{m_nTimeScale}; }
     dayvane::TimeGridState State() const; // as laid out and scrolled now
     // The shown days with their holidays and terms, worked out anew when others are shown.

@@ -120,9 +120,7 @@ int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect conte
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, int nEnd)
 {
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    CRect box = item.rcItem;
-    box.OffsetRect(0, -state.scroll);
-    CRect content = painter.DrawTimedBox(item, box, nEnd, item.nSource == m_nCurSel);
+    CRect content = painter.DrawTimedBox(item, painter.ScrolledBox(item), nEnd, item.nSource == m_nCurSel);
     if (GetColumnCount() == 1 || content.Width() >= kMarkedWidth)
         content.left += DrawMarks(pDC, item, content, FALSE);
     const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));

@@ -98,36 +98,37 @@ int ViewsToShow(const ShownRange& range, int day)
     return views;
 }
 
-GridScroll Scrolled(const GridScroll& scroll, ScrollCode code, int thumb, const GridWindow& window)
+GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window)
 {
     const int lowest = window.scale.DayHeight() - window.height;
     GridScroll moved = scroll;
     int rows = 0;
     switch (code) {
-    case ScrollCode::LINE_UP:
+    case GridScrollCode::LINE_UP:
         rows = -kScrollLine;
         break;
-    case ScrollCode::LINE_DOWN:
+    case GridScrollCode::LINE_DOWN:
         rows = kScrollLine;
         break;
-    case ScrollCode::PAGE_UP:
+    case GridScrollCode::PAGE_UP:
         rows = -kScrollPage;
         break;
-    case ScrollCode::PAGE_DOWN:
+    case GridScrollCode::PAGE_DOWN:
         rows = kScrollPage;
         break;
-    case ScrollCode::THUMB:
+    case GridScrollCode::THUMB_POSITION:
+    case GridScrollCode::THUMB_TRACK:
         moved.offset = thumb * kTimeGrid.rowHeight;
         moved.position = thumb;
         break;
-    case ScrollCode::TOP:
+    case GridScrollCode::TOP:
         moved.offset = moved.position = 0;
         break;
-    case ScrollCode::BOTTOM:
+    case GridScrollCode::BOTTOM:
         moved.offset = lowest;
         moved.position = scroll.maximum;
         break;
-    case ScrollCode::END_SCROLL:
+    case GridScrollCode::END_SCROLL:
         break;
     }
     moved.position += rows;

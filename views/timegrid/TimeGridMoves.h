@@ -61,13 +61,15 @@ int ViewsToShow(const ShownRange& range, int day);
 constexpr int kScrollLine = 1;
 constexpr int kScrollPage = 2;
 
-enum class ScrollCode
+// The codes of WM_VSCROLL, all that there are.
+enum class GridScrollCode
 {
     LINE_UP,
     LINE_DOWN,
     PAGE_UP,
     PAGE_DOWN,
-    THUMB,
+    THUMB_POSITION,
+    THUMB_TRACK,
     TOP,
     BOTTOM,
     END_SCROLL,
@@ -83,7 +85,7 @@ struct GridScroll
 
 // The offset is held between 0 and the rows that do not fit; when all fit that end is negative and wins. The position
 // is left for the bar to hold in its range.
-GridScroll Scrolled(const GridScroll& scroll, ScrollCode code, int thumb, const GridWindow& window);
+GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window);
 // The bar for a grid of that height, the position in proportion, the offset with it.
 GridScroll ScaledTo(const GridScroll& scroll, const GridWindow& window);
 

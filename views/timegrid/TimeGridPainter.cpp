@@ -1,6 +1,7 @@
 #include "views/timegrid/TimeGridPainter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace dayvane {
 namespace {
@@ -38,6 +39,22 @@ bool TimeGridPainter::IsVisible(const CRect& rect) const
 {
     CRect seen;
     return seen.IntersectRect(&rect, &m_clip) != FALSE;
+}
+
+bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item) const
+{
+    const CRect box = ScrolledBox(item);
+    return item.rcItem.top != -1 && box.bottom > m_state.frame.grid.top && IsVisible(box) && !IsBandItem(item);
+}
+
+CRect TimeGridPainter::ScrolledBox(const tagCALENDAR_ITEM& item) const
+{
+    CRect box = item.rcItem;
+    box.OffsetRect(0, -m_state.scroll);
+    if (box.bottom < box.top)
+        std::swap(box.top, box.bottom);
+    box.bottom = std::max<int>(box.bottom, box.top + OUTLINE);
+    return box;
 }
 
 void TimeGridPainter::HorizontalLine(int left, int right, int y, COLORREF color)

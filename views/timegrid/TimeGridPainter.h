@@ -61,6 +61,10 @@ public:
     TimeGridPainter(CDC* pDC, const TimeGridState& state, const CalendarColors& colors);
 
     bool IsVisible(const CRect& rect) const;
+    // Whether an item of the grid has a place, and some of it lies in the clip box and not under the bands above.
+    bool ShowsTimedItem(const tagCALENDAR_ITEM& item) const;
+    // Its box as scrolled. One that ends before it begins is turned, one that ends as it begins a line.
+    CRect ScrolledBox(const tagCALENDAR_ITEM& item) const;
 
     // The line between ruler and grid, which belongs to neither, beside the band and the rows.
     void DrawRulerEdge();

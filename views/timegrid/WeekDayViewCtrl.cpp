@@ -8,8 +8,6 @@
 
 namespace {
 constexpr char kWindowClass[] = "MFCWeekDayViewCtrl";
-constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
-constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
 constexpr int kRowsPerHour = 2;
 constexpr int kMinDays = 2;
 constexpr int kMaxDays = 14;
@@ -106,6 +104,8 @@ void CWeekDayViewCtrl::SetDateScale(int nScale)
     m_nDateScale = nScale;
     if (nScale < 1 || nScale > kDateScaleCount)
         return;
+    if (!EndEdit())
+        return;
     const DateScaleRow& row = kDateScales[nScale - 1];
     SetViewOption(row.days, row.fromFirstDayOfWeek ? GetFirstDayOfWeek() : 0);
     SetCaptionText(row.caption);
@@ -118,6 +118,8 @@ void CWeekDayViewCtrl::SetDateScale(int nScale)
 
 void CWeekDayViewCtrl::SetRange(COleDateTime date)
 {
+    if (!EndEdit())
+        return;
     COleDateTime begin = dayvane::StartOfDay(date);
     while (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid &&
            begin.GetDayOfWeek() != GetBeginDayOfWeek())
@@ -139,6 +141,8 @@ void CWeekDayViewCtrl::GetViewRange(COleDateTime& begin, COleDateTime& end)
 void CWeekDayViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
     const COleDateTime row = Scale().RowStart(date);
+    if (!EndEdit())
+        return;
     SetRange(row);
     CTimeGridCtrl::SetCurrentDate(row);
 }
@@ -242,7 +246,7 @@ void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_P
     const int column = dayvane::ColumnOfDay(State(), date);
     if (column == -1)
         return;
-    if (m_arDayProperty.IsEmpty())
+    if (m_arDayProperty.GetSize() < m_nDays)
         m_arDayProperty.SetSize(m_nDays);
     m_arDayProperty[column] = property;
 }
@@ -291,6 +295,8 @@ void CWeekDayViewCtrl::MoveRightward(UINT nFlags)
 
 void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
 {
+    if (!EndEdit())
+        return;
     dayvane::GridSelection selection = Selection();
     const dayvane::ShownRange shown = Shown();
     const int day = dayvane::ClockTimeOf(selection.current).day + nDays;
@@ -304,20 +310,16 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     InvalidateCellRectRange();
     SetSelection(selection);
     InvalidateCellRectRange();
-    InvalidateHeader();
     CurrentDateMoved();
 }
 
 // Turns the view when the current date has left it.
 void CWeekDayViewCtrl::CurrentDateMoved()
 {
+    InvalidateHeader(); // it marks the current day
     const dayvane::ShownRange shown = Shown();
     const int views = dayvane::ViewsToShow(shown, dayvane::ClockTimeOf(m_dtCurrentDate).day);
     if (views == 0)
-        return;
-    Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
         return;
     SetRange(dayvane::AddDays(m_dtViewBegin, views * shown.LengthOfView()));
     Rebuild();

@@ -31,8 +31,8 @@ public:
     // caption text, keeps the range's begin where it can, drops the day properties. Other values are only stored.
     void SetDateScale(int nScale);
     int GetDateScale() const { return m_nDateScale; }
-    // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then gives
-    // way to this one. Call Refresh() afterwards.
+    // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then
+    // gives way to this one. Call Refresh() afterwards.
     void SetRange(COleDateTime date);
     // 00:00:00 of the first, 23:59:59 of the last day.
     void GetViewRange(COleDateTime& begin, COleDateTime& end) override;
@@ -50,7 +50,7 @@ public:
     int IsUseMyWorkTime(int nColumn) const; // 0 for a column without a property
     int IsWorkTime(int nColumn, int nRow) const;
     void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override; // of shown days only
-    tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date) override; // nullptr: none
+    tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date) override;                      // nullptr: none
     void ClearDayProperty() override;
     int GetDayColor(int nColumn) override;
     // A timed item's rectangle as if it were alone in the column of that day.

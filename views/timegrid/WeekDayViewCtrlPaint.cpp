@@ -90,11 +90,7 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
         return;
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        CRect box = item.rcItem;
-        box.OffsetRect(0, -m_nVertScroll);
-        if (item.rcItem.top == -1 || !painter.IsVisible(box) || dayvane::IsBandItem(item))
-            continue;
-        const int column = dayvane::ColumnOfDay(state, item.dtStart);
+        const int column = painter.ShowsTimedItem(item) ? dayvane::ColumnOfDay(state, item.dtStart) : -1;
         if (column != -1)
             _DrawItem(pDC, state.frame.columns[column], item);
     }
