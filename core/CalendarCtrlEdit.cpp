@@ -104,7 +104,9 @@ void CCalendarCtrl::OnSetFocus(CWnd* pOldWnd)
 void CCalendarCtrl::OnKillFocus(CWnd* pNewWnd)
 {
     CWnd::OnKillFocus(pNewWnd);
-    if (!pNewWnd || !::IsChild(m_hWnd, pNewWnd->GetSafeHwnd()))
+    if (!pNewWnd || !::IsChild(m_hWnd, pNewWnd->GetSafeHwnd())) {
         m_bHasFocus = FALSE;
+        CancelTracking(); // the button may go up over a window that is in front now, and Escape goes there
+    }
     InvalidateClient();
 }
