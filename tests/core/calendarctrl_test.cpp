@@ -41,30 +41,32 @@ TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
     EXPECT_EQ(first.m_hWnd, nullptr);
 }
 
-// The distance in the table of virtual operations from Create, which is the first.
+// Where the operation stands in the table of virtual operations, in entries: how this compiler keeps a member pointer.
 template <class Result, class... Args>
 ptrdiff_t SlotOf(Result (CCalendarCtrl::*operation)(Args...))
 {
-    const auto offsetOf = [](const auto& pointer) { // in bytes, as the compiler keeps it
-        ptrdiff_t offset = 0;
-        std::memcpy(&offset, &pointer, sizeof(offset));
-        return offset;
-    };
-    const auto first = &CCalendarCtrl::Create;
-    return (offsetOf(operation) - offsetOf(first)) / static_cast<ptrdiff_t>(sizeof(void*)) + 1;
+    ptrdiff_t offset = 0;
+    std::memcpy(&offset, &operation, sizeof(offset));
+    return offset / static_cast<ptrdiff_t>(sizeof(void*));
 }
 
 TEST(CalendarCtrl, VirtualOperationsKeepTheirSlots)
 {
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::HitTest), 3);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::GetDayColor), 13);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::AddItem), 14);
-    EXPECT_EQ((SlotOf<void, int, int>(&CCalendarCtrl::Layout)), 19);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::GetSelRange), 21);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::SortItem), 33);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::BeginEditItem), 35);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::SetFocusToItem), 37);
-    EXPECT_EQ(SlotOf(&CCalendarCtrl::SyncToPresent), 42);
+    using C = CCalendarCtrl;
+    const ptrdiff_t slots[] = {
+        SlotOf(&C::Create), SlotOf(&C::SetFirstDayOfWeek), SlotOf(&C::HitTest), SlotOf(&C::GetCurrentDate),
+        SlotOf(&C::SetCurrentDate), SlotOf(&C::GetSelDate), SlotOf(&C::SetSelDate), SlotOf(&C::GetViewRange),
+        SlotOf(&C::SetDayColor), SlotOf(&C::SetDayProperty), SlotOf(&C::GetDayProperty), SlotOf(&C::ClearDayProperty),
+        SlotOf(&C::GetDayColor), SlotOf(&C::AddItem), SlotOf(&C::InsertItem), SlotOf(&C::SetItem),
+        SlotOf(&C::DeleteItem), SlotOf(&C::DeleteAllItems), SlotOf<void, int, int>(&C::Layout), SlotOf(&C::DoPrint),
+        SlotOf(&C::GetSelRange)};
+    for (int i = 1; i < 21; ++i)
+        EXPECT_EQ(slots[i], slots[0] + i) << i;
+    // Between these stand the protected ones.
+    EXPECT_EQ(SlotOf(&C::SortItem), slots[0] + 32);
+    EXPECT_EQ(SlotOf(&C::BeginEditItem), slots[0] + 34);
+    EXPECT_EQ(SlotOf(&C::SetFocusToItem), slots[0] + 36);
+    EXPECT_EQ(SlotOf(&C::SyncToPresent), slots[0] + 41);
 }
 
 TEST(CalendarCtrl, TimeScaleKeepsTheScrollPositionInProportion)

@@ -110,15 +110,36 @@ TEST(CalendarViews, TheVeryRecordGoesToTheOwnerAndItsAnswerComesBack)
     frame.DestroyWindow();
 }
 
+// A control whose window cannot be made.
+class NoCtrl : public CCalendarCtrl
+{
+    DECLARE_DYNCREATE(NoCtrl)
+public:
+    BOOL Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*) override { return FALSE; }
+};
+IMPLEMENT_DYNCREATE(NoCtrl, CCalendarCtrl)
+
+class NoCtrlView : public CCalendarView
+{
+    DECLARE_DYNCREATE(NoCtrlView)
+public:
+    NoCtrlView() : CCalendarView(RUNTIME_CLASS(NoCtrl), WS_CHILD) {}
+};
+IMPLEMENT_DYNCREATE(NoCtrlView, CCalendarView)
+
 TEST(CalendarViews, AViewWithoutAControlIgnoresWhatItCannotDo)
 {
     Frame frame;
     ASSERT_TRUE(frame.Create(nullptr, "frame", WS_OVERLAPPEDWINDOW, CRect(0, 0, 500, 400)));
-    CCalendarView plain; // no control class: its window cannot be made, and everything else does nothing
-    EXPECT_EQ(plain.GetCalendarCtrl(), nullptr);
+    CCalendarView* view = AddView(frame, RUNTIME_CLASS(NoCtrlView));
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->GetCalendarCtrl(), nullptr);
+    view->MoveWindow(0, 0, 50, 50);
+    view->SetFocus();
     CClientDC dc(&frame);
     CPrintInfo info;
-    plain.DoPrint(&dc, &info);
+    view->DoPrint(&dc, &info);
+    EXPECT_EQ(::GetFocus(), view->m_hWnd);
     frame.DestroyWindow();
 }
 
@@ -134,7 +155,7 @@ TEST(CalendarViews, ViewsLeaveNothingBehind)
             frame.DestroyWindow();
         }
     };
-    testsupport::ExpectNothingLeftBy(round);
+    ExpectNothingLeftBy(round);
 }
 
 } // namespace
