@@ -126,7 +126,8 @@ TEST(Holiday, DaysOffOfWholeYears)
 TEST(Holiday, EasterAndEquinoxes)
 {
     // The church's Easters, on either side of each change of N too, but for 26 April 1981 (it has the 19th: the rule's
-    // exceptions are not made), 29 March 1818 (it has the 22nd: M is that of 1900 to 2199) and 14 April 2500 (the 18th).
+    // exceptions are not made), 29 March 1818 (it has the 22nd: M is that of 1900 to 2199) and 14 April 2500 (the
+    // 18th).
     for (int easter : {20000423, 20080323, 20100404, 20110424, 20190421, 20240331, 20380425, 16990419, 17000411,
                        18000413, 19000415, 21000328, 22000406, 23000408, 24990329, 19810426, 18180329, 25000414}) {
         const int year = easter / 10000;
