@@ -59,6 +59,8 @@ build_tests() {
     local preset=$1 only=$2
     if [ "$only" = package ] || [ "$only" = stress ]; then
         return # these build what they need themselves
+    elif [ "$only" = drive ]; then
+        [ "$preset" != win32 ] || build win32 planner
     elif [ -n "$only" ]; then
         has_target "$preset" "test_$only" || die "There is no test program test_$only in $preset."
         build "$preset" "test_$only"
@@ -117,17 +119,29 @@ test_lane() {
             run_package_host "$preset" "$preset/$system" wine
         fi
     done
+    if [ -z "$only" ] || [ "$only" = drive ]; then
+        drive_planner "$system" "$@"
+    fi
     if [ "$with_stress" = yes ]; then
         run_plain_program "win32-ubsan/$system stress" env WINEDEBUG=warn+heap wine "$(stress_program)" \
             "$stress_events_in_test" "$system"
     fi
 }
 
+# drive_planner SYSTEM PRESET...: the planner used through the display; the 32-bit one only, for it is about the input.
+drive_planner() {
+    local system=$1
+    shift
+    [[ " $* " == *" win32 "* ]] || return 0
+    run_plain_program "win32/$system drive" bash "$ROOT/tests/outside/planner_drive.sh" \
+        "$BUILD/win32/bin/planner.exe" "$BUILD/logs/drive-$system"
+}
+
 # run_tests_of PRESET LABEL ONLY RUNNER...: every program of the build's list.
 run_tests_of() {
     local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments
     shift 3
-    [ "$only" != package ] && [ "$only" != stress ] || return 0
+    [[ ! "$only" =~ ^(package|stress|drive)$ ]] || return 0
     while IFS=$'\t' read -r name file arguments; do
         if [ -z "$only" ] || [ "$only" = "$name" ]; then
             # shellcheck disable=SC2086  # the arguments of the list are words
