@@ -58,20 +58,6 @@ TimeGridHit ProbeOneDay(const TimeGridState& state, const ItemArray& items, cons
 }
 } // namespace
 
-TEST(TimeScale, TimesAndRowsAgree)
-{
-    for (int scale = 1; scale <= 60; ++scale) {
-        const TimeScale rows{scale};
-        for (int row = 0; row < rows.RowsPerDay(); ++row) {
-            const COleDateTime begin = rows.TimeOfRow(kDay, row);
-            ASSERT_EQ(row, rows.RowOfTime(begin)) << scale;
-            ASSERT_EQ(begin, rows.RowStart(begin + COleDateTimeSpan(0, 0, rows.MinutesPerRow() - 1, 59))) << scale;
-        }
-        EXPECT_EQ(COleDateTime::invalid, rows.TimeOfRow(kDay, rows.RowsPerDay()).GetStatus());
-        EXPECT_LT(rows.RowOfTime(Invalid()), 0);
-    }
-}
-
 TEST(TimeGridFrame, PartsTile)
 {
     struct
@@ -130,7 +116,7 @@ TEST(ItemBox, StandsAtItsTimes)
         EXPECT_EQ(c.box, BoxInColumn(c.item, grid, kDay, TimeScale{c.scale})) << c.name;
 }
 
-TEST(ItemBox, SharesAndLanes)
+TEST(ItemBox, SharesTheWidth)
 {
     // Three meetings, two at a time: 300 pixels in halves, inset by 2.
     ItemArray items;
@@ -144,15 +130,6 @@ TEST(ItemBox, SharesAndLanes)
     EXPECT_EQ(CRect(63, 420, 209, 460), items[0].rcItem);
     EXPECT_EQ(CRect(213, 440, 359, 500), items[1].rcItem);
     EXPECT_EQ(CRect(63, 460, 209, 500), items[2].rcItem);
-
-    // Three bars over the same two days: one lane below the other.
-    const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 761, 500), true, 20, 3, 7);
-    ItemArray bars;
-    for (int i = 0; i < 3; ++i)
-        bars.Add(Item(At(9, 0), At(9, 0) + COleDateTimeSpan(1.0), PIECE_INSIDE));
-    LayManyDayLanes(bars, frame.fulldayContent, frame.columns, kDay);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(CRect(66, 55 + 25 * i, 256, 75 + 25 * i), bars[i].rcItem);
 }
 
 TEST(HitTest, OneDayMatchesTheRowProbe)
@@ -163,7 +140,7 @@ TEST(HitTest, OneDayMatchesTheRowProbe)
     items.Add(Item(At(9, 0), At(12, 0)));
     items.Add(Item(At(0, 0), At(0, 0), 0, 1));
     for (int i = 0; i < 20000; ++i) {
-        const int scale = 1 + below(4);
+        const int scale = 1 + below(60);
         const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 1 + below(200), 1 + below(400)), below(2), 0, 1, 1);
         const int scroll = below(3) ? below(scale * 480) : -below(200);
         PlaceTimedItems(items, frame.columns, kDay, TimeScale{scale}, kOneDayOverlap);
@@ -174,10 +151,7 @@ TEST(HitTest, OneDayMatchesTheRowProbe)
         const TimeGridHit actual = HitOneDay(state, items, point);
         ASSERT_EQ(expected.code, actual.code) << i;
         ASSERT_EQ(expected.screenItem, actual.screenItem) << i;
-        ASSERT_EQ(expected.time.GetStatus(), actual.time.GetStatus()) << i;
-        if (expected.time.GetStatus() == COleDateTime::valid) {
-            ASSERT_EQ(expected.time, actual.time) << i;
-        }
+        ASSERT_EQ(expected.time, actual.time) << i;
     }
 }
 
@@ -216,10 +190,7 @@ TEST(HitTest, ManyDaysFindColumnAndRow)
         const TimeGridHit hit = HitManyDays(state, items, c.point);
         EXPECT_EQ(c.code, hit.code) << c.name;
         EXPECT_EQ(c.item, hit.screenItem) << c.name;
-        EXPECT_EQ(c.day == -1, hit.time.GetStatus() != COleDateTime::valid) << c.name;
-        if (c.day != -1) {
-            EXPECT_EQ(AddDays(At(c.hour, c.minute), c.day), hit.time) << c.name;
-        }
+        EXPECT_EQ(c.day == -1 ? Invalid() : AddDays(At(c.hour, c.minute), c.day), hit.time) << c.name;
     }
 }
 

@@ -87,30 +87,30 @@ TEST(ShownRange, TurnsByWholeViews)
 
 TEST(Look, TextsTellWhatTheBoxCannot)
 {
-    tagCALENDAR_ITEM item;
-    item.dtStart = At(9, 5);
-    item.dtEnd = At(10, 0);
+    tagCALENDAR_ITEM item = Item(At(9, 5), At(10, 0));
     item.strText = "x%s";
     EXPECT_STREQ("9:05 - 10:00 x%s", TimedItemText(item));
-    EXPECT_STREQ("x%s", BandItemText(item));
-    item.nPiece = PIECE_HEAD;
-    EXPECT_STREQ("9:05 x%s", BandItemText(item));
-    item.nPiece = PIECE_TAIL;
-    EXPECT_STREQ("10:00 x%s", BandItemText(item));
-    item.nFullday = 1;
-    EXPECT_STREQ("x%s", BandItemText(item));
+    const struct
+    {
+        int piece, fullday;
+        const char* text;
+    } bars[] = {{PIECE_WHOLE, 0, "x%s"},      {PIECE_HEAD, 0, "9:05 x%s"}, {PIECE_MIDDLE, 0, "x%s"},
+                {PIECE_TAIL, 0, "10:00 x%s"}, {PIECE_TAIL, 1, "x%s"},      {PIECE_INSIDE, 0, "x%s"}};
+    for (const auto& bar : bars) {
+        item.nPiece = bar.piece;
+        item.nFullday = bar.fullday;
+        EXPECT_STREQ(bar.text, BandItemText(item)) << bar.piece;
+    }
 
-    const GridCaptionTexts caption = CaptionOfDay(ShownDay::Of(At(9, 0, 29)), true, true);
-    EXPECT_STREQ("4.29", caption.date);
-    EXPECT_STREQ(" (土)", caption.weekday);
-    EXPECT_STREQ("     Saturday, 29 April, 2017", caption.longDate);
-    EXPECT_STREQ("  昭和の日", caption.holiday);
-    EXPECT_STREQ("", CaptionOfDay(ShownDay::Of(At(9, 0, 29)), false, true).holiday);
+    const ShownDay showaDay = ShownDay::Of(At(9, 0, 29)); // a Saturday
+    const GridCaptionTexts caption = CaptionOfDay(showaDay, true, true);
+    EXPECT_STREQ("4.29 (土)     Saturday, 29 April, 2017  昭和の日",
+                 caption.date + caption.weekday + caption.longDate + caption.holiday);
+    EXPECT_STREQ("", CaptionOfDay(showaDay, false, true).holiday);
     EXPECT_STREQ(" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20)), true, true).solarTerm);
     EXPECT_STREQ("12.31 - 1.1",
                  CaptionOfDays(COleDateTime(2017, 12, 31, 0, 0, 0), COleDateTime(2018, 1, 1, 0, 0, 0)).date);
-    const HeaderTexts header = HeaderOfDay(ShownDay::Of(At(0, 0, 29)), true, "");
-    EXPECT_STREQ("4/29 (土)", header.longDate);
-    EXPECT_STREQ("昭和の日", header.note);
-    EXPECT_STREQ("出張", HeaderOfDay(ShownDay::Of(At(0, 0, 29)), true, "出張").note);
+    EXPECT_STREQ("4/29 (土)", HeaderOfDay(showaDay, true, "").longDate);
+    EXPECT_STREQ("昭和の日", HeaderOfDay(showaDay, true, "").note);
+    EXPECT_STREQ("出張", HeaderOfDay(showaDay, true, "出張").note);
 }

