@@ -7,10 +7,8 @@
 
 using namespace dayvane;
 
-namespace literal
-{
-namespace
-{
+namespace literal {
+namespace {
 
 bool IsValid(const COleDateTime& date)
 {
@@ -127,8 +125,7 @@ void Overflow(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray&
     }
 }
 
-namespace
-{
+namespace {
 
 // How many boxes the rule makes the item's bar wide; 0 or less: it keeps the width of its own box.
 int BoxesOf(const tagCALENDAR_ITEM& item, bool months)

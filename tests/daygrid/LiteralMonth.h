@@ -6,8 +6,7 @@
 
 #include <vector>
 
-namespace literal
-{
+namespace literal {
 
 // The days or months of an item, from their first moment to their last second.
 struct Range

@@ -1,46 +1,25 @@
-// Random months for comparisons: window sizes down to a pixel, every first weekday, and items of every shape.
+// Random views for comparisons: window sizes down to a pixel, every first weekday, and items of every shape.
 #pragma once
 
-#include "core/DateMath.h"
+#include "DayGridTesting.h"
+
 #include "views/daygrid/MonthLayout.h"
 
 #include <random>
 
-class RandomMonth
+class RandomItems
 {
 public:
-    // What items may look like.
-    enum Shape {
-        PIECES,  // cut to the week rows, as the view shows them
-        UNCUT    // as a host stores them: over rows, weeks and years, backwards, without dates
-    };
+    explicit RandomItems(unsigned seed) : m_random(seed) {}
 
-    explicit RandomMonth(unsigned seed) : m_random(seed)
-    {
-        static const int sizes[] = {1, 2, 5, 7, 8, 13, 20, 40, 47, 90, 300, 640, 1200};
-        const auto anySize = [this] { return sizes[Below(sizeof(sizes) / sizeof(sizes[0]))] + Below(7); };
-        const CRect client(0, 0, anySize(), anySize());
-        const dayvane::MonthBands bands = dayvane::CalcMonthBands(client, Below(4) != 0);
-        dayvane::MonthCellArray headerCells;
-        dayvane::FillMonthCells(bands.header, bands.calendar, dayvane::CalcMonthCellSize(bands.calendar), headerCells,
-                                cells);
-
-        firstDayOfWeek = 1 + Below(7);
-        static const int years[] = {1899, 1900, 2017, 2024, 2026};
-        const COleDateTime current(years[Below(5)], 1 + Below(12), 1 + Below(28), 0, 0, 0);
-        firstDay = dayvane::FirstDayOfMonthGrid(current, firstDayOfWeek);
-        dates.SetSize(dayvane::kMonthCells);
-        for (int i = 0; i < dayvane::kMonthCells; ++i)
-            dates[i].m_date = dayvane::DateOfDayNumber(firstDay + i);
-    }
-
-    void AddItems(int count, Shape shape)
+    // Items around that many days, also over rows, weeks and years, backwards and without dates.
+    void AddItems(int count, int days)
     {
         for (int i = 0; i < count; ++i) {
             dayvane::tagCALENDAR_ITEM item;
-            int day = Below(48) - 3;
-            int length = Below(3) ? 0 : Below(5) ? Below(5) : Below(60);
-            if (shape == UNCUT && Below(8) == 0)
+            const int day = Below(days + 8) - 4;
+            int length = Below(3) ? 0 : Below(5) ? Below(5) : Below(2 * days);
+            if (Below(8) == 0)
                 length = Below(2) ? -Below(4) : Below(3000) - 1500;
             item.dtStart = At(day);
             item.dtEnd = At(day + length);
@@ -53,10 +32,20 @@ public:
 
     int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
 
-    dayvane::MonthCellArray cells;
-    dayvane::MonthCellDateArray dates;
-    int firstDayOfWeek = 1;
-    int firstDay = 0;
+    CRect Client()
+    {
+        static const int sizes[] = {1, 2, 5, 7, 8, 13, 20, 29, 31, 40, 47, 90, 300, 640, 1200};
+        const int width = sizes[Below(15)] + Below(7);
+        return CRect(0, 0, width, sizes[Below(15)] + Below(7));
+    }
+
+    COleDateTime Date()
+    {
+        static const int years[] = {1899, 1900, 2017, 2024, 9998};
+        return Day(years[Below(5)], 1 + Below(12), 1 + Below(28));
+    }
+
+    int firstDay = 0; // of the view
     dayvane::ItemArray items;
 
 private:
@@ -67,4 +56,29 @@ private:
     }
 
     std::mt19937 m_random;
+};
+
+class RandomMonth : public RandomItems
+{
+public:
+    explicit RandomMonth(unsigned seed) : RandomItems(seed)
+    {
+        const dayvane::MonthBands bands = dayvane::CalcMonthBands(Client(), Below(4) != 0);
+        SetCells(bands.header, bands.calendar);
+        firstDayOfWeek = 1 + Below(7);
+        firstDay = dayvane::FirstDayOfMonthGrid(Date(), firstDayOfWeek);
+        dates.SetSize(dayvane::kMonthCells);
+        for (int i = 0; i < dayvane::kMonthCells; ++i)
+            dates[i].m_date = dayvane::DateOfDayNumber(firstDay + i);
+    }
+
+    void SetCells(const CRect& header, const CRect& calendar)
+    {
+        dayvane::MonthCellArray headerCells;
+        dayvane::FillMonthCells(header, calendar, dayvane::CalcMonthCellSize(calendar), headerCells, cells);
+    }
+
+    dayvane::MonthCellArray cells;
+    dayvane::MonthCellDateArray dates;
+    int firstDayOfWeek = 1;
 };

@@ -1,27 +1,18 @@
-// The month grid as a value: cells, dates, looks, scroll steps.
-#include "core/DateMath.h"
+// The month grid as a value: cells, dates, looks.
+#include "DayGridTesting.h"
+
 #include "views/daygrid/MonthCellLook.h"
-#include "views/daygrid/MonthLayout.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 using namespace dayvane;
 
-namespace
-{
-
-COleDateTime Day(int year, int month, int day)
-{
-    return COleDateTime(year, month, day, 0, 0, 0);
-}
+namespace {
 
 struct Grid
 {
-    explicit Grid(CRect client)
+    explicit Grid(CRect client, bool caption = true) : bands(CalcMonthBands(client, caption))
     {
-        bands = CalcMonthBands(client, true);
         FillMonthCells(bands.header, bands.calendar, CalcMonthCellSize(bands.calendar), headerCells, cells);
     }
     MonthBands bands;
@@ -29,7 +20,7 @@ struct Grid
     MonthCellArray cells;
 };
 
-MonthCellDateArray DatesAround(const COleDateTime& date, int firstDayOfWeek)
+MonthCellDateArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
 {
     MonthCellDateArray dates;
     FillMonthDates(FirstDayOfMonthGrid(date, firstDayOfWeek), date, Day(2026, 3, 2), dates);
@@ -41,12 +32,9 @@ constexpr COLORREF kSelectedText = 0x123456;
 DayColorTable ColorTable()
 {
     DayColorTable table;
-    for (int row = 0; row < 7; ++row) {
-        tagCALENDAR_DAY_COLOR colors;
-        for (int column = 0; column < 7; ++column)
-            colors.crColor[column] = 0x100 * (row + 1) + column + 1; // row and column, both counted from 1
-        table.Add(colors);
-    }
+    table.SetSize(7);
+    for (int i = 0; i < 49; ++i)
+        table[i / 7].crColor[i % 7] = 0x100 * (i / 7 + 1) + i % 7 + 1; // row and column, both counted from 1
     return table;
 }
 
@@ -75,20 +63,12 @@ TEST(MonthLayout, CellsTileTheCalendarAndAnswerUnderTheirCentres)
 
 TEST(MonthLayout, BandsLieBelowEachOther)
 {
-    struct Case
-    {
-        bool caption;
-        int headerTop;
-    };
-    for (const Case& c : {Case{true, 30}, Case{false, 0}}) {
-        const MonthBands bands = CalcMonthBands(CRect(0, 0, 700, 500), c.caption);
-        EXPECT_EQ(bands.caption.bottom, c.headerTop);
-        EXPECT_EQ(bands.header.top, c.headerTop);
-        EXPECT_EQ(bands.calendar.top, c.headerTop + 16);
-        EXPECT_EQ(bands.calendar.bottom, 500);
-    }
     const Grid grid(CRect(0, 0, 703, 500));
-    EXPECT_TRUE(grid.headerCells[1].m_rect == CRect(102, 32, 198, 44));
+    EXPECT_EQ(Text(grid.bands.caption), "(0, 0, 703, 30)");
+    EXPECT_EQ(Text(grid.bands.header), "(0, 30, 703, 46)");
+    EXPECT_EQ(Text(grid.bands.calendar), "(0, 46, 703, 500)");
+    EXPECT_EQ(Text(grid.headerCells[1].m_rect), "(102, 32, 198, 44)");
+    EXPECT_EQ(Text(Grid(CRect(0, 0, 703, 500), false).bands.calendar), "(0, 16, 703, 500)");
 }
 
 TEST(MonthDates, BeginWithTheWeekOfTheFirst)
@@ -106,12 +86,11 @@ TEST(MonthDates, BeginWithTheWeekOfTheFirst)
 
 TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
 {
-    const MonthCellDateArray dates = DatesAround(Day(2026, 3, 17), 1);
+    MonthCellDateArray dates = DatesAround(Day(2026, 3, 17));
     ASSERT_EQ(dates.GetSize(), kMonthCells);
     EXPECT_EQ(CellOfDate(dates, Day(2026, 3, 1)), 0) << "a 1st on the first day of the week begins the grid";
     EXPECT_EQ(CellOfDate(dates, COleDateTime(2026, 4, 11, 23, 59, 59)), 41);
     EXPECT_EQ(CellOfDate(dates, Day(2026, 4, 12)), -1);
-    EXPECT_EQ(DateOfCell(dates, 41).GetDay(), 11);
     EXPECT_EQ(dates[0].m_nFlags, 1u);
     EXPECT_EQ(dates[1].m_nFlags, 3u) << "today";
     EXPECT_EQ(dates[31].m_nFlags, 0u) << "1 April";
@@ -124,13 +103,9 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     const int seimei = CellOfDate(dates, Day(2026, 4, 5));
     EXPECT_EQ(dates[seimei].m_bSolarTerm, 1);
     EXPECT_STREQ(dates[seimei].m_strText, dates[seimei].m_strHoliday + " 清明");
-}
 
-TEST(MonthDates, MonthsAreCountedWithoutTheirYears)
-{
-    MonthCellDateArray dates;
     FillMonthDates(DayNumberOf(Day(2027, 3, 1)), Day(2026, 3, 17), Day(2026, 3, 2), dates);
-    EXPECT_EQ(dates[0].m_nFlags, 1u);
+    EXPECT_EQ(dates[0].m_nFlags, 1u) << "months are compared without their years";
     EXPECT_EQ(dates[1].m_nFlags, 1u) << "2 March of another year is not today";
 }
 
@@ -138,14 +113,14 @@ TEST(MonthDates, EndWhereDatesEnd)
 {
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
-    const MonthCellDateArray early = DatesAround(Day(100, 1, 20), 1);
-    const MonthCellDateArray late = DatesAround(Day(9999, 12, 20), 1);
-    const MonthCellDateArray nothing = DatesAround(none, 1);
-    EXPECT_EQ(early[0].m_date.GetStatus(), COleDateTime::invalid);
+    const MonthCellDateArray early = DatesAround(Day(100, 1, 20));
+    const MonthCellDateArray late = DatesAround(Day(9999, 12, 20));
+    const MonthCellDateArray nothing = DatesAround(none);
+    EXPECT_EQ(Text(early[0].m_date), "none");
     EXPECT_EQ(early[0].m_nFlags, 0u);
     EXPECT_EQ(CellOfDate(early, Day(100, 1, 1)), Day(100, 1, 1).GetDayOfWeek() - 1);
     EXPECT_EQ(CellOfDate(late, Day(9999, 12, 31)), Day(9999, 12, 1).GetDayOfWeek() - 1 + 30);
-    EXPECT_EQ(late[41].m_date.GetStatus(), COleDateTime::invalid);
+    EXPECT_EQ(Text(late[41].m_date), "none");
     EXPECT_EQ(CellOfDate(early, none), -1);
     EXPECT_EQ(FirstDayOf(nothing), kNoDay);
     EXPECT_EQ(CellOfDate(nothing, none), -1);
@@ -154,7 +129,7 @@ TEST(MonthDates, EndWhereDatesEnd)
 TEST(MonthLook, ColoursFollowTheKindOfDay)
 {
     const DayColorTable table = ColorTable();
-    const MonthCellDateArray dates = DatesAround(Day(2026, 5, 10), 1); // 26 April .. 6 June
+    const MonthCellDateArray dates = DatesAround(Day(2017, 4, 10)); // 26 March .. 6 May
     struct Case
     {
         const char* name;
@@ -164,57 +139,35 @@ TEST(MonthLook, ColoursFollowTheKindOfDay)
         COLORREF background, annotation, number;
     };
     const Case cases[] = {
-        {"plain day", 5, 7, false, 0, 0x101, 0x107, 0x107},
-        {"Sunday", 5, 17, false, 0, 0x201, 0x207, 0x207},
-        {"Saturday", 5, 9, false, 0, 0x301, 0x307, 0x307},
-        {"holiday on a weekday", 5, 4, false, 0, 0x201, 0x207, 0x207},
-        {"holiday of another month", 4, 29, false, 0, 0x201, 0x207, 0x207},
-        {"day of another month", 6, 4, false, 0, 0x101, 0x106, 0x106},
-        {"Saturday of another month", 6, 6, false, 0, 0x301, 0x106, 0x106},
-        {"a 1st", 5, 1, false, 0, 0x101, 0x107, 0x207},
-        {"a selected 1st", 5, 1, true, 0, 0x101, kSelectedText, kSelectedText},
+        {"plain day", 4, 6, false, 0, 0x101, 0x107, 0x107},
+        {"Sunday", 4, 16, false, 0, 0x201, 0x207, 0x207},
+        {"Saturday", 4, 8, false, 0, 0x301, 0x307, 0x307},
+        {"holiday of another month", 5, 4, false, 0, 0x201, 0x207, 0x207},
+        {"Saturday that is a holiday", 4, 29, false, 0, 0x301, 0x207, 0x207},
+        {"day of another month", 5, 2, false, 0, 0x101, 0x106, 0x106},
+        {"Saturday of another month", 5, 6, false, 0, 0x301, 0x106, 0x106},
+        {"a 1st", 4, 1, false, 0, 0x301, 0x307, 0x207},
+        {"a selected 1st", 4, 1, true, 0, 0x301, kSelectedText, kSelectedText},
         {"selected holiday", 5, 4, true, 0, 0x201, kSelectedText, kSelectedText},
-        {"the host's colour", 5, 7, false, 5, 0x501, 0x507, 0x507},
-        {"the host's colour in another month", 6, 4, false, 5, 0x501, 0x507, 0x507},
+        {"the host's colour", 4, 6, false, 5, 0x501, 0x507, 0x507},
+        {"the host's colour in another month", 5, 2, false, 5, 0x501, 0x507, 0x507},
     };
     for (const Case& c : cases) {
-        const int day = DayNumberOf(Day(2026, c.month, c.day));
+        const int day = DayNumberOf(Day(2017, c.month, c.day));
         const MonthLookInput input = {table, kSelectedText, true, true, c.selected, day, day};
-        const int cell = CellOfDate(dates, Day(2026, c.month, c.day));
+        const int cell = CellOfDate(dates, Day(2017, c.month, c.day));
         const MonthCellLook look = CalcCellLook(dates[cell], false, c.dayColor, input);
         EXPECT_EQ(look.background, c.background) << c.name;
         EXPECT_EQ(look.annotationColor, c.annotation) << c.name;
         EXPECT_EQ(look.dayNumberColor, c.number) << c.name;
         EXPECT_EQ(look.selected, c.selected) << c.name;
     }
-    const MonthLookInput input = {table, kSelectedText, true, true, false, 0, 0};
-    EXPECT_THROW(
-        {
-            try {
-                CalcCellLook(dates[0], false, 8, input);
-            } catch (CInvalidArgException* e) {
-                e->Delete();
-                throw 0;
-            }
-        },
-        int);
-}
-
-TEST(MonthLook, SaturdayHolidayKeepsTheSaturdayRowAndTheHolidayText)
-{
-    const DayColorTable table = ColorTable();
-    const MonthCellDateArray dates = DatesAround(Day(2017, 4, 10), 1);
-    const MonthLookInput input = {table, kSelectedText, true, true, false, 0, 0};
-    const MonthCellLook look = CalcCellLook(dates[CellOfDate(dates, Day(2017, 4, 29))], false, 0, input);
-    EXPECT_EQ(look.background, 0x301u);
-    EXPECT_EQ(look.annotationColor, 0x207u);
-    EXPECT_STREQ(look.annotation, "昭和の日");
 }
 
 TEST(MonthLook, TextsOfADay)
 {
     const DayColorTable table = ColorTable();
-    MonthCellDateArray dates = DatesAround(Day(2026, 5, 10), 1);
+    MonthCellDateArray dates = DatesAround(Day(2026, 5, 10));            // from 26 April on
     MonthCellDate& children = dates[CellOfDate(dates, Day(2026, 5, 5))]; // a holiday and a solar term
     struct Case
     {
@@ -223,8 +176,8 @@ TEST(MonthLook, TextsOfADay)
         const char* text;
     };
     const Case cases[] = {
-        {true, true, "", "こどもの日 立夏"}, {true, false, "", "こどもの日"},       {false, true, "", "立夏"},
-        {false, false, "", ""},              {true, true, "memo", "こどもの日 立夏 memo"}, {false, false, "memo", "memo"},
+        {true, true, "", "こどもの日 立夏"},          {true, false, "", "こどもの日"}, {false, true, "", "立夏"},
+        {true, true, "memo", "こどもの日 立夏 memo"}, {false, false, "memo", "memo"},
     };
     for (const Case& c : cases) {
         children.m_dayProperty.strText = c.host;
@@ -235,7 +188,7 @@ TEST(MonthLook, TextsOfADay)
     EXPECT_STREQ(CalcCellLook(dates[0], true, 0, input).dayNumber, "4/26");
     EXPECT_STREQ(CalcCellLook(dates[0], false, 0, input).dayNumber, "26");
     EXPECT_STREQ(CalcCellLook(dates[5], false, 0, input).dayNumber, "26/5/1");
-    EXPECT_STREQ(CalcCellLook(DatesAround(Day(2009, 2, 1), 1)[0], true, 0, input).dayNumber, "09/2/1");
+    EXPECT_STREQ(CalcCellLook(DatesAround(Day(2009, 2, 1))[0], true, 0, input).dayNumber, "09/2/1");
 }
 
 TEST(MonthLook, TextsOfABar)
@@ -247,57 +200,38 @@ TEST(MonthLook, TextsOfABar)
     EXPECT_STREQ(BarText(item, false, 0), "9:05 会議");
     EXPECT_STREQ(BarText(item, false, 8), "9:05-10:30 会議");
     EXPECT_STREQ(BarText(item, true, 8), "会議");
-}
-
-TEST(MonthScroll, StepsOfEachCode)
-{
-    struct Case
-    {
-        const char* name;
-        int code, position, thumb, dayOfYear;
-        bool moves;
-        int newPosition, weeks;
-    };
-    const Case cases[] = {
-        {"line up", 0, 26, 0, 1, true, 25, -1},
-        {"line up at the end", 0, 1, 0, 1, true, 1, -1},
-        {"line down", 1, 26, 0, 1, true, 27, 1},
-        {"line down at the end", 1, 52, 0, 1, true, 52, 1},
-        {"page up", 2, 26, 0, 1, true, 24, -2},
-        {"page down", 3, 26, 0, 1, true, 28, 2},
-        {"top", 6, 30, 0, 1, true, 1, -26},
-        {"bottom", 7, 30, 0, 1, true, 52, 26},
-        {"thumb at the week of the date", 5, 26, 14, 104, true, 14, 0},
-        {"thumb dropped elsewhere", 4, 26, 20, 104, true, 20, 6},
-        {"thumb beyond the end", 5, 26, 60, 7, true, 52, 59},
-        {"end of scrolling", 8, 26, 0, 1, false, 0, 0},
-    };
-    for (const Case& c : cases) {
-        const MonthScroll scroll = CalcMonthScroll(c.code, c.position, c.thumb, c.dayOfYear);
-        EXPECT_EQ(scroll.moves, c.moves) << c.name;
-        EXPECT_EQ(scroll.position, c.newPosition) << c.name;
-        EXPECT_EQ(scroll.weeks, c.weeks) << c.name;
-    }
+    EXPECT_STREQ(WeekBarText(item, false), "9:05 - 10:30 会議");
+    EXPECT_STREQ(WeekBarText(item, true), "会議");
+    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 25), "a"), "4/25 a");
+    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 28), "a"), "4/25-28 a");
+    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 5, 3), "a"), "4/25-5/3 a");
+    EXPECT_STREQ(YearBarText(Day(2025, 4, 25), Day(2026, 4, 25), "a"), "4/25-4/25 a") << "a year later";
 }
 
 TEST(MonthBlocks, FillTheCellOfTheStart)
 {
     Grid grid(CRect(0, 0, 704, 647));
-    const MonthCellDateArray dates = DatesAround(Day(2026, 3, 17), 1);
+    const MonthCellDateArray dates = DatesAround(Day(2026, 3, 17));
+    struct Case
+    {
+        COleDateTime start, end;
+        const char* rect;
+    };
+    const Case cases[] = {
+        // the cell is (100, 146, 200, 246); 20 from its top, 2 on every side
+        {COleDateTime(2026, 3, 9, 10, 0, 0), COleDateTime(2026, 3, 9, 10, 0, 0), "(102, 168, 198, 244)"},
+        {Day(2026, 3, 9), Day(2026, 3, 11), "(102, 168, 198, 244)"},
+        {Day(2026, 2, 27), Day(2026, 3, 2), "(-1, -1, -1, -1)"},
+    };
     ItemArray items;
     items.SetSize(3);
-    items[0].dtStart = items[0].dtEnd = COleDateTime(2026, 3, 9, 10, 0, 0);
-    items[1].dtStart = Day(2026, 3, 9);
-    items[1].dtEnd = Day(2026, 3, 11);
-    items[2].dtStart = Day(2026, 2, 27);
-    items[2].dtEnd = Day(2026, 3, 2);
+    for (int i = 0; i < 3; ++i) {
+        items[i].dtStart = cases[i].start;
+        items[i].dtEnd = cases[i].end;
+    }
     CalcMonthBlocks(dates, grid.cells, items);
-    const CRect block(102, 168, 198, 244); // cell (100, 146, 200, 246), 20 from its top, 2 on every side
-    EXPECT_TRUE(items[0].rcItem == block);
-    EXPECT_TRUE(items[1].rcItem == block);
-    EXPECT_TRUE(items[2].rcItem == CRect(-1, -1, -1, -1));
-    EXPECT_EQ(grid.cells[8].m_nItemCount, 2);
-    EXPECT_EQ(grid.cells[10].m_nItemCount, 1);
-    EXPECT_EQ(grid.cells[1].m_nItemCount, 1);
-    EXPECT_EQ(grid.cells[11].m_nItemCount, 0);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Text(items[i].rcItem), cases[i].rect);
+    for (const auto& [cell, count] : {std::pair(1, 1), {2, 0}, {8, 2}, {10, 1}, {11, 0}})
+        EXPECT_EQ(grid.cells[cell].m_nItemCount, count) << cell;
 }

@@ -8,8 +8,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 
 tagCALENDAR_ITEM Item(int day, int days, int hour = 0)
 {
@@ -54,8 +53,8 @@ TEST(MoreList, KeepsTheCurrentRowInSight)
     {
         int row, current, top;
     };
-    for (const Step& step : {Step{0, 0, 0}, Step{11, 11, 0}, Step{12, 12, 1}, Step{5, 5, 1}, Step{0, 0, 0}, Step{-4, 0, 0},
-                             Step{99, 29, 18}}) {
+    for (const Step& step : {Step{0, 0, 0}, Step{11, 11, 0}, Step{12, 12, 1}, Step{5, 5, 1}, Step{0, 0, 0},
+                             Step{-4, 0, 0}, Step{99, 29, 18}}) {
         list.SetCurrent(step.row);
         EXPECT_EQ(list.Current(), step.current);
         EXPECT_EQ(list.Top(), step.top);

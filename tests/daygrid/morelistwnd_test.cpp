@@ -1,19 +1,10 @@
 // The list of a box's items in real windows: opening, keys, mouse, dragging out, hosts that end the view.
-#include "core/DateMath.h"
-#include "support/GuiCounts.h"
-#include "support/Input.h"
-#include "support/RecordingParent.h"
-#include "views/daygrid/MonthViewCtrl.h"
+#include "DayGridScene.h"
 #include "views/daygrid/MoreListWnd.h"
-#include "views/daygrid/WeekViewCtrl.h"
-#include "views/daygrid/YearViewCtrl.h"
-
-#include <gtest/gtest.h>
 
 using namespace testsupport;
 
-namespace
-{
+namespace {
 
 constexpr int kItems = 20;
 
@@ -22,53 +13,35 @@ HWND ListWindow()
     return ::FindWindow("DayvaneMoreList", nullptr);
 }
 
-// A view around 15 April 2026 with twenty items of that day, of which some do not fit.
+// A view with twenty items of 15 April, of which some do not fit.
 template <class View>
-class Scene
+class ListScene : public Scene<View>
 {
 public:
-    class Open : public View
-    {
-    public:
-        using View::GetMoreBox;
-        using View::GetMoreBoxCount;
-        CPoint Mark()
-        {
-            for (int i = 0; i < GetMoreBoxCount(); ++i) {
-                typename View::MoreBox box;
-                if (GetMoreBox(i, box))
-                    return box.mark.CenterPoint();
-            }
-            return CPoint(-1, -1);
-        }
-    };
+    HWND window = this->view->m_hWnd;
 
-    RecordingParent parent;
-    Open* view = new Open;
-    HWND window;
-
-    Scene()
+    ListScene()
     {
-        parent.Create(900, 600);
-        view->SetCurrentDate(COleDateTime(2026, 4, 15, 0, 0, 0));
-        view->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 900, 600), &parent, 5);
         for (int i = 0; i < kItems; ++i) {
-            tagCC_ITEM item;
-            item.dtStart = COleDateTime(2026, 4, 15, i, 0, 0);
-            item.dtEnd = COleDateTime(2026, 4, 15, i, 30, 0);
-            item.strText = "item";
+            tagCC_ITEM item = ItemOf(COleDateTime(2026, 4, 15, i, 0, 0), COleDateTime(2026, 4, 15, i, 30, 0));
             item.lParam = 100 + i;
-            view->AddItem(&item);
+            this->view->AddItem(&item);
         }
-        view->EnableMoreList(TRUE);
-        window = view->m_hWnd;
-        parent.ClearLog();
+        this->view->EnableMoreList(TRUE);
     }
-    ~Scene() { delete view; }
 
+    CPoint Mark()
+    {
+        typename Open<View>::MoreBox box;
+        for (int i = 0; i < this->view->GetBoxCount(); ++i) {
+            if (this->view->GetMoreBox(i, box))
+                return box.mark.CenterPoint();
+        }
+        return CPoint(-1, -1);
+    }
     void OpenList()
     {
-        messages::LeftDown(window, view->Mark());
+        messages::LeftDown(window, Mark());
         messages::LeftUp(ListWindow(), CPoint(-5, -5));
         PumpMessages();
     }
@@ -86,9 +59,9 @@ TYPED_TEST_SUITE(MoreListWindow, Views);
 
 TYPED_TEST(MoreListWindow, OpensOnlyWhenEnabled)
 {
-    Scene<TypeParam> scene;
+    ListScene<TypeParam> scene;
     scene.view->EnableMoreList(FALSE);
-    messages::Click(scene.window, scene.view->Mark());
+    messages::Click(scene.window, scene.Mark());
     EXPECT_FALSE(scene.view->IsMoreListOpen());
     EXPECT_EQ(scene.parent.Count(CCN_ITEMCLICK), 1) << "a press like any other";
     scene.view->EnableMoreList(TRUE);
@@ -101,8 +74,8 @@ TYPED_TEST(MoreListWindow, OpensOnlyWhenEnabled)
 
 TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
 {
-    Scene<TypeParam> scene;
-    scene.view->SetSelRange(COleDateTime(2026, 4, 15, 0, 0, 0), COleDateTime(2026, 4, 15, 0, 0, 0));
+    ListScene<TypeParam> scene;
+    scene.view->SetSelRange(Day(4, 15), Day(4, 15));
     messages::Key(scene.window, VK_F4);
     ASSERT_TRUE(scene.view->IsMoreListOpen());
     for (int key : {VK_END, VK_UP, VK_DOWN, VK_UP})
@@ -127,8 +100,8 @@ TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
 
 TYPED_TEST(MoreListWindow, ClosesWhenWhatItShowsGoesAway)
 {
-    testsupport::ExpectNothingLeftBy([] {
-        Scene<TypeParam> scene;
+    ExpectNothingLeftBy([] {
+        ListScene<TypeParam> scene;
         const auto closesBy = [&scene](auto act) {
             scene.OpenList();
             EXPECT_TRUE(scene.view->IsMoreListOpen());
@@ -138,7 +111,7 @@ TYPED_TEST(MoreListWindow, ClosesWhenWhatItShowsGoesAway)
         };
         EXPECT_TRUE(closesBy([&scene] { scene.view->DeleteItem(0); }));
         EXPECT_TRUE(closesBy([&scene] { scene.view->SendMessage(WM_VSCROLL, SB_THUMBTRACK); }));
-        scene.view->SetCurrentDate(COleDateTime(2026, 4, 15, 0, 0, 0));
+        scene.view->SetCurrentDate(Day(4, 15));
         scene.view->Refresh();
         EXPECT_TRUE(closesBy([&scene] { scene.view->MoveWindow(0, 0, 890, 600); }));
         EXPECT_TRUE(closesBy([&scene] { scene.parent.SetFocus(); }));
@@ -152,7 +125,7 @@ TYPED_TEST(MoreListWindow, ClosesWhenWhatItShowsGoesAway)
 
 TYPED_TEST(MoreListWindow, ItemsCanBeDraggedOut)
 {
-    Scene<TypeParam> scene;
+    ListScene<TypeParam> scene;
     scene.OpenList();
     messages::LeftDown(ListWindow(), scene.Row(2));
     messages::Move(ListWindow(), CPoint(-30, -30), MK_LBUTTON);
@@ -167,14 +140,14 @@ TYPED_TEST(MoreListWindow, ItemsCanBeDraggedOut)
     EXPECT_EQ(scene.parent.Count(CCN_ITEMMOVED), 1);
     tagCC_ITEM item;
     scene.view->GetItem(2, item);
-    EXPECT_FALSE(dayvane::IsSameDay(item.dtStart, COleDateTime(2026, 4, 15, 0, 0, 0)));
+    EXPECT_FALSE(dayvane::IsSameDay(item.dtStart, Day(4, 15)));
 }
 
 TYPED_TEST(MoreListWindow, HostsMayEndTheViewWhenToldOfAChoice)
 {
     for (bool drag : {false, true}) {
         for (bool destroyOnly : {false, true}) {
-            Scene<TypeParam> scene;
+            ListScene<TypeParam> scene;
             scene.parent.SetHook([&scene, destroyOnly](const Notification&) {
                 if (destroyOnly) {
                     scene.view->DestroyWindow();

@@ -7,8 +7,7 @@
 
 using testsupport::MemoryDc;
 
-namespace
-{
+namespace {
 
 constexpr int kWidth = 260;
 constexpr int kHeight = 24;

@@ -10,10 +10,8 @@
 #include <tuple>
 #include <utility>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 const CRect kNoRect(-1, -1, -1, -1);
 constexpr int kSecondsPerDay = 86400;

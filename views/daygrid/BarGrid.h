@@ -6,8 +6,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Sizes of the bars of a view, pixels.
 struct BarMetrics
@@ -21,13 +20,15 @@ struct BarMetrics
 };
 
 // How far to the right a bar reaches that covers several boxes.
-enum class BarReach {
+enum class BarReach
+{
     ToColumnOfLast, // to the right edge of the column of its last box
     BoxesTimesWidth // as many times the width of its first box as it covers boxes
 };
 
 // When the bottom of a bar counts as having reached the bottom of its box.
-enum class BarOverflow {
+enum class BarOverflow
+{
     ByAbsoluteValue, // |bar bottom| >= |box bottom|, which also holds for boxes above the client area
     ByPosition       // bar bottom >= box bottom
 };
@@ -61,19 +62,20 @@ struct BoxSpan
 // Stands for an item that covers nothing: its start is no date.
 BoxSpan NoBoxes();
 
-// Spans in days, counted from the day number of box 0. An item that ends a day or more before it starts keeps to its own
-// box.
+// Spans in days, counted from the day number of box 0. An item that ends a day or more before it starts keeps to its
+// own box.
 std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay);
 
 // How the items weigh on a box.
 struct BoxLoad
 {
-    int itemCount = 0;  // items that cover it
-    bool more = false;  // at least one of them did not fit
+    int itemCount = 0; // items that cover it
+    bool more = false; // at least one of them did not fit
 };
 
 // Sets rcItem and bNoFocus of every item, whose spans come in the same order. An item that starts outside the grid gets
-// the rectangle (-1, -1, -1, -1); bNoFocus of an item that covers no box stays as it was. Returns one load for each box.
+// the rectangle (-1, -1, -1, -1); bNoFocus of an item that covers no box stays as it was. Returns one load for each
+// box.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items);
 

@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kNone = -1;
 

@@ -1,7 +1,6 @@
 #include "views/daygrid/BarPainter.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
 {

@@ -6,8 +6,7 @@
 #include "views/daygrid/GdiPens.h"
 #include "views/daygrid/TextCache.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct BarPalette
 {
@@ -33,8 +32,8 @@ class BarPainter
 public:
     BarPainter(CDC* pDC, PenSet& pens, TextCache& texts) : m_pDC(pDC), m_pens(pens), m_texts(texts) {}
 
-    // Box, shaded stripe and outline; arrows where the item goes on beyond its piece. Returns what is left for marks and
-    // text.
+    // Box, shaded stripe and outline; arrows where the item goes on beyond its piece. Returns what is left for marks
+    // and text.
     CRect DrawBox(const tagCALENDAR_ITEM& item);
     // A frame along the edges of the bar.
     void DrawSelection(const tagCALENDAR_ITEM& item, COLORREF color);

@@ -7,12 +7,9 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 constexpr int kRangeChangeValue = 4100; // nValue of CCN_VIEWRANGECHANGE
-constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
-constexpr int kCellMargin = 2;          // pixels around a box that its frame may touch
 constexpr int kCaptionFontHeight = 28;
 
 LOGFONT LatinFont(int height, int weight, const char* face)
@@ -35,18 +32,19 @@ bool IsValid(const COleDateTime& date)
 IMPLEMENT_DYNAMIC(CBoxViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CBoxViewCtrl, CDayGridCtrl)
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_WM_VSCROLL()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CBoxViewCtrl::CBoxViewCtrl(const dayvane::BoxViewMetrics& metrics, const BoxArrays& arrays, LPCTSTR lpszClass,
-                           const dayvane::CalendarColors& colors)
-    : m_fonts(kCaptionFontHeight), m_metrics(metrics), m_arrays(arrays)
+CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays)
+    : m_strTitle(kind.lpszTitle), m_fonts(kCaptionFontHeight), m_lpszClass(kind.lpszClass), m_metrics(kind.metrics),
+      m_arrays(arrays)
 {
-    RegisterViewClass(lpszClass, nullptr);
+    RegisterViewClass(m_lpszClass, nullptr);
+    const dayvane::CalendarColors& colors = kind.colors;
     m_colors.caption = colors.caption;
     m_colors.captionText = colors.captionText;
     m_colors.ruler = colors.ruler;
@@ -63,10 +61,16 @@ CBoxViewCtrl::~CBoxViewCtrl()
     DestroyWindow();
 }
 
-BOOL CBoxViewCtrl::CreateBoxWindow(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
-                                   CCreateContext* pContext)
+void CBoxViewCtrl::Start()
 {
-    if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+    for (int i = 0; i < BoxCount(); ++i)
+        m_arrays.boxes[i] = m_arrays.strips[i] = CRect(0, 0, 0, 0);
+    SetRange(dayvane::Now());
+}
+
+BOOL CBoxViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+{
+    if (!CWnd::Create(m_lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext))
         return FALSE;
     m_fonts.Create();
     LoadMoreMark();
@@ -77,6 +81,20 @@ void CBoxViewCtrl::OnDestroy()
 {
     CDayGridCtrl::OnDestroy();
     m_fonts.Delete();
+}
+
+const CRect& CBoxViewCtrl::GetBox(int nBox) const
+{
+    if (nBox < 0 || nBox >= BoxCount())
+        AfxThrowInvalidArgException();
+    return m_arrays.boxes[nBox];
+}
+
+BOOL CBoxViewCtrl::IsMore(int nBox) const
+{
+    if (nBox < 0 || nBox >= BoxCount())
+        AfxThrowInvalidArgException();
+    return m_arrays.more[nBox];
 }
 
 // ---- Range
@@ -165,8 +183,7 @@ void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     grid.columns = m_metrics.columns;
     grid.boxes.assign(m_arrays.boxes, m_arrays.boxes + BoxCount());
     const std::vector<dayvane::BoxSpan> spans =
-        HasRange() ? GetSpans(screenItems)
-                   : std::vector<dayvane::BoxSpan>(screenItems.GetSize(), dayvane::NoBoxes());
+        HasRange() ? GetSpans(screenItems) : std::vector<dayvane::BoxSpan>(screenItems.GetSize(), dayvane::NoBoxes());
     const std::vector<dayvane::BoxLoad> loads = dayvane::LayOutBars(grid, m_metrics.bars, spans, screenItems);
     for (int i = 0; i < BoxCount(); ++i)
         m_arrays.more[i] = loads[i].more ? 1 : 0;
@@ -178,37 +195,11 @@ void CBoxViewCtrl::ClearMoreMarks()
     std::fill(m_arrays.more, m_arrays.more + BoxCount(), 0);
 }
 
-BOOL CBoxViewCtrl::GetMoreBox(int nBox, MoreBox& box)
-{
-    box = {MoreMarkOf(m_arrays.boxes[nBox]), DateOfBox(nBox), LastDateOfBox(nBox)};
-    return m_arrays.more[nBox] == 1 && IsValid(box.first) && IsValid(box.last);
-}
-
 // ---- Hit test
 
 int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    info.nItem = info.nScreenItem = -1;
-    info.nHitCode = CCHT_NOWHERE;
-    const CPoint point(info.pt.x + m_nHorzScroll, info.pt.y + m_nVertScroll);
-    const int box = dayvane::BoxOfPoint(m_arrays.boxes, BoxCount(), point);
-    if (box == -1)
-        return -1;
-    dayvane::ToSystemTime(DateOfBox(box), info.time);
-    info.nScreenItem = ScreenItemAt(point);
-    if (info.nScreenItem != -1)
-        info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
-    if (point.y < m_arrays.boxes[box].top + m_metrics.hitStripHeight)
-        info.nHitCode = CCHT_ONDAYCAPTION;
-    else
-        info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : CCHT_ONCELL;
-    return info.nItem;
-}
-
-int CBoxViewCtrl::BoxOfDate(const COleDateTime& date)
-{
-    const int position = PositionOf(date);
-    return position < BoxCount() ? std::max(position, -1) : -1;
+    return HitBoxes(info, CPoint(info.pt.x + m_nHorzScroll, info.pt.y + m_nVertScroll));
 }
 
 int CBoxViewCtrl::BoxOfStrip(const CRect& rcStrip) const
@@ -218,53 +209,21 @@ int CBoxViewCtrl::BoxOfStrip(const CRect& rcStrip) const
     return found != end ? static_cast<int>(found - m_arrays.strips) : -1;
 }
 
-void CBoxViewCtrl::InvalidateCellRect(COleDateTime date)
-{
-    const int box = BoxOfDate(date);
-    if (box == -1 || !m_hWnd)
-        return;
-    CRect rect = m_arrays.boxes[box];
-    rect.InflateRect(kCellMargin, kCellMargin);
-    InvalidateRect(&rect, FALSE);
-}
-
-void CBoxViewCtrl::InvalidateCellRectRange()
+// The selection's boxes follow each other, so its ends tell.
+BOOL CBoxViewCtrl::IsBoxSelected(int nBox)
 {
     COleDateTime begin;
     COleDateTime end;
-    if (!m_hWnd || !GetSelRange(begin, end))
-        return;
-    const int first = std::max(PositionOf(begin), 0);
-    const int last = std::min(PositionOf(end), BoxCount() - 1);
-    for (int i = first; i <= last; ++i)
-        InvalidateRect(&m_arrays.boxes[i], FALSE);
-}
-
-void CBoxViewCtrl::GetCurCellRect(CRect& rect, int& bFound)
-{
-    const int box = BoxOfDate(m_dtSelBegin);
-    bFound = box != -1 ? 1 : 0;
-    rect = bFound ? m_arrays.boxes[box] : CRect(-1, -1, -1, -1);
+    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && PositionOf(begin) <= nBox &&
+           nBox <= PositionOf(end);
 }
 
 // ---- Keyboard moves
 
-void CBoxViewCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags)
+void CBoxViewCtrl::SelectByKey(const COleDateTime& end, BOOL bBack, UINT nFlags)
 {
-    if (!IsValid(end))
-        return;
-    m_dtPrevSelEnd = m_dtSelEnd;
-    m_dtSelEnd = end;
-    if (!(nFlags & kExtendSelection))
-        m_dtSelBegin = end;
-    if (!m_hWnd || !HasRange())
-        return;
-    const int position = PositionOf(end);
-    const BOOL leavesView = bBack ? position < 0 : position >= BoxCount();
-    if (leavesView)
+    if (MoveSelectionTo(end, bBack, nFlags))
         PostMessage(WM_VSCROLL, bBack ? SB_LINEUP : SB_LINEDOWN);
-    else
-        InvalidateRect(&m_rcContent, FALSE);
 }
 
 // ---- Size and scroll
@@ -282,10 +241,6 @@ void CBoxViewCtrl::UpdateScrollBar()
 
 void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
-    Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
-        return;
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
     UpdateScrollBar();
@@ -293,21 +248,15 @@ void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
 
 void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const dayvane::BoxScroll scroll =
-        CalcScroll(nSBCode, m_hWnd ? GetScrollPos(SB_VERT) : 0, static_cast<int>(nPos));
-    if (!scroll.moves || !IsValid(DateInRangeAfter(scroll.step)))
+    const dayvane::ScrollStep scroll = CalcScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos));
+    COleDateTime target = DateInRangeAfter(scroll.step);
+    if (!scroll.moves || !IsValid(target))
         return;
     Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
-        return;
-    COleDateTime target = DateInRangeAfter(scroll.step);
-    SYSTEMTIME time = {};
     COleDateTime begin;
     COleDateTime end;
     const BOOL keeps = GetSelRange(begin, end) && IsInRangeOf(target, m_dtSelEnd);
-    dayvane::ToSystemTime(keeps ? GetCurrentDate() : CarryAlong(GetCurrentDate(), target), time);
-    Notify(CCN_SELDATECHANGE, -1, 0, CPoint(-1, -1), time, CCHT_ONCELL);
+    NotifySelDateChange(keeps ? GetCurrentDate() : CarryAlong(GetCurrentDate(), target));
     if (!alive)
         return;
     // The host may have set another date meanwhile.
@@ -317,12 +266,8 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     ScrollTo(target);
     SetScrollPos(SB_VERT, scroll.position, TRUE);
     CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
-    if (!alive)
-        return;
-    COleDateTime first;
-    COleDateTime last;
-    GetViewRange(first, last);
-    Notify(CCN_VIEWRANGECHANGE, GetCurrentDate(), first, last, kRangeChangeValue);
+    if (alive)
+        NotifyViewRangeChange(GetCurrentDate(), kRangeChangeValue);
 }
 
 // A selection whose moving end lies in the new range stays where it is: a key has put it there, or the step was small.

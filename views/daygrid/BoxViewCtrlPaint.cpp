@@ -5,8 +5,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 // A frame's inset, its outline and its bottom line, pixels: what the strips of a frame leave of a box's strip.
 constexpr int kFrameLines = 3;
 constexpr int kUpperShare = 5; // of 14
@@ -21,20 +20,8 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     DrawCaption(pDC, m_rcCaption);
     for (int i = 0; i < BoxCount(); ++i) {
-        if (m_arrays.more[i] == 1)
+        if (HasMoreMark(i))
             DrawBoxMark(pDC, i);
-    }
-}
-
-void CBoxViewCtrl::FindSelectedBoxes()
-{
-    m_nFirstSelected = 0;
-    m_nLastSelected = -1;
-    COleDateTime begin;
-    COleDateTime end;
-    if (GetSelRange(begin, end) && IsSelectionShown() && HasRange()) {
-        m_nFirstSelected = std::max(PositionOf(begin), 0);
-        m_nLastSelected = PositionOf(end);
     }
 }
 
@@ -53,7 +40,6 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
                          m_pens.Solid(1, m_colors.grid));
     CRect clip;
     pDC->GetClipBox(&clip);
-    FindSelectedBoxes();
     for (int i = 0; i < BoxCount(); ++i) {
         const CRect box = PaintRectOf(i);
         CRect seen;
@@ -71,6 +57,16 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 void CBoxViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 {
     DrawBars(pDC, screenItems);
+}
+
+void CBoxViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kTodayFrame);
+}
+
+void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
+{
+    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
 }
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const dayvane::DayFrameColors& colors)

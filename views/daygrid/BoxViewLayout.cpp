@@ -1,16 +1,13 @@
 #include "views/daygrid/BoxViewLayout.h"
 
 #include "core/DateMath.h"
-#include "views/daygrid/ScrollCodes.h"
 
 #include <civil.h>
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kMonthsPerYear = 12;
 constexpr int kDaysPerWeek = 7;
@@ -21,23 +18,6 @@ constexpr int kJuly = 7;
 int MonthNumber(const DateFields& fields)
 {
     return fields.year * kMonthsPerYear + fields.month - 1;
-}
-
-struct ScrollStep
-{
-    int code;
-    int position;
-    int step;
-};
-
-template <size_t Count>
-BoxScroll FindStep(const ScrollStep (&steps)[Count], int code)
-{
-    for (const ScrollStep& step : steps) {
-        if (step.code == code)
-            return {true, step.position, step.step};
-    }
-    return {};
 }
 
 } // namespace
@@ -128,11 +108,11 @@ COleDateTime FirstOfMonth(const COleDateTime& date, int months)
 
 // ---- Scroll bar
 
-BoxScroll CalcWeekScroll(int code, int position, int thumb, int dayOfYear)
+ScrollStep CalcWeekScroll(int code, int position, int thumb, int dayOfYear)
 {
     constexpr int kWeek = kDaysPerWeek;
     constexpr int kPage = 4; // weeks
-    const ScrollStep steps[] = {
+    const ScrollRow rows[] = {
         // code, new position, days
         {SCROLL_LINEUP, position - 1, -kWeek},
         {SCROLL_LINEDOWN, position + 1, kWeek},
@@ -143,24 +123,20 @@ BoxScroll CalcWeekScroll(int code, int position, int thumb, int dayOfYear)
         {SCROLL_TOP, kWeekScrollMax, 0},
         {SCROLL_BOTTOM, 0, 0},
     };
-    return FindStep(steps, code);
+    return FindScrollStep(rows, code);
 }
 
-BoxScroll CalcYearScroll(int code, int position, int thumb)
+ScrollStep CalcYearScroll(int code, int position, int thumb)
 {
     constexpr int kPage = 2; // years
-    const ScrollStep steps[] = {
+    const ScrollRow rows[] = {
         // code, new position, years
-        {SCROLL_LINEUP, position - 1, -1},
-        {SCROLL_LINEDOWN, position + 1, 1},
-        {SCROLL_PAGEUP, position - kPage, -kPage},
-        {SCROLL_PAGEDOWN, position + kPage, kPage},
-        {SCROLL_THUMBPOSITION, thumb, 0},
-        {SCROLL_THUMBTRACK, thumb, 0},
-        {SCROLL_TOP, kYearScrollMax, 0},
-        {SCROLL_BOTTOM, 0, 0},
+        {SCROLL_LINEUP, position - 1, -1},         {SCROLL_LINEDOWN, position + 1, 1},
+        {SCROLL_PAGEUP, position - kPage, -kPage}, {SCROLL_PAGEDOWN, position + kPage, kPage},
+        {SCROLL_THUMBPOSITION, thumb, 0},          {SCROLL_THUMBTRACK, thumb, 0},
+        {SCROLL_TOP, kYearScrollMax, 0},           {SCROLL_BOTTOM, 0, 0},
     };
-    return FindStep(steps, code);
+    return FindScrollStep(rows, code);
 }
 
 int WeekScrollPosition(int dayOfYear)

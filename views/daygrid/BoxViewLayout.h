@@ -1,16 +1,16 @@
-// The week and the year view without a window: two rows of boxes that stand for days or months, what lies under a point,
-// which days each row has, and the steps of the scroll bar. Rectangles are client pixels; right and bottom edges do not
-// count.
+// The week and the year view without a window: two rows of boxes that stand for days or months, what lies under a
+// point, which days each row has, and the steps of the scroll bar. Rectangles are client pixels; right and bottom edges
+// do not count.
 #pragma once
 
 #include "core/CalendarRecords.h"
 #include "views/daygrid/BarGrid.h"
 #include "views/daygrid/RowPieces.h"
+#include "views/daygrid/ScrollSteps.h"
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 constexpr int kBoxRows = 2;
 constexpr int kWeekBoxes = 8;  // a week and the first day of the next one
@@ -66,15 +66,11 @@ constexpr int kWeekScrollMax = 55; // positions from 0 on
 constexpr int kYearScrollMax = 4;
 constexpr int kYearOfScrollStart = 2000;
 
-struct BoxScroll
-{
-    bool moves = false; // false: a code that does nothing
-    int position = 0;   // new; the bar itself cuts it to its range
-    int step = 0;       // by which the view moves: days in the week view, years in the year view
-};
-// code: SB_..., thumb: the position that came with the message, dayOfYear: of the first shown day.
-BoxScroll CalcWeekScroll(int code, int position, int thumb, int dayOfYear);
-BoxScroll CalcYearScroll(int code, int position, int thumb);
+// In days. code: SB_..., thumb: the position that came with the message, dayOfYear: of the first shown day. The bar
+// itself cuts the new position to its range.
+ScrollStep CalcWeekScroll(int code, int position, int thumb, int dayOfYear);
+// In years.
+ScrollStep CalcYearScroll(int code, int position, int thumb);
 
 // Where the thumb of the week view stands after a change of size or date. Not the number of the week: six positions are
 // taken back for each whole week, so that it counts weeks and the days beyond the last whole one.

@@ -1,18 +1,22 @@
 #include "views/daygrid/DayGridCtrl.h"
 
+#include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
 #include "views/daygrid/BarPainter.h"
 #include "views/daygrid/MonthCellLook.h"
 
-namespace
-{
+#include <algorithm>
+
+namespace {
 
 constexpr UINT kMoreMarkBitmap = 18007;
 constexpr COLORREF kTransparent = RGB(255, 0, 255);
-constexpr int kNoTop = -1; // of an item without a rectangle
-constexpr int kMarkGap = 1; // pixels after a mark of an item
-constexpr int kTextGap = 2; // and more before the text
+constexpr int kNoTop = -1;              // of an item without a rectangle
+constexpr int kMarkGap = 1;             // pixels after a mark of an item
+constexpr int kTextGap = 2;             // and more before the text
+constexpr int kCellMargin = 2;          // pixels around a box that its frame may touch
+constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
 
 bool IsShown(const dayvane::tagCALENDAR_ITEM& item)
 {
@@ -24,7 +28,7 @@ bool IsShown(const dayvane::tagCALENDAR_ITEM& item)
 IMPLEMENT_DYNAMIC(CDayGridCtrl, CCalendarCtrl)
 
 BEGIN_MESSAGE_MAP(CDayGridCtrl, CCalendarCtrl)
-    ON_WM_DESTROY()
+ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -53,7 +57,8 @@ void CDayGridCtrl::LoadMoreMark()
         return;
     CBitmap bitmap;
     CImageList images;
-    if (bitmap.LoadBitmap(kMoreMarkBitmap) && images.Create(kMoreMarkWidth, kMoreMarkHeight, ILC_COLOR24 | ILC_MASK, 1, 1) &&
+    if (bitmap.LoadBitmap(kMoreMarkBitmap) &&
+        images.Create(kMoreMarkWidth, kMoreMarkHeight, ILC_COLOR24 | ILC_MASK, 1, 1) &&
         images.Add(&bitmap, kTransparent) == 0)
         m_hMoreMark = images.ExtractIcon(0);
 }
@@ -65,10 +70,6 @@ void CDayGridCtrl::DeleteAllItems()
     ScreenItemsChanged();
     ClearMoreMarks();
     CCalendarCtrl::DeleteAllItems();
-}
-
-void CDayGridCtrl::ClearMoreMarks()
-{
 }
 
 CString CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
@@ -98,6 +99,101 @@ int CDayGridCtrl::ScreenItemAt(CPoint point)
             return i;
     }
     return -1;
+}
+
+// ---- Boxes
+
+COleDateTime CDayGridCtrl::LastDateOfBox(int nBox)
+{
+    return dayvane::EndOfDay(DateOfBox(nBox));
+}
+
+int CDayGridCtrl::BoxOfDate(const COleDateTime& date)
+{
+    const int position = PositionOf(date);
+    return position >= 0 && position < GetBoxCount() ? position : -1;
+}
+
+int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
+{
+    info.nItem = info.nScreenItem = -1;
+    info.nHitCode = CCHT_NOWHERE;
+    const int box = BoxAt(point);
+    if (box == -1)
+        return -1;
+    dayvane::ToSystemTime(DateOfBox(box), info.time);
+    info.nScreenItem = ScreenItemAt(point);
+    if (info.nScreenItem != -1)
+        info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
+    if (point.y < GetBoxRect(box).top + GetHitStripHeight())
+        info.nHitCode = CCHT_ONDAYCAPTION;
+    else
+        info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : CCHT_ONCELL;
+    return info.nItem;
+}
+
+void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
+{
+    const int box = BoxOfDate(date);
+    if (box == -1 || !m_hWnd)
+        return;
+    CRect rect = GetBoxRect(box);
+    rect.InflateRect(kCellMargin, kCellMargin);
+    InvalidateRect(&rect, FALSE);
+}
+
+void CDayGridCtrl::InvalidateCellRectRange()
+{
+    COleDateTime begin;
+    COleDateTime end;
+    if (!m_hWnd || !GetSelRange(begin, end))
+        return;
+    const int last = std::min(PositionOf(end), GetBoxCount() - 1);
+    for (int i = std::max(PositionOf(begin), 0); i <= last; ++i) {
+        const CRect rect = GetBoxRect(i);
+        InvalidateRect(&rect, FALSE);
+    }
+}
+
+void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
+{
+    const int box = BoxOfDate(m_dtSelBegin);
+    bFound = box != -1 ? 1 : 0;
+    rect = bFound ? GetBoxRect(box) : CRect(-1, -1, -1, -1);
+}
+
+// ---- Selection
+
+BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags)
+{
+    if (end.GetStatus() != COleDateTime::valid)
+        return FALSE;
+    m_dtPrevSelEnd = m_dtSelEnd;
+    m_dtSelEnd = end;
+    if (!(nFlags & kExtendSelection))
+        m_dtSelBegin = end;
+    if (!m_hWnd)
+        return FALSE;
+    const int position = PositionOf(end);
+    if (bBack ? position < 0 : position >= GetBoxCount())
+        return TRUE;
+    InvalidateRect(&m_rcContent, FALSE);
+    return FALSE;
+}
+
+void CDayGridCtrl::NotifySelDateChange(const COleDateTime& date)
+{
+    SYSTEMTIME time = {};
+    dayvane::ToSystemTime(date, time);
+    Notify(CCN_SELDATECHANGE, -1, 0, CPoint(-1, -1), time, CCHT_ONCELL);
+}
+
+void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
+{
+    COleDateTime first;
+    COleDateTime last;
+    GetViewRange(first, last);
+    Notify(CCN_VIEWRANGECHANGE, date, first, last, nValue);
 }
 
 // ---- Paint

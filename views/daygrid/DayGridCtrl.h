@@ -1,4 +1,5 @@
-// What the month, week and year views share as windows: item bars that are drawn and hit, and the more-items mark.
+// What the month, week and year views share as windows: boxes that stand for dates, item bars that are drawn and hit,
+// and the more-items mark.
 #pragma once
 
 #include "core/CalendarCtrl.h"
@@ -19,20 +20,48 @@ public:
 
     void DeleteAllItems() override; // clears the more-items marks too
 
-    // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items of
-    // that day or month. Enter or a click makes an item current and tells CCN_ITEMCLICK; an item can be dragged out of
-    // the list into the view; Escape or a press elsewhere closes it.
+    // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items
+    // of that day or month. Enter or a click makes an item current and tells CCN_ITEMCLICK; an item can be dragged out
+    // of the list into the view; Escape or a press elsewhere closes it.
     void EnableMoreList(BOOL bEnable);
     BOOL IsMoreListEnabled() const { return m_bMoreListEnabled; }
     BOOL IsMoreListOpen() const { return m_pMoreList != nullptr; }
 
 protected:
-    enum { kMoreMarkWidth = 20, kMoreMarkHeight = 8 }; // pixels
+    enum
+    {
+        kMoreMarkWidth = 20,
+        kMoreMarkHeight = 8
+    }; // pixels
 
-    // Hooks of the views.
-    virtual void ClearMoreMarks();                                              // no item is hidden any more
+    // ---- Hooks of the views. The boxes stand for days or months, in the order of time.
+    virtual int GetBoxCount() = 0;
+    virtual CRect GetBoxRect(int nBox) = 0;
+    virtual int BoxAt(CPoint point) = 0;          // -1: none
+    virtual int GetHitStripHeight() = 0;          // pixels at the top of a box that answer as its caption
+    virtual COleDateTime DateOfBox(int nBox) = 0; // 00:00 of its first day; may be invalid
+    virtual COleDateTime LastDateOfBox(int nBox); // 23:59:59 of its last day: of its only one here
+    // The position of the date counted from box 0, also beyond the boxes; -1 without a date or a range.
+    virtual int PositionOf(const COleDateTime& date) = 0;
+    virtual BOOL HasMoreMark(int nBox) = 0;
+    virtual void ClearMoreMarks() = 0; // no item is hidden any more
     virtual CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
+
+    int BoxOfDate(const COleDateTime& date); // -1: not shown
+    // HitTest for a point of the boxes, which a view may have moved.
+    int HitBoxes(tagCCHITTESTINFO& info, CPoint point);
+
+    void InvalidateCellRect(COleDateTime date) override;
+    void InvalidateCellRectRange() override;
+    void GetCurCellRect(CRect& rect, int& bFound) override;
+    // Keys: moves the selection end to the date, the start too unless nFlags extends. TRUE when the end has left the
+    // boxes in that direction: the view is to scroll then.
+    BOOL MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags);
+
+    // The window may be gone after each.
+    void NotifySelDateChange(const COleDateTime& date);
+    void NotifyViewRangeChange(const COleDateTime& date, int nValue);
 
     // Positions in the screen list of the items that are drawn and hit: those that have a rectangle and are not hidden.
     // A view that changes its screen items tells so; an open list of a box's items closes then.
@@ -59,8 +88,7 @@ protected:
         COleDateTime first; // days that it stands for
         COleDateTime last;
     };
-    virtual int GetMoreBoxCount();
-    virtual BOOL GetMoreBox(int nBox, MoreBox& box); // FALSE: the box shows no mark
+    BOOL GetMoreBox(int nBox, MoreBox& box); // FALSE: the box shows no mark
     static CRect MoreMarkOf(const CRect& box)
     {
         return CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom);

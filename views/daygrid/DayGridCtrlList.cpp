@@ -6,8 +6,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 constexpr UINT kOpenKey = VK_F4;
 } // namespace
 
@@ -18,14 +17,11 @@ void CDayGridCtrl::EnableMoreList(BOOL bEnable)
         CloseMoreList();
 }
 
-int CDayGridCtrl::GetMoreBoxCount()
+BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
 {
-    return 0;
-}
-
-BOOL CDayGridCtrl::GetMoreBox(int, MoreBox&)
-{
-    return FALSE;
+    box = {MoreMarkOf(GetBoxRect(nBox)), DateOfBox(nBox), LastDateOfBox(nBox)};
+    return HasMoreMark(nBox) && box.first.GetStatus() == COleDateTime::valid &&
+           box.last.GetStatus() == COleDateTime::valid;
 }
 
 void CDayGridCtrl::CloseMoreList()
@@ -69,8 +65,8 @@ LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         }
     }
     if (m_bMoreListEnabled) {
-        if (message == WM_LBUTTONDOWN && OpenMoreListAt(CPoint(static_cast<short>(LOWORD(lParam)),
-                                                               static_cast<short>(HIWORD(lParam)))))
+        if (message == WM_LBUTTONDOWN &&
+            OpenMoreListAt(CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)))))
             return 0;
         if (message == WM_KEYDOWN && wParam == kOpenKey && OpenMoreListOf(m_dtSelBegin))
             return 0;
@@ -80,7 +76,7 @@ LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL CDayGridCtrl::OpenMoreListAt(CPoint point)
 {
-    for (int i = 0; i < GetMoreBoxCount(); ++i) {
+    for (int i = 0; i < GetBoxCount(); ++i) {
         MoreBox box;
         if (GetMoreBox(i, box) && box.mark.PtInRect(point))
             return OpenMoreList(box);
@@ -90,7 +86,7 @@ BOOL CDayGridCtrl::OpenMoreListAt(CPoint point)
 
 BOOL CDayGridCtrl::OpenMoreListOf(const COleDateTime& date)
 {
-    for (int i = 0; i < GetMoreBoxCount(); ++i) {
+    for (int i = 0; i < GetBoxCount(); ++i) {
         MoreBox box;
         if (GetMoreBox(i, box) && date >= box.first && date <= box.last)
             return OpenMoreList(box);
@@ -106,8 +102,8 @@ BOOL CDayGridCtrl::OpenMoreList(const MoreBox& box)
         return TRUE;
     CRect mark = box.mark;
     ClientToScreen(&mark);
-    m_pMoreList = CMoreListWnd::Open(this, mark, dayvane::ItemsOfDays(m_arItem, box.first, box.last), m_nItemVersion,
-                                     box.first);
+    m_pMoreList =
+        CMoreListWnd::Open(this, mark, dayvane::ItemsOfDays(m_arItem, box.first, box.last), m_nItemVersion, box.first);
     return TRUE;
 }
 

@@ -1,9 +1,7 @@
 #include "views/daygrid/GdiPens.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr size_t kMaxTools = 64; // of each sort
 

@@ -6,11 +6,10 @@
 #include <memory>
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
-// Hosts choose the colours, so the number of tools is bounded: the oldest goes. A tool must not stay selected while many
-// others are asked for.
+// Hosts choose the colours, so the number of tools is bounded: the oldest goes. A tool must not stay selected while
+// many others are asked for.
 class PenSet
 {
 public:

@@ -2,10 +2,8 @@
 
 #include "core/DateMath.h"
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kSunday = 1;
 constexpr int kSaturday = 7;

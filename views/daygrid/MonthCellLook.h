@@ -3,18 +3,19 @@
 
 #include "views/daygrid/MonthLayout.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 using DayColorTable = CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>;
 
 // Columns of a row of the day colours, and the rows that days get without the host's doing.
-enum MonthDayColor {
+enum MonthDayColor
+{
     MONTHCOLOR_BACKGROUND = 0,
     MONTHCOLOR_OTHERMONTH = 5, // text of a day of another month
     MONTHCOLOR_TEXT = 6,
 };
-enum MonthDayRow {
+enum MonthDayRow
+{
     MONTHROW_ORDINARY = 0,
     MONTHROW_HOLIDAY = 1, // and Sunday
     MONTHROW_SATURDAY = 2,
@@ -27,8 +28,8 @@ struct MonthLookInput
     COLORREF selectedText;
     bool showHoliday;
     bool showSolarTerm;
-    bool showSelection;       // whether selected days look selected
-    int firstSelected;        // day numbers; firstSelected > lastSelected: none
+    bool showSelection; // whether selected days look selected
+    int firstSelected;  // day numbers; firstSelected > lastSelected: none
     int lastSelected;
 };
 

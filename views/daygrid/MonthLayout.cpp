@@ -2,14 +2,11 @@
 
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
-#include "views/daygrid/ScrollCodes.h"
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 bool IsValid(const COleDateTime& date)
 {
@@ -128,13 +125,25 @@ int FirstDayOf(const MonthCellDateArray& dates)
     return kNoDay;
 }
 
-int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
+int PositionOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
 {
     const int firstDay = FirstDayOf(dates);
-    if (firstDay == kNoDay || !IsValid(date))
-        return -1;
-    const int cell = DayNumberOf(date) - firstDay;
+    return firstDay == kNoDay || !IsValid(date) ? -1 : DayNumberOf(date) - firstDay;
+}
+
+int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
+{
+    const int cell = PositionOfDate(dates, date);
     return cell >= 0 && cell < static_cast<int>(dates.GetSize()) ? cell : -1;
+}
+
+void ClearDayProperties(MonthCellDateArray& dates)
+{
+    for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
+        tagCALENDAR_DAY_PROPERTY& property = dates[i].m_dayProperty;
+        property.strText.Empty();
+        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
+    }
 }
 
 // ---- Items
@@ -195,17 +204,11 @@ void ClearLoads(MonthCellArray& cells)
 
 // ---- Scroll bar
 
-MonthScroll CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
+ScrollStep CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
 {
-    struct Step
-    {
-        int code;
-        int position;
-        int weeks;
-    };
     constexpr int kPage = 2;
     const int weekOfYear = dayOfYear / kMonthColumns;
-    const Step steps[] = {
+    const ScrollRow rows[] = {
         // code, new position, weeks
         {SCROLL_LINEUP, position - 1, -1},
         {SCROLL_LINEDOWN, position + 1, 1},
@@ -216,11 +219,9 @@ MonthScroll CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
         {SCROLL_THUMBPOSITION, thumb, thumb - weekOfYear},
         {SCROLL_THUMBTRACK, thumb, thumb - weekOfYear},
     };
-    for (const Step& step : steps) {
-        if (step.code == code)
-            return {true, std::clamp(step.position, kMonthScrollMin, kMonthScrollMax), step.weeks};
-    }
-    return {};
+    ScrollStep scroll = FindScrollStep(rows, code);
+    scroll.position = std::clamp(scroll.position, kMonthScrollMin, kMonthScrollMax);
+    return scroll;
 }
 
 // ---- Hit test
@@ -232,11 +233,6 @@ int CellOfPoint(const MonthCellArray& cells, CPoint point)
             return i;
     }
     return -1;
-}
-
-bool IsInDayCaption(const MonthCell& cell, CPoint point)
-{
-    return point.y < cell.m_rect.top + kMonthMetrics.dayCaptionHeight;
 }
 
 } // namespace dayvane

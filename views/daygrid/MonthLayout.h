@@ -4,9 +4,9 @@
 
 #include "core/CalendarRecords.h"
 #include "views/daygrid/BarGrid.h"
+#include "views/daygrid/ScrollSteps.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 constexpr int kMonthRows = 6;
 constexpr int kMonthColumns = 7; // days of a week
@@ -17,10 +17,10 @@ struct MonthMetrics
 {
     int captionHeight = 30;
     int headerHeight = 16;
-    int headerInset = 2;      // by which a weekday's box is smaller than its part of the header
+    int headerInset = 2;       // by which a weekday's box is smaller than its part of the header
     int dayCaptionHeight = 20; // top of a cell that answers as its caption
     BarRules bars = {{15, 22, 1, 20}, BarReach::ToColumnOfLast, BarOverflow::ByAbsoluteValue};
-    int blockTop = 20;        // blocks of the variant: from the cell's top
+    int blockTop = 20; // blocks of the variant: from the cell's top
     int blockInset = 2;
 };
 constexpr MonthMetrics kMonthMetrics;
@@ -48,12 +48,12 @@ class MonthCellDate
 public:
     virtual ~MonthCellDate() {}
 
-    COleDateTime m_date;     // 00:00; invalid beyond the years 100 to 9999
-    unsigned m_nFlags = 0;   // MonthCellFlags
-    CString m_strText;       // holiday, one blank and solar term, when there is a solar term; else empty
-    CString m_strHoliday;    // empty on a plain day
-    int m_bHoliday = 0;      // 1: a named day
-    int m_nHolidayType = 0;  // of a named day: 0 day off, 1 observance
+    COleDateTime m_date;    // 00:00; invalid beyond the years 100 to 9999
+    unsigned m_nFlags = 0;  // MonthCellFlags
+    CString m_strText;      // holiday, one blank and solar term, when there is a solar term; else empty
+    CString m_strHoliday;   // empty on a plain day
+    int m_bHoliday = 0;     // 1: a named day
+    int m_nHolidayType = 0; // of a named day: 0 day off, 1 observance
     int m_bSolarTerm = 0;
     tagCALENDAR_DAY_PROPERTY m_dayProperty; // set by the host
 };
@@ -100,8 +100,16 @@ inline void FillMonthDates(int firstDay, const COleDateTime& current, const COle
 // The day of cell 0, also where that day is beyond the valid dates; kNoDay when no cell has a date.
 int FirstDayOf(const MonthCellDateArray& dates);
 
+// The date's position counted from cell 0, also beyond the cells; -1 without a date or a grid.
+int PositionOfDate(const MonthCellDateArray& dates, const COleDateTime& date);
 int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date); // -1: not shown
-inline const COleDateTime& DateOfCell(const MonthCellDateArray& dates, int cell) { return dates[cell].m_date; }
+inline const COleDateTime& DateOfCell(const MonthCellDateArray& dates, int cell)
+{
+    return dates[cell].m_date;
+}
+
+// Texts and numbers of all days' properties.
+void ClearDayProperties(MonthCellDateArray& dates);
 
 // ---- Items
 
@@ -124,18 +132,12 @@ constexpr int kMonthScrollMin = 1;
 constexpr int kMonthScrollMax = 52;
 constexpr int kMonthScrollMiddle = 26;
 
-struct MonthScroll
-{
-    bool moves = false; // false: a code that does nothing
-    int position = 0;   // new, within min .. max
-    int weeks = 0;      // by which the grid moves
-};
-// code: SB_..., thumb: the position that came with the message, dayOfYear: of the date that the grid is built around.
-MonthScroll CalcMonthScroll(int code, int position, int thumb, int dayOfYear);
+// In weeks; positions stay within min .. max. code: SB_..., thumb: the position that came with the message, dayOfYear:
+// of the date that the grid is built around.
+ScrollStep CalcMonthScroll(int code, int position, int thumb, int dayOfYear);
 
 // ---- Hit test
 
 int CellOfPoint(const MonthCellArray& cells, CPoint point); // -1: none
-bool IsInDayCaption(const MonthCell& cell, CPoint point);   // the point lies in the cell
 
 } // namespace dayvane

@@ -2,23 +2,21 @@
 
 #include <cstring>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 // Pixels.
 struct MonthPaintMetrics
 {
     int captionInset = 5;
     int captionTextHeight = 18; // font
-    int frameInset = 1;    // from the cell to the frame of a marked day
-    int numberRight = 5;   // from the day number to the cell's right edge
+    int frameInset = 1;         // from the cell to the frame of a marked day
+    int numberRight = 5;        // from the day number to the cell's right edge
     int numberTop = 1;
     int annotationTop = 3; // from the cell's top
     int annotationHeight = 13;
     int annotationLeft = 4;
-    int annotationGap = 4; // to the day number
+    int annotationGap = 4;       // to the day number
     int annotationMinWidth = 20; // a narrower one would be nothing but an ellipsis
     int stripInset = 5;          // from the sides of a box's strip to its texts
     int suffixGap = 2;           // between number and suffix
@@ -141,8 +139,8 @@ void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, con
     pDC->DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | texts.textAlign);
 }
 
-void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells,
-                       const MonthCellDateArray& dates, CFont* font)
+void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const MonthCellDateArray& dates,
+                       CFont* font)
 {
     DrawHeaderBand(pDC, band, kHeaderBand);
     const SelectGdi selectFont(pDC, font);

@@ -7,8 +7,7 @@
 #include "views/daygrid/MonthCellLook.h"
 #include "views/daygrid/TextCache.h"
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Title bands: the month view and its variant.
 constexpr TitleBandColors kMonthBand = {0x7BDBFF, 0x1096FF, 0x216DEF};
@@ -46,7 +45,7 @@ public:
     void Create();
     void Delete();
 
-    CFont weekday;    // weekday names
+    CFont weekday; // weekday names
     CFont dayNumber;
     CFont smallLatin; // for the printer
     CFont annotation; // holidays, solar terms, the host's text for a day
@@ -78,8 +77,8 @@ struct CaptionTexts
 void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
                      COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts);
 
-void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells,
-                       const MonthCellDateArray& dates, CFont* font);
+void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const MonthCellDateArray& dates,
+                       CFont* font);
 
 // The border of the calendar and the lines between the cells.
 void DrawMonthGrid(CDC* pDC, const CRect& calendar, CSize cellSize, CPen* pen);

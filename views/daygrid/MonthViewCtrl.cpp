@@ -6,15 +6,10 @@
 
 #include <civil.h>
 
-#include <algorithm>
-
-namespace
-{
+namespace {
 
 constexpr char kWindowClass[] = "MFCMonthViewCtrl";
 constexpr int kRangeChangeValue = 4104; // nValue of CCN_VIEWRANGECHANGE
-constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
-constexpr int kCellMargin = 2;          // pixels around a cell that its frame may touch
 
 // Colours in the order of the control's settings.
 constexpr COLORREF kCaptionColor = 0x3F6CE2;
@@ -28,9 +23,9 @@ constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
 IMPLEMENT_DYNCREATE(CMonthViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CMonthViewCtrl, CDayGridCtrl)
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_WM_VSCROLL()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -115,26 +110,19 @@ void CMonthViewCtrl::MoveCalendar(int nWeeks)
     RebuildDates(static_cast<int>(moved));
     UpdateScreenItems();
     InvalidateClient();
-    COleDateTime first;
-    COleDateTime last;
-    GetViewRange(first, last);
-    Notify(CCN_VIEWRANGECHANGE, m_dtCurrent, first, last, kRangeChangeValue);
+    NotifyViewRangeChange(m_dtCurrent, kRangeChangeValue);
 }
 
 void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
-    const int cell = dayvane::CellOfDate(m_arCellDate, date);
+    const int cell = BoxOfDate(date);
     if (cell != -1)
         m_arCellDate[cell].m_dayProperty = property;
 }
 
 void CMonthViewCtrl::ClearDayProperty()
 {
-    for (int i = 0; i < dayvane::kMonthCells; ++i) {
-        tagCALENDAR_DAY_PROPERTY& property = m_arCellDate[i].m_dayProperty;
-        property.strText.Empty();
-        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
-    }
+    dayvane::ClearDayProperties(m_arCellDate);
 }
 
 int CMonthViewCtrl::GetDayColor(int nCell)
@@ -183,65 +171,11 @@ void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     ScreenItemsChanged();
 }
 
-void CMonthViewCtrl::ClearMoreMarks()
-{
-    dayvane::ClearLoads(m_arCell);
-}
-
-BOOL CMonthViewCtrl::GetMoreBox(int nBox, MoreBox& box)
-{
-    box = {MoreMarkOf(m_arCell[nBox].m_rect), m_arCellDate[nBox].m_date, dayvane::EndOfDay(m_arCellDate[nBox].m_date)};
-    return m_arCell[nBox].m_bMore == 1 && box.first.GetStatus() == COleDateTime::valid;
-}
-
 // ---- Hit test
 
 int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    info.nItem = info.nScreenItem = -1;
-    info.nHitCode = CCHT_NOWHERE;
-    const int cell = dayvane::CellOfPoint(m_arCell, info.pt);
-    if (cell == -1)
-        return -1;
-    dayvane::ToSystemTime(m_arCellDate[cell].m_date, info.time);
-    info.nScreenItem = ScreenItemAt(info.pt);
-    if (info.nScreenItem != -1)
-        info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
-    if (dayvane::IsInDayCaption(m_arCell[cell], info.pt))
-        info.nHitCode = CCHT_ONDAYCAPTION;
-    else
-        info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : CCHT_ONCELL;
-    return info.nItem;
-}
-
-void CMonthViewCtrl::InvalidateCellRect(COleDateTime date)
-{
-    const int cell = dayvane::CellOfDate(m_arCellDate, date);
-    if (cell == -1 || !m_hWnd)
-        return;
-    CRect rect = m_arCell[cell].m_rect;
-    rect.InflateRect(kCellMargin, kCellMargin);
-    InvalidateRect(&rect, FALSE);
-}
-
-void CMonthViewCtrl::InvalidateCellRectRange()
-{
-    COleDateTime begin;
-    COleDateTime end;
-    if (!m_hWnd || !GetSelRange(begin, end))
-        return;
-    const int firstDay = dayvane::FirstDayOf(m_arCellDate);
-    const int first = std::max(dayvane::DayNumberOf(begin) - firstDay, 0);
-    const int last = std::min(dayvane::DayNumberOf(end) - firstDay, dayvane::kMonthCells - 1);
-    for (int i = first; i <= last; ++i)
-        InvalidateRect(&m_arCell[i].m_rect, FALSE);
-}
-
-void CMonthViewCtrl::GetCurCellRect(CRect& rect, int& bFound)
-{
-    const int cell = dayvane::CellOfDate(m_arCellDate, m_dtSelBegin);
-    bFound = cell != -1 ? 1 : 0;
-    rect = bFound ? m_arCell[cell].m_rect : CRect(-1, -1, -1, -1);
+    return HitBoxes(info, info.pt);
 }
 
 // ---- Keyboard moves
@@ -268,23 +202,10 @@ void CMonthViewCtrl::MoveRightward(UINT nFlags)
 
 void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    const COleDateTime end = dayvane::AddDays(m_dtSelEnd, nDays);
-    if (end.GetStatus() != COleDateTime::valid)
+    if (!MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags))
         return;
-    const COleDateTime begin = (nFlags & kExtendSelection) ? m_dtSelBegin : end;
-    m_dtPrevSelEnd = m_dtSelEnd;
-    m_dtSelBegin = begin;
-    m_dtSelEnd = end;
-    if (!m_hWnd)
-        return;
-    COleDateTime first;
-    COleDateTime last;
-    GetViewRange(first, last);
-    const bool leavesView = nDays < 0 ? end < first : end > last;
-    if (!leavesView) {
-        InvalidateRect(&m_rcContent, FALSE);
-        return;
-    }
+    const COleDateTime begin = m_dtSelBegin;
+    const COleDateTime end = m_dtSelEnd;
     Alive alive(this);
     SendMessage(WM_VSCROLL, nDays < 0 ? SB_LINEUP : SB_LINEDOWN);
     if (!alive)
@@ -298,10 +219,6 @@ void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 
 void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
-    Alive alive(this);
-    FinishEdit(TRUE);
-    if (!alive)
-        return;
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
     SCROLLINFO info = {};
@@ -320,29 +237,25 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     info.cbSize = sizeof(info);
     info.fMask = SIF_ALL;
     GetScrollInfo(SB_VERT, &info);
-    const dayvane::MonthScroll scroll =
+    const dayvane::ScrollStep scroll =
         dayvane::CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
-    const int days = scroll.weeks * dayvane::kMonthColumns;
-    if (!scroll.moves || dayvane::AddDays(m_dtCurrent, days).GetStatus() != COleDateTime::valid)
+    const int days = scroll.step * dayvane::kMonthColumns;
+    COleDateTime date = dayvane::AddDays(m_dtCurrent, days);
+    if (!scroll.moves || date.GetStatus() != COleDateTime::valid)
         return;
     Alive alive(this);
-    FinishEdit(TRUE);
+    const bool isSelected = dayvane::IsSameDay(m_dtSelBegin, date) && dayvane::IsSameDay(m_dtSelEnd, date);
+    if (days != 0 || !isSelected)
+        NotifySelDateChange(date);
     if (!alive)
         return;
-    if (days != 0) {
-        SYSTEMTIME time = {};
-        dayvane::ToSystemTime(dayvane::AddDays(m_dtCurrent, days), time);
-        Notify(CCN_SELDATECHANGE, -1, 0, CPoint(-1, -1), time, CCHT_ONCELL);
-        if (!alive)
-            return;
-    }
     // The host may have set another date meanwhile.
-    const COleDateTime date = dayvane::AddDays(m_dtCurrent, days);
+    date = dayvane::AddDays(m_dtCurrent, days);
     if (date.GetStatus() != COleDateTime::valid)
         return;
     m_dtCurrent = m_dtScroll = date;
     m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
-    MoveCalendar(scroll.weeks);
+    MoveCalendar(scroll.step);
     if (!alive)
         return;
     m_dtSelBegin = m_dtSelEnd = m_dtCurrent;

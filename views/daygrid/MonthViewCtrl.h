@@ -4,8 +4,9 @@
 // The grid starts with the week of the 1st of the month; scrolling then moves it by whole weeks, without regard to
 // months. Window style: WS_VSCROLL gives the scroll bar.
 //
-// Notifications besides those of CCalendarCtrl: CCN_SELDATECHANGE before scrolling moves the selected date (time: the
-// date that will be selected), CCN_VIEWRANGECHANGE with nValue 4104 after the grid has moved.
+// Notifications besides those of CCalendarCtrl: CCN_SELDATECHANGE before scrolling moves the grid or the selected date
+// (time: the date that scrolling selects; a key that scrolls keeps its own date selected afterwards),
+// CCN_VIEWRANGECHANGE with nValue 4104 after the grid has moved.
 #pragma once
 
 #include "views/daygrid/DayGridCtrl.h"
@@ -57,9 +58,14 @@ protected:
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
-    void ClearMoreMarks() override;
-    int GetMoreBoxCount() override { return dayvane::kMonthCells; }
-    BOOL GetMoreBox(int nBox, MoreBox& box) override;
+    int GetBoxCount() override { return dayvane::kMonthCells; }
+    CRect GetBoxRect(int nBox) override { return m_arCell[nBox].m_rect; }
+    int BoxAt(CPoint point) override { return dayvane::CellOfPoint(m_arCell, point); }
+    int GetHitStripHeight() override { return dayvane::kMonthMetrics.dayCaptionHeight; }
+    COleDateTime DateOfBox(int nBox) override { return m_arCellDate[nBox].m_date; }
+    int PositionOf(const COleDateTime& date) override { return dayvane::PositionOfDate(m_arCellDate, date); }
+    BOOL HasMoreMark(int nBox) override { return m_arCell[nBox].m_bMore == 1; }
+    void ClearMoreMarks() override { dayvane::ClearLoads(m_arCell); }
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCalendar(CDC* pDC, CRect rcCalendar);
@@ -69,9 +75,6 @@ protected:
     virtual void DrawTodayRect(CDC* pDC, CRect rect);
     virtual void DrawFocusRect(CDC* pDC, CRect rect);
 
-    void InvalidateCellRect(COleDateTime date) override;
-    void InvalidateCellRectRange() override;
-    void GetCurCellRect(CRect& rect, int& bFound) override;
     void MoveForward(UINT nFlags) override;  // a week earlier
     void MoveBackward(UINT nFlags) override; // a week later
     void MoveLeftward(UINT nFlags) override;
@@ -85,9 +88,9 @@ protected:
     COleDateTime m_dtCurrent; // the grid's month is this date's
     COleDateTime m_dtScroll;  // shown in the title band; follows m_dtCurrent
     CString m_strTitle;
-    CArray<CCell, const CCell&> m_arHeaderCell;         // 7
-    CArray<CCell, const CCell&> m_arCell;               // 42
-    CArray<CCellDate, const CCellDate&> m_arCellDate;   // 42
+    CArray<CCell, const CCell&> m_arHeaderCell;       // 7
+    CArray<CCell, const CCell&> m_arCell;             // 42
+    CArray<CCellDate, const CCellDate&> m_arCellDate; // 42
     dayvane::MonthFonts m_fonts;
     COLORREF m_crOtherMonth; // kept for derived views
     COLORREF m_crButtonFace;

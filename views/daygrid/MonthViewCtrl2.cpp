@@ -5,8 +5,7 @@
 
 #include <vector>
 
-namespace
-{
+namespace {
 
 // Pixels.
 constexpr int kBoxInset = 1;     // from the item's rectangle to its box

@@ -4,8 +4,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 
-namespace
-{
+namespace {
 constexpr int kTextFont = 2; // template in m_lfFonts
 }
 
@@ -18,15 +17,15 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
     DrawHeader(pDC, m_rcRuler);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     for (int i = 0; i < dayvane::kMonthCells; ++i) {
-        if (m_arCell[i].m_bMore == 1)
+        if (HasMoreMark(i))
             DrawMoreMark(pDC, m_arCell[i].m_rect);
     }
 }
 
 dayvane::MonthLookInput CMonthViewCtrl::LookInput()
 {
-    dayvane::MonthLookInput input = {m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE,
-                                     m_bShow24Setuki != FALSE, false, 0, 0};
+    dayvane::MonthLookInput input = {
+        m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0};
     COleDateTime begin;
     COleDateTime end;
     input.showSelection = GetSelRange(begin, end) && IsSelectionShown();

@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
+namespace dayvane {
 
 std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last)
 {
@@ -21,7 +20,8 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
         if (start <= end && start <= lastDay && end >= firstDay)
             found.push_back(i);
     }
-    std::stable_sort(found.begin(), found.end(), [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
+    std::stable_sort(found.begin(), found.end(),
+                     [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
     return found;
 }
 

@@ -6,8 +6,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Pixels, but for the rows.
 struct MoreListMetrics
@@ -38,8 +37,8 @@ public:
     int Current() const { return m_current; }        // row, -1 none
     int Top() const { return m_top; }                // first row in sight
 
-    CRect RowRect(int row) const;   // also of rows out of sight
-    int RowAt(CPoint point) const;  // -1: none in sight there
+    CRect RowRect(int row) const;  // also of rows out of sight
+    int RowAt(CPoint point) const; // -1: none in sight there
 
     // Makes the row current and brings it in sight; rows beyond the ends are cut to them.
     void SetCurrent(int row);

@@ -5,8 +5,7 @@
 
 #include <utility>
 
-namespace
-{
+namespace {
 
 constexpr char kWindowClass[] = "DayvaneMoreList";
 constexpr COLORREF kGround = 0xFFFFFF;
@@ -23,15 +22,15 @@ CRect WorkAreaAt(const CRect& rect)
 } // namespace
 
 BEGIN_MESSAGE_MAP(CMoreListWnd, CWnd)
-    ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
-    ON_WM_LBUTTONDOWN()
-    ON_WM_LBUTTONUP()
-    ON_WM_RBUTTONDOWN()
-    ON_WM_MOUSEMOVE()
-    ON_WM_MOUSEWHEEL()
-    ON_WM_CAPTURECHANGED()
-    ON_WM_MOUSEACTIVATE()
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_RBUTTONDOWN()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEWHEEL()
+ON_WM_CAPTURECHANGED()
+ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
 CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
@@ -40,8 +39,8 @@ CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigne
 {
 }
 
-CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items,
-                                 unsigned nItemVersion, const COleDateTime& dtFirst)
+CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
+                                 const COleDateTime& dtFirst)
 {
     if (items.empty())
         return nullptr;
@@ -53,8 +52,7 @@ CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::v
     if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0))
         return nullptr; // it has deleted itself
     list->m_model.SetCurrent(0);
-    ::SetWindowPos(list->m_hWnd, HWND_TOPMOST, 0, 0, 0, 0,
-                   SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    ::SetWindowPos(list->m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     list->SetCapture();
     return list;
 }

@@ -17,7 +17,7 @@ public:
                               const COleDateTime& dtFirst);
     // A key that the control got; TRUE when it is the list's. The list may be gone afterwards.
     BOOL OnKey(UINT nKey);
-    void Close(); // the object is gone afterwards
+    void Close();                                        // the object is gone afterwards
     int GetCurrent() const { return m_model.Current(); } // row
 
 protected:

@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 int KindOfPiece(bool before, bool after)
 {
@@ -73,7 +71,7 @@ void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, cons
         tagCALENDAR_ITEM& piece = pieces.Next();
         piece = item;
         piece.nSource = source;
-        piece.nPiece = KindOfPiece(startDay < day, endDay > last);
+        piece.nPiece = KindOfPiece(startDay<day, endDay> last);
         piece.bNoFocus = FALSE;
         piece.rcItem.NormalizeRect();
         if (day != startDay)

@@ -3,10 +3,8 @@
 #include <climits>
 #include <vector>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr size_t kMaxLines = 4096; // a few screens full of texts
 constexpr wchar_t kEllipsis[] = L"...";

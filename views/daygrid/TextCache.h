@@ -9,16 +9,15 @@
 #include <string>
 #include <unordered_map>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // For one kind of device: what fits on the screen is not what fits on a printer.
 class TextCache
 {
 public:
-    // Draws the text in the font that is selected into the device context, in the code page of its character set. Format:
-    // DT_LEFT, DT_CENTER or DT_RIGHT; DT_VCENTER or DT_TOP; DT_END_ELLIPSIS. Nothing is drawn outside the rectangle.
-    // Ampersands are plain characters, control characters are blanks.
+    // Draws the text in the font that is selected into the device context, in the code page of its character set.
+    // Format: DT_LEFT, DT_CENTER or DT_RIGHT; DT_VCENTER or DT_TOP; DT_END_ELLIPSIS. Nothing is drawn outside the
+    // rectangle. Ampersands are plain characters, control characters are blanks.
     void Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format);
 
     // The width of the whole text in the selected font, pixels.

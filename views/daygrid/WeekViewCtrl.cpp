@@ -9,8 +9,7 @@
 #include <algorithm>
 #include <clocale>
 
-namespace
-{
+namespace {
 
 using dayvane::kNoDay;
 using dayvane::kWeekBoxes;
@@ -19,19 +18,9 @@ constexpr char kWindowClass[] = "MFCWeekViewCtrl";
 constexpr int kLastShown = kWeekBoxes - 1; // days from the first to the last
 constexpr int kTextFont = 2;               // template in m_lfFonts
 
-dayvane::CalendarColors WeekColors()
-{
-    dayvane::CalendarColors colors;
-    colors.caption = 0x8F9300;
-    colors.captionText = 0xFFFFFF;
-    colors.ruler = 0xCE9A63;
-    colors.rulerText = 0xCF9365;
-    colors.content = 0xFFFFFF;
-    colors.grid = 0xE1BFA5;
-    colors.border = 0x2299EE;
-    return colors;
-}
-
+constexpr dayvane::CalendarColors kWeekColors = {
+    // caption, caption text, ruler, ruler text, content, grid, border
+    0x8F9300, 0xFFFFFF, 0xCE9A63, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 constexpr dayvane::TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
 constexpr dayvane::HeaderBandColors kDayStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 constexpr dayvane::HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
@@ -58,36 +47,15 @@ IMPLEMENT_DYNCREATE(CWeekViewCtrl, CBoxViewCtrl)
 // ---- Lifetime
 
 CWeekViewCtrl::CWeekViewCtrl()
-    : CBoxViewCtrl(dayvane::kWeekMetrics, {m_rcDay, m_rcDayCaption, m_bMore}, kWindowClass, WeekColors())
+    : CBoxViewCtrl({kWindowClass, "Weekly Calendar", dayvane::kWeekMetrics, kWeekColors},
+                   {m_rcDay, m_rcDayCaption, m_bMore})
 {
-    m_strTitle = "Weekly Calendar";
-    for (int i = 0; i < kWeekBoxes; ++i)
-        m_rcDay[i] = m_rcDayCaption[i] = CRect(0, 0, 0, 0);
-    SetRange(dayvane::Now());
+    Start();
 }
 
 CWeekViewCtrl::~CWeekViewCtrl()
 {
     DestroyWindow();
-}
-
-BOOL CWeekViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
-{
-    return CreateBoxWindow(kWindowClass, dwStyle, rect, pParent, nID, pContext);
-}
-
-const CRect& CWeekViewCtrl::GetDayRect(int nDay) const
-{
-    if (nDay < 0 || nDay >= kWeekBoxes)
-        AfxThrowInvalidArgException();
-    return m_rcDay[nDay];
-}
-
-BOOL CWeekViewCtrl::IsMore(int nDay) const
-{
-    if (nDay < 0 || nDay >= kWeekBoxes)
-        AfxThrowInvalidArgException();
-    return m_bMore[nDay];
 }
 
 // ---- Dates
@@ -140,14 +108,9 @@ COleDateTime CWeekViewCtrl::DateOfBox(int nBox)
     return m_arDayDate[nBox].m_date;
 }
 
-COleDateTime CWeekViewCtrl::LastDateOfBox(int nBox)
+BOOL CWeekViewCtrl::HasMoreMark(int nBox)
 {
-    return dayvane::EndOfDay(DateOfBox(nBox));
-}
-
-BOOL CWeekViewCtrl::GetMoreBox(int nBox, MoreBox& box)
-{
-    return nBox != kLastShown && CBoxViewCtrl::GetMoreBox(nBox, box);
+    return nBox != kLastShown && CBoxViewCtrl::HasMoreMark(nBox);
 }
 
 dayvane::DayRows CWeekViewCtrl::GetRows()
@@ -169,11 +132,7 @@ void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROP
 
 void CWeekViewCtrl::ClearDayProperty()
 {
-    for (int i = 0; i < kWeekBoxes; ++i) {
-        tagCALENDAR_DAY_PROPERTY& property = m_arDayDate[i].m_dayProperty;
-        property.strText.Empty();
-        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
-    }
+    dayvane::ClearDayProperties(m_arDayDate);
 }
 
 int CWeekViewCtrl::GetDayColor(int nDay)
@@ -205,10 +164,10 @@ void CWeekViewCtrl::MoveRightward(UINT nFlags)
 
 void CWeekViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
+    SelectByKey(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
 }
 
-dayvane::BoxScroll CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+dayvane::ScrollStep CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
 {
     return dayvane::CalcWeekScroll(nCode, nPos, nThumb, m_dtRangeStart.GetDayOfYear());
 }
@@ -263,8 +222,13 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 
 dayvane::MonthCellLook CWeekViewCtrl::LookOf(int nDay)
 {
-    const dayvane::MonthLookInput input = {m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE,
-                                           m_bShow24Setuki != FALSE, IsBoxSelected(nDay) != FALSE, INT_MIN, INT_MAX};
+    const dayvane::MonthLookInput input = {m_arDayColors,
+                                           m_colors.highlightText,
+                                           m_bShowHoliday != FALSE,
+                                           m_bShow24Setuki != FALSE,
+                                           IsBoxSelected(nDay) != FALSE,
+                                           INT_MIN,
+                                           INT_MAX};
     return dayvane::CalcCellLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
 }
 
@@ -300,22 +264,11 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
         color = m_colors.highlightText;
     CString number;
     number.Format("%d/%d", date.GetMonth(), date.GetDay());
-    dayvane::DrawStripTexts(pDC, rcCaption, {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor},
-                            m_fonts);
-}
-
-void CWeekViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
-{
-    DrawFrame(pDC, rect, dayvane::kTodayFrame);
-}
-
-void CWeekViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
-{
-    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
+    dayvane::DrawStripTexts(pDC, rcCaption,
+                            {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor}, m_fonts);
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
 {
-    if (nBox != kLastShown)
-        DrawMoreMark(pDC, m_rcDay[nBox]);
+    DrawMoreMark(pDC, m_rcDay[nBox]);
 }

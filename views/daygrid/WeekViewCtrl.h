@@ -1,8 +1,8 @@
 // CWeekViewCtrl: a week as eight day boxes in two rows of four, in the manner of a desk diary. The eighth box is the
 // first day of the next week; it never shows the more-items mark.
 //
-// Window style: WS_VSCROLL gives the scroll bar, a line of which is a week and a page four. Dropping the thumb at position
-// p moves the range by (day of the year of its first day - 7 p) days; the ends of the bar only move the thumb.
+// Window style: WS_VSCROLL gives the scroll bar, a line of which is a week and a page four. Dropping the thumb at
+// position p moves the range by (day of the year of its first day - 7 p) days; the ends of the bar only move the thumb.
 #pragma once
 
 #include "views/daygrid/BoxViewCtrl.h"
@@ -17,8 +17,6 @@ public:
     CWeekViewCtrl();
     ~CWeekViewCtrl() override;
 
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
-
     COleDateTime GetCurrentDate() override; // the selection start; the date that was set when nothing is selected
     // Selects the date at 00:00.
     void SetCurrentDate(const COleDateTime& date) override;
@@ -30,18 +28,16 @@ public:
     int GetDayColor(int nDay) override;
 
     // The boxes in the order of the days, 0..7; other indices throw CInvalidArgException.
-    const CRect& GetDayRect(int nDay) const;
-    BOOL IsMore(int nDay) const; // an item of the day did not fit
+    const CRect& GetDayRect(int nDay) const { return GetBox(nDay); }
 
 protected:
     void CalcRange(const COleDateTime& date) override;
     int PositionOf(const COleDateTime& date) override;
     COleDateTime DateOfBox(int nBox) override;
-    COleDateTime LastDateOfBox(int nBox) override;
-    BOOL GetMoreBox(int nBox, MoreBox& box) override; // never the eighth
+    BOOL HasMoreMark(int nBox) override; // never the eighth
     dayvane::DayRows GetRows() override;
     std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
-    dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;
+    dayvane::ScrollStep CalcScroll(int nCode, int nPos, int nThumb) override;
     SCROLLINFO GetScrollRange() override;
     COleDateTime DateInRangeAfter(int nStep) override;
     COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
@@ -55,8 +51,6 @@ protected:
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
     virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
-    void DrawTodayRect(CDC* pDC, CRect rect, int nDay) override;
-    void DrawFocusRect(CDC* pDC, CRect rect, int nDay) override;
 
     void MoveForward(UINT nFlags) override;  // the box above
     void MoveBackward(UINT nFlags) override; // the box below

@@ -9,8 +9,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 using dayvane::kYearBoxes;
 
@@ -22,24 +21,14 @@ constexpr int kLastOfDecember = 31;
 
 // The combo box, pixels.
 constexpr UINT kComboId = 1;
-constexpr int kComboRight = 5;     // from the caption's right edge
-constexpr int kComboTop = 5;       // from its top
-constexpr int kComboWidth = 200;   // after the first change of size
-constexpr int kComboBottom = 100;  // with its list
+constexpr int kComboRight = 5;    // from the caption's right edge
+constexpr int kComboTop = 5;      // from its top
+constexpr int kComboWidth = 200;  // after the first change of size
+constexpr int kComboBottom = 100; // with its list
 
-dayvane::CalendarColors YearColors()
-{
-    dayvane::CalendarColors colors;
-    colors.caption = 0x505850;
-    colors.captionText = 0xFFFFFF;
-    colors.ruler = 0xCE9A63;
-    colors.rulerText = 0xFFFFFF;
-    colors.content = 0xFFFFFF;
-    colors.grid = 0xE1BFA5;
-    colors.border = 0x2299EE;
-    return colors;
-}
-
+constexpr dayvane::CalendarColors kYearColors = {
+    // caption, caption text, ruler, ruler text, content, grid, border
+    0x505850, 0xFFFFFF, 0xCE9A63, 0xFFFFFF, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 constexpr dayvane::TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
 constexpr dayvane::HeaderBandColors kMonthStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 constexpr COLORREF kMonthText = 0x000000;
@@ -49,20 +38,18 @@ constexpr COLORREF kMonthText = 0x000000;
 IMPLEMENT_DYNCREATE(CYearViewCtrl, CBoxViewCtrl)
 
 BEGIN_MESSAGE_MAP(CYearViewCtrl, CBoxViewCtrl)
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_CBN_SELCHANGE(kComboId, &CYearViewCtrl::OnSelchangeCombo)
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_CBN_SELCHANGE(kComboId, &CYearViewCtrl::OnSelchangeCombo)
 END_MESSAGE_MAP()
 
 // ---- Lifetime
 
 CYearViewCtrl::CYearViewCtrl()
-    : CBoxViewCtrl(dayvane::kYearMetrics, {m_rcMonth, m_rcMonthCaption, m_bMore}, kWindowClass, YearColors())
+    : CBoxViewCtrl({kWindowClass, "Yearly Calendar", dayvane::kYearMetrics, kYearColors},
+                   {m_rcMonth, m_rcMonthCaption, m_bMore})
 {
-    m_strTitle = "Yearly Calendar";
-    for (int i = 0; i < kYearBoxes; ++i)
-        m_rcMonth[i] = m_rcMonthCaption[i] = CRect(0, 0, 0, 0);
-    SetRange(dayvane::Now());
+    Start();
 }
 
 CYearViewCtrl::~CYearViewCtrl()
@@ -72,7 +59,7 @@ CYearViewCtrl::~CYearViewCtrl()
 
 BOOL CYearViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CreateBoxWindow(kWindowClass, dwStyle, rect, pParent, nID, pContext))
+    if (!CBoxViewCtrl::Create(dwStyle, rect, pParent, nID, pContext))
         return FALSE;
     if (!m_bmMore.GetSafeHandle())
         m_bmMore.LoadBitmap(kMoreBitmap);
@@ -93,20 +80,6 @@ BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
     return CWnd::PreTranslateMessage(pMsg);
 }
 
-const CRect& CYearViewCtrl::GetMonthRect(int nMonth) const
-{
-    if (nMonth < 0 || nMonth >= kYearBoxes)
-        AfxThrowInvalidArgException();
-    return m_rcMonth[nMonth];
-}
-
-BOOL CYearViewCtrl::IsMore(int nMonth) const
-{
-    if (nMonth < 0 || nMonth >= kYearBoxes)
-        AfxThrowInvalidArgException();
-    return m_bMore[nMonth];
-}
-
 // ---- Dates
 
 void CYearViewCtrl::CalcRange(const COleDateTime& date)
@@ -114,6 +87,7 @@ void CYearViewCtrl::CalcRange(const COleDateTime& date)
     const int year = dayvane::FieldsOf(date).year; // -1 makes no date either
     m_dtRangeStart = COleDateTime(year, 1, 1, 0, 0, 0);
     m_dtRangeEnd = COleDateTime(year, kDecember, kLastOfDecember, 23, 59, 59);
+    m_nTodayBox = BoxOfDate(dayvane::Now());
 }
 
 int CYearViewCtrl::PositionOf(const COleDateTime& date)
@@ -150,15 +124,15 @@ std::vector<dayvane::BoxSpan> CYearViewCtrl::GetSpans(const CItemArray& screenIt
 
 void CYearViewCtrl::MoveLeftward(UINT nFlags)
 {
-    MoveSelectionTo(dayvane::FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
+    SelectByKey(dayvane::FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
 }
 
 void CYearViewCtrl::MoveRightward(UINT nFlags)
 {
-    MoveSelectionTo(dayvane::FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
+    SelectByKey(dayvane::FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
 }
 
-dayvane::BoxScroll CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+dayvane::ScrollStep CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
 {
     return dayvane::CalcYearScroll(nCode, nPos, nThumb);
 }
@@ -191,10 +165,7 @@ BOOL CYearViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime
 
 void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
-    Alive alive(this);
     CBoxViewCtrl::OnSize(nType, cx, cy);
-    if (!alive)
-        return;
     if (CComboBox* combo = LiveCombo()) {
         const int left = m_rcCaption.right - kComboRight - kComboWidth;
         const CRect rect(left, m_rcCaption.top + kComboTop, left + kComboWidth, kComboBottom);
@@ -268,8 +239,7 @@ COLORREF CYearViewCtrl::GetBoxColor(int)
 
 BOOL CYearViewCtrl::IsToday(int nBox)
 {
-    const COleDateTime now = dayvane::Now();
-    return now.GetStatus() == COleDateTime::valid && PositionOf(now) == nBox;
+    return nBox == m_nTodayBox;
 }
 
 void CYearViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
@@ -288,17 +258,8 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
     number.Format("%d", month + 1);
-    dayvane::DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor}, m_fonts);
-}
-
-void CYearViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
-{
-    DrawFrame(pDC, rect, dayvane::kTodayFrame);
-}
-
-void CYearViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
-{
-    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
+    dayvane::DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor},
+                            m_fonts);
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
@@ -311,6 +272,6 @@ void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
         return;
     const dayvane::SelectGdi selectBitmap(&memory, &m_bmMore);
     const CRect& box = m_rcMonth[nBox];
-    pDC->BitBlt(box.right - bitmap.bmWidth, box.bottom - bitmap.bmHeight, bitmap.bmWidth, bitmap.bmHeight, &memory, 0, 0,
-                SRCCOPY);
+    pDC->BitBlt(box.right - bitmap.bmWidth, box.bottom - bitmap.bmHeight, bitmap.bmWidth, bitmap.bmHeight, &memory, 0,
+                0, SRCCOPY);
 }

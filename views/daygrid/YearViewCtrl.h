@@ -29,8 +29,7 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override; // passes the message on to CWnd
 
     // The boxes, 0 January .. 11 December; other indices throw CInvalidArgException.
-    const CRect& GetMonthRect(int nMonth) const;
-    BOOL IsMore(int nMonth) const; // an item of the month did not fit
+    const CRect& GetMonthRect(int nMonth) const { return GetBox(nMonth); }
 
 protected:
     void CalcRange(const COleDateTime& date) override;
@@ -39,7 +38,7 @@ protected:
     COleDateTime LastDateOfBox(int nBox) override;
     dayvane::DayRows GetRows() override;
     std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
-    dayvane::BoxScroll CalcScroll(int nCode, int nPos, int nThumb) override;
+    dayvane::ScrollStep CalcScroll(int nCode, int nPos, int nThumb) override;
     SCROLLINFO GetScrollRange() override;
     COleDateTime DateInRangeAfter(int nStep) override;
     COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
@@ -54,8 +53,6 @@ protected:
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.
     virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
-    void DrawTodayRect(CDC* pDC, CRect rect, int nMonth) override;
-    void DrawFocusRect(CDC* pDC, CRect rect, int nMonth) override;
 
     void MoveLeftward(UINT nFlags) override;
     void MoveRightward(UINT nFlags) override;
@@ -77,4 +74,5 @@ private:
 
     HWND m_hComboBox = nullptr; // tells whether m_pComboBox is still there
     CBitmap m_bmMore;
+    int m_nTodayBox = -1; // -1: another year
 };

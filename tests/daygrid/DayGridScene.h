@@ -1,0 +1,132 @@
+// A day grid in a real window, with a parent that writes down what it hears. It is 22 April 2026, a Wednesday.
+#pragma once
+
+#include "DayGridTesting.h"
+#include "support/GuiCounts.h"
+#include "support/Input.h"
+#include "support/MemoryDc.h"
+#include "support/RecordingParent.h"
+#include "views/daygrid/MonthViewCtrl.h"
+#include "views/daygrid/WeekViewCtrl.h"
+#include "views/daygrid/YearViewCtrl.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+constexpr int kWidth = 706; // cells of 100 x 100 in the month, boxes of 176 x 308 in the week, of 117 x 308 in the year
+constexpr int kHeight = 647;
+
+inline COleDateTime FixedNow()
+{
+    return COleDateTime(2026, 4, 22, 15, 30, 0);
+}
+
+inline COleDateTime Day(int month, int day)
+{
+    return Day(2026, month, day);
+}
+
+inline tagCC_ITEM ItemOf(const COleDateTime& start, const COleDateTime& end)
+{
+    tagCC_ITEM item;
+    item.dtStart = start;
+    item.dtEnd = end;
+    item.strText = "item";
+    return item;
+}
+
+// What the tests see of a view besides its public side.
+template <class View>
+class Open : public View
+{
+public:
+    using typename View::MoreBox;
+    using View::DrawCtrl;
+    using View::GetBoxCount;
+    using View::GetCurCellRect;
+    using View::GetMoreBox;
+    using View::HasMoreMark;
+    using View::InvalidateCellRect;
+    using View::InvalidateCellRectRange;
+    using View::m_arItem;
+    using View::m_dtSelBegin;
+    using View::m_dtSelEnd;
+    using View::m_nHorzScroll;
+    using View::m_nVertScroll;
+    using View::MoveBackward;
+    using View::MoveForward;
+    using View::MoveLeftward;
+    using View::MoveRightward;
+};
+
+using Lines = std::vector<std::string>;
+
+template <class View>
+class Scene
+{
+public:
+    testsupport::RecordingParent parent;
+    Open<View>* view; // on the heap: hosts delete it in the middle of things
+    testsupport::MemoryDc picture{kWidth, kHeight};
+
+    explicit Scene(const COleDateTime& date = Day(4, 15))
+    {
+        SetCalendarClock(FixedNow);
+        view = new Open<View>;
+        parent.Create(kWidth + 50, kHeight + 50);
+        view->SetCurrentDate(date);
+        const CRect rect(0, 0, kWidth + ::GetSystemMetrics(SM_CXVSCROLL), kHeight);
+        view->Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, rect, &parent, 5);
+        parent.ClearLog();
+    }
+    ~Scene()
+    {
+        delete view;
+        SetCalendarClock(nullptr);
+    }
+
+    void Add(const COleDateTime& start, const COleDateTime& end, int count = 1, COLORREF background = 0xFFFFFF)
+    {
+        tagCC_ITEM item = ItemOf(start, end);
+        item.crColor2 = background;
+        for (int i = 0; i < count; ++i)
+            view->AddItem(&item);
+    }
+
+    // The notifications of a scroll code, a line each.
+    Lines Scroll(UINT code, int thumb = 0)
+    {
+        parent.ClearLog();
+        view->SendMessage(WM_VSCROLL, MAKEWPARAM(code, thumb));
+        return parent.Lines();
+    }
+
+    std::string Selection() const { return Text(view->m_dtSelBegin) + " " + Text(view->m_dtSelEnd); }
+    // First and last day.
+    std::string Range() const
+    {
+        COleDateTime first;
+        COleDateTime last;
+        view->GetViewRange(first, last);
+        EXPECT_TRUE(last == dayvane::EndOfDay(last) || last.GetStatus() != COleDateTime::valid);
+        return Text(first) + " " + Text(dayvane::StartOfDay(last));
+    }
+    std::string HitAt(int x, int y) const
+    {
+        tagCCHITTESTINFO info;
+        info.pt = CPoint(x, y);
+        EXPECT_EQ(view->HitTest(info), info.nItem);
+        EXPECT_EQ(info.nScreenItem == -1, info.nItem == -1);
+        return testsupport::TimeText(info.time).substr(0, 10) + " hit=" + std::to_string(info.nHitCode) +
+               " item=" + std::to_string(info.nItem);
+    }
+    void Paint()
+    {
+        picture.Fill(RGB(1, 2, 3));
+        view->DrawCtrl(&picture.Dc());
+    }
+};
+using Month = Scene<CMonthViewCtrl>;
+using Week = Scene<CWeekViewCtrl>;
+using Year = Scene<CYearViewCtrl>;
