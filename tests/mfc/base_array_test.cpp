@@ -127,7 +127,6 @@ TEST(Array, RefusesWhatLiesOutside)
 struct Counted
 {
     static inline int living = 0;
-    static inline int moves = 0;
     static inline int failAfter = -1;
     int value = 7;
 
@@ -139,7 +138,7 @@ struct Counted
         ++living;
     }
     Counted(const Counted& other) : value(other.value) { ++living; }
-    Counted(Counted&& other) noexcept : value(other.value) { ++living, ++moves; }
+    Counted(Counted&& other) noexcept : value(other.value) { ++living; }
     Counted& operator=(const Counted&) = default;
     ~Counted() { --living; }
 };
@@ -165,28 +164,6 @@ TEST(Array, ConstructsWhenItGrowsAndDestroysWhenItShrinks)
         EXPECT_EQ(array[2].value, 1);
     }
     EXPECT_EQ(Counted::living, 0);
-}
-
-// How often a growing array moves tells its step: an eighth, at least 4 and at most 1024, or what the caller set.
-TEST(Array, GrowsByAnEighthUnlessTold)
-{
-    struct
-    {
-        INT_PTR size;
-        INT_PTR growBy;
-        int addedBeforeMove;
-    } const cases[] = {{1, 0, 4}, {32, 0, 4}, {80, 0, 10}, {10000, 0, 1024}, {80, 25, 25}};
-    for (const auto& c : cases) {
-        CArray<Counted, const Counted&> array;
-        array.SetSize(c.size);
-        array.SetSize(c.size, c.growBy);
-        array.Add(Counted());
-        int added = 1;
-        for (Counted::moves = 0; Counted::moves == 0; ++added) {
-            array.Add(Counted());
-        }
-        EXPECT_EQ(added - 1, c.addedBeforeMove) << c.size << ", grow by " << c.growBy;
-    }
 }
 
 struct Huge

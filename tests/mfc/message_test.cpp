@@ -340,47 +340,4 @@ TEST_F(ReflectionTest, ChildChoosesItsColours)
     EXPECT_EQ(dc.GetTextColor(), RGB(1, 2, 3));
 }
 
-class DrawnButton : public CButton
-{
-public:
-    std::vector<UINT> m_drawn;
-    void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override { m_drawn.push_back(lpDrawItemStruct->CtlID); }
-};
-
-TEST_F(MessageTest, ButtonDrawsItself)
-{
-    DrawnButton button;
-    ASSERT_TRUE(button.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(0, 0, 20, 20), &parent, ChildId));
-    parent.ShowWindow(SW_SHOWNOACTIVATE);
-    button.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    ASSERT_FALSE(button.m_drawn.empty());
-    EXPECT_EQ(button.m_drawn[0], ChildId);
-}
-
-TEST_F(MessageTest, CaptureGoesBackThroughOneMessage)
-{
-    class Capturing : public CWnd
-    {
-    public:
-        int m_lost = 0;
-
-    protected:
-        BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
-        {
-            m_lost += message == WM_CAPTURECHANGED;
-            return CWnd::OnWndMsg(message, wParam, lParam, pResult);
-        }
-    } child;
-    ASSERT_TRUE(child.CreateEx(0, PlainClass(), "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 9, 9), &parent, ChildId));
-    child.SetCapture();
-    EXPECT_EQ(CWnd::GetCapture(), &child);
-    parent.SetCapture();
-    EXPECT_EQ(child.m_lost, 1);
-    ::ReleaseCapture();
-    EXPECT_EQ(CWnd::GetCapture(), nullptr);
-    child.SetCapture();
-    child.DestroyWindow();
-    EXPECT_EQ(CWnd::GetCapture(), nullptr);
-}
-
 } // namespace

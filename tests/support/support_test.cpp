@@ -12,67 +12,41 @@ using namespace testsupport;
 
 namespace {
 
+void FreeGdi(HANDLE object)
+{
+    ::DeleteObject(object);
+}
+
 TEST(GuiCountsTest, SeesEveryKindOfObject)
 {
-    struct Case
+    const struct
     {
         const char* what;
-        std::function<std::function<void()>()> make; // makes an object, answers how to free it
-        bool isGdi;
-    };
-    const Case cases[] = {
-        {"pen",
-         [] {
-             HPEN pen = ::CreatePen(PS_SOLID, 1, 77);
-             return [=] { ::DeleteObject(pen); };
-         },
-         true},
-        {"brush",
-         [] {
-             HBRUSH brush = ::CreateSolidBrush(77);
-             return [=] { ::DeleteObject(brush); };
-         },
-         true},
-        {"font",
-         [] {
-             HFONT font = ::CreateFont(9, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, "Arial");
-             return [=] { ::DeleteObject(font); };
-         },
-         true},
-        {"memory DC",
-         [] {
-             HDC dc = ::CreateCompatibleDC(nullptr);
-             return [=] { ::DeleteDC(dc); };
-         },
-         true},
-        {"menu",
-         [] {
-             HMENU menu = ::CreatePopupMenu();
-             return [=] { ::DestroyMenu(menu); };
-         },
-         false},
+        HANDLE (*make)();
+        void (*free)(HANDLE);
+        int GuiCounts::*count;
+    } kinds[] = {
+        {"pen", [] { return HANDLE(::CreatePen(PS_SOLID, 1, 77)); }, FreeGdi, &GuiCounts::gdiObjects},
+        {"brush", [] { return HANDLE(::CreateSolidBrush(77)); }, FreeGdi, &GuiCounts::gdiObjects},
+        {"font", [] { return HANDLE(::CreateFont(9, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, "Arial")); }, FreeGdi,
+         &GuiCounts::gdiObjects},
+        {"memory DC", [] { return HANDLE(::CreateCompatibleDC(nullptr)); },
+         [](HANDLE dc) { ::DeleteDC(static_cast<HDC>(dc)); }, &GuiCounts::gdiObjects},
+        {"menu", [] { return HANDLE(::CreatePopupMenu()); },
+         [](HANDLE menu) { ::DestroyMenu(static_cast<HMENU>(menu)); }, &GuiCounts::userObjects},
         {"message window",
-         [] {
-             HWND window = ::CreateWindow("static", "", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
-             return [=] { ::DestroyWindow(window); };
-         },
-         false},
-        {"cursor",
-         [] {
-             HCURSOR cursor = CopyCursor(::LoadCursor(nullptr, IDC_ARROW));
-             return [=] { ::DestroyCursor(cursor); };
-         },
-         false},
+         [] { return HANDLE(::CreateWindow("static", "", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr)); },
+         [](HANDLE window) { ::DestroyWindow(static_cast<HWND>(window)); }, &GuiCounts::userObjects},
+        {"cursor", [] { return HANDLE(CopyCursor(::LoadCursor(nullptr, IDC_ARROW))); },
+         [](HANDLE cursor) { ::DestroyCursor(static_cast<HCURSOR>(cursor)); }, &GuiCounts::userObjects},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.what);
-        one.make()(); // fills the system's caches
+    for (const auto& kind : kinds) {
+        kind.free(kind.make()); // fills the system's caches
         const GuiCounts before = GuiCounts::Now();
-        const auto free = one.make();
-        const GuiCounts held = GuiCounts::Now();
-        EXPECT_GT(one.isGdi ? held.gdiObjects : held.userObjects, one.isGdi ? before.gdiObjects : before.userObjects);
-        free();
-        EXPECT_EQ(GuiCounts::Now().Text(), before.Text());
+        const HANDLE held = kind.make();
+        EXPECT_GT(GuiCounts::Now().*kind.count, before.*kind.count) << kind.what;
+        kind.free(held);
+        EXPECT_EQ(GuiCounts::Now().Text(), before.Text()) << kind.what;
     }
 }
 
@@ -99,25 +73,15 @@ protected:
         const std::string point = std::to_string(GET_X_LPARAM(lParam)) + "," + std::to_string(GET_Y_LPARAM(lParam));
         const bool shift = ::GetKeyState(VK_SHIFT) < 0;
         switch (message) {
-        case WM_LBUTTONDOWN:
-            lines.push_back("down " + point);
-            break;
-        case WM_LBUTTONUP:
-            lines.push_back("up " + point);
-            break;
-        case WM_LBUTTONDBLCLK:
-            lines.push_back("double " + point);
-            break;
-        case WM_MOUSEWHEEL:
-            lines.push_back("wheel " + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam)));
-            break;
+        case WM_LBUTTONDOWN: lines.push_back("down " + point); break;
+        case WM_LBUTTONUP: lines.push_back("up " + point); break;
+        case WM_LBUTTONDBLCLK: lines.push_back("double " + point); break;
+        case WM_MOUSEWHEEL: lines.push_back("wheel " + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam))); break;
+        case WM_CHAR: lines.push_back(std::string("char ") + static_cast<char>(wParam)); break;
         case WM_KEYDOWN:
             if (wParam != VK_SHIFT) {
                 lines.push_back("key " + std::to_string(wParam) + (shift ? " shift" : ""));
             }
-            break;
-        case WM_CHAR:
-            lines.push_back(std::string("char ") + static_cast<char>(wParam));
             break;
         }
         return CWnd::WindowProc(message, wParam, lParam);
