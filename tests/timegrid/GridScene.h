@@ -26,11 +26,9 @@ public:
     using View::DrawCtrl;
     using View::GetCurCellRect;
     using View::m_arScreenItem;
-    using View::m_bFulldaySelection;
     using View::m_dtSelBegin;
     using View::m_dtSelEnd;
     using View::m_rcContent;
-    using View::m_rcFulldayContent;
     using View::MoveBackward;
     using View::MoveForward;
     using View::MoveLeftward;
@@ -77,16 +75,9 @@ public:
     void Scroll(UINT code, int thumb = 0) { view->SendMessage(WM_VSCROLL, MAKEWPARAM(code, thumb), 0); }
     int Offset() const { return view->GetVertScrollOffset(); }
     int Position() const { return view->GetScrollPos(SB_VERT); }
-    static std::string Text(const COleDateTime& begin, const COleDateTime& end)
+    std::string Selection() const
     {
-        return (begin.Format("%d %H:%M - ") + end.Format("%d %H:%M")).GetString();
-    }
-    std::string Selection() const { return Text(view->m_dtSelBegin, view->m_dtSelEnd); }
-    std::string TimesOf(int index) const
-    {
-        tagCC_ITEM item;
-        view->GetItem(index, item);
-        return Text(item.dtStart, item.dtEnd);
+        return (view->m_dtSelBegin.Format("%d %H:%M - ") + view->m_dtSelEnd.Format("%d %H:%M")).GetString();
     }
     std::string Range() const
     {

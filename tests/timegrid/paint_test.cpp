@@ -161,6 +161,8 @@ TEST(GridPaint, ColumnsOfManyDays)
     scene.view->ShowNowLine(TRUE);
     scene.Add(At(7, 0), At(8, 0), 0, 0xC0FFC0);
     scene.Add(At(7, 0, 27), At(8, 0, 27), 0, 0xC0FFC0);
+    for (int i = 0; i < 10; ++i) // side by side, too narrow for a letter
+        scene.Add(At(10, 0, 28), At(11, 0, 28), 0, 0xC0FFC0);
     scene.view->Refresh();
     scene.Scroll(SB_THUMBPOSITION, 10);
     MemoryDc dc(900, 500);
@@ -181,6 +183,10 @@ TEST(GridPaint, ColumnsOfManyDays)
     EXPECT_EQ(0, dc.Count(header(3), 0x216FF1));
     EXPECT_GT(dc.Count(header(5), 0x2138EF), 10) << "holiday on a Saturday";
     EXPECT_GT(dc.Count(header(6), 0x0000FF), 5) << "Sunday";
+
+    const CRect narrow(column(4).left + 1, top + 200, column(4).right, top + 240);
+    EXPECT_GT(dc.Count(narrow, 0xC0FFC0), 1000);
+    EXPECT_EQ(0, dc.Count(narrow, 0)) << "pieces of letters";
 
     // A box that is pushed beyond its column ends with it.
     scene.view->m_arScreenItem[0].rcItem.right += 200;

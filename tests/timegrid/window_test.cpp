@@ -357,34 +357,17 @@ TEST(WeekDayProperties, BelongToTheirDays)
     EXPECT_EQ(0, scene.view->IsUseMyWorkTime(1));
 }
 
-TEST(GridMouse, SweepsRowsAndDragsItems)
+TEST(GridMouse, DragsItemsToOtherColumns)
 {
-    using testsupport::messages::Drag;
-    Scene<CDayViewCtrl> day;
-    const HWND window = day.view->m_hWnd;
-    Drag(window, CPoint(200, 100), CPoint(200, 145));
-    COleDateTime begin;
-    COleDateTime end;
-    day.view->GetSelRange(begin, end);
-    EXPECT_EQ(At(1, 0), begin);
-    EXPECT_EQ(At(2, 30), end);
-
-    day.Add(At(3, 0), At(4, 0));
-    Drag(window, CPoint(200, 190), CPoint(200, 250)); // three rows down
-    EXPECT_EQ("26 04:30 - 26 05:30", day.TimesOf(0));
-    Drag(window, CPoint(200, 278), CPoint(200, 310)); // its lower edge, to the row of 6:00
-    EXPECT_EQ("26 04:30 - 26 06:30", day.TimesOf(0));
-    EXPECT_EQ(2, day.parent.Count(CCN_ITEMMOVED));
-
-    testsupport::messages::Click(window, CPoint(200, 45));
-    EXPECT_TRUE(day.view->m_bFulldaySelection);
-
-    Scene<CWeekDayViewCtrl> week(900, 500);
-    week.Add(At(3, 0), At(4, 0));
-    const CPoint from = week.view->GetColumnRect(2).TopLeft();
-    const CPoint to = week.view->GetColumnRect(4).TopLeft();
-    Drag(week.view->m_hWnd, CPoint(from.x + 20, from.y + 130), CPoint(to.x + 20, to.y + 170));
-    EXPECT_EQ("28 04:00 - 28 05:00", week.TimesOf(0));
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    scene.Add(At(3, 0), At(4, 0));
+    const CPoint from = scene.view->GetColumnRect(2).TopLeft();
+    const CPoint to = scene.view->GetColumnRect(4).TopLeft();
+    testsupport::messages::Drag(scene.view->m_hWnd, CPoint(from.x + 20, from.y + 130), CPoint(to.x + 20, to.y + 170));
+    tagCC_ITEM item;
+    scene.view->GetItem(0, item);
+    EXPECT_EQ(At(4, 0, 28), item.dtStart);
+    EXPECT_EQ(At(5, 0, 28), item.dtEnd);
 }
 
 TEST(GridEdit, EndsWhenTheDateChanges)
