@@ -130,3 +130,45 @@ public:
 using Month = Scene<CMonthViewCtrl>;
 using Week = Scene<CWeekViewCtrl>;
 using Year = Scene<CYearViewCtrl>;
+
+struct ScrollCase
+{
+    UINT code;
+    int thumb;
+    const char* range;
+    int position;
+};
+
+// Each from the same date; what is shown then, and where the thumb stands.
+template <class View>
+void ExpectScrolls(const COleDateTime& from, int positionBefore, std::initializer_list<ScrollCase> cases)
+{
+    for (const ScrollCase& c : cases) {
+        Scene<View> scene(from);
+        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), positionBefore);
+        scene.Scroll(c.code, c.thumb);
+        EXPECT_EQ(scene.Range(), c.range) << c.code;
+        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), c.position) << c.code;
+        EXPECT_EQ(scene.parent.Names(), (Lines{"CCN_SELDATECHANGE", "CCN_VIEWRANGECHANGE"})) << c.code;
+    }
+}
+
+struct KeyCase
+{
+    std::initializer_list<int> keys;
+    const char* selection;
+    const char* range;
+};
+
+// Keys one after the other; what is selected and shown after each case.
+template <class View>
+void ExpectAfterKeys(Scene<View>& scene, std::initializer_list<KeyCase> cases)
+{
+    for (const KeyCase& c : cases) {
+        for (int key : c.keys)
+            testsupport::messages::Key(scene.view->m_hWnd, key);
+        testsupport::PumpMessages();
+        EXPECT_EQ(scene.Selection(), c.selection);
+        EXPECT_EQ(scene.Range(), c.range) << "with " << c.selection;
+    }
+}

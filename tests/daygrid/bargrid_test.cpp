@@ -79,22 +79,3 @@ TEST(RowPieces, AreTheIntersectionsWithTheRows)
         }
     }
 }
-
-TEST(BarGrid, FourItemsOfADayLieInLanesUntilTheCellEnds)
-{
-    RandomMonth month(1);
-    month.SetCells(CRect(0, 0, 700, 16), CRect(0, 0, 700, 96 * 6));
-    ItemArray items;
-    items.SetSize(4);
-    for (int i = 0; i < 4; ++i)
-        items[i].dtStart = items[i].dtEnd = DateOfDayNumber(month.firstDay + 8);
-    CalcMonthBars(month.dates, month.cells, items);
-    for (int i = 0; i < 4; ++i) {
-        const int top = 96 + 16 + 20 * i;
-        EXPECT_EQ(Text(items[i].rcItem), Text(CRect(101, top, 199, top + 20)));
-        EXPECT_EQ(items[i].bNoFocus, i == 3) << "a bottom on the cell's bottom is hidden";
-    }
-    EXPECT_EQ(month.cells[8].m_bMore, 1);
-    EXPECT_EQ(month.cells[8].m_nItemCount, 4);
-    EXPECT_EQ(month.cells[7].m_bMore, 0);
-}

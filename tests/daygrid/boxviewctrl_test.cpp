@@ -3,50 +3,6 @@
 
 using namespace testsupport;
 
-namespace {
-
-struct ScrollCase
-{
-    UINT code;
-    int thumb;
-    const char* range;
-    int position;
-};
-
-template <class View>
-void ExpectScrolls(const COleDateTime& from, int positionBefore, std::initializer_list<ScrollCase> cases)
-{
-    for (const ScrollCase& c : cases) {
-        Scene<View> scene(from);
-        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), positionBefore);
-        scene.Scroll(c.code, c.thumb);
-        EXPECT_EQ(scene.Range(), c.range) << c.code;
-        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), c.position) << c.code;
-        EXPECT_EQ(scene.parent.Names(), (Lines{"CCN_SELDATECHANGE", "CCN_VIEWRANGECHANGE"})) << c.code;
-    }
-}
-
-struct KeyCase
-{
-    std::initializer_list<int> keys;
-    const char* selection;
-    const char* range;
-};
-
-template <class View>
-void ExpectAfterKeys(Scene<View>& scene, std::initializer_list<KeyCase> cases)
-{
-    for (const KeyCase& c : cases) {
-        for (int key : c.keys)
-            messages::Key(scene.view->m_hWnd, key);
-        PumpMessages();
-        EXPECT_EQ(scene.Selection(), c.selection);
-        EXPECT_EQ(scene.Range(), c.range) << "with " << c.selection;
-    }
-}
-
-} // namespace
-
 TEST(WeekView, ShowsEightDaysFromTheFirstDayOfTheWeek)
 {
     Week scene(Day(2017, 4, 26)); // a Wednesday

@@ -1,6 +1,8 @@
 // The month view as a window: dates, scrolling, keyboard moves, hit test, and what its parent hears of it.
 #include "DayGridScene.h"
 
+using namespace testsupport;
+
 namespace {
 
 CRect UpdateRectOf(CWnd& window)
@@ -19,7 +21,6 @@ TEST(MonthView, IsLaidOutByItsSize)
     char name[64] = "";
     ::GetClassName(scene.view->m_hWnd, name, sizeof(name));
     EXPECT_STREQ(name, "MFCMonthViewCtrl");
-    EXPECT_EQ(Text(scene.view->GetCell(8).m_rect), "(100, 146, 200, 246)");
     EXPECT_EQ(Text(scene.view->GetCell(41).m_rect), "(600, 546, 705, 646)");
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
@@ -59,35 +60,27 @@ TEST(MonthView, SetCurrentDateRefreshesTheStoredItemsAndLeavesTheScreenItems)
 
 TEST(MonthView, ScrollingMovesGridSelectionAndItems)
 {
-    struct Case
-    {
-        UINT code;
-        int thumb, position, days;
-        bool itemShown;
-    };
-    const Case cases[] = {
-        {SB_LINEUP, 0, 25, -7, true},         {SB_LINEDOWN, 0, 27, 7, true},
-        {SB_PAGEUP, 0, 24, -14, true},        {SB_PAGEDOWN, 0, 28, 14, true},
-        {SB_TOP, 0, 1, -182, false},          {SB_BOTTOM, 0, 52, 182, false},
-        {SB_THUMBTRACK, 18, 18, 21, false}, // 15 April is day 105 of the year: in week 15
-        {SB_THUMBPOSITION, 14, 14, -7, true}, {SB_THUMBPOSITION, 60, 52, 315, false},
-    };
-    for (const Case& c : cases) {
-        Month scene(Day(4, 15)); // 29 March .. 9 May
-        scene.Add(Day(4, 15), Day(4, 15));
-        const std::string date = Text(dayvane::AddDays(Day(4, 15), c.days));
-        const std::string first = Text(dayvane::AddDays(Day(3, 29), c.days));
-        const std::string last = Text(dayvane::AddDays(Day(5, 9), c.days));
-        EXPECT_EQ(scene.Scroll(c.code, c.thumb),
-                  (Lines{"CCN_SELDATECHANGE item=-1 lParam=-1 time=" + date + " 00:00:00 hit=4 sub=0",
-                         "CCN_VIEWRANGECHANGE date=" + date + " 00:00:00 first=" + first + " 00:00:00 last=" + last +
-                             " 23:59:59 value=4104"}));
-        EXPECT_EQ(Text(scene.view->GetCurrentDate()), date) << c.code;
-        EXPECT_EQ(scene.Selection(), date + " " + date) << c.code;
-        EXPECT_EQ(scene.Range(), first + " " + last) << c.code;
-        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), c.position) << c.code;
-        EXPECT_EQ(scene.view->GetScreenItems().GetSize(), c.itemShown ? 1 : 0) << c.code;
-    }
+    ExpectScrolls<CMonthViewCtrl>(Day(4, 15), 26,
+                                  {{SB_LINEUP, 0, "2026-03-22 2026-05-02", 25},
+                                   {SB_LINEDOWN, 0, "2026-04-05 2026-05-16", 27},
+                                   {SB_PAGEUP, 0, "2026-03-15 2026-04-25", 24},
+                                   {SB_PAGEDOWN, 0, "2026-04-12 2026-05-23", 28},
+                                   {SB_TOP, 0, "2025-09-28 2025-11-08", 1},
+                                   {SB_BOTTOM, 0, "2026-09-27 2026-11-07", 52},
+                                   {SB_THUMBTRACK, 18, "2026-04-19 2026-05-30", 18}, // day 105 of the year: week 15
+                                   {SB_THUMBPOSITION, 14, "2026-03-22 2026-05-02", 14},
+                                   {SB_THUMBPOSITION, 60, "2027-02-07 2027-03-20", 52}});
+    Month scene(Day(4, 15));
+    scene.Add(Day(4, 15), Day(4, 15));
+    EXPECT_EQ(scene.Scroll(SB_PAGEDOWN),
+              (Lines{"CCN_SELDATECHANGE item=-1 lParam=-1 time=2026-04-29 00:00:00 hit=4 sub=0",
+                     "CCN_VIEWRANGECHANGE date=2026-04-29 00:00:00 first=2026-04-12 00:00:00 last=2026-05-23 23:59:59 "
+                     "value=4104"}));
+    EXPECT_EQ(scene.Selection(), "2026-04-29 2026-04-29");
+    EXPECT_EQ(Text(scene.view->GetCurrentDate()), "2026-04-29");
+    EXPECT_EQ(scene.view->GetScreenItems().GetSize(), 1);
+    scene.Scroll(SB_LINEDOWN);
+    EXPECT_EQ(scene.view->GetScreenItems().GetSize(), 0);
 }
 
 TEST(MonthView, ScrollCodesThatMoveNothing)
@@ -103,39 +96,23 @@ TEST(MonthView, ScrollCodesThatMoveNothing)
     EXPECT_EQ(scene.parent.Names(), (Lines{"CCN_SELDATECHANGE", "CCN_VIEWRANGECHANGE"})) << "the selection was";
 }
 
-TEST(MonthView, KeyboardMovesTheSelectionAndScrollsAtTheEdge)
+TEST(MonthView, KeysMoveTheSelectionAndScrollAtTheEdge)
 {
-    struct Case
-    {
-        const char* name;
-        void (Open<CMonthViewCtrl>::*move)(UINT);
-        COleDateTime from, to;
-        int scrolledDays;
-    };
-    using View = Open<CMonthViewCtrl>;
-    const Case cases[] = {
-        {"up", &View::MoveForward, Day(4, 15), Day(4, 8), 0},
-        {"down", &View::MoveBackward, Day(4, 15), Day(4, 22), 0},
-        {"left over the row's begin", &View::MoveLeftward, Day(4, 12), Day(4, 11), 0},
-        {"right", &View::MoveRightward, Day(4, 15), Day(4, 16), 0},
-        {"left from the first day", &View::MoveLeftward, Day(3, 29), Day(3, 28), -7},
-        {"up from the first row", &View::MoveForward, Day(4, 2), Day(3, 26), -7},
-        {"right from the last day", &View::MoveRightward, Day(5, 9), Day(5, 10), 7},
-        {"down from the last row", &View::MoveBackward, Day(5, 3), Day(5, 10), 7},
-    };
-    Month scene;
-    for (const Case& c : cases) {
-        for (UINT flags : {0x00, 0x10}) {
-            scene.view->SetCurrentDate(Day(4, 15));
-            scene.view->SetSelRange(Day(4, 20), c.from);
-            scene.parent.ClearLog();
-            (scene.view->*c.move)(flags);
-            EXPECT_EQ(scene.Selection(), Text(flags ? Day(4, 20) : c.to) + " " + Text(c.to)) << c.name;
-            EXPECT_EQ(Text(scene.view->GetCellDate(0).m_date), Text(dayvane::AddDays(Day(3, 29), c.scrolledDays)))
-                << c.name;
-            EXPECT_EQ(scene.parent.Count(CCN_VIEWRANGECHANGE), c.scrolledDays != 0) << c.name;
-        }
-    }
+    Month scene(Day(4, 15));
+    ExpectAfterKeys(scene,
+                    {{{VK_UP}, "2026-04-08 2026-04-08", "2026-03-29 2026-05-09"},
+                     {{VK_LEFT, VK_UP}, "2026-03-31 2026-03-31", "2026-03-29 2026-05-09"},
+                     {{VK_UP}, "2026-03-24 2026-03-24", "2026-03-22 2026-05-02"},
+                     {{VK_LEFT, VK_LEFT}, "2026-03-22 2026-03-22", "2026-03-22 2026-05-02"},
+                     {{VK_LEFT}, "2026-03-21 2026-03-21", "2026-03-15 2026-04-25"},
+                     {{VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN}, "2026-04-25 2026-04-25", "2026-03-15 2026-04-25"},
+                     {{VK_RIGHT}, "2026-04-26 2026-04-26", "2026-03-22 2026-05-02"}});
+    const KeyState shift({VK_SHIFT});
+    scene.view->SendMessage(WM_KEYDOWN, VK_DOWN);
+    scene.view->SendMessage(WM_KEYDOWN, VK_RIGHT);
+    EXPECT_EQ(scene.Selection(), "2026-04-26 2026-05-04");
+    EXPECT_EQ(scene.Range(), "2026-03-29 2026-05-09") << "the scroll message is sent, not posted";
+    EXPECT_EQ(Text(scene.view->GetCurrentDate()), "2026-04-15") << "scrolled there and back, without the selection";
 }
 
 TEST(MonthView, HitTestTellsDateItemAndCode)

@@ -57,7 +57,7 @@ TYPED_TEST_SUITE(MoreListWindow, Views);
 
 } // namespace
 
-TYPED_TEST(MoreListWindow, OpensOnlyWhenEnabled)
+TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
 {
     ListScene<TypeParam> scene;
     scene.view->EnableMoreList(FALSE);
@@ -65,16 +65,7 @@ TYPED_TEST(MoreListWindow, OpensOnlyWhenEnabled)
     EXPECT_FALSE(scene.view->IsMoreListOpen());
     EXPECT_EQ(scene.parent.Count(CCN_ITEMCLICK), 1) << "a press like any other";
     scene.view->EnableMoreList(TRUE);
-    scene.OpenList();
-    EXPECT_TRUE(scene.view->IsMoreListOpen());
-    EXPECT_EQ(scene.parent.Count(CCN_ITEMCLICK), 1);
-    ::UpdateWindow(ListWindow());
-    EXPECT_EQ(::GetFocus(), scene.window);
-}
-
-TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
-{
-    ListScene<TypeParam> scene;
+    scene.parent.ClearLog();
     scene.view->SetSelRange(Day(4, 15), Day(4, 15));
     messages::Key(scene.window, VK_F4);
     ASSERT_TRUE(scene.view->IsMoreListOpen());
@@ -86,6 +77,8 @@ TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
     ASSERT_EQ(scene.parent.Count(CCN_ITEMCLICK), 1);
     EXPECT_EQ(scene.parent.Log().back().item.lParam, 100 + kItems - 2);
     scene.OpenList();
+    EXPECT_EQ(::GetFocus(), scene.window);
+    ::UpdateWindow(ListWindow());
     messages::Click(ListWindow(), scene.Row(3));
     EXPECT_FALSE(scene.view->IsMoreListOpen());
     EXPECT_EQ(scene.view->GetCurSel(), 3);
