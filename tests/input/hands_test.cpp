@@ -206,7 +206,12 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
     const auto pull = [&] { h.Pull(h.Bar(12), h.Cell(14)); };
     const auto drop = [] { hand::LeftUp(); };
     h.Play({
-        {"a trembling hand", [&] { hand::Drag(h.view, h.Bar(12), h.Bar(12) + CSize(5, -5)); }, {h.kPressed},
+        {"a trembling hand",
+         [&] {
+             h.Pull(h.Bar(12), h.Bar(12) + CSize(14, -5));
+             drop();
+         },
+         {h.kPressed},
          "cur=0 sel=05 00:00..05 00:00 " + h.kTalk},
         {"drag", pull, {h.kPressed}, kHeld},
         {"Escape", [] { hand::Key(VK_ESCAPE); }, {}, kBack},

@@ -47,18 +47,21 @@ check() {
 
 # The items of the file: SUMMARY@DTSTART/DTEND, by start.
 items() {
+    [ -e "$file" ] || return 0
     tr -d '\r' <"$file" | sed -n 's/^\(DTSTART\|DTEND\|SUMMARY\)[^:]*:\(.*\)/\1 \2/p; s/^END:VEVENT/end/p' |
         awk '/^end/ { print v["SUMMARY"] "@" v["DTSTART"] "/" v["DTEND"]; next } { k = $1; sub(/^[^ ]* /, ""); v[k] = $0 }' |
         sort -t @ -k 2 | paste -s -d ' '
 }
-# The save comes behind all that was done before it.
-has_items() {
+# One save, and the wait for its file: with it all that was done before has been done, too.
+save() {
+    rm -f "$file"
     xdotool key ctrl+s
-    [ "$(items)" = "$1" ]
+    until_true test -s "$file"
 }
+has_items() { [ "$(items)" = "$1" ]; }
 expect() {
     local status=0
-    until_true has_items "$2" || status=1
+    save && until_true has_items "$2" || status=1
     check "$1" "$status" "$(items)"
 }
 
@@ -84,10 +87,11 @@ pull() {
     local area
     area=$(bar_area "$1" "$2")
     click bar "$1" "$2" "$3"
+    save
+    wait_until_still "$area"
+    held_look=$still
     # shellcheck disable=SC2046
     xdotool mousemove $(bar "$1" "$2" $(($3 + 20))) mousedown 1
-    sleep_until_still "$area"
-    held_look=$still
     until_true shake_until_changed "$area" "$held_look" "$4" "$5"
 }
 is_still() {
@@ -95,7 +99,7 @@ is_still() {
     still=$(look "$1")
     [ "$still" = "$before" ]
 }
-sleep_until_still() {
+wait_until_still() {
     still=""
     until_true is_still "$1"
 }
@@ -114,7 +118,7 @@ timeout 60 xdotool search --sync --onlyvisible --class planner.exe >/dev/null ||
 }
 until_true is_painted || echo "the window stayed empty"
 xdotool key ctrl+b # without the side pane
-sleep_until_still 960x700+0+60
+wait_until_still 960x700+0+60
 
 meeting=20260415T093000/20260415T103000
 moved=20260417T093000/20260417T103000
