@@ -84,18 +84,12 @@ TEST(PeriodGridModelTest, TheFooterSelectsThePresentMomentAndShowsIt)
     EXPECT_FALSE(s.model.IsCellSelected(Day(2010, 1, 15))) << "bounds the wrong way round";
 }
 
-TEST(PeriodGridModelTest, PagesByOneAndStopsAtTheEnds)
+TEST(PeriodGridModelTest, PagingStopsAtTheEnds)
 {
-    Script s(kMonthPolicy);
-    EXPECT_EQ("layout redraw", s.Press(GridPart::LeftArrow));
-    EXPECT_EQ("2009/12/1", s.Shown());
-    s.Press(GridPart::RightArrow);
-    s.Press(GridPart::RightArrow);
-    EXPECT_EQ("2010/2/1", s.Shown());
     for (const PeriodPolicy* policy : {&kMonthPolicy, &kYearPolicy}) {
         Script ends(*policy, 2, 2);
         ends.model.SetFirstPeriod(policy->LastPeriod());
-        ends.Press(GridPart::RightArrow);
+        EXPECT_EQ("layout redraw", ends.Press(GridPart::RightArrow));
         EXPECT_EQ(policy->LastPeriod(), ends.model.FirstPeriod());
         ends.model.SetFirstPeriod(-5);
         ends.Press(GridPart::LeftArrow);
@@ -147,6 +141,13 @@ TEST(PeriodGridModelTest, KeysMoveTheSelectionAndTurnThePageWhenItLeaves)
         {kMonthPolicy, Day(2010, 1, 10), PickerKey::Up, "s", "2010/1/3-2010/1/10", "2010/1/1"},
         {kMonthPolicy, Day(100, 1, 1), PickerKey::Up, "", "100/1/1-100/1/1", "100/1/1"},
         {kMonthPolicy, Day(9999, 12, 31), PickerKey::PageDown, "c", "9999/12/31-9999/12/31", "9999/12/1"},
+        {kMonthPolicy, Day(100, 1, 3), PickerKey::Up, "", "100/1/1-100/1/1", "100/1/1"},
+        {kMonthPolicy, Day(9999, 12, 30), PickerKey::Down, "", "9999/12/31-9999/12/31", "9999/12/1"},
+        {kMonthPolicy, Day(9999, 11, 30), PickerKey::PageDown, "", "9999/12/30-9999/12/30", "9999/11/1"},
+        {kMonthPolicy, Day(2012, 2, 29), PickerKey::PageDown, "c", "2013/2/28-2013/2/28", "2013/1/1"},
+        {kYearPolicy, Day(100, 2, 1), PickerKey::Up, "", "100/1/1-100/1/1", "100/1/1"},
+        {kYearPolicy, Day(105, 7, 1), PickerKey::PageUp, "c", "100/1/1-100/1/1", "100/1/1"},
+        {kYearPolicy, Day(9999, 2, 1), PickerKey::End, "", "9999/12/1-9999/12/1", "9999/1/1"},
         {kYearPolicy, Day(2010, 2, 1), PickerKey::Up, "", "2009/11/1-2009/11/1", "2009/1/1"},
         {kYearPolicy, Day(2010, 12, 1), PickerKey::Right, "", "2011/1/1-2011/1/1", "2010/1/1"},
         {kYearPolicy, Day(2010, 2, 1), PickerKey::PageDown, "c", "2020/2/1-2020/2/1", "2019/1/1"},

@@ -36,6 +36,23 @@ struct Picker
     PickerParent parent;
     std::unique_ptr<CYearMonthPickerCtrl> control;
 };
+
+// While the hook stands, no window can be made.
+LONG_PTR g_procedure;
+LRESULT CALLBACK RefuseCreation(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message == WM_NCCREATE
+               ? FALSE
+               : ::CallWindowProc(reinterpret_cast<WNDPROC>(g_procedure), hWnd, message, wParam, lParam);
+}
+LRESULT CALLBACK RefuseWindows(int code, WPARAM wParam, LPARAM)
+{
+    if (code == HCBT_CREATEWND) {
+        g_procedure = ::SetWindowLongPtr(reinterpret_cast<HWND>(wParam), GWLP_WNDPROC,
+                                         reinterpret_cast<LONG_PTR>(RefuseCreation));
+    }
+    return 0;
+}
 } // namespace
 
 TEST(YearMonthPickerWindow, SizesItselfAndBecomesOwnerDrawn)
@@ -175,6 +192,20 @@ TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
         EXPECT_FALSE(::IsWindow(popup));
         EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
     }
+}
+
+TEST(YearMonthPickerWindow, WithoutAPopupItStaysDroppedAndTheNextClickTriesAgain)
+{
+    Picker p;
+    const HHOOK refusal = ::SetWindowsHookEx(WH_CBT, RefuseWindows, nullptr, ::GetCurrentThreadId());
+    p.control->OnClicked();
+    ::UnhookWindowsHookEx(refusal);
+    EXPECT_EQ(nullptr, p.control->GetPopup());
+    EXPECT_TRUE(p.control->IsDropped());
+    EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+    p.Drop();
+    p.ClickMonth(5);
+    EXPECT_FALSE(p.control->IsDropped());
 }
 
 TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
