@@ -15,7 +15,8 @@
 //
 // Keys: arrows move by cells, Page Up and Down by periods (with Ctrl by twelve months or ten years), Home and End to
 // the ends of the period (with Ctrl of all shown), Shift extends a range where ranges are on, Enter tells NM_DBLCLK,
-// Escape ends a sweep or the popup as if it had not begun. A sweep or popup ends so, too, when mouse or focus are lost.
+// Escape ends a sweep or the popup as if it had not begun. A sweep or popup ends so, too, when mouse or focus are lost,
+// and the popup when the button is let go beside it.
 #pragma once
 
 #include <afxwin.h>
