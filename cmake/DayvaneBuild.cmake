@@ -15,6 +15,9 @@ add_library(dayvane_flags INTERFACE)
 # Sources are UTF-8; the texts of the library are narrow strings of code page 932.
 target_compile_options(dayvane_flags INTERFACE
   -finput-charset=UTF-8 -fexec-charset=CP932 -Wall -Wextra -Werror -Wno-unused-parameter)
+# Two roundings where two are written, also on machines that multiply and add in one step: every build gives the same
+# calendar.
+target_compile_options(dayvane_flags INTERFACE -ffp-contract=off)
 if(WIN32)
   target_compile_definitions(dayvane_flags INTERFACE _WIN32_WINNT=0x0601 WINVER=0x0601 _MBCS NOMINMAX STRICT)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -1,7 +1,7 @@
 #include "views/daygrid/BarGrid.h"
 
+#include "core/BarLanes.h"
 #include "core/DateMath.h"
-#include "views/daygrid/BarLanes.h"
 
 #include <algorithm>
 #include <climits>

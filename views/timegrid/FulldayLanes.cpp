@@ -1,7 +1,7 @@
 #include "views/timegrid/FulldayLanes.h"
 
+#include "core/BarLanes.h"
 #include "core/DateMath.h"
-#include "views/daygrid/BarLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "views/daygrid/BarLanes.h"
+#include "core/BarLanes.h"
 
 #include <algorithm>
 #include <cstddef>
