@@ -18,7 +18,7 @@ BOOL CPlannerDoc::OnOpenDocument(LPCTSTR lpszPathName)
 
 void CPlannerDoc::DeleteContents()
 {
-    m_calendar.Load("");
+    m_calendar.Clear();
 }
 
 // The calendar knows by its steps whether it differs from the file.

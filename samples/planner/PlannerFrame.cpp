@@ -156,7 +156,9 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
     m_sidePane.DocumentChanged();
     CString told;
     if (!messages.empty()) {
-        told.Format("%d things of the file are not shown or not understood: see above", static_cast<int>(messages.size()));
+        told.Format(messages.size() == 1 ? "One thing of the file is not shown or not understood: see above"
+                                         : "%d things of the file are not shown or not understood: see above",
+                    static_cast<int>(messages.size()));
     }
     SetMessageText(told);
     return 0;

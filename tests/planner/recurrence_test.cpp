@@ -122,10 +122,9 @@ bool GivesDay(const RecurrenceRule& rule, DayNumber startDay, DayNumber day)
     const int yearDay = static_cast<int>(day - DayOfDate(date.year, 1, 1));
     const int place = ofYear ? yearDay : date.day - 1;
     const int size = ofYear ? 365 + IsLeapYear(date.year) : length;
-    const bool ordinalsCount = longPeriod && rule.byMonthDay.empty();
     const auto fits = [&](const RuleWeekday& wanted) {
         return wanted.weekday == weekday &&
-               (!ordinalsCount || wanted.ordinal == 0 || wanted.ordinal == place / WeekDays + 1 ||
+               (!longPeriod || wanted.ordinal == 0 || wanted.ordinal == place / WeekDays + 1 ||
                 wanted.ordinal == -((size - 1 - place) / WeekDays + 1));
     };
     if (!rule.byDay.empty()) {

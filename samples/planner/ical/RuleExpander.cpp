@@ -94,11 +94,19 @@ public:
     }
 
 private:
+    // Whether BYDAY names the day: by its weekday, or, in months and years, as the how-manieth one from either end.
     bool HasWeekday(DayNumber day) const
     {
-        const int weekday = WeekdayOfDay(day);
-        return std::any_of(m_rule.byDay.begin(), m_rule.byDay.end(),
-                           [&](const RuleWeekday& wanted) { return wanted.weekday == weekday; });
+        const CivilDate date = DateOfDay(day);
+        const bool inMonth = m_rule.frequency == Frequency::Monthly || !m_rule.byMonth.empty();
+        const DayNumber first = DayOfDate(date.year, inMonth ? date.month : 1, 1);
+        const DayNumber end = inMonth ? first + DaysInMonth(date.year, date.month) : DayOfDate(date.year + 1, 1, 1);
+        const bool counts = m_rule.frequency == Frequency::Monthly || m_rule.frequency == Frequency::Yearly;
+        return std::any_of(m_rule.byDay.begin(), m_rule.byDay.end(), [&](const RuleWeekday& wanted) {
+            const bool isCounted = !counts || wanted.ordinal == 0 || wanted.ordinal == (day - first) / WeekDays + 1 ||
+                                   wanted.ordinal == -((end - 1 - day) / WeekDays) - 1;
+            return wanted.weekday == WeekdayOfDay(day) && isCounted;
+        });
     }
 
     // For daily rules every part is a filter.

@@ -36,6 +36,11 @@ bool EndsLine(const std::string& text)
 
 Document::Document(UidSource newUid) : m_newUid(std::move(newUid))
 {
+    Clear();
+}
+
+void Document::Clear()
+{
     Load(HeadText(DefaultEnding).append(CalendarFoot).append(DefaultEnding));
 }
 

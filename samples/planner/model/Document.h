@@ -57,6 +57,8 @@ public:
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
+    // Begins an empty calendar, without history.
+    void Clear();
     // Replaces everything, history included. Never fails: what is not readable is told in Messages().
     void Load(std::string_view bytes);
     // The file's bytes; those given to Load as long as nothing is changed.
