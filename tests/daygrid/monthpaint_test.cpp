@@ -98,6 +98,11 @@ TEST(MonthPaint, TextsStandInTheirPlaces)
     scene.view->Show24Setuki(FALSE);
     scene.Paint();
     EXPECT_EQ(scene.picture.CountOther(solarTerm, kPlainDay), 0);
+
+    scene.view->Layout(7 * 36, kHeight);
+    scene.Paint();
+    EXPECT_GT(scene.picture.CountOther(CRect(115, 47, 143, 62), kPlainDay), 20) << "1 April";
+    EXPECT_EQ(scene.picture.CountOther(CRect(109, 47, 112, 62), kPlainDay), 0) << "not cut off at its front";
 }
 
 // Weekday names are narrow texts of code page 932; on any system they must give the same glyphs as the wide ones.

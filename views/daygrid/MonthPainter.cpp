@@ -62,6 +62,17 @@ void CreateFont(CFont& font, const FontForm& form)
     font.CreateFontIndirect(&lf);
 }
 
+// In a narrow cell the year goes first and then the month: a number whose front is cut off tells another date.
+CString FittingDayNumber(CDC* pDC, MonthFonts& fonts, CString text, int width)
+{
+    int slash = text.Find('/');
+    while (slash != -1 && fonts.texts.WidthOf(pDC, &fonts.dayNumber, text) > width) {
+        text = text.Mid(slash + 1);
+        slash = text.Find('/');
+    }
+    return text;
+}
+
 } // namespace
 
 // ---- Fonts
@@ -242,15 +253,15 @@ void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, Month
     number.right -= kPaintMetrics.numberRight;
     const SelectGdi selectNumber(pDC, &fonts.dayNumber);
     pDC->SetTextColor(look.dayNumberColor);
-    cache.Draw(pDC, &fonts.dayNumber, look.dayNumber, number, DT_RIGHT | DT_TOP);
+    const CString dayNumber = FittingDayNumber(pDC, fonts, look.dayNumber, number.Width());
+    cache.Draw(pDC, &fonts.dayNumber, dayNumber, number, DT_RIGHT | DT_TOP);
     if (look.annotation.IsEmpty())
         return;
     CRect annotation = cell;
     annotation.left += kPaintMetrics.annotationLeft;
     annotation.top += kPaintMetrics.annotationTop;
     annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
-    annotation.right =
-        number.right - cache.WidthOf(pDC, &fonts.dayNumber, look.dayNumber) - kPaintMetrics.annotationGap;
+    annotation.right = number.right - cache.WidthOf(pDC, &fonts.dayNumber, dayNumber) - kPaintMetrics.annotationGap;
     if (annotation.Width() < kPaintMetrics.annotationMinWidth)
         return;
     const SelectGdi selectFont(pDC, &fonts.annotation);

@@ -99,7 +99,7 @@ struct StripTexts
 };
 void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts);
 
-// Day number at the right, annotation to the left of it.
+// Day number at the right, annotation to the left of it. A number that is too wide loses its year, then its month.
 void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts);
 
 } // namespace dayvane
