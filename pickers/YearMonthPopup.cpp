@@ -44,6 +44,11 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
         AfxRegisterWndClass(kPopupClassStyle, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
     const std::weak_ptr<char> object = m_life.Watch();
     if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP, place, m_pPicker, 0)) {
+        if (!object.expired()) {
+            // A hook refused the window after it had become ours; no last message comes for it.
+            Detach();
+            PostNcDestroy();
+        }
         return FALSE;
     }
     // Created visible it would take the activation, and the picker lose the focus.

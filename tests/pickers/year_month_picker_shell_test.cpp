@@ -37,8 +37,9 @@ struct Picker
     std::unique_ptr<CYearMonthPickerCtrl> control;
 };
 
-// While the hook stands, no window can be made.
+// While the hook stands, no window can be made: the window itself refuses, or the hook does.
 LONG_PTR g_procedure;
+bool g_hookRefuses;
 LRESULT CALLBACK RefuseCreation(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     return message == WM_NCCREATE
@@ -50,6 +51,7 @@ LRESULT CALLBACK RefuseWindows(int code, WPARAM wParam, LPARAM)
     if (code == HCBT_CREATEWND) {
         g_procedure = ::SetWindowLongPtr(reinterpret_cast<HWND>(wParam), GWLP_WNDPROC,
                                          reinterpret_cast<LONG_PTR>(RefuseCreation));
+        return g_hookRefuses;
     }
     return 0;
 }
@@ -196,16 +198,19 @@ TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
 
 TEST(YearMonthPickerWindow, WithoutAPopupItStaysDroppedAndTheNextClickTriesAgain)
 {
-    Picker p;
-    const HHOOK refusal = ::SetWindowsHookEx(WH_CBT, RefuseWindows, nullptr, ::GetCurrentThreadId());
-    p.control->OnClicked();
-    ::UnhookWindowsHookEx(refusal);
-    EXPECT_EQ(nullptr, p.control->GetPopup());
-    EXPECT_TRUE(p.control->IsDropped());
-    EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
-    p.Drop();
-    p.ClickMonth(5);
-    EXPECT_FALSE(p.control->IsDropped());
+    for (const bool hookRefuses : {false, true}) {
+        g_hookRefuses = hookRefuses;
+        Picker p;
+        const HHOOK refusal = ::SetWindowsHookEx(WH_CBT, RefuseWindows, nullptr, ::GetCurrentThreadId());
+        p.control->OnClicked();
+        ::UnhookWindowsHookEx(refusal);
+        EXPECT_EQ(nullptr, p.control->GetPopup());
+        EXPECT_TRUE(p.control->IsDropped());
+        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+        p.Drop();
+        p.ClickMonth(5);
+        EXPECT_FALSE(p.control->IsDropped());
+    }
 }
 
 TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
