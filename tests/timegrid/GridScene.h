@@ -42,7 +42,7 @@ public:
     testsupport::RecordingParent parent;
     Open<View>* view; // on the heap: hosts delete it in the middle of things
 
-    explicit Scene(int width = 500, int height = 500, const COleDateTime& now = At(0, 0))
+    explicit Scene(int width = 500, int height = 500, const COleDateTime& now = At(0, 0), DWORD style = WS_VSCROLL)
     {
         g_now = now;
         SetCalendarClock(&Now);
@@ -50,7 +50,7 @@ public:
         view->SetFirstDayOfWeek(2);
         view->SetCurrentDate(At(9, 0));
         parent.Create(width, height);
-        view->Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, width, height), &parent, 7);
+        view->Create(WS_CHILD | WS_VISIBLE | style, CRect(0, 0, width, height), &parent, 7);
         testsupport::PumpMessages();
         parent.ClearLog();
     }

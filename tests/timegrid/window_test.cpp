@@ -65,6 +65,8 @@ TEST(GridScroll, ComesToThePresent)
 {
     Scene<CDayViewCtrl> day(500, 500, At(9, 40));
     EXPECT_EQ(19 * 20, day.Offset());
+    Scene<CDayViewCtrl> withoutBar(500, 500, At(9, 40), 0);
+    EXPECT_EQ(19 * 20, withoutBar.Offset());
     Scene<CWeekDayViewCtrl> week(900, 500, At(3, 0));
     EXPECT_EQ(6 * 20, week.Offset());
     const COleDateTime hourLater = At(1, 0);
@@ -306,6 +308,11 @@ TEST(WeekDayRange, FollowsScaleAndOptions)
     EXPECT_EQ("06-12 00:00:00 - 06-18 23:59:59", scene.Range());
     scene.view->SetFirstDayOfWeek(1);
     EXPECT_EQ("06-11 00:00:00 - 06-17 23:59:59", scene.Range());
+    // The first and the last week that there are: a Friday each.
+    scene.view->SetRange(COleDateTime(100, 1, 1, 0, 0, 0));
+    EXPECT_EQ("01-01 00:00:00 - 01-07 23:59:59", scene.Range());
+    scene.view->SetRange(COleDateTime(9999, 12, 31, 0, 0, 0));
+    EXPECT_EQ("12-26 00:00:00 - 12-31 23:59:59", scene.Range());
 }
 
 TEST(WeekDayKeys, TurnTheViewAtItsEnds)
@@ -333,6 +340,11 @@ TEST(WeekDayKeys, TurnTheViewAtItsEnds)
               scene.parent.Lines());
     scene.view->MoveBackward(0);
     EXPECT_EQ("28 09:30 - 28 09:30", scene.Selection());
+
+    scene.view->SetCurrentDate(At(9, 0, 29)); // a Saturday: no working week shows it
+    scene.view->MoveBackward(0);
+    EXPECT_EQ("29 09:30 - 29 09:30", scene.Selection());
+    EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", scene.Range());
 }
 
 TEST(WeekDayProperties, BelongToTheirDays)

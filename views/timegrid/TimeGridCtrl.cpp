@@ -11,6 +11,7 @@ namespace {
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
 constexpr int kSecondsPerMinute = 60;
+constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 
 static_assert(static_cast<int>(dayvane::GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
@@ -178,7 +179,9 @@ dayvane::GridScroll CTimeGridCtrl::GetBar()
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_POS;
-    GetScrollInfo(SB_VERT, &info);
+    // A window created without a bar begins as one with a bar does.
+    if (!GetScrollInfo(SB_VERT, &info))
+        info.nMax = kNewBarMaximum;
     return dayvane::GridScroll{m_nVertScroll, info.nPos, info.nMax};
 }
 

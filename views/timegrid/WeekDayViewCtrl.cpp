@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "views/timegrid/FulldayLanes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -121,13 +122,15 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
     if (!EndEdit())
         return;
     COleDateTime begin = dayvane::StartOfDay(date);
-    while (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid &&
-           begin.GetDayOfWeek() != GetBeginDayOfWeek())
-        begin = dayvane::AddDays(begin, -1);
+    if (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid)
+        begin = dayvane::DateOfDayNumber(
+            std::max(dayvane::WeekStartOf(dayvane::DayNumberOf(begin), GetBeginDayOfWeek()), civil::kFirstDay));
     if (begin.GetStatus() == COleDateTime::valid && m_dtViewBegin.GetStatus() == COleDateTime::valid)
         ShiftProperties(dayvane::DayNumberOf(begin) - dayvane::DayNumberOf(m_dtViewBegin));
     m_dtViewBegin = begin;
     m_dtViewEnd = dayvane::EndOfDay(dayvane::AddDays(begin, m_nDays - 1));
+    if (begin.GetStatus() == COleDateTime::valid && m_dtViewEnd.GetStatus() != COleDateTime::valid)
+        m_dtViewEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(civil::kLastDay));
     if (!Shown().Holds(dayvane::ClockTimeOf(m_dtCurrentDate).day))
         m_dtCurrentDate = m_dtViewDate = date;
 }
@@ -318,10 +321,14 @@ void CWeekDayViewCtrl::CurrentDateMoved()
 {
     InvalidateHeader(); // it marks the current day
     const dayvane::ShownRange shown = Shown();
-    const int views = dayvane::ViewsToShow(shown, dayvane::ClockTimeOf(m_dtCurrentDate).day);
-    if (views == 0)
+    const int day = dayvane::ClockTimeOf(m_dtCurrentDate).day;
+    dayvane::ShownRange next = shown;
+    next.first += dayvane::ViewsToShow(shown, day) * shown.LengthOfView();
+    // Between two working weeks, or beyond the years that there are, no view shows the day.
+    const COleDateTime begin = dayvane::DateOfDayNumber(next.first);
+    if (next.first == shown.first || !next.Holds(day) || begin.GetStatus() != COleDateTime::valid)
         return;
-    SetRange(dayvane::AddDays(m_dtViewBegin, views * shown.LengthOfView()));
+    SetRange(begin);
     Rebuild();
     Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtViewBegin, m_dtViewEnd, kRangeChangeValue);
 }

@@ -4,7 +4,8 @@
 // Left and right move the selection by one column. A move that leaves the shown range moves the range by whole views
 // (by weeks, when it begins on the first day of the week) and sends CCN_VIEWRANGECHANGE (value 0x801, the current date,
 // the first and the last moment shown); where the day is not shown then (between two working weeks), the selection
-// comes to the nearest shown day. The selection's begin follows its end, unless the move extends it.
+// comes to the nearest shown day. A row move onto such a day leaves the range where it is. The selection's begin
+// follows its end, unless the move extends it.
 //
 // The selection runs from its begin through all columns to its end. Day properties are kept for the shown days: they
 // move along with the range, and those that leave it are dropped.
@@ -32,7 +33,8 @@ public:
     void SetDateScale(int nScale);
     int GetDateScale() const { return m_nDateScale; }
     // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then
-    // gives way to this one. Call Refresh() afterwards.
+    // gives way to this one. Call Refresh() afterwards. The days before the year 100 and behind the year 9999 do not
+    // count: a week may begin late there, a range end early.
     void SetRange(COleDateTime date);
     // 00:00:00 of the first, 23:59:59 of the last day.
     void GetViewRange(COleDateTime& begin, COleDateTime& end) override;
