@@ -161,4 +161,8 @@ TEST(MonthPaint, TheVariantShowsTheLastItemOfADayAsABlock)
     EXPECT_GT(scene.picture.Count(block, kItemBack), 5000);
     EXPECT_EQ(scene.picture.Count(block, 0x0000AA), 0);
     EXPECT_GT(scene.picture.Count(block, kFrameOfItem), 100) << "the current item lies below the last one";
+
+    scene.view->Layout(kWidth, 46 + 6 * 34);
+    scene.Paint();
+    EXPECT_EQ(scene.picture.CountOther(CRect(305, 139, 395, 143), kItemBack), 0) << "too low for a text";
 }

@@ -83,7 +83,10 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool cur
     pDC->SetTextColor(item.crColor5);
     {
         const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
-        pDC->DrawText(item.strText, &content, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+        // Of a text in a box of less than half its height only meaningless dashes would be seen.
+        if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2)
+            pDC->DrawText(item.strText, &content,
+                          DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     if (current)
         DrawEdges(pDC, selection, m_pens.Solid(1, m_colors.highlight));
