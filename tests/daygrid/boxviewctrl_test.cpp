@@ -245,3 +245,24 @@ TEST(BoxViews, PaintBarsFramesAndMarks)
     EXPECT_GT(year.picture.Count(year.view->GetMonthRect(3), 0x216FF1), 100) << "today's month";
     EXPECT_GT(year.picture.Count(year.view->GetMonthRect(7), 0xFF7700), 100);
 }
+
+TEST(BoxViews, TextsOfNarrowStripsAreWholeOrLeftOut)
+{
+    const auto blackOf = [](auto& scene, const CRect& box, int from, int to) {
+        return scene.picture.Count(CRect(box.left + from, box.top + 3, box.left + to, box.top + 19), 0x000000);
+    };
+    Week week(Day(4, 23));
+    week.view->Layout(4 * 50, kHeight);
+    week.Paint();
+    EXPECT_GT(blackOf(week, week.view->GetDayRect(5), 5, 36), 20) << "4/24";
+    EXPECT_EQ(blackOf(week, week.view->GetDayRect(5), 37, 50), 0) << "no room for the weekday";
+    week.view->Layout(4 * 30, kHeight);
+    week.Paint();
+    EXPECT_GT(blackOf(week, week.view->GetDayRect(5), 5, 30), 20);
+    EXPECT_EQ(blackOf(week, week.view->GetDayRect(5), 0, 5), 0) << "24, for 4/24 is too wide";
+
+    Year year(Day(8, 1));
+    year.view->Layout(6 * 21, kHeight);
+    year.Paint();
+    EXPECT_GT(blackOf(year, year.view->GetMonthRect(9), 0, 5), 5) << "10 takes the inset rather than lose its end";
+}

@@ -233,12 +233,19 @@ void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, Month
     pDC->SetTextColor(texts.color);
     {
         const SelectGdi selectNumber(pDC, &fonts.dayNumber);
-        cache.Draw(pDC, &fonts.dayNumber, texts.number, rest, DT_LEFT | DT_VCENTER);
-        rest.left += cache.WidthOf(pDC, &fonts.dayNumber, texts.number) + kPaintMetrics.suffixGap;
+        const CString number = FittingDayNumber(pDC, fonts, texts.number, rest.Width());
+        const int numberWidth = cache.WidthOf(pDC, &fonts.dayNumber, number);
+        if (numberWidth > rest.Width())
+            rest = strip; // "10" would lose a digit
+        cache.Draw(pDC, &fonts.dayNumber, number, rest, DT_LEFT | DT_VCENTER);
+        rest.left += numberWidth + kPaintMetrics.suffixGap;
     }
     const SelectGdi selectFont(pDC, &fonts.annotation);
+    const int suffixWidth = cache.WidthOf(pDC, &fonts.annotation, texts.suffix);
+    if (suffixWidth > rest.Width())
+        return;
     cache.Draw(pDC, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
-    rest.left += cache.WidthOf(pDC, &fonts.annotation, texts.suffix) + kPaintMetrics.annotationGap;
+    rest.left += suffixWidth + kPaintMetrics.annotationGap;
     if (rest.Width() < kPaintMetrics.annotationMinWidth)
         return;
     pDC->SetTextColor(texts.annotationColor);

@@ -88,7 +88,8 @@ void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color);
 void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens,
                   const DayFrameStrips& strips = kMonthStrips);
 
-// The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right.
+// The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right. A
+// number that is too wide loses its month; what follows it is left out where it does not fit.
 struct StripTexts
 {
     CString number;
