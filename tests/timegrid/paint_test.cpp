@@ -196,6 +196,15 @@ TEST(GridPaint, ColumnsOfManyDays)
     scene.view->ShowNowLine(FALSE);
     Paint(scene, dc);
     EXPECT_NE(kNowLine, dc.Pixel(middle, top + 130));
+
+    // In a single line without room for both, the text takes the place of the times.
+    scene.view->SetDateScale(8);
+    scene.Add(At(12, 0, 27), At(12, 30, 27), 0, 0xC0FFC0);
+    scene.view->Refresh();
+    Paint(scene, dc);
+    const CRect line(column(3).left + 3, top + 282, column(3).right - 9, top + 298);
+    EXPECT_GT(dc.Count(line, 0), 10);
+    EXPECT_EQ(0, dc.Count(CRect(line.left + 45, line.top, line.right, line.bottom), 0)) << "times";
 }
 
 // Painted over two backgrounds, the pictures are alike, whatever the size and the scroll position.

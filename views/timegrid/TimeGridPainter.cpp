@@ -18,7 +18,8 @@ struct GridPaintMetrics
     int textLeft = 3;       // and at the left
     int letterWidth = 6;    // the least room for a text
     int letterHeight = 8;
-    int timesWidth = 70; // of "00:00 - 00:00"
+    int timesWidth = 70;     // of "00:00 - 00:00"
+    int twoLinesHeight = 24; // a lower box shows one line
     int nowLineHeight = 2;
 };
 constexpr GridPaintMetrics kPaint;
@@ -248,8 +249,12 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& c
         return;
     m_pDC->SetTextColor(item.crColor5);
     CRect area = content;
-    const bool textAlone = timesWhereTheyFit && content.Width() < kPaint.timesWidth;
-    m_pDC->DrawText(textAlone ? item.strText : TimedItemText(item), &area, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
+    CString text = TimedItemText(item);
+    if (timesWhereTheyFit &&
+        (content.Width() < kPaint.timesWidth || (content.Height() < kPaint.twoLinesHeight && !item.strText.IsEmpty() &&
+                                                 m_pDC->GetTextExtent(text).cx > content.Width())))
+        text = item.strText;
+    m_pDC->DrawText(text, &area, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
 }
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content)

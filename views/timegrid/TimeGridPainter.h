@@ -85,7 +85,8 @@ public:
     CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent);
     CRect DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& band, bool isCurrent);
     // Texts in the selected font; none where not even a letter has room.
-    // A box too narrow for both times shows the text alone when `timesWhereTheyFit` says so.
+    // A box too narrow for both times, or one line high and too narrow for times and text, shows the text alone when
+    // `timesWhereTheyFit` says so.
     void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit);
     void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content);
 
