@@ -279,7 +279,8 @@ protected:
     void Apply(const dayvane::PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit);
     void StopTracking();
     void CancelTracking(); // the one way out of a press, sweep or drag that does not end with its release
-    bool GetDraggedTimes(dayvane::ItemTimes& times) const;
+    bool GetDraggedTimes(dayvane::ItemTimes& times);
+    bool FollowDraggedItem();
     BOOL HasTimes(int nIndex, const dayvane::ItemTimes& times) const;
     void PutItemTimes(int nIndex, const dayvane::ItemTimes& times);
     void WatchScrollEdge(CPoint point);

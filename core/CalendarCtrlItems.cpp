@@ -165,7 +165,7 @@ int CCalendarCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 void CCalendarCtrl::SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday)
 {
     m_dtSelBegin = begin;
-    m_dtSelEnd = end;
+    m_dtSelEnd = m_dtPrevSelEnd = end;
     m_bFulldaySelection = bFullday;
 }
 

@@ -81,13 +81,11 @@ void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, c
             break;
         case PointerEffect::BEGIN_SELECTION:
             InvalidateCellRectRange();
-            m_dtPrevSelEnd = m_dtSelEnd;
             SetSelRange(effect.times.start, effect.times.end, effect.fullday);
             InvalidateCellRectRange();
             break;
         case PointerEffect::EXTEND_SELECTION:
             m_dtPrevSelEnd = m_dtSelEnd;
-            InvalidateCellRectRange();
             m_dtSelEnd = effect.times.end;
             InvalidateCellRectRange();
             break;
@@ -159,6 +157,7 @@ void CCalendarCtrl::CancelTracking()
 {
     if (!m_pointer.IsBusy())
         return;
+    FollowDraggedItem();
     Apply(m_pointer.Cancel(), 0, tagCCHITTESTINFO());
 }
 
@@ -238,9 +237,21 @@ void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
     Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes()), 0, hit);
 }
 
-bool CCalendarCtrl::GetDraggedTimes(dayvane::ItemTimes& times) const
+// Deleting or inserting items may have given the held item another index: the drag goes on with that item, as long as
+// the host keeps it current, and never with another.
+bool CCalendarCtrl::FollowDraggedItem()
 {
-    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount())
+    if (m_nCurSel != m_pointer.Item()) {
+        if (!HasTimes(m_nCurSel, m_pointer.LastPut()))
+            return false;
+        m_pointer.FollowItem(m_nCurSel);
+    }
+    return true;
+}
+
+bool CCalendarCtrl::GetDraggedTimes(dayvane::ItemTimes& times)
+{
+    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem())
         return false;
     times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd};
     return true;

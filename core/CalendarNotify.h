@@ -42,7 +42,7 @@ struct NMCALENDAREDIT
     int nReserved;      // 0
     LPCTSTR lpszText;   // the committed text; copy it
     int nLength;        // bytes
-    SYSTEMTIME stStart; // the selected range; all zero when there is none
+    SYSTEMTIME stStart; // the selected range; 30 December 1899 when there is none, all zero when not a valid date
     SYSTEMTIME stEnd;
     int nMode; // the value that GetCurCellRect gave when the edit began
 };

@@ -116,17 +116,48 @@ LRESULT CInPlaceEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         ::MessageBeep(MB_OK);
         return 0;
     }
+    if (TakeDoubleByte(message, wParam))
+        return 0;
     return CEdit::WindowProc(message, wParam, lParam);
 }
 
-BOOL CInPlaceEdit::IsRefused(UINT message, WPARAM wParam, LPARAM lParam) const
+// A character of two bytes comes as two messages, or as one from an input method. It goes in whole, for a byte alone
+// stands for another character.
+BOOL CInPlaceEdit::TakeDoubleByte(UINT message, WPARAM wParam)
+{
+    char character[] = {m_chLead, static_cast<char>(wParam), '\0'};
+    if (message == WM_IME_CHAR)
+        character[0] = static_cast<char>(HIBYTE(wParam));
+    else if (message != WM_CHAR)
+        return FALSE;
+    m_chLead = '\0';
+    if (::IsDBCSLeadByte(static_cast<BYTE>(character[0])) && static_cast<BYTE>(character[1]) >= ' ') {
+        ReplaceSel(character, TRUE);
+        return TRUE;
+    }
+    if (message == WM_CHAR && ::IsDBCSLeadByte(static_cast<BYTE>(wParam))) {
+        m_chLead = static_cast<char>(wParam);
+        return TRUE;
+    }
+    return FALSE;
+}
+
+BOOL CInPlaceEdit::IsRefused(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_PASTE:
         return !ClipboardFits(m_hWnd);
-    case WM_CHAR:
-        return (wParam == kCtrlV && !ClipboardFits(m_hWnd)) || (wParam == '?' && IsManglingKey(lParam));
+    case WM_CHAR: {
+        const BOOL lostPacket = m_bPacketLost;
+        m_bPacketLost = FALSE;
+        return (wParam == kCtrlV && !ClipboardFits(m_hWnd)) ||
+               (wParam == '?' && (lostPacket || IsManglingKey(lParam)));
+    }
     case WM_KEYDOWN:
+        if (wParam == VK_PACKET) {
+            const wchar_t character = static_cast<wchar_t>(HIWORD(lParam));
+            m_bPacketLost = !FitsCodePage(&character, 1);
+        }
         return wParam == VK_INSERT && ::GetKeyState(VK_SHIFT) < 0 && !ClipboardFits(m_hWnd);
     case WM_IME_COMPOSITION:
         return (lParam & GCS_RESULTSTR) && !ConversionFits(m_hWnd);

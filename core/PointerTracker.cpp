@@ -99,8 +99,12 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
         m_origin = m_lastPut = pressed.times;
         effects.push_back(Plain(PointerEffect::SELECT_ITEM, hit.item));
     } else {
-        m_selecting = true;
+        m_selecting = IsValid(hit.time);
         m_pending = false;
+        if (!m_selecting) { // beside the days, as on a ruler: there is no date to begin at
+            effects.push_back(Plain(PointerEffect::CLEAR_ITEM));
+            return effects;
+        }
         m_sweepBegin = hit.time;
         PointerEffect begin = WithTimes(PointerEffect::BEGIN_SELECTION, hit.time, hit.time);
         begin.fullday = hit.code == CCHT_ONFULLDAY;
@@ -114,7 +118,7 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
 PointerEffects PointerTracker::Sweep(const PointerHit& hit)
 {
     PointerEffects effects;
-    if (m_selecting && hit.code != CCHT_NOWHERE)
+    if (m_selecting && hit.code != CCHT_NOWHERE && IsValid(hit.time))
         effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
     return effects;
 }
@@ -202,7 +206,7 @@ PointerEffects PointerTracker::Release(const PointerHit& hit)
 {
     PointerEffects effects;
     if (m_selecting && hit.code != CCHT_NOWHERE) {
-        effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
+        effects = Sweep(hit);
         m_selecting = false;
     }
     if (m_dragging && !m_pending) {

@@ -80,7 +80,7 @@ class PointerTracker
 {
 public:
     PointerEffects Press(const PointerHit& hit, const PressedItem& pressed);
-    // A move while a sweep runs; nothing otherwise.
+    // A move while a sweep runs; nothing otherwise, nor where there is no date.
     PointerEffects Sweep(const PointerHit& hit);
     // A move while an item is held. `current`: the current item's times now, null when it is gone.
     // Plain: the item begins at the date and time under the pointer and keeps its length.
@@ -95,12 +95,15 @@ public:
     PointerEffects Cancel();
     // Shift and an arrow key end a pending drag.
     void ForgetPendingDrag();
+    // The item that is held has another index now.
+    void FollowItem(int item) { m_item = item; }
 
     bool IsSelecting() const { return m_selecting; }
     bool IsDragPending() const { return m_pending; }
     bool IsDragging() const { return m_dragging; }
     bool IsBusy() const { return m_selecting || m_pending || m_dragging; }
     ItemEdge Edge() const { return m_edge; }
+    int Item() const { return m_item; }
     COleDateTime SweepBegin() const { return m_sweepBegin; }
     CPoint PressPoint() const { return m_pressPoint; }
     // The times that the dragged item had before the drag.

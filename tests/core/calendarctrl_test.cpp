@@ -180,6 +180,13 @@ TEST(CalendarCtrl, KeysAndARestingMouseAndWhatTheyTell)
     }
     EXPECT_EQ(ctrl.calls, (Lines{"right+shift", "range"})) << "the first release fixes the anchor";
     EXPECT_EQ(scene.Told(), kNone);
+    ctrl.calls.clear();
+    messages::LeftDown(scene.window, PointAt(0));
+    ctrl.calls.clear();
+    messages::Move(scene.window, PointAt(1));
+    messages::LeftUp(scene.window, PointAt(0));
+    EXPECT_EQ(ctrl.calls, (Lines{"range", "range"})) << "once a step of a sweep";
+    scene.Told();
     ctrl.SendMessage(WM_MOUSEHOVER, 0, MAKELPARAM(PointAt(3).x, PointAt(3).y));
     EXPECT_EQ(scene.Told(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
 }

@@ -180,4 +180,21 @@ TEST(HostileHost, ItemsThatGoInTheMiddleOfADrag)
     EXPECT_EQ(dying.TimesOf(0), "02:00-04:00") << "a drag that dies with its window did not happen";
 }
 
+TEST(HostileHost, ADragStaysWithItsItem)
+{
+    CalendarScene scene;
+    scene.AddItem(16, 72);
+    messages::LeftDown(scene.window, PointAt(7));
+    messages::Move(scene.window, PointAt(9), MK_LBUTTON);
+    messages::Move(scene.window, PointAt(10), MK_LBUTTON);
+    scene.calendar->DeleteItem(0);
+    scene.calendar->SetCurSel(0);
+    messages::Move(scene.window, PointAt(14), MK_LBUTTON);
+    EXPECT_EQ(scene.TimesOf(0), "14:00-16:00") << "it has another index now";
+    scene.calendar->SetCurSel(1);
+    messages::Move(scene.window, PointAt(20), MK_LBUTTON);
+    EXPECT_FALSE(scene.calendar->IsDragging());
+    EXPECT_EQ(scene.TimesOf(0) + " " + scene.TimesOf(1), "06:00-08:00 16:00-18:00") << "another item is current";
+}
+
 } // namespace

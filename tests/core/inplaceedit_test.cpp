@@ -123,6 +123,50 @@ TEST(InPlaceEdit, KeysOfAConversionAreNotOurs)
     EXPECT_EQ(scene.Told().size(), 1u);
 }
 
+TEST(InPlaceEdit, TypedCharactersAreWholeOrRefused)
+{
+    const bool japanese = ::GetACP() == 932;
+    const WORD kMeeting = 0x4F1A; // a character of the bytes 89 EF
+    const struct
+    {
+        const char* what;
+        std::function<void(HWND)> act;
+        const char* on932;
+        const char* on1252;
+    } rows[] = {
+        {"two bytes", [](HWND box) { messages::Type(box, "\x89\xEF"); }, "\x89\xEF", "\x89\xEF"},
+        {"an input method's", [](HWND box) { ::PostMessage(box, WM_IME_CHAR, 0x89EF, 0); }, "\x89\xEF", nullptr},
+        {"a lead byte alone",
+         [](HWND box) {
+             for (BYTE character : {0x89, 0x08, 0x78})
+                 ::SendMessage(box, WM_CHAR, character, 0);
+         },
+         "x", "x"},
+        {"sent by a program",
+         [kMeeting](HWND) {
+             INPUT key = {};
+             key.type = INPUT_KEYBOARD;
+             key.ki.wScan = kMeeting;
+             key.ki.dwFlags = KEYEVENTF_UNICODE;
+             ::SendInput(1, &key, sizeof(key));
+             key.ki.dwFlags |= KEYEVENTF_KEYUP;
+             ::SendInput(1, &key, sizeof(key));
+         },
+         "\x89\xEF", ""},
+        {"a question", [](HWND box) { messages::Type(box, "?"); }, "?", "?"},
+    };
+    for (const auto& row : rows) {
+        const char* expected = japanese ? row.on932 : row.on1252;
+        EditScene scene;
+        ASSERT_TRUE(hardware::Focus(scene.window));
+        row.act(scene.Begin(""));
+        PumpUntil([&] { return scene.Text() != ""; }, expected && *expected ? 5000 : 50);
+        if (expected) {
+            EXPECT_EQ(scene.Text(), expected) << row.what;
+        }
+    }
+}
+
 TEST(InPlaceEdit, PastedTextIsWholeOrRefused)
 {
     const wchar_t pasted[] = {0x4F1A, 0x8B70, 0}; // "meeting" in two Japanese characters

@@ -118,6 +118,15 @@ TEST(PointerTracker, SweepOverDates)
     EXPECT_EQ(mouse.Press(CCHT_ONFULLDAY, At(3)), "begin-days 03-00:00; clear; capture");
     EXPECT_EQ(mouse.Cancel(), "arrow; release");
     EXPECT_EQ(mouse.Move(CCHT_ONCELL, At(8)), "");
+
+    COleDateTime none; // as on a ruler
+    none.SetStatus(COleDateTime::invalid);
+    EXPECT_EQ(mouse.Press(CCHT_ONRULER, none), "clear");
+    EXPECT_EQ(mouse.Move(CCHT_ONCELL, At(8)), "");
+    mouse.Press(CCHT_ONCELL, At(3));
+    EXPECT_EQ(mouse.Move(CCHT_ONRULER, none), "");
+    EXPECT_EQ(mouse.Release(CCHT_ONRULER, none), "arrow; release") << "what was swept stays";
+    EXPECT_EQ(mouse.Move(CCHT_ONCELL, At(8)), "");
 }
 
 TEST(PointerTracker, ADragNeedsMoreThanFivePixelsAndMovesFromTheNextMove)

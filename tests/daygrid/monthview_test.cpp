@@ -180,6 +180,12 @@ TEST(MonthView, InvalidatesNoMoreThanTheCells)
     scene.view->SetSelRange(Day(1, 1), Day(3, 30));
     scene.view->InvalidateCellRectRange();
     EXPECT_EQ(Text(UpdateRectOf(*scene.view)), "(0, 46, 200, 146)");
+    scene.view->SendMessage(WM_LBUTTONDOWN, 0, MAKELPARAM(350, 340));
+    scene.view->SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(550, 340));
+    UpdateRectOf(*scene.view);
+    scene.view->SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(450, 340));
+    EXPECT_EQ(Text(UpdateRectOf(*scene.view)), "(300, 246, 600, 346)") << "a sweep that goes back leaves a cell";
+    scene.view->SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(450, 340));
 
     CRect rect;
     int found = 0;

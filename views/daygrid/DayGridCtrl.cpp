@@ -142,14 +142,20 @@ void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
     InvalidateRect(&rect, FALSE);
 }
 
+// The boxes of the selection, and those that it has left since its end moved.
 void CDayGridCtrl::InvalidateCellRectRange()
 {
     COleDateTime begin;
     COleDateTime end;
     if (!m_hWnd || !GetSelRange(begin, end))
         return;
-    const int last = std::min(PositionOf(end), GetBoxCount() - 1);
-    for (int i = std::max(PositionOf(begin), 0); i <= last; ++i) {
+    int first = PositionOf(begin);
+    int last = PositionOf(end);
+    if (m_dtPrevSelEnd.GetStatus() == COleDateTime::valid) {
+        first = std::min(first, PositionOf(m_dtPrevSelEnd));
+        last = std::max(last, PositionOf(m_dtPrevSelEnd));
+    }
+    for (int i = std::max(first, 0); i <= std::min(last, GetBoxCount() - 1); ++i) {
         const CRect rect = GetBoxRect(i);
         InvalidateRect(&rect, FALSE);
     }
