@@ -177,7 +177,7 @@ COleDateTime CCalendarCtrl::GetCurrentDate()
 
 void CCalendarCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtViewDate = date;
+    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtPrevSelEnd = m_dtViewDate = date;
 }
 
 COleDateTime CCalendarCtrl::GetSelDate()

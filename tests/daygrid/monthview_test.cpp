@@ -196,4 +196,13 @@ TEST(MonthView, InvalidatesNoMoreThanTheCells)
     scene.view->SetSelRange(Day(7, 1), Day(4, 20));
     scene.view->GetCurCellRect(rect, found);
     EXPECT_EQ(found, 0);
+
+    for (const bool scrolled : {false, true}) {
+        scene.view->SetCurrentDate(Day(4, 15));
+        if (scrolled)
+            scene.view->SendMessage(WM_VSCROLL, SB_LINEDOWN);
+        UpdateRectOf(*scene.view);
+        scene.view->InvalidateCellRectRange();
+        EXPECT_EQ(Text(UpdateRectOf(*scene.view)), "(300, 246, 400, 346)") << "not where a selection was long ago";
+    }
 }

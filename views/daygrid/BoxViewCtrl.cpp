@@ -286,6 +286,7 @@ void CBoxViewCtrl::ScrollTo(const COleDateTime& dtTarget)
         }
     }
     m_dtViewDate = m_dtCurrentDate;
+    m_dtPrevSelEnd = m_dtSelEnd;
     SetRange(dtTarget);
     InvalidateClient();
 }

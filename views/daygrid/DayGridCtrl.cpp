@@ -159,6 +159,7 @@ void CDayGridCtrl::InvalidateCellRectRange()
         const CRect rect = GetBoxRect(i);
         InvalidateRect(&rect, FALSE);
     }
+    m_dtPrevSelEnd = m_dtSelEnd;
 }
 
 void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
