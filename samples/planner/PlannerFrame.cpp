@@ -1,5 +1,7 @@
 #include "samples/planner/PlannerFrame.h"
 
+#include <afxpriv.h>
+
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "samples/planner/ItemBridge.h"
@@ -25,9 +27,9 @@ CPlannerFrame::Start CPlannerFrame::s_start;
 BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
     ON_WM_CREATE()
     ON_WM_CLOSE()
+    ON_MESSAGE(WM_SETMESSAGESTRING, &CPlannerFrame::OnSetMessageString)
     ON_MESSAGE(WM_PLANNER_LOADED, &CPlannerFrame::OnLoaded)
     ON_MESSAGE(YMN_SELENDOK, &CPlannerFrame::OnPicked)
-    ON_NOTIFY(CCN_ITEMCLICK, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemClick)
     ON_NOTIFY(CCN_ITEMDBLCLICK, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemOpen)
     ON_NOTIFY(CCN_CONTEXTMENU, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemMenu)
     ON_NOTIFY(CCN_ITEMMOVED, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemMoved)
@@ -122,10 +124,19 @@ planner::Document* CPlannerFrame::CalendarOf(LPARAM lFrame)
 // Keys that are typed into an edit box are no commands, but for those that no edit box knows.
 BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
 {
+    const bool isKeyUp = pMsg->message == WM_SYSKEYUP || pMsg->message == WM_KEYUP;
+    if (isKeyUp && pMsg->wParam == VK_MENU && m_altTaken) {
+        m_altTaken = false;
+        return TRUE; // Alt was the half of a command: letting it go must not open the menu bar
+    }
     TCHAR name[16] = "";
     ::GetClassName(pMsg->hwnd, name, sizeof(name) / sizeof(name[0]));
     const bool typed = lstrcmpi(name, "Edit") == 0 && pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST;
-    return typed ? CWnd::PreTranslateMessage(pMsg) : CFrameWnd::PreTranslateMessage(pMsg);
+    const BOOL taken = typed ? CWnd::PreTranslateMessage(pMsg) : CFrameWnd::PreTranslateMessage(pMsg);
+    if (pMsg->message == WM_SYSKEYDOWN) {
+        m_altTaken = taken != FALSE;
+    }
+    return taken;
 }
 
 void CPlannerFrame::OnUpdateFrameTitle(BOOL)
@@ -160,7 +171,7 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
                                          : "%d things of the file are not shown or not understood: see above",
                     static_cast<int>(messages.size()));
     }
-    SetMessageText(told);
+    Tell(told);
     return 0;
 }
 
@@ -278,6 +289,7 @@ void CPlannerFrame::Follow()
 {
     const COleDateTime day = ShownDay();
     m_followed = day;
+    m_items.DropHidden();
     m_toolBar.Follow(day);
     m_sidePane.Follow(day);
     CString count;
@@ -290,6 +302,11 @@ void CPlannerFrame::Idle()
 {
     if (m_items.Ctrl() && !m_items.Ctrl()->IsDragging() && ShownDay() != m_followed) {
         Follow();
+    }
+    const planner::Occurrence* current = m_items.Current();
+    const planner::OccurrenceId id = current ? current->id : planner::OccurrenceId();
+    if (id != m_toldItem) {
+        ShowCurrent();
     }
 }
 
@@ -341,13 +358,27 @@ void CPlannerFrame::Reveal(const planner::OccurrenceId& id)
 void CPlannerFrame::ShowCurrent()
 {
     const planner::Occurrence* current = m_items.Current();
-    SetMessageText(current ? planner::SystemPage().FromUtf8(planner::DetailsOf(*current)).c_str() : "");
+    m_toldItem = current ? current->id : planner::OccurrenceId();
+    Tell(current ? planner::SystemPage().FromUtf8(planner::DetailsOf(*current)).c_str() : "");
 }
 
 void CPlannerFrame::ShowProblem(const CString& problem)
 {
     ::MessageBeep(MB_ICONWARNING);
-    SetMessageText(problem);
+    Tell(problem);
+}
+
+void CPlannerFrame::Tell(const CString& text)
+{
+    m_told = text;
+    SetMessageText(text);
+}
+
+// When a menu closes, the status bar says again what it said before.
+LRESULT CPlannerFrame::OnSetMessageString(WPARAM wParam, LPARAM lParam)
+{
+    const bool idle = wParam == AFX_IDS_IDLEMESSAGE && lParam == 0;
+    return CFrameWnd::OnSetMessageString(wParam, idle ? reinterpret_cast<LPARAM>(m_told.GetString()) : lParam);
 }
 
 // ---- Notifications
@@ -373,13 +404,6 @@ LRESULT CPlannerFrame::OnPicked(WPARAM wParam, LPARAM)
     return 0;
 }
 
-void CPlannerFrame::OnItemClick(NMHDR* pHeader, LRESULT* pResult)
-{
-    const planner::Occurrence* pressed = m_items.At(reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem);
-    SetMessageText(pressed ? planner::SystemPage().FromUtf8(planner::DetailsOf(*pressed)).c_str() : "");
-    *pResult = 0;
-}
-
 void CPlannerFrame::OnItemOpen(NMHDR* pHeader, LRESULT* pResult)
 {
     *pResult = 0;
@@ -395,10 +419,10 @@ void CPlannerFrame::OnItemMenu(NMHDR* pHeader, LRESULT* pResult)
     constexpr int editMenu = 1; // position in the menu bar
     CPoint point(reinterpret_cast<const NMCALENDARITEM*>(pHeader)->pt);
     ::ClientToScreen(pHeader->hwndFrom, &point);
-    const int item = reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem;
-    if (item >= 0 && m_items.Ctrl()) {
-        m_items.Ctrl()->SetCurSel(item);
-    }
+    const planner::Occurrence* pressed = m_items.At(reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem);
+    const planner::OccurrenceId id = pressed ? pressed->id : planner::OccurrenceId();
+    m_editor.Commit();
+    m_items.Select(id);
     ::TrackPopupMenu(::GetSubMenu(::GetMenu(m_hWnd), editMenu), TPM_LEFTALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
                      m_hWnd, nullptr);
     *pResult = 0;

@@ -47,11 +47,11 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
     afx_msg void OnClose();
+    afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnLoaded(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnPicked(WPARAM wParam, LPARAM lParam);
 
     // Notifications of the view's control and of the small calendars
-    afx_msg void OnItemClick(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemOpen(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMenu(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMoved(NMHDR* pHeader, LRESULT* pResult);
@@ -94,6 +94,7 @@ private:
     void Finish(const planner::EditResult& result);
     void Reveal(const planner::OccurrenceId& id);
     void ShowCurrent();
+    void Tell(const CString& text); // in the status bar, until something else is to be told
     void ApplySettings(CCalendarCtrl& ctrl);
     BOOL* SettingOf(UINT nID);
     CWnd* PaneOf(UINT nID);
@@ -102,6 +103,9 @@ private:
     planner::ChosenView m_view;
     COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay
     COleDateTime m_followed; // by the bars and panes
+    CString m_told;
+    planner::OccurrenceId m_toldItem; // the current item when something was told of it last
+    bool m_altTaken = false;          // the key pressed with Alt was a command
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
 

@@ -1,5 +1,7 @@
 #include "samples/planner/PlannerToolBar.h"
 
+#include <afxpriv.h>
+
 #include "samples/planner/resource.h"
 
 namespace
@@ -7,6 +9,7 @@ namespace
 
 constexpr int kPickerWidth = 104; // pixels
 constexpr int kPickerGap = 4;     // on both sides
+constexpr int kLowestWrapped = 200; // a lower window has no room for a second row
 
 struct Tool
 {
@@ -42,6 +45,7 @@ constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
 
 BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
     ON_WM_ERASEBKGND()
+    ON_MESSAGE(WM_SIZEPARENT, &CPlannerToolBar::OnSizeParent)
     ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
 END_MESSAGE_MAP()
 
@@ -68,13 +72,13 @@ BOOL CPlannerToolBar::Create(CWnd* pParent)
     return m_picker.GetSafeHwnd() != nullptr;
 }
 
-// A gap of its width stands for the picker among the buttons.
+// A blank, disabled button of its width stands for the picker: unlike a separator it may end a row.
 void CPlannerToolBar::PlacePicker()
 {
     TBBUTTONINFO gap = {};
     gap.cbSize = sizeof(gap);
-    gap.dwMask = TBIF_STYLE | TBIF_SIZE;
-    gap.fsStyle = BTNS_SEP;
+    gap.dwMask = TBIF_STATE | TBIF_SIZE;
+    gap.fsState = 0;
     gap.cx = kPickerWidth + 2 * kPickerGap;
     GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap);
     CRect place;
@@ -87,6 +91,35 @@ void CPlannerToolBar::PlacePicker()
         m_picker.SetWindowPos(nullptr, place.left, place.top + (place.Height() - actual.Height()) / 2, 0, 0,
                               SWP_NOSIZE | SWP_NOZORDER);
     }
+}
+
+// Where the window is narrow, the views stand in a second row.
+LRESULT CPlannerToolBar::OnSizeParent(WPARAM wParam, LPARAM lParam)
+{
+    const CRect room(reinterpret_cast<const AFX_SIZEPARENTPARAMS*>(lParam)->rect);
+    int width = 0;
+    for (int i = 0; i < kToolCount; ++i) {
+        CRect tool;
+        GetItemRect(i, &tool);
+        width += tool.Width();
+    }
+    m_isWrapped = width > room.Width() && room.Height() >= kLowestWrapped;
+    TBBUTTONINFO gap = {};
+    gap.cbSize = sizeof(gap);
+    gap.dwMask = TBIF_STATE;
+    gap.fsState = m_isWrapped ? TBSTATE_WRAP : 0;
+    if (SendMessage(TB_GETSTATE, IDC_PICKER) != gap.fsState) {
+        GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap); // unlike TB_SETSTATE, lays the buttons out
+        Invalidate();
+    }
+    return CToolBar::OnSizeParent(wParam, lParam);
+}
+
+CSize CPlannerToolBar::CalcFixedLayout(BOOL bStretch, BOOL bHorz)
+{
+    CSize size = CToolBar::CalcFixedLayout(bStretch, bHorz);
+    size.cy += m_isWrapped ? HIWORD(SendMessage(TB_GETBUTTONSIZE)) : 0;
+    return size;
 }
 
 void CPlannerToolBar::Follow(const COleDateTime& day)

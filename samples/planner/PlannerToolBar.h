@@ -14,6 +14,8 @@ public:
     void Follow(const COleDateTime& day);
 
 protected:
+    CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz) override;
+    afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     // The picker's messages go on to the frame.
     afx_msg LRESULT OnPickerMessage(WPARAM wParam, LPARAM lParam);
@@ -23,4 +25,5 @@ private:
     void PlacePicker();
 
     CYearMonthPickerCtrl m_picker;
+    bool m_isWrapped = false;
 };

@@ -97,17 +97,28 @@ bool ShownItems::Select(const OccurrenceId& id)
     return false;
 }
 
+bool ShownItems::IsInView(const Occurrence& occurrence, const Range& view)
+{
+    const EventTimes& times = occurrence.times;
+    return times.start < view.to && (times.end > view.from || times.start >= view.from);
+}
+
+void ShownItems::DropHidden()
+{
+    const Occurrence* current = Current();
+    if (current && !IsInView(*current, ViewRange())) {
+        m_ctrl->SetCurSel(-1);
+    }
+}
+
 int ShownItems::CountInView() const
 {
     if (!m_ctrl) {
         return 0;
     }
     const Range view = ViewRange();
-    return static_cast<int>(
-        std::count_if(m_occurrences.begin(), m_occurrences.end(), [&](const Occurrence& occurrence) {
-            return occurrence.times.start < view.to && (occurrence.times.end > view.from ||
-                                                        occurrence.times.start >= view.from);
-        }));
+    return static_cast<int>(std::count_if(m_occurrences.begin(), m_occurrences.end(),
+                                          [&](const Occurrence& each) { return IsInView(each, view); }));
 }
 
 LocalTime ShownItems::EarliestStart(LocalTime none) const

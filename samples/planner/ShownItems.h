@@ -25,6 +25,8 @@ public:
     const Occurrence* Current() const;
     // Makes the item current; false when it is not shown.
     bool Select(const OccurrenceId& id);
+    // No item that is out of sight stays current: the Delete key must not meet it.
+    void DropHidden();
     int CountInView() const;
     // The earliest start of day, in seconds, of a timed item in view; `none` when there is none.
     LocalTime EarliestStart(LocalTime none) const;
@@ -37,6 +39,7 @@ private:
         LocalTime from = 0, to = 0; // exclusive
     };
     Range ViewRange() const;
+    static bool IsInView(const Occurrence& occurrence, const Range& view);
 
     CCalendarCtrl* m_ctrl = nullptr;
     std::vector<Occurrence> m_occurrences; // lParam of an item is its position here

@@ -64,6 +64,13 @@ protected:
     CCalendarCtrl& Ctrl() { return *m_frame->Items().Ctrl(); }
     std::string Bytes() { return m_document->Calendar().Save(); }
 
+    std::string StatusText()
+    {
+        char text[256] = "";
+        m_frame->GetDlgItem(AFX_IDW_STATUS_BAR)->SendMessage(SB_GETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+
     // The middle of the first piece of the item of that text, client pixels of the control.
     CPoint PointOf(const char* text)
     {
@@ -202,14 +209,56 @@ TEST_F(PlannerWindow, CommandsMeetWhatWasTyped)
 
 TEST_F(PlannerWindow, FollowsTheViewIntoOtherMonths)
 {
+    messages::Click(Ctrl(), PointOf("Trip"));
+    m_frame->Idle();
+    EXPECT_EQ(StatusText(), "2026-04-21 - 2026-04-23   Trip");
     for (int month = 0; month < 4; ++month) {
         m_frame->SendMessage(WM_COMMAND, ID_VIEW_PREVIOUS);
+        EXPECT_FALSE(m_frame->Items().Current()) << "the Delete key must not meet what nobody sees";
     }
     EXPECT_EQ(m_frame->Items().CountInView(), 0);
+    m_frame->Idle();
+    EXPECT_EQ(StatusText(), "");
     for (int week = 0; week < 16; ++week) { // by the control's own scrolling
         Ctrl().SendMessage(WM_VSCROLL, SB_LINEDOWN);
     }
     EXPECT_EQ(m_frame->Items().CountInView(), 2);
+}
+
+TEST_F(PlannerWindow, EveryToolIsInReachInANarrowWindow)
+{
+    CWnd* bar = m_frame->GetDlgItem(AFX_IDW_TOOLBAR);
+    for (const int width : {1200, 500, 1200}) {
+        m_frame->SetWindowPos(nullptr, 0, 0, width, 500, SWP_NOMOVE | SWP_NOZORDER);
+        CRect all, last;
+        bar->GetClientRect(&all);
+        bar->SendMessage(TB_GETRECT, ID_VIEW_YEAR, reinterpret_cast<LPARAM>(static_cast<RECT*>(&last)));
+        EXPECT_TRUE(last.left >= 0 && last.right <= all.right && last.bottom <= all.bottom) << width;
+        EXPECT_EQ(last.top > last.Height() / 2, width == 500) << "in a second row only where it must be";
+    }
+}
+
+// Letting Alt go after a command would open the menu bar.
+TEST_F(PlannerWindow, AltOfACommandOpensNoMenu)
+{
+    ASSERT_TRUE(hardware::Focus(Ctrl()));
+    hardware::KeyDown(VK_MENU);
+    hardware::KeyDown(VK_LEFT);
+    hardware::KeyUp(VK_MENU);
+    hardware::KeyUp(VK_LEFT);
+    hardware::Key(VK_RIGHT);
+    hardware::Key(VK_ESCAPE); // would close the menu
+    PumpMessages();
+    COleDateTime begin, end;
+    Ctrl().GetSelRange(begin, end);
+    EXPECT_EQ(begin, COleDateTime(2026, 3, 16, 0, 0, 0)) << "one month back, then one day on";
+}
+
+TEST_F(PlannerWindow, ANewCalendarIsSavedAsACalendar)
+{
+    m_document->OnNewDocument();
+    EXPECT_EQ(Bytes().substr(0, 15), "BEGIN:VCALENDAR");
+    EXPECT_EQ(m_document->Calendar().EventCount(), 0u);
 }
 
 } // namespace
