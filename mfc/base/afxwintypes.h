@@ -5,6 +5,9 @@
 
 #ifdef _WIN32
 
+#if defined(UNICODE) || defined(_UNICODE)
+#error "Dayvane's texts are narrow: build the host without UNICODE and _UNICODE."
+#endif
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif

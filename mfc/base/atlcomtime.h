@@ -79,6 +79,9 @@ public:
     COleDateTime(DATE date) : m_dt(date) { CheckRange(); }
     COleDateTime(const SYSTEMTIME& time) { *this = time; }
     COleDateTime(__time64_t time) { *this = time; } // seconds since 1970, shown as local time
+#ifdef _WIN32
+    COleDateTime(__time32_t time) { *this = static_cast<__time64_t>(time); } // what time() answers on 32-bit MinGW
+#endif
     COleDateTime(int year, int month, int day, int hour, int minute, int second)
     {
         SetDateTime(year, month, day, hour, minute, second);
@@ -86,6 +89,9 @@ public:
     COleDateTime& operator=(DATE date);
     COleDateTime& operator=(const SYSTEMTIME& time); // milliseconds and the day of the week are ignored
     COleDateTime& operator=(__time64_t time);
+#ifdef _WIN32
+    COleDateTime& operator=(__time32_t time) { return *this = static_cast<__time64_t>(time); }
+#endif
 
     // The local time, whole seconds.
     static COleDateTime GetCurrentTime();

@@ -264,6 +264,9 @@ TEST(DateTime, ShowsTheLocalClock)
     fields.tm_sec = now.GetSecond();
     fields.tm_isdst = -1;
     EXPECT_NEAR(static_cast<double>(std::mktime(&fields)), static_cast<double>(std::time(nullptr)), 5);
+    COleDateTime assigned;
+    assigned = std::time(nullptr);
+    EXPECT_NEAR(COleDateTime(std::time(nullptr)).m_dt - now.m_dt + (assigned.m_dt - now.m_dt), 0, 10.0 / 86400);
     EXPECT_EQ(COleDateTime(std::numeric_limits<__time64_t>::max()).GetStatus(), COleDateTime::invalid);
 }
 } // namespace
