@@ -102,7 +102,8 @@ public:
 protected:
     virtual void DrawCtrl(CDC* pDC);
     virtual void InvalidateCellRect(COleDateTime date);
-    virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
+    // Every piece of the item, 2 pixels around included; -1: the selection, which shows while no item is current.
+    virtual void InvalidateItemRect(int nIndex);
     virtual void InvalidateCellRectRange();      // the cells of the selected range
     virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
     virtual void DrawGrid(CDC* pDC, CRect rcContent);
@@ -272,6 +273,7 @@ protected:
     void InvalidateClient();  // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
+    void GrowToTextLine(CRect& rect);
     tagCCHITTESTINFO HitAt(CPoint point);
     tagCCHITTESTINFO KeyboardHit();
     static dayvane::PointerHit PointerHitOf(const tagCCHITTESTINFO& hit);

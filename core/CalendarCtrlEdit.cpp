@@ -2,7 +2,15 @@
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/DrawingHelpers.h"
 #include "core/InPlaceEdit.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int kEditPadding = 1; // pixels between the border of the edit box and its text, above and below
+} // namespace
 
 void CCalendarCtrl::BeginEditItem(const char* lpszText)
 {
@@ -16,6 +24,7 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
     GetCurCellRect(rect, mode);
     if (rect.top == -1)
         return;
+    GrowToTextLine(rect);
     m_bEditing = TRUE;
     CInPlaceEdit* edit = new CInPlaceEdit(this, text, mode);
     if (!edit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, rect, this, kEditId)) {
@@ -25,6 +34,23 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
     m_pEdit = edit;
     edit->SetFont(GetFont(0), TRUE);
     edit->SetFocus();
+}
+
+// A cell may be lower than a line of text: then the box reaches over its lower end, or its upper one at the bottom of
+// the window.
+void CCalendarCtrl::GrowToTextLine(CRect& rect)
+{
+    CClientDC dc(this);
+    const dayvane::SelectGdi font(&dc, GetFont(0));
+    TEXTMETRIC metrics = {};
+    dc.GetTextMetrics(&metrics);
+    const int height = metrics.tmHeight + 2 * (::GetSystemMetrics(SM_CYBORDER) + kEditPadding);
+    if (rect.Height() >= height)
+        return;
+    CRect client;
+    GetClientRect(&client);
+    rect.bottom = rect.top + height;
+    rect.OffsetRect(0, std::min(std::max(client.bottom - rect.bottom, client.top - rect.top), 0L));
 }
 
 void CCalendarCtrl::FinishEdit(BOOL bCommit)

@@ -171,6 +171,8 @@ void CCalendarCtrl::SetSelRange(const COleDateTime& begin, const COleDateTime& e
 
 void CCalendarCtrl::InvalidateItemRect(int nIndex)
 {
+    if (nIndex == -1 && !m_bShowSelectionWithItem)
+        InvalidateCellRectRange();
     if (!m_hWnd || nIndex < 0)
         return;
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {

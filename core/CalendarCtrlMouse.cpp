@@ -124,6 +124,8 @@ void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, c
 // The tracker has forgotten its press, or is about to: the capture goes without being taken for a lost one.
 void CCalendarCtrl::StopTracking()
 {
+    if (m_pointer.IsDragging())
+        InvalidateCellRectRange(); // the time grids mark the rows under a dragged item
     m_pointer.Released();
     KillTimer(kScrollTimer);
     m_bScrollTimer = FALSE;

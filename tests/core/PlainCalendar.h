@@ -21,6 +21,7 @@ class PlainCalendar : public CCalendarCtrl
 public:
     std::vector<std::string> calls; // of the move and invalidation hooks
     std::string drawn;              // the drawing hooks, a word each
+    int cellHeight = 24;
     bool hasCell = true;            // whether BeginEditItem finds a cell
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* = nullptr) override
@@ -33,7 +34,7 @@ public:
     {
         if (!hasCell)
             return CCalendarCtrl::GetCurCellRect(rect, nMode);
-        rect.SetRect(10, 40, 200, 64);
+        rect.SetRect(10, 40, 200, 40 + cellHeight);
         nMode = 17;
     }
 

@@ -107,7 +107,11 @@ TEST(CalendarCtrl, SelectionRules)
     EXPECT_EQ(ctrl.SetCurSel(3), -1);
     EXPECT_EQ(ctrl.GetCurSel(), 2);
     ctrl.SetSelScreenItem(1);
+    ctrl.calls.clear();
+    ctrl.SetCurSel(1);
+    EXPECT_EQ(ctrl.calls, Lines());
     ctrl.SetCurSel(-1);
+    EXPECT_EQ(ctrl.calls, Lines{"range"}) << "the selection shows while no item is current";
     EXPECT_EQ(ctrl.GetSelScreenItem(), -1);
     COleDateTime begin, end;
     ctrl.SetSelRange(At(9), At(8));
@@ -170,7 +174,7 @@ TEST(CalendarCtrl, KeysAndARestingMouseAndWhatTheyTell)
     ctrl.SetCurSel(1);
     ctrl.SendMessage(WM_KEYDOWN, VK_RIGHT);
     EXPECT_EQ(ctrl.GetCurSel(), -1);
-    EXPECT_EQ(ctrl.calls, (Lines{"left", "right"}));
+    EXPECT_EQ(ctrl.calls, (Lines{"range", "left", "range", "right"})) << "the first by Tab, the second as 1 is cleared";
     ctrl.calls.clear();
     {
         KeyState shift({VK_SHIFT});

@@ -58,6 +58,11 @@ TEST(InPlaceEdit, OpensOverTheCellWithTheText)
     ::GetWindowRect(box, &rect);
     scene.calendar->ScreenToClient(&rect);
     EXPECT_EQ(rect, CRect(10, 40, 200, 64));
+    scene.calendar->cellHeight = 5;
+    ::GetWindowRect(scene.Begin(), &rect);
+    scene.calendar->ScreenToClient(&rect);
+    EXPECT_EQ(rect.TopLeft(), CPoint(10, 40));
+    EXPECT_GT(rect.Height(), 12) << "a line of text has room in a low cell";
 }
 
 TEST(InPlaceEdit, WhatEndsItAndWhatIsTold)

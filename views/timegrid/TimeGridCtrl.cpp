@@ -335,7 +335,9 @@ void CTimeGridCtrl::InvalidateGrid()
 
 void CTimeGridCtrl::InvalidateItemRect(int nIndex)
 {
-    if (!m_hWnd || nIndex < 0)
+    if (nIndex < 0)
+        return CCalendarCtrl::InvalidateItemRect(nIndex);
+    if (!m_hWnd)
         return;
     const dayvane::TimeGridState state = State();
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
