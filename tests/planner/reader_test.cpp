@@ -153,6 +153,16 @@ TEST(Reader, ShowsTheClockOfTheCalendar)
     EXPECT_EQ(ShownIn2026(calendar("X-WR-TIMEZONE:Asia/Tokyo")),
               "20261121T0900/20261121T0900 20261123T0130/20261123T0130" + rest);
     EXPECT_EQ(ShownIn2026(calendar("X-WR-TIMEZONE:No/Where")), "20261121/20261121 20261122T0930/20261122T0930" + rest);
+    // The only zone that the file defines is its clock; of two none is.
+    const auto zone = [](const char* id, const char* offset) {
+        return Joined({"BEGIN:VTIMEZONE", id, "BEGIN:STANDARD", "DTSTART:20000101T000000", offset, "END:STANDARD"}) +
+               "END:VTIMEZONE";
+    };
+    const std::string one = zone("TZID:One", "TZOFFSETTO:+0200");
+    const std::string two = zone("TZID:Two", "TZOFFSETTO:+0300");
+    EXPECT_EQ(ShownIn2026(calendar(one.c_str())), "20261121T0200/20261121T0200 20261122T1830/20261122T1830" + rest);
+    EXPECT_EQ(ShownIn2026(calendar((one + "\r\n" + two).c_str())),
+              "20261121/20261121 20261122T0930/20261122T0930" + rest);
 }
 
 TEST(Reader, FilesWithLostEndsHideNothing)

@@ -240,6 +240,12 @@ ZonePtr ZoneTable::Find(int calendar, std::string_view id) const
     return other != m_zones.end() && other->first.first == name ? other->second : FindCommonZone(id);
 }
 
+std::string ZoneTable::OnlyId() const
+{
+    const bool isOnly = !m_zones.empty() && m_zones.begin()->first.first == m_zones.rbegin()->first.first;
+    return isOnly ? m_zones.begin()->first.first : std::string();
+}
+
 bool ZoneTable::Defines(std::string_view id) const
 {
     const std::string name(id);

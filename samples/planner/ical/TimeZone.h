@@ -77,6 +77,8 @@ public:
     // A zone of that VCALENDAR, else of another one, else a common one, else nullptr.
     ZonePtr Find(int calendar, std::string_view id) const;
     bool Defines(std::string_view id) const;
+    // The TZID of all definitions; empty if there are none or several.
+    std::string OnlyId() const;
 
 private:
     std::map<std::pair<std::string, int>, ZonePtr> m_zones; // by TZID and calendar

@@ -93,17 +93,18 @@ void Document::ChooseClock(const CalendarScan& scan)
     m_writing = {};
     m_writing.zones = &m_zones;
     m_writing.calendar = scan.insertCalendar;
-    if (scan.zoneName.empty()) {
+    const std::string zoneName = scan.zoneName.empty() ? m_zones.OnlyId() : scan.zoneName;
+    if (zoneName.empty()) {
         return;
     }
-    m_writing.displayZone = m_zones.Find(scan.insertCalendar, scan.zoneName);
+    m_writing.displayZone = m_zones.Find(scan.insertCalendar, zoneName);
     if (!m_writing.displayZone) {
         return;
     }
     // A zone that the file does not define must not be named in it: such new events are written in UTC.
     TimeForm& form = m_writing.newForm;
-    form.isUtc = !m_zones.Defines(scan.zoneName);
-    form.tzid = form.isUtc ? "" : scan.zoneName;
+    form.isUtc = !m_zones.Defines(zoneName);
+    form.tzid = form.isUtc ? "" : zoneName;
     form.zone = form.isUtc ? TimeZone::Utc() : m_writing.displayZone;
 }
 
