@@ -136,9 +136,13 @@ CDocument* CSingleDocTemplate::OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMake
         opened = pDocument->OnNewDocument();
     } else {
         CWaitCursor wait;
+        const BOOL wasModified = pDocument->IsModified();
+        pDocument->SetModifiedFlag(FALSE); // loading sets it as soon as it changes the document
         opened = pDocument->OnOpenDocument(lpszPathName);
         if (opened) {
             pDocument->SetPathName(lpszPathName);
+        } else if (!created && !pDocument->IsModified()) {
+            pDocument->SetModifiedFlag(wasModified); // the document is as it was
         } else if (!created) {
             SetDefaultTitle(pDocument); // what was there is gone; the frame stays, with an empty document
             pDocument->OnNewDocument();

@@ -189,6 +189,9 @@ void StoreFile(LPCTSTR path, CMemFile& file)
         }
     }
     if (!::MoveFileEx(fresh, path, MOVEFILE_REPLACE_EXISTING)) {
+        const DWORD error = ::GetLastError();
+        ::DeleteFile(fresh);
+        ::SetLastError(error);
         FileHandle::Fail(path);
     }
 }
@@ -197,9 +200,11 @@ void StoreFile(LPCTSTR path, CMemFile& file)
 
 BOOL CDocument::OnOpenDocument(LPCTSTR lpszPathName)
 {
+    bool touched = false;
     try {
         CMemFile file;
         LoadFile(lpszPathName, file);
+        touched = true;
         DeleteContents();
         SetModifiedFlag(TRUE); // while it is half loaded
         CArchive archive(&file, CArchive::load);
@@ -207,7 +212,9 @@ BOOL CDocument::OnOpenDocument(LPCTSTR lpszPathName)
     } catch (CException* e) {
         ReportSaveLoadException(lpszPathName, e, FALSE);
         e->Delete();
-        DeleteContents();
+        if (touched) {
+            DeleteContents();
+        }
         return FALSE;
     }
     SetModifiedFlag(FALSE);

@@ -24,7 +24,9 @@ void CPlannerDoc::DeleteContents()
 // The calendar knows by its steps whether it differs from the file.
 void CPlannerDoc::SetModifiedFlag(BOOL bModified)
 {
-    if (!bModified) {
+    if (bModified) {
+        m_calendar.MarkUnsaved();
+    } else {
         m_calendar.MarkSaved();
     }
     UpdateFrameCounts(); // the title tells it

@@ -362,8 +362,12 @@ TEST_F(FrameTest, SavesAndOpensFiles)
 
     log.clear();
     document->m_value = 78;
+    document->SetModifiedFlag();
+    app.m_answer = IDNO; // does not want to save
     EXPECT_EQ(app.OpenDocumentFile(path + ".none"), nullptr);
-    EXPECT_EQ(log.front(), std::string("box ") + static_cast<LPCTSTR>(path) + ".none was not found.");
+    EXPECT_EQ(document->m_value, 78) << "a file that is not there takes nothing away";
+    EXPECT_TRUE(document->IsModified());
+    EXPECT_EQ(log.back(), std::string("box ") + static_cast<LPCTSTR>(path) + ".none was not found.");
     EXPECT_FALSE(document->OnSaveDocument(CString(folder) + "no such folder\\x"));
     const HANDLE handle = ::CreateFile(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     ::CloseHandle(handle);

@@ -91,6 +91,7 @@ public:
     EditResult Redo();
     bool IsModified() const { return !m_undo.IsSaved(); }
     void MarkSaved() { m_undo.MarkSaved(); }
+    void MarkUnsaved() { m_undo.MarkUnsaved(); }
 
 private:
     // A stretch of the file. Deleted events stay in the list, dead, so that undo finds their place.

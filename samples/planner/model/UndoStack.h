@@ -29,6 +29,7 @@ public:
     bool CanRedo() const { return m_done < m_steps.size(); }
 
     void MarkSaved() { m_saved = m_done; }
+    void MarkUnsaved() { m_saved.reset(); }
     bool IsSaved() const { return m_saved == m_done; }
 
 private:
