@@ -176,6 +176,10 @@ int main(int argc, char** argv)
         else
             options.seed = std::strtoull(argv[i], nullptr, 10);
     }
+    if (options.keep.empty() && options.events <= 0) {
+        std::puts("dayvane-stress [EVENTS [SEED]] [--view NAME], with at least one event");
+        return 2;
+    }
     if (!AfxWinInit(::GetModuleHandle(nullptr), nullptr, ::GetCommandLine(), SW_SHOW))
         return 97;
     if (!options.keep.empty())
