@@ -95,7 +95,8 @@ CCalendarCtrl::CCalendarCtrl()
     m_lfFonts[2] = FontTemplate(12, SHIFTJIS_CHARSET, "MS UI Gothic");
     m_lfFonts[3] = FontTemplate(12, SYMBOL_CHARSET, "MS Outlook");
 
-    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = m_dtPrevSelEnd = dayvane::Now();
+    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = dayvane::Now();
+    m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
 }
 
 CCalendarCtrl::~CCalendarCtrl()
@@ -177,7 +178,7 @@ COleDateTime CCalendarCtrl::GetCurrentDate()
 
 void CCalendarCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtPrevSelEnd = m_dtViewDate = date;
+    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtViewDate = date;
 }
 
 COleDateTime CCalendarCtrl::GetSelDate()

@@ -102,9 +102,8 @@ public:
 protected:
     virtual void DrawCtrl(CDC* pDC);
     virtual void InvalidateCellRect(COleDateTime date);
-    // Every piece of the item, 2 pixels around included; -1: the selection, which shows while no item is current.
-    virtual void InvalidateItemRect(int nIndex);
-    virtual void InvalidateCellRectRange();      // the cells of the selected range
+    virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
+    virtual void InvalidateCellRectRange();      // the cells of the selected range, and up to m_dtPrevSelEnd
     virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
     virtual void DrawGrid(CDC* pDC, CRect rcContent);
     virtual void DrawRuler(CDC* pDC, CRect rcRuler);
@@ -298,7 +297,7 @@ protected:
     COleDateTime m_dtSelBegin; // 0.0: nothing selected
     COleDateTime m_dtSelEnd;
     COleDateTime m_dtSelAnchor;
-    COleDateTime m_dtPrevSelEnd; // the selection end before its last change, for repainting the difference
+    COleDateTime m_dtPrevSelEnd; // the end that the selection is just leaving, for repainting it; else not valid
 
     CRect m_rcCaption = CRect(0, 0, 0, 0);
     CRect m_rcRuler = CRect(0, 0, 0, 0);

@@ -120,9 +120,12 @@ int CCalendarCtrl::SetCurSel(int nIndex)
     if (nIndex == -1)
         m_nSelScreenItem = -1;
     if (nIndex != m_nCurSel) {
+        const BOOL wasSelectionShown = IsSelectionShown();
         InvalidateItemRect(m_nCurSel);
         m_nCurSel = nIndex;
         InvalidateItemRect(m_nCurSel);
+        if (IsSelectionShown() != wasSelectionShown)
+            InvalidateCellRectRange();
     }
     return nIndex;
 }
@@ -165,14 +168,12 @@ int CCalendarCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 void CCalendarCtrl::SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday)
 {
     m_dtSelBegin = begin;
-    m_dtSelEnd = m_dtPrevSelEnd = end;
+    m_dtSelEnd = end;
     m_bFulldaySelection = bFullday;
 }
 
 void CCalendarCtrl::InvalidateItemRect(int nIndex)
 {
-    if (nIndex == -1 && !m_bShowSelectionWithItem)
-        InvalidateCellRectRange();
     if (!m_hWnd || nIndex < 0)
         return;
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {

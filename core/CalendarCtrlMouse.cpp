@@ -88,9 +88,9 @@ void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, c
             m_dtPrevSelEnd = m_dtSelEnd;
             m_dtSelEnd = effect.times.end;
             InvalidateCellRectRange();
+            m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
             break;
         case PointerEffect::MARK_DATE:
-            m_dtPrevSelEnd = m_dtSelEnd;
             m_dtSelBegin = m_dtSelEnd = effect.times.start;
             break;
         case PointerEffect::TAKE_CAPTURE:

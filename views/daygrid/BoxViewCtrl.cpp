@@ -286,7 +286,6 @@ void CBoxViewCtrl::ScrollTo(const COleDateTime& dtTarget)
         }
     }
     m_dtViewDate = m_dtCurrentDate;
-    m_dtPrevSelEnd = m_dtSelEnd;
     SetRange(dtTarget);
     InvalidateClient();
 }

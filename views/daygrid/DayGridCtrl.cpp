@@ -142,7 +142,7 @@ void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
     InvalidateRect(&rect, FALSE);
 }
 
-// The boxes of the selection, and those that it has left since its end moved.
+// The boxes of the selection, and those that it is just leaving.
 void CDayGridCtrl::InvalidateCellRectRange()
 {
     COleDateTime begin;
@@ -159,7 +159,6 @@ void CDayGridCtrl::InvalidateCellRectRange()
         const CRect rect = GetBoxRect(i);
         InvalidateRect(&rect, FALSE);
     }
-    m_dtPrevSelEnd = m_dtSelEnd;
 }
 
 void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
@@ -175,7 +174,6 @@ BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFl
 {
     if (end.GetStatus() != COleDateTime::valid)
         return FALSE;
-    m_dtPrevSelEnd = m_dtSelEnd;
     m_dtSelEnd = end;
     if (!(nFlags & kExtendSelection))
         m_dtSelBegin = end;

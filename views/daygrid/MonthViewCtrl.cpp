@@ -85,7 +85,7 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
         return;
     CDayGridCtrl::SetCurrentDate(date);
     m_dtScroll = m_dtCurrent = date;
-    m_dtSelBegin = m_dtSelEnd = m_dtPrevSelEnd = dayvane::StartOfDay(date);
+    m_dtSelBegin = m_dtSelEnd = dayvane::StartOfDay(date);
     CalcCalendar();
     // Over the stored items, not the shown ones: the screen items come with the next layout.
     CalcItemRect(m_rcContent, m_arItem);
@@ -258,7 +258,7 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     MoveCalendar(scroll.step);
     if (!alive)
         return;
-    m_dtSelBegin = m_dtSelEnd = m_dtPrevSelEnd = m_dtCurrent;
+    m_dtSelBegin = m_dtSelEnd = m_dtCurrent;
     SetScrollPos(SB_VERT, scroll.position, TRUE);
     CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
 }

@@ -263,7 +263,6 @@ dayvane::GridSelection CTimeGridCtrl::Selection() const
 
 void CTimeGridCtrl::SetSelection(const dayvane::GridSelection& selection)
 {
-    m_dtPrevSelEnd = m_dtSelEnd;
     m_dtCurrentDate = m_dtViewDate = selection.current;
     m_dtSelBegin = selection.begin;
     m_dtSelEnd = selection.end;
@@ -335,9 +334,7 @@ void CTimeGridCtrl::InvalidateGrid()
 
 void CTimeGridCtrl::InvalidateItemRect(int nIndex)
 {
-    if (nIndex < 0)
-        return CCalendarCtrl::InvalidateItemRect(nIndex);
-    if (!m_hWnd)
+    if (!m_hWnd || nIndex < 0)
         return;
     const dayvane::TimeGridState state = State();
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
@@ -357,6 +354,8 @@ void CTimeGridCtrl::InvalidateCellRectRange()
     const dayvane::TimeGridState state = State();
     for (int column = 0; column < GetColumnCount(); ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
+            if (!IsDate(*end))
+                continue;
             const dayvane::RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
             const CRect box = dayvane::BoxOfRows(state, state.frame.columns[column], rows);
             if (!box.IsRectEmpty())
