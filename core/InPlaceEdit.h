@@ -32,10 +32,10 @@ protected:
     CCalendarCtrl* m_pOwner; // not owned; null once the box is being closed
     CString m_strText;       // initial text
     BOOL m_bCancelled = FALSE;
-    BOOL m_bComposing = FALSE; // an input method is at work on characters that are not yet text
+    BOOL m_bComposing = FALSE;  // an input method is at work on characters that are not yet text
     BOOL m_bPacketLost = FALSE; // a program sent a character that the code page lacks: '?' comes in its place
-    char m_chLead = '\0';      // first byte of a character whose second has not come yet
-    int m_nMode; // goes through to EndEditItem unchanged
+    char m_chLead = '\0';       // first byte of a character whose second has not come yet
+    int m_nMode;                // goes through to EndEditItem unchanged
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnKillFocus(CWnd* pNewWnd);

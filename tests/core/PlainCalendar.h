@@ -22,7 +22,7 @@ public:
     std::vector<std::string> calls; // of the move and invalidation hooks
     std::string drawn;              // the drawing hooks, a word each
     int cellHeight = 24;
-    bool hasCell = true;            // whether BeginEditItem finds a cell
+    bool hasCell = true; // whether BeginEditItem finds a cell
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* = nullptr) override
     {
