@@ -5,7 +5,11 @@
 #pragma once
 
 #include "calc/CalcHoliday.h"
+#include "calc/Eras.h"
 #include "calc/LunarDate.h"
+#include "calc/WeekNumbers.h"
+#include "calc/WorkHours.h"
+#include "calc/ZoneClock.h"
 #include "core/CalendarRecords.h"
 
 #ifdef _WIN32
