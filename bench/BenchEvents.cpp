@@ -10,10 +10,8 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace bench
-{
-namespace
-{
+namespace bench {
+namespace {
 
 constexpr unsigned kJapaneseCodePage = 932; // of the texts that controls show
 
@@ -43,8 +41,14 @@ bool ParseEvent(const std::string& line, tagCC_ITEM& item)
     return true;
 }
 
-constexpr const char* kSubjects[] = {"朝会", "設計レビュー", "Lunch", "Interview with the new colleague",
-                                     "歯医者", "出張 大阪", "Release planning for the spring version", "電話"};
+constexpr const char* kSubjects[] = {"朝会",
+                                     "設計レビュー",
+                                     "Lunch",
+                                     "Interview with the new colleague",
+                                     "歯医者",
+                                     "出張 大阪",
+                                     "Release planning for the spring version",
+                                     "電話"};
 constexpr COLORREF kBackgrounds[] = {0xFFFFFF, 0xD5FFFF, 0xF1D7D5, 0xBCECD5, 0xAED0FA};
 
 } // namespace

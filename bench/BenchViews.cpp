@@ -12,10 +12,8 @@
 #include <cstdio>
 #include <cstring>
 
-namespace bench
-{
-namespace
-{
+namespace bench {
+namespace {
 
 class BenchMonth : public CMonthViewCtrl, public BenchView
 {
@@ -101,10 +99,8 @@ std::unique_ptr<BenchView> Make()
 }
 
 constexpr BenchViewEntry kViews[] = {
-    {"month", &Make<BenchMonth>, {42, false}},
-    {"week", &Make<BenchWeek>, {8, false}},
-    {"year", &Make<BenchYear>, {365, false}},
-    {"day", &Make<BenchDay>, {1, true}},
+    {"month", &Make<BenchMonth>, {42, false}},   {"week", &Make<BenchWeek>, {8, false}},
+    {"year", &Make<BenchYear>, {365, false}},    {"day", &Make<BenchDay>, {1, true}},
     {"weekday", &Make<BenchWeekDay>, {7, true}},
 };
 

@@ -6,8 +6,7 @@
 
 #include <memory>
 
-namespace bench
-{
+namespace bench {
 
 // What the phases need of a view beyond its public side.
 class BenchView

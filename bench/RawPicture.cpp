@@ -3,15 +3,17 @@
 #include <algorithm>
 #include <cstring>
 
-namespace bench
-{
-namespace
-{
+namespace bench {
+namespace {
 
 bool MakesObject(DWORD type)
 {
-    constexpr DWORD kTypes[] = {EMR_CREATEPEN,           EMR_EXTCREATEPEN,          EMR_CREATEBRUSHINDIRECT,
-                                EMR_EXTCREATEFONTINDIRECTW, EMR_CREATEDIBPATTERNBRUSHPT, EMR_CREATEMONOBRUSH};
+    constexpr DWORD kTypes[] = {EMR_CREATEPEN,
+                                EMR_EXTCREATEPEN,
+                                EMR_CREATEBRUSHINDIRECT,
+                                EMR_EXTCREATEFONTINDIRECTW,
+                                EMR_CREATEDIBPATTERNBRUSHPT,
+                                EMR_CREATEMONOBRUSH};
     return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
 }
 

@@ -10,8 +10,7 @@
 #include <functional>
 #include <vector>
 
-namespace bench
-{
+namespace bench {
 
 class RawPicture
 {

@@ -10,9 +10,9 @@
 //   hittest         one hit test, the mean of points all over the window
 //   drag-step       an item changed, one layout, one paint
 //   navigate        one line of the scroll bar: dates, items and rectangles anew
-//   literal-layout  the layout by the rules taken literally (not with --no-literal), which must give the same rectangles
-//   raw-paint       the drawing operations of the paint in a bare loop (see RawPicture.h)
-//   bytes-per-item  heap bytes of a stored item besides its text (one number, three times)
+//   literal-layout  the layout by the rules taken literally (not with --no-literal), which must give the same
+//   rectangles raw-paint       the drawing operations of the paint in a bare loop (see RawPicture.h) bytes-per-item
+//   heap bytes of a stored item besides its text (one number, three times)
 #include "BenchEvents.h"
 #include "BenchViews.h"
 #include "RawPicture.h"
@@ -29,8 +29,7 @@
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 
 struct Options
 {
@@ -93,7 +92,9 @@ size_t HeapBytesInUse()
 class Run
 {
 public:
-    explicit Run(const Options& options) : m_options(options), m_view(options.view->make()), m_ctrl(m_view->Control()) {}
+    explicit Run(const Options& options) : m_options(options), m_view(options.view->make()), m_ctrl(m_view->Control())
+    {
+    }
 
     bool Start()
     {
@@ -149,8 +150,8 @@ private:
 
     void MeasureBytes()
     {
-        // The texts are shared with the items added, so the records alone count, and their own blocks of text are what a
-        // text takes besides its characters.
+        // The texts are shared with the items added, so the records alone count, and their own blocks of text are what
+        // a text takes besides its characters.
         size_t characters = 0;
         const size_t before = HeapBytesInUse();
         for (const tagCC_ITEM& item : m_items) {
@@ -169,16 +170,17 @@ private:
     {
         constexpr int kColumns = 32;
         constexpr int kRows = 32;
-        Measure("hittest", m_options.repeat,
-                [this] {
-                    for (int i = 0; i < kColumns * kRows; ++i) {
-                        tagCCHITTESTINFO info;
-                        info.pt.x = (2 * (i % kColumns) + 1) * m_options.size.cx / (2 * kColumns);
-                        info.pt.y = (2 * (i / kColumns) + 1) * m_options.size.cy / (2 * kRows);
-                        m_ctrl.HitTest(info);
-                    }
-                },
-                kColumns * kRows);
+        Measure(
+            "hittest", m_options.repeat,
+            [this] {
+                for (int i = 0; i < kColumns * kRows; ++i) {
+                    tagCCHITTESTINFO info;
+                    info.pt.x = (2 * (i % kColumns) + 1) * m_options.size.cx / (2 * kColumns);
+                    info.pt.y = (2 * (i / kColumns) + 1) * m_options.size.cy / (2 * kRows);
+                    m_ctrl.HitTest(info);
+                }
+            },
+            kColumns * kRows);
     }
 
     void MeasureDrag()
@@ -218,8 +220,8 @@ private:
             CMemDC memory(&m_target);
             picture.Draw(&memory);
         }
-        std::fprintf(stderr, "raw-paint: %d operations, %d of %d bytes of the picture differ\n", picture.OperationCount(),
-                     Differences(painted, Pixels()), static_cast<int>(painted.size()));
+        std::fprintf(stderr, "raw-paint: %d operations, %d of %d bytes of the picture differ\n",
+                     picture.OperationCount(), Differences(painted, Pixels()), static_cast<int>(painted.size()));
         Measure("raw-paint", m_options.repeat, [&] {
             CMemDC memory(&m_target);
             picture.Draw(&memory);
@@ -231,7 +233,8 @@ private:
         BITMAP info = {};
         m_bitmap.GetObject(sizeof(info), &info);
         std::vector<char> pixels(static_cast<size_t>(info.bmWidthBytes) * info.bmHeight);
-        ::GetBitmapBits(static_cast<HBITMAP>(m_bitmap.GetSafeHandle()), static_cast<LONG>(pixels.size()), pixels.data());
+        ::GetBitmapBits(static_cast<HBITMAP>(m_bitmap.GetSafeHandle()), static_cast<LONG>(pixels.size()),
+                        pixels.data());
         return pixels;
     }
 
@@ -250,8 +253,7 @@ private:
         for (int i = 0; i < static_cast<int>(m_ctrl.GetScreenItems().GetSize()); ++i)
             rects.push_back(m_ctrl.GetScreenItems()[i].rcItem);
         constexpr int kRounds = 3; // it is slow
-        Measure("literal-layout", kRounds,
-                [this] { m_view->LayOutLiterally(m_options.size.cx, m_options.size.cy); });
+        Measure("literal-layout", kRounds, [this] { m_view->LayOutLiterally(m_options.size.cx, m_options.size.cy); });
         if (static_cast<size_t>(m_ctrl.GetScreenItems().GetSize()) != rects.size())
             throw std::runtime_error("the literal layout has another number of screen items");
         for (int i = 0; i < static_cast<int>(rects.size()); ++i) {
@@ -271,8 +273,9 @@ private:
 
 int Usage()
 {
-    std::fprintf(stderr, "usage: dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] "
-                         "[--repeat N] [--no-literal]\nviews:");
+    std::fprintf(stderr,
+                 "usage: dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] "
+                 "[--repeat N] [--no-literal]\nviews:");
     bench::PrintViewNames();
     std::fprintf(stderr, "\n");
     return 2;

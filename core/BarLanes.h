@@ -6,10 +6,10 @@
 // Taken literally that is quadratic. Here each sweep is one walk over the bars. All bars start at the same height
 // within their row and move by whole lanes, so a bar is known by its lane and its kind: days and horizontal extent.
 // Whether two bars can meet depends on their kinds alone, and a grid has few of them.
-// In the first sweep all bars start in lane 0, so the bars of one kind that still wait lie in one lane together: there is
-// one lane to keep for each kind. In the second one bars of a kind start in several lanes, but those that come to one
-// lane move together from then on: they are one set, and a bar whose turn it is pushes down the sets that lie in its
-// lane and can meet it.
+// In the first sweep all bars start in lane 0, so the bars of one kind that still wait lie in one lane together: there
+// is one lane to keep for each kind. In the second one bars of a kind start in several lanes, but those that come to
+// one lane move together from then on: they are one set, and a bar whose turn it is pushes down the sets that lie in
+// its lane and can meet it.
 #pragma once
 
 #include <vector>

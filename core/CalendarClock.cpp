@@ -1,7 +1,6 @@
 #include "core/CalendarClock.h"
 
-namespace
-{
+namespace {
 COleDateTime (*g_pfnNow)() = nullptr;
 }
 

@@ -6,8 +6,7 @@
 // Sets the function that tells the present local date and time; nullptr: the system clock. All controls of the process.
 void SetCalendarClock(COleDateTime (*pfnNow)());
 
-namespace dayvane
-{
+namespace dayvane {
 // The present local date and time; invalid when the clock has none.
 COleDateTime Now();
 } // namespace dayvane

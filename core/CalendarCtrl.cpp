@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace
-{
+namespace {
 
 constexpr int kStandardDayColors = 7;
 
@@ -54,29 +53,29 @@ IMPLEMENT_DYNAMIC(CCalendarCtrl, CWnd)
 CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> CCalendarCtrl::m_arDayColors;
 
 BEGIN_MESSAGE_MAP(CCalendarCtrl, CWnd)
-    ON_WM_DESTROY()
-    ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
-    ON_WM_LBUTTONDOWN()
-    ON_WM_LBUTTONUP()
-    ON_WM_LBUTTONDBLCLK()
-    ON_WM_RBUTTONDOWN()
-    ON_WM_MOUSEMOVE()
-    ON_WM_MOUSEHOVER()
-    ON_WM_MOUSEWHEEL()
-    ON_WM_SETCURSOR()
-    ON_WM_CONTEXTMENU()
-    ON_WM_GETDLGCODE()
-    ON_WM_KEYDOWN()
-    ON_WM_KEYUP()
-    ON_WM_CHAR()
-    ON_MESSAGE(WM_IME_CHAR, &CCalendarCtrl::OnImeChar)
-    ON_WM_SETFOCUS()
-    ON_WM_KILLFOCUS()
-    ON_WM_CAPTURECHANGED()
-    ON_WM_CANCELMODE()
-    ON_WM_TIMER()
-    ON_NOTIFY(CCN_IPE_ENDEDITITEM, CCalendarCtrl::kEditId, &CCalendarCtrl::OnCcnIpeEndEditItem)
+ON_WM_DESTROY()
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_RBUTTONDOWN()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEHOVER()
+ON_WM_MOUSEWHEEL()
+ON_WM_SETCURSOR()
+ON_WM_CONTEXTMENU()
+ON_WM_GETDLGCODE()
+ON_WM_KEYDOWN()
+ON_WM_KEYUP()
+ON_WM_CHAR()
+ON_MESSAGE(WM_IME_CHAR, &CCalendarCtrl::OnImeChar)
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_CAPTURECHANGED()
+ON_WM_CANCELMODE()
+ON_WM_TIMER()
+ON_NOTIFY(CCN_IPE_ENDEDITITEM, CCalendarCtrl::kEditId, &CCalendarCtrl::OnCcnIpeEndEditItem)
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -287,8 +286,7 @@ void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
     GetScrollInfo(SB_VERT, &info);
-    const int maximum =
-        std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
+    const int maximum = std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
     info.nPos = static_cast<int>((info.nPos + 1LL) * maximum / std::max(info.nMax + 1LL, 1LL));
     info.nMin = 0;
     info.nMax = maximum;

@@ -67,7 +67,7 @@ public:
     // returns TRUE.
     virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr);
 
-    virtual void SetFirstDayOfWeek(int nDay); // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
+    virtual void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
     virtual int HitTest(tagCCHITTESTINFO& info); // returns info.nItem
     virtual COleDateTime GetCurrentDate();
     virtual void SetCurrentDate(const COleDateTime& date); // the host calls Refresh() afterwards
@@ -115,7 +115,7 @@ protected:
 public:
     virtual void SortItem(CItemArray& items); // by start, earliest first; invalid starts stay where they are
     virtual void EndEditItem(const char* lpszText, int nMode); // reports the text to the parent
-    virtual void BeginEditItem(const char* lpszText); // opens an edit box over the current cell
+    virtual void BeginEditItem(const char* lpszText);          // opens an edit box over the current cell
 
 protected:
     // Where the edit box opens: the current cell; top -1: nowhere. nMode goes through to the notification.
@@ -225,7 +225,7 @@ public:
 
     // ---- Layout and paint.
 
-    void Layout(); // lays out for the client area of the window and repaints the content
+    void Layout();  // lays out for the client area of the window and repaints the content
     void Refresh(); // Layout() and a repaint of everything
     int GetVertScrollOffset() const { return m_nVertScroll; }
     // Two colours from left to right (bHorizontal) or from top to bottom; see core/DrawingHelpers.h.
@@ -258,7 +258,10 @@ public:
     BOOL IsExtendedMove() const { return m_bExtendedMove; }
 
 protected:
-    enum { kEditId = 1 }; // identifier of the edit box
+    enum
+    {
+        kEditId = 1
+    }; // identifier of the edit box
 
     // ---- Services for the views.
 
@@ -269,7 +272,7 @@ protected:
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);
-    void InvalidateClient();  // the whole client area, without erasing, when there is a window
+    void InvalidateClient(); // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
     void GrowToTextLine(CRect& rect);
@@ -321,8 +324,8 @@ protected:
     int m_nItemDisplayMode = 0;
     BOOL m_bShowSelectionWithItem = FALSE;
 
-    LOGFONT m_lfFonts[4]; // [0] caption, [1] large caption, [2] text (GetFont), [3] marks
-    CFont m_fontCache[4]; // of GetFont
+    LOGFONT m_lfFonts[4];               // [0] caption, [1] large caption, [2] text (GetFont), [3] marks
+    CFont m_fontCache[4];               // of GetFont
     CImageList* m_pImageList = nullptr; // the last of m_imageLists
     std::vector<std::unique_ptr<CImageList>> m_imageLists;
     int m_cxIcon = 0;
@@ -340,7 +343,7 @@ protected:
     BOOL m_bReleasingCapture = FALSE;
     unsigned m_nItemVersion = 0; // counts changes of the store
     unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
-    Alive* m_pAlive = nullptr; // innermost guard
+    Alive* m_pAlive = nullptr;   // innermost guard
 
     // Message handlers, in the order of the message map.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 constexpr int kEditPadding = 1; // pixels between the border of the edit box and its text, above and below
 } // namespace
 

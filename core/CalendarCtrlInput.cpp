@@ -3,8 +3,7 @@
 
 #include "core/DateMath.h"
 
-namespace
-{
+namespace {
 constexpr UINT kExtendSelection = 0x10; // argument of the move operations: Shift
 } // namespace
 

@@ -6,8 +6,7 @@
 
 #include <utility>
 
-namespace
-{
+namespace {
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 }
 

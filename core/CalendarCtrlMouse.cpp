@@ -4,13 +4,13 @@
 
 #include "core/DateMath.h"
 
-namespace
-{
+namespace {
 
 constexpr DWORD kHoverMilliseconds = 1000;
 constexpr UINT kDragCursor = 18006;
 constexpr UINT_PTR kScrollTimer = 0x4441;
-constexpr UINT kScrollMilliseconds = 120; // between the steps of an auto-scroll; passing the edge quickly does not scroll
+constexpr UINT kScrollMilliseconds =
+    120; // between the steps of an auto-scroll; passing the edge quickly does not scroll
 
 HCURSOR CursorOfEdge(dayvane::ItemEdge edge)
 {
@@ -217,8 +217,8 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     if (!alive)
         return;
     WatchScrollEdge(point);
-    if (m_bHoverEvents && (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION ||
-                           hit.nHitCode == CCHT_ONFULLDAYITEM)) {
+    if (m_bHoverEvents &&
+        (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION || hit.nHitCode == CCHT_ONFULLDAYITEM)) {
         TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER, m_hWnd, kHoverMilliseconds};
         ::TrackMouseEvent(&track);
     }

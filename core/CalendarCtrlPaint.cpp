@@ -3,11 +3,10 @@
 
 #include "core/DrawingHelpers.h"
 
-namespace
-{
+namespace {
 constexpr int kImageGap = 2;    // pixels between an item's icon and what follows
 constexpr int kBorderRings = 3; // one-pixel rings of a graded border
-}
+} // namespace
 
 void CCalendarCtrl::Layout()
 {

@@ -16,9 +16,9 @@ struct tagCC_ITEM
     int nReserved = 0; // carried unchanged; the views read it as font flags: bit 0 bold, bit 1 italic
     int nImage = -1;   // icon: index into the control's image list, -1 none
     COleDateTime dtStart;
-    COleDateTime dtEnd; // the last moment of the item; an all-day item ends on its last day
-    int nFullday = 0;   // exactly 1: all day
-    CString strText;    // code page of the system
+    COleDateTime dtEnd;           // the last moment of the item; an all-day item ends on its last day
+    int nFullday = 0;             // exactly 1: all day
+    CString strText;              // code page of the system
     COLORREF crColor1 = 0x000000; // marks
     COLORREF crColor2 = 0xFFFFFF; // background; white: not filled
     COLORREF crColor3 = 0xCCCCCC; // the shaded part of a bar or box
@@ -30,8 +30,7 @@ struct tagCC_ITEM
     BOOL bMovable = TRUE;         // may be dragged
 };
 
-namespace dayvane
-{
+namespace dayvane {
 
 // What part of an item a screen item is (tagCALENDAR_ITEM::nPiece).
 enum ItemPiece
@@ -59,7 +58,8 @@ struct tagCALENDAR_ITEM
     COLORREF crColor2 = 0xFFFFFF;
     COLORREF crColor3 = 0xCCCCCC;
     COLORREF crColor4 = 0xCF9365;
-    union {
+    union
+    {
         LPARAM lParam;      // in the store: the host's data
         LPARAM nSource = 0; // on the screen: index of the item in the store
     };
@@ -96,9 +96,9 @@ struct tagCV_LAYOUT : public CPtrArray
 struct tagCALENDAR_DAY_PROPERTY
 {
     CString strText;
-    int nDayColor = 0;        // 1-based row of CCalendarCtrl::m_arDayColors, 0: none
-    int nReserved = 0;        // carried
-    int bUseMyWorkTime = 0;   // time grids: the two times below stand instead of the control's work time
+    int nDayColor = 0;      // 1-based row of CCalendarCtrl::m_arDayColors, 0: none
+    int nReserved = 0;      // carried
+    int bUseMyWorkTime = 0; // time grids: the two times below stand instead of the control's work time
     COleDateTime dtWorkStart = COleDateTime(1899, 12, 30, 6, 0, 0);
     COleDateTime dtWorkEnd = COleDateTime(1899, 12, 30, 18, 0, 0);
 };

@@ -3,8 +3,7 @@
 
 #include <atltypes.h>
 
-namespace dayvane
-{
+namespace dayvane {
 
 struct CalendarColors
 {
@@ -15,7 +14,7 @@ struct CalendarColors
     COLORREF content = 0xFFFFFF;
     COLORREF grid = 0xBDBDBD;
     COLORREF border = 0xBCEFEE;
-    COLORREF highlight = 0xD77800;     // the control's constructor takes the system's
+    COLORREF highlight = 0xD77800; // the control's constructor takes the system's
     COLORREF itemBorder = 0xCF9365;
     COLORREF highlightText = 0xFFFFFF; // likewise
     COLORREF noFocus = 0xF0F0F0;       // likewise

@@ -2,30 +2,29 @@
 
 #include <memory>
 
-namespace
-{
-constexpr UINT kCtrlId = 0; // identifier of the control within the view
+namespace {
+constexpr UINT kCtrlId = 0;         // identifier of the control within the view
 const CRect kFirstRect(0, 0, 0, 0); // the first WM_SIZE replaces it
 } // namespace
 
 IMPLEMENT_DYNCREATE(CCalendarView, CView)
 
 BEGIN_MESSAGE_MAP(CCalendarView, CView)
-    ON_WM_CREATE()
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_WM_SETFOCUS()
-    ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
-    ON_NOTIFY(CCN_ITEMCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_ITEMDBLCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_ITEMRCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_CONTEXTMENU, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_SELDATECHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_VIEWRANGECHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_ITEMMOVED, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_IPE_ENDEDITITEM, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_COMBOSELCHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
-    ON_NOTIFY(CCN_MOUSEHOVER, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_WM_CREATE()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_SETFOCUS()
+ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_NOTIFY(CCN_ITEMCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_ITEMDBLCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_ITEMRCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_CONTEXTMENU, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_SELDATECHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_VIEWRANGECHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_ITEMMOVED, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_IPE_ENDEDITITEM, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_COMBOSELCHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_MOUSEHOVER, kCtrlId, &CCalendarView::OnCcnItemClick)
 END_MESSAGE_MAP()
 
 CCalendarView::CCalendarView() : CCalendarView(nullptr, WS_CHILD | WS_VISIBLE)

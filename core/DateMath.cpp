@@ -4,10 +4,8 @@
 
 #include <cmath>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 constexpr double kSecondsPerDay = 86400.0;
 constexpr int kDaysPerWeek = 7;
 

@@ -6,8 +6,7 @@
 #include <afxdisp.h>
 #include <atltypes.h>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Year, month and day of a date; -1 each when the date is not valid.
 using DateFields = CivilDate;

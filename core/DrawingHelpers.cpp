@@ -20,8 +20,7 @@ CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrin
 CMemDC::~CMemDC()
 {
     if (m_bMemDC) {
-        m_pDC->BitBlt(m_rect.left, m_rect.top, m_rect.Width(), m_rect.Height(), this, m_rect.left, m_rect.top,
-                      SRCCOPY);
+        m_pDC->BitBlt(m_rect.left, m_rect.top, m_rect.Width(), m_rect.Height(), this, m_rect.left, m_rect.top, SRCCOPY);
         SelectObject(m_pOldBitmap);
     } else {
         // The handles are the target's.
@@ -30,10 +29,8 @@ CMemDC::~CMemDC()
     }
 }
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kStripSize = 2; // pixels of a strip of the stepped gradient
 
@@ -84,7 +81,8 @@ void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, B
     }
     TRIVERTEX vertices[2] = {VertexAt(rect.left, rect.top, crFrom), VertexAt(rect.right, rect.bottom, crTo)};
     GRADIENT_RECT whole = {0, 1};
-    ::GradientFill(pDC->GetSafeHdc(), vertices, 2, &whole, 1, bHorizontal ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
+    ::GradientFill(pDC->GetSafeHdc(), vertices, 2, &whole, 1,
+                   bHorizontal ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
 }
 
 void DrawTitleBand(CDC* pDC, const CRect& rect, const TitleBandColors& colors)

@@ -19,20 +19,21 @@ public:
 protected:
     CBitmap m_bitmap;
     CBitmap* m_pOldBitmap = nullptr;
-    CDC* m_pDC;        // the target, not owned
-    CRect m_rect;      // its clip box
-    BOOL m_bMemDC;     // off screen; FALSE when printing
+    CDC* m_pDC;    // the target, not owned
+    CRect m_rect;  // its clip box
+    BOOL m_bMemDC; // off screen; FALSE when printing
 };
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Selects a GDI object into a device context for the life of the scope. Declare it after the object.
 class SelectGdi
 {
 public:
     SelectGdi(CDC* pDC, CGdiObject* pObject) : SelectGdi(pDC, pObject ? pObject->GetSafeHandle() : nullptr) {}
-    SelectGdi(CDC* pDC, HGDIOBJ hObject) : m_hDC(pDC->m_hDC), m_hOld(hObject ? ::SelectObject(m_hDC, hObject) : nullptr) {}
+    SelectGdi(CDC* pDC, HGDIOBJ hObject) : m_hDC(pDC->m_hDC), m_hOld(hObject ? ::SelectObject(m_hDC, hObject) : nullptr)
+    {
+    }
     ~SelectGdi()
     {
         if (m_hOld)

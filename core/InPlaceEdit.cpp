@@ -6,8 +6,7 @@
 
 #include <string>
 
-namespace
-{
+namespace {
 
 constexpr WPARAM kCtrlV = 0x16; // the character that Ctrl+V makes
 
@@ -15,9 +14,9 @@ constexpr WPARAM kCtrlV = 0x16; // the character that Ctrl+V makes
 bool FitsCodePage(const wchar_t* text, int length)
 {
     BOOL replaced = FALSE;
-    return length == 0 || (::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text, length, nullptr, 0, nullptr,
-                                                 &replaced) > 0 &&
-                           !replaced);
+    return length == 0 ||
+           (::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text, length, nullptr, 0, nullptr, &replaced) > 0 &&
+            !replaced);
 }
 
 bool ClipboardFits(HWND window)
@@ -60,12 +59,12 @@ bool IsManglingKey(LPARAM lParam)
 } // namespace
 
 BEGIN_MESSAGE_MAP(CInPlaceEdit, CEdit)
-    ON_WM_CREATE()
-    ON_WM_KILLFOCUS()
-    ON_WM_GETDLGCODE()
-    ON_WM_KEYDOWN()
-    ON_MESSAGE(WM_IME_STARTCOMPOSITION, &CInPlaceEdit::OnImeStartComposition)
-    ON_MESSAGE(WM_IME_ENDCOMPOSITION, &CInPlaceEdit::OnImeEndComposition)
+ON_WM_CREATE()
+ON_WM_KILLFOCUS()
+ON_WM_GETDLGCODE()
+ON_WM_KEYDOWN()
+ON_MESSAGE(WM_IME_STARTCOMPOSITION, &CInPlaceEdit::OnImeStartComposition)
+ON_MESSAGE(WM_IME_ENDCOMPOSITION, &CInPlaceEdit::OnImeEndComposition)
 END_MESSAGE_MAP()
 
 CInPlaceEdit::CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, int nMode)
@@ -150,8 +149,7 @@ BOOL CInPlaceEdit::IsRefused(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CHAR: {
         const BOOL lostPacket = m_bPacketLost;
         m_bPacketLost = FALSE;
-        return (wParam == kCtrlV && !ClipboardFits(m_hWnd)) ||
-               (wParam == '?' && (lostPacket || IsManglingKey(lParam)));
+        return (wParam == kCtrlV && !ClipboardFits(m_hWnd)) || (wParam == '?' && (lostPacket || IsManglingKey(lParam)));
     }
     case WM_KEYDOWN:
         if (wParam == VK_PACKET) {

@@ -3,10 +3,8 @@
 
 #include <cstring>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kMarkColumns = 9;
 
@@ -16,8 +14,7 @@ constexpr const char* kBell[] = {
     "..#####..", ".#######.", "#########", ".........", "...###...",
 };
 constexpr const char* kChasingArrows[] = {
-    "..###.#..", ".#...##..", "#...###..", "#........", ".........",
-    "........#", "..###...#", "..##...#.", "..#.###..",
+    "..###.#..", ".#...##..", "#...###..", "#........", ".........", "........#", "..###...#", "..##...#.", "..#.###..",
 };
 
 int CALLBACK FoundFace(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam)

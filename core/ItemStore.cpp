@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <numeric>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 bool IsValid(const COleDateTime& date)
 {
     return date.GetStatus() == COleDateTime::valid;

@@ -6,8 +6,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Makes a stored record from a host's item; its rectangle stays as it was.
 void FillStored(tagCALENDAR_ITEM& stored, const tagCC_ITEM& item);

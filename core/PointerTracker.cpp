@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace dayvane
-{
-namespace
-{
+namespace dayvane {
+namespace {
 
 constexpr int kDragSlop = 5; // pixels in each direction before a press becomes a drag
 constexpr int kSecondsPerMinute = 60;

@@ -9,8 +9,7 @@
 
 #include <vector>
 
-namespace dayvane
-{
+namespace dayvane {
 
 // Which edge of an item a press takes hold of; also the edges that a view lets the user pull.
 enum ItemEdge
@@ -56,7 +55,7 @@ struct PointerEffect
 {
     enum Kind
     {
-        SELECT_ITEM,      // item
+        SELECT_ITEM, // item
         CLEAR_ITEM,
         BEGIN_SELECTION,  // times.start: both bounds; fullday
         EXTEND_SELECTION, // times.end: the moving bound
@@ -65,8 +64,8 @@ struct PointerEffect
         RELEASE_CAPTURE,
         DRAG_CURSOR,
         ARROW_CURSOR,
-        PUT_ITEM,         // the current item gets the times
-        PUT_BACK,         // item gets the times, if it still has those that were last put
+        PUT_ITEM, // the current item gets the times
+        PUT_BACK, // item gets the times, if it still has those that were last put
         NOTIFY_MOVED,
     };
     Kind kind;

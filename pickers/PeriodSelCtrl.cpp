@@ -16,9 +16,9 @@ IMPLEMENT_DYNAMIC(CMonthSelCtrl, CPeriodSelCtrl)
 IMPLEMENT_DYNAMIC(CYearSelCtrl, CPeriodSelCtrl)
 
 BEGIN_MESSAGE_MAP(CPeriodSelCtrl, CWnd)
-    ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
-    ON_WM_MOUSEACTIVATE()
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
 CPeriodSelCtrl::CPeriodSelCtrl(const PeriodPolicy& policy, int nPeriod) : m_policy(policy), m_run(policy, nPeriod, 0)

@@ -80,7 +80,10 @@ public:
     COleDateTime(const SYSTEMTIME& time) { *this = time; }
     COleDateTime(__time64_t time) { *this = time; } // seconds since 1970, shown as local time
 #ifdef _WIN32
-    COleDateTime(__time32_t time) { *this = static_cast<__time64_t>(time); } // what time() answers on 32-bit MinGW
+    COleDateTime(__time32_t time)
+    {
+        *this = static_cast<__time64_t>(time);
+    } // what time() answers on 32-bit MinGW
 #endif
     COleDateTime(int year, int month, int day, int hour, int minute, int second)
     {
@@ -90,18 +93,33 @@ public:
     COleDateTime& operator=(const SYSTEMTIME& time); // milliseconds and the day of the week are ignored
     COleDateTime& operator=(__time64_t time);
 #ifdef _WIN32
-    COleDateTime& operator=(__time32_t time) { return *this = static_cast<__time64_t>(time); }
+    COleDateTime& operator=(__time32_t time)
+    {
+        return *this = static_cast<__time64_t>(time);
+    }
 #endif
 
     // The local time, whole seconds.
     static COleDateTime GetCurrentTime();
 
-    DateTimeStatus GetStatus() const { return m_status; }
-    void SetStatus(DateTimeStatus status) { m_status = status; }
+    DateTimeStatus GetStatus() const
+    {
+        return m_status;
+    }
+    void SetStatus(DateTimeStatus status)
+    {
+        m_status = status;
+    }
     // 0, or 1 with an invalid status and the value kept when there is no such day (years 100 to 9999) or time.
     int SetDateTime(int year, int month, int day, int hour, int minute, int second);
-    int SetDate(int year, int month, int day) { return SetDateTime(year, month, day, 0, 0, 0); }
-    int SetTime(int hour, int minute, int second) { return SetDateTime(1899, 12, 30, hour, minute, second); }
+    int SetDate(int year, int month, int day)
+    {
+        return SetDateTime(year, month, day, 0, 0, 0);
+    }
+    int SetTime(int hour, int minute, int second)
+    {
+        return SetDateTime(1899, 12, 30, hour, minute, second);
+    }
 
     // Fields; error (-1) when the status is not valid.
     int GetYear() const;
@@ -114,21 +132,51 @@ public:
     int GetDayOfYear() const; // 1 = 1 January
     // All fields at once, milliseconds 0; false, and the record untouched, when the status is not valid.
     bool GetAsSystemTime(SYSTEMTIME& time) const;
-    operator DATE() const { return m_dt; }
+    operator DATE() const
+    {
+        return m_dt;
+    }
 
     // Equal: status and value. Ordered: false when either is not valid.
-    bool operator==(const COleDateTime& date) const { return m_status == date.m_status && m_dt == date.m_dt; }
-    bool operator!=(const COleDateTime& date) const { return !(*this == date); }
-    bool operator<(const COleDateTime& date) const { return BothValid(date) && Linear() < date.Linear(); }
-    bool operator>(const COleDateTime& date) const { return BothValid(date) && Linear() > date.Linear(); }
-    bool operator<=(const COleDateTime& date) const { return BothValid(date) && Linear() <= date.Linear(); }
-    bool operator>=(const COleDateTime& date) const { return BothValid(date) && Linear() >= date.Linear(); }
+    bool operator==(const COleDateTime& date) const
+    {
+        return m_status == date.m_status && m_dt == date.m_dt;
+    }
+    bool operator!=(const COleDateTime& date) const
+    {
+        return !(*this == date);
+    }
+    bool operator<(const COleDateTime& date) const
+    {
+        return BothValid(date) && Linear() < date.Linear();
+    }
+    bool operator>(const COleDateTime& date) const
+    {
+        return BothValid(date) && Linear() > date.Linear();
+    }
+    bool operator<=(const COleDateTime& date) const
+    {
+        return BothValid(date) && Linear() <= date.Linear();
+    }
+    bool operator>=(const COleDateTime& date) const
+    {
+        return BothValid(date) && Linear() >= date.Linear();
+    }
 
     // A sum with a null operand is null, with an invalid one invalid, beyond the years 100 to 9999 invalid.
     COleDateTime operator+(const COleDateTimeSpan& span) const;
-    COleDateTime operator-(const COleDateTimeSpan& span) const { return *this + -span; }
-    COleDateTime& operator+=(const COleDateTimeSpan& span) { return *this = *this + span; }
-    COleDateTime& operator-=(const COleDateTimeSpan& span) { return *this = *this - span; }
+    COleDateTime operator-(const COleDateTimeSpan& span) const
+    {
+        return *this + -span;
+    }
+    COleDateTime& operator+=(const COleDateTimeSpan& span)
+    {
+        return *this = *this + span;
+    }
+    COleDateTime& operator-=(const COleDateTimeSpan& span)
+    {
+        return *this = *this - span;
+    }
     COleDateTimeSpan operator-(const COleDateTime& date) const;
 
     // strftime's %a %A %b %B %d %H %I %j %m %M %p %S %w %y %Y %%, and with # (%#m) numbers without leading zeros. Names
@@ -140,8 +188,14 @@ public:
     DateTimeStatus m_status = valid;
 
 private:
-    bool BothValid(const COleDateTime& date) const { return m_status == valid && date.m_status == valid; }
-    double Linear() const { return m_dt >= 0 ? m_dt : LinearOfNegative(m_dt); }
+    bool BothValid(const COleDateTime& date) const
+    {
+        return m_status == valid && date.m_status == valid;
+    }
+    double Linear() const
+    {
+        return m_dt >= 0 ? m_dt : LinearOfNegative(m_dt);
+    }
     static double LinearOfNegative(DATE date);
     bool Break(int& dayNumber, int& secondOfDay) const;
     bool BreakDate(int& year, int& month, int& day) const;

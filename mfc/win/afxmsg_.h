@@ -37,11 +37,11 @@ typedef BOOL (*AFX_MSG_DISPATCH)(CCmdTarget* pTarget, AFX_MSG_ARGS& m);
 
 struct AFX_MSGMAP_ENTRY
 {
-    UINT nMessage;            // window message, WM_COMMAND, WM_NOTIFY, or a reflected one (+ WM_REFLECT_BASE); 0 ends
-    UINT nCode;               // low word of the control or notification code; 0 for window messages and commands
-    UINT nID;                 // first command or child identifier
-    UINT nLastID;             // last identifier, inclusive
-    const UINT* pRegistered;  // where a registered message's number is kept, else null
+    UINT nMessage;           // window message, WM_COMMAND, WM_NOTIFY, or a reflected one (+ WM_REFLECT_BASE); 0 ends
+    UINT nCode;              // low word of the control or notification code; 0 for window messages and commands
+    UINT nID;                // first command or child identifier
+    UINT nLastID;            // last identifier, inclusive
+    const UINT* pRegistered; // where a registered message's number is kept, else null
     AFX_MSG_DISPATCH dispatch;
 };
 
@@ -128,16 +128,23 @@ protected:                                                                      
         static const AFX_MSGMAP_ENTRY messageEntries[] = {
 
 #define END_MESSAGE_MAP()                                                                                              \
-        {0, 0, 0, 0, nullptr, nullptr}                                                                                 \
-        };                                                                                                             \
-        static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, messageEntries};                       \
-        return &messageMap;                                                                                            \
+    {                                                                                                                  \
+        0, 0, 0, 0, nullptr, nullptr                                                                                   \
+    }                                                                                                                  \
+    }                                                                                                                  \
+    ;                                                                                                                  \
+    static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, messageEntries};                           \
+    return &messageMap;                                                                                                \
     }
 
 // A row of the map; `returned` says what the row answers once `handler` has been called.
 #define AFX_ROW(message, code, id, lastId, registered, signature, memberFxn, arguments, returned)                      \
-    {message, static_cast<WORD>(code), static_cast<UINT>(id), static_cast<UINT>(lastId), registered,                   \
-     [](CCmdTarget* pTarget, AFX_MSG_ARGS & m) -> BOOL {                                                               \
+    {message,                                                                                                          \
+     static_cast<WORD>(code),                                                                                          \
+     static_cast<UINT>(id),                                                                                            \
+     static_cast<UINT>(lastId),                                                                                        \
+     registered,                                                                                                       \
+     [](CCmdTarget* pTarget, AFX_MSG_ARGS& m) -> BOOL {                                                                \
          AfxMember<ThisClass, signature> pmf = memberFxn;                                                              \
          ThisClass* pThis = static_cast<ThisClass*>(pTarget);                                                          \
          auto handler = [&] { return (pThis->*pmf) arguments; };                                                       \

@@ -2,8 +2,7 @@
 
 #include "resource.h"
 
-namespace
-{
+namespace {
 CString TextOf(const SYSTEMTIME& time)
 {
     const COleDateTime date(time);
@@ -26,17 +25,17 @@ BOOL HasAppointment(const COleDateTime& date, LPARAM)
 } // namespace
 
 BEGIN_MESSAGE_MAP(CSelectorsDialog, CDialog)
-    ON_NOTIFY_RANGE(MCN_SELECT, IDC_DAYS, IDC_MONTHS, &CSelectorsDialog::OnSelect)
-    ON_NOTIFY_RANGE(NM_DBLCLK, IDC_DAYS, IDC_MONTHS, &CSelectorsDialog::OnDoubleClick)
-    ON_MESSAGE(YMN_DATECHANGE, &CSelectorsDialog::OnDateChange)
-    ON_MESSAGE(YMN_DROPDOWN, &CSelectorsDialog::OnDropDown)
-    ON_MESSAGE(YMN_CLOSEUP, &CSelectorsDialog::OnCloseUp)
-    ON_MESSAGE(YMN_SELENDOK, &CSelectorsDialog::OnSelEndOK)
-    ON_MESSAGE(YMN_SELENDCANCEL, &CSelectorsDialog::OnSelEndCancel)
-    ON_BN_CLICKED(IDC_DAY_RANGES, &CSelectorsDialog::OnOptions)
-    ON_BN_CLICKED(IDC_MONTH_RANGES, &CSelectorsDialog::OnOptions)
-    ON_BN_CLICKED(IDC_MONDAY_FIRST, &CSelectorsDialog::OnOptions)
-    ON_BN_CLICKED(IDC_CLEAR, &CSelectorsDialog::OnClear)
+ON_NOTIFY_RANGE(MCN_SELECT, IDC_DAYS, IDC_MONTHS, &CSelectorsDialog::OnSelect)
+ON_NOTIFY_RANGE(NM_DBLCLK, IDC_DAYS, IDC_MONTHS, &CSelectorsDialog::OnDoubleClick)
+ON_MESSAGE(YMN_DATECHANGE, &CSelectorsDialog::OnDateChange)
+ON_MESSAGE(YMN_DROPDOWN, &CSelectorsDialog::OnDropDown)
+ON_MESSAGE(YMN_CLOSEUP, &CSelectorsDialog::OnCloseUp)
+ON_MESSAGE(YMN_SELENDOK, &CSelectorsDialog::OnSelEndOK)
+ON_MESSAGE(YMN_SELENDCANCEL, &CSelectorsDialog::OnSelEndCancel)
+ON_BN_CLICKED(IDC_DAY_RANGES, &CSelectorsDialog::OnOptions)
+ON_BN_CLICKED(IDC_MONTH_RANGES, &CSelectorsDialog::OnOptions)
+ON_BN_CLICKED(IDC_MONDAY_FIRST, &CSelectorsDialog::OnOptions)
+ON_BN_CLICKED(IDC_CLEAR, &CSelectorsDialog::OnClear)
 END_MESSAGE_MAP()
 
 // The members are constructed before the template is read, so the window classes that it names exist.

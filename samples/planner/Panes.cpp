@@ -6,8 +6,7 @@
 #include "samples/planner/WindowsCodePage.h"
 #include "samples/planner/resource.h"
 
-namespace
-{
+namespace {
 
 // Pixels
 constexpr int kCalendarWidth = 130;
@@ -26,8 +25,7 @@ LRESULT TakeEdge(CWnd& pane, LPARAM lParam, CRect (*cut)(CRect& rest, int size),
     const CRect place = cut(rest, size);
     layout.rect = rest;
     if (layout.bPlace) {
-        pane.SetWindowPos(nullptr, place.left, place.top, place.Width(), place.Height(),
-                          SWP_NOACTIVATE | SWP_NOZORDER);
+        pane.SetWindowPos(nullptr, place.left, place.top, place.Width(), place.Height(), SWP_NOACTIVATE | SWP_NOZORDER);
     }
     return 0;
 }
@@ -51,10 +49,10 @@ CRect CutBottom(CRect& rest, int height)
 // ---- Small calendars
 
 BEGIN_MESSAGE_MAP(CSidePane, CWnd)
-    ON_WM_SIZE()
-    ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
-    ON_MESSAGE(WM_SIZEPARENT, &CSidePane::OnSizeParent)
+ON_WM_SIZE()
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_MESSAGE(WM_SIZEPARENT, &CSidePane::OnSizeParent)
 END_MESSAGE_MAP()
 
 int CSidePane::Width()
@@ -160,7 +158,7 @@ LRESULT CSidePane::OnSizeParent(WPARAM, LPARAM lParam)
 // ---- Messages
 
 BEGIN_MESSAGE_MAP(CMessagePane, CListBox)
-    ON_MESSAGE(WM_SIZEPARENT, &CMessagePane::OnSizeParent)
+ON_MESSAGE(WM_SIZEPARENT, &CMessagePane::OnSizeParent)
 END_MESSAGE_MAP()
 
 BOOL CMessagePane::Create(CWnd* pParent, UINT nID)

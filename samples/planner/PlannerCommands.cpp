@@ -32,8 +32,8 @@ void CPlannerFrame::OnRename(UINT nID)
 void CPlannerFrame::OnDelete(UINT nID)
 {
     const bool series = nID == ID_EDIT_DELETE_SERIES;
-    Finish(m_editor.Delete(Document()->Calendar(),
-                           series ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence));
+    Finish(
+        m_editor.Delete(Document()->Calendar(), series ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence));
 }
 
 void CPlannerFrame::OnUpdateUndo(CCmdUI* pCmdUI)
@@ -90,8 +90,7 @@ void CPlannerFrame::OnUpdateDays(CCmdUI* pCmdUI)
 
 // ---- The rows of the time grids
 
-namespace
-{
+namespace {
 
 const std::vector<int>& TimeScales()
 {
@@ -199,5 +198,6 @@ void CPlannerFrame::OnNextPane()
 
 void CPlannerFrame::OnAbout()
 {
-    AfxMessageBox("Planner\n\nShows and edits calendar files with the controls of Dayvane.", MB_OK | MB_ICONINFORMATION);
+    AfxMessageBox("Planner\n\nShows and edits calendar files with the controls of Dayvane.",
+                  MB_OK | MB_ICONINFORMATION);
 }

@@ -21,7 +21,7 @@ public:
     struct Start
     {
         planner::ChosenView view = {nullptr, 0};
-        COleDateTime day; // not valid: today, or where the items are
+        COleDateTime day;              // not valid: today, or where the items are
         CSize size = CSize(1180, 860); // pixels
     };
     static Start s_start;

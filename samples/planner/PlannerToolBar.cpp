@@ -4,11 +4,10 @@
 
 #include "samples/planner/resource.h"
 
-namespace
-{
+namespace {
 
-constexpr int kPickerWidth = 104; // pixels
-constexpr int kPickerGap = 4;     // on both sides
+constexpr int kPickerWidth = 104;   // pixels
+constexpr int kPickerGap = 4;       // on both sides
 constexpr int kLowestWrapped = 200; // a lower window has no room for a second row
 
 struct Tool
@@ -18,35 +17,25 @@ struct Tool
 };
 
 constexpr Tool kTools[] = {
-    {ID_FILE_OPEN, "Open"},
-    {ID_FILE_SAVE, "Save"},
-    {ID_SEPARATOR, nullptr},
-    {ID_EDIT_UNDO, "Undo"},
-    {ID_EDIT_REDO, "Redo"},
-    {ID_EDIT_NEW_ITEM, "New item"},
-    {ID_SEPARATOR, nullptr},
-    {ID_VIEW_PREVIOUS, "<"},
-    {ID_VIEW_TODAY, "Today"},
-    {ID_VIEW_NEXT, ">"},
-    {IDC_PICKER, nullptr},
-    {ID_SEPARATOR, nullptr},
-    {ID_VIEW_DAY, "Day"},
-    {ID_VIEW_WORKING_WEEK, "Working week"},
-    {ID_VIEW_WEEK, "Week"},
-    {ID_VIEW_DAYS, "Days"},
-    {ID_VIEW_DIARY, "Diary"},
-    {ID_VIEW_MONTH, "Month"},
-    {ID_VIEW_MONTH2, "Blocks"},
-    {ID_VIEW_YEAR, "Year"},
+    {ID_FILE_OPEN, "Open"},     {ID_FILE_SAVE, "Save"},
+    {ID_SEPARATOR, nullptr},    {ID_EDIT_UNDO, "Undo"},
+    {ID_EDIT_REDO, "Redo"},     {ID_EDIT_NEW_ITEM, "New item"},
+    {ID_SEPARATOR, nullptr},    {ID_VIEW_PREVIOUS, "<"},
+    {ID_VIEW_TODAY, "Today"},   {ID_VIEW_NEXT, ">"},
+    {IDC_PICKER, nullptr},      {ID_SEPARATOR, nullptr},
+    {ID_VIEW_DAY, "Day"},       {ID_VIEW_WORKING_WEEK, "Working week"},
+    {ID_VIEW_WEEK, "Week"},     {ID_VIEW_DAYS, "Days"},
+    {ID_VIEW_DIARY, "Diary"},   {ID_VIEW_MONTH, "Month"},
+    {ID_VIEW_MONTH2, "Blocks"}, {ID_VIEW_YEAR, "Year"},
 };
 constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
 
 } // namespace
 
 BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
-    ON_WM_ERASEBKGND()
-    ON_MESSAGE(WM_SIZEPARENT, &CPlannerToolBar::OnSizeParent)
-    ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
+ON_WM_ERASEBKGND()
+ON_MESSAGE(WM_SIZEPARENT, &CPlannerToolBar::OnSizeParent)
+ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
 END_MESSAGE_MAP()
 
 BOOL CPlannerToolBar::Create(CWnd* pParent)

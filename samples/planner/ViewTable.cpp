@@ -75,7 +75,8 @@ std::string ViewNames()
 {
     std::string names;
     for (const ViewRow& row : Table().rows) {
-        names += (names.empty() ? "" : ", ") + std::string(row.dateScale == VariableScale ? "2days to 14days" : row.name);
+        names +=
+            (names.empty() ? "" : ", ") + std::string(row.dateScale == VariableScale ? "2days to 14days" : row.name);
     }
     return names;
 }

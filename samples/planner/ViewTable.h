@@ -18,11 +18,11 @@ struct ViewRow
     const char* name; // on the command line
     UINT command;
     CRuntimeClass* viewClass;
-    int dateScale;      // CWeekDayViewCtrl::SetDateScale; VariableScale: the chosen number of days
-    bool startsMonday;  // whatever the first day of the week is
-    bool hasTimes;      // a time grid: selections are times
-    Unit stepUnit;      // what Previous and Next go by
-    int step;           // 0: the chosen number of days
+    int dateScale;     // CWeekDayViewCtrl::SetDateScale; VariableScale: the chosen number of days
+    bool startsMonday; // whatever the first day of the week is
+    bool hasTimes;     // a time grid: selections are times
+    Unit stepUnit;     // what Previous and Next go by
+    int step;          // 0: the chosen number of days
 };
 
 constexpr int NoScale = 0;

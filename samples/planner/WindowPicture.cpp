@@ -8,7 +8,7 @@ namespace planner {
 namespace {
 
 constexpr int BitsPerPixel = 24;
-constexpr int RowAlignment = 4; // bytes
+constexpr int RowAlignment = 4;     // bytes
 constexpr WORD BitmapMark = 0x4D42; // "BM"
 
 } // namespace
@@ -20,8 +20,7 @@ BOOL SaveWindowPicture(CWnd& window, LPCTSTR path)
     CWindowDC source(&window);
     CDC memory;
     CBitmap bitmap;
-    if (!memory.CreateCompatibleDC(&source) ||
-        !bitmap.CreateCompatibleBitmap(&source, place.Width(), place.Height())) {
+    if (!memory.CreateCompatibleDC(&source) || !bitmap.CreateCompatibleBitmap(&source, place.Width(), place.Height())) {
         return FALSE;
     }
     CBitmap* before = memory.SelectObject(&bitmap);

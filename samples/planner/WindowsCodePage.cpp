@@ -15,7 +15,8 @@ std::string WindowsCodePage::FromUtf8(std::string_view text) const
     const std::u16string utf16 = Utf16FromUtf8(text);
     const wchar_t* wide = reinterpret_cast<const wchar_t*>(utf16.data());
     const int length = static_cast<int>(utf16.size());
-    std::string result(length ? ::WideCharToMultiByte(m_codePage, 0, wide, length, nullptr, 0, nullptr, nullptr) : 0, 0);
+    std::string result(length ? ::WideCharToMultiByte(m_codePage, 0, wide, length, nullptr, 0, nullptr, nullptr) : 0,
+                       0);
     ::WideCharToMultiByte(m_codePage, 0, wide, length, &result[0], static_cast<int>(result.size()), nullptr, nullptr);
     return result;
 }

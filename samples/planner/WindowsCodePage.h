@@ -1,8 +1,8 @@
 // The code pages of the system as the document wants them.
 //
-// Two are in use. Item texts are drawn with a font of the Shift-JIS character set, and the system reads texts drawn with
-// a font by that font's code page: so item texts are code page 932 everywhere, and Japanese shows right on a Western
-// system too. The edit box, window titles and bars are windows of the system's own code page.
+// Two are in use. Item texts are drawn with a font of the Shift-JIS character set, and the system reads texts drawn
+// with a font by that font's code page: so item texts are code page 932 everywhere, and Japanese shows right on a
+// Western system too. The edit box, window titles and bars are windows of the system's own code page.
 #pragma once
 
 #include <afxwin.h>

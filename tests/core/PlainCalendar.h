@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace coretest
-{
+namespace coretest {
 
 constexpr int kWidth = 300;
 constexpr int kHeight = 600;

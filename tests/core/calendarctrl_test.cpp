@@ -14,8 +14,7 @@ using namespace coretest;
 using namespace testsupport;
 using Lines = std::vector<std::string>;
 
-namespace
-{
+namespace {
 
 TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
 {
@@ -53,13 +52,27 @@ ptrdiff_t SlotOf(Result (CCalendarCtrl::*operation)(Args...))
 TEST(CalendarCtrl, VirtualOperationsKeepTheirSlots)
 {
     using C = CCalendarCtrl;
-    const ptrdiff_t slots[] = {
-        SlotOf(&C::Create), SlotOf(&C::SetFirstDayOfWeek), SlotOf(&C::HitTest), SlotOf(&C::GetCurrentDate),
-        SlotOf(&C::SetCurrentDate), SlotOf(&C::GetSelDate), SlotOf(&C::SetSelDate), SlotOf(&C::GetViewRange),
-        SlotOf(&C::SetDayColor), SlotOf(&C::SetDayProperty), SlotOf(&C::GetDayProperty), SlotOf(&C::ClearDayProperty),
-        SlotOf(&C::GetDayColor), SlotOf(&C::AddItem), SlotOf(&C::InsertItem), SlotOf(&C::SetItem),
-        SlotOf(&C::DeleteItem), SlotOf(&C::DeleteAllItems), SlotOf<void, int, int>(&C::Layout), SlotOf(&C::DoPrint),
-        SlotOf(&C::GetSelRange)};
+    const ptrdiff_t slots[] = {SlotOf(&C::Create),
+                               SlotOf(&C::SetFirstDayOfWeek),
+                               SlotOf(&C::HitTest),
+                               SlotOf(&C::GetCurrentDate),
+                               SlotOf(&C::SetCurrentDate),
+                               SlotOf(&C::GetSelDate),
+                               SlotOf(&C::SetSelDate),
+                               SlotOf(&C::GetViewRange),
+                               SlotOf(&C::SetDayColor),
+                               SlotOf(&C::SetDayProperty),
+                               SlotOf(&C::GetDayProperty),
+                               SlotOf(&C::ClearDayProperty),
+                               SlotOf(&C::GetDayColor),
+                               SlotOf(&C::AddItem),
+                               SlotOf(&C::InsertItem),
+                               SlotOf(&C::SetItem),
+                               SlotOf(&C::DeleteItem),
+                               SlotOf(&C::DeleteAllItems),
+                               SlotOf<void, int, int>(&C::Layout),
+                               SlotOf(&C::DoPrint),
+                               SlotOf(&C::GetSelRange)};
     for (int i = 1; i < 21; ++i)
         EXPECT_EQ(slots[i], slots[0] + i) << i;
     // Between these stand the protected ones.
@@ -134,10 +147,10 @@ TEST(CalendarCtrl, HitTestByRows)
         CPoint point;
         int scroll, code, item, hour, minute;
     } rows[] = {
-        {{100, 30}, 0, CCHT_ONCELL, -1, 0, 0},     {{100, 69}, 0, CCHT_ONCELL, -1, 0, 30},
-        {{299, 90}, 0, CCHT_ONITEM, 0, 1, 30},     {{59, 100}, 0, CCHT_ONITEM, 0, -1, -1},
-        {{59, 50}, 0, CCHT_NOWHERE, -1, -1, -1},   {{100, 29}, 0, CCHT_NOWHERE, -1, -1, -1},
-        {{100, 30}, 960, CCHT_ONCELL, -1, -1, -1}, {{100, 49}, 960, CCHT_ONCELL, -1, -1, -1},
+        {{100, 30}, 0, CCHT_ONCELL, -1, 0, 0},      {{100, 69}, 0, CCHT_ONCELL, -1, 0, 30},
+        {{299, 90}, 0, CCHT_ONITEM, 0, 1, 30},      {{59, 100}, 0, CCHT_ONITEM, 0, -1, -1},
+        {{59, 50}, 0, CCHT_NOWHERE, -1, -1, -1},    {{100, 29}, 0, CCHT_NOWHERE, -1, -1, -1},
+        {{100, 30}, 960, CCHT_ONCELL, -1, -1, -1},  {{100, 49}, 960, CCHT_ONCELL, -1, -1, -1},
         {{100, 50}, 960, CCHT_NOWHERE, -1, -1, -1},
     };
     for (const auto& row : rows) {
@@ -204,10 +217,14 @@ TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
         WPARAM wParam;
         int code;
     } rows[] = {
-        {WM_MOUSEWHEEL, MAKEWPARAM(0, 120), SB_LINEUP},    {WM_MOUSEWHEEL, MAKEWPARAM(0, 60), SB_LINEDOWN},
-        {WM_MOUSEWHEEL, MAKEWPARAM(0, -120), SB_LINEDOWN}, {WM_MOUSEWHEEL, MAKEWPARAM(0, 360), SB_LINEUP},
-        {WM_KEYDOWN, VK_PRIOR, SB_PAGEUP},                 {WM_KEYDOWN, VK_NEXT, SB_PAGEDOWN},
-        {WM_KEYDOWN, VK_UP, SB_LINEUP},                    {WM_KEYDOWN, VK_DOWN, SB_LINEDOWN},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 120), SB_LINEUP},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 60), SB_LINEDOWN},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, -120), SB_LINEDOWN},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 360), SB_LINEUP},
+        {WM_KEYDOWN, VK_PRIOR, SB_PAGEUP},
+        {WM_KEYDOWN, VK_NEXT, SB_PAGEDOWN},
+        {WM_KEYDOWN, VK_UP, SB_LINEUP},
+        {WM_KEYDOWN, VK_DOWN, SB_LINEDOWN},
     };
     for (const auto& row : rows) {
         scene.calendar->SendMessage(row.message, row.wParam, 0);

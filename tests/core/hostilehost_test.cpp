@@ -11,8 +11,7 @@
 using namespace coretest;
 using namespace testsupport;
 
-namespace
-{
+namespace {
 
 struct Trigger
 {

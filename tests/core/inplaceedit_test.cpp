@@ -14,8 +14,7 @@ using namespace coretest;
 using namespace testsupport;
 using Lines = std::vector<std::string>;
 
-namespace
-{
+namespace {
 
 class EditScene : public CalendarScene
 {

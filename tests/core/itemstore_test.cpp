@@ -11,8 +11,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 
 COleDateTime Invalid()
 {

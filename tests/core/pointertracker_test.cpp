@@ -9,8 +9,7 @@
 
 using namespace dayvane;
 
-namespace
-{
+namespace {
 
 COleDateTime At(int day, int hour = 0, int minute = 0)
 {
@@ -25,18 +24,30 @@ std::string TimeText(const COleDateTime& date)
 std::string TextOf(const PointerEffect& effect)
 {
     switch (effect.kind) {
-    case PointerEffect::SELECT_ITEM: return "select " + std::to_string(effect.item);
-    case PointerEffect::CLEAR_ITEM: return "clear";
-    case PointerEffect::BEGIN_SELECTION: return (effect.fullday ? "begin-days " : "begin ") + TimeText(effect.times.start);
-    case PointerEffect::EXTEND_SELECTION: return "extend " + TimeText(effect.times.end);
-    case PointerEffect::MARK_DATE: return "mark " + TimeText(effect.times.start);
-    case PointerEffect::TAKE_CAPTURE: return "capture";
-    case PointerEffect::RELEASE_CAPTURE: return "release";
-    case PointerEffect::DRAG_CURSOR: return "drag-cursor";
-    case PointerEffect::ARROW_CURSOR: return "arrow";
-    case PointerEffect::PUT_ITEM: return "put " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
-    case PointerEffect::PUT_BACK: return "put-back " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
-    case PointerEffect::NOTIFY_MOVED: return "moved";
+    case PointerEffect::SELECT_ITEM:
+        return "select " + std::to_string(effect.item);
+    case PointerEffect::CLEAR_ITEM:
+        return "clear";
+    case PointerEffect::BEGIN_SELECTION:
+        return (effect.fullday ? "begin-days " : "begin ") + TimeText(effect.times.start);
+    case PointerEffect::EXTEND_SELECTION:
+        return "extend " + TimeText(effect.times.end);
+    case PointerEffect::MARK_DATE:
+        return "mark " + TimeText(effect.times.start);
+    case PointerEffect::TAKE_CAPTURE:
+        return "capture";
+    case PointerEffect::RELEASE_CAPTURE:
+        return "release";
+    case PointerEffect::DRAG_CURSOR:
+        return "drag-cursor";
+    case PointerEffect::ARROW_CURSOR:
+        return "arrow";
+    case PointerEffect::PUT_ITEM:
+        return "put " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
+    case PointerEffect::PUT_BACK:
+        return "put-back " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
+    case PointerEffect::NOTIFY_MOVED:
+        return "moved";
     }
     return "?";
 }
@@ -198,7 +209,8 @@ TEST(PointerTracker, ExtendedDragsKeepTheGrabAndPullEdges)
     const ItemTimes days = {At(10, 9), At(12, 11)};
     const Row rows[] = {
         {"the grab stays", timed, EDGE_NONE, CCHT_ONITEM, At(10, 10), CCHT_ONCELL, At(10, 14), "put 10-13:00 10-15:00"},
-        {"whole days keep the time", timed, EDGE_NONE, CCHT_ONITEM, At(10), CCHT_ONCELL, At(14), "put 14-09:00 14-11:00"},
+        {"whole days keep the time", timed, EDGE_NONE, CCHT_ONITEM, At(10), CCHT_ONCELL, At(14),
+         "put 14-09:00 14-11:00"},
         {"from the rows to the band: days", timed, EDGE_NONE, CCHT_ONITEM, At(10, 10), CCHT_ONFULLDAY, At(11),
          "put 11-09:00 11-11:00"},
         {"lower edge: end of the row", timed, EDGE_BOTTOM, CCHT_ONITEM, At(10, 10, 30), CCHT_ONCELL, At(10, 12),
@@ -207,8 +219,8 @@ TEST(PointerTracker, ExtendedDragsKeepTheGrabAndPullEdges)
          "put 10-09:00 10-09:30"},
         {"lower edge in another column: the item's day", timed, EDGE_BOTTOM, CCHT_ONITEM, At(10, 10, 30), CCHT_ONCELL,
          At(13, 15), "put 10-09:00 10-15:30"},
-        {"lower edge: not beyond midnight", timed, EDGE_BOTTOM, CCHT_ONITEM, At(10, 10, 30), CCHT_ONCELL, At(10, 23, 30),
-         "put 10-09:00 10-23:59"},
+        {"lower edge: not beyond midnight", timed, EDGE_BOTTOM, CCHT_ONITEM, At(10, 10, 30), CCHT_ONCELL,
+         At(10, 23, 30), "put 10-09:00 10-23:59"},
         {"right edge: by days", days, EDGE_RIGHT, CCHT_ONFULLDAYITEM, At(12), CCHT_ONFULLDAY, At(15),
          "put 10-09:00 15-11:00"},
         {"right edge: not before the start", days, EDGE_RIGHT, CCHT_ONFULLDAYITEM, At(12), CCHT_ONFULLDAY, At(5),
@@ -252,8 +264,8 @@ TEST(PointerTracker, EdgesAndScrollStrips)
         int pullable;
         ItemEdge expected;
     } edges[] = {
-        {{50, 45}, both, EDGE_NONE},   {{50, 46}, both, EDGE_BOTTOM}, {{50, 50}, both, EDGE_NONE},
-        {{106, 20}, both, EDGE_RIGHT}, {{105, 20}, both, EDGE_NONE},  {{109, 49}, both, EDGE_BOTTOM},
+        {{50, 45}, both, EDGE_NONE},         {{50, 46}, both, EDGE_BOTTOM},     {{50, 50}, both, EDGE_NONE},
+        {{106, 20}, both, EDGE_RIGHT},       {{105, 20}, both, EDGE_NONE},      {{109, 49}, both, EDGE_BOTTOM},
         {{109, 49}, EDGE_RIGHT, EDGE_RIGHT}, {{109, 49}, EDGE_NONE, EDGE_NONE},
     };
     for (const auto& row : edges)

@@ -8,8 +8,7 @@
 
 using namespace testsupport;
 
-namespace
-{
+namespace {
 
 // A frame that is its views' owner and counts what they pass on.
 class Frame : public CFrameWnd
@@ -41,8 +40,8 @@ CCalendarView* AddView(Frame& frame, CRuntimeClass* viewClass)
     return view;
 }
 
-CRuntimeClass* const kViewClasses[] = {RUNTIME_CLASS(CDayView),   RUNTIME_CLASS(CWeekDayView),
-                                       RUNTIME_CLASS(CWeekView),  RUNTIME_CLASS(CMonthView),
+CRuntimeClass* const kViewClasses[] = {RUNTIME_CLASS(CDayView),    RUNTIME_CLASS(CWeekDayView),
+                                       RUNTIME_CLASS(CWeekView),   RUNTIME_CLASS(CMonthView),
                                        RUNTIME_CLASS(CMonthView2), RUNTIME_CLASS(CYearView)};
 
 TEST(CalendarViews, EachViewHostsItsControl)

@@ -9,8 +9,7 @@ using gridtest::At;
 using Lines = std::vector<std::string>;
 namespace hand = testsupport::hardware;
 
-namespace
-{
+namespace {
 
 constexpr int kSettleMs = 3000;
 
@@ -171,9 +170,13 @@ TEST(MonthHands, ClicksAndSweeps)
     MonthHands h;
     const std::string rest = " " + h.kTalk;
     h.Play({
-        {"sweep", [&] { hand::Drag(h.view, h.Cell(6), h.Cell(14)); }, {"ITEMCLICK -1/-1 04-06 00:00 4/1"},
+        {"sweep",
+         [&] { hand::Drag(h.view, h.Cell(6), h.Cell(14)); },
+         {"ITEMCLICK -1/-1 04-06 00:00 4/1"},
          "cur=-1 sel=06 00:00..14 00:00" + rest},
-        {"held, and backwards", [&] { h.Pull(h.Cell(14), h.Cell(3)); }, {"ITEMCLICK -1/-1 04-14 00:00 4/1"},
+        {"held, and backwards",
+         [&] { h.Pull(h.Cell(14), h.Cell(3)); },
+         {"ITEMCLICK -1/-1 04-14 00:00 4/1"},
          "cur=-1 sel=03 00:00..14 00:00" + rest + " held"},
         {"let go", [] { hand::LeftUp(); }, {}, "cur=-1 sel=03 00:00..14 00:00" + rest},
         {"Shift and click",
@@ -184,15 +187,22 @@ TEST(MonthHands, ClicksAndSweeps)
              hand::LeftUp();
              hand::KeyUp(VK_SHIFT);
          },
-         {"ITEMCLICK -1/-1 04-07 00:00 4/5"}, "cur=-1 sel=07 00:00..07 00:00" + rest},
-        {"an item", [&] { hand::Click(h.view, h.Bar(19)); }, {"ITEMCLICK 1/71 04-19 00:00 2/1"},
+         {"ITEMCLICK -1/-1 04-07 00:00 4/5"},
+         "cur=-1 sel=07 00:00..07 00:00" + rest},
+        {"an item",
+         [&] { hand::Click(h.view, h.Bar(19)); },
+         {"ITEMCLICK 1/71 04-19 00:00 2/1"},
          "cur=1 sel=07 00:00..07 00:00" + rest},
-        {"title", [&] { hand::Click(h.view, CPoint(300, 10)); }, {"ITEMCLICK -1/-1 none 1/1"},
+        {"title",
+         [&] { hand::Click(h.view, CPoint(300, 10)); },
+         {"ITEMCLICK -1/-1 none 1/1"},
          "cur=1 sel=07 00:00..07 00:00" + rest},
-        {"right button", [&] { hand::RightClick(h.view, h.Bar(12)); },
+        {"right button",
+         [&] { hand::RightClick(h.view, h.Bar(12)); },
          {"ITEMRCLICK 0/70 04-12 00:00 2/2", "CONTEXTMENU 0/70 04-12 00:00 2/0"},
          "cur=1 sel=07 00:00..07 00:00" + rest},
-        {"double click", [&] { hand::DoubleClick(h.view, h.Cell(10)); },
+        {"double click",
+         [&] { hand::DoubleClick(h.view, h.Cell(10)); },
          {"ITEMCLICK -1/-1 04-10 00:00 4/1", "ITEMDBLCLICK -1/-1 04-10 00:00 4/1"},
          "cur=-1 sel=10 00:00..10 00:00" + rest + " box"},
     });
@@ -222,7 +232,8 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
              hand::RightDown();
              hand::RightUp();
          },
-         {"ITEMRCLICK -1/-1 04-14 00:00 4/3", "CONTEXTMENU -1/-1 04-14 00:00 4/0"}, kHeld},
+         {"ITEMRCLICK -1/-1 04-14 00:00 4/3", "CONTEXTMENU -1/-1 04-14 00:00 4/0"},
+         kHeld},
         {"right button of a host that shows a menu",
          [&] {
              h.takesCapture = true;
@@ -230,7 +241,8 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
              hand::RightDown();
              h.takesCapture = false;
          },
-         {"ITEMRCLICK -1/-1 04-14 00:00 4/3"}, kBack},
+         {"ITEMRCLICK -1/-1 04-14 00:00 4/3"},
+         kBack},
         {"both up", [] { hand::LeftUp(), hand::RightUp(); }, {"CONTEXTMENU -1/-1 04-14 00:00 4/0"}, kBack},
         {"drag", pull, {h.kPressed}, kHeld},
         {"another window comes to the front", [&] { ::SetForegroundWindow(h.other); }, {}, kBack},
@@ -240,10 +252,13 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
              hand::Focus(h.view);
              hand::Move(h.view, h.Cell(21));
          },
-         {}, kBack},
+         {},
+         kBack},
         {"drag", pull, {h.kPressed}, kHeld},
         {"beside the days nothing moves", [&] { hand::Move(h.view, CPoint(730, h.Cell(14).y)); }, {}, kHeld},
-        {"dropped there", drop, {"ITEMMOVED 0/70 none 1/0 Talk 14 00:00-14 01:00"},
+        {"dropped there",
+         drop,
+         {"ITEMMOVED 0/70 none 1/0 Talk 14 00:00-14 01:00"},
          "cur=0 sel=14 00:00..14 00:00 Talk 14 00:00-14 01:00"},
         {"with Ctrl",
          [&] {
@@ -254,10 +269,13 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
          },
          {"ITEMCLICK 0/70 04-14 00:00 2/1", "ITEMMOVED 0/70 04-11 00:00 2/8 Talk 11 00:00-11 01:00"},
          "cur=0 sel=11 00:00..11 00:00 Talk 11 00:00-11 01:00"},
-        {"three days keep their length", [&] { hand::Drag(h.view, h.Bar(18), h.Cell(17)); },
+        {"three days keep their length",
+         [&] { hand::Drag(h.view, h.Bar(18), h.Cell(17)); },
          {"ITEMCLICK 1/71 04-18 00:00 2/1", "ITEMMOVED 1/71 04-17 00:00 4/0 Trip 17 00:00-19 00:00"},
          "cur=1 sel=17 00:00..17 00:00 Talk 11 00:00-11 01:00"},
-        {"not movable", [&] { hand::Drag(h.view, h.Bar(25), h.Cell(27)); }, {"ITEMCLICK 2/72 04-25 00:00 2/1"},
+        {"not movable",
+         [&] { hand::Drag(h.view, h.Bar(25), h.Cell(27)); },
+         {"ITEMCLICK 2/72 04-25 00:00 2/1"},
          "cur=2 sel=17 00:00..17 00:00 Talk 11 00:00-11 01:00"},
     });
 }
@@ -284,13 +302,16 @@ TEST(MonthHands, KeysAndWheel)
         {"Shift+Tab goes on, too", shift(VK_TAB), {"ITEMCLICK 2/72 04-25 12:00 2/0"}, "cur=2 " + kSixth},
         {"menu key", key(VK_APPS), {"CONTEXTMENU 2/72 04-25 12:00 2/0"}, "cur=2 " + kSixth},
         {"Tab on the last", key(VK_TAB), {"ITEMCLICK 0/70 04-12 09:30 2/0"}, "cur=0 " + kSixth},
-        {"away from the user", wheel(1),
+        {"away from the user",
+         wheel(1),
          {"SELDATECHANGE -1/-1 04-19 09:00 4/0", "VIEWRANGECHANGE 03-19 00:00..04-29 23:59"},
          "cur=0 sel=19 09:00..19 09:00" + rest},
-        {"three notches make one step", wheel(-3),
+        {"three notches make one step",
+         wheel(-3),
          {"SELDATECHANGE -1/-1 04-26 09:00 4/0", "VIEWRANGECHANGE 03-26 00:00..05-06 23:59"},
          "cur=0 sel=26 09:00..26 09:00" + rest},
-        {"a page", key(VK_NEXT),
+        {"a page",
+         key(VK_NEXT),
          {"SELDATECHANGE -1/-1 05-10 09:00 4/0", "VIEWRANGECHANGE 04-09 00:00..05-20 23:59"},
          "cur=0 sel=10 09:00..10 09:00" + rest},
     });
@@ -325,13 +346,19 @@ TEST(MonthHands, TypesIntoTheCell)
              hand::Key(VK_END);
              hand::Key(VK_RETURN);
          },
-         {"IPE_ENDEDITITEM \"a old\"" + kTold}, kFifth},
-        {"a click on an item", [&] { hand::Click(h.view, h.Bar(12)); },
-         {"IPE_ENDEDITITEM \"aB old\"" + kTold, h.kPressed}, "cur=0 sel=05 00:00..05 00:00 " + h.kTalk},
-        {"a click into another field", [&] { hand::Click(h.field, CPoint(5, 5)); },
-         {"IPE_ENDEDITITEM \"aB old\"" + kTold}, kFifth},
+         {"IPE_ENDEDITITEM \"a old\"" + kTold},
+         kFifth},
+        {"a click on an item",
+         [&] { hand::Click(h.view, h.Bar(12)); },
+         {"IPE_ENDEDITITEM \"aB old\"" + kTold, h.kPressed},
+         "cur=0 sel=05 00:00..05 00:00 " + h.kTalk},
+        {"a click into another field",
+         [&] { hand::Click(h.field, CPoint(5, 5)); },
+         {"IPE_ENDEDITITEM \"aB old\"" + kTold},
+         kFifth},
         {"another window", [&] { ::SetForegroundWindow(h.other); }, {"IPE_ENDEDITITEM \"aB old\"" + kTold}, kFifth},
-        {"the wheel", [&] { hand::Wheel(h.view, h.Cell(12), -1); },
+        {"the wheel",
+         [&] { hand::Wheel(h.view, h.Cell(12), -1); },
          {"IPE_ENDEDITITEM \"aB old\"" + kTold, "SELDATECHANGE -1/-1 05-03 09:00 4/0",
           "VIEWRANGECHANGE 04-02 00:00..05-13 23:59"},
          "cur=-1 sel=03 09:00..03 09:00 " + h.kTalk},
@@ -368,16 +395,26 @@ TEST(DayHands, SweepsMovesAndPulls)
     const std::string kPressed = "ITEMCLICK 0/70 04-26 12:30 2/1";
     const auto drop = [] { hand::LeftUp(); };
     h.Play({
-        {"the band", [&] { hand::Click(h.view, CPoint(200, 45)); }, {"ITEMCLICK -1/-1 04-26 07:30 16/1"},
+        {"the band",
+         [&] { hand::Click(h.view, CPoint(200, 45)); },
+         {"ITEMCLICK -1/-1 04-26 07:30 16/1"},
          "cur=-1 sel=26 00:00..26 23:59 Talk 26 12:00-26 13:00"},
-        {"sweep", [&] { hand::Drag(h.view, h.Row(15, 0), h.Row(16, 30)); }, {"ITEMCLICK -1/-1 04-26 15:00 4/1"},
+        {"sweep",
+         [&] { hand::Drag(h.view, h.Row(15, 0), h.Row(16, 30)); },
+         {"ITEMCLICK -1/-1 04-26 15:00 4/1"},
          "cur=-1 sel=26 15:00..26 17:00 Talk 26 12:00-26 13:00"},
-        {"held in its second row, the item keeps its distance", [&] { h.Pull(h.Row(12, 30), h.Row(14, 30)); },
-         {kPressed}, "cur=0 sel=26 14:30..26 15:00 Talk 26 14:00-26 15:00 held"},
-        {"dropped", drop, {"ITEMMOVED 0/70 04-26 14:30 2/0 Talk 26 14:00-26 15:00"},
+        {"held in its second row, the item keeps its distance",
+         [&] { h.Pull(h.Row(12, 30), h.Row(14, 30)); },
+         {kPressed},
+         "cur=0 sel=26 14:30..26 15:00 Talk 26 14:00-26 15:00 held"},
+        {"dropped",
+         drop,
+         {"ITEMMOVED 0/70 04-26 14:30 2/0 Talk 26 14:00-26 15:00"},
          "cur=0 sel=26 14:30..26 15:00 Talk 26 14:00-26 15:00"},
-        {"by its lower edge", [&] { h.Pull(h.Row(14, 30, 18), h.Row(16, 0)); },
-         {"ITEMCLICK 0/70 04-26 14:30 2/1"}, "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 16:30 held"},
+        {"by its lower edge",
+         [&] { h.Pull(h.Row(14, 30, 18), h.Row(16, 0)); },
+         {"ITEMCLICK 0/70 04-26 14:30 2/1"},
+         "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 16:30 held"},
         {"taken back", [] { hand::Key(VK_ESCAPE); }, {}, "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 15:00"},
         {"let go", drop, {}, "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 15:00"},
         {"above its start a row is left",
@@ -387,7 +424,8 @@ TEST(DayHands, SweepsMovesAndPulls)
          },
          {"ITEMCLICK 0/70 04-26 14:30 2/1", "ITEMMOVED 0/70 04-26 10:00 4/0 Talk 26 14:00-26 14:30"},
          "cur=0 sel=26 10:00..26 10:30 Talk 26 14:00-26 14:30"},
-        {"into the band it keeps its times", [&] { hand::Drag(h.view, h.Row(14, 0), CPoint(200, 68)); },
+        {"into the band it keeps its times",
+         [&] { hand::Drag(h.view, h.Row(14, 0), CPoint(200, 68)); },
          {"ITEMCLICK 0/70 04-26 14:00 2/1", "ITEMMOVED 0/70 04-26 08:00 2/0 Talk 26 08:00-26 08:30"},
          "cur=0 sel=26 08:00..26 08:30 Talk 26 08:00-26 08:30"},
         {"Ctrl, another copy wish",

@@ -48,7 +48,7 @@ protected:
 
 IMPLEMENT_DYNCREATE(TestDocument, CDocument)
 BEGIN_MESSAGE_MAP(TestDocument, CDocument)
-    ON_COMMAND(CommandDocument, &TestDocument::OnDocumentCommand)
+ON_COMMAND(CommandDocument, &TestDocument::OnDocumentCommand)
 END_MESSAGE_MAP()
 
 class TestView : public CView
@@ -90,8 +90,8 @@ protected:
 
 IMPLEMENT_DYNCREATE(TestView, CView)
 BEGIN_MESSAGE_MAP(TestView, CView)
-    ON_COMMAND(CommandView, &TestView::OnViewCommand)
-    ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_COMMAND(CommandView, &TestView::OnViewCommand)
+ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
 END_MESSAGE_MAP()
 
 constexpr UINT Indicators[] = {ID_SEPARATOR, CommandFrame};
@@ -125,9 +125,9 @@ protected:
 
 IMPLEMENT_DYNCREATE(TestFrame, CFrameWnd)
 BEGIN_MESSAGE_MAP(TestFrame, CFrameWnd)
-    ON_WM_CREATE()
-    ON_COMMAND(CommandFrame, &TestFrame::OnFrameCommand)
-    ON_UPDATE_COMMAND_UI(CommandFrame, &TestFrame::OnUpdateFrameCommand)
+ON_WM_CREATE()
+ON_COMMAND(CommandFrame, &TestFrame::OnFrameCommand)
+ON_UPDATE_COMMAND_UI(CommandFrame, &TestFrame::OnUpdateFrameCommand)
 END_MESSAGE_MAP()
 
 class TestApp : public CWinApp
@@ -148,8 +148,8 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(TestApp, CWinApp)
-    ON_COMMAND(CommandApp, &TestApp::OnAppCommand)
-    ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
+ON_COMMAND(CommandApp, &TestApp::OnAppCommand)
+ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
 END_MESSAGE_MAP()
 
 class FrameTest : public testing::Test

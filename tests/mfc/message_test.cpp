@@ -81,24 +81,24 @@ constexpr UINT CommandPerhaps = 0x8120;
 constexpr UINT CommandNever = 0x8130;
 
 BEGIN_MESSAGE_MAP(ParentWnd, CWnd)
-    ON_WM_SIZE()
-    ON_WM_MOVE()
-    ON_WM_VSCROLL()
-    ON_WM_MOUSEMOVE()
-    ON_WM_MOUSEWHEEL()
-    ON_WM_SETCURSOR()
-    ON_WM_KEYDOWN()
-    ON_WM_GETDLGCODE()
-    ON_REGISTERED_MESSAGE(FirstRegistered, &ParentWnd::OnFirst)
-    ON_REGISTERED_MESSAGE(SecondRegistered, &ParentWnd::OnSecond)
-    ON_COMMAND(CommandPress, &ParentWnd::OnPress)
-    ON_COMMAND_RANGE(CommandRange, CommandRangeLast, &ParentWnd::OnRange)
-    ON_COMMAND_EX(CommandPerhaps, &ParentWnd::OnPerhaps)
-    ON_COMMAND(CommandNever, &ParentWnd::OnPress)
-    ON_UPDATE_COMMAND_UI(CommandNever, &ParentWnd::OnNever)
-    ON_EN_CHANGE(ChildId, &ParentWnd::OnChange)
-    ON_NOTIFY(NotifyCode, ChildId, &ParentWnd::OnChildNotification)
-    ON_NOTIFY_RANGE(NotifyCode - 1, 0, OtherId, &ParentWnd::OnAnyNotification)
+ON_WM_SIZE()
+ON_WM_MOVE()
+ON_WM_VSCROLL()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEWHEEL()
+ON_WM_SETCURSOR()
+ON_WM_KEYDOWN()
+ON_WM_GETDLGCODE()
+ON_REGISTERED_MESSAGE(FirstRegistered, &ParentWnd::OnFirst)
+ON_REGISTERED_MESSAGE(SecondRegistered, &ParentWnd::OnSecond)
+ON_COMMAND(CommandPress, &ParentWnd::OnPress)
+ON_COMMAND_RANGE(CommandRange, CommandRangeLast, &ParentWnd::OnRange)
+ON_COMMAND_EX(CommandPerhaps, &ParentWnd::OnPerhaps)
+ON_COMMAND(CommandNever, &ParentWnd::OnPress)
+ON_UPDATE_COMMAND_UI(CommandNever, &ParentWnd::OnNever)
+ON_EN_CHANGE(ChildId, &ParentWnd::OnChange)
+ON_NOTIFY(NotifyCode, ChildId, &ParentWnd::OnChildNotification)
+ON_NOTIFY_RANGE(NotifyCode - 1, 0, OtherId, &ParentWnd::OnAnyNotification)
 END_MESSAGE_MAP()
 
 // Overrides one handler and adds one; everything else comes from the base class's map.
@@ -114,7 +114,7 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(DerivedParentWnd, ParentWnd)
-    ON_COMMAND(CommandPress, &DerivedParentWnd::OnDerivedPress)
+ON_COMMAND(CommandPress, &DerivedParentWnd::OnDerivedPress)
 END_MESSAGE_MAP()
 
 LPCTSTR PlainClass()
@@ -279,9 +279,9 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(KeepingEdit, CEdit)
-    ON_CONTROL_REFLECT_EX(EN_CHANGE, &KeepingEdit::OnOwnChange)
-    ON_NOTIFY_REFLECT_EX(NotifyCode, &KeepingEdit::OnOwnNotification)
-    ON_WM_CTLCOLOR_REFLECT()
+ON_CONTROL_REFLECT_EX(EN_CHANGE, &KeepingEdit::OnOwnChange)
+ON_NOTIFY_REFLECT_EX(NotifyCode, &KeepingEdit::OnOwnNotification)
+ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 
 class ReflectionTest : public MessageTest

@@ -8,7 +8,8 @@ int main()
 {
     tagHOLIDAY holiday;
     const int found = CCalcHoliday::IsHoliday(COleDateTime(2017, 2, 11, 0, 0, 0), holiday);
-    const char expected[] = "\x8c\x9a\x8d\x91\x8b\x4c\x94\x4f\x82\xcc\x93\xfa"; // National Foundation Day, code page 932
+    const char expected[] =
+        "\x8c\x9a\x8d\x91\x8b\x4c\x94\x4f\x82\xcc\x93\xfa"; // National Foundation Day, code page 932
     if (found != 1 || strcmp(holiday.lpszName, expected) != 0) {
         printf("11 February 2017 is not the holiday that it should be\n");
         return 1;

@@ -3,8 +3,7 @@
 
 #include <cstdio>
 
-namespace
-{
+namespace {
 
 constexpr UINT kControlId = 100;
 
@@ -31,7 +30,7 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(HostWindow, CWnd)
-    ON_NOTIFY(CCN_ITEMCLICK, kControlId, &HostWindow::OnItemClick)
+ON_NOTIFY(CCN_ITEMCLICK, kControlId, &HostWindow::OnItemClick)
 END_MESSAGE_MAP()
 
 int ShowMonth()

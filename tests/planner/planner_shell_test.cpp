@@ -18,11 +18,10 @@ namespace {
 using namespace testsupport;
 using planner::At;
 
-const std::string kFile = planner::Joined({"BEGIN:VCALENDAR", "X-UNKNOWN;a=b:kept as it is", "BEGIN:VEVENT", "UID:meeting",
-                                           "DTSTART:20260415T093000", "DTEND:20260415T103000", "SUMMARY:Meeting",
-                                           "X-ALSO:kept", "END:VEVENT", "BEGIN:VEVENT", "UID:trip",
-                                           "DTSTART;VALUE=DATE:20260421", "DTEND;VALUE=DATE:20260424", "SUMMARY:Trip",
-                                           "END:VEVENT", "END:VCALENDAR"});
+const std::string kFile = planner::Joined(
+    {"BEGIN:VCALENDAR", "X-UNKNOWN;a=b:kept as it is", "BEGIN:VEVENT", "UID:meeting", "DTSTART:20260415T093000",
+     "DTEND:20260415T103000", "SUMMARY:Meeting", "X-ALSO:kept", "END:VEVENT", "BEGIN:VEVENT", "UID:trip",
+     "DTSTART;VALUE=DATE:20260421", "DTEND;VALUE=DATE:20260424", "SUMMARY:Trip", "END:VEVENT", "END:VCALENDAR"});
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
 {
@@ -124,8 +123,8 @@ TEST_F(PlannerWindow, MovesRenamesUndoesAndSavesNothingElse)
 {
     EXPECT_EQ(Bytes(), kFile);
     messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17));
-    const std::string moved = Replaced(Replaced(kFile, "20260415T093000", "20260417T093000"), "20260415T103000",
-                                       "20260417T103000");
+    const std::string moved =
+        Replaced(Replaced(kFile, "20260415T093000", "20260417T093000"), "20260415T103000", "20260417T103000");
     EXPECT_EQ(Bytes(), moved);
 
     Key(VK_F2); // the moved item has stayed the current one

@@ -8,10 +8,8 @@
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
-namespace stress
-{
-namespace
-{
+namespace stress {
+namespace {
 
 constexpr int kHostileActs = 9;
 constexpr int kMaxItems = 120; // more would make one event slow without finding more
@@ -86,12 +84,8 @@ struct ViewRow
     std::unique_ptr<Subject> (*make)();
 };
 const ViewRow kViews[] = {
-    {"month", Make<CMonthViewCtrl>},
-    {"month2", Make<CMonthViewCtrl2>},
-    {"week", Make<CWeekViewCtrl>},
-    {"year", Make<CYearViewCtrl>},
-    {"day", Make<CDayViewCtrl>},
-    {"weekday", Make<CWeekDayViewCtrl>},
+    {"month", Make<CMonthViewCtrl>}, {"month2", Make<CMonthViewCtrl2>}, {"week", Make<CWeekViewCtrl>},
+    {"year", Make<CYearViewCtrl>},   {"day", Make<CDayViewCtrl>},       {"weekday", Make<CWeekDayViewCtrl>},
 };
 
 COleDateTime Today()
@@ -292,14 +286,30 @@ void StressHost::Option(const Event& event)
     CCalendarCtrl& ctrl = m_subject->Ctrl();
     const BOOL on = event.c;
     switch (event.a % 8) {
-    case 0: ctrl.ShowCaption(on); break;
-    case 1: ctrl.ShowHoliday(on); break;
-    case 2: ctrl.SetItemDisplayMode(on ? 8 : 0); break;
-    case 3: ctrl.ShowSelectionWithItem(on); break;
-    case 4: ctrl.EnableExtendedMove(on); break;
-    case 5: ctrl.EnableMouseHoverEvent(on); break;
-    case 6: ctrl.SetDayColor(DateOf(event.b), (event.b + 40) % 8); break;
-    default: WithoutInvalidArguments([&] { ctrl.SetTimeScale((event.b + 40) % 13); }); break;
+    case 0:
+        ctrl.ShowCaption(on);
+        break;
+    case 1:
+        ctrl.ShowHoliday(on);
+        break;
+    case 2:
+        ctrl.SetItemDisplayMode(on ? 8 : 0);
+        break;
+    case 3:
+        ctrl.ShowSelectionWithItem(on);
+        break;
+    case 4:
+        ctrl.EnableExtendedMove(on);
+        break;
+    case 5:
+        ctrl.EnableMouseHoverEvent(on);
+        break;
+    case 6:
+        ctrl.SetDayColor(DateOf(event.b), (event.b + 40) % 8);
+        break;
+    default:
+        WithoutInvalidArguments([&] { ctrl.SetTimeScale((event.b + 40) % 13); });
+        break;
     }
 }
 
@@ -318,42 +328,91 @@ void StressHost::Run(const Event& event)
             ::SendMessage(Window(), WM_KEYUP, event.a, 0);
         break;
     }
-    case EventKind::MouseMove: Mouse(WM_MOUSEMOVE, event, event.c ? MK_LBUTTON : 0); break;
-    case EventKind::LeftDown: Mouse(WM_LBUTTONDOWN, event, MK_LBUTTON); break;
-    case EventKind::LeftUp: Mouse(WM_LBUTTONUP, event, event.c ? MK_CONTROL : 0); break;
-    case EventKind::DoubleClick: Mouse(WM_LBUTTONDBLCLK, event, MK_LBUTTON); break;
-    case EventKind::RightDown: Mouse(WM_RBUTTONDOWN, event, MK_RBUTTON); break;
-    case EventKind::Wheel: ::SendMessage(Window(), WM_MOUSEWHEEL, MAKEWPARAM(0, event.a), 0); break;
-    case EventKind::ScrollCode: ::SendMessage(Window(), WM_VSCROLL, MAKEWPARAM(event.a, event.b), 0); break;
-    case EventKind::Size: ctrl.MoveWindow(0, 0, event.a, event.b); break;
+    case EventKind::MouseMove:
+        Mouse(WM_MOUSEMOVE, event, event.c ? MK_LBUTTON : 0);
+        break;
+    case EventKind::LeftDown:
+        Mouse(WM_LBUTTONDOWN, event, MK_LBUTTON);
+        break;
+    case EventKind::LeftUp:
+        Mouse(WM_LBUTTONUP, event, event.c ? MK_CONTROL : 0);
+        break;
+    case EventKind::DoubleClick:
+        Mouse(WM_LBUTTONDBLCLK, event, MK_LBUTTON);
+        break;
+    case EventKind::RightDown:
+        Mouse(WM_RBUTTONDOWN, event, MK_RBUTTON);
+        break;
+    case EventKind::Wheel:
+        ::SendMessage(Window(), WM_MOUSEWHEEL, MAKEWPARAM(0, event.a), 0);
+        break;
+    case EventKind::ScrollCode:
+        ::SendMessage(Window(), WM_VSCROLL, MAKEWPARAM(event.a, event.b), 0);
+        break;
+    case EventKind::Size:
+        ctrl.MoveWindow(0, 0, event.a, event.b);
+        break;
     case EventKind::AddItem:
     case EventKind::InsertItem:
     case EventKind::SetItem:
     case EventKind::DeleteItem:
-    case EventKind::SetCurSel: WithoutInvalidArguments([&] { ItemEvent(event); }); break;
-    case EventKind::DeleteAll: ctrl.DeleteAllItems(); break;
-    case EventKind::SetDate: ctrl.SetCurrentDate(DateOf(event.a)); break;
-    case EventKind::FirstDay: WithoutInvalidArguments([&] { ctrl.SetFirstDayOfWeek((event.a + 40) % 9); }); break;
-    case EventKind::Option: Option(event); break;
-    case EventKind::BeginEdit: ctrl.BeginEditItem("text"); break;
-    case EventKind::EndEdit: ::SendMessage(edit ? edit : Window(), WM_KEYDOWN, event.a, 0); break;
-    case EventKind::Type: ::SendMessage(edit ? edit : Window(), WM_CHAR, 'a' + (event.a + 40) % 26, 0); break;
-    case EventKind::Hostile: m_hostile = event.c && event.b % 20 ? (event.a + 40) % (kHostileActs - 1) : event.b % 8; break;
+    case EventKind::SetCurSel:
+        WithoutInvalidArguments([&] { ItemEvent(event); });
+        break;
+    case EventKind::DeleteAll:
+        ctrl.DeleteAllItems();
+        break;
+    case EventKind::SetDate:
+        ctrl.SetCurrentDate(DateOf(event.a));
+        break;
+    case EventKind::FirstDay:
+        WithoutInvalidArguments([&] { ctrl.SetFirstDayOfWeek((event.a + 40) % 9); });
+        break;
+    case EventKind::Option:
+        Option(event);
+        break;
+    case EventKind::BeginEdit:
+        ctrl.BeginEditItem("text");
+        break;
+    case EventKind::EndEdit:
+        ::SendMessage(edit ? edit : Window(), WM_KEYDOWN, event.a, 0);
+        break;
+    case EventKind::Type:
+        ::SendMessage(edit ? edit : Window(), WM_CHAR, 'a' + (event.a + 40) % 26, 0);
+        break;
+    case EventKind::Hostile:
+        m_hostile = event.c && event.b % 20 ? (event.a + 40) % (kHostileActs - 1) : event.b % 8;
+        break;
     case EventKind::LoseCapture:
         ::SetCapture(m_parent.m_hWnd);
         ::ReleaseCapture();
         break;
-    case EventKind::CancelMode: ::SendMessage(Window(), WM_CANCELMODE, 0, 0); break;
-    case EventKind::Focus: ::SetFocus(event.c ? Window() : m_parent.m_hWnd); break;
-    case EventKind::Timer: ::SendMessage(Window(), WM_TIMER, 0x4441, 0); break;
+    case EventKind::CancelMode:
+        ::SendMessage(Window(), WM_CANCELMODE, 0, 0);
+        break;
+    case EventKind::Focus:
+        ::SetFocus(event.c ? Window() : m_parent.m_hWnd);
+        break;
+    case EventKind::Timer:
+        ::SendMessage(Window(), WM_TIMER, 0x4441, 0);
+        break;
     case EventKind::ContextMenu:
         ::SendMessage(Window(), WM_CONTEXTMENU, 0, event.c ? MAKELPARAM(-1, -1) : MAKELPARAM(event.a, event.b));
         break;
-    case EventKind::Refresh: ctrl.Refresh(); break;
-    case EventKind::Paint: ctrl.UpdateWindow(); break;
-    case EventKind::Sort: ::SendMessage(Window(), WM_KEYDOWN, VK_TAB, 0); break;
-    case EventKind::Recreate: Recreate(); break;
-    case EventKind::Count: break;
+    case EventKind::Refresh:
+        ctrl.Refresh();
+        break;
+    case EventKind::Paint:
+        ctrl.UpdateWindow();
+        break;
+    case EventKind::Sort:
+        ::SendMessage(Window(), WM_KEYDOWN, VK_TAB, 0);
+        break;
+    case EventKind::Recreate:
+        Recreate();
+        break;
+    case EventKind::Count:
+        break;
     }
     testsupport::PumpMessages();
 }
@@ -365,7 +424,8 @@ std::string StressHost::Difference()
     CCalendarCtrl& ctrl = m_subject->Ctrl();
     const std::vector<tagCC_ITEM>& items = m_subject->model.items;
     if (ctrl.GetItemCount() != static_cast<int>(items.size()))
-        return "the store has " + std::to_string(ctrl.GetItemCount()) + " items, the model " + std::to_string(items.size());
+        return "the store has " + std::to_string(ctrl.GetItemCount()) + " items, the model " +
+               std::to_string(items.size());
     for (int i = 0; i < static_cast<int>(items.size()); ++i) {
         tagCC_ITEM item;
         ctrl.GetItem(i, item);

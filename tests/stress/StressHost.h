@@ -12,8 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace stress
-{
+namespace stress {
 
 // The store as a plain list, kept by the virtual operations that a view is asked for.
 struct Model
@@ -58,7 +57,7 @@ private:
     testsupport::RecordingParent m_parent;
     std::unique_ptr<Subject> m_subject;
     std::vector<std::unique_ptr<Subject>> m_buried; // subjects that a notification destroyed
-    int m_hostile = -1; // what the host does at the next notification
+    int m_hostile = -1;                             // what the host does at the next notification
     bool m_acting = false;
 };
 

@@ -3,10 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace stress
-{
-namespace
-{
+namespace stress {
+namespace {
 
 // A well mixed number for every counter value (the finalizer of splitmix64).
 std::uint64_t Mix(std::uint64_t x)

@@ -6,41 +6,40 @@
 #include <string>
 #include <vector>
 
-namespace stress
-{
+namespace stress {
 
 enum class EventKind
 {
-    Key,          // a: virtual key, b: 1 Shift held
-    MouseMove,    // a, b: client pixels; c: buttons
+    Key,       // a: virtual key, b: 1 Shift held
+    MouseMove, // a, b: client pixels; c: buttons
     LeftDown,
     LeftUp,
     DoubleClick,
     RightDown,
-    Wheel,        // a: delta
-    ScrollCode,   // a: code, b: position
-    Size,         // a, b: new size
-    AddItem,      // a: item number (see ItemOf)
-    InsertItem,   // a: item number, b: index
-    SetItem,      // a: item number, b: index
-    DeleteItem,   // b: index
+    Wheel,      // a: delta
+    ScrollCode, // a: code, b: position
+    Size,       // a, b: new size
+    AddItem,    // a: item number (see ItemOf)
+    InsertItem, // a: item number, b: index
+    SetItem,    // a: item number, b: index
+    DeleteItem, // b: index
     DeleteAll,
-    SetCurSel,    // b: index
-    SetDate,      // a: date number (see DateOf)
-    FirstDay,     // a: 0 .. 8, the ends are not valid
-    Option,       // a: which, b: value
+    SetCurSel, // b: index
+    SetDate,   // a: date number (see DateOf)
+    FirstDay,  // a: 0 .. 8, the ends are not valid
+    Option,    // a: which, b: value
     BeginEdit,
-    EndEdit,      // a: key that ends it
-    Type,         // a: character
-    Hostile,      // a: what the host does at its next notification
+    EndEdit, // a: key that ends it
+    Type,    // a: character
+    Hostile, // a: what the host does at its next notification
     LoseCapture,
     CancelMode,
-    Focus,        // a: 1 to the control, 0 away
+    Focus, // a: 1 to the control, 0 away
     Timer,
     ContextMenu,
     Refresh,
     Paint,
-    Sort,         // SetFocusToItem by Tab over a sorted copy
+    Sort, // SetFocusToItem by Tab over a sorted copy
     Recreate,
     Count
 };

@@ -15,15 +15,14 @@
 
 using namespace stress;
 
-namespace
-{
+namespace {
 
 constexpr int kDefaultEvents = 20000;
 constexpr int kDefaultSeed = 1;
 constexpr size_t kCountedEvents = 3000; // played again while objects are counted
 constexpr int kCountedRounds = 4;
 constexpr int kCompareEvery = 500;
-constexpr DWORD kShrinkMilliseconds = 5 * 60 * 1000; // afterwards the script stays as short as it has become
+constexpr DWORD kShrinkMilliseconds = 5 * 60 * 1000;     // afterwards the script stays as short as it has become
 constexpr DWORD kChildMilliseconds = 3 * 60 * 60 * 1000; // a run of very many events
 
 struct Options
@@ -58,8 +57,8 @@ int RunEvents(const Options& options)
         return host.Difference();
     };
     std::string difference = play(options.seed, indices);
-    // Played again, the same events fill no cache of the system any more, after a few rounds at the latest; what is lost
-    // is lost in every round.
+    // Played again, the same events fill no cache of the system any more, after a few rounds at the latest; what is
+    // lost is lost in every round.
     testsupport::GuiCounts before, after;
     bool settled = !options.counting;
     for (int round = 0; difference.empty() && !settled && round < kCountedRounds; ++round) {

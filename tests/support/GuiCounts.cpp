@@ -67,13 +67,20 @@ int CountGdiTable(std::map<int, int>& byType)
 const char* NameOfType(int type)
 {
     switch (type) {
-    case 0x01: return "device contexts";
-    case 0x04: return "regions";
-    case 0x05: return "bitmaps";
-    case 0x0a: return "fonts";
-    case 0x10: return "brushes";
-    case 0x30: return "pens";
-    default: return "others";
+    case 0x01:
+        return "device contexts";
+    case 0x04:
+        return "regions";
+    case 0x05:
+        return "bitmaps";
+    case 0x0a:
+        return "fonts";
+    case 0x10:
+        return "brushes";
+    case 0x30:
+        return "pens";
+    default:
+        return "others";
     }
 }
 

@@ -11,8 +11,8 @@ namespace testsupport {
 
 struct GuiCounts
 {
-    int gdiObjects = 0;  // pens, brushes, fonts, bitmaps, regions, device contexts
-    int userObjects = 0; // windows, menus, icons and cursors
+    int gdiObjects = 0;           // pens, brushes, fonts, bitmaps, regions, device contexts
+    int userObjects = 0;          // windows, menus, icons and cursors
     std::map<int, int> gdiByType; // of the system's type numbers; empty where only the sum can be asked for
 
     static GuiCounts Now();

@@ -73,11 +73,21 @@ protected:
         const std::string point = std::to_string(GET_X_LPARAM(lParam)) + "," + std::to_string(GET_Y_LPARAM(lParam));
         const bool shift = ::GetKeyState(VK_SHIFT) < 0;
         switch (message) {
-        case WM_LBUTTONDOWN: lines.push_back("down " + point); break;
-        case WM_LBUTTONUP: lines.push_back("up " + point); break;
-        case WM_LBUTTONDBLCLK: lines.push_back("double " + point); break;
-        case WM_MOUSEWHEEL: lines.push_back("wheel " + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam))); break;
-        case WM_CHAR: lines.push_back(std::string("char ") + static_cast<char>(wParam)); break;
+        case WM_LBUTTONDOWN:
+            lines.push_back("down " + point);
+            break;
+        case WM_LBUTTONUP:
+            lines.push_back("up " + point);
+            break;
+        case WM_LBUTTONDBLCLK:
+            lines.push_back("double " + point);
+            break;
+        case WM_MOUSEWHEEL:
+            lines.push_back("wheel " + std::to_string(GET_WHEEL_DELTA_WPARAM(wParam)));
+            break;
+        case WM_CHAR:
+            lines.push_back(std::string("char ") + static_cast<char>(wParam));
+            break;
         case WM_KEYDOWN:
             if (wParam != VK_SHIFT) {
                 lines.push_back("key " + std::to_string(wParam) + (shift ? " shift" : ""));

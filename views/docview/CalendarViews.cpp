@@ -6,8 +6,7 @@
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
-namespace
-{
+namespace {
 constexpr DWORD kCtrlStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP;
 }
 

@@ -40,10 +40,10 @@ enum class Scope
 // One calendar file, open for reading and editing, with undo. (Parsers at hand drop what they do not know when they
 // write; this one is the file's own text with the events found in it.)
 //
-// The clock. When the file names its zone (X-WR-TIMEZONE) and the zone is known, or names none and defines just one, all
-// times are shown on that zone's clock. Otherwise each event is shown on the clock of its own DTSTART: an event at 9:30
-// in Phoenix shows 9:30, one written in UTC shows UTC. Floating times, and times in zones that nobody defines, are shown
-// as they stand.
+// The clock. When the file names its zone (X-WR-TIMEZONE) and the zone is known, or names none and defines just one,
+// all times are shown on that zone's clock. Otherwise each event is shown on the clock of its own DTSTART: an event at
+// 9:30 in Phoenix shows 9:30, one written in UTC shows UTC. Floating times, and times in zones that nobody defines, are
+// shown as they stand.
 //
 // Editing changes the text of the edited event only, and of that only the lines that change; every other byte of the
 // file stays. An event that was edited and undone has its old bytes again. LAST-MODIFIED and SEQUENCE are not touched.
