@@ -34,8 +34,9 @@ bool ParseEvent(const std::string& line, tagCC_ITEM& item)
     std::string end;
     std::string text;
     if (!(fields >> id >> start >> end >> item.nFullday) || !ParseDateTime(start, item.dtStart) ||
-        !ParseDateTime(end, item.dtEnd) || (item.nFullday != 0 && item.nFullday != 1))
+        !ParseDateTime(end, item.dtEnd) || (item.nFullday != 0 && item.nFullday != 1)) {
         return false;
+    }
     std::getline(fields >> std::ws, text);
     item.strText = DisplayText(text);
     return true;
@@ -62,8 +63,9 @@ bool ParseDateTime(const std::string& text, COleDateTime& date)
     int minute = 0;
     int second = 0;
     const int read = std::sscanf(text.c_str(), "%d-%d-%dT%d:%d:%d", &year, &month, &day, &hour, &minute, &second);
-    if (read != 3 && read != 5 && read != 6)
+    if (read != 3 && read != 5 && read != 6) {
         return false;
+    }
     date = COleDateTime(year, month, day, hour, minute, second);
     return date.GetStatus() == COleDateTime::valid;
 }
@@ -71,18 +73,22 @@ bool ParseDateTime(const std::string& text, COleDateTime& date)
 std::vector<tagCC_ITEM> ReadEvents(const std::string& file)
 {
     std::ifstream lines(file);
-    if (!lines)
+    if (!lines) {
         throw std::runtime_error("cannot open " + file);
+    }
     std::vector<tagCC_ITEM> items;
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
-        if (!line.empty() && line.back() == '\r')
+        if (!line.empty() && line.back() == '\r') {
             line.pop_back();
-        if (line.empty() || line[0] == '#')
+        }
+        if (line.empty() || line[0] == '#') {
             continue;
+        }
         tagCC_ITEM item;
-        if (!ParseEvent(line, item))
+        if (!ParseEvent(line, item)) {
             throw std::runtime_error(file + ":" + std::to_string(number) + ": not an event: " + line);
+        }
         items.push_back(item);
     }
     return items;

@@ -43,13 +43,15 @@ public:
         const dayvane::BoxViewLayout layout =
             dayvane::LayOutBoxView(CRect(0, 0, cx, cy), true, months ? dayvane::kYearMetrics : dayvane::kWeekMetrics);
         literal::BoxView view = {layout.boxes, {}, months};
-        for (int box = 0; box < static_cast<int>(layout.boxes.size()); ++box)
+        for (int box = 0; box < static_cast<int>(layout.boxes.size()); ++box) {
             view.dates.push_back(this->DateOfBox(box));
+        }
         const dayvane::DayRows starts = this->GetRows();
         std::vector<literal::Range> rows;
-        for (size_t row = 0; row + 1 < starts.size(); ++row)
+        for (size_t row = 0; row + 1 < starts.size(); ++row) {
             rows.push_back({dayvane::DateOfDayNumber(starts[row]),
                             dayvane::EndOfDay(dayvane::DateOfDayNumber(starts[row + 1] - 1))});
+        }
         literal::MakePieces(this->m_arItem, rows, this->m_arScreenItem);
         literal::CalcBoxBars(view, this->m_arScreenItem);
         this->ScreenItemsChanged();
@@ -85,8 +87,9 @@ public:
         MakeScreenItem(m_arItem, m_arScreenItem);
         CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
         std::vector<CRect> columns;
-        for (int i = 0; i < GetMaxDays(); ++i)
+        for (int i = 0; i < GetMaxDays(); ++i) {
             columns.push_back(GetColumnRect(i));
+        }
         literal::ManyDayItemRects(m_arScreenItem, columns, m_dtViewBegin, m_nTimeScale);
         literal::ManyDayLanes(m_arScreenItem, m_rcFulldayContent, columns, m_dtViewBegin);
     }
@@ -109,16 +112,18 @@ constexpr BenchViewEntry kViews[] = {
 const BenchViewEntry* FindView(const char* name)
 {
     for (const BenchViewEntry& entry : kViews) {
-        if (std::strcmp(entry.name, name) == 0)
+        if (std::strcmp(entry.name, name) == 0) {
             return &entry;
+        }
     }
     return nullptr;
 }
 
 void PrintViewNames()
 {
-    for (const BenchViewEntry& entry : kViews)
+    for (const BenchViewEntry& entry : kViews) {
         std::fprintf(stderr, " %s", entry.name);
+    }
 }
 
 } // namespace bench

@@ -65,18 +65,20 @@ RawPicture::RawPicture(CDC* reference, CSize size, const std::function<void(CDC*
 RawPicture::~RawPicture()
 {
     for (size_t i = 1; i < m_objects.size(); ++i) {
-        if (m_objects[i])
+        if (m_objects[i]) {
             ::DeleteObject(m_objects[i]);
+        }
     }
     ::DeleteEnhMetaFile(m_file);
 }
 
 void RawPicture::Draw(CDC* pDC)
 {
-    for (const std::vector<DWORD>& record : m_records)
+    for (const std::vector<DWORD>& record : m_records) {
         ::PlayEnhMetaFileRecord(pDC->m_hDC, reinterpret_cast<HANDLETABLE*>(m_objects.data()),
                                 reinterpret_cast<const ENHMETARECORD*>(record.data()),
                                 static_cast<UINT>(m_objects.size()));
+    }
 }
 
 } // namespace bench

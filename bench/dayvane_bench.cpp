@@ -82,8 +82,9 @@ size_t HeapBytesInUse()
     for (DWORD i = 0; i < count; ++i) {
         PROCESS_HEAP_ENTRY entry = {};
         while (::HeapWalk(heaps[i], &entry)) {
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) {
                 bytes += entry.cbData + entry.cbOverhead;
+            }
         }
     }
     return bytes;
@@ -100,8 +101,9 @@ public:
     {
         const CRect area(CPoint(0, 0), m_options.size);
         if (!m_parent.CreateEx(0, _T("STATIC"), _T(""), WS_POPUP, area, nullptr, 0) ||
-            !m_ctrl.Create(WS_CHILD | WS_VISIBLE, area, &m_parent, 1))
+            !m_ctrl.Create(WS_CHILD | WS_VISIBLE, area, &m_parent, 1)) {
             return false;
+        }
         CClientDC window(&m_ctrl);
         m_target.CreateCompatibleDC(&window);
         m_bitmap.CreateCompatibleBitmap(&window, area.Width(), area.Height());
@@ -128,16 +130,18 @@ public:
         MeasureDrag();
         MeasureNavigation();
         MeasureRawPaint();
-        if (m_options.literal)
+        if (m_options.literal) {
             MeasureLiteral();
+        }
         m_parent.DestroyWindow();
     }
 
 private:
     void AddItems()
     {
-        for (tagCC_ITEM& item : m_items)
+        for (tagCC_ITEM& item : m_items) {
             m_ctrl.AddItem(&item, FALSE, FALSE);
+        }
     }
 
     void Layout() { m_ctrl.Layout(m_options.size.cx, m_options.size.cy); }
@@ -185,8 +189,9 @@ private:
 
     void MeasureDrag()
     {
-        if (m_items.empty())
+        if (m_items.empty()) {
             return;
+        }
         const int dragged = static_cast<int>(m_items.size()) / 2;
         int direction = 1;
         Measure("drag-step", m_options.repeat, [&] {
@@ -241,8 +246,9 @@ private:
     static int Differences(const std::vector<char>& a, const std::vector<char>& b)
     {
         int count = 0;
-        for (size_t i = 0; i < a.size(); ++i)
+        for (size_t i = 0; i < a.size(); ++i) {
             count += a[i] != b[i];
+        }
         return count;
     }
 
@@ -250,15 +256,18 @@ private:
     {
         Layout();
         std::vector<CRect> rects;
-        for (int i = 0; i < static_cast<int>(m_ctrl.GetScreenItems().GetSize()); ++i)
+        for (int i = 0; i < static_cast<int>(m_ctrl.GetScreenItems().GetSize()); ++i) {
             rects.push_back(m_ctrl.GetScreenItems()[i].rcItem);
+        }
         constexpr int kRounds = 3; // it is slow
         Measure("literal-layout", kRounds, [this] { m_view->LayOutLiterally(m_options.size.cx, m_options.size.cy); });
-        if (static_cast<size_t>(m_ctrl.GetScreenItems().GetSize()) != rects.size())
+        if (static_cast<size_t>(m_ctrl.GetScreenItems().GetSize()) != rects.size()) {
             throw std::runtime_error("the literal layout has another number of screen items");
+        }
         for (int i = 0; i < static_cast<int>(rects.size()); ++i) {
-            if (m_ctrl.GetScreenItems()[i].rcItem != rects[i])
+            if (m_ctrl.GetScreenItems()[i].rcItem != rects[i]) {
                 throw std::runtime_error("the literal layout differs at screen item " + std::to_string(i));
+            }
         }
     }
 
@@ -285,16 +294,21 @@ bool ParseOption(const std::string& name, const char* value, Options& options)
 {
     int width = 0;
     int height = 0;
-    if (name == "--view")
+    if (name == "--view") {
         return (options.view = bench::FindView(value)) != nullptr;
-    if (name == "--events")
+    }
+    if (name == "--events") {
         return !(options.events = value).empty();
-    if (name == "--generate")
+    }
+    if (name == "--generate") {
         return (options.generate = std::atoi(value)) > 0;
-    if (name == "--date")
+    }
+    if (name == "--date") {
         return bench::ParseDateTime(value, options.date);
-    if (name == "--repeat")
+    }
+    if (name == "--repeat") {
         return (options.repeat = std::atoi(value)) > 0;
+    }
     if (name == "--size" && std::sscanf(value, "%dx%d", &width, &height) == 2) {
         options.size = CSize(width, height);
         return width > 0 && height > 0;
@@ -308,12 +322,13 @@ int main(int argc, char** argv)
 {
     Options options;
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--no-literal") == 0)
+        if (std::strcmp(argv[i], "--no-literal") == 0) {
             options.literal = false;
-        else if (i + 1 < argc && ParseOption(argv[i], argv[i + 1], options))
+        } else if (i + 1 < argc && ParseOption(argv[i], argv[i + 1], options)) {
             ++i;
-        else
+        } else {
             return Usage();
+        }
     }
     try {
         Run run(options);

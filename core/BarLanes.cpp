@@ -52,10 +52,12 @@ public:
         : m_places(kinds.size()), m_barHeight(grid.barHeight)
     {
         std::vector<std::vector<int>> members(blocks.Count());
-        for (int kind = 0; kind < static_cast<int>(kinds.size()); ++kind)
+        for (int kind = 0; kind < static_cast<int>(kinds.size()); ++kind) {
             members[blocks.BlockOf(kind)].push_back(kind);
-        for (const std::vector<int>& block : members)
+        }
+        for (const std::vector<int>& block : members) {
             AddBlock(block, kinds, blocks, grid);
+        }
     }
 
     // The top of the bar whose turn it is. Of the others, those that it touches move down by one lane.
@@ -85,8 +87,9 @@ private:
         for (std::size_t i = 0; i < members.size(); ++i) {
             m_tops[begin + i] = grid.firstTops[blocks.rowOf[members[i]]];
             m_places[members[i]] = {begin + i, begin, size, m_steps.size()};
-            for (int other : members)
+            for (int other : members) {
                 m_steps.push_back(kinds[members[i]].CanMeet(kinds[other]) ? grid.laneStep : 0);
+            }
             m_steps.resize(m_places[members[i]].steps + size, 0);
         }
     }
@@ -130,8 +133,9 @@ public:
     {
         while (m_sets[set].waiting == kJoined) {
             const int other = m_sets[set].next;
-            if (m_sets[other].waiting == kJoined)
+            if (m_sets[other].waiting == kJoined) {
                 m_sets[set].next = m_sets[other].next;
+            }
             set = other;
         }
         --m_sets[set].waiting;
@@ -141,8 +145,9 @@ public:
     // The sets of a lane that can meet the kind move down by one lane.
     void Push(const BarKind& pusher, int row, int lane)
     {
-        if (lane < 0 || lane >= static_cast<int>(m_lanes[row].size()))
+        if (lane < 0 || lane >= static_cast<int>(m_lanes[row].size())) {
             return;
+        }
         int moved = kNone;
         int* link = &m_lanes[row][lane];
         while (*link != kNone) {
@@ -179,8 +184,9 @@ private:
     int& HeadOf(int row, int lane)
     {
         std::vector<int>& heads = m_lanes[row];
-        if (lane >= static_cast<int>(heads.size()))
+        if (lane >= static_cast<int>(heads.size())) {
             heads.resize(lane + 1, kNone);
+        }
         return heads[lane];
     }
 
@@ -188,8 +194,9 @@ private:
     {
         int& head = HeadOf(row, lane);
         int other = head;
-        while (other != kNone && m_sets[other].kind != m_sets[moved].kind)
+        while (other != kNone && m_sets[other].kind != m_sets[moved].kind) {
             other = m_sets[other].next;
+        }
         if (other == kNone) {
             m_sets[moved].lane = lane;
             m_sets[moved].next = head;
@@ -224,8 +231,9 @@ void PushRow(WaitingBars& waiting, const BarKind& kind, int ownRow, int lane, in
     const int top = grid.firstTops[ownRow] + lane * grid.laneStep - grid.firstTops[row];
     const int highest = FloorDiv(top - grid.barHeight, grid.laneStep) + 1;
     const int lowest = FloorDiv(top + grid.barHeight - 1, grid.laneStep);
-    for (int touched = lowest; touched >= highest; --touched)
+    for (int touched = lowest; touched >= highest; --touched) {
         waiting.Push(kind, row, touched);
+    }
 }
 
 } // namespace
@@ -236,8 +244,9 @@ std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<Bar
     // Bars that can meet stay together in memory: that matters when there are many.
     std::vector<std::vector<int>> members(blocks.Count());
     for (std::size_t i = 0; i < kindOf.size(); ++i) {
-        if (kindOf[i] != kNoKind)
+        if (kindOf[i] != kNoKind) {
             members[blocks.BlockOf(kindOf[i])].push_back(static_cast<int>(i));
+        }
     }
     std::vector<int> lanes(kindOf.size(), 0);
     FirstSweep first(kinds, blocks, grid);
@@ -257,8 +266,9 @@ std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<Bar
             const int ownRow = blocks.rowOf[kind];
             const int firstRow = blocks.rowsMeet ? 0 : ownRow;
             const int lastRow = blocks.rowsMeet ? blocks.rows - 1 : ownRow;
-            for (int row = firstRow; row <= lastRow; ++row)
+            for (int row = firstRow; row <= lastRow; ++row) {
                 PushRow(waiting, kinds[kind], ownRow, lane, row, grid);
+            }
         }
     }
     return lanes;

@@ -82,8 +82,9 @@ END_MESSAGE_MAP()
 
 CCalendarCtrl::CCalendarCtrl()
 {
-    for (const tagCALENDAR_DAY_COLOR& row : kDayColors)
+    for (const tagCALENDAR_DAY_COLOR& row : kDayColors) {
         m_arDayColors.Add(row);
+    }
 
     m_colors.highlight = ::GetSysColor(COLOR_HIGHLIGHT);
     m_colors.highlightText = ::GetSysColor(COLOR_HIGHLIGHTTEXT);
@@ -100,8 +101,9 @@ CCalendarCtrl::CCalendarCtrl()
 
 CCalendarCtrl::~CCalendarCtrl()
 {
-    for (Alive* guard = m_pAlive; guard; guard = guard->m_pOuter)
+    for (Alive* guard = m_pAlive; guard; guard = guard->m_pOuter) {
         guard->m_pCtrl = nullptr;
+    }
     // While the derived parts still stood the window was theirs; here the hooks are the base's, which do nothing.
     DestroyWindow();
     // The italic font is left to the end of the process: it may still be selected somewhere.
@@ -115,8 +117,9 @@ CCalendarCtrl::Alive::Alive(CCalendarCtrl* pCtrl) : m_pCtrl(pCtrl), m_hWnd(pCtrl
 
 CCalendarCtrl::Alive::~Alive()
 {
-    if (m_pCtrl)
+    if (m_pCtrl) {
         m_pCtrl->m_pAlive = m_pOuter;
+    }
 }
 
 BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
@@ -127,16 +130,18 @@ BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
 void CCalendarCtrl::RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground)
 {
     WNDCLASS wc = {};
-    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClass, &wc))
+    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClass, &wc)) {
         return;
+    }
     wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
     wc.lpfnWndProc = ::DefWindowProc;
     wc.hInstance = AfxGetInstanceHandle();
     wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
     wc.hbrBackground = hBackground;
     wc.lpszClassName = lpszClass;
-    if (!AfxRegisterClass(&wc))
+    if (!AfxRegisterClass(&wc)) {
         AfxThrowResourceException();
+    }
 }
 
 // An open edit box belongs to the cell where it was opened: whatever moves the cells ends the edit first.
@@ -145,8 +150,9 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
         Alive alive(this);
         FinishEdit(TRUE);
-        if (!alive)
+        if (!alive) {
             return 0;
+        }
     }
     return CWnd::WindowProc(message, wParam, lParam);
 }
@@ -154,11 +160,13 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 void CCalendarCtrl::OnDestroy()
 {
     CancelTracking();
-    if (m_pEdit)
+    if (m_pEdit) {
         m_pEdit->Finish(FALSE);
+    }
     CWnd::OnDestroy();
-    for (int slot = 0; slot < 3; ++slot)
+    for (int slot = 0; slot < 3; ++slot) {
         m_fontCache[slot].DeleteObject();
+    }
 }
 
 void CCalendarCtrl::PostNcDestroy()
@@ -198,8 +206,9 @@ void CCalendarCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 
 void CCalendarCtrl::SetFirstDayOfWeek(int nDay)
 {
-    if (nDay < 1 || nDay > 7)
+    if (nDay < 1 || nDay > 7) {
         AfxThrowInvalidArgException();
+    }
     m_nFirstDayOfWeek = nDay;
     SetCurrentDate(GetCurrentDate());
 }
@@ -245,17 +254,20 @@ CString CCalendarCtrl::WhatsToday(COleDateTime date)
 int CCalendarCtrl::SetImageList(CImageList* pImageList)
 {
     IMAGEINFO info = {};
-    if (!pImageList || !pImageList->GetImageInfo(0, &info))
+    if (!pImageList || !pImageList->GetImageInfo(0, &info)) {
         return 0;
+    }
     auto copy = std::make_unique<CImageList>();
-    if (!copy->Create(pImageList))
+    if (!copy->Create(pImageList)) {
         return 0;
+    }
     m_imageLists.push_back(std::move(copy));
     m_pImageList = m_imageLists.back().get();
     m_cxIcon = info.rcImage.right - info.rcImage.left;
     m_cyIcon = info.rcImage.bottom - info.rcImage.top;
-    if (m_hWnd)
+    if (m_hWnd) {
         Invalidate(TRUE);
+    }
     return 1;
 }
 
@@ -267,8 +279,9 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
         LOGFONT lf = m_lfFonts[2];
         lf.lfWeight = (nFlags & kFontBold) ? FW_BOLD : FW_NORMAL;
         lf.lfItalic = lf.lfStrikeOut = (nFlags & kFontItalic) ? TRUE : FALSE;
-        if (!font.CreateFontIndirect(&lf))
+        if (!font.CreateFontIndirect(&lf)) {
             return m_hWnd ? CWnd::GetFont() : nullptr;
+        }
     }
     return &font;
 }
@@ -277,11 +290,13 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
 
 void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
 {
-    if (nRowsPerHour < kMinTimeScale || nRowsPerHour > kMaxTimeScale)
+    if (nRowsPerHour < kMinTimeScale || nRowsPerHour > kMaxTimeScale) {
         AfxThrowInvalidArgException();
+    }
     m_nTimeScale = nRowsPerHour;
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
@@ -338,8 +353,9 @@ int CCalendarCtrl::HitTest(tagCCHITTESTINFO& info)
     int row = -1;
     if (info.pt.x >= m_rcContent.left && info.pt.x < m_rcContent.right) {
         const int fromTop = inGrid.y - m_rcContent.top;
-        if (fromTop >= 0 && fromTop < kHitRows * kHitRowHeight)
+        if (fromTop >= 0 && fromTop < kHitRows * kHitRowHeight) {
             row = fromTop / kHitRowHeight;
+        }
     }
     if (row != -1) {
         const dayvane::DateFields day = dayvane::FieldsOf(GetCurrentDate());
@@ -361,8 +377,9 @@ LRESULT CCalendarCtrl::Notify(int nCode, int nItem, int nSubValue, POINT pt, con
     record.pt = pt;
     record.nSubValue = nSubValue;
     record.nItem = nItem;
-    if (nCode != CCN_COMBOSELCHANGE && nItem < GetItemCount())
+    if (nCode != CCN_COMBOSELCHANGE && nItem < GetItemCount()) {
         record.lParam = GetItemData(nItem);
+    }
     record.time = time;
     record.nFlags = nFlags;
     return SendToParent(record.hdr);

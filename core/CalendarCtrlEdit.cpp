@@ -16,13 +16,15 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
     Alive alive(this);
     const CString text(lpszText); // the caller's may go with the edit that ends now
     FinishEdit(TRUE);
-    if (!alive || !m_hWnd)
+    if (!alive || !m_hWnd) {
         return;
+    }
     CRect rect;
     int mode = 0;
     GetCurCellRect(rect, mode);
-    if (rect.top == -1)
+    if (rect.top == -1) {
         return;
+    }
     GrowToTextLine(rect);
     m_bEditing = TRUE;
     CInPlaceEdit* edit = new CInPlaceEdit(this, text, mode);
@@ -44,8 +46,9 @@ void CCalendarCtrl::GrowToTextLine(CRect& rect)
     TEXTMETRIC metrics = {};
     dc.GetTextMetrics(&metrics);
     const int height = metrics.tmHeight + 2 * (::GetSystemMetrics(SM_CYBORDER) + kEditPadding);
-    if (rect.Height() >= height)
+    if (rect.Height() >= height) {
         return;
+    }
     CRect client;
     GetClientRect(&client);
     rect.bottom = rect.top + height;
@@ -54,22 +57,27 @@ void CCalendarCtrl::GrowToTextLine(CRect& rect)
 
 void CCalendarCtrl::FinishEdit(BOOL bCommit)
 {
-    if (!m_pEdit)
+    if (!m_pEdit) {
         return;
+    }
     Alive alive(this);
-    if (!bCommit)
+    if (!bCommit) {
         m_pEdit->Cancel();
+    }
     // The focus comes back to the control; losing it already ends the edit.
-    if (::GetFocus() == m_pEdit->m_hWnd)
+    if (::GetFocus() == m_pEdit->m_hWnd) {
         SetFocus();
-    if (alive && m_pEdit)
+    }
+    if (alive && m_pEdit) {
         m_pEdit->Finish(bCommit);
+    }
 }
 
 void CCalendarCtrl::EditBoxGone(CInPlaceEdit* pEdit)
 {
-    if (m_pEdit == pEdit)
+    if (m_pEdit == pEdit) {
         m_pEdit = nullptr;
+    }
 }
 
 void CCalendarCtrl::EndEditItem(const char* lpszText, int nMode)

@@ -43,20 +43,23 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         ArrowKey(&CCalendarCtrl::MoveBackward);
         break;
     }
-    if (alive)
+    if (alive) {
         CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
 }
 
 void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
 {
     Alive alive(this);
-    if (m_nCurSel > 0)
+    if (m_nCurSel > 0) {
         SetCurSel(-1);
+    }
     if (::GetKeyState(VK_SHIFT) < 0) {
         InvalidateCellRect(m_dtSelEnd);
         (this->*move)(kExtendSelection);
-        if (!alive)
+        if (!alive) {
             return;
+        }
         InvalidateCellRect(m_dtSelEnd);
         m_bShiftExtend = TRUE;
         m_pointer.ForgetPendingDrag();

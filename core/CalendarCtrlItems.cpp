@@ -26,16 +26,18 @@ int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bR
 
 int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem))
+    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem)) {
         return 0;
+    }
     ItemsChanged(bUpdate, bRedraw);
     return 1;
 }
 
 int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreDelete(m_arItem, nIndex))
+    if (!dayvane::StoreDelete(m_arItem, nIndex)) {
         return 0;
+    }
     ItemsChanged(bUpdate, bRedraw);
     return 1;
 }
@@ -43,10 +45,12 @@ int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 void CCalendarCtrl::ItemsChanged(int bUpdate, int bRedraw)
 {
     ++m_nItemVersion;
-    if (bUpdate)
+    if (bUpdate) {
         UpdateScreenItems();
-    if (bRedraw)
+    }
+    if (bRedraw) {
         InvalidateClient();
+    }
 }
 
 void CCalendarCtrl::UpdateScreenItems()
@@ -57,8 +61,9 @@ void CCalendarCtrl::UpdateScreenItems()
 
 void CCalendarCtrl::InvalidateClient()
 {
-    if (m_hWnd)
+    if (m_hWnd) {
         Invalidate(FALSE);
+    }
 }
 
 void CCalendarCtrl::DeleteAllItems()
@@ -77,8 +82,9 @@ int CCalendarCtrl::GetItem(int nIndex, tagCC_ITEM& item)
 
 LPARAM CCalendarCtrl::GetItemData(int nIndex)
 {
-    if (nIndex < 0)
+    if (nIndex < 0) {
         return -1;
+    }
     tagCC_ITEM item;
     GetItem(nIndex, item);
     return item.lParam;
@@ -86,8 +92,9 @@ LPARAM CCalendarCtrl::GetItemData(int nIndex)
 
 int CCalendarCtrl::IsItemMovable(int nIndex)
 {
-    if (nIndex < 0)
+    if (nIndex < 0) {
         return -1;
+    }
     tagCC_ITEM item;
     GetItem(nIndex, item);
     return item.bMovable;
@@ -114,17 +121,20 @@ void CCalendarCtrl::CalcItemRect(CRect, CItemArray&)
 
 int CCalendarCtrl::SetCurSel(int nIndex)
 {
-    if (nIndex > GetItemCount())
+    if (nIndex > GetItemCount()) {
         return -1;
-    if (nIndex == -1)
+    }
+    if (nIndex == -1) {
         m_nSelScreenItem = -1;
+    }
     if (nIndex != m_nCurSel) {
         const BOOL wasSelectionShown = IsSelectionShown();
         InvalidateItemRect(m_nCurSel);
         m_nCurSel = nIndex;
         InvalidateItemRect(m_nCurSel);
-        if (IsSelectionShown() != wasSelectionShown)
+        if (IsSelectionShown() != wasSelectionShown) {
             InvalidateCellRectRange();
+        }
     }
     return nIndex;
 }
@@ -150,8 +160,9 @@ void CCalendarCtrl::SetFocusToItem()
 void CCalendarCtrl::NotifyItemByKey(int nCode, int nIndex, int nSubValue)
 {
     SYSTEMTIME time = {};
-    if (nIndex >= 0 && nIndex < GetItemCount())
+    if (nIndex >= 0 && nIndex < GetItemCount()) {
         dayvane::ToSystemTime(m_arItem[nIndex].dtStart, time);
+    }
     Notify(nCode, nIndex, nSubValue, CPoint(-1, -1), time, nIndex == -1 ? CCHT_ONCELL : CCHT_ONITEM);
 }
 
@@ -159,8 +170,9 @@ int CCalendarCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 {
     begin = COleDateTime(m_dtSelBegin.m_dt);
     end = COleDateTime(m_dtSelEnd.m_dt);
-    if (begin > end)
+    if (begin > end) {
         std::swap(begin, end);
+    }
     return m_dtSelBegin.m_dt != 0.0 && m_dtSelEnd.m_dt != 0.0;
 }
 
@@ -173,16 +185,19 @@ void CCalendarCtrl::SetSelRange(const COleDateTime& begin, const COleDateTime& e
 
 void CCalendarCtrl::InvalidateItemRect(int nIndex)
 {
-    if (!m_hWnd || nIndex < 0)
+    if (!m_hWnd || nIndex < 0) {
         return;
+    }
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = m_arScreenItem[i];
-        if (item.nSource != nIndex)
+        if (item.nSource != nIndex) {
             continue;
+        }
         CRect rect = item.rcItem;
         rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
-        if (rect.top < m_rcContent.top)
+        if (rect.top < m_rcContent.top) {
             rect.top = m_rcContent.top;
+        }
         rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
         InvalidateRect(&rect, FALSE);
     }

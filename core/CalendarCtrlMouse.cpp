@@ -14,8 +14,9 @@ constexpr UINT kScrollMilliseconds =
 
 HCURSOR CursorOfEdge(dayvane::ItemEdge edge)
 {
-    if (edge == dayvane::EDGE_NONE)
+    if (edge == dayvane::EDGE_NONE) {
         return nullptr;
+    }
     return ::LoadCursor(nullptr, edge == dayvane::EDGE_BOTTOM ? IDC_SIZENS : IDC_SIZEWE);
 }
 
@@ -48,12 +49,14 @@ dayvane::PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
 dayvane::ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
 {
     if (!m_bExtendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
-        IsItemMovable(hit.nItem) != 1)
+        IsItemMovable(hit.nItem) != 1) {
         return dayvane::EDGE_NONE;
+    }
     const tagCALENDAR_ITEM& item = m_arScreenItem[hit.nScreenItem];
     CRect box = item.rcItem;
-    if (hit.nHitCode != CCHT_ONFULLDAYITEM)
+    if (hit.nHitCode != CCHT_ONFULLDAYITEM) {
         box.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+    }
     return dayvane::EdgeAt(box, hit.pt, GetPullableEdges(item));
 }
 
@@ -109,23 +112,26 @@ void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, c
             PutItemTimes(effect.item, effect.times);
             break;
         case PointerEffect::PUT_BACK:
-            if (HasTimes(effect.item, m_pointer.LastPut()))
+            if (HasTimes(effect.item, m_pointer.LastPut())) {
                 PutItemTimes(effect.item, effect.times);
+            }
             break;
         case PointerEffect::NOTIFY_MOVED:
             Notify(CCN_ITEMMOVED, m_nCurSel, nFlags, hit.pt, hit.time, hit.nHitCode);
             break;
         }
-        if (!alive)
+        if (!alive) {
             return;
+        }
     }
 }
 
 // The tracker has forgotten its press, or is about to: the capture goes without being taken for a lost one.
 void CCalendarCtrl::StopTracking()
 {
-    if (m_pointer.IsDragging())
+    if (m_pointer.IsDragging()) {
         InvalidateCellRectRange(); // the time grids mark the rows under a dragged item
+    }
     m_pointer.Released();
     KillTimer(kScrollTimer);
     m_bScrollTimer = FALSE;
@@ -144,8 +150,9 @@ BOOL CCalendarCtrl::HasTimes(int nIndex, const dayvane::ItemTimes& times) const
 
 void CCalendarCtrl::PutItemTimes(int nIndex, const dayvane::ItemTimes& times)
 {
-    if (nIndex < 0 || nIndex >= GetItemCount())
+    if (nIndex < 0 || nIndex >= GetItemCount()) {
         return;
+    }
     tagCC_ITEM item;
     GetItem(nIndex, item);
     item.dtStart = times.start;
@@ -157,16 +164,18 @@ void CCalendarCtrl::PutItemTimes(int nIndex, const dayvane::ItemTimes& times)
 
 void CCalendarCtrl::CancelTracking()
 {
-    if (!m_pointer.IsBusy())
+    if (!m_pointer.IsBusy()) {
         return;
+    }
     FollowDraggedItem();
     Apply(m_pointer.Cancel(), 0, tagCCHITTESTINFO());
 }
 
 BOOL CCalendarCtrl::GetDragOrigin(COleDateTime& start, COleDateTime& end) const
 {
-    if (!m_pointer.IsDragging())
+    if (!m_pointer.IsDragging()) {
         return FALSE;
+    }
     start = m_pointer.Origin().start;
     end = m_pointer.Origin().end;
     return TRUE;
@@ -178,16 +187,19 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
 {
     Alive alive(this);
     SetFocus(); // may end an edit, and so run the host's code
-    if (!alive)
+    if (!alive) {
         return;
+    }
     const unsigned itemsBefore = m_nItemVersion;
     const unsigned cancelsBefore = m_nCancelCount;
     tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
-    if (!alive)
+    if (!alive) {
         return;
-    if (m_nItemVersion != itemsBefore)
+    }
+    if (m_nItemVersion != itemsBefore) {
         hit = HitAt(point); // the host has changed what lies there
+    }
     if (hit.nHitCode == CCHT_NOWHERE) {
         Default();
         return;
@@ -199,8 +211,9 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
         pressed.edge = EdgeUnder(hit);
     }
     Apply(m_pointer.Press(PointerHitOf(hit), pressed), nFlags, hit);
-    if (alive && m_nCancelCount != cancelsBefore)
+    if (alive && m_nCancelCount != cancelsBefore) {
         CancelTracking(); // a dialog of the host came in between: the button went up over it
+    }
 }
 
 void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
@@ -209,13 +222,15 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     const tagCCHITTESTINFO hit = HitAt(point);
     Apply(m_pointer.Sweep(PointerHitOf(hit)), nFlags, hit);
     if (m_bItemDrag) {
-        if (m_bExtendedMove)
+        if (m_bExtendedMove) {
             MoveItemEx(hit);
-        else
+        } else {
             MoveItem(hit);
+        }
     }
-    if (!alive)
+    if (!alive) {
         return;
+    }
     WatchScrollEdge(point);
     if (m_bHoverEvents &&
         (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION || hit.nHitCode == CCHT_ONFULLDAYITEM)) {
@@ -244,8 +259,9 @@ void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
 bool CCalendarCtrl::FollowDraggedItem()
 {
     if (m_nCurSel != m_pointer.Item()) {
-        if (!HasTimes(m_nCurSel, m_pointer.LastPut()))
+        if (!HasTimes(m_nCurSel, m_pointer.LastPut())) {
             return false;
+        }
         m_pointer.FollowItem(m_nCurSel);
     }
     return true;
@@ -253,8 +269,9 @@ bool CCalendarCtrl::FollowDraggedItem()
 
 bool CCalendarCtrl::GetDraggedTimes(dayvane::ItemTimes& times)
 {
-    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem())
+    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem()) {
         return false;
+    }
     times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd};
     return true;
 }
@@ -264,20 +281,23 @@ void CCalendarCtrl::OnLButtonUp(UINT nFlags, CPoint point)
     Alive alive(this);
     const tagCCHITTESTINFO hit = HitAt(point);
     Apply(m_pointer.Release(PointerHitOf(hit)), nFlags, hit);
-    if (alive)
+    if (alive) {
         CWnd::OnLButtonUp(nFlags, point);
+    }
 }
 
 void CCalendarCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 {
     Alive alive(this);
     SetFocus();
-    if (!alive)
+    if (!alive) {
         return;
+    }
     const tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMDBLCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
-    if (alive)
+    if (alive) {
         CWnd::OnLButtonDblClk(nFlags, point);
+    }
 }
 
 void CCalendarCtrl::OnRButtonDown(UINT nFlags, CPoint point)
@@ -285,8 +305,9 @@ void CCalendarCtrl::OnRButtonDown(UINT nFlags, CPoint point)
     Alive alive(this);
     const tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMRCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
-    if (alive)
+    if (alive) {
         CWnd::OnRButtonDown(nFlags, point);
+    }
 }
 
 void CCalendarCtrl::OnContextMenu(CWnd*, CPoint point)
@@ -307,11 +328,13 @@ tagCCHITTESTINFO CCalendarCtrl::KeyboardHit()
     CRect rect(0, 0, 0, 0);
     tagCCHITTESTINFO hit;
     for (int i = 0; m_nCurSel >= 0 && i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
-        if (m_arScreenItem[i].nSource != m_nCurSel || m_arScreenItem[i].rcItem.top == -1)
+        if (m_arScreenItem[i].nSource != m_nCurSel || m_arScreenItem[i].rcItem.top == -1) {
             continue;
+        }
         rect = m_arScreenItem[i].rcItem;
-        if (!IsFulldayItem(m_arScreenItem[i]))
+        if (!IsFulldayItem(m_arScreenItem[i])) {
             rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+        }
         hit.nItem = m_nCurSel;
         hit.nScreenItem = i;
         hit.nHitCode = CCHT_ONITEM;
@@ -339,8 +362,9 @@ void CCalendarCtrl::OnMouseHover(UINT nFlags, CPoint point)
 
 BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 {
-    if (m_pointer.IsDragging() || m_pointer.IsDragPending())
+    if (m_pointer.IsDragging() || m_pointer.IsDragPending()) {
         return CWnd::OnSetCursor(pWnd, nHitTest, message);
+    }
     if (nHitTest == HTCLIENT && m_bExtendedMove && pWnd == this) {
         CPoint point;
         ::GetCursorPos(&point);
@@ -358,8 +382,9 @@ BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 
 void CCalendarCtrl::OnCaptureChanged(CWnd* pWnd)
 {
-    if (pWnd != this && !m_bReleasingCapture)
+    if (pWnd != this && !m_bReleasingCapture) {
         CancelTracking();
+    }
 }
 
 void CCalendarCtrl::OnCancelMode()
@@ -395,13 +420,16 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     Alive alive(this);
     if (step != 0) {
         SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);
-        if (!alive)
+        if (!alive) {
             return;
-        if (m_pointer.IsSelecting())
+        }
+        if (m_pointer.IsSelecting()) {
             m_dtSelBegin = m_pointer.SweepBegin(); // scrolling may have moved the selection along
+        }
     }
-    if (m_pointer.IsBusy())
+    if (m_pointer.IsBusy()) {
         OnMouseMove(MK_LBUTTON, point);
-    else
+    } else {
         WatchScrollEdge(point);
+    }
 }

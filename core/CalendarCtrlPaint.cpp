@@ -10,8 +10,9 @@ constexpr int kBorderRings = 3; // one-pixel rings of a graded border
 
 void CCalendarCtrl::Layout()
 {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     CRect client;
     GetClientRect(&client);
     Layout(client.Width(), client.Height());
@@ -95,8 +96,9 @@ void CCalendarCtrl::DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, C
 
 int CCalendarCtrl::DrawImageIcon(CDC* pDC, int nImage, CRect rect)
 {
-    if (!m_pImageList || nImage == -1 || rect.left + m_cxIcon >= rect.right)
+    if (!m_pImageList || nImage == -1 || rect.left + m_cxIcon >= rect.right) {
         return 0;
+    }
     m_pImageList->Draw(pDC, nImage, rect.TopLeft(), ILD_NORMAL);
     return m_cxIcon + kImageGap;
 }

@@ -43,11 +43,13 @@ CCalendarView::~CCalendarView()
 
 int CCalendarView::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
-    if (CView::OnCreate(lpCreateStruct) == -1)
+    if (CView::OnCreate(lpCreateStruct) == -1) {
         return -1;
+    }
     std::unique_ptr<CObject> object(m_pCtrlClass ? m_pCtrlClass->CreateObject() : nullptr);
-    if (!object)
+    if (!object) {
         AfxThrowMemoryException();
+    }
     CCalendarCtrl* ctrl = DYNAMIC_DOWNCAST(CCalendarCtrl, object.get());
     if (ctrl && ctrl->Create(m_dwCtrlStyle, kFirstRect, this, kCtrlId)) {
         object.release();
@@ -59,8 +61,9 @@ int CCalendarView::OnCreate(LPCREATESTRUCT lpCreateStruct)
 void CCalendarView::OnDestroy()
 {
     CView::OnDestroy();
-    if (!m_pCalendarCtrl)
+    if (!m_pCalendarCtrl) {
         return;
+    }
     CCalendarCtrl* ctrl = m_pCalendarCtrl;
     m_pCalendarCtrl = nullptr;
     ctrl->DestroyWindow();
@@ -70,15 +73,17 @@ void CCalendarView::OnDestroy()
 void CCalendarView::OnSize(UINT nType, int cx, int cy)
 {
     CView::OnSize(nType, cx, cy);
-    if (m_pCalendarCtrl && m_pCalendarCtrl->GetSafeHwnd())
+    if (m_pCalendarCtrl && m_pCalendarCtrl->GetSafeHwnd()) {
         m_pCalendarCtrl->MoveWindow(0, 0, cx, cy, TRUE);
+    }
 }
 
 void CCalendarView::OnSetFocus(CWnd* pOldWnd)
 {
     CView::OnSetFocus(pOldWnd);
-    if (m_pCalendarCtrl && m_pCalendarCtrl->GetSafeHwnd())
+    if (m_pCalendarCtrl && m_pCalendarCtrl->GetSafeHwnd()) {
         m_pCalendarCtrl->SetFocus();
+    }
 }
 
 void CCalendarView::OnDraw(CDC*)
@@ -88,8 +93,9 @@ void CCalendarView::OnDraw(CDC*)
 void CCalendarView::OnCcnItemClick(NMHDR* pNMHDR, LRESULT* pResult)
 {
     // The owner may do anything to this view; nothing of it is touched afterwards.
-    if (CWnd* owner = GetOwner())
+    if (CWnd* owner = GetOwner()) {
         *pResult = owner->SendMessage(WM_NOTIFY, GetDlgCtrlID(), reinterpret_cast<LPARAM>(pNMHDR));
+    }
 }
 
 // ---- Items
@@ -134,6 +140,7 @@ void CCalendarView::OnPrint(CDC* pDC, CPrintInfo* pInfo)
 
 void CCalendarView::DoPrint(CDC* pDC, CPrintInfo* pInfo)
 {
-    if (m_pCalendarCtrl)
+    if (m_pCalendarCtrl) {
         m_pCalendarCtrl->DoPrint(pDC, pInfo);
+    }
 }

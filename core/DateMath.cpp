@@ -13,8 +13,9 @@ constexpr int kDaysPerWeek = 7;
 // run evenly.
 double LinearOf(DATE date)
 {
-    if (date >= 0.0)
+    if (date >= 0.0) {
         return date;
+    }
     const double whole = std::ceil(date);
     return whole + (whole - date);
 }
@@ -92,8 +93,9 @@ long long SecondsBetween(const COleDateTime& from, const COleDateTime& to)
 
 COleDateTime AddSeconds(const COleDateTime& date, long long seconds)
 {
-    if (date.GetStatus() != COleDateTime::valid)
+    if (date.GetStatus() != COleDateTime::valid) {
         return date;
+    }
     // Through whole seconds, so that repeated steps do not drift.
     const double now = std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5);
     return FromLinear((now + static_cast<double>(seconds)) / kSecondsPerDay);

@@ -87,8 +87,9 @@ void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, B
 
 void DrawTitleBand(CDC* pDC, const CRect& rect, const TitleBandColors& colors)
 {
-    if (rect.IsRectEmpty())
+    if (rect.IsRectEmpty()) {
         return;
+    }
     const int third = rect.Height() / 3;
     CRect upper = rect;
     upper.bottom = rect.top + third;
@@ -105,8 +106,9 @@ void DrawTitleBand(CDC* pDC, const CRect& rect, const TitleBandColors& colors)
 
 void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors)
 {
-    if (rect.IsRectEmpty())
+    if (rect.IsRectEmpty()) {
         return;
+    }
     CRect upper = rect;
     upper.bottom = rect.top + rect.Height() / 2;
     CRect lower = rect;

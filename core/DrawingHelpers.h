@@ -36,8 +36,9 @@ public:
     }
     ~SelectGdi()
     {
-        if (m_hOld)
+        if (m_hOld) {
             ::SelectObject(m_hDC, m_hOld);
+        }
     }
     SelectGdi(const SelectGdi&) = delete;
     SelectGdi& operator=(const SelectGdi&) = delete;

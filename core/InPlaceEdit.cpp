@@ -21,8 +21,9 @@ bool FitsCodePage(const wchar_t* text, int length)
 
 bool ClipboardFits(HWND window)
 {
-    if (!::OpenClipboard(window))
+    if (!::OpenClipboard(window)) {
         return true; // then nothing is pasted either
+    }
     bool fits = true;
     if (const HANDLE data = ::GetClipboardData(CF_UNICODETEXT)) {
         if (const wchar_t* text = static_cast<const wchar_t*>(::GlobalLock(data))) {
@@ -38,12 +39,14 @@ bool ClipboardFits(HWND window)
 bool ConversionFits(HWND window)
 {
     const HIMC context = ::ImmGetContext(window);
-    if (!context)
+    if (!context) {
         return true;
+    }
     const LONG bytes = ::ImmGetCompositionStringW(context, GCS_RESULTSTR, nullptr, 0);
     std::wstring result(bytes > 0 ? bytes / sizeof(wchar_t) : 0, L'\0');
-    if (bytes > 0)
+    if (bytes > 0) {
         ::ImmGetCompositionStringW(context, GCS_RESULTSTR, &result[0], bytes);
+    }
     ::ImmReleaseContext(window, context);
     return FitsCodePage(result.c_str(), static_cast<int>(result.size()));
 }
@@ -76,24 +79,27 @@ CInPlaceEdit::CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, int nMod
 
 int CInPlaceEdit::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
-    if (CEdit::OnCreate(lpCreateStruct) == -1)
+    if (CEdit::OnCreate(lpCreateStruct) == -1) {
         return -1;
+    }
     SetWindowText(m_strText);
     return 0;
 }
 
 void CInPlaceEdit::PostNcDestroy()
 {
-    if (m_pOwner)
+    if (m_pOwner) {
         m_pOwner->EditBoxGone(this);
+    }
     delete this;
 }
 
 void CInPlaceEdit::Finish(BOOL bCommit)
 {
     CCalendarCtrl* owner = m_pOwner;
-    if (!owner)
+    if (!owner) {
         return; // closing already
+    }
     m_pOwner = nullptr;
     owner->EditBoxGone(this);
     const HWND hWnd = m_hWnd;
@@ -103,8 +109,9 @@ void CInPlaceEdit::Finish(BOOL bCommit)
         owner->EndEditItem(text, m_nMode);
     }
     // The host may have destroyed the control, and this box with it.
-    if (::IsWindow(hWnd))
+    if (::IsWindow(hWnd)) {
         ::DestroyWindow(hWnd);
+    }
 }
 
 // ---- What may enter
@@ -115,8 +122,9 @@ LRESULT CInPlaceEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         ::MessageBeep(MB_OK);
         return 0;
     }
-    if (TakeDoubleByte(message, wParam))
+    if (TakeDoubleByte(message, wParam)) {
         return 0;
+    }
     return CEdit::WindowProc(message, wParam, lParam);
 }
 
@@ -125,10 +133,11 @@ LRESULT CInPlaceEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 BOOL CInPlaceEdit::TakeDoubleByte(UINT message, WPARAM wParam)
 {
     char character[] = {m_chLead, static_cast<char>(wParam), '\0'};
-    if (message == WM_IME_CHAR)
+    if (message == WM_IME_CHAR) {
         character[0] = static_cast<char>(HIBYTE(wParam));
-    else if (message != WM_CHAR)
+    } else if (message != WM_CHAR) {
         return FALSE;
+    }
     m_chLead = '\0';
     if (::IsDBCSLeadByte(static_cast<BYTE>(character[0])) && static_cast<BYTE>(character[1]) >= ' ') {
         ReplaceSel(character, TRUE);
@@ -167,20 +176,23 @@ BOOL CInPlaceEdit::IsRefused(UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL CInPlaceEdit::PreTranslateMessage(MSG* pMsg)
 {
-    if (pMsg->message == WM_KEYDOWN && HandleKey(static_cast<UINT>(pMsg->wParam)))
+    if (pMsg->message == WM_KEYDOWN && HandleKey(static_cast<UINT>(pMsg->wParam))) {
         return TRUE;
+    }
     return CEdit::PreTranslateMessage(pMsg);
 }
 
 BOOL CInPlaceEdit::HandleKey(UINT nChar)
 {
-    if (m_bComposing || (nChar != VK_TAB && nChar != VK_RETURN && nChar != VK_ESCAPE))
+    if (m_bComposing || (nChar != VK_TAB && nChar != VK_RETURN && nChar != VK_ESCAPE)) {
         return FALSE;
+    }
     m_bCancelled = nChar == VK_ESCAPE;
     MSG character; // the one that belongs to the key must not reach the control
     ::PeekMessage(&character, m_hWnd, WM_CHAR, WM_CHAR, PM_REMOVE);
-    if (CWnd* parent = GetParent())
+    if (CWnd* parent = GetParent()) {
         parent->SetFocus(); // the box closes as it loses the focus, and this object is gone
+    }
     return TRUE;
 }
 
@@ -198,8 +210,9 @@ UINT CInPlaceEdit::OnGetDlgCode()
 
 void CInPlaceEdit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (!HandleKey(nChar))
+    if (!HandleKey(nChar)) {
         CEdit::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
 }
 
 LRESULT CInPlaceEdit::OnImeStartComposition(WPARAM, LPARAM)

@@ -53,8 +53,9 @@ void DrawPixels(CDC* pDC, int left, int top, const char* const* rows, int rowCou
     for (int row = 0; row < rowCount; ++row) {
         for (int begin = 0; begin < kMarkColumns; ++begin) {
             int end = begin;
-            while (end < kMarkColumns && rows[row][end] == '#')
+            while (end < kMarkColumns && rows[row][end] == '#') {
                 ++end;
+            }
             if (end > begin) {
                 pDC->MoveTo(left + begin, top + row);
                 pDC->LineTo(left + end, top + row);
@@ -67,13 +68,15 @@ void DrawPixels(CDC* pDC, int left, int top, const char* const* rows, int rowCou
 int DrawSymbol(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, const char* glyph, BOOL bCentered)
 {
     CFont font;
-    if (!font.CreateFontIndirect(&lfMarks))
+    if (!font.CreateFontIndirect(&lfMarks)) {
         return 0;
+    }
     SelectGdi selectFont(pDC, &font);
     SIZE size = {};
     ::GetTextExtentPoint32A(pDC->GetSafeHdc(), glyph, 1, &size);
-    if (rect.left + size.cx >= rect.right)
+    if (rect.left + size.cx >= rect.right) {
         return 0;
+    }
     CRect area = rect;
     const UINT vertical = bCentered ? DT_VCENTER : DT_TOP;
     ::DrawTextA(pDC->GetSafeHdc(), glyph, 1, &area, DT_SINGLELINE | DT_NOPREFIX | DT_LEFT | vertical);
@@ -84,10 +87,12 @@ template <int Rows>
 int DrawMark(CDC* pDC, const CRect& rect, const LOGFONT& lfMarks, const char* glyph, const char* const (&pixels)[Rows],
              BOOL bCentered)
 {
-    if (HasSymbolFace(pDC, lfMarks))
+    if (HasSymbolFace(pDC, lfMarks)) {
         return DrawSymbol(pDC, rect, lfMarks, glyph, bCentered);
-    if (rect.left + kMarkColumns >= rect.right)
+    }
+    if (rect.left + kMarkColumns >= rect.right) {
         return 0;
+    }
     const int spare = rect.Height() - Rows;
     DrawPixels(pDC, rect.left, rect.top + (bCentered ? spare / 2 : 1), pixels, Rows);
     return kMarkColumns;

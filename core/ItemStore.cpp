@@ -66,31 +66,36 @@ int StoreAdd(ItemArray& items, const tagCC_ITEM& item)
 
 int StoreInsert(ItemArray& items, int index, const tagCC_ITEM& item)
 {
-    if (index < 0)
+    if (index < 0) {
         AfxThrowInvalidArgException();
+    }
     const int count = static_cast<int>(items.GetSize());
     tagCALENDAR_ITEM stored;
     FillStored(stored, item);
     items.SetAtGrow(index, stored);
-    for (int gap = count; gap < index; ++gap)
+    for (int gap = count; gap < index; ++gap) {
         FillStored(items[gap], tagCC_ITEM());
+    }
     return 1;
 }
 
 int StoreSet(ItemArray& items, int index, const tagCC_ITEM& item)
 {
-    if (index > items.GetSize())
+    if (index > items.GetSize()) {
         return 0;
+    }
     FillStored(items[index], item);
     return 1;
 }
 
 int StoreDelete(ItemArray& items, int index)
 {
-    if (index > items.GetSize())
+    if (index > items.GetSize()) {
         return 0;
-    if (index < 0 || index == items.GetSize())
+    }
+    if (index < 0 || index == items.GetSize()) {
         AfxThrowInvalidArgException();
+    }
     items.RemoveAt(index);
     items.FreeExtra();
     return 1;
@@ -98,8 +103,9 @@ int StoreDelete(ItemArray& items, int index)
 
 int StoreGet(const ItemArray& items, int index, tagCC_ITEM& item)
 {
-    if (index > items.GetSize())
+    if (index > items.GetSize()) {
         return 0;
+    }
     item = PublicItem(items[index]);
     return 1;
 }
@@ -112,14 +118,16 @@ std::vector<int> OrderByStart(const ItemArray& items)
     std::vector<int> valid;
     valid.reserve(count);
     for (int i = 0; i < count; ++i) {
-        if (IsValid(items[i].dtStart))
+        if (IsValid(items[i].dtStart)) {
             valid.push_back(i);
+        }
     }
     std::vector<int> sorted = valid;
     std::stable_sort(sorted.begin(), sorted.end(),
                      [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
-    for (size_t k = 0; k < valid.size(); ++k)
+    for (size_t k = 0; k < valid.size(); ++k) {
         order[valid[k]] = sorted[k];
+    }
     return order;
 }
 
@@ -128,22 +136,26 @@ void SortByStart(ItemArray& items)
     const std::vector<int> order = OrderByStart(items);
     ItemArray sorted;
     sorted.SetSize(items.GetSize());
-    for (int i = 0; i < static_cast<int>(order.size()); ++i)
+    for (int i = 0; i < static_cast<int>(order.size()); ++i) {
         sorted[i] = std::move(items[order[i]]);
-    for (int i = 0; i < static_cast<int>(order.size()); ++i)
+    }
+    for (int i = 0; i < static_cast<int>(order.size()); ++i) {
         items[i] = std::move(sorted[i]);
+    }
     items.FreeExtra();
 }
 
 BOOL IsFulldayItem(const tagCALENDAR_ITEM& item)
 {
-    if (item.nFullday == 1)
+    if (item.nFullday == 1) {
         return TRUE;
+    }
     const DateFields start = FieldsOf(item.dtStart);
     const DateFields end = FieldsOf(item.dtEnd);
     // All three must differ: only then does the item certainly reach over a whole day without being cut into pieces.
-    if (start.year != end.year && start.month != end.month && start.day != end.day)
+    if (start.year != end.year && start.month != end.month && start.day != end.day) {
         return TRUE;
+    }
     return item.nPiece != PIECE_WHOLE;
 }
 
@@ -176,11 +188,13 @@ void MakeDayScreenItems(const ItemArray& items, const COleDateTime& day, ItemArr
     screenItems.RemoveAll();
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         const tagCALENDAR_ITEM& stored = items[i];
-        if (!IsValid(stored.dtStart) || !IsValid(stored.dtEnd))
+        if (!IsValid(stored.dtStart) || !IsValid(stored.dtEnd)) {
             continue;
+        }
         tagCALENDAR_ITEM item = ScreenItemOf(stored, i);
-        if (!IsSameDay(stored.dtStart, stored.dtEnd))
+        if (!IsSameDay(stored.dtStart, stored.dtEnd)) {
             ClipToDay(item, day);
+        }
         screenItems.Add(item);
     }
 }
@@ -191,16 +205,19 @@ int NextFocusPosition(const ItemArray& sorted, int currentSource)
     int position = -1;
     if (currentSource != -1) {
         for (int i = 0; i < count && position == -1; ++i) {
-            if (sorted[i].nSource == currentSource)
+            if (sorted[i].nSource == currentSource) {
                 position = i;
+            }
         }
     }
     int next = position + 1;
-    if (next >= count)
+    if (next >= count) {
         next = 0;
+    }
     for (; next < count; ++next) {
-        if (!sorted[next].bNoFocus && sorted[next].nSource != currentSource)
+        if (!sorted[next].bNoFocus && sorted[next].nSource != currentSource) {
             return next;
+        }
     }
     return -1;
 }

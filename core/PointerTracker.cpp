@@ -61,30 +61,36 @@ ItemTimes Shifted(const ItemTimes& times, long long seconds)
 
 ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges)
 {
-    if (!box.PtInRect(point))
+    if (!box.PtInRect(point)) {
         return EDGE_NONE;
-    if ((pullableEdges & EDGE_BOTTOM) && point.y >= box.bottom - EdgeStrip(box.Height()))
+    }
+    if ((pullableEdges & EDGE_BOTTOM) && point.y >= box.bottom - EdgeStrip(box.Height())) {
         return EDGE_BOTTOM;
-    if ((pullableEdges & EDGE_RIGHT) && point.x >= box.right - EdgeStrip(box.Width()))
+    }
+    if ((pullableEdges & EDGE_RIGHT) && point.x >= box.right - EdgeStrip(box.Width())) {
         return EDGE_RIGHT;
+    }
     return EDGE_NONE;
 }
 
 int AutoScrollAt(const CRect& content, const CPoint& point)
 {
     // Where both strips would meet there is no room to scroll.
-    if (content.Height() <= 2 * kScrollReach)
+    if (content.Height() <= 2 * kScrollReach) {
         return 0;
-    if (point.y < content.top + kScrollReach)
+    }
+    if (point.y < content.top + kScrollReach) {
         return -1;
+    }
     return point.y >= content.bottom - kScrollReach ? 1 : 0;
 }
 
 PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& pressed)
 {
     PointerEffects effects;
-    if (hit.code == CCHT_NOWHERE)
+    if (hit.code == CCHT_NOWHERE) {
         return effects;
+    }
     m_dragging = m_dropping = false;
     if (IsItemCode(hit.code)) {
         m_selecting = false;
@@ -116,18 +122,21 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
 PointerEffects PointerTracker::Sweep(const PointerHit& hit)
 {
     PointerEffects effects;
-    if (m_selecting && hit.code != CCHT_NOWHERE && IsValid(hit.time))
+    if (m_selecting && hit.code != CCHT_NOWHERE && IsValid(hit.time)) {
         effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
+    }
     return effects;
 }
 
 PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
 {
     PointerEffects effects;
-    if (!m_pending)
+    if (!m_pending) {
         return effects;
-    if (std::abs(hit.point.x - m_pressPoint.x) <= kDragSlop && std::abs(hit.point.y - m_pressPoint.y) <= kDragSlop)
+    }
+    if (std::abs(hit.point.x - m_pressPoint.x) <= kDragSlop && std::abs(hit.point.y - m_pressPoint.y) <= kDragSlop) {
         return effects;
+    }
     m_pressPoint = CPoint(-1, -1);
     m_dragging = true;
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
@@ -136,8 +145,9 @@ PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
 
 void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times)
 {
-    if (!IsValid(times))
+    if (!IsValid(times)) {
         return;
+    }
     m_lastPut = times;
     effects.push_back(WithTimes(PointerEffect::MARK_DATE, hit.time, hit.time));
     effects.push_back(WithTimes(PointerEffect::PUT_ITEM, times.start, times.end, m_item));
@@ -145,29 +155,35 @@ void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, con
 
 PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* current)
 {
-    if (!m_dragging)
+    if (!m_dragging) {
         return StartDragOutsideSlop(hit);
+    }
     PointerEffects effects;
     m_pending = false;
-    if (!current)
+    if (!current) {
         return Cancel();
+    }
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && IsValid(*current))
+    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && IsValid(*current)) {
         PutItem(effects, hit, {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end))});
+    }
     return effects;
 }
 
 PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes)
 {
-    if (!m_dragging)
+    if (!m_dragging) {
         return StartDragOutsideSlop(hit);
+    }
     PointerEffects effects;
     m_pending = false;
-    if (!current)
+    if (!current) {
         return Cancel();
+    }
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !IsValid(m_origin))
+    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !IsValid(m_origin)) {
         return effects;
+    }
     if (m_edge != EDGE_NONE) {
         PutItem(effects, hit, Pulled(hit, stepMinutes));
         return effects;
@@ -186,8 +202,9 @@ ItemTimes PointerTracker::Pulled(const PointerHit& hit, int stepMinutes) const
     if (m_edge == EDGE_RIGHT) {
         const int days = DayNumberOf(hit.time) - DayNumberOf(m_origin.end);
         times.end = AddDays(m_origin.end, days);
-        if (IsValid(times.end) && times.end < times.start)
+        if (IsValid(times.end) && times.end < times.start) {
             times.end = IsSameDay(times.start, m_origin.end) ? m_origin.end : EndOfDay(times.start);
+        }
         return times;
     }
     // The lower edge: to the end of the row under the pointer, on the item's own day and not beyond it.
@@ -225,8 +242,9 @@ void PointerTracker::Released()
 PointerEffects PointerTracker::Cancel()
 {
     PointerEffects effects;
-    if (m_dragging && !m_pending && !m_dropping)
+    if (m_dragging && !m_pending && !m_dropping) {
         effects.push_back(WithTimes(PointerEffect::PUT_BACK, m_origin.start, m_origin.end, m_item));
+    }
     if (IsBusy()) {
         effects.push_back(Plain(PointerEffect::ARROW_CURSOR));
         effects.push_back(Plain(PointerEffect::RELEASE_CAPTURE));

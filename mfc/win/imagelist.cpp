@@ -14,8 +14,9 @@ BOOL CImageList::Create(CImageList* pImageList)
 
 BOOL CImageList::Attach(HIMAGELIST hImageList)
 {
-    if (hImageList == nullptr || m_hImageList != nullptr)
+    if (hImageList == nullptr || m_hImageList != nullptr) {
         return FALSE;
+    }
     m_hImageList = hImageList;
     return TRUE;
 }

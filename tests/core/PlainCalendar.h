@@ -31,8 +31,9 @@ public:
 
     void GetCurCellRect(CRect& rect, int& nMode) override
     {
-        if (!hasCell)
+        if (!hasCell) {
             return CCalendarCtrl::GetCurCellRect(rect, nMode);
+        }
         rect.SetRect(10, 40, 200, 40 + cellHeight);
         nMode = 17;
     }

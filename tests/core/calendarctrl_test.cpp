@@ -23,19 +23,22 @@ TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
     EXPECT_EQ(CCalendarCtrl::m_arDayColors.GetSize(), rowsBefore + 14);
     EXPECT_EQ(CCalendarCtrl::m_arDayColors[1].crColor[6], 0x2138EFu);
     std::string workDays;
-    for (int day = 0; day <= 8; ++day)
+    for (int day = 0; day <= 8; ++day) {
         workDays += std::to_string(first.IsWorkDayOfWeek(day));
+    }
     EXPECT_EQ(workDays, "001111100");
     EXPECT_TRUE(first.IsWorkDayOfWeek(COleDateTime(2017, 4, 28, 0, 0, 0)));
     EXPECT_FALSE(first.IsWorkDayOfWeek(COleDateTime(2017, 4, 29, 0, 0, 0)));
     std::string workRows;
-    for (int row : {11, 12, 35, 36, -1})
+    for (int row : {11, 12, 35, 36, -1}) {
         workRows += std::to_string(first.IsWorkTime(row));
+    }
     EXPECT_EQ(workRows, "01100") << "06:00 to 18:00 in half hours";
     EXPECT_EQ(first.GetFont(2), first.GetFont(3));
     EXPECT_NE(first.GetFont(0), first.GetFont(1));
-    for (int bad : {0, -1, 61})
+    for (int bad : {0, -1, 61}) {
         EXPECT_THROW(first.SetTimeScale(bad), CInvalidArgException*) << bad;
+    }
     EXPECT_EQ(first.Create(WS_CHILD, CRect(0, 0, 1, 1), nullptr, 1), TRUE);
     EXPECT_EQ(first.m_hWnd, nullptr);
 }
@@ -73,8 +76,9 @@ TEST(CalendarCtrl, VirtualOperationsKeepTheirSlots)
                                SlotOf<void, int, int>(&C::Layout),
                                SlotOf(&C::DoPrint),
                                SlotOf(&C::GetSelRange)};
-    for (int i = 1; i < 21; ++i)
+    for (int i = 1; i < 21; ++i) {
         EXPECT_EQ(slots[i], slots[0] + i) << i;
+    }
     // Between these stand the protected ones.
     EXPECT_EQ(SlotOf(&C::SortItem), slots[0] + 32);
     EXPECT_EQ(SlotOf(&C::BeginEditItem), slots[0] + 34);
@@ -160,10 +164,11 @@ TEST(CalendarCtrl, HitTestByRows)
         hit.time.wYear = 1;
         EXPECT_EQ(ctrl.CCalendarCtrl::HitTest(hit), row.item);
         EXPECT_EQ(hit.nHitCode, row.code) << row.point.x << ',' << row.point.y << " scrolled " << row.scroll;
-        if (row.hour >= 0)
+        if (row.hour >= 0) {
             EXPECT_TRUE(hit.time.wHour == row.hour && hit.time.wMinute == row.minute);
-        else
+        } else {
             EXPECT_EQ(hit.time.wYear, 1) << "no valid time: left as it was";
+        }
     }
 }
 
@@ -274,8 +279,9 @@ TEST(DrawingHelpers, GradientsReachTheirColours)
     EXPECT_EQ(surface.Pixel(20, 4), RGB(10, 10, 10));
     EXPECT_EQ(surface.Pixel(20, 37), RGB(170, 170, 170));
     surface.Fill(RGB(255, 255, 255));
-    for (int height = 0; height < 5; ++height)
+    for (int height = 0; height < 5; ++height) {
         dayvane::DrawSteppedGradient(&surface.Dc(), CRect(0, 0, 10, height), 0, RGB(9, 9, 9), FALSE);
+    }
     EXPECT_EQ(surface.CountOther(CRect(0, 4, 40, 40), RGB(255, 255, 255)), 0) << "stays inside small rectangles";
 }
 

@@ -92,8 +92,9 @@ const Act kActs[] = {
      }},
     {"adds items",
      [](CalendarScene& s) {
-         for (int i = 0; i < 50; ++i)
+         for (int i = 0; i < 50; ++i) {
              s.AddItem(i % 20, i);
+         }
      }},
     {"destroys the window", [](CalendarScene& s) { s.calendar->DestroyWindow(); }},
     {"deletes the object",
@@ -154,8 +155,9 @@ TEST(HostileHost, EachActAtEachNotification)
 {
     ExpectNothingLeftBy([] {
         for (const Trigger& trigger : kTriggers) {
-            for (const Act& act : kActs)
+            for (const Act& act : kActs) {
                 RunScene(trigger, act);
+            }
         }
     });
 }

@@ -39,8 +39,9 @@ void ExchangeSort(ItemArray& items)
 {
     for (int i = 0; i + 1 < items.GetSize(); ++i) {
         for (int j = i + 1; j < items.GetSize(); ++j) {
-            if (items[i].dtStart > items[j].dtStart)
+            if (items[i].dtStart > items[j].dtStart) {
                 std::swap(items[i], items[j]);
+            }
         }
     }
 }
@@ -69,8 +70,9 @@ TEST(ItemStore, IndexRules)
     EXPECT_EQ(set, "x1x0");
     EXPECT_EQ(get, "x1x0");
     EXPECT_STREQ(out.strText, "s");
-    for (int index : {-1, 2, 3, 1})
+    for (int index : {-1, 2, 3, 1}) {
         remove += answer([&] { return StoreDelete(items, index); });
+    }
     EXPECT_EQ(remove, "xx01");
     ASSERT_EQ(items.GetSize(), 1);
     EXPECT_STREQ(items[0].strText, "a");
@@ -209,8 +211,9 @@ TEST(ItemStore, FocusWalksForwardOnceAndPassesOverHidden)
 {
     ItemArray sorted;
     sorted.SetSize(5);
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         sorted[i].nSource = std::array{4, 4, 1, 3, 0}[i];
+    }
     sorted[2].bNoFocus = TRUE;
     EXPECT_EQ(NextFocusPosition(sorted, -1), 0);
     EXPECT_EQ(NextFocusPosition(sorted, 4), 3) << "past its own second piece and the hidden one";

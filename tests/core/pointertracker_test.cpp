@@ -108,8 +108,9 @@ private:
         std::string text;
         for (const PointerEffect& effect : effects) {
             text += (text.empty() ? "" : "; ") + TextOf(effect);
-            if (effect.kind == PointerEffect::PUT_ITEM || effect.kind == PointerEffect::PUT_BACK)
+            if (effect.kind == PointerEffect::PUT_ITEM || effect.kind == PointerEffect::PUT_BACK) {
                 item = effect.times;
+            }
         }
         return text;
     }
@@ -188,8 +189,9 @@ TEST(PointerTracker, ADropThatIsBeingToldIsNotTakenBack)
     hit.code = CCHT_ONCELL;
     mouse.tracker.Release(hit);
     EXPECT_TRUE(mouse.tracker.IsDragging());
-    for (const PointerEffect& effect : mouse.tracker.Cancel()) // the host opens a dialog while it is told
+    for (const PointerEffect& effect : mouse.tracker.Cancel()) { // the host opens a dialog while it is told
         EXPECT_NE(effect.kind, PointerEffect::PUT_BACK);
+    }
 }
 
 TEST(PointerTracker, ExtendedDragsKeepTheGrabAndPullEdges)
@@ -268,16 +270,19 @@ TEST(PointerTracker, EdgesAndScrollStrips)
         {{106, 20}, both, EDGE_RIGHT},       {{105, 20}, both, EDGE_NONE},      {{109, 49}, both, EDGE_BOTTOM},
         {{109, 49}, EDGE_RIGHT, EDGE_RIGHT}, {{109, 49}, EDGE_NONE, EDGE_NONE},
     };
-    for (const auto& row : edges)
+    for (const auto& row : edges) {
         EXPECT_EQ(EdgeAt(box, row.point, row.pullable), row.expected) << row.point.x << ',' << row.point.y;
+    }
     int grabbable = 0;
-    for (int y = 0; y < 8; ++y)
+    for (int y = 0; y < 8; ++y) {
         grabbable += EdgeAt(CRect(0, 0, 50, 8), CPoint(20, y), both) == EDGE_NONE;
+    }
     EXPECT_EQ(grabbable, 6) << "a low box can still be moved";
 
     const CRect content(0, 100, 300, 400);
-    for (const auto& [y, step] : {std::pair{50, -1}, {107, -1}, {108, 0}, {391, 0}, {392, 1}, {900, 1}})
+    for (const auto& [y, step] : {std::pair{50, -1}, {107, -1}, {108, 0}, {391, 0}, {392, 1}, {900, 1}}) {
         EXPECT_EQ(AutoScrollAt(content, CPoint(10, y)), step) << y;
+    }
     EXPECT_EQ(AutoScrollAt(CRect(0, 0, 10, 10), CPoint(5, 50)), 0);
 }
 

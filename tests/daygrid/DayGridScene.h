@@ -90,8 +90,9 @@ public:
     {
         tagCC_ITEM item = ItemOf(start, end);
         item.crColor2 = background;
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             view->AddItem(&item);
+        }
     }
 
     // The notifications of a scroll code, a line each.
@@ -165,8 +166,9 @@ template <class View>
 void ExpectAfterKeys(Scene<View>& scene, std::initializer_list<KeyCase> cases)
 {
     for (const KeyCase& c : cases) {
-        for (int key : c.keys)
+        for (int key : c.keys) {
             testsupport::messages::Key(scene.view->m_hWnd, key);
+        }
         testsupport::PumpMessages();
         EXPECT_EQ(scene.Selection(), c.selection);
         EXPECT_EQ(scene.Range(), c.range) << "with " << c.selection;

@@ -19,12 +19,14 @@ public:
             dayvane::tagCALENDAR_ITEM item;
             const int day = Below(days + 8) - 4;
             int length = Below(3) ? 0 : Below(5) ? Below(5) : Below(2 * days);
-            if (Below(8) == 0)
+            if (Below(8) == 0) {
                 length = Below(2) ? -Below(4) : Below(3000) - 1500;
+            }
             item.dtStart = At(day);
             item.dtEnd = At(day + length);
-            if (Below(40) == 0)
+            if (Below(40) == 0) {
                 (Below(2) ? item.dtStart : item.dtEnd).SetStatus(COleDateTime::invalid);
+            }
             item.bNoFocus = Below(2);
             items.Add(item);
         }
@@ -68,8 +70,9 @@ public:
         firstDayOfWeek = 1 + Below(7);
         firstDay = dayvane::FirstDayOfMonthGrid(Date(), firstDayOfWeek);
         dates.SetSize(dayvane::kMonthCells);
-        for (int i = 0; i < dayvane::kMonthCells; ++i)
+        for (int i = 0; i < dayvane::kMonthCells; ++i) {
             dates[i].m_date = dayvane::DateOfDayNumber(firstDay + i);
+        }
     }
 
     void SetCells(const CRect& header, const CRect& calendar)

@@ -26,10 +26,11 @@ void ExpectLiteralBars(unsigned seed, int itemCount, Shape shape)
     RandomMonth month(seed);
     month.AddItems(itemCount, kMonthCells);
     ItemArray items;
-    if (shape == CUT_TO_ROWS)
+    if (shape == CUT_TO_ROWS) {
         CutToRows(month, items);
-    else
+    } else {
         items.Copy(month.items);
+    }
     ItemArray expected;
     expected.Copy(items);
     MonthCellArray expectedCells;
@@ -52,10 +53,12 @@ void ExpectLiteralBars(unsigned seed, int itemCount, Shape shape)
 TEST(BarGrid, BarsGetTheRectanglesOfThePairRule)
 {
     for (Shape shape : {CUT_TO_ROWS, AS_STORED}) {
-        for (unsigned seed = 0; seed < 3000 && !HasFailure(); ++seed)
+        for (unsigned seed = 0; seed < 3000 && !HasFailure(); ++seed) {
             ExpectLiteralBars(seed, 1 + seed % 17, shape);
-        for (unsigned seed = 200000; seed < 200020 && !HasFailure(); ++seed)
+        }
+        for (unsigned seed = 200000; seed < 200020 && !HasFailure(); ++seed) {
             ExpectLiteralBars(seed, 300, shape);
+        }
     }
     ExpectLiteralBars(300000, 1500, CUT_TO_ROWS);
 }

@@ -26,13 +26,15 @@ public:
         layout = LayOutBoxView(Client(), Below(4) != 0, kind.metrics);
         const COleDateTime date = Date();
         if (&kind == &kYear) {
-            for (int month = 1; month <= kYearBoxes; ++month)
+            for (int month = 1; month <= kYearBoxes; ++month) {
                 dates.push_back(Day(date.GetYear(), month, 1));
+            }
             rows = YearRows(date.GetYear());
         } else {
             rows = WeekRows(WeekStartOf(DayNumberOf(date), 1 + Below(7)));
-            for (int day = 0; day < kWeekBoxes; ++day)
+            for (int day = 0; day < kWeekBoxes; ++day) {
                 dates.push_back(DateOfDayNumber(rows[0] + day));
+            }
         }
         firstDay = rows[0];
     }
@@ -40,8 +42,9 @@ public:
     std::vector<literal::Range> RowRanges() const
     {
         std::vector<literal::Range> ranges;
-        for (size_t row = 0; row + 1 < rows.size(); ++row)
+        for (size_t row = 0; row + 1 < rows.size(); ++row) {
             ranges.push_back({DateOfDayNumber(rows[row]), EndOfDay(DateOfDayNumber(rows[row + 1] - 1))});
+        }
         return ranges;
     }
 
@@ -75,8 +78,9 @@ void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
         ASSERT_EQ(Text(pieces[i].rcItem), Text(expected[i].rcItem)) << kind.name << " " << seed << " piece " << i;
         ASSERT_EQ(pieces[i].bNoFocus, expected[i].bNoFocus) << kind.name << " " << seed << " piece " << i;
     }
-    for (size_t box = 0; box < more.size(); ++box)
+    for (size_t box = 0; box < more.size(); ++box) {
         ASSERT_EQ(loads[box].more, more[box]) << kind.name << " " << seed << " box " << box;
+    }
 }
 
 } // namespace
@@ -84,10 +88,12 @@ void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
 TEST(BoxView, BarsGetTheRectanglesOfThePairRule)
 {
     for (const Kind* kind : {&kWeek, &kYear}) {
-        for (unsigned seed = 0; seed < 5000 && !HasFailure(); ++seed)
+        for (unsigned seed = 0; seed < 5000 && !HasFailure(); ++seed) {
             ExpectLiteralBars(*kind, seed, 1 + seed % 17);
-        for (unsigned seed = 10000; seed < 10020 && !HasFailure(); ++seed)
+        }
+        for (unsigned seed = 10000; seed < 10020 && !HasFailure(); ++seed) {
             ExpectLiteralBars(*kind, seed, 200);
+        }
     }
 }
 
@@ -122,8 +128,9 @@ TEST(BoxView, BoxesTileTheRowsAndAnswerUnderTheirCentres)
 TEST(BoxView, WeeksOfTheScrollBarAndMonthsAway)
 {
     const int positions[][2] = {{0, 0}, {1, 1}, {6, 6}, {7, 1}, {8, 2}, {100, 16}, {365, 53}, {366, 54}};
-    for (const auto& day : positions)
+    for (const auto& day : positions) {
         EXPECT_EQ(WeekScrollPosition(day[0]), day[1]) << day[0];
+    }
 
     EXPECT_EQ(Text(AddYears(COleDateTime(2024, 2, 29, 9, 30, 0), 1)), "2025-02-28 09:30:00");
     EXPECT_EQ(Text(AddYears(Day(2024, 2, 29), -4)), "2020-02-29");

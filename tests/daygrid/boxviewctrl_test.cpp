@@ -86,8 +86,9 @@ TEST(WeekView, PiecesMarksAndHits)
     EXPECT_EQ(scene.HitAt(700, 49), "2017-04-25 hit=2 item=0");
     scene.Add(Day(2017, 4, 23), Day(2017, 4, 23), 13);
     scene.Add(Day(2017, 4, 30), Day(2017, 4, 30), 13);
-    for (int day = 0; day < 8; ++day)
+    for (int day = 0; day < 8; ++day) {
         EXPECT_EQ(scene.view->IsMore(day), day == 0 || day == 7) << day;
+    }
     EXPECT_TRUE(RaisesInvalidArgument([&scene] { scene.view->IsMore(8); }));
     int found = -1;
     CRect rect;

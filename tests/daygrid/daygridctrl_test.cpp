@@ -21,8 +21,9 @@ void TryHosts(int code, Act act)
         Scene<View> scene;
         scene.Add(Day(4, 1), Day(5, 16));
         scene.parent.SetHook([&scene, how, code](const Notification& told) {
-            if (told.Code() != code || !scene.view)
+            if (told.Code() != code || !scene.view) {
                 return 0;
+            }
             if (how == 0) {
                 delete scene.view;
                 scene.view = nullptr;

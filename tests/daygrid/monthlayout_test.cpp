@@ -33,8 +33,9 @@ DayColorTable ColorTable()
 {
     DayColorTable table;
     table.SetSize(7);
-    for (int i = 0; i < 49; ++i)
+    for (int i = 0; i < 49; ++i) {
         table[i / 7].crColor[i % 7] = 0x100 * (i / 7 + 1) + i % 7 + 1; // row and column, both counted from 1
+    }
     return table;
 }
 
@@ -230,8 +231,10 @@ TEST(MonthBlocks, FillTheCellOfTheStart)
         items[i].dtEnd = cases[i].end;
     }
     CalcMonthBlocks(dates, grid.cells, items);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(Text(items[i].rcItem), cases[i].rect);
-    for (const auto& [cell, count] : {std::pair(1, 1), {2, 0}, {8, 2}, {10, 1}, {11, 0}})
+    }
+    for (const auto& [cell, count] : {std::pair(1, 1), {2, 0}, {8, 2}, {10, 1}, {11, 0}}) {
         EXPECT_EQ(grid.cells[cell].m_nItemCount, count) << cell;
+    }
 }

@@ -69,8 +69,9 @@ TEST(MonthPaint, EveryLayerIsWhereItBelongs)
         {"selection: outline of the second day at the bottom", 350, 245, kSelectedOutline},
         {"not selected: the day after", 401, 200, kPlainDay},
     };
-    for (const Probe& probe : probes)
+    for (const Probe& probe : probes) {
         EXPECT_EQ(scene.Pixel(probe.x, probe.y), probe.color) << probe.name;
+    }
     EXPECT_NE(scene.Pixel(350, 356), kPlainDay) << "today: strip under the number";
     EXPECT_EQ(scene.picture.Count(CRect(0, 0, kWidth, kHeight), RGB(1, 2, 3)), 0) << "every pixel is painted";
 
@@ -114,9 +115,10 @@ TEST(MonthPaint, JapaneseTextsDoNotDependOnTheSystem)
         target->SetBkMode(TRANSPARENT);
         scene.view->DrawHeader(target, CRect(0, 30, kWidth, 46));
     }
-    CRect box(102, 32, 198, 44);               // Monday
-    for (int x = box.left; x < box.right; ++x) // the band without its text
+    CRect box(102, 32, 198, 44);                 // Monday
+    for (int x = box.left; x < box.right; ++x) { // the band without its text
         expected.Dc().BitBlt(x, 30, 1, 16, &expected.Dc(), 103, 30, SRCCOPY);
+    }
     expected.Dc().SetTextColor(0x000000);
     const dayvane::SelectGdi selectFont(&expected.Dc(), &scene.view->m_fonts.weekday);
     ::DrawTextW(expected.Dc().m_hDC, L"\x6708\x66DC\x65E5", 3, &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);

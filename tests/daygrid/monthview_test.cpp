@@ -136,8 +136,9 @@ TEST(MonthView, HitTestTellsDateItemAndCode)
         {"where a hidden bar would be", 350, 343, "2026-04-15 hit=4 item=-1"},
         {"the border at the right", 705, 300, "none hit=1 item=-1"},
     };
-    for (const Case& c : cases)
+    for (const Case& c : cases) {
         EXPECT_EQ(scene.HitAt(c.x, c.y), c.hit) << c.name;
+    }
     EXPECT_EQ(scene.view->GetCell(17).m_bMore, 1);
     scene.view->DeleteAllItems();
     EXPECT_EQ(scene.view->GetCell(17).m_bMore, 0) << "nothing is hidden any more";
@@ -159,8 +160,9 @@ TEST(MonthView, DayPropertiesBelongToTheShownDays)
     EXPECT_STREQ(kept.strText, "memo");
     EXPECT_EQ(kept.nReserved, 9);
     EXPECT_EQ(scene.view->GetDayColor(0), 6);
-    for (int outside : {-1, 42})
+    for (int outside : {-1, 42}) {
         EXPECT_TRUE(RaisesInvalidArgument([&scene, outside] { scene.view->GetDayColor(outside); }));
+    }
     scene.view->ClearDayProperty();
     EXPECT_EQ(scene.view->GetDayColor(17), 0);
     EXPECT_STREQ(kept.strText, "");
@@ -199,8 +201,9 @@ TEST(MonthView, InvalidatesNoMoreThanTheCells)
 
     for (const bool scrolled : {false, true}) {
         scene.view->SetCurrentDate(Day(4, 15));
-        if (scrolled)
+        if (scrolled) {
             scene.view->SendMessage(WM_VSCROLL, SB_LINEDOWN);
+        }
         UpdateRectOf(*scene.view);
         scene.view->InvalidateCellRectRange();
         EXPECT_EQ(Text(UpdateRectOf(*scene.view)), "(300, 246, 400, 346)") << "not where a selection was long ago";

@@ -34,8 +34,9 @@ public:
     {
         typename Open<View>::MoreBox box;
         for (int i = 0; i < this->view->GetBoxCount(); ++i) {
-            if (this->view->GetMoreBox(i, box))
+            if (this->view->GetMoreBox(i, box)) {
                 return box.mark.CenterPoint();
+            }
         }
         return CPoint(-1, -1);
     }
@@ -69,8 +70,9 @@ TYPED_TEST(MoreListWindow, KeysAndMouseMakeAnItemCurrent)
     scene.view->SetSelRange(Day(4, 15), Day(4, 15));
     messages::Key(scene.window, VK_F4);
     ASSERT_TRUE(scene.view->IsMoreListOpen());
-    for (int key : {VK_END, VK_UP, VK_DOWN, VK_UP})
+    for (int key : {VK_END, VK_UP, VK_DOWN, VK_UP}) {
         messages::Key(scene.window, key);
+    }
     messages::Key(scene.window, VK_RETURN);
     EXPECT_FALSE(scene.view->IsMoreListOpen());
     EXPECT_EQ(scene.view->GetCurSel(), kItems - 2);
@@ -153,10 +155,11 @@ TYPED_TEST(MoreListWindow, HostsMayEndTheViewWhenToldOfAChoice)
             });
             scene.OpenList();
             messages::LeftDown(ListWindow(), scene.Row(1));
-            if (drag)
+            if (drag) {
                 messages::Move(ListWindow(), CPoint(-30, -30), MK_LBUTTON);
-            else
+            } else {
                 messages::LeftUp(ListWindow(), scene.Row(1));
+            }
             EXPECT_EQ(scene.parent.Count(CCN_ITEMCLICK), 1);
             EXPECT_FALSE(ListWindow());
         }

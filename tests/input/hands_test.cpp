@@ -105,8 +105,9 @@ public:
     {
         from.x += ++m_pulls % 2 * 10;
         Press(from);
-        for (int step = 1; step <= 4; ++step)
+        for (int step = 1; step <= 4; ++step) {
             hand::Move(view, CPoint(from.x + (to.x - from.x) * step / 4, from.y + (to.y - from.y) * step / 4));
+        }
         hand::Move(view, CPoint(to.x + 1, to.y));
     }
 
@@ -122,18 +123,21 @@ private:
         if (n.record == Notification::Record::Item) {
             line += " " + std::to_string(n.item.nItem) + "/" + std::to_string(n.item.lParam) + " " +
                     Short(n.item.time) + " " + std::to_string(n.item.nFlags) + "/" + std::to_string(n.item.nSubValue);
-            if (n.Code() == CCN_ITEMMOVED)
+            if (n.Code() == CCN_ITEMMOVED) {
                 line += " " + ItemText(n.item.nItem);
+            }
         } else if (n.record == Notification::Record::Dates) {
             line += " " + Short(n.dates.stFirst) + ".." + Short(n.dates.stLast);
         } else if (n.record == Notification::Record::Edit) {
             line += " \"" + n.editText + "\" " + Short(n.edit.stStart) + ".." + Short(n.edit.stEnd);
         }
-        if (n.hdr.hwndFrom != view.m_hWnd || n.hdr.idFrom != 7)
+        if (n.hdr.hwndFrom != view.m_hWnd || n.hdr.idFrom != 7) {
             line += " from elsewhere";
+        }
         told.push_back(line);
-        if (n.Code() == CCN_ITEMDBLCLICK)
+        if (n.Code() == CCN_ITEMDBLCLICK) {
             view.BeginEditItem("old");
+        }
         if (n.Code() == CCN_ITEMRCLICK && takesCapture) {
             parent.SetCapture(); // as a menu does
             ::ReleaseCapture();

@@ -28,23 +28,26 @@ public:
     int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw) override
     {
         const int result = View::InsertItem(nIndex, pItem, bUpdate, bRedraw);
-        if (nIndex >= static_cast<int>(m_model.items.size()))
+        if (nIndex >= static_cast<int>(m_model.items.size())) {
             m_model.items.resize(nIndex + 1);
+        }
         m_model.items[nIndex] = *pItem;
         return result;
     }
     int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw) override
     {
         const int result = View::SetItem(nIndex, pItem, bUpdate, bRedraw);
-        if (result)
+        if (result) {
             m_model.items[nIndex] = *pItem;
+        }
         return result;
     }
     int DeleteItem(int nIndex, int bUpdate, int bRedraw) override
     {
         const int result = View::DeleteItem(nIndex, bUpdate, bRedraw);
-        if (result)
+        if (result) {
             m_model.items.erase(m_model.items.begin() + nIndex);
+        }
         return result;
     }
     void DeleteAllItems() override
@@ -117,8 +120,9 @@ tagCC_ITEM ItemOf(int number)
     tagCC_ITEM item;
     item.dtStart = DateOf(number);
     const int form = number % 7;
-    if (item.dtStart.GetStatus() == COleDateTime::valid)
+    if (item.dtStart.GetStatus() == COleDateTime::valid) {
         item.dtEnd = form == 0 ? DateOf(number + 1) : dayvane::AddMinutes(item.dtStart, form * form * 90 - 60);
+    }
     item.nFullday = number % 5 == 0;
     item.strText.Format("item %d \x89\xEF", number); // ends in a double-byte character
     item.lParam = number;
@@ -160,8 +164,9 @@ void WithoutInvalidArguments(Call call)
 std::unique_ptr<Subject> MakeSubject(const std::string& view)
 {
     for (const ViewRow& row : kViews) {
-        if (view == row.name)
+        if (view == row.name) {
             return row.make();
+        }
     }
     return nullptr;
 }
@@ -170,8 +175,9 @@ const std::vector<std::string>& ViewNames()
 {
     static const std::vector<std::string> names = [] {
         std::vector<std::string> all;
-        for (const ViewRow& row : kViews)
+        for (const ViewRow& row : kViews) {
             all.push_back(row.name);
+        }
         return all;
     }();
     return names;
@@ -203,8 +209,9 @@ void StressHost::Recreate()
 
 LRESULT StressHost::OnNotification(const testsupport::Notification&)
 {
-    if (m_acting || m_hostile < 0 || !m_subject)
+    if (m_acting || m_hostile < 0 || !m_subject) {
         return 0;
+    }
     m_acting = true;
     ActHostile();
     m_hostile = -1;
@@ -220,8 +227,9 @@ void StressHost::ActHostile()
         ctrl.DeleteAllItems();
         break;
     case 1:
-        if (ctrl.GetItemCount() > 0)
+        if (ctrl.GetItemCount() > 0) {
             ctrl.DeleteItem(ctrl.GetItemCount() - 1);
+        }
         break;
     case 2: {
         tagCC_ITEM item = ItemOf(4711);
@@ -263,8 +271,9 @@ void StressHost::ItemEvent(const Event& event)
     const int flags = event.a % 3; // neither, update, both
     switch (event.kind) {
     case EventKind::AddItem:
-        if (ctrl.GetItemCount() < kMaxItems)
+        if (ctrl.GetItemCount() < kMaxItems) {
             ctrl.AddItem(&item, flags > 0, flags > 1);
+        }
         break;
     case EventKind::InsertItem:
         ctrl.InsertItem(event.b, &item, flags > 0, flags > 1);
@@ -316,16 +325,18 @@ void StressHost::Option(const Event& event)
 void StressHost::Run(const Event& event)
 {
     m_parent.ClearLog();
-    if (!m_subject || !m_subject->Ctrl().m_hWnd)
+    if (!m_subject || !m_subject->Ctrl().m_hWnd) {
         Recreate();
+    }
     CCalendarCtrl& ctrl = m_subject->Ctrl();
     const HWND edit = ::GetDlgItem(Window(), 1);
     switch (event.kind) {
     case EventKind::Key: {
         const testsupport::KeyState keys = event.b ? testsupport::KeyState({VK_SHIFT}) : testsupport::KeyState({});
         ::SendMessage(Window(), WM_KEYDOWN, event.a, 0);
-        if (Window())
+        if (Window()) {
             ::SendMessage(Window(), WM_KEYUP, event.a, 0);
+        }
         break;
     }
     case EventKind::MouseMove:
@@ -419,23 +430,27 @@ void StressHost::Run(const Event& event)
 
 std::string StressHost::Difference()
 {
-    if (!m_subject)
+    if (!m_subject) {
         return "";
+    }
     CCalendarCtrl& ctrl = m_subject->Ctrl();
     const std::vector<tagCC_ITEM>& items = m_subject->model.items;
-    if (ctrl.GetItemCount() != static_cast<int>(items.size()))
+    if (ctrl.GetItemCount() != static_cast<int>(items.size())) {
         return "the store has " + std::to_string(ctrl.GetItemCount()) + " items, the model " +
                std::to_string(items.size());
+    }
     for (int i = 0; i < static_cast<int>(items.size()); ++i) {
         tagCC_ITEM item;
         ctrl.GetItem(i, item);
-        if (!SameItem(item, items[i]))
+        if (!SameItem(item, items[i])) {
             return "item " + std::to_string(i) + " differs";
+        }
     }
     for (int i = 0; i < ctrl.GetScreenItems().GetSize(); ++i) {
         const LPARAM source = ctrl.GetScreenItems()[i].nSource;
-        if (source < 0)
+        if (source < 0) {
             return "screen item " + std::to_string(i) + " has no source";
+        }
     }
     return "";
 }

@@ -61,8 +61,9 @@ constexpr int kEndKeys[] = {0x0D, 0x1B, 0x09};
 const KindRow& RowOf(int roll)
 {
     for (const KindRow& row : kKinds) {
-        if (roll < row.weight)
+        if (roll < row.weight) {
             return row;
+        }
         roll -= row.weight;
     }
     return kKinds[0];
@@ -71,8 +72,9 @@ const KindRow& RowOf(int roll)
 int TotalWeight()
 {
     int total = 0;
-    for (const KindRow& row : kKinds)
+    for (const KindRow& row : kKinds) {
         total += row.weight;
+    }
     return total;
 }
 
@@ -125,8 +127,9 @@ std::string TextOf(const Event& event)
 {
     const char* name = "?";
     for (const KindRow& row : kKinds) {
-        if (row.kind == event.kind)
+        if (row.kind == event.kind) {
             name = row.name;
+        }
     }
     char text[100];
     std::snprintf(text, sizeof(text), "%6d  %-10s %d %d %d", static_cast<int>(event.index), name, event.a, event.b,
@@ -139,11 +142,13 @@ std::string RangesOf(const std::vector<std::int64_t>& indices)
     std::string text;
     for (size_t i = 0; i < indices.size();) {
         size_t end = i;
-        while (end + 1 < indices.size() && indices[end + 1] == indices[end] + 1)
+        while (end + 1 < indices.size() && indices[end + 1] == indices[end] + 1) {
             ++end;
+        }
         text += (text.empty() ? "" : ",") + std::to_string(indices[i]);
-        if (end > i)
+        if (end > i) {
             text += "-" + std::to_string(indices[end]);
+        }
         i = end + 1;
     }
     return text;
@@ -157,12 +162,15 @@ std::vector<std::int64_t> IndicesOf(const std::string& ranges)
         char* after = nullptr;
         const std::int64_t first = std::strtoll(at, &after, 10);
         std::int64_t last = first;
-        if (*after == '-')
+        if (*after == '-') {
             last = std::strtoll(after + 1, &after, 10);
-        for (std::int64_t index = first; index <= last; ++index)
+        }
+        for (std::int64_t index = first; index <= last; ++index) {
             indices.push_back(index);
-        if (after == at)
+        }
+        if (after == at) {
             break; // not a number
+        }
         at = *after == ',' ? after + 1 : after;
     }
     return indices;

@@ -50,8 +50,9 @@ int RunEvents(const Options& options)
             host.Run(EventOf(seed, which[i]));
             if (i % kCompareEvery == 0) {
                 const std::string difference = host.Difference();
-                if (!difference.empty())
+                if (!difference.empty()) {
                     return difference;
+                }
             }
         }
         return host.Difference();
@@ -75,8 +76,9 @@ int RunEvents(const Options& options)
         Say("Objects before: %s; after: %s\n", before.Text(), after.Text());
         return 2;
     }
-    if (::GetCapture())
+    if (::GetCapture()) {
         return 3;
+    }
     return 0;
 }
 
@@ -99,8 +101,9 @@ int RunChild(const Options& options, const std::vector<std::int64_t>& indices, b
     PROCESS_INFORMATION process = {};
     DWORD code = 99;
     if (::CreateProcess(nullptr, &command[0], nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process)) {
-        if (::WaitForSingleObject(process.hProcess, kChildMilliseconds) != WAIT_OBJECT_0)
+        if (::WaitForSingleObject(process.hProcess, kChildMilliseconds) != WAIT_OBJECT_0) {
             ::TerminateProcess(process.hProcess, 98);
+        }
         ::GetExitCodeProcess(process.hProcess, &code);
         ::CloseHandle(process.hThread);
         ::CloseHandle(process.hProcess);
@@ -119,10 +122,11 @@ std::vector<std::int64_t> Shrink(const Options& options, std::vector<std::int64_
         for (size_t from = 0; from < script.size() && hasTime();) {
             std::vector<std::int64_t> shorter(script.begin(), script.begin() + from);
             shorter.insert(shorter.end(), script.begin() + std::min(from + part, script.size()), script.end());
-            if (!shorter.empty() && RunChild(options, shorter, counting) == failure)
+            if (!shorter.empty() && RunChild(options, shorter, counting) == failure) {
                 script = shorter;
-            else
+            } else {
                 from += part;
+            }
         }
     }
     return script;
@@ -140,8 +144,9 @@ int TestView(const Options& options)
     Say("%s FAILED (exit code %s). Looking for the shortest script ...\n", options.view, std::to_string(failure));
     script = Shrink(options, script, failure);
     Say("seed %s, view %s:\n", std::to_string(options.seed), options.view);
-    for (std::int64_t index : script)
+    for (std::int64_t index : script) {
         Say("%s\n", TextOf(EventOf(options.seed, index)));
+    }
     return 1;
 }
 
@@ -150,8 +155,9 @@ std::string ContentOf(const char* file)
     std::string text;
     if (FILE* in = std::fopen(file, "r")) {
         char buffer[4096];
-        for (size_t length; (length = std::fread(buffer, 1, sizeof(buffer), in)) > 0;)
+        for (size_t length; (length = std::fread(buffer, 1, sizeof(buffer), in)) > 0;) {
             text.append(buffer, length);
+        }
         std::fclose(in);
     }
     return text;
@@ -164,25 +170,28 @@ int main(int argc, char** argv)
     Options options;
     int plain = 0;
     for (int i = 1; i < argc; ++i) {
-        if (!std::strcmp(argv[i], "--view") && i + 1 < argc)
+        if (!std::strcmp(argv[i], "--view") && i + 1 < argc) {
             options.view = argv[++i];
-        else if (!std::strcmp(argv[i], "--keep") && i + 1 < argc)
+        } else if (!std::strcmp(argv[i], "--keep") && i + 1 < argc) {
             options.keep = ContentOf(argv[++i]);
-        else if (!std::strcmp(argv[i], "--no-counts"))
+        } else if (!std::strcmp(argv[i], "--no-counts")) {
             options.counting = false;
-        else if (plain++ == 0)
+        } else if (plain++ == 0) {
             options.events = std::atoi(argv[i]);
-        else
+        } else {
             options.seed = std::strtoull(argv[i], nullptr, 10);
+        }
     }
     if (options.keep.empty() && options.events <= 0) {
         std::puts("dayvane-stress [EVENTS [SEED]] [--view NAME], with at least one event");
         return 2;
     }
-    if (!AfxWinInit(::GetModuleHandle(nullptr), nullptr, ::GetCommandLine(), SW_SHOW))
+    if (!AfxWinInit(::GetModuleHandle(nullptr), nullptr, ::GetCommandLine(), SW_SHOW)) {
         return 97;
-    if (!options.keep.empty())
+    }
+    if (!options.keep.empty()) {
         return RunEvents(options);
+    }
     ::SetErrorMode(SEM_NOGPFAULTERRORBOX | SEM_FAILCRITICALERRORS); // a crash ends the child at once
     int failed = 0;
     int passed = 0;

@@ -29,13 +29,15 @@ void SideBySide(RowLayoutArray& layout, int gridRight)
     for (int r = 0; r < layout.GetSize(); ++r) {
         for (int i = 0; i < Length(layout, r); ++i) {
             for (int j = 0; j < Length(layout, r); ++j) {
-                if (i == j)
+                if (i == j) {
                     continue;
+                }
                 const CRect& a = Listed(layout, r, i).rcItem;
                 CRect& b = Listed(layout, r, j).rcItem;
                 CRect common;
-                if (common.IntersectRect(&a, &b))
+                if (common.IntersectRect(&a, &b)) {
                     b.OffsetRect(b.right + a.Width() > gridRight ? common.Width() : a.Width(), 0);
+                }
             }
         }
     }
@@ -46,8 +48,9 @@ void CopySameIdentifiers(ItemArray& screen, RowLayoutArray& layout)
     for (int r = 0; r < layout.GetSize(); ++r) {
         for (int i = 0; i < Length(layout, r); ++i) {
             for (int k = 0; k < screen.GetSize(); ++k) {
-                if (screen[k].nSource == Listed(layout, r, i).nSource)
+                if (screen[k].nSource == Listed(layout, r, i).nSource) {
                     screen[k] = tagCALENDAR_ITEM(Listed(layout, r, i));
+                }
             }
         }
     }
@@ -69,15 +72,17 @@ void ListRows(ItemArray& screen, int scale, RowLayoutArray& layout, const COleDa
     layout.SetSize(scale * 24);
     for (int i = 0; i < screen.GetSize(); ++i) {
         tagCALENDAR_ITEM& item = screen[i];
-        if (IsFulldayItem(item) || (onlyOn && !SameDay(item.dtStart, *onlyOn)))
+        if (IsFulldayItem(item) || (onlyOn && !SameDay(item.dtStart, *onlyOn))) {
             continue;
+        }
         const int start = scale * item.dtStart.GetHour() + item.dtStart.GetMinute() / (60 / scale);
         const int end = scale * item.dtEnd.GetHour() + item.dtEnd.GetMinute() / (60 / scale);
         for (int r = start; r < end; ++r) {
             layout[r].Add(&item);
             for (int k = 0; k < Length(layout, r); ++k) {
-                if (Listed(layout, r, k).nParallel < Length(layout, r))
+                if (Listed(layout, r, k).nParallel < Length(layout, r)) {
                     Listed(layout, r, k).nParallel = Length(layout, r);
+                }
             }
         }
     }
@@ -85,14 +90,17 @@ void ListRows(ItemArray& screen, int scale, RowLayoutArray& layout, const COleDa
 
 CRect ItemBox(const tagCALENDAR_ITEM& item, const CRect& grid, const COleDateTime& day, int scale)
 {
-    if (!SameDay(item.dtStart, day))
+    if (!SameDay(item.dtStart, day)) {
         return CRect(-1, -1, -1, -1);
-    if (item.nFullday == 1 || item.nPiece == 2)
+    }
+    if (item.nFullday == 1 || item.nPiece == 2) {
         return CRect(grid.left, grid.top, grid.right, grid.top + scale * 20 * 230);
+    }
     const int perRow = 60 / scale;
     int top = 0;
-    if (item.dtStart.GetStatus() == COleDateTime::valid && item.nPiece != 4)
+    if (item.dtStart.GetStatus() == COleDateTime::valid && item.nPiece != 4) {
         top = item.dtStart.GetHour() * scale * 20 + item.dtStart.GetMinute() / perRow * 20;
+    }
     int bottom = 23 * scale * 20 + scale * 20;
     if (item.dtEnd.GetStatus() == COleDateTime::valid && item.nPiece != 1) {
         bottom = item.dtEnd.GetHour() * scale * 20 +
@@ -104,8 +112,9 @@ CRect ItemBox(const tagCALENDAR_ITEM& item, const CRect& grid, const COleDateTim
 void DayItemRects(ItemArray& screen, const CRect& grid, const COleDateTime& day, int scale)
 {
     for (int i = 0; i < screen.GetSize(); ++i) {
-        if (!IsFulldayItem(screen[i]))
+        if (!IsFulldayItem(screen[i])) {
             screen[i].rcItem = ItemBox(screen[i], grid, day, scale);
+        }
     }
     RowLayoutArray layout;
     ListRows(screen, scale, layout);
@@ -124,21 +133,24 @@ void DayItemRects(ItemArray& screen, const CRect& grid, const COleDateTime& day,
 void ManyDayItemRects(ItemArray& screen, const std::vector<CRect>& columns, const COleDateTime& firstDay, int scale)
 {
     for (int i = 0; i < screen.GetSize(); ++i) {
-        if (!IsFulldayItem(screen[i]))
+        if (!IsFulldayItem(screen[i])) {
             screen[i].rcItem = CRect(-1, -1, -1, -1);
+        }
     }
     for (size_t c = 0; c < columns.size(); ++c) {
         const COleDateTime day = firstDay + COleDateTimeSpan(static_cast<double>(c));
         for (int i = 0; i < screen.GetSize(); ++i) {
-            if (!IsFulldayItem(screen[i]) && SameDay(screen[i].dtStart, day))
+            if (!IsFulldayItem(screen[i]) && SameDay(screen[i].dtStart, day)) {
                 screen[i].rcItem = ItemBox(screen[i], columns[c], day, scale);
+            }
         }
         RowLayoutArray layout;
         ListRows(screen, scale, layout, &day);
         std::vector<bool> laterShares(screen.GetSize(), false);
         for (int r = 0; r < layout.GetSize(); ++r) {
-            for (int i = 0; i + 1 < Length(layout, r); ++i)
+            for (int i = 0; i + 1 < Length(layout, r); ++i) {
                 laterShares[&Listed(layout, r, i) - &screen[0]] = true;
+            }
         }
         const int width = columns[c].Width() - 5;
         for (int r = 0; r < layout.GetSize(); ++r) {
@@ -169,8 +181,9 @@ void ManyDayLanes(ItemArray& screen, const CRect& band, const std::vector<CRect>
 {
     const int days = static_cast<int>(columns.size());
     for (int i = 0; i < screen.GetSize(); ++i) {
-        if (!IsFulldayItem(screen[i]))
+        if (!IsFulldayItem(screen[i])) {
             continue;
+        }
         int column[2];
         const COleDateTime times[2] = {screen[i].dtStart, screen[i].dtEnd};
         for (int k = 0; k < 2; ++k) {
@@ -185,8 +198,9 @@ void ManyDayLanes(ItemArray& screen, const CRect& band, const std::vector<CRect>
             for (int j = i + 1; j < screen.GetSize(); ++j) {
                 CRect common;
                 if (IsFulldayItem(screen[i]) && IsFulldayItem(screen[j]) &&
-                    common.IntersectRect(&screen[i].rcItem, &screen[j].rcItem))
+                    common.IntersectRect(&screen[i].rcItem, &screen[j].rcItem)) {
                     screen[j].rcItem.OffsetRect(0, 25);
+                }
             }
         }
     }
@@ -199,23 +213,28 @@ int ManyDayScreenItems(const ItemArray& store, const COleDateTime& firstDay, int
     int lanes = 0;
     for (int i = 0; i < store.GetSize(); ++i) {
         tagCALENDAR_ITEM item = store[i];
-        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
+        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid) {
             continue;
+        }
         const bool oneDay = SameDay(item.dtStart, item.dtEnd);
-        if (item.dtStart > viewEnd || (oneDay ? item.dtStart : item.dtEnd) < firstDay)
+        if (item.dtStart > viewEnd || (oneDay ? item.dtStart : item.dtEnd) < firstDay) {
             continue;
-        if (!oneDay && item.dtEnd < item.dtStart)
+        }
+        if (!oneDay && item.dtEnd < item.dtStart) {
             continue;
+        }
         item.nSource = i;
         item.rcItem.NormalizeRect();
         if (!oneDay) {
             const bool before = item.dtStart < firstDay;
             const bool after = item.dtEnd > viewEnd;
             item.nPiece = !before && after ? 1 : before && after ? 2 : before ? 4 : 8;
-            if (before)
+            if (before) {
                 item.dtStart = firstDay;
-            if (after)
+            }
+            if (after) {
                 item.dtEnd = viewEnd;
+            }
         }
         lanes += !oneDay || item.nFullday == 1;
         screen.Add(item);

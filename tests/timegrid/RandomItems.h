@@ -26,12 +26,15 @@ public:
             const COleDateTime day = firstDay + COleDateTimeSpan(Below(days + 2) - 1.0);
             item.dtStart = COleDateTime(day.GetYear(), day.GetMonth(), day.GetDay(), hour, minute, 0);
             item.dtEnd = item.dtStart + COleDateTimeSpan(0, 0, Below(6) * 30 + Below(2) * Below(90) - Below(2) * 5, 0);
-            if (Below(20) == 0)
+            if (Below(20) == 0) {
                 item.dtEnd = item.dtStart + COleDateTimeSpan(Below(days + 4) - 2.0);
-            if (Below(40) == 0)
+            }
+            if (Below(40) == 0) {
                 item.dtStart.SetStatus(COleDateTime::invalid);
-            if (Below(40) == 0)
+            }
+            if (Below(40) == 0) {
                 item.dtEnd.SetStatus(COleDateTime::null);
+            }
             item.nFullday = Below(12) == 0 ? 1 + Below(2) : 0;
             item.nSource = i;
             items.Add(item);

@@ -31,29 +31,33 @@ TimeGridHit ProbeOneDay(const TimeGridState& state, const ItemArray& items, cons
     const bool inBand = frame.fulldayContent.PtInRect(point);
     const CPoint moved(point.x, point.y + (inBand ? 0 : state.scroll));
     for (int i = 0; i < items.GetSize() && hit.screenItem == -1; ++i) {
-        if (items[i].rcItem.PtInRect(moved))
+        if (items[i].rcItem.PtInRect(moved)) {
             hit.screenItem = i;
+        }
     }
     int row = -1;
     CRect probe(frame.grid.left, frame.grid.top, frame.grid.right, frame.grid.top + 20);
     probe.OffsetRect(0, -state.scroll);
     for (int r = 0; r <= state.scale.RowsPerDay() && row == -1; ++r) {
-        if (probe.PtInRect(point))
+        if (probe.PtInRect(point)) {
             row = r;
+        }
         probe.OffsetRect(0, 20);
     }
     const int scale = state.scale.rowsPerHour;
     hit.time = Invalid();
-    if (row != -1)
+    if (row != -1) {
         hit.time = COleDateTime(2017, 4, 26, row / scale, 60 / scale * (row % scale), 0);
-    else if (inBand)
+    } else if (inBand) {
         hit.time = kDay;
-    if (hit.screenItem != -1)
+    }
+    if (hit.screenItem != -1) {
         hit.code = inBand ? 32 : 2;
-    else if (row != -1)
+    } else if (row != -1) {
         hit.code = inBand ? 16 : frame.caption.PtInRect(point) ? 8 : 4;
-    else
+    } else {
         hit.code = inBand ? 16 : frame.ruler.PtInRect(point) ? 128 : 1;
+    }
     return hit;
 }
 } // namespace
@@ -86,8 +90,9 @@ TEST(TimeGridFrame, PartsTile)
         ASSERT_EQ(c.days, static_cast<int>(frame.columns.size()));
         EXPECT_EQ(c.columnWidth, frame.columnWidth);
         EXPECT_EQ(c.lastRight, frame.columns.back().right);
-        for (int i = 1; i < c.days; ++i)
+        for (int i = 1; i < c.days; ++i) {
             EXPECT_EQ(frame.columns[i - 1].right, frame.columns[i].left);
+        }
     }
 }
 
@@ -112,8 +117,9 @@ TEST(ItemBox, StandsAtItsTimes)
         {"another day", Item(kDay - COleDateTimeSpan(1.0), At(10, 0)), 2, nowhere},
         {"without a begin", Item(Invalid(), At(10, 0)), 2, nowhere},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(c.box, BoxInColumn(c.item, grid, kDay, TimeScale{c.scale})) << c.name;
+    }
 }
 
 TEST(ItemBox, SharesTheWidth)
@@ -123,8 +129,9 @@ TEST(ItemBox, SharesTheWidth)
     items.Add(Item(At(9, 0), At(10, 0)));
     items.Add(Item(At(9, 30), At(11, 0)));
     items.Add(Item(At(10, 0), At(11, 0)));
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         items[i].nSource = i;
+    }
     const CRect grid(61, 60, 381, 500);
     PlaceTimedItems(items, {grid}, kDay, TimeScale{2}, kOneDayOverlap);
     EXPECT_EQ(CRect(63, 420, 209, 460), items[0].rcItem);

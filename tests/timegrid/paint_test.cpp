@@ -66,8 +66,9 @@ TEST(GridPaint, DayLayers)
         {"item without length", 300, 260, 0xCF9365},
         {"item the wrong way round", 300, 310, 0xC0FFC0},
     };
-    for (const auto& probe : probes)
+    for (const auto& probe : probes) {
         EXPECT_EQ(probe.color, dc.Pixel(probe.x, probe.y)) << probe.name;
+    }
     EXPECT_GT(dc.CountOther(CRect(66, 183, 200, 197), 0xC0FFC0), 20) << "text of the item";
     EXPECT_GT(dc.CountOther(CRect(20, 45, 60, 60), kRuler), 10) << "label of the band";
     EXPECT_GT(dc.CountOther(CRect(5, 105, 55, 135), kRuler), 20) << "6:00";
@@ -161,8 +162,9 @@ TEST(GridPaint, ColumnsOfManyDays)
     scene.view->ShowNowLine(TRUE);
     scene.Add(At(7, 0), At(8, 0), 0, 0xC0FFC0);
     scene.Add(At(7, 0, 27), At(8, 0, 27), 0, 0xC0FFC0);
-    for (int i = 0; i < 10; ++i) // side by side, too narrow for a letter
+    for (int i = 0; i < 10; ++i) { // side by side, too narrow for a letter
         scene.Add(At(10, 0, 28), At(11, 0, 28), 0, 0xC0FFC0);
+    }
     scene.view->Refresh();
     scene.Scroll(SB_THUMBPOSITION, 10);
     MemoryDc dc(900, 500);
@@ -240,11 +242,13 @@ TEST(GridPaint, KeepsNothing)
 {
     Scene<CDayViewCtrl> day;
     MemoryDc dc(900, 500);
-    for (int i = 0; i < 20; ++i)
+    for (int i = 0; i < 20; ++i) {
         day.Add(At(i, 0), At(i + 1, 30));
+    }
     testsupport::ExpectNothingLeftBy([&] {
-        for (int i = 0; i < 200; ++i)
+        for (int i = 0; i < 200; ++i) {
             Paint(day, dc);
+        }
         Scene<CWeekDayViewCtrl> week(900, 500);
         week.Add(At(9, 0), At(10, 0));
         week.view->ShowNowLine(TRUE);

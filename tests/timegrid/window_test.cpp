@@ -117,8 +117,9 @@ TEST(DayKeys, ScrollWithTheSelection)
     scene.view->SetSelRange(COleDateTime(0.0), COleDateTime(0.0)); // the moves begin at the current date
     scene.view->MoveBackward(0);
     EXPECT_EQ("26 09:30 - 26 09:30", scene.Selection());
-    for (int row = 0; row < 4; ++row)
+    for (int row = 0; row < 4; ++row) {
         scene.view->MoveBackward(0);
+    }
     PumpMessages();
     EXPECT_GT(scene.Offset(), 0); // 10:30 is the last row that is shown whole
 }
@@ -416,7 +417,8 @@ TEST(GridHosts, MayEndTheViewInANotification)
         return LRESULT(0);
     });
     scene.Add(At(9, 0), At(10, 0));
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         scene.view->SendMessage(WM_KEYDOWN, VK_RIGHT, 0);
+    }
     EXPECT_EQ(nullptr, scene.view->m_hWnd);
 }

@@ -33,10 +33,12 @@ public:
     int KindOf(const BoxSpan& span)
     {
         const int count = m_grid.Count();
-        if (span.first < 0 || span.first >= count)
+        if (span.first < 0 || span.first >= count) {
             return kNoKind;
-        if (span.last < span.first || span.last >= count)
+        }
+        if (span.last < span.first || span.last >= count) {
             return KindOfIrregular(span);
+        }
         int& kind = m_byBoxes[span.first * count + span.last];
         if (kind == kNoKind) {
             kind = static_cast<int>(kinds.size());
@@ -76,8 +78,9 @@ private:
         }
         kind.left += m_rules.metrics.inset;
         kind.right -= m_rules.metrics.inset;
-        if (kind.left > kind.right)
+        if (kind.left > kind.right) {
             std::swap(kind.left, kind.right);
+        }
         return kind;
     }
 
@@ -89,8 +92,9 @@ private:
 
 bool Overflows(int barBottom, int boxBottom, BarOverflow overflow)
 {
-    if (overflow == BarOverflow::ByAbsoluteValue)
+    if (overflow == BarOverflow::ByAbsoluteValue) {
         return std::abs(barBottom) >= std::abs(boxBottom);
+    }
     return barBottom >= boxBottom;
 }
 
@@ -171,12 +175,14 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
 {
     KindFinder finder(grid, rules);
     std::vector<int> kindOf(spans.size());
-    for (size_t i = 0; i < spans.size(); ++i)
+    for (size_t i = 0; i < spans.size(); ++i) {
         kindOf[i] = finder.KindOf(spans[i]);
+    }
     const BarMetrics& metrics = rules.metrics;
     LaneGrid laneGrid = {{}, grid.columns, metrics.BarHeight(), metrics.laneStep};
-    for (int box = 0; box < grid.Count(); box += grid.columns)
+    for (int box = 0; box < grid.Count(); box += grid.columns) {
         laneGrid.firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
+    }
     const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid);
 
     LoadCounter counter(grid, rules.overflow);

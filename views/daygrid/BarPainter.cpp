@@ -6,12 +6,14 @@ CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
 {
     CRect box = item.rcItem;
     box.DeflateRect(m_metrics.frameInset, m_metrics.frameInset);
-    if (box.IsRectEmpty())
+    if (box.IsRectEmpty()) {
         return CRect(0, 0, 0, 0);
+    }
     const bool before = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
     const bool after = item.nPiece == PIECE_HEAD || item.nPiece == PIECE_MIDDLE;
-    if (item.crColor2 != m_palette.unfilled)
+    if (item.crColor2 != m_palette.unfilled) {
         m_pens.Fill(m_pDC, box, item.crColor2);
+    }
     CRect content = box;
     content.DeflateRect(m_metrics.contentInset, m_metrics.contentInset);
     if (!before && content.Width() > m_metrics.stripeWidth) {

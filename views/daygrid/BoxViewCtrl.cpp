@@ -63,15 +63,17 @@ CBoxViewCtrl::~CBoxViewCtrl()
 
 void CBoxViewCtrl::Start()
 {
-    for (int i = 0; i < BoxCount(); ++i)
+    for (int i = 0; i < BoxCount(); ++i) {
         m_arrays.boxes[i] = m_arrays.strips[i] = CRect(0, 0, 0, 0);
+    }
     SetRange(dayvane::Now());
 }
 
 BOOL CBoxViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CWnd::Create(m_lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+    if (!CWnd::Create(m_lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
+    }
     m_fonts.Create();
     LoadMoreMark();
     return TRUE;
@@ -85,15 +87,17 @@ void CBoxViewCtrl::OnDestroy()
 
 const CRect& CBoxViewCtrl::GetBox(int nBox) const
 {
-    if (nBox < 0 || nBox >= BoxCount())
+    if (nBox < 0 || nBox >= BoxCount()) {
         AfxThrowInvalidArgException();
+    }
     return m_arrays.boxes[nBox];
 }
 
 BOOL CBoxViewCtrl::IsMore(int nBox) const
 {
-    if (nBox < 0 || nBox >= BoxCount())
+    if (nBox < 0 || nBox >= BoxCount()) {
         AfxThrowInvalidArgException();
+    }
     return m_arrays.more[nBox];
 }
 
@@ -114,8 +118,9 @@ void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
     Alive alive(this);
     FinishEdit(TRUE);
-    if (!alive)
+    if (!alive) {
         return;
+    }
     CDayGridCtrl::SetCurrentDate(date);
     SetRange(date);
     UpdateScrollBar();
@@ -132,18 +137,21 @@ void CBoxViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 
 int CBoxViewCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem))
+    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem)) {
         return 0;
+    }
     ItemsChanged(bUpdate == 1, FALSE);
-    if (bRedraw && m_hWnd)
+    if (bRedraw && m_hWnd) {
         InvalidateRect(&m_rcContent, TRUE);
+    }
     return 1;
 }
 
 int CBoxViewCtrl::DeleteItem(int nIndex, int, int)
 {
-    if (nIndex > GetItemCount() - 1)
+    if (nIndex > GetItemCount() - 1) {
         return 0;
+    }
     dayvane::StoreDelete(m_arItem, nIndex);
     ItemsChanged(TRUE, FALSE);
     return 1;
@@ -185,8 +193,9 @@ void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     const std::vector<dayvane::BoxSpan> spans =
         HasRange() ? GetSpans(screenItems) : std::vector<dayvane::BoxSpan>(screenItems.GetSize(), dayvane::NoBoxes());
     const std::vector<dayvane::BoxLoad> loads = dayvane::LayOutBars(grid, m_metrics.bars, spans, screenItems);
-    for (int i = 0; i < BoxCount(); ++i)
+    for (int i = 0; i < BoxCount(); ++i) {
         m_arrays.more[i] = loads[i].more ? 1 : 0;
+    }
     ScreenItemsChanged();
 }
 
@@ -222,16 +231,18 @@ BOOL CBoxViewCtrl::IsBoxSelected(int nBox)
 
 void CBoxViewCtrl::SelectByKey(const COleDateTime& end, BOOL bBack, UINT nFlags)
 {
-    if (MoveSelectionTo(end, bBack, nFlags))
+    if (MoveSelectionTo(end, bBack, nFlags)) {
         PostMessage(WM_VSCROLL, bBack ? SB_LINEUP : SB_LINEDOWN);
+    }
 }
 
 // ---- Size and scroll
 
 void CBoxViewCtrl::UpdateScrollBar()
 {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     SCROLLINFO info = GetScrollRange();
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
@@ -250,24 +261,28 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
     const dayvane::ScrollStep scroll = CalcScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos));
     COleDateTime target = DateInRangeAfter(scroll.step);
-    if (!scroll.moves || !IsValid(target))
+    if (!scroll.moves || !IsValid(target)) {
         return;
+    }
     Alive alive(this);
     COleDateTime begin;
     COleDateTime end;
     const BOOL keeps = GetSelRange(begin, end) && IsInRangeOf(target, m_dtSelEnd);
     NotifySelDateChange(keeps ? GetCurrentDate() : CarryAlong(GetCurrentDate(), target));
-    if (!alive)
+    if (!alive) {
         return;
+    }
     // The host may have set another date meanwhile.
     target = DateInRangeAfter(scroll.step);
-    if (!IsValid(target))
+    if (!IsValid(target)) {
         return;
+    }
     ScrollTo(target);
     SetScrollPos(SB_VERT, scroll.position, TRUE);
     CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
-    if (alive)
+    if (alive) {
         NotifyViewRangeChange(GetCurrentDate(), kRangeChangeValue);
+    }
 }
 
 // A selection whose moving end lies in the new range stays where it is: a key has put it there, or the step was small.

@@ -20,8 +20,9 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     DrawCaption(pDC, m_rcCaption);
     for (int i = 0; i < BoxCount(); ++i) {
-        if (HasMoreMark(i))
+        if (HasMoreMark(i)) {
             DrawBoxMark(pDC, i);
+        }
     }
 }
 
@@ -43,13 +44,16 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
     for (int i = 0; i < BoxCount(); ++i) {
         const CRect box = PaintRectOf(i);
         CRect seen;
-        if (!seen.IntersectRect(&box, &clip))
+        if (!seen.IntersectRect(&box, &clip)) {
             continue;
+        }
         dayvane::DrawCellBackground(pDC, box, GetBoxColor(i));
-        if (IsToday(i))
+        if (IsToday(i)) {
             DrawTodayRect(pDC, box, i);
-        if (IsBoxSelected(i))
+        }
+        if (IsBoxSelected(i)) {
             DrawFocusRect(pDC, box, i);
+        }
         DrawBoxStrip(pDC, i);
     }
 }

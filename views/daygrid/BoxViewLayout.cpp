@@ -40,8 +40,9 @@ BoxViewLayout LayOutBoxView(const CRect& client, bool showCaption, const BoxView
             const int left = calendar.left + column * width;
             const int top = calendar.top + row * height;
             CRect box(left, top, left + width, top + height);
-            if (column == metrics.columns - 1)
+            if (column == metrics.columns - 1) {
                 box.right += calendar.Width() - metrics.columns * width;
+            }
             layout.boxes.push_back(box);
             layout.strips.push_back(CRect(box.left, box.top, box.right, box.top + metrics.stripHeight));
         }
@@ -52,8 +53,9 @@ BoxViewLayout LayOutBoxView(const CRect& client, bool showCaption, const BoxView
 int BoxOfPoint(const CRect* boxes, int count, CPoint point)
 {
     for (int i = 0; i < count; ++i) {
-        if (boxes[i].PtInRect(point))
+        if (boxes[i].PtInRect(point)) {
             return i;
+        }
     }
     return -1;
 }
@@ -90,8 +92,9 @@ std::vector<BoxSpan> MonthSpans(const ItemArray& items, int year)
 COleDateTime AddYears(const COleDateTime& date, int years)
 {
     SYSTEMTIME time = {};
-    if (!ToSystemTime(date, time))
+    if (!ToSystemTime(date, time)) {
         return date;
+    }
     const int year = time.wYear + years;
     const int day = std::min<int>(time.wDay, civil::DaysInMonth(year, time.wMonth));
     return COleDateTime(year, time.wMonth, day, time.wHour, time.wMinute, time.wSecond);
@@ -101,8 +104,9 @@ COleDateTime FirstOfMonth(const COleDateTime& date, int months)
 {
     const DateFields fields = FieldsOf(date);
     const int month = MonthNumber(fields) + months;
-    if (fields.year < 0 || month < 0)
+    if (fields.year < 0 || month < 0) {
         return COleDateTime(-1, 1, 1, 0, 0, 0);
+    }
     return COleDateTime(month / kMonthsPerYear, month % kMonthsPerYear + 1, 1, 0, 0, 0);
 }
 

@@ -40,8 +40,9 @@ CDayGridCtrl::CDayGridCtrl()
 CDayGridCtrl::~CDayGridCtrl()
 {
     DestroyWindow();
-    if (m_hMoreMark)
+    if (m_hMoreMark) {
         ::DestroyIcon(m_hMoreMark);
+    }
 }
 
 void CDayGridCtrl::OnDestroy()
@@ -53,14 +54,16 @@ void CDayGridCtrl::OnDestroy()
 
 void CDayGridCtrl::LoadMoreMark()
 {
-    if (m_hMoreMark)
+    if (m_hMoreMark) {
         return;
+    }
     CBitmap bitmap;
     CImageList images;
     if (bitmap.LoadBitmap(kMoreMarkBitmap) &&
         images.Create(kMoreMarkWidth, kMoreMarkHeight, ILC_COLOR24 | ILC_MASK, 1, 1) &&
-        images.Add(&bitmap, kTransparent) == 0)
+        images.Add(&bitmap, kTransparent) == 0) {
         m_hMoreMark = images.ExtractIcon(0);
+    }
 }
 
 // ---- Items
@@ -84,8 +87,9 @@ const std::vector<int>& CDayGridCtrl::GetShownItems()
         m_nShownOf = m_arScreenItem.GetSize();
         const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
         for (int i = 0; i < static_cast<int>(m_nShownOf); ++i, ++item) {
-            if (IsShown(*item))
+            if (IsShown(*item)) {
                 m_shown.push_back(i);
+            }
         }
         m_bShownKnown = TRUE;
     }
@@ -95,8 +99,9 @@ const std::vector<int>& CDayGridCtrl::GetShownItems()
 int CDayGridCtrl::ScreenItemAt(CPoint point)
 {
     for (int i : GetShownItems()) {
-        if (IsShown(m_arScreenItem[i]) && m_arScreenItem[i].rcItem.PtInRect(point))
+        if (IsShown(m_arScreenItem[i]) && m_arScreenItem[i].rcItem.PtInRect(point)) {
             return i;
+        }
     }
     return -1;
 }
@@ -119,24 +124,28 @@ int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
     info.nItem = info.nScreenItem = -1;
     info.nHitCode = CCHT_NOWHERE;
     const int box = BoxAt(point);
-    if (box == -1)
+    if (box == -1) {
         return -1;
+    }
     dayvane::ToSystemTime(DateOfBox(box), info.time);
     info.nScreenItem = ScreenItemAt(point);
-    if (info.nScreenItem != -1)
+    if (info.nScreenItem != -1) {
         info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
-    if (point.y < GetBoxRect(box).top + GetHitStripHeight())
+    }
+    if (point.y < GetBoxRect(box).top + GetHitStripHeight()) {
         info.nHitCode = CCHT_ONDAYCAPTION;
-    else
+    } else {
         info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : CCHT_ONCELL;
+    }
     return info.nItem;
 }
 
 void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
 {
     const int box = BoxOfDate(date);
-    if (box == -1 || !m_hWnd)
+    if (box == -1 || !m_hWnd) {
         return;
+    }
     CRect rect = GetBoxRect(box);
     rect.InflateRect(kCellMargin, kCellMargin);
     InvalidateRect(&rect, FALSE);
@@ -147,8 +156,9 @@ void CDayGridCtrl::InvalidateCellRectRange()
 {
     COleDateTime begin;
     COleDateTime end;
-    if (!m_hWnd || !GetSelRange(begin, end))
+    if (!m_hWnd || !GetSelRange(begin, end)) {
         return;
+    }
     int first = PositionOf(begin);
     int last = PositionOf(end);
     if (m_dtPrevSelEnd.GetStatus() == COleDateTime::valid) {
@@ -172,16 +182,20 @@ void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
 
 BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags)
 {
-    if (end.GetStatus() != COleDateTime::valid)
+    if (end.GetStatus() != COleDateTime::valid) {
         return FALSE;
+    }
     m_dtSelEnd = end;
-    if (!(nFlags & kExtendSelection))
+    if (!(nFlags & kExtendSelection)) {
         m_dtSelBegin = end;
-    if (!m_hWnd)
+    }
+    if (!m_hWnd) {
         return FALSE;
+    }
     const int position = PositionOf(end);
-    if (bBack ? position < 0 : position >= GetBoxCount())
+    if (bBack ? position < 0 : position >= GetBoxCount()) {
         return TRUE;
+    }
     InvalidateRect(&m_rcContent, FALSE);
     return FALSE;
 }
@@ -209,15 +223,18 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
     pDC->GetClipBox(&clip);
     const auto draw = [&](const tagCALENDAR_ITEM& item) {
         CRect seen;
-        if (IsShown(item) && seen.IntersectRect(&item.rcItem, &clip))
+        if (IsShown(item) && seen.IntersectRect(&item.rcItem, &clip)) {
             DrawBar(pDC, item);
+        }
     };
     if (&items == &m_arScreenItem) {
-        for (int i : GetShownItems())
+        for (int i : GetShownItems()) {
             draw(items[i]);
+        }
     } else {
-        for (int i = 0; i < static_cast<int>(items.GetSize()); ++i)
+        for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
             draw(items[i]);
+        }
     }
 }
 
@@ -227,14 +244,18 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
     CRect content = painter.DrawBox(item);
     const int marksLeft = content.left;
     pDC->SetTextColor(item.crColor1);
-    if (item.bAlarm)
+    if (item.bAlarm) {
         content.left += DrawAlarmMark(pDC, content, TRUE) + kMarkGap;
-    if (item.bRecurrent)
+    }
+    if (item.bRecurrent) {
         content.left += DrawRecurrentMark(pDC, content, TRUE) + kMarkGap;
-    if (item.nImage != -1)
+    }
+    if (item.nImage != -1) {
         content.left += DrawImageIcon(pDC, item.nImage, content);
-    if (content.left != marksLeft)
+    }
+    if (content.left != marksLeft) {
         content.left += kTextGap;
+    }
 
     const BOOL fullday = dayvane::IsFulldayItem(item);
     pDC->SetTextColor(item.crColor5);
@@ -243,13 +264,15 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
         const dayvane::SelectGdi selectFont(pDC, font);
         painter.DrawText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
-    if (item.nSource == m_nCurSel)
+    if (item.nSource == m_nCurSel) {
         painter.DrawSelection(item, m_colors.highlight);
+    }
 }
 
 void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
 {
-    if (m_hMoreMark)
+    if (m_hMoreMark) {
         ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,
                      kMoreMarkWidth, kMoreMarkHeight, 0, nullptr, DI_NORMAL);
+    }
 }

@@ -13,8 +13,9 @@ constexpr UINT kOpenKey = VK_F4;
 void CDayGridCtrl::EnableMoreList(BOOL bEnable)
 {
     m_bMoreListEnabled = bEnable;
-    if (!bEnable)
+    if (!bEnable) {
         CloseMoreList();
+    }
 }
 
 BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
@@ -26,14 +27,16 @@ BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
 
 void CDayGridCtrl::CloseMoreList()
 {
-    if (m_pMoreList)
+    if (m_pMoreList) {
         m_pMoreList->Close();
+    }
 }
 
 void CDayGridCtrl::MoreListGone(CMoreListWnd* pList)
 {
-    if (m_pMoreList == pList)
+    if (m_pMoreList == pList) {
         m_pMoreList = nullptr;
+    }
 }
 
 LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
@@ -41,8 +44,9 @@ LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     if (m_pMoreList) {
         switch (message) {
         case WM_KEYDOWN:
-            if (m_pMoreList->OnKey(static_cast<UINT>(wParam)))
+            if (m_pMoreList->OnKey(static_cast<UINT>(wParam))) {
                 return 0;
+            }
             break;
         case WM_CHAR:
             return 0;
@@ -66,10 +70,12 @@ LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     }
     if (m_bMoreListEnabled) {
         if (message == WM_LBUTTONDOWN &&
-            OpenMoreListAt(CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)))))
+            OpenMoreListAt(CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))))) {
             return 0;
-        if (message == WM_KEYDOWN && wParam == kOpenKey && OpenMoreListOf(m_dtSelBegin))
+        }
+        if (message == WM_KEYDOWN && wParam == kOpenKey && OpenMoreListOf(m_dtSelBegin)) {
             return 0;
+        }
     }
     return CCalendarCtrl::WindowProc(message, wParam, lParam);
 }
@@ -78,8 +84,9 @@ BOOL CDayGridCtrl::OpenMoreListAt(CPoint point)
 {
     for (int i = 0; i < GetBoxCount(); ++i) {
         MoreBox box;
-        if (GetMoreBox(i, box) && box.mark.PtInRect(point))
+        if (GetMoreBox(i, box) && box.mark.PtInRect(point)) {
             return OpenMoreList(box);
+        }
     }
     return FALSE;
 }
@@ -88,8 +95,9 @@ BOOL CDayGridCtrl::OpenMoreListOf(const COleDateTime& date)
 {
     for (int i = 0; i < GetBoxCount(); ++i) {
         MoreBox box;
-        if (GetMoreBox(i, box) && date >= box.first && date <= box.last)
+        if (GetMoreBox(i, box) && date >= box.first && date <= box.last) {
             return OpenMoreList(box);
+        }
     }
     return FALSE;
 }
@@ -98,8 +106,9 @@ BOOL CDayGridCtrl::OpenMoreList(const MoreBox& box)
 {
     Alive alive(this);
     SetFocus(); // may end an edit, and so run the host's code
-    if (!alive || m_pMoreList)
+    if (!alive || m_pMoreList) {
         return TRUE;
+    }
     CRect mark = box.mark;
     ClientToScreen(&mark);
     m_pMoreList =
@@ -111,8 +120,9 @@ BOOL CDayGridCtrl::OpenMoreList(const MoreBox& box)
 
 void CDayGridCtrl::ChooseListedItem(int nItem, unsigned nItemVersion)
 {
-    if (nItemVersion != m_nItemVersion)
+    if (nItemVersion != m_nItemVersion) {
         return;
+    }
     SetCurSel(nItem);
     NotifyItemByKey(CCN_ITEMCLICK, nItem, 0);
 }
@@ -120,8 +130,9 @@ void CDayGridCtrl::ChooseListedItem(int nItem, unsigned nItemVersion)
 // The list was pressed and left with the button down: what follows is a press on the item in the view.
 void CDayGridCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleDateTime& dtFirst, CPoint screen)
 {
-    if (nItemVersion != m_nItemVersion)
+    if (nItemVersion != m_nItemVersion) {
         return;
+    }
     tagCCHITTESTINFO hit;
     ScreenToClient(&screen);
     hit.pt = screen;
@@ -131,8 +142,9 @@ void CDayGridCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleDa
     Alive alive(this);
     const unsigned cancelsBefore = m_nCancelCount;
     Notify(CCN_ITEMCLICK, nItem, MK_LBUTTON, screen, hit.time, hit.nHitCode);
-    if (!alive || nItemVersion != m_nItemVersion || m_nCancelCount != cancelsBefore)
+    if (!alive || nItemVersion != m_nItemVersion || m_nCancelCount != cancelsBefore) {
         return;
+    }
     dayvane::PressedItem pressed;
     pressed.movable = IsItemMovable(nItem) == 1;
     pressed.times = {m_arItem[nItem].dtStart, m_arItem[nItem].dtEnd};
@@ -141,8 +153,9 @@ void CDayGridCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleDa
 
 void CDayGridCtrl::DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect)
 {
-    if (nItemVersion != m_nItemVersion)
+    if (nItemVersion != m_nItemVersion) {
         return;
+    }
     const int saved = pDC->SetBkMode(TRANSPARENT);
     tagCALENDAR_ITEM item = m_arItem[nItem];
     item.nSource = nItem;

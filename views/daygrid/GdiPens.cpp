@@ -9,11 +9,13 @@ template <class Entries, class Make>
 auto FindOrMake(Entries& entries, int width, COLORREF color, Make make)
 {
     for (const auto& entry : entries) {
-        if (entry.width == width && entry.color == color)
+        if (entry.width == width && entry.color == color) {
             return entry.tool.get();
+        }
     }
-    if (entries.size() >= kMaxTools)
+    if (entries.size() >= kMaxTools) {
         entries.erase(entries.begin());
+    }
     entries.push_back({width, color, make()});
     return entries.back().tool.get();
 }

@@ -12,26 +12,30 @@ constexpr int kModeBothTimes = 8; // item display mode
 
 const tagCALENDAR_DAY_COLOR& RowOf(const MonthCellDate& cell, int dayColor, const DayColorTable& colors)
 {
-    if (dayColor != 0)
+    if (dayColor != 0) {
         return colors[dayColor - 1];
+    }
     const int dayOfWeek = cell.m_date.GetDayOfWeek();
-    if (dayOfWeek == kSaturday)
+    if (dayOfWeek == kSaturday) {
         return colors[MONTHROW_SATURDAY];
+    }
     const bool isDayOff = cell.m_bHoliday == 1 && cell.m_nHolidayType == 0;
     return colors[dayOfWeek == kSunday || isDayOff ? MONTHROW_HOLIDAY : MONTHROW_ORDINARY];
 }
 
 COLORREF TextColorOf(const MonthCellDate& cell, int dayColor, const DayColorTable& colors)
 {
-    if (dayColor == 0 && !(cell.m_nFlags & MONTHCELL_INMONTH))
+    if (dayColor == 0 && !(cell.m_nFlags & MONTHCELL_INMONTH)) {
         return colors[MONTHROW_ORDINARY].crColor[MONTHCOLOR_OTHERMONTH];
+    }
     return RowOf(cell, dayColor, colors).crColor[MONTHCOLOR_TEXT];
 }
 
 void AppendWord(CString& text, const CString& word)
 {
-    if (!text.IsEmpty() && !word.IsEmpty())
+    if (!text.IsEmpty() && !word.IsEmpty()) {
         text += ' ';
+    }
     text += word;
 }
 
@@ -62,11 +66,13 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
     COLORREF text = look.selected ? input.selectedText : TextColorOf(cell, dayColor, input.colors);
     if (cell.m_bHoliday == 1 && input.showHoliday) {
         look.annotation = cell.m_strHoliday;
-        if (cell.m_nHolidayType == 0 && !look.selected)
+        if (cell.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
+        }
     }
-    if (cell.m_bSolarTerm == 1 && input.showSolarTerm)
+    if (cell.m_bSolarTerm == 1 && input.showSolarTerm) {
         AppendWord(look.annotation, SolarTermOf(cell));
+    }
     AppendWord(look.annotation, cell.m_dayProperty.strText);
     look.annotationColor = text;
 
@@ -74,8 +80,9 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
         const DateFields fields = FieldsOf(cell.m_date);
         if (fields.day == 1) {
             look.dayNumber.Format("%02d/%d/%d", fields.year % kYearsPerCentury, fields.month, fields.day);
-            if (!look.selected)
+            if (!look.selected) {
                 text = holidayText;
+            }
         } else if (firstOfGrid) {
             look.dayNumber.Format("%d/%d", fields.month, fields.day);
         } else {
@@ -88,18 +95,21 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
 
 CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode)
 {
-    if (fullday)
+    if (fullday) {
         return item.strText;
+    }
     CString times = TimeText(item.dtStart);
-    if (displayMode == kModeBothTimes)
+    if (displayMode == kModeBothTimes) {
         times += "-" + TimeText(item.dtEnd);
+    }
     return times + " " + item.strText;
 }
 
 CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday)
 {
-    if (fullday)
+    if (fullday) {
         return item.strText;
+    }
     return TimeText(item.dtStart) + " - " + TimeText(item.dtEnd) + " " + item.strText;
 }
 
@@ -109,10 +119,11 @@ CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CS
     const DateFields last = FieldsOf(end);
     CString days;
     days.Format("%d/%d", first.month, first.day);
-    if (last.year != first.year || last.month != first.month)
+    if (last.year != first.year || last.month != first.month) {
         days.AppendFormat("-%d/%d", last.month, last.day);
-    else if (last.day != first.day)
+    } else if (last.day != first.day) {
         days.AppendFormat("-%d", last.day);
+    }
     return days + " " + text;
 }
 

@@ -18,12 +18,15 @@ MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, co
     MonthCellDate cell;
     cell.m_date = date;
     const DateFields fields = FieldsOf(date);
-    if (!IsValid(date))
+    if (!IsValid(date)) {
         return cell;
-    if (fields.month == currentMonth)
+    }
+    if (fields.month == currentMonth) {
         cell.m_nFlags |= MONTHCELL_INMONTH;
-    if (fields == today)
+    }
+    if (fields == today) {
         cell.m_nFlags |= MONTHCELL_TODAY;
+    }
     const DayAnnotation annotation = AnnotateDay(date);
     if (annotation.holidayName) {
         cell.m_strHoliday = annotation.holidayName;
@@ -95,8 +98,9 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 
 int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek)
 {
-    if (!IsValid(date))
+    if (!IsValid(date)) {
         return kNoDay;
+    }
     const DateFields fields = FieldsOf(date);
     return WeekStartOf(DayNumberOf(date) - (fields.day - 1), firstDayOfWeek);
 }
@@ -119,8 +123,9 @@ void FillCellDates(int firstDay, int count, const COleDateTime& current, const C
 int FirstDayOf(const MonthCellDateArray& dates)
 {
     for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
-        if (IsValid(dates[i].m_date))
+        if (IsValid(dates[i].m_date)) {
             return DayNumberOf(dates[i].m_date) - i;
+        }
     }
     return kNoDay;
 }
@@ -152,8 +157,9 @@ BoxGrid BoxGridOf(const MonthCellArray& cells)
 {
     BoxGrid grid;
     grid.columns = kMonthColumns;
-    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i)
+    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
         grid.boxes.push_back(cells[i].m_rect);
+    }
     return grid;
 }
 
@@ -229,8 +235,9 @@ ScrollStep CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
 int CellOfPoint(const MonthCellArray& cells, CPoint point)
 {
     for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
-        if (cells[i].m_rect.PtInRect(point))
+        if (cells[i].m_rect.PtInRect(point)) {
             return i;
+        }
     }
     return -1;
 }

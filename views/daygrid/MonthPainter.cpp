@@ -52,8 +52,9 @@ constexpr FontForm kAnnotationFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI 
 
 void CreateFont(CFont& font, const FontForm& form)
 {
-    if (font.GetSafeHandle())
+    if (font.GetSafeHandle()) {
         return;
+    }
     LOGFONT lf = {};
     lf.lfHeight = form.height;
     lf.lfWeight = form.weight;
@@ -87,8 +88,9 @@ void MonthFonts::Create()
 
 void MonthFonts::Delete()
 {
-    for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText})
+    for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText}) {
         font->DeleteObject();
+    }
     texts.Clear();
 }
 
@@ -106,8 +108,9 @@ CFont* MonthFonts::CaptionText(const LOGFONT& itemFont)
 
 void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
 {
-    if (m_captionNumber.GetSafeHandle() && std::memcmp(&m_captionBase, &itemFont, sizeof(itemFont)) == 0)
+    if (m_captionNumber.GetSafeHandle() && std::memcmp(&m_captionBase, &itemFont, sizeof(itemFont)) == 0) {
         return;
+    }
     m_captionBase = itemFont;
     m_captionNumber.DeleteObject();
     m_captionText.DeleteObject();
@@ -136,8 +139,9 @@ void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, con
                      COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
 {
     DrawTitleBand(pDC, band, colors);
-    if (band.IsRectEmpty())
+    if (band.IsRectEmpty()) {
         return;
+    }
     pDC->SetTextColor(textColor);
     CRect text = band;
     text.DeflateRect(kPaintMetrics.captionInset, kPaintMetrics.captionInset);
@@ -159,8 +163,9 @@ void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& header
     const bool isShort = headerCells[0].m_rect.Width() < pDC->GetTextExtent(kWeekdays[0].name, kNameLength).cx;
     for (int column = 0; column < kMonthColumns; ++column) {
         const int dayOfWeek = dates[column].m_date.GetDayOfWeek();
-        if (dayOfWeek < 1)
+        if (dayOfWeek < 1) {
             continue;
+        }
         const Weekday& weekday = kWeekdays[dayOfWeek - 1];
         CRect box = headerCells[column].m_rect;
         pDC->SetTextColor(weekday.color);
@@ -195,23 +200,27 @@ void DrawBoxGrid(CDC* pDC, const CRect& calendar, CSize boxSize, int columns, in
 void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color)
 {
     const CRect inner(cell.left + 1, cell.top + 1, cell.right, cell.bottom);
-    if (!inner.IsRectEmpty())
+    if (!inner.IsRectEmpty()) {
         pDC->FillSolidRect(&inner, color);
+    }
 }
 
 void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens, const DayFrameStrips& strips)
 {
     CRect frame = cell;
     frame.DeflateRect(kPaintMetrics.frameInset, kPaintMetrics.frameInset);
-    if (frame.IsRectEmpty())
+    if (frame.IsRectEmpty()) {
         return;
+    }
     CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + strips.upper);
     CRect lower(upper.left, upper.bottom, upper.right, upper.bottom + strips.lower);
     const int lineY = lower.bottom;
-    if (upper.IntersectRect(&upper, &frame))
+    if (upper.IntersectRect(&upper, &frame)) {
         DrawGradient(pDC, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
-    if (lower.IntersectRect(&lower, &frame))
+    }
+    if (lower.IntersectRect(&lower, &frame)) {
         DrawGradient(pDC, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
+    }
     if (lineY < frame.bottom) {
         const SelectGdi selectPen(pDC, pens.Solid(colors.bottomLineWidth, colors.bottomLine));
         pDC->MoveTo(frame.left, lineY);
@@ -235,19 +244,22 @@ void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, Month
         const SelectGdi selectNumber(pDC, &fonts.dayNumber);
         const CString number = FittingDayNumber(pDC, fonts, texts.number, rest.Width());
         const int numberWidth = cache.WidthOf(pDC, &fonts.dayNumber, number);
-        if (numberWidth > rest.Width())
+        if (numberWidth > rest.Width()) {
             rest = strip; // "10" would lose a digit
+        }
         cache.Draw(pDC, &fonts.dayNumber, number, rest, DT_LEFT | DT_VCENTER);
         rest.left += numberWidth + kPaintMetrics.suffixGap;
     }
     const SelectGdi selectFont(pDC, &fonts.annotation);
     const int suffixWidth = cache.WidthOf(pDC, &fonts.annotation, texts.suffix);
-    if (suffixWidth > rest.Width())
+    if (suffixWidth > rest.Width()) {
         return;
+    }
     cache.Draw(pDC, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
     rest.left += suffixWidth + kPaintMetrics.annotationGap;
-    if (rest.Width() < kPaintMetrics.annotationMinWidth)
+    if (rest.Width() < kPaintMetrics.annotationMinWidth) {
         return;
+    }
     pDC->SetTextColor(texts.annotationColor);
     cache.Draw(pDC, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
 }
@@ -262,15 +274,17 @@ void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, Month
     pDC->SetTextColor(look.dayNumberColor);
     const CString dayNumber = FittingDayNumber(pDC, fonts, look.dayNumber, number.Width());
     cache.Draw(pDC, &fonts.dayNumber, dayNumber, number, DT_RIGHT | DT_TOP);
-    if (look.annotation.IsEmpty())
+    if (look.annotation.IsEmpty()) {
         return;
+    }
     CRect annotation = cell;
     annotation.left += kPaintMetrics.annotationLeft;
     annotation.top += kPaintMetrics.annotationTop;
     annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
     annotation.right = number.right - cache.WidthOf(pDC, &fonts.dayNumber, dayNumber) - kPaintMetrics.annotationGap;
-    if (annotation.Width() < kPaintMetrics.annotationMinWidth)
+    if (annotation.Width() < kPaintMetrics.annotationMinWidth) {
         return;
+    }
     const SelectGdi selectFont(pDC, &fonts.annotation);
     pDC->SetTextColor(look.annotationColor);
     cache.Draw(pDC, &fonts.annotation, look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);

@@ -51,8 +51,9 @@ CMonthViewCtrl::~CMonthViewCtrl()
 
 BOOL CMonthViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CWnd::Create(kWindowClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+    if (!CWnd::Create(kWindowClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
+    }
     CalcCalendar();
     m_fonts.Create();
     LoadMoreMark();
@@ -81,8 +82,9 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
     Alive alive(this);
     FinishEdit(TRUE);
-    if (!alive)
+    if (!alive) {
         return;
+    }
     CDayGridCtrl::SetCurrentDate(date);
     m_dtScroll = m_dtCurrent = date;
     m_dtSelBegin = m_dtSelEnd = dayvane::StartOfDay(date);
@@ -91,8 +93,9 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
     CalcItemRect(m_rcContent, m_arItem);
     SetCurSel(-1);
     SetSelScreenItem(-1);
-    if (m_hWnd)
+    if (m_hWnd) {
         SetScrollPos(SB_VERT, m_dtScroll.GetMonth() - 1, TRUE);
+    }
 }
 
 void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
@@ -105,8 +108,9 @@ void CMonthViewCtrl::MoveCalendar(int nWeeks)
 {
     const int firstDay = dayvane::FirstDayOf(m_arCellDate);
     const long long moved = firstDay + static_cast<long long>(nWeeks) * dayvane::kMonthColumns;
-    if (firstDay == dayvane::kNoDay || moved <= civil::kFirstDay - dayvane::kMonthCells || moved > civil::kLastDay)
+    if (firstDay == dayvane::kNoDay || moved <= civil::kFirstDay - dayvane::kMonthCells || moved > civil::kLastDay) {
         return; // no day of the grid would be a date
+    }
     RebuildDates(static_cast<int>(moved));
     UpdateScreenItems();
     InvalidateClient();
@@ -116,8 +120,9 @@ void CMonthViewCtrl::MoveCalendar(int nWeeks)
 void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
     const int cell = BoxOfDate(date);
-    if (cell != -1)
+    if (cell != -1) {
         m_arCellDate[cell].m_dayProperty = property;
+    }
 }
 
 void CMonthViewCtrl::ClearDayProperty()
@@ -202,14 +207,16 @@ void CMonthViewCtrl::MoveRightward(UINT nFlags)
 
 void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    if (!MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags))
+    if (!MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags)) {
         return;
+    }
     const COleDateTime begin = m_dtSelBegin;
     const COleDateTime end = m_dtSelEnd;
     Alive alive(this);
     SendMessage(WM_VSCROLL, nDays < 0 ? SB_LINEUP : SB_LINEDOWN);
-    if (!alive)
+    if (!alive) {
         return;
+    }
     // Scrolling has put the selection on the new current date.
     m_dtSelBegin = begin;
     m_dtSelEnd = end;
@@ -241,23 +248,28 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
         dayvane::CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
     const int days = scroll.step * dayvane::kMonthColumns;
     COleDateTime date = dayvane::AddDays(m_dtCurrent, days);
-    if (!scroll.moves || date.GetStatus() != COleDateTime::valid)
+    if (!scroll.moves || date.GetStatus() != COleDateTime::valid) {
         return;
+    }
     Alive alive(this);
     const bool isSelected = dayvane::IsSameDay(m_dtSelBegin, date) && dayvane::IsSameDay(m_dtSelEnd, date);
-    if (days != 0 || !isSelected)
+    if (days != 0 || !isSelected) {
         NotifySelDateChange(date);
-    if (!alive)
+    }
+    if (!alive) {
         return;
+    }
     // The host may have set another date meanwhile.
     date = dayvane::AddDays(m_dtCurrent, days);
-    if (date.GetStatus() != COleDateTime::valid)
+    if (date.GetStatus() != COleDateTime::valid) {
         return;
+    }
     m_dtCurrent = m_dtScroll = date;
     m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
     MoveCalendar(scroll.step);
-    if (!alive)
+    if (!alive) {
         return;
+    }
     m_dtSelBegin = m_dtSelEnd = m_dtCurrent;
     SetScrollPos(SB_VERT, scroll.position, TRUE);
     CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);

@@ -48,18 +48,21 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
     std::vector<bool> hasCurrent(dayvane::kMonthCells, false);
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
         const int cell = screenItems[i].bNoFocus ? -1 : dayvane::CellOfDate(m_arCellDate, screenItems[i].dtStart);
-        if (cell == -1)
+        if (cell == -1) {
             continue;
+        }
         lastOfCell[cell] = i;
-        if (screenItems[i].nSource == m_nCurSel)
+        if (screenItems[i].nSource == m_nCurSel) {
             hasCurrent[cell] = true;
+        }
     }
     CRect clip;
     pDC->GetClipBox(&clip);
     for (int cell = 0; cell < dayvane::kMonthCells; ++cell) {
         CRect seen;
-        if (lastOfCell[cell] != -1 && seen.IntersectRect(&screenItems[lastOfCell[cell]].rcItem, &clip))
+        if (lastOfCell[cell] != -1 && seen.IntersectRect(&screenItems[lastOfCell[cell]].rcItem, &clip)) {
             DrawBlock(pDC, screenItems[lastOfCell[cell]], hasCurrent[cell]);
+        }
     }
 }
 
@@ -67,10 +70,12 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool cur
 {
     CRect box = item.rcItem;
     box.DeflateRect(kBoxInset, kBoxInset);
-    if (box.IsRectEmpty())
+    if (box.IsRectEmpty()) {
         return;
-    if (item.crColor2 != kUnfilled)
+    }
+    if (item.crColor2 != kUnfilled) {
         pDC->FillSolidRect(&box, item.crColor2);
+    }
     DrawEdges(pDC, box, m_pens.Solid(1, kBlockOutline));
     CRect content = box;
     content.DeflateRect(kContentInset, kContentInset);
@@ -84,10 +89,12 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool cur
     {
         const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
         // Of a text in a box of less than half its height only meaningless dashes would be seen.
-        if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2)
+        if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2) {
             pDC->DrawText(item.strText, &content,
                           DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+        }
     }
-    if (current)
+    if (current) {
         DrawEdges(pDC, selection, m_pens.Solid(1, m_colors.highlight));
+    }
 }

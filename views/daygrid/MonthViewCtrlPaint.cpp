@@ -17,8 +17,9 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
     DrawHeader(pDC, m_rcRuler);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     for (int i = 0; i < dayvane::kMonthCells; ++i) {
-        if (HasMoreMark(i))
+        if (HasMoreMark(i)) {
             DrawMoreMark(pDC, m_arCell[i].m_rect);
+        }
     }
 }
 
@@ -46,14 +47,17 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
     for (int i = 0; i < dayvane::kMonthCells; ++i) {
         const CRect& cell = m_arCell[i].m_rect;
         CRect seen;
-        if (!seen.IntersectRect(&cell, &clip))
+        if (!seen.IntersectRect(&cell, &clip)) {
             continue;
+        }
         const dayvane::MonthCellLook look = dayvane::CalcCellLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
         dayvane::DrawCellBackground(pDC, cell, look.background);
-        if (look.today)
+        if (look.today) {
             DrawTodayRect(pDC, cell);
-        if (look.selected)
+        }
+        if (look.selected) {
             DrawFocusRect(pDC, cell);
+        }
         dayvane::DrawCellTexts(pDC, cell, look, m_fonts);
     }
 }

@@ -13,12 +13,14 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
     const int lastDay = DayNumberOf(last);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = items[i];
-        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid)
+        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid) {
             continue;
+        }
         const int start = DayNumberOf(item.dtStart);
         const int end = DayNumberOf(item.dtEnd);
-        if (start <= end && start <= lastDay && end >= firstDay)
+        if (start <= end && start <= lastDay && end >= firstDay) {
             found.push_back(i);
+        }
     }
     std::stable_sort(found.begin(), found.end(),
                      [&items](int a, int b) { return items[a].dtStart < items[b].dtStart; });
@@ -29,8 +31,9 @@ CRect PlaceMoreList(const CRect& mark, CSize size, const CRect& workArea)
 {
     int left = mark.right - size.cx;
     int top = mark.bottom;
-    if (top + size.cy > workArea.bottom && mark.top - size.cy >= workArea.top)
+    if (top + size.cy > workArea.bottom && mark.top - size.cy >= workArea.top) {
         top = mark.top - size.cy;
+    }
     left = std::max<int>(std::min<int>(left, workArea.right - size.cx), workArea.left);
     top = std::max<int>(std::min<int>(top, workArea.bottom - size.cy), workArea.top);
     return CRect(CPoint(left, top), size);
@@ -52,8 +55,9 @@ CRect MoreListModel::RowRect(int row) const
 int MoreListModel::RowAt(CPoint point) const
 {
     for (int row = m_top; row < m_top + RowsInSight(); ++row) {
-        if (RowRect(row).PtInRect(point))
+        if (RowRect(row).PtInRect(point)) {
             return row;
+        }
     }
     return -1;
 }
@@ -61,10 +65,11 @@ int MoreListModel::RowAt(CPoint point) const
 void MoreListModel::SetCurrent(int row)
 {
     m_current = std::max(std::min(row, Count() - 1), 0);
-    if (m_current < m_top)
+    if (m_current < m_top) {
         m_top = m_current;
-    else if (m_current >= m_top + RowsInSight())
+    } else if (m_current >= m_top + RowsInSight()) {
         m_top = m_current - RowsInSight() + 1;
+    }
 }
 
 void MoreListModel::Scroll(int rows)

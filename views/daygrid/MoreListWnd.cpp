@@ -42,15 +42,17 @@ CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigne
 CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
                                  const COleDateTime& dtFirst)
 {
-    if (items.empty())
+    if (items.empty()) {
         return nullptr;
+    }
     CDayGridCtrl::RegisterViewClass(kWindowClass, nullptr);
     CMoreListWnd* list = new CMoreListWnd(pOwner, std::move(items), nItemVersion, dtFirst);
     CRect frame(CPoint(0, 0), list->m_model.Size());
     ::AdjustWindowRectEx(&frame, WS_POPUP | WS_BORDER, FALSE, WS_EX_TOOLWINDOW);
     const CRect place = dayvane::PlaceMoreList(mark, frame.Size(), WorkAreaAt(mark));
-    if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0))
+    if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0)) {
         return nullptr; // it has deleted itself
+    }
     list->m_model.SetCurrent(0);
     ::SetWindowPos(list->m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     list->SetCapture();
@@ -138,10 +140,11 @@ void CMoreListWnd::OnLButtonDown(UINT, CPoint point)
     CRect client;
     GetClientRect(&client);
     m_nPressed = m_model.RowAt(point);
-    if (!client.PtInRect(point))
+    if (!client.PtInRect(point)) {
         Close();
-    else if (m_nPressed != -1)
+    } else if (m_nPressed != -1) {
         SetCurrentRow(m_nPressed);
+    }
 }
 
 void CMoreListWnd::OnRButtonDown(UINT, CPoint)
@@ -154,13 +157,15 @@ void CMoreListWnd::OnMouseMove(UINT nFlags, CPoint point)
     CRect client;
     GetClientRect(&client);
     if (m_nPressed != -1 && (nFlags & MK_LBUTTON)) {
-        if (!client.PtInRect(point))
+        if (!client.PtInRect(point)) {
             DragOut(point);
+        }
         return;
     }
     const int row = m_model.RowAt(point);
-    if (row != -1 && row != m_model.Current())
+    if (row != -1 && row != m_model.Current()) {
         SetCurrentRow(row);
+    }
 }
 
 void CMoreListWnd::OnLButtonUp(UINT, CPoint point)
@@ -168,8 +173,9 @@ void CMoreListWnd::OnLButtonUp(UINT, CPoint point)
     const int row = m_model.RowAt(point);
     const bool isChosen = row != -1 && row == m_nPressed;
     m_nPressed = -1;
-    if (isChosen)
+    if (isChosen) {
         Choose(row);
+    }
 }
 
 BOOL CMoreListWnd::OnMouseWheel(UINT, short zDelta, CPoint)
@@ -181,8 +187,9 @@ BOOL CMoreListWnd::OnMouseWheel(UINT, short zDelta, CPoint)
 
 void CMoreListWnd::OnCaptureChanged(CWnd* pWnd)
 {
-    if (pWnd != this)
+    if (pWnd != this) {
         PostMessage(WM_CLOSE); // DefWindowProc destroys the window; not in the midst of what took the mouse
+    }
 }
 
 int CMoreListWnd::OnMouseActivate(CWnd*, UINT, UINT)
@@ -206,12 +213,14 @@ void CMoreListWnd::OnPaint()
     memory.FillSolidRect(&client, kGround);
     for (int row = m_model.Top(); row < m_model.Top() + m_model.RowsInSight(); ++row) {
         CRect rect = m_model.RowRect(row);
-        if (row == m_model.Current())
+        if (row == m_model.Current()) {
             memory.FillSolidRect(&rect, m_pOwner->GetColors().highlight);
+        }
         rect.DeflateRect(kRowFrame, kRowFrame);
         memory.FillSolidRect(&rect, kGround);
         m_pOwner->DrawListedItem(&memory, m_model.Item(row), m_nItemVersion, rect);
     }
-    if (m_model.Top() + m_model.RowsInSight() < m_model.Count())
+    if (m_model.Top() + m_model.RowsInSight() < m_model.Count()) {
         m_pOwner->DrawMoreMark(&memory, client);
+    }
 }

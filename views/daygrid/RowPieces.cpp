@@ -44,8 +44,9 @@ public:
 
     tagCALENDAR_ITEM& Next()
     {
-        if (m_count == m_pieces.GetSize())
+        if (m_count == m_pieces.GetSize()) {
             m_pieces.SetSize(m_count + m_count / 2 + kLeastGrowth);
+        }
         return m_pieces.GetData()[m_count++];
     }
     void Finish() { m_pieces.SetSize(m_count); }
@@ -60,8 +61,9 @@ private:
 void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, const DayEdges& edges, PieceWriter& pieces)
 {
     const int startDay = DayNumberOf(item.dtStart);
-    if (startDay >= rows.back())
+    if (startDay >= rows.back()) {
         return;
+    }
     const int endDay = DayNumberOf(item.dtEnd);
     const int clippedEnd = std::min(endDay, rows.back() - 1);
     int day = std::max(startDay, rows.front());
@@ -74,10 +76,12 @@ void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, cons
         piece.nPiece = KindOfPiece(startDay<day, endDay> last);
         piece.bNoFocus = FALSE;
         piece.rcItem.NormalizeRect();
-        if (day != startDay)
+        if (day != startDay) {
             piece.dtStart = edges.StartOf(day);
-        if (last != endDay)
+        }
+        if (last != endDay) {
             piece.dtEnd = edges.EndOf(last);
+        }
         day = last + 1;
     }
 }
@@ -87,8 +91,9 @@ void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, cons
 DayRows EvenRows(int firstDay, int rows, int daysPerRow)
 {
     DayRows starts(rows + 1);
-    for (int row = 0; row <= rows; ++row)
+    for (int row = 0; row <= rows; ++row) {
         starts[row] = firstDay + row * daysPerRow;
+    }
     return starts;
 }
 
@@ -103,8 +108,9 @@ void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& piece
     const int count = static_cast<int>(items.GetSize());
     const tagCALENDAR_ITEM* item = items.GetData();
     for (int i = 0; i < count; ++i, ++item) {
-        if (item->dtStart.GetStatus() == COleDateTime::valid && item->dtEnd.GetStatus() == COleDateTime::valid)
+        if (item->dtStart.GetStatus() == COleDateTime::valid && item->dtEnd.GetStatus() == COleDateTime::valid) {
             CutItem(*item, i, rows, edges, writer);
+        }
     }
     writer.Finish();
 }

@@ -36,8 +36,9 @@ template <std::size_t Count>
 ScrollStep FindScrollStep(const ScrollRow (&rows)[Count], int code)
 {
     for (const ScrollRow& row : rows) {
-        if (row.code == code)
+        if (row.code == code) {
             return {true, row.position, row.step};
+        }
     }
     return {};
 }

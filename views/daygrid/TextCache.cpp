@@ -25,8 +25,9 @@ std::wstring Widen(const CString& text, UINT codePage)
     const int length = ::MultiByteToWideChar(codePage, 0, text, text.GetLength(), &wide[0], text.GetLength());
     wide.resize(length);
     for (wchar_t& character : wide) {
-        if (character < L' ')
+        if (character < L' ') {
             character = L' ';
+        }
     }
     return wide;
 }
@@ -37,8 +38,9 @@ size_t TextCache::KeyHash::operator()(const Key& key) const
 {
     constexpr unsigned kPrime = 16777619u; // FNV-1a
     unsigned hash = 2166136261u ^ static_cast<unsigned>(key.room);
-    for (const char* byte = key.text.GetString(); *byte; ++byte)
+    for (const char* byte = key.text.GetString(); *byte; ++byte) {
         hash = (hash ^ static_cast<unsigned char>(*byte)) * kPrime;
+    }
     return hash ^ static_cast<unsigned>(reinterpret_cast<UINT_PTR>(key.font));
 }
 
@@ -52,8 +54,9 @@ const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
 {
     const HGDIOBJ handle = pFont->GetSafeHandle();
     const auto found = m_fonts.find(handle);
-    if (found != m_fonts.end())
+    if (found != m_fonts.end()) {
         return found->second;
+    }
     const HDC hDC = pDC->GetSafeHdc();
     TEXTMETRICW metrics = {};
     ::GetTextMetricsW(hDC, &metrics);
@@ -71,10 +74,12 @@ TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const CStri
     int fitting = 0;
     ::GetTextExtentExPointW(pDC->GetSafeHdc(), line.text.c_str(), length, room, &fitting, ends.data(), &size);
     line.width = size.cx;
-    if (size.cx <= room)
+    if (size.cx <= room) {
         return line;
-    while (fitting > 0 && ends[fitting - 1] + font.ellipsisWidth > room)
+    }
+    while (fitting > 0 && ends[fitting - 1] + font.ellipsisWidth > room) {
         --fitting;
+    }
     line.text = line.text.substr(0, fitting) + kEllipsis;
     line.width = (fitting > 0 ? ends[fitting - 1] : 0) + font.ellipsisWidth;
     return line;
@@ -84,10 +89,12 @@ const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const CString&
 {
     const Key key = {pFont->GetSafeHandle(), room, text};
     const auto found = m_lines.find(key);
-    if (found != m_lines.end())
+    if (found != m_lines.end()) {
         return found->second;
-    if (m_lines.size() >= kMaxLines)
+    }
+    if (m_lines.size() >= kMaxLines) {
         m_lines.clear();
+    }
     return m_lines.emplace(key, MakeLine(pDC, FactsOf(pDC, pFont), text, room)).first->second;
 }
 
@@ -98,15 +105,17 @@ int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text)
 
 void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format)
 {
-    if (text.IsEmpty() || rect.IsRectEmpty())
+    if (text.IsEmpty() || rect.IsRectEmpty()) {
         return;
+    }
     const int height = FactsOf(pDC, pSelectedFont).height;
     const Line& line = LineFor(pDC, pSelectedFont, text, (format & DT_END_ELLIPSIS) ? rect.Width() : INT_MAX);
     int x = rect.left;
-    if (format & DT_CENTER)
+    if (format & DT_CENTER) {
         x += (rect.Width() - line.width) / 2;
-    else if (format & DT_RIGHT)
+    } else if (format & DT_RIGHT) {
         x += rect.Width() - line.width;
+    }
     const int y = (format & DT_VCENTER) ? rect.top + (rect.Height() - height) / 2 : rect.top;
     const bool fits = line.width <= rect.Width() && height <= rect.Height();
     ::ExtTextOutW(pDC->GetSafeHdc(), x, y, fits ? 0 : ETO_CLIPPED, &rect, line.text.c_str(),

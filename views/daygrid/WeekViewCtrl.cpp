@@ -73,10 +73,12 @@ void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
 // Near the ends of the valid dates one end of the range may not be a date.
 int CWeekViewCtrl::FirstDay() const
 {
-    if (m_dtRangeStart.GetStatus() == COleDateTime::valid)
+    if (m_dtRangeStart.GetStatus() == COleDateTime::valid) {
         return dayvane::DayNumberOf(m_dtRangeStart);
-    if (m_dtRangeEnd.GetStatus() == COleDateTime::valid)
+    }
+    if (m_dtRangeEnd.GetStatus() == COleDateTime::valid) {
         return dayvane::DayNumberOf(m_dtRangeEnd) - kLastShown;
+    }
     return kNoDay;
 }
 
@@ -91,15 +93,17 @@ void CWeekViewCtrl::CalcRange(const COleDateTime& date)
     m_dtRangeStart = dayvane::DateOfDayNumber(firstDay);
     m_dtRangeEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(firstDay + kLastShown));
     dayvane::FillCellDates(firstDay, kWeekBoxes, date, dayvane::Now(), m_arDayDate);
-    for (int i = 0; i < kWeekBoxes; ++i)
+    for (int i = 0; i < kWeekBoxes; ++i) {
         m_arDayDate[i].m_nFlags |= dayvane::MONTHCELL_INMONTH; // a week looks the same in every month
+    }
 }
 
 int CWeekViewCtrl::PositionOf(const COleDateTime& date)
 {
     const int firstDay = FirstDay();
-    if (date.GetStatus() != COleDateTime::valid || firstDay == kNoDay)
+    if (date.GetStatus() != COleDateTime::valid || firstDay == kNoDay) {
         return -1;
+    }
     return dayvane::DayNumberOf(date) - firstDay;
 }
 
@@ -126,8 +130,9 @@ std::vector<dayvane::BoxSpan> CWeekViewCtrl::GetSpans(const CItemArray& screenIt
 void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
     const int box = BoxOfDate(date);
-    if (box != -1)
+    if (box != -1) {
         m_arDayDate[box].m_dayProperty = property;
+    }
 }
 
 void CWeekViewCtrl::ClearDayProperty()
@@ -184,8 +189,9 @@ COleDateTime CWeekViewCtrl::DateInRangeAfter(int nStep)
 {
     // The first day may not be a date itself where dates begin; then the first date stands for its week.
     const int day = FirstDay() + nStep;
-    if (day > civil::kFirstDay - kLastShown && day < civil::kFirstDay)
+    if (day > civil::kFirstDay - kLastShown && day < civil::kFirstDay) {
         return dayvane::DateOfDayNumber(civil::kFirstDay);
+    }
     return dayvane::DateOfDayNumber(day);
 }
 
@@ -251,17 +257,20 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
 {
     const int day = BoxOfStrip(rcCaption);
     const bool isNextWeek = day == kLastShown;
-    if (day == -1 || (!IsToday(day) && !IsBoxSelected(day)))
+    if (day == -1 || (!IsToday(day) && !IsBoxSelected(day))) {
         dayvane::DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kDayStrip);
-    if (day == -1 || m_arDayDate[day].m_date.GetStatus() != COleDateTime::valid)
+    }
+    if (day == -1 || m_arDayDate[day].m_date.GetStatus() != COleDateTime::valid) {
         return;
+    }
     const COleDateTime& date = m_arDayDate[day].m_date;
     const dayvane::MonthCellLook look = LookOf(day);
     const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
     const int dayOfWeek = date.GetDayOfWeek();
     COLORREF color = dayOfWeek == kSunday || isDayOff ? kDayOffText : dayOfWeek == kSaturday ? kSaturdayText : kDayText;
-    if (look.selected)
+    if (look.selected) {
         color = m_colors.highlightText;
+    }
     CString number;
     number.Format("%d/%d", date.GetMonth(), date.GetDay());
     dayvane::DrawStripTexts(pDC, rcCaption,

@@ -59,10 +59,12 @@ CYearViewCtrl::~CYearViewCtrl()
 
 BOOL CYearViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CBoxViewCtrl::Create(dwStyle, rect, pParent, nID, pContext))
+    if (!CBoxViewCtrl::Create(dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
-    if (!m_bmMore.GetSafeHandle())
+    }
+    if (!m_bmMore.GetSafeHandle()) {
         m_bmMore.LoadBitmap(kMoreBitmap);
+    }
     return TRUE;
 }
 
@@ -93,8 +95,9 @@ void CYearViewCtrl::CalcRange(const COleDateTime& date)
 int CYearViewCtrl::PositionOf(const COleDateTime& date)
 {
     const dayvane::DateFields fields = dayvane::FieldsOf(date);
-    if (fields.year == -1 || !HasRange())
+    if (fields.year == -1 || !HasRange()) {
         return -1;
+    }
     return (fields.year - Year()) * kYearBoxes + fields.month - 1;
 }
 
@@ -176,10 +179,12 @@ void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)
 int CYearViewCtrl::CreateComboBox(CComboBox* pCombo, UINT, int nWidth, DWORD dwStyle, CWnd*)
 {
     m_bComboBox = 0;
-    if (!m_hWnd || !pCombo || pCombo->m_hWnd)
+    if (!m_hWnd || !pCombo || pCombo->m_hWnd) {
         return 0;
-    if (!pCombo->Create(dwStyle | WS_CHILD, CRect(1, 1, nWidth, kComboBottom), this, kComboId))
+    }
+    if (!pCombo->Create(dwStyle | WS_CHILD, CRect(1, 1, nWidth, kComboBottom), this, kComboId)) {
         return 0;
+    }
     ModifyStyle(0, WS_CLIPCHILDREN); // the view paints the whole title band
     m_bComboBox = 1;
     m_pComboBox = pCombo;
@@ -199,8 +204,9 @@ CComboBox* CYearViewCtrl::LiveCombo() const
 void CYearViewCtrl::OnSelchangeCombo()
 {
     CComboBox* combo = LiveCombo();
-    if (!combo)
+    if (!combo) {
         return;
+    }
     const int selected = combo->GetCurSel();
     SYSTEMTIME time = {};
     dayvane::ToSystemTime(GetCurrentDate(), time);
@@ -250,10 +256,12 @@ void CYearViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
 void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 {
     const int month = BoxOfStrip(rcCaption);
-    if (month == -1 || (!IsToday(month) && !IsBoxSelected(month)))
+    if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
         dayvane::DrawHeaderBand(pDC, rcCaption, kMonthStrip);
-    if (month == -1 || !HasRange())
+    }
+    if (month == -1 || !HasRange()) {
         return;
+    }
     const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : kMonthText;
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
@@ -265,11 +273,13 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
 {
     BITMAP bitmap = {};
-    if (!m_bmMore.GetSafeHandle() || !m_bmMore.GetBitmap(&bitmap))
+    if (!m_bmMore.GetSafeHandle() || !m_bmMore.GetBitmap(&bitmap)) {
         return;
+    }
     CDC memory;
-    if (!memory.CreateCompatibleDC(pDC))
+    if (!memory.CreateCompatibleDC(pDC)) {
         return;
+    }
     const dayvane::SelectGdi selectBitmap(&memory, &m_bmMore);
     const CRect& box = m_rcMonth[nBox];
     pDC->BitBlt(box.right - bitmap.bmWidth, box.bottom - bitmap.bmHeight, bitmap.bmWidth, bitmap.bmHeight, &memory, 0,

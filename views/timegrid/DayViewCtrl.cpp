@@ -72,8 +72,9 @@ void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
 {
-    if (screenItems.IsEmpty())
+    if (screenItems.IsEmpty()) {
         return;
+    }
     dayvane::PlaceTimedItems(screenItems, {rcGrid}, GetCurrentDate(), Scale(), dayvane::kOneDayOverlap);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
@@ -85,8 +86,9 @@ void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)
 
 void CDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
-    if (GetFulldayItemCount() != 0)
+    if (GetFulldayItemCount() != 0) {
         dayvane::LayOneDayLanes(screenItems, rcBand);
+    }
 }
 
 int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
@@ -101,8 +103,9 @@ int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
     const int result = CTimeGridCtrl::GetSelRange(begin, end);
     const bool atEndOfDay =
         end.GetStatus() == COleDateTime::valid && end.GetHour() == 23 && end.GetMinute() == 59 && end.GetSecond() == 59;
-    if (!atEndOfDay)
+    if (!atEndOfDay) {
         end = Scale().MoveRows(end, 1);
+    }
     if (m_bFulldaySelection) {
         end = dayvane::EndOfDay(begin);
         begin = dayvane::StartOfDay(begin);
@@ -142,8 +145,9 @@ int CDayViewCtrl::GetDayColor(int)
 
 int CDayViewCtrl::IsWorkTime(int nRow) const
 {
-    if (m_dayProperty.bUseMyWorkTime)
+    if (m_dayProperty.bUseMyWorkTime) {
         return _IsWorkTime(nRow, m_dayProperty.dtWorkStart, m_dayProperty.dtWorkEnd);
+    }
     return CTimeGridCtrl::IsWorkTime(nRow);
 }
 
@@ -170,12 +174,14 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
     const dayvane::TimeGridState state = State();
     const dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    if (!painter.IsVisible(rcGrid))
+    if (!painter.IsVisible(rcGrid)) {
         return;
+    }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (painter.ShowsTimedItem(item))
+        if (painter.ShowsTimedItem(item)) {
             DrawTimedItem(pDC, state, item, item.rcItem.right);
+        }
     }
 }
 
@@ -191,8 +197,9 @@ void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 void CDayViewCtrl::InvalidateCellRect(COleDateTime)
 {
     const CRect rect(m_rcContent.left, m_rcFulldayContent.top, m_rcContent.right, m_rcContent.bottom);
-    if (m_hWnd)
+    if (m_hWnd) {
         InvalidateRect(&rect, FALSE);
+    }
 }
 
 // ---- Keyboard
@@ -209,12 +216,14 @@ void CDayViewCtrl::MoveRightward(UINT nFlags)
 
 void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT nFlags)
 {
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     dayvane::GridSelection selection = Selection();
     move(selection, (nFlags & kExtendSelection) != 0);
-    if (selection.current.GetStatus() != COleDateTime::valid)
+    if (selection.current.GetStatus() != COleDateTime::valid) {
         return; // beyond the years that there are
+    }
     SetSelection(selection);
     Rebuild();
     Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtCurrentDate, m_dtCurrentDate, kRangeChangeValue);
@@ -223,6 +232,7 @@ void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT n
 // Extended over midnight, a selection takes the current date along.
 void CDayViewCtrl::CurrentDateMoved()
 {
-    if (dayvane::ClockTimeOf(m_dtCurrentDate).day != m_nItemDay)
+    if (dayvane::ClockTimeOf(m_dtCurrentDate).day != m_nItemDay) {
         Rebuild();
+    }
 }

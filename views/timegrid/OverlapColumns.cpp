@@ -14,16 +14,19 @@ public:
     RowLists(const std::vector<RowSpan>& spans, int rows) : m_begin(rows + 1, 0)
     {
         for (const RowSpan& span : spans) {
-            for (int row = span.first; row < span.end; ++row)
+            for (int row = span.first; row < span.end; ++row) {
                 ++m_begin[row + 1];
+            }
         }
-        for (int row = 0; row < rows; ++row)
+        for (int row = 0; row < rows; ++row) {
             m_begin[row + 1] += m_begin[row];
+        }
         m_spans.resize(m_begin[rows]);
         std::vector<int> filled(m_begin);
         for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
-            for (int row = spans[i].first; row < spans[i].end; ++row)
+            for (int row = spans[i].first; row < spans[i].end; ++row) {
                 m_spans[filled[row]++] = i;
+            }
         }
     }
 
@@ -44,8 +47,9 @@ private:
 int LongestList(const RowSpan& span, const RowLists& lists)
 {
     int longest = 0;
-    for (int row = span.first; row < span.end; ++row)
+    for (int row = span.first; row < span.end; ++row) {
         longest = std::max(longest, lists.Length(row));
+    }
     return longest;
 }
 
@@ -53,8 +57,9 @@ int LongestList(const RowSpan& span, const RowLists& lists)
 bool IsFollowed(int index, const RowSpan& span, const RowLists& lists)
 {
     for (int row = span.first; row < span.end; ++row) {
-        if (lists.Last(row) != index)
+        if (lists.Last(row) != index) {
             return true;
+        }
     }
     return false;
 }
@@ -67,8 +72,9 @@ int ShareOf(const tagCALENDAR_ITEM& item, const OverlapRule& rule, bool withRema
 
 bool IsBandItem(const tagCALENDAR_ITEM& item)
 {
-    if (item.nPiece != PIECE_WHOLE || item.nFullday == 1)
+    if (item.nPiece != PIECE_WHOLE || item.nFullday == 1) {
         return true;
+    }
     const ClockTime start = ClockTimeOf(item.dtStart);
     const ClockTime end = ClockTimeOf(item.dtEnd);
     return !(start.isValid && end.isValid && start.day == end.day) && IsFulldayItem(item);
@@ -78,10 +84,12 @@ void AddRowSpan(std::vector<RowSpan>& spans, int item, const ClockTime& start, c
                 const TimeScale& scale)
 {
     const RowSpan span{item, scale.RowOfTime(start), scale.RowOfTime(end)};
-    if (span.first >= span.end)
+    if (span.first >= span.end) {
         return;
-    if (span.first < 0 || span.end > scale.RowsPerDay())
+    }
+    if (span.first < 0 || span.end > scale.RowsPerDay()) {
         AfxThrowInvalidArgException();
+    }
     spans.push_back(span);
 }
 
@@ -89,8 +97,9 @@ void ListRows(ItemArray& items, const std::vector<RowSpan>& spans, const TimeSca
 {
     layout.SetSize(scale.RowsPerDay());
     for (const RowSpan& span : spans) {
-        for (int row = span.first; row < span.end; ++row)
+        for (int row = span.first; row < span.end; ++row) {
             layout[row].Add(&items[span.item]);
+        }
     }
     // Growing the counts entry by entry would come to the same: whoever is listed ends at the length of the list.
     for (int row = 0; row < scale.RowsPerDay(); ++row) {
@@ -117,11 +126,13 @@ void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const 
     RowClusters clusters;
     bool atRest = false; // nobody pushed in the row above
     for (int row = 0; row < scale.RowsPerDay(); ++row) {
-        if (!atRest || !lists.IsSameAsAbove(row))
+        if (!atRest || !lists.IsSameAsAbove(row)) {
             atRest = !clusters.Spread(boxes, lists.Begin(row), lists.End(row), rule.right);
+        }
     }
-    for (size_t i = 0; i < spans.size(); ++i)
+    for (size_t i = 0; i < spans.size(); ++i) {
         items[spans[i].item].rcItem.MoveToX(boxes[i].left);
+    }
 }
 
 void UnifySameSource(ItemArray& items, const std::vector<int>& candidates, const std::vector<RowSpan>& spans)
@@ -129,8 +140,9 @@ void UnifySameSource(ItemArray& items, const std::vector<int>& candidates, const
     const auto isBefore = [&items](int a, int b) { return items[a].nSource < items[b].nSource; };
     // As the views make them, screen items come in the order of the store, each source once.
     const auto isNotBefore = [&isBefore](int a, int b) { return !isBefore(a, b); };
-    if (std::adjacent_find(candidates.begin(), candidates.end(), isNotBefore) == candidates.end())
+    if (std::adjacent_find(candidates.begin(), candidates.end(), isNotBefore) == candidates.end()) {
         return;
+    }
     std::vector<int> bySource(candidates);
     std::stable_sort(bySource.begin(), bySource.end(), isBefore);
     // Of one source, the first in the first row that lists any comes first; all others are copies of it from then on.
@@ -138,13 +150,15 @@ void UnifySameSource(ItemArray& items, const std::vector<int>& candidates, const
     std::stable_sort(byRow.begin(), byRow.end(), [](const RowSpan& a, const RowSpan& b) { return a.first < b.first; });
     std::vector<char> done(items.GetSize(), 0);
     for (const RowSpan& span : byRow) {
-        if (done[span.item])
+        if (done[span.item]) {
             continue;
+        }
         const auto same = std::equal_range(bySource.begin(), bySource.end(), span.item, isBefore);
         for (auto it = same.first; it != same.second; ++it) {
             done[*it] = 1;
-            if (*it != span.item)
+            if (*it != span.item) {
                 items[*it] = items[span.item];
+            }
         }
     }
 }
@@ -153,16 +167,18 @@ int CountOverlayed(const ItemArray& items)
 {
     std::vector<CRect> boxes;
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
-        if (!IsBandItem(items[i]))
+        if (!IsBandItem(items[i])) {
             boxes.push_back(items[i].rcItem);
+        }
     }
     int largest = 1;
     for (size_t a = 0; a < boxes.size(); ++a) {
         int count = 1;
         for (size_t b = 0; b < boxes.size(); ++b) {
             CRect common;
-            if (a != b && common.IntersectRect(&boxes[a], &boxes[b]))
+            if (a != b && common.IntersectRect(&boxes[a], &boxes[b])) {
                 ++count;
+            }
         }
         largest = std::max(largest, count);
     }

@@ -6,8 +6,9 @@ namespace dayvane {
 
 int RowClusters::Find(int cluster)
 {
-    while (m_clusters[cluster].parent != cluster)
+    while (m_clusters[cluster].parent != cluster) {
         cluster = m_clusters[cluster].parent = m_clusters[m_clusters[cluster].parent].parent;
+    }
     return cluster;
 }
 
@@ -23,13 +24,15 @@ bool RowClusters::Overlaps(const std::vector<RowBox>& boxes, const int* list, co
 {
     m_places.clear();
     for (const int* box = list; box != listEnd; ++box) {
-        if (boxes[*box].width > 0)
+        if (boxes[*box].width > 0) {
             m_places.push_back(Place{boxes[*box].left, boxes[*box].width, *box});
+        }
     }
     std::sort(m_places.begin(), m_places.end(), IsBefore);
     for (std::size_t i = 1; i < m_places.size(); ++i) {
-        if (m_places[i].left < m_places[i - 1].left + m_places[i - 1].width)
+        if (m_places[i].left < m_places[i - 1].left + m_places[i - 1].width) {
             return true;
+        }
     }
     return false;
 }
@@ -43,8 +46,9 @@ void RowClusters::MakeClusters(std::size_t boxCount)
     std::size_t kept = 0;
     for (std::size_t i = 0; i < m_places.size(); ++i) {
         const Place place = m_places[i];
-        if (kept == 0 || IsBefore(m_places[kept - 1], place))
+        if (kept == 0 || IsBefore(m_places[kept - 1], place)) {
             m_places[kept++] = Place{place.left, place.width, NewCluster(place.left, 0)};
+        }
         ++m_clusters.back().count;
         m_clusterOf[place.cluster] = m_places[kept - 1].cluster;
         m_widest = std::max(m_widest, place.width);
@@ -54,16 +58,19 @@ void RowClusters::MakeClusters(std::size_t boxCount)
 
 bool RowClusters::Spread(std::vector<RowBox>& boxes, const int* list, const int* listEnd, int right)
 {
-    if (!Overlaps(boxes, list, listEnd))
+    if (!Overlaps(boxes, list, listEnd)) {
         return false;
+    }
     MakeClusters(boxes.size());
     for (const int* box = list; box != listEnd; ++box) {
-        if (boxes[*box].width > 0)
+        if (boxes[*box].width > 0) {
             PushFrom(*box, boxes[*box].width, right);
+        }
     }
     for (const int* box = list; box != listEnd; ++box) {
-        if (boxes[*box].width > 0)
+        if (boxes[*box].width > 0) {
             boxes[*box].left = m_clusters[Find(m_clusterOf[*box])].left;
+        }
     }
     return true;
 }
@@ -80,8 +87,9 @@ void RowClusters::PushFrom(int box, int width, int right)
                                             [limit = left - m_widest](const Place& p) { return p.left <= limit; });
     m_pushed.clear();
     for (auto it = first; it != m_places.end() && it->left < end; ++it) {
-        if (it->left + it->width > left && (it->cluster != own || m_clusters[own].count > 1))
+        if (it->left + it->width > left && (it->cluster != own || m_clusters[own].count > 1)) {
             m_pushed.push_back(it - m_places.begin());
+        }
     }
     // From right to left: those already moved have left the places that the next one passes.
     for (auto it = m_pushed.rbegin(); it != m_pushed.rend(); ++it) {

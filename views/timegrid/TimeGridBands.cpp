@@ -94,8 +94,9 @@ CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
 
 void TimeGridFonts::Clear()
 {
-    for (Slot* slot : {&m_hours, &m_zeros, &m_label, &m_captionText, &m_captionDate})
+    for (Slot* slot : {&m_hours, &m_zeros, &m_label, &m_captionText, &m_captionDate}) {
         slot->Clear();
+    }
 }
 
 // ---- Title band
@@ -103,8 +104,9 @@ void TimeGridFonts::Clear()
 // Draws at the left of the area, which loses what the text has used.
 void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow)
 {
-    if (text.IsEmpty() || area.IsRectEmpty())
+    if (text.IsEmpty() || area.IsRectEmpty()) {
         return;
+    }
     constexpr UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX;
     if (shadow != CLR_NONE) {
         CRect below = area;
@@ -120,8 +122,9 @@ void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF
 void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
                                      CFont* text)
 {
-    if (!IsVisible(caption))
+    if (!IsVisible(caption)) {
         return;
+    }
     DrawTitleBand(m_pDC, caption, kTimeGridPalette.dayCaption);
     CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
                caption.bottom - kBandPaint.captionBottom);
@@ -143,8 +146,9 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
 
 void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text)
 {
-    if (!IsVisible(caption))
+    if (!IsVisible(caption)) {
         return;
+    }
     // Pale enough for the dark text that the settings begin with.
     const COLORREF middle = Paler(m_colors.caption);
     DrawTitleBand(m_pDC, caption, TitleBandColors{Paler(middle), middle, m_colors.caption});
@@ -163,8 +167,9 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
 
 void TimeGridPainter::DrawHeaderBackground(const CRect& header)
 {
-    if (IsVisible(header))
+    if (IsVisible(header)) {
         DrawHeaderBand(m_pDC, header, kTimeGridPalette.header);
+    }
 }
 
 void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame)
@@ -179,8 +184,9 @@ void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame)
 
 void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor)
 {
-    if (!IsVisible(box))
+    if (!IsVisible(box)) {
         return;
+    }
     DrawGradient(m_pDC, box, Paler(Paler(todayColor)), todayColor, FALSE, TRUE);
     DrawHeaderFrame(box, kTimeGridPalette.todayFrame);
 }
@@ -190,13 +196,15 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
 {
     CRect area = box;
     area.DeflateRect(kBandPaint.headerTextInset, 0);
-    if (!IsVisible(area))
+    if (!IsVisible(area)) {
         return;
+    }
     const SelectGdi selectFont(m_pDC, font);
     const int longWidth = m_pDC->GetTextExtent(texts.longDate).cx;
     const int shortWidth = m_pDC->GetTextExtent(texts.shortDate).cx;
-    if (area.Width() < shortWidth)
+    if (area.Width() < shortWidth) {
         return;
+    }
     const CString& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
     const int noteWidth = texts.note.IsEmpty() ? 0 : m_pDC->GetTextExtent(texts.note).cx + kBandPaint.headerNoteGap;
     const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;

@@ -58,8 +58,9 @@ CTimeGridCtrl::~CTimeGridCtrl()
 BOOL CTimeGridCtrl::CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                                CCreateContext* pContext)
 {
-    if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext))
+    if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
+    }
     StartNowTimer();
     SyncToPresent(nullptr);
     return TRUE;
@@ -82,8 +83,9 @@ bool CTimeGridCtrl::EndEdit()
 void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
 {
     const COleDateTime newDate = date; // the host's own may go while the edit ends
-    if (EndEdit())
+    if (EndEdit()) {
         CCalendarCtrl::SetCurrentDate(newDate);
+    }
 }
 
 // ---- Layout
@@ -97,8 +99,9 @@ dayvane::TimeGridState CTimeGridCtrl::State() const
     state.frame.fulldayContent = m_rcFulldayContent;
     state.frame.ruler = m_rcRuler;
     state.frame.grid = m_rcContent;
-    for (int i = 0; i < GetColumnCount(); ++i)
+    for (int i = 0; i < GetColumnCount(); ++i) {
         state.frame.columns.push_back(GetColumnBox(i));
+    }
     state.scale = Scale();
     state.firstDay = GetFirstShownDay();
     state.scroll = m_nVertScroll;
@@ -110,20 +113,23 @@ void CTimeGridCtrl::Layout(int cx, int cy)
     m_szLaidOut = CSize(cx, cy);
     CCalendarCtrl::Layout(cx, cy);
     m_nLanesLaidOut = GetFulldayItemCount();
-    if (!m_bSizing)
+    if (!m_bSizing) {
         KeepBarInStep();
+    }
 }
 
 void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
                                    const COleDateTime& last)
 {
     SetFulldayItemCount(dayvane::MakeRangeItems(items, first, last, screenItems));
-    if (&screenItems != &m_arScreenItem || m_szLaidOut == CSize(0, 0) || m_nLanesLaidOut == GetFulldayItemCount())
+    if (&screenItems != &m_arScreenItem || m_szLaidOut == CSize(0, 0) || m_nLanesLaidOut == GetFulldayItemCount()) {
         return;
+    }
     m_nLanesLaidOut = GetFulldayItemCount();
     CalcLayout(CRect(CPoint(0, 0), m_szLaidOut), m_rcCaption, m_rcRuler, m_rcContent);
-    if (!m_bSizing)
+    if (!m_bSizing) {
         KeepBarInStep();
+    }
 }
 
 void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout)
@@ -131,9 +137,10 @@ void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayo
     std::vector<dayvane::RowSpan> spans;
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (!dayvane::IsBandItem(item))
+        if (!dayvane::IsBandItem(item)) {
             dayvane::AddRowSpan(spans, i, dayvane::ClockTimeOf(item.dtStart), dayvane::ClockTimeOf(item.dtEnd),
                                 Scale());
+        }
     }
     dayvane::ListRows(screenItems, spans, Scale(), layout);
 }
@@ -161,8 +168,9 @@ int CTimeGridCtrl::FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& h
 // Timed items are pulled by the edge of their end; bars of several days by their last day, where it is shown.
 int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
 {
-    if (!dayvane::IsBandItem(screenItem))
+    if (!dayvane::IsBandItem(screenItem)) {
         return dayvane::EDGE_BOTTOM;
+    }
     const bool endsHere = screenItem.nPiece != dayvane::PIECE_HEAD && screenItem.nPiece != dayvane::PIECE_MIDDLE;
     return endsHere && GetColumnCount() > 1 ? dayvane::EDGE_RIGHT : dayvane::EDGE_NONE;
 }
@@ -180,8 +188,9 @@ dayvane::GridScroll CTimeGridCtrl::GetBar()
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_POS;
     // A window created without a bar begins as one with a bar does.
-    if (!GetScrollInfo(SB_VERT, &info))
+    if (!GetScrollInfo(SB_VERT, &info)) {
         info.nMax = kNewBarMaximum;
+    }
     return dayvane::GridScroll{m_nVertScroll, info.nPos, info.nMax};
 }
 
@@ -200,20 +209,23 @@ void CTimeGridCtrl::SetBar(const dayvane::GridScroll& scroll)
 // The band has become higher or lower: the range follows, what is shown stays.
 void CTimeGridCtrl::KeepBarInStep()
 {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     const dayvane::GridScroll bar = GetBar();
     const int maximum = dayvane::ScaledTo(bar, RowWindow()).maximum;
-    if (bar.maximum == maximum)
+    if (bar.maximum == maximum) {
         return;
+    }
     SetBar(dayvane::GridScroll{std::min(bar.offset, maximum * dayvane::kTimeGrid.rowHeight),
                                std::min(bar.position, maximum), maximum});
 }
 
 void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
 {
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     CCalendarCtrl::OnSize(nType, cx, cy);
     {
         const SetFlag sizing(m_bSizing);
@@ -225,8 +237,9 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
 
 void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    if (nSBCode > SB_ENDSCROLL || !EndEdit())
+    if (nSBCode > SB_ENDSCROLL || !EndEdit()) {
         return;
+    }
     Alive alive(this);
     const dayvane::GridScroll scroll =
         dayvane::Scrolled(GetBar(), static_cast<dayvane::GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
@@ -236,10 +249,12 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     InvalidateRect(&scrolled, TRUE);
     // Of several steps that wait, only the last needs a picture.
     MSG next;
-    if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE))
+    if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE)) {
         UpdateWindow();
-    if (!alive)
+    }
+    if (!alive) {
         return;
+    }
     SetScrollPos(SB_VERT, scroll.position, TRUE);
     CCalendarCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
 }
@@ -247,16 +262,18 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
 {
     const int row = Scale().RowOfTime(pWhen ? *pWhen : dayvane::Now());
-    for (int i = 0; i < row; ++i)
+    for (int i = 0; i < row; ++i) {
         PostMessage(WM_VSCROLL, SB_LINEDOWN);
+    }
 }
 
 // ---- Keyboard
 
 dayvane::GridSelection CTimeGridCtrl::Selection() const
 {
-    if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd))
+    if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd)) {
         return dayvane::GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd};
+    }
     const COleDateTime row = Scale().RowStart(m_dtCurrentDate);
     return dayvane::GridSelection{m_dtCurrentDate, row, row};
 }
@@ -281,19 +298,22 @@ void CTimeGridCtrl::MoveBackward(UINT nFlags)
 void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
 {
     using dayvane::AfterMove;
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     dayvane::GridSelection selection = Selection();
     const bool extend = (nFlags & kExtendSelection) != 0;
     const AfterMove after = bLater ? dayvane::MoveRowLater(selection, RowWindow(), extend)
                                    : dayvane::MoveRowEarlier(selection, RowWindow(), extend);
-    if (after == AfterMove::NOTHING)
+    if (after == AfterMove::NOTHING) {
         return;
+    }
     SetSelection(selection);
-    if (after == AfterMove::REPAINT)
+    if (after == AfterMove::REPAINT) {
         InvalidateGrid();
-    else
+    } else {
         PostMessage(WM_VSCROLL, after == AfterMove::SCROLL_UP ? SB_LINEUP : SB_LINEDOWN);
+    }
     CurrentDateMoved();
 }
 
@@ -301,11 +321,13 @@ int CTimeGridCtrl::GetFocusedScreenItem() const
 {
     const int count = static_cast<int>(m_arScreenItem.GetSize());
     if (m_nSelScreenItem >= 0 && m_nSelScreenItem < count &&
-        (m_nCurSel == -1 || m_arScreenItem[m_nSelScreenItem].nSource == m_nCurSel))
+        (m_nCurSel == -1 || m_arScreenItem[m_nSelScreenItem].nSource == m_nCurSel)) {
         return m_nSelScreenItem;
+    }
     for (int i = 0; m_nCurSel != -1 && i < count; ++i) {
-        if (m_arScreenItem[i].nSource == m_nCurSel)
+        if (m_arScreenItem[i].nSource == m_nCurSel) {
             return i;
+        }
     }
     return -1;
 }
@@ -328,18 +350,21 @@ void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 
 void CTimeGridCtrl::InvalidateGrid()
 {
-    if (m_hWnd)
+    if (m_hWnd) {
         InvalidateRect(&m_rcContent, FALSE);
+    }
 }
 
 void CTimeGridCtrl::InvalidateItemRect(int nIndex)
 {
-    if (!m_hWnd || nIndex < 0)
+    if (!m_hWnd || nIndex < 0) {
         return;
+    }
     const dayvane::TimeGridState state = State();
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
-        if (m_arScreenItem[i].nSource != nIndex)
+        if (m_arScreenItem[i].nSource != nIndex) {
             continue;
+        }
         CRect rect = dayvane::VisibleItemBox(state, m_arScreenItem[i]);
         rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
         InvalidateRect(&rect, FALSE);
@@ -349,21 +374,25 @@ void CTimeGridCtrl::InvalidateItemRect(int nIndex)
 // The rows of the selection as it is, and as it was before its end moved.
 void CTimeGridCtrl::InvalidateCellRectRange()
 {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     const dayvane::TimeGridState state = State();
     for (int column = 0; column < GetColumnCount(); ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
-            if (!IsDate(*end))
+            if (!IsDate(*end)) {
                 continue;
+            }
             const dayvane::RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
             const CRect box = dayvane::BoxOfRows(state, state.frame.columns[column], rows);
-            if (!box.IsRectEmpty())
+            if (!box.IsRectEmpty()) {
                 InvalidateRect(&box, FALSE);
+            }
         }
     }
-    if (m_bFulldaySelection)
+    if (m_bFulldaySelection) {
         InvalidateRect(&m_rcFulldayContent, FALSE);
+    }
 }
 
 // ---- Now line
@@ -371,8 +400,9 @@ void CTimeGridCtrl::InvalidateCellRectRange()
 void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 {
     m_bNowLine = bShow;
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return;
+    }
     KillTimer(kNowTimer);
     StartNowTimer();
     InvalidateGrid();
@@ -381,9 +411,10 @@ void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 // Until the minute that the clock shows is over.
 void CTimeGridCtrl::StartNowTimer()
 {
-    if (m_bNowLine)
+    if (m_bNowLine) {
         SetTimer(kNowTimer, (kSecondsPerMinute - std::max(dayvane::Now().GetSecond(), 0)) * kMillisecondsPerSecond,
                  nullptr);
+    }
 }
 
 void CTimeGridCtrl::OnTimer(UINT_PTR nIDEvent)

@@ -15,8 +15,9 @@ const std::vector<dayvane::ShownDay>& CTimeGridCtrl::GetShownDays()
     const int count = GetColumnCount();
     if (static_cast<int>(m_shownDays.size()) != count || !m_shownDays[0].IsFor(first)) {
         m_shownDays.clear();
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             m_shownDays.push_back(dayvane::ShownDay::Of(dayvane::AddDays(first, i)));
+        }
     }
     return m_shownDays;
 }
@@ -68,35 +69,40 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     const dayvane::TimeGridState state = State();
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
     const CRect& column = state.frame.columns[nColumn];
-    if (!painter.IsVisible(column))
+    if (!painter.IsVisible(column)) {
         return;
+    }
     const dayvane::DayKind kind = KindOfColumn(nColumn);
     const bool worksOnDay =
         IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!kind.isDayOff || IsColumnUseMyWorkTime(nColumn));
     // A selection of whole days shows in the band.
     dayvane::RowRange selected;
-    if (IsSelectionDrawn() && !m_bFulldaySelection)
+    if (IsSelectionDrawn() && !m_bFulldaySelection) {
         selected = GetSelectedRows(nColumn, m_dtSelBegin, m_dtSelEnd);
+    }
     const dayvane::RowLookInput input = {state.scale, m_arDayColors[kind.colorRow], m_colors.highlight,
                                          m_workTime.dtStart.GetHour()};
     const dayvane::RowRange rows = painter.VisibleRows(state.frame.grid);
     std::vector<dayvane::RowLook> looks;
-    for (int row = rows.first; row < rows.end; ++row)
+    for (int row = rows.first; row < rows.end; ++row) {
         looks.push_back(
             dayvane::LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
+    }
     painter.DrawRows(column, rows, looks);
 }
 
 void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 {
-    if (!m_bNowLine)
+    if (!m_bNowLine) {
         return;
+    }
     const COleDateTime now = dayvane::Now();
     const dayvane::TimeGridState state = State();
     const int column = dayvane::ColumnOfDay(state, now);
-    if (column != -1)
+    if (column != -1) {
         dayvane::TimeGridPainter(pDC, state, m_colors)
             .DrawNowLine(state.frame.columns[column], dayvane::ClockTimeOf(now));
+    }
 }
 
 // ---- Items
@@ -106,14 +112,17 @@ int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect conte
 {
     const int left = content.left;
     pDC->SetTextColor(item.crColor1);
-    if (item.bAlarm)
+    if (item.bAlarm) {
         content.left += DrawAlarmMark(pDC, content, bBand) + kMarkGap;
-    if (item.bRecurrent)
+    }
+    if (item.bRecurrent) {
         content.left += DrawRecurrentMark(pDC, content, bBand) + kMarkGap;
+    }
     // The icon belongs to the beginning of an item.
     const bool began = item.nPiece == dayvane::PIECE_TAIL || item.nPiece == dayvane::PIECE_MIDDLE;
-    if (item.nImage != -1 && !(bBand && began))
+    if (item.nImage != -1 && !(bBand && began)) {
         content.left += DrawImageIcon(pDC, item.nImage, content);
+    }
     return content.left - left;
 }
 
@@ -121,8 +130,9 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state,
 {
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
     CRect content = painter.DrawTimedBox(item, painter.ScrolledBox(item), nEnd, item.nSource == m_nCurSel);
-    if (GetColumnCount() == 1 || content.Width() >= kMarkedWidth)
+    if (GetColumnCount() == 1 || content.Width() >= kMarkedWidth) {
         content.left += DrawMarks(pDC, item, content, FALSE);
+    }
     const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawTimedText(item, content, GetColumnCount() > 1);
 }
@@ -138,8 +148,9 @@ void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
         const int last = dayvane::DayNumberOf(end);
         for (int i = 0; i < GetColumnCount(); ++i) {
             const int day = dayvane::DayNumberOf(GetShownDays()[i].date);
-            if (day >= first && day <= last)
+            if (day >= first && day <= last) {
                 selected.push_back(state.frame.columns[i]);
+            }
         }
     }
     dayvane::TimeGridPainter(pDC, state, m_colors).DrawFulldayContent(rcBand, selected);
@@ -149,12 +160,14 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
 {
     const dayvane::TimeGridState state = State();
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    if (!painter.IsVisible(rcBand))
+    if (!painter.IsVisible(rcBand)) {
         return;
+    }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !dayvane::IsBandItem(item))
+        if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !dayvane::IsBandItem(item)) {
             continue;
+        }
         CRect content = painter.DrawBandBar(item, rcBand, item.nSource == m_nCurSel);
         content.left += DrawMarks(pDC, item, content, TRUE);
         const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));

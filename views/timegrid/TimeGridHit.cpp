@@ -15,8 +15,9 @@ constexpr int kQuartersBelowEnd = 2;
 int FirstItemAt(const ItemArray& items, const CPoint& point)
 {
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        if (items[i].rcItem.PtInRect(point))
+        if (items[i].rcItem.PtInRect(point)) {
             return i;
+        }
     }
     return -1;
 }
@@ -47,8 +48,10 @@ int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const
     const int column = ColumnAt(state.frame, point.x);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         // A box pushed out of its column is not seen there.
-        if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) && ColumnOfDay(state, items[i].dtStart) == column)
+        if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) &&
+            ColumnOfDay(state, items[i].dtStart) == column) {
             return i;
+        }
     }
     return -1;
 }
@@ -56,8 +59,9 @@ int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const
 int BandItemAt(const ItemArray& items, const CPoint& point)
 {
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        if (items[i].rcItem.PtInRect(point) && IsBandItem(items[i]))
+        if (items[i].rcItem.PtInRect(point) && IsBandItem(items[i])) {
             return i;
+        }
     }
     return -1;
 }
@@ -71,14 +75,15 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     const bool inColumn = point.x >= state.frame.grid.left && point.x < state.frame.grid.right;
     const int row = inColumn ? RowAt(state, point.y) : -1;
     hit.time = row != -1 ? state.scale.TimeOfRow(state.firstDay, row) : inBand ? StartOfDay(state.firstDay) : NoTime();
-    if (hit.screenItem != -1)
+    if (hit.screenItem != -1) {
         hit.code = inBand ? CCHT_ONFULLDAYITEM : CCHT_ONITEM;
-    else if (inBand)
+    } else if (inBand) {
         hit.code = CCHT_ONFULLDAY;
-    else if (row != -1)
+    } else if (row != -1) {
         hit.code = state.frame.caption.PtInRect(point) ? CCHT_ONDAYCAPTION : CCHT_ONCELL;
-    else
+    } else {
         hit.code = state.frame.ruler.PtInRect(point) ? CCHT_ONRULER : CCHT_NOWHERE;
+    }
     return hit;
 }
 
@@ -99,8 +104,9 @@ TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, cons
         const int row = RowAt(state, point.y);
         hit.screenItem = VisibleTimedItemAt(state, items, point);
         hit.code = hit.screenItem != -1 ? CCHT_ONITEM : row != -1 ? CCHT_ONCELL : CCHT_NOWHERE;
-        if (row != -1)
+        if (row != -1) {
             hit.time = state.scale.TimeOfRow(day, row);
+        }
     } else if (state.frame.ruler.PtInRect(point)) {
         hit.code = CCHT_ONRULER;
     }
@@ -110,8 +116,9 @@ TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, cons
 int ColumnAt(const TimeGridFrame& frame, int x)
 {
     for (size_t i = 0; i < frame.columns.size(); ++i) {
-        if (x >= frame.columns[i].left && x < frame.columns[i].right)
+        if (x >= frame.columns[i].left && x < frame.columns[i].right) {
             return static_cast<int>(i);
+        }
     }
     return -1;
 }
@@ -154,20 +161,23 @@ CRect CurrentCellBox(const TimeGridState& state, const CRect& column, const COle
 
 RowRange SelectedRowsOfDay(const TimeScale& scale, COleDateTime begin, COleDateTime end)
 {
-    if (begin > end)
+    if (begin > end) {
         std::swap(begin, end);
+    }
     return RowRange{scale.RowOfTime(begin), scale.RowOfTime(end) + 1};
 }
 
 RowRange SelectedRowsOfColumn(const TimeScale& scale, COleDateTime begin, COleDateTime end, const COleDateTime& day)
 {
-    if (begin > end)
+    if (begin > end) {
         std::swap(begin, end);
+    }
     const ClockTime from = ClockTimeOf(begin);
     const ClockTime to = ClockTimeOf(end);
     const ClockTime shown = ClockTimeOf(day);
-    if (!from.isValid || !to.isValid || !shown.isValid || shown.day < from.day || shown.day > to.day)
+    if (!from.isValid || !to.isValid || !shown.isValid || shown.day < from.day || shown.day > to.day) {
         return RowRange();
+    }
     return RowRange{shown.day == from.day ? scale.RowOfTime(from) : 0,
                     shown.day == to.day ? scale.RowOfTime(to) + 1 : scale.RowsPerDay()};
 }

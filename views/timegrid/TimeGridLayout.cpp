@@ -35,15 +35,18 @@ struct ShownDays
     {
         const int startDay = ClockTimeOf(item.dtStart).day;
         const int endDay = ClockTimeOf(item.dtEnd).day;
-        if (startDay == endDay)
+        if (startDay == endDay) {
             return;
+        }
         const bool before = startDay < first;
         const bool after = endDay > last;
         item.nPiece = before ? (after ? PIECE_MIDDLE : PIECE_TAIL) : (after ? PIECE_HEAD : PIECE_INSIDE);
-        if (before)
+        if (before) {
             item.dtStart = begin;
-        if (after)
+        }
+        if (after) {
             item.dtEnd = end;
+        }
     }
 };
 
@@ -58,8 +61,9 @@ struct ItemClock
 CRect BoxAt(const tagCALENDAR_ITEM& item, const ItemClock& times, const CRect& column, const ClockTime& day,
             const TimeScale& scale)
 {
-    if (!FallsOn(times.start, day))
+    if (!FallsOn(times.start, day)) {
         return CRect(-1, -1, -1, -1);
+    }
     if (item.nFullday == 1 || (item.nPiece & PIECE_MIDDLE)) {
         return CRect(column.left, column.top, column.right, column.top + kTimeGrid.endlessHours * scale.HourHeight());
     }
@@ -79,8 +83,9 @@ struct ColumnItems
 void InsetTimed(ItemArray& items)
 {
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
-        if (!IsBandItem(items[i]))
+        if (!IsBandItem(items[i])) {
             items[i].rcItem.DeflateRect(kTimeGrid.boxInset, 0);
+        }
     }
 }
 } // namespace
@@ -115,8 +120,9 @@ int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const C
         const ShownDays days{ClockTimeOf(firstDay).day, ClockTimeOf(lastDay).day, StartOfDay(firstDay),
                              EndOfDay(lastDay)};
         for (INT_PTR i = 0; i < store.GetSize(); ++i) {
-            if (days.Meet(store[i]))
+            if (days.Meet(store[i])) {
                 shown.push_back(static_cast<int>(i));
+            }
         }
         screenItems.SetSize(shown.size());
         for (size_t i = 0; i < shown.size(); ++i) {
@@ -131,8 +137,9 @@ int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const C
     }
     int lanes = 0;
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
-        if (screenItems[i].nPiece != PIECE_WHOLE || screenItems[i].nFullday == 1)
+        if (screenItems[i].nPiece != PIECE_WHOLE || screenItems[i].nFullday == 1) {
             ++lanes;
+        }
     }
     return lanes;
 }
@@ -149,8 +156,9 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
     const ClockTime first = ClockTimeOf(firstDay);
     std::vector<ColumnItems> columnItems(days);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        if (IsBandItem(items[i]))
+        if (IsBandItem(items[i])) {
             continue;
+        }
         const ItemClock times(items[i]);
         const int column = days > 1 ? times.start.day - first.day : 0;
         if (column < 0 || column >= days) {

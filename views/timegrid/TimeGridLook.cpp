@@ -55,12 +55,13 @@ DayKind KindOfDay(const ShownDay& day, bool showHolidays, int dayColor)
 {
     DayKind kind;
     kind.isDayOff = showHolidays && day.annotation.isDayOff;
-    if (dayColor != 0)
+    if (dayColor != 0) {
         kind.colorRow = dayColor - 1;
-    else if (kind.isDayOff || day.dayOfWeek == kSunday)
+    } else if (kind.isDayOff || day.dayOfWeek == kSunday) {
         kind.colorRow = kSundayRow;
-    else if (day.dayOfWeek == kSaturday)
+    } else if (day.dayOfWeek == kSaturday) {
         kind.colorRow = kSaturdayRow;
+    }
     return kind;
 }
 
@@ -77,8 +78,9 @@ RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput&
         look.fill = colors[OFF_FILL];
         look.line = colors[onTheHour ? OFF_HOUR_LINE : OFF_LINE];
     }
-    if (isSelected)
+    if (isSelected) {
         look.fill = input.highlight;
+    }
     return look;
 }
 
@@ -92,33 +94,39 @@ CString TimedItemText(const tagCALENDAR_ITEM& item)
 
 CString BandItemText(const tagCALENDAR_ITEM& item)
 {
-    if (item.nFullday != 1 && item.nPiece == PIECE_HEAD)
+    if (item.nFullday != 1 && item.nPiece == PIECE_HEAD) {
         return Joined("%s %s", item.dtStart.Format(kClock), item.strText);
-    if (item.nFullday != 1 && item.nPiece == PIECE_TAIL)
+    }
+    if (item.nFullday != 1 && item.nPiece == PIECE_TAIL) {
         return Joined("%s %s", item.dtEnd.Format(kClock), item.strText);
+    }
     return item.strText;
 }
 
 GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms)
 {
     GridCaptionTexts texts;
-    if (day.dayOfWeek == -1)
+    if (day.dayOfWeek == -1) {
         return texts;
+    }
     texts.date = day.date.Format("%#m.%#d");
     texts.weekday = Joined(" (%s)", WeekdayName(day.dayOfWeek));
     texts.longDate = Joined("     %s", day.date.Format("%A, %d %B, %Y"));
-    if (showHolidays && day.annotation.holidayName)
+    if (showHolidays && day.annotation.holidayName) {
         texts.holiday = Joined("  %s", day.annotation.holidayName);
-    if (showSolarTerms && day.annotation.solarTerm)
+    }
+    if (showSolarTerms && day.annotation.solarTerm) {
         texts.solarTerm = Joined(" %s", day.annotation.solarTerm);
+    }
     return texts;
 }
 
 GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last)
 {
     GridCaptionTexts texts;
-    if (first.GetStatus() != COleDateTime::valid || last.GetStatus() != COleDateTime::valid)
+    if (first.GetStatus() != COleDateTime::valid || last.GetStatus() != COleDateTime::valid) {
         return texts;
+    }
     texts.date = Joined("%s - %s", first.Format("%#m.%#d"), last.Format("%#m.%#d"));
     const bool sameYear = first.GetYear() == last.GetYear();
     texts.longDate =
@@ -129,13 +137,15 @@ GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& la
 HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const CString& hostText)
 {
     HeaderTexts texts;
-    if (day.dayOfWeek == -1)
+    if (day.dayOfWeek == -1) {
         return texts;
+    }
     texts.longDate = Joined("%s (%s)", day.date.Format("%#m/%#d"), WeekdayName(day.dayOfWeek));
     texts.shortDate = day.date.Format("%#d");
     texts.note = hostText;
-    if (hostText.IsEmpty() && showHolidays && day.annotation.holidayName)
+    if (hostText.IsEmpty() && showHolidays && day.annotation.holidayName) {
         texts.note = day.annotation.holidayName;
+    }
     return texts;
 }
 

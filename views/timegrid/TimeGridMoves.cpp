@@ -13,12 +13,14 @@ constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 // Moves the selection by rows; false when its begin would come to another day.
 bool MoveRows(GridSelection& selection, const TimeScale& scale, int rows, bool extend)
 {
-    if (scale.MoveRows(selection.begin, rows).GetDay() != selection.begin.GetDay())
+    if (scale.MoveRows(selection.begin, rows).GetDay() != selection.begin.GetDay()) {
         return false;
+    }
     selection.current = scale.MoveRows(selection.current, rows);
     selection.end = scale.MoveRows(selection.end, rows);
-    if (!extend)
+    if (!extend) {
         selection.begin = selection.end;
+    }
     return true;
 }
 
@@ -40,8 +42,9 @@ ClockTime TimeOfRow(const TimeScale& scale, int row)
 
 AfterMove MoveRowEarlier(GridSelection& selection, const GridWindow& window, bool extend)
 {
-    if (!MoveRows(selection, window.scale, -1, extend))
+    if (!MoveRows(selection, window.scale, -1, extend)) {
         return AfterMove::NOTHING;
+    }
     const ClockTime shown = TimeOfRow(window.scale, FirstShownRow(window));
     const ClockTime begin = ClockTimeOf(selection.begin);
     return shown.hour >= begin.hour && shown.minute >= begin.minute ? AfterMove::SCROLL_UP : AfterMove::REPAINT;
@@ -49,11 +52,13 @@ AfterMove MoveRowEarlier(GridSelection& selection, const GridWindow& window, boo
 
 AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool extend)
 {
-    if (!MoveRows(selection, window.scale, 1, extend))
+    if (!MoveRows(selection, window.scale, 1, extend)) {
         return AfterMove::NOTHING;
+    }
     int whole = window.height / kTimeGrid.rowHeight;
-    if (window.height % kTimeGrid.rowHeight != 0)
+    if (window.height % kTimeGrid.rowHeight != 0) {
         --whole;
+    }
     const ClockTime shown = TimeOfRow(window.scale, FirstShownRow(window) + whole);
     const ClockTime begin = ClockTimeOf(selection.begin);
     return shown.hour <= begin.hour && shown.minute <= begin.minute ? AfterMove::SCROLL_DOWN : AfterMove::REPAINT;
@@ -63,8 +68,9 @@ void MoveDayEarlier(GridSelection& selection, bool extend)
 {
     selection.current = AddDays(selection.current, -1);
     selection.end = AddDays(selection.end, -1);
-    if (!extend)
+    if (!extend) {
         selection.begin = selection.end;
+    }
 }
 
 void MoveDayLater(GridSelection& selection, bool extend)
@@ -78,8 +84,9 @@ void MoveColumns(GridSelection& selection, int days, bool extend)
 {
     selection.current = AddDays(selection.current, days);
     selection.end = AddDays(selection.end, days);
-    if (!extend)
+    if (!extend) {
         selection.begin = selection.end;
+    }
 }
 
 int ShownRange::LengthOfView() const
@@ -91,10 +98,11 @@ int ViewsToShow(const ShownRange& range, int day)
 {
     const int length = range.LengthOfView();
     int views = 0;
-    if (day < range.first)
+    if (day < range.first) {
         views = -((range.first - day + length - 1) / length);
-    else if (day >= range.first + range.days)
+    } else if (day >= range.first + range.days) {
         views = (day - range.first - range.days) / length + 1;
+    }
     return views;
 }
 

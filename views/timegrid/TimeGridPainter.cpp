@@ -52,22 +52,25 @@ CRect TimeGridPainter::ScrolledBox(const tagCALENDAR_ITEM& item) const
 {
     CRect box = item.rcItem;
     box.OffsetRect(0, -m_state.scroll);
-    if (box.bottom < box.top)
+    if (box.bottom < box.top) {
         std::swap(box.top, box.bottom);
+    }
     box.bottom = std::max<int>(box.bottom, box.top + OUTLINE);
     return box;
 }
 
 void TimeGridPainter::HorizontalLine(int left, int right, int y, COLORREF color)
 {
-    if (right > left && y >= m_clip.top && y < m_clip.bottom)
+    if (right > left && y >= m_clip.top && y < m_clip.bottom) {
         m_pDC->FillSolidRect(left, y, right - left, 1, color);
+    }
 }
 
 void TimeGridPainter::VerticalLine(int x, int top, int bottom, COLORREF color)
 {
-    if (bottom > top && x >= m_clip.left && x < m_clip.right)
+    if (bottom > top && x >= m_clip.left && x < m_clip.right) {
         m_pDC->FillSolidRect(x, top, 1, bottom - top, color);
+    }
 }
 
 // ---- Ruler and full-day band
@@ -80,19 +83,22 @@ void TimeGridPainter::DrawRulerEdge()
 
 void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros)
 {
-    if (!IsVisible(ruler))
+    if (!IsVisible(ruler)) {
         return;
+    }
     m_pDC->FillSolidRect(&ruler, m_colors.ruler);
     m_pDC->SetTextColor(m_colors.rulerText);
     const int hourHeight = m_state.scale.HourHeight();
     for (int hour = 0; hour <= kHoursPerDay; ++hour) {
         const int top = ruler.top - m_state.scroll + hour * hourHeight;
-        if (!IsVisible(CRect(ruler.left, top, ruler.right, top + hourHeight)))
+        if (!IsVisible(CRect(ruler.left, top, ruler.right, top + hourHeight))) {
             continue;
+        }
         HorizontalLine(ruler.left + kPaint.rulerLineInset, ruler.right - kPaint.rulerLineInset, top,
                        m_colors.rulerText);
-        if (hour == kHoursPerDay)
+        if (hour == kHoursPerDay) {
             break; // the grid's end: a line without a number
+        }
         CString number;
         number.Format("%d", hour);
         CRect area(ruler.left, top, ruler.right - kPaint.hourRight, top + hourHeight);
@@ -109,8 +115,9 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros)
 
 void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label)
 {
-    if (!IsVisible(band))
+    if (!IsVisible(band)) {
         return;
+    }
     m_pDC->FillSolidRect(&band, m_colors.ruler);
     m_pDC->SetTextColor(m_colors.rulerText);
     CRect area = band;
@@ -120,11 +127,13 @@ void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label)
 
 void TimeGridPainter::DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected)
 {
-    if (!IsVisible(band))
+    if (!IsVisible(band)) {
         return;
+    }
     m_pDC->FillSolidRect(&band, m_colors.content);
-    for (const CRect& part : selected)
+    for (const CRect& part : selected) {
         m_pDC->FillSolidRect(CRect(part.left, band.top, part.right, band.bottom), m_colors.highlight);
+    }
     HorizontalLine(band.left, band.right, band.top, m_colors.grid);
     HorizontalLine(band.left, band.right, band.bottom - 1, m_colors.grid);
     VerticalLine(band.left, band.top, band.bottom, m_colors.grid);
@@ -135,8 +144,9 @@ void TimeGridPainter::DrawFulldayContent(const CRect& band, const std::vector<CR
 
 void TimeGridPainter::DrawGridBackground(const CRect& grid)
 {
-    if (!IsVisible(grid))
+    if (!IsVisible(grid)) {
         return;
+    }
     CBrush brush(m_colors.content);
     const SelectGdi selectBrush(m_pDC, &brush);
     m_pDC->Rectangle(&grid);
@@ -153,8 +163,9 @@ RowRange TimeGridPainter::VisibleRows(const CRect& grid) const
 
 void TimeGridPainter::DrawRows(const CRect& column, const RowRange& rows, const std::vector<RowLook>& looks)
 {
-    if (column.IsRectEmpty() || rows.end <= rows.first)
+    if (column.IsRectEmpty() || rows.end <= rows.first) {
         return;
+    }
     const int top = column.top - m_state.scroll;
     int filled = rows.first;
     for (int row = rows.first; row < rows.end; ++row) {
@@ -167,14 +178,16 @@ void TimeGridPainter::DrawRows(const CRect& column, const RowRange& rows, const 
             filled = row + 1;
         }
     }
-    for (int row = rows.first; row < rows.end; ++row)
+    for (int row = rows.first; row < rows.end; ++row) {
         HorizontalLine(column.left, column.right, top + m_state.scale.TopOfRow(row), looks[row - rows.first].line);
+    }
 }
 
 void TimeGridPainter::DrawSeparators(const CRect& area, const std::vector<CRect>& columns)
 {
-    for (const CRect& column : columns)
+    for (const CRect& column : columns) {
         VerticalLine(column.left, area.top, area.bottom, m_colors.grid);
+    }
 }
 
 void TimeGridPainter::DrawNowLine(const CRect& column, const ClockTime& now)
@@ -182,8 +195,9 @@ void TimeGridPainter::DrawNowLine(const CRect& column, const ClockTime& now)
     const int minute = now.hour * kMinutesPerHour + now.minute;
     const int y = column.top - m_state.scroll + minute * m_state.scale.HourHeight() / kMinutesPerHour;
     const CRect line(column.left, y, column.right, y + kPaint.nowLineHeight);
-    if (now.isValid && y >= column.top && IsVisible(line))
+    if (now.isValid && y >= column.top && IsVisible(line)) {
         m_pDC->FillSolidRect(&line, kTimeGridPalette.nowLine);
+    }
 }
 
 // ---- Items
@@ -195,17 +209,20 @@ void TimeGridPainter::DrawBoxEdges(const CRect& box, COLORREF color, int thickne
     const CRect outer(box.left - out, box.top - out, box.right - 1 - out + thickness, box.bottom - 1 - out + thickness);
     m_pDC->FillSolidRect(outer.left, outer.top, outer.Width(), thickness, color);
     m_pDC->FillSolidRect(outer.left, outer.bottom - thickness, outer.Width(), thickness, color);
-    if (left)
+    if (left) {
         m_pDC->FillSolidRect(outer.left, outer.top, thickness, outer.Height(), color);
-    if (right)
+    }
+    if (right) {
         m_pDC->FillSolidRect(outer.right - thickness, outer.top, thickness, outer.Height(), color);
+    }
 }
 
 void TimeGridPainter::DrawStripe(const CRect& box, COLORREF color)
 {
-    if (box.Width() >= kPaint.stripedWidth && box.Height() > 2 * OUTLINE)
+    if (box.Width() >= kPaint.stripedWidth && box.Height() > 2 * OUTLINE) {
         m_pDC->FillSolidRect(box.left + OUTLINE, box.top + OUTLINE, kPaint.stripeWidth, box.Height() - 2 * OUTLINE,
                              color);
+    }
 }
 
 CRect TimeGridPainter::DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent)
@@ -220,8 +237,9 @@ CRect TimeGridPainter::DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& b
     content.DeflateRect(kPaint.textInset, kPaint.textInset);
     content.left = seen.left + kPaint.textLeft;
     // The text of a box that is partly scrolled away stays in sight.
-    if (content.top < m_state.frame.grid.top)
+    if (content.top < m_state.frame.grid.top) {
         content.top = m_state.frame.grid.top + kPaint.textInset;
+    }
     return content;
 }
 
@@ -231,36 +249,41 @@ CRect TimeGridPainter::DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& ba
     const bool goesOn = item.nPiece == PIECE_HEAD || item.nPiece == PIECE_MIDDLE;
     const bool began = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
     m_pDC->FillSolidRect(&box, item.crColor2);
-    if (!began)
+    if (!began) {
         DrawStripe(box, item.crColor3);
+    }
     DrawBoxEdges(box, isCurrent ? m_colors.highlight : item.crColor4, isCurrent ? kPaint.currentFrame : OUTLINE, !began,
                  !goesOn);
     CRect content = box;
     content.DeflateRect(kPaint.textInset, kPaint.textInset);
     content.left = box.left + kPaint.textLeft;
-    if (content.top < band.top)
+    if (content.top < band.top) {
         content.top = band.top + kPaint.textInset;
+    }
     return content;
 }
 
 void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit)
 {
-    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content))
+    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
         return;
+    }
     m_pDC->SetTextColor(item.crColor5);
     CRect area = content;
     CString text = TimedItemText(item);
     if (timesWhereTheyFit &&
         (content.Width() < kPaint.timesWidth || (content.Height() < kPaint.twoLinesHeight && !item.strText.IsEmpty() &&
-                                                 m_pDC->GetTextExtent(text).cx > content.Width())))
+                                                 m_pDC->GetTextExtent(text).cx > content.Width()))) {
         text = item.strText;
+    }
     m_pDC->DrawText(text, &area, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
 }
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content)
 {
-    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content))
+    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
         return;
+    }
     m_pDC->SetTextColor(item.crColor5);
     const UINT side = item.nPiece == PIECE_MIDDLE ? DT_CENTER : item.nPiece == PIECE_TAIL ? DT_RIGHT : DT_LEFT;
     CRect area = content;

@@ -9,8 +9,9 @@ namespace dayvane {
 ClockTime ClockTimeOf(const COleDateTime& time)
 {
     ClockTime clock;
-    if (time.GetStatus() != COleDateTime::valid)
+    if (time.GetStatus() != COleDateTime::valid) {
         return clock;
+    }
     constexpr int kSecondsPerHour = 60 * kMinutesPerHour;
     constexpr int kSecondsPerDay = kHoursPerDay * kSecondsPerHour;
     clock.isValid = true;

@@ -103,10 +103,12 @@ int CWeekDayViewCtrl::GetBeginDayOfWeek() const
 void CWeekDayViewCtrl::SetDateScale(int nScale)
 {
     m_nDateScale = nScale;
-    if (nScale < 1 || nScale > kDateScaleCount)
+    if (nScale < 1 || nScale > kDateScaleCount) {
         return;
-    if (!EndEdit())
+    }
+    if (!EndEdit()) {
         return;
+    }
     const DateScaleRow& row = kDateScales[nScale - 1];
     SetViewOption(row.days, row.fromFirstDayOfWeek ? GetFirstDayOfWeek() : 0);
     SetCaptionText(row.caption);
@@ -119,20 +121,25 @@ void CWeekDayViewCtrl::SetDateScale(int nScale)
 
 void CWeekDayViewCtrl::SetRange(COleDateTime date)
 {
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     COleDateTime begin = dayvane::StartOfDay(date);
-    if (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid)
+    if (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid) {
         begin = dayvane::DateOfDayNumber(
             std::max(dayvane::WeekStartOf(dayvane::DayNumberOf(begin), GetBeginDayOfWeek()), civil::kFirstDay));
-    if (begin.GetStatus() == COleDateTime::valid && m_dtViewBegin.GetStatus() == COleDateTime::valid)
+    }
+    if (begin.GetStatus() == COleDateTime::valid && m_dtViewBegin.GetStatus() == COleDateTime::valid) {
         ShiftProperties(dayvane::DayNumberOf(begin) - dayvane::DayNumberOf(m_dtViewBegin));
+    }
     m_dtViewBegin = begin;
     m_dtViewEnd = dayvane::EndOfDay(dayvane::AddDays(begin, m_nDays - 1));
-    if (begin.GetStatus() == COleDateTime::valid && m_dtViewEnd.GetStatus() != COleDateTime::valid)
+    if (begin.GetStatus() == COleDateTime::valid && m_dtViewEnd.GetStatus() != COleDateTime::valid) {
         m_dtViewEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(civil::kLastDay));
-    if (!Shown().Holds(dayvane::ClockTimeOf(m_dtCurrentDate).day))
+    }
+    if (!Shown().Holds(dayvane::ClockTimeOf(m_dtCurrentDate).day)) {
         m_dtCurrentDate = m_dtViewDate = date;
+    }
 }
 
 void CWeekDayViewCtrl::GetViewRange(COleDateTime& begin, COleDateTime& end)
@@ -144,8 +151,9 @@ void CWeekDayViewCtrl::GetViewRange(COleDateTime& begin, COleDateTime& end)
 void CWeekDayViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
     const COleDateTime row = Scale().RowStart(date);
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     SetRange(row);
     CTimeGridCtrl::SetCurrentDate(row);
 }
@@ -170,8 +178,9 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHea
     m_rcFulldayContent = frame.fulldayContent;
     m_nColumnWidth = frame.columnWidth;
     m_arColumn.SetSize(m_nDays);
-    for (int i = 0; i < m_nDays; ++i)
+    for (int i = 0; i < m_nDays; ++i) {
         m_arColumn[i] = frame.columns[i];
+    }
     rcCaption = frame.caption;
     rcHeader = frame.header;
     rcRuler = frame.ruler;
@@ -185,8 +194,9 @@ void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems
 
 void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    if (screenItems.IsEmpty())
+    if (screenItems.IsEmpty()) {
         return;
+    }
     dayvane::PlaceTimedItems(screenItems, State().frame.columns, m_dtViewBegin, Scale(), dayvane::kManyDaysOverlap);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
@@ -198,8 +208,9 @@ void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COl
 
 void CWeekDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
-    if (GetFulldayItemCount() != 0)
+    if (GetFulldayItemCount() != 0) {
         dayvane::LayManyDayLanes(screenItems, rcBand, State().frame.columns, m_dtViewBegin);
+    }
 }
 
 int CWeekDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
@@ -219,8 +230,9 @@ int CWeekDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
     }
     const bool isWholeDay =
         begin.GetHour() == 0 && begin.GetMinute() == 0 && end.GetHour() == 23 && end.GetMinute() == 59;
-    if (!isWholeDay)
+    if (!isWholeDay) {
         end = Scale().MoveRows(end, 1);
+    }
     return result;
 }
 
@@ -239,18 +251,21 @@ int CWeekDayViewCtrl::IsUseMyWorkTime(int nColumn) const
 
 int CWeekDayViewCtrl::IsWorkTime(int nColumn, int nRow) const
 {
-    if (IsUseMyWorkTime(nColumn))
+    if (IsUseMyWorkTime(nColumn)) {
         return _IsWorkTime(nRow, m_arDayProperty[nColumn].dtWorkStart, m_arDayProperty[nColumn].dtWorkEnd);
+    }
     return CTimeGridCtrl::IsWorkTime(nRow);
 }
 
 void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
     const int column = dayvane::ColumnOfDay(State(), date);
-    if (column == -1)
+    if (column == -1) {
         return;
-    if (m_arDayProperty.GetSize() < m_nDays)
+    }
+    if (m_arDayProperty.GetSize() < m_nDays) {
         m_arDayProperty.SetSize(m_nDays);
+    }
     m_arDayProperty[column] = property;
 }
 
@@ -273,13 +288,15 @@ int CWeekDayViewCtrl::GetDayColor(int nColumn)
 // The columns have come to stand for days that many later.
 void CWeekDayViewCtrl::ShiftProperties(int nDays)
 {
-    if (m_arDayProperty.IsEmpty() || nDays == 0)
+    if (m_arDayProperty.IsEmpty() || nDays == 0) {
         return;
+    }
     CArray<tagCALENDAR_DAY_PROPERTY, const tagCALENDAR_DAY_PROPERTY&> shifted;
     shifted.SetSize(m_nDays);
     for (int i = 0; i < m_nDays; ++i) {
-        if (i + nDays >= 0 && i + nDays < m_arDayProperty.GetSize())
+        if (i + nDays >= 0 && i + nDays < m_arDayProperty.GetSize()) {
             shifted[i] = m_arDayProperty[i + nDays];
+        }
     }
     m_arDayProperty.Copy(shifted);
 }
@@ -298,8 +315,9 @@ void CWeekDayViewCtrl::MoveRightward(UINT nFlags)
 
 void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
 {
-    if (!EndEdit())
+    if (!EndEdit()) {
         return;
+    }
     dayvane::GridSelection selection = Selection();
     const dayvane::ShownRange shown = Shown();
     const int day = dayvane::ClockTimeOf(selection.current).day + nDays;
@@ -308,8 +326,9 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     next.first += dayvane::ViewsToShow(shown, day) * shown.LengthOfView();
     const int target = next.Holds(day) ? day : nDays > 0 ? next.first : next.first + next.days - 1;
     dayvane::MoveColumns(selection, nDays + target - day, (nFlags & kExtendSelection) != 0);
-    if (selection.current.GetStatus() != COleDateTime::valid)
+    if (selection.current.GetStatus() != COleDateTime::valid) {
         return; // beyond the years that there are
+    }
     InvalidateCellRectRange();
     SetSelection(selection);
     InvalidateCellRectRange();
@@ -326,8 +345,9 @@ void CWeekDayViewCtrl::CurrentDateMoved()
     next.first += dayvane::ViewsToShow(shown, day) * shown.LengthOfView();
     // Between two working weeks, or beyond the years that there are, no view shows the day.
     const COleDateTime begin = dayvane::DateOfDayNumber(next.first);
-    if (next.first == shown.first || !next.Holds(day) || begin.GetStatus() != COleDateTime::valid)
+    if (next.first == shown.first || !next.Holds(day) || begin.GetStatus() != COleDateTime::valid) {
         return;
+    }
     SetRange(begin);
     Rebuild();
     Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtViewBegin, m_dtViewEnd, kRangeChangeValue);

@@ -14,15 +14,17 @@ CRect CWeekDayViewCtrl::HeaderBoxOf(int nColumn) const
 
 void CWeekDayViewCtrl::InvalidateHeader()
 {
-    if (m_hWnd)
+    if (m_hWnd) {
         InvalidateRect(&m_rcHeader, FALSE);
+    }
 }
 
 void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 {
     const int column = dayvane::ColumnOfDay(State(), date);
-    if (!m_hWnd || column == -1)
+    if (!m_hWnd || column == -1) {
         return;
+    }
     const CRect& box = m_arColumn[column];
     const CRect rect(box.left, m_rcFulldayContent.top, box.right, box.bottom);
     InvalidateRect(&rect, FALSE);
@@ -40,17 +42,19 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
     const dayvane::TimeGridState state = State();
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    if (!painter.IsVisible(rcHeader))
+    if (!painter.IsVisible(rcHeader)) {
         return;
+    }
     painter.DrawHeaderBackground(rcHeader);
     const int today = dayvane::ColumnOfDay(state, dayvane::Now());
     const int current = dayvane::ColumnOfDay(state, m_dtCurrentDate);
     for (int i = 0; i < m_nDays; ++i) {
         const CRect box = HeaderBoxOf(i);
-        if (i == today)
+        if (i == today) {
             DrawTodayRect(pDC, box);
-        else if (i == current)
+        } else if (i == current) {
             DrawFocusRect(pDC, box);
+        }
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
         painter.DrawHeaderText(box, dayvane::HeaderOfDay(GetShownDays()[i], m_bShowHoliday != FALSE, text),
                                GetShownDays()[i], KindOfColumn(i).isDayOff, m_fonts.Label());
@@ -74,11 +78,13 @@ void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 {
     const dayvane::TimeGridState state = State();
     dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    if (!painter.IsVisible(rcGrid))
+    if (!painter.IsVisible(rcGrid)) {
         return;
+    }
     painter.DrawGridBackground(rcGrid);
-    for (int i = 0; i < m_nDays; ++i)
+    for (int i = 0; i < m_nDays; ++i) {
         DrawRows(pDC, i);
+    }
     painter.DrawSeparators(rcGrid, state.frame.columns);
 }
 
@@ -86,19 +92,22 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
     const dayvane::TimeGridState state = State();
     const dayvane::TimeGridPainter painter(pDC, state, m_colors);
-    if (!painter.IsVisible(rcGrid))
+    if (!painter.IsVisible(rcGrid)) {
         return;
+    }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         const int column = painter.ShowsTimedItem(item) ? dayvane::ColumnOfDay(state, item.dtStart) : -1;
-        if (column != -1)
+        if (column != -1) {
             _DrawItem(pDC, state.frame.columns[column], item);
+        }
     }
 }
 
 // An item pushed beyond its column must not cover the next day's.
 void CWeekDayViewCtrl::_DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item)
 {
-    if (item.rcItem.left < rcColumn.right)
+    if (item.rcItem.left < rcColumn.right) {
         DrawTimedItem(pDC, State(), item, rcColumn.right);
+    }
 }
