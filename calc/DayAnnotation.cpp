@@ -26,7 +26,7 @@ DayAnnotation AnnotateDay(const COleDateTime& date)
 CString AnnotationText(const DayAnnotation& annotation)
 {
     CString text = annotation.holidayName;
-    if (annotation.solarTerm != nullptr) {
+    if (annotation.solarTerm) {
         text += " ";
         text += annotation.solarTerm;
     }

@@ -64,7 +64,7 @@ int CLunarDate::Get24Setuki(const COleDateTime& date, CString& name) const
 {
     const CivilDate day = CivilDateOf(date);
     const SolarTerm* term = day.IsValid() ? SolarTermOf(DayNumberOf(day)) : nullptr;
-    if (term == nullptr) {
+    if (!term) {
         return 0;
     }
     name = term->name;
@@ -75,7 +75,7 @@ int CLunarDate::Get24Setuki2(int& index, const COleDateTime& date, CString& name
 {
     const CivilDate day = CivilDateOf(date);
     const SolarTerm* term = day.IsValid() ? SolarTermWithin(DayNumberOf(day)) : nullptr;
-    if (term == nullptr) {
+    if (!term) {
         return 0;
     }
     index = static_cast<int>(term - g_solarTerms);

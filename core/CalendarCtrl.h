@@ -47,7 +47,7 @@ public:
         ~Alive();
         Alive(const Alive&) = delete;
         Alive& operator=(const Alive&) = delete;
-        explicit operator bool() const { return m_pCtrl != nullptr && m_pCtrl->m_hWnd == m_hWnd; }
+        explicit operator bool() const { return m_pCtrl && m_pCtrl->m_hWnd == m_hWnd; }
 
     private:
         friend class CCalendarCtrl;

@@ -122,7 +122,7 @@ void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
 void CPeriodGridCtrl::Layout(int cx, int cy)
 {
     CRect client(0, 0, 0, 0);
-    if ((cx < 0 || cy < 0) && m_hWnd != nullptr) {
+    if ((cx < 0 || cy < 0) && m_hWnd) {
         GetClientRect(&client);
         cx = client.Width();
         cy = client.Height();
@@ -136,7 +136,7 @@ void CPeriodGridCtrl::Layout(int cx, int cy)
             tagHOLIDAY holiday = {};
             m_marks[i][k].isHoliday = m_model.Policy().unit == CellUnit::Day &&
                                       CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
-            m_marks[i][k].isBold = cell.inPeriod && m_pfnIsBold != nullptr && m_pfnIsBold(cell.date, m_lBoldParam);
+            m_marks[i][k].isBold = cell.inPeriod && m_pfnIsBold && m_pfnIsBold(cell.date, m_lBoldParam);
         }
     }
 }
@@ -149,7 +149,7 @@ void CPeriodGridCtrl::Refresh()
 
 void CPeriodGridCtrl::Redraw()
 {
-    if (m_hWnd != nullptr) {
+    if (m_hWnd) {
         RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     }
 }
@@ -186,7 +186,7 @@ void FillHeader(const CWnd* pWnd, int nCode, NMHDR& header)
 void SendNotify(const CWnd* pWnd, const NMHDR& header)
 {
     CWnd* pParent = pWnd->GetParent();
-    if (pParent != nullptr) {
+    if (pParent) {
         pParent->SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
     }
 }
@@ -194,7 +194,7 @@ void SendNotify(const CWnd* pWnd, const NMHDR& header)
 
 void CPeriodGridCtrl::FireNotifyClick()
 {
-    if (m_hWnd == nullptr) {
+    if (!m_hWnd) {
         return;
     }
     NMSELCHANGE record = {};
@@ -206,7 +206,7 @@ void CPeriodGridCtrl::FireNotifyClick()
 
 void CPeriodGridCtrl::FireNotifyDblClick()
 {
-    if (m_hWnd == nullptr) {
+    if (!m_hWnd) {
         return;
     }
     NMHDR header = {};
@@ -228,7 +228,7 @@ void CPeriodGridCtrl::Apply(const GridEffects& effects)
     if (alive && effects.layout) {
         Layout(-1, -1);
     }
-    if (alive && effects.capture && m_hWnd != nullptr) {
+    if (alive && effects.capture && m_hWnd) {
         SetCapture();
     }
     if (alive && effects.openPopup) {
@@ -279,7 +279,7 @@ void CPeriodGridCtrl::OpenPopup()
 
 void CPeriodGridCtrl::ClosePopup()
 {
-    if (m_nPopupTimer != 0 && m_hWnd != nullptr) {
+    if (m_nPopupTimer != 0 && m_hWnd) {
         KillTimer(m_nPopupTimer);
     }
     m_nPopupTimer = 0;

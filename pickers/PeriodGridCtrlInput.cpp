@@ -29,10 +29,10 @@ void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
         m_bTracksLeave = TRUE;
         TrackMouseLeave(m_hWnd);
     }
-    if (m_pPopup == nullptr) {
+    if (!m_pPopup) {
         Hover(PartAt(m_layout, point));
         Apply(m_model.PointAt(DateOfHit(m_layout, CellAt(m_layout, point))));
-    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+    } else if (m_pPopup->GetSafeHwnd()) {
         ClientToScreen(&point);
         m_pPopup->PointAt(point);
     } else {
@@ -66,7 +66,7 @@ void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
 {
     InvalidatePart(m_model.Pressed());
     m_model.LetGo();
-    if (m_pPopup == nullptr) {
+    if (!m_pPopup) {
         Apply(m_model.Release(m_model.FirstPeriod()));
         return;
     }
@@ -99,7 +99,7 @@ UINT CPeriodGridCtrl::OnGetDlgCode()
 {
     const MSG* pMsg = reinterpret_cast<const MSG*>(GetCurrentMessage()->lParam);
     UINT code = DLGC_WANTARROWS;
-    if (pMsg != nullptr && pMsg->message == WM_KEYDOWN) {
+    if (pMsg && pMsg->message == WM_KEYDOWN) {
         const bool busy = m_model.GetMode() != PeriodGridModel::Mode::Idle;
         if (pMsg->wParam == VK_RETURN || (pMsg->wParam == VK_ESCAPE && busy)) {
             code |= DLGC_WANTMESSAGE;
@@ -133,9 +133,9 @@ void CPeriodGridCtrl::OnCancelMode()
 
 void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)
 {
-    if (nIDEvent != kRunTimerId || m_pPopup == nullptr) {
+    if (nIDEvent != kRunTimerId || !m_pPopup) {
         CWnd::OnTimer(nIDEvent);
-    } else if (m_pPopup->GetSafeHwnd() != nullptr) {
+    } else if (m_pPopup->GetSafeHwnd()) {
         m_pPopup->Tick();
     } else {
         Cancel();

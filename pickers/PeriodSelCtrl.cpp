@@ -47,7 +47,7 @@ BOOL CPeriodSelCtrl::Open(CWnd* pOwner, const CRect& rcTitle)
 
 void CPeriodSelCtrl::PointAt(CPoint ptScreen)
 {
-    if (m_hWnd != nullptr) {
+    if (m_hWnd) {
         ScreenToClient(&ptScreen);
         if (m_run.PointAt(ptScreen)) {
             Invalidate(FALSE);
@@ -57,7 +57,7 @@ void CPeriodSelCtrl::PointAt(CPoint ptScreen)
 
 void CPeriodSelCtrl::Tick()
 {
-    if (m_run.Tick() && m_hWnd != nullptr) {
+    if (m_run.Tick() && m_hWnd) {
         Invalidate(FALSE);
         UpdateWindow();
     }
@@ -67,7 +67,7 @@ CRect CPeriodSelCtrl::GetPeriodRect(int nPeriod) const
 {
     const int row = nPeriod - m_run.PeriodOfRow(0);
     CRect rect(0, 0, 0, 0);
-    if (m_hWnd != nullptr && m_run.HasPeriod(row)) {
+    if (m_hWnd && m_run.HasPeriod(row)) {
         rect = m_run.RowRect(row);
         ClientToScreen(&rect);
     }

@@ -22,7 +22,7 @@ public:
     // One interval of dayvane::kRunInterval milliseconds has passed.
     void Tick();
     // FALSE while the pointer is outside, on an empty row, or the window is gone: letting go there changes nothing.
-    BOOL HasChoice() const { return m_hWnd != nullptr && m_run.HasChoice(); }
+    BOOL HasChoice() const { return m_hWnd && m_run.HasChoice(); }
     // The period under the pointer; the given one while there is no choice.
     int GetPeriod() const { return m_run.Chosen(); }
     int GetGivenPeriod() const { return m_run.Given(); }

@@ -43,7 +43,7 @@ LOGFONT MakeLogFont(const PickerFontSpec& spec)
 CFont* PickerFonts::Get(bool bold)
 {
     CFont& font = bold ? m_bold : m_plain;
-    if (font.GetSafeHandle() == nullptr) {
+    if (!font.GetSafeHandle()) {
         LOGFONT lf = m_template;
         lf.lfWeight = bold ? FW_BOLD : lf.lfWeight;
         font.CreateFontIndirect(&lf);

@@ -53,7 +53,7 @@ void TrackMouseLeave(HWND hWnd)
 
 void ReleaseCaptureOf(HWND hWnd)
 {
-    if (hWnd != nullptr && ::GetCapture() == hWnd) {
+    if (hWnd && ::GetCapture() == hWnd) {
         ::ReleaseCapture();
     }
 }

@@ -47,7 +47,7 @@ CYearMonthPickerCtrl::CYearMonthPickerCtrl() : m_dtCurrent(Now()), m_rcArrow(0, 
 CYearMonthPickerCtrl::~CYearMonthPickerCtrl()
 {
     DestroyWindow();
-    if (m_pPopup != nullptr) {
+    if (m_pPopup) {
         m_pPopup->Abandon();
     }
 }
@@ -70,7 +70,7 @@ int CYearMonthPickerCtrl::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CYearMonthPickerCtrl::OnDestroy()
 {
-    if (m_pPopup != nullptr) {
+    if (m_pPopup) {
         m_pPopup->Abandon();
     }
     m_pPopup = nullptr;
@@ -85,7 +85,7 @@ void CYearMonthPickerCtrl::SetWindowSize()
     const PickerButtonMetrics metrics = ButtonMetrics();
     CRect rect;
     GetWindowRect(&rect);
-    if (m_hWndParent != nullptr) {
+    if (m_hWndParent) {
         ::MapWindowPoints(nullptr, m_hWndParent, reinterpret_cast<POINT*>(&rect), 2);
     }
     MoveWindow(rect.left, rect.top, std::max<int>(rect.Width(), metrics.minWidth), metrics.height, TRUE);
@@ -98,7 +98,7 @@ void CYearMonthPickerCtrl::SetWindowSize()
 
 BOOL CYearMonthPickerCtrl::OnClicked()
 {
-    if (m_pPopup != nullptr) {
+    if (m_pPopup) {
         return TRUE;
     }
     const WindowAlive alive(this, m_life);
@@ -170,7 +170,7 @@ LRESULT CYearMonthPickerCtrl::OnSelEndCancel(WPARAM wParam, LPARAM)
 
 void CYearMonthPickerCtrl::Tell(UINT nMessage, WPARAM wParam)
 {
-    if (m_hWndParent != nullptr) {
+    if (m_hWndParent) {
         ::SendMessage(m_hWndParent, nMessage, wParam, GetDlgCtrlID());
     }
 }
@@ -227,7 +227,7 @@ void CYearMonthPickerCtrl::OnMouseLeave()
 
 void CYearMonthPickerCtrl::ToggleDrop()
 {
-    if (m_pPopup != nullptr) {
+    if (m_pPopup) {
         m_pPopup->Cancel();
     } else {
         OnClicked();
@@ -236,7 +236,7 @@ void CYearMonthPickerCtrl::ToggleDrop()
 
 void CYearMonthPickerCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (m_pPopup != nullptr && m_pPopup->HandleKey(nChar)) {
+    if (m_pPopup && m_pPopup->HandleKey(nChar)) {
         return;
     }
     if (nChar == VK_F4) {
@@ -258,14 +258,14 @@ void CYearMonthPickerCtrl::OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 UINT CYearMonthPickerCtrl::OnGetDlgCode()
 {
     const UINT code = CButton::OnGetDlgCode();
-    return m_pPopup != nullptr ? code | DLGC_WANTALLKEYS : code;
+    return m_pPopup ? code | DLGC_WANTALLKEYS : code;
 }
 
 void CYearMonthPickerCtrl::OnKillFocus(CWnd* pNewWnd)
 {
     const WindowAlive alive(this, m_life);
     CButton::OnKillFocus(pNewWnd);
-    if (alive && m_pPopup != nullptr) {
+    if (alive && m_pPopup) {
         m_pPopup->Cancel();
     }
 }

@@ -68,7 +68,7 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
 
 void CYearMonthPopup::PostNcDestroy()
 {
-    if (m_pPicker != nullptr) {
+    if (m_pPicker) {
         m_pPicker->OnPopupGone(this, m_bOpened);
     }
     delete this;
@@ -90,7 +90,7 @@ void CYearMonthPopup::Finish(UINT nMessage, WPARAM wParam)
     // From here on neither knows the other: the parent may end or drop the picker while it is told.
     CYearMonthPickerCtrl* pPicker = m_pPicker;
     m_pPicker = nullptr;
-    if (pPicker != nullptr) {
+    if (pPicker) {
         pPicker->OnPopupGone(this, TRUE);
         pPicker->SendMessage(nMessage, wParam, 0);
     }

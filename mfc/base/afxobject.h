@@ -18,7 +18,7 @@ struct CRuntimeClass
     CRuntimeClass* (*m_pfnGetBaseClass)(); // null: CObject
 
     // A new object, or null when the class cannot be created so.
-    CObject* CreateObject() const { return m_pfnCreateObject != nullptr ? m_pfnCreateObject() : nullptr; }
+    CObject* CreateObject() const { return m_pfnCreateObject ? m_pfnCreateObject() : nullptr; }
     BOOL IsDerivedFrom(const CRuntimeClass* pBaseClass) const;
 };
 

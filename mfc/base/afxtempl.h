@@ -131,7 +131,7 @@ private:
 template <class TYPE, class ARG_TYPE>
 INT_PTR CArray<TYPE, ARG_TYPE>::GrownCapacity(INT_PTR nNewSize) const
 {
-    if (m_pData == nullptr) {
+    if (!m_pData) {
         return std::max(nNewSize, m_nGrowBy);
     }
     const INT_PTR nStep = m_nGrowBy != 0 ? m_nGrowBy : std::clamp<INT_PTR>(m_nSize / 8, 4, 1024);
@@ -146,7 +146,7 @@ void CArray<TYPE, ARG_TYPE>::SetCapacity(INT_PTR nCapacity)
     if (static_cast<size_t>(nCapacity) <= static_cast<size_t>(PTRDIFF_MAX) / sizeof(TYPE)) {
         pMemory = std::malloc(static_cast<size_t>(nCapacity) * sizeof(TYPE));
     }
-    if (pMemory == nullptr) {
+    if (!pMemory) {
         AfxThrowMemoryException();
     }
     TYPE* pNew = static_cast<TYPE*>(pMemory);
@@ -283,7 +283,7 @@ void CArray<TYPE, ARG_TYPE>::InsertAt(INT_PTR nIndex, ARG_TYPE newElement, INT_P
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::InsertAt(INT_PTR nStartIndex, CArray* pNewArray)
 {
-    if (pNewArray == nullptr || pNewArray == this || nStartIndex < 0) {
+    if (!pNewArray || pNewArray == this || nStartIndex < 0) {
         AfxThrowInvalidArgException();
     }
     if (pNewArray->m_nSize > 0) {

@@ -11,7 +11,7 @@
 namespace {
 int LengthOf(LPCTSTR text)
 {
-    if (text == nullptr) {
+    if (!text) {
         return 0;
     }
     const size_t length = std::strlen(text);
@@ -47,7 +47,7 @@ LPTSTR CString::Allocate(int capacity)
         capacity = 1;
     }
     void* memory = std::malloc(sizeof(Block) + static_cast<size_t>(capacity) + 1);
-    if (memory == nullptr) {
+    if (!memory) {
         AfxThrowMemoryException();
     }
     Block* block = new (memory) Block{{1}, 0, capacity};
@@ -151,7 +151,7 @@ void CString::SetString(LPCTSTR text)
 
 void CString::SetString(LPCTSTR text, int length)
 {
-    if (length < 0 || (text == nullptr && length > 0)) {
+    if (length < 0 || (!text && length > 0)) {
         AfxThrowInvalidArgException();
     }
     if (length == 0) {
@@ -177,7 +177,7 @@ void CString::Append(LPCTSTR text)
 
 void CString::Append(LPCTSTR text, int length)
 {
-    if (length < 0 || (text == nullptr && length > 0)) {
+    if (length < 0 || (!text && length > 0)) {
         AfxThrowInvalidArgException();
     }
     if (length == 0) {
@@ -239,7 +239,7 @@ void CString::AppendFormat(LPCTSTR format, ...)
 
 void CString::AppendFormatV(LPCTSTR format, va_list arguments)
 {
-    if (format == nullptr) {
+    if (!format) {
         AfxThrowInvalidArgException();
     }
     va_list again;
@@ -306,8 +306,8 @@ CString CString::Joined(LPCTSTR left, int leftLength, LPCTSTR right, int rightLe
     const int length = SumOf(leftLength, rightLength);
     if (length > 0) {
         LPTSTR text = result.GetBuffer(length);
-        std::memcpy(text, left != nullptr ? left : "", static_cast<size_t>(leftLength));
-        std::memcpy(text + leftLength, right != nullptr ? right : "", static_cast<size_t>(rightLength));
+        std::memcpy(text, left ? left : "", static_cast<size_t>(leftLength));
+        std::memcpy(text + leftLength, right ? right : "", static_cast<size_t>(rightLength));
         result.SetLength(length);
     }
     return result;

@@ -11,7 +11,7 @@ namespace {
 // Whether the character at p is in the set.
 bool IsOneOf(const char* p, LPCTSTR characters)
 {
-    if (characters == nullptr) {
+    if (!characters) {
         return false;
     }
     const int size = CharSize(p);
@@ -94,7 +94,7 @@ int CString::Find(TCHAR ch, int start) const
 
 int CString::Find(LPCTSTR text, int start) const
 {
-    if (text == nullptr || start < 0 || start > GetLength()) {
+    if (!text || start < 0 || start > GetLength()) {
         return -1;
     }
     const size_t size = std::strlen(text);
@@ -154,7 +154,7 @@ int CString::Replace(TCHAR oldChar, TCHAR newChar)
 
 int CString::Replace(LPCTSTR oldText, LPCTSTR newText)
 {
-    const int oldLength = oldText != nullptr ? static_cast<int>(std::strlen(oldText)) : 0;
+    const int oldLength = oldText ? static_cast<int>(std::strlen(oldText)) : 0;
     int found = oldLength > 0 ? Find(oldText) : -1;
     if (found < 0) {
         return 0;
@@ -263,7 +263,7 @@ CString& CString::MakeLower()
 
 int CString::Compare(LPCTSTR text) const
 {
-    return std::strcmp(m_text, text != nullptr ? text : "");
+    return std::strcmp(m_text, text ? text : "");
 }
 
 int CString::CompareNoCase(LPCTSTR text) const

@@ -15,7 +15,7 @@ constexpr int kShortNameLength = 3;
 bool IsEnglish()
 {
     const char* locale = std::setlocale(LC_TIME, nullptr);
-    return locale == nullptr || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
+    return !locale || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
 }
 
 // A name of the C runtime's locale. Only the fields that names depend on are set, so that no runtime finds the year
@@ -91,7 +91,7 @@ CString COleDateTime::Format(LPCTSTR format) const
 {
     CString text;
     SYSTEMTIME time = {};
-    if (format == nullptr || m_status == null) {
+    if (!format || m_status == null) {
         return text;
     }
     if (!GetAsSystemTime(time)) {
@@ -103,7 +103,7 @@ CString COleDateTime::Format(LPCTSTR format) const
         const Number number = NumberOf(time, flag);
         if (number.digits != 0) {
             text.AppendFormat("%0*d", isBare ? 1 : number.digits, number.value);
-        } else if (flag != 0 && std::strchr("aAbBp", flag) != nullptr) {
+        } else if (flag != 0 && std::strchr("aAbBp", flag)) {
             text += NameOf(time, flag);
         } else if (flag == '%') {
             text.AppendChar('%');
@@ -119,7 +119,7 @@ CString COleDateTime::Format(LPCTSTR format) const
 CString COleDateTimeSpan::Format(LPCTSTR format) const
 {
     CString text;
-    if (format == nullptr || m_status != valid) {
+    if (!format || m_status != valid) {
         return text;
     }
     for (const char* p = format; *p != 0; ++p) {

@@ -66,7 +66,7 @@ void CMemFile::Reserve(ULONGLONG length)
         wanted = (length + m_growBytes - 1) / m_growBytes * m_growBytes;
         data = std::realloc(m_data, static_cast<size_t>(wanted));
     }
-    if (data == nullptr) {
+    if (!data) {
         AfxThrowMemoryException();
     }
     m_data = static_cast<BYTE*>(data);
@@ -125,7 +125,7 @@ BYTE* CMemFile::Detach()
 
 void CArchive::Flush()
 {
-    if (m_file != nullptr) {
+    if (m_file) {
         m_file->Flush();
     }
 }
@@ -141,7 +141,7 @@ UINT CArchive::Read(void* buffer, UINT count)
     if (!m_isLoading) {
         AfxThrowArchiveException(CArchiveException::writeOnly);
     }
-    if (m_file == nullptr) {
+    if (!m_file) {
         AfxThrowArchiveException(CArchiveException::genericException);
     }
     return m_file->Read(buffer, count);
@@ -159,7 +159,7 @@ void CArchive::Write(const void* buffer, UINT count)
     if (m_isLoading) {
         AfxThrowArchiveException(CArchiveException::readOnly);
     }
-    if (m_file == nullptr) {
+    if (!m_file) {
         AfxThrowArchiveException(CArchiveException::genericException);
     }
     m_file->Write(buffer, count);

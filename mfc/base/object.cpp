@@ -7,7 +7,7 @@
 BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const
 {
     for (const CRuntimeClass* pClass = this; pClass != nullptr;
-         pClass = pClass->m_pfnGetBaseClass != nullptr ? pClass->m_pfnGetBaseClass() : nullptr) {
+         pClass = pClass->m_pfnGetBaseClass ? pClass->m_pfnGetBaseClass() : nullptr) {
         if (pClass == pBaseClass) {
             return TRUE;
         }
@@ -41,7 +41,7 @@ void CObject::AssertValid() const
 
 CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject)
 {
-    return pObject != nullptr && pObject->IsKindOf(pClass) ? pObject : nullptr;
+    return pObject && pObject->IsKindOf(pClass) ? pObject : nullptr;
 }
 
 IMPLEMENT_DYNAMIC(CException, CObject)

@@ -31,7 +31,7 @@ public:
     }
     int Add(CBitmap* pbmImage, CBitmap* pbmMask)
     {
-        return ::ImageList_Add(m_hImageList, *pbmImage, pbmMask != nullptr ? static_cast<HBITMAP>(*pbmMask) : nullptr);
+        return ::ImageList_Add(m_hImageList, *pbmImage, pbmMask ? static_cast<HBITMAP>(*pbmMask) : nullptr);
     }
     int Add(CBitmap* pbmImage, COLORREF crMask) { return ::ImageList_AddMasked(m_hImageList, *pbmImage, crMask); }
     int Add(HICON hIcon) { return ::ImageList_AddIcon(m_hImageList, hIcon); }

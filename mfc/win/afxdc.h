@@ -33,7 +33,7 @@ public:
     {
         return Attach(::CreateIC(lpszDriver, lpszDevice, lpszOutput, static_cast<const DEVMODE*>(lpInitData)));
     }
-    BOOL CreateCompatibleDC(CDC* pDC) { return Attach(::CreateCompatibleDC(pDC != nullptr ? pDC->m_hDC : nullptr)); }
+    BOOL CreateCompatibleDC(CDC* pDC) { return Attach(::CreateCompatibleDC(pDC ? pDC->m_hDC : nullptr)); }
     BOOL DeleteDC();
     virtual int SaveDC();
     virtual BOOL RestoreDC(int nSavedDC);
@@ -218,7 +218,7 @@ protected:
     CGdiObject* Select(const CGdiObject* pObject);
     HGDIOBJ Current(UINT nType) const { return ::GetCurrentObject(m_hAttribDC, nType); }
     // Whether settings have to be made on two contexts.
-    bool HasOwnAttribDC() const { return m_hAttribDC != nullptr && m_hAttribDC != m_hDC; }
+    bool HasOwnAttribDC() const { return m_hAttribDC && m_hAttribDC != m_hDC; }
 };
 
 // The context of one paint message; the window is validated when the object is destroyed.

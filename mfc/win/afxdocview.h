@@ -126,7 +126,7 @@ public:
     void RemoveDocument(CDocument* pDoc) override;
     CDocument* GetOnlyDoc() const { return m_pOnlyDoc; }
     CDocument* OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMakeVisible = TRUE) override;
-    BOOL SaveAllModified() override { return m_pOnlyDoc == nullptr || m_pOnlyDoc->SaveModified(); }
+    BOOL SaveAllModified() override { return !m_pOnlyDoc || m_pOnlyDoc->SaveModified(); }
     void SetDefaultTitle(CDocument* pDocument) override;
 
 protected:

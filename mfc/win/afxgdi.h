@@ -157,7 +157,7 @@ public:
     void SetRectRgn(LPCRECT lpRect) { ::SetRectRgn(*this, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom); }
     int CombineRgn(const CRgn* pRgn1, const CRgn* pRgn2, int nCombineMode)
     {
-        return ::CombineRgn(*this, *pRgn1, pRgn2 != nullptr ? static_cast<HRGN>(*pRgn2) : nullptr, nCombineMode);
+        return ::CombineRgn(*this, *pRgn1, pRgn2 ? static_cast<HRGN>(*pRgn2) : nullptr, nCombineMode);
     }
     int OffsetRgn(int x, int y) { return ::OffsetRgn(*this, x, y); }
     int GetRgnBox(LPRECT lpRect) const { return ::GetRgnBox(*this, lpRect); }
@@ -168,5 +168,5 @@ public:
 // The handle of an object that may be null.
 inline HGDIOBJ AfxSafeHandle(const CGdiObject* pObject)
 {
-    return pObject != nullptr ? pObject->m_hObject : nullptr;
+    return pObject ? pObject->m_hObject : nullptr;
 }

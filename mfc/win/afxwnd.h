@@ -109,7 +109,7 @@ public:
         return reinterpret_cast<HICON>(SendMessage(WM_SETICON, bBigIcon, reinterpret_cast<LPARAM>(hIcon)));
     }
     CMenu* GetMenu() const { return CMenu::FromHandle(::GetMenu(m_hWnd)); }
-    BOOL SetMenu(CMenu* pMenu) { return ::SetMenu(m_hWnd, pMenu != nullptr ? pMenu->m_hMenu : nullptr); }
+    BOOL SetMenu(CMenu* pMenu) { return ::SetMenu(m_hWnd, pMenu ? pMenu->m_hMenu : nullptr); }
     CMenu* GetSystemMenu(BOOL bRevert) const { return CMenu::FromHandle(::GetSystemMenu(m_hWnd, bRevert)); }
     void DrawMenuBar() { ::DrawMenuBar(m_hWnd); }
     void DragAcceptFiles(BOOL bAccept = TRUE) { ::DragAcceptFiles(m_hWnd, bAccept); }
@@ -254,7 +254,7 @@ public:
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
     CWnd* SetParent(CWnd* pWndNewParent) { return FromHandle(::SetParent(m_hWnd, SafeHwnd(pWndNewParent))); }
     // The window that notifications go to: the one set, else the parent.
-    CWnd* GetOwner() const { return m_hWndOwner != nullptr ? FromHandle(m_hWndOwner) : GetParent(); }
+    CWnd* GetOwner() const { return m_hWndOwner ? FromHandle(m_hWndOwner) : GetParent(); }
     void SetOwner(CWnd* pOwnerWnd) { m_hWndOwner = SafeHwnd(pOwnerWnd); }
     CWnd* GetTopLevelParent() const;
     CWnd* GetTopLevelOwner() const;
@@ -275,7 +275,7 @@ public:
     virtual void EndModalLoop(int nResult);
     virtual BOOL ContinueModal() { return m_bModalLoop; }
 
-    static HWND SafeHwnd(const CWnd* pWnd) { return pWnd != nullptr ? pWnd->m_hWnd : nullptr; }
+    static HWND SafeHwnd(const CWnd* pWnd) { return pWnd ? pWnd->m_hWnd : nullptr; }
 
 protected:
     // The way of a message: WindowProc, then OnWndMsg (commands, notifications, the message map), then DefWindowProc.

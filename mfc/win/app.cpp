@@ -31,7 +31,7 @@ BOOL PumpOne(MSG& msg, CWinThread* pThread)
     if (::GetMessage(&msg, nullptr, 0, 0) <= 0) {
         return FALSE;
     }
-    const bool done = pThread != nullptr ? pThread->PreTranslateMessage(&msg) : AfxPreTranslateMessage(&msg);
+    const bool done = pThread ? pThread->PreTranslateMessage(&msg) : AfxPreTranslateMessage(&msg);
     if (!done) {
         ::TranslateMessage(&msg);
         ::DispatchMessage(&msg);
@@ -93,11 +93,11 @@ BOOL CWinThread::PreTranslateMessage(MSG* pMsg)
     if (CWnd::WalkPreTranslateTree(CWnd::SafeHwnd(pMainWnd), pMsg)) {
         return TRUE;
     }
-    if (pMainWnd == nullptr) {
+    if (!pMainWnd) {
         return FALSE;
     }
     // A message to no window, or to one outside the main window's tree, is offered to the main window too.
-    const bool outside = pMsg->hwnd == nullptr || CWnd::FromHandle(pMsg->hwnd)->GetTopLevelParent() != pMainWnd;
+    const bool outside = !pMsg->hwnd || CWnd::FromHandle(pMsg->hwnd)->GetTopLevelParent() != pMainWnd;
     return outside && pMainWnd->PreTranslateMessage(pMsg);
 }
 
@@ -123,7 +123,7 @@ BOOL CWinThread::IsIdleMessage(MSG* pMsg)
 BOOL AfxPreTranslateMessage(MSG* pMsg)
 {
     CWinThread* pThread = AfxGetThread();
-    return pThread != nullptr ? pThread->PreTranslateMessage(pMsg) : CWnd::WalkPreTranslateTree(nullptr, pMsg);
+    return pThread ? pThread->PreTranslateMessage(pMsg) : CWnd::WalkPreTranslateTree(nullptr, pMsg);
 }
 
 BOOL AfxPumpMessage()
@@ -175,7 +175,7 @@ int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT)
         nType |= buttons == MB_OK || buttons == MB_OKCANCEL ? MB_ICONEXCLAMATION : MB_ICONQUESTION;
     }
     HWND hWndOwner = ::GetActiveWindow();
-    if (hWndOwner == nullptr) {
+    if (!hWndOwner) {
         hWndOwner = CWnd::SafeHwnd(m_pMainWnd);
     }
     return ::MessageBox(hWndOwner, lpszPrompt, AfxGetAppName(), nType);
@@ -183,7 +183,7 @@ int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT)
 
 void CWinApp::OnAppExit()
 {
-    if (m_pMainWnd != nullptr) {
+    if (m_pMainWnd) {
         m_pMainWnd->SendMessage(WM_CLOSE);
     }
 }
@@ -201,7 +201,7 @@ CWinThread* AfxGetThread()
 CWnd* AfxGetMainWnd()
 {
     CWinThread* pThread = AfxGetThread();
-    return pThread != nullptr ? pThread->GetMainWnd() : nullptr;
+    return pThread ? pThread->GetMainWnd() : nullptr;
 }
 
 HINSTANCE AfxGetInstanceHandle()
@@ -212,7 +212,7 @@ HINSTANCE AfxGetInstanceHandle()
 LPCTSTR AfxGetAppName()
 {
     const CWinApp* pApp = AfxGetApp();
-    return pApp != nullptr && pApp->m_pszAppName != nullptr ? pApp->m_pszAppName : "";
+    return pApp && pApp->m_pszAppName ? pApp->m_pszAppName : "";
 }
 
 int AfxMessageBox(LPCTSTR lpszText, UINT nType, UINT nIDHelp)
@@ -250,11 +250,11 @@ int AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, i
 {
     CWinApp* pApp = AfxGetApp();
     int result = -1;
-    if (pApp != nullptr && AfxWinInit(hInstance, hPrevInstance, lpCmdLine, nCmdShow) && pApp->InitApplication()) {
+    if (pApp && AfxWinInit(hInstance, hPrevInstance, lpCmdLine, nCmdShow) && pApp->InitApplication()) {
         if (pApp->InitInstance()) {
             result = pApp->Run();
         } else {
-            if (pApp->m_pMainWnd != nullptr) {
+            if (pApp->m_pMainWnd) {
                 pApp->m_pMainWnd->DestroyWindow();
             }
             result = pApp->ExitInstance();
@@ -269,7 +269,7 @@ int AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, i
 HINSTANCE AfxGetResourceHandle()
 {
     const HINSTANCE hInstance = AfxState().hResource;
-    return hInstance != nullptr ? hInstance : AfxGetInstanceHandle();
+    return hInstance ? hInstance : AfxGetInstanceHandle();
 }
 
 void AfxSetResourceHandle(HINSTANCE hInstResource)
@@ -280,9 +280,9 @@ void AfxSetResourceHandle(HINSTANCE hInstResource)
 HINSTANCE AfxFindResourceHandle(LPCTSTR lpszName, LPCTSTR lpszType)
 {
     const HINSTANCE hInstance = AfxGetResourceHandle();
-    if (::FindResource(hInstance, lpszName, lpszType) == nullptr) {
+    if (!::FindResource(hInstance, lpszName, lpszType)) {
         const HINSTANCE hLibrary = AfxLibraryHandle();
-        if (::FindResource(hLibrary, lpszName, lpszType) != nullptr) {
+        if (::FindResource(hLibrary, lpszName, lpszType)) {
             return hLibrary;
         }
     }

@@ -57,7 +57,7 @@ LRESULT CControlBar::OnSizeParent(WPARAM, LPARAM lParam)
 LRESULT CControlBar::OnIdleUpdateCmdUI(WPARAM wParam, LPARAM)
 {
     CFrameWnd* pTarget = GetParentFrame();
-    if (pTarget != nullptr && IsVisible()) {
+    if (pTarget && IsVisible()) {
         OnUpdateCmdUI(pTarget, wParam != 0);
     }
     return 0;

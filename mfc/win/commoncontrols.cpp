@@ -73,7 +73,7 @@ BOOL CToolTipCtrl::Create(CWnd* pParentWnd, DWORD dwStyle)
 BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UINT_PTR nIDTool)
 {
     TOOLINFO info = MakeToolInfo(pWnd, nIDTool, lpszText);
-    if (lpRectTool != nullptr) {
+    if (lpRectTool) {
         info.rect = *lpRectTool;
     }
     return SendMessage(TTM_ADDTOOL, 0, reinterpret_cast<LPARAM>(&info)) != 0;

@@ -9,8 +9,8 @@ IMPLEMENT_DYNAMIC(CPrintDialog, CCommonDialog)
 
 HWND CCommonDialog::OwnerHwnd() const
 {
-    const CWnd* pOwner = m_pParentWnd != nullptr ? m_pParentWnd : AfxGetMainWnd();
-    return pOwner != nullptr ? ::GetAncestor(pOwner->m_hWnd, GA_ROOT) : ::GetActiveWindow();
+    const CWnd* pOwner = m_pParentWnd ? m_pParentWnd : AfxGetMainWnd();
+    return pOwner ? ::GetAncestor(pOwner->m_hWnd, GA_ROOT) : ::GetActiveWindow();
 }
 
 // Files
@@ -19,7 +19,7 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
                          LPCTSTR lpszFilter, CWnd* pParentWnd)
     : CCommonDialog(pParentWnd), m_ofn(), m_bOpenFileDialog(bOpenFileDialog), m_szFileName()
 {
-    if (lpszFileName != nullptr) {
+    if (lpszFileName) {
         ::lstrcpyn(m_szFileName, lpszFileName, sizeof(m_szFileName) / sizeof(m_szFileName[0]));
     }
     m_ofn.lStructSize = sizeof(m_ofn);
@@ -27,7 +27,7 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
     m_ofn.nMaxFile = sizeof(m_szFileName) / sizeof(m_szFileName[0]);
     m_ofn.lpstrDefExt = lpszDefExt;
     m_ofn.Flags = dwFlags | OFN_EXPLORER | OFN_ENABLESIZING;
-    if (lpszFilter != nullptr) {
+    if (lpszFilter) {
         // The system wants zeros for the bars; a bar may also be the second byte of a character.
         m_strFilter = lpszFilter;
         const int length = m_strFilter.GetLength();
@@ -46,7 +46,7 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
 
 INT_PTR CFileDialog::DoModal()
 {
-    if (m_ofn.hwndOwner == nullptr) {
+    if (!m_ofn.hwndOwner) {
         m_ofn.hwndOwner = OwnerHwnd();
     }
     const BOOL chosen = m_bOpenFileDialog ? ::GetOpenFileName(&m_ofn) : ::GetSaveFileName(&m_ofn);
@@ -79,7 +79,7 @@ CPrintDialog::~CPrintDialog()
 
 INT_PTR CPrintDialog::DoModal()
 {
-    if (m_pd.hwndOwner == nullptr) {
+    if (!m_pd.hwndOwner) {
         m_pd.hwndOwner = OwnerHwnd();
     }
     return ::PrintDlg(&m_pd) ? IDOK : IDCANCEL;
@@ -93,12 +93,12 @@ BOOL CPrintDialog::GetDefaults()
 
 HDC CPrintDialog::CreatePrinterDC()
 {
-    if (m_pd.hDevNames == nullptr) {
+    if (!m_pd.hDevNames) {
         return nullptr;
     }
-    const DEVMODE* mode = static_cast<const DEVMODE*>(m_pd.hDevMode != nullptr ? ::GlobalLock(m_pd.hDevMode) : nullptr);
+    const DEVMODE* mode = static_cast<const DEVMODE*>(m_pd.hDevMode ? ::GlobalLock(m_pd.hDevMode) : nullptr);
     m_pd.hDC = ::CreateDC(GetDriverName(), GetDeviceName(), GetPortName(), mode);
-    if (mode != nullptr) {
+    if (mode) {
         ::GlobalUnlock(m_pd.hDevMode);
     }
     return m_pd.hDC;
@@ -107,7 +107,7 @@ HDC CPrintDialog::CreatePrinterDC()
 CString CPrintDialog::DeviceText(WORD DEVNAMES::*offset) const
 {
     CString text;
-    if (m_pd.hDevNames != nullptr) {
+    if (m_pd.hDevNames) {
         const DEVNAMES* names = static_cast<const DEVNAMES*>(::GlobalLock(m_pd.hDevNames));
         text = reinterpret_cast<LPCTSTR>(names) + names->*offset;
         ::GlobalUnlock(m_pd.hDevNames);

@@ -10,7 +10,7 @@ IMPLEMENT_DYNAMIC(CWindowDC, CDC)
 
 CDC::~CDC()
 {
-    if (m_hDC != nullptr) {
+    if (m_hDC) {
         ::DeleteDC(Detach());
     }
 }
@@ -18,7 +18,7 @@ CDC::~CDC()
 CDC* PASCAL CDC::FromHandle(HDC hDC)
 {
     auto& contexts = AfxState().contexts;
-    if (hDC == nullptr) {
+    if (!hDC) {
         return nullptr;
     }
     if (CDC* pDC = contexts.Permanent(hDC)) {
@@ -34,8 +34,8 @@ CDC* PASCAL CDC::FromHandle(HDC hDC)
 
 BOOL CDC::Attach(HDC hDC)
 {
-    ASSERT(m_hDC == nullptr);
-    if (hDC == nullptr) {
+    ASSERT(!m_hDC);
+    if (!hDC) {
         return FALSE;
     }
     m_hDC = hDC;
@@ -47,7 +47,7 @@ BOOL CDC::Attach(HDC hDC)
 HDC CDC::Detach()
 {
     const HDC hDC = m_hDC;
-    if (hDC != nullptr) {
+    if (hDC) {
         AfxState().contexts.RemovePermanent(hDC, this);
     }
     ReleaseAttribDC();
@@ -70,13 +70,13 @@ void CDC::ReleaseOutputDC()
 
 BOOL CDC::DeleteDC()
 {
-    return m_hDC != nullptr && ::DeleteDC(Detach());
+    return m_hDC && ::DeleteDC(Detach());
 }
 
 int CDC::SaveDC()
 {
-    const int saved = m_hAttribDC != nullptr ? ::SaveDC(m_hAttribDC) : 0;
-    return HasOwnAttribDC() && m_hDC != nullptr && ::SaveDC(m_hDC) == 0 ? 0 : saved;
+    const int saved = m_hAttribDC ? ::SaveDC(m_hAttribDC) : 0;
+    return HasOwnAttribDC() && m_hDC && ::SaveDC(m_hDC) == 0 ? 0 : saved;
 }
 
 BOOL CDC::RestoreDC(int nSavedDC)
@@ -129,7 +129,7 @@ CWindowDC::~CWindowDC()
 
 AfxTempDC::AfxTempDC(WPARAM hDC) : m_pDC(AfxState().contexts.Permanent(reinterpret_cast<HDC>(hDC)))
 {
-    if (m_pDC == nullptr) {
+    if (!m_pDC) {
         m_dc.m_hDC = m_dc.m_hAttribDC = reinterpret_cast<HDC>(hDC);
         m_pDC = &m_dc;
     }

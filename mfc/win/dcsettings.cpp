@@ -7,10 +7,10 @@ template <class Call>
 auto OnBoth(const CDC& dc, Call call)
 {
     auto result = decltype(call(dc.m_hDC))();
-    if (dc.m_hDC != nullptr) {
+    if (dc.m_hDC) {
         result = call(dc.m_hDC);
     }
-    if (dc.m_hAttribDC != nullptr && dc.m_hAttribDC != dc.m_hDC) {
+    if (dc.m_hAttribDC && dc.m_hAttribDC != dc.m_hDC) {
         result = call(dc.m_hAttribDC);
     }
     return result;

@@ -20,7 +20,7 @@ INT_PTR CALLBACK DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
     const MSG msg = {hWnd, message, wParam, lParam, 0, {0, 0}};
     return AfxGuarded(msg, [hWnd]() -> LRESULT {
         CDialog* pDialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(hWnd));
-        return pDialog == nullptr || pDialog->OnInitDialog();
+        return !pDialog || pDialog->OnInitDialog();
     });
 }
 
@@ -40,13 +40,12 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : CDialog(MAKEINTRESOURCE(n
 
 LPCDLGTEMPLATE CDialog::FindTemplate() const
 {
-    if (m_lpDialogTemplate != nullptr) {
+    if (m_lpDialogTemplate) {
         return m_lpDialogTemplate;
     }
     const HINSTANCE hInstance = AfxFindResourceHandle(m_lpszTemplateName, RT_DIALOG);
     const HRSRC hResource = ::FindResource(hInstance, m_lpszTemplateName, RT_DIALOG);
-    return hResource != nullptr ? static_cast<LPCDLGTEMPLATE>(::LockResource(::LoadResource(hInstance, hResource)))
-                                : nullptr;
+    return hResource ? static_cast<LPCDLGTEMPLATE>(::LockResource(::LoadResource(hInstance, hResource))) : nullptr;
 }
 
 BOOL CDialog::Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd)
@@ -57,12 +56,12 @@ BOOL CDialog::Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd)
 
 BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void* lpDialogInit)
 {
-    if (pParentWnd == nullptr) {
+    if (!pParentWnd) {
         pParentWnd = AfxGetMainWnd();
     }
     HWND hWnd = nullptr;
     bool untouched = true;
-    if (lpDialogTemplate != nullptr) {
+    if (lpDialogTemplate) {
         AfxCreationHook hook(this);
         hWnd = ::CreateDialogIndirectParam(AfxGetResourceHandle(), lpDialogTemplate, SafeHwnd(pParentWnd), &DialogProc,
                                            reinterpret_cast<LPARAM>(lpDialogInit));
@@ -77,7 +76,7 @@ BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, 
 BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void*)
 {
     m_lpDialogTemplate = lpDialogTemplate;
-    if (m_pParentWnd == nullptr) {
+    if (!m_pParentWnd) {
         m_pParentWnd = pParentWnd;
     }
     return lpDialogTemplate != nullptr;
@@ -86,12 +85,12 @@ BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWn
 INT_PTR CDialog::DoModal()
 {
     const LPCDLGTEMPLATE dialogTemplate = FindTemplate();
-    if (dialogTemplate == nullptr) {
+    if (!dialogTemplate) {
         return -1;
     }
-    CWnd* pOwner = m_pParentWnd != nullptr ? m_pParentWnd : AfxGetMainWnd();
-    const HWND hWndOwner = pOwner != nullptr ? ::GetAncestor(pOwner->m_hWnd, GA_ROOT) : nullptr;
-    const bool disabled = hWndOwner != nullptr && ::IsWindowEnabled(hWndOwner);
+    CWnd* pOwner = m_pParentWnd ? m_pParentWnd : AfxGetMainWnd();
+    const HWND hWndOwner = pOwner ? ::GetAncestor(pOwner->m_hWnd, GA_ROOT) : nullptr;
+    const bool disabled = hWndOwner && ::IsWindowEnabled(hWndOwner);
     if (disabled) {
         ::EnableWindow(hWndOwner, FALSE);
     }
@@ -104,13 +103,13 @@ INT_PTR CDialog::DoModal()
         RunModalLoop();
     }
     m_bModalLoop = FALSE;
-    if (m_hWnd != nullptr) {
+    if (m_hWnd) {
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
     }
     if (disabled) {
         ::EnableWindow(hWndOwner, TRUE);
     }
-    if (hWndOwner != nullptr && ::GetActiveWindow() == m_hWnd) {
+    if (hWndOwner && ::GetActiveWindow() == m_hWnd) {
         ::SetActiveWindow(hWndOwner);
     }
     DestroyWindow();
@@ -148,7 +147,7 @@ LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM)
     CRect before;
     GetWindowRect(&before);
     const LRESULT result = Default(); // calls OnInitDialog
-    if (centre && m_hWnd != nullptr && !IsWindowVisible()) {
+    if (centre && m_hWnd && !IsWindowVisible()) {
         CRect after;
         GetWindowRect(&after);
         if (after == before) {
@@ -176,9 +175,9 @@ BOOL CDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pH
         return FALSE;
     }
     CWnd* pOwner = GetParent();
-    if (pOwner != nullptr && pOwner->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) {
+    if (pOwner && pOwner->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) {
         return TRUE;
     }
     CWinThread* pThread = AfxGetThread();
-    return pThread != nullptr && pThread->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    return pThread && pThread->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }

@@ -47,7 +47,7 @@ void CDocTemplate::RemoveDocument(CDocument* pDoc)
 CDocument* CDocTemplate::CreateNewDocument()
 {
     CDocument* pDocument = static_cast<CDocument*>(m_pDocClass->CreateObject());
-    if (pDocument != nullptr) {
+    if (pDocument) {
         AddDocument(pDocument);
     }
     return pDocument;
@@ -62,8 +62,7 @@ CFrameWnd* CDocTemplate::CreateNewFrame(CDocument* pDoc, CFrameWnd* pOther)
     context.m_pNewDocTemplate = this;
     CFrameWnd* pFrame = static_cast<CFrameWnd*>(m_pFrameClass->CreateObject());
     // A frame that could not be made has deleted itself.
-    return pFrame != nullptr &&
-                   pFrame->LoadFrame(m_nIDResource, WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE, nullptr, &context)
+    return pFrame && pFrame->LoadFrame(m_nIDResource, WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE, nullptr, &context)
                ? pFrame
                : nullptr;
 }
@@ -75,7 +74,7 @@ void CDocTemplate::InitialUpdateFrame(CFrameWnd* pFrame, CDocument* pDoc, BOOL b
 
 CSingleDocTemplate::~CSingleDocTemplate()
 {
-    if (m_pOnlyDoc != nullptr) {
+    if (m_pOnlyDoc) {
         m_pOnlyDoc->m_pDocTemplate = nullptr;
     }
 }
@@ -105,33 +104,33 @@ CDocument* CSingleDocTemplate::OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMake
 {
     CDocument* pDocument = m_pOnlyDoc;
     CFrameWnd* pFrame = nullptr;
-    const bool created = pDocument == nullptr;
+    const bool created = !pDocument;
     if (!created) {
         if (!pDocument->SaveModified()) {
             return nullptr; // the user thought better of it
         }
         POSITION position = pDocument->GetFirstViewPosition();
-        CView* pView = position != nullptr ? pDocument->GetNextView(position) : nullptr;
-        pFrame = pView != nullptr ? pView->GetParentFrame() : DYNAMIC_DOWNCAST(CFrameWnd, AfxGetMainWnd());
-        if (pFrame == nullptr) {
+        CView* pView = position ? pDocument->GetNextView(position) : nullptr;
+        pFrame = pView ? pView->GetParentFrame() : DYNAMIC_DOWNCAST(CFrameWnd, AfxGetMainWnd());
+        if (!pFrame) {
             return nullptr;
         }
     } else {
         pDocument = CreateNewDocument();
-        if (pDocument == nullptr) {
+        if (!pDocument) {
             return nullptr;
         }
         const BOOL autoDelete = pDocument->m_bAutoDelete;
         pDocument->m_bAutoDelete = FALSE; // a frame that fails must not take the document along
         pFrame = CreateNewFrame(pDocument, nullptr);
         pDocument->m_bAutoDelete = autoDelete;
-        if (pFrame == nullptr) {
+        if (!pFrame) {
             delete pDocument;
             return nullptr;
         }
     }
     bool opened = false;
-    if (lpszPathName == nullptr) {
+    if (!lpszPathName) {
         SetDefaultTitle(pDocument);
         opened = pDocument->OnNewDocument();
     } else {
@@ -155,7 +154,7 @@ CDocument* CSingleDocTemplate::OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMake
         return nullptr;
     }
     CWinThread* pThread = AfxGetThread();
-    if (created && pThread != nullptr && pThread->m_pMainWnd == nullptr) {
+    if (created && pThread && !pThread->m_pMainWnd) {
         pThread->m_pMainWnd = pFrame;
     }
     InitialUpdateFrame(pFrame, pDocument, bMakeVisible);
@@ -189,10 +188,10 @@ BOOL CWinApp::DoPromptFileName(CString& fileName, LPCTSTR title, DWORD lFlags, B
 {
     CString filter;
     CString extension;
-    if (pTemplate == nullptr && !m_templates.empty()) {
+    if (!pTemplate && !m_templates.empty()) {
         pTemplate = m_templates.front();
     }
-    if (pTemplate != nullptr && pTemplate->GetDocString(extension, CDocTemplate::filterExt) && !extension.IsEmpty()) {
+    if (pTemplate && pTemplate->GetDocString(extension, CDocTemplate::filterExt) && !extension.IsEmpty()) {
         CString name;
         pTemplate->GetDocString(name, CDocTemplate::filterName);
         filter = name + "|*" + extension + "|";

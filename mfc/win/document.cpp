@@ -18,7 +18,7 @@ CDocument::~CDocument()
     for (CView* pView : m_views) {
         pView->m_pDocument = nullptr;
     }
-    if (m_pDocTemplate != nullptr) {
+    if (m_pDocTemplate) {
         m_pDocTemplate->RemoveDocument(this);
     }
 }
@@ -40,7 +40,7 @@ void CDocument::SetPathName(LPCTSTR lpszPathName, BOOL)
         return;
     }
     m_strPathName = full;
-    SetTitle(name != nullptr ? name : full);
+    SetTitle(name ? name : full);
 }
 
 // Views
@@ -96,7 +96,7 @@ void CDocument::OnChangedViewList()
 void CDocument::UpdateFrameCounts()
 {
     for (CView* pView : m_views) {
-        if (CFrameWnd* pFrame = pView->m_hWnd != nullptr ? pView->GetParentFrame() : nullptr) {
+        if (CFrameWnd* pFrame = pView->m_hWnd ? pView->GetParentFrame() : nullptr) {
             pFrame->OnUpdateFrameTitle(TRUE);
         }
     }
@@ -245,7 +245,7 @@ void CDocument::OnCloseDocument()
     while (!m_views.empty()) {
         CView* pView = m_views.front();
         CFrameWnd* pFrame = pView->GetParentFrame();
-        if (pFrame == nullptr || !pFrame->DestroyWindow()) {
+        if (!pFrame || !pFrame->DestroyWindow()) {
             pView->DestroyWindow();
         }
         if (!m_views.empty() && m_views.front() == pView) {
@@ -294,9 +294,9 @@ BOOL CDocument::DoSave(LPCTSTR lpszPathName, BOOL bReplace)
     if (path.IsEmpty()) {
         path = m_strPathName.IsEmpty() ? m_strTitle : m_strPathName;
         CWinApp* pApp = AfxGetApp();
-        if (pApp == nullptr || !pApp->DoPromptFileName(path, bReplace ? "Save As" : "Save Copy As",
-                                                       OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT,
-                                                       FALSE, m_pDocTemplate)) {
+        if (!pApp || !pApp->DoPromptFileName(path, bReplace ? "Save As" : "Save Copy As",
+                                             OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT, FALSE,
+                                             m_pDocTemplate)) {
             return FALSE;
         }
     }
@@ -318,7 +318,7 @@ void CDocument::ReportSaveLoadException(LPCTSTR lpszPathName, CException* e, BOO
     CString text;
     text.Format(bSaving ? "%s cannot be written." : "%s cannot be read.", lpszPathName);
     const CFileException* fileError = DYNAMIC_DOWNCAST(CFileException, e);
-    if (fileError != nullptr && fileError->m_cause == CFileException::fileNotFound) {
+    if (fileError && fileError->m_cause == CFileException::fileNotFound) {
         text.Format("%s was not found.", lpszPathName);
     } else if (e->IsKindOf(RUNTIME_CLASS(CArchiveException))) {
         text += " Its contents are not what was expected.";
@@ -329,7 +329,7 @@ void CDocument::ReportSaveLoadException(LPCTSTR lpszPathName, CException* e, BOO
 BOOL CDocument::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
     return CCmdTarget::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo) ||
-           (m_pDocTemplate != nullptr && m_pDocTemplate->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo));
+           (m_pDocTemplate && m_pDocTemplate->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo));
 }
 
 void CDocument::OnFileClose()

@@ -41,7 +41,7 @@ HICON LoadFrameIcon(UINT nID)
 
 BOOL CFrameWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
-    if (cs.lpszClass == nullptr) {
+    if (!cs.lpszClass) {
         cs.lpszClass = AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW),
                                            reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
     }
@@ -52,9 +52,9 @@ BOOL CFrameWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwSt
                        LPCTSTR lpszMenuName, DWORD dwExStyle, CCreateContext* pContext)
 {
     HMENU hMenu = nullptr;
-    if (lpszMenuName != nullptr) {
+    if (lpszMenuName) {
         hMenu = ::LoadMenu(AfxFindResourceHandle(lpszMenuName, RT_MENU), lpszMenuName);
-        if (hMenu == nullptr) {
+        if (!hMenu) {
             PostNcDestroy();
             return FALSE;
         }
@@ -84,7 +84,7 @@ BOOL CFrameWnd::LoadFrame(UINT nIDResource, DWORD dwDefaultStyle, CWnd* pParentW
         return FALSE; // the object is gone
     }
     LoadAccelTable(name);
-    if (pContext == nullptr) {
+    if (!pContext) {
         SendMessageToDescendants(WM_INITIALUPDATE, 0, 0, TRUE, TRUE);
     }
     return TRUE;
@@ -107,36 +107,35 @@ int CFrameWnd::OnCreate(LPCREATESTRUCT lpcs)
 
 BOOL CFrameWnd::OnCreateClient(LPCREATESTRUCT, CCreateContext* pContext)
 {
-    return pContext == nullptr || pContext->m_pNewViewClass == nullptr || CreateView(pContext) != nullptr;
+    return !pContext || !pContext->m_pNewViewClass || CreateView(pContext);
 }
 
 CWnd* CFrameWnd::CreateView(CCreateContext* pContext, UINT nID)
 {
     CWnd* pView = static_cast<CWnd*>(pContext->m_pNewViewClass->CreateObject());
     // A view that could not be made has deleted itself.
-    return pView != nullptr &&
-                   pView->Create(nullptr, nullptr, AFX_WS_DEFAULT_VIEW, CRect(0, 0, 0, 0), this, nID, pContext)
+    return pView && pView->Create(nullptr, nullptr, AFX_WS_DEFAULT_VIEW, CRect(0, 0, 0, 0), this, nID, pContext)
                ? pView
                : nullptr;
 }
 
 void CFrameWnd::InitialUpdateFrame(CDocument* pDoc, BOOL bMakeVisible)
 {
-    if (m_pViewActive == nullptr) {
+    if (!m_pViewActive) {
         CWnd* pWnd = GetDescendantWindow(AFX_IDW_PANE_FIRST, TRUE);
-        if (pWnd != nullptr && pWnd->IsKindOf(RUNTIME_CLASS(CView))) {
+        if (pWnd && pWnd->IsKindOf(RUNTIME_CLASS(CView))) {
             SetActiveView(static_cast<CView*>(pWnd), FALSE);
         }
     }
     if (bMakeVisible) {
         SendMessageToDescendants(WM_INITIALUPDATE, 0, 0, TRUE, TRUE);
         const CWinApp* pApp = AfxGetApp();
-        ActivateFrame(pApp != nullptr && pApp->m_pMainWnd == this ? pApp->m_nCmdShow : -1);
-        if (m_pViewActive != nullptr) {
+        ActivateFrame(pApp && pApp->m_pMainWnd == this ? pApp->m_nCmdShow : -1);
+        if (m_pViewActive) {
             m_pViewActive->OnActivateView(TRUE, m_pViewActive, m_pViewActive);
         }
     }
-    if (pDoc != nullptr) {
+    if (pDoc) {
         pDoc->UpdateFrameCounts();
     }
     OnUpdateFrameTitle(TRUE);
@@ -157,8 +156,8 @@ void CFrameWnd::OnClose()
 {
     CDocument* pDocument = GetActiveDocument();
     CWinApp* pApp = AfxGetApp();
-    const bool mainFrame = pApp != nullptr && pApp->m_pMainWnd == this;
-    if (pDocument != nullptr ? !pDocument->CanCloseFrame(this) : mainFrame && !pApp->SaveAllModified()) {
+    const bool mainFrame = pApp && pApp->m_pMainWnd == this;
+    if (pDocument ? !pDocument->CanCloseFrame(this) : mainFrame && !pApp->SaveAllModified()) {
         return;
     }
     if (mainFrame) {
@@ -170,7 +169,7 @@ void CFrameWnd::OnClose()
 void CFrameWnd::OnDestroy()
 {
     // A menu in use goes with its window; one put aside does not.
-    if (m_hMenuDefault != nullptr && ::GetMenu(m_hWnd) != m_hMenuDefault) {
+    if (m_hMenuDefault && ::GetMenu(m_hWnd) != m_hMenuDefault) {
         ::DestroyMenu(m_hMenuDefault);
     }
     m_hMenuDefault = nullptr;
@@ -181,7 +180,7 @@ void CFrameWnd::OnDestroy()
 
 void CFrameWnd::RecalcLayout(BOOL)
 {
-    if (m_inLayout || m_hWnd == nullptr) {
+    if (m_inLayout || !m_hWnd) {
         return;
     }
     m_inLayout = true;
@@ -192,21 +191,21 @@ void CFrameWnd::RecalcLayout(BOOL)
 void CWnd::RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, LPRECT lpRectLeft)
 {
     AFX_SIZEPARENTPARAMS layout = {};
-    layout.bPlace = lpRectLeft == nullptr;
+    layout.bPlace = !lpRectLeft;
     GetClientRect(&layout.rect);
     HWND hWndLeftOver = nullptr;
     for (HWND hWnd = ::GetTopWindow(m_hWnd); hWnd != nullptr; hWnd = ::GetWindow(hWnd, GW_HWNDNEXT)) {
         const UINT nID = static_cast<UINT>(::GetDlgCtrlID(hWnd)) & 0xFFFF;
         if (nID == nIDLeftOver) {
             hWndLeftOver = hWnd;
-        } else if (nID >= nIDFirst && nID <= nIDLast && FromHandlePermanent(hWnd) != nullptr) {
+        } else if (nID >= nIDFirst && nID <= nIDLast && FromHandlePermanent(hWnd)) {
             ::SendMessage(hWnd, WM_SIZEPARENT, 0, reinterpret_cast<LPARAM>(&layout));
         }
     }
     const CRect left(layout.rect);
-    if (lpRectLeft != nullptr) {
+    if (lpRectLeft) {
         *lpRectLeft = left;
-    } else if (hWndLeftOver != nullptr) {
+    } else if (hWndLeftOver) {
         ::SetWindowPos(hWndLeftOver, nullptr, left.left, left.top, left.Width(), left.Height(),
                        SWP_NOACTIVATE | SWP_NOZORDER);
     }
@@ -222,12 +221,12 @@ void CFrameWnd::OnSize(UINT nType, int cx, int cy)
 
 BOOL CFrameWnd::OnEraseBkgnd(CDC* pDC)
 {
-    return m_pViewActive != nullptr ? TRUE : CWnd::OnEraseBkgnd(pDC); // the view covers the frame
+    return m_pViewActive ? TRUE : CWnd::OnEraseBkgnd(pDC); // the view covers the frame
 }
 
 void CFrameWnd::OnSetFocus(CWnd* pOldWnd)
 {
-    if (m_pViewActive != nullptr) {
+    if (m_pViewActive) {
         m_pViewActive->SetFocus();
     } else {
         CWnd::OnSetFocus(pOldWnd);
@@ -236,8 +235,8 @@ void CFrameWnd::OnSetFocus(CWnd* pOldWnd)
 
 CFrameWnd* CWnd::GetParentFrame() const
 {
-    CWnd* pWnd = m_hWnd != nullptr ? GetParent() : nullptr;
-    while (pWnd != nullptr && !pWnd->IsFrameWnd()) {
+    CWnd* pWnd = m_hWnd ? GetParent() : nullptr;
+    while (pWnd && !pWnd->IsFrameWnd()) {
         pWnd = pWnd->GetParent();
     }
     return static_cast<CFrameWnd*>(pWnd);
@@ -247,7 +246,7 @@ CFrameWnd* CWnd::GetParentFrame() const
 
 CDocument* CFrameWnd::GetActiveDocument()
 {
-    return m_pViewActive != nullptr ? m_pViewActive->GetDocument() : nullptr;
+    return m_pViewActive ? m_pViewActive->GetDocument() : nullptr;
 }
 
 void CFrameWnd::SetActiveView(CView* pViewNew, BOOL bNotify)
@@ -257,28 +256,28 @@ void CFrameWnd::SetActiveView(CView* pViewNew, BOOL bNotify)
         return;
     }
     m_pViewActive = nullptr;
-    if (pViewOld != nullptr) {
+    if (pViewOld) {
         pViewOld->OnActivateView(FALSE, pViewNew, pViewOld);
     }
-    if (m_pViewActive != nullptr) {
+    if (m_pViewActive) {
         return; // somebody has set another one meanwhile
     }
     m_pViewActive = pViewNew;
-    if (pViewNew != nullptr && bNotify) {
+    if (pViewNew && bNotify) {
         pViewNew->OnActivateView(TRUE, pViewNew, pViewOld);
     }
 }
 
 BOOL CFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
-    if (m_pViewActive != nullptr && m_pViewActive->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) {
+    if (m_pViewActive && m_pViewActive->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) {
         return TRUE;
     }
     if (CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) {
         return TRUE;
     }
     CWinApp* pApp = AfxGetApp();
-    return pApp != nullptr && pApp->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    return pApp && pApp->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
 
 BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg)
@@ -287,7 +286,7 @@ BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg)
         return TRUE;
     }
     const bool key = pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST;
-    return key && m_hAccelTable != nullptr && ::TranslateAccelerator(m_hWnd, m_hAccelTable, pMsg);
+    return key && m_hAccelTable && ::TranslateAccelerator(m_hWnd, m_hAccelTable, pMsg);
 }
 
 // Title and menus
@@ -298,7 +297,7 @@ void CFrameWnd::OnUpdateFrameTitle(BOOL bAddToTitle)
         return;
     }
     CDocument* pDocument = bAddToTitle ? GetActiveDocument() : nullptr;
-    const CString title = pDocument != nullptr ? pDocument->GetTitle() + " - " + m_strTitle : m_strTitle;
+    const CString title = pDocument ? pDocument->GetTitle() + " - " + m_strTitle : m_strTitle;
     CString shown;
     GetWindowText(shown);
     if (shown != title) {
@@ -308,7 +307,7 @@ void CFrameWnd::OnUpdateFrameTitle(BOOL bAddToTitle)
 
 void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
 {
-    if (bSysMenu || pMenu == nullptr) {
+    if (bSysMenu || !pMenu) {
         return;
     }
     CCmdUI state;
@@ -322,7 +321,7 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
         if (state.m_nID == static_cast<UINT>(-1)) {
             // The item opens a submenu and goes by the name of its first item.
             state.m_pSubMenu = pMenu->GetSubMenu(index);
-            state.m_nID = state.m_pSubMenu != nullptr ? state.m_pSubMenu->GetMenuItemID(0) : 0;
+            state.m_nID = state.m_pSubMenu ? state.m_pSubMenu->GetMenuItemID(0) : 0;
             autoEnable = FALSE;
         }
         if (state.m_nID != 0 && state.m_nID != static_cast<UINT>(-1)) {
@@ -339,7 +338,7 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
 
 void CFrameWnd::OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu)
 {
-    const bool closed = nFlags == 0xFFFF && hSysMenu == nullptr;
+    const bool closed = nFlags == 0xFFFF && !hSysMenu;
     const bool command = (nFlags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) == 0;
     SendMessage(WM_SETMESSAGESTRING, closed ? AFX_IDS_IDLEMESSAGE : command ? nItemID : 0);
     CWnd::OnMenuSelect(nItemID, nFlags, hSysMenu);

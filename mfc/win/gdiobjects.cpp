@@ -38,7 +38,7 @@ std::unique_ptr<CGdiObject> MakeForType(HGDIOBJ hObject)
 CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
 {
     auto& objects = AfxState().gdiObjects;
-    if (hObject == nullptr) {
+    if (!hObject) {
         return nullptr;
     }
     if (CGdiObject* object = objects.Permanent(hObject)) {
@@ -54,8 +54,8 @@ CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
 
 BOOL CGdiObject::Attach(HGDIOBJ hObject)
 {
-    ASSERT(m_hObject == nullptr);
-    if (hObject == nullptr) {
+    ASSERT(!m_hObject);
+    if (!hObject) {
         return FALSE;
     }
     m_hObject = hObject;
@@ -66,7 +66,7 @@ BOOL CGdiObject::Attach(HGDIOBJ hObject)
 HGDIOBJ CGdiObject::Detach()
 {
     const HGDIOBJ hObject = m_hObject;
-    if (hObject != nullptr) {
+    if (hObject) {
         AfxState().gdiObjects.RemovePermanent(hObject, this);
     }
     m_hObject = nullptr;
@@ -75,7 +75,7 @@ HGDIOBJ CGdiObject::Detach()
 
 BOOL CGdiObject::DeleteObject()
 {
-    return m_hObject != nullptr && ::DeleteObject(Detach());
+    return m_hObject && ::DeleteObject(Detach());
 }
 
 CPen::CPen(int nPenStyle, int nWidth, COLORREF crColor)
@@ -138,14 +138,14 @@ BOOL CFont::CreatePointFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC)
 BOOL CFont::CreatePointFontIndirect(const LOGFONT* lpLogFont, CDC* pDC)
 {
     constexpr int tenthsPerInch = 720;
-    const HDC hDC = pDC != nullptr ? pDC->m_hAttribDC : ::GetDC(nullptr);
+    const HDC hDC = pDC ? pDC->m_hAttribDC : ::GetDC(nullptr);
     LOGFONT logFont = *lpLogFont;
     POINT top = {0, ::MulDiv(logFont.lfHeight, ::GetDeviceCaps(hDC, LOGPIXELSY), tenthsPerInch)};
     ::DPtoLP(hDC, &top, 1);
     POINT origin = {0, 0};
     ::DPtoLP(hDC, &origin, 1);
     logFont.lfHeight = -std::abs(top.y - origin.y);
-    if (pDC == nullptr) {
+    if (!pDC) {
         ::ReleaseDC(nullptr, hDC);
     }
     return CreateFontIndirect(&logFont);

@@ -14,7 +14,7 @@ BOOL CImageList::Create(CImageList* pImageList)
 
 BOOL CImageList::Attach(HIMAGELIST hImageList)
 {
-    if (hImageList == nullptr || m_hImageList != nullptr) {
+    if (!hImageList || m_hImageList) {
         return FALSE;
     }
     m_hImageList = hImageList;
@@ -31,5 +31,5 @@ HIMAGELIST CImageList::Detach()
 BOOL CImageList::DeleteImageList()
 {
     const HIMAGELIST handle = Detach();
-    return handle != nullptr && ::ImageList_Destroy(handle);
+    return handle && ::ImageList_Destroy(handle);
 }

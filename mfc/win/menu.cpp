@@ -6,7 +6,7 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 CMenu* PASCAL CMenu::FromHandle(HMENU hMenu)
 {
     auto& menus = AfxState().menus;
-    if (hMenu == nullptr) {
+    if (!hMenu) {
         return nullptr;
     }
     if (CMenu* pMenu = menus.Permanent(hMenu)) {
@@ -22,8 +22,8 @@ CMenu* PASCAL CMenu::FromHandle(HMENU hMenu)
 
 BOOL CMenu::Attach(HMENU hMenu)
 {
-    ASSERT(m_hMenu == nullptr);
-    if (hMenu == nullptr) {
+    ASSERT(!m_hMenu);
+    if (!hMenu) {
         return FALSE;
     }
     m_hMenu = hMenu;
@@ -34,7 +34,7 @@ BOOL CMenu::Attach(HMENU hMenu)
 HMENU CMenu::Detach()
 {
     const HMENU hMenu = m_hMenu;
-    if (hMenu != nullptr) {
+    if (hMenu) {
         AfxState().menus.RemovePermanent(hMenu, this);
     }
     m_hMenu = nullptr;
@@ -48,7 +48,7 @@ BOOL CMenu::LoadMenu(LPCTSTR lpszResourceName)
 
 BOOL CMenu::DestroyMenu()
 {
-    return m_hMenu != nullptr && ::DestroyMenu(Detach());
+    return m_hMenu && ::DestroyMenu(Detach());
 }
 
 int CMenu::GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const

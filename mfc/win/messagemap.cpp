@@ -21,7 +21,7 @@ namespace {
 template <class Fits>
 const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* pMap, Fits fits)
 {
-    for (; pMap != nullptr; pMap = pMap->pfnGetBaseMap != nullptr ? pMap->pfnGetBaseMap() : nullptr) {
+    for (; pMap != nullptr; pMap = pMap->pfnGetBaseMap ? pMap->pfnGetBaseMap() : nullptr) {
         for (const AFX_MSGMAP_ENTRY* entry = pMap->lpEntries; entry->dispatch != nullptr; ++entry) {
             if (fits(*entry)) {
                 return entry;
@@ -55,7 +55,7 @@ const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* pMap, UINT message
 {
     if (message >= FirstRegisteredMessage) {
         return FindEntry(pMap, [message](const AFX_MSGMAP_ENTRY& entry) {
-            return entry.pRegistered != nullptr && *entry.pRegistered == message;
+            return entry.pRegistered && *entry.pRegistered == message;
         });
     }
     return FindEntry(pMap, [message](const AFX_MSGMAP_ENTRY& entry) {
@@ -78,10 +78,10 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*
         message = WM_COMMAND;
     }
     const AFX_MSGMAP_ENTRY* entry = AfxFindCommandEntry(GetMessageMap(), message, LOWORD(nCode), nID);
-    if (entry == nullptr) {
+    if (!entry) {
         return FALSE;
     }
-    if (pHandlerInfo != nullptr) {
+    if (pHandlerInfo) {
         pHandlerInfo->pTarget = this;
         pHandlerInfo->dispatch = entry->dispatch;
         return TRUE;
@@ -114,7 +114,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
     const UINT nID = LOWORD(wParam);
     const HWND hWndControl = reinterpret_cast<HWND>(lParam);
     int nCode = HIWORD(wParam);
-    if (hWndControl != nullptr) {
+    if (hWndControl) {
         if (ReflectLastMsg(hWndControl)) {
             return TRUE;
         }
@@ -153,7 +153,7 @@ BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult)
 BOOL CWnd::ReflectLastMsg(HWND hWndChild, LRESULT* pResult)
 {
     CWnd* pWnd = FromHandlePermanent(hWndChild);
-    return pWnd != nullptr && pWnd->SendChildNotifyLastMsg(pResult);
+    return pWnd && pWnd->SendChildNotifyLastMsg(pResult);
 }
 
 BOOL CWnd::SendChildNotifyLastMsg(LRESULT* pResult)
@@ -165,7 +165,7 @@ BOOL CWnd::SendChildNotifyLastMsg(LRESULT* pResult)
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     LRESULT unused = 0;
-    LRESULT& result = pResult != nullptr ? *pResult : unused;
+    LRESULT& result = pResult ? *pResult : unused;
     switch (message) {
     case WM_COMMAND:
         if (OnCmdMsg(0, MAKELONG(HIWORD(wParam), WM_COMMAND + WM_REFLECT_BASE), nullptr, nullptr)) {
@@ -201,44 +201,44 @@ BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pR
 void CCmdUI::Enable(BOOL bOn)
 {
     m_bEnableChanged = TRUE;
-    if (m_pMenu != nullptr) {
-        if (m_pSubMenu == nullptr) {
+    if (m_pMenu) {
+        if (!m_pSubMenu) {
             m_pMenu->EnableMenuItem(m_nIndex, MF_BYPOSITION | (bOn ? MF_ENABLED : MF_DISABLED | MF_GRAYED));
         }
-    } else if (m_pOther != nullptr) {
+    } else if (m_pOther) {
         m_pOther->EnableWindow(bOn);
     }
 }
 
 void CCmdUI::SetCheck(int nCheck)
 {
-    if (m_pMenu != nullptr) {
-        if (m_pSubMenu == nullptr) {
+    if (m_pMenu) {
+        if (!m_pSubMenu) {
             m_pMenu->CheckMenuItem(m_nIndex, MF_BYPOSITION | (nCheck != 0 ? MF_CHECKED : MF_UNCHECKED));
         }
-    } else if (m_pOther != nullptr && (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON) != 0) {
+    } else if (m_pOther && (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON) != 0) {
         m_pOther->SendMessage(BM_SETCHECK, nCheck);
     }
 }
 
 void CCmdUI::SetRadio(BOOL bOn)
 {
-    if (m_pMenu == nullptr || !bOn) {
+    if (!m_pMenu || !bOn) {
         SetCheck(bOn ? 1 : 0);
-    } else if (m_pSubMenu == nullptr) {
+    } else if (!m_pSubMenu) {
         m_pMenu->CheckMenuRadioItem(m_nIndex, m_nIndex, m_nIndex, MF_BYPOSITION);
     }
 }
 
 void CCmdUI::SetText(LPCTSTR lpszText)
 {
-    if (m_pMenu != nullptr) {
-        if (m_pSubMenu == nullptr) {
+    if (m_pMenu) {
+        if (!m_pSubMenu) {
             const UINT state =
                 m_pMenu->GetMenuState(m_nIndex, MF_BYPOSITION) & ~(MF_BITMAP | MF_OWNERDRAW | MF_SEPARATOR);
             m_pMenu->ModifyMenu(m_nIndex, MF_BYPOSITION | MF_STRING | state, m_nID, lpszText);
         }
-    } else if (m_pOther != nullptr) {
+    } else if (m_pOther) {
         m_pOther->SetWindowText(lpszText);
     }
 }

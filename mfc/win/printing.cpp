@@ -56,7 +56,7 @@ CPrintInfo::CPrintInfo() : m_pPD(new CPrintDialog(FALSE, PD_ALLPAGES | PD_USEDEV
 
 CPrintInfo::~CPrintInfo()
 {
-    if (m_pPD != nullptr && m_pPD->m_pd.hDC != nullptr) {
+    if (m_pPD && m_pPD->m_pd.hDC) {
         ::DeleteDC(m_pPD->m_pd.hDC);
         m_pPD->m_pd.hDC = nullptr;
     }
@@ -65,7 +65,7 @@ CPrintInfo::~CPrintInfo()
 
 void CView::OnPrepareDC(CDC*, CPrintInfo* pInfo)
 {
-    if (pInfo != nullptr) {
+    if (pInfo) {
         pInfo->m_bContinuePrinting = pInfo->GetMaxPage() != UnknownLastPage || pInfo->m_nCurPage == 1;
     }
 }
@@ -80,7 +80,7 @@ BOOL CView::DoPreparePrinting(CPrintInfo* pInfo)
     CPrintDialog& dialog = *pInfo->m_pPD;
     dialog.m_pd.nMaxPage = std::max(dialog.m_pd.nMaxPage, dialog.m_pd.nMinPage);
     if (pInfo->m_bPreview || pInfo->m_bDirect) {
-        if (dialog.m_pd.hDC == nullptr && !dialog.GetDefaults()) {
+        if (!dialog.m_pd.hDC && !dialog.GetDefaults()) {
             return FALSE;
         }
     } else {
@@ -98,11 +98,11 @@ void CView::OnFilePrint()
     CPrintInfo info;
     const MSG* pMsg = GetCurrentMessage();
     info.m_bDirect = pMsg->message == WM_COMMAND && LOWORD(pMsg->wParam) == ID_FILE_PRINT_DIRECT;
-    if (!OnPreparePrinting(&info) || info.m_pPD->m_pd.hDC == nullptr) {
+    if (!OnPreparePrinting(&info) || !info.m_pPD->m_pd.hDC) {
         return;
     }
     CWaitCursor wait;
-    CString title = m_pDocument != nullptr ? m_pDocument->GetTitle() : CString();
+    CString title = m_pDocument ? m_pDocument->GetTitle() : CString();
     if (title.IsEmpty()) {
         GetTopLevelParent()->GetWindowText(title);
     }

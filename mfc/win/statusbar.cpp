@@ -33,11 +33,11 @@ public:
     explicit BarText(CWnd* pBar) : m_dc(pBar)
     {
         CFont* pFont = pBar->GetFont();
-        m_pOldFont = pFont != nullptr ? m_dc.SelectObject(pFont) : nullptr;
+        m_pOldFont = pFont ? m_dc.SelectObject(pFont) : nullptr;
     }
     ~BarText()
     {
-        if (m_pOldFont != nullptr) {
+        if (m_pOldFont) {
             m_dc.SelectObject(m_pOldFont);
         }
     }
@@ -116,7 +116,7 @@ int CStatusBar::CommandToIndex(UINT nIDFind) const
 
 void CStatusBar::PlacePanes()
 {
-    if (m_panes.empty() || m_hWnd == nullptr) {
+    if (m_panes.empty() || !m_hWnd) {
         return;
     }
     CRect client;
@@ -202,7 +202,7 @@ void CFrameWnd::ShowControlBar(CControlBar* pBar, BOOL bShow, BOOL)
 BOOL CFrameWnd::OnBarCheck(UINT nID)
 {
     CControlBar* pBar = GetControlBar(nID);
-    if (pBar == nullptr) {
+    if (!pBar) {
         return FALSE;
     }
     ShowControlBar(pBar, !pBar->IsVisible(), FALSE);
@@ -212,7 +212,7 @@ BOOL CFrameWnd::OnBarCheck(UINT nID)
 void CFrameWnd::OnUpdateControlBarMenu(CCmdUI* pCmdUI)
 {
     CControlBar* pBar = GetControlBar(pCmdUI->m_nID);
-    if (pBar == nullptr) {
+    if (!pBar) {
         pCmdUI->ContinueRouting();
         return;
     }
@@ -232,7 +232,7 @@ void CFrameWnd::SetMessageText(UINT nID)
 LRESULT CFrameWnd::OnSetMessageString(WPARAM wParam, LPARAM lParam)
 {
     CStatusBar* pBar = DYNAMIC_DOWNCAST(CStatusBar, GetControlBar(AFX_IDW_STATUS_BAR));
-    if (pBar != nullptr) {
+    if (pBar) {
         const CString text =
             lParam != 0 ? CString(reinterpret_cast<LPCTSTR>(lParam)) : CommandText(static_cast<UINT>(wParam), 0);
         pBar->SetPaneText(0, text);

@@ -16,7 +16,7 @@ END_MESSAGE_MAP()
 
 CView::~CView()
 {
-    if (m_pDocument != nullptr) {
+    if (m_pDocument) {
         m_pDocument->RemoveView(this);
     }
 }
@@ -27,7 +27,7 @@ BOOL CView::PreCreateWindow(CREATESTRUCT& cs)
         cs.dwExStyle |= WS_EX_CLIENTEDGE;
         cs.style &= ~WS_BORDER;
     }
-    if (cs.lpszClass == nullptr) {
+    if (!cs.lpszClass) {
         cs.lpszClass = AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW),
                                            reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
     }
@@ -40,7 +40,7 @@ int CView::OnCreate(LPCREATESTRUCT lpcs)
         return -1;
     }
     const CCreateContext* pContext = static_cast<const CCreateContext*>(lpcs->lpCreateParams);
-    if (pContext != nullptr && pContext->m_pCurrentDoc != nullptr) {
+    if (pContext && pContext->m_pCurrentDoc) {
         pContext->m_pCurrentDoc->AddView(this);
     }
     return 0;
@@ -49,7 +49,7 @@ int CView::OnCreate(LPCREATESTRUCT lpcs)
 void CView::OnDestroy()
 {
     CFrameWnd* pFrame = GetParentFrame();
-    if (pFrame != nullptr && pFrame->GetActiveView() == this) {
+    if (pFrame && pFrame->GetActiveView() == this) {
         pFrame->SetActiveView(nullptr);
     }
     CWnd::OnDestroy();
@@ -70,7 +70,7 @@ LRESULT CView::OnInitialUpdateMessage(WPARAM, LPARAM)
 
 void CView::OnUpdate(CView*, LPARAM, CObject*)
 {
-    if (m_hWnd != nullptr) {
+    if (m_hWnd) {
         Invalidate(TRUE);
     }
 }
@@ -86,7 +86,7 @@ int CView::OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message)
 {
     const int result = CWnd::OnMouseActivate(pDesktopWnd, nHitTest, message);
     CFrameWnd* pFrame = GetParentFrame();
-    if (result == MA_NOACTIVATE || result == MA_NOACTIVATEANDEAT || pFrame == nullptr) {
+    if (result == MA_NOACTIVATE || result == MA_NOACTIVATEANDEAT || !pFrame) {
         return result;
     }
     // A child that has the focus keeps it.
@@ -102,5 +102,5 @@ int CView::OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message)
 BOOL CView::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
     return CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo) ||
-           (m_pDocument != nullptr && m_pDocument->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo));
+           (m_pDocument && m_pDocument->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo));
 }

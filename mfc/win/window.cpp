@@ -22,7 +22,7 @@ HWND ParentOrOwner(HWND hWnd)
 HWND FindDescendant(HWND hWnd, int nID, bool onlyPermanent)
 {
     for (HWND child = ::GetTopWindow(hWnd); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
-        if (::GetDlgCtrlID(child) == nID && (!onlyPermanent || CWnd::FromHandlePermanent(child) != nullptr)) {
+        if (::GetDlgCtrlID(child) == nID && (!onlyPermanent || CWnd::FromHandlePermanent(child))) {
             return child;
         }
     }
@@ -57,7 +57,7 @@ CWnd::~CWnd()
     if (this == &wndTop || this == &wndBottom || this == &wndTopMost || this == &wndNoTopMost) {
         return;
     }
-    if (m_hWnd != nullptr) {
+    if (m_hWnd) {
         DestroyWindow();
         Detach();
     }
@@ -66,7 +66,7 @@ CWnd::~CWnd()
 CWnd* PASCAL CWnd::FromHandle(HWND hWnd)
 {
     auto& windows = AfxState().windows;
-    if (hWnd == nullptr) {
+    if (!hWnd) {
         return nullptr;
     }
     if (CWnd* pWnd = windows.Permanent(hWnd)) {
@@ -87,8 +87,8 @@ CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd)
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
-    ASSERT(m_hWnd == nullptr);
-    if (hWndNew == nullptr) {
+    ASSERT(!m_hWnd);
+    if (!hWndNew) {
         return FALSE;
     }
     AfxState().windows.SetPermanent(hWndNew, this);
@@ -99,7 +99,7 @@ BOOL CWnd::Attach(HWND hWndNew)
 HWND CWnd::Detach()
 {
     const HWND hWnd = m_hWnd;
-    if (hWnd != nullptr) {
+    if (hWnd) {
         AfxState().windows.RemovePermanent(hWnd, this);
     }
     m_hWnd = nullptr;
@@ -115,7 +115,7 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent)
 
 BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
-    if (cs.lpszClass == nullptr) {
+    if (!cs.lpszClass) {
         WNDCLASS wc = {};
         wc.style = CS_DBLCLKS;
         wc.lpfnWndProc = ::DefWindowProc;
@@ -182,7 +182,7 @@ BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, 
 BOOL CWnd::DestroyWindow()
 {
     const HWND hWnd = m_hWnd;
-    if (hWnd == nullptr) {
+    if (!hWnd) {
         return FALSE;
     }
     const BOOL destroyed = ::DestroyWindow(hWnd);
@@ -196,7 +196,7 @@ BOOL CWnd::DestroyWindow()
 void CWnd::OnNcDestroy()
 {
     CWinThread* pThread = AfxGetThread();
-    if (pThread != nullptr && pThread->m_pMainWnd == this) {
+    if (pThread && pThread->m_pMainWnd == this) {
         pThread->m_pMainWnd = nullptr;
         ::PostQuitMessage(0);
     }
@@ -207,7 +207,7 @@ void CWnd::OnNcDestroy()
     Default();
     WNDPROC* pSuper = GetSuperWndProcAddr();
     // Somebody else's subclassing on top of ours stays as it is.
-    if (*pSuper != nullptr && ::GetWindowLongPtr(m_hWnd, GWLP_WNDPROC) == procedure) {
+    if (*pSuper && ::GetWindowLongPtr(m_hWnd, GWLP_WNDPROC) == procedure) {
         ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(*pSuper));
     }
     *pSuper = nullptr;
@@ -245,7 +245,7 @@ int CWnd::GetDlgItemText(int nID, CString& rString) const
 
 void CWnd::CenterWindow(CWnd* pAlternateOwner)
 {
-    HWND hWndOver = pAlternateOwner != nullptr ? pAlternateOwner->m_hWnd : ParentOrOwner(m_hWnd);
+    HWND hWndOver = pAlternateOwner ? pAlternateOwner->m_hWnd : ParentOrOwner(m_hWnd);
     const bool child = (GetStyle() & WS_CHILD) != 0;
     CRect window;
     GetWindowRect(&window);
@@ -257,16 +257,15 @@ void CWnd::CenterWindow(CWnd* pAlternateOwner)
         ::GetClientRect(hWndOver, &over);
         ::MapWindowPoints(hWndOver, hWndParent, reinterpret_cast<LPPOINT>(static_cast<LPRECT>(&over)), 2);
     } else {
-        if (hWndOver != nullptr && (!::IsWindowVisible(hWndOver) || ::IsIconic(hWndOver))) {
+        if (hWndOver && (!::IsWindowVisible(hWndOver) || ::IsIconic(hWndOver))) {
             hWndOver = nullptr;
         }
         MONITORINFO monitor = {};
         monitor.cbSize = sizeof(monitor);
-        ::GetMonitorInfo(::MonitorFromWindow(hWndOver != nullptr ? hWndOver : m_hWnd, MONITOR_DEFAULTTOPRIMARY),
-                         &monitor);
+        ::GetMonitorInfo(::MonitorFromWindow(hWndOver ? hWndOver : m_hWnd, MONITOR_DEFAULTTOPRIMARY), &monitor);
         area = monitor.rcWork;
         over = area;
-        if (hWndOver != nullptr) {
+        if (hWndOver) {
             ::GetWindowRect(hWndOver, &over);
         }
     }
@@ -318,7 +317,7 @@ int CWnd::ReleaseDC(CDC* pDC)
 
 int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType)
 {
-    return ::MessageBox(m_hWnd, lpszText, lpszCaption != nullptr ? lpszCaption : AfxGetAppName(), nType);
+    return ::MessageBox(m_hWnd, lpszText, lpszCaption ? lpszCaption : AfxGetAppName(), nType);
 }
 
 // Children, parents and owners
@@ -349,10 +348,10 @@ CWnd* CWnd::GetTopLevelOwner() const
 void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL bDeep, BOOL bOnlyPerm)
 {
     HWND child = ::GetTopWindow(m_hWnd);
-    while (child != nullptr) {
+    while (child) {
         const HWND next = ::GetWindow(child, GW_HWNDNEXT);
         CWnd* pWnd = FromHandlePermanent(child);
-        if (pWnd != nullptr) {
+        if (pWnd) {
             AfxCallWndProc(pWnd, child, message, wParam, lParam);
         } else if (!bOnlyPerm) {
             ::SendMessage(child, message, wParam, lParam);
@@ -375,7 +374,7 @@ BOOL PASCAL CWnd::WalkPreTranslateTree(HWND hWndStop, MSG* pMsg)
 {
     for (HWND hWnd = pMsg->hwnd; hWnd != nullptr; hWnd = ::GetParent(hWnd)) {
         CWnd* pWnd = FromHandlePermanent(hWnd);
-        if (pWnd != nullptr && pWnd->PreTranslateMessage(pMsg)) {
+        if (pWnd && pWnd->PreTranslateMessage(pMsg)) {
             return TRUE;
         }
         if (hWnd == hWndStop) {

@@ -37,14 +37,14 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     }
     if (message == WM_NOTIFY) {
         const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
-        return header->hwndFrom != nullptr && OnNotify(wParam, lParam, pResult);
+        return header->hwndFrom && OnNotify(wParam, lParam, pResult);
     }
     const UINT reflected = message >= WM_REFLECT_BASE && message < WM_REFLECT_BASE + WM_USER ? WM_REFLECT_BASE : 0;
     const UINT plain = message - reflected;
     const bool colour = plain >= WM_CTLCOLORMSGBOX && plain <= WM_CTLCOLORSTATIC;
     const AFX_MSGMAP_ENTRY* entry =
         AfxFindMessageEntry(GetMessageMap(), reflected + (colour ? static_cast<UINT>(WM_CTLCOLOR) : plain));
-    if (entry == nullptr) {
+    if (!entry) {
         return FALSE;
     }
     AFX_MSG_ARGS arguments;
@@ -61,8 +61,8 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const WNDPROC super = *GetSuperWndProcAddr();
-    return super != nullptr ? ::CallWindowProc(super, m_hWnd, message, wParam, lParam)
-                            : ::DefWindowProc(m_hWnd, message, wParam, lParam);
+    return super ? ::CallWindowProc(super, m_hWnd, message, wParam, lParam)
+                 : ::DefWindowProc(m_hWnd, message, wParam, lParam);
 }
 
 LRESULT CWnd::Default()
@@ -70,19 +70,19 @@ LRESULT CWnd::Default()
     AFX_STATE& state = AfxState();
     const MSG msg = state.current.msg;
     state.current.defaultDone = true;
-    return m_hWnd != nullptr ? DefWindowProc(msg.message, msg.wParam, msg.lParam) : 0;
+    return m_hWnd ? DefWindowProc(msg.message, msg.wParam, msg.lParam) : 0;
 }
 
 void CWnd::OnHScroll(UINT, UINT, CScrollBar* pScrollBar)
 {
-    if (pScrollBar == nullptr || !pScrollBar->SendChildNotifyLastMsg()) {
+    if (!pScrollBar || !pScrollBar->SendChildNotifyLastMsg()) {
         Default();
     }
 }
 
 void CWnd::OnVScroll(UINT, UINT, CScrollBar* pScrollBar)
 {
-    if (pScrollBar == nullptr || !pScrollBar->SendChildNotifyLastMsg()) {
+    if (!pScrollBar || !pScrollBar->SendChildNotifyLastMsg()) {
         Default();
     }
 }
@@ -90,7 +90,7 @@ void CWnd::OnVScroll(UINT, UINT, CScrollBar* pScrollBar)
 HBRUSH CWnd::OnCtlColor(CDC*, CWnd* pWnd, UINT)
 {
     LRESULT result = 0;
-    if (pWnd == nullptr || !pWnd->SendChildNotifyLastMsg(&result)) {
+    if (!pWnd || !pWnd->SendChildNotifyLastMsg(&result)) {
         result = Default();
     }
     return reinterpret_cast<HBRUSH>(result);
@@ -107,7 +107,7 @@ void CWnd::OnMeasureItem(int nIDCtl, LPMEASUREITEMSTRUCT lpMeasureItemStruct)
 {
     // The message does not name the window, only its identifier.
     CWnd* pWnd = lpMeasureItemStruct->CtlType != ODT_MENU ? GetDescendantWindow(nIDCtl, TRUE) : nullptr;
-    if (pWnd == nullptr || !pWnd->SendChildNotifyLastMsg()) {
+    if (!pWnd || !pWnd->SendChildNotifyLastMsg()) {
         Default();
     }
 }

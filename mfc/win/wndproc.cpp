@@ -35,8 +35,7 @@ LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT message, WPARAM wParam, LPARA
 LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     CWnd* pWnd = AfxState().windows.Permanent(hWnd);
-    return pWnd != nullptr ? AfxCallWndProc(pWnd, hWnd, message, wParam, lParam)
-                           : ::DefWindowProc(hWnd, message, wParam, lParam);
+    return pWnd ? AfxCallWndProc(pWnd, hWnd, message, wParam, lParam) : ::DefWindowProc(hWnd, message, wParam, lParam);
 }
 
 const MSG* PASCAL CWnd::GetCurrentMessage()
@@ -79,7 +78,7 @@ public:
     {
         CWnd* pWnd = AfxState().pWndInit;
         const HWND hWnd = reinterpret_cast<HWND>(wParam);
-        if (code == HCBT_CREATEWND && pWnd != nullptr && !IsInputMethodWindow(hWnd)) {
+        if (code == HCBT_CREATEWND && pWnd && !IsInputMethodWindow(hWnd)) {
             AfxState().pWndInit = nullptr;
             const MSG msg = {hWnd, WM_NCCREATE, 0, 0, 0, {0, 0}};
             AfxGuarded(msg, [&]() -> LRESULT {
@@ -99,7 +98,7 @@ AfxCreationHook::AfxCreationHook(CWnd* pWnd)
     : m_pWnd(pWnd), m_pWndBefore(AfxState().pWndInit),
       m_hook(::SetWindowsHookEx(WH_CBT, &AfxCreation::Filter, nullptr, ::GetCurrentThreadId()))
 {
-    if (m_hook == nullptr) {
+    if (!m_hook) {
         AfxThrowMemoryException();
     }
     AfxState().pWndInit = pWnd;
@@ -113,7 +112,7 @@ AfxCreationHook::~AfxCreationHook()
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
 {
-    if (hWnd == nullptr || FromHandlePermanent(hWnd) != nullptr || !Attach(hWnd)) {
+    if (!hWnd || FromHandlePermanent(hWnd) || !Attach(hWnd)) {
         return FALSE;
     }
     PreSubclassWindow();
@@ -124,7 +123,7 @@ BOOL CWnd::SubclassWindow(HWND hWnd)
 HWND CWnd::UnsubclassWindow()
 {
     WNDPROC* pSuper = GetSuperWndProcAddr();
-    if (m_hWnd != nullptr && *pSuper != nullptr) {
+    if (m_hWnd && *pSuper) {
         ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(*pSuper));
         *pSuper = nullptr;
     }
@@ -148,7 +147,7 @@ CString DescribeException(const CException* e)
         {RUNTIME_CLASS(CInvalidArgException), "An argument was out of its range."},
         {RUNTIME_CLASS(CNotSupportedException), "The operation is not supported."},
     };
-    if (e == nullptr) {
+    if (!e) {
         return "Internal application error.";
     }
     for (const Description& description : descriptions) {
@@ -188,9 +187,9 @@ LRESULT AfxReportException(CException* e, const MSG& msg)
 {
     const AFX_STATE& state = AfxState();
     try {
-        if (state.reporter != nullptr) {
+        if (state.reporter) {
             state.reporter(e, &msg);
-        } else if (state.pApp != nullptr && e != nullptr) {
+        } else if (state.pApp && e) {
             return state.pApp->ProcessWndProcException(e, &msg);
         } else {
             LogException(e, msg);

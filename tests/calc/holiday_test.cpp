@@ -77,7 +77,7 @@ TEST(Holiday, KnownDays)
         SCOPED_TRACE(Text(date));
         tagHOLIDAY holiday;
         ASSERT_EQ(CCalcHoliday::IsHoliday(date, holiday), c.name != nullptr ? 1 : 0);
-        if (c.name != nullptr) {
+        if (c.name) {
             EXPECT_STREQ(holiday.lpszName, c.name);
             EXPECT_EQ(holiday.nMonth, c.namedMonth);
             EXPECT_EQ(holiday.nDay, c.namedDay);

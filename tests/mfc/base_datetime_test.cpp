@@ -91,7 +91,7 @@ TEST(DateTime, ReadsTheFractionForwardBeforeTheEpochToo)
     for (const auto& c : inOrder) {
         const COleDateTime date(c.value);
         EXPECT_STREQ(FieldsOf(date), c.fields);
-        if (previous != nullptr) {
+        if (previous) {
             EXPECT_TRUE(*previous < date && *previous <= date && date > *previous && date >= *previous) << c.fields;
             EXPECT_EQ((*previous + (date - *previous)).m_dt, c.value) << c.fields;
             EXPECT_EQ((date - (date - *previous)).m_dt, previous->m_dt) << c.fields;

@@ -19,7 +19,7 @@ Log* theLog = nullptr;
 
 void Note(const std::string& word)
 {
-    if (theLog != nullptr) {
+    if (theLog) {
         theLog->push_back(word);
     }
 }
@@ -69,7 +69,7 @@ protected:
     }
     void OnUpdate(CView* pSender, LPARAM lHint, CObject*) override
     {
-        Note("update " + std::to_string(lHint) + (pSender != nullptr ? " from a view" : ""));
+        Note("update " + std::to_string(lHint) + (pSender ? " from a view" : ""));
     }
     BOOL OnPreparePrinting(CPrintInfo* pInfo) override
     {
@@ -169,7 +169,7 @@ protected:
     }
     void TearDown() override
     {
-        if (app.m_pMainWnd != nullptr) {
+        if (app.m_pMainWnd) {
             document->SetModifiedFlag(FALSE);
             app.m_pMainWnd->DestroyWindow();
         }

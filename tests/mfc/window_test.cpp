@@ -306,7 +306,7 @@ std::vector<std::pair<UINT, std::string>> reported;
 
 void Record(CException* e, const MSG* msg)
 {
-    reported.emplace_back(msg->message, e != nullptr ? e->GetRuntimeClass()->m_lpszClassName : "other");
+    reported.emplace_back(msg->message, e ? e->GetRuntimeClass()->m_lpszClassName : "other");
 }
 
 class ThrowingWnd : public CWnd

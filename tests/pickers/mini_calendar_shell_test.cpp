@@ -221,7 +221,7 @@ TEST(MiniCalendarWindow, WhatCanBreakInLeavesNothingBehind)
         {"Escape", [](Days& s) { s.Key(VK_ESCAPE); }, true},
         {"the popup's window is destroyed",
          [](Days& s) {
-             if (s.control->GetPopup() != nullptr) {
+             if (s.control->GetPopup()) {
                  s.control->GetPopup()->DestroyWindow();
              }
              s.Move(CPoint(60, 60));

@@ -55,7 +55,7 @@ int CountGdiTable(std::map<int, int>& byType)
 {
     const GdiTableEntry* table = GdiTable();
     int count = 0;
-    for (int slot = 0; table != nullptr && slot < kHandleSlots; ++slot) {
+    for (int slot = 0; table && slot < kHandleSlots; ++slot) {
         if (table[slot].type != 0) {
             ++byType[table[slot].type];
             ++count;

@@ -102,7 +102,7 @@ bool MemoryDc::Save(const char* path) const
     header.bfOffBits = sizeof(header) + sizeof(info.bmiHeader);
     header.bfSize = header.bfOffBits + imageBytes;
     FILE* file = fopen(path, "wb");
-    if (file == nullptr) {
+    if (!file) {
         return false;
     }
     const bool written = fwrite(&header, sizeof(header), 1, file) == 1 &&

@@ -53,7 +53,7 @@ Notification CopyOf(const NMHDR* header)
     Notification copy;
     copy.hdr = *header;
     const CodeName* known = FindCode(static_cast<int>(header->code));
-    copy.record = known != nullptr ? known->record : Notification::Record::Plain;
+    copy.record = known ? known->record : Notification::Record::Plain;
     switch (copy.record) {
     case Notification::Record::Item:
         copy.item = *reinterpret_cast<const NMCALENDARITEM*>(header);
@@ -92,7 +92,7 @@ std::string TimeText(const SYSTEMTIME& time)
 std::string Notification::Name() const
 {
     const CodeName* known = FindCode(Code());
-    return known != nullptr ? known->name : std::to_string(Code());
+    return known ? known->name : std::to_string(Code());
 }
 
 std::string Notification::Line() const

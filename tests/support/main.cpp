@@ -10,7 +10,7 @@ namespace {
 // An exception that leaves a message handler is a fault of the library, not a box that waits for a click.
 void ReportEscapedException(CException* exception, const MSG* message)
 {
-    const char* name = exception != nullptr ? exception->GetRuntimeClass()->m_lpszClassName : "not of MFC's";
+    const char* name = exception ? exception->GetRuntimeClass()->m_lpszClassName : "not of MFC's";
     ADD_FAILURE() << "An exception (" << name << ") left the handler of message " << (message ? message->message : 0);
 }
 
