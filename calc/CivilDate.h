@@ -1,7 +1,7 @@
 // A calendar day in whole numbers, taken once from a date-time so that no rule asks the date-time again.
 #pragma once
 
-#include "mfc/base/civil.h"
+#include "../mfc/base/civil.h"
 
 #include <afxdisp.h>
 

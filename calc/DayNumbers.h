@@ -1,7 +1,7 @@
 // Civil dates and the day numbers of CLunarDate (Julian day numbers less one).
 #pragma once
 
-#include "calc/CivilDate.h"
+#include "CivilDate.h"
 
 namespace dayvane {
 // The number of a day of the calendar in force then: Julian before 15 October 1582. Fields of -1 give a number without

@@ -1,7 +1,7 @@
 // The table of named days and the records of the movable ones.
 #pragma once
 
-#include "calc/CalcHoliday.h"
+#include "CalcHoliday.h"
 
 #include <array>
 

@@ -17,11 +17,11 @@
 #include <afxtempl.h>
 #include <afxdisp.h>
 
-#include "core/CalendarClock.h"
-#include "core/CalendarNotify.h"
-#include "core/CalendarRecords.h"
-#include "core/CalendarSettings.h"
-#include "core/PointerTracker.h"
+#include "CalendarClock.h"
+#include "CalendarNotify.h"
+#include "CalendarRecords.h"
+#include "CalendarSettings.h"
+#include "PointerTracker.h"
 
 #include <memory>
 #include <vector>

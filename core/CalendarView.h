@@ -4,7 +4,7 @@
 // The views for the six controls are in views/docview/CalendarViews.h.
 #pragma once
 
-#include "core/CalendarCtrl.h"
+#include "CalendarCtrl.h"
 
 #include <afxext.h>
 

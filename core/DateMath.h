@@ -1,7 +1,7 @@
 // Dates as whole days and broken fields, for code that looks at thousands of them.
 #pragma once
 
-#include "calc/CivilDate.h"
+#include "../calc/CivilDate.h"
 
 #include <afxdisp.h>
 #include <atltypes.h>

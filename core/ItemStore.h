@@ -2,7 +2,7 @@
 // rule for building the screen list of one day. Errors as CCalendarCtrl states them.
 #pragma once
 
-#include "core/CalendarRecords.h"
+#include "CalendarRecords.h"
 
 #include <vector>
 

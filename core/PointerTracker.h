@@ -5,7 +5,7 @@
 // depend on a view are here.
 #pragma once
 
-#include "core/CalendarRecords.h"
+#include "CalendarRecords.h"
 
 #include <vector>
 

@@ -4,7 +4,7 @@
 // A month takes 130 x 130 pixels, the line that names today 20 pixels below all months. Ranges are on at first.
 #pragma once
 
-#include "pickers/PeriodGridCtrl.h"
+#include "PeriodGridCtrl.h"
 
 namespace dayvane {
 // A month of the grid. Its days run from the first day of the week on, those of the neighbour months included.

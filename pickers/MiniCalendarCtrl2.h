@@ -5,7 +5,7 @@
 // first. A year chosen in the popup becomes the first year shown, whichever title opened it.
 #pragma once
 
-#include "pickers/PeriodGridCtrl.h"
+#include "PeriodGridCtrl.h"
 
 namespace dayvane {
 // A year of the grid.

@@ -23,9 +23,9 @@
 #include <afxtempl.h>
 #include <afxdisp.h>
 
-#include "pickers/PeriodGridPainter.h"
-#include "pickers/PeriodSelCtrl.h"
-#include "pickers/PickerShell.h"
+#include "PeriodGridPainter.h"
+#include "PeriodSelCtrl.h"
+#include "PickerShell.h"
 
 struct CCreateContext;
 

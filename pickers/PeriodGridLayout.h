@@ -10,7 +10,7 @@
 //   +-----------------------------------------+
 #pragma once
 
-#include "pickers/PeriodPolicy.h"
+#include "PeriodPolicy.h"
 
 #include <vector>
 

@@ -2,8 +2,8 @@
 // out. The control applies the effects in the order in which GridEffects lists them.
 #pragma once
 
-#include "pickers/PeriodGridLayout.h"
-#include "pickers/PickerKey.h"
+#include "PeriodGridLayout.h"
+#include "PickerKey.h"
 
 namespace dayvane {
 

@@ -1,8 +1,8 @@
 // Paints a mini calendar from its layout and state; changes neither.
 #pragma once
 
-#include "pickers/PeriodGridModel.h"
-#include "pickers/PickerPaint.h"
+#include "PeriodGridModel.h"
+#include "PickerPaint.h"
 
 namespace dayvane {
 

@@ -3,7 +3,7 @@
 // and while it runs nothing is chosen.
 #pragma once
 
-#include "pickers/PeriodPolicy.h"
+#include "PeriodPolicy.h"
 
 namespace dayvane {
 

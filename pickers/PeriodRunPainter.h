@@ -1,8 +1,8 @@
 // Paints the list of a popup that runs through months or years.
 #pragma once
 
-#include "pickers/PeriodRun.h"
-#include "pickers/PickerPaint.h"
+#include "PeriodRun.h"
+#include "PickerPaint.h"
 
 namespace dayvane {
 

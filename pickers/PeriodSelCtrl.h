@@ -3,8 +3,8 @@
 // pointer and the intervals of its timer, asks for the choice on release and destroys them.
 #pragma once
 
-#include "pickers/PeriodRun.h"
-#include "pickers/PickerPaint.h"
+#include "PeriodRun.h"
+#include "PickerPaint.h"
 
 #include <afxwin.h>
 

@@ -1,7 +1,7 @@
 // What the windows of all date selectors share: guards against hosts that destroy them, keys, the monitor's work area.
 #pragma once
 
-#include "pickers/PickerKey.h"
+#include "PickerKey.h"
 
 #include <afxwin.h>
 

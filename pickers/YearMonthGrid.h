@@ -2,8 +2,8 @@
 // under a point, and what keys do. Client pixels; rectangles own their left and top edges, not their right and bottom.
 #pragma once
 
-#include "pickers/PeriodPolicy.h"
-#include "pickers/PickerKey.h"
+#include "PeriodPolicy.h"
+#include "PickerKey.h"
 
 namespace dayvane {
 

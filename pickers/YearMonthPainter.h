@@ -1,8 +1,8 @@
 // Paints the year-month picker's popup and its button.
 #pragma once
 
-#include "pickers/PickerPaint.h"
-#include "pickers/YearMonthGrid.h"
+#include "PickerPaint.h"
+#include "YearMonthGrid.h"
 
 namespace dayvane {
 

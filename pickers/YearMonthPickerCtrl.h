@@ -10,9 +10,9 @@
 #include <afxwin.h>
 #include <afxdisp.h>
 
-#include "pickers/PickerPaint.h"
-#include "pickers/PickerShell.h"
-#include "pickers/YearMonthMessages.h"
+#include "PickerPaint.h"
+#include "PickerShell.h"
+#include "YearMonthMessages.h"
 
 class CYearMonthPopup;
 

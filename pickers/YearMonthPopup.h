@@ -9,9 +9,9 @@
 
 #include <afxwin.h>
 
-#include "pickers/PickerShell.h"
-#include "pickers/YearMonthGrid.h"
-#include "pickers/YearMonthPainter.h"
+#include "PickerShell.h"
+#include "YearMonthGrid.h"
+#include "YearMonthPainter.h"
 
 class CYearMonthPickerCtrl;
 

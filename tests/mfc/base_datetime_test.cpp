@@ -2,7 +2,7 @@
 #include "base_test.h"
 
 #include <afxdisp.h>
-#include <civil.h>
+#include "mfc/base/civil.h"
 
 #include <algorithm>
 #include <clocale>

@@ -2,7 +2,7 @@
 // year views. Pure: rectangles are client pixels, positions count the boxes in the order of time.
 #pragma once
 
-#include "core/CalendarRecords.h"
+#include "../../core/CalendarRecords.h"
 
 #include <vector>
 

@@ -1,10 +1,10 @@
 // Draws the item bars of the month, week and year views. Changes nothing but the device context's state while it lives.
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "core/DrawingHelpers.h"
-#include "views/daygrid/GdiPens.h"
-#include "views/daygrid/TextCache.h"
+#include "../../core/CalendarRecords.h"
+#include "../../core/DrawingHelpers.h"
+#include "GdiPens.h"
+#include "TextCache.h"
 
 namespace dayvane {
 

@@ -5,9 +5,9 @@
 // selected), CCN_VIEWRANGECHANGE with nValue 4100 after it, also where the step left the range as it was.
 #pragma once
 
-#include "views/daygrid/BoxViewLayout.h"
-#include "views/daygrid/DayGridCtrl.h"
-#include "views/daygrid/MonthPainter.h"
+#include "BoxViewLayout.h"
+#include "DayGridCtrl.h"
+#include "MonthPainter.h"
 
 class CBoxViewCtrl : public CDayGridCtrl
 {

@@ -2,7 +2,7 @@
 
 #include "core/DateMath.h"
 
-#include <civil.h>
+#include "mfc/base/civil.h"
 
 #include <algorithm>
 

@@ -3,10 +3,10 @@
 // do not count.
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/daygrid/BarGrid.h"
-#include "views/daygrid/RowPieces.h"
-#include "views/daygrid/ScrollSteps.h"
+#include "../../core/CalendarRecords.h"
+#include "BarGrid.h"
+#include "RowPieces.h"
+#include "ScrollSteps.h"
 
 #include <vector>
 

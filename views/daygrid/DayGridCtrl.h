@@ -2,9 +2,9 @@
 // and the more-items mark.
 #pragma once
 
-#include "core/CalendarCtrl.h"
-#include "views/daygrid/GdiPens.h"
-#include "views/daygrid/TextCache.h"
+#include "../../core/CalendarCtrl.h"
+#include "GdiPens.h"
+#include "TextCache.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 // How a day cell of the month view looks: colours and texts, worked out before anything is drawn.
 #pragma once
 
-#include "views/daygrid/MonthLayout.h"
+#include "MonthLayout.h"
 
 namespace dayvane {
 

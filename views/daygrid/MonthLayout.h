@@ -2,9 +2,9 @@
 // point. Rectangles are client pixels; right and bottom edges do not count. Days are day numbers (core/DateMath.h).
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/daygrid/BarGrid.h"
-#include "views/daygrid/ScrollSteps.h"
+#include "../../core/CalendarRecords.h"
+#include "BarGrid.h"
+#include "ScrollSteps.h"
 
 namespace dayvane {
 

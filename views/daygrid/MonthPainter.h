@@ -2,10 +2,10 @@
 // nothing but the picture.
 #pragma once
 
-#include "core/DrawingHelpers.h"
-#include "views/daygrid/GdiPens.h"
-#include "views/daygrid/MonthCellLook.h"
-#include "views/daygrid/TextCache.h"
+#include "../../core/DrawingHelpers.h"
+#include "GdiPens.h"
+#include "MonthCellLook.h"
+#include "TextCache.h"
 
 namespace dayvane {
 

@@ -4,7 +4,7 @@
 #include "core/DateMath.h"
 #include "views/daygrid/RowPieces.h"
 
-#include <civil.h>
+#include "mfc/base/civil.h"
 
 namespace {
 

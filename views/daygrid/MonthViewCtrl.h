@@ -9,9 +9,9 @@
 // CCN_VIEWRANGECHANGE with nValue 4104 after the grid has moved.
 #pragma once
 
-#include "views/daygrid/DayGridCtrl.h"
-#include "views/daygrid/MonthLayout.h"
-#include "views/daygrid/MonthPainter.h"
+#include "DayGridCtrl.h"
+#include "MonthLayout.h"
+#include "MonthPainter.h"
 
 class CMonthViewCtrl : public CDayGridCtrl
 {

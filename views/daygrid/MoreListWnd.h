@@ -3,7 +3,7 @@
 // which passes on the keys; the popup holds the mouse, so that a press anywhere else closes it.
 #pragma once
 
-#include "views/daygrid/MoreList.h"
+#include "MoreList.h"
 
 #include <afxwin.h>
 

@@ -1,7 +1,7 @@
 // Cuts stored items into the pieces that a view shows: one for each row of days that an item touches.
 #pragma once
 
-#include "core/CalendarRecords.h"
+#include "../../core/CalendarRecords.h"
 
 #include <vector>
 

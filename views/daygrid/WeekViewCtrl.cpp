@@ -4,7 +4,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 
-#include <civil.h>
+#include "mfc/base/civil.h"
 
 #include <algorithm>
 #include <clocale>

@@ -5,8 +5,8 @@
 // position p moves the range by (day of the year of its first day - 7 p) days; the ends of the bar only move the thumb.
 #pragma once
 
-#include "views/daygrid/BoxViewCtrl.h"
-#include "views/daygrid/MonthCellLook.h"
+#include "BoxViewCtrl.h"
+#include "MonthCellLook.h"
 
 class CWeekViewCtrl : public CBoxViewCtrl
 {

@@ -5,7 +5,7 @@
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/MonthCellLook.h"
 
-#include <civil.h>
+#include "mfc/base/civil.h"
 
 #include <algorithm>
 

@@ -9,7 +9,7 @@
 // Notifications besides those of CBoxViewCtrl: CCN_COMBOSELCHANGE.
 #pragma once
 
-#include "views/daygrid/BoxViewCtrl.h"
+#include "BoxViewCtrl.h"
 
 class CYearViewCtrl : public CBoxViewCtrl
 {

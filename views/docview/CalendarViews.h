@@ -1,7 +1,7 @@
 // The six calendar controls as document views. Each can be created dynamically, as a document template wants it.
 #pragma once
 
-#include "core/CalendarView.h"
+#include "../../core/CalendarView.h"
 
 class CDayView : public CCalendarView
 {

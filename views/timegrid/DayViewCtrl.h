@@ -4,7 +4,7 @@
 // Notifies CCN_VIEWRANGECHANGE (value 0x801, the new date three times) when the keyboard moves it to another day.
 #pragma once
 
-#include "views/timegrid/TimeGridCtrl.h"
+#include "TimeGridCtrl.h"
 
 class CDayViewCtrl : public CTimeGridCtrl
 {

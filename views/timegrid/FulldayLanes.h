@@ -1,8 +1,8 @@
 // The full-day band: items shown as bars above the grid, in lanes of 25 pixels.
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/timegrid/TimeScale.h"
+#include "../../core/CalendarRecords.h"
+#include "TimeScale.h"
 
 #include <vector>
 

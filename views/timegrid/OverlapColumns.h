@@ -12,8 +12,8 @@
 // left edges can overlap (RowClusters.h).
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/timegrid/TimeScale.h"
+#include "../../core/CalendarRecords.h"
+#include "TimeScale.h"
 
 #include <vector>
 

@@ -6,11 +6,11 @@
 // small window has no room left for the grid.
 #pragma once
 
-#include "core/CalendarCtrl.h"
-#include "views/timegrid/TimeGridHit.h"
-#include "views/timegrid/TimeGridLook.h"
-#include "views/timegrid/TimeGridMoves.h"
-#include "views/timegrid/TimeGridPainter.h"
+#include "../../core/CalendarCtrl.h"
+#include "TimeGridHit.h"
+#include "TimeGridLook.h"
+#include "TimeGridMoves.h"
+#include "TimeGridPainter.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 // What lies under a point of a time grid, and where the current cell and the selection lie. Client pixels.
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/timegrid/TimeGridLayout.h"
+#include "../../core/CalendarRecords.h"
+#include "TimeGridLayout.h"
 
 namespace dayvane {
 

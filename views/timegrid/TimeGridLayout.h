@@ -2,9 +2,9 @@
 // placed as if it were scrolled to the top.
 #pragma once
 
-#include "core/CalendarRecords.h"
-#include "views/timegrid/OverlapColumns.h"
-#include "views/timegrid/TimeScale.h"
+#include "../../core/CalendarRecords.h"
+#include "OverlapColumns.h"
+#include "TimeScale.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // How a time grid looks, worked out without drawing: colours of rows, texts of items, captions and headers.
 #pragma once
 
-#include "calc/DayAnnotation.h"
-#include "core/CalendarRecords.h"
-#include "views/timegrid/TimeScale.h"
+#include "../../calc/DayAnnotation.h"
+#include "../../core/CalendarRecords.h"
+#include "TimeScale.h"
 
 #include <vector>
 

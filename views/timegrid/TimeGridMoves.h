@@ -1,7 +1,7 @@
 // Keyboard moves and vertical scrolling of a time grid, as values.
 #pragma once
 
-#include "views/timegrid/TimeScale.h"
+#include "TimeScale.h"
 
 namespace dayvane {
 

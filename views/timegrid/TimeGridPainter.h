@@ -2,10 +2,10 @@
 // nothing but the picture, and costs nothing for what lies outside the clip box.
 #pragma once
 
-#include "core/CalendarSettings.h"
-#include "core/DrawingHelpers.h"
-#include "views/timegrid/TimeGridHit.h"
-#include "views/timegrid/TimeGridLook.h"
+#include "../../core/CalendarSettings.h"
+#include "../../core/DrawingHelpers.h"
+#include "TimeGridHit.h"
+#include "TimeGridLook.h"
 
 #include <vector>
 

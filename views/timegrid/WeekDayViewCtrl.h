@@ -11,7 +11,7 @@
 // move along with the range, and those that leave it are dropped.
 #pragma once
 
-#include "views/timegrid/TimeGridCtrl.h"
+#include "TimeGridCtrl.h"
 
 class CWeekDayViewCtrl : public CTimeGridCtrl
 {
