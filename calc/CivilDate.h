@@ -55,7 +55,8 @@ enum Weekday
 {
     kSunday = 1,
     kMonday = 2,
-    kThursday = 5
+    kThursday = 5,
+    kSaturday = 7
 };
 
 inline int WeekdayOf(const CivilDate& date)

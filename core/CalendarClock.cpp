@@ -1,5 +1,7 @@
 #include "core/CalendarClock.h"
 
+using namespace dayvane;
+
 namespace {
 COleDateTime (*g_pfnNow)() = nullptr;
 }
@@ -9,7 +11,7 @@ void SetCalendarClock(COleDateTime (*pfnNow)())
     g_pfnNow = pfnNow;
 }
 
-COleDateTime dayvane::Now()
+COleDateTime Now()
 {
     return g_pfnNow ? g_pfnNow() : COleDateTime::GetCurrentTime();
 }

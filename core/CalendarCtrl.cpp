@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace dayvane;
+
 namespace {
 
 constexpr int kStandardDayColors = 7;
@@ -95,7 +97,7 @@ CCalendarCtrl::CCalendarCtrl()
     m_lfFonts[2] = FontTemplate(12, SHIFTJIS_CHARSET, "MS UI Gothic");
     m_lfFonts[3] = FontTemplate(12, SYMBOL_CHARSET, "MS Outlook");
 
-    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = dayvane::Now();
+    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = Now();
     m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
 }
 
@@ -171,7 +173,7 @@ void CCalendarCtrl::OnDestroy()
 
 void CCalendarCtrl::PostNcDestroy()
 {
-    m_pointer = dayvane::PointerTracker();
+    m_pointer = PointerTracker();
     m_bShiftExtend = m_bEditing = m_bScrollTimer = m_bHasFocus = FALSE;
     CWnd::PostNcDestroy();
 }
@@ -358,9 +360,9 @@ int CCalendarCtrl::HitTest(tagCCHITTESTINFO& info)
         }
     }
     if (row != -1) {
-        const dayvane::DateFields day = dayvane::FieldsOf(GetCurrentDate());
+        const DateFields day = FieldsOf(GetCurrentDate());
         const COleDateTime time(day.year, day.month, day.day, row / 2, 30 * (row % 2), 0);
-        dayvane::ToSystemTime(time, info.time);
+        ToSystemTime(time, info.time);
     }
     info.nHitCode = info.nItem != -1 ? CCHT_ONITEM : row == -1 ? CCHT_NOWHERE : CCHT_ONCELL;
     return info.nItem;
@@ -392,9 +394,9 @@ LRESULT CCalendarCtrl::Notify(int nCode, const COleDateTime& date, const COleDat
     record.hdr.hwndFrom = m_hWnd;
     record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
     record.hdr.code = static_cast<UINT>(nCode);
-    dayvane::ToSystemTime(date, record.stDate);
-    dayvane::ToSystemTime(first, record.stFirst);
-    dayvane::ToSystemTime(last, record.stLast);
+    ToSystemTime(date, record.stDate);
+    ToSystemTime(first, record.stFirst);
+    ToSystemTime(last, record.stLast);
     record.nValue = nValue;
     return SendToParent(record.hdr);
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 constexpr int kEditPadding = 1; // pixels between the border of the edit box and its text, above and below
 } // namespace
@@ -42,7 +44,7 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
 void CCalendarCtrl::GrowToTextLine(CRect& rect)
 {
     CClientDC dc(this);
-    const dayvane::SelectGdi font(&dc, GetFont(0));
+    const SelectGdi font(&dc, GetFont(0));
     TEXTMETRIC metrics = {};
     dc.GetTextMetrics(&metrics);
     const int height = metrics.tmHeight + 2 * (::GetSystemMetrics(SM_CYBORDER) + kEditPadding);
@@ -91,8 +93,8 @@ void CCalendarCtrl::EndEditItem(const char* lpszText, int nMode)
     record.hdr.code = static_cast<UINT>(CCN_IPE_ENDEDITITEM);
     record.lpszText = lpszText;
     record.nLength = lstrlen(lpszText);
-    dayvane::ToSystemTime(begin, record.stStart);
-    dayvane::ToSystemTime(end, record.stEnd);
+    ToSystemTime(begin, record.stStart);
+    ToSystemTime(end, record.stEnd);
     record.nMode = nMode;
     m_bEditing = FALSE;
     SendToParent(record.hdr);

@@ -6,27 +6,29 @@
 
 #include <utility>
 
+using namespace dayvane;
+
 namespace {
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 }
 
 int CCalendarCtrl::AddItem(tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    dayvane::StoreAdd(m_arItem, *pItem);
+    StoreAdd(m_arItem, *pItem);
     ItemsChanged(bUpdate, bRedraw);
     return 1;
 }
 
 int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    dayvane::StoreInsert(m_arItem, nIndex, *pItem);
+    StoreInsert(m_arItem, nIndex, *pItem);
     ItemsChanged(bUpdate, bRedraw);
     return 1;
 }
 
 int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem)) {
+    if (!StoreSet(m_arItem, nIndex, *pItem)) {
         return 0;
     }
     ItemsChanged(bUpdate, bRedraw);
@@ -35,7 +37,7 @@ int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedr
 
 int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreDelete(m_arItem, nIndex)) {
+    if (!StoreDelete(m_arItem, nIndex)) {
         return 0;
     }
     ItemsChanged(bUpdate, bRedraw);
@@ -77,7 +79,7 @@ void CCalendarCtrl::DeleteAllItems()
 
 int CCalendarCtrl::GetItem(int nIndex, tagCC_ITEM& item)
 {
-    return dayvane::StoreGet(m_arItem, nIndex, item);
+    return StoreGet(m_arItem, nIndex, item);
 }
 
 LPARAM CCalendarCtrl::GetItemData(int nIndex)
@@ -102,7 +104,7 @@ int CCalendarCtrl::IsItemMovable(int nIndex)
 
 void CCalendarCtrl::SortItem(CItemArray& items)
 {
-    dayvane::SortByStart(items);
+    SortByStart(items);
 }
 
 int CCalendarCtrl::IsFulldayItem(tagCALENDAR_ITEM item)
@@ -112,7 +114,7 @@ int CCalendarCtrl::IsFulldayItem(tagCALENDAR_ITEM item)
 
 void CCalendarCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    dayvane::MakeDayScreenItems(items, GetCurrentDate(), screenItems);
+    MakeDayScreenItems(items, GetCurrentDate(), screenItems);
 }
 
 void CCalendarCtrl::CalcItemRect(CRect, CItemArray&)
@@ -146,7 +148,7 @@ void CCalendarCtrl::SetFocusToItem()
     CItemArray sorted;
     sorted.Copy(m_arScreenItem);
     SortItem(sorted);
-    const int position = dayvane::NextFocusPosition(sorted, m_nCurSel);
+    const int position = NextFocusPosition(sorted, m_nCurSel);
     if (position == -1) {
         SetCurSel(-1);
         return;
@@ -161,7 +163,7 @@ void CCalendarCtrl::NotifyItemByKey(int nCode, int nIndex, int nSubValue)
 {
     SYSTEMTIME time = {};
     if (nIndex >= 0 && nIndex < GetItemCount()) {
-        dayvane::ToSystemTime(m_arItem[nIndex].dtStart, time);
+        ToSystemTime(m_arItem[nIndex].dtStart, time);
     }
     Notify(nCode, nIndex, nSubValue, CPoint(-1, -1), time, nIndex == -1 ? CCHT_ONCELL : CCHT_ONITEM);
 }

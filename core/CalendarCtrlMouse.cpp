@@ -4,6 +4,8 @@
 
 #include "core/DateMath.h"
 
+using namespace dayvane;
+
 namespace {
 
 constexpr DWORD kHoverMilliseconds = 1000;
@@ -12,12 +14,12 @@ constexpr UINT_PTR kScrollTimer = 0x4441;
 constexpr UINT kScrollMilliseconds =
     120; // between the steps of an auto-scroll; passing the edge quickly does not scroll
 
-HCURSOR CursorOfEdge(dayvane::ItemEdge edge)
+HCURSOR CursorOfEdge(ItemEdge edge)
 {
-    if (edge == dayvane::EDGE_NONE) {
+    if (edge == EDGE_NONE) {
         return nullptr;
     }
-    return ::LoadCursor(nullptr, edge == dayvane::EDGE_BOTTOM ? IDC_SIZENS : IDC_SIZEWE);
+    return ::LoadCursor(nullptr, edge == EDGE_BOTTOM ? IDC_SIZENS : IDC_SIZEWE);
 }
 
 HCURSOR DragCursor()
@@ -36,33 +38,33 @@ tagCCHITTESTINFO CCalendarCtrl::HitAt(CPoint point)
     return hit;
 }
 
-dayvane::PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
+PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
 {
-    dayvane::PointerHit pointer;
+    PointerHit pointer;
     pointer.point = hit.pt;
     pointer.code = hit.nHitCode;
     pointer.item = hit.nItem;
-    pointer.time = dayvane::FromSystemTime(hit.time);
+    pointer.time = FromSystemTime(hit.time);
     return pointer;
 }
 
-dayvane::ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
+ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
 {
     if (!m_bExtendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
         IsItemMovable(hit.nItem) != 1) {
-        return dayvane::EDGE_NONE;
+        return EDGE_NONE;
     }
     const tagCALENDAR_ITEM& item = m_arScreenItem[hit.nScreenItem];
     CRect box = item.rcItem;
     if (hit.nHitCode != CCHT_ONFULLDAYITEM) {
         box.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
     }
-    return dayvane::EdgeAt(box, hit.pt, GetPullableEdges(item));
+    return EdgeAt(box, hit.pt, GetPullableEdges(item));
 }
 
 int CCalendarCtrl::GetPullableEdges(const tagCALENDAR_ITEM&)
 {
-    return dayvane::EDGE_NONE;
+    return EDGE_NONE;
 }
 
 int CCalendarCtrl::GetMoveStepMinutes()
@@ -70,9 +72,8 @@ int CCalendarCtrl::GetMoveStepMinutes()
     return 60 / m_nTimeScale;
 }
 
-void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit)
+void CCalendarCtrl::Apply(const PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit)
 {
-    using dayvane::PointerEffect;
     Alive alive(this);
     for (const PointerEffect& effect : effects) {
         switch (effect.kind) {
@@ -103,7 +104,7 @@ void CCalendarCtrl::Apply(const dayvane::PointerEffects& effects, UINT nFlags, c
             StopTracking();
             break;
         case PointerEffect::DRAG_CURSOR:
-            ::SetCursor(m_pointer.Edge() == dayvane::EDGE_NONE ? DragCursor() : CursorOfEdge(m_pointer.Edge()));
+            ::SetCursor(m_pointer.Edge() == EDGE_NONE ? DragCursor() : CursorOfEdge(m_pointer.Edge()));
             break;
         case PointerEffect::ARROW_CURSOR:
             ::SetCursor(::LoadCursor(nullptr, IDC_ARROW));
@@ -142,13 +143,13 @@ void CCalendarCtrl::StopTracking()
     }
 }
 
-BOOL CCalendarCtrl::HasTimes(int nIndex, const dayvane::ItemTimes& times) const
+BOOL CCalendarCtrl::HasTimes(int nIndex, const ItemTimes& times) const
 {
     return nIndex >= 0 && nIndex < GetItemCount() && m_arItem[nIndex].dtStart == times.start &&
            m_arItem[nIndex].dtEnd == times.end;
 }
 
-void CCalendarCtrl::PutItemTimes(int nIndex, const dayvane::ItemTimes& times)
+void CCalendarCtrl::PutItemTimes(int nIndex, const ItemTimes& times)
 {
     if (nIndex < 0 || nIndex >= GetItemCount()) {
         return;
@@ -204,7 +205,7 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
         Default();
         return;
     }
-    dayvane::PressedItem pressed;
+    PressedItem pressed;
     if (hit.nItem >= 0 && hit.nItem < GetItemCount()) {
         pressed.movable = IsItemMovable(hit.nItem) == 1;
         pressed.times = {m_arItem[hit.nItem].dtStart, m_arItem[hit.nItem].dtEnd};
@@ -242,14 +243,14 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
 
 void CCalendarCtrl::MoveItem(tagCCHITTESTINFO hit)
 {
-    dayvane::ItemTimes times;
+    ItemTimes times;
     const bool there = GetDraggedTimes(times);
     Apply(m_pointer.Drag(PointerHitOf(hit), there ? &times : nullptr), 0, hit);
 }
 
 void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
 {
-    dayvane::ItemTimes times;
+    ItemTimes times;
     const bool there = GetDraggedTimes(times);
     Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes()), 0, hit);
 }
@@ -267,7 +268,7 @@ bool CCalendarCtrl::FollowDraggedItem()
     return true;
 }
 
-bool CCalendarCtrl::GetDraggedTimes(dayvane::ItemTimes& times)
+bool CCalendarCtrl::GetDraggedTimes(ItemTimes& times)
 {
     if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem()) {
         return false;
@@ -338,14 +339,14 @@ tagCCHITTESTINFO CCalendarCtrl::KeyboardHit()
         hit.nItem = m_nCurSel;
         hit.nScreenItem = i;
         hit.nHitCode = CCHT_ONITEM;
-        dayvane::ToSystemTime(m_arItem[m_nCurSel].dtStart, hit.time);
+        ToSystemTime(m_arItem[m_nCurSel].dtStart, hit.time);
         break;
     }
     if (hit.nItem == -1) {
         int mode = 0;
         GetCurCellRect(rect, mode);
         hit.nHitCode = CCHT_ONCELL;
-        dayvane::ToSystemTime(m_dtSelBegin, hit.time);
+        ToSystemTime(m_dtSelBegin, hit.time);
     }
     CRect client;
     GetClientRect(&client);
@@ -397,7 +398,7 @@ void CCalendarCtrl::OnCancelMode()
 void CCalendarCtrl::WatchScrollEdge(CPoint point)
 {
     const bool wanted = (m_pointer.IsSelecting() || m_pointer.IsDragging()) && ::GetCapture() == m_hWnd &&
-                        dayvane::AutoScrollAt(m_rcContent, point) != 0;
+                        AutoScrollAt(m_rcContent, point) != 0;
     if (wanted && !m_bScrollTimer) {
         SetTimer(kScrollTimer, kScrollMilliseconds, nullptr);
         m_bScrollTimer = TRUE;
@@ -416,7 +417,7 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     CPoint point;
     ::GetCursorPos(&point);
     ScreenToClient(&point);
-    const int step = dayvane::AutoScrollAt(m_rcContent, point);
+    const int step = AutoScrollAt(m_rcContent, point);
     Alive alive(this);
     if (step != 0) {
         SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);

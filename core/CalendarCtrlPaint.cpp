@@ -3,6 +3,8 @@
 
 #include "core/DrawingHelpers.h"
 
+using namespace dayvane;
+
 namespace {
 constexpr int kImageGap = 2;    // pixels between an item's icon and what follows
 constexpr int kBorderRings = 3; // one-pixel rings of a graded border
@@ -105,15 +107,15 @@ int CCalendarCtrl::DrawImageIcon(CDC* pDC, int nImage, CRect rect)
 
 int CCalendarCtrl::DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return dayvane::DrawAlarmGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+    return DrawAlarmGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
 }
 
 int CCalendarCtrl::DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return dayvane::DrawRecurrenceGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+    return DrawRecurrenceGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
 }
 
 void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)
 {
-    dayvane::DrawShadedFrame(pDC, rect, color, kBorderRings);
+    DrawShadedFrame(pDC, rect, color, kBorderRings);
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 
 constexpr int kRangeChangeValue = 4100; // nValue of CCN_VIEWRANGECHANGE
@@ -44,7 +46,7 @@ CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays)
       m_arrays(arrays)
 {
     RegisterViewClass(m_lpszClass, nullptr);
-    const dayvane::CalendarColors& colors = kind.colors;
+    const CalendarColors& colors = kind.colors;
     m_colors.caption = colors.caption;
     m_colors.captionText = colors.captionText;
     m_colors.ruler = colors.ruler;
@@ -66,7 +68,7 @@ void CBoxViewCtrl::Start()
     for (int i = 0; i < BoxCount(); ++i) {
         m_arrays.boxes[i] = m_arrays.strips[i] = CRect(0, 0, 0, 0);
     }
-    SetRange(dayvane::Now());
+    SetRange(Now());
 }
 
 BOOL CBoxViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
@@ -129,15 +131,15 @@ void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
 
 void CBoxViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 {
-    first = dayvane::StartOfDay(m_dtRangeStart);
-    last = dayvane::EndOfDay(m_dtRangeEnd);
+    first = StartOfDay(m_dtRangeStart);
+    last = EndOfDay(m_dtRangeEnd);
 }
 
 // ---- Items
 
 int CBoxViewCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    if (!dayvane::StoreSet(m_arItem, nIndex, *pItem)) {
+    if (!StoreSet(m_arItem, nIndex, *pItem)) {
         return 0;
     }
     ItemsChanged(bUpdate == 1, FALSE);
@@ -152,7 +154,7 @@ int CBoxViewCtrl::DeleteItem(int nIndex, int, int)
     if (nIndex > GetItemCount() - 1) {
         return 0;
     }
-    dayvane::StoreDelete(m_arItem, nIndex);
+    StoreDelete(m_arItem, nIndex);
     ItemsChanged(TRUE, FALSE);
     return 1;
 }
@@ -167,7 +169,7 @@ void CBoxViewCtrl::Layout(int cx, int cy)
 
 void CBoxViewCtrl::CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect&, CRect&, CRect& rcCalendar)
 {
-    const dayvane::BoxViewLayout layout = dayvane::LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_metrics);
+    const BoxViewLayout layout = LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_metrics);
     rcCaption = layout.caption;
     rcCalendar = layout.calendar;
     std::copy(layout.boxes.begin(), layout.boxes.end(), m_arrays.boxes);
@@ -181,18 +183,18 @@ void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader,
 
 void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    dayvane::MakeRowPieces(items, HasRange() ? GetRows() : dayvane::DayRows(), screenItems);
+    MakeRowPieces(items, HasRange() ? GetRows() : DayRows(), screenItems);
     ScreenItemsChanged();
 }
 
 void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    dayvane::BoxGrid grid;
+    BoxGrid grid;
     grid.columns = m_metrics.columns;
     grid.boxes.assign(m_arrays.boxes, m_arrays.boxes + BoxCount());
-    const std::vector<dayvane::BoxSpan> spans =
-        HasRange() ? GetSpans(screenItems) : std::vector<dayvane::BoxSpan>(screenItems.GetSize(), dayvane::NoBoxes());
-    const std::vector<dayvane::BoxLoad> loads = dayvane::LayOutBars(grid, m_metrics.bars, spans, screenItems);
+    const std::vector<BoxSpan> spans =
+        HasRange() ? GetSpans(screenItems) : std::vector<BoxSpan>(screenItems.GetSize(), NoBoxes());
+    const std::vector<BoxLoad> loads = LayOutBars(grid, m_metrics.bars, spans, screenItems);
     for (int i = 0; i < BoxCount(); ++i) {
         m_arrays.more[i] = loads[i].more ? 1 : 0;
     }
@@ -259,7 +261,7 @@ void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
 
 void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const dayvane::ScrollStep scroll = CalcScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos));
+    const ScrollStep scroll = CalcScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos));
     COleDateTime target = DateInRangeAfter(scroll.step);
     if (!scroll.moves || !IsValid(target)) {
         return;

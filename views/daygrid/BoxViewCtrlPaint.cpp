@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 // A frame's inset, its outline and its bottom line, pixels: what the strips of a frame leave of a box's strip.
 constexpr int kFrameLines = 3;
@@ -14,7 +16,7 @@ constexpr int kStripShares = 14;
 
 void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 {
-    const dayvane::SaveDcScope saved(pDC);
+    const SaveDcScope saved(pDC);
     pDC->SetBkMode(TRANSPARENT);
     DrawCell(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
@@ -37,8 +39,7 @@ CRect CBoxViewCtrl::PaintRectOf(int nBox) const
 
 void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 {
-    dayvane::DrawBoxGrid(pDC, rcCalendar, m_arrays.boxes[0].Size(), m_metrics.columns, dayvane::kBoxRows,
-                         m_pens.Solid(1, m_colors.grid));
+    DrawBoxGrid(pDC, rcCalendar, m_arrays.boxes[0].Size(), m_metrics.columns, kBoxRows, m_pens.Solid(1, m_colors.grid));
     CRect clip;
     pDC->GetClipBox(&clip);
     for (int i = 0; i < BoxCount(); ++i) {
@@ -47,7 +48,7 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
         if (!seen.IntersectRect(&box, &clip)) {
             continue;
         }
-        dayvane::DrawCellBackground(pDC, box, GetBoxColor(i));
+        DrawCellBackground(pDC, box, GetBoxColor(i));
         if (IsToday(i)) {
             DrawTodayRect(pDC, box, i);
         }
@@ -65,17 +66,17 @@ void CBoxViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CBoxViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
 {
-    DrawFrame(pDC, rect, dayvane::kTodayFrame);
+    DrawFrame(pDC, rect, kTodayFrame);
 }
 
 void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 {
-    DrawFrame(pDC, rect, dayvane::kSelectedDayFrame);
+    DrawFrame(pDC, rect, kSelectedDayFrame);
 }
 
-void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const dayvane::DayFrameColors& colors)
+void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
     const int height = m_metrics.stripHeight - kFrameLines;
     const int upper = height * kUpperShare / kStripShares;
-    dayvane::DrawDayFrame(pDC, rect, colors, m_pens, {upper, height - upper});
+    DrawDayFrame(pDC, rect, colors, m_pens, {upper, height - upper});
 }

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 
 constexpr UINT kMoreMarkBitmap = 18007;
@@ -18,7 +20,7 @@ constexpr int kTextGap = 2;             // and more before the text
 constexpr int kCellMargin = 2;          // pixels around a box that its frame may touch
 constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
 
-bool IsShown(const dayvane::tagCALENDAR_ITEM& item)
+bool IsShown(const tagCALENDAR_ITEM& item)
 {
     return !item.bNoFocus && item.rcItem.top != kNoTop;
 }
@@ -77,7 +79,7 @@ void CDayGridCtrl::DeleteAllItems()
 
 CString CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 {
-    return dayvane::BarText(item, bFullday != FALSE, m_nItemDisplayMode);
+    return BarText(item, bFullday != FALSE, m_nItemDisplayMode);
 }
 
 const std::vector<int>& CDayGridCtrl::GetShownItems()
@@ -110,7 +112,7 @@ int CDayGridCtrl::ScreenItemAt(CPoint point)
 
 COleDateTime CDayGridCtrl::LastDateOfBox(int nBox)
 {
-    return dayvane::EndOfDay(DateOfBox(nBox));
+    return EndOfDay(DateOfBox(nBox));
 }
 
 int CDayGridCtrl::BoxOfDate(const COleDateTime& date)
@@ -127,7 +129,7 @@ int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
     if (box == -1) {
         return -1;
     }
-    dayvane::ToSystemTime(DateOfBox(box), info.time);
+    ToSystemTime(DateOfBox(box), info.time);
     info.nScreenItem = ScreenItemAt(point);
     if (info.nScreenItem != -1) {
         info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
@@ -203,7 +205,7 @@ BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFl
 void CDayGridCtrl::NotifySelDateChange(const COleDateTime& date)
 {
     SYSTEMTIME time = {};
-    dayvane::ToSystemTime(date, time);
+    ToSystemTime(date, time);
     Notify(CCN_SELDATECHANGE, -1, 0, CPoint(-1, -1), time, CCHT_ONCELL);
 }
 
@@ -240,7 +242,7 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 
 void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
-    dayvane::BarPainter painter(pDC, m_pens, m_texts);
+    BarPainter painter(pDC, m_pens, m_texts);
     CRect content = painter.DrawBox(item);
     const int marksLeft = content.left;
     pDC->SetTextColor(item.crColor1);
@@ -261,7 +263,7 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
     pDC->SetTextColor(item.crColor5);
     {
         CFont* font = GetFont(item.nReserved);
-        const dayvane::SelectGdi selectFont(pDC, font);
+        const SelectGdi selectFont(pDC, font);
         painter.DrawText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
     if (item.nSource == m_nCurSel) {

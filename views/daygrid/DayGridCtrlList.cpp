@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 constexpr UINT kOpenKey = VK_F4;
 } // namespace
@@ -111,8 +113,7 @@ BOOL CDayGridCtrl::OpenMoreList(const MoreBox& box)
     }
     CRect mark = box.mark;
     ClientToScreen(&mark);
-    m_pMoreList =
-        CMoreListWnd::Open(this, mark, dayvane::ItemsOfDays(m_arItem, box.first, box.last), m_nItemVersion, box.first);
+    m_pMoreList = CMoreListWnd::Open(this, mark, ItemsOfDays(m_arItem, box.first, box.last), m_nItemVersion, box.first);
     return TRUE;
 }
 
@@ -138,14 +139,14 @@ void CDayGridCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleDa
     hit.pt = screen;
     hit.nItem = nItem;
     hit.nHitCode = CCHT_ONITEM;
-    dayvane::ToSystemTime(dayvane::StartOfDay(std::max(m_arItem[nItem].dtStart, dtFirst)), hit.time);
+    ToSystemTime(StartOfDay(std::max(m_arItem[nItem].dtStart, dtFirst)), hit.time);
     Alive alive(this);
     const unsigned cancelsBefore = m_nCancelCount;
     Notify(CCN_ITEMCLICK, nItem, MK_LBUTTON, screen, hit.time, hit.nHitCode);
     if (!alive || nItemVersion != m_nItemVersion || m_nCancelCount != cancelsBefore) {
         return;
     }
-    dayvane::PressedItem pressed;
+    PressedItem pressed;
     pressed.movable = IsItemMovable(nItem) == 1;
     pressed.times = {m_arItem[nItem].dtStart, m_arItem[nItem].dtEnd};
     Apply(m_pointer.Press(PointerHitOf(hit), pressed), MK_LBUTTON, hit);

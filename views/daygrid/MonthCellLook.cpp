@@ -5,8 +5,6 @@
 namespace dayvane {
 namespace {
 
-constexpr int kSunday = 1;
-constexpr int kSaturday = 7;
 constexpr int kYearsPerCentury = 100;
 constexpr int kModeBothTimes = 8; // item display mode
 

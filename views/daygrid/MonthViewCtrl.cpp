@@ -6,6 +6,8 @@
 
 #include "mfc/base/civil.h"
 
+using namespace dayvane;
+
 namespace {
 
 constexpr char kWindowClass[] = "MFCMonthViewCtrl";
@@ -38,9 +40,9 @@ CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonF
     m_colors.captionText = kCaptionTextColor;
     m_colors.grid = kGridColor;
     m_colors.border = kBorderColor;
-    m_dtCurrent = m_dtScroll = dayvane::Now();
-    m_arHeaderCell.SetSize(dayvane::kMonthColumns);
-    m_arCell.SetSize(dayvane::kMonthCells);
+    m_dtCurrent = m_dtScroll = Now();
+    m_arHeaderCell.SetSize(kMonthColumns);
+    m_arCell.SetSize(kMonthCells);
     CMonthViewCtrl::CalcCalendar();
 }
 
@@ -70,12 +72,12 @@ void CMonthViewCtrl::OnDestroy()
 
 void CMonthViewCtrl::CalcCalendar()
 {
-    RebuildDates(dayvane::FirstDayOfMonthGrid(m_dtCurrent, m_nFirstDayOfWeek));
+    RebuildDates(FirstDayOfMonthGrid(m_dtCurrent, m_nFirstDayOfWeek));
 }
 
 void CMonthViewCtrl::RebuildDates(int nFirstDay)
 {
-    dayvane::FillMonthDates(nFirstDay, m_dtCurrent, dayvane::Now(), m_arCellDate);
+    FillMonthDates(nFirstDay, m_dtCurrent, Now(), m_arCellDate);
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
@@ -87,7 +89,7 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
     }
     CDayGridCtrl::SetCurrentDate(date);
     m_dtScroll = m_dtCurrent = date;
-    m_dtSelBegin = m_dtSelEnd = dayvane::StartOfDay(date);
+    m_dtSelBegin = m_dtSelEnd = StartOfDay(date);
     CalcCalendar();
     // Over the stored items, not the shown ones: the screen items come with the next layout.
     CalcItemRect(m_rcContent, m_arItem);
@@ -100,15 +102,15 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
 
 void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 {
-    first = dayvane::StartOfDay(m_arCellDate[0].m_date);
-    last = dayvane::EndOfDay(m_arCellDate[dayvane::kMonthCells - 1].m_date);
+    first = StartOfDay(m_arCellDate[0].m_date);
+    last = EndOfDay(m_arCellDate[kMonthCells - 1].m_date);
 }
 
 void CMonthViewCtrl::MoveCalendar(int nWeeks)
 {
-    const int firstDay = dayvane::FirstDayOf(m_arCellDate);
-    const long long moved = firstDay + static_cast<long long>(nWeeks) * dayvane::kMonthColumns;
-    if (firstDay == dayvane::kNoDay || moved <= civil::kFirstDay - dayvane::kMonthCells || moved > civil::kLastDay) {
+    const int firstDay = FirstDayOf(m_arCellDate);
+    const long long moved = firstDay + static_cast<long long>(nWeeks) * kMonthColumns;
+    if (firstDay == kNoDay || moved <= civil::kFirstDay - kMonthCells || moved > civil::kLastDay) {
         return; // no day of the grid would be a date
     }
     RebuildDates(static_cast<int>(moved));
@@ -127,7 +129,7 @@ void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PRO
 
 void CMonthViewCtrl::ClearDayProperty()
 {
-    dayvane::ClearDayProperties(m_arCellDate);
+    ClearDayProperties(m_arCellDate);
 }
 
 int CMonthViewCtrl::GetDayColor(int nCell)
@@ -146,7 +148,7 @@ void CMonthViewCtrl::Layout(int cx, int cy)
 
 void CMonthViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar)
 {
-    const dayvane::MonthBands bands = dayvane::CalcMonthBands(rcClient, m_bShowCaption == TRUE);
+    const MonthBands bands = CalcMonthBands(rcClient, m_bShowCaption == TRUE);
     rcCaption = bands.caption;
     rcHeader = bands.header;
     rcCalendar = bands.calendar;
@@ -154,17 +156,16 @@ void CMonthViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeade
 
 CSize CMonthViewCtrl::CalcCellSize(CRect rcCalendar)
 {
-    return dayvane::CalcMonthCellSize(rcCalendar);
+    return CalcMonthCellSize(rcCalendar);
 }
 
 void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
 {
-    dayvane::FillMonthCells(rcHeader, rcCalendar, CalcCellSize(rcCalendar), m_arHeaderCell, m_arCell);
+    FillMonthCells(rcHeader, rcCalendar, CalcCellSize(rcCalendar), m_arHeaderCell, m_arCell);
 }
 
 void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    using namespace dayvane;
     const int firstDay = FirstDayOf(m_arCellDate);
     MakeRowPieces(items, firstDay == kNoDay ? DayRows() : EvenRows(firstDay, kMonthRows, kMonthColumns), screenItems);
     ScreenItemsChanged();
@@ -172,7 +173,7 @@ void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    dayvane::CalcMonthBars(m_arCellDate, m_arCell, screenItems);
+    CalcMonthBars(m_arCellDate, m_arCell, screenItems);
     ScreenItemsChanged();
 }
 
@@ -187,12 +188,12 @@ int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
 
 void CMonthViewCtrl::MoveForward(UINT nFlags)
 {
-    MoveSelection(-dayvane::kMonthColumns, nFlags);
+    MoveSelection(-kMonthColumns, nFlags);
 }
 
 void CMonthViewCtrl::MoveBackward(UINT nFlags)
 {
-    MoveSelection(dayvane::kMonthColumns, nFlags);
+    MoveSelection(kMonthColumns, nFlags);
 }
 
 void CMonthViewCtrl::MoveLeftward(UINT nFlags)
@@ -207,7 +208,7 @@ void CMonthViewCtrl::MoveRightward(UINT nFlags)
 
 void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    if (!MoveSelectionTo(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags)) {
+    if (!MoveSelectionTo(AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags)) {
         return;
     }
     const COleDateTime begin = m_dtSelBegin;
@@ -231,10 +232,10 @@ void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMin = dayvane::kMonthScrollMin;
-    info.nMax = dayvane::kMonthScrollMax;
+    info.nMin = kMonthScrollMin;
+    info.nMax = kMonthScrollMax;
     info.nPage = 1;
-    info.nPos = dayvane::kMonthScrollMiddle;
+    info.nPos = kMonthScrollMiddle;
     SetScrollInfo(SB_VERT, &info, TRUE);
 }
 
@@ -244,15 +245,14 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     info.cbSize = sizeof(info);
     info.fMask = SIF_ALL;
     GetScrollInfo(SB_VERT, &info);
-    const dayvane::ScrollStep scroll =
-        dayvane::CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
-    const int days = scroll.step * dayvane::kMonthColumns;
-    COleDateTime date = dayvane::AddDays(m_dtCurrent, days);
+    const ScrollStep scroll = CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
+    const int days = scroll.step * kMonthColumns;
+    COleDateTime date = AddDays(m_dtCurrent, days);
     if (!scroll.moves || date.GetStatus() != COleDateTime::valid) {
         return;
     }
     Alive alive(this);
-    const bool isSelected = dayvane::IsSameDay(m_dtSelBegin, date) && dayvane::IsSameDay(m_dtSelEnd, date);
+    const bool isSelected = IsSameDay(m_dtSelBegin, date) && IsSameDay(m_dtSelEnd, date);
     if (days != 0 || !isSelected) {
         NotifySelDateChange(date);
     }
@@ -260,7 +260,7 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
         return;
     }
     // The host may have set another date meanwhile.
-    date = dayvane::AddDays(m_dtCurrent, days);
+    date = AddDays(m_dtCurrent, days);
     if (date.GetStatus() != COleDateTime::valid) {
         return;
     }

@@ -5,6 +5,8 @@
 
 #include <vector>
 
+using namespace dayvane;
+
 namespace {
 
 // Pixels.
@@ -16,7 +18,7 @@ constexpr COLORREF kUnfilled = 0xFFFFFF;
 
 void DrawEdges(CDC* pDC, const CRect& rect, CPen* pen)
 {
-    const dayvane::SelectGdi selectPen(pDC, pen);
+    const SelectGdi selectPen(pDC, pen);
     pDC->MoveTo(rect.left, rect.top);
     pDC->LineTo(rect.right - 1, rect.top);
     pDC->LineTo(rect.right - 1, rect.bottom - 1);
@@ -30,24 +32,23 @@ IMPLEMENT_DYNCREATE(CMonthViewCtrl2, CMonthViewCtrl)
 
 void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    dayvane::CalcMonthBlocks(m_arCellDate, m_arCell, screenItems);
+    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems);
     ScreenItemsChanged();
 }
 
 void CMonthViewCtrl2::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    dayvane::DrawMonthCaption(pDC, rcCaption, m_dtScroll, dayvane::kMonthBand2, m_colors.captionText,
-                              m_lfFonts[kTextFont], m_fonts);
+    DrawMonthCaption(pDC, rcCaption, m_dtScroll, kMonthBand2, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
 }
 
 // The blocks of one day lie on top of each other: only the last one is to be seen, so only it is drawn. Any of them can
 // be the current item.
 void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 {
-    std::vector<int> lastOfCell(dayvane::kMonthCells, -1);
-    std::vector<bool> hasCurrent(dayvane::kMonthCells, false);
+    std::vector<int> lastOfCell(kMonthCells, -1);
+    std::vector<bool> hasCurrent(kMonthCells, false);
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
-        const int cell = screenItems[i].bNoFocus ? -1 : dayvane::CellOfDate(m_arCellDate, screenItems[i].dtStart);
+        const int cell = screenItems[i].bNoFocus ? -1 : CellOfDate(m_arCellDate, screenItems[i].dtStart);
         if (cell == -1) {
             continue;
         }
@@ -58,7 +59,7 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
     }
     CRect clip;
     pDC->GetClipBox(&clip);
-    for (int cell = 0; cell < dayvane::kMonthCells; ++cell) {
+    for (int cell = 0; cell < kMonthCells; ++cell) {
         CRect seen;
         if (lastOfCell[cell] != -1 && seen.IntersectRect(&screenItems[lastOfCell[cell]].rcItem, &clip)) {
             DrawBlock(pDC, screenItems[lastOfCell[cell]], hasCurrent[cell]);
@@ -87,7 +88,7 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool cur
     }
     pDC->SetTextColor(item.crColor5);
     {
-        const dayvane::SelectGdi selectFont(pDC, GetFont(item.nReserved));
+        const SelectGdi selectFont(pDC, GetFont(item.nReserved));
         // Of a text in a box of less than half its height only meaningless dashes would be seen.
         if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2) {
             pDC->DrawText(item.strText, &content,

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace dayvane;
+
 namespace {
 
 constexpr char kWindowClass[] = "DayvaneMoreList";
@@ -49,7 +51,7 @@ CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::v
     CMoreListWnd* list = new CMoreListWnd(pOwner, std::move(items), nItemVersion, dtFirst);
     CRect frame(CPoint(0, 0), list->m_model.Size());
     ::AdjustWindowRectEx(&frame, WS_POPUP | WS_BORDER, FALSE, WS_EX_TOOLWINDOW);
-    const CRect place = dayvane::PlaceMoreList(mark, frame.Size(), WorkAreaAt(mark));
+    const CRect place = PlaceMoreList(mark, frame.Size(), WorkAreaAt(mark));
     if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0)) {
         return nullptr; // it has deleted itself
     }

@@ -9,27 +9,24 @@
 #include <algorithm>
 #include <clocale>
 
-namespace {
+using namespace dayvane;
 
-using dayvane::kNoDay;
-using dayvane::kWeekBoxes;
+namespace {
 
 constexpr char kWindowClass[] = "MFCWeekViewCtrl";
 constexpr int kLastShown = kWeekBoxes - 1; // days from the first to the last
 constexpr int kTextFont = 2;               // template in m_lfFonts
 
-constexpr dayvane::CalendarColors kWeekColors = {
+constexpr CalendarColors kWeekColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x8F9300, 0xFFFFFF, 0xCE9A63, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr dayvane::TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
-constexpr dayvane::HeaderBandColors kDayStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
-constexpr dayvane::HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
+constexpr TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
+constexpr HeaderBandColors kDayStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+constexpr HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
 
 constexpr COLORREF kDayText = 0x000000;
 constexpr COLORREF kSaturdayText = 0xFF0000;
 constexpr COLORREF kDayOffText = 0x0000FF; // Sundays and holidays
-constexpr int kSunday = 1;
-constexpr int kSaturday = 7;
 
 // "(%a)" in Japanese, whatever the host's locale of times; it is left at "C".
 CString JapaneseWeekday(const COleDateTime& date)
@@ -47,8 +44,7 @@ IMPLEMENT_DYNCREATE(CWeekViewCtrl, CBoxViewCtrl)
 // ---- Lifetime
 
 CWeekViewCtrl::CWeekViewCtrl()
-    : CBoxViewCtrl({kWindowClass, "Weekly Calendar", dayvane::kWeekMetrics, kWeekColors},
-                   {m_rcDay, m_rcDayCaption, m_bMore})
+    : CBoxViewCtrl({kWindowClass, "Weekly Calendar", kWeekMetrics, kWeekColors}, {m_rcDay, m_rcDayCaption, m_bMore})
 {
     Start();
 }
@@ -67,34 +63,34 @@ COleDateTime CWeekViewCtrl::GetCurrentDate()
 
 void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    CBoxViewCtrl::SetCurrentDate(dayvane::StartOfDay(date));
+    CBoxViewCtrl::SetCurrentDate(StartOfDay(date));
 }
 
 // Near the ends of the valid dates one end of the range may not be a date.
 int CWeekViewCtrl::FirstDay() const
 {
     if (m_dtRangeStart.GetStatus() == COleDateTime::valid) {
-        return dayvane::DayNumberOf(m_dtRangeStart);
+        return DayNumberOf(m_dtRangeStart);
     }
     if (m_dtRangeEnd.GetStatus() == COleDateTime::valid) {
-        return dayvane::DayNumberOf(m_dtRangeEnd) - kLastShown;
+        return DayNumberOf(m_dtRangeEnd) - kLastShown;
     }
     return kNoDay;
 }
 
 int CWeekViewCtrl::FirstDayOfWeekOf(const COleDateTime& date) const
 {
-    return dayvane::WeekStartOf(dayvane::DayNumberOf(date), m_nFirstDayOfWeek);
+    return WeekStartOf(DayNumberOf(date), m_nFirstDayOfWeek);
 }
 
 void CWeekViewCtrl::CalcRange(const COleDateTime& date)
 {
     const int firstDay = date.GetStatus() == COleDateTime::valid ? FirstDayOfWeekOf(date) : kNoDay;
-    m_dtRangeStart = dayvane::DateOfDayNumber(firstDay);
-    m_dtRangeEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(firstDay + kLastShown));
-    dayvane::FillCellDates(firstDay, kWeekBoxes, date, dayvane::Now(), m_arDayDate);
+    m_dtRangeStart = DateOfDayNumber(firstDay);
+    m_dtRangeEnd = EndOfDay(DateOfDayNumber(firstDay + kLastShown));
+    FillCellDates(firstDay, kWeekBoxes, date, Now(), m_arDayDate);
     for (int i = 0; i < kWeekBoxes; ++i) {
-        m_arDayDate[i].m_nFlags |= dayvane::MONTHCELL_INMONTH; // a week looks the same in every month
+        m_arDayDate[i].m_nFlags |= MONTHCELL_INMONTH; // a week looks the same in every month
     }
 }
 
@@ -104,7 +100,7 @@ int CWeekViewCtrl::PositionOf(const COleDateTime& date)
     if (date.GetStatus() != COleDateTime::valid || firstDay == kNoDay) {
         return -1;
     }
-    return dayvane::DayNumberOf(date) - firstDay;
+    return DayNumberOf(date) - firstDay;
 }
 
 COleDateTime CWeekViewCtrl::DateOfBox(int nBox)
@@ -117,14 +113,14 @@ BOOL CWeekViewCtrl::HasMoreMark(int nBox)
     return nBox != kLastShown && CBoxViewCtrl::HasMoreMark(nBox);
 }
 
-dayvane::DayRows CWeekViewCtrl::GetRows()
+DayRows CWeekViewCtrl::GetRows()
 {
-    return dayvane::WeekRows(FirstDay());
+    return WeekRows(FirstDay());
 }
 
-std::vector<dayvane::BoxSpan> CWeekViewCtrl::GetSpans(const CItemArray& screenItems)
+std::vector<BoxSpan> CWeekViewCtrl::GetSpans(const CItemArray& screenItems)
 {
-    return dayvane::DaySpans(screenItems, FirstDay());
+    return DaySpans(screenItems, FirstDay());
 }
 
 void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
@@ -137,7 +133,7 @@ void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROP
 
 void CWeekViewCtrl::ClearDayProperty()
 {
-    dayvane::ClearDayProperties(m_arDayDate);
+    ClearDayProperties(m_arDayDate);
 }
 
 int CWeekViewCtrl::GetDayColor(int nDay)
@@ -149,12 +145,12 @@ int CWeekViewCtrl::GetDayColor(int nDay)
 
 void CWeekViewCtrl::MoveForward(UINT nFlags)
 {
-    MoveSelection(-dayvane::kWeekMetrics.columns, nFlags);
+    MoveSelection(-kWeekMetrics.columns, nFlags);
 }
 
 void CWeekViewCtrl::MoveBackward(UINT nFlags)
 {
-    MoveSelection(dayvane::kWeekMetrics.columns, nFlags);
+    MoveSelection(kWeekMetrics.columns, nFlags);
 }
 
 void CWeekViewCtrl::MoveLeftward(UINT nFlags)
@@ -169,19 +165,19 @@ void CWeekViewCtrl::MoveRightward(UINT nFlags)
 
 void CWeekViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    SelectByKey(dayvane::AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
+    SelectByKey(AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
 }
 
-dayvane::ScrollStep CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+ScrollStep CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
 {
-    return dayvane::CalcWeekScroll(nCode, nPos, nThumb, m_dtRangeStart.GetDayOfYear());
+    return CalcWeekScroll(nCode, nPos, nThumb, m_dtRangeStart.GetDayOfYear());
 }
 
 SCROLLINFO CWeekViewCtrl::GetScrollRange()
 {
     SCROLLINFO info = {};
-    info.nMax = dayvane::kWeekScrollMax;
-    info.nPos = dayvane::WeekScrollPosition(std::max(m_dtRangeStart.GetDayOfYear(), 0));
+    info.nMax = kWeekScrollMax;
+    info.nPos = WeekScrollPosition(std::max(m_dtRangeStart.GetDayOfYear(), 0));
     return info;
 }
 
@@ -190,20 +186,20 @@ COleDateTime CWeekViewCtrl::DateInRangeAfter(int nStep)
     // The first day may not be a date itself where dates begin; then the first date stands for its week.
     const int day = FirstDay() + nStep;
     if (day > civil::kFirstDay - kLastShown && day < civil::kFirstDay) {
-        return dayvane::DateOfDayNumber(civil::kFirstDay);
+        return DateOfDayNumber(civil::kFirstDay);
     }
-    return dayvane::DateOfDayNumber(day);
+    return DateOfDayNumber(day);
 }
 
 COleDateTime CWeekViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
 {
-    const COleDateTime moved = dayvane::AddDays(date, FirstDayOfWeekOf(dtTarget) - FirstDay());
+    const COleDateTime moved = AddDays(date, FirstDayOfWeekOf(dtTarget) - FirstDay());
     return moved.GetStatus() == COleDateTime::valid ? moved : date;
 }
 
 BOOL CWeekViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
 {
-    const int position = dayvane::DayNumberOf(date) - FirstDayOfWeekOf(dtTarget);
+    const int position = DayNumberOf(date) - FirstDayOfWeekOf(dtTarget);
     return position >= 0 && position < kWeekBoxes;
 }
 
@@ -211,31 +207,31 @@ BOOL CWeekViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime
 
 CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 {
-    return dayvane::WeekBarText(item, bFullday != FALSE);
+    return WeekBarText(item, bFullday != FALSE);
 }
 
 void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    dayvane::CaptionTexts texts = {"", "", DT_VCENTER};
-    const dayvane::DateFields first = dayvane::FieldsOf(m_dtRangeStart);
-    const dayvane::DateFields last = dayvane::FieldsOf(m_dtRangeEnd);
+    CaptionTexts texts = {"", "", DT_VCENTER};
+    const DateFields first = FieldsOf(m_dtRangeStart);
+    const DateFields last = FieldsOf(m_dtRangeEnd);
     if (first.year != -1 && last.year != -1) {
         texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
         texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
     }
-    dayvane::DrawCaptionBand(pDC, rcCaption, texts, kWeekBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    DrawCaptionBand(pDC, rcCaption, texts, kWeekBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
 }
 
-dayvane::MonthCellLook CWeekViewCtrl::LookOf(int nDay)
+MonthCellLook CWeekViewCtrl::LookOf(int nDay)
 {
-    const dayvane::MonthLookInput input = {m_arDayColors,
-                                           m_colors.highlightText,
-                                           m_bShowHoliday != FALSE,
-                                           m_bShow24Setuki != FALSE,
-                                           IsBoxSelected(nDay) != FALSE,
-                                           INT_MIN,
-                                           INT_MAX};
-    return dayvane::CalcCellLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
+    const MonthLookInput input = {m_arDayColors,
+                                  m_colors.highlightText,
+                                  m_bShowHoliday != FALSE,
+                                  m_bShow24Setuki != FALSE,
+                                  IsBoxSelected(nDay) != FALSE,
+                                  INT_MIN,
+                                  INT_MAX};
+    return CalcCellLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
 }
 
 COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
@@ -245,7 +241,7 @@ COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
 
 BOOL CWeekViewCtrl::IsToday(int nBox)
 {
-    return (m_arDayDate[nBox].m_nFlags & dayvane::MONTHCELL_TODAY) != 0;
+    return (m_arDayDate[nBox].m_nFlags & MONTHCELL_TODAY) != 0;
 }
 
 void CWeekViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
@@ -258,13 +254,13 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     const int day = BoxOfStrip(rcCaption);
     const bool isNextWeek = day == kLastShown;
     if (day == -1 || (!IsToday(day) && !IsBoxSelected(day))) {
-        dayvane::DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kDayStrip);
+        DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kDayStrip);
     }
     if (day == -1 || m_arDayDate[day].m_date.GetStatus() != COleDateTime::valid) {
         return;
     }
     const COleDateTime& date = m_arDayDate[day].m_date;
-    const dayvane::MonthCellLook look = LookOf(day);
+    const MonthCellLook look = LookOf(day);
     const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
     const int dayOfWeek = date.GetDayOfWeek();
     COLORREF color = dayOfWeek == kSunday || isDayOff ? kDayOffText : dayOfWeek == kSaturday ? kSaturdayText : kDayText;
@@ -273,8 +269,8 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     }
     CString number;
     number.Format("%d/%d", date.GetMonth(), date.GetDay());
-    dayvane::DrawStripTexts(pDC, rcCaption,
-                            {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor}, m_fonts);
+    DrawStripTexts(pDC, rcCaption, {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor},
+                   m_fonts);
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

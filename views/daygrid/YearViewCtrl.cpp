@@ -9,9 +9,9 @@
 
 #include <algorithm>
 
-namespace {
+using namespace dayvane;
 
-using dayvane::kYearBoxes;
+namespace {
 
 constexpr char kWindowClass[] = "MFCYearViewCtrl";
 constexpr UINT kMoreBitmap = 18001;
@@ -26,11 +26,11 @@ constexpr int kComboTop = 5;      // from its top
 constexpr int kComboWidth = 200;  // after the first change of size
 constexpr int kComboBottom = 100; // with its list
 
-constexpr dayvane::CalendarColors kYearColors = {
+constexpr CalendarColors kYearColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x505850, 0xFFFFFF, 0xCE9A63, 0xFFFFFF, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr dayvane::TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
-constexpr dayvane::HeaderBandColors kMonthStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
+constexpr TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
+constexpr HeaderBandColors kMonthStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 constexpr COLORREF kMonthText = 0x000000;
 
 } // namespace
@@ -46,8 +46,7 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearViewCtrl::CYearViewCtrl()
-    : CBoxViewCtrl({kWindowClass, "Yearly Calendar", dayvane::kYearMetrics, kYearColors},
-                   {m_rcMonth, m_rcMonthCaption, m_bMore})
+    : CBoxViewCtrl({kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors}, {m_rcMonth, m_rcMonthCaption, m_bMore})
 {
     Start();
 }
@@ -86,15 +85,15 @@ BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
 
 void CYearViewCtrl::CalcRange(const COleDateTime& date)
 {
-    const int year = dayvane::FieldsOf(date).year; // -1 makes no date either
+    const int year = FieldsOf(date).year; // -1 makes no date either
     m_dtRangeStart = COleDateTime(year, 1, 1, 0, 0, 0);
     m_dtRangeEnd = COleDateTime(year, kDecember, kLastOfDecember, 23, 59, 59);
-    m_nTodayBox = BoxOfDate(dayvane::Now());
+    m_nTodayBox = BoxOfDate(Now());
 }
 
 int CYearViewCtrl::PositionOf(const COleDateTime& date)
 {
-    const dayvane::DateFields fields = dayvane::FieldsOf(date);
+    const DateFields fields = FieldsOf(date);
     if (fields.year == -1 || !HasRange()) {
         return -1;
     }
@@ -108,54 +107,54 @@ COleDateTime CYearViewCtrl::DateOfBox(int nBox)
 
 COleDateTime CYearViewCtrl::LastDateOfBox(int nBox)
 {
-    const dayvane::DateFields first = dayvane::FieldsOf(DateOfBox(nBox));
+    const DateFields first = FieldsOf(DateOfBox(nBox));
     const int days = first.year != -1 ? civil::DaysInMonth(first.year, first.month) : 0;
     return COleDateTime(first.year, first.month, days, 23, 59, 59);
 }
 
-dayvane::DayRows CYearViewCtrl::GetRows()
+DayRows CYearViewCtrl::GetRows()
 {
-    return dayvane::YearRows(Year());
+    return YearRows(Year());
 }
 
-std::vector<dayvane::BoxSpan> CYearViewCtrl::GetSpans(const CItemArray& screenItems)
+std::vector<BoxSpan> CYearViewCtrl::GetSpans(const CItemArray& screenItems)
 {
-    return dayvane::MonthSpans(screenItems, Year());
+    return MonthSpans(screenItems, Year());
 }
 
 // ---- Navigation
 
 void CYearViewCtrl::MoveLeftward(UINT nFlags)
 {
-    SelectByKey(dayvane::FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
+    SelectByKey(FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
 }
 
 void CYearViewCtrl::MoveRightward(UINT nFlags)
 {
-    SelectByKey(dayvane::FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
+    SelectByKey(FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
 }
 
-dayvane::ScrollStep CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
+ScrollStep CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
 {
-    return dayvane::CalcYearScroll(nCode, nPos, nThumb);
+    return CalcYearScroll(nCode, nPos, nThumb);
 }
 
 SCROLLINFO CYearViewCtrl::GetScrollRange()
 {
     SCROLLINFO info = {};
-    info.nMax = dayvane::kYearScrollMax;
-    info.nPos = Year() - dayvane::kYearOfScrollStart;
+    info.nMax = kYearScrollMax;
+    info.nPos = Year() - kYearOfScrollStart;
     return info;
 }
 
 COleDateTime CYearViewCtrl::DateInRangeAfter(int nStep)
 {
-    return dayvane::AddYears(m_dtRangeStart, nStep);
+    return AddYears(m_dtRangeStart, nStep);
 }
 
 COleDateTime CYearViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
 {
-    const COleDateTime moved = dayvane::AddYears(date, dtTarget.GetYear() - Year());
+    const COleDateTime moved = AddYears(date, dtTarget.GetYear() - Year());
     return moved.GetStatus() == COleDateTime::valid ? moved : date;
 }
 
@@ -209,7 +208,7 @@ void CYearViewCtrl::OnSelchangeCombo()
     }
     const int selected = combo->GetCurSel();
     SYSTEMTIME time = {};
-    dayvane::ToSystemTime(GetCurrentDate(), time);
+    ToSystemTime(GetCurrentDate(), time);
     Notify(CCN_COMBOSELCHANGE, selected, selected, CPoint(-1, -1), time, CCHT_NOWHERE);
 }
 
@@ -220,7 +219,7 @@ CString CYearViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL)
 {
     const bool isStored = item.nSource >= 0 && item.nSource < m_arItem.GetSize();
     const tagCALENDAR_ITEM& whole = isStored ? m_arItem[item.nSource] : item;
-    return dayvane::YearBarText(whole.dtStart, whole.dtEnd, item.strText);
+    return YearBarText(whole.dtStart, whole.dtEnd, item.strText);
 }
 
 BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
@@ -230,12 +229,12 @@ BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
 
 void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    dayvane::CaptionTexts texts = {"", "", DT_VCENTER};
+    CaptionTexts texts = {"", "", DT_VCENTER};
     if (HasRange()) {
         texts.number.Format("%d", Year());
         texts.text = "  " + m_strTitle;
     }
-    dayvane::DrawCaptionBand(pDC, rcCaption, texts, kYearBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    DrawCaptionBand(pDC, rcCaption, texts, kYearBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
 }
 
 COLORREF CYearViewCtrl::GetBoxColor(int)
@@ -257,7 +256,7 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 {
     const int month = BoxOfStrip(rcCaption);
     if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
-        dayvane::DrawHeaderBand(pDC, rcCaption, kMonthStrip);
+        DrawHeaderBand(pDC, rcCaption, kMonthStrip);
     }
     if (month == -1 || !HasRange()) {
         return;
@@ -266,8 +265,7 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
     number.Format("%d", month + 1);
-    dayvane::DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor},
-                            m_fonts);
+    DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor}, m_fonts);
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
@@ -280,7 +278,7 @@ void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
     if (!memory.CreateCompatibleDC(pDC)) {
         return;
     }
-    const dayvane::SelectGdi selectBitmap(&memory, &m_bmMore);
+    const SelectGdi selectBitmap(&memory, &m_bmMore);
     const CRect& box = m_rcMonth[nBox];
     pDC->BitBlt(box.right - bitmap.bmWidth, box.bottom - bitmap.bmHeight, bitmap.bmWidth, bitmap.bmHeight, &memory, 0,
                 0, SRCCOPY);

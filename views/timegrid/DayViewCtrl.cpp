@@ -3,6 +3,8 @@
 #include "core/DateMath.h"
 #include "views/timegrid/FulldayLanes.h"
 
+using namespace dayvane;
+
 namespace {
 constexpr char kWindowClass[] = "MFCDayViewCtrl";
 constexpr int kRowsPerHour = 2;
@@ -29,7 +31,7 @@ CDayViewCtrl::CDayViewCtrl()
     SetRulerTextColor(kRulerTextColor);
     SetGridColor(kGridColor);
     SetBorderColor(kBorderColor);
-    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = dayvane::Now();
+    m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = Now();
     ShowCaption(TRUE);
     SetCaptionText("Daily Calendar");
     SetTimeScale(kRowsPerHour);
@@ -54,8 +56,7 @@ int CDayViewCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
 
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    const dayvane::TimeGridFrame frame =
-        dayvane::CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, GetFulldayItemCount(), 1);
+    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, GetFulldayItemCount(), 1);
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
     rcCaption = frame.caption;
@@ -66,7 +67,7 @@ void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, 
 void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
     const COleDateTime date = GetCurrentDate();
-    m_nItemDay = dayvane::ClockTimeOf(date).day;
+    m_nItemDay = ClockTimeOf(date).day;
     MakeShownItems(items, screenItems, date, date);
 }
 
@@ -75,25 +76,25 @@ void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
     if (screenItems.IsEmpty()) {
         return;
     }
-    dayvane::PlaceTimedItems(screenItems, {rcGrid}, GetCurrentDate(), Scale(), dayvane::kOneDayOverlap);
+    PlaceTimedItems(screenItems, {rcGrid}, GetCurrentDate(), Scale(), kOneDayOverlap);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
 void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)
 {
-    item.rcItem = dayvane::BoxInColumn(item, rcGrid, GetCurrentDate(), Scale());
+    item.rcItem = BoxInColumn(item, rcGrid, GetCurrentDate(), Scale());
 }
 
 void CDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
-        dayvane::LayOneDayLanes(screenItems, rcBand);
+        LayOneDayLanes(screenItems, rcBand);
     }
 }
 
 int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    return FillHit(info, dayvane::HitOneDay(State(), m_arScreenItem, info.pt));
+    return FillHit(info, HitOneDay(State(), m_arScreenItem, info.pt));
 }
 
 // ---- Selection
@@ -107,15 +108,15 @@ int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
         end = Scale().MoveRows(end, 1);
     }
     if (m_bFulldaySelection) {
-        end = dayvane::EndOfDay(begin);
-        begin = dayvane::StartOfDay(begin);
+        end = EndOfDay(begin);
+        begin = StartOfDay(begin);
     }
     return result;
 }
 
-dayvane::RowRange CDayViewCtrl::GetSelectedRows(int, const COleDateTime& begin, const COleDateTime& end) const
+RowRange CDayViewCtrl::GetSelectedRows(int, const COleDateTime& begin, const COleDateTime& end) const
 {
-    return dayvane::SelectedRowsOfDay(Scale(), begin, end);
+    return SelectedRowsOfDay(Scale(), begin, end);
 }
 
 // ---- Work time and the day's property
@@ -165,15 +166,15 @@ BOOL CDayViewCtrl::IsColumnUseMyWorkTime(int) const
 
 void CDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter(pDC, state, m_colors).DrawGridBackground(rcGrid);
+    const TimeGridState state = State();
+    TimeGridPainter(pDC, state, m_colors).DrawGridBackground(rcGrid);
     DrawRows(pDC, 0);
 }
 
 void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
-    const dayvane::TimeGridState state = State();
-    const dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridState state = State();
+    const TimeGridPainter painter(pDC, state, m_colors);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
@@ -187,11 +188,11 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 
 void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    const dayvane::TimeGridState state = State();
-    const dayvane::ShownDay& day = GetShownDays()[0];
-    dayvane::TimeGridPainter(pDC, state, m_colors)
-        .DrawDayCaption(rcCaption, dayvane::CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE),
-                        day.dayOfWeek, m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
+    const TimeGridState state = State();
+    const ShownDay& day = GetShownDays()[0];
+    TimeGridPainter(pDC, state, m_colors)
+        .DrawDayCaption(rcCaption, CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE), day.dayOfWeek,
+                        m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
 }
 
 void CDayViewCtrl::InvalidateCellRect(COleDateTime)
@@ -206,20 +207,20 @@ void CDayViewCtrl::InvalidateCellRect(COleDateTime)
 
 void CDayViewCtrl::MoveLeftward(UINT nFlags)
 {
-    MoveToDay(&dayvane::MoveDayEarlier, nFlags);
+    MoveToDay(&MoveDayEarlier, nFlags);
 }
 
 void CDayViewCtrl::MoveRightward(UINT nFlags)
 {
-    MoveToDay(&dayvane::MoveDayLater, nFlags);
+    MoveToDay(&MoveDayLater, nFlags);
 }
 
-void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT nFlags)
+void CDayViewCtrl::MoveToDay(void (*move)(GridSelection&, bool), UINT nFlags)
 {
     if (!EndEdit()) {
         return;
     }
-    dayvane::GridSelection selection = Selection();
+    GridSelection selection = Selection();
     move(selection, (nFlags & kExtendSelection) != 0);
     if (selection.current.GetStatus() != COleDateTime::valid) {
         return; // beyond the years that there are
@@ -232,7 +233,7 @@ void CDayViewCtrl::MoveToDay(void (*move)(dayvane::GridSelection&, bool), UINT n
 // Extended over midnight, a selection takes the current date along.
 void CDayViewCtrl::CurrentDateMoved()
 {
-    if (dayvane::ClockTimeOf(m_dtCurrentDate).day != m_nItemDay) {
+    if (ClockTimeOf(m_dtCurrentDate).day != m_nItemDay) {
         Rebuild();
     }
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace dayvane;
+
 namespace {
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
@@ -14,7 +16,7 @@ constexpr int kSecondsPerMinute = 60;
 constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 
-static_assert(static_cast<int>(dayvane::GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
+static_assert(static_cast<int>(GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
 
 // Sets a flag for the life of the scope.
 class SetFlag
@@ -90,9 +92,9 @@ void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
 
 // ---- Layout
 
-dayvane::TimeGridState CTimeGridCtrl::State() const
+TimeGridState CTimeGridCtrl::State() const
 {
-    dayvane::TimeGridState state;
+    TimeGridState state;
     state.frame.caption = m_rcCaption;
     state.frame.header = GetHeaderBox();
     state.frame.fulldayRuler = m_rcFulldayRuler;
@@ -121,7 +123,7 @@ void CTimeGridCtrl::Layout(int cx, int cy)
 void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
                                    const COleDateTime& last)
 {
-    SetFulldayItemCount(dayvane::MakeRangeItems(items, first, last, screenItems));
+    SetFulldayItemCount(MakeRangeItems(items, first, last, screenItems));
     if (&screenItems != &m_arScreenItem || m_szLaidOut == CSize(0, 0) || m_nLanesLaidOut == GetFulldayItemCount()) {
         return;
     }
@@ -134,20 +136,19 @@ void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems, c
 
 void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout)
 {
-    std::vector<dayvane::RowSpan> spans;
+    std::vector<RowSpan> spans;
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (!dayvane::IsBandItem(item)) {
-            dayvane::AddRowSpan(spans, i, dayvane::ClockTimeOf(item.dtStart), dayvane::ClockTimeOf(item.dtEnd),
-                                Scale());
+        if (!IsBandItem(item)) {
+            AddRowSpan(spans, i, ClockTimeOf(item.dtStart), ClockTimeOf(item.dtEnd), Scale());
         }
     }
-    dayvane::ListRows(screenItems, spans, Scale(), layout);
+    ListRows(screenItems, spans, Scale(), layout);
 }
 
 int CTimeGridCtrl::CalcOverlayedNumber(const CItemArray& screenItems)
 {
-    return dayvane::CountOverlayed(screenItems);
+    return CountOverlayed(screenItems);
 }
 
 void CTimeGridCtrl::Rebuild()
@@ -156,33 +157,33 @@ void CTimeGridCtrl::Rebuild()
     InvalidateClient();
 }
 
-int CTimeGridCtrl::FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const
+int CTimeGridCtrl::FillHit(tagCCHITTESTINFO& info, const TimeGridHit& hit) const
 {
     info.nScreenItem = hit.screenItem;
     info.nItem = hit.screenItem != -1 ? static_cast<int>(m_arScreenItem[hit.screenItem].nSource) : -1;
     info.nHitCode = hit.code;
-    dayvane::ToSystemTime(hit.time, info.time);
+    ToSystemTime(hit.time, info.time);
     return info.nItem;
 }
 
 // Timed items are pulled by the edge of their end; bars of several days by their last day, where it is shown.
 int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
 {
-    if (!dayvane::IsBandItem(screenItem)) {
-        return dayvane::EDGE_BOTTOM;
+    if (!IsBandItem(screenItem)) {
+        return EDGE_BOTTOM;
     }
-    const bool endsHere = screenItem.nPiece != dayvane::PIECE_HEAD && screenItem.nPiece != dayvane::PIECE_MIDDLE;
-    return endsHere && GetColumnCount() > 1 ? dayvane::EDGE_RIGHT : dayvane::EDGE_NONE;
+    const bool endsHere = screenItem.nPiece != PIECE_HEAD && screenItem.nPiece != PIECE_MIDDLE;
+    return endsHere && GetColumnCount() > 1 ? EDGE_RIGHT : EDGE_NONE;
 }
 
 // ---- Size and scroll
 
-dayvane::GridWindow CTimeGridCtrl::RowWindow() const
+GridWindow CTimeGridCtrl::RowWindow() const
 {
-    return dayvane::GridWindow{Scale(), m_nVertScroll, m_rcContent.Height()};
+    return GridWindow{Scale(), m_nVertScroll, m_rcContent.Height()};
 }
 
-dayvane::GridScroll CTimeGridCtrl::GetBar()
+GridScroll CTimeGridCtrl::GetBar()
 {
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
@@ -191,10 +192,10 @@ dayvane::GridScroll CTimeGridCtrl::GetBar()
     if (!GetScrollInfo(SB_VERT, &info)) {
         info.nMax = kNewBarMaximum;
     }
-    return dayvane::GridScroll{m_nVertScroll, info.nPos, info.nMax};
+    return GridScroll{m_nVertScroll, info.nPos, info.nMax};
 }
 
-void CTimeGridCtrl::SetBar(const dayvane::GridScroll& scroll)
+void CTimeGridCtrl::SetBar(const GridScroll& scroll)
 {
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
@@ -212,13 +213,12 @@ void CTimeGridCtrl::KeepBarInStep()
     if (!m_hWnd) {
         return;
     }
-    const dayvane::GridScroll bar = GetBar();
-    const int maximum = dayvane::ScaledTo(bar, RowWindow()).maximum;
+    const GridScroll bar = GetBar();
+    const int maximum = ScaledTo(bar, RowWindow()).maximum;
     if (bar.maximum == maximum) {
         return;
     }
-    SetBar(dayvane::GridScroll{std::min(bar.offset, maximum * dayvane::kTimeGrid.rowHeight),
-                               std::min(bar.position, maximum), maximum});
+    SetBar(GridScroll{std::min(bar.offset, maximum * kTimeGrid.rowHeight), std::min(bar.position, maximum), maximum});
 }
 
 void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
@@ -231,7 +231,7 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
         const SetFlag sizing(m_bSizing);
         Layout(cx, cy);
     }
-    SetBar(dayvane::ScaledTo(GetBar(), RowWindow()));
+    SetBar(ScaledTo(GetBar(), RowWindow()));
     InvalidateClient();
 }
 
@@ -241,8 +241,8 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
         return;
     }
     Alive alive(this);
-    const dayvane::GridScroll scroll =
-        dayvane::Scrolled(GetBar(), static_cast<dayvane::GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
+    const GridScroll scroll =
+        Scrolled(GetBar(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
     m_nVertScroll = scroll.offset;
     CRect scrolled;
     scrolled.UnionRect(&m_rcRuler, &m_rcContent);
@@ -261,7 +261,7 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 
 void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
 {
-    const int row = Scale().RowOfTime(pWhen ? *pWhen : dayvane::Now());
+    const int row = Scale().RowOfTime(pWhen ? *pWhen : Now());
     for (int i = 0; i < row; ++i) {
         PostMessage(WM_VSCROLL, SB_LINEDOWN);
     }
@@ -269,16 +269,16 @@ void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
 
 // ---- Keyboard
 
-dayvane::GridSelection CTimeGridCtrl::Selection() const
+GridSelection CTimeGridCtrl::Selection() const
 {
     if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd)) {
-        return dayvane::GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd};
+        return GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd};
     }
     const COleDateTime row = Scale().RowStart(m_dtCurrentDate);
-    return dayvane::GridSelection{m_dtCurrentDate, row, row};
+    return GridSelection{m_dtCurrentDate, row, row};
 }
 
-void CTimeGridCtrl::SetSelection(const dayvane::GridSelection& selection)
+void CTimeGridCtrl::SetSelection(const GridSelection& selection)
 {
     m_dtCurrentDate = m_dtViewDate = selection.current;
     m_dtSelBegin = selection.begin;
@@ -297,14 +297,13 @@ void CTimeGridCtrl::MoveBackward(UINT nFlags)
 
 void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
 {
-    using dayvane::AfterMove;
     if (!EndEdit()) {
         return;
     }
-    dayvane::GridSelection selection = Selection();
+    GridSelection selection = Selection();
     const bool extend = (nFlags & kExtendSelection) != 0;
-    const AfterMove after = bLater ? dayvane::MoveRowLater(selection, RowWindow(), extend)
-                                   : dayvane::MoveRowEarlier(selection, RowWindow(), extend);
+    const AfterMove after =
+        bLater ? MoveRowLater(selection, RowWindow(), extend) : MoveRowEarlier(selection, RowWindow(), extend);
     if (after == AfterMove::NOTHING) {
         return;
     }
@@ -334,16 +333,16 @@ int CTimeGridCtrl::GetFocusedScreenItem() const
 
 void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 {
-    const dayvane::TimeGridState state = State();
+    const TimeGridState state = State();
     const int item = GetFocusedScreenItem();
     nMode = item != -1;
     if (item != -1) {
-        rect = dayvane::VisibleItemBox(state, m_arScreenItem[item]);
+        rect = VisibleItemBox(state, m_arScreenItem[item]);
         return;
     }
-    const int column = GetColumnCount() > 1 ? dayvane::ColumnOfDay(state, m_dtSelBegin) : 0;
+    const int column = GetColumnCount() > 1 ? ColumnOfDay(state, m_dtSelBegin) : 0;
     rect = column == -1 ? CRect(-1, -1, -1, -1)
-                        : dayvane::CurrentCellBox(state, state.frame.columns[column], m_dtSelBegin, m_dtSelEnd);
+                        : CurrentCellBox(state, state.frame.columns[column], m_dtSelBegin, m_dtSelEnd);
 }
 
 // ---- What needs repainting
@@ -360,12 +359,12 @@ void CTimeGridCtrl::InvalidateItemRect(int nIndex)
     if (!m_hWnd || nIndex < 0) {
         return;
     }
-    const dayvane::TimeGridState state = State();
+    const TimeGridState state = State();
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
         if (m_arScreenItem[i].nSource != nIndex) {
             continue;
         }
-        CRect rect = dayvane::VisibleItemBox(state, m_arScreenItem[i]);
+        CRect rect = VisibleItemBox(state, m_arScreenItem[i]);
         rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
         InvalidateRect(&rect, FALSE);
     }
@@ -377,14 +376,14 @@ void CTimeGridCtrl::InvalidateCellRectRange()
     if (!m_hWnd) {
         return;
     }
-    const dayvane::TimeGridState state = State();
+    const TimeGridState state = State();
     for (int column = 0; column < GetColumnCount(); ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
             if (!IsDate(*end)) {
                 continue;
             }
-            const dayvane::RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
-            const CRect box = dayvane::BoxOfRows(state, state.frame.columns[column], rows);
+            const RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
+            const CRect box = BoxOfRows(state, state.frame.columns[column], rows);
             if (!box.IsRectEmpty()) {
                 InvalidateRect(&box, FALSE);
             }
@@ -412,8 +411,7 @@ void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 void CTimeGridCtrl::StartNowTimer()
 {
     if (m_bNowLine) {
-        SetTimer(kNowTimer, (kSecondsPerMinute - std::max(dayvane::Now().GetSecond(), 0)) * kMillisecondsPerSecond,
-                 nullptr);
+        SetTimer(kNowTimer, (kSecondsPerMinute - std::max(Now().GetSecond(), 0)) * kMillisecondsPerSecond, nullptr);
     }
 }
 

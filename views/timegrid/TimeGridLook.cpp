@@ -1,3 +1,4 @@
+#include "core/DateMath.h"
 #include "views/timegrid/TimeGridLook.h"
 
 namespace dayvane {
@@ -13,8 +14,6 @@ enum DayColorColumn
     OFF_HOUR_LINE = 5,
 };
 
-constexpr int kSunday = 1;
-constexpr int kSaturday = 7;
 constexpr int kSundayRow = 1;
 constexpr int kSaturdayRow = 2;
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace dayvane;
+
 namespace {
 constexpr char kWindowClass[] = "MFCWeekDayViewCtrl";
 constexpr int kRowsPerHour = 2;
@@ -66,9 +68,9 @@ CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
     SetCaptionText("Weekday Calendar");
     ShowCaption(TRUE);
     SetTimeScale(kRowsPerHour);
-    SetRange(dayvane::Now());
+    SetRange(Now());
     SetDateScale(kWorkingWeek);
-    SetRange(Scale().RowStart(dayvane::Now()));
+    SetRange(Scale().RowStart(Now()));
 }
 
 CWeekDayViewCtrl::~CWeekDayViewCtrl()
@@ -124,20 +126,19 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
     if (!EndEdit()) {
         return;
     }
-    COleDateTime begin = dayvane::StartOfDay(date);
+    COleDateTime begin = StartOfDay(date);
     if (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid) {
-        begin = dayvane::DateOfDayNumber(
-            std::max(dayvane::WeekStartOf(dayvane::DayNumberOf(begin), GetBeginDayOfWeek()), civil::kFirstDay));
+        begin = DateOfDayNumber(std::max(WeekStartOf(DayNumberOf(begin), GetBeginDayOfWeek()), civil::kFirstDay));
     }
     if (begin.GetStatus() == COleDateTime::valid && m_dtViewBegin.GetStatus() == COleDateTime::valid) {
-        ShiftProperties(dayvane::DayNumberOf(begin) - dayvane::DayNumberOf(m_dtViewBegin));
+        ShiftProperties(DayNumberOf(begin) - DayNumberOf(m_dtViewBegin));
     }
     m_dtViewBegin = begin;
-    m_dtViewEnd = dayvane::EndOfDay(dayvane::AddDays(begin, m_nDays - 1));
+    m_dtViewEnd = EndOfDay(AddDays(begin, m_nDays - 1));
     if (begin.GetStatus() == COleDateTime::valid && m_dtViewEnd.GetStatus() != COleDateTime::valid) {
-        m_dtViewEnd = dayvane::EndOfDay(dayvane::DateOfDayNumber(civil::kLastDay));
+        m_dtViewEnd = EndOfDay(DateOfDayNumber(civil::kLastDay));
     }
-    if (!Shown().Holds(dayvane::ClockTimeOf(m_dtCurrentDate).day)) {
+    if (!Shown().Holds(ClockTimeOf(m_dtCurrentDate).day)) {
         m_dtCurrentDate = m_dtViewDate = date;
     }
 }
@@ -158,9 +159,9 @@ void CWeekDayViewCtrl::SetCurrentDate(const COleDateTime& date)
     CTimeGridCtrl::SetCurrentDate(row);
 }
 
-dayvane::ShownRange CWeekDayViewCtrl::Shown() const
+ShownRange CWeekDayViewCtrl::Shown() const
 {
-    return dayvane::ShownRange{dayvane::ClockTimeOf(m_dtViewBegin).day, m_nDays, m_nBeginDayOption != 0};
+    return ShownRange{ClockTimeOf(m_dtViewBegin).day, m_nDays, m_nBeginDayOption != 0};
 }
 
 // ---- Layout
@@ -172,8 +173,8 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRul
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
-    const dayvane::TimeGridFrame frame = dayvane::CalcTimeGridFrame(
-        rcClient, m_bShowCaption != FALSE, dayvane::kTimeGrid.headerHeight, GetFulldayItemCount(), m_nDays);
+    const TimeGridFrame frame =
+        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, kTimeGrid.headerHeight, GetFulldayItemCount(), m_nDays);
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
     m_nColumnWidth = frame.columnWidth;
@@ -197,25 +198,25 @@ void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     if (screenItems.IsEmpty()) {
         return;
     }
-    dayvane::PlaceTimedItems(screenItems, State().frame.columns, m_dtViewBegin, Scale(), dayvane::kManyDaysOverlap);
+    PlaceTimedItems(screenItems, State().frame.columns, m_dtViewBegin, Scale(), kManyDaysOverlap);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
 void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day)
 {
-    item.rcItem = dayvane::BoxInColumn(item, rcColumn, day, Scale());
+    item.rcItem = BoxInColumn(item, rcColumn, day, Scale());
 }
 
 void CWeekDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
-        dayvane::LayManyDayLanes(screenItems, rcBand, State().frame.columns, m_dtViewBegin);
+        LayManyDayLanes(screenItems, rcBand, State().frame.columns, m_dtViewBegin);
     }
 }
 
 int CWeekDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    return FillHit(info, dayvane::HitManyDays(State(), m_arScreenItem, info.pt));
+    return FillHit(info, HitManyDays(State(), m_arScreenItem, info.pt));
 }
 
 // ---- Selection
@@ -224,8 +225,8 @@ int CWeekDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 {
     const int result = CTimeGridCtrl::GetSelRange(begin, end);
     if (m_bFulldaySelection) {
-        begin = dayvane::StartOfDay(begin);
-        end = dayvane::EndOfDay(end);
+        begin = StartOfDay(begin);
+        end = EndOfDay(end);
         return result;
     }
     const bool isWholeDay =
@@ -236,10 +237,9 @@ int CWeekDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
     return result;
 }
 
-dayvane::RowRange CWeekDayViewCtrl::GetSelectedRows(int nColumn, const COleDateTime& begin,
-                                                    const COleDateTime& end) const
+RowRange CWeekDayViewCtrl::GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const
 {
-    return dayvane::SelectedRowsOfColumn(Scale(), begin, end, dayvane::AddDays(m_dtViewBegin, nColumn));
+    return SelectedRowsOfColumn(Scale(), begin, end, AddDays(m_dtViewBegin, nColumn));
 }
 
 // ---- Work time and day properties
@@ -259,7 +259,7 @@ int CWeekDayViewCtrl::IsWorkTime(int nColumn, int nRow) const
 
 void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
-    const int column = dayvane::ColumnOfDay(State(), date);
+    const int column = ColumnOfDay(State(), date);
     if (column == -1) {
         return;
     }
@@ -271,7 +271,7 @@ void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_P
 
 tagCALENDAR_DAY_PROPERTY* CWeekDayViewCtrl::GetDayProperty(COleDateTime date)
 {
-    const int column = dayvane::ColumnOfDay(State(), date);
+    const int column = ColumnOfDay(State(), date);
     return column != -1 && column < m_arDayProperty.GetSize() ? &m_arDayProperty[column] : nullptr;
 }
 
@@ -318,14 +318,14 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     if (!EndEdit()) {
         return;
     }
-    dayvane::GridSelection selection = Selection();
-    const dayvane::ShownRange shown = Shown();
-    const int day = dayvane::ClockTimeOf(selection.current).day + nDays;
+    GridSelection selection = Selection();
+    const ShownRange shown = Shown();
+    const int day = ClockTimeOf(selection.current).day + nDays;
     // The range after the move; a day that it does not show gives way to the nearest that it shows.
-    dayvane::ShownRange next = shown;
-    next.first += dayvane::ViewsToShow(shown, day) * shown.LengthOfView();
+    ShownRange next = shown;
+    next.first += ViewsToShow(shown, day) * shown.LengthOfView();
     const int target = next.Holds(day) ? day : nDays > 0 ? next.first : next.first + next.days - 1;
-    dayvane::MoveColumns(selection, nDays + target - day, (nFlags & kExtendSelection) != 0);
+    MoveColumns(selection, nDays + target - day, (nFlags & kExtendSelection) != 0);
     if (selection.current.GetStatus() != COleDateTime::valid) {
         return; // beyond the years that there are
     }
@@ -339,12 +339,12 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
 void CWeekDayViewCtrl::CurrentDateMoved()
 {
     InvalidateHeader(); // it marks the current day
-    const dayvane::ShownRange shown = Shown();
-    const int day = dayvane::ClockTimeOf(m_dtCurrentDate).day;
-    dayvane::ShownRange next = shown;
-    next.first += dayvane::ViewsToShow(shown, day) * shown.LengthOfView();
+    const ShownRange shown = Shown();
+    const int day = ClockTimeOf(m_dtCurrentDate).day;
+    ShownRange next = shown;
+    next.first += ViewsToShow(shown, day) * shown.LengthOfView();
     // Between two working weeks, or beyond the years that there are, no view shows the day.
-    const COleDateTime begin = dayvane::DateOfDayNumber(next.first);
+    const COleDateTime begin = DateOfDayNumber(next.first);
     if (next.first == shown.first || !next.Holds(day) || begin.GetStatus() != COleDateTime::valid) {
         return;
     }

@@ -3,6 +3,8 @@
 
 #include "core/DateMath.h"
 
+using namespace dayvane;
+
 namespace {
 constexpr int kCaptionFont = 1; // template in m_lfFonts
 } // namespace
@@ -21,7 +23,7 @@ void CWeekDayViewCtrl::InvalidateHeader()
 
 void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 {
-    const int column = dayvane::ColumnOfDay(State(), date);
+    const int column = ColumnOfDay(State(), date);
     if (!m_hWnd || column == -1) {
         return;
     }
@@ -32,22 +34,22 @@ void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 
 void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter(pDC, state, m_colors)
-        .DrawDaysCaption(rcCaption, dayvane::CaptionOfDays(m_dtViewBegin, m_dtViewEnd),
+    const TimeGridState state = State();
+    TimeGridPainter(pDC, state, m_colors)
+        .DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, m_dtViewEnd),
                          m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
 }
 
 void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridState state = State();
+    TimeGridPainter painter(pDC, state, m_colors);
     if (!painter.IsVisible(rcHeader)) {
         return;
     }
     painter.DrawHeaderBackground(rcHeader);
-    const int today = dayvane::ColumnOfDay(state, dayvane::Now());
-    const int current = dayvane::ColumnOfDay(state, m_dtCurrentDate);
+    const int today = ColumnOfDay(state, Now());
+    const int current = ColumnOfDay(state, m_dtCurrentDate);
     for (int i = 0; i < m_nDays; ++i) {
         const CRect box = HeaderBoxOf(i);
         if (i == today) {
@@ -56,28 +58,28 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
             DrawFocusRect(pDC, box);
         }
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, dayvane::HeaderOfDay(GetShownDays()[i], m_bShowHoliday != FALSE, text),
-                               GetShownDays()[i], KindOfColumn(i).isDayOff, m_fonts.Label());
+        painter.DrawHeaderText(box, HeaderOfDay(GetShownDays()[i], m_bShowHoliday != FALSE, text), GetShownDays()[i],
+                               KindOfColumn(i).isDayOff, m_fonts.Label());
     }
     painter.DrawSeparators(rcHeader, state.frame.columns);
 }
 
 void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter(pDC, state, m_colors).DrawTodayHeader(rcBox, m_crToday);
+    const TimeGridState state = State();
+    TimeGridPainter(pDC, state, m_colors).DrawTodayHeader(rcBox, m_crToday);
 }
 
 void CWeekDayViewCtrl::DrawFocusRect(CDC* pDC, CRect rcBox)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter(pDC, state, m_colors).DrawHeaderFrame(rcBox, dayvane::kTimeGridPalette.focusFrame);
+    const TimeGridState state = State();
+    TimeGridPainter(pDC, state, m_colors).DrawHeaderFrame(rcBox, kTimeGridPalette.focusFrame);
 }
 
 void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 {
-    const dayvane::TimeGridState state = State();
-    dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridState state = State();
+    TimeGridPainter painter(pDC, state, m_colors);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
@@ -90,14 +92,14 @@ void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 
 void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
-    const dayvane::TimeGridState state = State();
-    const dayvane::TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridState state = State();
+    const TimeGridPainter painter(pDC, state, m_colors);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        const int column = painter.ShowsTimedItem(item) ? dayvane::ColumnOfDay(state, item.dtStart) : -1;
+        const int column = painter.ShowsTimedItem(item) ? ColumnOfDay(state, item.dtStart) : -1;
         if (column != -1) {
             _DrawItem(pDC, state.frame.columns[column], item);
         }
