@@ -1,7 +1,7 @@
 #pragma once
 
-#include "samples/planner/ical/CivilTime.h"
-#include "samples/planner/model/Document.h"
+#include "ical/CivilTime.h"
+#include "planner/model/Document.h"
 
 #include <gtest/gtest.h>
 

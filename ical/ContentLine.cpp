@@ -1,0 +1,168 @@
+#include "ical/ContentLine.h"
+
+#include "ical/Text.h"
+
+#include <algorithm>
+
+namespace planner {
+
+namespace {
+
+constexpr std::size_t FoldOctets = 75;
+
+// The length of the line ending at `at`, 0 if there is none.
+std::size_t EndingLength(std::string_view text, std::size_t at)
+{
+    for (const std::string_view ending : {"\r\n", "\r\r\n", "\n", "\r"}) {
+        if (text.compare(at, ending.size(), ending) == 0) {
+            return ending.size();
+        }
+    }
+    return 0;
+}
+
+bool IsFoldBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+bool IsNameLetter(char c)
+{
+    const char upper = UpperLetter(c);
+    return (upper >= 'A' && upper <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == '.';
+}
+
+Parameter ReadParameter(const std::string& text, std::size_t begin, std::size_t end)
+{
+    const std::string_view written = std::string_view(text).substr(begin + 1, end - begin - 1);
+    const std::size_t equals = written.find('=');
+    Parameter parameter;
+    parameter.begin = begin;
+    parameter.end = end;
+    parameter.name = UpperText(TrimBlanks(written.substr(0, equals)));
+    if (equals != std::string_view::npos) {
+        std::string_view value = TrimBlanks(written.substr(equals + 1));
+        if (value.size() >= 2 && value.front() == '"' && value.find('"', 1) == value.size() - 1) {
+            value = value.substr(1, value.size() - 2);
+        }
+        parameter.value = value;
+    }
+    return parameter;
+}
+
+// Takes the line apart; false if a quotation mark is not closed or no colon follows.
+bool ReadParts(Property& property, bool quotes)
+{
+    const std::string& text = property.text;
+    const std::size_t nameEnd = text.find_first_of(";:");
+    std::size_t begin = nameEnd;
+    bool quoted = false;
+    property.parameters.clear();
+    for (std::size_t at = nameEnd; at < text.size(); ++at) {
+        const char c = text[at];
+        if (c == '"' && quotes) {
+            quoted = !quoted;
+        } else if (!quoted && (c == ';' || c == ':')) {
+            if (at > begin) {
+                property.parameters.push_back(ReadParameter(text, begin, at));
+            }
+            begin = at;
+            if (c == ':') {
+                property.valueBegin = at + 1;
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+bool LineReader::Next(RawLine& line)
+{
+    if (m_at >= m_text.size()) {
+        return false;
+    }
+    const std::size_t begin = m_at;
+    line.number = m_number;
+    do {
+        m_at = std::min(m_text.find_first_of("\r\n", m_at), m_text.size());
+        if (m_at < m_text.size()) {
+            m_at += EndingLength(m_text, m_at);
+            ++m_number;
+        }
+    } while (m_at < m_text.size() && IsFoldBlank(m_text[m_at]));
+    line.raw = m_text.substr(begin, m_at - begin);
+    return true;
+}
+
+std::string Unfold(std::string_view raw)
+{
+    std::string text;
+    text.reserve(raw.size());
+    for (std::size_t at = 0; at < raw.size();) {
+        const std::size_t end = std::min(raw.find_first_of("\r\n", at), raw.size());
+        text += raw.substr(at, end - at);
+        // After an ending inside the line stands the blank that marks the fold.
+        at = end < raw.size() ? end + EndingLength(raw, end) + 1 : end;
+    }
+    return text;
+}
+
+std::string_view EndingOf(std::string_view raw)
+{
+    const std::size_t last = raw.find_last_not_of("\r\n");
+    return last == std::string_view::npos ? raw : raw.substr(last + 1);
+}
+
+std::string Fold(std::string_view text, std::string_view ending)
+{
+    std::string folded;
+    std::size_t used = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = std::max<std::size_t>(Utf8Length(text, at), 1);
+        if (used + length > FoldOctets) {
+            folded += ending;
+            folded += ' ';
+            used = 1;
+        }
+        folded += text.substr(at, length);
+        used += length;
+        at += length;
+    }
+    folded += ending;
+    return folded;
+}
+
+const std::string* Property::Find(std::string_view parameterName) const
+{
+    for (const Parameter& parameter : parameters) {
+        if (parameter.name == parameterName) {
+            return &parameter.value;
+        }
+    }
+    return nullptr;
+}
+
+std::optional<Property> ParseProperty(std::string text)
+{
+    Property property;
+    property.text = std::move(text);
+    const std::size_t nameEnd = property.text.find_first_of(";:");
+    if (nameEnd == std::string::npos) {
+        return std::nullopt;
+    }
+    property.name = UpperText(TrimBlanks(std::string_view(property.text).substr(0, nameEnd)));
+    if (property.name.empty() || !std::all_of(property.name.begin(), property.name.end(), IsNameLetter)) {
+        return std::nullopt;
+    }
+    if (!ReadParts(property, true)) {
+        property.isBroken = true;
+        if (!ReadParts(property, false)) {
+            return std::nullopt;
+        }
+    }
+    return property;
+}
+
+} // namespace planner

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ical/CivilTime.h"
+#include "ical/Recurrence.h"
+#include "ical/TimeZone.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace planner {
+
+// Numbers the events of one document from 1, in the order of the file, then of creation; stable while it is open.
+using EventId = int;
+constexpr EventId NoEvent = 0;
+
+struct EventTime
+{
+    LocalTime wall = 0;  // on the clock of `zone`
+    ZonePtr zone;        // nullptr: floating, or a date, or a zone that nobody defines
+    bool isDate = false; // `wall` is midnight
+};
+
+struct FurtherDate // one RDATE
+{
+    LocalTime wall = 0;                   // on the clock of the event's start
+    std::optional<std::int64_t> duration; // seconds; nothing: the event's
+};
+
+// What the planner understands of one VEVENT. Texts are valid UTF-8; line breaks are \n.
+struct Event
+{
+    EventId id = NoEvent;
+    int calendar = 0; // which VCALENDAR of the file
+    std::string uid;
+    std::string summary;
+    std::string location;
+    std::string description;
+    std::string status; // upper case, such as CANCELLED
+    std::vector<std::string> categories;
+    bool isTransparent = false; // does not take up time
+    bool hasAlarm = false;
+
+    EventTime start;
+    std::int64_t duration = 0; // seconds on the wall clock; whole days for an all-day event
+    bool IsAllDay() const { return start.isDate; }
+
+    std::optional<RecurrenceRule> rule;
+    std::vector<FurtherDate> furtherDates; // ascending
+    std::vector<LocalTime> exceptions;     // wall times of the start's clock, ascending
+    std::vector<DayNumber> exceptionDays;  // whole days, ascending
+    std::optional<EventTime> replaces;     // RECURRENCE-ID: the occurrence that this event stands for
+    bool hasUnreadRule = false;            // repeats in a way that is not understood; shown once
+    bool IsRecurrent() const { return rule.has_value() || !furtherDates.empty(); }
+    bool IsCancelled() const { return status == "CANCELLED"; }
+};
+
+using EventPtr = std::shared_ptr<const Event>;
+
+} // namespace planner

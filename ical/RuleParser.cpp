@@ -1,0 +1,217 @@
+#include "ical/Recurrence.h"
+
+#include "ical/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace planner {
+
+namespace {
+
+constexpr std::array<std::string_view, WeekDays> WeekdayNames = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
+constexpr std::size_t MaxDigits = 9; // so that no product overflows
+
+struct FrequencyName
+{
+    std::string_view name;
+    Frequency frequency;
+};
+constexpr FrequencyName FrequencyNames[] = {
+    {"DAILY", Frequency::Daily},
+    {"WEEKLY", Frequency::Weekly},
+    {"MONTHLY", Frequency::Monthly},
+    {"YEARLY", Frequency::Yearly},
+};
+
+// The parts that are lists of numbers.
+struct NumberListPart
+{
+    std::string_view name;
+    std::vector<int> RecurrenceRule::*list;
+    int largest;
+    bool mayBeNegative; // counted from the end
+};
+constexpr NumberListPart NumberListParts[] = {
+    // name        list                         largest  negative
+    {"BYMONTH", &RecurrenceRule::byMonth, YearMonths, false},
+    {"BYMONTHDAY", &RecurrenceRule::byMonthDay, 31, true},
+    {"BYYEARDAY", &RecurrenceRule::byYearDay, 366, true},
+    {"BYSETPOS", &RecurrenceRule::bySetPos, 366, true},
+};
+
+// A signed decimal number; nothing if other letters or too many digits are there.
+std::optional<std::int64_t> ReadNumber(std::string_view text)
+{
+    text = TrimBlanks(text);
+    const bool negative = !text.empty() && text[0] == '-';
+    if (negative || (!text.empty() && text[0] == '+')) {
+        text.remove_prefix(1);
+    }
+    if (text.empty() || text.size() > MaxDigits) {
+        return std::nullopt;
+    }
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            return std::nullopt;
+        }
+        value = value * 10 + (c - '0');
+    }
+    return negative ? -value : value;
+}
+
+template <typename T>
+void SortOut(std::vector<T>& list)
+{
+    std::sort(list.begin(), list.end());
+    list.erase(std::unique(list.begin(), list.end()), list.end());
+}
+
+bool ReadNumberList(const NumberListPart& part, std::string_view value, std::vector<int>& list)
+{
+    for (const std::string_view piece : SplitAt(value, ',')) {
+        const auto number = ReadNumber(piece);
+        const std::int64_t smallest = part.mayBeNegative ? -part.largest : 1;
+        if (!number || *number == 0 || *number < smallest || *number > part.largest) {
+            return false;
+        }
+        list.push_back(static_cast<int>(*number));
+    }
+    SortOut(list);
+    return true;
+}
+
+std::optional<int> ReadWeekday(std::string_view text)
+{
+    for (int weekday = 0; weekday < WeekDays; ++weekday) {
+        if (SameWord(text, WeekdayNames[static_cast<std::size_t>(weekday)])) {
+            return weekday;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ReadWeekdayList(std::string_view value, std::vector<RuleWeekday>& list)
+{
+    constexpr std::size_t nameLength = 2;
+    constexpr std::int64_t mostWeeks = 53;
+    for (const std::string_view piece : SplitAt(value, ',')) {
+        const std::string_view written = TrimBlanks(piece);
+        if (written.size() < nameLength) {
+            return false;
+        }
+        const std::string_view ordinal = written.substr(0, written.size() - nameLength);
+        const auto weekday = ReadWeekday(written.substr(ordinal.size()));
+        const auto number = ordinal.empty() ? std::optional<std::int64_t>(0) : ReadNumber(ordinal);
+        if (!weekday || !number || *number < -mostWeeks || *number > mostWeeks || (!ordinal.empty() && *number == 0)) {
+            return false;
+        }
+        list.push_back({static_cast<int>(*number), *weekday});
+    }
+    SortOut(list);
+    return true;
+}
+
+bool RepeatsClock(std::string_view name, std::string_view value, LocalTime start)
+{
+    const CivilTime clock = CivilOfTime(start);
+    const auto number = ReadNumber(value);
+    return number && ((name == "BYHOUR" && *number == clock.hour) || (name == "BYMINUTE" && *number == clock.minute) ||
+                      (name == "BYSECOND" && *number == clock.second));
+}
+
+class RuleReader
+{
+public:
+    explicit RuleReader(LocalTime start) : m_start(start) {}
+
+    RuleReading Read(std::string_view value)
+    {
+        for (const std::string_view part : SplitAt(value, ';')) {
+            if (!TrimBlanks(part).empty() && !ReadPart(part)) {
+                return {std::nullopt, Quoted(part) + " is not understood"};
+            }
+        }
+        if (!m_hasFrequency) {
+            return {std::nullopt, "there is no FREQ"};
+        }
+        return {m_rule, m_note};
+    }
+
+private:
+    bool ReadPart(std::string_view part)
+    {
+        const std::size_t equals = std::min(part.find('='), part.size());
+        const std::string name = UpperText(TrimBlanks(part.substr(0, equals)));
+        const std::string_view value = TrimBlanks(part.substr(std::min(equals + 1, part.size())));
+        for (const NumberListPart& list : NumberListParts) {
+            if (list.name == name) {
+                return ReadNumberList(list, value, m_rule.*list.list);
+            }
+        }
+        if (name == "FREQ") {
+            return ReadFrequency(value);
+        }
+        if (name == "INTERVAL" || name == "COUNT") {
+            return ReadAmount(name, value);
+        }
+        if (name == "UNTIL") {
+            m_rule.until = ParseTime(value);
+            return m_rule.until.has_value();
+        }
+        if (name == "WKST") {
+            const auto weekday = ReadWeekday(value);
+            m_rule.weekStart = weekday.value_or(m_rule.weekStart);
+            return weekday.has_value();
+        }
+        if (name == "BYDAY") {
+            return ReadWeekdayList(value, m_rule.byDay);
+        }
+        return RepeatsClock(name, value, m_start);
+    }
+
+    bool ReadFrequency(std::string_view value)
+    {
+        for (const FrequencyName& row : FrequencyNames) {
+            if (SameWord(row.name, value)) {
+                m_rule.frequency = row.frequency;
+                m_hasFrequency = true;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    bool ReadAmount(const std::string& name, std::string_view value)
+    {
+        auto amount = ReadNumber(value);
+        if (!amount || *amount < 0) {
+            return false;
+        }
+        if (*amount == 0) {
+            m_note = name + "=0 is taken as 1";
+            amount = 1;
+        }
+        if (name == "COUNT") {
+            m_rule.count = amount;
+        } else {
+            m_rule.interval = *amount;
+        }
+        return true;
+    }
+
+    LocalTime m_start;
+    RecurrenceRule m_rule;
+    std::string m_note;
+    bool m_hasFrequency = false;
+};
+
+} // namespace
+
+RuleReading ParseRule(std::string_view value, LocalTime start)
+{
+    return RuleReader(start).Read(value);
+}
+
+} // namespace planner

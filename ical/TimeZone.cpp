@@ -1,0 +1,256 @@
+#include "ical/TimeZone.h"
+
+#include "ical/ComponentText.h"
+#include "ical/Text.h"
+
+#include <algorithm>
+
+namespace planner {
+
+namespace {
+
+constexpr LocalTime LastFollowedOnset = DayOfDate(2200, 1, 1) * DaySeconds;
+// For hostile rules, per observance; a yearly onset since 1601 needs 600 onsets and 1200 steps.
+constexpr int MaxOnsets = 2000;
+constexpr std::int64_t MaxSteps = 4000;
+
+// Builds the observances of a VTIMEZONE from its lines.
+class ZoneReader
+{
+public:
+    explicit ZoneReader(MessageLog& log) : m_log(log) {}
+
+    ZonePtr Read(std::string_view raw, int firstLine)
+    {
+        const ComponentText text(raw, firstLine);
+        for (const ComponentText::Line& line : text.Lines()) {
+            if (line.property) {
+                ReadLine(*line.property, line);
+            }
+        }
+        if (m_id.empty() || m_observances.empty()) {
+            m_log.Add(firstLine, m_id.empty() ? "a VTIMEZONE without TZID is not used"
+                                              : "the VTIMEZONE " + Quoted(m_id) + " has no readable offsets");
+            return nullptr;
+        }
+        return std::make_shared<TimeZone>(m_id, std::move(m_observances));
+    }
+
+private:
+    struct Draft
+    {
+        std::optional<LocalTime> onset;
+        std::optional<int> from, to;
+        std::vector<LocalTime> further;
+        std::string rule;
+        int ruleLine = 0;
+        int line = 0;
+    };
+
+    void ReadLine(const Property& property, const ComponentText::Line& line)
+    {
+        const std::string_view value = TrimBlanks(property.Value());
+        if (line.depth == ComponentText::OwnDepth && property.name == "TZID") {
+            m_id = value;
+        } else if (line.depth == ComponentText::OwnDepth && property.name == "BEGIN") {
+            m_draft = {};
+            m_draft.line = line.number;
+        } else if (line.depth == ComponentText::OwnDepth && property.name == "END") {
+            Finish();
+        } else if (line.depth == ComponentText::OwnDepth + 1) {
+            ReadObservanceLine(property.name, value, line.number);
+        }
+    }
+
+    void ReadObservanceLine(const std::string& name, std::string_view value, int number)
+    {
+        if (name == "DTSTART") {
+            const auto time = ParseTime(value);
+            m_draft.onset = time ? std::optional<LocalTime>(time->wall) : std::nullopt;
+        } else if (name == "TZOFFSETFROM") {
+            m_draft.from = ParseUtcOffset(value);
+        } else if (name == "TZOFFSETTO") {
+            m_draft.to = ParseUtcOffset(value);
+        } else if (name == "RRULE") {
+            m_draft.rule = value;
+            m_draft.ruleLine = number;
+        } else if (name == "RDATE") {
+            for (const std::string_view piece : SplitAt(value, ',')) {
+                if (const auto time = ParseTime(piece)) {
+                    m_draft.further.push_back(time->wall);
+                } else {
+                    m_log.Add(number, "RDATE " + Quoted(piece) + " is not a date");
+                }
+            }
+        }
+    }
+
+    void Finish()
+    {
+        if (!m_draft.onset || !m_draft.to) {
+            m_log.Add(m_draft.line, "a part of a VTIMEZONE lacks a readable DTSTART or TZOFFSETTO");
+            return;
+        }
+        Observance observance;
+        observance.onset = *m_draft.onset;
+        observance.offsetTo = *m_draft.to;
+        observance.offsetFrom = m_draft.from.value_or(*m_draft.to);
+        observance.furtherOnsets = std::move(m_draft.further);
+        if (!m_draft.rule.empty()) {
+            ReadRule(observance);
+        }
+        m_observances.push_back(std::move(observance));
+    }
+
+    void ReadRule(Observance& observance)
+    {
+        RuleReading reading = ParseRule(m_draft.rule, observance.onset);
+        if (!reading.problem.empty()) {
+            m_log.Add(m_draft.ruleLine, "RRULE of a VTIMEZONE: " + reading.problem);
+        }
+        if (reading.rule && reading.rule->until) {
+            const WrittenTime& until = *reading.rule->until;
+            reading.rule->lastStart =
+                until.wall + (until.isUtc ? observance.offsetFrom : 0) + (until.isDate ? DaySeconds - 1 : 0);
+        }
+        std::int64_t steps = MaxSteps;
+        if (reading.rule) {
+            LimitByCount(*reading.rule, observance.onset, steps);
+        }
+        observance.rule = std::move(reading.rule);
+    }
+
+    MessageLog& m_log;
+    std::string m_id;
+    std::vector<Observance> m_observances;
+    Draft m_draft;
+};
+
+} // namespace
+
+TimeZone::TimeZone(std::string id, std::vector<Observance> observances)
+    : m_id(std::move(id)), m_observances(std::move(observances))
+{
+}
+
+const ZonePtr& TimeZone::Utc()
+{
+    static const ZonePtr utc = std::make_shared<TimeZone>("UTC", std::vector<Observance>());
+    return utc;
+}
+
+const std::vector<TimeZone::Transition>& TimeZone::Transitions() const
+{
+    if (m_transitions) {
+        return *m_transitions;
+    }
+    std::vector<Transition> transitions;
+    for (const Observance& observance : m_observances) {
+        int onsets = 0;
+        const auto add = [&](LocalTime onset) {
+            transitions.push_back({onset - observance.offsetFrom, observance.offsetFrom, observance.offsetTo});
+            return ++onsets < MaxOnsets;
+        };
+        if (observance.rule) {
+            ExpandRule(*observance.rule, observance.onset, observance.onset, LastFollowedOnset, add, MaxSteps);
+        } else {
+            add(observance.onset);
+        }
+        for (const LocalTime onset : observance.furtherOnsets) {
+            if (onset != observance.onset) {
+                add(onset);
+            }
+        }
+    }
+    std::stable_sort(transitions.begin(), transitions.end(),
+                     [](const Transition& a, const Transition& b) { return a.utc < b.utc; });
+    m_transitions = std::move(transitions);
+    return *m_transitions;
+}
+
+int TimeZone::FirstOffset() const
+{
+    const std::vector<Transition>& transitions = Transitions();
+    return transitions.empty() ? 0 : transitions.front().offsetFrom;
+}
+
+LocalTime TimeZone::WallOfUtc(LocalTime utc) const
+{
+    const std::vector<Transition>& transitions = Transitions();
+    const auto after = std::upper_bound(transitions.begin(), transitions.end(), utc,
+                                        [](LocalTime time, const Transition& t) { return time < t.utc; });
+    return utc + (after == transitions.begin() ? FirstOffset() : std::prev(after)->offsetTo);
+}
+
+LocalTime TimeZone::UtcOfWall(LocalTime wall) const
+{
+    const std::vector<Transition>& transitions = Transitions();
+    // The new offset holds on the wall clock from the moment that both clocks have passed.
+    auto after =
+        std::upper_bound(transitions.begin(), transitions.end(), wall, [](LocalTime time, const Transition& t) {
+            return time < t.utc + std::max(t.offsetFrom, t.offsetTo);
+        });
+    return wall - (after == transitions.begin() ? FirstOffset() : std::prev(after)->offsetTo);
+}
+
+LocalTime ConvertWall(LocalTime wall, const ZonePtr& from, const ZonePtr& to)
+{
+    return !from || !to || from == to ? wall : to->WallOfUtc(from->UtcOfWall(wall));
+}
+
+std::optional<int> ParseUtcOffset(std::string_view text)
+{
+    constexpr std::size_t shortLength = 5;
+    constexpr std::size_t fullLength = 7;
+    constexpr std::string_view digits = "0123456789";
+    text = TrimBlanks(text);
+    if ((text.size() != shortLength && text.size() != fullLength) || (text[0] != '+' && text[0] != '-') ||
+        text.find_first_not_of(digits, 1) != std::string_view::npos) {
+        return std::nullopt;
+    }
+    const auto pair = [&](std::size_t at) {
+        return at + 1 < text.size() ? (text[at] - '0') * 10 + (text[at + 1] - '0') : 0;
+    };
+    if (pair(1) >= 24 || pair(3) >= 60 || pair(5) >= 60) {
+        return std::nullopt;
+    }
+    const int seconds = static_cast<int>(pair(1) * HourSeconds + pair(3) * MinuteSeconds) + pair(5);
+    return text[0] == '-' ? -seconds : seconds;
+}
+
+ZonePtr ReadTimeZone(std::string_view raw, int firstLine, MessageLog& log)
+{
+    return ZoneReader(log).Read(raw, firstLine);
+}
+
+void ZoneTable::Add(int calendar, ZonePtr zone)
+{
+    std::string id = zone->Id();
+    m_zones.emplace(std::make_pair(std::move(id), calendar), std::move(zone));
+}
+
+ZonePtr ZoneTable::Find(int calendar, std::string_view id) const
+{
+    const std::string name(id);
+    const auto exact = m_zones.find({name, calendar});
+    if (exact != m_zones.end()) {
+        return exact->second;
+    }
+    const auto other = m_zones.lower_bound({name, 0});
+    return other != m_zones.end() && other->first.first == name ? other->second : FindCommonZone(id);
+}
+
+std::string ZoneTable::OnlyId() const
+{
+    const bool isOnly = !m_zones.empty() && m_zones.begin()->first.first == m_zones.rbegin()->first.first;
+    return isOnly ? m_zones.begin()->first.first : std::string();
+}
+
+bool ZoneTable::Defines(std::string_view id) const
+{
+    const std::string name(id);
+    const auto found = m_zones.lower_bound({name, 0});
+    return found != m_zones.end() && found->first.first == name;
+}
+
+} // namespace planner

@@ -1,0 +1,68 @@
+#include "planner/CommandLine.h"
+
+#include "ical/CivilTime.h"
+
+#include <cstdio>
+
+namespace planner {
+
+namespace {
+
+constexpr int SmallestWindow = 50; // pixels
+constexpr int LargestWindow = 10000;
+
+// Sets what the option says; false when the value is not one of its kind.
+bool TakeOption(CommandLine& line, const std::string& option, const std::string& value)
+{
+    char rest = 0;
+    if (option == "--date") {
+        CommandLine::Date date = {};
+        if (std::sscanf(value.c_str(), "%d-%d-%d%c", &date.year, &date.month, &date.day, &rest) != 3 ||
+            date.year < FirstYear || date.year > LastYear || date.month < 1 || date.month > YearMonths ||
+            date.day < 1 || date.day > DaysInMonth(date.year, date.month)) {
+            return false;
+        }
+        line.date = date;
+    } else if (option == "--size") {
+        CommandLine::Size size = {};
+        if (std::sscanf(value.c_str(), "%dx%d%c", &size.width, &size.height, &rest) != 2 ||
+            size.width < SmallestWindow || size.width > LargestWindow || size.height < SmallestWindow ||
+            size.height > LargestWindow) {
+            return false;
+        }
+        line.size = size;
+    } else {
+        (option == "--view" ? line.view : line.shot) = value;
+    }
+    return !value.empty();
+}
+
+bool IsOption(const std::string& argument)
+{
+    return argument == "--view" || argument == "--date" || argument == "--size" || argument == "--shot";
+}
+
+} // namespace
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments)
+{
+    CommandLine line;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (IsOption(argument)) {
+            const std::string value = i + 1 < arguments.size() ? arguments[++i] : "";
+            if (!TakeOption(line, argument, value)) {
+                line.problem = argument + " does not take '" + value + "'.";
+            }
+        } else if (argument.compare(0, 2, "--") == 0) {
+            line.problem = "There is no option " + argument + ".";
+        } else if (line.file.empty()) {
+            line.file = argument;
+        } else {
+            line.problem = "Only one file can be opened; '" + argument + "' is left out.";
+        }
+    }
+    return line;
+}
+
+} // namespace planner

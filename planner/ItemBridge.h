@@ -1,0 +1,56 @@
+// Between the calendar document and the records of the controls: pure values, no window.
+//
+// Times. The document counts seconds with exclusive ends; a control takes dates and the last moment of an item: an
+// all-day item ends on its last day, a timed one that ends at midnight ends a second before it, so that it does not
+// reach into the next day's cell.
+#pragma once
+
+#include "core/CalendarRecords.h"
+#include "planner/model/CodePageText.h"
+#include "planner/model/Occurrences.h"
+
+#include <vector>
+
+namespace planner {
+
+// Invalid beyond the years 100 to 9999.
+COleDateTime DateOfLocal(LocalTime time);
+// The date must be valid.
+LocalTime LocalOfDate(const COleDateTime& date);
+
+// What a control shows of an occurrence. Its text is in the code page of the item font; lParam is left to the caller.
+tagCC_ITEM ItemOf(const Occurrence& occurrence, const CodePageText& fontPage);
+
+// The times of an occurrence whose item was moved or resized to those of `moved`. What did not change keeps its exact
+// seconds.
+EventTimes TimesAfterMove(const EventTimes& before, const tagCC_ITEM& moved);
+
+// The times of a new item over a selected range, both bounds inclusive: whole days when `wholeDays` or when the range
+// goes from a first to a last moment of days.
+EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, bool wholeDays);
+
+// The fewest grid rows an hour, of those that a grid offers (ascending), on whose lines nearly all of these timed
+// occurrences begin and end; the last when none fits. Occurrences outside [from, to) do not count.
+int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,
+                     const std::vector<int>& offered);
+
+// One line that tells of an occurrence: when, what, where.
+std::string DetailsOf(const Occurrence& occurrence);
+
+// The text of one line without line breaks or tabs; a text of nothing gives a placeholder.
+std::string ShownSummary(const Event& event);
+
+// The colours of a kind of items, 0x00BBGGRR.
+struct ItemColors
+{
+    COLORREF back;
+    COLORREF shade;
+    COLORREF outline;
+    COLORREF text;
+};
+
+// By the first category, without one by the place, without that by the calendar that the event belongs to: so an item
+// looks the same in every view and after every start, and what belongs together looks alike.
+const ItemColors& ColorsOf(const Event& event);
+
+} // namespace planner

@@ -1,0 +1,44 @@
+// What a user does to items, carried over into the document. Windows of the control open and close here, but nothing is
+// shown anew: that is the caller's, who gets the outcome.
+#pragma once
+
+#include "planner/ShownItems.h"
+
+namespace planner {
+
+class ItemEditor
+{
+public:
+    explicit ItemEditor(ShownItems& items) : m_items(items) {}
+
+    // Open the edit box for the text of the current item, or over the selection for a new item.
+    void BeginRename(Scope scope);
+    void BeginCreate(bool wholeDays);
+
+    // Ends an open edit as Enter does.
+    void Commit();
+
+    // The edit box was closed with this text. Done without an id: there was nothing to do.
+    EditResult EndEdit(Document& document, const NMCALENDAREDIT& ended);
+    // An item was dragged; Ctrl makes it a copy.
+    EditResult Moved(Document& document, const NMCALENDARITEM& moved);
+    EditResult Delete(Document& document, Scope scope);
+
+private:
+    // What the open edit box is for.
+    struct Edit
+    {
+        OccurrenceId id; // NoEvent: a new item
+        Scope scope = Scope::ThisOccurrence;
+        EventTimes times;   // of a new item
+        std::string before; // UTF-8
+        bool isOpen = false;
+    };
+    void Open(const Edit& edit);
+    HWND OpenBox() const; // the edit box; nullptr: none is open
+
+    ShownItems& m_items;
+    Edit m_edit;
+};
+
+} // namespace planner

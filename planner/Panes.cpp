@@ -1,0 +1,189 @@
+#include "planner/Panes.h"
+
+#include <afxpriv.h>
+
+#include "planner/ItemBridge.h"
+#include "planner/WindowsCodePage.h"
+#include "planner/resource.h"
+
+namespace {
+
+// Pixels
+constexpr int kCalendarWidth = 130;
+constexpr int kPaneMargin = 6;
+constexpr int kEdgeWidth = 1; // the line to the view
+constexpr int kMessageLines = 4;
+constexpr int kMessageFrame = 6;
+
+LRESULT TakeEdge(CWnd& pane, LPARAM lParam, CRect (*cut)(CRect& rest, int size), int size)
+{
+    AFX_SIZEPARENTPARAMS& layout = *reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam);
+    if ((pane.GetStyle() & WS_VISIBLE) == 0) {
+        return 0;
+    }
+    CRect rest(layout.rect);
+    const CRect place = cut(rest, size);
+    layout.rect = rest;
+    if (layout.bPlace) {
+        pane.SetWindowPos(nullptr, place.left, place.top, place.Width(), place.Height(), SWP_NOACTIVATE | SWP_NOZORDER);
+    }
+    return 0;
+}
+
+CRect CutLeft(CRect& rest, int width)
+{
+    CRect place = rest;
+    place.right = rest.left = std::min(rest.left + width, rest.right);
+    return place;
+}
+
+CRect CutBottom(CRect& rest, int height)
+{
+    CRect place = rest;
+    place.top = rest.bottom = std::max(rest.bottom - height, rest.top);
+    return place;
+}
+
+} // namespace
+
+// ---- Small calendars
+
+BEGIN_MESSAGE_MAP(CSidePane, CWnd)
+ON_WM_SIZE()
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_MESSAGE(WM_SIZEPARENT, &CSidePane::OnSizeParent)
+END_MESSAGE_MAP()
+
+int CSidePane::Width()
+{
+    return kCalendarWidth + 2 * kPaneMargin + kEdgeWidth;
+}
+
+BOOL CSidePane::Create(CWnd* pParent, UINT nID)
+{
+    const CRect nowhere(0, 0, 0, 0);
+    const LPCTSTR name = AfxRegisterWndClass(0, ::LoadCursor(nullptr, IDC_ARROW));
+    if (!CWnd::Create(name, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, nowhere, pParent, nID) ||
+        !m_calendar.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, nowhere, this, IDC_MINI_CALENDAR)) {
+        return FALSE;
+    }
+    m_calendar.SetRangeSelect(FALSE);
+    m_calendar.SetBoldCallback(&CSidePane::IsBold, reinterpret_cast<LPARAM>(this));
+    return TRUE;
+}
+
+BOOL CSidePane::IsBold(const COleDateTime& date, LPARAM lParam)
+{
+    CSidePane& pane = *reinterpret_cast<CSidePane*>(lParam);
+    const planner::Document* document = pane.m_pfnDocument(pane.m_lParam);
+    return document && date.GetStatus() == COleDateTime::valid &&
+           pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
+}
+
+void CSidePane::SetFirstDayOfWeek(int nDay)
+{
+    m_calendar.SetFirstDayOfWeek(nDay);
+    m_calendar.Refresh();
+}
+
+void CSidePane::DocumentChanged()
+{
+    m_busyDays.Forget();
+    m_calendar.Refresh();
+}
+
+BOOL CSidePane::IsShown(const COleDateTime& day) const
+{
+    const auto& months = m_calendar.GetMonthCells();
+    for (INT_PTR i = 0; i < months.GetSize(); ++i) {
+        if (months[i].nYear == day.GetYear() && months[i].nMonth == day.GetMonth()) {
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
+
+void CSidePane::Follow(const COleDateTime& day)
+{
+    COleDateTime first, last;
+    m_calendar.GetSel(first, last);
+    if (first.GetStatus() == COleDateTime::valid && first == day) {
+        return;
+    }
+    const COleDateTime month = m_calendar.GetCurrentDate();
+    const BOOL shown = IsShown(day);
+    m_calendar.SetSel(day, day);
+    if (shown) { // the months stay where they are
+        m_calendar.SetCurrentDate(month.GetYear(), month.GetMonth());
+        m_calendar.Refresh();
+    }
+}
+
+void CSidePane::OnSize(UINT nType, int cx, int cy)
+{
+    CWnd::OnSize(nType, cx, cy);
+    const CRect place(kPaneMargin, kPaneMargin, cx - kPaneMargin - kEdgeWidth, cy);
+    m_calendar.RecalcRowAndCol(kCalendarWidth, place.Height());
+    m_calendar.MoveWindow(&place);
+    m_calendar.Refresh();
+}
+
+void CSidePane::OnPaint()
+{
+    CPaintDC dc(this);
+    CRect rest;
+    GetClientRect(&rest);
+    dc.FillSolidRect(&rest, ::GetSysColor(COLOR_WINDOW));
+    rest.left = rest.right - kEdgeWidth;
+    dc.FillSolidRect(&rest, ::GetSysColor(COLOR_3DSHADOW));
+}
+
+BOOL CSidePane::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+BOOL CSidePane::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    *pResult = GetParent()->SendMessage(WM_NOTIFY, wParam, lParam);
+    return TRUE;
+}
+
+LRESULT CSidePane::OnSizeParent(WPARAM, LPARAM lParam)
+{
+    return TakeEdge(*this, lParam, &CutLeft, Width());
+}
+
+// ---- Messages
+
+BEGIN_MESSAGE_MAP(CMessagePane, CListBox)
+ON_MESSAGE(WM_SIZEPARENT, &CMessagePane::OnSizeParent)
+END_MESSAGE_MAP()
+
+BOOL CMessagePane::Create(CWnd* pParent, UINT nID)
+{
+    const DWORD style = WS_CHILD | WS_VSCROLL | WS_TABSTOP | LBS_NOINTEGRALHEIGHT;
+    if (!CListBox::Create(style, CRect(0, 0, 0, 0), pParent, nID)) {
+        return FALSE;
+    }
+    ModifyStyleEx(0, WS_EX_CLIENTEDGE);
+    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)));
+    return TRUE;
+}
+
+void CMessagePane::Show(const std::vector<planner::Message>& messages)
+{
+    ResetContent();
+    for (const planner::Message& message : messages) {
+        CString line;
+        line.Format("Line %d: ", message.line);
+        AddString(line + planner::SystemPage().FromUtf8(message.text).c_str());
+    }
+}
+
+LRESULT CMessagePane::OnSizeParent(WPARAM, LPARAM lParam)
+{
+    const int lineHeight = static_cast<int>(SendMessage(LB_GETITEMHEIGHT));
+    return TakeEdge(*this, lParam, &CutBottom, kMessageLines * lineHeight + kMessageFrame);
+}

@@ -1,0 +1,53 @@
+// The windows around the view: small calendars at the left, what could not be read at the bottom. Each takes its place
+// in the frame as bars do.
+#pragma once
+
+#include <afxwin.h>
+
+#include "pickers/MiniCalendarCtrl.h"
+#include "planner/BusyDays.h"
+
+class CSidePane : public CWnd
+{
+public:
+    // Days with items of the document are bold; without a document (nullptr) none are.
+    typedef planner::Document* (*PFNDOCUMENT)(LPARAM lParam);
+    CSidePane(PFNDOCUMENT pfnDocument, LPARAM lParam) : m_pfnDocument(pfnDocument), m_lParam(lParam) {}
+
+    BOOL Create(CWnd* pParent, UINT nID);
+    void SetFirstDayOfWeek(int nDay);
+    // Selects the day; its month comes into view when it is not yet there.
+    void Follow(const COleDateTime& day);
+    void DocumentChanged();
+    CMiniCalendarCtrl& Calendar() { return m_calendar; }
+    static int Width();
+
+protected:
+    static BOOL IsBold(const COleDateTime& date, LPARAM lParam);
+    BOOL IsShown(const COleDateTime& day) const;
+
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    // What the calendar tells goes on to the frame.
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    PFNDOCUMENT m_pfnDocument;
+    LPARAM m_lParam;
+    planner::BusyDays m_busyDays;
+    CMiniCalendarCtrl m_calendar;
+};
+
+class CMessagePane : public CListBox
+{
+public:
+    BOOL Create(CWnd* pParent, UINT nID);
+    void Show(const std::vector<planner::Message>& messages);
+
+protected:
+    afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,94 @@
+// The planner: shows and edits iCalendar files with every view of the library.
+#include <afxext.h>
+#include <afxwin.h>
+
+#include "planner/CommandLine.h"
+#include "planner/PlannerFrame.h"
+#include "planner/WindowPicture.h"
+#include "planner/WindowsCodePage.h"
+#include "planner/resource.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+class CPlannerApp : public CWinApp
+{
+public:
+    CPlannerApp() : CWinApp("Planner") {}
+    BOOL InitInstance() override;
+    BOOL OnIdle(LONG lCount) override;
+    int ExitInstance() override { return m_failed ? EXIT_FAILURE : CWinApp::ExitInstance(); }
+
+protected:
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void TellMessages(CPlannerFrame& frame);
+
+    planner::CommandLine m_line;
+    bool m_failed = false;
+};
+
+BEGIN_MESSAGE_MAP(CPlannerApp, CWinApp)
+ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
+ON_COMMAND(ID_FILE_OPEN, &CWinApp::OnFileOpen)
+END_MESSAGE_MAP()
+
+CPlannerApp theApp;
+
+BOOL CPlannerApp::InitInstance()
+{
+    m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
+    CPlannerFrame::Start& start = CPlannerFrame::s_start;
+    start.view = m_line.view.empty() ? planner::DefaultView() : planner::FindView(m_line.view);
+    if (!start.view.row) {
+        m_line.problem = "There is no view '" + m_line.view + "'; there are " + planner::ViewNames() + ".";
+    }
+    start.day.SetStatus(COleDateTime::null);
+    if (m_line.date) {
+        start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);
+    }
+    if (m_line.size) {
+        start.size = CSize(m_line.size->width, m_line.size->height);
+    }
+    AddDocTemplate(new CSingleDocTemplate(IDR_MAINFRAME, RUNTIME_CLASS(CPlannerDoc), RUNTIME_CLASS(CPlannerFrame),
+                                          planner::DefaultView().row->viewClass));
+    if (!m_line.file.empty() && !OpenDocumentFile(m_line.file.c_str())) {
+        m_failed = !m_line.shot.empty();
+    }
+    if (m_failed || (!m_pMainWnd && !OpenDocumentFile(nullptr))) {
+        return FALSE;
+    }
+    CPlannerFrame& frame = static_cast<CPlannerFrame&>(*m_pMainWnd);
+    if (!m_line.problem.empty()) {
+        std::fprintf(stderr, "planner: %s\n", m_line.problem.c_str());
+        frame.ShowProblem(m_line.problem.c_str());
+    }
+    TellMessages(frame);
+    return TRUE;
+}
+
+// A program started from a console tells there, too, what it could not read.
+void CPlannerApp::TellMessages(CPlannerFrame& frame)
+{
+    for (const planner::Message& message : frame.Document()->Calendar().Messages()) {
+        std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemPage().FromUtf8(message.text).c_str());
+    }
+    std::fflush(stderr);
+}
+
+// The picture is taken when nothing is left to be done or painted.
+BOOL CPlannerApp::OnIdle(LONG lCount)
+{
+    const BOOL more = CWinApp::OnIdle(lCount);
+    if (lCount == 0 && m_pMainWnd) {
+        static_cast<CPlannerFrame*>(m_pMainWnd)->Idle();
+    }
+    if (!more && !m_line.shot.empty() && m_pMainWnd) {
+        m_pMainWnd->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        m_failed = !planner::SaveWindowPicture(*m_pMainWnd, m_line.shot.c_str());
+        m_line.shot.clear();
+        m_pMainWnd->DestroyWindow();
+    }
+    return more;
+}

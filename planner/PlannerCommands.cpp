@@ -1,0 +1,203 @@
+// The commands of the planner's window and their state in menus and tool bar.
+#include "core/CalendarClock.h"
+#include "core/DateMath.h"
+#include "planner/PlannerFrame.h"
+#include "planner/resource.h"
+#include "views/timegrid/TimeGridCtrl.h"
+
+#include <algorithm>
+
+// ---- Editing
+
+void CPlannerFrame::OnUndo()
+{
+    Finish(Document()->Calendar().Undo());
+}
+
+void CPlannerFrame::OnRedo()
+{
+    Finish(Document()->Calendar().Redo());
+}
+
+void CPlannerFrame::OnNewItem()
+{
+    m_editor.BeginCreate(!m_view.row->hasTimes);
+}
+
+void CPlannerFrame::OnRename(UINT nID)
+{
+    m_editor.BeginRename(nID == ID_EDIT_RENAME_SERIES ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence);
+}
+
+void CPlannerFrame::OnDelete(UINT nID)
+{
+    const bool series = nID == ID_EDIT_DELETE_SERIES;
+    Finish(
+        m_editor.Delete(Document()->Calendar(), series ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence));
+}
+
+void CPlannerFrame::OnUpdateUndo(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable(Document()->Calendar().CanUndo());
+}
+
+void CPlannerFrame::OnUpdateRedo(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable(Document()->Calendar().CanRedo());
+}
+
+void CPlannerFrame::OnUpdateOfItem(CCmdUI* pCmdUI)
+{
+    const planner::Occurrence* current = m_items.Current();
+    const bool ofSeries = pCmdUI->m_nID == ID_EDIT_RENAME_SERIES || pCmdUI->m_nID == ID_EDIT_DELETE_SERIES;
+    pCmdUI->Enable(current && (!ofSeries || current->event->IsRecurrent()));
+}
+
+// ---- Views
+
+void CPlannerFrame::OnView(UINT nID)
+{
+    if (const planner::ViewRow* row = planner::FindView(nID)) {
+        ShowView({row, m_view.days});
+    }
+}
+
+void CPlannerFrame::OnDays(UINT nID)
+{
+    ShowView({planner::FindView(ID_VIEW_DAYS), static_cast<int>(nID - ID_DAYS_FIRST) + planner::FewestDays});
+}
+
+void CPlannerFrame::OnToday()
+{
+    GoTo(dayvane::StartOfDay(dayvane::Now()));
+}
+
+void CPlannerFrame::OnStep(UINT nID)
+{
+    GoTo(planner::DateAfterSteps(m_view, ShownDay(), nID == ID_VIEW_NEXT ? 1 : -1));
+}
+
+void CPlannerFrame::OnUpdateView(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetRadio(pCmdUI->m_nID == m_view.row->command);
+}
+
+void CPlannerFrame::OnUpdateDays(CCmdUI* pCmdUI)
+{
+    const bool chosen = m_view.row->dateScale == planner::VariableScale;
+    pCmdUI->SetRadio(chosen && pCmdUI->m_nID == static_cast<UINT>(m_view.days - planner::FewestDays + ID_DAYS_FIRST));
+}
+
+// ---- The rows of the time grids
+
+namespace {
+
+const std::vector<int>& TimeScales()
+{
+    static const std::vector<int> rowsPerHour = {1, 2, 4, 6, 12};
+    return rowsPerHour;
+}
+
+// Offered where nobody chooses: rows of an hour are too coarse to drag in, rows of five minutes take too much room.
+const std::vector<int>& AutomaticScales()
+{
+    static const std::vector<int> rowsPerHour = {2, 4, 6};
+    return rowsPerHour;
+}
+
+} // namespace
+
+void CPlannerFrame::ApplyTimeScale()
+{
+    CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, m_items.Ctrl());
+    if (grid) {
+        grid->SetTimeScale(m_rowsPerHour != 0 ? m_rowsPerHour : m_items.FittingScale(AutomaticScales()));
+        grid->Refresh();
+    }
+}
+
+void CPlannerFrame::OnScale(UINT nID)
+{
+    const std::vector<int>& scales = TimeScales();
+    if (nID == ID_SCALE_FINER || nID == ID_SCALE_COARSER) {
+        const int now = m_items.Ctrl() ? m_items.Ctrl()->GetTimeScale() : scales.front();
+        const int at = static_cast<int>(std::lower_bound(scales.begin(), scales.end(), now) - scales.begin());
+        const int last = static_cast<int>(scales.size()) - 1;
+        m_rowsPerHour = scales[std::clamp(at + (nID == ID_SCALE_FINER ? 1 : -1), 0, last)];
+    } else {
+        m_rowsPerHour = nID == ID_SCALE_AUTOMATIC ? 0 : scales[nID - ID_SCALE_FIRST];
+    }
+    ApplyTimeScale();
+    ShowFirstHours();
+}
+
+void CPlannerFrame::OnUpdateScale(CCmdUI* pCmdUI)
+{
+    const UINT id = pCmdUI->m_nID;
+    pCmdUI->Enable(m_view.row->hasTimes);
+    if (id == ID_SCALE_AUTOMATIC) {
+        pCmdUI->SetRadio(m_rowsPerHour == 0);
+    } else if (id <= ID_SCALE_LAST) {
+        pCmdUI->SetRadio(m_rowsPerHour == TimeScales()[id - ID_SCALE_FIRST]);
+    }
+}
+
+// ---- Settings and panes
+
+BOOL* CPlannerFrame::SettingOf(UINT nID)
+{
+    return nID == ID_VIEW_HOLIDAYS ? &m_holidays : nID == ID_VIEW_SOLAR_TERMS ? &m_solarTerms : &m_mondayFirst;
+}
+
+void CPlannerFrame::OnSetting(UINT nID)
+{
+    BOOL& setting = *SettingOf(nID);
+    setting = !setting;
+    m_day = ShownDay();
+    SetUpView();
+}
+
+void CPlannerFrame::OnUpdateSetting(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetCheck(*SettingOf(pCmdUI->m_nID));
+}
+
+CWnd* CPlannerFrame::PaneOf(UINT nID)
+{
+    return nID == ID_VIEW_SIDE_PANE ? static_cast<CWnd*>(&m_sidePane) : &m_messagePane;
+}
+
+void CPlannerFrame::OnPane(UINT nID)
+{
+    CWnd* pane = PaneOf(nID);
+    pane->ShowWindow(pane->IsWindowVisible() ? SW_HIDE : SW_SHOWNA);
+    RecalcLayout();
+}
+
+void CPlannerFrame::OnUpdatePane(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetCheck((PaneOf(pCmdUI->m_nID)->GetStyle() & WS_VISIBLE) != 0);
+}
+
+void CPlannerFrame::OnNextPane()
+{
+    CWnd* const stops[] = {GetActiveView(), &m_sidePane.Calendar(), &m_messagePane};
+    constexpr int count = sizeof(stops) / sizeof(stops[0]);
+    int at = 0;
+    for (int i = 0; i < count; ++i) {
+        const HWND focus = ::GetFocus();
+        if (stops[i] && (stops[i]->m_hWnd == focus || ::IsChild(stops[i]->m_hWnd, focus))) {
+            at = i;
+        }
+    }
+    do {
+        at = (at + 1) % count;
+    } while (!stops[at] || !stops[at]->IsWindowVisible());
+    stops[at]->SetFocus();
+}
+
+void CPlannerFrame::OnAbout()
+{
+    AfxMessageBox("Planner\n\nShows and edits calendar files with the controls of Dayvane.",
+                  MB_OK | MB_ICONINFORMATION);
+}

@@ -1,0 +1,132 @@
+#include "planner/PlannerToolBar.h"
+
+#include <afxpriv.h>
+
+#include "planner/resource.h"
+
+namespace {
+
+constexpr int kPickerWidth = 104;   // pixels
+constexpr int kPickerGap = 4;       // on both sides
+constexpr int kLowestWrapped = 200; // a lower window has no room for a second row
+
+struct Tool
+{
+    UINT command;
+    const char* text;
+};
+
+constexpr Tool kTools[] = {
+    {ID_FILE_OPEN, "Open"},     {ID_FILE_SAVE, "Save"},
+    {ID_SEPARATOR, nullptr},    {ID_EDIT_UNDO, "Undo"},
+    {ID_EDIT_REDO, "Redo"},     {ID_EDIT_NEW_ITEM, "New item"},
+    {ID_SEPARATOR, nullptr},    {ID_VIEW_PREVIOUS, "<"},
+    {ID_VIEW_TODAY, "Today"},   {ID_VIEW_NEXT, ">"},
+    {IDC_PICKER, nullptr},      {ID_SEPARATOR, nullptr},
+    {ID_VIEW_DAY, "Day"},       {ID_VIEW_WORKING_WEEK, "Working week"},
+    {ID_VIEW_WEEK, "Week"},     {ID_VIEW_DAYS, "Days"},
+    {ID_VIEW_DIARY, "Diary"},   {ID_VIEW_MONTH, "Month"},
+    {ID_VIEW_MONTH2, "Blocks"}, {ID_VIEW_YEAR, "Year"},
+};
+constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
+ON_WM_ERASEBKGND()
+ON_MESSAGE(WM_SIZEPARENT, &CPlannerToolBar::OnSizeParent)
+ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
+END_MESSAGE_MAP()
+
+BOOL CPlannerToolBar::Create(CWnd* pParent)
+{
+    if (!CreateEx(pParent, TBSTYLE_FLAT | TBSTYLE_LIST,
+                  WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | CBRS_TOP | CBRS_TOOLTIPS)) {
+        return FALSE;
+    }
+    UINT commands[kToolCount];
+    for (int i = 0; i < kToolCount; ++i) {
+        commands[i] = kTools[i].command;
+    }
+    SetSizes(CSize(24, 24), CSize(1, 16));
+    if (!SetButtons(commands, kToolCount)) {
+        return FALSE;
+    }
+    for (int i = 0; i < kToolCount; ++i) {
+        if (kTools[i].text) {
+            SetButtonText(i, kTools[i].text);
+        }
+    }
+    PlacePicker();
+    return m_picker.GetSafeHwnd() != nullptr;
+}
+
+// A blank, disabled button of its width stands for the picker: unlike a separator it may end a row.
+void CPlannerToolBar::PlacePicker()
+{
+    TBBUTTONINFO gap = {};
+    gap.cbSize = sizeof(gap);
+    gap.dwMask = TBIF_STATE | TBIF_SIZE;
+    gap.fsState = 0;
+    gap.cx = kPickerWidth + 2 * kPickerGap;
+    GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap);
+    CRect place;
+    GetItemRect(CommandToIndex(IDC_PICKER), &place);
+    place.DeflateRect(kPickerGap, 1);
+    if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
+        m_picker.SetWindowSize();
+        CRect actual;
+        m_picker.GetWindowRect(&actual);
+        m_picker.SetWindowPos(nullptr, place.left, place.top + (place.Height() - actual.Height()) / 2, 0, 0,
+                              SWP_NOSIZE | SWP_NOZORDER);
+    }
+}
+
+// Where the window is narrow, the views stand in a second row.
+LRESULT CPlannerToolBar::OnSizeParent(WPARAM wParam, LPARAM lParam)
+{
+    const CRect room(reinterpret_cast<const AFX_SIZEPARENTPARAMS*>(lParam)->rect);
+    int width = 0;
+    for (int i = 0; i < kToolCount; ++i) {
+        CRect tool;
+        GetItemRect(i, &tool);
+        width += tool.Width();
+    }
+    m_isWrapped = width > room.Width() && room.Height() >= kLowestWrapped;
+    TBBUTTONINFO gap = {};
+    gap.cbSize = sizeof(gap);
+    gap.dwMask = TBIF_STATE;
+    gap.fsState = m_isWrapped ? TBSTATE_WRAP : 0;
+    if (SendMessage(TB_GETSTATE, IDC_PICKER) != gap.fsState) {
+        GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap); // unlike TB_SETSTATE, lays the buttons out
+        Invalidate();
+    }
+    return CToolBar::OnSizeParent(wParam, lParam);
+}
+
+CSize CPlannerToolBar::CalcFixedLayout(BOOL bStretch, BOOL bHorz)
+{
+    CSize size = CToolBar::CalcFixedLayout(bStretch, bHorz);
+    size.cy += m_isWrapped ? HIWORD(SendMessage(TB_GETBUTTONSIZE)) : 0;
+    return size;
+}
+
+void CPlannerToolBar::Follow(const COleDateTime& day)
+{
+    m_picker.SetCurrentDate(day);
+    m_picker.Invalidate(FALSE);
+}
+
+// A flat bar shows what its parent paints, and the frame paints nothing where a view is active.
+BOOL CPlannerToolBar::OnEraseBkgnd(CDC* pDC)
+{
+    CRect all;
+    GetClientRect(&all);
+    pDC->FillSolidRect(&all, ::GetSysColor(COLOR_BTNFACE));
+    return TRUE;
+}
+
+LRESULT CPlannerToolBar::OnPickerMessage(WPARAM wParam, LPARAM lParam)
+{
+    return GetParent()->SendMessage(YMN_SELENDOK, wParam, lParam);
+}

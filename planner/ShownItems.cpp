@@ -1,0 +1,143 @@
+#include "planner/ShownItems.h"
+
+#include "planner/ItemBridge.h"
+#include "planner/WindowsCodePage.h"
+
+#include <algorithm>
+
+namespace planner {
+
+namespace {
+// So much is loaded on both sides, so that scrolling by lines does not load at each step.
+constexpr LocalTime Margin = 35 * DaySeconds;
+// Taken where the view tells no range, at the ends of the calendar's years.
+constexpr LocalTime UnknownRange = 400 * DaySeconds;
+} // namespace
+
+void ShownItems::Attach(CCalendarCtrl* ctrl)
+{
+    if (ctrl != m_ctrl) {
+        m_ctrl = ctrl;
+        m_occurrences.clear();
+        m_loaded = Range();
+    }
+}
+
+ShownItems::Range ShownItems::ViewRange() const
+{
+    COleDateTime first, last;
+    m_ctrl->GetViewRange(first, last);
+    if (first.GetStatus() == COleDateTime::valid && last.GetStatus() == COleDateTime::valid) {
+        const DayNumber firstDay = DayOfTime(LocalOfDate(first));
+        const DayNumber lastDay = DayOfTime(LocalOfDate(last));
+        return {firstDay * DaySeconds, (lastDay + 1) * DaySeconds};
+    }
+    const LocalTime day = LocalOfDate(m_ctrl->GetCurrentDate());
+    return {ClampTime(day - UnknownRange), ClampTime(day + UnknownRange)};
+}
+
+void ShownItems::Load(const Document& document)
+{
+    if (!m_ctrl) {
+        return;
+    }
+    const Occurrence* current = Current();
+    const OccurrenceId id = current ? current->id : OccurrenceId();
+    const Range view = ViewRange();
+    m_loaded = {ClampTime(view.from - Margin), ClampTime(view.to + Margin)};
+    m_occurrences = document.OccurrencesIn(m_loaded.from, m_loaded.to);
+    m_ctrl->SetCurSel(-1);
+    m_ctrl->DeleteAllItems();
+    for (std::size_t i = 0; i < m_occurrences.size(); ++i) {
+        tagCC_ITEM item = ItemOf(m_occurrences[i], FontPage());
+        item.lParam = static_cast<LPARAM>(i);
+        m_ctrl->AddItem(&item, FALSE, FALSE);
+    }
+    m_ctrl->Refresh();
+    Select(id);
+}
+
+void ShownItems::LoadIfMoved(const Document& document)
+{
+    if (!m_ctrl || m_ctrl->IsDragging()) {
+        return;
+    }
+    const Range view = ViewRange();
+    if (view.from < m_loaded.from || view.to > m_loaded.to) {
+        Load(document);
+    }
+}
+
+const Occurrence* ShownItems::At(int item) const
+{
+    if (!m_ctrl || item < 0 || item >= m_ctrl->GetItemCount()) {
+        return nullptr;
+    }
+    const std::size_t index = static_cast<std::size_t>(m_ctrl->GetItemData(item));
+    return index < m_occurrences.size() ? &m_occurrences[index] : nullptr;
+}
+
+const Occurrence* ShownItems::Current() const
+{
+    return m_ctrl ? At(m_ctrl->GetCurSel()) : nullptr;
+}
+
+bool ShownItems::Select(const OccurrenceId& id)
+{
+    if (!m_ctrl || id.event == NoEvent) {
+        return false;
+    }
+    for (int item = 0; item < m_ctrl->GetItemCount(); ++item) {
+        const Occurrence* occurrence = At(item);
+        if (occurrence && occurrence->id == id) {
+            m_ctrl->SetCurSel(item);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ShownItems::IsInView(const Occurrence& occurrence, const Range& view)
+{
+    const EventTimes& times = occurrence.times;
+    return times.start < view.to && (times.end > view.from || times.start >= view.from);
+}
+
+void ShownItems::DropHidden()
+{
+    const Occurrence* current = Current();
+    if (current && !IsInView(*current, ViewRange())) {
+        m_ctrl->SetCurSel(-1);
+    }
+}
+
+int ShownItems::CountInView() const
+{
+    if (!m_ctrl) {
+        return 0;
+    }
+    const Range view = ViewRange();
+    return static_cast<int>(std::count_if(m_occurrences.begin(), m_occurrences.end(),
+                                          [&](const Occurrence& each) { return IsInView(each, view); }));
+}
+
+LocalTime ShownItems::EarliestStart(LocalTime none) const
+{
+    const Range view = ViewRange();
+    LocalTime earliest = none;
+    for (const Occurrence& occurrence : m_occurrences) {
+        const LocalTime start = occurrence.times.start;
+        if (!occurrence.times.isAllDay && start >= view.from && start < view.to) {
+            earliest = std::min(earliest, start - DayOfTime(start) * DaySeconds);
+        }
+    }
+    return earliest;
+}
+
+int ShownItems::FittingScale(const std::vector<int>& offered) const
+{
+    const Range view = ViewRange();
+    return FittingTimeScale(m_occurrences, view.from, view.to, offered);
+}
+
+} // namespace planner

@@ -1,0 +1,49 @@
+// What the view shows of the document: the occurrences in and around the view's range as items of its control.
+#pragma once
+
+#include "core/CalendarCtrl.h"
+#include "planner/model/Document.h"
+
+#include <vector>
+
+namespace planner {
+
+class ShownItems
+{
+public:
+    // The control of the view; nullptr: none. Another one has no items until they are loaded.
+    void Attach(CCalendarCtrl* ctrl);
+    CCalendarCtrl* Ctrl() const { return m_ctrl; }
+
+    // Gives the control its items anew. The current item stays current as far as it is still there.
+    void Load(const Document& document);
+    // Loads only when the control shows days that are not loaded. Not while an item is dragged: the drag would end.
+    void LoadIfMoved(const Document& document);
+
+    // nullptr: there is no such item.
+    const Occurrence* At(int item) const;
+    const Occurrence* Current() const;
+    // Makes the item current; false when it is not shown.
+    bool Select(const OccurrenceId& id);
+    // No item that is out of sight stays current: the Delete key must not meet it.
+    void DropHidden();
+    int CountInView() const;
+    // The earliest start of day, in seconds, of a timed item in view; `none` when there is none.
+    LocalTime EarliestStart(LocalTime none) const;
+    // See FittingTimeScale; of what is in view.
+    int FittingScale(const std::vector<int>& offered) const;
+
+private:
+    struct Range
+    {
+        LocalTime from = 0, to = 0; // exclusive
+    };
+    Range ViewRange() const;
+    static bool IsInView(const Occurrence& occurrence, const Range& view);
+
+    CCalendarCtrl* m_ctrl = nullptr;
+    std::vector<Occurrence> m_occurrences; // lParam of an item is its position here
+    Range m_loaded;
+};
+
+} // namespace planner

@@ -1,0 +1,119 @@
+#include "planner/ViewTable.h"
+
+#include "planner/ItemBridge.h"
+#include "planner/resource.h"
+#include "views/daygrid/DayGridCtrl.h"
+#include "views/docview/CalendarViews.h"
+#include "views/timegrid/WeekDayViewCtrl.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace planner {
+
+namespace {
+
+constexpr int Sunday = 1;
+constexpr int Monday = 2;
+constexpr int WorkingWeekScale = 14;
+constexpr int WeekScale = 15;
+constexpr int FirstChoice = 4; // days
+
+struct Rows
+{
+    const ViewRow rows[8];
+};
+
+const Rows& Table()
+{
+    static const Rows table = {{
+        // name      command               view class                  scale           Monday  times  step unit, step
+        {"day", ID_VIEW_DAY, RUNTIME_CLASS(CDayView), NoScale, false, true, ViewRow::Days, 1},
+        {"workweek", ID_VIEW_WORKING_WEEK, RUNTIME_CLASS(CWeekDayView), WorkingWeekScale, true, true, ViewRow::Days, 7},
+        {"week", ID_VIEW_WEEK, RUNTIME_CLASS(CWeekDayView), WeekScale, false, true, ViewRow::Days, 7},
+        {"days", ID_VIEW_DAYS, RUNTIME_CLASS(CWeekDayView), VariableScale, false, true, ViewRow::Days, 0},
+        {"diary", ID_VIEW_DIARY, RUNTIME_CLASS(CWeekView), NoScale, false, false, ViewRow::Days, 7},
+        {"month", ID_VIEW_MONTH, RUNTIME_CLASS(CMonthView), NoScale, false, false, ViewRow::Months, 1},
+        {"month2", ID_VIEW_MONTH2, RUNTIME_CLASS(CMonthView2), NoScale, false, false, ViewRow::Months, 1},
+        {"year", ID_VIEW_YEAR, RUNTIME_CLASS(CYearView), NoScale, false, false, ViewRow::Months, 12},
+    }};
+    return table;
+}
+
+} // namespace
+
+const ViewRow* FindView(UINT command)
+{
+    for (const ViewRow& row : Table().rows) {
+        if (row.command == command) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+ChosenView FindView(const std::string& name)
+{
+    char* rest = nullptr;
+    const long days = std::strtol(name.c_str(), &rest, 10);
+    const bool hasNumber = rest != name.c_str();
+    for (const ViewRow& row : Table().rows) {
+        const bool fits = !hasNumber || (row.dateScale == VariableScale && days >= FewestDays && days <= MostDays);
+        if (fits && row.name == std::string(rest)) {
+            return {&row, hasNumber ? static_cast<int>(days) : FirstChoice};
+        }
+    }
+    return {nullptr, FirstChoice};
+}
+
+ChosenView DefaultView()
+{
+    return FindView("month");
+}
+
+std::string ViewNames()
+{
+    std::string names;
+    for (const ViewRow& row : Table().rows) {
+        names +=
+            (names.empty() ? "" : ", ") + std::string(row.dateScale == VariableScale ? "2days to 14days" : row.name);
+    }
+    return names;
+}
+
+void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMonday)
+{
+    ctrl.EnableExtendedMove(TRUE);
+    ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? Monday : Sunday);
+    if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {
+        columns->SetDateScale(view.row->dateScale == VariableScale ? view.days - 1 : view.row->dateScale);
+    }
+    if (CDayGridCtrl* boxes = DYNAMIC_DOWNCAST(CDayGridCtrl, &ctrl)) {
+        boxes->EnableMoreList(TRUE);
+    }
+    if (CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, &ctrl)) {
+        grid->ShowNowLine(TRUE);
+    }
+}
+
+COleDateTime DateAfterSteps(const ChosenView& view, const COleDateTime& date, int steps)
+{
+    const LocalTime time = LocalOfDate(date);
+    LocalTime moved = 0;
+    if (view.row->stepUnit == ViewRow::Days) {
+        moved = time + steps * (view.row->step != 0 ? view.row->step : view.days) * DaySeconds;
+    } else {
+        const CivilDate day = DateOfDay(DayOfTime(time));
+        const int months = day.year * YearMonths + day.month - 1 + steps * view.row->step;
+        const int year = months / YearMonths;
+        const int month = months % YearMonths + 1;
+        if (year < FirstYear || year > LastYear) {
+            return date;
+        }
+        moved = DayOfDate(year, month, std::min(day.day, DaysInMonth(year, month))) * DaySeconds;
+    }
+    const COleDateTime result = DateOfLocal(moved);
+    return result.GetStatus() == COleDateTime::valid ? result : date;
+}
+
+} // namespace planner

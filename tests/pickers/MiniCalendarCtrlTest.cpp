@@ -1,0 +1,392 @@
+// The two mini calendars as windows: messages in, notifications out.
+#include "pickers/MiniCalendarCtrl.h"
+#include "pickers/MiniCalendarCtrl2.h"
+#include "tests/pickers/PickerFixture.h"
+
+using namespace dayvane;
+
+namespace {
+template <class Control>
+struct Stage
+{
+    explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10)) : control(std::make_unique<Control>())
+    {
+        control->SetRowAndCol(rows, columns);
+        control->Create(WS_CHILD | WS_VISIBLE, CRect(at, control->GetGridSize()), &parent, kSelectorId);
+        PumpMessages();
+    }
+    CPoint At(const COleDateTime& date) const
+    {
+        const GridHit hit = CellOfDate(Policy(), control->GetGridLayout(), date);
+        EXPECT_EQ(GridPart::Cell, hit.part);
+        return RectOfPart(control->GetGridLayout(), hit).CenterPoint();
+    }
+    CPoint Title(int block) const { return control->GetGridLayout().blocks[block].title.CenterPoint(); }
+    CPoint Footer() const { return control->GetGridLayout().footer.CenterPoint(); }
+    CPoint Arrow(bool left) const
+    {
+        return (left ? control->GetGridLayout().leftArrow : control->GetGridLayout().rightArrow).CenterPoint();
+    }
+    void Press(CPoint point) { messages::LeftDown(control->m_hWnd, point); }
+    void Move(CPoint point) { messages::Move(control->m_hWnd, point, MK_LBUTTON); }
+    void Release(CPoint point) { messages::LeftUp(control->m_hWnd, point); }
+    void DoubleClick(CPoint point)
+    {
+        ::SendMessage(control->m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
+    void Key(UINT key) { ::SendMessage(control->m_hWnd, WM_KEYDOWN, key, 0); }
+    // The control's client point that lies over a period's row of the open popup.
+    CPoint PopupRow(int period) const
+    {
+        CPoint point = control->GetPopup()->GetPeriodRect(period).CenterPoint();
+        control->ScreenToClient(&point);
+        return point;
+    }
+    CPoint Screen(CPoint point) const
+    {
+        control->ClientToScreen(&point);
+        return point;
+    }
+    std::string Shown() const { return Text(control->GetCurrentDate()); }
+    std::string Selection() const
+    {
+        COleDateTime start, end;
+        control->GetSel(start, end);
+        return Text(start) + " - " + Text(end);
+    }
+    static const PeriodPolicy& Policy()
+    {
+        return std::is_same<Control, CMiniCalendarCtrl>::value ? kMonthPolicy : kYearPolicy;
+    }
+
+    PickerParent parent;
+    std::unique_ptr<Control> control;
+};
+typedef Stage<CMiniCalendarCtrl> Days;
+typedef Stage<CMiniCalendarCtrl2> Months;
+} // namespace
+
+TEST(MiniCalendarWindow, ClassesAreRegisteredByTheFirstControl)
+{
+    const CMiniCalendarCtrl days;
+    const CMiniCalendarCtrl2 months;
+    for (const char* name : {"MFCMiniCalendarCtrl", "MFCMiniCalendarCtrl2"}) {
+        WNDCLASS wc = {};
+        ASSERT_TRUE(::GetClassInfo(AfxGetInstanceHandle(), name, &wc)) << name;
+        EXPECT_EQ(11u, wc.style);
+        EXPECT_EQ(::LoadCursor(nullptr, IDC_ARROW), wc.hCursor);
+    }
+}
+
+TEST(MiniCalendarWindow, WorksWithoutAWindowToo)
+{
+    CMiniCalendarCtrl days;
+    days.SetRowAndCol(2, 3);
+    days.SetCurrentDate(2010, 1);
+    days.MoveLeft(5);
+    EXPECT_EQ("2009/12/1", Text(days.GetCurrentDate()));
+    days.SetCurrentDate(2010, 13);
+    ASSERT_EQ(6, days.GetMonthCells().GetSize());
+    const CMiniCalendarCtrl::CMonthCell& last = days.GetMonthCells()[5];
+    EXPECT_TRUE(last.nYear == 2010 && last.nMonth == 5 && last.nRow == 2 && last.nCol == 3);
+    EXPECT_EQ(&last, days.HeaderHitTest(last.rcTitle.CenterPoint()));
+    EXPECT_EQ(nullptr, days.HeaderHitTest(CPoint(200, 60)));
+    CMiniCalendarCtrl::CDayCell cell;
+    EXPECT_TRUE(days.HitTest(last.arCells[40].rcCell.CenterPoint(), cell));
+    EXPECT_TRUE(cell.dtDate == last.arCells[40].dtDate && cell.rcCell == last.arCells[40].rcCell);
+    EXPECT_FALSE(days.HitTest(CPoint(0, 0), cell));
+    EXPECT_TRUE(days.TodayHitTest(CPoint(100, 270)));
+    days.FireNotifyClick();
+
+    CMiniCalendarCtrl2 years;
+    years.SetCurrentDate(2010);
+    years.MoveRight(3);
+    years.SetCurrentDate(99);
+    EXPECT_EQ(2011, years.HeaderHitTest(CPoint(60, 10))->nYear);
+    EXPECT_EQ("2011/12/1", Text(years.GetYearCells()[0].arCells[11].dtDate));
+    EXPECT_TRUE(years.ThisMonthHitTest(CPoint(60, 110)));
+}
+
+TEST(MiniCalendarWindow, APressOrASweepTellsTheSelection)
+{
+    Days s;
+    s.Press(s.At(Day(2010, 1, 10)));
+    EXPECT_EQ(s.control->m_hWnd, ::GetCapture());
+    EXPECT_EQ(s.control->m_hWnd, ::GetFocus());
+    s.Move(s.At(Day(2010, 1, 20)));
+    s.Move(s.At(Day(2010, 1, 8)));
+    EXPECT_EQ(Told{}, s.parent.Take());
+    s.Release(s.At(Day(2010, 1, 8)));
+    EXPECT_EQ(Told{"MCN_SELECT 2010/1/8 - 2010/1/10"}, s.parent.Take());
+    EXPECT_EQ(nullptr, ::GetCapture());
+    EXPECT_EQ(1, s.control->IsSelected(Day(2010, 1, 9)));
+
+    s.control->SetRangeSelect(FALSE);
+    s.Press(s.At(Day(2010, 1, 3)));
+    EXPECT_EQ(Told{"MCN_SELECT 2010/1/3 - 2010/1/3"}, s.parent.Take());
+    s.Release(s.At(Day(2010, 1, 4)));
+    s.DoubleClick(s.At(Day(2010, 1, 5)));
+    EXPECT_EQ(Told{"NM_DBLCLK"}, s.parent.Take());
+    s.control->MoveLeft(1);
+    messages::Click(s.control->m_hWnd, s.Footer());
+    EXPECT_EQ(Told{"MCN_SELECT 2010/1/15+9h - 2010/1/15+9h"}, s.parent.Take());
+    EXPECT_EQ("2010/1/1", s.Shown());
+    s.control->Unselect();
+    s.control->FireNotifyClick();
+    EXPECT_EQ(Told{"MCN_SELECT none - none"}, s.parent.Take());
+
+    messages::Click(s.control->m_hWnd, s.Arrow(true));
+    s.DoubleClick(s.Arrow(true));
+    EXPECT_EQ("2009/11/1", s.Shown()) << "fast clicks page on";
+    messages::Click(s.control->m_hWnd, s.Arrow(false));
+    EXPECT_EQ("2009/12/1", s.Shown());
+    EXPECT_EQ(Told{}, s.parent.Take());
+
+    Months m;
+    m.Press(m.At(Day(2010, 4, 1)));
+    EXPECT_EQ(Told{"MCN_SELECT 2010/4/1 - 2010/4/1"}, m.parent.Take());
+    m.Release(m.At(Day(2010, 4, 1)));
+    m.control->SetRangeSelect(TRUE);
+    m.Press(m.At(Day(2010, 4, 1)));
+    m.Move(m.At(Day(2010, 2, 1)));
+    m.Release(m.At(Day(2010, 2, 1)));
+    EXPECT_EQ(Told{"MCN_SELECT 2010/2/1 - 2010/4/1"}, m.parent.Take());
+}
+
+TEST(MiniCalendarWindow, TheMonthChosenInThePopupComesToTheClickedTitle)
+{
+    Days s(1, 3);
+    s.Press(s.Title(2));
+    CPeriodSelCtrl* popup = s.control->GetPopup();
+    ASSERT_NE(nullptr, popup);
+    EXPECT_EQ(0x100Bu, ::GetClassLong(popup->m_hWnd, GCL_STYLE));
+    EXPECT_EQ(WS_POPUP | WS_BORDER | WS_VISIBLE, popup->GetStyle() & (WS_POPUP | WS_BORDER | WS_VISIBLE));
+    EXPECT_EQ(s.parent.m_hWnd, ::GetWindow(popup->m_hWnd, GW_OWNER)) << "the owner's top-level window";
+    EXPECT_EQ(s.control->m_hWnd, ::GetCapture());
+    EXPECT_EQ(s.control->m_hWnd, ::GetFocus());
+    EXPECT_TRUE(popup->GetPeriodRect(popup->GetGivenPeriod()).PtInRect(s.Screen(s.Title(2))));
+    s.Release(s.PopupRow(MonthNumberOf(Day(2010, 5, 1))));
+    EXPECT_EQ("2010/3/1", s.Shown());
+    EXPECT_EQ(nullptr, s.control->GetPopup());
+    EXPECT_EQ(nullptr, ::GetCapture());
+    EXPECT_FALSE(::KillTimer(s.control->m_hWnd, 1001)) << "the timer is gone";
+    EXPECT_EQ(Told{}, s.parent.Take());
+
+    Months m(1, 2);
+    m.Press(m.Title(1));
+    m.Release(CPoint(-50, 10));
+    EXPECT_EQ("2010/1/1", m.Shown()) << "released outside";
+    m.Press(m.Title(1));
+    m.Release(m.PopupRow(2014));
+    EXPECT_EQ("2014/1/1", m.Shown()) << "a year comes to the first title";
+}
+
+TEST(MiniCalendarWindow, ThePopupRunsOnItsTimerAndReleasingOutsideKeepsTheMonth)
+{
+    Days s(1, 1, CPoint(10, 150));
+    s.Press(s.Title(0));
+    const int given = s.control->GetPopup()->GetGivenPeriod();
+    const CPoint below = s.Title(0) + CSize(0, 250);
+    hardware::Move(s.control->m_hWnd, below); // the system, too, tells of its pointer
+    EXPECT_TRUE(PumpUntil([&] { return s.control->GetPopup()->GetPeriodRect(given).IsRectEmpty(); }));
+    s.Release(below);
+    EXPECT_EQ("2010/1/1", s.Shown());
+
+    s.Press(s.Title(0));
+    hardware::Move(s.control->m_hWnd, s.Title(0) - CSize(0, 120));
+    EXPECT_TRUE(PumpUntil([&] { return !s.control->GetPopup()->GetPeriodRect(given - 8).IsRectEmpty(); }));
+    s.Release(s.PopupRow(given - 8));
+    EXPECT_EQ("2009/5/1", s.Shown());
+}
+
+TEST(MiniCalendarWindow, WhatCanBreakInLeavesNothingBehind)
+{
+    typedef std::function<void(Days&)> Break;
+    const struct
+    {
+        const char* what;
+        Break act;
+        bool survives;
+    } table[] = {
+        {"the capture is taken", [](Days& s) { ::SetCapture(s.parent.m_hWnd); }, true},
+        {"the focus goes", [](Days& s) { ::SetFocus(s.parent.m_hWnd); }, true},
+        {"the application is left",
+         [](Days& s) {
+             ::SetForegroundWindow(::GetDesktopWindow());
+             ::SetFocus(nullptr);
+         },
+         true},
+        {"a modal box asks for quiet", [](Days& s) { ::SendMessage(s.control->m_hWnd, WM_CANCELMODE, 0, 0); }, true},
+        {"the control is disabled", [](Days& s) { s.control->EnableWindow(FALSE); }, true},
+        {"Escape", [](Days& s) { s.Key(VK_ESCAPE); }, true},
+        {"the popup's window is destroyed",
+         [](Days& s) {
+             if (s.control->GetPopup()) {
+                 s.control->GetPopup()->DestroyWindow();
+             }
+             s.Move(CPoint(60, 60));
+             s.Key(VK_ESCAPE);
+         },
+         true},
+        {"the control's window is destroyed", [](Days& s) { s.control->DestroyWindow(); }, false},
+        {"the control is deleted", [](Days& s) { s.control.reset(); }, false},
+        {"the parent is destroyed", [](Days& s) { s.parent.DestroyWindow(); }, false},
+    };
+    for (const auto& row : table) {
+        for (const bool popup : {false, true}) {
+            Days s;
+            s.control->SetSel(Day(2010, 1, 2), Day(2010, 1, 3));
+            const HWND window = s.control->m_hWnd;
+            s.Press(popup ? s.Title(0) : s.At(Day(2010, 1, 20)));
+            s.Move(popup ? s.PopupRow(24125) : s.At(Day(2010, 1, 22)));
+            const HWND list = popup ? s.control->GetPopup()->m_hWnd : nullptr;
+            row.act(s);
+            EXPECT_NE(window, ::GetCapture()) << row.what;
+            EXPECT_FALSE(::IsWindow(list)) << row.what;
+            EXPECT_EQ(row.survives, ::IsWindow(window) != FALSE) << row.what;
+            if (row.survives) {
+                s.Release(CPoint(60, 60));
+                EXPECT_EQ("2010/1/2 - 2010/1/3", s.Selection()) << row.what;
+                EXPECT_EQ("2010/1/1", s.Shown()) << row.what;
+            }
+            ::ReleaseCapture();
+            PumpMessages();
+            EXPECT_EQ(Told{}, s.parent.Take()) << row.what;
+        }
+    }
+}
+
+TEST(MiniCalendarWindow, TheHostMayEndTheControlInANotification)
+{
+    typedef std::function<void(Days&)> Act;
+    const Act ways[] = {
+        [](Days& s) { s.Press(s.At(Day(2010, 1, 20))), s.Release(s.At(Day(2010, 1, 21))); },
+        [](Days& s) { s.control->SetRangeSelect(FALSE), s.Press(s.At(Day(2010, 1, 20))); },
+        [](Days& s) { s.Press(s.Footer()); },
+        [](Days& s) { s.DoubleClick(s.At(Day(2010, 1, 20))); },
+        [](Days& s) { s.Key(VK_PRIOR); },
+        [](Days& s) { s.Key(VK_RETURN); },
+    };
+    for (const Act& way : ways) {
+        for (const bool deletes : {false, true}) {
+            Days s;
+            s.parent.ActAt(1, [&] { deletes ? s.control.reset() : (void)s.control->DestroyWindow(); });
+            way(s);
+            EXPECT_EQ(1u, s.parent.Take().size());
+            EXPECT_EQ(nullptr, ::GetCapture());
+        }
+    }
+}
+
+TEST(MiniCalendarWindow, RealKeysMoveTheSelection)
+{
+    Days s;
+    ASSERT_TRUE(hardware::Focus(s.control->m_hWnd));
+    hardware::Key(VK_RIGHT);
+    hardware::Key(VK_DOWN, {VK_SHIFT});
+    hardware::Key(VK_NEXT);
+    hardware::Key(VK_RETURN);
+    EXPECT_EQ((Told{"MCN_SELECT 2010/1/16 - 2010/1/16", "MCN_SELECT 2010/1/16 - 2010/1/23",
+                    "MCN_SELECT 2010/2/23 - 2010/2/23", "NM_DBLCLK"}),
+              s.parent.Take());
+    const LRESULT code = ::SendMessage(s.control->m_hWnd, WM_GETDLGCODE, 0, 0);
+    EXPECT_EQ(DLGC_WANTARROWS, code);
+    MSG escape = {s.control->m_hWnd, WM_KEYDOWN, VK_ESCAPE, 0, 0, {0, 0}};
+    const auto wants = [&] {
+        const LPARAM lParam = reinterpret_cast<LPARAM>(&escape);
+        return (::SendMessage(s.control->m_hWnd, WM_GETDLGCODE, VK_ESCAPE, lParam) & DLGC_WANTMESSAGE) != 0;
+    };
+    EXPECT_FALSE(wants()) << "the dialog's";
+    s.Press(s.At(Day(2010, 2, 3)));
+    EXPECT_TRUE(wants()) << "to end the sweep";
+}
+
+TEST(MiniCalendarWindow, RealMouseSweepsAndRunsThroughThePopup)
+{
+    Days s(1, 2);
+    hardware::Drag(s.control->m_hWnd, s.At(Day(2010, 1, 25)), s.At(Day(2010, 2, 4)));
+    EXPECT_TRUE(PumpUntil([&] { return ::GetCapture() == nullptr; }));
+    EXPECT_EQ(Told{"MCN_SELECT 2010/1/25 - 2010/2/4"}, s.parent.Take());
+
+    hardware::Move(s.control->m_hWnd, s.Title(1));
+    hardware::LeftDown();
+    ASSERT_TRUE(PumpUntil([&] { return s.control->GetPopup() != nullptr; }));
+    hardware::Move(s.control->m_hWnd, s.PopupRow(MonthNumberOf(Day(2010, 4, 1))));
+    hardware::LeftUp();
+    EXPECT_TRUE(PumpUntil([&] { return s.control->GetPopup() == nullptr; }));
+    EXPECT_EQ("2010/3/1", s.Shown());
+}
+
+TEST(MiniCalendarWindow, PaintsSelectionHolidaysAndFocus)
+{
+    Days s;
+    s.control->SetSel(Day(2010, 1, 20), Day(2010, 1, 21));
+    PumpMessages();
+    const auto pixelsOf = [&](const CRect& rect) {
+        CClientDC dc(s.control.get());
+        std::vector<COLORREF> pixels;
+        for (int i = 0; i < rect.Width() * rect.Height(); ++i) {
+            pixels.push_back(dc.GetPixel(rect.left + i % rect.Width(), rect.top + i / rect.Width()));
+        }
+        return pixels;
+    };
+    const auto holds = [&](int day, COLORREF color) {
+        const GridHit hit = CellOfDate(kMonthPolicy, s.control->GetGridLayout(), Day(2010, 1, day));
+        const std::vector<COLORREF> pixels = pixelsOf(RectOfPart(s.control->GetGridLayout(), hit));
+        return std::count(pixels.begin(), pixels.end(), color) > 0;
+    };
+    EXPECT_TRUE(holds(20, 0x94D3FF) && !holds(22, 0x94D3FF));
+    EXPECT_TRUE(holds(11, 0x2138EF) && !holds(12, 0x2138EF)) << "a holiday on a Monday";
+    EXPECT_TRUE(holds(15, 0x2138EF)) << "today's frame";
+
+    s.control->MoveRight(1); // the selection is out of sight
+    const CRect title = s.control->GetGridLayout().blocks[0].title;
+    const std::vector<COLORREF> unfocused = pixelsOf(title);
+    s.control->SetFocus();
+    PumpMessages();
+    EXPECT_NE(unfocused, pixelsOf(title)) << "the focus is not";
+
+    static int asked;
+    asked = 0;
+    s.control->SetBoldCallback([](const COleDateTime&, LPARAM lParam) -> BOOL { return ++asked, lParam == 20; }, 20);
+    s.control->Refresh();
+    EXPECT_EQ(28, asked) << "each day of February at the layout; painting asks nobody";
+}
+
+TEST(MiniCalendarWindow, TinySizesAndTheEndsOfTheCalendarPaint)
+{
+    Days s(3, 3);
+    for (const int year : {100, 9999}) {
+        s.control->SetCurrentDate(year, year == 100 ? 1 : 11);
+        for (const CSize size : {CSize(0, 0), CSize(1, 1), CSize(17, 300), CSize(500, 3), CSize(400, 420)}) {
+            s.control->MoveWindow(0, 0, size.cx, size.cy);
+            s.control->Refresh();
+            for (int y = 0; y < size.cy; y += 41) {
+                for (int x = 0; x < size.cx; x += 37) {
+                    s.Move(CPoint(x, y));
+                    if (PartAt(s.control->GetGridLayout(), CPoint(x, y)).part == GridPart::Cell) {
+                        messages::Click(s.control->m_hWnd, CPoint(x, y));
+                    }
+                }
+            }
+        }
+        for (UINT key : {VK_UP, VK_LEFT, VK_PRIOR, VK_DOWN, VK_RIGHT, VK_NEXT}) {
+            s.Key(key);
+        }
+        EXPECT_EQ(year, s.control->GetCurrentDate().GetYear());
+        EXPECT_EQ(std::string::npos, s.Selection().find("none"));
+    }
+}
+
+TEST(MiniCalendarWindow, PaintingAndPopupsLeaveNoObjectsBehind)
+{
+    Days s(2, 2);
+    testsupport::ExpectNothingLeftBy([&] {
+        for (int i = 0; i < 20; ++i) {
+            s.control->MoveRight(1);
+            s.Press(s.Title(1));
+            s.Move(s.PopupRow(s.control->GetPopup()->GetGivenPeriod() + 1));
+            s.Release(s.PopupRow(s.control->GetPopup()->GetGivenPeriod() - 1));
+        }
+    });
+}

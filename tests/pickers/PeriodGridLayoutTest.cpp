@@ -1,0 +1,138 @@
+#include "pickers/PeriodGridLayout.h"
+#include "tests/pickers/PickerDates.h"
+
+using namespace dayvane;
+
+namespace {
+PeriodGridLayout Months(int rows, int columns, const COleDateTime& first, int firstDayOfWeek = 1)
+{
+    return CalcPeriodGrid(kMonthPolicy, {CSize(0, 0), rows, columns, PeriodOf(kMonthPolicy, first), firstDayOfWeek});
+}
+
+PeriodGridLayout Years(int rows, int columns, int year, int clientWidth = 0)
+{
+    return CalcPeriodGrid(kYearPolicy, {CSize(clientWidth, 0), rows, columns, year, 1});
+}
+} // namespace
+
+TEST(PeriodGridFit, CountsWholeBlocksAboveTheFooterAndAtLeastOne)
+{
+    const struct
+    {
+        const PeriodPolicy& policy;
+        int cx, cy, rows, columns;
+    } table[] = {
+        {kMonthPolicy, 259, 279, 1, 1}, {kMonthPolicy, 260, 280, 2, 2}, {kMonthPolicy, 130, 149, 1, 1},
+        {kMonthPolicy, 0, 0, 1, 1},     {kMonthPolicy, 389, 409, 2, 2}, {kMonthPolicy, 390, 410, 3, 3},
+        {kYearPolicy, 240, 220, 2, 2},  {kYearPolicy, 119, 119, 1, 1},  {kYearPolicy, 360, 319, 2, 3},
+    };
+    for (const auto& row : table) {
+        int rows = 0;
+        int columns = 0;
+        FitPeriodGrid(row.policy, row.cx, row.cy, rows, columns);
+        EXPECT_EQ(row.rows, rows) << row.cx << "x" << row.cy;
+        EXPECT_EQ(row.columns, columns) << row.cx << "x" << row.cy;
+        EXPECT_TRUE(rows == 1 || PeriodGridSize(row.policy, rows, columns).cy <= row.cy);
+    }
+}
+
+// Which part lies at a pixel, reckoned from the fixed sizes alone: titles of 20 pixels, arrows of 18, a footer of 20.
+TEST(PeriodGridHit, EveryPixelFollowsTheRule)
+{
+    const struct
+    {
+        PeriodGridLayout layout;
+        int rows, columns, left; // of the blocks' left edge, pixels
+        CSize block, cell;
+        CPoint cells; // from the block's corner
+        int cellRows, cellColumns;
+    } table[] = {
+        {Months(2, 3, Day(2010, 1, 1), 2), 2, 3, 0, {130, 130}, {18, 15}, {2, 37}, 6, 7},
+        {Years(1, 2, 2010, 300), 1, 2, 30, {120, 100}, {38, 18}, {3, 24}, 4, 3},
+    };
+    const int leading[] = {4, 0, 0, 3, 5, 1}; // days from Monday to the 1st of the first six months of 2010
+    for (const auto& t : table) {
+        const CRect blocks(CPoint(t.left, 0), CSize(t.columns * t.block.cx, t.rows * t.block.cy));
+        const CRect footer(blocks.left, blocks.bottom, blocks.right, blocks.bottom + 20);
+        const CRect cells(t.cells, CSize(t.cellColumns * t.cell.cx, t.cellRows * t.cell.cy));
+        for (int y = -3; y < footer.bottom + 3; ++y) {
+            for (int x = -3; x < blocks.right + 5; ++x) {
+                GridHit expected;
+                if (blocks.PtInRect(CPoint(x, y))) {
+                    const CPoint at((x - t.left) % t.block.cx, y % t.block.cy);
+                    const int block = y / t.block.cy * t.columns + (x - t.left) / t.block.cx;
+                    if (at.y < 20 && at.x >= 18 && at.x < t.block.cx - 18) {
+                        expected = {GridPart::Title, block};
+                    } else if (y < 20 && (x < t.left + 18 || x >= blocks.right - 18)) {
+                        expected = {x < t.left + 18 ? GridPart::LeftArrow : GridPart::RightArrow};
+                    } else if (cells.PtInRect(at)) {
+                        const int row = (at.y - t.cells.y) / t.cell.cy;
+                        expected = {GridPart::Cell, block, row * t.cellColumns + (at.x - t.cells.x) / t.cell.cx};
+                    }
+                } else if (footer.PtInRect(CPoint(x, y))) {
+                    expected = {GridPart::Footer};
+                }
+                const GridHit hit = PartAt(t.layout, CPoint(x, y));
+                ASSERT_TRUE(hit == expected) << x << "," << y << " part " << static_cast<int>(hit.part);
+                ASSERT_TRUE(RectOfPart(t.layout, hit).PtInRect(CPoint(x, y)) || hit.part == GridPart::None);
+                if (hit.part == GridPart::Cell) {
+                    const COleDateTime date = t.cellColumns == 7
+                                                  ? AddDays(Day(2010, hit.block + 1, 1), hit.cell - leading[hit.block])
+                                                  : Day(2010 + hit.block, hit.cell + 1, 1);
+                    ASSERT_EQ(Text(date), Text(DateOfHit(t.layout, hit)));
+                }
+            }
+        }
+    }
+}
+
+TEST(PeriodGridLayoutTest, DaysRunOnStandUnderTheirWeekdayAndAreFoundInTheirOwnMonthOnly)
+{
+    for (int firstDayOfWeek = 1; firstDayOfWeek <= 7; ++firstDayOfWeek) {
+        for (int year : {100, 1582, 1900, 1999, 2000, 2012, 9999}) {
+            const PeriodGridLayout layout = Months(3, 4, Day(year, 1, 1), firstDayOfWeek);
+            ASSERT_EQ(12u, layout.blocks.size());
+            for (int month = 0; month < 12; ++month) {
+                const PeriodBlock& block = layout.blocks[month];
+                int days = 0;
+                for (int i = 0; i < static_cast<int>(block.cells.size()); ++i) {
+                    const PeriodCell& cell = block.cells[i];
+                    if (Text(cell.date) == "none") {
+                        ASSERT_TRUE(!cell.inPeriod && (year == 100 || year == 9999));
+                        continue;
+                    }
+                    ASSERT_EQ(WeekdayOfColumn(firstDayOfWeek, i % 7), cell.date.GetDayOfWeek());
+                    ASSERT_EQ(cell.inPeriod, MonthNumberOf(cell.date) == block.period);
+                    const GridHit here{GridPart::Cell, month, i};
+                    ASSERT_EQ(cell.inPeriod, CellOfDate(kMonthPolicy, layout, cell.date) == here) << Text(cell.date);
+                    days += cell.inPeriod;
+                }
+                ASSERT_EQ(FieldsOf(LastCellOf(kMonthPolicy, block.period)).day, days) << year << " " << month + 1;
+                ASSERT_TRUE(block.cells[0].inPeriod || block.cells[6].inPeriod) << "no week without a day of the month";
+            }
+            EXPECT_EQ(GridPart::None, CellOfDate(kMonthPolicy, layout, AddDays(Day(year, 1, 1), -1)).part);
+        }
+    }
+}
+
+TEST(PeriodGridLayoutTest, StopsAtTheEndsOfTheCalendar)
+{
+    const PeriodGridLayout start = Months(1, 1, Day(100, 1, 1)); // a Friday
+    EXPECT_EQ("none", Text(start.blocks[0].cells[4].date));
+    EXPECT_EQ("100/1/1", Text(start.blocks[0].cells[5].date));
+    const PeriodGridLayout end = Months(2, 3, Day(9999, 11, 1));
+    ASSERT_EQ(2u, end.blocks.size()) << "no month after December 9999";
+    EXPECT_EQ(GridPart::None, PartAt(end, CPoint(2 * 130 + 60, 50)).part);
+    EXPECT_EQ(1u, Years(4, 4, 9999).blocks.size());
+    EXPECT_EQ(1u, Years(-3, 0, 2000).blocks.size());
+    EXPECT_EQ(9900u, Years(30000, 30000, 100).blocks.size());
+}
+
+TEST(PeriodTexts, NameMonthYearAndToday)
+{
+    EXPECT_STREQ("2010年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2010, 5, 1))));
+    EXPECT_STREQ("2010年", PeriodTitle(kYearPolicy, 2010));
+    EXPECT_STREQ("今日: 2010/5/3", FooterText(CellUnit::Day, Day(2010, 5, 3, 12)));
+    EXPECT_STREQ("今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3)));
+    EXPECT_TRUE(FooterText(CellUnit::Month, NoDate()).IsEmpty());
+}

@@ -1,0 +1,60 @@
+// What the window tests of the date selectors share: a clock that stands still and a parent whose log reads shortly.
+#pragma once
+
+#include "core/CalendarClock.h"
+#include "tests/pickers/PickerDates.h"
+#include "tests/support/GuiCounts.h"
+#include "tests/support/Input.h"
+#include "tests/support/RecordingParent.h"
+
+typedef std::vector<std::string> Told;
+
+namespace messages = testsupport::messages;
+namespace hardware = testsupport::hardware;
+using testsupport::PumpMessages;
+using testsupport::PumpUntil;
+
+constexpr UINT kSelectorId = 77; // of the one selector in a parent
+
+class PickerParent : public testsupport::RecordingParent
+{
+public:
+    PickerParent()
+    {
+        SetCalendarClock([] { return Day(2010, 1, 15, 9); });
+        Create(600, 500);
+        SetForegroundWindow();
+        ::SetCursorPos(2, 2); // away from the selectors, whose captured mouse would hear of it
+        PumpMessages();
+    }
+    ~PickerParent() override { SetCalendarClock(nullptr); }
+
+    // What has been told since the last call: "MCN_SELECT 2010/1/8 - 2010/1/10", "YMN_CLOSEUP 201005".
+    Told Take()
+    {
+        Told log;
+        for (const testsupport::Notification& entry : Log()) {
+            log.push_back(entry.Name());
+            const bool isMessage = entry.record == testsupport::Notification::Record::Message;
+            EXPECT_EQ(kSelectorId, isMessage ? static_cast<UINT>(entry.lParam) : entry.hdr.idFrom);
+            if (entry.record == testsupport::Notification::Record::Selection) {
+                const NMSELCHANGE& record = entry.selection;
+                log.back() += " " + Text(COleDateTime(record.stSelStart)) + " - " + Text(COleDateTime(record.stSelEnd));
+            } else if (isMessage) {
+                log.back() += " " + std::to_string(entry.wParam);
+            }
+        }
+        ClearLog();
+        return log;
+    }
+    // The host acts within its n-th message from now on (1: the next).
+    void ActAt(int n, std::function<void()> act)
+    {
+        SetHook([=, left = std::make_shared<int>(n)](const testsupport::Notification&) -> LRESULT {
+            if (--*left == 0) {
+                act();
+            }
+            return 0;
+        });
+    }
+};

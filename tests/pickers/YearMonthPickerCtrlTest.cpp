@@ -1,0 +1,357 @@
+// The year-month picker and its popup as windows: messages in, messages to the parent out.
+#include "pickers/YearMonthPainter.h"
+#include "pickers/YearMonthPickerCtrl.h"
+#include "pickers/YearMonthPopup.h"
+#include "tests/pickers/PickerFixture.h"
+#include "tests/support/MemoryDc.h"
+
+using namespace dayvane;
+
+namespace {
+// Hosts have these numbers in their own sources.
+static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
+                  YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) &&
+                  NM_DBLCLK == static_cast<UINT>(-3),
+              "message numbers");
+
+struct Picker
+{
+    explicit Picker(CRect place = CRect(10, 10, 160, 40)) : control(std::make_unique<CYearMonthPickerCtrl>())
+    {
+        control->Create("", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, place, &parent, kSelectorId);
+        control->SetCurrentDate(Day(2010, 5, 1));
+        PumpMessages();
+    }
+    CYearMonthPopup& Drop()
+    {
+        control->SetFocus();
+        control->OnClicked();
+        return *control->GetPopup();
+    }
+    // A click into the popup; months from 1.
+    void ClickMonth(int month) { ClickPopup(control->GetPopup()->GetLayout().months[month - 1].CenterPoint()); }
+    void ClickPopup(CPoint point) { messages::Click(control->GetPopup()->m_hWnd, point); }
+    std::string Date() const { return Text(control->GetCurrentDate()); }
+
+    PickerParent parent;
+    std::unique_ptr<CYearMonthPickerCtrl> control;
+};
+
+// While the hook stands, no window can be made: the window itself refuses, or the hook does.
+LONG_PTR g_procedure;
+bool g_hookRefuses;
+LRESULT CALLBACK RefuseCreation(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message == WM_NCCREATE
+               ? FALSE
+               : ::CallWindowProc(reinterpret_cast<WNDPROC>(g_procedure), hWnd, message, wParam, lParam);
+}
+LRESULT CALLBACK RefuseWindows(int code, WPARAM wParam, LPARAM)
+{
+    if (code == HCBT_CREATEWND) {
+        g_procedure = ::SetWindowLongPtr(reinterpret_cast<HWND>(wParam), GWLP_WNDPROC,
+                                         reinterpret_cast<LONG_PTR>(RefuseCreation));
+        return g_hookRefuses;
+    }
+    return 0;
+}
+} // namespace
+
+TEST(YearMonthPickerWindow, SizesItselfAndBecomesOwnerDrawn)
+{
+    const int ex = ::GetSystemMetrics(SM_CXEDGE);
+    const int ey = ::GetSystemMetrics(SM_CYEDGE);
+    const int arrow = std::max({::GetSystemMetrics(SM_CXHTHUMB), ::GetSystemMetrics(SM_CYVTHUMB), 5 * ex, 5 * ey});
+    for (const int width : {150, 3}) {
+        Picker p(CRect(10, 20, 10 + width, 90));
+        CRect rect;
+        p.control->GetWindowRect(&rect);
+        p.parent.ScreenToClient(&rect);
+        EXPECT_TRUE(rect == CRect(CPoint(10, 20), CSize(std::max(width, 2 * (arrow + ex)), arrow + 2 * ey)));
+        EXPECT_EQ(static_cast<DWORD>(BS_OWNERDRAW), p.control->GetStyle() & 0xF);
+    }
+    PickerParent parent;
+    const HWND button = ::CreateWindow("BUTTON", "", WS_CHILD | WS_VISIBLE, 5, 6, 100, 70, parent.m_hWnd,
+                                       reinterpret_cast<HMENU>(9), AfxGetInstanceHandle(), nullptr);
+    CYearMonthPickerCtrl subclassed;
+    ASSERT_TRUE(subclassed.SubclassDlgItem(9, &parent));
+    CRect rect;
+    ::GetWindowRect(button, &rect);
+    EXPECT_EQ(arrow + 2 * ey, rect.Height());
+    EXPECT_EQ(static_cast<DWORD>(BS_OWNERDRAW), subclassed.GetStyle() & 0xF);
+}
+
+TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
+{
+    Picker p;
+    CYearMonthPopup& popup = p.Drop();
+    EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+    EXPECT_TRUE(p.control->IsDropped());
+    CRect rect, button;
+    popup.GetWindowRect(&rect);
+    p.control->GetWindowRect(&button);
+    EXPECT_TRUE(rect == CRect(CPoint(button.right - 120, button.bottom), CSize(120, 120)));
+    EXPECT_EQ(0x90000000u, popup.GetStyle() & ~WS_CLIPSIBLINGS);
+    EXPECT_EQ(0x843u, ::GetClassLong(popup.m_hWnd, GCL_STYLE));
+    EXPECT_EQ(0u, ::GetClassLongPtr(popup.m_hWnd, GCLP_HCURSOR));
+    EXPECT_EQ(static_cast<ULONG_PTR>(COLOR_BTNFACE + 1), ::GetClassLongPtr(popup.m_hWnd, GCLP_HBRBACKGROUND));
+    EXPECT_EQ(popup.m_hWnd, ::GetCapture());
+    EXPECT_EQ(p.control->m_hWnd, ::GetFocus()) << "keys still come to the picker";
+    EXPECT_EQ(p.parent.m_hWnd, ::GetActiveWindow());
+    EXPECT_TRUE(p.control->OnClicked()) << "a second click while it is open";
+    EXPECT_EQ(&popup, p.control->GetPopup());
+    EXPECT_EQ(Told{}, p.parent.Take());
+}
+
+TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
+{
+    constexpr int kCancelled = 0;
+    constexpr int kSilent = -1;
+    const auto key = [](Picker& p, UINT code) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, code, 0); };
+    const auto layout = [](Picker& p) -> const YearMonthLayout& { return p.control->GetPopup()->GetLayout(); };
+    typedef std::function<void(Picker&)> Act;
+    const struct
+    {
+        const char* what;
+        Act act;
+        int picked; // year x 100 + month, or how it ends without one
+    } table[] = {
+        {"another month", [](Picker& p) { p.ClickMonth(7); }, 201007},
+        {"the same month", [](Picker& p) { p.ClickMonth(5); }, 201005},
+        {"another year's",
+         [=](Picker& p) {
+             p.ClickPopup(layout(p).previousYear.CenterPoint());
+             p.ClickPopup(layout(p).nextYear.CenterPoint());
+             p.ClickPopup(layout(p).nextYear.CenterPoint());
+             EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
+             EXPECT_EQ(Told{}, p.parent.Take()) << "the arrows tell nothing";
+             p.ClickMonth(5);
+         },
+         201105},
+        {"the overhang below the grid", [](Picker& p) { p.ClickPopup(CPoint(60, 92)); }, 201011},
+        {"the footer",
+         [=](Picker& p) {
+             p.ClickPopup(layout(p).previousYear.CenterPoint());
+             p.ClickPopup(layout(p).footer.CenterPoint());
+         },
+         201001},
+        {"keys",
+         [=](Picker& p) {
+             for (UINT code : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
+                 key(p, code);
+             }
+         },
+         201109},
+        {"outside", [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); }, kCancelled},
+        {"the header's middle", [](Picker& p) { p.ClickPopup(CPoint(60, 10)); }, kCancelled},
+        {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, kCancelled},
+        {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, kCancelled},
+        {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
+         kCancelled},
+        {"Escape", [=](Picker& p) { key(p, VK_ESCAPE); }, kCancelled},
+        // Hidden, it loses the focus.
+        {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); }, kCancelled},
+        {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, kSilent},
+        {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, kSilent},
+    };
+    for (const auto& row : table) {
+        Picker p;
+        const HWND popup = p.Drop().m_hWnd;
+        p.parent.Take();
+        row.act(p);
+        const std::string month = " " + std::to_string(row.picked);
+        Told expected;
+        if (row.picked != kSilent) {
+            expected = {"YMN_CLOSEUP" + month, (row.picked > 0 ? "YMN_SELENDOK" : "YMN_SELENDCANCEL") + month};
+        }
+        if (row.picked > 0 && row.picked != 201005) {
+            expected.push_back("YMN_DATECHANGE" + month);
+        }
+        EXPECT_EQ(expected, p.parent.Take()) << row.what;
+        EXPECT_EQ(Text(DateOfPacked(row.picked > 0 ? row.picked : 201005)), p.Date()) << row.what;
+        EXPECT_FALSE(p.control->IsDropped()) << row.what;
+        EXPECT_EQ(nullptr, p.control->GetPopup()) << row.what;
+        EXPECT_FALSE(::IsWindow(popup)) << row.what;
+        EXPECT_NE(popup, ::GetCapture()) << row.what;
+        ::ReleaseCapture();
+    }
+}
+
+TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
+{
+    typedef std::function<void(Picker&)> Act;
+    const Act ends[] = {
+        [](Picker& p) { p.control->DestroyWindow(); },
+        [](Picker& p) { p.control.reset(); },
+        [](Picker& p) { p.parent.DestroyWindow(); },
+    };
+    for (const Act& end : ends) {
+        Picker p;
+        p.parent.SetFocus();
+        p.control->OnClicked();
+        const HWND popup = p.control->GetPopup()->m_hWnd;
+        end(p);
+        EXPECT_FALSE(::IsWindow(popup));
+        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+    }
+}
+
+TEST(YearMonthPickerWindow, WithoutAPopupItStaysDroppedAndTheNextClickTriesAgain)
+{
+    for (const bool hookRefuses : {false, true}) {
+        g_hookRefuses = hookRefuses;
+        Picker p;
+        const HHOOK refusal = ::SetWindowsHookEx(WH_CBT, RefuseWindows, nullptr, ::GetCurrentThreadId());
+        p.control->OnClicked();
+        ::UnhookWindowsHookEx(refusal);
+        EXPECT_EQ(nullptr, p.control->GetPopup());
+        EXPECT_TRUE(p.control->IsDropped());
+        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+        p.Drop();
+        p.ClickMonth(5);
+        EXPECT_FALSE(p.control->IsDropped());
+    }
+}
+
+TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
+{
+    Picker p;
+    p.control->SetCurrentDate(Day(2010, 5, 17, 8));
+    EXPECT_EQ("2010/5/17+8h", p.Date());
+    p.Drop();
+    p.ClickMonth(5);
+    EXPECT_EQ((Told{"YMN_DROPDOWN 201005", "YMN_CLOSEUP 201005", "YMN_SELENDOK 201005", "YMN_DATECHANGE 201005"}),
+              p.parent.Take());
+    EXPECT_EQ("2010/5/1", p.Date());
+    p.control->SetCurrentDate(NoDate());
+    EXPECT_EQ(2010, p.Drop().GetYear()) << "without a date, the present month";
+    EXPECT_EQ(0, p.control->GetPopup()->GetMonthIndex());
+}
+
+TEST(YearMonthPickerWindow, TheHostMayDoAnythingInAMessage)
+{
+    for (int message = 1; message <= 4; ++message) { // DROPDOWN, CLOSEUP, SELENDOK, DATECHANGE
+        for (const bool deletes : {false, true}) {
+            Picker p;
+            p.parent.ActAt(message, [&] { deletes ? p.control.reset() : (void)p.control->DestroyWindow(); });
+            p.control->SetFocus();
+            p.control->OnClicked();
+            if (message > 1) {
+                p.ClickMonth(8);
+            }
+            // Losing the focus in the first one, the picker tells that its popup closes; then, and later, no word more.
+            EXPECT_EQ(message == 1 ? 3u : static_cast<size_t>(message), p.parent.Take().size());
+            EXPECT_EQ(nullptr, ::GetCapture());
+        }
+    }
+    Picker p;
+    p.Drop();
+    p.parent.ActAt(2, [&] { p.Drop(); }); // drops again while the first popup is closing
+    p.ClickMonth(8);
+    ASSERT_NE(nullptr, p.control->GetPopup());
+    EXPECT_TRUE(p.control->IsDropped());
+    EXPECT_EQ(p.control->GetPopup()->m_hWnd, ::GetCapture());
+    p.ClickMonth(9);
+    EXPECT_EQ("2010/9/1", p.Date());
+    EXPECT_FALSE(p.control->IsDropped());
+}
+
+TEST(YearMonthPickerWindow, ThePopupStaysOnTheMonitor)
+{
+    const CRect screen(0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
+    for (const CPoint corner : {CPoint(0, 0), CPoint(screen.right - 160, 0), CPoint(-40, screen.bottom - 60),
+                                CPoint(screen.right - 60, screen.bottom - 60)}) {
+        Picker p(CRect(0, 0, 60, 20));
+        p.parent.MoveWindow(corner.x, corner.y, 200, 60);
+        CRect rect;
+        p.Drop().GetWindowRect(&rect);
+        EXPECT_TRUE((rect & screen) == rect) << corner.x << "," << corner.y;
+        CRect button;
+        p.control->GetWindowRect(&button);
+        EXPECT_TRUE((rect & button).IsRectEmpty()) << "the button stays in view";
+        p.control->GetPopup()->Cancel();
+    }
+}
+
+TEST(YearMonthPickerWindow, RealClicksAndKeysDropAndPick)
+{
+    Picker p;
+    const CPoint face(40, 10);
+    hardware::Click(p.control->m_hWnd, face);
+    ASSERT_TRUE(PumpUntil([&] { return p.control->GetPopup() != nullptr; }));
+    PumpMessages();
+    ASSERT_NE(nullptr, p.control->GetPopup()) << "the button's own release of the mouse does not close it";
+    hardware::Click(p.control->GetPopup()->m_hWnd, p.control->GetPopup()->GetLayout().months[10].CenterPoint());
+    EXPECT_TRUE(PumpUntil([&] { return !p.control->IsDropped(); }));
+    EXPECT_EQ("2010/11/1", p.Date());
+
+    hardware::Click(p.control->m_hWnd, face);
+    ASSERT_TRUE(PumpUntil([&] { return p.control->GetPopup() != nullptr; }));
+    hardware::Click(p.control->m_hWnd, face);
+    EXPECT_TRUE(PumpUntil([&] { return !p.control->IsDropped(); })) << "a click on the button closes it";
+    EXPECT_EQ(nullptr, p.control->GetPopup());
+
+    for (const int opener : {VK_SPACE, VK_F4, VK_DOWN}) {
+        ASSERT_TRUE(hardware::Focus(p.control->m_hWnd));
+        opener == VK_DOWN ? hardware::Key(opener, {VK_MENU}) : hardware::Key(opener);
+        ASSERT_TRUE(PumpUntil([&] { return p.control->GetPopup() != nullptr; })) << opener;
+        EXPECT_TRUE((::SendMessage(p.control->m_hWnd, WM_GETDLGCODE, 0, 0) & DLGC_WANTALLKEYS) != 0);
+        hardware::Key(VK_LEFT);
+        hardware::Key(VK_SPACE);
+        EXPECT_TRUE(PumpUntil([&] { return !p.control->IsDropped(); }));
+    }
+    EXPECT_EQ("2010/8/1", p.Date());
+}
+
+TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
+{
+    const COLORREF kFrame = 0xB99D7F;
+    testsupport::MemoryDc popup(120, 120, 0x123456);
+    const YearMonthLayout layout = CalcYearMonthLayout(CRect(0, 0, 120, 120));
+    YearMonthFonts fonts;
+    PaintYearMonthPopup(&popup.Dc(), {layout, {2010, 4}, {}, false, Day(2010, 1, 15), fonts});
+    testsupport::MemoryDc face(150, 21, 0x123456);
+    PickerFonts faceFonts(kTextFont);
+    PaintPickerFace(&face.Dc(),
+                    {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts});
+    const struct
+    {
+        const char* what;
+        const testsupport::MemoryDc& dc;
+        CRect area; // all of which has the colour
+        COLORREF color;
+    } table[] = {
+        {"popup's left border", popup, CRect(0, 20, 1, 120), kFrame},
+        {"popup's right border", popup, CRect(119, 20, 120, 120), kFrame},
+        {"popup's lower border", popup, CRect(0, 119, 120, 120), kFrame},
+        {"ground", popup, CRect(3, 21, 119, 22), ::GetSysColor(COLOR_WINDOW)},
+        {"header's first colour", popup, CRect(0, 0, 120, 1), 0xD6865A},
+        {"previous year's arrow, tip", popup, CRect(6, 10, 7, 11), kFrame},
+        {"previous year's arrow, foot", popup, CRect(11, 5, 12, 16), kFrame},
+        {"next year's arrow, tip", popup, CRect(110, 10, 111, 11), kFrame},
+        {"next year's arrow, foot", popup, CRect(105, 5, 106, 16), kFrame},
+        {"outline of May's box", popup, CRect(44, 40, 76, 41), 0x5292FF},
+        {"May's box", popup, CRect(43, 41, 77, 43), 0x94D3FF},
+        {"beside May's box", popup, CRect(40, 39, 41, 57), ::GetSysColor(COLOR_WINDOW)},
+        {"separator", popup, CRect(5, 95, 115, 96), kFrame},
+        {"left of the separator", popup, CRect(1, 95, 5, 96), ::GetSysColor(COLOR_WINDOW)},
+        {"right of the separator", popup, CRect(115, 95, 119, 96), ::GetSysColor(COLOR_WINDOW)},
+        {"button's frame", face, CRect(0, 0, 150, 1), kFrame},
+        {"button's face", face, CRect(2, 2, 131, 19), ::GetSysColor(COLOR_BTNFACE)},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(0, row.dc.CountOther(row.area, row.color)) << row.what;
+    }
+}
+
+TEST(YearMonthPickerWindow, DroppingAndPaintingLeaveNoObjectsBehind)
+{
+    Picker p;
+    testsupport::ExpectNothingLeftBy([&] {
+        for (int month = 1; month <= 12; ++month) {
+            p.Drop();
+            p.ClickMonth(month);
+            p.control->UpdateWindow();
+        }
+    });
+}

@@ -1,0 +1,284 @@
+// The planner's window on a real file: input goes into its controls, the saved bytes tell what came of it.
+#include "core/DateMath.h"
+#include "planner/ItemBridge.h"
+#include "planner/PlannerFrame.h"
+#include "planner/resource.h"
+#include "tests/planner/PlannerTesting.h"
+#include "tests/support/Input.h"
+#include "views/daygrid/MonthViewCtrl.h"
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using namespace testsupport;
+using planner::At;
+
+const std::string kFile = planner::Joined(
+    {"BEGIN:VCALENDAR", "X-UNKNOWN;a=b:kept as it is", "BEGIN:VEVENT", "UID:meeting", "DTSTART:20260415T093000",
+     "DTEND:20260415T103000", "SUMMARY:Meeting", "X-ALSO:kept", "END:VEVENT", "BEGIN:VEVENT", "UID:trip",
+     "DTSTART;VALUE=DATE:20260421", "DTEND;VALUE=DATE:20260424", "SUMMARY:Trip", "END:VEVENT", "END:VCALENDAR"});
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+class PlannerWindow : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ::SetCursorPos(::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1); // off the window
+        char folder[MAX_PATH], name[MAX_PATH];
+        ::GetTempPath(MAX_PATH, folder);
+        ::GetTempFileName(folder, "ics", 0, name);
+        m_path = name;
+        std::ofstream(m_path, std::ios::binary) << kFile;
+        CPlannerFrame::Start& start = CPlannerFrame::s_start;
+        start.view = planner::FindView("month");
+        start.day = COleDateTime(2026, 4, 15, 0, 0, 0);
+        m_template = std::make_unique<CSingleDocTemplate>(IDR_MAINFRAME, RUNTIME_CLASS(CPlannerDoc),
+                                                          RUNTIME_CLASS(CPlannerFrame), start.view.row->viewClass);
+        CDocument* document = m_template->OpenDocumentFile(m_path.c_str());
+        ASSERT_TRUE(document);
+        m_document = static_cast<CPlannerDoc*>(document);
+        POSITION first = document->GetFirstViewPosition();
+        m_frame = static_cast<CPlannerFrame*>(document->GetNextView(first)->GetParentFrame());
+        PumpMessages();
+    }
+    void TearDown() override
+    {
+        m_frame->DestroyWindow();
+        PumpMessages();
+        m_template.reset();
+        std::remove(m_path.c_str());
+    }
+
+    CCalendarCtrl& Ctrl() { return *m_frame->Items().Ctrl(); }
+    std::string Bytes() { return m_document->Calendar().Save(); }
+
+    std::string StatusText()
+    {
+        char text[256] = "";
+        m_frame->GetDlgItem(AFX_IDW_STATUS_BAR)->SendMessage(SB_GETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+
+    // The middle of the first piece of the item of that text, client pixels of the control.
+    CPoint PointOf(const char* text)
+    {
+        for (int i = 0; i < Ctrl().GetScreenItems().GetSize(); ++i) {
+            const auto& item = Ctrl().GetScreenItems()[i];
+            if (item.strText == text && item.rcItem.top >= 0) {
+                return item.rcItem.CenterPoint();
+            }
+        }
+        ADD_FAILURE() << text << " is not shown";
+        return CPoint(0, 0);
+    }
+    // Below the items of the cell, where nothing is hit but the day.
+    CPoint CellOf(int day)
+    {
+        CMonthViewCtrl& month = static_cast<CMonthViewCtrl&>(Ctrl());
+        for (int i = 0; i < 42; ++i) {
+            const COleDateTime& date = month.GetCellDate(i).m_date;
+            if (date.GetMonth() == 4 && date.GetDay() == day) {
+                const CRect cell = month.GetCell(i).m_rect;
+                return CPoint(cell.CenterPoint().x, cell.bottom - 12);
+            }
+        }
+        return CPoint(0, 0);
+    }
+    void Key(int key, bool ctrl = false)
+    {
+        const HWND focus = ::GetFocus();
+        ASSERT_TRUE(focus);
+        if (ctrl) {
+            KeyState held({VK_CONTROL});
+            messages::Key(focus, key);
+        } else {
+            messages::Key(focus, key);
+        }
+    }
+    void TypeAndEnter(const std::string& text)
+    {
+        messages::Type(::GetFocus(), text);
+        Key(VK_RETURN);
+    }
+
+    std::string m_path;
+    std::unique_ptr<CSingleDocTemplate> m_template;
+    CPlannerDoc* m_document = nullptr;
+    CPlannerFrame* m_frame = nullptr;
+};
+
+TEST_F(PlannerWindow, MovesRenamesUndoesAndSavesNothingElse)
+{
+    EXPECT_EQ(Bytes(), kFile);
+    messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17));
+    const std::string moved =
+        Replaced(Replaced(kFile, "20260415T093000", "20260417T093000"), "20260415T103000", "20260417T103000");
+    EXPECT_EQ(Bytes(), moved);
+
+    Key(VK_F2); // the moved item has stayed the current one
+    TypeAndEnter("Talk");
+    const std::string renamed = Replaced(moved, "SUMMARY:Meeting", "SUMMARY:Talk");
+    EXPECT_EQ(Bytes(), renamed);
+
+    CString title;
+    m_frame->GetWindowText(title);
+    EXPECT_EQ(title.GetAt(0), '*');
+    Key('S', true);
+    std::ifstream file(m_path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), renamed);
+    m_frame->GetWindowText(title);
+    EXPECT_NE(title.GetAt(0), '*');
+
+    Key('Z', true);
+    EXPECT_EQ(Bytes(), moved);
+    Key('Z', true);
+    EXPECT_EQ(Bytes(), kFile);
+    Key('Y', true);
+    EXPECT_EQ(Bytes(), moved);
+}
+
+TEST_F(PlannerWindow, CtrlMakesACopyAndLeavesTheItemWhereItWas)
+{
+    messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17), MK_CONTROL);
+    EXPECT_EQ(m_document->Calendar().EventCount(), 3u);
+    const auto shown = m_document->Calendar().OccurrencesIn(At("20260415"), At("20260418"));
+    EXPECT_EQ(planner::Shown(shown), "20260415T0930/20260415T1030 20260417T0930/20260417T1030");
+    PointOf("Meeting"); // shown again
+}
+
+TEST_F(PlannerWindow, EnterMakesAnItemOverTheSelectionAndDeleteTakesItAway)
+{
+    messages::Drag(Ctrl(), CellOf(7), CellOf(8));
+    Key(VK_RETURN);
+    TypeAndEnter("New");
+    ASSERT_EQ(planner::Shown(m_document->Calendar().OccurrencesIn(At("20260401"), At("20260414"))),
+              "20260407/20260409*");
+    ASSERT_TRUE(m_frame->Items().Current());
+    EXPECT_EQ(m_frame->Items().Current()->event->summary, "New");
+    Key(VK_DELETE);
+    EXPECT_EQ(Bytes(), kFile);
+
+    Key(VK_INSERT);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Bytes(), kFile);
+}
+
+TEST_F(PlannerWindow, DateAndCurrentItemStayInEveryView)
+{
+    messages::Click(Ctrl(), PointOf("Trip"));
+    const planner::OccurrenceId id = m_frame->Items().Current()->id;
+    const COleDateTime day(2026, 4, 22, 0, 0, 0);
+    const char* const names[] = {"day", "workweek", "week", "3days", "diary", "month2", "year", "month"};
+    m_frame->GoTo(day);
+    ASSERT_TRUE(m_frame->Items().Select(id));
+    for (const char* name : names) {
+        SCOPED_TRACE(name);
+        m_frame->ShowView(planner::FindView(name));
+        PumpMessages();
+        COleDateTime first, last;
+        Ctrl().GetViewRange(first, last);
+        EXPECT_TRUE(dayvane::StartOfDay(first) <= day && last >= day);
+        ASSERT_TRUE(m_frame->Items().Current());
+        EXPECT_TRUE(m_frame->Items().Current()->id == id);
+    }
+    EXPECT_FALSE(planner::FindView("fortnight").row);
+    EXPECT_FALSE(planner::FindView("15days").row);
+}
+
+// A view change ends the edit that is open, and with it nothing is lost.
+TEST_F(PlannerWindow, CommandsMeetWhatWasTyped)
+{
+    messages::Click(Ctrl(), PointOf("Trip"));
+    Key(VK_F2);
+    messages::Type(::GetFocus(), "Journey");
+    m_frame->SendMessage(WM_COMMAND, ID_VIEW_YEAR);
+    EXPECT_EQ(Bytes(), Replaced(kFile, "SUMMARY:Trip", "SUMMARY:Journey"));
+}
+
+TEST_F(PlannerWindow, FollowsTheViewIntoOtherMonths)
+{
+    const auto scroll = [&](WPARAM code, int weeks) { // by the control's own means
+        for (int week = 0; week < weeks; ++week) {
+            Ctrl().SendMessage(WM_VSCROLL, code);
+        }
+        m_frame->Idle();
+    };
+    messages::Click(Ctrl(), PointOf("Trip"));
+    m_frame->Idle();
+    EXPECT_EQ(StatusText(), "2026-04-21 - 2026-04-23   Trip");
+    scroll(SB_LINEDOWN, 4);
+    EXPECT_FALSE(m_frame->Items().Current()) << "the Delete key must not meet what nobody sees";
+    EXPECT_EQ(StatusText(), "");
+    scroll(SB_LINEUP, 4);
+    for (int month = 0; month < 4; ++month) {
+        m_frame->SendMessage(WM_COMMAND, ID_VIEW_PREVIOUS);
+    }
+    EXPECT_EQ(m_frame->Items().CountInView(), 0);
+    scroll(SB_LINEDOWN, 16);
+    EXPECT_EQ(m_frame->Items().CountInView(), 2);
+}
+
+TEST_F(PlannerWindow, EveryToolIsInReachInANarrowWindow)
+{
+    CWnd* bar = m_frame->GetDlgItem(AFX_IDW_TOOLBAR);
+    for (const int width : {1200, 500, 1200}) {
+        m_frame->SetWindowPos(nullptr, 0, 0, width, 500, SWP_NOMOVE | SWP_NOZORDER);
+        CRect all, last;
+        bar->GetClientRect(&all);
+        bar->SendMessage(TB_GETRECT, ID_VIEW_YEAR, reinterpret_cast<LPARAM>(static_cast<RECT*>(&last)));
+        EXPECT_TRUE(last.left >= 0 && last.right <= all.right && last.bottom <= all.bottom) << width;
+        EXPECT_EQ(last.top > last.Height() / 2, width == 500) << "in a second row only where it must be";
+    }
+}
+
+// Letting Alt go before the other key of a command would open the menu bar.
+TEST_F(PlannerWindow, AltOfACommandOpensNoMenu)
+{
+    ASSERT_TRUE(hardware::Focus(Ctrl()));
+    const struct
+    {
+        WORD key;
+        DWORD flags;
+    } strokes[] = {{VK_MENU, 0},
+                   {VK_LEFT, 0},
+                   {VK_MENU, KEYEVENTF_KEYUP},
+                   {VK_LEFT, KEYEVENTF_KEYUP},
+                   {VK_RIGHT, 0},
+                   {VK_RIGHT, KEYEVENTF_KEYUP},
+                   {VK_ESCAPE, 0}, // would close the menu
+                   {VK_ESCAPE, KEYEVENTF_KEYUP}};
+    std::vector<INPUT> inputs;
+    for (const auto& stroke : strokes) { // all at once: an open menu would have a message loop of its own
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = stroke.key;
+        input.ki.dwFlags = stroke.flags | (stroke.key == VK_LEFT || stroke.key == VK_RIGHT ? KEYEVENTF_EXTENDEDKEY : 0);
+        inputs.push_back(input);
+    }
+    ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    PumpMessages();
+    COleDateTime begin, end;
+    Ctrl().GetSelRange(begin, end);
+    EXPECT_EQ(begin, COleDateTime(2026, 3, 16, 0, 0, 0)) << "one month back, then one day on";
+}
+
+TEST_F(PlannerWindow, ANewCalendarIsSavedAsACalendar)
+{
+    m_document->OnNewDocument();
+    EXPECT_EQ(Bytes().substr(0, 15), "BEGIN:VCALENDAR");
+    EXPECT_EQ(m_document->Calendar().EventCount(), 0u);
+}
+
+} // namespace
