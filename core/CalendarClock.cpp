@@ -11,7 +11,7 @@ void SetCalendarClock(COleDateTime (*pfnNow)())
     g_pfnNow = pfnNow;
 }
 
-COleDateTime Now()
+COleDateTime dayvane::Now()
 {
     return g_pfnNow ? g_pfnNow() : COleDateTime::GetCurrentTime();
 }
