@@ -1,5 +1,5 @@
 // CMiniCalendarCtrl: a grid of small month calendars that selects a day or a range of days. What it shares with the
-// calendar of months, notifications and keys among it, is told in pickers/PeriodGridCtrl.h.
+// calendar of months, such as notifications and keys, is described in PeriodGridCtrl.h.
 //
 // A month takes 130 x 130 pixels, the line that names today 20 pixels below all months. Ranges are on at first.
 #pragma once

@@ -1,5 +1,5 @@
 // CMiniCalendarCtrl2: a grid of small year calendars that selects a month, or a range of months when asked to. What it
-// shares with the calendar of days, notifications and keys among it, is told in pickers/PeriodGridCtrl.h.
+// shares with the calendar of days, such as notifications and keys, is described in PeriodGridCtrl.h.
 //
 // A year takes 120 x 100 pixels, the line that names the present month 20 pixels below all years. Ranges are off at
 // first. A year chosen in the popup becomes the first year shown, whichever title opened it.

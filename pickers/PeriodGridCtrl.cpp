@@ -255,7 +255,7 @@ void CPeriodGridCtrl::OpenPopup()
     ClosePopup();
     const size_t index = static_cast<size_t>(m_model.ClickedBlock());
     if (index >= m_layout.blocks.size()) {
-        Cancel(); // whoever lost the capture to this control has laid it out anew
+        Cancel(); // the window that lost the capture has laid this control out again
         return;
     }
     const PeriodBlock& block = m_layout.blocks[index];

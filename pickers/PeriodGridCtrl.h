@@ -14,9 +14,9 @@
 // The parent may do anything while it handles them: change the control, destroy its window, delete the object.
 //
 // Keys: arrows move by cells, Page Up and Down by periods (with Ctrl by twelve months or ten years), Home and End to
-// the ends of the period (with Ctrl of all shown), Shift extends a range where ranges are on, Enter tells NM_DBLCLK,
-// Escape ends a sweep or the popup as if it had not begun. A sweep or popup ends so, too, when mouse or focus are lost,
-// and the popup when the button is let go beside it.
+// the ends of the period (with Ctrl of all shown), Shift extends a range where ranges are on, Enter sends NM_DBLCLK,
+// Escape cancels a sweep or the popup. Losing the mouse capture or the focus cancels them, too, and so does releasing
+// the button outside the popup.
 #pragma once
 
 #include <afxwin.h>
@@ -92,7 +92,7 @@ protected:
     void DrawBackground(CDC* pDC);
     void Redraw();
 
-    // Does what an event has come to; the last step may end the control.
+    // Applies the effects of an event; the last step may end the control.
     void Apply(const dayvane::GridEffects& effects);
     void OpenPopup();
     void ClosePopup();
@@ -145,7 +145,7 @@ struct CPeriodGridCell
 };
 
 // The part of a mini calendar that knows its public records: Record has the fields rcTitle, nRow, nCol, rcCells and
-// arCells (of CPeriodGridCell), and SetPeriod writes what else it tells of its period.
+// arCells (of CPeriodGridCell), and SetPeriod writes the fields that name its period.
 template <class Record>
 class CPeriodGridOf : public CPeriodGridCtrl
 {

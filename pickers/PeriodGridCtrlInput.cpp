@@ -1,5 +1,5 @@
-// What mouse, keyboard, focus and timer bring to a mini calendar: each message becomes an event of the model, whose
-// effects are applied.
+// Mouse, keyboard, focus and timer messages of a mini calendar: each becomes an event of the model, whose effects are
+// applied.
 #include "pickers/PeriodGridCtrl.h"
 
 #include "core/CalendarClock.h"

@@ -223,7 +223,7 @@ GridEffects PeriodGridModel::Key(PickerKey key, bool shift, bool control, const 
         return Cancel();
     }
     if (m_mode != Mode::Idle) {
-        return Handled(); // the mouse has the word
+        return Handled(); // ignored while the mouse is selecting
     }
     if (key != PickerKey::Enter) {
         return MoveCaret(key, shift && m_sweeps, control, now);

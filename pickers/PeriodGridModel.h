@@ -9,7 +9,7 @@ namespace dayvane {
 
 struct GridEffects
 {
-    bool handled = false; // the event meant something; a key that was not handled may serve somebody else
+    bool handled = false; // FALSE for a key that means nothing here and may be passed on
     bool closePopup = false;
     bool releaseCapture = false;
     bool layout = false;
@@ -69,11 +69,11 @@ public:
     // ---- Acts of the user. A date is the cell's under the pointer, invalid when there is none.
     GridEffects Press(const GridHit& hit, const COleDateTime& cellDate, const COleDateTime& now);
     GridEffects PointAt(const COleDateTime& cellDate);
-    // The button was let go; chosenPeriod is the popup's choice and counts while it is open.
+    // The button was released; chosenPeriod is the popup's choice and counts while it is open.
     GridEffects Release(int chosenPeriod);
     GridEffects DoubleClick(const COleDateTime& cellDate);
     GridEffects Key(PickerKey key, bool shift, bool control, const COleDateTime& now);
-    // Ends a sweep or the popup without a trace: lost capture or focus, Escape, the window's end.
+    // Ends a sweep or the popup and restores what was before: lost capture or focus, Escape, the window's end.
     GridEffects Cancel();
     // Shows the previous (-1) or next (1) period.
     GridEffects Page(int direction);

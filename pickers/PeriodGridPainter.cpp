@@ -16,7 +16,7 @@ struct GridPaintMetrics // pixels
     int lineInset;    // of the separators from the sides
     int weekdayGap;   // from the weekday names' box to the line below them
     SIZE cellInset;   // of selection and frames within a month's cell
-    int hotInset;     // of the shade behind a hot title or arrow
+    int hotInset;     // of the shade under a hot title or arrow
 };
 constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1};
 } // namespace

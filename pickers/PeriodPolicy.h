@@ -1,5 +1,5 @@
-// What tells the two mini calendars apart, as data: a grid of periods (months or years), each a title over its cells
-// (days or months). Everything else about them is one engine.
+// The differences between the two mini calendars, as data: a grid of periods (months or years), each a title over its
+// cells (days or months). Everything else about them is one engine.
 #pragma once
 
 #include <afxdisp.h>
@@ -14,7 +14,7 @@ enum class CellUnit
     Month
 };
 
-// Sizes in pixels. They do not follow the screen's resolution, as a host reckons with the fixed size of a block.
+// Sizes in pixels. They do not follow the screen's resolution, because hosts compute with the fixed size of a block.
 struct PeriodMetrics
 {
     SIZE block;        // one period with its title

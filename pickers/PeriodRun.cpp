@@ -6,7 +6,7 @@ namespace dayvane {
 namespace {
 constexpr int kThousandths = 1000;
 
-// Moves the interval [start, start + length) into [low, high); its start has the last word.
+// Moves the interval [start, start + length) into [low, high); when it is too long, its start is kept inside.
 int PushInto(int start, int length, int low, int high)
 {
     return std::max(std::min(start, high - length), low);

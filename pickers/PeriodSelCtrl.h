@@ -21,7 +21,8 @@ public:
     void PointAt(CPoint ptScreen);
     // One interval of dayvane::kRunInterval milliseconds has passed.
     void Tick();
-    // FALSE while the pointer is outside, on an empty row, or the window is gone: letting go there changes nothing.
+    // FALSE while the pointer is outside, on an empty row, or the window is gone: releasing the button then changes
+    // nothing.
     BOOL HasChoice() const { return m_hWnd && m_run.HasChoice(); }
     // The period under the pointer; the given one while there is no choice.
     int GetPeriod() const { return m_run.Chosen(); }

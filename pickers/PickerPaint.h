@@ -22,7 +22,7 @@ struct PickerPalette
     COLORREF bandFrom = 0xD6865A; // title bands, from the top
     COLORREF bandTo = 0x9C3408;   // to the bottom
     COLORREF bandText = 0xFFFFFF;
-    COLORREF bandHot = 0xE8B48C; // behind a hot arrow or title
+    COLORREF bandHot = 0xE8B48C; // ground of a hot arrow or title
     COLORREF bandPressed = 0x6B2405;
     COLORREF selected = 0x94D3FF;
     COLORREF selectedFrame = 0x5292FF;

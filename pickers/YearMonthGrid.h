@@ -87,7 +87,7 @@ YearMonth MoveYearMonth(YearMonth from, PickerKey key);
 // Whether picking `to` changes a picker that holds `from`: another status, or both valid and not the same moment.
 bool IsDateChange(const COleDateTime& from, const COleDateTime& to);
 
-// What the system tells about its look, pixels.
+// Sizes from the system's settings, pixels.
 struct PickerSystemMetrics
 {
     int edgeWidth;   // SM_CXEDGE

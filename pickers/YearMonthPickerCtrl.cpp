@@ -107,7 +107,7 @@ BOOL CYearMonthPickerCtrl::OnClicked()
     OpenPopup();
     if (alive) {
         Invalidate(FALSE);
-        Tell(YMN_DROPDOWN, static_cast<WPARAM>(fields.year * kPackedPerYear + fields.month));
+        Report(YMN_DROPDOWN, static_cast<WPARAM>(fields.year * kPackedPerYear + fields.month));
     }
     return TRUE;
 }
@@ -141,13 +141,13 @@ LRESULT CYearMonthPickerCtrl::OnSelEndOK(WPARAM wParam, LPARAM)
 {
     const WindowAlive alive(this, m_life);
     m_bDropped = FALSE;
-    Tell(YMN_CLOSEUP, wParam);
+    Report(YMN_CLOSEUP, wParam);
     if (alive) {
-        Tell(YMN_SELENDOK, wParam);
+        Report(YMN_SELENDOK, wParam);
     }
     const COleDateTime picked = DateOfPacked(static_cast<int>(wParam));
     if (alive && IsDateChange(m_dtCurrent, picked)) {
-        Tell(YMN_DATECHANGE, wParam);
+        Report(YMN_DATECHANGE, wParam);
     }
     if (alive) {
         m_dtCurrent = picked;
@@ -161,14 +161,14 @@ LRESULT CYearMonthPickerCtrl::OnSelEndCancel(WPARAM wParam, LPARAM)
     const WindowAlive alive(this, m_life);
     m_bDropped = FALSE;
     Invalidate(FALSE);
-    Tell(YMN_CLOSEUP, wParam);
+    Report(YMN_CLOSEUP, wParam);
     if (alive) {
-        Tell(YMN_SELENDCANCEL, wParam);
+        Report(YMN_SELENDCANCEL, wParam);
     }
     return kHandled;
 }
 
-void CYearMonthPickerCtrl::Tell(UINT nMessage, WPARAM wParam)
+void CYearMonthPickerCtrl::Report(UINT nMessage, WPARAM wParam)
 {
     if (m_hWndParent) {
         ::SendMessage(m_hWndParent, nMessage, wParam, GetDlgCtrlID());
@@ -184,7 +184,7 @@ void CYearMonthPickerCtrl::OnPaint()
     CRect client;
     GetClientRect(&client);
     memory.FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
-    // The system's button painting has the parent hand WM_DRAWITEM back to DrawItem.
+    // The system's button painting sends WM_DRAWITEM to the parent, which reflects it to DrawItem.
     DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(memory.m_hDC), 0);
 }
 

@@ -1,5 +1,5 @@
 // CYearMonthPickerCtrl: a push button that shows a year and a month and drops a popup in which another is picked. It
-// is an owner-drawn button of any dialog or window; the messages to its parent are told in YearMonthMessages.h.
+// is an owner-drawn button of any dialog or window; YearMonthMessages.h lists the messages to its parent.
 //
 // Click, Space, F4, Alt+Down and Alt+Up drop the popup; while it is open F4, Alt+Down, Alt+Up and Escape close it,
 // arrows, Page Up and Down, Home and End move in it, Enter and Space pick. The picker keeps the focus; losing it
@@ -49,7 +49,7 @@ protected:
     friend class CYearMonthPopup;
     void OnPopupGone(CYearMonthPopup* pPopup, BOOL bOpened);
     // The picker may be gone afterwards.
-    void Tell(UINT nMessage, WPARAM wParam);
+    void Report(UINT nMessage, WPARAM wParam);
     void OpenPopup();
     // F4, and up and down with Alt, drop the popup and take it back.
     void ToggleDrop();

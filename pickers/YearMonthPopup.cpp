@@ -87,7 +87,7 @@ void CYearMonthPopup::Finish(UINT nMessage, WPARAM wParam)
     if (!alive) {
         return;
     }
-    // From here on neither knows the other: the parent may end or drop the picker while it is told.
+    // From here on popup and picker are separate: the parent may end or drop the picker in its handler.
     CYearMonthPickerCtrl* pPicker = m_pPicker;
     m_pPicker = nullptr;
     if (pPicker) {

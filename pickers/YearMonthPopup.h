@@ -4,7 +4,7 @@
 // It lives from the click that drops it to its finishing message: it holds the mouse capture, a click on a month or the
 // line below picks, a click elsewhere (but on the arrows) cancels. The picker keeps the keyboard focus and hands keys
 // on. Losing the capture, the picker losing the focus, or leaving the application cancels, too. When its window is
-// destroyed from outside nothing is told. The object frees itself when its window is gone.
+// destroyed from outside no message is sent. The object frees itself when its window is gone.
 #pragma once
 
 #include <afxwin.h>
@@ -34,7 +34,7 @@ public:
     // popup. FALSE: another key.
     BOOL HandleKey(UINT nChar);
     void Cancel();
-    // The picker goes away: the popup goes without a word.
+    // The picker ends: the popup closes without a message.
     void Abandon();
 
 protected:
@@ -56,12 +56,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     dayvane::YearMonth m_selected;
-    CYearMonthPickerCtrl* m_pPicker; // nullptr once it wants to hear no more
+    CYearMonthPickerCtrl* m_pPicker; // nullptr once it must not be notified any more
     dayvane::YearMonthLayout m_layout;
     dayvane::YearMonthHit m_hot;
     BOOL m_bPressed = FALSE;
     BOOL m_bOpened = FALSE;   // the window has come up
-    BOOL m_bFinished = FALSE; // the picker has been told, or needs not be
+    BOOL m_bFinished = FALSE; // the picker has been notified, or must not be
     dayvane::YearMonthFonts m_fonts;
     dayvane::WindowLife m_life;
 };

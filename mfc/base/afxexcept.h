@@ -1,5 +1,5 @@
-// Exceptions. They are thrown as pointers; whoever catches one for good calls Delete() on it. The kinds that tell of
-// exhausted resources or of wrong use are static objects: throwing them takes no memory and Delete() leaves them alone.
+// Exceptions. They are thrown as pointers; whoever catches one for good calls Delete() on it. The kinds that report
+// exhausted resources or wrong use are static objects: throwing them takes no memory and Delete() leaves them alone.
 #pragma once
 
 #include <afxobject.h>

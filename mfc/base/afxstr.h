@@ -3,7 +3,7 @@
 // A CString is one pointer wide and points at the first character of a zero-terminated, reference counted block;
 // copies share the block until one of them is written to (the count is atomic). Lengths and indices count bytes.
 // Operations that look for a character never mistake the second byte of a code page 932 pair for one; operations that
-// cut by position (Left, Mid, Delete, ...) cut where they are told. Upper and lower case concern ASCII letters only.
+// cut by position (Left, Mid, Delete, ...) cut at exactly that byte. Upper and lower case concern ASCII letters only.
 // Lack of memory raises CMemoryException and leaves the text as it was.
 #pragma once
 
@@ -75,7 +75,7 @@ public:
     int ReverseFind(TCHAR ch) const;
     int FindOneOf(LPCTSTR characters) const;
 
-    // The next run of characters that are no delimiters, from start on; start moves behind it, and becomes -1
+    // The next run of characters that are no delimiters, from start on; start moves past it, and becomes -1
     // (with the empty text returned) when there is none.
     CString Tokenize(LPCTSTR delimiters, int& start) const;
 

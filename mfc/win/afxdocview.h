@@ -47,12 +47,12 @@ public:
     // Life of the contents
     virtual void DeleteContents() {}
     virtual BOOL OnNewDocument();
-    // Read and write the file through Serialize. FALSE, after telling the user, when that fails.
+    // Read and write the file through Serialize. FALSE when that fails; the user has been shown a message.
     virtual BOOL OnOpenDocument(LPCTSTR lpszPathName);
     virtual BOOL OnSaveDocument(LPCTSTR lpszPathName);
     virtual void OnCloseDocument();
     virtual BOOL CanCloseFrame(CFrameWnd* pFrame);
-    // Asks whether to save changes. FALSE: the user thought better of what was to happen.
+    // Asks whether to save changes. FALSE: the user has cancelled.
     virtual BOOL SaveModified();
     // Without a path the user is asked for one.
     virtual BOOL DoSave(LPCTSTR lpszPathName, BOOL bReplace = TRUE);

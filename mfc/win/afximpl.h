@@ -96,7 +96,7 @@ public:
     ~AfxCreationHook();
     AfxCreationHook(const AfxCreationHook&) = delete;
     AfxCreationHook& operator=(const AfxCreationHook&) = delete;
-    // Whether no window has come, so that nobody will ever tell the object that its window is gone.
+    // Whether no window was created, so that no WM_NCDESTROY will ever reach the object.
     bool Waiting() const { return AfxState().pWndInit == m_pWnd; }
 
 private:

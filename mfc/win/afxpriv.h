@@ -9,5 +9,5 @@
 struct AFX_SIZEPARENTPARAMS
 {
     RECT rect;   // what is left of the parent's client area
-    BOOL bPlace; // FALSE: only reckon
+    BOOL bPlace; // FALSE: only compute
 };

@@ -6,7 +6,7 @@ class CCmdTarget : public CObject
     DECLARE_DYNAMIC(CCmdTarget)
 public:
     // Routes one command or notification: finds the handler in the target's message map and calls it, or, with
-    // pHandlerInfo, only tells which it is. nCode is MAKELONG(code, message); a message of 0 means WM_COMMAND.
+    // pHandlerInfo, only names it. nCode is MAKELONG(code, message); a message of 0 means WM_COMMAND.
     // pExtra is an AFX_NOTIFY for WM_NOTIFY and a CCmdUI for CN_UPDATE_COMMAND_UI. FALSE: nobody took it.
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
 

@@ -107,7 +107,7 @@ CDocument* CSingleDocTemplate::OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMake
     const bool created = !pDocument;
     if (!created) {
         if (!pDocument->SaveModified()) {
-            return nullptr; // the user thought better of it
+            return nullptr; // the user has cancelled
         }
         POSITION position = pDocument->GetFirstViewPosition();
         CView* pView = position ? pDocument->GetNextView(position) : nullptr;

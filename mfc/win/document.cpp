@@ -173,7 +173,7 @@ void LoadFile(LPCTSTR path, CMemFile& file)
     file.SeekToBegin();
 }
 
-// Writes a new file beside the old one and lets it take its place, so that a failure leaves the old one whole.
+// Writes a new file beside the old one and replaces it, so that a failure leaves the old one whole.
 void StoreFile(LPCTSTR path, CMemFile& file)
 {
     const CString fresh = CString(path) + ".new";

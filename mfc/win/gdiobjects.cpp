@@ -1,4 +1,4 @@
-// Pens, brushes, fonts, bitmaps, regions: what owns a handle and what is only lent one.
+// Pens, brushes, fonts, bitmaps, regions: objects that own a handle, and temporary ones that do not.
 #include "afximpl.h"
 
 IMPLEMENT_DYNCREATE(CGdiObject, CObject)
@@ -11,7 +11,7 @@ IMPLEMENT_DYNAMIC(CRgn, CGdiObject)
 
 namespace {
 
-// A handle tells the type of what it stands for, and keeps it when it is given away anew.
+// The type of an object is part of its handle, also when the system gives the same index away again.
 std::unique_ptr<CGdiObject> MakeForType(HGDIOBJ hObject)
 {
     switch (::GetObjectType(hObject)) {

@@ -129,7 +129,7 @@ BOOL CView::PrintPages(CDC* pDC, CPrintInfo* pInfo)
     const UINT last = std::clamp(pInfo->GetToPage(), pInfo->GetMinPage(), pInfo->GetMaxPage());
     const int step = last >= first ? 1 : -1;
     for (pInfo->m_nCurPage = first;; pInfo->m_nCurPage += static_cast<UINT>(step)) {
-        // The first call tells whether there is such a page; starting the page forgets what it set.
+        // The first call finds out whether there is such a page; starting the page resets what it set.
         OnPrepareDC(pDC, pInfo);
         if (!pInfo->m_bContinuePrinting) {
             return TRUE;

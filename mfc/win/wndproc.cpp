@@ -70,7 +70,7 @@ bool IsInputMethodWindow(HWND hWnd)
 
 } // namespace
 
-// The system tells of a window before it sends it the first message.
+// The hook runs before the window gets its first message.
 class AfxCreation
 {
 public:
@@ -202,7 +202,7 @@ LRESULT AfxReportException(CException* e, const MSG& msg)
 
 LRESULT CWinThread::ProcessWndProcException(CException* e, const MSG* pMsg)
 {
-    // A box would be painted over and asked for again; a failed creation is the creator's to tell of.
+    // A box would be painted over and asked for again; a failed creation is reported by the caller of CreateEx.
     const bool silent = pMsg->message == WM_PAINT || pMsg->message == WM_CREATE || pMsg->message == WM_NCCREATE;
     if (silent || e->IsKindOf(RUNTIME_CLASS(CUserException))) {
         LogException(e, *pMsg);

@@ -1,4 +1,4 @@
-// What is stored comes back, what is damaged is told; and the objects and exceptions that this rests on.
+// What is stored comes back, damaged input is reported; and the objects and exceptions that archives need.
 #include "BaseTesting.h"
 
 #include <afxcoll.h>

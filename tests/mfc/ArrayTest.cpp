@@ -123,7 +123,7 @@ TEST(Array, RefusesWhatLiesOutside)
     EXPECT_EQ(array.GetSize(), 3);
 }
 
-// Counts the living, and fails to be made when told to.
+// Counts its objects; its constructor can be made to fail.
 struct Counted
 {
     static inline int living = 0;

@@ -47,7 +47,7 @@ private:
     alignas(4) std::vector<WORD> m_words;
 };
 
-// Keeps the Escape key to itself when told so, as an edit box inside a control does.
+// Keeps the Escape key to itself when asked to, as an edit box inside a control does.
 class KeyEdit : public CEdit
 {
 public:

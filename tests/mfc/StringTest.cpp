@@ -168,7 +168,7 @@ TEST(String, NeverTakesASecondByteForACharacter)
     EXPECT_STREQ(CString(" \t表 ").Trim(), "表");
     int start = 0;
     EXPECT_STREQ(text.Tokenize("|\\", start), "アポ表");
-    EXPECT_EQ(start, 7) << "behind the delimiter";
+    EXPECT_EQ(start, 7) << "past the delimiter";
     EXPECT_STREQ(text.Tokenize("|\\", start), "A");
     EXPECT_STREQ(text.Tokenize("|\\", start), "");
     EXPECT_EQ(start, -1);

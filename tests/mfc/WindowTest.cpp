@@ -286,7 +286,7 @@ TEST_F(WindowTest, HandlerMayDeleteTheObjectAndDecline)
             }
             return CWnd::OnWndMsg(message, wParam, lParam, pResult);
         }
-        // Reached through a deleted object, this would be told.
+        // Called on a deleted object, this fails the test.
         LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
         {
             EXPECT_NE(message, static_cast<UINT>(WM_MOUSEWHEEL));
@@ -437,7 +437,7 @@ TEST_F(WindowTest, OffersAMessageFromTheWindowUp)
     EXPECT_EQ(log, (Log{"child", "parent", "child", "parent", "child"}));
     log.clear();
     child.m_takes = false;
-    EXPECT_FALSE(CWnd::WalkPreTranslateTree(child.m_hWnd, &msg)) << "and no further than told";
+    EXPECT_FALSE(CWnd::WalkPreTranslateTree(child.m_hWnd, &msg)) << "up to the given window only";
     EXPECT_EQ(log, Log{"child"});
     child.PostMessage(UserMessage);
     EXPECT_TRUE(AfxPumpMessage());

@@ -107,7 +107,7 @@ TEST(MiniCalendarWindow, WorksWithoutAWindowToo)
     EXPECT_TRUE(years.ThisMonthHitTest(CPoint(60, 110)));
 }
 
-TEST(MiniCalendarWindow, APressOrASweepTellsTheSelection)
+TEST(MiniCalendarWindow, APressOrASweepReportsTheSelection)
 {
     Days s;
     s.Press(s.At(Day(2010, 1, 10)));
@@ -115,42 +115,42 @@ TEST(MiniCalendarWindow, APressOrASweepTellsTheSelection)
     EXPECT_EQ(s.control->m_hWnd, ::GetFocus());
     s.Move(s.At(Day(2010, 1, 20)));
     s.Move(s.At(Day(2010, 1, 8)));
-    EXPECT_EQ(Told{}, s.parent.Take());
+    EXPECT_EQ(Reports{}, s.parent.Take());
     s.Release(s.At(Day(2010, 1, 8)));
-    EXPECT_EQ(Told{"MCN_SELECT 2010/1/8 - 2010/1/10"}, s.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/1/8 - 2010/1/10"}, s.parent.Take());
     EXPECT_EQ(nullptr, ::GetCapture());
     EXPECT_EQ(1, s.control->IsSelected(Day(2010, 1, 9)));
 
     s.control->SetRangeSelect(FALSE);
     s.Press(s.At(Day(2010, 1, 3)));
-    EXPECT_EQ(Told{"MCN_SELECT 2010/1/3 - 2010/1/3"}, s.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/1/3 - 2010/1/3"}, s.parent.Take());
     s.Release(s.At(Day(2010, 1, 4)));
     s.DoubleClick(s.At(Day(2010, 1, 5)));
-    EXPECT_EQ(Told{"NM_DBLCLK"}, s.parent.Take());
+    EXPECT_EQ(Reports{"NM_DBLCLK"}, s.parent.Take());
     s.control->MoveLeft(1);
     messages::Click(s.control->m_hWnd, s.Footer());
-    EXPECT_EQ(Told{"MCN_SELECT 2010/1/15+9h - 2010/1/15+9h"}, s.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/1/15+9h - 2010/1/15+9h"}, s.parent.Take());
     EXPECT_EQ("2010/1/1", s.Shown());
     s.control->Unselect();
     s.control->FireNotifyClick();
-    EXPECT_EQ(Told{"MCN_SELECT none - none"}, s.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT none - none"}, s.parent.Take());
 
     messages::Click(s.control->m_hWnd, s.Arrow(true));
     s.DoubleClick(s.Arrow(true));
     EXPECT_EQ("2009/11/1", s.Shown()) << "fast clicks page on";
     messages::Click(s.control->m_hWnd, s.Arrow(false));
     EXPECT_EQ("2009/12/1", s.Shown());
-    EXPECT_EQ(Told{}, s.parent.Take());
+    EXPECT_EQ(Reports{}, s.parent.Take());
 
     Months m;
     m.Press(m.At(Day(2010, 4, 1)));
-    EXPECT_EQ(Told{"MCN_SELECT 2010/4/1 - 2010/4/1"}, m.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/4/1 - 2010/4/1"}, m.parent.Take());
     m.Release(m.At(Day(2010, 4, 1)));
     m.control->SetRangeSelect(TRUE);
     m.Press(m.At(Day(2010, 4, 1)));
     m.Move(m.At(Day(2010, 2, 1)));
     m.Release(m.At(Day(2010, 2, 1)));
-    EXPECT_EQ(Told{"MCN_SELECT 2010/2/1 - 2010/4/1"}, m.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/2/1 - 2010/4/1"}, m.parent.Take());
 }
 
 TEST(MiniCalendarWindow, TheMonthChosenInThePopupComesToTheClickedTitle)
@@ -170,7 +170,7 @@ TEST(MiniCalendarWindow, TheMonthChosenInThePopupComesToTheClickedTitle)
     EXPECT_EQ(nullptr, s.control->GetPopup());
     EXPECT_EQ(nullptr, ::GetCapture());
     EXPECT_FALSE(::KillTimer(s.control->m_hWnd, 1001)) << "the timer is gone";
-    EXPECT_EQ(Told{}, s.parent.Take());
+    EXPECT_EQ(Reports{}, s.parent.Take());
 
     Months m(1, 2);
     m.Press(m.Title(1));
@@ -187,7 +187,7 @@ TEST(MiniCalendarWindow, ThePopupRunsOnItsTimerAndReleasingOutsideKeepsTheMonth)
     s.Press(s.Title(0));
     const int given = s.control->GetPopup()->GetGivenPeriod();
     const CPoint below = s.Title(0) + CSize(0, 250);
-    hardware::Move(s.control->m_hWnd, below); // the system, too, tells of its pointer
+    hardware::Move(s.control->m_hWnd, below); // the system also sends moves of its own pointer
     EXPECT_TRUE(PumpUntil([&] { return s.control->GetPopup()->GetPeriodRect(given).IsRectEmpty(); }));
     s.Release(below);
     EXPECT_EQ("2010/1/1", s.Shown());
@@ -199,7 +199,7 @@ TEST(MiniCalendarWindow, ThePopupRunsOnItsTimerAndReleasingOutsideKeepsTheMonth)
     EXPECT_EQ("2009/5/1", s.Shown());
 }
 
-TEST(MiniCalendarWindow, WhatCanBreakInLeavesNothingBehind)
+TEST(MiniCalendarWindow, InterruptionsRestoreTheSelection)
 {
     typedef std::function<void(Days&)> Break;
     const struct
@@ -251,7 +251,7 @@ TEST(MiniCalendarWindow, WhatCanBreakInLeavesNothingBehind)
             }
             ::ReleaseCapture();
             PumpMessages();
-            EXPECT_EQ(Told{}, s.parent.Take()) << row.what;
+            EXPECT_EQ(Reports{}, s.parent.Take()) << row.what;
         }
     }
 }
@@ -286,8 +286,8 @@ TEST(MiniCalendarWindow, RealKeysMoveTheSelection)
     hardware::Key(VK_DOWN, {VK_SHIFT});
     hardware::Key(VK_NEXT);
     hardware::Key(VK_RETURN);
-    EXPECT_EQ((Told{"MCN_SELECT 2010/1/16 - 2010/1/16", "MCN_SELECT 2010/1/16 - 2010/1/23",
-                    "MCN_SELECT 2010/2/23 - 2010/2/23", "NM_DBLCLK"}),
+    EXPECT_EQ((Reports{"MCN_SELECT 2010/1/16 - 2010/1/16", "MCN_SELECT 2010/1/16 - 2010/1/23",
+                       "MCN_SELECT 2010/2/23 - 2010/2/23", "NM_DBLCLK"}),
               s.parent.Take());
     const LRESULT code = ::SendMessage(s.control->m_hWnd, WM_GETDLGCODE, 0, 0);
     EXPECT_EQ(DLGC_WANTARROWS, code);
@@ -306,7 +306,7 @@ TEST(MiniCalendarWindow, RealMouseSweepsAndRunsThroughThePopup)
     Days s(1, 2);
     hardware::Drag(s.control->m_hWnd, s.At(Day(2010, 1, 25)), s.At(Day(2010, 2, 4)));
     EXPECT_TRUE(PumpUntil([&] { return ::GetCapture() == nullptr; }));
-    EXPECT_EQ(Told{"MCN_SELECT 2010/1/25 - 2010/2/4"}, s.parent.Take());
+    EXPECT_EQ(Reports{"MCN_SELECT 2010/1/25 - 2010/2/4"}, s.parent.Take());
 
     hardware::Move(s.control->m_hWnd, s.Title(1));
     hardware::LeftDown();

@@ -36,7 +36,7 @@ TEST(PeriodGridFit, CountsWholeBlocksAboveTheFooterAndAtLeastOne)
     }
 }
 
-// Which part lies at a pixel, reckoned from the fixed sizes alone: titles of 20 pixels, arrows of 18, a footer of 20.
+// Which part lies at a pixel, computed from the fixed sizes alone: titles of 20 pixels, arrows of 18, a footer of 20.
 TEST(PeriodGridHit, EveryPixelFollowsTheRule)
 {
     const struct

@@ -46,7 +46,7 @@ struct Script
 };
 } // namespace
 
-TEST(PeriodGridModelTest, ASweepSelectsEitherWayAndTellsOnceAtItsEnd)
+TEST(PeriodGridModelTest, ASweepSelectsEitherWayAndReportsOnceAtItsEnd)
 {
     Script s(kMonthPolicy);
     EXPECT_EQ("none-none", s.Selection());

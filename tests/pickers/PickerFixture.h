@@ -1,4 +1,5 @@
-// What the window tests of the date selectors share: a clock that stands still and a parent whose log reads shortly.
+// What the window tests of the date selectors share: a clock that stands still and a parent whose log is made of short
+// texts.
 #pragma once
 
 #include "core/CalendarClock.h"
@@ -7,7 +8,7 @@
 #include "tests/support/Input.h"
 #include "tests/support/RecordingParent.h"
 
-typedef std::vector<std::string> Told;
+typedef std::vector<std::string> Reports;
 
 namespace messages = testsupport::messages;
 namespace hardware = testsupport::hardware;
@@ -24,15 +25,15 @@ public:
         SetCalendarClock([] { return Day(2010, 1, 15, 9); });
         Create(600, 500);
         SetForegroundWindow();
-        ::SetCursorPos(2, 2); // away from the selectors, whose captured mouse would hear of it
+        ::SetCursorPos(2, 2); // away from the selectors, which would get its moves while they hold the capture
         PumpMessages();
     }
     ~PickerParent() override { SetCalendarClock(nullptr); }
 
-    // What has been told since the last call: "MCN_SELECT 2010/1/8 - 2010/1/10", "YMN_CLOSEUP 201005".
-    Told Take()
+    // The notifications since the last call: "MCN_SELECT 2010/1/8 - 2010/1/10", "YMN_CLOSEUP 201005".
+    Reports Take()
     {
-        Told log;
+        Reports log;
         for (const testsupport::Notification& entry : Log()) {
             log.push_back(entry.Name());
             const bool isMessage = entry.record == testsupport::Notification::Record::Message;

@@ -85,7 +85,7 @@ TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
 {
     Picker p;
     CYearMonthPopup& popup = p.Drop();
-    EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+    EXPECT_EQ(Reports{"YMN_DROPDOWN 201005"}, p.parent.Take());
     EXPECT_TRUE(p.control->IsDropped());
     CRect rect, button;
     popup.GetWindowRect(&rect);
@@ -100,10 +100,10 @@ TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
     EXPECT_EQ(p.parent.m_hWnd, ::GetActiveWindow());
     EXPECT_TRUE(p.control->OnClicked()) << "a second click while it is open";
     EXPECT_EQ(&popup, p.control->GetPopup());
-    EXPECT_EQ(Told{}, p.parent.Take());
+    EXPECT_EQ(Reports{}, p.parent.Take());
 }
 
-TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
+TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
 {
     constexpr int kCancelled = 0;
     constexpr int kSilent = -1;
@@ -124,7 +124,7 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
              p.ClickPopup(layout(p).nextYear.CenterPoint());
              p.ClickPopup(layout(p).nextYear.CenterPoint());
              EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
-             EXPECT_EQ(Told{}, p.parent.Take()) << "the arrows tell nothing";
+             EXPECT_EQ(Reports{}, p.parent.Take()) << "the arrows send nothing";
              p.ClickMonth(5);
          },
          201105},
@@ -160,7 +160,7 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
         p.parent.Take();
         row.act(p);
         const std::string month = " " + std::to_string(row.picked);
-        Told expected;
+        Reports expected;
         if (row.picked != kSilent) {
             expected = {"YMN_CLOSEUP" + month, (row.picked > 0 ? "YMN_SELENDOK" : "YMN_SELENDCANCEL") + month};
         }
@@ -177,7 +177,7 @@ TEST(YearMonthPickerWindow, TellsEachWayToFinishInOrder)
     }
 }
 
-TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
+TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupClosesWithoutAMessage)
 {
     typedef std::function<void(Picker&)> Act;
     const Act ends[] = {
@@ -192,7 +192,7 @@ TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupGoesWithoutAWord)
         const HWND popup = p.control->GetPopup()->m_hWnd;
         end(p);
         EXPECT_FALSE(::IsWindow(popup));
-        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+        EXPECT_EQ(Reports{"YMN_DROPDOWN 201005"}, p.parent.Take());
     }
 }
 
@@ -206,7 +206,7 @@ TEST(YearMonthPickerWindow, WithoutAPopupItStaysDroppedAndTheNextClickTriesAgain
         ::UnhookWindowsHookEx(refusal);
         EXPECT_EQ(nullptr, p.control->GetPopup());
         EXPECT_TRUE(p.control->IsDropped());
-        EXPECT_EQ(Told{"YMN_DROPDOWN 201005"}, p.parent.Take());
+        EXPECT_EQ(Reports{"YMN_DROPDOWN 201005"}, p.parent.Take());
         p.Drop();
         p.ClickMonth(5);
         EXPECT_FALSE(p.control->IsDropped());
@@ -220,7 +220,7 @@ TEST(YearMonthPickerWindow, KeepsATimeOfDayUntilTheNextPick)
     EXPECT_EQ("2010/5/17+8h", p.Date());
     p.Drop();
     p.ClickMonth(5);
-    EXPECT_EQ((Told{"YMN_DROPDOWN 201005", "YMN_CLOSEUP 201005", "YMN_SELENDOK 201005", "YMN_DATECHANGE 201005"}),
+    EXPECT_EQ((Reports{"YMN_DROPDOWN 201005", "YMN_CLOSEUP 201005", "YMN_SELENDOK 201005", "YMN_DATECHANGE 201005"}),
               p.parent.Take());
     EXPECT_EQ("2010/5/1", p.Date());
     p.control->SetCurrentDate(NoDate());
@@ -239,7 +239,7 @@ TEST(YearMonthPickerWindow, TheHostMayDoAnythingInAMessage)
             if (message > 1) {
                 p.ClickMonth(8);
             }
-            // Losing the focus in the first one, the picker tells that its popup closes; then, and later, no word more.
+            // Losing the focus in the first one, the picker reports that its popup closes; nothing follows.
             EXPECT_EQ(message == 1 ? 3u : static_cast<size_t>(message), p.parent.Take().size());
             EXPECT_EQ(nullptr, ::GetCapture());
         }
