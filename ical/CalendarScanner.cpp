@@ -7,18 +7,18 @@
 #include <map>
 #include <optional>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // The components that stand side by side in a VCALENDAR: none of them holds another.
-constexpr std::string_view SiblingKinds[] = {"VEVENT", "VTODO", "VJOURNAL", "VFREEBUSY", "VTIMEZONE"};
+constexpr std::string_view kSiblingKinds[] = {"VEVENT", "VTODO", "VJOURNAL", "VFREEBUSY", "VTIMEZONE"};
 
 bool IsSiblingKind(std::string_view kind)
 {
-    return std::find(std::begin(SiblingKinds), std::end(SiblingKinds), kind) != std::end(SiblingKinds);
+    return std::find(std::begin(kSiblingKinds), std::end(kSiblingKinds), kind) != std::end(kSiblingKinds);
 }
 
 class Scanner
@@ -28,7 +28,7 @@ public:
 
     CalendarScan Run()
     {
-        m_at = m_text.substr(0, ByteOrderMark.size()) == ByteOrderMark ? ByteOrderMark.size() : 0;
+        m_at = m_text.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0;
         LineReader reader(m_text.substr(m_at));
         RawLine line;
         while (reader.Next(line)) {
@@ -96,14 +96,14 @@ private:
                 Close(false);
             }
         }
-        if (kind == "VEVENT" && m_open.size() < MaxOpenComponents) {
+        if (kind == "VEVENT" && m_open.size() < kMaxOpenComponents) {
             Cut(m_at, false);
             ++m_events;
         } else if (kind != "VCALENDAR" && kind != "VTIMEZONE" && IsOutermost()) {
             Unshown& unshown = m_unshown[kind];
             unshown.firstLine = unshown.count++ == 0 ? m_line : unshown.firstLine;
         }
-        if (m_open.size() < MaxOpenComponents) {
+        if (m_open.size() < kMaxOpenComponents) {
             m_open.push_back({kind, m_at, m_line});
             m_firstUnclosed.reset();
         }
@@ -225,4 +225,4 @@ CalendarScan ScanCalendar(std::string_view text, MessageLog& log)
     return Scanner(text, log).Run();
 }
 
-} // namespace planner
+} // namespace dayvane::ical

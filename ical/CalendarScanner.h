@@ -1,14 +1,14 @@
 #pragma once
 
-#include "ical/Messages.h"
-#include "ical/TimeZone.h"
+#include "Messages.h"
+#include "TimeZone.h"
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // A stretch of a calendar file: one VEVENT, or anything between events.
 struct Passage
@@ -37,4 +37,4 @@ struct CalendarScan
 // `text` must outlive the result.
 CalendarScan ScanCalendar(std::string_view text, MessageLog& log);
 
-} // namespace planner
+} // namespace dayvane::ical

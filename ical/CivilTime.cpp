@@ -4,14 +4,14 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr DayNumber FirstDayOfYear1 = DayOfDate(1, 1, 1);
-constexpr int DaysIn400Years = 146097;
-constexpr std::size_t DateLength = 8;
-constexpr std::size_t MaxDurationDigits = 9;
+constexpr DayNumber kFirstDayOfYear1 = DayOfDate(1, 1, 1);
+constexpr int kDaysIn400Years = 146097;
+constexpr std::size_t kDateLength = 8;
+constexpr std::size_t kMaxDurationDigits = 9;
 
 // A plain decimal number of exactly `length` digits at `at`; -1 if there is none.
 int DigitsAt(std::string_view text, std::size_t at, std::size_t length)
@@ -47,9 +47,9 @@ bool ParseClock(std::string_view text, CivilTime& civil)
 std::int64_t UnitSeconds(char unit, bool inClock)
 {
     if (inClock) {
-        return unit == 'H' ? HourSeconds : unit == 'M' ? MinuteSeconds : unit == 'S' ? 1 : 0;
+        return unit == 'H' ? kHourSeconds : unit == 'M' ? kMinuteSeconds : unit == 'S' ? 1 : 0;
     }
-    return unit == 'W' ? WeekDays * DaySeconds : unit == 'D' ? DaySeconds : 0;
+    return unit == 'W' ? kWeekDays * kDaySeconds : unit == 'D' ? kDaySeconds : 0;
 }
 
 void AppendNumber(std::string& text, int value, int width)
@@ -63,8 +63,8 @@ void AppendNumber(std::string& text, int value, int width)
 
 CivilDate DateOfDay(DayNumber day)
 {
-    day = std::max(day, FirstDayOfYear1);
-    int year = static_cast<int>((day - FirstDayOfYear1) * 400 / DaysIn400Years) + 1;
+    day = std::max(day, kFirstDayOfYear1);
+    int year = static_cast<int>((day - kFirstDayOfYear1) * 400 / kDaysIn400Years) + 1;
     while (year > 1 && DayOfDate(year, 1, 1) > day) {
         --year;
     }
@@ -82,31 +82,31 @@ CivilDate DateOfDay(DayNumber day)
 int WeekdayOfDay(DayNumber day)
 {
     constexpr int weekdayOf1970 = 4; // a Thursday
-    return static_cast<int>((day % WeekDays + WeekDays + weekdayOf1970) % WeekDays);
+    return static_cast<int>((day % kWeekDays + kWeekDays + weekdayOf1970) % kWeekDays);
 }
 
 LocalTime TimeOfCivil(const CivilTime& civil)
 {
-    return DayOfDate(civil.year, civil.month, civil.day) * DaySeconds + civil.hour * HourSeconds +
-           civil.minute * MinuteSeconds + civil.second;
+    return DayOfDate(civil.year, civil.month, civil.day) * kDaySeconds + civil.hour * kHourSeconds +
+           civil.minute * kMinuteSeconds + civil.second;
 }
 
 CivilTime CivilOfTime(LocalTime time)
 {
     const DayNumber day = DayOfTime(time);
     const CivilDate date = DateOfDay(day);
-    const int clock = static_cast<int>(time - day * DaySeconds);
+    const int clock = static_cast<int>(time - day * kDaySeconds);
     return {date.year,
             date.month,
             date.day,
-            static_cast<int>(clock / HourSeconds),
-            static_cast<int>(clock % HourSeconds / MinuteSeconds),
-            static_cast<int>(clock % MinuteSeconds)};
+            static_cast<int>(clock / kHourSeconds),
+            static_cast<int>(clock % kHourSeconds / kMinuteSeconds),
+            static_cast<int>(clock % kMinuteSeconds)};
 }
 
 LocalTime ClampTime(LocalTime time)
 {
-    return std::clamp(time, EarliestTime, EndOfTime);
+    return std::clamp(time, kEarliestTime, kEndOfTime);
 }
 
 std::optional<WrittenTime> ParseTime(std::string_view text)
@@ -116,18 +116,18 @@ std::optional<WrittenTime> ParseTime(std::string_view text)
     civil.year = DigitsAt(text, 0, 4);
     civil.month = DigitsAt(text, 4, 2);
     civil.day = DigitsAt(text, 6, 2);
-    if (civil.year < FirstYear || civil.month < 1 || civil.month > YearMonths || civil.day < 1 ||
+    if (civil.year < kFirstYear || civil.month < 1 || civil.month > kYearMonths || civil.day < 1 ||
         civil.day > DaysInMonth(civil.year, civil.month)) {
         return std::nullopt;
     }
     WrittenTime time;
-    if (text.size() == DateLength) {
+    if (text.size() == kDateLength) {
         time.isDate = true;
     } else {
-        if (text[DateLength] != 'T' && text[DateLength] != 't') {
+        if (text[kDateLength] != 'T' && text[kDateLength] != 't') {
             return std::nullopt;
         }
-        std::string_view clock = text.substr(DateLength + 1);
+        std::string_view clock = text.substr(kDateLength + 1);
         if (!clock.empty() && (clock.back() == 'Z' || clock.back() == 'z')) {
             time.isUtc = true;
             clock.remove_suffix(1);
@@ -180,7 +180,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
         while (at + digits < text.size() && text[at + digits] >= '0' && text[at + digits] <= '9') {
             ++digits;
         }
-        if (digits == 0 || digits > MaxDurationDigits || at + digits >= text.size()) {
+        if (digits == 0 || digits > kMaxDurationDigits || at + digits >= text.size()) {
             return std::nullopt;
         }
         const std::int64_t scale = UnitSeconds(UpperLetter(text[at + digits]), inClock);
@@ -188,7 +188,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
             return std::nullopt;
         }
         seconds += DigitsAt(text, at, digits) * scale;
-        seconds = std::min(seconds, EndOfTime - EarliestTime);
+        seconds = std::min(seconds, kEndOfTime - kEarliestTime);
         anyPart = true;
         at += digits + 1;
     }
@@ -201,24 +201,24 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
 std::string FormatDuration(std::int64_t seconds)
 {
     std::string text = "P";
-    if (seconds >= DaySeconds) {
-        text += std::to_string(seconds / DaySeconds) + "D";
-        seconds %= DaySeconds;
+    if (seconds >= kDaySeconds) {
+        text += std::to_string(seconds / kDaySeconds) + "D";
+        seconds %= kDaySeconds;
     }
     if (seconds != 0 || text.size() == 1) {
         text += "T";
         const bool nothing = seconds == 0;
-        if (seconds >= HourSeconds) {
-            text += std::to_string(seconds / HourSeconds) + "H";
+        if (seconds >= kHourSeconds) {
+            text += std::to_string(seconds / kHourSeconds) + "H";
         }
-        if (seconds % HourSeconds >= MinuteSeconds || nothing) {
-            text += std::to_string(seconds % HourSeconds / MinuteSeconds) + "M";
+        if (seconds % kHourSeconds >= kMinuteSeconds || nothing) {
+            text += std::to_string(seconds % kHourSeconds / kMinuteSeconds) + "M";
         }
-        if (seconds % MinuteSeconds != 0) {
-            text += std::to_string(seconds % MinuteSeconds) + "S";
+        if (seconds % kMinuteSeconds != 0) {
+            text += std::to_string(seconds % kMinuteSeconds) + "S";
         }
     }
     return text;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -6,18 +6,18 @@
 #include <string_view>
 
 // Wall-clock arithmetic of the planner's calendar files: days and seconds of the proleptic Gregorian calendar.
-namespace planner {
+namespace dayvane::ical {
 
 // Days since 1 January 1970; negative before.
 using DayNumber = std::int64_t;
 // Seconds on some wall clock since 1 January 1970, 00:00 of that clock. Whose clock it is, its holder says.
 using LocalTime = std::int64_t;
 
-constexpr std::int64_t MinuteSeconds = 60;
-constexpr std::int64_t HourSeconds = 60 * MinuteSeconds;
-constexpr std::int64_t DaySeconds = 24 * HourSeconds;
-constexpr int WeekDays = 7;
-constexpr int YearMonths = 12;
+constexpr std::int64_t kMinuteSeconds = 60;
+constexpr std::int64_t kHourSeconds = 60 * kMinuteSeconds;
+constexpr std::int64_t kDaySeconds = 24 * kHourSeconds;
+constexpr int kWeekDays = 7;
+constexpr int kYearMonths = 12;
 
 struct CivilDate
 {
@@ -43,7 +43,7 @@ constexpr bool IsLeapYear(int year)
 
 constexpr int DaysInMonth(int year, int month)
 {
-    constexpr int days[YearMonths] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    constexpr int days[kYearMonths] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     return days[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
 }
 
@@ -60,14 +60,14 @@ constexpr DayNumber DayOfDate(int year, int month, int day)
 }
 
 // The years that calendar files and the controls can hold: 100 to 9999.
-constexpr int FirstYear = 100;
-constexpr int LastYear = 9999;
-constexpr LocalTime EarliestTime = DayOfDate(FirstYear, 1, 1) * DaySeconds;
-constexpr LocalTime EndOfTime = DayOfDate(LastYear + 1, 1, 1) * DaySeconds; // the first second beyond
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+constexpr LocalTime kEarliestTime = DayOfDate(kFirstYear, 1, 1) * kDaySeconds;
+constexpr LocalTime kEndOfTime = DayOfDate(kLastYear + 1, 1, 1) * kDaySeconds; // the first second beyond
 
 constexpr DayNumber DayOfTime(LocalTime time)
 {
-    return time >= 0 ? time / DaySeconds : -((-time + DaySeconds - 1) / DaySeconds);
+    return time >= 0 ? time / kDaySeconds : -((-time + kDaySeconds - 1) / kDaySeconds);
 }
 
 // Valid for days from year 1 on; earlier days give 1 January of year 1.
@@ -76,7 +76,7 @@ CivilDate DateOfDay(DayNumber day);
 int WeekdayOfDay(DayNumber day);
 LocalTime TimeOfCivil(const CivilTime& civil);
 CivilTime CivilOfTime(LocalTime time);
-LocalTime ClampTime(LocalTime time); // into [EarliestTime, EndOfTime]
+LocalTime ClampTime(LocalTime time); // into [kEarliestTime, kEndOfTime]
 
 // A DATE or DATE-TIME value as written, before any time zone is applied.
 struct WrittenTime
@@ -87,7 +87,7 @@ struct WrittenTime
 };
 
 // Reads "20261121", "20261121T093000", "20261121T0930" and the last two with Z. Nothing for anything else, for dates
-// that the calendar lacks and for years outside [FirstYear, LastYear]. A leap second counts as second 59.
+// that the calendar lacks and for years outside [kFirstYear, kLastYear]. A leap second counts as second 59.
 std::optional<WrittenTime> ParseTime(std::string_view text);
 std::string FormatTime(const WrittenTime& time);
 
@@ -96,4 +96,4 @@ std::optional<std::int64_t> ParseDuration(std::string_view text);
 // `seconds` must not be negative.
 std::string FormatDuration(std::int64_t seconds);
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -4,7 +4,7 @@
 
 #include <map>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
@@ -23,7 +23,7 @@ struct CommonZone
     int minutesEast; // of UTC, in winter
     SummerTime summerTime;
 };
-constexpr CommonZone CommonZones[] = {
+constexpr CommonZone kCommonZones[] = {
     // id                           minutes  summer time
     {"UTC", 0, SummerTime::None},
     {"Etc/UTC", 0, SummerTime::None},
@@ -96,7 +96,7 @@ struct SummerTimeRule
     std::string_view onset; // of the first time; America by wall clock, Europe in UTC
     std::string_view rule;
 };
-constexpr SummerTimeRule SummerTimeRules[] = {
+constexpr SummerTimeRule kSummerTimeRules[] = {
     // where             begins  onset              rule
     {SummerTime::America, true, "19760425T020000", "FREQ=YEARLY;BYMONTH=4;BYDAY=-1SU;UNTIL=19861231"},
     {SummerTime::America, true, "19870405T020000", "FREQ=YEARLY;BYMONTH=4;BYDAY=1SU;UNTIL=20061231"},
@@ -109,10 +109,10 @@ constexpr SummerTimeRule SummerTimeRules[] = {
 
 ZonePtr MakeZone(const CommonZone& row)
 {
-    const int winter = row.minutesEast * static_cast<int>(MinuteSeconds);
-    const int summer = winter + static_cast<int>(HourSeconds);
+    const int winter = row.minutesEast * static_cast<int>(kMinuteSeconds);
+    const int summer = winter + static_cast<int>(kHourSeconds);
     std::vector<Observance> observances;
-    for (const SummerTimeRule& rule : SummerTimeRules) {
+    for (const SummerTimeRule& rule : kSummerTimeRules) {
         if (rule.where != row.summerTime) {
             continue;
         }
@@ -154,7 +154,7 @@ ZonePtr FindCommonZone(std::string_view id)
 {
     static const std::map<std::string, ZonePtr, std::less<>> zones = [] {
         std::map<std::string, ZonePtr, std::less<>> made;
-        for (const CommonZone& row : CommonZones) {
+        for (const CommonZone& row : kCommonZones) {
             made.emplace(UpperText(row.id), MakeZone(row));
         }
         return made;
@@ -163,4 +163,4 @@ ZonePtr FindCommonZone(std::string_view id)
     return found == zones.end() ? nullptr : found->second;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

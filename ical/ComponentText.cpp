@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
@@ -15,7 +15,7 @@ public:
     // The depth of the line, which for BEGIN and END is that of the component around.
     int Enter(const Property& property)
     {
-        if (property.name == "BEGIN" && m_open.size() < MaxOpenComponents) {
+        if (property.name == "BEGIN" && m_open.size() < kMaxOpenComponents) {
             m_open.push_back(UpperText(TrimBlanks(property.Value())));
             return static_cast<int>(m_open.size()) - 1;
         }
@@ -68,21 +68,21 @@ std::string ComponentText::Text() const
 std::size_t ComponentText::Find(std::string_view name) const
 {
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        if (m_lines[i].depth == OwnDepth && m_lines[i].property && m_lines[i].property->name == name) {
+        if (m_lines[i].depth == kOwnDepth && m_lines[i].property && m_lines[i].property->name == name) {
             return i;
         }
     }
-    return None;
+    return kNone;
 }
 
 std::size_t ComponentText::FindLast(std::string_view name) const
 {
     for (std::size_t i = m_lines.size(); i-- > 0;) {
-        if (m_lines[i].depth == OwnDepth && m_lines[i].property && m_lines[i].property->name == name) {
+        if (m_lines[i].depth == kOwnDepth && m_lines[i].property && m_lines[i].property->name == name) {
             return i;
         }
     }
-    return None;
+    return kNone;
 }
 
 void ComponentText::Replace(std::size_t index, const std::string& text)
@@ -101,7 +101,7 @@ void ComponentText::InsertAfter(std::size_t index, const std::string& text)
     Line& before = m_lines[index];
     Line line;
     line.number = before.number;
-    line.depth = OwnDepth;
+    line.depth = kOwnDepth;
     line.property = ParseProperty(text);
     line.raw = Fold(text, m_ending);
     if (EndingOf(before.raw).empty()) {
@@ -113,7 +113,7 @@ void ComponentText::InsertAfter(std::size_t index, const std::string& text)
 void ComponentText::RemoveAll(std::string_view name)
 {
     const auto isRemoved = [&](const Line& line) {
-        return line.depth == OwnDepth && line.property && line.property->name == name;
+        return line.depth == kOwnDepth && line.property && line.property->name == name;
     };
     m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(), isRemoved), m_lines.end());
 }
@@ -133,4 +133,4 @@ std::string WithValue(const Property& property, const std::vector<std::string_vi
     return text;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

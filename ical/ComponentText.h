@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ical/ContentLine.h"
+#include "ContentLine.h"
 
 #include <cstddef>
 #include <optional>
@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // How deep components may stand in each other; a BEGIN beyond counts as an ordinary line. Calendars need three.
-constexpr std::size_t MaxOpenComponents = 50;
+constexpr std::size_t kMaxOpenComponents = 50;
 
 // The text of one component (BEGIN:VEVENT to END:VEVENT) taken apart into lines, to read it and to change single
 // properties of it: every line that is not replaced keeps its bytes, folds and ending.
@@ -25,8 +25,8 @@ public:
         std::optional<Property> property; // nothing: the line is no content line, or is blank
         int depth = 0; // 0: BEGIN and END of the component, 1: its own lines, 2 and more: components inside it
     };
-    static constexpr std::size_t None = static_cast<std::size_t>(-1);
-    static constexpr int OwnDepth = 1;
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    static constexpr int kOwnDepth = 1;
 
     explicit ComponentText(std::string_view raw, int firstLine = 1);
 
@@ -52,4 +52,4 @@ private:
 std::string WithValue(const Property& property, const std::vector<std::string_view>& removed, std::string_view added,
                       std::string_view value);
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr std::size_t FoldOctets = 75;
+constexpr std::size_t kFoldOctets = 75;
 
 // The length of the line ending at `at`, 0 if there is none.
 std::size_t EndingLength(std::string_view text, std::size_t at)
@@ -121,7 +121,7 @@ std::string Fold(std::string_view text, std::string_view ending)
     std::size_t used = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = std::max<std::size_t>(Utf8Length(text, at), 1);
-        if (used + length > FoldOctets) {
+        if (used + length > kFoldOctets) {
             folded += ending;
             folded += ' ';
             used = 1;
@@ -165,4 +165,4 @@ std::optional<Property> ParseProperty(std::string text)
     return property;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

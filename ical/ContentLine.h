@@ -7,7 +7,7 @@
 #include <vector>
 
 // The lines of a calendar file (RFC 5545, section 3.1): logical lines with their folds, and name;parameters:value.
-namespace planner {
+namespace dayvane::ical {
 
 // One logical line as it stands in the file: fold marks and line ending included. A line that begins with a blank or a
 // tab continues the line before it. CRLF, LF, lone CR and CR CR LF end a line.
@@ -60,4 +60,4 @@ struct Property
 // Nothing if the line has no colon or no name before it.
 std::optional<Property> ParseProperty(std::string text);
 
-} // namespace planner
+} // namespace dayvane::ical

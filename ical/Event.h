@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ical/CivilTime.h"
-#include "ical/Recurrence.h"
-#include "ical/TimeZone.h"
+#include "CivilTime.h"
+#include "Recurrence.h"
+#include "TimeZone.h"
 
 #include <cstdint>
 #include <memory>
@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // Numbers the events of one document from 1, in the order of the file, then of creation; stable while it is open.
 using EventId = int;
-constexpr EventId NoEvent = 0;
+constexpr EventId kNoEvent = 0;
 
 struct EventTime
 {
@@ -32,7 +32,7 @@ struct FurtherDate // one RDATE
 // What the planner understands of one VEVENT. Texts are valid UTF-8; line breaks are \n.
 struct Event
 {
-    EventId id = NoEvent;
+    EventId id = kNoEvent;
     int calendar = 0; // which VCALENDAR of the file
     std::string uid;
     std::string summary;
@@ -59,4 +59,4 @@ struct Event
 
 using EventPtr = std::shared_ptr<const Event>;
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr char NotADate[] = " is not a date or time";
+constexpr char kNotADate[] = " is not a date or time";
 
 } // namespace
 
@@ -28,7 +28,7 @@ std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar
     }
     const auto start = ReadTime(*m_start, m_start->property->Value());
     if (!start) {
-        Tell(*m_start, "DTSTART " + Quoted(m_start->property->Value()) + NotADate + ": the event is not shown");
+        Tell(*m_start, "DTSTART " + Quoted(m_start->property->Value()) + kNotADate + ": the event is not shown");
         return nullptr;
     }
     m_event->start = *start;
@@ -51,10 +51,10 @@ void EventReader::ReadLine(const Line& line)
         return;
     }
     const Property& property = *line.property;
-    if (line.depth == ComponentText::OwnDepth && property.name == "BEGIN" && SameWord(property.Value(), "VALARM")) {
+    if (line.depth == ComponentText::kOwnDepth && property.name == "BEGIN" && SameWord(property.Value(), "VALARM")) {
         m_event->hasAlarm = true;
     }
-    if (line.depth != ComponentText::OwnDepth) {
+    if (line.depth != ComponentText::kOwnDepth) {
         return;
     }
     if (property.isBroken) {
@@ -159,7 +159,7 @@ std::optional<EventTime> EventReader::ReadTime(const Line& line, std::string_vie
 void EventReader::ReadEnd()
 {
     Event& event = *m_event;
-    event.duration = event.IsAllDay() ? DaySeconds : 0;
+    event.duration = event.IsAllDay() ? kDaySeconds : 0;
     std::optional<std::int64_t> duration;
     const Line* line = m_end ? m_end : m_duration;
     if (!line) {
@@ -180,16 +180,16 @@ void EventReader::ReadEnd()
         duration = ParseDuration(value);
     }
     if (!duration) {
-        Tell(*line, what + (m_end ? NotADate : " is not a duration"));
+        Tell(*line, what + (m_end ? kNotADate : " is not a duration"));
     } else if (*duration < 0) {
         Tell(*line, what + (m_end ? " lies before DTSTART and is not used" : " is negative"));
     } else if (event.IsAllDay()) {
         // A date that ends where it begins is written by many for one day.
-        event.duration = std::max((*duration + DaySeconds - 1) / DaySeconds, std::int64_t(1)) * DaySeconds;
+        event.duration = std::max((*duration + kDaySeconds - 1) / kDaySeconds, std::int64_t(1)) * kDaySeconds;
     } else {
         event.duration = *duration;
     }
-    event.duration = std::min(event.duration, EndOfTime - event.start.wall);
+    event.duration = std::min(event.duration, kEndOfTime - event.start.wall);
 }
 
 void EventReader::ReadRecurrence()
@@ -199,7 +199,7 @@ void EventReader::ReadRecurrence()
         const Property& property = *m_replaces->property;
         event.replaces = ReadTime(*m_replaces, property.Value());
         if (!event.replaces) {
-            Tell(*m_replaces, "RECURRENCE-ID " + Quoted(property.Value()) + NotADate);
+            Tell(*m_replaces, "RECURRENCE-ID " + Quoted(property.Value()) + kNotADate);
         } else if (const std::string* range = property.Find("RANGE")) {
             Tell(*m_replaces, "RANGE=" + Quoted(*range) + " is not understood: only this one occurrence is changed");
         }
@@ -218,9 +218,9 @@ void EventReader::ReadRecurrence()
     if (m_rule) {
         ReadRule();
     }
-    if (event.IsRecurrent() && event.duration > MaxRepeatedDuration) {
+    if (event.IsRecurrent() && event.duration > kMaxRepeatedDuration) {
         Tell(*m_start, "a repeated event of more than a year is shown as one year long");
-        event.duration = MaxRepeatedDuration;
+        event.duration = kMaxRepeatedDuration;
     }
 }
 
@@ -241,7 +241,7 @@ void EventReader::ReadRule()
         const LocalTime wall =
             ConvertWall(until.wall, until.isUtc ? TimeZone::Utc() : event.start.zone, event.start.zone);
         // A date lasts to its end, and for all-day events only the day counts.
-        reading.rule->lastStart = until.isDate || event.IsAllDay() ? (DayOfTime(wall) + 1) * DaySeconds - 1 : wall;
+        reading.rule->lastStart = until.isDate || event.IsAllDay() ? (DayOfTime(wall) + 1) * kDaySeconds - 1 : wall;
     }
     if (!LimitByCount(*reading.rule, event.start.wall, m_countingSteps)) {
         Tell(*m_rule, "RRULE: COUNT leads too far to be counted: the event is taken to repeat without end");
@@ -258,7 +258,7 @@ void EventReader::ReadFurtherDates(const Line& line)
         const std::size_t slash = std::min(piece.find('/'), piece.size());
         const auto start = isClockOnly ? std::nullopt : ReadTime(line, piece.substr(0, slash));
         if (!start) {
-            Tell(line, "RDATE " + Quoted(piece) + NotADate);
+            Tell(line, "RDATE " + Quoted(piece) + kNotADate);
             continue;
         }
         FurtherDate further;
@@ -267,15 +267,15 @@ void EventReader::ReadFurtherDates(const Line& line)
             const std::string_view endText = piece.substr(slash + 1);
             const auto end = ReadTime(line, endText);
             further.duration = end ? end->wall - start->wall : ParseDuration(endText);
-            if (!further.duration || *further.duration < 0 || *further.duration > MaxRepeatedDuration) {
+            if (!further.duration || *further.duration < 0 || *further.duration > kMaxRepeatedDuration) {
                 Tell(line, "RDATE " + Quoted(piece) + " has no readable end");
                 further.duration.reset();
             }
         }
         if (start->isDate && !event.IsAllDay()) { // a date: at the event's usual time
-            further.wall += event.start.wall - DayOfTime(event.start.wall) * DaySeconds;
+            further.wall += event.start.wall - DayOfTime(event.start.wall) * kDaySeconds;
         } else if (event.IsAllDay()) {
-            further.wall = DayOfTime(further.wall) * DaySeconds;
+            further.wall = DayOfTime(further.wall) * kDaySeconds;
         }
         event.furtherDates.push_back(further);
     }
@@ -286,7 +286,7 @@ void EventReader::ReadExceptions(const Line& line)
     for (const std::string_view piece : SplitAt(line.property->Value(), ',')) {
         const auto time = ReadTime(line, piece);
         if (!time) {
-            Tell(line, "EXDATE " + Quoted(piece) + NotADate);
+            Tell(line, "EXDATE " + Quoted(piece) + kNotADate);
         } else if (time->isDate || m_event->IsAllDay()) {
             m_event->exceptionDays.push_back(DayOfTime(time->wall));
         } else {
@@ -295,4 +295,4 @@ void EventReader::ReadExceptions(const Line& line)
     }
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "ical/ComponentText.h"
-#include "ical/Event.h"
-#include "ical/Messages.h"
-#include "ical/TimeZone.h"
+#include "ComponentText.h"
+#include "Event.h"
+#include "Messages.h"
+#include "TimeZone.h"
 
 #include <memory>
 #include <set>
 #include <string>
 
-namespace planner {
+namespace dayvane::ical {
 
 // Reads VEVENT components. What it cannot read it tells and leaves out; a zone that nobody defines is told once, and
 // times in it are taken as they stand.
@@ -17,7 +17,7 @@ class EventReader
 {
 public:
     // A repeated event that lasts longer is shown as long as this.
-    static constexpr std::int64_t MaxRepeatedDuration = 366 * DaySeconds;
+    static constexpr std::int64_t kMaxRepeatedDuration = 366 * kDaySeconds;
 
     EventReader(const ZoneTable& zones, MessageLog& log) : m_zones(zones), m_log(log) {}
 
@@ -43,7 +43,7 @@ private:
     const ZoneTable& m_zones;
     MessageLog& m_log;
     std::set<std::string> m_toldZones;
-    std::int64_t m_countingSteps = CountingSteps;
+    std::int64_t m_countingSteps = kCountingSteps;
 
     // Of the event that is being read.
     std::shared_ptr<Event> m_event;
@@ -55,4 +55,4 @@ private:
     std::vector<const Line*> m_dateLists; // RDATE and EXDATE
 };
 
-} // namespace planner
+} // namespace dayvane::ical

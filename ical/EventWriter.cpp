@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr std::string_view RecurrenceProperties[] = {"RRULE", "RDATE", "EXDATE", "EXRULE", "RECURRENCE-ID"};
+constexpr std::string_view kRecurrenceProperties[] = {"RRULE", "RDATE", "EXDATE", "EXRULE", "RECURRENCE-ID"};
 
 // The form of a time property as it stands; a date-time for values that are not readable.
 TimeForm FormOf(const Property& property, const WritingContext* context)
@@ -72,17 +72,17 @@ void SetEnd(ComponentText& event, const EventTimes& times, const TimeForm& start
     const std::size_t endLine = event.Find("DTEND");
     const std::size_t durationLine = event.Find("DURATION");
     const std::int64_t duration = times.end - times.start;
-    if (endLine != ComponentText::None) {
+    if (endLine != ComponentText::kNone) {
         const Property& property = *event.Lines()[endLine].property;
         TimeForm form = FormOf(property, &context);
         form = form.isDate == startForm.isDate && ParseTime(property.Value()) ? form : startForm;
         ReplaceTime(event, endLine, form, ConvertWall(times.end, clock, form.zone));
-    } else if (durationLine != ComponentText::None) {
+    } else if (durationLine != ComponentText::kNone) {
         const Property& property = *event.Lines()[durationLine].property;
         if (formChanged || ParseDuration(property.Value()) != duration) {
             event.Replace(durationLine, WithValue(property, {}, "", FormatDuration(duration)));
         }
-    } else if (duration != (times.isAllDay ? DaySeconds : 0)) {
+    } else if (duration != (times.isAllDay ? kDaySeconds : 0)) {
         const LocalTime end = ConvertWall(times.end, clock, startForm.zone);
         event.InsertAfter(event.Find("DTSTART"), NewTimeLine("DTEND", startForm, end));
     }
@@ -94,9 +94,9 @@ void SetTextProperty(ComponentText& event, std::string_view name, const std::str
 {
     const std::size_t line = event.FindLast(name);
     const std::string value = EscapeText(text);
-    if (line == ComponentText::None) {
+    if (line == ComponentText::kNone) {
         const std::size_t start = event.Find("DTSTART");
-        event.InsertAfter(start == ComponentText::None ? 0 : start, std::string(name) + ':' + value);
+        event.InsertAfter(start == ComponentText::kNone ? 0 : start, std::string(name) + ':' + value);
     } else {
         event.Replace(line, WithValue(*event.Lines()[line].property, {"ENCODING", "CHARSET"}, "", value));
     }
@@ -121,14 +121,14 @@ void AddException(ComponentText& event, LocalTime original)
     const std::size_t start = event.Find("DTSTART");
     const TimeForm form = FormOf(*event.Lines()[start].property, nullptr);
     std::size_t after = event.FindLast("EXDATE");
-    after = after == ComponentText::None ? event.FindLast("RRULE") : after;
-    after = after == ComponentText::None ? start : after;
+    after = after == ComponentText::kNone ? event.FindLast("RRULE") : after;
+    after = after == ComponentText::kNone ? start : after;
     event.InsertAfter(after, NewTimeLine("EXDATE", form, original));
 }
 
 void MakeReplacement(ComponentText& event, LocalTime original)
 {
-    for (const std::string_view name : RecurrenceProperties) {
+    for (const std::string_view name : kRecurrenceProperties) {
         event.RemoveAll(name);
     }
     const std::size_t start = event.Find("DTSTART");
@@ -138,7 +138,7 @@ void MakeReplacement(ComponentText& event, LocalTime original)
 
 void MakeSingle(ComponentText& event, const std::string& uid, LocalTime utcNow)
 {
-    for (const std::string_view name : RecurrenceProperties) {
+    for (const std::string_view name : kRecurrenceProperties) {
         event.RemoveAll(name);
     }
     event.RemoveAll("UID");
@@ -173,4 +173,4 @@ std::string NewEventText(const std::string& uid, LocalTime utcNow, const EventTi
     return text;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

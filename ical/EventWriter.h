@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ical/ComponentText.h"
-#include "ical/Event.h"
+#include "ComponentText.h"
+#include "Event.h"
 
 #include <string>
 #include <string_view>
 
 // Changes to the text of single events. Each touches the lines that it names and no other byte.
-namespace planner {
+namespace dayvane::ical {
 
 // Begin and end as the planner shows them; the end is exclusive. All-day events begin and end at midnight.
 struct EventTimes
@@ -60,4 +60,4 @@ void MakeSingle(ComponentText& event, const std::string& uid, LocalTime utcNow);
 std::string NewEventText(const std::string& uid, LocalTime utcNow, const EventTimes& times, const std::string& summary,
                          const WritingContext& context, std::string_view ending);
 
-} // namespace planner
+} // namespace dayvane::ical

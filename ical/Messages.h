@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // One thing of a calendar file that could not be read, told in one line of UTF-8 text.
 struct Message
@@ -14,15 +14,15 @@ struct Message
     std::string text;
 };
 
-// Collects messages. A hopeless file fills no memory: beyond MaxMessages only their number is kept.
+// Collects messages. A hopeless file fills no memory: beyond kMaxMessages only their number is kept.
 class MessageLog
 {
 public:
-    static constexpr std::size_t MaxMessages = 1000;
+    static constexpr std::size_t kMaxMessages = 1000;
 
     void Add(int line, std::string text)
     {
-        if (m_messages.size() < MaxMessages) {
+        if (m_messages.size() < kMaxMessages) {
             m_messages.push_back({line, std::move(text)});
         } else {
             ++m_unkept;
@@ -37,4 +37,4 @@ private:
     std::size_t m_unkept = 0;
 };
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ical/CivilTime.h"
+#include "CivilTime.h"
 
 #include <cstdint>
 #include <functional>
@@ -12,7 +12,7 @@
 
 // Recurrence rules (RFC 5545, section 3.3.10): FREQ of DAILY, WEEKLY, MONTHLY and YEARLY with INTERVAL, COUNT, UNTIL,
 // WKST, BYMONTH, BYMONTHDAY, BYYEARDAY, BYDAY and BYSETPOS. All times are on the wall clock of the event's start.
-namespace planner {
+namespace dayvane::ical {
 
 enum class Frequency
 {
@@ -43,7 +43,7 @@ struct RecurrenceRule
     int weekStart = 1;                 // 0 = Sunday
     std::vector<int> byMonth, byMonthDay, byYearDay, bySetPos; // each sorted, without repetition
     std::vector<RuleWeekday> byDay;
-    LocalTime lastStart = EndOfTime; // no occurrence starts later
+    LocalTime lastStart = kEndOfTime; // no occurrence starts later
 };
 
 struct RuleReading
@@ -64,7 +64,7 @@ std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime f
 
 // Lowers `lastStart` to the last occurrence that COUNT leaves. `stepsLeft` is what a whole file may spend on counting
 // and is lowered by what this rule took. False if the rule was given up, as hostile ones are: it stays endless.
-constexpr std::int64_t CountingSteps = 2000000;
+constexpr std::int64_t kCountingSteps = 2000000;
 bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft);
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <limits>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
 // What one rule may spend on counting: more than a century of days.
-constexpr std::int64_t CountingStepsOfRule = 100000;
+constexpr std::int64_t kCountingStepsOfRule = 100000;
 
 bool Contains(const std::vector<int>& sorted, int value)
 {
@@ -17,7 +17,7 @@ bool Contains(const std::vector<int>& sorted, int value)
 
 constexpr int MonthIndex(int year, int month)
 {
-    return year * YearMonths + month - 1;
+    return year * kYearMonths + month - 1;
 }
 
 // The periods of a rule, numbered from the one that holds the event's start, and the days that each gives.
@@ -27,7 +27,7 @@ public:
     RulePeriods(const RecurrenceRule& rule, LocalTime start)
         : m_rule(rule), m_startDay(DayOfTime(start)), m_startDate(DateOfDay(m_startDay))
     {
-        const int daysIntoWeek = (WeekdayOfDay(m_startDay) - rule.weekStart + WeekDays) % WeekDays;
+        const int daysIntoWeek = (WeekdayOfDay(m_startDay) - rule.weekStart + kWeekDays) % kWeekDays;
         m_startWeek = m_startDay - daysIntoWeek;
     }
 
@@ -39,7 +39,7 @@ public:
         case Frequency::Daily:
             return std::max<std::int64_t>(0, (day - m_startDay) / m_rule.interval);
         case Frequency::Weekly:
-            return std::max<std::int64_t>(0, (day - m_startWeek) / (WeekDays * m_rule.interval));
+            return std::max<std::int64_t>(0, (day - m_startWeek) / (kWeekDays * m_rule.interval));
         case Frequency::Monthly:
             return std::max<std::int64_t>(
                 0, (MonthIndex(date.year, date.month) - MonthIndex(m_startDate.year, m_startDate.month)) /
@@ -56,15 +56,15 @@ public:
         const std::int64_t step = period * m_rule.interval;
         if (m_rule.frequency == Frequency::Daily || m_rule.frequency == Frequency::Weekly) {
             const bool daily = m_rule.frequency == Frequency::Daily;
-            return daily ? m_startDay + step : m_startWeek + WeekDays * step;
+            return daily ? m_startDay + step : m_startWeek + kWeekDays * step;
         }
         const bool monthly = m_rule.frequency == Frequency::Monthly;
         const std::int64_t month =
-            MonthIndex(m_startDate.year, monthly ? m_startDate.month : 1) + (monthly ? step : step * YearMonths);
-        if (month / YearMonths > LastYear) {
+            MonthIndex(m_startDate.year, monthly ? m_startDate.month : 1) + (monthly ? step : step * kYearMonths);
+        if (month / kYearMonths > kLastYear) {
             return std::numeric_limits<DayNumber>::max();
         }
-        return DayOfDate(static_cast<int>(month / YearMonths), static_cast<int>(month % YearMonths) + 1, 1);
+        return DayOfDate(static_cast<int>(month / kYearMonths), static_cast<int>(month % kYearMonths) + 1, 1);
     }
 
     // The days of the period that begins on `first`, ascending.
@@ -103,8 +103,8 @@ private:
         const DayNumber end = inMonth ? first + DaysInMonth(date.year, date.month) : DayOfDate(date.year + 1, 1, 1);
         const bool counts = m_rule.frequency == Frequency::Monthly || m_rule.frequency == Frequency::Yearly;
         return std::any_of(m_rule.byDay.begin(), m_rule.byDay.end(), [&](const RuleWeekday& wanted) {
-            const bool isCounted = !counts || wanted.ordinal == 0 || wanted.ordinal == (day - first) / WeekDays + 1 ||
-                                   wanted.ordinal == -((end - 1 - day) / WeekDays) - 1;
+            const bool isCounted = !counts || wanted.ordinal == 0 || wanted.ordinal == (day - first) / kWeekDays + 1 ||
+                                   wanted.ordinal == -((end - 1 - day) / kWeekDays) - 1;
             return wanted.weekday == WeekdayOfDay(day) && isCounted;
         });
     }
@@ -128,7 +128,7 @@ private:
 
     void AddWeek(DayNumber first, std::vector<DayNumber>& days) const
     {
-        for (DayNumber day = first; day < first + WeekDays; ++day) {
+        for (DayNumber day = first; day < first + kWeekDays; ++day) {
             const bool wanted = m_rule.byDay.empty() ? WeekdayOfDay(day) == WeekdayOfDay(m_startDay) : HasWeekday(day);
             if (wanted && (m_rule.byMonth.empty() || Contains(m_rule.byMonth, DateOfDay(day).month))) {
                 days.push_back(day);
@@ -158,16 +158,16 @@ private:
     void AddWeekdays(DayNumber first, DayNumber end, std::vector<DayNumber>& days) const
     {
         for (const RuleWeekday& wanted : m_rule.byDay) {
-            const DayNumber earliest = first + (wanted.weekday - WeekdayOfDay(first) + WeekDays) % WeekDays;
-            const DayNumber latest = end - 1 - (WeekdayOfDay(end - 1) - wanted.weekday + WeekDays) % WeekDays;
+            const DayNumber earliest = first + (wanted.weekday - WeekdayOfDay(first) + kWeekDays) % kWeekDays;
+            const DayNumber latest = end - 1 - (WeekdayOfDay(end - 1) - wanted.weekday + kWeekDays) % kWeekDays;
             if (wanted.ordinal == 0) {
-                for (DayNumber day = earliest; day <= latest; day += WeekDays) {
+                for (DayNumber day = earliest; day <= latest; day += kWeekDays) {
                     days.push_back(day);
                 }
                 continue;
             }
-            const DayNumber day = wanted.ordinal > 0 ? earliest + WeekDays * (wanted.ordinal - 1)
-                                                     : latest + WeekDays * (wanted.ordinal + 1);
+            const DayNumber day = wanted.ordinal > 0 ? earliest + kWeekDays * (wanted.ordinal - 1)
+                                                     : latest + kWeekDays * (wanted.ordinal + 1);
             if (day >= first && day < end) {
                 days.push_back(day);
             }
@@ -192,7 +192,7 @@ private:
                 AddWeekdays(first, end, days);
             }
         } else {
-            for (int month = 1; month <= YearMonths; ++month) {
+            for (int month = 1; month <= kYearMonths; ++month) {
                 if (m_rule.byMonth.empty() || Contains(m_rule.byMonth, month)) {
                     AddMonth(year, month, m_startDate.day, days);
                 }
@@ -235,8 +235,8 @@ bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft
     const bool hasParts = !rule.byMonth.empty() || !rule.byMonthDay.empty() || !rule.byYearDay.empty() ||
                           !rule.byDay.empty() || !rule.bySetPos.empty();
     if (!hasParts && (rule.frequency == Frequency::Daily || rule.frequency == Frequency::Weekly)) {
-        const std::int64_t step = rule.interval * (rule.frequency == Frequency::Daily ? 1 : WeekDays) * DaySeconds;
-        if (count - 1 <= (EndOfTime - start) / step) {
+        const std::int64_t step = rule.interval * (rule.frequency == Frequency::Daily ? 1 : kWeekDays) * kDaySeconds;
+        if (count - 1 <= (kEndOfTime - start) / step) {
             rule.lastStart = std::min(rule.lastStart, start + (count - 1) * step);
         }
         return true;
@@ -249,7 +249,7 @@ bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft
         }
         return counted < count;
     };
-    const std::int64_t maxSteps = std::min(CountingStepsOfRule, stepsLeft);
+    const std::int64_t maxSteps = std::min(kCountingStepsOfRule, stepsLeft);
     const std::int64_t steps = ExpandRule(rule, start, start, rule.lastStart + 1, use, maxSteps);
     stepsLeft -= steps;
     return steps < maxSteps || counted == count;
@@ -263,22 +263,22 @@ std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime f
         return steps;
     }
     const RulePeriods periods(rule, start);
-    const LocalTime clock = start - DayOfTime(start) * DaySeconds;
+    const LocalTime clock = start - DayOfTime(start) * kDaySeconds;
     const LocalTime lastStart = rule.lastStart; // `use` may lower the rule's
     std::vector<DayNumber> days;
     for (std::int64_t period = periods.PeriodOfDay(DayOfTime(std::max(from, start))); steps < maxSteps; ++period) {
         const DayNumber first = periods.FirstDay(period);
-        if (first > DayOfTime(std::min({to, lastStart, EndOfTime - 1}))) {
+        if (first > DayOfTime(std::min({to, lastStart, kEndOfTime - 1}))) {
             break;
         }
         periods.DaysFrom(first, days);
         steps += 1 + static_cast<std::int64_t>(days.size());
         for (const DayNumber day : days) {
-            const LocalTime occurrence = day * DaySeconds + clock;
+            const LocalTime occurrence = day * kDaySeconds + clock;
             if (occurrence <= start || occurrence < from) {
                 continue;
             }
-            if (occurrence >= to || occurrence > lastStart || occurrence >= EndOfTime || !use(occurrence)) {
+            if (occurrence >= to || occurrence > lastStart || occurrence >= kEndOfTime || !use(occurrence)) {
                 return steps;
             }
         }
@@ -286,4 +286,4 @@ std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime f
     return steps;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

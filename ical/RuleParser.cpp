@@ -5,19 +5,19 @@
 #include <algorithm>
 #include <array>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr std::array<std::string_view, WeekDays> WeekdayNames = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
-constexpr std::size_t MaxDigits = 9; // so that no product overflows
+constexpr std::array<std::string_view, kWeekDays> kWeekdayNames = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
+constexpr std::size_t kMaxDigits = 9; // so that no product overflows
 
 struct FrequencyName
 {
     std::string_view name;
     Frequency frequency;
 };
-constexpr FrequencyName FrequencyNames[] = {
+constexpr FrequencyName kFrequencyNames[] = {
     {"DAILY", Frequency::Daily},
     {"WEEKLY", Frequency::Weekly},
     {"MONTHLY", Frequency::Monthly},
@@ -32,9 +32,9 @@ struct NumberListPart
     int largest;
     bool mayBeNegative; // counted from the end
 };
-constexpr NumberListPart NumberListParts[] = {
+constexpr NumberListPart kNumberListParts[] = {
     // name        list                         largest  negative
-    {"BYMONTH", &RecurrenceRule::byMonth, YearMonths, false},
+    {"BYMONTH", &RecurrenceRule::byMonth, kYearMonths, false},
     {"BYMONTHDAY", &RecurrenceRule::byMonthDay, 31, true},
     {"BYYEARDAY", &RecurrenceRule::byYearDay, 366, true},
     {"BYSETPOS", &RecurrenceRule::bySetPos, 366, true},
@@ -48,7 +48,7 @@ std::optional<std::int64_t> ReadNumber(std::string_view text)
     if (negative || (!text.empty() && text[0] == '+')) {
         text.remove_prefix(1);
     }
-    if (text.empty() || text.size() > MaxDigits) {
+    if (text.empty() || text.size() > kMaxDigits) {
         return std::nullopt;
     }
     std::int64_t value = 0;
@@ -84,8 +84,8 @@ bool ReadNumberList(const NumberListPart& part, std::string_view value, std::vec
 
 std::optional<int> ReadWeekday(std::string_view text)
 {
-    for (int weekday = 0; weekday < WeekDays; ++weekday) {
-        if (SameWord(text, WeekdayNames[static_cast<std::size_t>(weekday)])) {
+    for (int weekday = 0; weekday < kWeekDays; ++weekday) {
+        if (SameWord(text, kWeekdayNames[static_cast<std::size_t>(weekday)])) {
             return weekday;
         }
     }
@@ -145,7 +145,7 @@ private:
         const std::size_t equals = std::min(part.find('='), part.size());
         const std::string name = UpperText(TrimBlanks(part.substr(0, equals)));
         const std::string_view value = TrimBlanks(part.substr(std::min(equals + 1, part.size())));
-        for (const NumberListPart& list : NumberListParts) {
+        for (const NumberListPart& list : kNumberListParts) {
             if (list.name == name) {
                 return ReadNumberList(list, value, m_rule.*list.list);
             }
@@ -173,7 +173,7 @@ private:
 
     bool ReadFrequency(std::string_view value)
     {
-        for (const FrequencyName& row : FrequencyNames) {
+        for (const FrequencyName& row : kFrequencyNames) {
             if (SameWord(row.name, value)) {
                 m_rule.frequency = row.frequency;
                 m_hasFrequency = true;
@@ -214,4 +214,4 @@ RuleReading ParseRule(std::string_view value, LocalTime start)
     return RuleReader(start).Read(value);
 }
 
-} // namespace planner
+} // namespace dayvane::ical

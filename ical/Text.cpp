@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr char ReplacementUtf8[] = "\xEF\xBF\xBD";
-constexpr std::size_t ShortBytes = 60;
-constexpr char32_t Replacement = 0xFFFD;
-constexpr char32_t FirstSurrogate = 0xD800;
-constexpr char32_t FirstLowSurrogate = 0xDC00;
-constexpr char32_t LastSurrogate = 0xDFFF;
-constexpr char32_t FirstBeyond16Bits = 0x10000;
-constexpr char32_t LastCharacter = 0x10FFFF;
+constexpr char kReplacementUtf8[] = "\xEF\xBF\xBD";
+constexpr std::size_t kShortBytes = 60;
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kFirstSurrogate = 0xD800;
+constexpr char32_t kFirstLowSurrogate = 0xDC00;
+constexpr char32_t kLastSurrogate = 0xDFFF;
+constexpr char32_t kFirstBeyond16Bits = 0x10000;
+constexpr char32_t kLastCharacter = 0x10FFFF;
 
 // One row for each length of a UTF-8 sequence.
 struct SequenceForm
@@ -23,7 +23,7 @@ struct SequenceForm
     std::uint8_t leadBits;
     char32_t firstCharacter; // smaller ones have a shorter form
 };
-constexpr SequenceForm SequenceForms[] = {
+constexpr SequenceForm kSequenceForms[] = {
     // mask  bits  first
     {0x80, 0x00, 0},
     {0xE0, 0xC0, 0x80},
@@ -37,29 +37,29 @@ char32_t DecodeAt(std::string_view text, std::size_t at, std::size_t& length)
     const auto lead = static_cast<std::uint8_t>(text[at]);
     length = 0;
     for (std::size_t tail = 0; tail < 4; ++tail) {
-        const SequenceForm& form = SequenceForms[tail];
+        const SequenceForm& form = kSequenceForms[tail];
         if ((lead & form.leadMask) != form.leadBits) {
             continue;
         }
         char32_t character = lead & static_cast<std::uint8_t>(~form.leadMask);
         if (at + tail >= text.size()) {
-            return Replacement;
+            return kReplacement;
         }
         for (std::size_t i = 1; i <= tail; ++i) {
             const auto byte = static_cast<std::uint8_t>(text[at + i]);
             if ((byte & 0xC0) != 0x80) {
-                return Replacement;
+                return kReplacement;
             }
             character = character << 6 | (byte & 0x3F);
         }
-        const bool surrogate = character >= FirstSurrogate && character <= LastSurrogate;
-        if (character < form.firstCharacter || character > LastCharacter || surrogate) {
-            return Replacement;
+        const bool surrogate = character >= kFirstSurrogate && character <= kLastSurrogate;
+        if (character < form.firstCharacter || character > kLastCharacter || surrogate) {
+            return kReplacement;
         }
         length = tail + 1;
         return character;
     }
-    return Replacement;
+    return kReplacement;
 }
 
 void AppendUtf8(std::string& text, char32_t character)
@@ -69,7 +69,7 @@ void AppendUtf8(std::string& text, char32_t character)
     } else if (character < 0x800) {
         text += static_cast<char>(0xC0 | character >> 6);
         text += static_cast<char>(0x80 | (character & 0x3F));
-    } else if (character < FirstBeyond16Bits) {
+    } else if (character < kFirstBeyond16Bits) {
         text += static_cast<char>(0xE0 | character >> 12);
         text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
         text += static_cast<char>(0x80 | (character & 0x3F));
@@ -148,7 +148,7 @@ std::string RepairUtf8(std::string_view text)
         const std::size_t length = Utf8Length(text, at);
         const auto byte = static_cast<std::uint8_t>(text[at]);
         if (length == 0) {
-            repaired += ReplacementUtf8;
+            repaired += kReplacementUtf8;
         } else if (length == 1 && ((byte < 0x20 && byte != '\n' && byte != '\t') || byte == 0x7F)) {
             repaired += ' ';
         } else {
@@ -165,10 +165,10 @@ std::u16string Utf16FromUtf8(std::string_view text)
     for (std::size_t at = 0; at < text.size();) {
         std::size_t length = 0;
         const char32_t character = DecodeAt(text, at, length);
-        if (character >= FirstBeyond16Bits) {
-            const char32_t rest = character - FirstBeyond16Bits;
-            wide += static_cast<char16_t>(FirstSurrogate + (rest >> 10));
-            wide += static_cast<char16_t>(FirstLowSurrogate + (rest & 0x3FF));
+        if (character >= kFirstBeyond16Bits) {
+            const char32_t rest = character - kFirstBeyond16Bits;
+            wide += static_cast<char16_t>(kFirstSurrogate + (rest >> 10));
+            wide += static_cast<char16_t>(kFirstLowSurrogate + (rest & 0x3FF));
         } else {
             wide += static_cast<char16_t>(character);
         }
@@ -182,12 +182,12 @@ std::string Utf8FromUtf16(std::u16string_view text)
     std::string narrow;
     for (std::size_t at = 0; at < text.size(); ++at) {
         char32_t character = text[at];
-        if (character >= FirstSurrogate && character <= LastSurrogate) {
-            const bool paired = character < FirstLowSurrogate && at + 1 < text.size() &&
-                                text[at + 1] >= FirstLowSurrogate && text[at + 1] <= LastSurrogate;
-            character =
-                paired ? FirstBeyond16Bits + ((character - FirstSurrogate) << 10) + (text[at + 1] - FirstLowSurrogate)
-                       : Replacement;
+        if (character >= kFirstSurrogate && character <= kLastSurrogate) {
+            const bool paired = character < kFirstLowSurrogate && at + 1 < text.size() &&
+                                text[at + 1] >= kFirstLowSurrogate && text[at + 1] <= kLastSurrogate;
+            character = paired ? kFirstBeyond16Bits + ((character - kFirstSurrogate) << 10) +
+                                     (text[at + 1] - kFirstLowSurrogate)
+                               : kReplacement;
             at += paired ? 1 : 0;
         }
         AppendUtf8(narrow, character);
@@ -198,7 +198,7 @@ std::string Utf8FromUtf16(std::u16string_view text)
 std::string Shortened(std::string_view value)
 {
     std::size_t end = 0;
-    while (end < value.size() && end < ShortBytes) {
+    while (end < value.size() && end < kShortBytes) {
         end += std::max<std::size_t>(Utf8Length(value, end), 1);
     }
     std::string text = RepairUtf8(value.substr(0, end));
@@ -267,4 +267,4 @@ std::vector<std::string> SplitTextList(std::string_view value)
     return pieces;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -6,7 +6,7 @@
 #include <vector>
 
 // Bytes and characters of calendar files: ASCII case, blanks, UTF-8 and the escapes of text values.
-namespace planner {
+namespace dayvane::ical {
 
 constexpr char UpperLetter(char c)
 {
@@ -39,4 +39,4 @@ std::string EscapeText(std::string_view text);
 // The unescaped pieces of a list of text values.
 std::vector<std::string> SplitTextList(std::string_view value);
 
-} // namespace planner
+} // namespace dayvane::ical

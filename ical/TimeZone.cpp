@@ -5,14 +5,14 @@
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr LocalTime LastFollowedOnset = DayOfDate(2200, 1, 1) * DaySeconds;
+constexpr LocalTime kLastFollowedOnset = DayOfDate(2200, 1, 1) * kDaySeconds;
 // For hostile rules, per observance; a yearly onset since 1601 needs 600 onsets and 1200 steps.
-constexpr int MaxOnsets = 2000;
-constexpr std::int64_t MaxSteps = 4000;
+constexpr int kMaxOnsets = 2000;
+constexpr std::int64_t kMaxSteps = 4000;
 
 // Builds the observances of a VTIMEZONE from its lines.
 class ZoneReader
@@ -50,14 +50,14 @@ private:
     void ReadLine(const Property& property, const ComponentText::Line& line)
     {
         const std::string_view value = TrimBlanks(property.Value());
-        if (line.depth == ComponentText::OwnDepth && property.name == "TZID") {
+        if (line.depth == ComponentText::kOwnDepth && property.name == "TZID") {
             m_id = value;
-        } else if (line.depth == ComponentText::OwnDepth && property.name == "BEGIN") {
+        } else if (line.depth == ComponentText::kOwnDepth && property.name == "BEGIN") {
             m_draft = {};
             m_draft.line = line.number;
-        } else if (line.depth == ComponentText::OwnDepth && property.name == "END") {
+        } else if (line.depth == ComponentText::kOwnDepth && property.name == "END") {
             Finish();
-        } else if (line.depth == ComponentText::OwnDepth + 1) {
+        } else if (line.depth == ComponentText::kOwnDepth + 1) {
             ReadObservanceLine(property.name, value, line.number);
         }
     }
@@ -111,9 +111,9 @@ private:
         if (reading.rule && reading.rule->until) {
             const WrittenTime& until = *reading.rule->until;
             reading.rule->lastStart =
-                until.wall + (until.isUtc ? observance.offsetFrom : 0) + (until.isDate ? DaySeconds - 1 : 0);
+                until.wall + (until.isUtc ? observance.offsetFrom : 0) + (until.isDate ? kDaySeconds - 1 : 0);
         }
-        std::int64_t steps = MaxSteps;
+        std::int64_t steps = kMaxSteps;
         if (reading.rule) {
             LimitByCount(*reading.rule, observance.onset, steps);
         }
@@ -149,10 +149,10 @@ const std::vector<TimeZone::Transition>& TimeZone::Transitions() const
         int onsets = 0;
         const auto add = [&](LocalTime onset) {
             transitions.push_back({onset - observance.offsetFrom, observance.offsetFrom, observance.offsetTo});
-            return ++onsets < MaxOnsets;
+            return ++onsets < kMaxOnsets;
         };
         if (observance.rule) {
-            ExpandRule(*observance.rule, observance.onset, observance.onset, LastFollowedOnset, add, MaxSteps);
+            ExpandRule(*observance.rule, observance.onset, observance.onset, kLastFollowedOnset, add, kMaxSteps);
         } else {
             add(observance.onset);
         }
@@ -214,7 +214,7 @@ std::optional<int> ParseUtcOffset(std::string_view text)
     if (pair(1) >= 24 || pair(3) >= 60 || pair(5) >= 60) {
         return std::nullopt;
     }
-    const int seconds = static_cast<int>(pair(1) * HourSeconds + pair(3) * MinuteSeconds) + pair(5);
+    const int seconds = static_cast<int>(pair(1) * kHourSeconds + pair(3) * kMinuteSeconds) + pair(5);
     return text[0] == '-' ? -seconds : seconds;
 }
 
@@ -253,4 +253,4 @@ bool ZoneTable::Defines(std::string_view id) const
     return found != m_zones.end() && found->first.first == name;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

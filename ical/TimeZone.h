@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ical/CivilTime.h"
-#include "ical/Messages.h"
-#include "ical/Recurrence.h"
+#include "CivilTime.h"
+#include "Messages.h"
+#include "Recurrence.h"
 
 #include <map>
 #include <memory>
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // One STANDARD or DAYLIGHT part of a zone: the offset that holds from each of its onsets on.
 struct Observance
@@ -84,4 +84,4 @@ private:
     std::map<std::pair<std::string, int>, ZonePtr> m_zones; // by TZID and calendar
 };
 
-} // namespace planner
+} // namespace dayvane::ical

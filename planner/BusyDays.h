@@ -1,7 +1,7 @@
 // Which days have items, found out month by month when they are asked for.
 #pragma once
 
-#include "planner/model/Document.h"
+#include "planner/Calendar.h"
 
 #include <bitset>
 #include <map>

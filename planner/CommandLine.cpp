@@ -1,6 +1,6 @@
 #include "planner/CommandLine.h"
 
-#include "ical/CivilTime.h"
+#include "planner/Calendar.h"
 
 #include <cstdio>
 
@@ -18,7 +18,7 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
     if (option == "--date") {
         CommandLine::Date date = {};
         if (std::sscanf(value.c_str(), "%d-%d-%d%c", &date.year, &date.month, &date.day, &rest) != 3 ||
-            date.year < FirstYear || date.year > LastYear || date.month < 1 || date.month > YearMonths ||
+            date.year < kFirstYear || date.year > kLastYear || date.month < 1 || date.month > kYearMonths ||
             date.day < 1 || date.day > DaysInMonth(date.year, date.month)) {
             return false;
         }

@@ -49,18 +49,18 @@ LocalTime LastMoment(const EventTimes& times)
         return times.start;
     }
     if (times.isAllDay) {
-        return DayOfTime(times.end - 1) * DaySeconds;
+        return DayOfTime(times.end - 1) * kDaySeconds;
     }
-    return times.end % DaySeconds == 0 ? times.end - 1 : times.end;
+    return times.end % kDaySeconds == 0 ? times.end - 1 : times.end;
 }
 
 // The reverse, for a bound that a user has set.
 LocalTime ExclusiveEnd(LocalTime last, bool isAllDay)
 {
     if (isAllDay) {
-        return (DayOfTime(last) + 1) * DaySeconds;
+        return (DayOfTime(last) + 1) * kDaySeconds;
     }
-    return (last + 1) % DaySeconds == 0 ? last + 1 : last;
+    return (last + 1) % kDaySeconds == 0 ? last + 1 : last;
 }
 
 std::string DayText(LocalTime time)
@@ -91,7 +91,7 @@ std::string OneLine(const std::string& text)
 
 COleDateTime DateOfLocal(LocalTime time)
 {
-    if (time < EarliestTime || time >= EndOfTime) {
+    if (time < kEarliestTime || time >= kEndOfTime) {
         COleDateTime none;
         none.SetStatus(COleDateTime::invalid);
         return none;
@@ -150,14 +150,14 @@ EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, 
     const LocalTime first = LocalOfDate(begin);
     const LocalTime last = LocalOfDate(end);
     EventTimes times;
-    times.isAllDay = wholeDays || (first % DaySeconds == 0 && (last + 1) % DaySeconds == 0);
+    times.isAllDay = wholeDays || (first % kDaySeconds == 0 && (last + 1) % kDaySeconds == 0);
     if (times.isAllDay) {
-        times.start = DayOfTime(first) * DaySeconds;
-        times.end = (DayOfTime(last) + 1) * DaySeconds;
+        times.start = DayOfTime(first) * kDaySeconds;
+        times.end = (DayOfTime(last) + 1) * kDaySeconds;
         return times;
     }
     times.start = first;
-    const bool isLastSecond = (last + 1) % MinuteSeconds == 0; // of the last row
+    const bool isLastSecond = (last + 1) % kMinuteSeconds == 0; // of the last row
     times.end = isLastSecond ? last + 1 : last;
     return times;
 }
@@ -175,7 +175,7 @@ int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from,
         for (const LocalTime bound : {times.start, times.end}) {
             ++bounds;
             for (std::size_t i = 0; i < offered.size(); ++i) {
-                aligned[i] += bound % (HourSeconds / offered[i]) == 0 ? 1 : 0;
+                aligned[i] += bound % (kHourSeconds / offered[i]) == 0 ? 1 : 0;
             }
         }
     }
@@ -193,7 +193,7 @@ std::string DetailsOf(const Occurrence& occurrence)
     const bool isOneDay = DayOfTime(times.start) == occurrence.LastDay();
     std::string text = DayText(times.start);
     if (times.isAllDay) {
-        text += isOneDay ? "" : " - " + DayText(occurrence.LastDay() * DaySeconds);
+        text += isOneDay ? "" : " - " + DayText(occurrence.LastDay() * kDaySeconds);
     } else {
         text += " " + ClockText(times.start) + " - ";
         text += (isOneDay ? "" : DayText(times.end) + " ") + ClockText(times.end);

@@ -6,8 +6,8 @@
 #pragma once
 
 #include "core/CalendarRecords.h"
-#include "planner/model/CodePageText.h"
-#include "planner/model/Occurrences.h"
+#include "planner/CodePageText.h"
+#include "planner/Calendar.h"
 
 #include <vector>
 

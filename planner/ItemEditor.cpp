@@ -98,7 +98,7 @@ EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
     }
     m_edit.isOpen = false;
     const std::string text = MergeEditedText(SystemPage(), m_edit.before, ended.lpszText ? ended.lpszText : "");
-    if (m_edit.id.event != NoEvent) {
+    if (m_edit.id.event != kNoEvent) {
         return document.SetText(m_edit.id, TextField::Summary, text, m_edit.scope);
     }
     return text.empty() ? Nothing() : document.Create(m_edit.times, text, UtcNow());

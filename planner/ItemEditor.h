@@ -28,7 +28,7 @@ private:
     // What the open edit box is for.
     struct Edit
     {
-        OccurrenceId id; // NoEvent: a new item
+        OccurrenceId id; // kNoEvent: a new item
         Scope scope = Scope::ThisOccurrence;
         EventTimes times;   // of a new item
         std::string before; // UTF-8

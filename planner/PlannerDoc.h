@@ -4,7 +4,7 @@
 #include <afxext.h>
 #include <afxwin.h>
 
-#include "planner/model/Document.h"
+#include "planner/Calendar.h"
 
 // Sent to the frame when the document holds another calendar.
 constexpr UINT WM_PLANNER_LOADED = WM_APP + 1;

@@ -14,7 +14,7 @@ IMPLEMENT_DYNCREATE(CPlannerFrame, CFrameWnd)
 namespace {
 constexpr int kCountPane = 1;
 constexpr int kCountPaneWidth = 110; // pixels
-constexpr planner::LocalTime kFirstHour = 8 * planner::HourSeconds;
+constexpr planner::LocalTime kFirstHour = 8 * planner::kHourSeconds;
 constexpr int kOfficeOpens = 9; // hours, on work days
 constexpr int kOfficeCloses = 18;
 constexpr int kSunday = 1;
@@ -177,15 +177,15 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
 // Today; when the file has nothing in the months around it, the day of its last item before or its first behind.
 COleDateTime CPlannerFrame::FirstDay()
 {
-    constexpr planner::LocalTime around = 60 * planner::DaySeconds;
+    constexpr planner::LocalTime around = 60 * planner::kDaySeconds;
     const COleDateTime today = dayvane::StartOfDay(dayvane::Now());
     const planner::LocalTime now = planner::LocalOfDate(today);
     const planner::Document& calendar = Document()->Calendar();
     if (!calendar.OccurrencesIn(now - around, now + around).empty()) {
         return today;
     }
-    const auto behind = calendar.OccurrencesIn(now, planner::EndOfTime);
-    const auto before = behind.empty() ? calendar.OccurrencesIn(planner::EarliestTime, now) : behind;
+    const auto behind = calendar.OccurrencesIn(now, planner::kEndOfTime);
+    const auto before = behind.empty() ? calendar.OccurrencesIn(planner::kEarliestTime, now) : behind;
     if (before.empty()) {
         return today;
     }
@@ -262,7 +262,7 @@ void CPlannerFrame::GoTo(const COleDateTime& day)
     }
     m_day = day;
     if (m_view.row->hasTimes) { // the selected row is one that is in sight
-        ctrl->SetCurrentDate(dayvane::AddMinutes(day, kFirstHour / planner::MinuteSeconds));
+        ctrl->SetCurrentDate(dayvane::AddMinutes(day, kFirstHour / planner::kMinuteSeconds));
     } else {
         ctrl->SetCurrentDate(day);
         ctrl->SetSelRange(day, day);
@@ -339,14 +339,14 @@ void CPlannerFrame::Finish(const planner::EditResult& result)
 // Makes the item current, in view.
 void CPlannerFrame::Reveal(const planner::OccurrenceId& id)
 {
-    const auto occurrence = id.event != planner::NoEvent ? Document()->Calendar().Find(id) : std::nullopt;
+    const auto occurrence = id.event != planner::kNoEvent ? Document()->Calendar().Find(id) : std::nullopt;
     if (!occurrence) {
         return;
     }
     COleDateTime first, last;
     m_items.Ctrl()->GetViewRange(first, last);
     const COleDateTime start = planner::DateOfLocal(occurrence->times.start);
-    const COleDateTime end = planner::DateOfLocal(occurrence->LastDay() * planner::DaySeconds);
+    const COleDateTime end = planner::DateOfLocal(occurrence->LastDay() * planner::kDaySeconds);
     if (start > last || dayvane::EndOfDay(end) < first) {
         GoTo(dayvane::StartOfDay(start));
     }

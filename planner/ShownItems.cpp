@@ -9,9 +9,9 @@ namespace planner {
 
 namespace {
 // So much is loaded on both sides, so that scrolling by lines does not load at each step.
-constexpr LocalTime Margin = 35 * DaySeconds;
+constexpr LocalTime Margin = 35 * kDaySeconds;
 // Taken where the view tells no range, at the ends of the calendar's years.
-constexpr LocalTime UnknownRange = 400 * DaySeconds;
+constexpr LocalTime UnknownRange = 400 * kDaySeconds;
 } // namespace
 
 void ShownItems::Attach(CCalendarCtrl* ctrl)
@@ -30,7 +30,7 @@ ShownItems::Range ShownItems::ViewRange() const
     if (first.GetStatus() == COleDateTime::valid && last.GetStatus() == COleDateTime::valid) {
         const DayNumber firstDay = DayOfTime(LocalOfDate(first));
         const DayNumber lastDay = DayOfTime(LocalOfDate(last));
-        return {firstDay * DaySeconds, (lastDay + 1) * DaySeconds};
+        return {firstDay * kDaySeconds, (lastDay + 1) * kDaySeconds};
     }
     const LocalTime day = LocalOfDate(m_ctrl->GetCurrentDate());
     return {ClampTime(day - UnknownRange), ClampTime(day + UnknownRange)};
@@ -84,7 +84,7 @@ const Occurrence* ShownItems::Current() const
 
 bool ShownItems::Select(const OccurrenceId& id)
 {
-    if (!m_ctrl || id.event == NoEvent) {
+    if (!m_ctrl || id.event == kNoEvent) {
         return false;
     }
     for (int item = 0; item < m_ctrl->GetItemCount(); ++item) {
@@ -128,7 +128,7 @@ LocalTime ShownItems::EarliestStart(LocalTime none) const
     for (const Occurrence& occurrence : m_occurrences) {
         const LocalTime start = occurrence.times.start;
         if (!occurrence.times.isAllDay && start >= view.from && start < view.to) {
-            earliest = std::min(earliest, start - DayOfTime(start) * DaySeconds);
+            earliest = std::min(earliest, start - DayOfTime(start) * kDaySeconds);
         }
     }
     return earliest;

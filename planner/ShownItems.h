@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/CalendarCtrl.h"
-#include "planner/model/Document.h"
+#include "planner/Calendar.h"
 
 #include <vector>
 

@@ -101,16 +101,16 @@ COleDateTime DateAfterSteps(const ChosenView& view, const COleDateTime& date, in
     const LocalTime time = LocalOfDate(date);
     LocalTime moved = 0;
     if (view.row->stepUnit == ViewRow::Days) {
-        moved = time + steps * (view.row->step != 0 ? view.row->step : view.days) * DaySeconds;
+        moved = time + steps * (view.row->step != 0 ? view.row->step : view.days) * kDaySeconds;
     } else {
         const CivilDate day = DateOfDay(DayOfTime(time));
-        const int months = day.year * YearMonths + day.month - 1 + steps * view.row->step;
-        const int year = months / YearMonths;
-        const int month = months % YearMonths + 1;
-        if (year < FirstYear || year > LastYear) {
+        const int months = day.year * kYearMonths + day.month - 1 + steps * view.row->step;
+        const int year = months / kYearMonths;
+        const int month = months % kYearMonths + 1;
+        if (year < kFirstYear || year > kLastYear) {
             return date;
         }
-        moved = DayOfDate(year, month, std::min(day.day, DaysInMonth(year, month))) * DaySeconds;
+        moved = DayOfDate(year, month, std::min(day.day, DaysInMonth(year, month))) * kDaySeconds;
     }
     const COleDateTime result = DateOfLocal(moved);
     return result.GetStatus() == COleDateTime::valid ? result : date;

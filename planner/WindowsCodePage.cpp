@@ -1,6 +1,7 @@
 #include "planner/WindowsCodePage.h"
 
 #include "ical/Text.h"
+#include "planner/Calendar.h"
 
 namespace planner {
 

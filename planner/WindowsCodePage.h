@@ -7,7 +7,7 @@
 
 #include <afxwin.h>
 
-#include "planner/model/CodePageText.h"
+#include "planner/CodePageText.h"
 
 namespace planner {
 

@@ -2,7 +2,7 @@
 #include "planner/BusyDays.h"
 #include "planner/CommandLine.h"
 #include "planner/ItemBridge.h"
-#include "tests/planner/PlannerTesting.h"
+#include "tests/ical/CalendarTesting.h"
 
 namespace planner {
 namespace {
@@ -160,7 +160,7 @@ TEST(ItemBridge, TimeScaleSuitsNearlyAllItemsInView)
         std::vector<Occurrence> occurrences;
         for (std::string start : each.starts) {
             start += start.size() < 13 ? "00" : "";
-            occurrences.push_back(OccurrenceOf({At(start), At(start) + 30 * MinuteSeconds, false}));
+            occurrences.push_back(OccurrenceOf({At(start), At(start) + 30 * kMinuteSeconds, false}));
         }
         EXPECT_EQ(FittingTimeScale(occurrences, At("20260401"), At("20260402"), {2, 4, 6}), each.rowsPerHour)
             << (each.starts.empty() ? "no item" : each.starts.back());

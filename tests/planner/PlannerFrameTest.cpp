@@ -3,7 +3,7 @@
 #include "planner/ItemBridge.h"
 #include "planner/PlannerFrame.h"
 #include "planner/resource.h"
-#include "tests/planner/PlannerTesting.h"
+#include "tests/ical/CalendarTesting.h"
 #include "tests/support/Input.h"
 #include "views/daygrid/MonthViewCtrl.h"
 

@@ -1,13 +1,12 @@
-#include "PlannerTesting.h"
+#include "CalendarTesting.h"
 
 #include "ical/ComponentText.h"
 #include "ical/ContentLine.h"
 #include "ical/Text.h"
-#include "planner/model/CodePageText.h"
 
 #include <random>
 
-namespace planner {
+namespace dayvane::ical {
 namespace {
 
 TEST(CivilTime, DaysWalkWithoutGap)
@@ -20,8 +19,8 @@ TEST(CivilTime, DaysWalkWithoutGap)
         ASSERT_EQ(DayOfDate(date.year, date.month, date.day), day);
         if (++expected.day > DaysInMonth(expected.year, expected.month)) {
             expected.day = 1;
-            expected.year += expected.month == YearMonths;
-            expected.month = expected.month % YearMonths + 1;
+            expected.year += expected.month == kYearMonths;
+            expected.month = expected.month % kYearMonths + 1;
         }
     }
     EXPECT_EQ(DayOfDate(1970, 1, 1), 0);
@@ -71,8 +70,8 @@ TEST(CivilTime, ReadsDurations)
         std::int64_t seconds; // -1: refused
         const char* written;
     } rows[] = {
-        {"P1W", 7 * DaySeconds, "P7D"},
-        {"P1DT2H3M4S", DaySeconds + 7384, "P1DT2H3M4S"},
+        {"P1W", 7 * kDaySeconds, "P7D"},
+        {"P1DT2H3M4S", kDaySeconds + 7384, "P1DT2H3M4S"},
         {"PT90M", 5400, "PT1H30M"},
         {"PT0S", 0, "PT0M"},
         {"+pt5m", 300, "PT5M"},
@@ -83,7 +82,7 @@ TEST(CivilTime, ReadsDurations)
         {"PT1D", -1, ""},
         {"P99999999999D", -1, ""},
         {"1H", -1, ""},
-        {"P999999999W", EndOfTime - EarliestTime, "P3615900D"},
+        {"P999999999W", kEndOfTime - kEarliestTime, "P3615900D"},
     };
     for (const auto& row : rows) {
         const auto seconds = ParseDuration(row.text);
@@ -195,57 +194,5 @@ TEST(Lines, ReplacingKeepsTheRest)
                                std::string(67, 'y') + "\n yyy\nLOCATION:here\n");
 }
 
-// Like a code page: two bytes for some characters, a question mark for what it lacks.
-class ToyCodePage : public CodePageText
-{
-public:
-    std::string FromUtf8(std::string_view text) const override
-    {
-        std::string shown;
-        for (const char16_t c : Utf16FromUtf8(text)) {
-            shown += c < 0x80     ? std::string(1, static_cast<char>(c))
-                     : c == u'日' ? "\x93?"
-                     : c == u'本' ? "\x96{"
-                                  : "?";
-        }
-        return shown;
-    }
-    std::string ToUtf8(std::string_view text) const override
-    {
-        std::string utf8;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const bool isLead = text[i] == '\x93' || text[i] == '\x96';
-            utf8 += !isLead ? std::string(1, text[i]) : text[i] == '\x93' ? u8"日" : u8"本";
-            i += isLead;
-        }
-        return utf8;
-    }
-};
-
-TEST(CodePage, EditsKeepWhatCannotBeShown)
-{
-    const ToyCodePage page;
-    const std::string held = u8"日a", lost = u8"€a";
-    EXPECT_TRUE(HoldsText(page, held));
-    EXPECT_FALSE(HoldsText(page, lost));
-    const struct
-    {
-        const char* before;
-        const char* edited;
-        const char* after;
-    } rows[] = {
-        {u8"€ 100 日本", "? 100 \x93?\x96{", u8"€ 100 日本"},   // nothing changed
-        {u8"€ 100 日本", "? 120 \x93?\x96{!", u8"€ 120 日本!"}, // changed behind
-        {u8"日本 €", "x\x96{ ?", u8"x本 €"},                    // changed before
-        {u8"本 €", "\x93?", u8"日"},                            // the ? is half of a character, not the sign shown
-        {u8"€€", "?", u8"€"},
-        {u8"€", "", u8""},
-        {u8"", "new", u8"new"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(MergeEditedText(page, row.before, row.edited), row.after) << row.before;
-    }
-}
-
 } // namespace
-} // namespace planner
+} // namespace dayvane::ical

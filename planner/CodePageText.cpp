@@ -1,6 +1,7 @@
-#include "planner/model/CodePageText.h"
+#include "planner/CodePageText.h"
 
 #include "ical/Text.h"
+#include "planner/Calendar.h"
 
 #include <algorithm>
 #include <vector>

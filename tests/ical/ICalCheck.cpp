@@ -1,5 +1,5 @@
-// Reads calendar files as the planner does and prints what came of them: planner_check FILE...
-#include "planner/model/Document.h"
+// Reads calendar files through the library and prints what came of them: ical_check FILE...
+#include "ical/Document.h"
 
 #include <chrono>
 #include <cstdio>
@@ -14,17 +14,17 @@ void Check(const char* path)
     using Clock = std::chrono::steady_clock;
     std::ifstream file(path, std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    planner::Document document;
+    dayvane::ical::Document document;
     const auto begin = Clock::now();
     document.Load(bytes);
     const auto loaded = Clock::now();
-    const auto occurrences = document.OccurrencesIn(planner::EarliestTime, planner::EndOfTime);
+    const auto occurrences = document.OccurrencesIn(dayvane::ical::kEarliestTime, dayvane::ical::kEndOfTime);
     const auto expanded = Clock::now();
     const auto milliseconds = [](Clock::duration d) { return std::chrono::duration<double, std::milli>(d).count(); };
     std::printf("%s: %zu bytes, %zu events, %zu occurrences, read in %.1f ms, expanded in %.1f ms, %s\n", path,
                 bytes.size(), document.EventCount(), occurrences.size(), milliseconds(loaded - begin),
                 milliseconds(expanded - loaded), document.Save() == bytes ? "saved alike" : "SAVED DIFFERENTLY");
-    for (const planner::Message& message : document.Messages()) {
+    for (const dayvane::ical::Message& message : document.Messages()) {
         std::printf("  line %d: %s\n", message.line, message.text.c_str());
     }
 }

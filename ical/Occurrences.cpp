@@ -1,13 +1,13 @@
-#include "planner/model/Occurrences.h"
+#include "ical/Occurrences.h"
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
 // Clocks of two zones are never further apart; one day more for windows that begin inside a day.
-constexpr std::int64_t MaxClockDistance = 3 * DaySeconds;
+constexpr std::int64_t kMaxClockDistance = 3 * kDaySeconds;
 
 class Expander
 {
@@ -33,7 +33,7 @@ public:
         Occurrence occurrence;
         occurrence.event = m_event;
         occurrence.id.event = m_event->id;
-        occurrence.id.original = m_event->IsRecurrent() ? wall : OccurrenceId::NotRepeated;
+        occurrence.id.original = m_event->IsRecurrent() ? wall : OccurrenceId::kNotRepeated;
         occurrence.times.start = ClampTime(ConvertWall(wall, m_event->start.zone, m_displayZone));
         occurrence.times.end = ClampTime(ConvertWall(wall + duration, m_event->start.zone, m_displayZone));
         occurrence.times.end = std::max(occurrence.times.end, occurrence.times.start);
@@ -48,7 +48,7 @@ public:
         std::vector<LocalTime> walls; // ascending
         const auto add = [&](LocalTime wall) {
             walls.push_back(wall);
-            return walls.size() < MaxOccurrencesOfEvent;
+            return walls.size() < kMaxOccurrencesOfEvent;
         };
         if (m_event->rule) {
             ExpandRule(*m_event->rule, m_event->start.wall, from, to, add);
@@ -60,7 +60,7 @@ public:
                 use(wall, m_event->duration);
             }
         }
-        LocalTime before = OccurrenceId::NotRepeated;
+        LocalTime before = OccurrenceId::kNotRepeated;
         for (const FurtherDate& further : m_event->furtherDates) {
             const bool isNew = further.wall != before && !std::binary_search(walls.begin(), walls.end(), further.wall);
             if (isNew && further.wall >= from && further.wall < to && !IsLeftOut(further.wall)) {
@@ -107,12 +107,12 @@ void AppendOccurrences(const EventPtr& event, const ReplacedTimes& replaced, con
                        LocalTime to, std::vector<Occurrence>& occurrences)
 {
     const Expander expander(event, replaced, displayZone);
-    const LocalTime firstWall = ClampTime(from) - LongestDuration(*event) - MaxClockDistance;
-    const LocalTime lastWall = ClampTime(to) + MaxClockDistance;
+    const LocalTime firstWall = ClampTime(from) - LongestDuration(*event) - kMaxClockDistance;
+    const LocalTime lastWall = ClampTime(to) + kMaxClockDistance;
     expander.ForEach(firstWall, lastWall, [&](LocalTime wall, std::int64_t duration) {
         Occurrence occurrence = expander.At(wall, duration);
         const EventTimes& times = occurrence.times;
-        if (times.start < to && (times.end > from || times.start >= from) && occurrences.size() < MaxOccurrences) {
+        if (times.start < to && (times.end > from || times.start >= from) && occurrences.size() < kMaxOccurrences) {
             occurrences.push_back(std::move(occurrence));
         }
     });
@@ -122,7 +122,7 @@ std::optional<Occurrence> FindOccurrence(const EventPtr& event, const ReplacedTi
                                          const ZonePtr& displayZone, LocalTime original)
 {
     std::optional<Occurrence> found;
-    if (event->IsRecurrent() == (original != OccurrenceId::NotRepeated)) {
+    if (event->IsRecurrent() == (original != OccurrenceId::kNotRepeated)) {
         const LocalTime wall = event->IsRecurrent() ? original : event->start.wall;
         const Expander expander(event, replaced, displayZone);
         expander.ForEach(wall, wall + 1,
@@ -131,4 +131,4 @@ std::optional<Occurrence> FindOccurrence(const EventPtr& event, const ReplacedTi
     return found;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,9 +1,9 @@
-#include "planner/model/UidSource.h"
+#include "ical/UidSource.h"
 
 #include <memory>
 #include <random>
 
-namespace planner {
+namespace dayvane::ical {
 
 UidSource RandomUids()
 {
@@ -29,4 +29,4 @@ UidSource CountedUids(std::string prefix)
     return [prefix, count] { return prefix + std::to_string(++*count); };
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ical/CalendarScanner.h"
-#include "ical/EventReader.h"
-#include "ical/EventWriter.h"
-#include "ical/Messages.h"
-#include "planner/model/Occurrences.h"
-#include "planner/model/UidSource.h"
-#include "planner/model/UndoStack.h"
+#include "CalendarScanner.h"
+#include "EventReader.h"
+#include "EventWriter.h"
+#include "Messages.h"
+#include "Occurrences.h"
+#include "UidSource.h"
+#include "UndoStack.h"
 
 #include <list>
 #include <optional>
@@ -15,9 +15,9 @@
 #include <unordered_map>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
-// What an edit came to. `id` is the occurrence to make current afterwards; NoEvent if nothing is left to point at.
+// What an edit came to. `id` is the occurrence to make current afterwards; kNoEvent if nothing is left to point at.
 struct EditResult
 {
     bool isDone = false;
@@ -71,7 +71,7 @@ public:
     // The zone of the clock; nullptr: each event's own.
     const ZonePtr& DisplayZone() const { return m_writing.displayZone; }
 
-    // The occurrences that meet [from, to), by start, longer ones first; at most MaxOccurrences.
+    // The occurrences that meet [from, to), by start, longer ones first; at most kMaxOccurrences.
     std::vector<Occurrence> OccurrencesIn(LocalTime from, LocalTime to) const;
     std::optional<Occurrence> Find(const OccurrenceId& id) const;
     std::size_t EventCount() const;
@@ -98,7 +98,7 @@ private:
     struct Entry
     {
         std::string raw;
-        EventId id = NoEvent; // NoEvent: text between events
+        EventId id = kNoEvent; // kNoEvent: text between events
         int calendar = 0;
         int line = 1;
         bool isLive = true;
@@ -155,7 +155,7 @@ private:
     EntryList m_entries;
     std::unordered_map<EventId, EntryRef> m_byId;
     EntryRef m_insertBefore;
-    EventId m_lastId = NoEvent;
+    EventId m_lastId = kNoEvent;
     std::vector<Message> m_messages;
     ZoneTable m_zones;
     WritingContext m_writing; // `calendar` is the one of new events
@@ -166,4 +166,4 @@ private:
     mutable std::optional<ReplacedTimes> m_replaced;
 };
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,22 +1,22 @@
-#include "planner/model/Document.h"
+#include "ical/Document.h"
 
 #include "ical/Text.h"
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr std::string_view CalendarHead[] = {"BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Dayvane//Planner//EN"};
-constexpr std::string_view CalendarFoot = "END:VCALENDAR";
-constexpr std::string_view EventFoot = "END:VEVENT";
-constexpr std::string_view DefaultEnding = "\r\n";
+constexpr std::string_view kCalendarHead[] = {"BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Dayvane//Planner//EN"};
+constexpr std::string_view kCalendarFoot = "END:VCALENDAR";
+constexpr std::string_view kEventFoot = "END:VEVENT";
+constexpr std::string_view kDefaultEnding = "\r\n";
 
 std::string HeadText(std::string_view ending)
 {
     std::string text;
-    for (const std::string_view line : CalendarHead) {
+    for (const std::string_view line : kCalendarHead) {
         text.append(line).append(ending);
     }
     return text;
@@ -41,7 +41,7 @@ Document::Document(UidSource newUid) : m_newUid(std::move(newUid))
 
 void Document::Clear()
 {
-    Load(HeadText(DefaultEnding).append(CalendarFoot).append(DefaultEnding));
+    Load(HeadText(kDefaultEnding).append(kCalendarFoot).append(kDefaultEnding));
 }
 
 void Document::Load(std::string_view bytes)
@@ -58,21 +58,21 @@ void Document::Load(std::string_view bytes)
     }
     m_entries.clear();
     m_byId.clear();
-    m_lastId = NoEvent;
+    m_lastId = kNoEvent;
     m_undo = {};
     m_replaced.reset();
     m_name = std::move(scan.name);
     m_zones = std::move(scan.zones);
     RawLine firstLine;
     LineReader(bytes).Next(firstLine);
-    m_ending = EndingOf(firstLine.raw.empty() ? DefaultEnding : firstLine.raw);
-    m_ending = m_ending.empty() ? DefaultEnding : m_ending;
+    m_ending = EndingOf(firstLine.raw.empty() ? kDefaultEnding : firstLine.raw);
+    m_ending = m_ending.empty() ? kDefaultEnding : m_ending;
     for (const Passage& passage : scan.passages) {
         Entry entry;
         entry.raw = passage.raw;
         entry.calendar = passage.calendar;
         entry.line = passage.line;
-        entry.id = passage.isEvent ? ++m_lastId : NoEvent;
+        entry.id = passage.isEvent ? ++m_lastId : kNoEvent;
         m_entries.push_back(std::move(entry));
         if (passage.isEvent) {
             m_byId[m_lastId] = std::prev(m_entries.end());
@@ -112,7 +112,7 @@ void Document::ReadEvents(MessageLog& log)
 {
     EventReader reader(m_zones, log);
     for (Entry& entry : m_entries) {
-        if (entry.id != NoEvent) {
+        if (entry.id != kNoEvent) {
             if (auto event = reader.Read(ComponentText(entry.raw, entry.line), entry.calendar)) {
                 event->id = entry.id;
                 entry.event = std::move(event);
@@ -143,12 +143,12 @@ std::string Document::Save() const
             continue;
         }
         // An event without END ended where the deleted one began; now it would take in the text behind.
-        const bool mustClose = lostNeighbour && entry.id == NoEvent && last && IsCutOff(*last);
+        const bool mustClose = lostNeighbour && entry.id == kNoEvent && last && IsCutOff(*last);
         if ((entry.isCreated || mustClose) && !EndsLine(bytes)) {
             bytes += m_ending;
         }
         if (mustClose) {
-            bytes.append(EventFoot).append(m_ending);
+            bytes.append(kEventFoot).append(m_ending);
         }
         if (entry.isWrapped && !isWrapping) {
             bytes += HeadText(m_ending);
@@ -159,14 +159,14 @@ std::string Document::Save() const
         lostNeighbour = false;
     }
     if (isWrapping) {
-        bytes.append(CalendarFoot).append(m_ending);
+        bytes.append(kCalendarFoot).append(m_ending);
     }
     return bytes;
 }
 
 bool Document::IsCutOff(const Entry& entry)
 {
-    return entry.id != NoEvent && ComponentText(entry.raw).Lines().back().depth != 0;
+    return entry.id != kNoEvent && ComponentText(entry.raw).Lines().back().depth != 0;
 }
 
 EventPtr Document::ReadEvent(const Entry& entry) const
@@ -224,4 +224,4 @@ std::size_t Document::EventCount() const
                                                   [](const Entry& entry) { return entry.isLive && entry.event; }));
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,4 +1,4 @@
-#include "PlannerTesting.h"
+#include "CalendarTesting.h"
 
 #include <algorithm>
 #include <chrono>
@@ -6,10 +6,10 @@
 #include <iterator>
 #include <random>
 
-namespace planner {
+namespace dayvane::ical {
 namespace {
 
-constexpr LocalTime Stamp = DayOfDate(2026, 11, 21) * DaySeconds;
+constexpr LocalTime kStamp = DayOfDate(2026, 11, 21) * kDaySeconds;
 
 // Everything that the reader knows, in one file.
 std::string RichCalendar()
@@ -131,8 +131,8 @@ public:
     {
         EventTimes times;
         times.isAllDay = Pick(0, 2) == 0;
-        times.start = DayOfDate(2026, 11, Pick(1, 60)) * DaySeconds + (times.isAllDay ? 0 : Pick(0, 95) * 900);
-        times.end = times.start + (times.isAllDay ? Pick(1, 5) * DaySeconds : Pick(0, 40) * 900);
+        times.start = DayOfDate(2026, 11, Pick(1, 60)) * kDaySeconds + (times.isAllDay ? 0 : Pick(0, 95) * 900);
+        times.end = times.start + (times.isAllDay ? Pick(1, 5) * kDaySeconds : Pick(0, 40) * 900);
         return times;
     }
 
@@ -140,7 +140,7 @@ public:
     {
         const EventTimes times = Times();
         if (occurrences.empty()) {
-            return document.Create(times, "new", Stamp);
+            return document.Create(times, "new", kStamp);
         }
         const auto& id = occurrences[static_cast<std::size_t>(Pick(0, static_cast<int>(occurrences.size()) - 1))].id;
         const Scope scope = Pick(0, 1) == 0 ? Scope::ThisOccurrence : Scope::WholeSeries;
@@ -152,9 +152,9 @@ public:
         case 2:
             return document.Delete(id, scope);
         case 3:
-            return document.Copy(id, times, Stamp);
+            return document.Copy(id, times, kStamp);
         default:
-            return document.Create(times, "new", Stamp);
+            return document.Create(times, "new", kStamp);
         }
     }
 
@@ -164,7 +164,7 @@ private:
 
 std::vector<Occurrence> Autumn(const Document& document)
 {
-    return document.OccurrencesIn(DayOfDate(2026, 10, 1) * DaySeconds, DayOfDate(2027, 2, 1) * DaySeconds);
+    return document.OccurrencesIn(DayOfDate(2026, 10, 1) * kDaySeconds, DayOfDate(2027, 2, 1) * kDaySeconds);
 }
 
 std::vector<std::string> PassagesOf(const std::string& text)
@@ -296,7 +296,7 @@ TEST(Fuzz, HostileFilesEnd)
 
 std::string OfficeFile()
 {
-    std::ifstream file(PLANNER_SAMPLE_DATA "/office.ics", std::ios::binary);
+    std::ifstream file(SAMPLE_DATA "/office.ics", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
@@ -310,8 +310,8 @@ TEST(OfficeCalendar, IsReadWholeAndBusy)
     EXPECT_EQ(document.Save(), text);
     EXPECT_FALSE(document.Name().empty());
     const auto on = [&](int month, int day) {
-        const LocalTime begin = DayOfDate(2026, month, day) * DaySeconds;
-        return document.OccurrencesIn(begin, begin + DaySeconds);
+        const LocalTime begin = DayOfDate(2026, month, day) * kDaySeconds;
+        return document.OccurrencesIn(begin, begin + kDaySeconds);
     };
     EXPECT_GE(on(11, 20).size(), 8u); // more than a box of the month shows
     EXPECT_GE(on(12, 15).size(), 5u);
@@ -325,4 +325,4 @@ TEST(OfficeCalendar, IsReadWholeAndBusy)
 }
 
 } // namespace
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ical/CivilTime.h"
-#include "planner/model/Document.h"
+#include "ical/Document.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace planner {
+namespace dayvane::ical {
 
 // "20261121T0930" or "20261121" as a wall time.
 inline LocalTime At(std::string_view text)
@@ -21,7 +21,7 @@ inline LocalTime At(std::string_view text)
 
 inline std::string Shown(LocalTime time)
 {
-    const bool isMidnight = time == DayOfTime(time) * DaySeconds;
+    const bool isMidnight = time == DayOfTime(time) * kDaySeconds;
     const std::string text = FormatTime({time, isMidnight, false});
     constexpr std::size_t toMinutes = 13;
     return text.substr(0, toMinutes);
@@ -62,4 +62,4 @@ inline std::string AllMessages(const Document& document)
     return text;
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,4 +1,4 @@
-#include "PlannerTesting.h"
+#include "CalendarTesting.h"
 
 #include "ical/Recurrence.h"
 #include "ical/TimeZone.h"
@@ -7,7 +7,7 @@
 #include <chrono>
 #include <random>
 
-namespace planner {
+namespace dayvane::ical {
 namespace {
 
 RecurrenceRule Rule(const std::string& text, LocalTime start)
@@ -18,7 +18,7 @@ RecurrenceRule Rule(const std::string& text, LocalTime start)
     if (rule.until) {
         rule.lastStart = rule.until->wall;
     }
-    std::int64_t steps = CountingSteps;
+    std::int64_t steps = kCountingSteps;
     LimitByCount(rule, start, steps);
     return rule;
 }
@@ -37,7 +37,7 @@ std::string Days(const std::vector<LocalTime>& times)
 {
     std::string text;
     for (const LocalTime time : times) {
-        text += (text.empty() ? "" : " ") + Shown(DayOfTime(time) * DaySeconds).substr(2);
+        text += (text.empty() ? "" : " ") + Shown(DayOfTime(time) * kDaySeconds).substr(2);
     }
     return text;
 }
@@ -104,11 +104,11 @@ bool GivesDay(const RecurrenceRule& rule, DayNumber startDay, DayNumber day)
     const auto in = [](const std::vector<int>& list, int value) {
         return std::find(list.begin(), list.end(), value) != list.end();
     };
-    const auto weekOf = [&](DayNumber d) { return d - (WeekdayOfDay(d) - rule.weekStart + WeekDays) % WeekDays; };
+    const auto weekOf = [&](DayNumber d) { return d - (WeekdayOfDay(d) - rule.weekStart + kWeekDays) % kWeekDays; };
     const DayNumber distance = rule.frequency == Frequency::Daily    ? day - startDay
-                               : rule.frequency == Frequency::Weekly ? (weekOf(day) - weekOf(startDay)) / WeekDays
+                               : rule.frequency == Frequency::Weekly ? (weekOf(day) - weekOf(startDay)) / kWeekDays
                                : rule.frequency == Frequency::Monthly
-                                   ? (date.year - start.year) * YearMonths + date.month - start.month
+                                   ? (date.year - start.year) * kYearMonths + date.month - start.month
                                    : date.year - start.year;
     if (distance % rule.interval != 0 || (!rule.byMonth.empty() && !in(rule.byMonth, date.month))) {
         return false;
@@ -124,8 +124,8 @@ bool GivesDay(const RecurrenceRule& rule, DayNumber startDay, DayNumber day)
     const int size = ofYear ? 365 + IsLeapYear(date.year) : length;
     const auto fits = [&](const RuleWeekday& wanted) {
         return wanted.weekday == weekday &&
-               (!longPeriod || wanted.ordinal == 0 || wanted.ordinal == place / WeekDays + 1 ||
-                wanted.ordinal == -((size - 1 - place) / WeekDays + 1));
+               (!longPeriod || wanted.ordinal == 0 || wanted.ordinal == place / kWeekDays + 1 ||
+                wanted.ordinal == -((size - 1 - place) / kWeekDays + 1));
     };
     if (!rule.byDay.empty()) {
         return std::any_of(rule.byDay.begin(), rule.byDay.end(), fits);
@@ -164,22 +164,22 @@ TEST(Recurrence, RandomRulesEqualTheLiteralOnes)
             rule.byDay.push_back({pick(0, 1) * pick(-6, 6), pick(0, 6)});
         }
         const DayNumber startDay = DayOfDate(2024, 1, 1) + pick(0, 800);
-        const LocalTime start = startDay * DaySeconds + pick(0, 86399);
+        const LocalTime start = startDay * kDaySeconds + pick(0, 86399);
         const int count = pick(1, 40);
         std::vector<LocalTime> expected{start};
         for (DayNumber day = startDay + 1; day < startDay + 3000; ++day) {
             if (GivesDay(rule, startDay, day)) {
-                expected.push_back(start + (day - startDay) * DaySeconds);
+                expected.push_back(start + (day - startDay) * kDaySeconds);
             }
         }
-        const LocalTime end = start + 3000 * DaySeconds;
+        const LocalTime end = start + 3000 * kDaySeconds;
         ASSERT_EQ(Days(Expand(rule, start, start, end)), Days(expected)) << "round " << round;
         // A window in the middle gives the same ones, whichever period it begins in.
-        const LocalTime from = start + pick(0, 2999) * DaySeconds + pick(-1, 1);
+        const LocalTime from = start + pick(0, 2999) * kDaySeconds + pick(-1, 1);
         const auto firstInside = std::lower_bound(expected.begin(), expected.end(), from);
         ASSERT_EQ(Days(Expand(rule, start, from, end)), Days({firstInside, expected.end()})) << "round " << round;
         rule.count = count;
-        std::int64_t steps = CountingSteps;
+        std::int64_t steps = kCountingSteps;
         LimitByCount(rule, start, steps);
         if (expected.size() >= static_cast<std::size_t>(count)) {
             expected.resize(static_cast<std::size_t>(count));
@@ -198,14 +198,14 @@ TEST(Recurrence, HostileRulesEnd)
           "FREQ=MONTHLY;INTERVAL=999999999;COUNT=7"}) {
         for (const char* from : {"01000101T0000", "20260101T0900", "99991231T2359"}) {
             const LocalTime start = At(from);
-            const auto times = Expand(Rule(text, start), start, At("99980101"), EndOfTime);
+            const auto times = Expand(Rule(text, start), start, At("99980101"), kEndOfTime);
             EXPECT_LE(times.size(), 730u) << text;
         }
     }
     RecurrenceRule rule = *ParseRule("FREQ=DAILY;BYDAY=MO;COUNT=10", 0).rule;
-    std::int64_t steps = CountingSteps;
+    std::int64_t steps = kCountingSteps;
     EXPECT_TRUE(LimitByCount(rule, 0, steps));
-    EXPECT_LT(steps, CountingSteps - 60);
+    EXPECT_LT(steps, kCountingSteps - 60);
     steps = 60;
     EXPECT_FALSE(LimitByCount(rule, 0, steps));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
@@ -285,4 +285,4 @@ TEST(TimeZone, ReadsOffsets)
 }
 
 } // namespace
-} // namespace planner
+} // namespace dayvane::ical

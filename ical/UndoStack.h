@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // The steps done so far and those taken back, and which of these states was saved last.
 template <typename Step>
@@ -38,4 +38,4 @@ private:
     std::optional<std::size_t> m_saved = 0;
 };
 
-} // namespace planner
+} // namespace dayvane::ical

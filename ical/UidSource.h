@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace planner {
+namespace dayvane::ical {
 
 // Gives a UID for a new event at each call; the document asks again when the UID is in use.
 using UidSource = std::function<std::string()>;
@@ -13,4 +13,4 @@ UidSource RandomUids();
 // "prefix1", "prefix2" and so on: the same in every run.
 UidSource CountedUids(std::string prefix);
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,9 +1,9 @@
-#include "PlannerTesting.h"
+#include "CalendarTesting.h"
 
-namespace planner {
+namespace dayvane::ical {
 namespace {
 
-constexpr LocalTime Stamp = DayOfDate(2026, 11, 21) * DaySeconds;
+constexpr LocalTime kStamp = DayOfDate(2026, 11, 21) * kDaySeconds;
 
 EventTimes Times(std::string_view start, std::string_view end, bool isAllDay = false)
 {
@@ -210,7 +210,7 @@ TEST_F(DocumentTest, AllDayAndUtcSeriesWriteTheirOwnForm)
                      "RRULE:FREQ=DAILY;COUNT=2", "END:VEVENT", "END:VCALENDAR"}));
     ASSERT_TRUE(m_document.Delete(IdAt("20261103T0900"), Scope::ThisOccurrence).isDone);
     EXPECT_EQ(Difference(), "+EXDATE:20261103T000000Z\r\n");
-    ASSERT_TRUE(m_document.Create(Times("20261105T0800", "20261105T0900"), "n", Stamp).isDone);
+    ASSERT_TRUE(m_document.Create(Times("20261105T0800", "20261105T0900"), "n", kStamp).isDone);
     EXPECT_NE(Difference().find("+DTSTART:20261104T230000Z\r\n"), std::string::npos) << Difference();
 }
 
@@ -218,7 +218,7 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
 {
     Open({"UID:new1", "DTSTART:20261102T0900", "DURATION:PT1H", "SEQUENCE:3", "RRULE:FREQ=DAILY;COUNT=2", "X-KEPT:1",
           "SUMMARY:x", "BEGIN:VALARM", "UID:alarm", "END:VALARM"});
-    const EditResult created = m_document.Create(Times("20261121T0900", "20261121T1000"), "a;b", Stamp);
+    const EditResult created = m_document.Create(Times("20261121T0900", "20261121T1000"), "a;b", kStamp);
     ASSERT_TRUE(created.isDone);
     EXPECT_EQ(Difference(), "+BEGIN:VEVENT\r\n+UID:new2\r\n+DTSTAMP:20261121T000000Z\r\n+DTSTART:20261121T090000\r\n"
                             "+DTEND:20261121T100000\r\n+SUMMARY:a\\;b\r\n+END:VEVENT\r\n");
@@ -231,7 +231,7 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
     EXPECT_FALSE(m_document.IsModified());
     m_document.Undo();
     EXPECT_TRUE(m_document.IsModified());
-    const EditResult copied = m_document.Copy(IdAt("20261103T0900"), Times("20261105T0900", "20261105T1000"), Stamp);
+    const EditResult copied = m_document.Copy(IdAt("20261103T0900"), Times("20261105T0900", "20261105T1000"), kStamp);
     ASSERT_TRUE(copied.isDone);
     EXPECT_EQ(
         Difference(),
@@ -294,7 +294,7 @@ TEST_F(DocumentTest, NewEventsFindTheirPlace)
     for (const auto& row : rows) {
         Document document(CountedUids("new"));
         document.Load(row.before + row.after);
-        const EditResult result = document.Create(Times("20261121T0300", "20261121T0300", true), "n", Stamp);
+        const EditResult result = document.Create(Times("20261121T0300", "20261121T0300", true), "n", kStamp);
         ASSERT_TRUE(result.isDone) << row.name;
         EXPECT_EQ(document.Save(), row.saved.empty() ? row.before + created + row.after : row.saved) << row.name;
         Document again;
@@ -327,12 +327,12 @@ TEST_F(DocumentTest, RefusesWithAReason)
     const EditResult results[] = {
         m_document.Move(id, fine), // no UID
         m_document.Move(id, Times("20261110T0900", "20261110T0859")),
-        m_document.Move(id, {At("20261110"), EndOfTime, false}),
+        m_document.Move(id, {At("20261110"), kEndOfTime, false}),
         m_document.Move(none, fine),
         m_document.Delete(none, Scope::WholeSeries),
         m_document.SetText({99, 0}, TextField::Summary, "x", Scope::WholeSeries),
-        m_document.Create({EarliestTime - 1, EarliestTime, false}, "x", Stamp),
-        m_document.Copy(none, fine, Stamp),
+        m_document.Create({kEarliestTime - 1, kEarliestTime, false}, "x", kStamp),
+        m_document.Copy(none, fine, kStamp),
         m_document.Undo(),
         m_document.Redo(),
     };
@@ -347,9 +347,9 @@ TEST_F(DocumentTest, RefusesWithAReason)
     EXPECT_FALSE(m_document.Move(IdAt("20261102T0900"), Times("99991231T1000", "99991231T2359")).isDone);
     EXPECT_EQ(m_document.Save(), m_text);
     OpenText("\xFE\xFF");
-    EXPECT_FALSE(m_document.Create(fine, "x", Stamp).isDone);
+    EXPECT_FALSE(m_document.Create(fine, "x", kStamp).isDone);
     EXPECT_FALSE(m_document.IsModified());
 }
 
 } // namespace
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,18 +1,18 @@
-#include "PlannerTesting.h"
+#include "CalendarTesting.h"
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 namespace {
 
-constexpr char Year2026[] = "20260101";
-constexpr char Year2027[] = "20270101";
+constexpr char kYear2026[] = "20260101";
+constexpr char kYear2027[] = "20270101";
 
 std::string ShownIn2026(const std::string& text)
 {
     Document document;
     document.Load(text);
-    return Shown(document.OccurrencesIn(At(Year2026), At(Year2027)));
+    return Shown(document.OccurrencesIn(At(kYear2026), At(kYear2027)));
 }
 
 TEST(Reader, EventsBeginAndEnd)
@@ -49,7 +49,7 @@ TEST(Reader, EventsBeginAndEnd)
     for (const auto& row : rows) {
         Document document;
         document.Load(CalendarWith({row.start, row.end}));
-        EXPECT_EQ(Shown(document.OccurrencesIn(At(Year2026), At(Year2027))), row.shown) << row.start << row.end;
+        EXPECT_EQ(Shown(document.OccurrencesIn(At(kYear2026), At(kYear2027))), row.shown) << row.start << row.end;
         EXPECT_EQ(document.Messages().size(), row.message ? 1u : 0u) << AllMessages(document);
         EXPECT_NE(AllMessages(document).find(row.message ? row.message : ""), std::string::npos)
             << AllMessages(document);
@@ -63,7 +63,7 @@ TEST(Reader, TakesTextsAndFlags)
                                 "CATEGORIES:One,Two\\,Half", "CATEGORIES: Three ", "STATUS:cancelled",
                                 "TRANSP:TRANSPARENT", "BEGIN:VALARM", "SUMMARY:not this", "DTSTART:20200101",
                                 "END:VALARM", "DESCRIPTION:folded", " and on"}));
-    const auto occurrences = document.OccurrencesIn(At(Year2026), At(Year2027));
+    const auto occurrences = document.OccurrencesIn(At(kYear2026), At(kYear2027));
     ASSERT_EQ(occurrences.size(), 1u);
     const Event& event = *occurrences[0].event;
     EXPECT_EQ(event.summary, "A, B\nC");
@@ -113,7 +113,7 @@ TEST(Reader, RepeatsWithExceptionsAndReplacements)
     for (const auto& row : rows) {
         Document document;
         document.Load(CalendarWith({"DTSTART:20261230", row.rule}));
-        EXPECT_EQ(Shown(document.OccurrencesIn(At(Year2026), At(Year2027))), row.shown) << row.rule;
+        EXPECT_EQ(Shown(document.OccurrencesIn(At(kYear2026), At(kYear2027))), row.shown) << row.rule;
         EXPECT_NE(AllMessages(document).find(row.message), std::string::npos) << AllMessages(document);
     }
 }
@@ -203,7 +203,7 @@ TEST(Reader, FilesWithLostEndsHideNothing)
     for (const auto& row : rows) {
         Document document;
         document.Load(row.text);
-        EXPECT_EQ(Shown(document.OccurrencesIn(At(Year2026), At(Year2027))), row.shown) << row.name;
+        EXPECT_EQ(Shown(document.OccurrencesIn(At(kYear2026), At(kYear2027))), row.shown) << row.name;
         EXPECT_EQ(AllMessages(document), row.messages) << row.name;
         EXPECT_EQ(document.Save(), row.text) << row.name;
     }
@@ -217,9 +217,9 @@ TEST(Reader, MessagesAreBounded)
     }
     Document document;
     document.Load(text);
-    ASSERT_EQ(document.Messages().size(), MessageLog::MaxMessages + 1);
+    ASSERT_EQ(document.Messages().size(), MessageLog::kMaxMessages + 1);
     EXPECT_EQ(document.Messages().back().text, "and 2000 more");
 }
 
 } // namespace
-} // namespace planner
+} // namespace dayvane::ical

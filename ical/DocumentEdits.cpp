@@ -1,17 +1,17 @@
-#include "planner/model/Document.h"
+#include "ical/Document.h"
 
 #include <algorithm>
 
-namespace planner {
+namespace dayvane::ical {
 
 namespace {
 
-constexpr char Gone[] = "This item is no longer in the calendar.";
-constexpr char Locked[] = "This file is in an encoding that cannot be edited here.";
-constexpr char BadTimes[] = "An item must end after it begins, between the years 100 and 9999.";
-constexpr char UnreadRule[] = "This item repeats by a rule that is not understood here, so it cannot be moved.";
-constexpr char NoUid[] = "This item repeats but has no identifier, so single occurrences of it cannot be changed.";
-constexpr char Unwritable[] = "The calendar file cannot hold this item.";
+constexpr char kGone[] = "This item is no longer in the calendar.";
+constexpr char kLocked[] = "This file is in an encoding that cannot be edited here.";
+constexpr char kBadTimes[] = "An item must end after it begins, between the years 100 and 9999.";
+constexpr char kUnreadRule[] = "This item repeats by a rule that is not understood here, so it cannot be moved.";
+constexpr char kNoUid[] = "This item repeats but has no identifier, so single occurrences of it cannot be changed.";
+constexpr char kUnwritable[] = "The calendar file cannot hold this item.";
 
 EditResult Refuse(const char* problem)
 {
@@ -53,27 +53,27 @@ std::string ClosedText(ComponentText& text)
 LocalTime OriginalStart(const EventTime& time, const EventTime& seriesStart)
 {
     if (time.isDate && !seriesStart.isDate) { // a bare date names the occurrence of that day
-        return time.wall + seriesStart.wall - DayOfTime(seriesStart.wall) * DaySeconds;
+        return time.wall + seriesStart.wall - DayOfTime(seriesStart.wall) * kDaySeconds;
     }
     const LocalTime wall = ConvertWall(time.wall, time.zone, seriesStart.zone);
-    return seriesStart.isDate ? DayOfTime(wall) * DaySeconds : wall;
+    return seriesStart.isDate ? DayOfTime(wall) * kDaySeconds : wall;
 }
 
 // Time zones move a written time by a day at most; so far from the ends of the calendar's years timed items stay.
-constexpr std::int64_t ZoneMargin = 2 * DaySeconds;
+constexpr std::int64_t kZoneMargin = 2 * kDaySeconds;
 
 // All-day times cover whole days. False if they cannot be written.
 bool Normalise(EventTimes& times)
 {
-    if (times.start < EarliestTime || times.end > EndOfTime) {
+    if (times.start < kEarliestTime || times.end > kEndOfTime) {
         return false;
     }
     if (times.isAllDay) {
-        times.start = DayOfTime(times.start) * DaySeconds;
-        times.end = std::max(DayOfTime(times.end + DaySeconds - 1) * DaySeconds, times.start + DaySeconds);
+        times.start = DayOfTime(times.start) * kDaySeconds;
+        times.end = std::max(DayOfTime(times.end + kDaySeconds - 1) * kDaySeconds, times.start + kDaySeconds);
     }
-    const std::int64_t margin = times.isAllDay ? 0 : ZoneMargin;
-    return times.start >= EarliestTime + margin && times.start <= times.end && times.end < EndOfTime - margin;
+    const std::int64_t margin = times.isAllDay ? 0 : kZoneMargin;
+    return times.start >= kEarliestTime + margin && times.start <= times.end && times.end < kEndOfTime - margin;
 }
 
 } // namespace
@@ -147,7 +147,7 @@ EditResult Document::Commit(Step step)
         for (const Change& change : step.changes) {
             Apply(change.id, change.before);
         }
-        return Refuse(Unwritable);
+        return Refuse(kUnwritable);
     }
     const OccurrenceId id = step.idAfter;
     m_undo.Push(std::move(step));
@@ -191,7 +191,7 @@ template <typename Edit>
 EditResult Document::Replace(Entry& series, const Occurrence& occurrence, const EventTimes& times, Edit edit)
 {
     if (series.event->uid.empty()) {
-        return Refuse(NoUid);
+        return Refuse(kNoUid);
     }
     ComponentText text(series.raw);
     MakeReplacement(text, occurrence.id.original);
@@ -208,17 +208,17 @@ EditResult Document::Move(const OccurrenceId& id, const EventTimes& wanted)
     EventTimes times = wanted;
     const auto occurrence = Find(id);
     if (m_isLocked || !occurrence) {
-        return Refuse(m_isLocked ? Locked : Gone);
+        return Refuse(m_isLocked ? kLocked : kGone);
     }
     if (!Normalise(times)) {
-        return Refuse(BadTimes);
+        return Refuse(kBadTimes);
     }
     if (times == occurrence->times) {
         return Done(id);
     }
     Entry& entry = *FindEntry(id.event);
     if (entry.event->hasUnreadRule) {
-        return Refuse(UnreadRule);
+        return Refuse(kUnreadRule);
     }
     if (entry.event->IsRecurrent()) {
         return Replace(entry, *occurrence, times, [](ComponentText&) {});
@@ -232,7 +232,7 @@ EditResult Document::SetText(const OccurrenceId& id, TextField field, const std:
 {
     const auto occurrence = Find(id);
     if (m_isLocked || !occurrence) {
-        return Refuse(m_isLocked ? Locked : Gone);
+        return Refuse(m_isLocked ? kLocked : kGone);
     }
     Entry& entry = *FindEntry(id.event);
     if (TextOf(*entry.event, field) == text) {
@@ -250,7 +250,7 @@ EditResult Document::SetText(const OccurrenceId& id, TextField field, const std:
 EditResult Document::Delete(const OccurrenceId& id, Scope scope)
 {
     if (m_isLocked || !Find(id)) {
-        return Refuse(m_isLocked ? Locked : Gone);
+        return Refuse(m_isLocked ? kLocked : kGone);
     }
     Entry& entry = *FindEntry(id.event);
     if (scope == Scope::WholeSeries) {
@@ -319,7 +319,7 @@ EditResult Document::Create(const EventTimes& wanted, const std::string& summary
 {
     EventTimes times = wanted;
     if (m_isLocked || !Normalise(times)) {
-        return Refuse(m_isLocked ? Locked : BadTimes);
+        return Refuse(m_isLocked ? kLocked : kBadTimes);
     }
     return AddEvent(NewEventText(UnusedUid(), utcNow, times, summary, m_writing, m_ending), {});
 }
@@ -328,10 +328,10 @@ EditResult Document::Copy(const OccurrenceId& id, const EventTimes& wanted, Loca
 {
     EventTimes times = wanted;
     if (m_isLocked || !Find(id)) {
-        return Refuse(m_isLocked ? Locked : Gone);
+        return Refuse(m_isLocked ? kLocked : kGone);
     }
     if (!Normalise(times)) {
-        return Refuse(BadTimes);
+        return Refuse(kBadTimes);
     }
     const Entry& entry = *FindEntry(id.event);
     ComponentText text(entry.raw);
@@ -343,4 +343,4 @@ EditResult Document::Copy(const OccurrenceId& id, const EventTimes& wanted, Loca
     return Commit({{ChangeText(*place, place->raw)}, id, copyId});
 }
 
-} // namespace planner
+} // namespace dayvane::ical

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ical/Event.h"
-#include "ical/EventWriter.h"
+#include "Event.h"
+#include "EventWriter.h"
 
 #include <cstddef>
 #include <limits>
@@ -11,16 +11,16 @@
 #include <utility>
 #include <vector>
 
-namespace planner {
+namespace dayvane::ical {
 
 // Names one occurrence for as long as the document is open: a single event by its number, an occurrence of a repeated
 // one by the start that the rule gives it as well. Moving a single event keeps its name.
 struct OccurrenceId
 {
-    static constexpr LocalTime NotRepeated = std::numeric_limits<LocalTime>::min();
+    static constexpr LocalTime kNotRepeated = std::numeric_limits<LocalTime>::min();
 
-    EventId event = NoEvent;
-    LocalTime original = NotRepeated; // on the clock of the event's start
+    EventId event = kNoEvent;
+    LocalTime original = kNotRepeated; // on the clock of the event's start
 
     bool operator==(const OccurrenceId& other) const { return event == other.event && original == other.original; }
     bool operator!=(const OccurrenceId& other) const { return !(*this == other); }
@@ -42,8 +42,8 @@ struct Occurrence
 };
 
 // Bounds that keep hostile files from filling the memory; no calendar that people keep meets them.
-constexpr std::size_t MaxOccurrencesOfEvent = 5000;
-constexpr std::size_t MaxOccurrences = 200000;
+constexpr std::size_t kMaxOccurrencesOfEvent = 5000;
+constexpr std::size_t kMaxOccurrences = 200000;
 
 // The RECURRENCE-IDs of a document, by VCALENDAR and UID.
 using ReplacedTimes = std::map<std::pair<int, std::string>, std::vector<EventTime>>;
@@ -56,4 +56,4 @@ void AppendOccurrences(const EventPtr& event, const ReplacedTimes& replaced, con
 std::optional<Occurrence> FindOccurrence(const EventPtr& event, const ReplacedTimes& replaced,
                                          const ZonePtr& displayZone, LocalTime original);
 
-} // namespace planner
+} // namespace dayvane::ical
