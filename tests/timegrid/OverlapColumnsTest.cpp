@@ -43,7 +43,7 @@ TEST(TimeGridLayout, DayMatchesTheLiteralRules)
         ItemArray store, expected, actual;
         random.Fill(store, random.Below(20) ? 12 : 60, kDay, 1);
         const int lanes = literal::DayScreenItems(store, kDay, expected);
-        ASSERT_EQ(lanes, MakeRangeItems(store, kDay, kDay, actual));
+        ASSERT_EQ(lanes, MakeRangeItems(store, DayRange::OneDay(kDay), actual));
         if (random.Below(8) == 0) {
             // Screen lists of the host's own making: several items of one source, items of other days.
             actual.Copy(store);
@@ -57,7 +57,7 @@ TEST(TimeGridLayout, DayMatchesTheLiteralRules)
         const TimeGridFrame frame = CalcTimeGridFrame(RandomClient(random), random.Below(2), 0, lanes, 1);
         literal::DayItemRects(expected, frame.grid, kDay, scale.rowsPerHour);
         literal::DayLanes(expected, frame.fulldayContent);
-        PlaceTimedItems(actual, frame.columns, kDay, scale, kOneDayOverlap);
+        PlaceTimedItems(actual, frame.columns, DayRange::OneDay(kDay), scale);
         LayOneDayLanes(actual, frame.fulldayContent);
         ASSERT_NO_FATAL_FAILURE(ExpectSameItems(expected, actual));
     }
@@ -73,12 +73,12 @@ TEST(TimeGridLayout, ManyDaysMatchTheLiteralRules)
         ItemArray store, expected, actual;
         random.Fill(store, random.Below(20) ? 30 : 150, kDay, days);
         const int lanes = literal::ManyDayScreenItems(store, kDay, days, expected);
-        ASSERT_EQ(lanes, MakeRangeItems(store, kDay, AddDays(kDay, days - 1), actual));
+        ASSERT_EQ(lanes, MakeRangeItems(store, DayRange{kDay, days}, actual));
         const TimeGridFrame frame =
             CalcTimeGridFrame(RandomClient(random), random.Below(2), kTimeGrid.headerHeight, lanes, days);
         literal::ManyDayItemRects(expected, frame.columns, kDay, scale.rowsPerHour);
         literal::ManyDayLanes(expected, frame.fulldayContent, frame.columns, kDay);
-        PlaceTimedItems(actual, frame.columns, kDay, scale, kManyDaysOverlap);
+        PlaceTimedItems(actual, frame.columns, DayRange{kDay, days}, scale);
         LayManyDayLanes(actual, frame.fulldayContent, frame.columns, kDay);
         ASSERT_NO_FATAL_FAILURE(ExpectSameItems(expected, actual));
     }
@@ -102,7 +102,7 @@ TEST(TimeGridLayout, CrowdsMatchTheLiteralRules)
         expected.Copy(actual);
         const CRect grid(61, 60, 62 + random.Below(1000), 500);
         literal::DayItemRects(expected, grid, kDay, 2);
-        PlaceTimedItems(actual, {grid}, kDay, TimeScale{2}, kOneDayOverlap);
+        PlaceTimedItems(actual, {grid}, DayRange::OneDay(kDay), TimeScale{2});
         ASSERT_NO_FATAL_FAILURE(ExpectSameItems(expected, actual));
     }
 }

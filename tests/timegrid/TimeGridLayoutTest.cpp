@@ -15,12 +15,7 @@ using namespace gridtest;
 namespace {
 TimeGridState StateOf(const TimeGridFrame& frame, int rowsPerHour, int scroll)
 {
-    TimeGridState state;
-    state.frame = frame;
-    state.scale.rowsPerHour = rowsPerHour;
-    state.firstDay = kDay;
-    state.scroll = scroll;
-    return state;
+    return {frame, TimeScale{rowsPerHour}, DayRange{kDay, static_cast<int>(frame.columns.size())}, scroll};
 }
 
 // The day view's hit test, row probe by row probe.
@@ -133,7 +128,7 @@ TEST(ItemBox, SharesTheWidth)
         items[i].nSource = i;
     }
     const CRect grid(61, 60, 381, 500);
-    PlaceTimedItems(items, {grid}, kDay, TimeScale{2}, kOneDayOverlap);
+    PlaceTimedItems(items, {grid}, DayRange::OneDay(kDay), TimeScale{2});
     EXPECT_EQ(CRect(63, 420, 209, 460), items[0].rcItem);
     EXPECT_EQ(CRect(213, 440, 359, 500), items[1].rcItem);
     EXPECT_EQ(CRect(63, 460, 209, 500), items[2].rcItem);
@@ -150,7 +145,7 @@ TEST(HitTest, OneDayMatchesTheRowProbe)
         const int scale = 1 + below(60);
         const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 1 + below(200), 1 + below(400)), below(2), 0, 1, 1);
         const int scroll = below(3) ? below(scale * 480) : -below(200);
-        PlaceTimedItems(items, frame.columns, kDay, TimeScale{scale}, kOneDayOverlap);
+        PlaceTimedItems(items, frame.columns, DayRange::OneDay(kDay), TimeScale{scale});
         LayOneDayLanes(items, frame.fulldayContent);
         const CPoint point(below(210) - 5, below(600) - 100);
         const TimeGridState state = StateOf(frame, scale, scroll);
@@ -168,7 +163,7 @@ TEST(HitTest, ManyDaysFindColumnAndRow)
     ItemArray items;
     items.Add(Item(At(9, 0), At(10, 0)));
     items.Add(Item(kDay, kDay + COleDateTimeSpan(2.0), PIECE_INSIDE));
-    PlaceTimedItems(items, frame.columns, kDay, TimeScale{2}, kManyDaysOverlap);
+    PlaceTimedItems(items, frame.columns, DayRange{kDay, 7}, TimeScale{2});
     LayManyDayLanes(items, frame.fulldayContent, frame.columns, kDay);
     items[0].rcItem.right += 60; // pushed over the next column
     const TimeGridState state = StateOf(frame, 2, 200);
@@ -189,7 +184,7 @@ TEST(HitTest, ManyDaysFindColumnAndRow)
         {"where the item is cut off", CPoint(170, 250), CCHT_ONCELL, -1, 1, 9, 0},
         {"ruler", CPoint(10, 100), CCHT_ONRULER, -1, -1, 0, 0},
         {"below the window", CPoint(70, 500), CCHT_ONCELL, -1, 0, 15, 30},
-        {"behind the last row", CPoint(70, 850), CCHT_ONCELL, -1, -1, 0, 0},
+        {"after the last row", CPoint(70, 850), CCHT_ONCELL, -1, -1, 0, 0},
         {"below all rows", CPoint(70, 860), CCHT_NOWHERE, -1, -1, 0, 0},
         {"right of the window", CPoint(761, 100), CCHT_NOWHERE, -1, -1, 0, 0},
     };
@@ -215,14 +210,13 @@ TEST(CurrentCell, CountsQuarterHours)
         {20, 0, At(1, 15), At(1, 15), 460, 460}, // a quarter has no height there
     };
     for (const auto& c : cases) {
-        const CRect box = CurrentCellBox(StateOf(frame, c.scale, c.scroll), frame.grid, c.begin, c.end);
+        const CRect box = CurrentCellBox(StateOf(frame, c.scale, c.scroll), c.begin, c.end);
         EXPECT_EQ(CRect(63, c.top, 368, c.bottom), box) << c.scale;
     }
 }
 
 TEST(SelectedRows, OfOneDayAndOfManyColumns)
 {
-    const TimeScale scale{2};
     const COleDateTime next = AddDays(At(8, 0), 1);
     struct
     {
@@ -235,15 +229,17 @@ TEST(SelectedRows, OfOneDayAndOfManyColumns)
         {At(20, 0), next, 40, 17, {{0, 0}, {40, 48}, {0, 17}}},
         {At(20, 0), AddDays(At(20, 0), -1), 40, 41, {{40, 48}, {0, 41}, {0, 0}}},
     };
+    const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 400, 400), true, 20, 1, 3);
+    const TimeGridState threeDays{frame, TimeScale{2}, DayRange{AddDays(kDay, -1), 3}};
     for (const auto& c : cases) {
-        const RowRange rows = SelectedRowsOfDay(scale, c.begin, c.end);
+        const RowRange rows = SelectedRows({frame, TimeScale{2}, DayRange::OneDay(kDay)}, 0, c.begin, c.end);
         EXPECT_EQ(c.first, rows.first);
         EXPECT_EQ(c.last, rows.end);
         for (int i = 0; i < 3; ++i) {
-            const RowRange column = SelectedRowsOfColumn(scale, c.begin, c.end, AddDays(kDay, i - 1));
+            const RowRange column = SelectedRows(threeDays, i, c.begin, c.end);
             EXPECT_EQ(c.columns[i][0], column.first) << i;
             EXPECT_EQ(c.columns[i][1], column.end) << i;
         }
     }
-    EXPECT_EQ(0, SelectedRowsOfColumn(scale, Invalid(), Invalid(), kDay).end);
+    EXPECT_EQ(0, SelectedRows(threeDays, 1, Invalid(), Invalid()).end);
 }

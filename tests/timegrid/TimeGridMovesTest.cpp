@@ -69,22 +69,6 @@ TEST(DayMoves, KeepTheirOddities)
     }
 }
 
-TEST(ShownRange, TurnsByWholeViews)
-{
-    struct
-    {
-        ShownRange range;
-        int day, views;
-    } const cases[] = {
-        {{100, 5, false}, 100, 0}, {{100, 5, false}, 104, 0}, {{100, 5, false}, 105, 1}, {{100, 5, false}, 110, 2},
-        {{100, 5, false}, 99, -1}, {{100, 5, false}, 94, -2}, {{100, 5, true}, 105, 1},  {{100, 5, true}, 107, 1},
-        {{100, 5, true}, 99, -1},  {{100, 7, true}, 107, 1},  {{100, 7, true}, 92, -2},  {{100, 14, true}, 114, 1},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.views, ViewsToShow(c.range, c.day)) << c.range.days << " days, day " << c.day;
-    }
-}
-
 TEST(Look, TextsTellWhatTheBoxCannot)
 {
     tagCALENDAR_ITEM item = Item(At(9, 5), At(10, 0));

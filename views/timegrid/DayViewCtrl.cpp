@@ -2,6 +2,9 @@
 
 #include "core/DateMath.h"
 #include "views/timegrid/FulldayLanes.h"
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridMoves.h"
+#include "views/timegrid/TimeGridParts.h"
 
 using namespace dayvane;
 
@@ -54,9 +57,15 @@ int CDayViewCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
 
 // ---- Layout
 
+DayRange CDayViewCtrl::GetShownRange() const
+{
+    return DayRange::OneDay(m_dtCurrentDate);
+}
+
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
     const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, GetFulldayItemCount(), 1);
+    m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
     rcCaption = frame.caption;
@@ -66,9 +75,8 @@ void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, 
 
 void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    const COleDateTime date = GetCurrentDate();
-    m_nItemDay = ClockTimeOf(date).day;
-    MakeShownItems(items, screenItems, date, date);
+    m_nItemDay = GetShownRange().FirstDay();
+    MakeShownItems(items, screenItems);
 }
 
 void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
@@ -76,7 +84,7 @@ void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
     if (screenItems.IsEmpty()) {
         return;
     }
-    PlaceTimedItems(screenItems, {rcGrid}, GetCurrentDate(), Scale(), kOneDayOverlap);
+    PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale());
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
@@ -112,11 +120,6 @@ int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
         begin = StartOfDay(begin);
     }
     return result;
-}
-
-RowRange CDayViewCtrl::GetSelectedRows(int, const COleDateTime& begin, const COleDateTime& end) const
-{
-    return SelectedRowsOfDay(Scale(), begin, end);
 }
 
 // ---- Work time and the day's property
@@ -166,33 +169,30 @@ BOOL CDayViewCtrl::IsColumnUseMyWorkTime(int) const
 
 void CDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawGridBackground(rcGrid);
+    Painter(pDC).DrawGridBackground(rcGrid);
     DrawRows(pDC, 0);
 }
 
 void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
-    const TimeGridState state = State();
-    const TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         if (painter.ShowsTimedItem(item)) {
-            DrawTimedItem(pDC, state, item, item.rcItem.right);
+            DrawTimedItem(pDC, item, item.rcItem.right);
         }
     }
 }
 
 void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    const TimeGridState state = State();
     const ShownDay& day = GetShownDays()[0];
-    TimeGridPainter(pDC, state, m_colors)
-        .DrawDayCaption(rcCaption, CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE), day.dayOfWeek,
-                        m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
+    TimeGridFonts& fonts = m_pParts->fonts;
+    Painter(pDC).DrawDayCaption(rcCaption, CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE),
+                                day.dayOfWeek, fonts.CaptionDate(m_lfFonts[kCaptionFont]), fonts.CaptionText());
 }
 
 void CDayViewCtrl::InvalidateCellRect(COleDateTime)
@@ -233,7 +233,7 @@ void CDayViewCtrl::MoveToDay(void (*move)(GridSelection&, bool), UINT nFlags)
 // Extended over midnight, a selection takes the current date along.
 void CDayViewCtrl::CurrentDateMoved()
 {
-    if (ClockTimeOf(m_dtCurrentDate).day != m_nItemDay) {
+    if (GetShownRange().FirstDay() != m_nItemDay) {
         Rebuild();
     }
 }

@@ -17,7 +17,7 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
 
     // Codes: items CCHT_ONITEM, in the full-day band CCHT_ONFULLDAYITEM; rows CCHT_ONCELL, where they lie under the
-    // caption CCHT_ONDAYCAPTION; the band CCHT_ONFULLDAY; the ruler CCHT_ONRULER. The row behind the last counts as
+    // caption CCHT_ONDAYCAPTION; the band CCHT_ONFULLDAY; the ruler CCHT_ONRULER. The row after the last counts as
     // one, without a time.
     int HitTest(tagCCHITTESTINFO& info) override;
     // The selection to the end of its last row; 00:00:00 to 23:59:59 of its first day when it stands for whole days.
@@ -47,12 +47,9 @@ protected:
     void MoveRightward(UINT nFlags) override;
     void MoveLeftward(UINT nFlags) override;
 
-    int GetColumnCount() const override { return 1; }
-    COleDateTime GetFirstShownDay() const override { return m_dtCurrentDate; }
-    CRect GetColumnBox(int) const override { return m_rcContent; }
+    dayvane::DayRange GetShownRange() const override;
     BOOL IsColumnWorkTime(int nColumn, int nRow) const override;
     BOOL IsColumnUseMyWorkTime(int nColumn) const override;
-    dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const override;
     void CurrentDateMoved() override;
 
     tagCALENDAR_DAY_PROPERTY m_dayProperty;

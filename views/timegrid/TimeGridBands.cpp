@@ -102,7 +102,7 @@ void TimeGridFonts::Clear()
 // ---- Title band
 
 // Draws at the left of the area, which loses what the text has used.
-void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow)
+void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow) const
 {
     if (text.IsEmpty() || area.IsRectEmpty()) {
         return;
@@ -111,32 +111,32 @@ void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF
     if (shadow != CLR_NONE) {
         CRect below = area;
         below.OffsetRect(1, 1);
-        m_pDC->SetTextColor(shadow);
-        m_pDC->DrawText(text, &below, flags);
+        m_dc.SetTextColor(shadow);
+        m_dc.DrawText(text, &below, flags);
     }
-    m_pDC->SetTextColor(color);
-    m_pDC->DrawText(text, &area, flags);
-    area.left += m_pDC->GetTextExtent(text).cx;
+    m_dc.SetTextColor(color);
+    m_dc.DrawText(text, &area, flags);
+    area.left += m_dc.GetTextExtent(text).cx;
 }
 
 void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
-                                     CFont* text)
+                                     CFont* text) const
 {
     if (!IsVisible(caption)) {
         return;
     }
-    DrawTitleBand(m_pDC, caption, kTimeGridPalette.dayCaption);
+    DrawTitleBand(&m_dc, caption, kTimeGridPalette.dayCaption);
     CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
                caption.bottom - kBandPaint.captionBottom);
     // The band is light: a light text needs an edge to be read.
     const COLORREF plain = m_colors.captionText;
     const COLORREF shadow = IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
     {
-        const SelectGdi selectFont(m_pDC, date);
+        const SelectGdi selectFont(&m_dc, date);
         DrawCaptionPart(area, texts.date, plain, shadow);
     }
     area.bottom -= kBandPaint.baselineStep;
-    const SelectGdi selectFont(m_pDC, text);
+    const SelectGdi selectFont(&m_dc, text);
     const COLORREF weekday = WeekdayColor(dayOfWeek, plain);
     DrawCaptionPart(area, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
     DrawCaptionPart(area, texts.longDate, plain, shadow);
@@ -144,35 +144,36 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
     DrawCaptionPart(area, texts.solarTerm, plain, shadow);
 }
 
-void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text)
+void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date,
+                                      CFont* text) const
 {
     if (!IsVisible(caption)) {
         return;
     }
     // Pale enough for the dark text that the settings begin with.
     const COLORREF middle = Paler(m_colors.caption);
-    DrawTitleBand(m_pDC, caption, TitleBandColors{Paler(middle), middle, m_colors.caption});
+    DrawTitleBand(&m_dc, caption, TitleBandColors{Paler(middle), middle, m_colors.caption});
     CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
                caption.bottom - kBandPaint.captionBottom);
     {
-        const SelectGdi selectFont(m_pDC, date);
+        const SelectGdi selectFont(&m_dc, date);
         DrawCaptionPart(area, texts.date, m_colors.captionText);
     }
     area.bottom -= kBandPaint.baselineStep;
-    const SelectGdi selectFont(m_pDC, text);
+    const SelectGdi selectFont(&m_dc, text);
     DrawCaptionPart(area, texts.longDate, m_colors.captionText);
 }
 
 // ---- Day header
 
-void TimeGridPainter::DrawHeaderBackground(const CRect& header)
+void TimeGridPainter::DrawHeaderBackground(const CRect& header) const
 {
     if (IsVisible(header)) {
-        DrawHeaderBand(m_pDC, header, kTimeGridPalette.header);
+        DrawHeaderBand(&m_dc, header, kTimeGridPalette.header);
     }
 }
 
-void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame)
+void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame) const
 {
     CRect inner = box;
     inner.left += 1; // the separator keeps its place
@@ -182,41 +183,41 @@ void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame)
     }
 }
 
-void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor)
+void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor) const
 {
     if (!IsVisible(box)) {
         return;
     }
-    DrawGradient(m_pDC, box, Paler(Paler(todayColor)), todayColor, FALSE, TRUE);
+    DrawGradient(&m_dc, box, Paler(Paler(todayColor)), todayColor, FALSE, TRUE);
     DrawHeaderFrame(box, kTimeGridPalette.todayFrame);
 }
 
 void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
-                                     CFont* font)
+                                     CFont* font) const
 {
     CRect area = box;
     area.DeflateRect(kBandPaint.headerTextInset, 0);
     if (!IsVisible(area)) {
         return;
     }
-    const SelectGdi selectFont(m_pDC, font);
-    const int longWidth = m_pDC->GetTextExtent(texts.longDate).cx;
-    const int shortWidth = m_pDC->GetTextExtent(texts.shortDate).cx;
+    const SelectGdi selectFont(&m_dc, font);
+    const int longWidth = m_dc.GetTextExtent(texts.longDate).cx;
+    const int shortWidth = m_dc.GetTextExtent(texts.shortDate).cx;
     if (area.Width() < shortWidth) {
         return;
     }
     const CString& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
-    const int noteWidth = texts.note.IsEmpty() ? 0 : m_pDC->GetTextExtent(texts.note).cx + kBandPaint.headerNoteGap;
+    const int noteWidth = texts.note.IsEmpty() ? 0 : m_dc.GetTextExtent(texts.note).cx + kBandPaint.headerNoteGap;
     const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;
     const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
     area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
-    m_pDC->SetTextColor(isDayOff ? kTimeGridPalette.holiday : WeekdayColor(day.dayOfWeek, kTimeGridPalette.headerText));
-    m_pDC->DrawText(date, &area, flags);
+    m_dc.SetTextColor(isDayOff ? kTimeGridPalette.holiday : WeekdayColor(day.dayOfWeek, kTimeGridPalette.headerText));
+    m_dc.DrawText(date, &area, flags);
     if (hasNote) {
         area.left += dateWidth + kBandPaint.headerNoteGap;
-        m_pDC->SetTextColor(kTimeGridPalette.holiday);
-        m_pDC->DrawText(texts.note, &area, flags);
+        m_dc.SetTextColor(kTimeGridPalette.holiday);
+        m_dc.DrawText(texts.note, &area, flags);
     }
 }
 

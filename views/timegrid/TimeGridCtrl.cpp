@@ -4,6 +4,9 @@
 
 #include "core/DateMath.h"
 #include "views/timegrid/OverlapColumns.h"
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridMoves.h"
+#include "views/timegrid/TimeGridParts.h"
 
 #include <algorithm>
 
@@ -48,7 +51,7 @@ END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CTimeGridCtrl::CTimeGridCtrl()
+CTimeGridCtrl::CTimeGridCtrl() : m_pParts(std::make_unique<TimeGridParts>())
 {
     m_bExtendedMove = TRUE;
 }
@@ -72,7 +75,7 @@ void CTimeGridCtrl::OnDestroy()
 {
     KillTimer(kNowTimer);
     CCalendarCtrl::OnDestroy();
-    m_fonts.Clear();
+    m_pParts->fonts.Clear();
 }
 
 bool CTimeGridCtrl::EndEdit()
@@ -92,45 +95,53 @@ void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
 
 // ---- Layout
 
+TimeScale CTimeGridCtrl::Scale() const
+{
+    return TimeScale{m_nTimeScale};
+}
+
 TimeGridState CTimeGridCtrl::State() const
 {
-    TimeGridState state;
-    state.frame.caption = m_rcCaption;
-    state.frame.header = GetHeaderBox();
-    state.frame.fulldayRuler = m_rcFulldayRuler;
-    state.frame.fulldayContent = m_rcFulldayContent;
-    state.frame.ruler = m_rcRuler;
-    state.frame.grid = m_rcContent;
-    for (int i = 0; i < GetColumnCount(); ++i) {
-        state.frame.columns.push_back(GetColumnBox(i));
+    return TimeGridState{m_pParts->frame, Scale(), GetShownRange(), m_nVertScroll};
+}
+
+TimeGridPainter CTimeGridCtrl::Painter(CDC* pDC) const
+{
+    return TimeGridPainter(*pDC, State(), m_colors);
+}
+
+// A derived class may have moved what its hook was given: what it left is what holds.
+void CTimeGridCtrl::CalcFrame()
+{
+    TimeGridParts& parts = *m_pParts;
+    parts.lanesLaidOut = GetFulldayItemCount();
+    CalcLayout(CRect(CPoint(0, 0), parts.laidOut), m_rcCaption, m_rcRuler, m_rcContent);
+    parts.frame.caption = m_rcCaption;
+    parts.frame.fulldayRuler = m_rcFulldayRuler;
+    parts.frame.fulldayContent = m_rcFulldayContent;
+    parts.frame.ruler = m_rcRuler;
+    parts.frame.grid = m_rcContent;
+    if (parts.frame.columns.size() == 1) {
+        parts.frame.columns[0] = m_rcContent;
     }
-    state.scale = Scale();
-    state.firstDay = GetFirstShownDay();
-    state.scroll = m_nVertScroll;
-    return state;
 }
 
 void CTimeGridCtrl::Layout(int cx, int cy)
 {
-    m_szLaidOut = CSize(cx, cy);
-    CCalendarCtrl::Layout(cx, cy);
-    m_nLanesLaidOut = GetFulldayItemCount();
-    if (!m_bSizing) {
-        KeepBarInStep();
-    }
+    m_pParts->laidOut = CSize(cx, cy);
+    MakeScreenItem(m_arItem, m_arScreenItem);
+    CalcFrame();
+    CalcItemRect(m_rcContent, m_arScreenItem);
+    UpdateScrollRange();
 }
 
-void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
-                                   const COleDateTime& last)
+void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
 {
-    SetFulldayItemCount(MakeRangeItems(items, first, last, screenItems));
-    if (&screenItems != &m_arScreenItem || m_szLaidOut == CSize(0, 0) || m_nLanesLaidOut == GetFulldayItemCount()) {
-        return;
-    }
-    m_nLanesLaidOut = GetFulldayItemCount();
-    CalcLayout(CRect(CPoint(0, 0), m_szLaidOut), m_rcCaption, m_rcRuler, m_rcContent);
-    if (!m_bSizing) {
-        KeepBarInStep();
+    SetFulldayItemCount(MakeRangeItems(items, GetShownRange(), screenItems));
+    if (&screenItems == &m_arScreenItem && m_pParts->laidOut != CSize(0, 0) &&
+        m_pParts->lanesLaidOut != GetFulldayItemCount()) {
+        CalcFrame();
+        UpdateScrollRange();
     }
 }
 
@@ -173,7 +184,7 @@ int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
         return EDGE_BOTTOM;
     }
     const bool endsHere = screenItem.nPiece != PIECE_HEAD && screenItem.nPiece != PIECE_MIDDLE;
-    return endsHere && GetColumnCount() > 1 ? EDGE_RIGHT : EDGE_NONE;
+    return endsHere && GetShownRange().days > 1 ? EDGE_RIGHT : EDGE_NONE;
 }
 
 // ---- Size and scroll
@@ -183,7 +194,7 @@ GridWindow CTimeGridCtrl::RowWindow() const
     return GridWindow{Scale(), m_nVertScroll, m_rcContent.Height()};
 }
 
-GridScroll CTimeGridCtrl::GetBar()
+GridScroll CTimeGridCtrl::GetScroll()
 {
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
@@ -195,7 +206,7 @@ GridScroll CTimeGridCtrl::GetBar()
     return GridScroll{m_nVertScroll, info.nPos, info.nMax};
 }
 
-void CTimeGridCtrl::SetBar(const GridScroll& scroll)
+void CTimeGridCtrl::SetScroll(const GridScroll& scroll)
 {
     SCROLLINFO info = {};
     info.cbSize = sizeof(info);
@@ -207,18 +218,18 @@ void CTimeGridCtrl::SetBar(const GridScroll& scroll)
     SetScrollInfo(SB_VERT, &info, TRUE);
 }
 
-// The band has become higher or lower: the range follows, what is shown stays.
-void CTimeGridCtrl::KeepBarInStep()
+// The band may have become higher or lower: the range follows, what is shown stays.
+void CTimeGridCtrl::UpdateScrollRange()
 {
-    if (!m_hWnd) {
+    if (!m_hWnd || m_bSizing) {
         return;
     }
-    const GridScroll bar = GetBar();
-    const int maximum = ScaledTo(bar, RowWindow()).maximum;
-    if (bar.maximum == maximum) {
-        return;
+    const GridScroll scroll = GetScroll();
+    const int maximum = ScaledTo(scroll, RowWindow()).maximum;
+    if (scroll.maximum != maximum) {
+        SetScroll(
+            {std::min(scroll.offset, maximum * kTimeGrid.rowHeight), std::min(scroll.position, maximum), maximum});
     }
-    SetBar(GridScroll{std::min(bar.offset, maximum * kTimeGrid.rowHeight), std::min(bar.position, maximum), maximum});
 }
 
 void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
@@ -231,7 +242,7 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
         const SetFlag sizing(m_bSizing);
         Layout(cx, cy);
     }
-    SetBar(ScaledTo(GetBar(), RowWindow()));
+    SetScroll(ScaledTo(GetScroll(), RowWindow()));
     InvalidateClient();
 }
 
@@ -242,7 +253,7 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     }
     Alive alive(this);
     const GridScroll scroll =
-        Scrolled(GetBar(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
+        Scrolled(GetScroll(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
     m_nVertScroll = scroll.offset;
     CRect scrolled;
     scrolled.UnionRect(&m_rcRuler, &m_rcContent);
@@ -333,16 +344,10 @@ int CTimeGridCtrl::GetFocusedScreenItem() const
 
 void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 {
-    const TimeGridState state = State();
     const int item = GetFocusedScreenItem();
     nMode = item != -1;
-    if (item != -1) {
-        rect = VisibleItemBox(state, m_arScreenItem[item]);
-        return;
-    }
-    const int column = GetColumnCount() > 1 ? ColumnOfDay(state, m_dtSelBegin) : 0;
-    rect = column == -1 ? CRect(-1, -1, -1, -1)
-                        : CurrentCellBox(state, state.frame.columns[column], m_dtSelBegin, m_dtSelEnd);
+    rect =
+        item != -1 ? VisibleItemBox(State(), m_arScreenItem[item]) : CurrentCellBox(State(), m_dtSelBegin, m_dtSelEnd);
 }
 
 // ---- What needs repainting
@@ -377,13 +382,12 @@ void CTimeGridCtrl::InvalidateCellRectRange()
         return;
     }
     const TimeGridState state = State();
-    for (int column = 0; column < GetColumnCount(); ++column) {
+    for (int column = 0; column < state.range.days; ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
             if (!IsDate(*end)) {
                 continue;
             }
-            const RowRange rows = GetSelectedRows(column, m_dtSelBegin, *end);
-            const CRect box = BoxOfRows(state, state.frame.columns[column], rows);
+            const CRect box = BoxOfRows(state, column, SelectedRows(state, column, m_dtSelBegin, *end));
             if (!box.IsRectEmpty()) {
                 InvalidateRect(&box, FALSE);
             }

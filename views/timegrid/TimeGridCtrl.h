@@ -7,12 +7,23 @@
 #pragma once
 
 #include "../../core/CalendarCtrl.h"
-#include "TimeGridHit.h"
-#include "TimeGridLook.h"
-#include "TimeGridMoves.h"
-#include "TimeGridPainter.h"
 
+#include <memory>
 #include <vector>
+
+namespace dayvane {
+struct DayKind;
+struct DayRange;
+struct GridScroll;
+struct GridSelection;
+struct GridWindow;
+struct ShownDay;
+struct TimeGridHit;
+struct TimeGridParts;
+struct TimeGridState;
+struct TimeScale;
+class TimeGridPainter;
+} // namespace dayvane
 
 class CTimeGridCtrl : public CCalendarCtrl
 {
@@ -46,17 +57,11 @@ protected:
     static constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
     static constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
 
-    // ---- What a view says of its columns, 0 .. GetColumnCount() - 1.
+    // ---- What a view says of its columns, counted from 0.
 
-    virtual int GetColumnCount() const = 0;
-    virtual COleDateTime GetFirstShownDay() const = 0;
-    virtual CRect GetColumnBox(int nColumn) const = 0; // in the grid
-    virtual CRect GetHeaderBox() const { return CRect(0, 0, 0, 0); }
+    virtual dayvane::DayRange GetShownRange() const = 0;
     virtual BOOL IsColumnWorkTime(int nColumn, int nRow) const = 0;
     virtual BOOL IsColumnUseMyWorkTime(int nColumn) const = 0;
-    // The rows of the column that a selection with these bounds, in either order, covers.
-    virtual dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin,
-                                              const COleDateTime& end) const = 0;
     virtual void CurrentDateMoved() = 0; // a row move may have led to another day
 
     // ---- Hooks of the base.
@@ -83,15 +88,15 @@ protected:
     BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                     CCreateContext* pContext);
     bool EndEdit(); // commits an open edit; false when the host has ended the control meanwhile
-    dayvane::TimeScale Scale() const { return dayvane::TimeScale{m_nTimeScale}; }
+    dayvane::TimeScale Scale() const;
     dayvane::TimeGridState State() const; // as laid out and scrolled now
+    dayvane::TimeGridPainter Painter(CDC* pDC) const;
     // The shown days with their holidays and terms, worked out anew when others are shown.
     const std::vector<dayvane::ShownDay>& GetShownDays();
     dayvane::DayKind KindOfColumn(int nColumn);
-    // Builds the screen items of the days first .. last. When the band then needs another height than the layout gave
-    // it, the rectangles of the layout follow at once, so that an added item never lies over the grid.
-    void MakeShownItems(CItemArray& items, CItemArray& screenItems, const COleDateTime& first,
-                        const COleDateTime& last);
+    // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
+    // rectangles of the layout follow at once, so that an added item never lies over the grid.
+    void MakeShownItems(CItemArray& items, CItemArray& screenItems);
     int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item
     // The selection as the moves take it: one without dates begins at the current date.
     dayvane::GridSelection Selection() const;
@@ -102,12 +107,11 @@ protected:
     int GetFocusedScreenItem() const;
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
     void DrawRows(CDC* pDC, int nColumn);
-    // In the part of the grid that is left of nEnd.
-    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, int nEnd);
+    void DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight); // left of that edge
 
     CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
     CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler
-    dayvane::TimeGridFonts m_fonts;
+    std::unique_ptr<dayvane::TimeGridParts> m_pParts;
 
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
@@ -116,18 +120,16 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void CalcFrame();
     void MoveRow(BOOL bLater, UINT nFlags);
     dayvane::GridWindow RowWindow() const;
-    dayvane::GridScroll GetBar();
-    void SetBar(const dayvane::GridScroll& scroll);
-    void KeepBarInStep();
+    dayvane::GridScroll GetScroll();
+    void SetScroll(const dayvane::GridScroll& scroll);
+    void UpdateScrollRange();
     void StartNowTimer();
     void DrawNowLine(CDC* pDC);
     int DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect content, BOOL bBand);
 
-    CSize m_szLaidOut = CSize(0, 0); // client size of the last layout
-    int m_nLanesLaidOut = 0;
-    BOOL m_bSizing = FALSE; // the size has changed: the bar follows in proportion
+    BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
     BOOL m_bNowLine = FALSE;
-    std::vector<dayvane::ShownDay> m_shownDays;
 };

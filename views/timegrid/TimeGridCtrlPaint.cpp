@@ -2,6 +2,9 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/OverlapColumns.h"
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridParts.h"
 
 using namespace dayvane;
 
@@ -13,15 +16,15 @@ constexpr int kHourFont = 0;     // templates in m_lfFonts
 
 const std::vector<ShownDay>& CTimeGridCtrl::GetShownDays()
 {
-    const COleDateTime first = StartOfDay(GetFirstShownDay());
-    const int count = GetColumnCount();
-    if (static_cast<int>(m_shownDays.size()) != count || !m_shownDays[0].IsFor(first)) {
-        m_shownDays.clear();
-        for (int i = 0; i < count; ++i) {
-            m_shownDays.push_back(ShownDay::Of(AddDays(first, i)));
+    std::vector<ShownDay>& days = m_pParts->shownDays;
+    const DayRange range = GetShownRange();
+    if (static_cast<int>(days.size()) != range.days || !days[0].IsFor(range.first)) {
+        days.clear();
+        for (int i = 0; i < range.days; ++i) {
+            days.push_back(ShownDay::Of(range.DayOf(i)));
         }
     }
-    return m_shownDays;
+    return days;
 }
 
 DayKind CTimeGridCtrl::KindOfColumn(int nColumn)
@@ -36,29 +39,26 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
     pDC->SetBkMode(TRANSPARENT);
     CPen gridPen(PS_SOLID, 1, m_colors.grid);
     const SelectGdi selectPen(pDC, &gridPen);
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawRulerEdge();
+    Painter(pDC).DrawRulerEdge();
     DrawRuler(pDC, m_rcRuler);
     DrawFulldayRuler(pDC, m_rcFulldayRuler);
     DrawGrid(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     DrawNowLine(pDC);
     DrawCaption(pDC, m_rcCaption);
-    DrawHeader(pDC, GetHeaderBox());
+    DrawHeader(pDC, m_pParts->frame.header);
     DrawFulldayContent(pDC, m_rcFulldayContent);
     DrawFulldayItem(pDC, m_rcFulldayContent, m_arScreenItem);
 }
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawRuler(rcRuler, m_fonts.Hours(m_lfFonts[kHourFont]), m_fonts.Zeros());
+    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[kHourFont]), m_pParts->fonts.Zeros());
 }
 
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawFulldayRuler(rcBand, m_fonts.Label());
+    Painter(pDC).DrawFulldayRuler(rcBand, m_pParts->fonts.Label());
 }
 
 void CTimeGridCtrl::DrawHeader(CDC*, CRect)
@@ -68,7 +68,7 @@ void CTimeGridCtrl::DrawHeader(CDC*, CRect)
 void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
 {
     const TimeGridState state = State();
-    TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     const CRect& column = state.frame.columns[nColumn];
     if (!painter.IsVisible(column)) {
         return;
@@ -79,11 +79,11 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     // A selection of whole days shows in the band.
     RowRange selected;
     if (IsSelectionDrawn() && !m_bFulldaySelection) {
-        selected = GetSelectedRows(nColumn, m_dtSelBegin, m_dtSelEnd);
+        selected = SelectedRows(state, nColumn, m_dtSelBegin, m_dtSelEnd);
     }
     const RowLookInput input = {state.scale, m_arDayColors[kind.colorRow], m_colors.highlight,
                                 m_workTime.dtStart.GetHour()};
-    const RowRange rows = painter.VisibleRows(state.frame.grid);
+    const RowRange rows = painter.VisibleRows();
     std::vector<RowLook> looks;
     for (int row = rows.first; row < rows.end; ++row) {
         looks.push_back(LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
@@ -93,14 +93,10 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
 
 void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 {
-    if (!m_bNowLine) {
-        return;
-    }
     const COleDateTime now = Now();
-    const TimeGridState state = State();
-    const int column = ColumnOfDay(state, now);
+    const int column = m_bNowLine ? GetShownRange().ColumnOf(now) : -1;
     if (column != -1) {
-        TimeGridPainter(pDC, state, m_colors).DrawNowLine(state.frame.columns[column], ClockTimeOf(now));
+        Painter(pDC).DrawNowLine(m_pParts->frame.columns[column], ClockTimeOf(now));
     }
 }
 
@@ -125,40 +121,34 @@ int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect conte
     return content.left - left;
 }
 
-void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridState& state, const tagCALENDAR_ITEM& item, int nEnd)
+void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
-    TimeGridPainter painter(pDC, state, m_colors);
-    CRect content = painter.DrawTimedBox(item, painter.ScrolledBox(item), nEnd, item.nSource == m_nCurSel);
-    if (GetColumnCount() == 1 || content.Width() >= kMarkedWidth) {
-        content.left += DrawMarks(pDC, item, content, FALSE);
+    const TimeGridState state = State();
+    const TimeGridPainter painter = Painter(pDC);
+    PaintedBox box = PaintedTimedBox(state, item, nColumnRight);
+    painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
+    const bool manyDays = state.range.days > 1;
+    if (!manyDays || box.content.Width() >= kMarkedWidth) {
+        box.content.left += DrawMarks(pDC, item, box.content, FALSE);
     }
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawTimedText(item, content, GetColumnCount() > 1);
+    painter.DrawTimedText(item, box.content, manyDays);
 }
 
 void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
 {
-    const TimeGridState state = State();
     std::vector<CRect> selected;
     COleDateTime begin;
     COleDateTime end;
     if (m_bFulldaySelection && IsSelectionDrawn() && CCalendarCtrl::GetSelRange(begin, end)) {
-        const int first = DayNumberOf(begin);
-        const int last = DayNumberOf(end);
-        for (int i = 0; i < GetColumnCount(); ++i) {
-            const int day = DayNumberOf(GetShownDays()[i].date);
-            if (day >= first && day <= last) {
-                selected.push_back(state.frame.columns[i]);
-            }
-        }
+        selected = BandOfDays(State(), rcBand, begin, end);
     }
-    TimeGridPainter(pDC, state, m_colors).DrawFulldayContent(rcBand, selected);
+    Painter(pDC).DrawFulldayContent(rcBand, selected);
 }
 
 void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenItems)
 {
-    const TimeGridState state = State();
-    TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     if (!painter.IsVisible(rcBand)) {
         return;
     }
@@ -167,9 +157,10 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !IsBandItem(item)) {
             continue;
         }
-        CRect content = painter.DrawBandBar(item, rcBand, item.nSource == m_nCurSel);
-        content.left += DrawMarks(pDC, item, content, TRUE);
+        PaintedBox bar = PaintedBandBar(rcBand, item);
+        painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
+        bar.content.left += DrawMarks(pDC, item, bar.content, TRUE);
         const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-        painter.DrawBandText(item, content);
+        painter.DrawBandText(item, bar.content);
     }
 }

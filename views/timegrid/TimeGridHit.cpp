@@ -1,6 +1,7 @@
 #include "views/timegrid/TimeGridHit.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/OverlapColumns.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,7 +23,7 @@ int FirstItemAt(const ItemArray& items, const CPoint& point)
     return -1;
 }
 
-// The row under a height of the window, -1 above the first and below the one behind the last.
+// The row under a height of the window, -1 above the first and below the one after the last.
 int RowAt(const TimeGridState& state, int y)
 {
     const int fromTop = y - state.frame.grid.top + state.scroll;
@@ -49,7 +50,7 @@ int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         // A box pushed out of its column is not seen there.
         if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) &&
-            ColumnOfDay(state, items[i].dtStart) == column) {
+            state.range.ColumnOf(items[i].dtStart) == column) {
             return i;
         }
     }
@@ -65,6 +66,27 @@ int BandItemAt(const ItemArray& items, const CPoint& point)
     }
     return -1;
 }
+CRect ScrolledBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
+{
+    CRect box = item.rcItem;
+    box.OffsetRect(0, -state.scroll);
+    if (box.bottom < box.top) {
+        std::swap(box.top, box.bottom);
+    }
+    box.bottom = std::max<int>(box.bottom, box.top + 1);
+    return box;
+}
+
+CRect ContentOf(const CRect& box, const CRect& area)
+{
+    CRect content = box;
+    content.DeflateRect(kTimeGrid.textInset, kTimeGrid.textInset);
+    content.left = box.left + kTimeGrid.textLeft;
+    if (content.top < area.top) {
+        content.top = area.top + kTimeGrid.textInset;
+    }
+    return content;
+}
 } // namespace
 
 TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point)
@@ -74,7 +96,7 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     hit.screenItem = FirstItemAt(items, inBand ? point : InGrid(state, point));
     const bool inColumn = point.x >= state.frame.grid.left && point.x < state.frame.grid.right;
     const int row = inColumn ? RowAt(state, point.y) : -1;
-    hit.time = row != -1 ? state.scale.TimeOfRow(state.firstDay, row) : inBand ? StartOfDay(state.firstDay) : NoTime();
+    hit.time = row != -1 ? state.scale.TimeOfRow(state.range.first, row) : inBand ? state.range.first : NoTime();
     if (hit.screenItem != -1) {
         hit.code = inBand ? CCHT_ONFULLDAYITEM : CCHT_ONITEM;
     } else if (inBand) {
@@ -92,7 +114,7 @@ TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, cons
     TimeGridHit hit;
     hit.time = NoTime();
     const int column = ColumnAt(state.frame, point.x);
-    const COleDateTime day = column != -1 ? StartOfDay(AddDays(state.firstDay, column)) : NoTime();
+    const COleDateTime day = column != -1 ? state.range.DayOf(column) : NoTime();
     if (state.frame.fulldayContent.PtInRect(point)) {
         hit.screenItem = BandItemAt(items, point);
         hit.code = hit.screenItem != -1 ? CCHT_ONFULLDAYITEM : CCHT_ONFULLDAY;
@@ -123,15 +145,6 @@ int ColumnAt(const TimeGridFrame& frame, int x)
     return -1;
 }
 
-int ColumnOfDay(const TimeGridState& state, const COleDateTime& day)
-{
-    const ClockTime first = ClockTimeOf(state.firstDay);
-    const ClockTime shown = ClockTimeOf(day);
-    const int column = shown.day - first.day;
-    const int columns = static_cast<int>(state.frame.columns.size());
-    return first.isValid && shown.isValid && column >= 0 && column < columns ? column : -1;
-}
-
 CRect VisibleItemBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
 {
     CRect box = item.rcItem;
@@ -143,50 +156,85 @@ CRect VisibleItemBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
     return box;
 }
 
-CRect CurrentCellBox(const TimeGridState& state, const CRect& column, const COleDateTime& begin,
-                     const COleDateTime& end)
+bool IsBoxInSight(const TimeGridState& state, const tagCALENDAR_ITEM& item)
 {
+    return item.rcItem.top != -1 && ScrolledBox(state, item).bottom > state.frame.grid.top && !IsBandItem(item);
+}
+
+PaintedBox PaintedTimedBox(const TimeGridState& state, const tagCALENDAR_ITEM& item, int columnRight)
+{
+    PaintedBox painted;
+    painted.box = ScrolledBox(state, item);
+    painted.rightEdge = painted.box.right <= columnRight;
+    painted.box.right = std::min<int>(painted.box.right, columnRight);
+    painted.content = ContentOf(painted.box, state.frame.grid);
+    return painted;
+}
+
+PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item)
+{
+    return {item.rcItem, ContentOf(item.rcItem, band), item.nPiece != PIECE_TAIL && item.nPiece != PIECE_MIDDLE,
+            item.nPiece != PIECE_HEAD && item.nPiece != PIECE_MIDDLE};
+}
+
+CRect CurrentCellBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end)
+{
+    const int column = state.range.days > 1 ? state.range.ColumnOf(begin) : 0;
+    if (column == -1) {
+        return CRect(-1, -1, -1, -1);
+    }
     const ClockTime from = ClockTimeOf(begin);
     const ClockTime to = ClockTimeOf(end);
     const int hourHeight = state.scale.HourHeight();
     const int quarter = kTimeGrid.rowHeight / (2 * state.scale.rowsPerHour);
-    CRect box = column;
+    const int dayTop = state.TopOfRow(0);
+    CRect box = state.frame.columns[column];
     box.left += kCellShiftX;
     box.right -= kCellFreeRight;
-    box.top = column.top + from.hour * hourHeight + from.minute / kQuarterMinutes * quarter;
-    box.bottom = column.top + to.hour * hourHeight + (to.minute / kQuarterMinutes + kQuartersBelowEnd) * quarter;
-    box.OffsetRect(0, -state.scroll);
+    box.top = dayTop + from.hour * hourHeight + from.minute / kQuarterMinutes * quarter;
+    box.bottom = dayTop + to.hour * hourHeight + (to.minute / kQuarterMinutes + kQuartersBelowEnd) * quarter;
     return box;
 }
 
-RowRange SelectedRowsOfDay(const TimeScale& scale, COleDateTime begin, COleDateTime end)
-{
-    if (begin > end) {
-        std::swap(begin, end);
-    }
-    return RowRange{scale.RowOfTime(begin), scale.RowOfTime(end) + 1};
-}
-
-RowRange SelectedRowsOfColumn(const TimeScale& scale, COleDateTime begin, COleDateTime end, const COleDateTime& day)
+RowRange SelectedRows(const TimeGridState& state, int column, COleDateTime begin, COleDateTime end)
 {
     if (begin > end) {
         std::swap(begin, end);
     }
     const ClockTime from = ClockTimeOf(begin);
     const ClockTime to = ClockTimeOf(end);
-    const ClockTime shown = ClockTimeOf(day);
-    if (!from.isValid || !to.isValid || !shown.isValid || shown.day < from.day || shown.day > to.day) {
+    const TimeScale& scale = state.scale;
+    if (state.range.days == 1) {
+        return RowRange{scale.RowOfTime(from), scale.RowOfTime(to) + 1};
+    }
+    const ClockTime first = ClockTimeOf(state.range.first);
+    const int day = first.day + column;
+    if (!from.isValid || !to.isValid || !first.isValid || day < from.day || day > to.day) {
         return RowRange();
     }
-    return RowRange{shown.day == from.day ? scale.RowOfTime(from) : 0,
-                    shown.day == to.day ? scale.RowOfTime(to) + 1 : scale.RowsPerDay()};
+    return RowRange{day == from.day ? scale.RowOfTime(from) : 0,
+                    day == to.day ? scale.RowOfTime(to) + 1 : scale.RowsPerDay()};
 }
 
-CRect BoxOfRows(const TimeGridState& state, const CRect& column, const RowRange& rows)
+CRect BoxOfRows(const TimeGridState& state, int column, const RowRange& rows)
 {
-    const int top = state.frame.grid.top - state.scroll;
-    return CRect(column.left, std::max<int>(state.frame.grid.top, top + state.scale.TopOfRow(rows.first)), column.right,
-                 std::min<int>(state.frame.grid.bottom, top + state.scale.TopOfRow(rows.end)));
+    const CRect& box = state.frame.columns[column];
+    const CRect& grid = state.frame.grid;
+    return CRect(box.left, std::max<int>(grid.top, state.TopOfRow(rows.first)), box.right,
+                 std::min<int>(grid.bottom, state.TopOfRow(rows.end)));
+}
+
+std::vector<CRect> BandOfDays(const TimeGridState& state, const CRect& band, const COleDateTime& begin,
+                              const COleDateTime& end)
+{
+    std::vector<CRect> parts;
+    const int before = DayNumberOf(begin) - state.range.FirstDay();
+    const int after = DayNumberOf(end) - state.range.FirstDay();
+    for (int column = std::max(before, 0); column <= std::min(after, state.range.days - 1); ++column) {
+        const CRect& box = state.frame.columns[column];
+        parts.push_back(CRect(box.left, band.top, box.right, band.bottom));
+    }
+    return parts;
 }
 
 } // namespace dayvane

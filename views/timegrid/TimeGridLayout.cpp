@@ -1,27 +1,25 @@
 #include "views/timegrid/TimeGridLayout.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/OverlapColumns.h"
 
 #include <numeric>
 
 namespace dayvane {
 namespace {
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-
 // As IsSameDay, without breaking valid dates into fields.
 bool FallsOn(const ClockTime& time, const ClockTime& day)
 {
     return time.isValid && day.isValid ? time.day == day.day : time.isValid == day.isValid;
 }
 
-// The shown days of a range, and what a screen item of it needs.
-struct ShownDays
+// The days of a range, and what a screen item of it needs.
+struct RangeBounds
 {
-    int first, last; // day numbers
-    COleDateTime begin, end;
+    explicit RangeBounds(const DayRange& range)
+        : first(range.FirstDay()), last(first + range.days - 1), begin(range.first), end(range.LastMoment())
+    {
+    }
 
     bool Meet(const tagCALENDAR_ITEM& item) const
     {
@@ -48,6 +46,9 @@ struct ShownDays
             item.dtEnd = end;
         }
     }
+
+    int first, last; // day numbers
+    COleDateTime begin, end;
 };
 
 // An item's times, broken once.
@@ -112,34 +113,25 @@ TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int head
     return frame;
 }
 
-int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const COleDateTime& lastDay,
-                   ItemArray& screenItems)
+int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems)
 {
     std::vector<int> shown;
-    if (IsValid(firstDay) && IsValid(lastDay)) {
-        const ShownDays days{ClockTimeOf(firstDay).day, ClockTimeOf(lastDay).day, StartOfDay(firstDay),
-                             EndOfDay(lastDay)};
-        for (INT_PTR i = 0; i < store.GetSize(); ++i) {
-            if (days.Meet(store[i])) {
-                shown.push_back(static_cast<int>(i));
-            }
+    const RangeBounds bounds(range);
+    const bool showsAny = range.Holds(range.first);
+    for (INT_PTR i = 0; showsAny && i < store.GetSize(); ++i) {
+        if (bounds.Meet(store[i])) {
+            shown.push_back(static_cast<int>(i));
         }
-        screenItems.SetSize(shown.size());
-        for (size_t i = 0; i < shown.size(); ++i) {
-            tagCALENDAR_ITEM& item = screenItems[i];
-            item = store[shown[i]];
-            item.nSource = shown[i];
-            item.rcItem.NormalizeRect();
-            days.Cut(item);
-        }
-    } else {
-        screenItems.RemoveAll();
     }
+    screenItems.SetSize(shown.size());
     int lanes = 0;
-    for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
-        if (screenItems[i].nPiece != PIECE_WHOLE || screenItems[i].nFullday == 1) {
-            ++lanes;
-        }
+    for (size_t i = 0; i < shown.size(); ++i) {
+        tagCALENDAR_ITEM& item = screenItems[i];
+        item = store[shown[i]];
+        item.nSource = shown[i];
+        item.rcItem.NormalizeRect();
+        bounds.Cut(item);
+        lanes += item.nPiece != PIECE_WHOLE || item.nFullday == 1;
     }
     return lanes;
 }
@@ -149,11 +141,10 @@ CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleD
     return BoxAt(item, ItemClock(item), column, ClockTimeOf(day), scale);
 }
 
-void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const COleDateTime& firstDay,
-                     const TimeScale& scale, const OverlapPolicy& policy)
+void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range, const TimeScale& scale)
 {
     const int days = static_cast<int>(columns.size());
-    const ClockTime first = ClockTimeOf(firstDay);
+    const ClockTime first = ClockTimeOf(range.first);
     std::vector<ColumnItems> columnItems(days);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         if (IsBandItem(items[i])) {
@@ -171,14 +162,15 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
         columnItems[column].timed.push_back(i);
         AddRowSpan(columnItems[column].spans, i, times.start, times.end, scale);
     }
-    std::vector<int> all(days == 1 ? items.GetSize() : 0);
+    const bool oneDay = days == 1;
+    const int freeBeside = oneDay ? kTimeGrid.freeBesideOneDay : kTimeGrid.freeBesideManyDays;
+    std::vector<int> all(oneDay ? items.GetSize() : 0);
     std::iota(all.begin(), all.end(), 0);
     for (int column = 0; column < days; ++column) {
         const CRect& place = columns[column];
         const ColumnItems& own = columnItems[column];
-        PlaceSideBySide(items, own.spans, scale,
-                        OverlapRule{place.right, place.Width() - policy.freeBeside, policy.remainderToEach});
-        UnifySameSource(items, days == 1 ? all : own.timed, own.spans);
+        PlaceSideBySide(items, own.spans, scale, OverlapRule{place.right, place.Width() - freeBeside, oneDay});
+        UnifySameSource(items, oneDay ? all : own.timed, own.spans);
     }
     InsetTimed(items);
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
-#include "OverlapColumns.h"
+#include "DayRange.h"
 #include "TimeScale.h"
 
 #include <vector>
@@ -20,37 +20,32 @@ struct TimeGridFrame
     CRect grid;
     int columnWidth = 0;        // of all columns but the last, which takes what the division leaves
     std::vector<CRect> columns; // one a day, parts of the grid
+
+    CRect HeaderBox(int column) const
+    {
+        return CRect(columns[column].left, header.top, columns[column].right, header.bottom);
+    }
 };
 
 // The client area, from the top: caption (when shown), header, full-day band of `lanes` lanes, and the grid down to the
 // bottom edge, ruler on its left. Parts for which the client is too small have no height or width, or a negative one.
 TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days);
 
-// The shown part of the store, in its order: items whose days meet [firstDay, lastDay], both dates valid; over several
+// The shown part of the store, in its order: items whose days meet those of the range, both dates valid; over several
 // days none that ends before it begins. nPiece tells where an item of several days goes on: before and after the range
 // PIECE_MIDDLE, after it PIECE_HEAD, before it PIECE_TAIL, neither PIECE_INSIDE; its dates are cut to the range.
 // Returns how many are shown in the full-day band: those of several days and those marked full-day.
-int MakeRangeItems(const ItemArray& store, const COleDateTime& firstDay, const COleDateTime& lastDay,
-                   ItemArray& screenItems);
+int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems);
 
 // A timed item's box as if it were alone in the column: (-1, -1, -1, -1) when it does not begin on that day. An item
 // that is marked full-day or a middle piece reaches far below the day.
 CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleDateTime& day, const TimeScale& scale);
 
-// How the width of a column is divided among items that share a row.
-struct OverlapPolicy
-{
-    int freeBeside;       // pixels kept free at the right of the column
-    bool remainderToEach; // see OverlapRule
-};
-constexpr OverlapPolicy kOneDayOverlap{kTimeGrid.freeBesideOneDay, true};
-constexpr OverlapPolicy kManyDaysOverlap{kTimeGrid.freeBesideManyDays, false};
-
-// Gives every timed item its box: alone, then side by side with those that share its rows, then inset. The columns
-// stand for consecutive days from firstDay on. With one column all items take part in the overlap of that day, even
-// those that begin on another one (and have no box); with several each has its part in the column of the day on which
-// it begins. Throws CInvalidArgException when a time leads to a row outside the day.
-void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const COleDateTime& firstDay,
-                     const TimeScale& scale, const OverlapPolicy& policy);
+// Gives every timed item its box: alone, then side by side with those that share its rows, then inset. `columns` has
+// one for each day of the range. With one column all items take part in the overlap of that day, even those that begin
+// on another one (and have no box); with several each has its part in the column of the day on which it begins. Throws
+// CInvalidArgException when a time leads to a row outside the day.
+void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range,
+                     const TimeScale& scale);
 
 } // namespace dayvane

@@ -7,7 +7,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kDaysPerWeek = 7;
 constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 
 // Moves the selection by rows; false when its begin would come to another day.
@@ -29,7 +28,7 @@ int FirstShownRow(const GridWindow& window)
     return std::abs(window.scroll / kTimeGrid.rowHeight);
 }
 
-// The time of day at which a row begins; rows behind the last belong to the next day.
+// The time of day at which a row begins; rows after the last belong to the next day.
 ClockTime TimeOfRow(const TimeScale& scale, int row)
 {
     const int minute = row * scale.MinutesPerRow() % kMinutesPerDay;
@@ -78,32 +77,6 @@ void MoveDayLater(GridSelection& selection, bool extend)
     selection.current = AddDays(selection.current, 1);
     selection.end = AddDays(selection.end, 1);
     selection.begin = AddDays(extend ? selection.begin : selection.end, 1);
-}
-
-void MoveColumns(GridSelection& selection, int days, bool extend)
-{
-    selection.current = AddDays(selection.current, days);
-    selection.end = AddDays(selection.end, days);
-    if (!extend) {
-        selection.begin = selection.end;
-    }
-}
-
-int ShownRange::LengthOfView() const
-{
-    return keepsToWeeks ? std::max(days / kDaysPerWeek, 1) * kDaysPerWeek : days;
-}
-
-int ViewsToShow(const ShownRange& range, int day)
-{
-    const int length = range.LengthOfView();
-    int views = 0;
-    if (day < range.first) {
-        views = -((range.first - day + length - 1) / length);
-    } else if (day >= range.first + range.days) {
-        views = (day - range.first - range.days) / length + 1;
-    }
-    return views;
 }
 
 GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window)

@@ -1,16 +1,10 @@
 // Keyboard moves and vertical scrolling of a time grid, as values.
 #pragma once
 
+#include "DayRange.h"
 #include "TimeScale.h"
 
 namespace dayvane {
-
-struct GridSelection
-{
-    COleDateTime current; // the current date
-    COleDateTime begin;
-    COleDateTime end;
-};
 
 // What of the rows can be seen.
 struct GridWindow
@@ -38,24 +32,6 @@ AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool 
 // way on leaves it one day after; with `extend` the way on moves both bounds, the way back the end alone.
 void MoveDayEarlier(GridSelection& selection, bool extend);
 void MoveDayLater(GridSelection& selection, bool extend);
-
-// Multi-day view: by `days` columns; with `extend` the selection's begin stays.
-void MoveColumns(GridSelection& selection, int days, bool extend);
-
-// A range of days that is shown, by day numbers. Whole views are weeks when the range keeps to the weeks, else its
-// days.
-struct ShownRange
-{
-    int first = 0;
-    int days = 1;
-    bool keepsToWeeks = false;
-
-    bool Holds(int day) const { return day >= first && day < first + days; }
-    int LengthOfView() const;
-};
-// By how many whole views (negative: earlier) the range moves so that it holds the day, or, where the day lies between
-// the ranges, so that the range lies behind it in the direction of the move.
-int ViewsToShow(const ShownRange& range, int day);
 
 // A line and a page of the vertical scroll bar, in rows.
 constexpr int kScrollLine = 1;

@@ -54,59 +54,57 @@ private:
     Slot m_hours, m_zeros, m_label, m_captionText, m_captionDate;
 };
 
-// One paint of a time grid into a device context.
+// One paint of a time grid into a device context, which must outlive it, as must frame and colours.
 class TimeGridPainter
 {
 public:
-    TimeGridPainter(CDC* pDC, const TimeGridState& state, const CalendarColors& colors);
+    TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors);
 
     bool IsVisible(const CRect& rect) const;
-    // Whether an item of the grid has a place, and some of it lies in the clip box and not under the bands above.
-    bool ShowsTimedItem(const tagCALENDAR_ITEM& item) const;
-    // Its box as scrolled. One that ends before it begins is turned, one that ends as it begins a line.
-    CRect ScrolledBox(const tagCALENDAR_ITEM& item) const;
+    bool ShowsTimedItem(const tagCALENDAR_ITEM& item) const; // some of it lies in the clip box
 
     // The line between ruler and grid, which belongs to neither, beside the band and the rows.
-    void DrawRulerEdge();
-    void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros);
-    void DrawFulldayRuler(const CRect& band, CFont* label);
-    // Background, outline and, per column (left and right edges), what is selected of it.
-    void DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected);
+    void DrawRulerEdge() const;
+    void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) const;
+    void DrawFulldayRuler(const CRect& band, CFont* label) const;
+    // Background, outline, and what is selected of it.
+    void DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const;
 
-    void DrawGridBackground(const CRect& grid);
+    void DrawGridBackground(const CRect& grid) const;
     // The rows that the clip box shows; a look for each row of VisibleRows, from its first on.
-    RowRange VisibleRows(const CRect& grid) const;
-    void DrawRows(const CRect& column, const RowRange& rows, const std::vector<RowLook>& looks);
-    void DrawSeparators(const CRect& area, const std::vector<CRect>& columns);
-    void DrawNowLine(const CRect& column, const ClockTime& now);
+    RowRange VisibleRows() const;
+    void DrawRows(const CRect& column, const RowRange& rows, const std::vector<RowLook>& looks) const;
+    void DrawSeparators(const CRect& area) const;
+    void DrawNowLine(const CRect& column, const ClockTime& now) const;
 
-    // Box and outline of an item; returns what is left for marks and text. A timed item is cut, and open, at the right
-    // edge `end` of its column; band items are open where they go on.
-    CRect DrawTimedBox(const tagCALENDAR_ITEM& item, const CRect& box, int end, bool isCurrent);
-    CRect DrawBandBar(const tagCALENDAR_ITEM& item, const CRect& band, bool isCurrent);
+    void DrawTimedBox(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
+    void DrawBandBar(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     // Texts in the selected font; none where not even a letter has room.
     // A box too narrow for both times, or one line high and too narrow for times and text, shows the text alone when
     // `timesWhereTheyFit` says so.
-    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit);
-    void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content);
+    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit) const;
+    void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content) const;
 
-    void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date, CFont* text);
-    void DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text);
+    void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
+                        CFont* text) const;
+    void DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text) const;
 
-    void DrawHeaderBackground(const CRect& header);
-    void DrawHeaderFrame(const CRect& box, COLORREF frame);
-    void DrawTodayHeader(const CRect& box, COLORREF todayColor);
-    void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff, CFont* font);
+    void DrawHeaderBackground(const CRect& header) const;
+    void DrawHeaderFrame(const CRect& box, COLORREF frame) const;
+    void DrawTodayHeader(const CRect& box, COLORREF todayColor) const;
+    void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
+                        CFont* font) const;
 
 private:
-    void HorizontalLine(int left, int right, int y, COLORREF color);
-    void VerticalLine(int x, int top, int bottom, COLORREF color);
-    void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right);
-    void DrawStripe(const CRect& box, COLORREF color);
-    void DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow = CLR_NONE);
+    void HorizontalLine(int left, int right, int y, COLORREF color) const;
+    void VerticalLine(int x, int top, int bottom, COLORREF color) const;
+    void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right) const;
+    void DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
+    void DrawStripe(const CRect& box, COLORREF color) const;
+    void DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
 
-    CDC* m_pDC;
-    const TimeGridState& m_state;
+    CDC& m_dc;
+    TimeGridState m_state;
     const CalendarColors& m_colors;
     CRect m_clip;
 };

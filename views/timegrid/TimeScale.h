@@ -18,6 +18,8 @@ struct TimeGridMetrics
     int laneInset = 5;   // left, right and above a bar
     int barHeight = 20;
     int boxInset = 2;           // left and right of a timed item's box
+    int textInset = 2;          // from a box to its text, above, below and at the right
+    int textLeft = 3;           // and at the left
     int freeBesideOneDay = 20;  // kept free right of the overlap columns: day view
     int freeBesideManyDays = 5; // multi-day view
     int endlessHours = 230;     // height of a box that has no end on its day, in hours
@@ -54,7 +56,7 @@ struct TimeScale
     int RowOfTime(const COleDateTime& time) const { return RowOfTime(ClockTimeOf(time)); }
     int RowOfTime(const ClockTime& time) const { return rowsPerHour * time.hour + time.minute / MinutesPerRow(); }
 
-    // When the row begins on that day; invalid for the row behind the last, or an invalid day.
+    // When the row begins on that day; invalid for the row after the last, or an invalid day.
     COleDateTime TimeOfRow(const COleDateTime& day, int row) const;
 
     // A row's upper edge, counted from the top of the day.

@@ -2,10 +2,10 @@
 #include "views/timegrid/WeekDayViewCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/DayRange.h"
 #include "views/timegrid/FulldayLanes.h"
-
-#include <algorithm>
-#include <utility>
+#include "views/timegrid/TimeGridHit.h"
+#include "views/timegrid/TimeGridParts.h"
 
 using namespace dayvane;
 
@@ -20,24 +20,6 @@ constexpr COLORREF kCaptionColor = 0x996633;
 constexpr COLORREF kRulerColor = 0xFFEFE3;
 constexpr COLORREF kRulerTextColor = 0xCF9365;
 constexpr COLORREF kGridColor = 0xE1BFA5;
-
-struct DateScaleRow
-{
-    int days;
-    bool fromFirstDayOfWeek;
-    const char* caption;
-};
-constexpr DateScaleRow kDateScales[] = {
-    // days, from the first day of the week, caption text
-    {2, false, "2 Days Calendar"},   {3, false, "3 Days Calendar"},   {4, false, "4 Days Calendar"},
-    {5, false, "5 Days Calendar"},   {6, false, "6 Days Calendar"},   {7, false, "7 Days Calendar"},
-    {8, false, "8 Days Calendar"},   {9, false, "9 Days Calendar"},   {10, false, "10 Days Calendar"},
-    {11, false, "11 Days Calendar"}, {12, false, "11 Days Calendar"}, // twelve days have no text of their own
-    {13, false, "13 Days Calendar"}, {14, false, "14 Days Calendar"}, {5, true, "Weekday Calendar"},
-    {7, true, "Weekly Calendar"},
-};
-constexpr int kDateScaleCount = sizeof(kDateScales) / sizeof(kDateScales[0]);
-constexpr int kWorkingWeek = 14; // number of its row, from 1 on
 
 LOGFONT FontTemplate(int height, BYTE charSet, const char* face)
 {
@@ -69,7 +51,7 @@ CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
     ShowCaption(TRUE);
     SetTimeScale(kRowsPerHour);
     SetRange(Now());
-    SetDateScale(kWorkingWeek);
+    SetDateScale(kWorkingWeekScale);
     SetRange(Scale().RowStart(Now()));
 }
 
@@ -94,7 +76,7 @@ void CWeekDayViewCtrl::SetViewOption(int nDays, int nBeginDayOfWeek)
 {
     m_nDays = nDays >= kMinDays && nDays <= kMaxDays ? nDays : kMinDays;
     m_nBeginDayOption = nBeginDayOfWeek >= 1 && nBeginDayOfWeek <= kDaysPerWeek ? nBeginDayOfWeek : 0;
-    m_arColumn.SetSize(m_nDays);
+    m_pParts->frame.columns.resize(m_nDays);
 }
 
 int CWeekDayViewCtrl::GetBeginDayOfWeek() const
@@ -105,15 +87,12 @@ int CWeekDayViewCtrl::GetBeginDayOfWeek() const
 void CWeekDayViewCtrl::SetDateScale(int nScale)
 {
     m_nDateScale = nScale;
-    if (nScale < 1 || nScale > kDateScaleCount) {
+    const DateScale* scale = FindDateScale(nScale);
+    if (!scale || !EndEdit()) {
         return;
     }
-    if (!EndEdit()) {
-        return;
-    }
-    const DateScaleRow& row = kDateScales[nScale - 1];
-    SetViewOption(row.days, row.fromFirstDayOfWeek ? GetFirstDayOfWeek() : 0);
-    SetCaptionText(row.caption);
+    SetViewOption(scale->days, scale->fromFirstDayOfWeek ? GetFirstDayOfWeek() : 0);
+    SetCaptionText(scale->caption);
     COleDateTime begin;
     COleDateTime end;
     GetViewRange(begin, end);
@@ -126,19 +105,13 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
     if (!EndEdit()) {
         return;
     }
-    COleDateTime begin = StartOfDay(date);
-    if (GetBeginDayOfWeek() != 0 && begin.GetStatus() == COleDateTime::valid) {
-        begin = DateOfDayNumber(std::max(WeekStartOf(DayNumberOf(begin), GetBeginDayOfWeek()), civil::kFirstDay));
+    const DayRange before = GetShownRange();
+    m_dtViewBegin = DayRange::From(date, m_nDays, GetBeginDayOfWeek()).first;
+    const DayRange range = GetShownRange();
+    if (range.first.GetStatus() == COleDateTime::valid && before.first.GetStatus() == COleDateTime::valid) {
+        ShiftProperties(range.FirstDay() - before.FirstDay());
     }
-    if (begin.GetStatus() == COleDateTime::valid && m_dtViewBegin.GetStatus() == COleDateTime::valid) {
-        ShiftProperties(DayNumberOf(begin) - DayNumberOf(m_dtViewBegin));
-    }
-    m_dtViewBegin = begin;
-    m_dtViewEnd = EndOfDay(AddDays(begin, m_nDays - 1));
-    if (begin.GetStatus() == COleDateTime::valid && m_dtViewEnd.GetStatus() != COleDateTime::valid) {
-        m_dtViewEnd = EndOfDay(DateOfDayNumber(civil::kLastDay));
-    }
-    if (!Shown().Holds(ClockTimeOf(m_dtCurrentDate).day)) {
+    if (!range.Holds(m_dtCurrentDate)) {
         m_dtCurrentDate = m_dtViewDate = date;
     }
 }
@@ -146,7 +119,7 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
 void CWeekDayViewCtrl::GetViewRange(COleDateTime& begin, COleDateTime& end)
 {
     begin = m_dtViewBegin;
-    end = m_dtViewEnd;
+    end = GetShownRange().LastMoment();
 }
 
 void CWeekDayViewCtrl::SetCurrentDate(const COleDateTime& date)
@@ -159,29 +132,25 @@ void CWeekDayViewCtrl::SetCurrentDate(const COleDateTime& date)
     CTimeGridCtrl::SetCurrentDate(row);
 }
 
-ShownRange CWeekDayViewCtrl::Shown() const
+DayRange CWeekDayViewCtrl::GetShownRange() const
 {
-    return ShownRange{ClockTimeOf(m_dtViewBegin).day, m_nDays, m_nBeginDayOption != 0};
+    return DayRange{m_dtViewBegin, m_nDays, m_nBeginDayOption != 0};
 }
 
 // ---- Layout
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    CalcLayout(rcClient, rcCaption, m_rcHeader, rcRuler, rcGrid);
+    CalcLayout(rcClient, rcCaption, m_pParts->frame.header, rcRuler, rcGrid);
 }
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
     const TimeGridFrame frame =
         CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, kTimeGrid.headerHeight, GetFulldayItemCount(), m_nDays);
+    m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
-    m_nColumnWidth = frame.columnWidth;
-    m_arColumn.SetSize(m_nDays);
-    for (int i = 0; i < m_nDays; ++i) {
-        m_arColumn[i] = frame.columns[i];
-    }
     rcCaption = frame.caption;
     rcHeader = frame.header;
     rcRuler = frame.ruler;
@@ -190,7 +159,7 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHea
 
 void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    MakeShownItems(items, screenItems, m_dtViewBegin, m_dtViewEnd);
+    MakeShownItems(items, screenItems);
 }
 
 void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
@@ -198,7 +167,7 @@ void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     if (screenItems.IsEmpty()) {
         return;
     }
-    PlaceTimedItems(screenItems, State().frame.columns, m_dtViewBegin, Scale(), kManyDaysOverlap);
+    PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale());
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
@@ -210,8 +179,16 @@ void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COl
 void CWeekDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
-        LayManyDayLanes(screenItems, rcBand, State().frame.columns, m_dtViewBegin);
+        LayManyDayLanes(screenItems, rcBand, m_pParts->frame.columns, m_dtViewBegin);
     }
+}
+
+CRect CWeekDayViewCtrl::GetColumnRect(int nColumn) const
+{
+    if (nColumn < 0 || nColumn >= m_nDays) {
+        AfxThrowInvalidArgException();
+    }
+    return m_pParts->frame.columns[nColumn];
 }
 
 int CWeekDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
@@ -237,11 +214,6 @@ int CWeekDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
     return result;
 }
 
-RowRange CWeekDayViewCtrl::GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const
-{
-    return SelectedRowsOfColumn(Scale(), begin, end, AddDays(m_dtViewBegin, nColumn));
-}
-
 // ---- Work time and day properties
 
 int CWeekDayViewCtrl::IsUseMyWorkTime(int nColumn) const
@@ -259,7 +231,7 @@ int CWeekDayViewCtrl::IsWorkTime(int nColumn, int nRow) const
 
 void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
-    const int column = ColumnOfDay(State(), date);
+    const int column = GetShownRange().ColumnOf(date);
     if (column == -1) {
         return;
     }
@@ -271,7 +243,7 @@ void CWeekDayViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_P
 
 tagCALENDAR_DAY_PROPERTY* CWeekDayViewCtrl::GetDayProperty(COleDateTime date)
 {
-    const int column = ColumnOfDay(State(), date);
+    const int column = GetShownRange().ColumnOf(date);
     return column != -1 && column < m_arDayProperty.GetSize() ? &m_arDayProperty[column] : nullptr;
 }
 
@@ -318,19 +290,12 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     if (!EndEdit()) {
         return;
     }
-    GridSelection selection = Selection();
-    const ShownRange shown = Shown();
-    const int day = ClockTimeOf(selection.current).day + nDays;
-    // The range after the move; a day that it does not show gives way to the nearest that it shows.
-    ShownRange next = shown;
-    next.first += ViewsToShow(shown, day) * shown.LengthOfView();
-    const int target = next.Holds(day) ? day : nDays > 0 ? next.first : next.first + next.days - 1;
-    MoveColumns(selection, nDays + target - day, (nFlags & kExtendSelection) != 0);
-    if (selection.current.GetStatus() != COleDateTime::valid) {
+    const GridSelection moved = MovedByColumn(Selection(), GetShownRange(), nDays, (nFlags & kExtendSelection) != 0);
+    if (moved.current.GetStatus() != COleDateTime::valid) {
         return; // beyond the years that there are
     }
     InvalidateCellRectRange();
-    SetSelection(selection);
+    SetSelection(moved);
     InvalidateCellRectRange();
     CurrentDateMoved();
 }
@@ -339,16 +304,12 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
 void CWeekDayViewCtrl::CurrentDateMoved()
 {
     InvalidateHeader(); // it marks the current day
-    const ShownRange shown = Shown();
-    const int day = ClockTimeOf(m_dtCurrentDate).day;
-    ShownRange next = shown;
-    next.first += ViewsToShow(shown, day) * shown.LengthOfView();
-    // Between two working weeks, or beyond the years that there are, no view shows the day.
-    const COleDateTime begin = DateOfDayNumber(next.first);
-    if (next.first == shown.first || !next.Holds(day) || begin.GetStatus() != COleDateTime::valid) {
+    const DayRange range = GetShownRange();
+    const DayRange next = range.Showing(m_dtCurrentDate);
+    if (next.FirstDay() == range.FirstDay()) {
         return;
     }
-    SetRange(begin);
+    SetRange(next.first);
     Rebuild();
-    Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtViewBegin, m_dtViewEnd, kRangeChangeValue);
+    Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtViewBegin, GetShownRange().LastMoment(), kRangeChangeValue);
 }

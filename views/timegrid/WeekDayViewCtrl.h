@@ -33,7 +33,7 @@ public:
     void SetDateScale(int nScale);
     int GetDateScale() const { return m_nDateScale; }
     // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then
-    // gives way to this one. Call Refresh() afterwards. The days before the year 100 and behind the year 9999 do not
+    // gives way to this one. Call Refresh() afterwards. The days before the year 100 and after the year 9999 do not
     // count: a week may begin late there, a range end early.
     void SetRange(COleDateTime date);
     // 00:00:00 of the first, 23:59:59 of the last day.
@@ -44,7 +44,7 @@ public:
     // selection stands for them. Returns what the base returns.
     int GetSelRange(COleDateTime& begin, COleDateTime& end) override;
     // Throws CInvalidArgException beyond the last column.
-    CRect GetColumnRect(int nColumn) const { return GetColumnBox(nColumn); }
+    CRect GetColumnRect(int nColumn) const;
 
     // Codes as in the day view; the day header gives CCHT_ONDAYCAPTION and its day at 00:00, the band its day at 00:00.
     int HitTest(tagCCHITTESTINFO& info) override;
@@ -76,30 +76,20 @@ protected:
     void MoveRightward(UINT nFlags) override;
     void MoveLeftward(UINT nFlags) override;
 
-    int GetColumnCount() const override { return m_nDays; }
-    COleDateTime GetFirstShownDay() const override { return m_dtViewBegin; }
-    CRect GetColumnBox(int nColumn) const override { return m_arColumn[nColumn]; }
-    CRect GetHeaderBox() const override { return m_rcHeader; }
+    dayvane::DayRange GetShownRange() const override;
     BOOL IsColumnWorkTime(int nColumn, int nRow) const override { return IsWorkTime(nColumn, nRow); }
     BOOL IsColumnUseMyWorkTime(int nColumn) const override { return IsUseMyWorkTime(nColumn); }
-    dayvane::RowRange GetSelectedRows(int nColumn, const COleDateTime& begin, const COleDateTime& end) const override;
     void CurrentDateMoved() override;
 
     int m_nDays = 2;
     int m_nBeginDayOption = 0; // not 0: the range begins on the first day of the week
     int m_nDateScale = 0;
-    int m_nColumnWidth = 100;
-    CArray<CRect, const CRect&> m_arColumn;
     COleDateTime m_dtViewBegin;
-    COleDateTime m_dtViewEnd;
     CArray<tagCALENDAR_DAY_PROPERTY, const tagCALENDAR_DAY_PROPERTY&> m_arDayProperty; // by column
-    CRect m_rcHeader = CRect(0, 0, 0, 0);
     COLORREF m_crToday;
 
 private:
     void MoveColumn(int nDays, UINT nFlags);
-    CRect HeaderBoxOf(int nColumn) const;
     void InvalidateHeader();
     void ShiftProperties(int nDays);
-    dayvane::ShownRange Shown() const;
 };

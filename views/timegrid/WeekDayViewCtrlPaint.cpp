@@ -2,6 +2,8 @@
 #include "views/timegrid/WeekDayViewCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/DayRange.h"
+#include "views/timegrid/TimeGridParts.h"
 
 using namespace dayvane;
 
@@ -9,77 +11,69 @@ namespace {
 constexpr int kCaptionFont = 1; // template in m_lfFonts
 } // namespace
 
-CRect CWeekDayViewCtrl::HeaderBoxOf(int nColumn) const
-{
-    return CRect(m_arColumn[nColumn].left, m_rcHeader.top, m_arColumn[nColumn].right, m_rcHeader.bottom);
-}
-
 void CWeekDayViewCtrl::InvalidateHeader()
 {
     if (m_hWnd) {
-        InvalidateRect(&m_rcHeader, FALSE);
+        InvalidateRect(&m_pParts->frame.header, FALSE);
     }
 }
 
 void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 {
-    const int column = ColumnOfDay(State(), date);
+    const int column = GetShownRange().ColumnOf(date);
     if (!m_hWnd || column == -1) {
         return;
     }
-    const CRect& box = m_arColumn[column];
-    const CRect rect(box.left, m_rcFulldayContent.top, box.right, box.bottom);
+    CRect rect = m_pParts->frame.columns[column];
+    rect.top = m_rcFulldayContent.top;
     InvalidateRect(&rect, FALSE);
 }
 
 void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors)
-        .DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, m_dtViewEnd),
-                         m_fonts.CaptionDate(m_lfFonts[kCaptionFont]), m_fonts.CaptionText());
+    TimeGridFonts& fonts = m_pParts->fonts;
+    Painter(pDC).DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, GetShownRange().LastMoment()),
+                                 fonts.CaptionDate(m_lfFonts[kCaptionFont]), fonts.CaptionText());
 }
 
 void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
-    const TimeGridState state = State();
-    TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     if (!painter.IsVisible(rcHeader)) {
         return;
     }
     painter.DrawHeaderBackground(rcHeader);
-    const int today = ColumnOfDay(state, Now());
-    const int current = ColumnOfDay(state, m_dtCurrentDate);
+    const DayRange range = GetShownRange();
+    const int today = range.ColumnOf(Now());
+    const int current = range.ColumnOf(m_dtCurrentDate);
     for (int i = 0; i < m_nDays; ++i) {
-        const CRect box = HeaderBoxOf(i);
+        const CRect box = m_pParts->frame.HeaderBox(i);
         if (i == today) {
             DrawTodayRect(pDC, box);
         } else if (i == current) {
             DrawFocusRect(pDC, box);
         }
+        const ShownDay& day = GetShownDays()[i];
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, HeaderOfDay(GetShownDays()[i], m_bShowHoliday != FALSE, text), GetShownDays()[i],
-                               KindOfColumn(i).isDayOff, m_fonts.Label());
+        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, text), day, KindOfColumn(i).isDayOff,
+                               m_pParts->fonts.Label());
     }
-    painter.DrawSeparators(rcHeader, state.frame.columns);
+    painter.DrawSeparators(rcHeader);
 }
 
 void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawTodayHeader(rcBox, m_crToday);
+    Painter(pDC).DrawTodayHeader(rcBox, m_crToday);
 }
 
 void CWeekDayViewCtrl::DrawFocusRect(CDC* pDC, CRect rcBox)
 {
-    const TimeGridState state = State();
-    TimeGridPainter(pDC, state, m_colors).DrawHeaderFrame(rcBox, kTimeGridPalette.focusFrame);
+    Painter(pDC).DrawHeaderFrame(rcBox, kTimeGridPalette.focusFrame);
 }
 
 void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
 {
-    const TimeGridState state = State();
-    TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
@@ -87,21 +81,21 @@ void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)
     for (int i = 0; i < m_nDays; ++i) {
         DrawRows(pDC, i);
     }
-    painter.DrawSeparators(rcGrid, state.frame.columns);
+    painter.DrawSeparators(rcGrid);
 }
 
 void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 {
-    const TimeGridState state = State();
-    const TimeGridPainter painter(pDC, state, m_colors);
+    const TimeGridPainter painter = Painter(pDC);
     if (!painter.IsVisible(rcGrid)) {
         return;
     }
+    const DayRange range = GetShownRange();
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        const int column = painter.ShowsTimedItem(item) ? ColumnOfDay(state, item.dtStart) : -1;
+        const int column = painter.ShowsTimedItem(item) ? range.ColumnOf(item.dtStart) : -1;
         if (column != -1) {
-            _DrawItem(pDC, state.frame.columns[column], item);
+            _DrawItem(pDC, m_pParts->frame.columns[column], item);
         }
     }
 }
@@ -110,6 +104,6 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
 void CWeekDayViewCtrl::_DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item)
 {
     if (item.rcItem.left < rcColumn.right) {
-        DrawTimedItem(pDC, State(), item, rcColumn.right);
+        DrawTimedItem(pDC, item, rcColumn.right);
     }
 }
