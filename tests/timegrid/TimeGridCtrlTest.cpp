@@ -212,7 +212,7 @@ TEST(DayItems, RowRecordsAndOverlaps)
     scene.view->_CalcItemRect(CRect(61, 60, 361, 500), screen[0]); // as if alone
     EXPECT_EQ(CRect(61, 420, 361, 460), screen[0].rcItem);
     EXPECT_EQ(3, scene.view->CalcOverlayedNumber(screen));
-    // Fifty rows an hour of one minute each: the last minutes of the day lie behind its last row.
+    // Fifty rows an hour of one minute each: the last minutes of the day lie after its last row.
     scene.view->SetTimeScale(50);
     screen[0].dtEnd = At(23, 59);
     EXPECT_THROW(scene.view->GetMaxParalelCalendarItems(screen, rows), CInvalidArgException*);

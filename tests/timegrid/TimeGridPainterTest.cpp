@@ -15,6 +15,20 @@ constexpr COLORREF kSundayOff = 0x8E8CDD;
 constexpr COLORREF kRuler = 0xFFEFE3;
 constexpr COLORREF kGrid = 0xE1BFA5;
 constexpr COLORREF kNowLine = 0x2A2AE0;
+constexpr COLORREF kHoliday = 0x2138EF;
+constexpr COLORREF kTodayFrame = 0x216FF1;
+constexpr COLORREF kRulerText = 0xCF9365; // also the outline of items
+// The Sunday row of the table of day colours.
+constexpr COLORREF kSundayWork = 0xC9C8EF;
+constexpr COLORREF kSundayWorkLine = 0xBDBBE9;
+constexpr COLORREF kSundayWorkHour = 0xA6A4DE;
+constexpr COLORREF kSundayOffLine = 0x8381D2;
+constexpr COLORREF kSundayOffHour = 0x6564B3;
+constexpr COLORREF kSaturdayOff = 0xBF9E8B;
+// The tests' own.
+constexpr COLORREF kItem = 0xC0FFC0;
+constexpr COLORREF kBar = 0xFFC0C0;
+constexpr COLORREF kSelection = 0x123456;
 
 template <class View>
 void Paint(Scene<View>& scene, MemoryDc& dc)
@@ -26,12 +40,12 @@ void Paint(Scene<View>& scene, MemoryDc& dc)
 TEST(GridPaint, DayLayers)
 {
     Scene<CDayViewCtrl> scene(500, 500);
-    scene.view->SetHighLightColor(0x123456);
+    scene.view->SetHighLightColor(kSelection);
     scene.view->SetDayColor(At(0, 0), 2); // its row of the table holds six different colours
-    scene.Add(At(8, 0), At(9, 0), 0, 0xC0FFC0);
-    scene.Add(At(0, 0), At(0, 0), 1, 0xFFC0C0);
+    scene.Add(At(8, 0), At(9, 0), 0, kItem);
+    scene.Add(At(0, 0), At(0, 0), 1, kBar);
     scene.Add(At(10, 0), At(10, 0));
-    scene.Add(At(12, 0), At(11, 0), 0, 0xC0FFC0);
+    scene.Add(At(12, 0), At(11, 0), 0, kItem);
     scene.Scroll(SB_THUMBPOSITION, 10); // 5:00 at the top
     MemoryDc dc(500, 500, 0x00FF00FF);
     Paint(scene, dc);
@@ -44,50 +58,50 @@ TEST(GridPaint, DayLayers)
     } const probes[] = {
         {"caption's last line", 300, 29, 0x21CBEF},
         {"ruler", 3, 70, kRuler},
-        {"ruler line of 6:00", 10, 100, 0xCF9365},
+        {"ruler line of 6:00", 10, 100, kRulerText},
         {"ruler, left of its line", 1, 100, kRuler},
         {"band over the ruler", 3, 40, kRuler},
         {"between ruler and grid", 60, 300, kGrid},
         {"band's outline", 61, 45, kGrid},
         {"band", right - 3, 33, 0xFFFFFF},
-        {"bar", 300, 40, 0xFFC0C0},
-        {"off time 5:00", 300, 70, 0x8E8CDD},
-        {"line of 5:00", 300, 60, 0x6564B3},
-        {"line of 5:30", 300, 80, 0x8381D2},
-        {"work time 6:00", 300, 110, 0xC9C8EF},
-        {"line of the begin of work", 300, 100, 0x6564B3},
-        {"line of 7:00", 300, 140, 0xA6A4DE},
-        {"line of 7:30", 300, 160, 0xBDBBE9},
-        {"item", 300, 210, 0xC0FFC0},
-        {"item's outline", 300, 180, 0xCF9365},
-        {"beside the item", right - 10, 190, 0xC9C8EF},
-        {"selected row of 9:00", 300, 230, 0x123456},
-        {"the row behind it", 300, 250, 0xC9C8EF},
-        {"item without length", 300, 260, 0xCF9365},
-        {"item the wrong way round", 300, 310, 0xC0FFC0},
+        {"bar", 300, 40, kBar},
+        {"off time 5:00", 300, 70, kSundayOff},
+        {"line of 5:00", 300, 60, kSundayOffHour},
+        {"line of 5:30", 300, 80, kSundayOffLine},
+        {"work time 6:00", 300, 110, kSundayWork},
+        {"line of the begin of work", 300, 100, kSundayOffHour},
+        {"line of 7:00", 300, 140, kSundayWorkHour},
+        {"line of 7:30", 300, 160, kSundayWorkLine},
+        {"item", 300, 210, kItem},
+        {"item's outline", 300, 180, kRulerText},
+        {"beside the item", right - 10, 190, kSundayWork},
+        {"selected row of 9:00", 300, 230, kSelection},
+        {"the row after it", 300, 250, kSundayWork},
+        {"item without length", 300, 260, kRulerText},
+        {"item the wrong way round", 300, 310, kItem},
     };
     for (const auto& probe : probes) {
         EXPECT_EQ(probe.color, dc.Pixel(probe.x, probe.y)) << probe.name;
     }
-    EXPECT_GT(dc.CountOther(CRect(66, 183, 200, 197), 0xC0FFC0), 20) << "text of the item";
+    EXPECT_GT(dc.CountOther(CRect(66, 183, 200, 197), kItem), 20) << "text of the item";
     EXPECT_GT(dc.CountOther(CRect(20, 45, 60, 60), kRuler), 10) << "label of the band";
     EXPECT_GT(dc.CountOther(CRect(5, 105, 55, 135), kRuler), 20) << "6:00";
 
     // The current item has a frame of two pixels, and hides the selected rows.
     scene.view->SetCurSel(0);
     Paint(scene, dc);
-    EXPECT_EQ(0x123456u, dc.Pixel(300, 180));
-    EXPECT_EQ(0x123456u, dc.Pixel(300, 179));
-    EXPECT_EQ(0xC9C8EFu, dc.Pixel(300, 230));
+    EXPECT_EQ(kSelection, dc.Pixel(300, 180));
+    EXPECT_EQ(kSelection, dc.Pixel(300, 179));
+    EXPECT_EQ(kSundayWork, dc.Pixel(300, 230));
     // A selection of whole days shows in the band.
     scene.view->SetCurSel(-1);
     scene.view->SetSelRange(At(0, 0), At(0, 0), TRUE);
     Paint(scene, dc);
-    EXPECT_EQ(0x123456u, dc.Pixel(right - 3, 33));
-    EXPECT_EQ(0xC9C8EFu, dc.Pixel(300, 230));
+    EXPECT_EQ(kSelection, dc.Pixel(right - 3, 33));
+    EXPECT_EQ(kSundayWork, dc.Pixel(300, 230));
     scene.view->SetSelRange(At(5, 0), At(5, 0));
     Paint(scene, dc);
-    EXPECT_EQ(0x123456u, dc.Pixel(300, 70)) << "selected off time";
+    EXPECT_EQ(kSelection, dc.Pixel(300, 70)) << "selected off time";
 }
 
 TEST(GridPaint, RulerMeetsTheRows)
@@ -101,7 +115,7 @@ TEST(GridPaint, RulerMeetsTheRows)
         for (int step = 0; step < 12; ++step) {
             Paint(scene, dc);
             for (int y = scene.view->m_rcContent.top; y < scene.view->m_rcContent.bottom; ++y) {
-                const bool inRuler = dc.Pixel(5, y) == 0xCF9365;
+                const bool inRuler = dc.Pixel(5, y) == kRulerText;
                 const bool inGrid = dc.Pixel(scene.view->GetColumnRect(0).left + 5, y) == kOffHourLine;
                 ASSERT_EQ(inRuler, inGrid) << "scale " << scale << ", offset " << scene.Offset() << ", y " << y;
             }
@@ -123,11 +137,11 @@ TEST(GridPaint, DayColorsAndHolidays)
     } const cases[] = {
         {At(9, 0, 26), true, false, 0, kWork},
         {At(9, 0, 23), true, false, 0, kSundayOff},
-        {At(9, 0, 22), true, false, 0, 0xBF9E8B},
+        {At(9, 0, 22), true, false, 0, kSaturdayOff},
         {At(9, 0, 29), true, false, 0, kSundayOff}, // a Saturday that is a day off
-        {At(9, 0, 29), false, false, 0, 0xBF9E8B},
+        {At(9, 0, 29), false, false, 0, kSaturdayOff},
         {COleDateTime(2017, 5, 3, 9, 0, 0), true, false, 0, kSundayOff},
-        {COleDateTime(2017, 5, 3, 9, 0, 0), true, true, 0, 0xC9C8EF},
+        {COleDateTime(2017, 5, 3, 9, 0, 0), true, true, 0, kSundayWork},
         {COleDateTime(2017, 5, 3, 9, 0, 0), false, false, 0, kWork},
         {At(9, 0, 26), true, false, 4, 0xBCECD5},
         {COleDateTime(2017, 5, 3, 9, 0, 0), true, false, 5, 0xBCF4FF}, // coloured, but still a day off
@@ -148,22 +162,22 @@ TEST(GridPaint, DayColorsAndHolidays)
     scene.view->ShowHoliday(TRUE);
     scene.view->SetCurrentDate(COleDateTime(2017, 5, 3, 9, 0, 0));
     Paint(scene, dc);
-    EXPECT_GT(dc.Count(CRect(0, 0, 500, 29), 0x2138EF), 10);
+    EXPECT_GT(dc.Count(CRect(0, 0, 500, 29), kHoliday), 10);
     scene.view->ShowHoliday(FALSE);
     Paint(scene, dc);
-    EXPECT_EQ(0, dc.Count(CRect(0, 0, 500, 29), 0x2138EF));
+    EXPECT_EQ(0, dc.Count(CRect(0, 0, 500, 29), kHoliday));
 }
 
 TEST(GridPaint, ColumnsOfManyDays)
 {
     Scene<CWeekDayViewCtrl> scene(900, 500, At(8, 15));
     scene.view->SetDateScale(15);
-    scene.view->SetHighLightColor(0x123456);
+    scene.view->SetHighLightColor(kSelection);
     scene.view->ShowNowLine(TRUE);
-    scene.Add(At(7, 0), At(8, 0), 0, 0xC0FFC0);
-    scene.Add(At(7, 0, 27), At(8, 0, 27), 0, 0xC0FFC0);
+    scene.Add(At(7, 0), At(8, 0), 0, kItem);
+    scene.Add(At(7, 0, 27), At(8, 0, 27), 0, kItem);
     for (int i = 0; i < 10; ++i) { // side by side, too narrow for a letter
-        scene.Add(At(10, 0, 28), At(11, 0, 28), 0, 0xC0FFC0);
+        scene.Add(At(10, 0, 28), At(11, 0, 28), 0, kItem);
     }
     scene.view->Refresh();
     scene.Scroll(SB_THUMBPOSITION, 10);
@@ -177,31 +191,31 @@ TEST(GridPaint, ColumnsOfManyDays)
     EXPECT_EQ(kGrid, dc.Pixel(column(3).left, top + 70)) << "separator";
     EXPECT_EQ(kNowLine, dc.Pixel(middle, top + 130));
     EXPECT_NE(kNowLine, dc.Pixel(column(3).CenterPoint().x, top + 130));
-    EXPECT_EQ(0xC0FFC0u, dc.Pixel(middle, top + 115));
-    EXPECT_EQ(0x123456u, dc.Pixel(middle, top + 170)) << "selected row";
+    EXPECT_EQ(kItem, dc.Pixel(middle, top + 115));
+    EXPECT_EQ(kSelection, dc.Pixel(middle, top + 170)) << "selected row";
     EXPECT_EQ(kWork, dc.Pixel(column(3).CenterPoint().x, top + 170));
     const auto header = [&](int i) { return CRect(column(i).left + 1, 31, column(i).right, 50); };
-    EXPECT_GT(dc.Count(header(2), 0x216FF1), 100) << "today";
-    EXPECT_EQ(0, dc.Count(header(3), 0x216FF1));
-    EXPECT_GT(dc.Count(header(5), 0x2138EF), 10) << "holiday on a Saturday";
+    EXPECT_GT(dc.Count(header(2), kTodayFrame), 100) << "today";
+    EXPECT_EQ(0, dc.Count(header(3), kTodayFrame));
+    EXPECT_GT(dc.Count(header(5), kHoliday), 10) << "holiday on a Saturday";
     EXPECT_GT(dc.Count(header(6), 0x0000FF), 5) << "Sunday";
 
     const CRect narrow(column(4).left + 1, top + 200, column(4).right, top + 240);
-    EXPECT_GT(dc.Count(narrow, 0xC0FFC0), 1000);
+    EXPECT_GT(dc.Count(narrow, kItem), 1000);
     EXPECT_EQ(0, dc.Count(narrow, 0)) << "pieces of letters";
 
     // A box that is pushed beyond its column ends with it.
     scene.view->m_arScreenItem[0].rcItem.right += 200;
     Paint(scene, dc);
-    EXPECT_EQ(0xC0FFC0u, dc.Pixel(column(2).right - 2, top + 115));
-    EXPECT_NE(0xC0FFC0u, dc.Pixel(column(3).left, top + 115));
+    EXPECT_EQ(kItem, dc.Pixel(column(2).right - 2, top + 115));
+    EXPECT_NE(kItem, dc.Pixel(column(3).left, top + 115));
     scene.view->ShowNowLine(FALSE);
     Paint(scene, dc);
     EXPECT_NE(kNowLine, dc.Pixel(middle, top + 130));
 
     // In a single line without room for both, the text takes the place of the times.
     scene.view->SetDateScale(8);
-    scene.Add(At(12, 0, 27), At(12, 30, 27), 0, 0xC0FFC0);
+    scene.Add(At(12, 0, 27), At(12, 30, 27), 0, kItem);
     scene.view->Refresh();
     Paint(scene, dc);
     const CRect line(column(3).left + 3, top + 282, column(3).right - 9, top + 298);

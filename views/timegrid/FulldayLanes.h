@@ -13,7 +13,7 @@ void LayOneDayLanes(ItemArray& items, const CRect& band);
 
 // Several days: a bar runs from the column of its first day to that of its last, `columns` from left to right,
 // `firstDay` the day of the first. Each bar starts in the top lane and sinks by a lane for each earlier one (in screen
-// order, as they come) that it then meets; all go through this twice, the second time from where the first has left
+// order, as they come) that it then overlaps; all go through this twice, the second time from where the first has left
 // them. Bars may still overlap then.
 void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
                      const COleDateTime& firstDay);

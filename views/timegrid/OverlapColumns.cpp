@@ -7,7 +7,7 @@
 
 namespace dayvane {
 namespace {
-// For each row the spans that cover it, in order, one row's list behind the other's.
+// For each row the spans that cover it, in order, one row's list after the other's.
 class RowLists
 {
 public:
@@ -53,7 +53,7 @@ int LongestList(const RowSpan& span, const RowLists& lists)
     return longest;
 }
 
-// Whether some row of the span lists another one behind it.
+// Whether some row of the span lists another one after it.
 bool IsFollowed(int index, const RowSpan& span, const RowLists& lists)
 {
     for (int row = span.first; row < span.end; ++row) {
@@ -124,7 +124,7 @@ void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const 
         boxes[i] = RowBox{item.rcItem.left, item.rcItem.Height() > 0 ? share : 0};
     }
     RowClusters clusters;
-    bool atRest = false; // nobody pushed in the row above
+    bool atRest = false; // no box was pushed in the row above
     for (int row = 0; row < scale.RowsPerDay(); ++row) {
         if (!atRest || !lists.IsSameAsAbove(row)) {
             atRest = !clusters.Spread(boxes, lists.Begin(row), lists.End(row), rule.right);

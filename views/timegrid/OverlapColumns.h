@@ -33,7 +33,7 @@ struct OverlapRule
 {
     int right = 0;       // of the column: a push by a whole width ends here
     int usableWidth = 0; // pixels to divide among the items that share a row
-    // Who gets what the division leaves over: every item, or those with which no later item shares a row.
+    // Which items receive the remainder pixels: every item, or those with which no later item shares a row.
     bool remainderToEach = true;
 };
 
@@ -50,7 +50,7 @@ void AddRowSpan(std::vector<RowSpan>& spans, int item, const ClockTime& start, c
 void ListRows(ItemArray& items, const std::vector<RowSpan>& spans, const TimeScale& scale, RowLayoutArray& layout);
 
 // Raises the items' parallel counts, gives them their shares and sets them side by side. Changes the left and right
-// edges of the boxes, which are those of the column before; boxes without height meet nobody.
+// edges of the boxes, which are those of the column before; boxes without height overlap nothing.
 void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const TimeScale& scale,
                      const OverlapRule& rule);
 

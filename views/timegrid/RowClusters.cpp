@@ -98,7 +98,7 @@ void RowClusters::PushFrom(int box, int width, int right)
         const int common = std::min(end, pushedEnd) - std::max(left, pushed.left);
         std::size_t position = *it;
         if (pushed.cluster == own) {
-            // The pusher stays behind, alone, where its cluster was.
+            // The pusher stays alone where its cluster was.
             --m_clusters[own].count;
             m_clusterOf[box] = NewCluster(left, 1);
             m_places.insert(m_places.begin() + position, Place{left, width, m_clusterOf[box]});

@@ -10,7 +10,7 @@ namespace dayvane {
 struct RowBox
 {
     int left;
-    int width; // above 0, or the box meets nobody
+    int width; // above 0, or the box overlaps nothing
 };
 
 // Boxes at the same left edge with the same width form a cluster. Keeps its memory from row to row.
