@@ -5,6 +5,7 @@
 #pragma once
 
 #include "calc/CalcHoliday.h"
+#include "calc/DayCalendar.h"
 #include "calc/Eras.h"
 #include "calc/LunarDate.h"
 #include "calc/WeekNumbers.h"
