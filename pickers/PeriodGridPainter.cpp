@@ -184,12 +184,11 @@ COLORREF PeriodGridPainter::DayColor(int weekday, bool isHoliday, bool inPeriod)
 CString PeriodGridPainter::CellText(const PeriodCell& cell) const
 {
     const DateFields fields = FieldsOf(cell.date);
-    CString text;
-    if (m_picture.model.Policy().unit == CellUnit::Day) {
-        text.Format("%d", fields.day);
-    } else {
-        text.Format("%d月", fields.month);
+    if (m_picture.model.Policy().unit == CellUnit::Month) {
+        return MonthText(fields.month);
     }
+    CString text;
+    text.Format("%d", fields.day);
     return text;
 }
 

@@ -53,7 +53,7 @@ private:
     CString CellText(const PeriodCell& cell) const;
 
     CDC* m_pDC;
-    const PeriodGridPicture& m_picture;
+    PeriodGridPicture m_picture;
     PickerPalette m_palette;
 };
 

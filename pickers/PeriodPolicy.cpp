@@ -144,6 +144,13 @@ CString WeekdayName(int weekday)
     return kNames[weekday - 1];
 }
 
+CString MonthText(int month)
+{
+    CString text;
+    text.Format("%d月", month);
+    return text;
+}
+
 CString FooterText(CellUnit unit, const COleDateTime& now)
 {
     CString text;

@@ -94,6 +94,7 @@ COleDateTime LastCellOf(const PeriodPolicy& policy, int period);
 // The weekday (1 Sunday .. 7 Saturday) of a column of days, when weeks begin on firstDayOfWeek.
 int WeekdayOfColumn(int firstDayOfWeek, int column);
 CString WeekdayName(int weekday); // one Japanese character
+CString MonthText(int month);     // 1 .. 12, as a cell shows it
 
 // The line below the blocks: the present day, or the present month. Empty when "now" is not valid.
 CString FooterText(CellUnit unit, const COleDateTime& now);

@@ -5,23 +5,31 @@ namespace {
 constexpr int kShadeInset = 1; // pixels, of the chosen row's shade
 } // namespace
 
-void PaintPeriodRun(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts)
+PeriodRunPainter::PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts)
+    : m_pDC(pDC), m_policy(policy), m_run(run), m_fonts(fonts), m_palette(SystemPickerPalette())
 {
-    const PickerPalette palette = SystemPickerPalette();
-    pDC->FillSolidRect(CRect(CPoint(0, 0), run.Size()), palette.window);
+}
+
+void PeriodRunPainter::Draw() const
+{
+    m_pDC->FillSolidRect(CRect(CPoint(0, 0), m_run.Size()), m_palette.window);
     for (int row = 0; row < kPeriodRunMetrics.RowCount(); ++row) {
-        if (!run.HasPeriod(row)) {
-            continue;
+        if (m_run.HasPeriod(row)) {
+            DrawRow(row);
         }
-        const CRect rect = run.RowRect(row);
-        const int period = run.PeriodOfRow(row);
-        if (row == run.HotRow()) {
-            CRect shade = rect;
-            shade.DeflateRect(kShadeInset, kShadeInset);
-            DrawRoundBox(pDC, shade, palette.selected, palette.selectedFrame);
-        }
-        DrawCentredText(pDC, rect, PeriodTitle(policy, period), fonts.Get(period == run.Given()), palette.text);
     }
+}
+
+void PeriodRunPainter::DrawRow(int row) const
+{
+    const CRect rect = m_run.RowRect(row);
+    const int period = m_run.PeriodOfRow(row);
+    if (row == m_run.HotRow()) {
+        CRect shade = rect;
+        shade.DeflateRect(kShadeInset, kShadeInset);
+        DrawRoundBox(m_pDC, shade, m_palette.selected, m_palette.selectedFrame);
+    }
+    DrawCentredText(m_pDC, rect, PeriodTitle(m_policy, period), m_fonts.Get(period == m_run.Given()), m_palette.text);
 }
 
 } // namespace dayvane

@@ -6,7 +6,20 @@
 
 namespace dayvane {
 
-// Client pixels of the popup; the given period is bold, the chosen row shaded.
-void PaintPeriodRun(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts);
+class PeriodRunPainter
+{
+public:
+    PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts);
+    void Draw() const; // the given period is bold, the chosen row shaded
+
+private:
+    void DrawRow(int row) const;
+
+    CDC* m_pDC;
+    const PeriodPolicy& m_policy;
+    const PeriodRun& m_run;
+    PickerFonts& m_fonts;
+    PickerPalette m_palette;
+};
 
 } // namespace dayvane

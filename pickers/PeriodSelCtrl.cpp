@@ -78,7 +78,7 @@ void CPeriodSelCtrl::OnPaint()
 {
     CPaintDC dc(this);
     CMemDC memory(&dc);
-    PaintPeriodRun(&memory, m_policy, m_run, m_fonts);
+    PeriodRunPainter(&memory, m_policy, m_run, m_fonts).Draw();
 }
 
 BOOL CPeriodSelCtrl::OnEraseBkgnd(CDC*)

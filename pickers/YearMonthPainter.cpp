@@ -14,102 +14,119 @@ struct YearMonthPaintMetrics // pixels
 };
 constexpr YearMonthPaintMetrics kMetrics{5, 1, 2, 1, 1};
 
-void PaintMonths(CDC* pDC, const YearMonthPicture& picture, const PickerPalette& palette)
-{
-    for (int month = 0; month < kMonthsPerYear; ++month) {
-        const CRect& cell = picture.layout.months[month];
-        CRect box = cell;
-        box.DeflateRect(kMetrics.monthInset, kMetrics.monthInset);
-        const bool isHot = picture.hot.code == YearMonthCode::None && picture.hot.month == month;
-        if (month == picture.selected.month) {
-            DrawRoundBox(pDC, box, palette.selected, palette.selectedFrame);
-        } else if (isHot) {
-            DrawRoundBox(pDC, box, picture.isPressed ? palette.paleSelected : palette.hot, palette.hotFrame);
-        }
-        CString text;
-        text.Format("%d月", month + 1);
-        DrawCentredText(pDC, cell, text, picture.fonts.text.Get(false), palette.text);
-    }
-}
-
-void PaintHeader(CDC* pDC, const YearMonthPicture& picture, const PickerPalette& palette)
-{
-    const CRect& header = picture.layout.header;
-    DrawGradient(pDC, header, palette.bandFrom, palette.bandTo, FALSE, FALSE);
-    CString text;
-    text.Format("%d", picture.selected.year);
-    DrawCentredText(pDC, header, text, picture.fonts.year.Get(true), palette.bandText);
-
-    const auto colorOf = [&](YearMonthCode code) {
-        if (picture.hot.code != code) {
-            return palette.frame;
-        }
-        return picture.isPressed ? palette.selected : palette.bandText;
-    };
-    const int middle = header.CenterPoint().y;
-    const int reach = ArrowReach(header);
-    DrawArrow(pDC, CPoint(header.left + kYearMonthMetrics.leftArrowInset, middle), reach, true,
-              colorOf(YearMonthCode::PreviousYear));
-    DrawArrow(pDC, CPoint(header.right - kYearMonthMetrics.rightArrowInset, middle), reach, false,
-              colorOf(YearMonthCode::NextYear));
-}
-
-void PaintFooter(CDC* pDC, const YearMonthPicture& picture, const PickerPalette& palette)
-{
-    const CRect& footer = picture.layout.footer;
-    if (picture.hot.code == YearMonthCode::Footer) {
-        CRect box = footer;
-        box.DeflateRect(kMetrics.lineInset, kMetrics.monthInset + 1);
-        DrawRoundBox(pDC, box, picture.isPressed ? palette.paleSelected : palette.hot, palette.hotFrame);
-    }
-    DrawHorizontalLine(pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
-                       palette.frame);
-    DrawCentredText(pDC, footer, FooterText(CellUnit::Month, picture.now), picture.fonts.text.Get(true), palette.text);
-}
-
-// The middle of the face, unless the text would then run under the arrow.
-CRect TextPlace(CDC* pDC, const PickerFacePicture& picture, const CRect& face, const CRect& besideArrow)
-{
-    const SelectGdi font(pDC, picture.fonts.Get(false));
-    const int width = pDC->GetTextExtent(picture.text).cx;
-    return face.CenterPoint().x + width / 2 < besideArrow.right ? face : besideArrow;
-}
 } // namespace
 
-void PaintYearMonthPopup(CDC* pDC, const YearMonthPicture& picture)
+YearMonthPainter::YearMonthPainter(CDC* pDC, const YearMonthPicture& picture)
+    : m_pDC(pDC), m_picture(picture), m_palette(SystemPickerPalette())
 {
-    const PickerPalette palette = SystemPickerPalette();
-    pDC->FillSolidRect(picture.layout.client, palette.window);
-    DrawFrame(pDC, picture.layout.client, palette.frame);
-    PaintMonths(pDC, picture, palette);
-    PaintHeader(pDC, picture, palette);
-    PaintFooter(pDC, picture, palette);
 }
 
-void PaintPickerFace(CDC* pDC, const PickerFacePicture& picture)
+void YearMonthPainter::Draw() const
 {
-    const PickerPalette palette = picture.isDisabled ? DisabledPickerPalette() : SystemPickerPalette();
-    DrawFrame(pDC, picture.client, picture.isHot ? palette.selectedFrame : palette.frame);
-    CRect face = picture.client;
+    m_pDC->FillSolidRect(m_picture.layout.client, m_palette.window);
+    DrawFrame(m_pDC, m_picture.layout.client, m_palette.frame);
+    DrawMonths();
+    DrawHeader();
+    DrawFooter();
+}
+
+void YearMonthPainter::DrawMonths() const
+{
+    for (int month = 0; month < kMonthsPerYear; ++month) {
+        const CRect& cell = m_picture.layout.months[month];
+        CRect box = cell;
+        box.DeflateRect(kMetrics.monthInset, kMetrics.monthInset);
+        if (month == m_picture.selected.month) {
+            DrawRoundBox(m_pDC, box, m_palette.selected, m_palette.selectedFrame);
+        } else if (m_picture.hot.code == YearMonthCode::None && m_picture.hot.month == month) {
+            DrawHotBox(box);
+        }
+        DrawCentredText(m_pDC, cell, MonthText(month + 1), m_picture.fonts.text.Get(false), m_palette.text);
+    }
+}
+
+void YearMonthPainter::DrawHotBox(const CRect& box) const
+{
+    DrawRoundBox(m_pDC, box, m_picture.isPressed ? m_palette.paleSelected : m_palette.hot, m_palette.hotFrame);
+}
+
+COLORREF YearMonthPainter::ArrowColor(YearMonthCode code) const
+{
+    if (m_picture.hot.code != code) {
+        return m_palette.frame;
+    }
+    return m_picture.isPressed ? m_palette.selected : m_palette.bandText;
+}
+
+void YearMonthPainter::DrawHeader() const
+{
+    const CRect& header = m_picture.layout.header;
+    DrawGradient(m_pDC, header, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
+    CString text;
+    text.Format("%d", m_picture.selected.year);
+    DrawCentredText(m_pDC, header, text, m_picture.fonts.year.Get(true), m_palette.bandText);
+
+    const int middle = header.CenterPoint().y;
+    const int reach = ArrowReach(header);
+    DrawArrow(m_pDC, CPoint(header.left + kYearMonthMetrics.leftArrowInset, middle), reach, true,
+              ArrowColor(YearMonthCode::PreviousYear));
+    DrawArrow(m_pDC, CPoint(header.right - kYearMonthMetrics.rightArrowInset, middle), reach, false,
+              ArrowColor(YearMonthCode::NextYear));
+}
+
+void YearMonthPainter::DrawFooter() const
+{
+    const CRect& footer = m_picture.layout.footer;
+    if (m_picture.hot.code == YearMonthCode::Footer) {
+        CRect box = footer;
+        box.DeflateRect(kMetrics.lineInset, kMetrics.monthInset + 1);
+        DrawHotBox(box);
+    }
+    DrawHorizontalLine(m_pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
+                       m_palette.frame);
+    DrawCentredText(m_pDC, footer, FooterText(CellUnit::Month, m_picture.now), m_picture.fonts.text.Get(true),
+                    m_palette.text);
+}
+
+PickerFacePainter::PickerFacePainter(CDC* pDC, const PickerFacePicture& picture)
+    : m_pDC(pDC), m_picture(picture), m_palette(picture.isDisabled ? DisabledPickerPalette() : SystemPickerPalette())
+{
+}
+
+void PickerFacePainter::Draw() const
+{
+    DrawFrame(m_pDC, m_picture.client, m_picture.isHot ? m_palette.selectedFrame : m_palette.frame);
+    CRect face = m_picture.client;
     face.DeflateRect(kMetrics.faceInset, kMetrics.faceInset);
-    pDC->FillSolidRect(face, palette.face);
+    m_pDC->FillSolidRect(face, m_palette.face);
+    DrawDropArrow();
 
-    CRect arrow = picture.arrow;
-    pDC->DrawFrameControl(&arrow, DFC_SCROLL,
-                          DFCS_SCROLLCOMBOBOX | (picture.isDropped ? DFCS_PUSHED : 0) | (picture.isHot ? DFCS_HOT : 0) |
-                              (picture.isDisabled ? DFCS_INACTIVE : 0));
-
-    const CRect besideArrow(face.left, face.top, picture.arrow.left, face.bottom);
-    CRect place = TextPlace(pDC, picture, face, besideArrow);
-    if (picture.isDropped) {
+    const CRect besideArrow(face.left, face.top, m_picture.arrow.left, face.bottom);
+    CRect place = TextPlace(face, besideArrow);
+    if (m_picture.isDropped) {
         place.OffsetRect(kMetrics.droppedShift, kMetrics.droppedShift);
     }
-    DrawCentredText(pDC, place, picture.text, picture.fonts.Get(false), palette.text);
-    if (picture.isFocused) {
+    DrawCentredText(m_pDC, place, m_picture.text, m_picture.fonts.Get(false), m_palette.text);
+    if (m_picture.isFocused) {
         CRect focus = besideArrow;
         focus.DeflateRect(kMetrics.focusInset, kMetrics.focusInset);
-        DrawFocusFrame(pDC, focus);
+        DrawFocusFrame(m_pDC, focus);
     }
+}
+
+void PickerFacePainter::DrawDropArrow() const
+{
+    CRect arrow = m_picture.arrow;
+    const UINT state = (m_picture.isDropped ? DFCS_PUSHED : 0) | (m_picture.isHot ? DFCS_HOT : 0) |
+                       (m_picture.isDisabled ? DFCS_INACTIVE : 0);
+    m_pDC->DrawFrameControl(&arrow, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | state);
+}
+
+CRect PickerFacePainter::TextPlace(const CRect& face, const CRect& besideArrow) const
+{
+    const SelectGdi font(m_pDC, m_picture.fonts.Get(false));
+    const int width = m_pDC->GetTextExtent(m_picture.text).cx;
+    return face.CenterPoint().x + width / 2 < besideArrow.right ? face : besideArrow;
 }
 
 } // namespace dayvane

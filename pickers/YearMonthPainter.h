@@ -22,7 +22,24 @@ struct YearMonthPicture
     YearMonthFonts& fonts;
 };
 
-void PaintYearMonthPopup(CDC* pDC, const YearMonthPicture& picture);
+class YearMonthPainter
+{
+public:
+    YearMonthPainter(CDC* pDC, const YearMonthPicture& picture);
+    void Draw() const;
+
+private:
+    void DrawMonths() const;
+    void DrawHeader() const;
+    void DrawFooter() const;
+    // The box of the hot month or footer.
+    void DrawHotBox(const CRect& box) const;
+    COLORREF ArrowColor(YearMonthCode code) const;
+
+    CDC* m_pDC;
+    YearMonthPicture m_picture;
+    PickerPalette m_palette;
+};
 
 struct PickerFacePicture
 {
@@ -36,6 +53,20 @@ struct PickerFacePicture
     PickerFonts& fonts;
 };
 
-void PaintPickerFace(CDC* pDC, const PickerFacePicture& picture);
+class PickerFacePainter
+{
+public:
+    PickerFacePainter(CDC* pDC, const PickerFacePicture& picture);
+    void Draw() const;
+
+private:
+    void DrawDropArrow() const;
+    // The middle of the face, unless the text would then reach the arrow.
+    CRect TextPlace(const CRect& face, const CRect& besideArrow) const;
+
+    CDC* m_pDC;
+    PickerFacePicture m_picture;
+    PickerPalette m_palette;
+};
 
 } // namespace dayvane

@@ -200,8 +200,9 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     CRect arrow = m_rcArrow;
     arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
     const UINT state = lpDrawItemStruct->itemState;
-    PaintPickerFace(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
-                          m_bHot != FALSE, (state & ODS_DISABLED) != 0, (state & ODS_FOCUS) != 0, m_fonts});
+    PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
+                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, (state & ODS_FOCUS) != 0, m_fonts})
+        .Draw();
 }
 
 // ---- Mouse

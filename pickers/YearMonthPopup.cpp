@@ -138,7 +138,7 @@ void CYearMonthPopup::OnPaint()
     CPaintDC dc(this);
     CMemDC memory(&dc);
     const SaveDcScope saved(&memory);
-    PaintYearMonthPopup(&memory, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts});
+    YearMonthPainter(&memory, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts}).Draw();
 }
 
 BOOL CYearMonthPopup::OnEraseBkgnd(CDC*)

@@ -309,11 +309,12 @@ TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
     testsupport::MemoryDc popup(120, 120, 0x123456);
     const YearMonthLayout layout = CalcYearMonthLayout(CRect(0, 0, 120, 120));
     YearMonthFonts fonts;
-    PaintYearMonthPopup(&popup.Dc(), {layout, {2010, 4}, {}, false, Day(2010, 1, 15), fonts});
+    YearMonthPainter(&popup.Dc(), {layout, {2010, 4}, {}, false, Day(2010, 1, 15), fonts}).Draw();
     testsupport::MemoryDc face(150, 21, 0x123456);
     PickerFonts faceFonts(kTextFont);
-    PaintPickerFace(&face.Dc(),
-                    {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts});
+    PickerFacePainter(&face.Dc(),
+                      {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts})
+        .Draw();
     const struct
     {
         const char* what;
