@@ -1,5 +1,8 @@
 #include "pickers/MiniCalendarCtrl.h"
 
+#include "pickers/PeriodGridRecords.h"
+#include "pickers/PeriodSelCtrl.h"
+
 using namespace dayvane;
 
 namespace {
@@ -11,6 +14,8 @@ void dayvane::SetPeriod(MonthRecord& record, int period)
     record.nYear = YearOfMonthNumber(period);
     record.nMonth = MonthOfMonthNumber(period);
 }
+
+template class CPeriodGridOf<MonthRecord>;
 
 IMPLEMENT_DYNCREATE(CMiniCalendarCtrl, CPeriodGridCtrl)
 
@@ -28,13 +33,18 @@ void CMiniCalendarCtrl::SetCurrentDate(int nYear, int nMonth)
 {
     const COleDateTime first(nYear, nMonth, 1, 0, 0, 0);
     if (first.GetStatus() == COleDateTime::valid) {
-        m_model.SetFirstPeriod(PeriodOf(kMonthPolicy, first));
+        m_state->model.SetFirstPeriod(PeriodOf(kMonthPolicy, first));
     }
 }
 
 CPeriodSelCtrl* CMiniCalendarCtrl::MakePopup(int nPeriod)
 {
     return new CMonthSelCtrl(YearOfMonthNumber(nPeriod), MonthOfMonthNumber(nPeriod));
+}
+
+BOOL CMiniCalendarCtrl::TodayHitTest(CPoint point) const
+{
+    return m_state->layout.footer.PtInRect(point);
 }
 
 void CMiniCalendarCtrl::DrawCtrl(CDC* pDC)
@@ -48,15 +58,15 @@ void CMiniCalendarCtrl::DrawCtrl(CDC* pDC)
 
 void CMiniCalendarCtrl::DrawDayOfWeek(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawWeekdays);
+    Painter(pDC).DrawWeekdays();
 }
 
 void CMiniCalendarCtrl::DrawDays(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawCells);
+    Painter(pDC).DrawCells();
 }
 
 void CMiniCalendarCtrl::DrawToday(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawFooter);
+    Painter(pDC).DrawFooter();
 }

@@ -7,6 +7,8 @@
 #include "PeriodGridCtrl.h"
 
 namespace dayvane {
+constexpr int kMonthCells = 42; // six weeks
+
 // A month of the grid. Its days run from the first day of the week on, those of the neighbour months included.
 struct MonthRecord
 {
@@ -16,10 +18,12 @@ struct MonthRecord
     int nRow;      // from 1
     int nCol;      // from 1
     CRect rcCells; // all days
-    CPeriodGridCell arCells[kMaxPeriodCells];
+    CPeriodGridCell arCells[kMonthCells];
 };
 void SetPeriod(MonthRecord& record, int period);
 } // namespace dayvane
+
+extern template class CPeriodGridOf<dayvane::MonthRecord>;
 
 class CMiniCalendarCtrl : public CPeriodGridOf<dayvane::MonthRecord>
 {
@@ -38,7 +42,7 @@ public:
     void SetCurrentDate(int nYear, int nMonth);
     // One per shown month, row by row, as last laid out; fewer than rows x columns at the end of the year 9999.
     const CRecordArray& GetMonthCells() const { return m_arRecords; }
-    BOOL TodayHitTest(CPoint point) const { return m_layout.footer.PtInRect(point); }
+    BOOL TodayHitTest(CPoint point) const;
 
 protected:
     CPeriodSelCtrl* MakePopup(int nPeriod) override;

@@ -1,5 +1,8 @@
 #include "pickers/MiniCalendarCtrl2.h"
 
+#include "pickers/PeriodGridRecords.h"
+#include "pickers/PeriodSelCtrl.h"
+
 using namespace dayvane;
 
 namespace {
@@ -10,6 +13,8 @@ void dayvane::SetPeriod(YearRecord& record, int period)
 {
     record.nYear = period;
 }
+
+template class CPeriodGridOf<YearRecord>;
 
 IMPLEMENT_DYNCREATE(CMiniCalendarCtrl2, CPeriodGridCtrl)
 
@@ -26,13 +31,18 @@ void CMiniCalendarCtrl2::RegisterWindowClass()
 void CMiniCalendarCtrl2::SetCurrentDate(int nYear)
 {
     if (nYear == ClampPeriod(kYearPolicy, nYear)) {
-        m_model.SetFirstPeriod(nYear);
+        m_state->model.SetFirstPeriod(nYear);
     }
 }
 
 CPeriodSelCtrl* CMiniCalendarCtrl2::MakePopup(int nPeriod)
 {
     return new CYearSelCtrl(nPeriod);
+}
+
+BOOL CMiniCalendarCtrl2::ThisMonthHitTest(CPoint point) const
+{
+    return m_state->layout.footer.PtInRect(point);
 }
 
 void CMiniCalendarCtrl2::DrawCtrl(CDC* pDC)
@@ -45,10 +55,10 @@ void CMiniCalendarCtrl2::DrawCtrl(CDC* pDC)
 
 void CMiniCalendarCtrl2::DrawMonths(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawCells);
+    Painter(pDC).DrawCells();
 }
 
 void CMiniCalendarCtrl2::DrawThisMonth(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawFooter);
+    Painter(pDC).DrawFooter();
 }

@@ -8,6 +8,8 @@
 #include "PeriodGridCtrl.h"
 
 namespace dayvane {
+constexpr int kYearCells = 12;
+
 // A year of the grid.
 struct YearRecord
 {
@@ -16,10 +18,12 @@ struct YearRecord
     int nRow;      // from 1
     int nCol;      // from 1
     CRect rcCells; // all months
-    CPeriodGridCell arCells[kMonthsPerYear];
+    CPeriodGridCell arCells[kYearCells];
 };
 void SetPeriod(YearRecord& record, int period);
 } // namespace dayvane
+
+extern template class CPeriodGridOf<dayvane::YearRecord>;
 
 class CMiniCalendarCtrl2 : public CPeriodGridOf<dayvane::YearRecord>
 {
@@ -38,7 +42,7 @@ public:
     void SetCurrentDate(int nYear);
     // One per shown year, row by row, as last laid out; fewer than rows x columns after the year 9999.
     const CRecordArray& GetYearCells() const { return m_arRecords; }
-    BOOL ThisMonthHitTest(CPoint point) const { return m_layout.footer.PtInRect(point); }
+    BOOL ThisMonthHitTest(CPoint point) const;
 
 protected:
     CPeriodSelCtrl* MakePopup(int nPeriod) override;

@@ -4,6 +4,8 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "pickers/PeriodGridState.h"
+#include "pickers/PeriodSelCtrl.h"
 
 using namespace dayvane;
 
@@ -33,7 +35,7 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassName)
-    : m_strClassName(lpszClassName), m_model(policy, Now())
+    : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now()))
 {
     RegisterWindowClass(lpszClassName);
 }
@@ -68,41 +70,42 @@ BOOL CPeriodGridCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UIN
 
 void CPeriodGridCtrl::SetRowAndCol(int nRows, int nCols)
 {
-    m_model.SetGrid(nRows, nCols);
+    m_state->model.SetGrid(nRows, nCols);
 }
 
 void CPeriodGridCtrl::GetRowAndCol(int& nRows, int& nCols) const
 {
-    nRows = m_model.Rows();
-    nCols = m_model.Columns();
+    nRows = m_state->model.Rows();
+    nCols = m_state->model.Columns();
 }
 
 void CPeriodGridCtrl::RecalcRowAndCol(int cx, int cy)
 {
     int rows = 1;
     int columns = 1;
-    FitPeriodGrid(m_model.Policy(), cx, cy, rows, columns);
-    m_model.SetGrid(rows, columns);
+    FitPeriodGrid(m_state->model.Policy(), cx, cy, rows, columns);
+    m_state->model.SetGrid(rows, columns);
 }
 
 CSize CPeriodGridCtrl::GetGridSize() const
 {
-    return PeriodGridSize(m_model.Policy(), std::max(m_model.Rows(), 1), std::max(m_model.Columns(), 1));
+    return PeriodGridSize(m_state->model.Policy(), std::max(m_state->model.Rows(), 1),
+                          std::max(m_state->model.Columns(), 1));
 }
 
 COleDateTime CPeriodGridCtrl::GetCurrentDate() const
 {
-    return DateOfPeriod(m_model.Policy(), m_model.FirstPeriod());
+    return DateOfPeriod(m_state->model.Policy(), m_state->model.FirstPeriod());
 }
 
 void CPeriodGridCtrl::MoveLeft(int)
 {
-    Apply(m_model.Page(-1));
+    Apply(m_state->model.Page(-1));
 }
 
 void CPeriodGridCtrl::MoveRight(int)
 {
-    Apply(m_model.Page(1));
+    Apply(m_state->model.Page(1));
 }
 
 void CPeriodGridCtrl::SetFirstDayOfWeek(int nDay)
@@ -110,7 +113,12 @@ void CPeriodGridCtrl::SetFirstDayOfWeek(int nDay)
     if (nDay < 1 || nDay > 7) {
         AfxThrowInvalidArgException();
     }
-    m_model.SetFirstDayOfWeek(nDay);
+    m_state->model.SetFirstDayOfWeek(nDay);
+}
+
+int CPeriodGridCtrl::GetFirstDayOfWeek() const
+{
+    return m_state->model.FirstDayOfWeek();
 }
 
 void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
@@ -127,18 +135,28 @@ void CPeriodGridCtrl::Layout(int cx, int cy)
         cx = client.Width();
         cy = client.Height();
     }
-    m_layout = CalcPeriodGrid(m_model.Policy(), {CSize(cx, cy), m_model.Rows(), m_model.Columns(),
-                                                 m_model.FirstPeriod(), m_model.FirstDayOfWeek()});
-    m_marks.assign(m_layout.blocks.size(), std::vector<CellMark>(m_model.Policy().CellCount()));
-    for (size_t i = 0; i < m_layout.blocks.size(); ++i) {
-        for (size_t k = 0; k < m_marks[i].size(); ++k) {
-            const PeriodCell& cell = m_layout.blocks[i].cells[k];
+    const PeriodGridModel& model = m_state->model;
+    const PeriodPolicy& policy = model.Policy();
+    const PeriodGridInput input{CSize(cx, cy), model.Rows(), model.Columns(), model.FirstPeriod(),
+                                model.FirstDayOfWeek()};
+    m_state->layout = CalcPeriodGrid(policy, input);
+    const std::vector<PeriodBlock>& blocks = m_state->layout.blocks;
+    CellMarks& marks = m_state->marks;
+    marks.assign(blocks.size(), std::vector<CellMark>(policy.CellCount()));
+    for (size_t i = 0; i < blocks.size(); ++i) {
+        for (size_t k = 0; k < marks[i].size(); ++k) {
+            const PeriodCell& cell = blocks[i].cells[k];
             tagHOLIDAY holiday = {};
-            m_marks[i][k].isHoliday = m_model.Policy().unit == CellUnit::Day &&
-                                      CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
-            m_marks[i][k].isBold = cell.inPeriod && m_pfnIsBold && m_pfnIsBold(cell.date, m_lBoldParam);
+            marks[i][k].isHoliday =
+                policy.unit == CellUnit::Day && CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
+            marks[i][k].isBold = cell.inPeriod && m_pfnIsBold && m_pfnIsBold(cell.date, m_lBoldParam);
         }
     }
+}
+
+const PeriodGridLayout& CPeriodGridCtrl::GetGridLayout() const
+{
+    return m_state->layout;
 }
 
 void CPeriodGridCtrl::Refresh()
@@ -158,19 +176,34 @@ void CPeriodGridCtrl::Redraw()
 
 void CPeriodGridCtrl::GetSel(COleDateTime& start, COleDateTime& end) const
 {
-    start = m_model.Selection().start;
-    end = m_model.Selection().end;
+    start = m_state->model.Selection().start;
+    end = m_state->model.Selection().end;
 }
 
 void CPeriodGridCtrl::SetSel(const COleDateTime& start, const COleDateTime& end)
 {
-    m_model.Select(start, end);
+    m_state->model.Select(start, end);
     Refresh();
 }
 
 void CPeriodGridCtrl::Unselect()
 {
-    m_model.Unselect();
+    m_state->model.Unselect();
+}
+
+int CPeriodGridCtrl::IsSelected(const COleDateTime& date) const
+{
+    return m_state->model.IsSelected(date) ? 1 : 0;
+}
+
+void CPeriodGridCtrl::SetRangeSelect(BOOL bRange)
+{
+    m_state->model.SetSweeps(bRange != FALSE);
+}
+
+BOOL CPeriodGridCtrl::IsRangeSelect() const
+{
+    return m_state->model.Sweeps();
 }
 
 // ---- Notifications
@@ -199,8 +232,8 @@ void CPeriodGridCtrl::FireNotifyClick()
     }
     NMSELCHANGE record = {};
     FillHeader(this, MCN_SELECT, record.nmhdr);
-    ToSystemTime(m_model.Selection().start, record.stSelStart);
-    ToSystemTime(m_model.Selection().end, record.stSelEnd);
+    ToSystemTime(m_state->model.Selection().start, record.stSelStart);
+    ToSystemTime(m_state->model.Selection().end, record.stSelEnd);
     SendNotify(this, record.nmhdr);
 }
 
@@ -247,18 +280,18 @@ void CPeriodGridCtrl::Apply(const GridEffects& effects)
 
 void CPeriodGridCtrl::Cancel()
 {
-    Apply(m_model.Cancel());
+    Apply(m_state->model.Cancel());
 }
 
 void CPeriodGridCtrl::OpenPopup()
 {
     ClosePopup();
-    const size_t index = static_cast<size_t>(m_model.ClickedBlock());
-    if (index >= m_layout.blocks.size()) {
+    const size_t index = static_cast<size_t>(m_state->model.ClickedBlock());
+    if (index >= m_state->layout.blocks.size()) {
         Cancel(); // the window that lost the capture has laid this control out again
         return;
     }
-    const PeriodBlock& block = m_layout.blocks[index];
+    const PeriodBlock& block = m_state->layout.blocks[index];
     CRect title = block.title;
     ClientToScreen(&title);
     try {
@@ -296,7 +329,7 @@ void CPeriodGridCtrl::PreSubclassWindow()
 
 void CPeriodGridCtrl::OnDestroy()
 {
-    m_model.Cancel();
+    m_state->model.Cancel();
     ClosePopup();
     ReleaseCaptureOf(m_hWnd);
     CWnd::OnDestroy();
@@ -341,15 +374,14 @@ void CPeriodGridCtrl::DrawBackground(CDC* pDC)
     pDC->FillSolidRect(&client, SystemPickerPalette().window);
 }
 
-void CPeriodGridCtrl::Paint(CDC* pDC, void (PeriodGridPainter::*pPart)() const)
+PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
 {
-    const PeriodGridPicture picture{
-        m_model,     m_layout,     m_marks, Now(), ::GetFocus() == m_hWnd, IsWindowEnabled() != FALSE,
-        m_textFonts, m_numberFonts};
-    (PeriodGridPainter(pDC, picture).*pPart)();
+    PeriodGridState& state = *m_state;
+    return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ::GetFocus() == m_hWnd,
+                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)
 {
-    Paint(pDC, &PeriodGridPainter::DrawHeader);
+    Painter(pDC).DrawHeader();
 }

@@ -19,15 +19,25 @@
 // the button outside the popup.
 #pragma once
 
+#include "PickerShell.h"
+
 #include <afxwin.h>
 #include <afxtempl.h>
 #include <afxdisp.h>
 
-#include "PeriodGridPainter.h"
-#include "PeriodSelCtrl.h"
-#include "PickerShell.h"
+#include <memory>
 
 struct CCreateContext;
+class CPeriodSelCtrl;
+
+namespace dayvane {
+struct GridEffects;
+struct GridHit;
+struct PeriodGridLayout;
+class PeriodGridPainter;
+struct PeriodGridState;
+struct PeriodPolicy;
+} // namespace dayvane
 
 class CPeriodGridCtrl : public CWnd
 {
@@ -52,7 +62,7 @@ public:
     void MoveLeft(int nCount);           // one period back, whatever the argument; lays out and redraws
     void MoveRight(int nCount);          // one period on
     void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others raise CInvalidArgException
-    int GetFirstDayOfWeek() const { return m_model.FirstDayOfWeek(); }
+    int GetFirstDayOfWeek() const;
     void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0); // nullptr: none
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
@@ -64,13 +74,13 @@ public:
     void SetSel(const COleDateTime& start, const COleDateTime& end);
     void Unselect();
     // 1: both bounds are valid and start <= date <= end, times of day included; else 0.
-    int IsSelected(const COleDateTime& date) const { return m_model.IsSelected(date) ? 1 : 0; }
+    int IsSelected(const COleDateTime& date) const;
     // TRUE: a press starts a sweep that can select a range. FALSE: a press selects the one cell.
-    void SetRangeSelect(BOOL bRange) { m_model.SetSweeps(bRange != FALSE); }
-    BOOL IsRangeSelect() const { return m_model.Sweeps(); }
+    void SetRangeSelect(BOOL bRange);
+    BOOL IsRangeSelect() const;
 
     // ---- Where things are, as last laid out
-    const dayvane::PeriodGridLayout& GetGridLayout() const { return m_layout; }
+    const dayvane::PeriodGridLayout& GetGridLayout() const;
     CPeriodSelCtrl* GetPopup() const { return m_pPopup.get(); } // nullptr while none is open
 
     // ---- Notifications. The control may be gone when they return.
@@ -87,8 +97,8 @@ protected:
     virtual void DrawHeader(CDC* pDC); // titles and arrows
 
     static void RegisterWindowClass(LPCTSTR lpszClassName);
-    // Lets the painter paint one part with what it needs of this control.
-    void Paint(CDC* pDC, void (dayvane::PeriodGridPainter::*pPart)() const);
+    // Paints this control as it is now.
+    dayvane::PeriodGridPainter Painter(CDC* pDC) const;
     void DrawBackground(CDC* pDC);
     void Redraw();
 
@@ -123,16 +133,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     CString m_strClassName;
-    dayvane::PeriodGridModel m_model;
-    dayvane::PeriodGridLayout m_layout;
-    std::vector<std::vector<dayvane::CellMark>> m_marks;
+    std::unique_ptr<dayvane::PeriodGridState> m_state; // model, layout, marks and fonts
     std::unique_ptr<CPeriodSelCtrl> m_pPopup;
     UINT_PTR m_nPopupTimer = 0;
     PFNISBOLD m_pfnIsBold = nullptr;
     LPARAM m_lBoldParam = 0;
     BOOL m_bTracksLeave = FALSE;
-    dayvane::PickerFonts m_textFonts{dayvane::kTextFont};
-    dayvane::PickerFonts m_numberFonts{dayvane::kNumberFont};
     dayvane::WindowLife m_life;
 };
 
@@ -144,47 +150,20 @@ struct CPeriodGridCell
     COleDateTime dtDate;
 };
 
-// The part of a mini calendar that knows its public records: Record has the fields rcTitle, nRow, nCol, rcCells and
-// arCells (of CPeriodGridCell), and SetPeriod writes the fields that name its period.
+// The part of a mini calendar that keeps its public records. Record has the fields rcTitle, nRow, nCol, rcCells and
+// arCells (of CPeriodGridCell), and SetPeriod writes the fields that name its period. The bodies are in
+// PeriodGridRecords.h, for the sources of the two calendars.
 template <class Record>
 class CPeriodGridOf : public CPeriodGridCtrl
 {
 public:
     typedef CArray<Record, const Record&> CRecordArray;
 
-    void Layout(int cx, int cy) override
-    {
-        CPeriodGridCtrl::Layout(cx, cy);
-        m_arRecords.SetSize(static_cast<INT_PTR>(m_layout.blocks.size()));
-        for (size_t i = 0; i < m_layout.blocks.size(); ++i) {
-            const dayvane::PeriodBlock& block = m_layout.blocks[i];
-            Record& record = m_arRecords[i];
-            SetPeriod(record, block.period);
-            record.rcTitle = block.title;
-            record.nRow = block.row;
-            record.nCol = block.column;
-            record.rcCells = block.cellArea;
-            for (size_t k = 0; k < block.cells.size(); ++k) {
-                record.arCells[k] = {block.cells[k].rect, block.cells[k].date};
-            }
-        }
-    }
+    void Layout(int cx, int cy) override;
     // TRUE: the cell of the point, which is copied out.
-    BOOL HitTest(CPoint point, CPeriodGridCell& cell) const
-    {
-        const dayvane::GridHit hit = dayvane::CellAt(m_layout, point);
-        if (hit.part != dayvane::GridPart::Cell) {
-            return FALSE;
-        }
-        cell = m_arRecords[hit.block].arCells[hit.cell];
-        return TRUE;
-    }
+    BOOL HitTest(CPoint point, CPeriodGridCell& cell) const;
     // The record whose title holds the point, in the array of all records; nullptr: none.
-    Record* HeaderHitTest(CPoint point)
-    {
-        const int block = dayvane::TitleAt(m_layout, point);
-        return block < 0 ? nullptr : &m_arRecords[block];
-    }
+    Record* HeaderHitTest(CPoint point);
     const Record* HeaderHitTest(CPoint point) const { return const_cast<CPeriodGridOf*>(this)->HeaderHitTest(point); }
 
 protected:

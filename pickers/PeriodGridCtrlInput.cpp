@@ -3,12 +3,15 @@
 #include "pickers/PeriodGridCtrl.h"
 
 #include "core/CalendarClock.h"
+#include "pickers/PeriodGridState.h"
+#include "pickers/PeriodRun.h"
+#include "pickers/PeriodSelCtrl.h"
 
 using namespace dayvane;
 
 void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
 {
-    const CRect rect = RectOfPart(m_layout, hit);
+    const CRect rect = RectOfPart(m_state->layout, hit);
     if (!rect.IsRectEmpty()) {
         InvalidateRect(&rect, FALSE);
     }
@@ -16,8 +19,8 @@ void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
 
 void CPeriodGridCtrl::Hover(const GridHit& hit)
 {
-    const GridHit before = m_model.Hot();
-    if (m_model.Hover(hit)) {
+    const GridHit before = m_state->model.Hot();
+    if (m_state->model.Hover(hit)) {
         InvalidatePart(before);
         InvalidatePart(hit);
     }
@@ -30,8 +33,8 @@ void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
         TrackMouseLeave(m_hWnd);
     }
     if (!m_pPopup) {
-        Hover(PartAt(m_layout, point));
-        Apply(m_model.PointAt(DateOfHit(m_layout, CellAt(m_layout, point))));
+        Hover(PartAt(m_state->layout, point));
+        Apply(m_state->model.PointAt(DateOfHit(m_state->layout, CellAt(m_state->layout, point))));
     } else if (m_pPopup->GetSafeHwnd()) {
         ClientToScreen(&point);
         m_pPopup->PointAt(point);
@@ -44,9 +47,9 @@ void CPeriodGridCtrl::OnMouseLeave()
 {
     m_bTracksLeave = FALSE;
     Hover(GridHit());
-    if (m_model.GetMode() == PeriodGridModel::Mode::Idle) {
-        InvalidatePart(m_model.Pressed());
-        m_model.LetGo();
+    if (m_state->model.GetMode() == PeriodGridModel::Mode::Idle) {
+        InvalidatePart(m_state->model.Pressed());
+        m_state->model.LetGo();
     }
 }
 
@@ -58,28 +61,28 @@ void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
     if (!alive) {
         return;
     }
-    const GridHit hit = PartAt(m_layout, point);
-    Apply(m_model.Press(hit, DateOfHit(m_layout, hit), Now()));
+    const GridHit hit = PartAt(m_state->layout, point);
+    Apply(m_state->model.Press(hit, DateOfHit(m_state->layout, hit), Now()));
 }
 
 void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
 {
-    InvalidatePart(m_model.Pressed());
-    m_model.LetGo();
+    InvalidatePart(m_state->model.Pressed());
+    m_state->model.LetGo();
     if (!m_pPopup) {
-        Apply(m_model.Release(m_model.FirstPeriod()));
+        Apply(m_state->model.Release(m_state->model.FirstPeriod()));
         return;
     }
     ClientToScreen(&point);
     m_pPopup->PointAt(point);
-    Apply(m_pPopup->HasChoice() ? m_model.Release(m_pPopup->GetPeriod()) : m_model.Cancel());
+    Apply(m_pPopup->HasChoice() ? m_state->model.Release(m_pPopup->GetPeriod()) : m_state->model.Cancel());
 }
 
 void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 {
-    const GridHit hit = CellAt(m_layout, point);
+    const GridHit hit = CellAt(m_state->layout, point);
     if (hit.part == GridPart::Cell) {
-        Apply(m_model.DoubleClick(DateOfHit(m_layout, hit)));
+        Apply(m_state->model.DoubleClick(DateOfHit(m_state->layout, hit)));
     } else {
         OnLButtonDown(nFlags, point); // fast clicks on the arrows page on
     }
@@ -87,7 +90,8 @@ void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 
 void CPeriodGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    const GridEffects effects = m_model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
+    const GridEffects effects =
+        m_state->model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
     if (effects.handled) {
         Apply(effects);
     } else {
@@ -100,7 +104,7 @@ UINT CPeriodGridCtrl::OnGetDlgCode()
     const MSG* pMsg = reinterpret_cast<const MSG*>(GetCurrentMessage()->lParam);
     UINT code = DLGC_WANTARROWS;
     if (pMsg && pMsg->message == WM_KEYDOWN) {
-        const bool busy = m_model.GetMode() != PeriodGridModel::Mode::Idle;
+        const bool busy = m_state->model.GetMode() != PeriodGridModel::Mode::Idle;
         if (pMsg->wParam == VK_RETURN || (pMsg->wParam == VK_ESCAPE && busy)) {
             code |= DLGC_WANTMESSAGE;
         }

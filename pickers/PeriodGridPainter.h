@@ -4,6 +4,8 @@
 #include "PeriodGridModel.h"
 #include "PickerPaint.h"
 
+#include <vector>
+
 namespace dayvane {
 
 // What is known about a cell besides its date; asked once per layout, not per paint.
@@ -13,11 +15,13 @@ struct CellMark
     bool isBold = false;
 };
 
+typedef std::vector<std::vector<CellMark>> CellMarks; // of each block's cells
+
 struct PeriodGridPicture
 {
     const PeriodGridModel& model;
     const PeriodGridLayout& layout;
-    const std::vector<std::vector<CellMark>>& marks; // as the layout's blocks and cells
+    const CellMarks& marks;
     COleDateTime now;
     bool isFocused;
     bool isEnabled;

@@ -45,8 +45,6 @@ struct PeriodPolicy
     int LastPeriod() const;  // holds December 9999
 };
 
-constexpr int kMaxPeriodCells = 42;
-
 extern const PeriodPolicy kMonthPolicy; // months of days
 extern const PeriodPolicy kYearPolicy;  // years of months
 

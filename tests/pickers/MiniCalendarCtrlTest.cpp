@@ -1,6 +1,8 @@
 // The two mini calendars as windows: messages in, notifications out.
 #include "pickers/MiniCalendarCtrl.h"
 #include "pickers/MiniCalendarCtrl2.h"
+#include "pickers/PeriodGridLayout.h"
+#include "pickers/PeriodSelCtrl.h"
 #include "tests/pickers/PickerFixture.h"
 
 using namespace dayvane;
