@@ -86,33 +86,36 @@ TEST(PeriodGridHit, EveryPixelFollowsTheRule)
     }
 }
 
-TEST(PeriodGridLayoutTest, DaysRunOnStandUnderTheirWeekdayAndAreFoundInTheirOwnMonthOnly)
+// From printed calendars; the years 100 and 9999 by the Gregorian rule.
+TEST(PeriodGridLayoutTest, AMonthBeginsUnderItsWeekdayAndIsFilledFromItsNeighbours)
 {
-    for (int firstDayOfWeek = 1; firstDayOfWeek <= 7; ++firstDayOfWeek) {
-        for (int year : {100, 1582, 1900, 1999, 2000, 2012, 9999}) {
-            const PeriodGridLayout layout = Months(3, 4, Day(year, 1, 1), firstDayOfWeek);
-            ASSERT_EQ(12u, layout.blocks.size());
-            for (int month = 0; month < 12; ++month) {
-                const PeriodBlock& block = layout.blocks[month];
-                int days = 0;
-                for (int i = 0; i < static_cast<int>(block.cells.size()); ++i) {
-                    const PeriodCell& cell = block.cells[i];
-                    if (Text(cell.date) == "none") {
-                        ASSERT_TRUE(!cell.inPeriod && (year == 100 || year == 9999));
-                        continue;
-                    }
-                    ASSERT_EQ(WeekdayOfColumn(firstDayOfWeek, i % 7), cell.date.GetDayOfWeek());
-                    ASSERT_EQ(cell.inPeriod, MonthNumberOf(cell.date) == block.period);
-                    const GridHit here{GridPart::Cell, month, i};
-                    ASSERT_EQ(cell.inPeriod, CellOfDate(kMonthPolicy, layout, cell.date) == here) << Text(cell.date);
-                    days += cell.inPeriod;
-                }
-                ASSERT_EQ(FieldsOf(LastCellOf(kMonthPolicy, block.period)).day, days) << year << " " << month + 1;
-                ASSERT_TRUE(block.cells[0].inPeriod || block.cells[6].inPeriod) << "no week without a day of the month";
-            }
-            EXPECT_EQ(GridPart::None, CellOfDate(kMonthPolicy, layout, AddDays(Day(year, 1, 1), -1)).part);
+    const struct
+    {
+        int year, month, firstDayOfWeek;
+        const char* firstCell;
+        int leading, days;
+        const char* lastCell;
+    } table[] = {
+        {2026, 2, 1, "2026/2/1", 0, 28, "2026/3/14"},   {2026, 2, 2, "2026/1/26", 6, 28, "2026/3/8"},
+        {2000, 2, 1, "2000/1/30", 2, 29, "2000/3/11"},  {1900, 2, 7, "1900/1/27", 5, 28, "1900/3/9"},
+        {2011, 12, 1, "2011/11/27", 4, 31, "2012/1/7"}, {2011, 12, 4, "2011/11/30", 1, 31, "2012/1/10"},
+        {9999, 12, 1, "9999/11/28", 3, 31, "none"},     {100, 1, 6, "100/1/1", 0, 31, "100/2/11"},
+    };
+    for (const auto& row : table) {
+        const PeriodGridLayout layout = Months(1, 1, Day(row.year, row.month, 1), row.firstDayOfWeek);
+        const std::vector<PeriodCell>& cells = layout.blocks[0].cells;
+        ASSERT_EQ(42u, cells.size());
+        EXPECT_EQ(row.firstCell, Text(cells.front().date));
+        EXPECT_EQ(row.lastCell, Text(cells.back().date)) << row.firstCell;
+        for (int i = 0; i < 42; ++i) {
+            const bool inMonth = i >= row.leading && i < row.leading + row.days;
+            ASSERT_EQ(inMonth, cells[i].inPeriod) << row.firstCell << " " << i;
+            const GridHit here{GridPart::Cell, 0, i};
+            ASSERT_EQ(inMonth, CellOfDate(kMonthPolicy, layout, cells[i].date) == here) << row.firstCell << " " << i;
         }
     }
+    EXPECT_EQ(7, WeekdayOfColumn(2, 5)) << "Saturday in a week from Monday";
+    EXPECT_EQ(1, WeekdayOfColumn(2, 6));
 }
 
 TEST(PeriodGridLayoutTest, StopsAtTheEndsOfTheCalendar)

@@ -8,6 +8,8 @@
 #include "tests/support/Input.h"
 #include "tests/support/RecordingParent.h"
 
+#include <memory>
+
 typedef std::vector<std::string> Reports;
 
 namespace messages = testsupport::messages;
@@ -16,6 +18,14 @@ using testsupport::PumpMessages;
 using testsupport::PumpUntil;
 
 constexpr UINT kSelectorId = 77; // of the one selector in a parent
+
+// Colours as they are seen, 0x00BBGGRR
+constexpr COLORREF kFrameBlue = 0xB99D7F;       // frames, separators, arrows
+constexpr COLORREF kBandTop = 0xD6865A;         // first line of a title band
+constexpr COLORREF kSelectedGround = 0x94D3FF;  // of a selected day or month
+constexpr COLORREF kSelectedOutline = 0x5292FF; // of a selected month
+constexpr COLORREF kHolidayRed = 0x2138EF;      // holidays, Sundays, today's frame
+constexpr COLORREF kUnpainted = 0x123456;
 
 class PickerParent : public testsupport::RecordingParent
 {
@@ -58,4 +68,14 @@ public:
             return 0;
         });
     }
+};
+
+// One selector in a parent.
+template <class Control>
+struct Scene
+{
+    void Key(UINT key) { ::SendMessage(control->m_hWnd, WM_KEYDOWN, key, 0); }
+
+    PickerParent parent;
+    std::unique_ptr<Control> control = std::make_unique<Control>();
 };

@@ -10,13 +10,12 @@ using namespace dayvane;
 namespace {
 // Hosts have these numbers in their own sources.
 static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6027 && YMN_SELENDOK == 6028 &&
-                  YMN_SELENDCANCEL == 6029 && MCN_SELECT == static_cast<UINT>(-746) &&
-                  NM_DBLCLK == static_cast<UINT>(-3),
+                  YMN_SELENDCANCEL == 6029,
               "message numbers");
 
-struct Picker
+struct Picker : Scene<CYearMonthPickerCtrl>
 {
-    explicit Picker(CRect place = CRect(10, 10, 160, 40)) : control(std::make_unique<CYearMonthPickerCtrl>())
+    explicit Picker(CRect place = CRect(10, 10, 160, 40))
     {
         control->Create("", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, place, &parent, kSelectorId);
         control->SetCurrentDate(Day(2010, 5, 1));
@@ -32,9 +31,6 @@ struct Picker
     void ClickMonth(int month) { ClickPopup(control->GetPopup()->GetLayout().months[month - 1].CenterPoint()); }
     void ClickPopup(CPoint point) { messages::Click(control->GetPopup()->m_hWnd, point); }
     std::string Date() const { return Text(control->GetCurrentDate()); }
-
-    PickerParent parent;
-    std::unique_ptr<CYearMonthPickerCtrl> control;
 };
 
 // While the hook stands, no window can be made: the window itself refuses, or the hook does.
@@ -81,7 +77,7 @@ TEST(YearMonthPickerWindow, SizesItselfAndBecomesOwnerDrawn)
     EXPECT_EQ(static_cast<DWORD>(BS_OWNERDRAW), subclassed.GetStyle() & 0xF);
 }
 
-TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
+TEST(YearMonthPickerWindow, ThePopupHasItsSizeAndPlaceAndTheMouse)
 {
     Picker p;
     CYearMonthPopup& popup = p.Drop();
@@ -91,10 +87,6 @@ TEST(YearMonthPickerWindow, ThePopupHasItsStyleSizeAndPlaceAndTheMouse)
     popup.GetWindowRect(&rect);
     p.control->GetWindowRect(&button);
     EXPECT_TRUE(rect == CRect(CPoint(button.right - 120, button.bottom), CSize(120, 120)));
-    EXPECT_EQ(0x90000000u, popup.GetStyle() & ~WS_CLIPSIBLINGS);
-    EXPECT_EQ(0x843u, ::GetClassLong(popup.m_hWnd, GCL_STYLE));
-    EXPECT_EQ(0u, ::GetClassLongPtr(popup.m_hWnd, GCLP_HCURSOR));
-    EXPECT_EQ(static_cast<ULONG_PTR>(COLOR_BTNFACE + 1), ::GetClassLongPtr(popup.m_hWnd, GCLP_HBRBACKGROUND));
     EXPECT_EQ(popup.m_hWnd, ::GetCapture());
     EXPECT_EQ(p.control->m_hWnd, ::GetFocus()) << "keys still come to the picker";
     EXPECT_EQ(p.parent.m_hWnd, ::GetActiveWindow());
@@ -107,7 +99,6 @@ TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
 {
     constexpr int kCancelled = 0;
     constexpr int kSilent = -1;
-    const auto key = [](Picker& p, UINT code) { ::SendMessage(p.control->m_hWnd, WM_KEYDOWN, code, 0); };
     const auto layout = [](Picker& p) -> const YearMonthLayout& { return p.control->GetPopup()->GetLayout(); };
     typedef std::function<void(Picker&)> Act;
     const struct
@@ -136,9 +127,9 @@ TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
          },
          201001},
         {"keys",
-         [=](Picker& p) {
+         [](Picker& p) {
              for (UINT code : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
-                 key(p, code);
+                 p.Key(code);
              }
          },
          201109},
@@ -148,7 +139,7 @@ TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
         {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, kCancelled},
         {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
          kCancelled},
-        {"Escape", [=](Picker& p) { key(p, VK_ESCAPE); }, kCancelled},
+        {"Escape", [](Picker& p) { p.Key(VK_ESCAPE); }, kCancelled},
         // Hidden, it loses the focus.
         {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); }, kCancelled},
         {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, kSilent},
@@ -305,12 +296,11 @@ TEST(YearMonthPickerWindow, RealClicksAndKeysDropAndPick)
 
 TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
 {
-    const COLORREF kFrame = 0xB99D7F;
-    testsupport::MemoryDc popup(120, 120, 0x123456);
+    testsupport::MemoryDc popup(120, 120, kUnpainted);
     const YearMonthLayout layout = CalcYearMonthLayout(CRect(0, 0, 120, 120));
     YearMonthFonts fonts;
     YearMonthPainter(&popup.Dc(), {layout, {2010, 4}, {}, false, Day(2010, 1, 15), fonts}).Draw();
-    testsupport::MemoryDc face(150, 21, 0x123456);
+    testsupport::MemoryDc face(150, 21, kUnpainted);
     PickerFonts faceFonts(kTextFont);
     PickerFacePainter(&face.Dc(),
                       {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts})
@@ -322,22 +312,22 @@ TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
         CRect area; // all of which has the colour
         COLORREF color;
     } table[] = {
-        {"popup's left border", popup, CRect(0, 20, 1, 120), kFrame},
-        {"popup's right border", popup, CRect(119, 20, 120, 120), kFrame},
-        {"popup's lower border", popup, CRect(0, 119, 120, 120), kFrame},
+        {"popup's left border", popup, CRect(0, 20, 1, 120), kFrameBlue},
+        {"popup's right border", popup, CRect(119, 20, 120, 120), kFrameBlue},
+        {"popup's lower border", popup, CRect(0, 119, 120, 120), kFrameBlue},
         {"ground", popup, CRect(3, 21, 119, 22), ::GetSysColor(COLOR_WINDOW)},
-        {"header's first colour", popup, CRect(0, 0, 120, 1), 0xD6865A},
-        {"previous year's arrow, tip", popup, CRect(6, 10, 7, 11), kFrame},
-        {"previous year's arrow, foot", popup, CRect(11, 5, 12, 16), kFrame},
-        {"next year's arrow, tip", popup, CRect(110, 10, 111, 11), kFrame},
-        {"next year's arrow, foot", popup, CRect(105, 5, 106, 16), kFrame},
-        {"outline of May's box", popup, CRect(44, 40, 76, 41), 0x5292FF},
-        {"May's box", popup, CRect(43, 41, 77, 43), 0x94D3FF},
+        {"header's first colour", popup, CRect(0, 0, 120, 1), kBandTop},
+        {"previous year's arrow, tip", popup, CRect(6, 10, 7, 11), kFrameBlue},
+        {"previous year's arrow, foot", popup, CRect(11, 5, 12, 16), kFrameBlue},
+        {"next year's arrow, tip", popup, CRect(110, 10, 111, 11), kFrameBlue},
+        {"next year's arrow, foot", popup, CRect(105, 5, 106, 16), kFrameBlue},
+        {"outline of May's box", popup, CRect(44, 40, 76, 41), kSelectedOutline},
+        {"May's box", popup, CRect(43, 41, 77, 43), kSelectedGround},
         {"beside May's box", popup, CRect(40, 39, 41, 57), ::GetSysColor(COLOR_WINDOW)},
-        {"separator", popup, CRect(5, 95, 115, 96), kFrame},
+        {"separator", popup, CRect(5, 95, 115, 96), kFrameBlue},
         {"left of the separator", popup, CRect(1, 95, 5, 96), ::GetSysColor(COLOR_WINDOW)},
         {"right of the separator", popup, CRect(115, 95, 119, 96), ::GetSysColor(COLOR_WINDOW)},
-        {"button's frame", face, CRect(0, 0, 150, 1), kFrame},
+        {"button's frame", face, CRect(0, 0, 150, 1), kFrameBlue},
         {"button's face", face, CRect(2, 2, 131, 19), ::GetSysColor(COLOR_BTNFACE)},
     };
     for (const auto& row : table) {
