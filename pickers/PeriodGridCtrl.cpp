@@ -6,6 +6,9 @@
 #include "core/DrawingHelpers.h"
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodSelCtrl.h"
+#include "pickers/PickerShell.h"
+
+#include <utility>
 
 using namespace dayvane;
 
@@ -295,7 +298,7 @@ void CPeriodGridCtrl::OpenPopup()
     CRect title = block.title;
     ClientToScreen(&title);
     try {
-        m_pPopup.reset(MakePopup(block.period));
+        m_pPopup = MakePopup(block.period);
         if (m_pPopup->Open(this, title)) {
             m_nPopupTimer = SetTimer(kRunTimerId, kRunInterval, nullptr);
             return;
@@ -316,7 +319,18 @@ void CPeriodGridCtrl::ClosePopup()
         KillTimer(m_nPopupTimer);
     }
     m_nPopupTimer = 0;
-    m_pPopup.reset();
+    if (m_pPopup) {
+        std::exchange(m_pPopup, nullptr)->Close();
+    }
+}
+
+// Closed by somebody else, the popup has made no choice.
+void CPeriodGridCtrl::OnPopupGone(CPeriodSelCtrl* pPopup)
+{
+    if (m_pPopup == pPopup) {
+        m_pPopup = nullptr;
+        Cancel();
+    }
 }
 
 // ---- Messages

@@ -19,7 +19,7 @@
 // the button outside the popup.
 #pragma once
 
-#include "PickerShell.h"
+#include "../core/WindowAlive.h"
 
 #include <afxwin.h>
 #include <afxtempl.h>
@@ -81,13 +81,16 @@ public:
 
     // ---- Where things are, as last laid out
     const dayvane::PeriodGridLayout& GetGridLayout() const;
-    CPeriodSelCtrl* GetPopup() const { return m_pPopup.get(); } // nullptr while none is open
+    CPeriodSelCtrl* GetPopup() const { return m_pPopup; } // nullptr while none is open
 
     // ---- Notifications. The control may be gone when they return.
     virtual void FireNotifyClick();
     virtual void FireNotifyDblClick();
 
 protected:
+    friend class CPeriodSelCtrl;
+    void OnPopupGone(CPeriodSelCtrl* pPopup);
+
     CPeriodGridCtrl(const dayvane::PeriodPolicy& policy, LPCTSTR lpszClassName);
 
     // The popup for a period, made on the heap.
@@ -134,7 +137,7 @@ protected:
 
     CString m_strClassName;
     std::unique_ptr<dayvane::PeriodGridState> m_state; // model, layout, marks and fonts
-    std::unique_ptr<CPeriodSelCtrl> m_pPopup;
+    CPeriodSelCtrl* m_pPopup = nullptr;
     UINT_PTR m_nPopupTimer = 0;
     PFNISBOLD m_pfnIsBold = nullptr;
     LPARAM m_lBoldParam = 0;

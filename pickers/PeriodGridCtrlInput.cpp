@@ -6,6 +6,7 @@
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodRun.h"
 #include "pickers/PeriodSelCtrl.h"
+#include "pickers/PickerShell.h"
 
 using namespace dayvane;
 
@@ -35,11 +36,9 @@ void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
     if (!m_pPopup) {
         Hover(PartAt(m_state->layout, point));
         Apply(m_state->model.PointAt(DateOfHit(m_state->layout, CellAt(m_state->layout, point))));
-    } else if (m_pPopup->GetSafeHwnd()) {
+    } else {
         ClientToScreen(&point);
         m_pPopup->PointAt(point);
-    } else {
-        Cancel(); // somebody has destroyed the popup
     }
 }
 
@@ -139,9 +138,7 @@ void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)
 {
     if (nIDEvent != kRunTimerId || !m_pPopup) {
         CWnd::OnTimer(nIDEvent);
-    } else if (m_pPopup->GetSafeHwnd()) {
-        m_pPopup->Tick();
     } else {
-        Cancel();
+        m_pPopup->Tick();
     }
 }

@@ -1,16 +1,12 @@
 #include "pickers/PeriodRun.h"
 
+#include "core/PopupPlace.h"
+
 #include <algorithm>
 
 namespace dayvane {
 namespace {
 constexpr int kThousandths = 1000;
-
-// Moves the interval [start, start + length) into [low, high); when it is too long, its start is kept inside.
-int PushInto(int start, int length, int low, int high)
-{
-    return std::max(std::min(start, high - length), low);
-}
 } // namespace
 
 int RunSpeed(int distance)
@@ -115,20 +111,9 @@ PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea)
     while (rowsAbove < metrics.RowCount() - 1 && topFor(rowsAbove) + height > workArea.bottom) {
         ++rowsAbove;
     }
-    const int top = PushInto(topFor(rowsAbove), height, workArea.top, workArea.bottom);
-    const int left = PushInto(title.left, title.Width(), workArea.left, workArea.right);
+    const int top = FitInto(topFor(rowsAbove), height, workArea.top, workArea.bottom);
+    const int left = FitInto(title.left, title.Width(), workArea.left, workArea.right);
     return {CRect(left, top, left + title.Width(), top + height), rowsAbove};
-}
-
-CRect PlaceDropDown(const CRect& anchor, CSize size, const CRect& workArea)
-{
-    const int left = PushInto(anchor.right - size.cx, size.cx, workArea.left, workArea.right);
-    int top = anchor.bottom;
-    if (top + size.cy > workArea.bottom && anchor.top - size.cy >= workArea.top) {
-        top = anchor.top - size.cy;
-    }
-    top = PushInto(top, size.cy, workArea.top, workArea.bottom);
-    return CRect(left, top, left + size.cx, top + size.cy);
 }
 
 } // namespace dayvane

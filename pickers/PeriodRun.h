@@ -73,8 +73,4 @@ struct PopupPlace
 };
 PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea);
 
-// Where a drop-down of a size goes: below the anchor and flush with its right edge, above it when it does not fit
-// below, and in any case on the work area as far as its top-left corner can be. Screen pixels.
-CRect PlaceDropDown(const CRect& anchor, CSize size, const CRect& workArea);
-
 } // namespace dayvane

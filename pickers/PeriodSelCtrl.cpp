@@ -1,46 +1,33 @@
 #include "pickers/PeriodSelCtrl.h"
 
-#include "core/DrawingHelpers.h"
+#include "pickers/PeriodGridCtrl.h"
 #include "pickers/PeriodRunPainter.h"
-#include "pickers/PickerShell.h"
 
 using namespace dayvane;
 
 namespace {
 constexpr UINT kPopupClassStyle = CS_BYTEALIGNCLIENT | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
-constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
 } // namespace
 
-IMPLEMENT_DYNAMIC(CPeriodSelCtrl, CWnd)
+IMPLEMENT_DYNAMIC(CPeriodSelCtrl, CPopupWnd)
 IMPLEMENT_DYNAMIC(CMonthSelCtrl, CPeriodSelCtrl)
 IMPLEMENT_DYNAMIC(CYearSelCtrl, CPeriodSelCtrl)
-
-BEGIN_MESSAGE_MAP(CPeriodSelCtrl, CWnd)
-ON_WM_PAINT()
-ON_WM_ERASEBKGND()
-ON_WM_MOUSEACTIVATE()
-END_MESSAGE_MAP()
 
 CPeriodSelCtrl::CPeriodSelCtrl(const PeriodPolicy& policy, int nPeriod) : m_policy(policy), m_run(policy, nPeriod, 0)
 {
 }
 
-CPeriodSelCtrl::~CPeriodSelCtrl()
-{
-    DestroyWindow();
-}
-
-BOOL CPeriodSelCtrl::Open(CWnd* pOwner, const CRect& rcTitle)
+BOOL CPeriodSelCtrl::Open(CPeriodGridCtrl* pOwner, const CRect& rcTitle)
 {
     const PopupPlace place = PlacePeriodRun(rcTitle, WorkAreaAt(rcTitle));
     const int width = place.window.Width() - 2 * kPeriodRunMetrics.border;
     m_run = PeriodRun(m_policy, m_run.Given(), width, place.rowsAbove);
     const LPCTSTR lpszClass = AfxRegisterWndClass(kPopupClassStyle, ::LoadCursor(nullptr, IDC_ARROW),
                                                   reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
-    if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP | WS_BORDER, place.window, pOwner, 0)) {
+    m_pOwner = pOwner;
+    if (!CreatePopup(lpszClass, WS_BORDER, place.window, pOwner)) {
         return FALSE;
     }
-    ShowPopup(m_hWnd);
     UpdateWindow();
     return TRUE;
 }
@@ -74,21 +61,16 @@ CRect CPeriodSelCtrl::GetPeriodRect(int nPeriod) const
     return rect;
 }
 
-void CPeriodSelCtrl::OnPaint()
+void CPeriodSelCtrl::DrawPopup(CDC* pDC)
 {
-    CPaintDC dc(this);
-    CMemDC memory(&dc);
-    PeriodRunPainter(&memory, m_policy, m_run, m_fonts).Draw();
+    PeriodRunPainter(pDC, m_policy, m_run, m_fonts).Draw();
 }
 
-BOOL CPeriodSelCtrl::OnEraseBkgnd(CDC*)
+void CPeriodSelCtrl::OnGone()
 {
-    return TRUE;
-}
-
-int CPeriodSelCtrl::OnMouseActivate(CWnd*, UINT, UINT)
-{
-    return MA_NOACTIVATE;
+    if (m_pOwner) {
+        m_pOwner->OnPopupGone(this);
+    }
 }
 
 CMonthSelCtrl::CMonthSelCtrl(int nYear, int nMonth) : CPeriodSelCtrl(kMonthPolicy, nYear * kMonthsPerYear + nMonth - 1)

@@ -1,22 +1,22 @@
 // The popups that a mini calendar opens from a title while the left button is held: a list of months or years that
 // runs under the pointer. They take no focus and no mouse input themselves; the control that opens one hands them the
-// pointer and the intervals of its timer, asks for the choice on release and destroys them.
+// pointer and the intervals of its timer, asks for the choice on release and closes them.
 #pragma once
 
+#include "../core/PopupWindow.h"
 #include "PeriodRun.h"
 #include "PickerPaint.h"
 
-#include <afxwin.h>
+class CPeriodGridCtrl;
 
-class CPeriodSelCtrl : public CWnd
+class CPeriodSelCtrl : public CPopupWnd
 {
     DECLARE_DYNAMIC(CPeriodSelCtrl)
 
 public:
-    ~CPeriodSelCtrl() override;
-
-    // Opens the list over a title (screen pixels), kept on the monitor's work area. FALSE: no window could be made.
-    BOOL Open(CWnd* pOwner, const CRect& rcTitle);
+    // Opens the list over a title (screen pixels), kept on the monitor's work area. FALSE: no window could be made,
+    // and the object is gone. The owner learns of the end by OnPopupGone.
+    BOOL Open(CPeriodGridCtrl* pOwner, const CRect& rcTitle);
     // The pointer has moved to, or the button is held at, a screen point.
     void PointAt(CPoint ptScreen);
     // One interval of dayvane::kRunInterval milliseconds has passed.
@@ -33,11 +33,10 @@ public:
 protected:
     CPeriodSelCtrl(const dayvane::PeriodPolicy& policy, int nPeriod);
 
-    afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
-    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
-    DECLARE_MESSAGE_MAP()
+    void DrawPopup(CDC* pDC) override;
+    void OnGone() override;
 
+    CPeriodGridCtrl* m_pOwner = nullptr; // nullptr until it is open
     const dayvane::PeriodPolicy& m_policy;
     dayvane::PeriodRun m_run;
     dayvane::PickerFonts m_fonts{dayvane::kTextFont};

@@ -27,21 +27,6 @@ bool IsKeyDown(int virtualKey)
     return ::GetKeyState(virtualKey) < 0;
 }
 
-CRect WorkAreaAt(const CRect& screenRect)
-{
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    if (::GetMonitorInfo(::MonitorFromRect(&screenRect, MONITOR_DEFAULTTONEAREST), &info)) {
-        return info.rcWork;
-    }
-    return CRect(0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
-}
-
-void ShowPopup(HWND hWnd)
-{
-    ::SetWindowPos(hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
-}
-
 void TrackMouseLeave(HWND hWnd)
 {
     TRACKMOUSEEVENT track = {};

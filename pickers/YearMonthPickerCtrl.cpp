@@ -3,6 +3,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "pickers/PickerShell.h"
 #include "pickers/YearMonthGrid.h"
 #include "pickers/YearMonthPainter.h"
 #include "pickers/YearMonthPopup.h"

@@ -7,12 +7,12 @@
 // message: drop the picker again, destroy its window, delete the object.
 #pragma once
 
+#include "../core/WindowAlive.h"
+#include "PickerPaint.h"
+#include "YearMonthMessages.h"
+
 #include <afxwin.h>
 #include <afxdisp.h>
-
-#include "PickerPaint.h"
-#include "PickerShell.h"
-#include "YearMonthMessages.h"
 
 class CYearMonthPopup;
 

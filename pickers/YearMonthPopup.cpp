@@ -1,8 +1,8 @@
 #include "pickers/YearMonthPopup.h"
 
 #include "core/CalendarClock.h"
-#include "core/DrawingHelpers.h"
-#include "pickers/PeriodRun.h"
+#include "core/PopupPlace.h"
+#include "pickers/PickerShell.h"
 #include "pickers/YearMonthMessages.h"
 #include "pickers/YearMonthPickerCtrl.h"
 
@@ -10,18 +10,14 @@ using namespace dayvane;
 
 namespace {
 constexpr UINT kPopupClassStyle = CS_SAVEBITS | CS_CLASSDC | CS_HREDRAW | CS_VREDRAW;
-constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
 } // namespace
 
-IMPLEMENT_DYNAMIC(CYearMonthPopup, CWnd)
+IMPLEMENT_DYNAMIC(CYearMonthPopup, CPopupWnd)
 
-BEGIN_MESSAGE_MAP(CYearMonthPopup, CWnd)
-ON_WM_PAINT()
-ON_WM_ERASEBKGND()
+BEGIN_MESSAGE_MAP(CYearMonthPopup, CPopupWnd)
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
-ON_WM_MOUSEACTIVATE()
 ON_WM_KEYDOWN()
 ON_WM_ACTIVATEAPP()
 ON_WM_CAPTURECHANGED()
@@ -42,19 +38,8 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
     m_layout = CalcYearMonthLayout(CRect(CPoint(0, 0), size));
     const LPCTSTR lpszClass =
         AfxRegisterWndClass(kPopupClassStyle, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
-    const std::weak_ptr<char> object = m_life.Watch();
-    if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP, place, m_pPicker, 0)) {
-        if (!object.expired()) {
-            // A hook refused the window after it had become ours; no last message comes for it.
-            Detach();
-            PostNcDestroy();
-        }
+    if (!CreatePopup(lpszClass, 0, place, m_pPicker)) {
         return FALSE;
-    }
-    // Created visible it would take the activation, and the picker lose the focus.
-    ShowPopup(m_hWnd);
-    if (object.expired()) {
-        return TRUE; // ended while it came up
     }
     m_bOpened = TRUE;
     const WindowAlive alive(this, m_life);
@@ -66,12 +51,11 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
     return TRUE;
 }
 
-void CYearMonthPopup::PostNcDestroy()
+void CYearMonthPopup::OnGone()
 {
     if (m_pPicker) {
         m_pPicker->OnPopupGone(this, m_bOpened);
     }
-    delete this;
 }
 
 // ---- The end
@@ -118,7 +102,7 @@ void CYearMonthPopup::Abandon()
 void CYearMonthPopup::OnActivateApp(BOOL bActive, DWORD dwThreadID)
 {
     const WindowAlive alive(this, m_life);
-    CWnd::OnActivateApp(bActive, dwThreadID);
+    CPopupWnd::OnActivateApp(bActive, dwThreadID);
     if (alive && !bActive) {
         Cancel();
     }
@@ -133,17 +117,9 @@ void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)
 
 // ---- Painting
 
-void CYearMonthPopup::OnPaint()
+void CYearMonthPopup::DrawPopup(CDC* pDC)
 {
-    CPaintDC dc(this);
-    CMemDC memory(&dc);
-    const SaveDcScope saved(&memory);
-    YearMonthPainter(&memory, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts}).Draw();
-}
-
-BOOL CYearMonthPopup::OnEraseBkgnd(CDC*)
-{
-    return TRUE;
+    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts}).Draw();
 }
 
 void CYearMonthPopup::MoveYear(int nYears)
@@ -180,7 +156,7 @@ void CYearMonthPopup::OnLButtonDown(UINT, CPoint point)
 
 void CYearMonthPopup::OnLButtonUp(UINT nFlags, CPoint point)
 {
-    CWnd::OnLButtonUp(nFlags, point);
+    CPopupWnd::OnLButtonUp(nFlags, point);
     m_bPressed = FALSE;
     InvalidateRect(RectOfHit(m_layout, m_hot), FALSE);
     const YearMonthHit hit = HitTestYearMonth(m_layout, point);
@@ -201,11 +177,6 @@ void CYearMonthPopup::OnLButtonUp(UINT nFlags, CPoint point)
             Pick({m_selected.year, hit.month});
         }
     }
-}
-
-int CYearMonthPopup::OnMouseActivate(CWnd*, UINT, UINT)
-{
-    return MA_NOACTIVATE;
 }
 
 // ---- Keyboard
@@ -235,6 +206,6 @@ BOOL CYearMonthPopup::HandleKey(UINT nChar)
 void CYearMonthPopup::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
     if (!HandleKey(nChar)) {
-        CWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+        CPopupWnd::OnKeyDown(nChar, nRepCnt, nFlags);
     }
 }

@@ -4,18 +4,16 @@
 // It lives from the click that drops it to its finishing message: it holds the mouse capture, a click on a month or the
 // line below picks, a click elsewhere (but on the arrows) cancels. The picker keeps the keyboard focus and hands keys
 // on. Losing the capture, the picker losing the focus, or leaving the application cancels, too. When its window is
-// destroyed from outside no message is sent. The object frees itself when its window is gone.
+// destroyed from outside no message is sent.
 #pragma once
 
-#include <afxwin.h>
-
-#include "PickerShell.h"
+#include "../core/PopupWindow.h"
 #include "YearMonthGrid.h"
 #include "YearMonthPainter.h"
 
 class CYearMonthPickerCtrl;
 
-class CYearMonthPopup : public CWnd
+class CYearMonthPopup : public CPopupWnd
 {
     DECLARE_DYNAMIC(CYearMonthPopup)
 
@@ -43,13 +41,11 @@ protected:
     void MoveYear(int nYears);
     void Hover(const dayvane::YearMonthHit& hit);
 
-    void PostNcDestroy() override;
-    afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    void DrawPopup(CDC* pDC) override;
+    void OnGone() override;
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
-    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnActivateApp(BOOL bActive, DWORD dwThreadID);
     afx_msg void OnCaptureChanged(CWnd* pWnd);
@@ -63,5 +59,4 @@ protected:
     BOOL m_bOpened = FALSE;   // the window has come up
     BOOL m_bFinished = FALSE; // the picker has been notified, or must not be
     dayvane::YearMonthFonts m_fonts;
-    dayvane::WindowLife m_life;
 };

@@ -68,13 +68,3 @@ TEST(MoreList, KeepsTheCurrentRowInSight)
     EXPECT_EQ(list.Top(), 18);
     EXPECT_EQ(ListOf(2).RowsInSight(), 2);
 }
-
-TEST(MoreList, StaysOnTheScreen)
-{
-    const CRect screen(0, 0, 1000, 800);
-    const CSize size(280, 100);
-    EXPECT_TRUE(PlaceMoreList(CRect(500, 300, 520, 308), size, screen) == CRect(240, 308, 520, 408));
-    EXPECT_TRUE(PlaceMoreList(CRect(500, 750, 520, 758), size, screen) == CRect(240, 650, 520, 750)) << "above";
-    EXPECT_TRUE(PlaceMoreList(CRect(100, 300, 120, 308), size, screen) == CRect(0, 308, 280, 408));
-    EXPECT_TRUE(PlaceMoreList(CRect(1100, 50, 1120, 58), CSize(280, 790), screen) == CRect(720, 10, 1000, 800));
-}

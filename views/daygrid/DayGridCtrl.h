@@ -108,7 +108,7 @@ private:
     BOOL OpenMoreListAt(CPoint point);
     BOOL OpenMoreListOf(const COleDateTime& date);
     BOOL OpenMoreList(const MoreBox& box);
-    void MoreListGone(CMoreListWnd* pList);
+    void OnMoreListGone(CMoreListWnd* pList);
     void ChooseListedItem(int nItem, unsigned nItemVersion);
     void DragListedItem(int nItem, unsigned nItemVersion, const COleDateTime& dtFirst, CPoint screen);
     void DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect);

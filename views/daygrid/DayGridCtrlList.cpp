@@ -34,7 +34,7 @@ void CDayGridCtrl::CloseMoreList()
     }
 }
 
-void CDayGridCtrl::MoreListGone(CMoreListWnd* pList)
+void CDayGridCtrl::OnMoreListGone(CMoreListWnd* pList)
 {
     if (m_pMoreList == pList) {
         m_pMoreList = nullptr;

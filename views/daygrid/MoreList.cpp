@@ -27,18 +27,6 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
     return found;
 }
 
-CRect PlaceMoreList(const CRect& mark, CSize size, const CRect& workArea)
-{
-    int left = mark.right - size.cx;
-    int top = mark.bottom;
-    if (top + size.cy > workArea.bottom && mark.top - size.cy >= workArea.top) {
-        top = mark.top - size.cy;
-    }
-    left = std::max<int>(std::min<int>(left, workArea.right - size.cx), workArea.left);
-    top = std::max<int>(std::min<int>(top, workArea.bottom - size.cy), workArea.top);
-    return CRect(CPoint(left, top), size);
-}
-
 CSize MoreListModel::Size() const
 {
     const MoreListMetrics& metrics = kMoreListMetrics;

@@ -21,10 +21,6 @@ constexpr MoreListMetrics kMoreListMetrics;
 // Store indices of the items that touch the days from the first to the last date, earliest first.
 std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last);
 
-// Where a list of that size opens for a mark: below it, above it where there is no room; always within the work area as
-// far as it fits.
-CRect PlaceMoreList(const CRect& mark, CSize size, const CRect& workArea);
-
 class MoreListModel
 {
 public:

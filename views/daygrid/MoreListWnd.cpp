@@ -1,6 +1,6 @@
 #include "views/daygrid/MoreListWnd.h"
 
-#include "core/DrawingHelpers.h"
+#include "core/PopupPlace.h"
 #include "views/daygrid/DayGridCtrl.h"
 
 #include <utility>
@@ -13,26 +13,15 @@ constexpr char kWindowClass[] = "DayvaneMoreList";
 constexpr COLORREF kGround = 0xFFFFFF;
 constexpr int kRowFrame = 2; // pixels of the current row's frame
 
-CRect WorkAreaAt(const CRect& rect)
-{
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    ::GetMonitorInfo(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info);
-    return info.rcWork;
-}
-
 } // namespace
 
-BEGIN_MESSAGE_MAP(CMoreListWnd, CWnd)
-ON_WM_PAINT()
-ON_WM_ERASEBKGND()
+BEGIN_MESSAGE_MAP(CMoreListWnd, CPopupWnd)
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
 ON_WM_RBUTTONDOWN()
 ON_WM_MOUSEMOVE()
 ON_WM_MOUSEWHEEL()
 ON_WM_CAPTURECHANGED()
-ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
 CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
@@ -49,27 +38,20 @@ CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::v
     }
     CDayGridCtrl::RegisterViewClass(kWindowClass, nullptr);
     CMoreListWnd* list = new CMoreListWnd(pOwner, std::move(items), nItemVersion, dtFirst);
+    list->m_model.SetCurrent(0);
     CRect frame(CPoint(0, 0), list->m_model.Size());
     ::AdjustWindowRectEx(&frame, WS_POPUP | WS_BORDER, FALSE, WS_EX_TOOLWINDOW);
-    const CRect place = PlaceMoreList(mark, frame.Size(), WorkAreaAt(mark));
-    if (!list->CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kWindowClass, "", WS_POPUP | WS_BORDER, place, pOwner, 0)) {
-        return nullptr; // it has deleted itself
+    const CRect place = PlaceDropDown(mark, frame.Size(), WorkAreaAt(mark));
+    if (!list->CreatePopup(kWindowClass, WS_BORDER, place, pOwner)) {
+        return nullptr;
     }
-    list->m_model.SetCurrent(0);
-    ::SetWindowPos(list->m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     list->SetCapture();
     return list;
 }
 
-void CMoreListWnd::Close()
+void CMoreListWnd::OnGone()
 {
-    DestroyWindow();
-}
-
-void CMoreListWnd::PostNcDestroy()
-{
-    m_pOwner->MoreListGone(this);
-    delete this;
+    m_pOwner->OnMoreListGone(this);
 }
 
 // ---- Choosing
@@ -194,35 +176,23 @@ void CMoreListWnd::OnCaptureChanged(CWnd* pWnd)
     }
 }
 
-int CMoreListWnd::OnMouseActivate(CWnd*, UINT, UINT)
-{
-    return MA_NOACTIVATE;
-}
-
 // ---- Paint
 
-BOOL CMoreListWnd::OnEraseBkgnd(CDC*)
+void CMoreListWnd::DrawPopup(CDC* pDC)
 {
-    return TRUE;
-}
-
-void CMoreListWnd::OnPaint()
-{
-    CPaintDC dc(this);
-    CMemDC memory(&dc);
     CRect client;
     GetClientRect(&client);
-    memory.FillSolidRect(&client, kGround);
+    pDC->FillSolidRect(&client, kGround);
     for (int row = m_model.Top(); row < m_model.Top() + m_model.RowsInSight(); ++row) {
         CRect rect = m_model.RowRect(row);
         if (row == m_model.Current()) {
-            memory.FillSolidRect(&rect, m_pOwner->GetColors().highlight);
+            pDC->FillSolidRect(&rect, m_pOwner->GetColors().highlight);
         }
         rect.DeflateRect(kRowFrame, kRowFrame);
-        memory.FillSolidRect(&rect, kGround);
-        m_pOwner->DrawListedItem(&memory, m_model.Item(row), m_nItemVersion, rect);
+        pDC->FillSolidRect(&rect, kGround);
+        m_pOwner->DrawListedItem(pDC, m_model.Item(row), m_nItemVersion, rect);
     }
     if (m_model.Top() + m_model.RowsInSight() < m_model.Count()) {
-        m_pOwner->DrawMoreMark(&memory, client);
+        m_pOwner->DrawMoreMark(pDC, client);
     }
 }

@@ -1,15 +1,14 @@
-// The popup that a more-items mark opens. It lives from Open to the end of its window and deletes itself; its control
-// closes it when it scrolls, changes its size or its items, loses the focus or ends. The focus stays in the control,
-// which passes on the keys; the popup holds the mouse, so that a press anywhere else closes it.
+// The popup that a more-items mark opens. Its control closes it when it scrolls, changes its size or its items, loses
+// the focus or ends. The focus stays in the control, which passes on the keys; the popup holds the mouse capture, so
+// that a press anywhere else closes it.
 #pragma once
 
+#include "../../core/PopupWindow.h"
 #include "MoreList.h"
-
-#include <afxwin.h>
 
 class CDayGridCtrl;
 
-class CMoreListWnd : public CWnd
+class CMoreListWnd : public CPopupWnd
 {
 public:
     // mark: screen pixels. nullptr when there is no item or no window.
@@ -17,7 +16,6 @@ public:
                               const COleDateTime& dtFirst);
     // A key that the control got; TRUE when it is the list's. The list may be gone afterwards.
     BOOL OnKey(UINT nKey);
-    void Close();                                        // the object is gone afterwards
     int GetCurrent() const { return m_model.Current(); } // row
 
 protected:
@@ -26,16 +24,14 @@ protected:
     void Choose(int nRow);
     void DragOut(CPoint point);
     void SetCurrentRow(int nRow);
-    void PostNcDestroy() override;
-    afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    void DrawPopup(CDC* pDC) override;
+    void OnGone() override;
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
     afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
     afx_msg void OnCaptureChanged(CWnd* pWnd);
-    afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
     DECLARE_MESSAGE_MAP()
 
     CDayGridCtrl* m_pOwner;

@@ -1,0 +1,77 @@
+#include "core/PopupWindow.h"
+
+#include "core/DrawingHelpers.h"
+
+using namespace dayvane;
+
+namespace {
+constexpr DWORD kPopupExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST;
+constexpr UINT kShowFlags = SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW;
+} // namespace
+
+IMPLEMENT_DYNAMIC(CPopupWnd, CWnd)
+
+BEGIN_MESSAGE_MAP(CPopupWnd, CWnd)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_WM_MOUSEACTIVATE()
+END_MESSAGE_MAP()
+
+BOOL CPopupWnd::CreatePopup(LPCTSTR lpszClass, DWORD dwStyle, const CRect& rcScreen, CWnd* pOwner)
+{
+    const std::weak_ptr<char> object = m_life.Watch();
+    if (!CreateEx(kPopupExStyle, lpszClass, "", WS_POPUP | dwStyle, rcScreen, pOwner, 0)) {
+        if (!object.expired()) {
+            // A hook refused the window after it had become ours; no last message comes for it.
+            Detach();
+            PostNcDestroy();
+        }
+        return FALSE;
+    }
+    // Created visible it would take the activation, and the control lose the focus.
+    ::SetWindowPos(m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, kShowFlags);
+    return !object.expired();
+}
+
+void CPopupWnd::Close()
+{
+    if (m_hWnd) {
+        DestroyWindow();
+    } else {
+        PostNcDestroy();
+    }
+}
+
+void CPopupWnd::PostNcDestroy()
+{
+    OnGone();
+    delete this;
+}
+
+void CPopupWnd::OnPaint()
+{
+    CPaintDC dc(this);
+    CMemDC memory(&dc);
+    const SaveDcScope saved(&memory);
+    DrawPopup(&memory);
+}
+
+BOOL CPopupWnd::OnEraseBkgnd(CDC*)
+{
+    return TRUE; // the whole client area is painted off screen
+}
+
+int CPopupWnd::OnMouseActivate(CWnd*, UINT, UINT)
+{
+    return MA_NOACTIVATE;
+}
+
+CRect dayvane::WorkAreaAt(const CRect& screenRect)
+{
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    if (::GetMonitorInfo(::MonitorFromRect(&screenRect, MONITOR_DEFAULTTONEAREST), &info)) {
+        return info.rcWork;
+    }
+    return CRect(0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
+}
