@@ -7,7 +7,7 @@
 #include "PeriodGridCtrl.h"
 
 namespace dayvane {
-constexpr int kMonthCells = 42; // six weeks
+constexpr int kMiniMonthCells = 42; // six weeks
 
 // A month of the grid. Its days run from the first day of the week on, those of the neighbour months included.
 struct MonthRecord
@@ -18,7 +18,7 @@ struct MonthRecord
     int nRow;      // from 1
     int nCol;      // from 1
     CRect rcCells; // all days
-    CPeriodGridCell arCells[kMonthCells];
+    CPeriodGridCell arCells[kMiniMonthCells];
 };
 void SetPeriod(MonthRecord& record, int period);
 } // namespace dayvane

@@ -8,7 +8,7 @@
 #include "PeriodGridCtrl.h"
 
 namespace dayvane {
-constexpr int kYearCells = 12;
+constexpr int kMiniYearCells = 12;
 
 // A year of the grid.
 struct YearRecord
@@ -18,7 +18,7 @@ struct YearRecord
     int nRow;      // from 1
     int nCol;      // from 1
     CRect rcCells; // all months
-    CPeriodGridCell arCells[kYearCells];
+    CPeriodGridCell arCells[kMiniYearCells];
 };
 void SetPeriod(YearRecord& record, int period);
 } // namespace dayvane
