@@ -8,8 +8,8 @@ namespace planner {
 
 namespace {
 
-constexpr int SmallestWindow = 50; // pixels
-constexpr int LargestWindow = 10000;
+constexpr int kSmallestWindow = 50; // pixels
+constexpr int kLargestWindow = 10000;
 
 // Sets what the option says; false when the value is not one of its kind.
 bool TakeOption(CommandLine& line, const std::string& option, const std::string& value)
@@ -26,8 +26,8 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
     } else if (option == "--size") {
         CommandLine::Size size = {};
         if (std::sscanf(value.c_str(), "%dx%d%c", &size.width, &size.height, &rest) != 2 ||
-            size.width < SmallestWindow || size.width > LargestWindow || size.height < SmallestWindow ||
-            size.height > LargestWindow) {
+            size.width < kSmallestWindow || size.width > kLargestWindow || size.height < kSmallestWindow ||
+            size.height > kLargestWindow) {
             return false;
         }
         line.size = size;

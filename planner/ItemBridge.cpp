@@ -10,16 +10,16 @@ namespace planner {
 
 namespace {
 
-constexpr int FontItalicStruck = 2; // tagCC_ITEM::nReserved
-constexpr std::size_t NearlyAllPercent = 80;
-constexpr char NoTitle[] = "(no title)";
+constexpr int kFontItalicStruck = 2; // tagCC_ITEM::nReserved
+constexpr std::size_t kNearlyAllPercent = 80;
+constexpr char kNoTitle[] = "(no title)";
 
 constexpr COLORREF Rgb(unsigned rgb)
 {
     return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
 }
 
-constexpr ItemColors Palette[] = {
+constexpr ItemColors kPalette[] = {
     // back         shade          outline        text
     {Rgb(0xDCEAFB), Rgb(0xB4D1F3), Rgb(0x5A8FCB), Rgb(0x17365C)}, // blue
     {Rgb(0xDDF2E0), Rgb(0xB2DDB9), Rgb(0x5BA56B), Rgb(0x1C4527)}, // green
@@ -30,7 +30,7 @@ constexpr ItemColors Palette[] = {
     {Rgb(0xF7F2CF), Rgb(0xE6DA8C), Rgb(0xB3A142), Rgb(0x4C430C)}, // yellow
     {Rgb(0xE9EAEE), Rgb(0xC9CDD6), Rgb(0x868E9E), Rgb(0x2E3440)}, // grey
 };
-constexpr std::size_t PaletteSize = sizeof(Palette) / sizeof(Palette[0]);
+constexpr std::size_t kPaletteSize = sizeof(kPalette) / sizeof(kPalette[0]);
 
 // FNV-1a with 32 bits
 std::uint32_t HashOf(const std::string& text)
@@ -111,7 +111,7 @@ tagCC_ITEM ItemOf(const Occurrence& occurrence, const CodePageText& fontPage)
     const Event& event = *occurrence.event;
     const ItemColors& colors = ColorsOf(event);
     tagCC_ITEM item;
-    item.nReserved = event.IsCancelled() ? FontItalicStruck : 0;
+    item.nReserved = event.IsCancelled() ? kFontItalicStruck : 0;
     item.dtStart = DateOfLocal(occurrence.times.start);
     item.dtEnd = DateOfLocal(LastMoment(occurrence.times));
     item.nFullday = occurrence.times.isAllDay ? 1 : 0;
@@ -180,7 +180,7 @@ int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from,
         }
     }
     for (std::size_t i = 0; i < offered.size(); ++i) {
-        if (aligned[i] * 100 >= bounds * NearlyAllPercent) {
+        if (aligned[i] * 100 >= bounds * kNearlyAllPercent) {
             return offered[i];
         }
     }
@@ -207,14 +207,14 @@ std::string DetailsOf(const Occurrence& occurrence)
 
 std::string ShownSummary(const Event& event)
 {
-    return event.summary.empty() ? NoTitle : OneLine(event.summary);
+    return event.summary.empty() ? kNoTitle : OneLine(event.summary);
 }
 
 const ItemColors& ColorsOf(const Event& event)
 {
     const std::string& kind = event.categories.empty() ? event.location : event.categories.front();
     const std::size_t number = kind.empty() ? static_cast<std::size_t>(std::max(event.calendar, 1) - 1) : HashOf(kind);
-    return Palette[number % PaletteSize];
+    return kPalette[number % kPaletteSize];
 }
 
 } // namespace planner

@@ -64,7 +64,7 @@ void CPlannerFrame::OnView(UINT nID)
 
 void CPlannerFrame::OnDays(UINT nID)
 {
-    ShowView({planner::FindView(ID_VIEW_DAYS), static_cast<int>(nID - ID_DAYS_FIRST) + planner::FewestDays});
+    ShowView({planner::FindView(ID_VIEW_DAYS), static_cast<int>(nID - ID_DAYS_FIRST) + planner::kFewestDays});
 }
 
 void CPlannerFrame::OnToday()
@@ -84,8 +84,8 @@ void CPlannerFrame::OnUpdateView(CCmdUI* pCmdUI)
 
 void CPlannerFrame::OnUpdateDays(CCmdUI* pCmdUI)
 {
-    const bool chosen = m_view.row->dateScale == planner::VariableScale;
-    pCmdUI->SetRadio(chosen && pCmdUI->m_nID == static_cast<UINT>(m_view.days - planner::FewestDays + ID_DAYS_FIRST));
+    const bool chosen = m_view.row->dateScale == planner::kVariableScale;
+    pCmdUI->SetRadio(chosen && pCmdUI->m_nID == static_cast<UINT>(m_view.days - planner::kFewestDays + ID_DAYS_FIRST));
 }
 
 // ---- The rows of the time grids

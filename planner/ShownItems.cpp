@@ -9,9 +9,9 @@ namespace planner {
 
 namespace {
 // So much is loaded on both sides, so that scrolling by lines does not load at each step.
-constexpr LocalTime Margin = 35 * kDaySeconds;
+constexpr LocalTime kMargin = 35 * kDaySeconds;
 // Taken where the view tells no range, at the ends of the calendar's years.
-constexpr LocalTime UnknownRange = 400 * kDaySeconds;
+constexpr LocalTime kUnknownRange = 400 * kDaySeconds;
 } // namespace
 
 void ShownItems::Attach(CCalendarCtrl* ctrl)
@@ -33,7 +33,7 @@ ShownItems::Range ShownItems::ViewRange() const
         return {firstDay * kDaySeconds, (lastDay + 1) * kDaySeconds};
     }
     const LocalTime day = LocalOfDate(m_ctrl->GetCurrentDate());
-    return {ClampTime(day - UnknownRange), ClampTime(day + UnknownRange)};
+    return {ClampTime(day - kUnknownRange), ClampTime(day + kUnknownRange)};
 }
 
 void ShownItems::Load(const Document& document)
@@ -44,7 +44,7 @@ void ShownItems::Load(const Document& document)
     const Occurrence* current = Current();
     const OccurrenceId id = current ? current->id : OccurrenceId();
     const Range view = ViewRange();
-    m_loaded = {ClampTime(view.from - Margin), ClampTime(view.to + Margin)};
+    m_loaded = {ClampTime(view.from - kMargin), ClampTime(view.to + kMargin)};
     m_occurrences = document.OccurrencesIn(m_loaded.from, m_loaded.to);
     m_ctrl->SetCurSel(-1);
     m_ctrl->DeleteAllItems();

@@ -13,11 +13,11 @@ namespace planner {
 
 namespace {
 
-constexpr int Sunday = 1;
-constexpr int Monday = 2;
-constexpr int WorkingWeekScale = 14;
-constexpr int WeekScale = 15;
-constexpr int FirstChoice = 4; // days
+constexpr int kSunday = 1;
+constexpr int kMonday = 2;
+constexpr int kWorkingWeekScale = 14;
+constexpr int kWeekScale = 15;
+constexpr int kFirstChoice = 4; // days
 
 struct Rows
 {
@@ -28,14 +28,15 @@ const Rows& Table()
 {
     static const Rows table = {{
         // name      command               view class                  scale           Monday  times  step unit, step
-        {"day", ID_VIEW_DAY, RUNTIME_CLASS(CDayView), NoScale, false, true, ViewRow::Days, 1},
-        {"workweek", ID_VIEW_WORKING_WEEK, RUNTIME_CLASS(CWeekDayView), WorkingWeekScale, true, true, ViewRow::Days, 7},
-        {"week", ID_VIEW_WEEK, RUNTIME_CLASS(CWeekDayView), WeekScale, false, true, ViewRow::Days, 7},
-        {"days", ID_VIEW_DAYS, RUNTIME_CLASS(CWeekDayView), VariableScale, false, true, ViewRow::Days, 0},
-        {"diary", ID_VIEW_DIARY, RUNTIME_CLASS(CWeekView), NoScale, false, false, ViewRow::Days, 7},
-        {"month", ID_VIEW_MONTH, RUNTIME_CLASS(CMonthView), NoScale, false, false, ViewRow::Months, 1},
-        {"month2", ID_VIEW_MONTH2, RUNTIME_CLASS(CMonthView2), NoScale, false, false, ViewRow::Months, 1},
-        {"year", ID_VIEW_YEAR, RUNTIME_CLASS(CYearView), NoScale, false, false, ViewRow::Months, 12},
+        {"day", ID_VIEW_DAY, RUNTIME_CLASS(CDayView), kNoScale, false, true, ViewRow::Days, 1},
+        {"workweek", ID_VIEW_WORKING_WEEK, RUNTIME_CLASS(CWeekDayView), kWorkingWeekScale, true, true, ViewRow::Days,
+         7},
+        {"week", ID_VIEW_WEEK, RUNTIME_CLASS(CWeekDayView), kWeekScale, false, true, ViewRow::Days, 7},
+        {"days", ID_VIEW_DAYS, RUNTIME_CLASS(CWeekDayView), kVariableScale, false, true, ViewRow::Days, 0},
+        {"diary", ID_VIEW_DIARY, RUNTIME_CLASS(CWeekView), kNoScale, false, false, ViewRow::Days, 7},
+        {"month", ID_VIEW_MONTH, RUNTIME_CLASS(CMonthView), kNoScale, false, false, ViewRow::Months, 1},
+        {"month2", ID_VIEW_MONTH2, RUNTIME_CLASS(CMonthView2), kNoScale, false, false, ViewRow::Months, 1},
+        {"year", ID_VIEW_YEAR, RUNTIME_CLASS(CYearView), kNoScale, false, false, ViewRow::Months, 12},
     }};
     return table;
 }
@@ -58,12 +59,12 @@ ChosenView FindView(const std::string& name)
     const long days = std::strtol(name.c_str(), &rest, 10);
     const bool hasNumber = rest != name.c_str();
     for (const ViewRow& row : Table().rows) {
-        const bool fits = !hasNumber || (row.dateScale == VariableScale && days >= FewestDays && days <= MostDays);
+        const bool fits = !hasNumber || (row.dateScale == kVariableScale && days >= kFewestDays && days <= kMostDays);
         if (fits && row.name == std::string(rest)) {
-            return {&row, hasNumber ? static_cast<int>(days) : FirstChoice};
+            return {&row, hasNumber ? static_cast<int>(days) : kFirstChoice};
         }
     }
-    return {nullptr, FirstChoice};
+    return {nullptr, kFirstChoice};
 }
 
 ChosenView DefaultView()
@@ -76,7 +77,7 @@ std::string ViewNames()
     std::string names;
     for (const ViewRow& row : Table().rows) {
         names +=
-            (names.empty() ? "" : ", ") + std::string(row.dateScale == VariableScale ? "2days to 14days" : row.name);
+            (names.empty() ? "" : ", ") + std::string(row.dateScale == kVariableScale ? "2days to 14days" : row.name);
     }
     return names;
 }
@@ -84,9 +85,9 @@ std::string ViewNames()
 void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMonday)
 {
     ctrl.EnableExtendedMove(TRUE);
-    ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? Monday : Sunday);
+    ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? kMonday : kSunday);
     if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {
-        columns->SetDateScale(view.row->dateScale == VariableScale ? view.days - 1 : view.row->dateScale);
+        columns->SetDateScale(view.row->dateScale == kVariableScale ? view.days - 1 : view.row->dateScale);
     }
     if (CDayGridCtrl* boxes = DYNAMIC_DOWNCAST(CDayGridCtrl, &ctrl)) {
         boxes->EnableMoreList(TRUE);

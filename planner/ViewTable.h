@@ -18,17 +18,17 @@ struct ViewRow
     const char* name; // on the command line
     UINT command;
     CRuntimeClass* viewClass;
-    int dateScale;     // CWeekDayViewCtrl::SetDateScale; VariableScale: the chosen number of days
+    int dateScale;     // CWeekDayViewCtrl::SetDateScale; kVariableScale: the chosen number of days
     bool startsMonday; // whatever the first day of the week is
     bool hasTimes;     // a time grid: selections are times
     Unit stepUnit;     // what Previous and Next go by
     int step;          // 0: the chosen number of days
 };
 
-constexpr int NoScale = 0;
-constexpr int VariableScale = -1;
-constexpr int FewestDays = 2;
-constexpr int MostDays = 14;
+constexpr int kNoScale = 0;
+constexpr int kVariableScale = -1;
+constexpr int kFewestDays = 2;
+constexpr int kMostDays = 14;
 
 // What is shown: a view, and how many days where they can be chosen.
 struct ChosenView

@@ -7,9 +7,9 @@ namespace planner {
 
 namespace {
 
-constexpr int BitsPerPixel = 24;
-constexpr int RowAlignment = 4;     // bytes
-constexpr WORD BitmapMark = 0x4D42; // "BM"
+constexpr int kBitsPerPixel = 24;
+constexpr int kRowAlignment = 4;     // bytes
+constexpr WORD kBitmapMark = 0x4D42; // "BM"
 
 } // namespace
 
@@ -32,14 +32,14 @@ BOOL SaveWindowPicture(CWnd& window, LPCTSTR path)
     info.bmiHeader.biWidth = place.Width();
     info.bmiHeader.biHeight = place.Height();
     info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = BitsPerPixel;
-    const int rowBytes = (place.Width() * BitsPerPixel / 8 + RowAlignment - 1) / RowAlignment * RowAlignment;
+    info.bmiHeader.biBitCount = kBitsPerPixel;
+    const int rowBytes = (place.Width() * kBitsPerPixel / 8 + kRowAlignment - 1) / kRowAlignment * kRowAlignment;
     std::vector<char> pixels(static_cast<std::size_t>(rowBytes) * place.Height());
     if (!::GetDIBits(memory, bitmap, 0, place.Height(), pixels.data(), &info, DIB_RGB_COLORS)) {
         return FALSE;
     }
     BITMAPFILEHEADER header = {};
-    header.bfType = BitmapMark;
+    header.bfType = kBitmapMark;
     header.bfOffBits = sizeof(header) + sizeof(info.bmiHeader);
     header.bfSize = header.bfOffBits + static_cast<DWORD>(pixels.size());
     std::ofstream file(path, std::ios::binary);

@@ -8,7 +8,7 @@ namespace planner {
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "the system's wide characters are UTF-16");
 
 namespace {
-constexpr UINT JapanesePage = 932;
+constexpr UINT kJapanesePage = 932;
 }
 
 std::string WindowsCodePage::FromUtf8(std::string_view text) const
@@ -33,7 +33,7 @@ std::string WindowsCodePage::ToUtf8(std::string_view text) const
 
 const WindowsCodePage& FontPage()
 {
-    static const WindowsCodePage page(JapanesePage);
+    static const WindowsCodePage page(kJapanesePage);
     return page;
 }
 

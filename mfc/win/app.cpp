@@ -39,7 +39,7 @@ BOOL PumpOne(MSG& msg, CWinThread* pThread)
     return TRUE;
 }
 
-constexpr UINT SystemTimer = 0x0118; // caret blinking; not in the system's headers
+constexpr UINT kSystemTimer = 0x0118; // caret blinking; not in the system's headers
 
 } // namespace
 
@@ -116,7 +116,7 @@ BOOL CWinThread::OnIdle(LONG lCount)
 
 BOOL CWinThread::IsIdleMessage(MSG* pMsg)
 {
-    return pMsg->message != WM_PAINT && pMsg->message != SystemTimer && pMsg->message != WM_MOUSEMOVE &&
+    return pMsg->message != WM_PAINT && pMsg->message != kSystemTimer && pMsg->message != WM_MOUSEMOVE &&
            pMsg->message != WM_NCMOUSEMOVE;
 }
 

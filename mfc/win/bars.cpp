@@ -14,15 +14,15 @@ END_MESSAGE_MAP()
 
 namespace {
 
-constexpr DWORD BarStyleMask = 0xFFF0; // the bits of CBRS_..., which mean other things to the system
-constexpr int ButtonPadding = 4;       // pixels over and under the buttons together
+constexpr DWORD kBarStyleMask = 0xFFF0; // the bits of CBRS_..., which mean other things to the system
+constexpr int kButtonPadding = 4;       // pixels over and under the buttons together
 
 } // namespace
 
 BOOL CControlBar::CreateBar(LPCTSTR lpszClassName, DWORD dwExStyle, DWORD dwStyle, CWnd* pParentWnd, UINT nID)
 {
-    m_dwStyle = dwStyle & BarStyleMask;
-    const DWORD style = (dwStyle & ~BarStyleMask) | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER;
+    m_dwStyle = dwStyle & kBarStyleMask;
+    const DWORD style = (dwStyle & ~kBarStyleMask) | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER;
     return CWnd::CreateEx(dwExStyle, lpszClassName, nullptr, style, CRect(0, 0, 0, 0), pParentWnd, nID);
 }
 
@@ -167,7 +167,7 @@ CSize CToolBar::CalcFixedLayout(BOOL, BOOL)
     const DWORD size = static_cast<DWORD>(SendMessage(TB_GETBUTTONSIZE));
     CRect last;
     GetItemRect(GetToolBarCtrl().GetButtonCount() - 1, &last);
-    return CSize(last.right, HIWORD(size) + ButtonPadding);
+    return CSize(last.right, HIWORD(size) + kButtonPadding);
 }
 
 namespace {

@@ -24,8 +24,8 @@ INT_PTR CALLBACK DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
     });
 }
 
-constexpr UINT FirstCommand = 0x8000; // identifiers below belong to controls
-constexpr UINT LastCommand = 0xEFFF;
+constexpr UINT kFirstCommand = 0x8000; // identifiers below belong to controls
+constexpr UINT kLastCommand = 0xEFFF;
 
 } // namespace
 
@@ -171,7 +171,7 @@ BOOL CDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pH
         return TRUE;
     }
     const bool command = nCode == CN_COMMAND || static_cast<UINT>(nCode) == CN_UPDATE_COMMAND_UI;
-    if (!command || nID < FirstCommand || nID > LastCommand) {
+    if (!command || nID < kFirstCommand || nID > kLastCommand) {
         return FALSE;
     }
     CWnd* pOwner = GetParent();

@@ -27,7 +27,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-constexpr UINT FirstSystemCommand = 0xF000; // menu items from here on are the system's
+constexpr UINT kFirstSystemCommand = 0xF000; // menu items from here on are the system's
 
 HICON LoadFrameIcon(UINT nID)
 {
@@ -317,7 +317,7 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
         const int index = static_cast<int>(state.m_nIndex);
         state.m_nID = pMenu->GetMenuItemID(index);
         state.m_pSubMenu = nullptr;
-        BOOL autoEnable = m_bAutoMenuEnable && state.m_nID < FirstSystemCommand;
+        BOOL autoEnable = m_bAutoMenuEnable && state.m_nID < kFirstSystemCommand;
         if (state.m_nID == static_cast<UINT>(-1)) {
             // The item opens a submenu and goes by the name of its first item.
             state.m_pSubMenu = pMenu->GetSubMenu(index);

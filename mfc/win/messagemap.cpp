@@ -31,7 +31,7 @@ const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* pMap, Fits fits)
     return nullptr;
 }
 
-constexpr UINT FirstRegisteredMessage = 0xC000;
+constexpr UINT kFirstRegisteredMessage = 0xC000;
 
 // Asks only whether a command is enabled.
 class TestCmdUI : public CCmdUI
@@ -53,7 +53,7 @@ public:
 
 const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* pMap, UINT message)
 {
-    if (message >= FirstRegisteredMessage) {
+    if (message >= kFirstRegisteredMessage) {
         return FindEntry(pMap, [message](const AFX_MSGMAP_ENTRY& entry) {
             return entry.pRegistered && *entry.pRegistered == message;
         });

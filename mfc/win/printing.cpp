@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr UINT UnknownLastPage = 0xFFFF;
+constexpr UINT kUnknownLastPage = 0xFFFF;
 
 // The printer's context as an object, and the document on it; what is not ended in good order is aborted.
 class PrintJob
@@ -51,7 +51,7 @@ private:
 CPrintInfo::CPrintInfo() : m_pPD(new CPrintDialog(FALSE, PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOSELECTION))
 {
     SetMinPage(1);
-    SetMaxPage(UnknownLastPage);
+    SetMaxPage(kUnknownLastPage);
 }
 
 CPrintInfo::~CPrintInfo()
@@ -66,7 +66,7 @@ CPrintInfo::~CPrintInfo()
 void CView::OnPrepareDC(CDC*, CPrintInfo* pInfo)
 {
     if (pInfo) {
-        pInfo->m_bContinuePrinting = pInfo->GetMaxPage() != UnknownLastPage || pInfo->m_nCurPage == 1;
+        pInfo->m_bContinuePrinting = pInfo->GetMaxPage() != kUnknownLastPage || pInfo->m_nCurPage == 1;
     }
 }
 

@@ -12,8 +12,8 @@ END_MESSAGE_MAP()
 
 namespace {
 
-constexpr int PaneTextPadding = 12; // pixels on both sides together
-constexpr int LinePadding = 4;      // pixels over and under the line of text together
+constexpr int kPaneTextPadding = 12; // pixels on both sides together
+constexpr int kLinePadding = 4;      // pixels over and under the line of text together
 
 // The string resource of a command: its message line, a line feed, its tip.
 CString CommandText(UINT nID, int part)
@@ -69,7 +69,7 @@ BOOL CStatusBar::SetIndicators(const UINT* lpIDArray, int nIDCount)
         Pane& pane = m_panes[static_cast<size_t>(i)];
         pane.id = lpIDArray[i];
         pane.text = CommandText(pane.id, 0);
-        pane.width = barText.Width(pane.text) + PaneTextPadding;
+        pane.width = barText.Width(pane.text) + kPaneTextPadding;
     }
     PlacePanes();
     return TRUE;
@@ -152,7 +152,7 @@ CSize CStatusBar::CalcFixedLayout(BOOL, BOOL)
     int borders[3] = {}; // horizontal, vertical, between panes; pixels
     SendMessage(SB_GETBORDERS, 0, reinterpret_cast<LPARAM>(borders));
     const int edges = 2 * (borders[1] + 2 * ::GetSystemMetrics(SM_CYBORDER));
-    return CSize(0, BarText(this).Height() + edges + LinePadding);
+    return CSize(0, BarText(this).Height() + edges + kLinePadding);
 }
 
 class AfxStatusCmdUI : public CCmdUI

@@ -12,7 +12,7 @@ const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 
 namespace {
 
-constexpr char ChildClassName[] = "AfxWnd";
+constexpr char kChildClassName[] = "AfxWnd";
 
 HWND ParentOrOwner(HWND hWnd)
 {
@@ -121,11 +121,11 @@ BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs)
         wc.lpfnWndProc = ::DefWindowProc;
         wc.hInstance = AfxLibraryHandle();
         wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
-        wc.lpszClassName = ChildClassName;
+        wc.lpszClassName = kChildClassName;
         if ((cs.style & WS_CHILD) == 0 || !AfxRegisterClass(&wc)) {
             return FALSE;
         }
-        cs.lpszClass = ChildClassName;
+        cs.lpszClass = kChildClassName;
         cs.hInstance = wc.hInstance;
     }
     return TRUE;

@@ -3,8 +3,8 @@
 
 namespace {
 
-constexpr int EditId = 101;
-constexpr int ChosenResult = 7;
+constexpr int kEditId = 101;
+constexpr int kChosenResult = 7;
 
 // A template of one control, of the given class
 class DialogTemplate
@@ -23,7 +23,7 @@ public:
         }
         Add32(WS_CHILD | WS_VISIBLE | WS_TABSTOP);
         Add32(0);
-        Add({4, 4, 60, 12, EditId});
+        Add({4, 4, 60, 12, kEditId});
         AddText(controlClass);
         AddText(L"text");
         m_words.push_back(0);
@@ -79,7 +79,7 @@ public:
     BOOL OnInitDialog() override
     {
         CDialog::OnInitDialog();
-        EXPECT_TRUE(m_edit.SubclassDlgItem(EditId, this));
+        EXPECT_TRUE(m_edit.SubclassDlgItem(kEditId, this));
         m_ownerEnabled = m_pParentWnd->IsWindowEnabled();
         if (m_onInit) {
             m_onInit(*this);
@@ -118,7 +118,7 @@ TEST_F(DialogTest, EndsWithItsResult)
         bool shown;
     };
     const Case cases[] = {
-        {"ended at once", [](TestDialog& d) { d.EndDialog(ChosenResult); }, ChosenResult, false},
+        {"ended at once", [](TestDialog& d) { d.EndDialog(kChosenResult); }, kChosenResult, false},
         {"OK", [](TestDialog& d) { d.PostMessage(WM_COMMAND, IDOK); }, IDOK, true},
         {"closed", [](TestDialog& d) { d.PostMessage(WM_CLOSE); }, IDCANCEL, true},
         {"Escape", [](TestDialog& d) { d.m_edit.PostMessage(WM_KEYDOWN, VK_ESCAPE); }, IDCANCEL, true},
@@ -134,9 +134,9 @@ TEST_F(DialogTest, EndsWithItsResult)
              TestDialog inner(plain.Get(), &d);
              inner.m_onInit = [](TestDialog& i) { i.PostMessage(WM_COMMAND, IDCANCEL); };
              EXPECT_EQ(inner.DoModal(), IDCANCEL);
-             d.EndDialog(ChosenResult);
+             d.EndDialog(kChosenResult);
          },
-         ChosenResult, false},
+         kChosenResult, false},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -178,9 +178,9 @@ TEST_F(DialogTest, ModelessLivesOn)
     ASSERT_TRUE(dialog.CreateIndirect(plain.Get(), &owner));
     EXPECT_TRUE(owner.IsWindowEnabled());
     CString text;
-    EXPECT_EQ(dialog.GetDlgItemText(EditId, text), 4);
+    EXPECT_EQ(dialog.GetDlgItemText(kEditId, text), 4);
     EXPECT_EQ(text, "text");
-    EXPECT_EQ(dialog.GetDlgItem(EditId), &dialog.m_edit);
+    EXPECT_EQ(dialog.GetDlgItem(kEditId), &dialog.m_edit);
     MSG msg = {dialog.m_edit.m_hWnd, WM_KEYDOWN, VK_ESCAPE, 0, 0, {0, 0}};
     EXPECT_TRUE(AfxPreTranslateMessage(&msg));
     EXPECT_EQ(dialog.m_edit.m_seen, 1);

@@ -9,11 +9,11 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-constexpr UINT CommandView = 0x8201;
-constexpr UINT CommandDocument = 0x8202;
-constexpr UINT CommandFrame = 0x8203;
-constexpr UINT CommandApp = 0x8204;
-constexpr UINT CommandNobody = 0x8205;
+constexpr UINT kCommandView = 0x8201;
+constexpr UINT kCommandDocument = 0x8202;
+constexpr UINT kCommandFrame = 0x8203;
+constexpr UINT kCommandApp = 0x8204;
+constexpr UINT kCommandNobody = 0x8205;
 
 Log* theLog = nullptr;
 
@@ -48,7 +48,7 @@ protected:
 
 IMPLEMENT_DYNCREATE(TestDocument, CDocument)
 BEGIN_MESSAGE_MAP(TestDocument, CDocument)
-ON_COMMAND(CommandDocument, &TestDocument::OnDocumentCommand)
+ON_COMMAND(kCommandDocument, &TestDocument::OnDocumentCommand)
 END_MESSAGE_MAP()
 
 class TestView : public CView
@@ -90,12 +90,12 @@ protected:
 
 IMPLEMENT_DYNCREATE(TestView, CView)
 BEGIN_MESSAGE_MAP(TestView, CView)
-ON_COMMAND(CommandView, &TestView::OnViewCommand)
+ON_COMMAND(kCommandView, &TestView::OnViewCommand)
 ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
 END_MESSAGE_MAP()
 
-constexpr UINT Indicators[] = {ID_SEPARATOR, CommandFrame};
-constexpr UINT Buttons[] = {CommandView, ID_SEPARATOR, CommandFrame, CommandNobody};
+constexpr UINT kIndicators[] = {ID_SEPARATOR, kCommandFrame};
+constexpr UINT kButtons[] = {kCommandView, ID_SEPARATOR, kCommandFrame, kCommandNobody};
 
 class TestFrame : public CFrameWnd
 {
@@ -108,8 +108,8 @@ public:
 protected:
     afx_msg int OnCreate(LPCREATESTRUCT lpcs)
     {
-        if (CFrameWnd::OnCreate(lpcs) == -1 || !m_toolBar.Create(this) || !m_toolBar.SetButtons(Buttons, 4) ||
-            !m_statusBar.Create(this) || !m_statusBar.SetIndicators(Indicators, 2)) {
+        if (CFrameWnd::OnCreate(lpcs) == -1 || !m_toolBar.Create(this) || !m_toolBar.SetButtons(kButtons, 4) ||
+            !m_statusBar.Create(this) || !m_statusBar.SetIndicators(kIndicators, 2)) {
             return -1;
         }
         return 0;
@@ -126,8 +126,8 @@ protected:
 IMPLEMENT_DYNCREATE(TestFrame, CFrameWnd)
 BEGIN_MESSAGE_MAP(TestFrame, CFrameWnd)
 ON_WM_CREATE()
-ON_COMMAND(CommandFrame, &TestFrame::OnFrameCommand)
-ON_UPDATE_COMMAND_UI(CommandFrame, &TestFrame::OnUpdateFrameCommand)
+ON_COMMAND(kCommandFrame, &TestFrame::OnFrameCommand)
+ON_UPDATE_COMMAND_UI(kCommandFrame, &TestFrame::OnUpdateFrameCommand)
 END_MESSAGE_MAP()
 
 class TestApp : public CWinApp
@@ -148,7 +148,7 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(TestApp, CWinApp)
-ON_COMMAND(CommandApp, &TestApp::OnAppCommand)
+ON_COMMAND(kCommandApp, &TestApp::OnAppCommand)
 ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
 END_MESSAGE_MAP()
 
@@ -227,22 +227,22 @@ TEST_F(FrameTest, RoutesCommandsFromTheViewOut)
         UINT command;
         const char* logged;
     } cases[] = {
-        {CommandView, "view command"},
-        {CommandDocument, "document command"},
-        {CommandFrame, "frame command"},
-        {CommandApp, "app command"},
+        {kCommandView, "view command"},
+        {kCommandDocument, "document command"},
+        {kCommandFrame, "frame command"},
+        {kCommandApp, "app command"},
     };
     for (const auto& row : cases) {
         log.clear();
         EXPECT_EQ(frame->SendMessage(WM_COMMAND, row.command), 1);
         EXPECT_EQ(log, Log{row.logged});
     }
-    EXPECT_EQ(frame->SendMessage(WM_COMMAND, CommandNobody), 0);
+    EXPECT_EQ(frame->SendMessage(WM_COMMAND, kCommandNobody), 0);
 }
 
 TEST_F(FrameTest, OffersMessagesToTheMainWindow)
 {
-    ACCEL key = {FVIRTKEY | FCONTROL, 'T', CommandApp};
+    ACCEL key = {FVIRTKEY | FCONTROL, 'T', kCommandApp};
     frame->m_hAccelTable = ::CreateAcceleratorTable(&key, 1);
     log.clear();
     BYTE state[256] = {};
@@ -266,7 +266,7 @@ TEST_F(FrameTest, BringsMenusAndBarsUpToDate)
 {
     CMenu menu;
     menu.CreatePopupMenu();
-    const UINT commands[] = {CommandView, CommandFrame, CommandNobody, SC_CLOSE};
+    const UINT commands[] = {kCommandView, kCommandFrame, kCommandNobody, SC_CLOSE};
     const UINT states[] = {MF_ENABLED, MF_CHECKED, MF_GRAYED | MF_DISABLED, MF_ENABLED};
     for (UINT command : commands) {
         menu.AppendMenu(MF_STRING, command, "text");
@@ -277,9 +277,9 @@ TEST_F(FrameTest, BringsMenusAndBarsUpToDate)
     }
     app.OnIdle(0);
     const CToolBarCtrl& bar = frame->m_toolBar.GetToolBarCtrl();
-    EXPECT_TRUE(bar.IsButtonEnabled(CommandView));
-    EXPECT_FALSE(bar.IsButtonEnabled(CommandNobody));
-    EXPECT_TRUE(bar.IsButtonChecked(CommandFrame));
+    EXPECT_TRUE(bar.IsButtonEnabled(kCommandView));
+    EXPECT_FALSE(bar.IsButtonEnabled(kCommandNobody));
+    EXPECT_TRUE(bar.IsButtonChecked(kCommandFrame));
     EXPECT_EQ(frame->m_statusBar.GetPaneText(1), "frame text");
     frame->SetMessageText("hello");
     EXPECT_EQ(frame->m_statusBar.GetPaneText(0), "hello");
@@ -309,7 +309,7 @@ TEST_F(FrameTest, UpdatesAllViewsButTheSender)
     second->DestroyWindow();
     EXPECT_EQ(log, Log{"view gone"}) << "a document with another view stays";
     EXPECT_EQ(frame->GetActiveView(), nullptr);
-    EXPECT_EQ(frame->SendMessage(WM_COMMAND, CommandFrame), 1);
+    EXPECT_EQ(frame->SendMessage(WM_COMMAND, kCommandFrame), 1);
 }
 
 TEST_F(FrameTest, LastViewTakesTheDocumentAlong)

@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr COLORREF White = RGB(255, 255, 255);
-constexpr COLORREF Red = RGB(255, 0, 0);
-constexpr COLORREF Blue = RGB(0, 0, 255);
+constexpr COLORREF kWhite = RGB(255, 255, 255);
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
 
 // A picture in memory, 40 x 30 pixels, white
 class GdiTest : public testing::Test
@@ -19,7 +19,7 @@ protected:
         ASSERT_TRUE(dc.CreateCompatibleDC(&screen));
         ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&screen, 40, 30));
         before = dc.SelectObject(&bitmap);
-        dc.FillSolidRect(0, 0, 40, 30, White);
+        dc.FillSolidRect(0, 0, 40, 30, kWhite);
     }
     void TearDown() override { dc.SelectObject(before); }
 
@@ -30,13 +30,13 @@ protected:
 
 TEST_F(GdiTest, SelectionAnswersWhatWasThere)
 {
-    CPen pen(PS_SOLID, 1, Red);
+    CPen pen(PS_SOLID, 1, kRed);
     CPen* stock = dc.SelectObject(&pen);
     ASSERT_NE(stock, nullptr);
     EXPECT_EQ(stock->m_hObject, ::GetStockObject(BLACK_PEN));
     EXPECT_TRUE(stock->IsKindOf(RUNTIME_CLASS(CPen)));
     EXPECT_EQ(dc.GetCurrentPen(), &pen);
-    CPen second(PS_SOLID, 2, Blue);
+    CPen second(PS_SOLID, 2, kBlue);
     EXPECT_EQ(dc.SelectObject(&second), &pen) << "an object of one's own, not a temporary one";
     dc.SelectObject(stock);
 
@@ -58,9 +58,9 @@ TEST_F(GdiTest, ObjectsDeleteWhatTheyOwn)
     HGDIOBJ brush = nullptr;
     HDC memory = nullptr;
     {
-        CPen owner(PS_SOLID, 1, Red);
+        CPen owner(PS_SOLID, 1, kRed);
         pen = owner;
-        CBrush detached(Blue);
+        CBrush detached(kBlue);
         brush = detached.Detach();
         CDC context;
         context.CreateCompatibleDC(nullptr);
@@ -77,7 +77,7 @@ TEST_F(GdiTest, ObjectsDeleteWhatTheyOwn)
         EXPECT_FALSE(owner.DeleteObject());
     }
     try {
-        CBrush none(99, Red); // no such hatch
+        CBrush none(99, kRed); // no such hatch
         FAIL() << "a brush of an unknown pattern";
     } catch (CResourceException* e) {
         e->Delete();
@@ -87,13 +87,13 @@ TEST_F(GdiTest, ObjectsDeleteWhatTheyOwn)
 TEST_F(GdiTest, Draws)
 {
     CRect area(5, 5, 10, 10);
-    dc.FillSolidRect(&area, Red);
-    EXPECT_EQ(dc.GetBkColor(), Red) << "the fill's colour stays";
-    CBrush blue(Blue);
+    dc.FillSolidRect(&area, kRed);
+    EXPECT_EQ(dc.GetBkColor(), kRed) << "the fill's colour stays";
+    CBrush blue(kBlue);
     area.OffsetRect(10, 0);
     dc.FillRect(&area, &blue);
-    dc.Draw3dRect(CRect(25, 5, 35, 15), Red, Blue);
-    CPen pen(PS_SOLID, 1, Blue);
+    dc.Draw3dRect(CRect(25, 5, 35, 15), kRed, kBlue);
+    CPen pen(PS_SOLID, 1, kBlue);
     CPen* oldPen = dc.SelectObject(&pen);
     dc.MoveTo(0, 20);
     dc.LineTo(8, 20);
@@ -106,9 +106,9 @@ TEST_F(GdiTest, Draws)
         int y;
         COLORREF expected;
     } probes[] = {
-        {4, 5, White},  {5, 5, Red},   {9, 9, Red},   {10, 9, White}, {15, 5, Blue},
-        {20, 5, White}, {25, 5, Red},  {34, 5, Blue}, {25, 14, Blue}, {26, 6, White},
-        {34, 14, Blue}, {0, 20, Blue}, {7, 20, Blue}, {8, 20, White}, {39, 29, RGB(1, 2, 3)},
+        {4, 5, kWhite},  {5, 5, kRed},   {9, 9, kRed},   {10, 9, kWhite}, {15, 5, kBlue},
+        {20, 5, kWhite}, {25, 5, kRed},  {34, 5, kBlue}, {25, 14, kBlue}, {26, 6, kWhite},
+        {34, 14, kBlue}, {0, 20, kBlue}, {7, 20, kBlue}, {8, 20, kWhite}, {39, 29, RGB(1, 2, 3)},
     };
     for (const auto& probe : probes) {
         EXPECT_EQ(dc.GetPixel(probe.x, probe.y), probe.expected) << probe.x << "," << probe.y;
@@ -119,11 +119,11 @@ TEST_F(GdiTest, Draws)
     picture.CreateCompatibleBitmap(&dc, 40, 30);
     CBitmap* oldBitmap = copy.SelectObject(&picture);
     copy.FillSolidRect(0, 0, 40, 30, RGB(0, 255, 0));
-    copy.TransparentBlt(0, 0, 40, 30, &dc, 0, 0, 40, 30, White);
-    EXPECT_EQ(copy.GetPixel(5, 5), Red);
+    copy.TransparentBlt(0, 0, 40, 30, &dc, 0, 0, 40, 30, kWhite);
+    EXPECT_EQ(copy.GetPixel(5, 5), kRed);
     EXPECT_EQ(copy.GetPixel(4, 5), RGB(0, 255, 0));
     copy.BitBlt(0, 0, 5, 5, &dc, 5, 5, SRCCOPY);
-    EXPECT_EQ(copy.GetPixel(4, 4), Red);
+    EXPECT_EQ(copy.GetPixel(4, 4), kRed);
     copy.SelectObject(oldBitmap);
 }
 
@@ -132,7 +132,7 @@ TEST_F(GdiTest, SettingsGoToBothContexts)
     CDC attributes;
     attributes.CreateCompatibleDC(nullptr);
     dc.SetAttribDC(attributes.m_hDC);
-    dc.SetTextColor(Red);
+    dc.SetTextColor(kRed);
     dc.SetMapMode(MM_ANISOTROPIC);
     dc.SetWindowExt(10, 10);
     dc.SetViewportExt(20, 20);
@@ -140,8 +140,8 @@ TEST_F(GdiTest, SettingsGoToBothContexts)
     CFont font;
     font.CreatePointFont(300, "MS UI Gothic");
     CFont* oldFont = dc.SelectObject(&font);
-    EXPECT_EQ(::GetTextColor(dc.m_hDC), Red);
-    EXPECT_EQ(::GetTextColor(attributes.m_hDC), Red);
+    EXPECT_EQ(::GetTextColor(dc.m_hDC), kRed);
+    EXPECT_EQ(::GetTextColor(attributes.m_hDC), kRed);
     EXPECT_EQ(dc.GetTextExtent("abc", 3), dc.GetOutputTextExtent("abc", 3));
     CPoint point(1, 1);
     dc.LPtoDP(&point);
@@ -167,7 +167,7 @@ TEST_F(GdiTest, DrawingLeavesNoObjects)
     testsupport::ExpectNothingLeftBy([&wnd] {
         for (int i = 0; i < 20; ++i) {
             CDC* own = wnd.GetDC();
-            CPen pen(PS_SOLID, 1, Red);
+            CPen pen(PS_SOLID, 1, kRed);
             CFont font;
             font.CreatePointFont(90, "MS UI Gothic");
             CPen* oldPen = own->SelectObject(&pen);

@@ -5,9 +5,9 @@ namespace {
 
 const UINT FirstRegistered = ::RegisterWindowMessage("dayvane test first");
 const UINT SecondRegistered = ::RegisterWindowMessage("dayvane test second");
-constexpr UINT ChildId = 7;
-constexpr UINT OtherId = 8;
-constexpr UINT NotifyCode = static_cast<UINT>(-2080);
+constexpr UINT kChildId = 7;
+constexpr UINT kOtherId = 8;
+constexpr UINT kNotifyCode = static_cast<UINT>(-2080);
 
 using Log = std::vector<std::string>;
 
@@ -74,11 +74,11 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-constexpr UINT CommandPress = 0x8101;
-constexpr UINT CommandRange = 0x8110;
-constexpr UINT CommandRangeLast = 0x8114;
-constexpr UINT CommandPerhaps = 0x8120;
-constexpr UINT CommandNever = 0x8130;
+constexpr UINT kCommandPress = 0x8101;
+constexpr UINT kCommandRange = 0x8110;
+constexpr UINT kCommandRangeLast = 0x8114;
+constexpr UINT kCommandPerhaps = 0x8120;
+constexpr UINT kCommandNever = 0x8130;
 
 BEGIN_MESSAGE_MAP(ParentWnd, CWnd)
 ON_WM_SIZE()
@@ -91,14 +91,14 @@ ON_WM_KEYDOWN()
 ON_WM_GETDLGCODE()
 ON_REGISTERED_MESSAGE(FirstRegistered, &ParentWnd::OnFirst)
 ON_REGISTERED_MESSAGE(SecondRegistered, &ParentWnd::OnSecond)
-ON_COMMAND(CommandPress, &ParentWnd::OnPress)
-ON_COMMAND_RANGE(CommandRange, CommandRangeLast, &ParentWnd::OnRange)
-ON_COMMAND_EX(CommandPerhaps, &ParentWnd::OnPerhaps)
-ON_COMMAND(CommandNever, &ParentWnd::OnPress)
-ON_UPDATE_COMMAND_UI(CommandNever, &ParentWnd::OnNever)
-ON_EN_CHANGE(ChildId, &ParentWnd::OnChange)
-ON_NOTIFY(NotifyCode, ChildId, &ParentWnd::OnChildNotification)
-ON_NOTIFY_RANGE(NotifyCode - 1, 0, OtherId, &ParentWnd::OnAnyNotification)
+ON_COMMAND(kCommandPress, &ParentWnd::OnPress)
+ON_COMMAND_RANGE(kCommandRange, kCommandRangeLast, &ParentWnd::OnRange)
+ON_COMMAND_EX(kCommandPerhaps, &ParentWnd::OnPerhaps)
+ON_COMMAND(kCommandNever, &ParentWnd::OnPress)
+ON_UPDATE_COMMAND_UI(kCommandNever, &ParentWnd::OnNever)
+ON_EN_CHANGE(kChildId, &ParentWnd::OnChange)
+ON_NOTIFY(kNotifyCode, kChildId, &ParentWnd::OnChildNotification)
+ON_NOTIFY_RANGE(kNotifyCode - 1, 0, kOtherId, &ParentWnd::OnAnyNotification)
 END_MESSAGE_MAP()
 
 // Overrides one handler and adds one; everything else comes from the base class's map.
@@ -114,7 +114,7 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(DerivedParentWnd, ParentWnd)
-ON_COMMAND(CommandPress, &DerivedParentWnd::OnDerivedPress)
+ON_COMMAND(kCommandPress, &DerivedParentWnd::OnDerivedPress)
 END_MESSAGE_MAP()
 
 LPCTSTR PlainClass()
@@ -181,7 +181,7 @@ TEST_F(MessageTest, UnpacksParametersAndAnswers)
 TEST_F(MessageTest, DeclinedWheelReachesTheParentOnce)
 {
     ParentWnd child;
-    ASSERT_TRUE(child.CreateEx(0, PlainClass(), "", WS_CHILD, CRect(0, 0, 9, 9), &parent, ChildId));
+    ASSERT_TRUE(child.CreateEx(0, PlainClass(), "", WS_CHILD, CRect(0, 0, 9, 9), &parent, kChildId));
     child.m_takes = parent.m_takes = FALSE; // each calls the default itself before it declines
     child.m_log.clear();
     parent.m_log.clear();
@@ -201,14 +201,14 @@ TEST_F(MessageTest, RoutesCommands)
         Log logged;
     };
     const Case cases[] = {
-        {"most derived first", CommandPress, TRUE, 1, {"derived", "pressed"}},
-        {"from an accelerator", MAKEWPARAM(CommandPress, 1), TRUE, 1, {"derived", "pressed"}},
-        {"first of a range", CommandRange, TRUE, 1, {"range 33040"}},
-        {"last of a range", CommandRangeLast, TRUE, 1, {"range 33044"}},
-        {"beyond a range", CommandRangeLast + 1, TRUE, 0, {}},
-        {"taken", CommandPerhaps, TRUE, 1, {"perhaps 33056"}},
-        {"declined", CommandPerhaps, FALSE, 0, {"perhaps 33056"}},
-        {"disabled meanwhile", CommandNever, TRUE, 1, {}},
+        {"most derived first", kCommandPress, TRUE, 1, {"derived", "pressed"}},
+        {"from an accelerator", MAKEWPARAM(kCommandPress, 1), TRUE, 1, {"derived", "pressed"}},
+        {"first of a range", kCommandRange, TRUE, 1, {"range 33040"}},
+        {"last of a range", kCommandRangeLast, TRUE, 1, {"range 33044"}},
+        {"beyond a range", kCommandRangeLast + 1, TRUE, 0, {}},
+        {"taken", kCommandPerhaps, TRUE, 1, {"perhaps 33056"}},
+        {"declined", kCommandPerhaps, FALSE, 0, {"perhaps 33056"}},
+        {"disabled meanwhile", kCommandNever, TRUE, 1, {}},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -223,7 +223,7 @@ TEST_F(MessageTest, UpdatesAMenu)
 {
     CMenu menu;
     menu.CreatePopupMenu();
-    const UINT commands[] = {CommandPress, CommandNever, 0x8fff};
+    const UINT commands[] = {kCommandPress, kCommandNever, 0x8fff};
     const UINT expected[] = {MF_ENABLED, MF_GRAYED | MF_DISABLED, MF_GRAYED | MF_DISABLED};
     for (UINT i = 0; i < 3; ++i) {
         menu.AppendMenu(MF_STRING, commands[i], "text");
@@ -235,12 +235,12 @@ TEST_F(MessageTest, UpdatesAMenu)
         EXPECT_EQ(menu.GetMenuState(i, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED), expected[i]) << i;
     }
     CCmdUI state;
-    state.m_nID = CommandPress;
+    state.m_nID = kCommandPress;
     state.m_pMenu = &menu;
     state.SetCheck(1);
     state.SetText("other");
     CString text;
-    menu.GetMenuString(CommandPress, text, MF_BYCOMMAND);
+    menu.GetMenuString(kCommandPress, text, MF_BYCOMMAND);
     EXPECT_EQ(text, "other");
     EXPECT_EQ(menu.GetMenuState(0, MF_BYPOSITION) & MF_CHECKED, static_cast<UINT>(MF_CHECKED));
 }
@@ -280,7 +280,7 @@ protected:
 
 BEGIN_MESSAGE_MAP(KeepingEdit, CEdit)
 ON_CONTROL_REFLECT_EX(EN_CHANGE, &KeepingEdit::OnOwnChange)
-ON_NOTIFY_REFLECT_EX(NotifyCode, &KeepingEdit::OnOwnNotification)
+ON_NOTIFY_REFLECT_EX(kNotifyCode, &KeepingEdit::OnOwnNotification)
 ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 
@@ -290,7 +290,7 @@ protected:
     void SetUp() override
     {
         MessageTest::SetUp();
-        ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 30, 20), &parent, ChildId));
+        ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 30, 20), &parent, kChildId));
         parent.m_log.clear();
     }
 
@@ -303,18 +303,18 @@ TEST_F(ReflectionTest, ChildSeesItsNotificationsFirst)
     EXPECT_EQ(edit.m_log, Log{"own change"});
     EXPECT_EQ(parent.m_log, Log{"changed"});
     // The identifier is the window's own, whatever the record says.
-    EXPECT_EQ(Notify(edit, NotifyCode), 99);
+    EXPECT_EQ(Notify(edit, kNotifyCode), 99);
     EXPECT_EQ(edit.m_log.back(), "own notification");
     EXPECT_EQ(parent.m_log.back(), "notified -2080");
 
     edit.m_keeps = TRUE;
     parent.m_log.clear();
     edit.SetWindowText("b");
-    EXPECT_EQ(Notify(edit, NotifyCode), 77);
+    EXPECT_EQ(Notify(edit, kNotifyCode), 77);
     EXPECT_EQ(parent.m_log, Log{});
-    EXPECT_EQ(Notify(edit, NotifyCode - 1), 0) << "another code passes by the child";
+    EXPECT_EQ(Notify(edit, kNotifyCode - 1), 0) << "another code passes by the child";
     EXPECT_EQ(parent.m_log, Log{"any 7"});
-    EXPECT_EQ(Notify(edit, NotifyCode - 2), 0);
+    EXPECT_EQ(Notify(edit, kNotifyCode - 2), 0);
     EXPECT_EQ(parent.m_log.size(), 1u);
 }
 
@@ -322,7 +322,7 @@ TEST_F(ReflectionTest, ChildMayEndInItsNotification)
 {
     edit.m_ends = true;
     edit.m_keeps = TRUE;
-    EXPECT_EQ(Notify(edit, NotifyCode), 77);
+    EXPECT_EQ(Notify(edit, kNotifyCode), 77);
     EXPECT_EQ(edit.m_hWnd, nullptr);
 }
 

@@ -68,12 +68,12 @@ private:
     bool m_deletesItself;
 };
 
-constexpr UINT UserMessage = WM_APP + 1;
+constexpr UINT kUserMessage = WM_APP + 1;
 
 BEGIN_MESSAGE_MAP(LoggedWnd, CWnd)
 ON_WM_CREATE()
 ON_WM_DESTROY()
-ON_MESSAGE(UserMessage, &LoggedWnd::OnUser)
+ON_MESSAGE(kUserMessage, &LoggedWnd::OnUser)
 END_MESSAGE_MAP()
 
 using Log = std::vector<std::string>;
@@ -105,7 +105,7 @@ TEST_F(WindowTest, LivesInOrder)
         CRect rect;
         wnd.GetWindowRect(&rect);
         EXPECT_EQ(rect, CRect(10, 20, 60, 100));
-        EXPECT_EQ(wnd.SendMessage(UserMessage, 40, 2), 42);
+        EXPECT_EQ(wnd.SendMessage(kUserMessage, 40, 2), 42);
         const HWND hWnd = wnd.m_hWnd;
         EXPECT_TRUE(wnd.DestroyWindow());
         EXPECT_FALSE(::IsWindow(hWnd));
@@ -196,7 +196,7 @@ TEST_F(WindowTest, HandlerMayEndItsOwnWindowAndObject)
         wnd->m_onCommand = row.act;
         const HWND hWnd = wnd->m_hWnd;
         log.clear();
-        EXPECT_EQ(::SendMessage(hWnd, UserMessage, 2, 3), 5);
+        EXPECT_EQ(::SendMessage(hWnd, kUserMessage, 2, 3), 5);
         EXPECT_FALSE(::IsWindow(hWnd));
         EXPECT_EQ(CWnd::FromHandlePermanent(hWnd), nullptr);
         EXPECT_EQ(log, row.expected);
@@ -236,13 +236,13 @@ TEST_F(WindowTest, TakesOverAndGivesBack)
     CWnd other;
     EXPECT_FALSE(other.SubclassWindow(hEdit)) << "a window has one object";
     EXPECT_FALSE(other.SubclassWindow(nullptr));
-    EXPECT_EQ(::SendMessage(hEdit, UserMessage, 1, 1), 2);
+    EXPECT_EQ(::SendMessage(hEdit, kUserMessage, 1, 1), 2);
     CString text;
     wnd.GetWindowText(text); // the edit box still does its work
     EXPECT_EQ(text, "abc");
     EXPECT_EQ(wnd.UnsubclassWindow(), hEdit);
     EXPECT_EQ(::GetWindowLongPtr(hEdit, GWLP_WNDPROC), procedure);
-    EXPECT_EQ(::SendMessage(hEdit, UserMessage, 1, 1), 0);
+    EXPECT_EQ(::SendMessage(hEdit, kUserMessage, 1, 1), 0);
     ASSERT_TRUE(wnd.SubclassWindow(hEdit)) << "again";
     ::DestroyWindow(hEdit);
     EXPECT_EQ(wnd.m_hWnd, nullptr);
@@ -335,10 +335,10 @@ TEST_F(WindowTest, ExceptionsEndAtTheWindowProcedure)
         const char* kind;
     };
     const Case cases[] = {
-        {"framework's", UserMessage, [] { AfxThrowInvalidArgException(); }, "CInvalidArgException"},
-        {"on the heap", UserMessage, [] { AfxThrowFileException(CFileException::fileNotFound); }, "CFileException"},
-        {"standard", UserMessage, [] { throw std::bad_alloc(); }, "other"},
-        {"anything", UserMessage, [] { throw 1; }, "other"},
+        {"framework's", kUserMessage, [] { AfxThrowInvalidArgException(); }, "CInvalidArgException"},
+        {"on the heap", kUserMessage, [] { AfxThrowFileException(CFileException::fileNotFound); }, "CFileException"},
+        {"standard", kUserMessage, [] { throw std::bad_alloc(); }, "other"},
+        {"anything", kUserMessage, [] { throw 1; }, "other"},
         {"paint", WM_PAINT, [] { AfxThrowMemoryException(); }, "CMemoryException"},
         {"destroy", WM_DESTROY, [] { AfxThrowUserException(); }, "CUserException"},
         {"last message", WM_NCDESTROY, [] { AfxThrowUserException(); }, "CUserException"},
@@ -353,7 +353,7 @@ TEST_F(WindowTest, ExceptionsEndAtTheWindowProcedure)
         wnd.UpdateWindow();
         wnd.m_thrower = row.message;
         wnd.m_throw = row.thrown;
-        EXPECT_EQ(wnd.SendMessage(UserMessage, 5, 5), 0);
+        EXPECT_EQ(wnd.SendMessage(kUserMessage, 5, 5), 0);
         wnd.Invalidate();
         wnd.UpdateWindow();
         EXPECT_FALSE(::GetUpdateRect(wnd.m_hWnd, nullptr, FALSE)) << "a failed paint must not be asked for again";
@@ -381,13 +381,13 @@ TEST_F(WindowTest, NestedMessagesKeepTheirOwn)
     protected:
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
         {
-            if (message == UserMessage) {
+            if (message == kUserMessage) {
                 m_seen.push_back(GetCurrentMessage()->message);
-                SendMessage(UserMessage + 1);
+                SendMessage(kUserMessage + 1);
                 m_seen.push_back(GetCurrentMessage()->message);
                 return 0;
             }
-            if (message == UserMessage + 1) {
+            if (message == kUserMessage + 1) {
                 m_seen.push_back(GetCurrentMessage()->message);
                 AfxThrowUserException();
             }
@@ -396,9 +396,9 @@ TEST_F(WindowTest, NestedMessagesKeepTheirOwn)
     } wnd;
     const AFX_EXCEPTION_REPORTER before = AfxSetExceptionReporter(&Record);
     ASSERT_TRUE(CreatePlain(wnd));
-    wnd.SendMessage(UserMessage);
+    wnd.SendMessage(kUserMessage);
     AfxSetExceptionReporter(before);
-    EXPECT_EQ(wnd.m_seen, (std::vector<UINT>{UserMessage, UserMessage + 1, UserMessage}));
+    EXPECT_EQ(wnd.m_seen, (std::vector<UINT>{kUserMessage, kUserMessage + 1, kUserMessage}));
 }
 
 // Messages about to be dispatched
@@ -413,7 +413,7 @@ TEST_F(WindowTest, OffersAMessageFromTheWindowUp)
 
         BOOL PreTranslateMessage(MSG* pMsg) override
         {
-            if (pMsg->message == UserMessage) {
+            if (pMsg->message == kUserMessage) {
                 m_log.push_back(m_name);
                 return m_takes;
             }
@@ -428,7 +428,7 @@ TEST_F(WindowTest, OffersAMessageFromTheWindowUp)
     Translating child(log, "child");
     ASSERT_TRUE(CreatePlain(parent));
     ASSERT_TRUE(CreatePlain(child, &parent));
-    MSG msg = {child.m_hWnd, UserMessage, 0, 0, 0, {0, 0}};
+    MSG msg = {child.m_hWnd, kUserMessage, 0, 0, 0, {0, 0}};
     EXPECT_FALSE(AfxPreTranslateMessage(&msg));
     parent.m_takes = true;
     EXPECT_TRUE(AfxPreTranslateMessage(&msg));
@@ -439,7 +439,7 @@ TEST_F(WindowTest, OffersAMessageFromTheWindowUp)
     child.m_takes = false;
     EXPECT_FALSE(CWnd::WalkPreTranslateTree(child.m_hWnd, &msg)) << "up to the given window only";
     EXPECT_EQ(log, Log{"child"});
-    child.PostMessage(UserMessage);
+    child.PostMessage(kUserMessage);
     EXPECT_TRUE(AfxPumpMessage());
 }
 
