@@ -25,9 +25,9 @@ constexpr RowsOfMonths IndexRowsByMonth()
     unsigned char count = 0;
     for (int month = 0; month <= 12; ++month) {
         index.begin[month] = count;
-        for (unsigned char row = 0; row < kNamedDays.size(); ++row) {
+        for (std::size_t row = 0; row < kNamedDays.size(); ++row) {
             if (kNamedDays[row].nMonth == month) {
-                index.rows[count++] = row;
+                index.rows[count++] = static_cast<unsigned char>(row);
             }
         }
     }

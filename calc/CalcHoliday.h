@@ -23,8 +23,8 @@ struct tagHOLIDAY
 class CCalcHoliday
 {
 public:
-    CCalcHoliday() {}
-    ~CCalcHoliday() {}
+    CCalcHoliday() = default;
+    ~CCalcHoliday() = default;
 
     // 1 and the named day when the date is one; else 0, and the record must not be read.
     //

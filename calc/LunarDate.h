@@ -16,10 +16,10 @@
 class CLunarDate
 {
 public:
-    CLunarDate() {}
-    CLunarDate(const CLunarDate&) {}
-    CLunarDate& operator=(const CLunarDate&) { return *this; }
-    virtual ~CLunarDate() {}
+    CLunarDate() = default;
+    CLunarDate(const CLunarDate&) = default;
+    CLunarDate& operator=(const CLunarDate&) = default;
+    virtual ~CLunarDate() = default;
 
     // The whole day number of the date's calendar day; before 15 October 1582 its fields count as Julian ones. A date
     // that is not valid (fields -1) gives a number without meaning.

@@ -23,7 +23,7 @@ UidSource RandomUids()
     };
 }
 
-UidSource CountedUids(std::string prefix)
+UidSource CountedUids(const std::string& prefix)
 {
     auto count = std::make_shared<int>(0);
     return [prefix, count] { return prefix + std::to_string(++*count); };

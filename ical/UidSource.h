@@ -11,6 +11,6 @@ using UidSource = std::function<std::string()>;
 // Worldwide unique, by 122 random bits.
 UidSource RandomUids();
 // "prefix1", "prefix2" and so on: the same in every run.
-UidSource CountedUids(std::string prefix);
+UidSource CountedUids(const std::string& prefix);
 
 } // namespace dayvane::ical

@@ -1,0 +1,57 @@
+# shellcheck shell=bash
+# Formatting and static checks. Sourced by ./dev.
+
+# The sources and headers that git knows or would add.
+source_files() { git -C "$ROOT" ls-files --cached --others --exclude-standard -- '*.cpp' '*.h' | sort -u; }
+
+command_format() {
+    need_packages "${lint_packages[@]}"
+    local mode=${1:-} files=()
+    mapfile -t files < <(cd "$ROOT" && source_files | while read -r file; do [ ! -e "$file" ] || printf '%s\n' "$file"; done)
+    cd "$ROOT"
+    case $mode in
+        "") clang-format -i "${files[@]}" ;;
+        --check)
+            clang-format --dry-run --Werror "${files[@]}" || die "Some files differ from .clang-format; ./dev format mends them."
+            say "${#files[@]} files are formatted."
+            ;;
+        *) die "./dev format knows only the option --check." ;;
+    esac
+}
+
+# lint [FILE...]: the house rules for every file, clang-tidy for the pure sources (or the ones named).
+command_lint() {
+    need_packages "${native_packages[@]}" "${lint_packages[@]}"
+    local files=() status=0
+    build native build.ninja >/dev/null
+    step "House rules"
+    (cd "$ROOT" && source_files | xargs awk -f "$ROOT/tools/house_rules.awk") || status=1
+    step "clang-tidy"
+    if [ $# -gt 0 ]; then
+        files=("$@")
+    else
+        mapfile -t files < <(pure_sources)
+    fi
+    tidy "${files[@]}" || status=1
+    [ "$status" -eq 0 ] || die "There is something to mend."
+    say "Nothing to mend."
+}
+
+# The product's own sources in the native build, relative to the root.
+pure_sources() {
+    sed -n 's/^ *"file": "\(.*\)",\?$/\1/p' "$BUILD/native/compile_commands.json" |
+        sed -n "s|^$ROOT/||p" | grep -vE '^(tests|bench|build)/' | sort -u
+}
+
+# One process for each core; only findings are shown.
+tidy() {
+    local log
+    log=$(log_file tidy)
+    (cd "$ROOT" && printf '%s\n' "$@" |
+        xargs -P "$(nproc)" -n 4 clang-tidy --quiet --warnings-as-errors='*' -p "$BUILD/native") >"$log" 2>"$log.errors" ||
+        {
+            grep -E 'warning:|error:' "$log" | sort -u >&2
+            grep -E 'rror' "$log.errors" | grep -v 'treated as error' | sort -u >&2
+            return 1
+        }
+}
