@@ -64,6 +64,7 @@ if(WIN32)
 endif()
 
 define_property(GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
+define_property(GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
 define_property(GLOBAL PROPERTY DAYVANE_TEST_PROGRAMS)
 
 function(dayvane_collect property)
@@ -76,10 +77,18 @@ function(dayvane_collect property)
   set(${property} ${files} PARENT_SCOPE)
 endfunction()
 
-# Names the library sources of the calling folder.
+# Names the library sources of the calling folder, and the headers that a host may include: HEADERS everywhere,
+# WINDOW_HEADERS on Windows. Only these are installed; every header that one of them includes is among them.
 function(dayvane_sources)
-  dayvane_collect(files ${ARGN})
+  cmake_parse_arguments(arg "" "" "HEADERS;WINDOW_HEADERS;PURE;PAINTER;SHELL" ${ARGN})
+  dayvane_collect(files PURE ${arg_PURE} PAINTER ${arg_PAINTER} SHELL ${arg_SHELL})
   set_property(GLOBAL APPEND PROPERTY DAYVANE_LIBRARY_SOURCES ${files})
+  set(headers ${arg_HEADERS})
+  if(WIN32)
+    list(APPEND headers ${arg_WINDOW_HEADERS})
+  endif()
+  list(TRANSFORM headers PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+  set_property(GLOBAL APPEND PROPERTY DAYVANE_PUBLIC_HEADERS ${headers})
 endfunction()
 
 # Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library.
@@ -98,6 +107,11 @@ function(dayvane_add_library)
   add_library(Dayvane::Dayvane ALIAS Dayvane)
   target_link_libraries(Dayvane PRIVATE $<BUILD_INTERFACE:dayvane_flags>)
   target_compile_features(Dayvane PUBLIC cxx_std_17)
+  get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
+  target_sources(Dayvane
+    PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}" FILES ${headers}
+    PUBLIC FILE_SET entrance TYPE HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/include"
+    FILES "${CMAKE_SOURCE_DIR}/include/dayvane/Dayvane.h")
   foreach(dir ${DAYVANE_INCLUDE_DIRS})
     target_include_directories(Dayvane PUBLIC $<BUILD_INTERFACE:${dir}>)
   endforeach()

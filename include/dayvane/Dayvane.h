@@ -7,6 +7,7 @@
 #include "calc/CalcHoliday.h"
 #include "calc/DayCalendar.h"
 #include "calc/Eras.h"
+#include "calc/ExactSky.h"
 #include "calc/LunarDate.h"
 #include "calc/WeekNumbers.h"
 #include "calc/WorkHours.h"

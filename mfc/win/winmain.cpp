@@ -1,5 +1,5 @@
 // WinMain of a program with an application object. It belongs to the program, not to the library: link the CMake target
-// Dayvane::WinMain, which adds this source to the program's own, or write the same lines there. A program with its own
+// Dayvane::WinMain, which adds this object to the program's own, or write the same lines there. A program with its own
 // main() leaves it out.
 #include <afxwin.h>
 
