@@ -50,6 +50,13 @@ inline CivilDate AddDays(const CivilDate& date, int days)
     return result;
 }
 
+constexpr int kDaysPerWeek = 7;
+constexpr int kHoursPerDay = 24;
+constexpr int kMinutesPerHour = 60;
+constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
+constexpr int kSecondsPerMinute = 60;
+constexpr long long kSecondsPerDay = kMinutesPerDay * kSecondsPerMinute; // wide: counts of days become seconds
+
 // Days of the week as COleDateTime counts them.
 enum Weekday
 {
@@ -59,15 +66,20 @@ enum Weekday
     kSaturday = 7
 };
 
+inline int WeekdayOf(int serialDay)
+{
+    return civil::DayOfWeek(serialDay);
+}
+
 inline int WeekdayOf(const CivilDate& date)
 {
-    return civil::DayOfWeek(SerialDayOf(date));
+    return WeekdayOf(SerialDayOf(date));
 }
 
 // Day of the month of the nth (1, 2, ...) such weekday of a month; the year must be valid.
 inline int NthWeekday(int year, int month, int weekday, int nth)
 {
-    const int firstWeekday = civil::DayOfWeek(civil::DayNumber(year, month, 1));
-    return 1 + (weekday - firstWeekday + 7) % 7 + 7 * (nth - 1);
+    const int firstWeekday = WeekdayOf(civil::DayNumber(year, month, 1));
+    return 1 + (weekday - firstWeekday + kDaysPerWeek) % kDaysPerWeek + kDaysPerWeek * (nth - 1);
 }
 } // namespace dayvane

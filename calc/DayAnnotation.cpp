@@ -16,7 +16,7 @@ DayAnnotation AnnotateDay(const COleDateTime& date)
     }
     const CivilDate day = CivilDateOf(date);
     if (day.IsValid()) {
-        if (const SolarTerm* term = SolarTermOf(DayNumberOf(day))) {
+        if (const SolarTerm* term = SolarTermOf(LunarDayNumberOf(day))) {
             annotation.solarTerm = term->name;
         }
     }

@@ -3,7 +3,7 @@
 #include <cmath>
 
 namespace dayvane {
-int DayNumberOf(const CivilDate& date)
+int LunarDayNumberOf(const CivilDate& date)
 {
     const bool isGregorian =
         date.year > 1582 || (date.year == 1582 && (date.month > 10 || (date.month == 10 && date.day >= 15)));
@@ -20,7 +20,7 @@ int DayNumberOf(const CivilDate& date)
     return 365 * year + leapDays + (3 * month + 3) / 5 + 30 * month + date.day + 1721024;
 }
 
-CivilDate CivilDateOfDayNumber(double dayNumber)
+CivilDate CivilDateOfLunarDayNumber(double dayNumber)
 {
     constexpr double kFarthest = 1e9;              // whole numbers below hold all of its parts
     constexpr double kFirstGregorianDay = 2299161; // 15 October 1582

@@ -6,8 +6,8 @@
 namespace dayvane {
 // The number of a day of the calendar in force then: Julian before 15 October 1582. Fields of -1 give a number without
 // meaning.
-int DayNumberOf(const CivilDate& date);
+int LunarDayNumberOf(const CivilDate& date);
 
 // The civil date of a day number, by the method of CLunarDate::JCtoGC.
-CivilDate CivilDateOfDayNumber(double dayNumber);
+CivilDate CivilDateOfLunarDayNumber(double dayNumber);
 } // namespace dayvane

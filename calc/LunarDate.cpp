@@ -9,12 +9,12 @@ using namespace dayvane;
 
 double CLunarDate::GCtoJC(const COleDateTime& date) const
 {
-    return DayNumberOf(CivilDateOf(date));
+    return LunarDayNumberOf(CivilDateOf(date));
 }
 
 void CLunarDate::JCtoGC(double dayNumber, int& year, int& month, int& day) const
 {
-    const CivilDate date = CivilDateOfDayNumber(dayNumber);
+    const CivilDate date = CivilDateOfLunarDayNumber(dayNumber);
     year = date.year;
     month = date.month;
     day = date.day;
@@ -49,9 +49,9 @@ void CLunarDate::CalcLunarCalendar(const COleDateTime& date, int& year, int& mon
 {
     constexpr int kLastMonthSureOfYear = 9; // months 10 to 12 may reach into the next civil year
 
-    const int dayNumber = DayNumberOf(CivilDateOf(date));
+    const int dayNumber = LunarDayNumberOf(CivilDateOf(date));
     const LunarMonth& lunarMonth = LunarQuarterOf(dayNumber).MonthOf(dayNumber);
-    const CivilDate civilDate = CivilDateOfDayNumber(dayNumber);
+    const CivilDate civilDate = CivilDateOfLunarDayNumber(dayNumber);
     month = lunarMonth.number;
     day = static_cast<int>(dayNumber - lunarMonth.firstDay + 1);
     year = civilDate.year;
@@ -63,7 +63,7 @@ void CLunarDate::CalcLunarCalendar(const COleDateTime& date, int& year, int& mon
 int CLunarDate::Get24Setuki(const COleDateTime& date, CString& name) const
 {
     const CivilDate day = CivilDateOf(date);
-    const SolarTerm* term = day.IsValid() ? SolarTermOf(DayNumberOf(day)) : nullptr;
+    const SolarTerm* term = day.IsValid() ? SolarTermOf(LunarDayNumberOf(day)) : nullptr;
     if (!term) {
         return 0;
     }
@@ -74,7 +74,7 @@ int CLunarDate::Get24Setuki(const COleDateTime& date, CString& name) const
 int CLunarDate::Get24Setuki2(int& index, const COleDateTime& date, CString& name) const
 {
     const CivilDate day = CivilDateOf(date);
-    const SolarTerm* term = day.IsValid() ? SolarTermWithin(DayNumberOf(day)) : nullptr;
+    const SolarTerm* term = day.IsValid() ? SolarTermWithin(LunarDayNumberOf(day)) : nullptr;
     if (!term) {
         return 0;
     }

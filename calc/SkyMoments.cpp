@@ -11,7 +11,6 @@
 
 namespace dayvane {
 namespace {
-constexpr double kSecondsPerDay = 86400.0;
 constexpr double kEpochDay = 36526.5; // noon of 1 January 2000
 constexpr double kDaysPerYear = 365.2422;
 constexpr double kLunation = 29.530588861;

@@ -8,7 +8,6 @@
 #include "CivilDate.h"
 
 namespace dayvane {
-inline constexpr int kMinutesPerDay = 24 * 60;
 
 struct SkyMoment
 {

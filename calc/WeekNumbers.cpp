@@ -2,11 +2,10 @@
 
 namespace dayvane {
 namespace {
-constexpr int kDaysPerWeek = 7;
 
 int WeekStart(int serialDay, int firstDayOfWeek)
 {
-    return serialDay - (civil::DayOfWeek(serialDay) - firstDayOfWeek + kDaysPerWeek) % kDaysPerWeek;
+    return serialDay - (WeekdayOf(serialDay) - firstDayOfWeek + kDaysPerWeek) % kDaysPerWeek;
 }
 
 // Days that a week must have in a year to be its first.

@@ -4,7 +4,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kMinutesPerDay = 24 * 60;
 constexpr WorkPeriod kUsualPeriod = {6 * 60, 18 * 60};
 const WorkPeriods kNoPeriods;
 } // namespace

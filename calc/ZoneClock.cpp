@@ -5,9 +5,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kSecondsPerMinute = 60;
-constexpr int kMinutesPerDay = 24 * 60;
-constexpr ClockSeconds kSecondsPerDay = 24 * 3600;
 constexpr int kLargestOffset = 26 * 3600;
 constexpr ClockSeconds kLatestMoment = 1'000'000'000'000; // beyond the valid years by far
 constexpr int kUsualRowMinutes = 60;

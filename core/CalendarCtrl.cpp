@@ -1,6 +1,7 @@
 // The base control: lifetime, settings, dates, fonts, hit test, notifications.
 #include "core/CalendarCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
 #include "core/InPlaceEdit.h"
@@ -44,8 +45,6 @@ constexpr int kHitRows = 49;
 
 constexpr int kMinTimeScale = 1;
 constexpr int kMaxTimeScale = 60;
-constexpr int kHoursPerDay = 24;
-constexpr int kMinutesPerHour = 60;
 constexpr int kGridRowHeight = 20; // pixels
 
 } // namespace
@@ -127,23 +126,6 @@ CCalendarCtrl::Alive::~Alive()
 BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
 {
     return TRUE;
-}
-
-void CCalendarCtrl::RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground)
-{
-    WNDCLASS wc = {};
-    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClass, &wc)) {
-        return;
-    }
-    wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
-    wc.lpfnWndProc = ::DefWindowProc;
-    wc.hInstance = AfxGetInstanceHandle();
-    wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
-    wc.hbrBackground = hBackground;
-    wc.lpszClassName = lpszClass;
-    if (!AfxRegisterClass(&wc)) {
-        AfxThrowResourceException();
-    }
 }
 
 // An open edit box belongs to the cell where it was opened: whatever moves the cells ends the edit first.
@@ -300,16 +282,11 @@ void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
         return;
     }
     SCROLLINFO info = {};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
     GetScrollInfo(SB_VERT, &info);
     const int maximum = std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
-    info.nPos = static_cast<int>((info.nPos + 1LL) * maximum / std::max(info.nMax + 1LL, 1LL));
-    info.nMin = 0;
-    info.nMax = maximum;
-    info.nPage = 1;
-    SetScrollInfo(SB_VERT, &info, TRUE);
-    m_nVertScroll = info.nPos * kGridRowHeight;
+    const int position = static_cast<int>((info.nPos + 1LL) * maximum / std::max(info.nMax + 1LL, 1LL));
+    SetVertScrollBar(*this, 0, maximum, position);
+    m_nVertScroll = position * kGridRowHeight;
 }
 
 int CCalendarCtrl::GetMaxGridRows() const
@@ -360,7 +337,7 @@ int CCalendarCtrl::HitTest(tagCCHITTESTINFO& info)
         }
     }
     if (row != -1) {
-        const DateFields day = FieldsOf(GetCurrentDate());
+        const CivilDate day = CivilDateOf(GetCurrentDate());
         const COleDateTime time(day.year, day.month, day.day, row / 2, 30 * (row % 2), 0);
         ToSystemTime(time, info.time);
     }
@@ -373,9 +350,7 @@ int CCalendarCtrl::HitTest(tagCCHITTESTINFO& info)
 LRESULT CCalendarCtrl::Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags)
 {
     NMCALENDARITEM record = {};
-    record.hdr.hwndFrom = m_hWnd;
-    record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
-    record.hdr.code = static_cast<UINT>(nCode);
+    record.hdr = NotifyHeader(*this, nCode);
     record.pt = pt;
     record.nSubValue = nSubValue;
     record.nItem = nItem;
@@ -384,25 +359,17 @@ LRESULT CCalendarCtrl::Notify(int nCode, int nItem, int nSubValue, POINT pt, con
     }
     record.time = time;
     record.nFlags = nFlags;
-    return SendToParent(record.hdr);
+    return NotifyParent(*this, record.hdr);
 }
 
 LRESULT CCalendarCtrl::Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
                               int nValue)
 {
     NMCALENDARDATES record = {};
-    record.hdr.hwndFrom = m_hWnd;
-    record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
-    record.hdr.code = static_cast<UINT>(nCode);
+    record.hdr = NotifyHeader(*this, nCode);
     ToSystemTime(date, record.stDate);
     ToSystemTime(first, record.stFirst);
     ToSystemTime(last, record.stLast);
     record.nValue = nValue;
-    return SendToParent(record.hdr);
-}
-
-LRESULT CCalendarCtrl::SendToParent(NMHDR& header)
-{
-    const HWND hParent = m_hWnd ? ::GetParent(m_hWnd) : nullptr;
-    return hParent ? ::SendMessage(hParent, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
+    return NotifyParent(*this, record.hdr);
 }

@@ -235,6 +235,8 @@ public:
     int DrawImageIcon(CDC* pDC, int nImage, CRect rect);
     int DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm);
     int DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm);
+    // All of them that the item has, in its colour, nGap pixels after each mark; bIcon: its icon too.
+    int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
     void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
 
     // ---- Notifications. Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be
@@ -261,14 +263,12 @@ protected:
     enum
     {
         kEditId = 1
-    }; // identifier of the edit box
+    };                                             // identifier of the edit box
+    static constexpr UINT kExtendSelection = 0x10; // argument of the keyboard moves: Shift
 
     // ---- Services for the views.
 
-    // Registers a view's window class once per process; a failure throws CResourceException.
-    static void RegisterViewClass(LPCTSTR lpszClass, HBRUSH hBackground);
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
-    LRESULT SendToParent(NMHDR& header);
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);

@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/InPlaceEdit.h"
+#include "core/WindowHelpers.h"
 
 #include <algorithm>
 
@@ -88,16 +89,14 @@ void CCalendarCtrl::EndEditItem(const char* lpszText, int nMode)
     COleDateTime end;
     GetSelRange(begin, end);
     NMCALENDAREDIT record = {};
-    record.hdr.hwndFrom = m_hWnd;
-    record.hdr.idFrom = m_hWnd ? GetDlgCtrlID() : 0;
-    record.hdr.code = static_cast<UINT>(CCN_IPE_ENDEDITITEM);
+    record.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
     record.lpszText = lpszText;
     record.nLength = lstrlen(lpszText);
     ToSystemTime(begin, record.stStart);
     ToSystemTime(end, record.stEnd);
     record.nMode = nMode;
     m_bEditing = FALSE;
-    SendToParent(record.hdr);
+    NotifyParent(*this, record.hdr);
 }
 
 // A control inside this one has ended an edit: the text goes on, without dates and mode.
@@ -105,12 +104,10 @@ void CCalendarCtrl::OnCcnIpeEndEditItem(NMHDR* pNMHDR, LRESULT* pResult)
 {
     const NMCALENDAREDIT* ended = reinterpret_cast<const NMCALENDAREDIT*>(pNMHDR);
     NMCALENDAREDIT record = {};
-    record.hdr.hwndFrom = m_hWnd;
-    record.hdr.idFrom = GetDlgCtrlID();
-    record.hdr.code = static_cast<UINT>(CCN_IPE_ENDEDITITEM);
+    record.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
     record.lpszText = ended->lpszText;
     record.nLength = ended->nLength;
-    *pResult = SendToParent(record.hdr);
+    *pResult = NotifyParent(*this, record.hdr);
 }
 
 void CCalendarCtrl::GetCurCellRect(CRect& rect, int&)

@@ -3,10 +3,6 @@
 
 #include "core/DateMath.h"
 
-namespace {
-constexpr UINT kExtendSelection = 0x10; // argument of the move operations: Shift
-} // namespace
-
 void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
     Alive alive(this);

@@ -115,6 +115,23 @@ int CCalendarCtrl::DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm)
     return DrawRecurrenceGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
 }
 
+int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap,
+                                 BOOL bIcon)
+{
+    const int left = rect.left;
+    pDC->SetTextColor(item.crColor1);
+    if (item.bAlarm) {
+        rect.left += DrawAlarmMark(pDC, rect, nFulldayForm) + nGap;
+    }
+    if (item.bRecurrent) {
+        rect.left += DrawRecurrentMark(pDC, rect, nFulldayForm) + nGap;
+    }
+    if (bIcon && item.nImage != -1) {
+        rect.left += DrawImageIcon(pDC, item.nImage, rect);
+    }
+    return rect.left - left;
+}
+
 void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)
 {
     DrawShadedFrame(pDC, rect, color, kBorderRings);

@@ -71,6 +71,16 @@ struct tagCALENDAR_ITEM
     int nParallel = 0;    // time grids: how many items share the busiest row that this one covers
 };
 
+// Whether the item of a piece began before it, or goes on after it.
+inline bool BeganEarlier(const tagCALENDAR_ITEM& piece)
+{
+    return piece.nPiece == PIECE_TAIL || piece.nPiece == PIECE_MIDDLE;
+}
+inline bool GoesOn(const tagCALENDAR_ITEM& piece)
+{
+    return piece.nPiece == PIECE_HEAD || piece.nPiece == PIECE_MIDDLE;
+}
+
 using ItemArray = CArray<tagCALENDAR_ITEM, const tagCALENDAR_ITEM&>;
 
 // Time grids: the items that cover one row, in the order in which they were added. Points into the screen list.

@@ -6,8 +6,6 @@
 
 namespace dayvane {
 namespace {
-constexpr double kSecondsPerDay = 86400.0;
-constexpr int kDaysPerWeek = 7;
 
 // A DATE counts days with its sign and time of day without: -1.25 is 06:00 of the day before the epoch. Linear days
 // run evenly.
@@ -27,25 +25,20 @@ COleDateTime FromLinear(double days)
 }
 } // namespace
 
-DateFields FieldsOf(const COleDateTime& date)
-{
-    return CivilDateOf(date);
-}
-
 bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
 {
-    return FieldsOf(a) == FieldsOf(b);
+    return CivilDateOf(a) == CivilDateOf(b);
 }
 
 COleDateTime StartOfDay(const COleDateTime& date)
 {
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     return COleDateTime(fields.year, fields.month, fields.day, 0, 0, 0);
 }
 
 COleDateTime EndOfDay(const COleDateTime& date)
 {
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     return COleDateTime(fields.year, fields.month, fields.day, 23, 59, 59);
 }
 
@@ -65,14 +58,9 @@ COleDateTime DateOfDayNumber(int dayNumber)
     return COleDateTime(year, month, day, 0, 0, 0);
 }
 
-int DayOfWeekOf(int dayNumber)
-{
-    return civil::DayOfWeek(dayNumber);
-}
-
 int WeekStartOf(int dayNumber, int firstDayOfWeek)
 {
-    const int daysInWeek = DayOfWeekOf(dayNumber) - firstDayOfWeek;
+    const int daysInWeek = WeekdayOf(dayNumber) - firstDayOfWeek;
     return dayNumber - (daysInWeek < 0 ? daysInWeek + kDaysPerWeek : daysInWeek);
 }
 
@@ -93,7 +81,7 @@ long long SecondsBetween(const COleDateTime& from, const COleDateTime& to)
 
 COleDateTime AddSeconds(const COleDateTime& date, long long seconds)
 {
-    if (date.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(date)) {
         return date;
     }
     // Through whole seconds, so that repeated steps do not drift.

@@ -8,10 +8,10 @@
 
 namespace dayvane {
 
-// Year, month and day of a date; -1 each when the date is not valid.
-using DateFields = CivilDate;
-
-DateFields FieldsOf(const COleDateTime& date);
+inline bool IsValid(const COleDateTime& date)
+{
+    return date.GetStatus() == COleDateTime::valid;
+}
 
 // Whether both fall on one calendar day. Two dates that are not valid do, as their fields are equal.
 bool IsSameDay(const COleDateTime& a, const COleDateTime& b);
@@ -24,7 +24,6 @@ COleDateTime EndOfDay(const COleDateTime& date);
 // The date must be valid.
 int DayNumberOf(const COleDateTime& date);
 COleDateTime DateOfDayNumber(int dayNumber); // 00:00; invalid outside the years 100 to 9999
-int DayOfWeekOf(int dayNumber);              // 1 Sunday .. 7 Saturday
 // The day on or before the given one on which a week begins.
 int WeekStartOf(int dayNumber, int firstDayOfWeek);
 

@@ -85,6 +85,7 @@ struct HeaderBandColors
     COLORREF upperFrom, upperTo;
     COLORREF lowerFrom, lowerTo;
 };
+constexpr HeaderBandColors kHeaderBand = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors);
 
 // A frame of `rings` one-pixel rectangles, the outermost in the colour itself, each next one lighter.

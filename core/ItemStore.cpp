@@ -6,13 +6,6 @@
 #include <numeric>
 
 namespace dayvane {
-namespace {
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-} // namespace
-
 void FillStored(tagCALENDAR_ITEM& stored, const tagCC_ITEM& item)
 {
     stored.nPiece = PIECE_WHOLE;
@@ -150,8 +143,8 @@ BOOL IsFulldayItem(const tagCALENDAR_ITEM& item)
     if (item.nFullday == 1) {
         return TRUE;
     }
-    const DateFields start = FieldsOf(item.dtStart);
-    const DateFields end = FieldsOf(item.dtEnd);
+    const CivilDate start = CivilDateOf(item.dtStart);
+    const CivilDate end = CivilDateOf(item.dtEnd);
     // All three must differ: only then does the item certainly reach over a whole day without being cut into pieces.
     if (start.year != end.year && start.month != end.month && start.day != end.day) {
         return TRUE;
@@ -169,11 +162,11 @@ tagCALENDAR_ITEM ScreenItemOf(const tagCALENDAR_ITEM& stored, int index)
 
 void ClipToDay(tagCALENDAR_ITEM& item, const COleDateTime& day)
 {
-    const DateFields fields = FieldsOf(day);
-    if (fields == FieldsOf(item.dtStart)) {
+    const CivilDate fields = CivilDateOf(day);
+    if (fields == CivilDateOf(item.dtStart)) {
         item.dtEnd = EndOfDay(day);
         item.nPiece = PIECE_HEAD;
-    } else if (fields == FieldsOf(item.dtEnd)) {
+    } else if (fields == CivilDateOf(item.dtEnd)) {
         item.dtStart = StartOfDay(day);
         item.nPiece = PIECE_TAIL;
     } else {

@@ -9,15 +9,8 @@ namespace dayvane {
 namespace {
 
 constexpr int kDragSlop = 5; // pixels in each direction before a press becomes a drag
-constexpr int kSecondsPerMinute = 60;
-constexpr long long kSecondsPerDay = 86400;
 
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-
-bool IsValid(const ItemTimes& times)
+bool AreValid(const ItemTimes& times)
 {
     return IsValid(times.start) && IsValid(times.end);
 }
@@ -145,7 +138,7 @@ PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
 
 void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times)
 {
-    if (!IsValid(times)) {
+    if (!AreValid(times)) {
         return;
     }
     m_lastPut = times;
@@ -164,7 +157,7 @@ PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* curr
         return Cancel();
     }
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && IsValid(*current)) {
+    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && AreValid(*current)) {
         PutItem(effects, hit, {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end))});
     }
     return effects;
@@ -181,7 +174,7 @@ PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTim
         return Cancel();
     }
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !IsValid(m_origin)) {
+    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !AreValid(m_origin)) {
         return effects;
     }
     if (m_edge != EDGE_NONE) {

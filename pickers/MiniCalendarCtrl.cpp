@@ -1,5 +1,6 @@
 #include "pickers/MiniCalendarCtrl.h"
 
+#include "core/DateMath.h"
 #include "pickers/PeriodGridRecords.h"
 #include "pickers/PeriodSelCtrl.h"
 
@@ -32,7 +33,7 @@ void CMiniCalendarCtrl::RegisterWindowClass()
 void CMiniCalendarCtrl::SetCurrentDate(int nYear, int nMonth)
 {
     const COleDateTime first(nYear, nMonth, 1, 0, 0, 0);
-    if (first.GetStatus() == COleDateTime::valid) {
+    if (IsValid(first)) {
         m_state->model.SetFirstPeriod(PeriodOf(kMonthPolicy, first));
     }
 }

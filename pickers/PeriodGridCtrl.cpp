@@ -1,5 +1,6 @@
 #include "pickers/PeriodGridCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "calc/CalcHoliday.h"
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
@@ -50,18 +51,7 @@ CPeriodGridCtrl::~CPeriodGridCtrl()
 
 void CPeriodGridCtrl::RegisterWindowClass(LPCTSTR lpszClassName)
 {
-    WNDCLASS wc = {};
-    if (::GetClassInfo(AfxGetInstanceHandle(), lpszClassName, &wc)) {
-        return;
-    }
-    wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
-    wc.lpfnWndProc = ::DefWindowProc;
-    wc.hInstance = AfxGetInstanceHandle();
-    wc.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
-    wc.lpszClassName = lpszClassName;
-    if (!AfxRegisterClass(&wc)) {
-        AfxThrowResourceException();
-    }
+    RegisterControlClass(lpszClassName);
 }
 
 BOOL CPeriodGridCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
@@ -211,33 +201,16 @@ BOOL CPeriodGridCtrl::IsRangeSelect() const
 
 // ---- Notifications
 
-namespace {
-void FillHeader(const CWnd* pWnd, int nCode, NMHDR& header)
-{
-    header.hwndFrom = pWnd->m_hWnd;
-    header.idFrom = pWnd->GetDlgCtrlID();
-    header.code = static_cast<UINT>(nCode);
-}
-
-void SendNotify(const CWnd* pWnd, const NMHDR& header)
-{
-    CWnd* pParent = pWnd->GetParent();
-    if (pParent) {
-        pParent->SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    }
-}
-} // namespace
-
 void CPeriodGridCtrl::FireNotifyClick()
 {
     if (!m_hWnd) {
         return;
     }
     NMSELCHANGE record = {};
-    FillHeader(this, MCN_SELECT, record.nmhdr);
+    record.nmhdr = NotifyHeader(*this, MCN_SELECT);
     ToSystemTime(m_state->model.Selection().start, record.stSelStart);
     ToSystemTime(m_state->model.Selection().end, record.stSelEnd);
-    SendNotify(this, record.nmhdr);
+    NotifyParent(*this, record.nmhdr);
 }
 
 void CPeriodGridCtrl::FireNotifyDblClick()
@@ -245,9 +218,7 @@ void CPeriodGridCtrl::FireNotifyDblClick()
     if (!m_hWnd) {
         return;
     }
-    NMHDR header = {};
-    FillHeader(this, NM_DBLCLK, header);
-    SendNotify(this, header);
+    NotifyParent(*this, NotifyHeader(*this, NM_DBLCLK));
 }
 
 // ---- Effects

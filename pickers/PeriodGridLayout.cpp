@@ -6,7 +6,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kDaysPerWeek = 7;
 constexpr int kMaxBlocksPerSide = 1000; // keeps every coordinate far from the limits of its type
 
 CRect RectAt(int left, int top, int width, int height)
@@ -20,7 +19,7 @@ int LeadingCells(const PeriodPolicy& policy, const COleDateTime& first, int firs
     if (policy.unit != CellUnit::Day) {
         return 0;
     }
-    return (DayOfWeekOf(DayNumberOf(first)) - firstDayOfWeek + kDaysPerWeek) % kDaysPerWeek;
+    return (WeekdayOf(DayNumberOf(first)) - firstDayOfWeek + kDaysPerWeek) % kDaysPerWeek;
 }
 
 COleDateTime DateOfCell(const PeriodPolicy& policy, const COleDateTime& first, int offset)
@@ -43,7 +42,7 @@ void FillCells(const PeriodPolicy& policy, int firstDayOfWeek, PeriodBlock& bloc
         cell.rect = RectAt(block.cellArea.left + i % policy.cellColumns * size.cx,
                            block.cellArea.top + i / policy.cellColumns * size.cy, size.cx, size.cy);
         cell.date = DateOfCell(policy, first, i - leading);
-        cell.inPeriod = cell.date.GetStatus() == COleDateTime::valid && cell.date >= first && cell.date <= last;
+        cell.inPeriod = IsValid(cell.date) && cell.date >= first && cell.date <= last;
     }
 }
 
@@ -162,7 +161,7 @@ COleDateTime DateOfHit(const PeriodGridLayout& layout, const GridHit& hit)
 
 GridHit CellOfDate(const PeriodPolicy& policy, const PeriodGridLayout& layout, const COleDateTime& date)
 {
-    if (date.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(date)) {
         return {};
     }
     const int block = PeriodOf(policy, date) - layout.blocks.front().period;

@@ -1,15 +1,12 @@
 #include "pickers/PeriodGridModel.h"
 
+#include "core/DateMath.h"
+
 #include <algorithm>
 
 namespace dayvane {
 namespace {
 constexpr int kDefaultYear = 2000;
-
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
 
 COleDateTime NoDate()
 {

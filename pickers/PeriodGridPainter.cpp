@@ -125,7 +125,7 @@ void PeriodGridPainter::DrawCells() const
 
 void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, bool isToday) const
 {
-    if (cell.date.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(cell.date)) {
         return;
     }
     DrawCellBack(hit, cell);
@@ -183,7 +183,7 @@ COLORREF PeriodGridPainter::DayColor(int weekday, bool isHoliday, bool inPeriod)
 
 CString PeriodGridPainter::CellText(const PeriodCell& cell) const
 {
-    const DateFields fields = FieldsOf(cell.date);
+    const CivilDate fields = CivilDateOf(cell.date);
     if (m_picture.model.Policy().unit == CellUnit::Month) {
         return MonthText(fields.month);
     }

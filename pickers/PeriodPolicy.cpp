@@ -6,7 +6,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kDaysPerWeek = 7;
 
 COleDateTime LastDayOfMonth(int monthNumber)
 {
@@ -56,7 +55,7 @@ int ClampMonthNumber(int monthNumber)
 
 int MonthNumberOf(const COleDateTime& date)
 {
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     return fields.year * kMonthsPerYear + fields.month - 1;
 }
 
@@ -90,7 +89,7 @@ CString PeriodTitle(const PeriodPolicy& policy, int period)
 
 COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date)
 {
-    if (date.GetStatus() != COleDateTime::valid || unit == CellUnit::Day) {
+    if (!IsValid(date) || unit == CellUnit::Day) {
         return StartOfDay(date);
     }
     return DateOfMonthNumber(MonthNumberOf(date));
@@ -102,7 +101,7 @@ COleDateTime AddCells(CellUnit unit, const COleDateTime& date, int cells)
         return DateOfMonthNumber(ClampMonthNumber(MonthNumberOf(date) + cells));
     }
     const COleDateTime moved = DateOfDayNumber(DayNumberOf(date) + cells);
-    if (moved.GetStatus() == COleDateTime::valid) {
+    if (IsValid(moved)) {
         return moved;
     }
     return cells < 0 ? DateOfMonthNumber(kFirstMonthNumber) : LastDayOfMonth(kLastMonthNumber);
@@ -117,8 +116,8 @@ COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, in
     if (monthNumber > kLastMonthNumber) {
         return LastCellOf(policy, policy.LastPeriod());
     }
-    const int lastDay = FieldsOf(LastDayOfMonth(monthNumber)).day;
-    const int day = std::min(FieldsOf(date).day, lastDay);
+    const int lastDay = CivilDateOf(LastDayOfMonth(monthNumber)).day;
+    const int day = std::min(CivilDateOf(date).day, lastDay);
     return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), day, 0, 0, 0);
 }
 
@@ -154,8 +153,8 @@ CString MonthText(int month)
 CString FooterText(CellUnit unit, const COleDateTime& now)
 {
     CString text;
-    const DateFields fields = FieldsOf(now);
-    if (now.GetStatus() != COleDateTime::valid) {
+    const CivilDate fields = CivilDateOf(now);
+    if (!IsValid(now)) {
         return text;
     }
     if (unit == CellUnit::Day) {
@@ -169,8 +168,8 @@ CString FooterText(CellUnit unit, const COleDateTime& now)
 CString YearMonthText(const COleDateTime& date)
 {
     CString text;
-    if (date.GetStatus() == COleDateTime::valid) {
-        const DateFields fields = FieldsOf(date);
+    if (IsValid(date)) {
+        const CivilDate fields = CivilDateOf(date);
         text.Format("%04d年 %d月", fields.year, fields.month);
     }
     return text;

@@ -1,5 +1,7 @@
 #include "pickers/YearMonthGrid.h"
 
+#include "core/DateMath.h"
+
 #include <algorithm>
 
 namespace dayvane {
@@ -96,7 +98,7 @@ YearMonth YearMonth::WithYearMoved(int years) const
 
 YearMonth MakeYearMonth(int year, int month, const COleDateTime& now)
 {
-    const bool hasNow = now.GetStatus() == COleDateTime::valid;
+    const bool hasNow = IsValid(now);
     const int nowNumber = hasNow ? MonthNumberOf(now) : kFirstMonthNumber;
     const int chosenYear = year == -1 ? YearOfMonthNumber(nowNumber) : year;
     const int chosenMonth = month == -1 ? MonthOfMonthNumber(nowNumber) : month;
@@ -138,7 +140,7 @@ bool IsDateChange(const COleDateTime& from, const COleDateTime& to)
     if (from.GetStatus() != to.GetStatus()) {
         return true;
     }
-    return to.GetStatus() == COleDateTime::valid && from.m_dt != to.m_dt;
+    return IsValid(to) && from.m_dt != to.m_dt;
 }
 
 PickerButtonMetrics CalcPickerButton(const PickerSystemMetrics& system)

@@ -104,7 +104,7 @@ BOOL CYearMonthPickerCtrl::OnClicked()
     }
     const WindowAlive alive(this, m_life);
     m_bDropped = TRUE;
-    const DateFields fields = FieldsOf(m_dtCurrent);
+    const CivilDate fields = CivilDateOf(m_dtCurrent);
     OpenPopup();
     if (alive) {
         Invalidate(FALSE);
@@ -117,7 +117,7 @@ void CYearMonthPickerCtrl::OpenPopup()
 {
     CRect rect;
     GetWindowRect(&rect);
-    const DateFields fields = FieldsOf(m_dtCurrent);
+    const CivilDate fields = CivilDateOf(m_dtCurrent);
     try {
         m_pPopup = new CYearMonthPopup(fields.year, fields.month, this);
         m_pPopup->Open(CPoint(rect.right - kYearMonthMetrics.popup.cx, rect.bottom));

@@ -17,8 +17,6 @@ constexpr int kCountPaneWidth = 110; // pixels
 constexpr planner::LocalTime kFirstHour = 8 * planner::kHourSeconds;
 constexpr int kOfficeOpens = 9; // hours, on work days
 constexpr int kOfficeCloses = 18;
-constexpr int kSunday = 1;
-constexpr int kMonday = 2;
 } // namespace
 
 CPlannerFrame::Start CPlannerFrame::s_start;
@@ -317,7 +315,7 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     ctrl.SetWorkTime(hours);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
-    m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? kMonday : kSunday);
+    m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);
 }
 
 // ---- The outcome of edits

@@ -223,23 +223,4 @@ TEST(ItemStore, FocusWalksForwardOnceAndPassesOverHidden)
     EXPECT_EQ(NextFocusPosition(ItemArray(), 2), -1);
 }
 
-TEST(DateMath, DaysAcrossTheEpochAndAtTheEnds)
-{
-    for (int day : {-657434, -36522, -1, 0, 1, 39933, 2958465}) {
-        const COleDateTime morning = DateOfDayNumber(day);
-        EXPECT_EQ(DayNumberOf(morning), day);
-        EXPECT_EQ(DayNumberOf(EndOfDay(morning)), day);
-        EXPECT_EQ(DayOfWeekOf(day), morning.GetDayOfWeek());
-        EXPECT_TRUE(StartOfDay(EndOfDay(morning)) == morning);
-    }
-    EXPECT_NE(DateOfDayNumber(2958466).GetStatus(), COleDateTime::valid);
-    EXPECT_NE(AddDays(DateOfDayNumber(2958465), 1).GetStatus(), COleDateTime::valid);
-    const COleDateTime before(1899, 12, 29, 18, 0, 0);
-    EXPECT_TRUE(AddDays(before, 1) == COleDateTime(1899, 12, 30, 18, 0, 0));
-    EXPECT_TRUE(AddMinutes(before, 7 * 60) == COleDateTime(1899, 12, 30, 1, 0, 0));
-    EXPECT_EQ(SecondsBetween(before, COleDateTime(1899, 12, 30, 1, 0, 0)), 7 * 3600);
-    EXPECT_FALSE(IsSameDay(Invalid(), before));
-    EXPECT_TRUE(IsSameDay(Invalid(), Invalid()));
-}
-
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "core/CalendarCtrl.h"
 #include "core/DateMath.h"
+#include "core/WindowHelpers.h"
 #include "support/RecordingParent.h"
 
 #include <string>
@@ -25,7 +26,7 @@ public:
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* = nullptr) override
     {
-        RegisterViewClass("DayvanePlainCalendar", nullptr);
+        dayvane::RegisterControlClass("DayvanePlainCalendar");
         return CWnd::CreateEx(0, "DayvanePlainCalendar", "", dwStyle, rect, pParent, nID);
     }
 

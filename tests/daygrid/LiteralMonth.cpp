@@ -8,15 +8,6 @@
 using namespace dayvane;
 
 namespace literal {
-namespace {
-
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-
-} // namespace
-
 Range DaysOf(const tagCALENDAR_ITEM& item)
 {
     return {StartOfDay(item.dtStart), EndOfDay(item.dtEnd)};

@@ -78,7 +78,7 @@ TEST(MonthDates, BeginWithTheWeekOfTheFirst)
         const COleDateTime first = Day(2024 + month / 12, month % 12 + 1, 1);
         for (int firstDayOfWeek = 1; firstDayOfWeek <= 7; ++firstDayOfWeek) {
             const int gridFirst = FirstDayOfMonthGrid(AddDays(first, month % 28), firstDayOfWeek);
-            EXPECT_EQ(DayOfWeekOf(gridFirst), firstDayOfWeek);
+            EXPECT_EQ(WeekdayOf(gridFirst), firstDayOfWeek);
             EXPECT_LE(gridFirst, DayNumberOf(first));
             EXPECT_GT(gridFirst + kMonthColumns, DayNumberOf(first));
         }

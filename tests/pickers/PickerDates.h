@@ -25,7 +25,7 @@ inline std::string Text(const COleDateTime& date)
     if (date.GetStatus() != COleDateTime::valid) {
         return "none";
     }
-    const dayvane::DateFields fields = dayvane::FieldsOf(date);
+    const dayvane::CivilDate fields = dayvane::CivilDateOf(date);
     const std::string hour = date.GetHour() == 0 ? "" : "+" + std::to_string(date.GetHour()) + "h";
     return std::to_string(fields.year) + "/" + std::to_string(fields.month) + "/" + std::to_string(fields.day) + hour;
 }

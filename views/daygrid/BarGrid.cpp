@@ -14,7 +14,6 @@ namespace dayvane {
 namespace {
 
 const CRect kNoRect(-1, -1, -1, -1);
-constexpr int kSecondsPerDay = 86400;
 
 // Far outside every grid, and far enough from the ends of int to be counted with.
 constexpr int kFarAhead = INT_MAX / 4;
@@ -157,9 +156,9 @@ std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay)
     std::vector<BoxSpan> spans(items.GetSize(), NoBoxes());
     const tagCALENDAR_ITEM* item = items.GetData();
     for (BoxSpan& span : spans) {
-        if (item->dtStart.GetStatus() == COleDateTime::valid) {
+        if (IsValid(item->dtStart)) {
             span.first = DayNumberOf(item->dtStart) - firstDay;
-            if (item->dtEnd.GetStatus() == COleDateTime::valid) {
+            if (IsValid(item->dtEnd)) {
                 span.last = DayNumberOf(item->dtEnd) - firstDay;
                 span.ownBoxOnly =
                     span.last < span.first && SecondsBetween(item->dtStart, item->dtEnd) <= -kSecondsPerDay;

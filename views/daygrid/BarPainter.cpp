@@ -9,14 +9,12 @@ CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
     if (box.IsRectEmpty()) {
         return CRect(0, 0, 0, 0);
     }
-    const bool before = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
-    const bool after = item.nPiece == PIECE_HEAD || item.nPiece == PIECE_MIDDLE;
     if (item.crColor2 != m_palette.unfilled) {
         m_pens.Fill(m_pDC, box, item.crColor2);
     }
     CRect content = box;
     content.DeflateRect(m_metrics.contentInset, m_metrics.contentInset);
-    if (!before && content.Width() > m_metrics.stripeWidth) {
+    if (!BeganEarlier(item) && content.Width() > m_metrics.stripeWidth) {
         const int stripeLeft = box.left + 1;
         const CRect stripe(stripeLeft, box.top + 1, stripeLeft + m_metrics.stripeWidth, box.bottom - 1);
         m_pens.Fill(m_pDC, stripe, item.crColor3);
@@ -24,11 +22,11 @@ CRect BarPainter::DrawBox(const tagCALENDAR_ITEM& item)
     }
     DrawOutline(box, item.crColor4);
     const int arrowWidth = m_metrics.arrowHeight / 2 + 1;
-    if (before && content.Width() > arrowWidth) {
+    if (BeganEarlier(item) && content.Width() > arrowWidth) {
         DrawArrow(content.left, content.CenterPoint().y, 1);
         content.left += arrowWidth + m_metrics.arrowGap;
     }
-    if (after && content.Width() > arrowWidth) {
+    if (GoesOn(item) && content.Width() > arrowWidth) {
         DrawArrow(content.right - 1, content.CenterPoint().y, -1);
         content.right -= arrowWidth + m_metrics.arrowGap;
     }

@@ -2,6 +2,7 @@
 // BoxViewCtrlPaint.cpp.
 #include "views/daygrid/BoxViewCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "core/ItemStore.h"
 
@@ -24,11 +25,6 @@ LOGFONT LatinFont(int height, int weight, const char* face)
     return lf;
 }
 
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-
 } // namespace
 
 IMPLEMENT_DYNAMIC(CBoxViewCtrl, CDayGridCtrl)
@@ -45,7 +41,7 @@ CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays)
     : m_strTitle(kind.lpszTitle), m_fonts(kCaptionFontHeight), m_lpszClass(kind.lpszClass), m_metrics(kind.metrics),
       m_arrays(arrays)
 {
-    RegisterViewClass(m_lpszClass, nullptr);
+    RegisterControlClass(m_lpszClass);
     const CalendarColors& colors = kind.colors;
     m_colors.caption = colors.caption;
     m_colors.captionText = colors.captionText;
@@ -245,11 +241,8 @@ void CBoxViewCtrl::UpdateScrollBar()
     if (!m_hWnd) {
         return;
     }
-    SCROLLINFO info = GetScrollRange();
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nPage = 1;
-    SetScrollInfo(SB_VERT, &info, TRUE);
+    const SCROLLINFO range = GetScrollRange();
+    SetVertScrollBar(*this, range.nMin, range.nMax, range.nPos);
 }
 
 void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)

@@ -10,12 +10,11 @@ namespace dayvane {
 namespace {
 
 constexpr int kMonthsPerYear = 12;
-constexpr int kDaysPerWeek = 7;
 constexpr int kJanuary = 1;
 constexpr int kJuly = 7;
 
 // Months since January of the year 0.
-int MonthNumber(const DateFields& fields)
+int MonthNumber(const CivilDate& fields)
 {
     return fields.year * kMonthsPerYear + fields.month - 1;
 }
@@ -79,9 +78,9 @@ std::vector<BoxSpan> MonthSpans(const ItemArray& items, int year)
     std::vector<BoxSpan> spans(items.GetSize(), NoBoxes());
     const tagCALENDAR_ITEM* item = items.GetData();
     for (BoxSpan& span : spans) {
-        if (item->dtStart.GetStatus() == COleDateTime::valid && item->dtEnd.GetStatus() == COleDateTime::valid) {
-            span.first = MonthNumber(FieldsOf(item->dtStart)) - january;
-            span.last = MonthNumber(FieldsOf(item->dtEnd)) - january;
+        if (IsValid(item->dtStart) && IsValid(item->dtEnd)) {
+            span.first = MonthNumber(CivilDateOf(item->dtStart)) - january;
+            span.last = MonthNumber(CivilDateOf(item->dtEnd)) - january;
             span.ownBoxOnly = span.last < span.first;
         }
         ++item;
@@ -102,7 +101,7 @@ COleDateTime AddYears(const COleDateTime& date, int years)
 
 COleDateTime FirstOfMonth(const COleDateTime& date, int months)
 {
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     const int month = MonthNumber(fields) + months;
     if (fields.year < 0 || month < 0) {
         return COleDateTime(-1, 1, 1, 0, 0, 0);

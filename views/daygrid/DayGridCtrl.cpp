@@ -14,11 +14,10 @@ namespace {
 
 constexpr UINT kMoreMarkBitmap = 18007;
 constexpr COLORREF kTransparent = RGB(255, 0, 255);
-constexpr int kNoTop = -1;              // of an item without a rectangle
-constexpr int kMarkGap = 1;             // pixels after a mark of an item
-constexpr int kTextGap = 2;             // and more before the text
-constexpr int kCellMargin = 2;          // pixels around a box that its frame may touch
-constexpr UINT kExtendSelection = 0x10; // flag of the keyboard moves
+constexpr int kNoTop = -1;     // of an item without a rectangle
+constexpr int kMarkGap = 1;    // pixels after a mark of an item
+constexpr int kTextGap = 2;    // and more before the text
+constexpr int kCellMargin = 2; // pixels around a box that its frame may touch
 
 bool IsShown(const tagCALENDAR_ITEM& item)
 {
@@ -163,7 +162,7 @@ void CDayGridCtrl::InvalidateCellRectRange()
     }
     int first = PositionOf(begin);
     int last = PositionOf(end);
-    if (m_dtPrevSelEnd.GetStatus() == COleDateTime::valid) {
+    if (IsValid(m_dtPrevSelEnd)) {
         first = std::min(first, PositionOf(m_dtPrevSelEnd));
         last = std::max(last, PositionOf(m_dtPrevSelEnd));
     }
@@ -184,7 +183,7 @@ void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
 
 BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags)
 {
-    if (end.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(end)) {
         return FALSE;
     }
     m_dtSelEnd = end;
@@ -244,19 +243,8 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
     BarPainter painter(pDC, m_pens, m_texts);
     CRect content = painter.DrawBox(item);
-    const int marksLeft = content.left;
-    pDC->SetTextColor(item.crColor1);
-    if (item.bAlarm) {
-        content.left += DrawAlarmMark(pDC, content, TRUE) + kMarkGap;
-    }
-    if (item.bRecurrent) {
-        content.left += DrawRecurrentMark(pDC, content, TRUE) + kMarkGap;
-    }
-    if (item.nImage != -1) {
-        content.left += DrawImageIcon(pDC, item.nImage, content);
-    }
-    if (content.left != marksLeft) {
-        content.left += kTextGap;
+    if (const int marks = DrawItemMarks(pDC, item, content, TRUE, kMarkGap, TRUE)) {
+        content.left += marks + kTextGap;
     }
 
     const BOOL fullday = dayvane::IsFulldayItem(item);

@@ -23,8 +23,7 @@ void CDayGridCtrl::EnableMoreList(BOOL bEnable)
 BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
 {
     box = {MoreMarkOf(GetBoxRect(nBox)), DateOfBox(nBox), LastDateOfBox(nBox)};
-    return HasMoreMark(nBox) && box.first.GetStatus() == COleDateTime::valid &&
-           box.last.GetStatus() == COleDateTime::valid;
+    return HasMoreMark(nBox) && IsValid(box.first) && IsValid(box.last);
 }
 
 void CDayGridCtrl::CloseMoreList()

@@ -56,7 +56,7 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
     MonthCellLook look;
     look.background = RowOf(cell, dayColor, input.colors).crColor[MONTHCOLOR_BACKGROUND];
     look.today = (cell.m_nFlags & MONTHCELL_TODAY) != 0;
-    const bool isDated = cell.m_date.GetStatus() == COleDateTime::valid;
+    const bool isDated = IsValid(cell.m_date);
     const int day = isDated ? DayNumberOf(cell.m_date) : kNoDay;
     look.selected = input.showSelection && isDated && input.firstSelected <= day && day <= input.lastSelected;
 
@@ -75,7 +75,7 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
     look.annotationColor = text;
 
     if (isDated) {
-        const DateFields fields = FieldsOf(cell.m_date);
+        const CivilDate fields = CivilDateOf(cell.m_date);
         if (fields.day == 1) {
             look.dayNumber.Format("%02d/%d/%d", fields.year % kYearsPerCentury, fields.month, fields.day);
             if (!look.selected) {
@@ -113,8 +113,8 @@ CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday)
 
 CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text)
 {
-    const DateFields first = FieldsOf(start);
-    const DateFields last = FieldsOf(end);
+    const CivilDate first = CivilDateOf(start);
+    const CivilDate last = CivilDateOf(end);
     CString days;
     days.Format("%d/%d", first.month, first.day);
     if (last.year != first.year || last.month != first.month) {

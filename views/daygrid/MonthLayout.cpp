@@ -8,16 +8,11 @@
 namespace dayvane {
 namespace {
 
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
-
-MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, const DateFields& today)
+MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, const CivilDate& today)
 {
     MonthCellDate cell;
     cell.m_date = date;
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     if (!IsValid(date)) {
         return cell;
     }
@@ -101,15 +96,15 @@ int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek)
     if (!IsValid(date)) {
         return kNoDay;
     }
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     return WeekStartOf(DayNumberOf(date) - (fields.day - 1), firstDayOfWeek);
 }
 
 void FillCellDates(int firstDay, int count, const COleDateTime& current, const COleDateTime& today,
                    MonthCellDateArray& dates)
 {
-    const int currentMonth = FieldsOf(current).month;
-    const DateFields todayFields = FieldsOf(today);
+    const int currentMonth = CivilDateOf(current).month;
+    const CivilDate todayFields = CivilDateOf(today);
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
     dates.RemoveAll();

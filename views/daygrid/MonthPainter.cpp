@@ -1,5 +1,7 @@
 #include "views/daygrid/MonthPainter.h"
 
+#include "core/DateMath.h"
+
 #include <cstring>
 
 namespace dayvane {
@@ -23,16 +25,14 @@ struct MonthPaintMetrics
 };
 constexpr MonthPaintMetrics kPaintMetrics;
 
-constexpr HeaderBandColors kHeaderBand = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
-
-struct Weekday
+struct WeekdayLook
 {
     const char* name;
     COLORREF color;
 };
 constexpr int kCharacterLength = 2; // bytes
 constexpr int kNameLength = 3 * kCharacterLength;
-constexpr Weekday kWeekdays[kMonthColumns] = {
+constexpr WeekdayLook kWeekdays[kMonthColumns] = {
     // name, text colour
     {"日曜日", 0x0049DC}, {"月曜日", 0x000000}, {"火曜日", 0x000000}, {"水曜日", 0x000000},
     {"木曜日", 0x000000}, {"金曜日", 0x000000}, {"土曜日", 0xDC4900},
@@ -128,7 +128,7 @@ void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, con
                       COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
 {
     CaptionTexts texts = {"", "", DT_BOTTOM};
-    if (date.GetStatus() == COleDateTime::valid) {
+    if (IsValid(date)) {
         texts.number.Format("%d", date.GetMonth());
         texts.text = " " + date.Format("%B, %Y") + " ";
     }
@@ -166,7 +166,7 @@ void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& header
         if (dayOfWeek < 1) {
             continue;
         }
-        const Weekday& weekday = kWeekdays[dayOfWeek - 1];
+        const WeekdayLook& weekday = kWeekdays[dayOfWeek - 1];
         CRect box = headerCells[column].m_rect;
         pDC->SetTextColor(weekday.color);
         pDC->DrawText(weekday.name, isShort ? kCharacterLength : kNameLength, &box,

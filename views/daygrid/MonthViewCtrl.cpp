@@ -1,6 +1,7 @@
 // The month view: lifetime, dates, layout, hit test, navigation. Painting is in MonthViewCtrlPaint.cpp.
 #include "views/daygrid/MonthViewCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "views/daygrid/RowPieces.h"
 
@@ -34,7 +35,7 @@ END_MESSAGE_MAP()
 
 CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonFace(::GetSysColor(COLOR_BTNFACE))
 {
-    RegisterViewClass(kWindowClass, reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW)));
+    RegisterControlClass(kWindowClass, reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW)));
     m_strTitle = "Monthly Calendar";
     m_colors.caption = kCaptionColor;
     m_colors.captionText = kCaptionTextColor;
@@ -229,26 +230,16 @@ void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
-    SCROLLINFO info = {};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMin = kMonthScrollMin;
-    info.nMax = kMonthScrollMax;
-    info.nPage = 1;
-    info.nPos = kMonthScrollMiddle;
-    SetScrollInfo(SB_VERT, &info, TRUE);
+    SetVertScrollBar(*this, kMonthScrollMin, kMonthScrollMax, kMonthScrollMiddle);
 }
 
 void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    SCROLLINFO info = {};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_ALL;
-    GetScrollInfo(SB_VERT, &info);
-    const ScrollStep scroll = CalcMonthScroll(nSBCode, info.nPos, static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
+    const ScrollStep scroll =
+        CalcMonthScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
     const int days = scroll.step * kMonthColumns;
     COleDateTime date = AddDays(m_dtCurrent, days);
-    if (!scroll.moves || date.GetStatus() != COleDateTime::valid) {
+    if (!scroll.moves || !IsValid(date)) {
         return;
     }
     Alive alive(this);
@@ -261,7 +252,7 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     }
     // The host may have set another date meanwhile.
     date = AddDays(m_dtCurrent, days);
-    if (date.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(date)) {
         return;
     }
     m_dtCurrent = m_dtScroll = date;

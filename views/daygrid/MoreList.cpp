@@ -13,7 +13,7 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
     const int lastDay = DayNumberOf(last);
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = items[i];
-        if (item.dtStart.GetStatus() != COleDateTime::valid || item.dtEnd.GetStatus() != COleDateTime::valid) {
+        if (!IsValid(item.dtStart) || !IsValid(item.dtEnd)) {
             continue;
         }
         const int start = DayNumberOf(item.dtStart);

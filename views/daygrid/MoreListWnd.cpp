@@ -1,6 +1,7 @@
 #include "views/daygrid/MoreListWnd.h"
 
 #include "core/PopupPlace.h"
+#include "core/WindowHelpers.h"
 #include "views/daygrid/DayGridCtrl.h"
 
 #include <utility>
@@ -36,7 +37,7 @@ CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::v
     if (items.empty()) {
         return nullptr;
     }
-    CDayGridCtrl::RegisterViewClass(kWindowClass, nullptr);
+    RegisterControlClass(kWindowClass);
     CMoreListWnd* list = new CMoreListWnd(pOwner, std::move(items), nItemVersion, dtFirst);
     list->m_model.SetCurrent(0);
     CRect frame(CPoint(0, 0), list->m_model.Size());

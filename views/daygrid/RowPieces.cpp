@@ -108,7 +108,7 @@ void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& piece
     const int count = static_cast<int>(items.GetSize());
     const tagCALENDAR_ITEM* item = items.GetData();
     for (int i = 0; i < count; ++i, ++item) {
-        if (item->dtStart.GetStatus() == COleDateTime::valid && item->dtEnd.GetStatus() == COleDateTime::valid) {
+        if (IsValid(item->dtStart) && IsValid(item->dtEnd)) {
             CutItem(*item, i, rows, edges, writer);
         }
     }

@@ -21,7 +21,6 @@ constexpr CalendarColors kWeekColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x8F9300, 0xFFFFFF, 0xCE9A63, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 constexpr TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
-constexpr HeaderBandColors kDayStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 constexpr HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
 
 constexpr COLORREF kDayText = 0x000000;
@@ -69,10 +68,10 @@ void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
 // Near the ends of the valid dates one end of the range may not be a date.
 int CWeekViewCtrl::FirstDay() const
 {
-    if (m_dtRangeStart.GetStatus() == COleDateTime::valid) {
+    if (IsValid(m_dtRangeStart)) {
         return DayNumberOf(m_dtRangeStart);
     }
-    if (m_dtRangeEnd.GetStatus() == COleDateTime::valid) {
+    if (IsValid(m_dtRangeEnd)) {
         return DayNumberOf(m_dtRangeEnd) - kLastShown;
     }
     return kNoDay;
@@ -85,7 +84,7 @@ int CWeekViewCtrl::FirstDayOfWeekOf(const COleDateTime& date) const
 
 void CWeekViewCtrl::CalcRange(const COleDateTime& date)
 {
-    const int firstDay = date.GetStatus() == COleDateTime::valid ? FirstDayOfWeekOf(date) : kNoDay;
+    const int firstDay = IsValid(date) ? FirstDayOfWeekOf(date) : kNoDay;
     m_dtRangeStart = DateOfDayNumber(firstDay);
     m_dtRangeEnd = EndOfDay(DateOfDayNumber(firstDay + kLastShown));
     FillCellDates(firstDay, kWeekBoxes, date, Now(), m_arDayDate);
@@ -97,7 +96,7 @@ void CWeekViewCtrl::CalcRange(const COleDateTime& date)
 int CWeekViewCtrl::PositionOf(const COleDateTime& date)
 {
     const int firstDay = FirstDay();
-    if (date.GetStatus() != COleDateTime::valid || firstDay == kNoDay) {
+    if (!IsValid(date) || firstDay == kNoDay) {
         return -1;
     }
     return DayNumberOf(date) - firstDay;
@@ -194,7 +193,7 @@ COleDateTime CWeekViewCtrl::DateInRangeAfter(int nStep)
 COleDateTime CWeekViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
 {
     const COleDateTime moved = AddDays(date, FirstDayOfWeekOf(dtTarget) - FirstDay());
-    return moved.GetStatus() == COleDateTime::valid ? moved : date;
+    return IsValid(moved) ? moved : date;
 }
 
 BOOL CWeekViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
@@ -213,8 +212,8 @@ CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     CaptionTexts texts = {"", "", DT_VCENTER};
-    const DateFields first = FieldsOf(m_dtRangeStart);
-    const DateFields last = FieldsOf(m_dtRangeEnd);
+    const CivilDate first = CivilDateOf(m_dtRangeStart);
+    const CivilDate last = CivilDateOf(m_dtRangeEnd);
     if (first.year != -1 && last.year != -1) {
         texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
         texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
@@ -254,9 +253,9 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     const int day = BoxOfStrip(rcCaption);
     const bool isNextWeek = day == kLastShown;
     if (day == -1 || (!IsToday(day) && !IsBoxSelected(day))) {
-        DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kDayStrip);
+        DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kHeaderBand);
     }
-    if (day == -1 || m_arDayDate[day].m_date.GetStatus() != COleDateTime::valid) {
+    if (day == -1 || !IsValid(m_arDayDate[day].m_date)) {
         return;
     }
     const COleDateTime& date = m_arDayDate[day].m_date;

@@ -30,7 +30,6 @@ constexpr CalendarColors kYearColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x505850, 0xFFFFFF, 0xCE9A63, 0xFFFFFF, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 constexpr TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
-constexpr HeaderBandColors kMonthStrip = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 constexpr COLORREF kMonthText = 0x000000;
 
 } // namespace
@@ -85,7 +84,7 @@ BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
 
 void CYearViewCtrl::CalcRange(const COleDateTime& date)
 {
-    const int year = FieldsOf(date).year; // -1 makes no date either
+    const int year = CivilDateOf(date).year; // -1 makes no date either
     m_dtRangeStart = COleDateTime(year, 1, 1, 0, 0, 0);
     m_dtRangeEnd = COleDateTime(year, kDecember, kLastOfDecember, 23, 59, 59);
     m_nTodayBox = BoxOfDate(Now());
@@ -93,7 +92,7 @@ void CYearViewCtrl::CalcRange(const COleDateTime& date)
 
 int CYearViewCtrl::PositionOf(const COleDateTime& date)
 {
-    const DateFields fields = FieldsOf(date);
+    const CivilDate fields = CivilDateOf(date);
     if (fields.year == -1 || !HasRange()) {
         return -1;
     }
@@ -107,7 +106,7 @@ COleDateTime CYearViewCtrl::DateOfBox(int nBox)
 
 COleDateTime CYearViewCtrl::LastDateOfBox(int nBox)
 {
-    const DateFields first = FieldsOf(DateOfBox(nBox));
+    const CivilDate first = CivilDateOf(DateOfBox(nBox));
     const int days = first.year != -1 ? civil::DaysInMonth(first.year, first.month) : 0;
     return COleDateTime(first.year, first.month, days, 23, 59, 59);
 }
@@ -155,7 +154,7 @@ COleDateTime CYearViewCtrl::DateInRangeAfter(int nStep)
 COleDateTime CYearViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
 {
     const COleDateTime moved = AddYears(date, dtTarget.GetYear() - Year());
-    return moved.GetStatus() == COleDateTime::valid ? moved : date;
+    return IsValid(moved) ? moved : date;
 }
 
 BOOL CYearViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
@@ -256,7 +255,7 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 {
     const int month = BoxOfStrip(rcCaption);
     if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
-        DrawHeaderBand(pDC, rcCaption, kMonthStrip);
+        DrawHeaderBand(pDC, rcCaption, kHeaderBand);
     }
     if (month == -1 || !HasRange()) {
         return;

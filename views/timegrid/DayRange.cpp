@@ -9,7 +9,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kDaysPerWeek = 7;
 
 constexpr DateScale kDateScales[] = {
     // days, from the first day of the week, caption text
@@ -21,10 +20,6 @@ constexpr DateScale kDateScales[] = {
     {7, true, "Weekly Calendar"},
 };
 
-bool IsValid(const COleDateTime& date)
-{
-    return date.GetStatus() == COleDateTime::valid;
-}
 } // namespace
 
 DayRange DayRange::OneDay(const COleDateTime& date)

@@ -1,5 +1,6 @@
 #include "views/timegrid/DayViewCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -27,7 +28,7 @@ IMPLEMENT_DYNCREATE(CDayViewCtrl, CTimeGridCtrl)
 
 CDayViewCtrl::CDayViewCtrl()
 {
-    RegisterViewClass(kWindowClass, nullptr);
+    RegisterControlClass(kWindowClass);
     SetCaptionColor(kCaptionColor);
     SetCaptionTextColor(kCaptionTextColor);
     SetRulerColor(kRulerColor);
@@ -110,8 +111,7 @@ int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 {
     const int result = CTimeGridCtrl::GetSelRange(begin, end);
-    const bool atEndOfDay =
-        end.GetStatus() == COleDateTime::valid && end.GetHour() == 23 && end.GetMinute() == 59 && end.GetSecond() == 59;
+    const bool atEndOfDay = IsValid(end) && end.GetHour() == 23 && end.GetMinute() == 59 && end.GetSecond() == 59;
     if (!atEndOfDay) {
         end = Scale().MoveRows(end, 1);
     }
@@ -222,7 +222,7 @@ void CDayViewCtrl::MoveToDay(void (*move)(GridSelection&, bool), UINT nFlags)
     }
     GridSelection selection = Selection();
     move(selection, (nFlags & kExtendSelection) != 0);
-    if (selection.current.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(selection.current)) {
         return; // beyond the years that there are
     }
     SetSelection(selection);

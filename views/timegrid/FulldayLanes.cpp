@@ -17,7 +17,7 @@ CRect BarAt(int left, int right, int bandTop, int lane)
 // The column of the day; the first for a time that is not valid.
 int ColumnOf(const COleDateTime& time, int firstDay, int columns)
 {
-    if (time.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(time)) {
         return 0;
     }
     return std::clamp(DayNumberOf(time) - firstDay, 0, columns - 1);
@@ -38,7 +38,7 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
                      const COleDateTime& firstDay)
 {
     const int days = static_cast<int>(columns.size());
-    if (days == 0 || firstDay.GetStatus() != COleDateTime::valid) {
+    if (days == 0 || !IsValid(firstDay)) {
         return;
     }
     const int firstDayNumber = DayNumberOf(firstDay);

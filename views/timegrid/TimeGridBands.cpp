@@ -169,7 +169,7 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
 void TimeGridPainter::DrawHeaderBackground(const CRect& header) const
 {
     if (IsVisible(header)) {
-        DrawHeaderBand(&m_dc, header, kTimeGridPalette.header);
+        DrawHeaderBand(&m_dc, header, kHeaderBand);
     }
 }
 

@@ -2,6 +2,7 @@
 // TimeGridCtrlPaint.cpp.
 #include "views/timegrid/TimeGridCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -15,7 +16,6 @@ using namespace dayvane;
 namespace {
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
-constexpr int kSecondsPerMinute = 60;
 constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 
@@ -36,7 +36,7 @@ private:
 
 bool IsDate(const COleDateTime& date)
 {
-    return date.GetStatus() == COleDateTime::valid && date.m_dt != 0.0;
+    return IsValid(date) && date.m_dt != 0.0;
 }
 } // namespace
 
@@ -183,8 +183,7 @@ int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
     if (!IsBandItem(screenItem)) {
         return EDGE_BOTTOM;
     }
-    const bool endsHere = screenItem.nPiece != PIECE_HEAD && screenItem.nPiece != PIECE_MIDDLE;
-    return endsHere && GetShownRange().days > 1 ? EDGE_RIGHT : EDGE_NONE;
+    return !GoesOn(screenItem) && GetShownRange().days > 1 ? EDGE_RIGHT : EDGE_NONE;
 }
 
 // ---- Size and scroll
@@ -197,8 +196,6 @@ GridWindow CTimeGridCtrl::RowWindow() const
 GridScroll CTimeGridCtrl::GetScroll()
 {
     SCROLLINFO info = {};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_POS;
     // A window created without a bar begins as one with a bar does.
     if (!GetScrollInfo(SB_VERT, &info)) {
         info.nMax = kNewBarMaximum;
@@ -208,14 +205,8 @@ GridScroll CTimeGridCtrl::GetScroll()
 
 void CTimeGridCtrl::SetScroll(const GridScroll& scroll)
 {
-    SCROLLINFO info = {};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMax = scroll.maximum;
-    info.nPage = 1;
-    info.nPos = scroll.position;
     m_nVertScroll = scroll.offset;
-    SetScrollInfo(SB_VERT, &info, TRUE);
+    SetVertScrollBar(*this, 0, scroll.maximum, scroll.position);
 }
 
 // The band may have become higher or lower: the range follows, what is shown stays.

@@ -54,7 +54,6 @@ public:
     int CalcOverlayedNumber(const CItemArray& screenItems);
 
 protected:
-    static constexpr UINT kExtendSelection = 0x10;  // flag of the keyboard moves
     static constexpr int kRangeChangeValue = 0x801; // nValue of CCN_VIEWRANGECHANGE
 
     // ---- What a view says of its columns, counted from 0.
@@ -128,7 +127,6 @@ private:
     void UpdateScrollRange();
     void StartNowTimer();
     void DrawNowLine(CDC* pDC);
-    int DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect content, BOOL bBand);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
     BOOL m_bNowLine = FALSE;

@@ -102,25 +102,6 @@ void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 
 // ---- Items
 
-// Returns how far the marks push the text.
-int CTimeGridCtrl::DrawMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect content, BOOL bBand)
-{
-    const int left = content.left;
-    pDC->SetTextColor(item.crColor1);
-    if (item.bAlarm) {
-        content.left += DrawAlarmMark(pDC, content, bBand) + kMarkGap;
-    }
-    if (item.bRecurrent) {
-        content.left += DrawRecurrentMark(pDC, content, bBand) + kMarkGap;
-    }
-    // The icon belongs to the beginning of an item.
-    const bool began = item.nPiece == PIECE_TAIL || item.nPiece == PIECE_MIDDLE;
-    if (item.nImage != -1 && !(bBand && began)) {
-        content.left += DrawImageIcon(pDC, item.nImage, content);
-    }
-    return content.left - left;
-}
-
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
     const TimeGridState state = State();
@@ -129,7 +110,7 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nC
     painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
     const bool manyDays = state.range.days > 1;
     if (!manyDays || box.content.Width() >= kMarkedWidth) {
-        box.content.left += DrawMarks(pDC, item, box.content, FALSE);
+        box.content.left += DrawItemMarks(pDC, item, box.content, FALSE, kMarkGap, TRUE);
     }
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawTimedText(item, box.content, manyDays);
@@ -159,7 +140,8 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         }
         PaintedBox bar = PaintedBandBar(rcBand, item);
         painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
-        bar.content.left += DrawMarks(pDC, item, bar.content, TRUE);
+        // The icon belongs to the beginning of an item.
+        bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, kMarkGap, !BeganEarlier(item));
         const SelectGdi selectFont(pDC, GetFont(item.nReserved));
         painter.DrawBandText(item, bar.content);
     }

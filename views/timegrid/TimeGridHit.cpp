@@ -173,8 +173,7 @@ PaintedBox PaintedTimedBox(const TimeGridState& state, const tagCALENDAR_ITEM& i
 
 PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item)
 {
-    return {item.rcItem, ContentOf(item.rcItem, band), item.nPiece != PIECE_TAIL && item.nPiece != PIECE_MIDDLE,
-            item.nPiece != PIECE_HEAD && item.nPiece != PIECE_MIDDLE};
+    return {item.rcItem, ContentOf(item.rcItem, band), !BeganEarlier(item), !GoesOn(item)};
 }
 
 CRect CurrentCellBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end)

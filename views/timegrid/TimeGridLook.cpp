@@ -123,7 +123,7 @@ GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showS
 GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last)
 {
     GridCaptionTexts texts;
-    if (first.GetStatus() != COleDateTime::valid || last.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(first) || !IsValid(last)) {
         return texts;
     }
     texts.date = Joined("%s - %s", first.Format("%#m.%#d"), last.Format("%#m.%#d"));

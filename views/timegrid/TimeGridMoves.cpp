@@ -7,7 +7,6 @@
 
 namespace dayvane {
 namespace {
-constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 
 // Moves the selection by rows; false when its begin would come to another day.
 bool MoveRows(GridSelection& selection, const TimeScale& scale, int rows, bool extend)

@@ -1,5 +1,7 @@
 #include "views/timegrid/TimeGridPainter.h"
 
+#include "core/DateMath.h"
+
 #include <algorithm>
 
 namespace dayvane {

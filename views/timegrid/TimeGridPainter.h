@@ -15,7 +15,6 @@ namespace dayvane {
 struct TimeGridPalette
 {
     TitleBandColors dayCaption = {0x8FE8FB, 0x00CFFF, 0x21CBEF};
-    HeaderBandColors header = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
     COLORREF sunday = 0x0000FF;
     COLORREF saturday = 0xFF0000;
     COLORREF holiday = 0x2138EF;

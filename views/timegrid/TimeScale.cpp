@@ -9,11 +9,10 @@ namespace dayvane {
 ClockTime ClockTimeOf(const COleDateTime& time)
 {
     ClockTime clock;
-    if (time.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(time)) {
         return clock;
     }
     constexpr int kSecondsPerHour = 60 * kMinutesPerHour;
-    constexpr int kSecondsPerDay = kHoursPerDay * kSecondsPerHour;
     clock.isValid = true;
     // The fraction's size is the time of day, before the epoch too.
     clock.day = static_cast<int>(time.m_dt);
@@ -29,7 +28,7 @@ ClockTime ClockTimeOf(const COleDateTime& time)
 
 COleDateTime TimeScale::TimeOfRow(const COleDateTime& day, int row) const
 {
-    const DateFields date = FieldsOf(day);
+    const CivilDate date = CivilDateOf(day);
     return COleDateTime(date.year, date.month, date.day, row / rowsPerHour, MinutesPerRow() * (row % rowsPerHour), 0);
 }
 
@@ -41,7 +40,7 @@ int TimeScale::BottomOfTime(const ClockTime& time) const
 
 COleDateTime TimeScale::RowStart(const COleDateTime& time) const
 {
-    const DateFields date = FieldsOf(time);
+    const CivilDate date = CivilDateOf(time);
     const int minute = time.GetMinute() / MinutesPerRow() * MinutesPerRow();
     return COleDateTime(date.year, date.month, date.day, time.GetHour(), minute, 0);
 }

@@ -1,6 +1,8 @@
 // Times as grid rows and back. A time grid divides the day into rows of equal height, some to the hour.
 #pragma once
 
+#include "../../core/DateMath.h"
+
 #include <afxdisp.h>
 
 namespace dayvane {
@@ -25,9 +27,6 @@ struct TimeGridMetrics
     int endlessHours = 230;     // height of a box that has no end on its day, in hours
 };
 constexpr TimeGridMetrics kTimeGrid{};
-
-constexpr int kHoursPerDay = 24;
-constexpr int kMinutesPerHour = 60;
 
 // A date and time as the layout looks at it thousands of times: the day number and the time of day, after rounding to
 // the second as the fields of a date are.

@@ -1,6 +1,7 @@
 // The multi-day view: lifetime, range, layout, selection, keyboard. Painting is in WeekDayViewCtrlPaint.cpp.
 #include "views/timegrid/WeekDayViewCtrl.h"
 
+#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "views/timegrid/DayRange.h"
 #include "views/timegrid/FulldayLanes.h"
@@ -14,7 +15,6 @@ constexpr char kWindowClass[] = "MFCWeekDayViewCtrl";
 constexpr int kRowsPerHour = 2;
 constexpr int kMinDays = 2;
 constexpr int kMaxDays = 14;
-constexpr int kDaysPerWeek = 7;
 
 constexpr COLORREF kCaptionColor = 0x996633;
 constexpr COLORREF kRulerColor = 0xFFEFE3;
@@ -37,7 +37,7 @@ IMPLEMENT_DYNCREATE(CWeekDayViewCtrl, CTimeGridCtrl)
 
 CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
 {
-    RegisterViewClass(kWindowClass, nullptr);
+    RegisterControlClass(kWindowClass);
     SetViewOption(5, 2);
     SetCaptionColor(kCaptionColor);
     SetRulerColor(kRulerColor);
@@ -108,7 +108,7 @@ void CWeekDayViewCtrl::SetRange(COleDateTime date)
     const DayRange before = GetShownRange();
     m_dtViewBegin = DayRange::From(date, m_nDays, GetBeginDayOfWeek()).first;
     const DayRange range = GetShownRange();
-    if (range.first.GetStatus() == COleDateTime::valid && before.first.GetStatus() == COleDateTime::valid) {
+    if (IsValid(range.first) && IsValid(before.first)) {
         ShiftProperties(range.FirstDay() - before.FirstDay());
     }
     if (!range.Holds(m_dtCurrentDate)) {
@@ -291,7 +291,7 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
         return;
     }
     const GridSelection moved = MovedByColumn(Selection(), GetShownRange(), nDays, (nFlags & kExtendSelection) != 0);
-    if (moved.current.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(moved.current)) {
         return; // beyond the years that there are
     }
     InvalidateCellRectRange();

@@ -1,0 +1,20 @@
+// What every control does with its window: class, scroll bar, notifications.
+#pragma once
+
+#include <afxwin.h>
+
+namespace dayvane {
+
+// Registers the window class of a control, once a process: arrow cursor, double clicks, repainted whole when its size
+// changes. A failure throws CResourceException.
+void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground = nullptr);
+
+// The vertical scroll bar in units of the caller, with a page of one unit.
+void SetVertScrollBar(CWnd& window, int minimum, int maximum, int position);
+
+// The header of a notification from the window, all but the code zero while there is none.
+NMHDR NotifyHeader(const CWnd& window, int code);
+// Sends WM_NOTIFY to the window's parent and returns its answer, 0 without a parent. The window may be gone afterwards.
+LRESULT NotifyParent(const CWnd& window, const NMHDR& header);
+
+} // namespace dayvane
