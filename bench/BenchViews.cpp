@@ -44,9 +44,9 @@ public:
             dayvane::LayOutBoxView(CRect(0, 0, cx, cy), true, months ? dayvane::kYearMetrics : dayvane::kWeekMetrics);
         literal::BoxView view = {layout.boxes, {}, months};
         for (int box = 0; box < static_cast<int>(layout.boxes.size()); ++box) {
-            view.dates.push_back(this->DateOfBox(box));
+            view.dates.push_back(this->Range().DateOfBox(box));
         }
-        const dayvane::DayRows starts = this->GetRows();
+        const dayvane::DayRows starts = this->Range().Rows();
         std::vector<literal::Range> rows;
         for (size_t row = 0; row + 1 < starts.size(); ++row) {
             rows.push_back({dayvane::DateOfDayNumber(starts[row]),

@@ -18,7 +18,7 @@ enum Shape
 
 void CutToRows(const RandomMonth& month, ItemArray& pieces)
 {
-    MakeRowPieces(month.items, EvenRows(month.firstDay, kMonthRows, kMonthColumns), pieces);
+    MakeRowPieces(month.items, month.range.Rows(), pieces);
 }
 
 void ExpectLiteralBars(unsigned seed, int itemCount, Shape shape)
@@ -72,7 +72,7 @@ TEST(RowPieces, AreTheIntersectionsWithTheRows)
         pieces.SetSize(seed % 3 * 20); // records of an earlier call are overwritten
         CutToRows(month, pieces);
         ItemArray expected;
-        literal::MakePieces(month.items, DateOfDayNumber(month.firstDay), expected);
+        literal::MakePieces(month.items, month.firstDay, expected);
         ASSERT_EQ(pieces.GetSize(), expected.GetSize()) << "seed " << seed;
         for (int i = 0; i < static_cast<int>(pieces.GetSize()); ++i) {
             ASSERT_EQ(pieces[i].nSource, expected[i].nSource) << "seed " << seed;

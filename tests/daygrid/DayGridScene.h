@@ -110,7 +110,7 @@ public:
         COleDateTime first;
         COleDateTime last;
         view->GetViewRange(first, last);
-        EXPECT_TRUE(last == dayvane::EndOfDay(last) || last.GetStatus() != COleDateTime::valid);
+        EXPECT_TRUE(last == dayvane::EndOfDay(last) || !dayvane::IsValid(last));
         return Text(first) + " " + Text(dayvane::StartOfDay(last));
     }
     std::string HitAt(int x, int y) const
@@ -132,26 +132,15 @@ using Month = Scene<CMonthViewCtrl>;
 using Week = Scene<CWeekViewCtrl>;
 using Year = Scene<CYearViewCtrl>;
 
-struct ScrollCase
-{
-    UINT code;
-    int thumb;
-    const char* range;
-    int position;
-};
-
-// Each from the same date; what is shown then, and where the thumb stands.
+// What is shown after a drop of the thumb, and where the thumb stands then. BoxRangeTest has all codes.
 template <class View>
-void ExpectScrolls(const COleDateTime& from, int positionBefore, std::initializer_list<ScrollCase> cases)
+void ExpectAfterDrop(const COleDateTime& from, int thumb, const char* range, int position)
 {
-    for (const ScrollCase& c : cases) {
-        Scene<View> scene(from);
-        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), positionBefore);
-        scene.Scroll(c.code, c.thumb);
-        EXPECT_EQ(scene.Range(), c.range) << c.code;
-        EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), c.position) << c.code;
-        EXPECT_EQ(scene.parent.Names(), (Lines{"CCN_SELDATECHANGE", "CCN_VIEWRANGECHANGE"})) << c.code;
-    }
+    Scene<View> scene(from);
+    scene.Scroll(SB_THUMBPOSITION, thumb);
+    EXPECT_EQ(scene.Range(), range);
+    EXPECT_EQ(scene.view->GetScrollPos(SB_VERT), position);
+    EXPECT_EQ(scene.parent.Names(), (Lines{"CCN_SELDATECHANGE", "CCN_VIEWRANGECHANGE"}));
 }
 
 struct KeyCase

@@ -15,7 +15,7 @@ inline COleDateTime Day(int year, int month, int day)
 // "2026-04-15", with the time unless it is 00:00; "none" for a date that is not valid.
 inline std::string Text(const COleDateTime& date)
 {
-    if (date.GetStatus() != COleDateTime::valid) {
+    if (!dayvane::IsValid(date)) {
         return "none";
     }
     return date.Format(date == dayvane::StartOfDay(date) ? "%Y-%m-%d" : "%Y-%m-%d %H:%M:%S").GetString();

@@ -47,14 +47,14 @@ public:
         return Day(years[Below(5)], 1 + Below(12), 1 + Below(28));
     }
 
-    int firstDay = 0; // of the view
+    COleDateTime firstDay; // of the view
     dayvane::ItemArray items;
 
 private:
     COleDateTime At(int day)
     {
         static const int seconds[] = {0, 1, 9 * 3600, 12 * 3600 + 1800, 86399};
-        return dayvane::AddSeconds(dayvane::DateOfDayNumber(firstDay + day), seconds[Below(5)]);
+        return dayvane::AddSeconds(dayvane::AddDays(firstDay, day), seconds[Below(5)]);
     }
 
     std::mt19937 m_random;
@@ -68,10 +68,11 @@ public:
         const dayvane::MonthBands bands = dayvane::CalcMonthBands(Client(), Below(4) != 0);
         SetCells(bands.header, bands.calendar);
         firstDayOfWeek = 1 + Below(7);
-        firstDay = dayvane::FirstDayOfMonthGrid(Date(), firstDayOfWeek);
+        range = dayvane::BoxRange(dayvane::RangeKind::Month, Date(), firstDayOfWeek);
+        firstDay = range.FirstDate();
         dates.SetSize(dayvane::kMonthCells);
         for (int i = 0; i < dayvane::kMonthCells; ++i) {
-            dates[i].m_date = dayvane::DateOfDayNumber(firstDay + i);
+            dates[i].m_date = dayvane::AddDays(firstDay, i);
         }
     }
 
@@ -81,6 +82,7 @@ public:
         dayvane::FillMonthCells(header, calendar, dayvane::CalcMonthCellSize(calendar), headerCells, cells);
     }
 
+    dayvane::BoxRange range{dayvane::RangeKind::Month};
     dayvane::MonthCellArray cells;
     dayvane::MonthCellDateArray dates;
     int firstDayOfWeek = 1;

@@ -1,7 +1,6 @@
 #include "views/daygrid/BarGrid.h"
 
 #include "core/BarLanes.h"
-#include "core/DateMath.h"
 
 #include <algorithm>
 #include <climits>
@@ -149,24 +148,6 @@ private:
 BoxSpan NoBoxes()
 {
     return {kFarAhead, kFarBehind, true};
-}
-
-std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay)
-{
-    std::vector<BoxSpan> spans(items.GetSize(), NoBoxes());
-    const tagCALENDAR_ITEM* item = items.GetData();
-    for (BoxSpan& span : spans) {
-        if (IsValid(item->dtStart)) {
-            span.first = DayNumberOf(item->dtStart) - firstDay;
-            if (IsValid(item->dtEnd)) {
-                span.last = DayNumberOf(item->dtEnd) - firstDay;
-                span.ownBoxOnly =
-                    span.last < span.first && SecondsBetween(item->dtStart, item->dtEnd) <= -kSecondsPerDay;
-            }
-        }
-        ++item;
-    }
-    return spans;
 }
 
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,

@@ -51,6 +51,18 @@ struct BoxGrid
     int RowOf(int box) const { return box / columns; }
 };
 
+// The first of a view's boxes that holds the point; -1: none. rectOf: the rectangle of a box.
+template <class RectOf>
+int BoxUnder(int count, RectOf rectOf, CPoint point)
+{
+    for (int box = 0; box < count; ++box) {
+        if (CRect(rectOf(box)).PtInRect(point)) {
+            return box;
+        }
+    }
+    return -1;
+}
+
 // The boxes that an item covers, by position; positions outside the grid stand for days (months) that are not shown.
 struct BoxSpan
 {
@@ -62,11 +74,7 @@ struct BoxSpan
 // Stands for an item that covers nothing: its start is no date.
 BoxSpan NoBoxes();
 
-// Spans in days, counted from the day number of box 0. An item that ends a day or more before it starts keeps to its
-// own box.
-std::vector<BoxSpan> DaySpans(const ItemArray& items, int firstDay);
-
-// How the items weigh on a box.
+// Item count and overflow of a box.
 struct BoxLoad
 {
     int itemCount = 0; // items that cover it

@@ -39,7 +39,7 @@ END_MESSAGE_MAP()
 
 CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays)
     : m_strTitle(kind.lpszTitle), m_fonts(kCaptionFontHeight), m_lpszClass(kind.lpszClass), m_metrics(kind.metrics),
-      m_arrays(arrays)
+      m_arrays(arrays), m_range(kind.range)
 {
     RegisterControlClass(m_lpszClass);
     const CalendarColors& colors = kind.colors;
@@ -101,14 +101,18 @@ BOOL CBoxViewCtrl::IsMore(int nBox) const
 
 // ---- Range
 
-BOOL CBoxViewCtrl::HasRange() const
-{
-    return IsValid(m_dtRangeStart) || IsValid(m_dtRangeEnd);
-}
-
 void CBoxViewCtrl::SetRange(COleDateTime date)
 {
-    CalcRange(date);
+    ShowRange(BoxRange(m_range.Kind(), date, m_nFirstDayOfWeek));
+}
+
+void CBoxViewCtrl::ShowRange(const BoxRange& range)
+{
+    m_range = range;
+    m_dtRangeStart = range.FirstDate();
+    m_dtRangeEnd = range.LastDate();
+    m_nTodayBox = range.BoxOf(Now());
+    RangeChanged();
     UpdateScreenItems();
 }
 
@@ -121,7 +125,7 @@ void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
     }
     CDayGridCtrl::SetCurrentDate(date);
     SetRange(date);
-    UpdateScrollBar();
+    ResetScrollBar();
     InvalidateClient();
 }
 
@@ -179,7 +183,7 @@ void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader,
 
 void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    MakeRowPieces(items, HasRange() ? GetRows() : DayRows(), screenItems);
+    MakeRowPieces(items, m_range.Rows(), screenItems);
     ScreenItemsChanged();
 }
 
@@ -188,9 +192,7 @@ void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     BoxGrid grid;
     grid.columns = m_metrics.columns;
     grid.boxes.assign(m_arrays.boxes, m_arrays.boxes + BoxCount());
-    const std::vector<BoxSpan> spans =
-        HasRange() ? GetSpans(screenItems) : std::vector<BoxSpan>(screenItems.GetSize(), NoBoxes());
-    const std::vector<BoxLoad> loads = LayOutBars(grid, m_metrics.bars, spans, screenItems);
+    const std::vector<BoxLoad> loads = LayOutBars(grid, m_metrics.bars, m_range.Spans(screenItems), screenItems);
     for (int i = 0; i < BoxCount(); ++i) {
         m_arrays.more[i] = loads[i].more ? 1 : 0;
     }
@@ -221,55 +223,51 @@ BOOL CBoxViewCtrl::IsBoxSelected(int nBox)
 {
     COleDateTime begin;
     COleDateTime end;
-    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && PositionOf(begin) <= nBox &&
-           nBox <= PositionOf(end);
+    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && m_range.PositionOf(begin) <= nBox &&
+           nBox <= m_range.PositionOf(end);
 }
 
 // ---- Keyboard moves
 
-void CBoxViewCtrl::SelectByKey(const COleDateTime& end, BOOL bBack, UINT nFlags)
+void CBoxViewCtrl::MoveSelection(int nBoxes, UINT nFlags)
 {
-    if (MoveSelectionTo(end, bBack, nFlags)) {
-        PostMessage(WM_VSCROLL, bBack ? SB_LINEUP : SB_LINEDOWN);
+    if (MoveSelectionEnd(nBoxes, nFlags)) {
+        PostMessage(WM_VSCROLL, nBoxes < 0 ? SB_LINEUP : SB_LINEDOWN);
     }
 }
 
 // ---- Size and scroll
 
-void CBoxViewCtrl::UpdateScrollBar()
-{
-    if (!m_hWnd) {
-        return;
-    }
-    const SCROLLINFO range = GetScrollRange();
-    SetVertScrollBar(*this, range.nMin, range.nMax, range.nPos);
-}
-
 void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
-    UpdateScrollBar();
+    ResetScrollBar();
+}
+
+BoxRange CBoxViewCtrl::RangeAfter(int nBoxes) const
+{
+    return BoxRange(m_range.Kind(), m_range.DateAfter(nBoxes), m_nFirstDayOfWeek);
 }
 
 void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const ScrollStep scroll = CalcScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos));
-    COleDateTime target = DateInRangeAfter(scroll.step);
-    if (!scroll.moves || !IsValid(target)) {
+    const ScrollStep scroll = m_range.Scroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), GetCurrentDate());
+    BoxRange target = RangeAfter(scroll.step);
+    if (!scroll.moves || !target.HasDates()) {
         return;
     }
     Alive alive(this);
     COleDateTime begin;
     COleDateTime end;
-    const BOOL keeps = GetSelRange(begin, end) && IsInRangeOf(target, m_dtSelEnd);
-    NotifySelDateChange(keeps ? GetCurrentDate() : CarryAlong(GetCurrentDate(), target));
+    const BOOL keeps = GetSelRange(begin, end) && target.Holds(m_dtSelEnd);
+    NotifySelDateChange(keeps ? GetCurrentDate() : m_range.MoveAlong(GetCurrentDate(), target));
     if (!alive) {
         return;
     }
     // The host may have set another date meanwhile.
-    target = DateInRangeAfter(scroll.step);
-    if (!IsValid(target)) {
+    target = RangeAfter(scroll.step);
+    if (!target.HasDates()) {
         return;
     }
     ScrollTo(target);
@@ -281,21 +279,21 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 }
 
 // A selection whose moving end lies in the new range stays where it is: a key has put it there, or the step was small.
-void CBoxViewCtrl::ScrollTo(const COleDateTime& dtTarget)
+void CBoxViewCtrl::ScrollTo(const BoxRange& range)
 {
     COleDateTime begin;
     COleDateTime end;
     const BOOL isSelected = GetSelRange(begin, end);
-    if (isSelected && IsInRangeOf(dtTarget, m_dtSelEnd)) {
+    if (isSelected && range.Holds(m_dtSelEnd)) {
         m_dtCurrentDate = m_dtSelEnd;
     } else {
-        m_dtCurrentDate = CarryAlong(m_dtCurrentDate, dtTarget);
+        m_dtCurrentDate = m_range.MoveAlong(m_dtCurrentDate, range);
         if (isSelected) {
-            m_dtSelBegin = CarryAlong(m_dtSelBegin, dtTarget);
-            m_dtSelEnd = CarryAlong(m_dtSelEnd, dtTarget);
+            m_dtSelBegin = m_range.MoveAlong(m_dtSelBegin, range);
+            m_dtSelEnd = m_range.MoveAlong(m_dtSelEnd, range);
         }
     }
     m_dtViewDate = m_dtCurrentDate;
-    SetRange(dtTarget);
+    ShowRange(range);
     InvalidateClient();
 }

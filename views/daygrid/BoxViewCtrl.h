@@ -50,6 +50,7 @@ protected:
     // What is fixed of a view. The texts are literals.
     struct BoxViewKind
     {
+        dayvane::RangeKind range;
         LPCTSTR lpszClass; // of the window
         LPCTSTR lpszTitle;
         const dayvane::BoxViewMetrics& metrics;
@@ -60,20 +61,9 @@ protected:
     const CRect& GetBox(int nBox) const; // CInvalidArgException where there is no such box
 
     // ---- Hooks of the views.
-    // Sets m_dtRangeStart and m_dtRangeEnd to the range that holds the date; both invalid for an invalid date.
-    virtual void CalcRange(const COleDateTime& date) = 0;
-    virtual dayvane::DayRows GetRows() = 0;
-    virtual std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) = 0;
-    virtual dayvane::ScrollStep CalcScroll(int nCode, int nPos, int nThumb) = 0;
-    virtual SCROLLINFO GetScrollRange() = 0; // nMin, nMax and nPos
-    // A date in the range that is so many scroll steps (days or years) away; invalid when that range has no date.
-    virtual COleDateTime DateInRangeAfter(int nStep) = 0;
-    // The date moved along with the range, when the range moves to the one that holds dtTarget.
-    virtual COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) = 0;
-    virtual BOOL IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date) = 0;
+    virtual void RangeChanged() {}
     virtual void DrawBoxStrip(CDC* pDC, int nBox) = 0;
     virtual COLORREF GetBoxColor(int nBox) = 0;
-    virtual BOOL IsToday(int nBox) = 0;
     virtual void DrawBoxMark(CDC* pDC, int nBox) = 0; // the more-items mark
 
     // The second and third rectangle are left as they are. Sets the rectangles of the boxes and their strips.
@@ -83,9 +73,8 @@ protected:
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
 
-    int GetBoxCount() override { return BoxCount(); }
+    dayvane::BoxRange Range() const override { return m_range; }
     CRect GetBoxRect(int nBox) override { return m_arrays.boxes[nBox]; }
-    int BoxAt(CPoint point) override { return dayvane::BoxOfPoint(m_arrays.boxes, BoxCount(), point); }
     int GetHitStripHeight() override { return m_metrics.hitStripHeight; }
     BOOL HasMoreMark(int nBox) override { return m_arrays.more[nBox] == 1; }
     void ClearMoreMarks() override;
@@ -96,34 +85,38 @@ protected:
     virtual void DrawTodayRect(CDC* pDC, CRect rect, int nBox);
     virtual void DrawFocusRect(CDC* pDC, CRect rect, int nBox);
 
-    // MoveSelectionTo; scrolls by a posted message when the date leaves the range.
-    void SelectByKey(const COleDateTime& end, BOOL bBack, UINT nFlags);
+    // MoveSelectionEnd; scrolls by a posted message when the end leaves the range.
+    void MoveSelection(int nBoxes, UINT nFlags);
 
     int BoxCount() const { return m_metrics.BoxCount(); }
     int BoxOfStrip(const CRect& rcStrip) const; // -1: none
     BOOL IsBoxSelected(int nBox);               // and the selection is shown
-    BOOL HasRange() const;
+    BOOL IsToday(int nBox) const { return nBox == m_nTodayBox; }
+    BOOL HasRange() const { return m_range.HasDates(); }
 
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 
-    COleDateTime m_dtRangeStart;
-    COleDateTime m_dtRangeEnd;
+    COleDateTime m_dtRangeStart; // 00:00 of the first day
+    COleDateTime m_dtRangeEnd;   // 23:59:59 of the last day
     CString m_strTitle;
     COLORREF m_crAccent = 0x8F9300;
     COLORREF m_crAccentBack = 0xFFFFFF;
     dayvane::MonthFonts m_fonts;
 
 private:
-    void ScrollTo(const COleDateTime& dtTarget);
-    void UpdateScrollBar();
+    dayvane::BoxRange RangeAfter(int nBoxes) const; // the range that is so many boxes away
+    void ShowRange(const dayvane::BoxRange& range);
+    void ScrollTo(const dayvane::BoxRange& range);
     CRect PaintRectOf(int nBox) const;
     void DrawFrame(CDC* pDC, const CRect& rect, const dayvane::DayFrameColors& colors);
 
     LPCTSTR m_lpszClass;
     const dayvane::BoxViewMetrics& m_metrics;
     BoxArrays m_arrays;
+    dayvane::BoxRange m_range;
+    int m_nTodayBox = -1; // when the range was set; -1: not shown
     CRect m_rcUnused = CRect(0, 0, 0, 0);
 };

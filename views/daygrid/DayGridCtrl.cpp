@@ -3,6 +3,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
+#include "core/WindowHelpers.h"
 #include "views/daygrid/BarPainter.h"
 #include "views/daygrid/MonthCellLook.h"
 
@@ -109,15 +110,15 @@ int CDayGridCtrl::ScreenItemAt(CPoint point)
 
 // ---- Boxes
 
-COleDateTime CDayGridCtrl::LastDateOfBox(int nBox)
+int CDayGridCtrl::GetBoxCount() const
 {
-    return EndOfDay(DateOfBox(nBox));
+    return Range().Count();
 }
 
-int CDayGridCtrl::BoxOfDate(const COleDateTime& date)
+int CDayGridCtrl::BoxAt(CPoint point)
 {
-    const int position = PositionOf(date);
-    return position >= 0 && position < GetBoxCount() ? position : -1;
+    return BoxUnder(
+        GetBoxCount(), [this](int i) { return GetBoxRect(i); }, point);
 }
 
 int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
@@ -128,7 +129,7 @@ int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
     if (box == -1) {
         return -1;
     }
-    ToSystemTime(DateOfBox(box), info.time);
+    ToSystemTime(Range().DateOfBox(box), info.time);
     info.nScreenItem = ScreenItemAt(point);
     if (info.nScreenItem != -1) {
         info.nItem = static_cast<int>(m_arScreenItem[info.nScreenItem].nSource);
@@ -143,7 +144,7 @@ int CDayGridCtrl::HitBoxes(tagCCHITTESTINFO& info, CPoint point)
 
 void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
 {
-    const int box = BoxOfDate(date);
+    const int box = Range().BoxOf(date);
     if (box == -1 || !m_hWnd) {
         return;
     }
@@ -160,13 +161,14 @@ void CDayGridCtrl::InvalidateCellRectRange()
     if (!m_hWnd || !GetSelRange(begin, end)) {
         return;
     }
-    int first = PositionOf(begin);
-    int last = PositionOf(end);
+    const BoxRange range = Range();
+    int first = range.PositionOf(begin);
+    int last = range.PositionOf(end);
     if (IsValid(m_dtPrevSelEnd)) {
-        first = std::min(first, PositionOf(m_dtPrevSelEnd));
-        last = std::max(last, PositionOf(m_dtPrevSelEnd));
+        first = std::min(first, range.PositionOf(m_dtPrevSelEnd));
+        last = std::max(last, range.PositionOf(m_dtPrevSelEnd));
     }
-    for (int i = std::max(first, 0); i <= std::min(last, GetBoxCount() - 1); ++i) {
+    for (int i = std::max(first, 0); i <= std::min(last, range.Count() - 1); ++i) {
         const CRect rect = GetBoxRect(i);
         InvalidateRect(&rect, FALSE);
     }
@@ -174,15 +176,17 @@ void CDayGridCtrl::InvalidateCellRectRange()
 
 void CDayGridCtrl::GetCurCellRect(CRect& rect, int& bFound)
 {
-    const int box = BoxOfDate(m_dtSelBegin);
+    const int box = Range().BoxOf(m_dtSelBegin);
     bFound = box != -1 ? 1 : 0;
     rect = bFound ? GetBoxRect(box) : CRect(-1, -1, -1, -1);
 }
 
 // ---- Selection
 
-BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags)
+BOOL CDayGridCtrl::MoveSelectionEnd(int nBoxes, UINT nFlags)
 {
+    const BoxRange range = Range();
+    const COleDateTime end = range.Neighbour(m_dtSelEnd, nBoxes);
     if (!IsValid(end)) {
         return FALSE;
     }
@@ -193,12 +197,21 @@ BOOL CDayGridCtrl::MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFl
     if (!m_hWnd) {
         return FALSE;
     }
-    const int position = PositionOf(end);
-    if (bBack ? position < 0 : position >= GetBoxCount()) {
+    const int position = range.PositionOf(end);
+    if (nBoxes < 0 ? position < 0 : position >= range.Count()) {
         return TRUE;
     }
     InvalidateRect(&m_rcContent, FALSE);
     return FALSE;
+}
+
+void CDayGridCtrl::ResetScrollBar()
+{
+    if (!m_hWnd) {
+        return;
+    }
+    const ScrollBarRange bar = Range().ScrollBar();
+    SetVertScrollBar(*this, bar.min, bar.max, bar.position);
 }
 
 void CDayGridCtrl::NotifySelDateChange(const COleDateTime& date)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarCtrl.h"
+#include "BoxRange.h"
 #include "GdiPens.h"
 #include "TextCache.h"
 
@@ -35,29 +36,26 @@ protected:
     }; // pixels
 
     // ---- Hooks of the views. The boxes stand for days or months, in the order of time.
-    virtual int GetBoxCount() = 0;
+    virtual dayvane::BoxRange Range() const = 0; // the dates of the boxes
     virtual CRect GetBoxRect(int nBox) = 0;
-    virtual int BoxAt(CPoint point) = 0;          // -1: none
-    virtual int GetHitStripHeight() = 0;          // pixels at the top of a box that answer as its caption
-    virtual COleDateTime DateOfBox(int nBox) = 0; // 00:00 of its first day; may be invalid
-    virtual COleDateTime LastDateOfBox(int nBox); // 23:59:59 of its last day: of its only one here
-    // The position of the date counted from box 0, also beyond the boxes; -1 without a date or a range.
-    virtual int PositionOf(const COleDateTime& date) = 0;
+    virtual int GetHitStripHeight() = 0; // pixels at the top of a box that answer as its caption
     virtual BOOL HasMoreMark(int nBox) = 0;
     virtual void ClearMoreMarks() = 0; // no item is hidden any more
     virtual CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
 
-    int BoxOfDate(const COleDateTime& date); // -1: not shown
+    int GetBoxCount() const;
+    int BoxAt(CPoint point); // -1: none
     // HitTest for a point of the boxes, which a view may have moved.
     int HitBoxes(tagCCHITTESTINFO& info, CPoint point);
 
     void InvalidateCellRect(COleDateTime date) override;
     void InvalidateCellRectRange() override;
     void GetCurCellRect(CRect& rect, int& bFound) override;
-    // Keys: moves the selection end to the date, the start too unless nFlags extends. TRUE when the end has left the
-    // boxes in that direction: the view is to scroll then.
-    BOOL MoveSelectionTo(const COleDateTime& end, BOOL bBack, UINT nFlags);
+    // Keys: moves the selection end by so many boxes, the start too unless nFlags extends. TRUE when the end has left
+    // the boxes in that direction: the view scrolls then.
+    BOOL MoveSelectionEnd(int nBoxes, UINT nFlags);
+    void ResetScrollBar(); // range and thumb as the dates of the boxes have them
 
     // The window may be gone after each.
     void NotifySelDateChange(const COleDateTime& date);

@@ -22,7 +22,7 @@ void CDayGridCtrl::EnableMoreList(BOOL bEnable)
 
 BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
 {
-    box = {MoreMarkOf(GetBoxRect(nBox)), DateOfBox(nBox), LastDateOfBox(nBox)};
+    box = {MoreMarkOf(GetBoxRect(nBox)), Range().DateOfBox(nBox), Range().LastDateOfBox(nBox)};
     return HasMoreMark(nBox) && IsValid(box.first) && IsValid(box.last);
 }
 

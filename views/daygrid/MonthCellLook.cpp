@@ -57,7 +57,7 @@ MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayC
     look.background = RowOf(cell, dayColor, input.colors).crColor[MONTHCOLOR_BACKGROUND];
     look.today = (cell.m_nFlags & MONTHCELL_TODAY) != 0;
     const bool isDated = IsValid(cell.m_date);
-    const int day = isDated ? DayNumberOf(cell.m_date) : kNoDay;
+    const int day = isDated ? DayNumberOf(cell.m_date) : 0;
     look.selected = input.showSelection && isDated && input.firstSelected <= day && day <= input.lastSelected;
 
     const COLORREF holidayText = input.colors[MONTHROW_HOLIDAY].crColor[MONTHCOLOR_TEXT];

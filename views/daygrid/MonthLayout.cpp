@@ -91,50 +91,26 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 
 // ---- Dates
 
-int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek)
-{
-    if (!IsValid(date)) {
-        return kNoDay;
-    }
-    const CivilDate fields = CivilDateOf(date);
-    return WeekStartOf(DayNumberOf(date) - (fields.day - 1), firstDayOfWeek);
-}
-
-void FillCellDates(int firstDay, int count, const COleDateTime& current, const COleDateTime& today,
+void FillCellDates(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
                    MonthCellDateArray& dates)
 {
     const int currentMonth = CivilDateOf(current).month;
     const CivilDate todayFields = CivilDateOf(today);
-    COleDateTime none;
-    none.SetStatus(COleDateTime::invalid);
     dates.RemoveAll();
-    dates.SetSize(count);
-    for (int i = 0; i < count; ++i) {
-        const COleDateTime date = firstDay == kNoDay ? none : DateOfDayNumber(firstDay + i);
-        dates[i] = DateWithAnnotations(date, currentMonth, todayFields);
+    dates.SetSize(range.Count());
+    for (int i = 0; i < range.Count(); ++i) {
+        dates[i] = DateWithAnnotations(range.DateOfBox(i), currentMonth, todayFields);
     }
 }
 
-int FirstDayOf(const MonthCellDateArray& dates)
+BoxRange RangeOf(const MonthCellDateArray& dates)
 {
     for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
         if (IsValid(dates[i].m_date)) {
-            return DayNumberOf(dates[i].m_date) - i;
+            return BoxRange::FromDay(RangeKind::Month, DayNumberOf(dates[i].m_date) - i);
         }
     }
-    return kNoDay;
-}
-
-int PositionOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
-{
-    const int firstDay = FirstDayOf(dates);
-    return firstDay == kNoDay || !IsValid(date) ? -1 : DayNumberOf(date) - firstDay;
-}
-
-int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
-{
-    const int cell = PositionOfDate(dates, date);
-    return cell >= 0 && cell < static_cast<int>(dates.GetSize()) ? cell : -1;
+    return BoxRange(RangeKind::Month);
 }
 
 void ClearDayProperties(MonthCellDateArray& dates)
@@ -160,13 +136,13 @@ BoxGrid BoxGridOf(const MonthCellArray& cells)
 
 void CalcMonthBars(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
 {
-    const std::vector<BoxSpan> spans = DaySpans(items, FirstDayOf(dates));
+    const std::vector<BoxSpan> spans = RangeOf(dates).Spans(items);
     StoreLoads(LayOutBars(BoxGridOf(cells), kMonthMetrics.bars, spans, items), cells);
 }
 
 void CalcMonthBlocks(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
 {
-    const std::vector<BoxSpan> spans = DaySpans(items, FirstDayOf(dates));
+    const std::vector<BoxSpan> spans = RangeOf(dates).Spans(items);
     std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it
     const int lastCell = static_cast<int>(cells.GetSize()) - 1;
     for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
@@ -201,40 +177,6 @@ void ClearLoads(MonthCellArray& cells)
         cells[i].m_bMore = 0;
         cells[i].m_nItemCount = 0;
     }
-}
-
-// ---- Scroll bar
-
-ScrollStep CalcMonthScroll(int code, int position, int thumb, int dayOfYear)
-{
-    constexpr int kPage = 2;
-    const int weekOfYear = dayOfYear / kMonthColumns;
-    const ScrollRow rows[] = {
-        // code, new position, weeks
-        {SCROLL_LINEUP, position - 1, -1},
-        {SCROLL_LINEDOWN, position + 1, 1},
-        {SCROLL_PAGEUP, position - kPage, -kPage},
-        {SCROLL_PAGEDOWN, position + kPage, kPage},
-        {SCROLL_TOP, kMonthScrollMin, -kMonthScrollMiddle},
-        {SCROLL_BOTTOM, kMonthScrollMax, kMonthScrollMiddle},
-        {SCROLL_THUMBPOSITION, thumb, thumb - weekOfYear},
-        {SCROLL_THUMBTRACK, thumb, thumb - weekOfYear},
-    };
-    ScrollStep scroll = FindScrollStep(rows, code);
-    scroll.position = std::clamp(scroll.position, kMonthScrollMin, kMonthScrollMax);
-    return scroll;
-}
-
-// ---- Hit test
-
-int CellOfPoint(const MonthCellArray& cells, CPoint point)
-{
-    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
-        if (cells[i].m_rect.PtInRect(point)) {
-            return i;
-        }
-    }
-    return -1;
 }
 
 } // namespace dayvane

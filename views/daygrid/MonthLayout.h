@@ -4,13 +4,9 @@
 
 #include "../../core/CalendarRecords.h"
 #include "BarGrid.h"
-#include "ScrollSteps.h"
+#include "BoxRange.h"
 
 namespace dayvane {
-
-constexpr int kMonthRows = 6;
-constexpr int kMonthColumns = 7; // days of a week
-constexpr int kMonthCells = kMonthRows * kMonthColumns;
 
 // Pixels.
 struct MonthMetrics
@@ -80,33 +76,13 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 
 // ---- Dates
 
-// Stands for a grid without dates: the date that it is built around is not valid.
-constexpr int kNoDay = -100000000;
-
-// The first day of the week on or before the 1st of the date's month. firstDayOfWeek: 1 Sunday .. 7 Saturday.
-int FirstDayOfMonthGrid(const COleDateTime& date, int firstDayOfWeek);
-
-// The days from firstDay on, as many as wanted, with their annotations; properties are empty. Flags are set against the
-// month (of any year) of `current` and against `today`.
-void FillCellDates(int firstDay, int count, const COleDateTime& current, const COleDateTime& today,
+// The days of the range with their annotations; properties are empty. Flags are set against the month (of any year) of
+// `current` and against `today`.
+void FillCellDates(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
                    MonthCellDateArray& dates);
 
-inline void FillMonthDates(int firstDay, const COleDateTime& current, const COleDateTime& today,
-                           MonthCellDateArray& dates)
-{
-    FillCellDates(firstDay, kMonthCells, current, today, dates);
-}
-
-// The day of cell 0, also where that day is beyond the valid dates; kNoDay when no cell has a date.
-int FirstDayOf(const MonthCellDateArray& dates);
-
-// The date's position counted from cell 0, also beyond the cells; -1 without a date or a grid.
-int PositionOfDate(const MonthCellDateArray& dates, const COleDateTime& date);
-int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date); // -1: not shown
-inline const COleDateTime& DateOfCell(const MonthCellDateArray& dates, int cell)
-{
-    return dates[cell].m_date;
-}
+// The month view's range, as its dates stand.
+BoxRange RangeOf(const MonthCellDateArray& dates);
 
 // Texts and numbers of all days' properties.
 void ClearDayProperties(MonthCellDateArray& dates);
@@ -124,20 +100,5 @@ void CalcMonthBars(const MonthCellDateArray& dates, MonthCellArray& cells, ItemA
 void CalcMonthBlocks(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items);
 
 void ClearLoads(MonthCellArray& cells);
-
-// ---- Scroll bar
-
-// The bar stands in its middle and steps by weeks; it is no map of the year.
-constexpr int kMonthScrollMin = 1;
-constexpr int kMonthScrollMax = 52;
-constexpr int kMonthScrollMiddle = 26;
-
-// In weeks; positions stay within min .. max. code: SB_..., thumb: the position that came with the message, dayOfYear:
-// of the date that the grid is built around.
-ScrollStep CalcMonthScroll(int code, int position, int thumb, int dayOfYear);
-
-// ---- Hit test
-
-int CellOfPoint(const MonthCellArray& cells, CPoint point); // -1: none
 
 } // namespace dayvane

@@ -5,8 +5,6 @@
 #include "core/DateMath.h"
 #include "views/daygrid/RowPieces.h"
 
-#include "mfc/base/civil.h"
-
 using namespace dayvane;
 
 namespace {
@@ -73,12 +71,12 @@ void CMonthViewCtrl::OnDestroy()
 
 void CMonthViewCtrl::CalcCalendar()
 {
-    RebuildDates(FirstDayOfMonthGrid(m_dtCurrent, m_nFirstDayOfWeek));
+    ShowRange(BoxRange(RangeKind::Month, m_dtCurrent, m_nFirstDayOfWeek));
 }
 
-void CMonthViewCtrl::RebuildDates(int nFirstDay)
+void CMonthViewCtrl::ShowRange(const BoxRange& range)
 {
-    FillMonthDates(nFirstDay, m_dtCurrent, Now(), m_arCellDate);
+    FillCellDates(range, m_dtCurrent, Now(), m_arCellDate);
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
@@ -109,12 +107,11 @@ void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 
 void CMonthViewCtrl::MoveCalendar(int nWeeks)
 {
-    const int firstDay = FirstDayOf(m_arCellDate);
-    const long long moved = firstDay + static_cast<long long>(nWeeks) * kMonthColumns;
-    if (firstDay == kNoDay || moved <= civil::kFirstDay - kMonthCells || moved > civil::kLastDay) {
-        return; // no day of the grid would be a date
+    const BoxRange range = Range().Moved(static_cast<long long>(nWeeks) * kMonthColumns);
+    if (!range.HasDates()) {
+        return;
     }
-    RebuildDates(static_cast<int>(moved));
+    ShowRange(range);
     UpdateScreenItems();
     InvalidateClient();
     NotifyViewRangeChange(m_dtCurrent, kRangeChangeValue);
@@ -122,7 +119,7 @@ void CMonthViewCtrl::MoveCalendar(int nWeeks)
 
 void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
-    const int cell = BoxOfDate(date);
+    const int cell = Range().BoxOf(date);
     if (cell != -1) {
         m_arCellDate[cell].m_dayProperty = property;
     }
@@ -167,8 +164,7 @@ void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
 
 void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    const int firstDay = FirstDayOf(m_arCellDate);
-    MakeRowPieces(items, firstDay == kNoDay ? DayRows() : EvenRows(firstDay, kMonthRows, kMonthColumns), screenItems);
+    MakeRowPieces(items, Range().Rows(), screenItems);
     ScreenItemsChanged();
 }
 
@@ -209,7 +205,7 @@ void CMonthViewCtrl::MoveRightward(UINT nFlags)
 
 void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {
-    if (!MoveSelectionTo(AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags)) {
+    if (!MoveSelectionEnd(nDays, nFlags)) {
         return;
     }
     const COleDateTime begin = m_dtSelBegin;
@@ -230,34 +226,32 @@ void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
-    SetVertScrollBar(*this, kMonthScrollMin, kMonthScrollMax, kMonthScrollMiddle);
+    ResetScrollBar();
 }
 
 void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const ScrollStep scroll =
-        CalcMonthScroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), m_dtCurrent.GetDayOfYear());
-    const int days = scroll.step * kMonthColumns;
-    COleDateTime date = AddDays(m_dtCurrent, days);
+    const ScrollStep scroll = Range().Scroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), m_dtCurrent);
+    COleDateTime date = AddDays(m_dtCurrent, scroll.step);
     if (!scroll.moves || !IsValid(date)) {
         return;
     }
     Alive alive(this);
     const bool isSelected = IsSameDay(m_dtSelBegin, date) && IsSameDay(m_dtSelEnd, date);
-    if (days != 0 || !isSelected) {
+    if (scroll.step != 0 || !isSelected) {
         NotifySelDateChange(date);
     }
     if (!alive) {
         return;
     }
     // The host may have set another date meanwhile.
-    date = AddDays(m_dtCurrent, days);
+    date = AddDays(m_dtCurrent, scroll.step);
     if (!IsValid(date)) {
         return;
     }
     m_dtCurrent = m_dtScroll = date;
     m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
-    MoveCalendar(scroll.step);
+    MoveCalendar(scroll.step / kMonthColumns);
     if (!alive) {
         return;
     }

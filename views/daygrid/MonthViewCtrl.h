@@ -58,12 +58,9 @@ protected:
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
-    int GetBoxCount() override { return dayvane::kMonthCells; }
+    dayvane::BoxRange Range() const override { return dayvane::RangeOf(m_arCellDate); }
     CRect GetBoxRect(int nBox) override { return m_arCell[nBox].m_rect; }
-    int BoxAt(CPoint point) override { return dayvane::CellOfPoint(m_arCell, point); }
     int GetHitStripHeight() override { return dayvane::kMonthMetrics.dayCaptionHeight; }
-    COleDateTime DateOfBox(int nBox) override { return m_arCellDate[nBox].m_date; }
-    int PositionOf(const COleDateTime& date) override { return dayvane::PositionOfDate(m_arCellDate, date); }
     BOOL HasMoreMark(int nBox) override { return m_arCell[nBox].m_bMore == 1; }
     void ClearMoreMarks() override { dayvane::ClearLoads(m_arCell); }
 
@@ -97,7 +94,7 @@ protected:
 
 private:
     void MoveSelection(int nDays, UINT nFlags);
-    void RebuildDates(int nFirstDay);
+    void ShowRange(const dayvane::BoxRange& range);
     dayvane::MonthLookInput LookInput();
 };
 

@@ -45,10 +45,11 @@ void CMonthViewCtrl2::DrawCaption(CDC* pDC, CRect rcCaption)
 // be the current item.
 void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 {
+    const BoxRange range = Range();
     std::vector<int> lastOfCell(kMonthCells, -1);
     std::vector<bool> hasCurrent(kMonthCells, false);
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
-        const int cell = screenItems[i].bNoFocus ? -1 : CellOfDate(m_arCellDate, screenItems[i].dtStart);
+        const int cell = screenItems[i].bNoFocus ? -1 : range.BoxOf(screenItems[i].dtStart);
         if (cell == -1) {
             continue;
         }

@@ -17,6 +17,13 @@ enum ScrollCode
     SCROLL_BOTTOM = 7,
 };
 
+struct ScrollBarRange
+{
+    int min;
+    int max;
+    int position; // where the thumb stands after a change of size or date
+};
+
 struct ScrollStep
 {
     bool moves = false; // false: a code that does nothing

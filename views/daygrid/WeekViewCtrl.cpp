@@ -4,9 +4,6 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 
-#include "mfc/base/civil.h"
-
-#include <algorithm>
 #include <clocale>
 
 using namespace dayvane;
@@ -43,7 +40,8 @@ IMPLEMENT_DYNCREATE(CWeekViewCtrl, CBoxViewCtrl)
 // ---- Lifetime
 
 CWeekViewCtrl::CWeekViewCtrl()
-    : CBoxViewCtrl({kWindowClass, "Weekly Calendar", kWeekMetrics, kWeekColors}, {m_rcDay, m_rcDayCaption, m_bMore})
+    : CBoxViewCtrl({RangeKind::Week, kWindowClass, "Weekly Calendar", kWeekMetrics, kWeekColors},
+                   {m_rcDay, m_rcDayCaption, m_bMore})
 {
     Start();
 }
@@ -65,46 +63,12 @@ void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
     CBoxViewCtrl::SetCurrentDate(StartOfDay(date));
 }
 
-// Near the ends of the valid dates one end of the range may not be a date.
-int CWeekViewCtrl::FirstDay() const
+void CWeekViewCtrl::RangeChanged()
 {
-    if (IsValid(m_dtRangeStart)) {
-        return DayNumberOf(m_dtRangeStart);
-    }
-    if (IsValid(m_dtRangeEnd)) {
-        return DayNumberOf(m_dtRangeEnd) - kLastShown;
-    }
-    return kNoDay;
-}
-
-int CWeekViewCtrl::FirstDayOfWeekOf(const COleDateTime& date) const
-{
-    return WeekStartOf(DayNumberOf(date), m_nFirstDayOfWeek);
-}
-
-void CWeekViewCtrl::CalcRange(const COleDateTime& date)
-{
-    const int firstDay = IsValid(date) ? FirstDayOfWeekOf(date) : kNoDay;
-    m_dtRangeStart = DateOfDayNumber(firstDay);
-    m_dtRangeEnd = EndOfDay(DateOfDayNumber(firstDay + kLastShown));
-    FillCellDates(firstDay, kWeekBoxes, date, Now(), m_arDayDate);
+    FillCellDates(Range(), Range().FirstDate(), Now(), m_arDayDate);
     for (int i = 0; i < kWeekBoxes; ++i) {
         m_arDayDate[i].m_nFlags |= MONTHCELL_INMONTH; // a week looks the same in every month
     }
-}
-
-int CWeekViewCtrl::PositionOf(const COleDateTime& date)
-{
-    const int firstDay = FirstDay();
-    if (!IsValid(date) || firstDay == kNoDay) {
-        return -1;
-    }
-    return DayNumberOf(date) - firstDay;
-}
-
-COleDateTime CWeekViewCtrl::DateOfBox(int nBox)
-{
-    return m_arDayDate[nBox].m_date;
 }
 
 BOOL CWeekViewCtrl::HasMoreMark(int nBox)
@@ -112,19 +76,9 @@ BOOL CWeekViewCtrl::HasMoreMark(int nBox)
     return nBox != kLastShown && CBoxViewCtrl::HasMoreMark(nBox);
 }
 
-DayRows CWeekViewCtrl::GetRows()
-{
-    return WeekRows(FirstDay());
-}
-
-std::vector<BoxSpan> CWeekViewCtrl::GetSpans(const CItemArray& screenItems)
-{
-    return DaySpans(screenItems, FirstDay());
-}
-
 void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
-    const int box = BoxOfDate(date);
+    const int box = Range().BoxOf(date);
     if (box != -1) {
         m_arDayDate[box].m_dayProperty = property;
     }
@@ -162,46 +116,6 @@ void CWeekViewCtrl::MoveRightward(UINT nFlags)
     MoveSelection(1, nFlags);
 }
 
-void CWeekViewCtrl::MoveSelection(int nDays, UINT nFlags)
-{
-    SelectByKey(AddDays(m_dtSelEnd, nDays), nDays < 0, nFlags);
-}
-
-ScrollStep CWeekViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
-{
-    return CalcWeekScroll(nCode, nPos, nThumb, m_dtRangeStart.GetDayOfYear());
-}
-
-SCROLLINFO CWeekViewCtrl::GetScrollRange()
-{
-    SCROLLINFO info = {};
-    info.nMax = kWeekScrollMax;
-    info.nPos = WeekScrollPosition(std::max(m_dtRangeStart.GetDayOfYear(), 0));
-    return info;
-}
-
-COleDateTime CWeekViewCtrl::DateInRangeAfter(int nStep)
-{
-    // The first day may not be a date itself where dates begin; then the first date stands for its week.
-    const int day = FirstDay() + nStep;
-    if (day > civil::kFirstDay - kLastShown && day < civil::kFirstDay) {
-        return DateOfDayNumber(civil::kFirstDay);
-    }
-    return DateOfDayNumber(day);
-}
-
-COleDateTime CWeekViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
-{
-    const COleDateTime moved = AddDays(date, FirstDayOfWeekOf(dtTarget) - FirstDay());
-    return IsValid(moved) ? moved : date;
-}
-
-BOOL CWeekViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
-{
-    const int position = DayNumberOf(date) - FirstDayOfWeekOf(dtTarget);
-    return position >= 0 && position < kWeekBoxes;
-}
-
 // ---- Painting
 
 CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
@@ -236,11 +150,6 @@ MonthCellLook CWeekViewCtrl::LookOf(int nDay)
 COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
 {
     return LookOf(nBox).background;
-}
-
-BOOL CWeekViewCtrl::IsToday(int nBox)
-{
-    return (m_arDayDate[nBox].m_nFlags & MONTHCELL_TODAY) != 0;
 }
 
 void CWeekViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)

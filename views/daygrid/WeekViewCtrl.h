@@ -31,23 +31,13 @@ public:
     const CRect& GetDayRect(int nDay) const { return GetBox(nDay); }
 
 protected:
-    void CalcRange(const COleDateTime& date) override;
-    int PositionOf(const COleDateTime& date) override;
-    COleDateTime DateOfBox(int nBox) override;
+    void RangeChanged() override;
     BOOL HasMoreMark(int nBox) override; // never the eighth
-    dayvane::DayRows GetRows() override;
-    std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
-    dayvane::ScrollStep CalcScroll(int nCode, int nPos, int nThumb) override;
-    SCROLLINFO GetScrollRange() override;
-    COleDateTime DateInRangeAfter(int nStep) override;
-    COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
-    BOOL IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date) override;
     CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;
     COLORREF GetBoxColor(int nBox) override;
-    BOOL IsToday(int nBox) override;
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
     virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
@@ -63,8 +53,5 @@ protected:
     dayvane::MonthCellDateArray m_arDayDate; // 8
 
 private:
-    int FirstDay() const;
-    int FirstDayOfWeekOf(const COleDateTime& date) const;
-    void MoveSelection(int nDays, UINT nFlags);
     dayvane::MonthCellLook LookOf(int nDay);
 };

@@ -1,13 +1,9 @@
-// The year view: dates of the boxes, navigation, combo box, painting.
+// The year view: navigation, combo box, painting.
 #include "views/daygrid/YearViewCtrl.h"
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/MonthCellLook.h"
-
-#include "mfc/base/civil.h"
-
-#include <algorithm>
 
 using namespace dayvane;
 
@@ -16,8 +12,6 @@ namespace {
 constexpr char kWindowClass[] = "MFCYearViewCtrl";
 constexpr UINT kMoreBitmap = 18001;
 constexpr int kTextFont = 2; // template in m_lfFonts
-constexpr int kDecember = 12;
-constexpr int kLastOfDecember = 31;
 
 // The combo box, pixels.
 constexpr UINT kComboId = 1;
@@ -45,7 +39,8 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearViewCtrl::CYearViewCtrl()
-    : CBoxViewCtrl({kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors}, {m_rcMonth, m_rcMonthCaption, m_bMore})
+    : CBoxViewCtrl({RangeKind::Year, kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors},
+                   {m_rcMonth, m_rcMonthCaption, m_bMore})
 {
     Start();
 }
@@ -80,86 +75,16 @@ BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
     return CWnd::PreTranslateMessage(pMsg);
 }
 
-// ---- Dates
-
-void CYearViewCtrl::CalcRange(const COleDateTime& date)
-{
-    const int year = CivilDateOf(date).year; // -1 makes no date either
-    m_dtRangeStart = COleDateTime(year, 1, 1, 0, 0, 0);
-    m_dtRangeEnd = COleDateTime(year, kDecember, kLastOfDecember, 23, 59, 59);
-    m_nTodayBox = BoxOfDate(Now());
-}
-
-int CYearViewCtrl::PositionOf(const COleDateTime& date)
-{
-    const CivilDate fields = CivilDateOf(date);
-    if (fields.year == -1 || !HasRange()) {
-        return -1;
-    }
-    return (fields.year - Year()) * kYearBoxes + fields.month - 1;
-}
-
-COleDateTime CYearViewCtrl::DateOfBox(int nBox)
-{
-    return COleDateTime(HasRange() ? Year() : -1, nBox + 1, 1, 0, 0, 0);
-}
-
-COleDateTime CYearViewCtrl::LastDateOfBox(int nBox)
-{
-    const CivilDate first = CivilDateOf(DateOfBox(nBox));
-    const int days = first.year != -1 ? civil::DaysInMonth(first.year, first.month) : 0;
-    return COleDateTime(first.year, first.month, days, 23, 59, 59);
-}
-
-DayRows CYearViewCtrl::GetRows()
-{
-    return YearRows(Year());
-}
-
-std::vector<BoxSpan> CYearViewCtrl::GetSpans(const CItemArray& screenItems)
-{
-    return MonthSpans(screenItems, Year());
-}
-
 // ---- Navigation
 
 void CYearViewCtrl::MoveLeftward(UINT nFlags)
 {
-    SelectByKey(FirstOfMonth(m_dtSelEnd, -1), TRUE, nFlags);
+    MoveSelection(-1, nFlags);
 }
 
 void CYearViewCtrl::MoveRightward(UINT nFlags)
 {
-    SelectByKey(FirstOfMonth(m_dtSelEnd, 1), FALSE, nFlags);
-}
-
-ScrollStep CYearViewCtrl::CalcScroll(int nCode, int nPos, int nThumb)
-{
-    return CalcYearScroll(nCode, nPos, nThumb);
-}
-
-SCROLLINFO CYearViewCtrl::GetScrollRange()
-{
-    SCROLLINFO info = {};
-    info.nMax = kYearScrollMax;
-    info.nPos = Year() - kYearOfScrollStart;
-    return info;
-}
-
-COleDateTime CYearViewCtrl::DateInRangeAfter(int nStep)
-{
-    return AddYears(m_dtRangeStart, nStep);
-}
-
-COleDateTime CYearViewCtrl::CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget)
-{
-    const COleDateTime moved = AddYears(date, dtTarget.GetYear() - Year());
-    return IsValid(moved) ? moved : date;
-}
-
-BOOL CYearViewCtrl::IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date)
-{
-    return dtTarget.GetYear() == date.GetYear();
+    MoveSelection(1, nFlags);
 }
 
 // ---- Size and combo box
@@ -230,7 +155,7 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     CaptionTexts texts = {"", "", DT_VCENTER};
     if (HasRange()) {
-        texts.number.Format("%d", Year());
+        texts.number.Format("%d", m_dtRangeStart.GetYear());
         texts.text = "  " + m_strTitle;
     }
     DrawCaptionBand(pDC, rcCaption, texts, kYearBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
@@ -239,11 +164,6 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 COLORREF CYearViewCtrl::GetBoxColor(int)
 {
     return m_colors.content;
-}
-
-BOOL CYearViewCtrl::IsToday(int nBox)
-{
-    return nBox == m_nTodayBox;
 }
 
 void CYearViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
@@ -264,7 +184,8 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
     number.Format("%d", month + 1);
-    DrawStripTexts(pDC, rcCaption, {number, "月", textColor, DateOfBox(month).Format("%B"), nameColor}, m_fonts);
+    DrawStripTexts(pDC, rcCaption, {number, "月", textColor, Range().DateOfBox(month).Format("%B"), nameColor},
+                   m_fonts);
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

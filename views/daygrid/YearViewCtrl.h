@@ -32,24 +32,12 @@ public:
     const CRect& GetMonthRect(int nMonth) const { return GetBox(nMonth); }
 
 protected:
-    void CalcRange(const COleDateTime& date) override;
-    int PositionOf(const COleDateTime& date) override;
-    COleDateTime DateOfBox(int nBox) override;
-    COleDateTime LastDateOfBox(int nBox) override;
-    dayvane::DayRows GetRows() override;
-    std::vector<dayvane::BoxSpan> GetSpans(const CItemArray& screenItems) override;
-    dayvane::ScrollStep CalcScroll(int nCode, int nPos, int nThumb) override;
-    SCROLLINFO GetScrollRange() override;
-    COleDateTime DateInRangeAfter(int nStep) override;
-    COleDateTime CarryAlong(const COleDateTime& date, const COleDateTime& dtTarget) override;
-    BOOL IsInRangeOf(const COleDateTime& dtTarget, const COleDateTime& date) override;
     CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
     BOOL IsBarTextCentered(BOOL bFullday) override; // no: the dates stand below each other
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;
     COLORREF GetBoxColor(int nBox) override;
-    BOOL IsToday(int nBox) override;
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.
     virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
@@ -70,9 +58,7 @@ protected:
 
 private:
     CComboBox* LiveCombo() const;
-    int Year() const { return m_dtRangeStart.GetYear(); }
 
     HWND m_hComboBox = nullptr; // tells whether m_pComboBox is still there
     CBitmap m_bmMore;
-    int m_nTodayBox = -1; // -1: another year
 };
