@@ -1,12 +1,15 @@
 // Speed and agreement of the calendar arithmetic.
 //
 //   dayvane-calc-bench                       name<TAB>dates_per_s<TAB>ratio, dates asked in sequence on one core;
-//                                            ratio: how many times faster than the literal rule in the same run
+//                                            ratio: how many times faster than the literal rule in the same run;
+//                                            for cold years: years a second
 //   dayvane-calc-bench --verify FIRST LAST   asks every day of these years, compares the lunar dates with the literal
 //                                            rule and prints a hash of all answers, which every build must share
 #include "calc/CalcHoliday.h"
 #include "calc/DayAnnotation.h"
+#include "calc/ExactSky.h"
 #include "calc/LunarDate.h"
+#include "calc/SkyDay.h"
 #include "mfc/base/civil.h"
 #include "tests/calc/LiteralLunar.h"
 
@@ -79,6 +82,18 @@ void AskLiteralLunarDate(const COleDateTime& date)
     g_sum += answer.year + answer.month + answer.day;
 }
 
+void AskExactLunarDate(const COleDateTime& date)
+{
+    const dayvane::ExactLunarDate lunar = dayvane::LunarDateOf(date.GetYear(), date.GetMonth(), date.GetDay());
+    g_sum += lunar.year + lunar.month + lunar.day;
+}
+
+void AskSkyDay(const COleDateTime& date)
+{
+    const dayvane::SkyDay sky = dayvane::SkyDayOf(date.GetYear(), date.GetMonth(), date.GetDay());
+    g_sum += sky.lunar.day + sky.sexagenary.day;
+}
+
 // The best of some rounds over all the days.
 double DatesPerSecond(void (*ask)(const COleDateTime&), const std::vector<COleDateTime>& days, int rounds)
 {
@@ -95,6 +110,24 @@ double DatesPerSecond(void (*ask)(const COleDateTime&), const std::vector<COleDa
     return best;
 }
 
+// Terms and months of every year from nothing: no year asked is one that is kept.
+double ColdYearsPerSecond(const std::vector<COleDateTime>& days)
+{
+    constexpr int kDaysPerCalendarYear = 365;
+    std::vector<COleDateTime> years;
+    for (std::size_t i = 0; i < days.size(); i += kDaysPerCalendarYear) {
+        years.push_back(days[i]);
+    }
+    const auto askYear = [](const COleDateTime& date) {
+        for (int longitude = 0; longitude < 360; longitude += 15) {
+            g_sum += dayvane::DateOfSolarTerm(date.GetYear(), longitude).day;
+        }
+        AskExactLunarDate(date);
+        AskExactLunarDate(COleDateTime(date.GetYear(), 12, 31, 0, 0, 0));
+    };
+    return DatesPerSecond(askYear, years, 1);
+}
+
 int Bench()
 {
     const std::vector<COleDateTime> days = DaysOf(kFirstBenchYear, kLastBenchYear);
@@ -105,6 +138,10 @@ int Bench()
     std::printf("IsHoliday\t%.0f\t-\n", DatesPerSecond(AskHoliday, days, kRounds));
     std::printf("WhatsToday\t%.0f\t-\n", DatesPerSecond(AskWhatsToday, days, kRounds));
     std::printf("CalcLunarCalendar\t%.0f\t%.1f\n", lunar, lunar / literal);
+    const double exact = DatesPerSecond(AskExactLunarDate, days, kRounds);
+    std::printf("LunarDateOf\t%.0f\t%.1f\n", exact, exact / literal);
+    std::printf("SkyDayOf\t%.0f\t-\n", DatesPerSecond(AskSkyDay, days, 2));
+    std::printf("cold years of terms and lunar months\t%.0f\t-\n", ColdYearsPerSecond(days));
     std::printf("CalcLunarCalendar (literal)\t%.0f\t1.0\n", literal);
     return g_sum == 0 ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -24,8 +24,7 @@ SolsticeYearMoments MomentsOf(int year)
         moments.terms[i] = SolarLongitudeMoment(year, (kWinterSolstice + i * kPrincipalStep) % 360);
     }
     // The month of the solstice may begin a little after its moment, on the same day, and the one before must be there.
-    const int lunation = MoonQuarterBefore(moments.terms[0].day);
-    const int newMoon = lunation - ((lunation % kQuarters) + kQuarters) % kQuarters;
+    const int newMoon = NewMoonBefore(moments.terms[0].day);
     for (int i = 0; i < SolsticeYearDays::kNewMoons; ++i) {
         moments.newMoons[i] = MoonQuarterMoment(newMoon + (i - 1) * kQuarters);
     }

@@ -131,7 +131,7 @@ double LunarWaveSum(double centuries, std::size_t count)
 double MeanEquinoxSun(double centuries, Accuracy accuracy)
 {
     const double powers = PowerSum(kSunLongitudePowers, centuries);
-    if (accuracy == Accuracy::kCoarse) {
+    if (accuracy == Accuracy::Coarse) {
         const double waves =
             WaveSum(kSunWaves0, centuries, kCoarseSunWaves) + centuries * WaveSum(kSunWaves1, centuries, 1);
         return powers + waves / kSecondsPerDegree;
@@ -145,7 +145,7 @@ double MeanEquinoxSun(double centuries, Accuracy accuracy)
 double MeanEquinoxMoon(double centuries, Accuracy accuracy)
 {
     const double powers = PowerSum(kMoonLongitudePowers, centuries);
-    if (accuracy == Accuracy::kCoarse) {
+    if (accuracy == Accuracy::Coarse) {
         return powers + LunarWaveSum(centuries, kCoarseMoonWaves) / kSecondsPerDegree;
     }
     const Wave& growing = kMoonGrowingWave;
@@ -175,13 +175,13 @@ double NutationInLongitude(double centuries)
 double ExactSunLongitude(double centuries, Accuracy accuracy)
 {
     const double longitude = MeanEquinoxSun(centuries, accuracy);
-    return accuracy == Accuracy::kCoarse ? longitude : longitude + NutationInLongitude(centuries);
+    return accuracy == Accuracy::Coarse ? longitude : longitude + NutationInLongitude(centuries);
 }
 
 double ExactMoonLongitude(double centuries, Accuracy accuracy)
 {
     const double longitude = MeanEquinoxMoon(centuries, accuracy);
-    return accuracy == Accuracy::kCoarse ? longitude : longitude + NutationInLongitude(centuries);
+    return accuracy == Accuracy::Coarse ? longitude : longitude + NutationInLongitude(centuries);
 }
 
 double ExactElongation(double centuries, Accuracy accuracy)

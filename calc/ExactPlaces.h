@@ -12,17 +12,17 @@ inline constexpr double kMoonLongitudeError = 0.0009; // degrees: three seconds 
 // How much of the series is summed: the first guess of a search needs only its greatest waves.
 enum class Accuracy
 {
-    kCoarse, // to about 0.005 degrees
-    kFull
+    Coarse, // to about 0.005 degrees
+    Full
 };
 
-// The apparent longitudes, not reduced to one circle. Only kFull adds nutation; a difference of two longitudes does
+// The apparent longitudes, not reduced to one circle. Only Full adds nutation; a difference of two longitudes does
 // without it anyway.
-double ExactSunLongitude(double centuries, Accuracy accuracy = Accuracy::kFull);
-double ExactMoonLongitude(double centuries, Accuracy accuracy = Accuracy::kFull);
+double ExactSunLongitude(double centuries, Accuracy accuracy = Accuracy::Full);
+double ExactMoonLongitude(double centuries, Accuracy accuracy = Accuracy::Full);
 
 // The moon's longitude less the sun's, by the same series; nutation falls out.
-double ExactElongation(double centuries, Accuracy accuracy = Accuracy::kFull);
+double ExactElongation(double centuries, Accuracy accuracy = Accuracy::Full);
 
 // How fast they change, degrees per day, to about one part in a hundred: enough for Newton's steps.
 double SunSpeed(double centuries);

@@ -19,13 +19,6 @@ bool IsSkyYear(int year)
     return year >= kFirstSkyYear && year <= kLastSkyYear;
 }
 
-CivilDate DateOfSerialDay(int serialDay)
-{
-    CivilDate date;
-    civil::FromDayNumber(serialDay, date.year, date.month, date.day);
-    return date;
-}
-
 bool IsSameMonth(const SolsticeYearMonths::Month& a, const SolsticeYearMonths::Month* b)
 {
     return b && a.firstDay == b->firstDay && a.number == b->number && a.isLeap == b->isLeap;
@@ -37,14 +30,24 @@ bool IsSkyDate(int year, int month, int day, int zoneMinutes)
     return IsSkyYear(year) && civil::IsValid(year, month, day) && IsZone(zoneMinutes);
 }
 
+CivilMoment CivilMomentOf(const SkyMoment& moment, int zoneMinutes)
+{
+    const ZoneMoment zoneMoment = InZone(moment, zoneMinutes);
+    CivilMoment result;
+    civil::FromDayNumber(zoneMoment.serialDay, result.date.year, result.date.month, result.date.day);
+    result.hour = zoneMoment.minute / 60;
+    result.minute = zoneMoment.minute % 60;
+    result.second = zoneMoment.second;
+    result.isUncertain = zoneMoment.isUncertain;
+    return result;
+}
+
 CivilMoment MomentOfSolarTerm(int year, int longitude, int zoneMinutes)
 {
     if (!IsSkyYear(year) || !IsZone(zoneMinutes) || longitude < 0 || longitude >= 360 || longitude % kTermStep != 0) {
         return {};
     }
-    const ZoneMoment moment = InZone(SolarLongitudeMoment(year, longitude), zoneMinutes);
-    return {DateOfSerialDay(moment.serialDay), moment.minute / 60, moment.minute % 60, moment.second,
-            moment.isUncertain};
+    return CivilMomentOf(SolarLongitudeMoment(year, longitude), zoneMinutes);
 }
 
 CivilDate DateOfSolarTerm(int year, int longitude, int zoneMinutes)

@@ -14,6 +14,8 @@
 #include "CivilDate.h"
 
 namespace dayvane {
+struct SkyMoment;
+
 inline constexpr int kFirstSkyYear = 1600;
 inline constexpr int kLastSkyYear = 2400;
 inline constexpr int kJapanZone = 540;
@@ -31,6 +33,8 @@ struct CivilMoment
     int second = 0;
     bool isUncertain = false; // the date may be the day before or after
 };
+
+CivilMoment CivilMomentOf(const SkyMoment& moment, int zoneMinutes);
 
 // When the sun reaches a longitude (0, 15, ... 345) in a year. A year begins with 285 and ends with 270.
 CivilMoment MomentOfSolarTerm(int year, int longitude, int zoneMinutes = kJapanZone);

@@ -93,7 +93,7 @@ double FindMoment(double guess, AngleAt angleAt, SpeedAt speedAt)
     bool isCorrected = false;
     for (int i = 0; i < kMostSteps; ++i) {
         const double centuries = CenturiesOf(day);
-        const double angle = angleAt(centuries, Accuracy::kCoarse) + correction;
+        const double angle = angleAt(centuries, Accuracy::Coarse) + correction;
         const double step = std::remainder(angle, 360.0) / speedAt(centuries);
         day -= step;
         if (std::abs(step) < kThere && isCorrected) {
@@ -101,7 +101,7 @@ double FindMoment(double guess, AngleAt angleAt, SpeedAt speedAt)
         }
         if (std::abs(step) < kNear && !isCorrected) {
             const double there = CenturiesOf(day);
-            correction = angleAt(there, Accuracy::kFull) - angleAt(there, Accuracy::kCoarse);
+            correction = angleAt(there, Accuracy::Full) - angleAt(there, Accuracy::Coarse);
             isCorrected = true;
         }
     }
@@ -185,13 +185,22 @@ SkyMoment MoonQuarterMoment(int quarter)
     return known.Get(quarter, [=] { return FindMoonQuarter(quarter); });
 }
 
+int NewMoonBefore(double day)
+{
+    // The true new moon is up to 0.7 days from the mean one.
+    int quarter = kQuarters * static_cast<int>(std::floor((day - kFirstNewMoon) / kLunation));
+    while (MoonQuarterMoment(quarter).day > day) {
+        quarter -= kQuarters;
+    }
+    while (MoonQuarterMoment(quarter + kQuarters).day <= day) {
+        quarter += kQuarters;
+    }
+    return quarter;
+}
+
 int MoonQuarterBefore(double day)
 {
-    int quarter = static_cast<int>(std::floor((day - kFirstNewMoon) / kLunation * kQuarters));
-    // The true quarter is up to 0.7 days from the mean one.
-    while (MoonQuarterMoment(quarter).day > day) {
-        --quarter;
-    }
+    int quarter = NewMoonBefore(day);
     while (MoonQuarterMoment(quarter + 1).day <= day) {
         ++quarter;
     }

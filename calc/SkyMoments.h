@@ -37,7 +37,8 @@ SkyMoment SolarLongitudeMoment(int year, int longitude);
 inline constexpr int kQuarters = 4;
 SkyMoment MoonQuarterMoment(int quarter);
 
-// The last quarter at or before a moment.
+// The last new moon, and the last quarter of any kind, at or before a moment.
+int NewMoonBefore(double day);
 int MoonQuarterBefore(double day);
 
 // Terrestrial Time less Universal Time at a moment, seconds, and twice its standard deviation.

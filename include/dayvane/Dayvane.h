@@ -9,6 +9,8 @@
 #include "calc/Eras.h"
 #include "calc/ExactSky.h"
 #include "calc/LunarDate.h"
+#include "calc/SexagenaryCycle.h"
+#include "calc/SkyDay.h"
 #include "calc/WeekNumbers.h"
 #include "calc/WorkHours.h"
 #include "calc/ZoneClock.h"

@@ -70,7 +70,7 @@ TEST(Erfa, PlacesAgreeOverEightCenturies)
         {"nutation", ErfaNutation, dayvane::NutationInLongitude, 0.00001},
         {"coarse sun", ErfaSun,
          [](double t) {
-             return dayvane::ExactSunLongitude(t, dayvane::Accuracy::kCoarse) + dayvane::NutationInLongitude(t);
+             return dayvane::ExactSunLongitude(t, dayvane::Accuracy::Coarse) + dayvane::NutationInLongitude(t);
          },
          0.006},
     };
