@@ -24,6 +24,18 @@ int Length(RowLayoutArray& layout, int row)
     return static_cast<int>(layout[row].GetSize());
 }
 
+bool IsListed(RowLayoutArray& layout, const tagCALENDAR_ITEM& item)
+{
+    for (int r = 0; r < layout.GetSize(); ++r) {
+        for (int i = 0; i < Length(layout, r); ++i) {
+            if (&Listed(layout, r, i) == &item) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 void SideBySide(RowLayoutArray& layout, int gridRight)
 {
     for (int r = 0; r < layout.GetSize(); ++r) {
@@ -146,21 +158,21 @@ void ManyDayItemRects(ItemArray& screen, const std::vector<CRect>& columns, cons
         }
         RowLayoutArray layout;
         ListRows(screen, scale, layout, &day);
-        std::vector<bool> laterShares(screen.GetSize(), false);
-        for (int r = 0; r < layout.GetSize(); ++r) {
-            for (int i = 0; i + 1 < Length(layout, r); ++i) {
-                laterShares[&Listed(layout, r, i) - &screen[0]] = true;
-            }
-        }
         const int width = columns[c].Width() - 5;
         for (int r = 0; r < layout.GetSize(); ++r) {
             for (int i = 0; i < Length(layout, r); ++i) {
                 tagCALENDAR_ITEM& item = Listed(layout, r, i);
-                const int remainder = laterShares[&item - &screen[0]] ? 0 : width % item.nParallel;
-                item.rcItem.right = item.rcItem.left + width / item.nParallel + remainder;
+                item.rcItem.right = item.rcItem.left + width / item.nParallel;
             }
         }
         SideBySide(layout, columns[c].right);
+        for (int i = 0; i < screen.GetSize(); ++i) {
+            tagCALENDAR_ITEM& item = screen[i];
+            const int share = item.nParallel > 0 ? width / item.nParallel : 0;
+            if (IsListed(layout, item) && item.rcItem.left == columns[c].left + (item.nParallel - 1) * share) {
+                item.rcItem.right += width % item.nParallel;
+            }
+        }
         CopySameIdentifiers(screen, layout);
     }
     InsetTimed(screen);

@@ -134,6 +134,26 @@ TEST(ItemBox, SharesTheWidth)
     EXPECT_EQ(CRect(63, 460, 209, 500), items[2].rcItem);
 }
 
+// The chain that a remainder given before the pass threw out of its column, at every width.
+TEST(ItemBox, AChainStaysInItsColumn)
+{
+    for (int width = 60; width < 200; ++width) {
+        ItemArray items;
+        items.Add(Item(At(9, 0), At(10, 0)));
+        items.Add(Item(At(9, 30), At(11, 0)));
+        items.Add(Item(At(10, 0), At(11, 0)));
+        for (int i = 0; i < 3; ++i) {
+            items[i].nSource = i;
+        }
+        const std::vector<CRect> columns = {CRect(61, 60, 61 + width, 500), CRect(61 + width, 60, 61 + 2 * width, 500)};
+        PlaceTimedItems(items, columns, DayRange{kDay, 2}, TimeScale{2});
+        const int share = (width - 5) / 2;
+        EXPECT_EQ(CRect(63, 420, 61 + share - 2, 460), items[0].rcItem) << width;
+        EXPECT_EQ(CRect(61 + share + 2, 440, 61 + width - 5 - 2, 500), items[1].rcItem) << width;
+        EXPECT_EQ(CRect(63, 460, 61 + share - 2, 500), items[2].rcItem) << width;
+    }
+}
+
 TEST(HitTest, OneDayMatchesTheRowProbe)
 {
     std::mt19937 random(1);

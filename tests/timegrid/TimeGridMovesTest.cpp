@@ -32,6 +32,8 @@ TEST(RowMoves, StepScrollAndStopAtMidnight)
         {"down", true, false, At(3, 0), At(3, 0), 0, 400, A::REPAINT, At(3, 30), At(3, 30)},
         {"down to the last whole row", true, false, At(9, 30), At(9, 30), 0, 400, A::SCROLL_DOWN, At(10, 0), At(10, 0)},
         {"down, the last row cut", true, false, At(8, 30), At(8, 30), 0, 399, A::SCROLL_DOWN, At(9, 0), At(9, 0)},
+        // A grid lower than a row shows none as a whole: the row before the first is 23:30 of the day before.
+        {"down in a low grid", true, false, At(9, 30), At(9, 30), 0, 10, A::REPAINT, At(10, 0), At(10, 0)},
         {"down at midnight", true, false, At(23, 30), At(23, 30), 560, 400, A::NOTHING, At(23, 30), At(23, 30)},
     };
     for (const auto& c : cases) {

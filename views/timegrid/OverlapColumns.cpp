@@ -53,20 +53,14 @@ int LongestList(const RowSpan& span, const RowLists& lists)
     return longest;
 }
 
-// Whether some row of the span lists another one after it.
-bool IsFollowed(int index, const RowSpan& span, const RowLists& lists)
+int Share(const tagCALENDAR_ITEM& item, const OverlapRule& rule)
 {
-    for (int row = span.first; row < span.end; ++row) {
-        if (lists.Last(row) != index) {
-            return true;
-        }
-    }
-    return false;
+    return rule.usableWidth / item.nParallel;
 }
 
-int ShareOf(const tagCALENDAR_ITEM& item, const OverlapRule& rule, bool withRemainder)
+int Remainder(const tagCALENDAR_ITEM& item, const OverlapRule& rule)
 {
-    return rule.usableWidth / item.nParallel + (withRemainder ? rule.usableWidth % item.nParallel : 0);
+    return rule.usableWidth % item.nParallel;
 }
 } // namespace
 
@@ -119,7 +113,7 @@ void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const 
     for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
         tagCALENDAR_ITEM& item = items[spans[i].item];
         item.nParallel = std::max(item.nParallel, LongestList(spans[i], lists));
-        const int share = ShareOf(item, rule, rule.remainderToEach || !IsFollowed(i, spans[i], lists));
+        const int share = Share(item, rule) + (rule.remainderToEach ? Remainder(item, rule) : 0);
         item.rcItem.right = item.rcItem.left + share;
         boxes[i] = RowBox{item.rcItem.left, item.rcItem.Height() > 0 ? share : 0};
     }
@@ -131,7 +125,11 @@ void PlaceSideBySide(ItemArray& items, const std::vector<RowSpan>& spans, const 
         }
     }
     for (size_t i = 0; i < spans.size(); ++i) {
-        items[spans[i].item].rcItem.MoveToX(boxes[i].left);
+        tagCALENDAR_ITEM& item = items[spans[i].item];
+        item.rcItem.MoveToX(boxes[i].left);
+        if (!rule.remainderToEach && boxes[i].left == rule.left + (item.nParallel - 1) * Share(item, rule)) {
+            item.rcItem.right += Remainder(item, rule);
+        }
     }
 }
 

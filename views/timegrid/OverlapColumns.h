@@ -31,9 +31,11 @@ struct RowSpan
 
 struct OverlapRule
 {
+    int left = 0;        // of the column
     int right = 0;       // of the column: a push by a whole width ends here
     int usableWidth = 0; // pixels to divide among the items that share a row
-    // Which items receive the remainder pixels: every item, or those with which no later item shares a row.
+    // Which items receive the remainder pixels of the division: every item, or those that in the end stand in the
+    // rightmost of their shares.
     bool remainderToEach = true;
 };
 

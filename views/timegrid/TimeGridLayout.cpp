@@ -169,7 +169,8 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
     for (int column = 0; column < days; ++column) {
         const CRect& place = columns[column];
         const ColumnItems& own = columnItems[column];
-        PlaceSideBySide(items, own.spans, scale, OverlapRule{place.right, place.Width() - freeBeside, oneDay});
+        PlaceSideBySide(items, own.spans, scale,
+                        OverlapRule{place.left, place.right, place.Width() - freeBeside, oneDay});
         UnifySameSource(items, oneDay ? all : own.timed, own.spans);
     }
     InsetTimed(items);

@@ -27,10 +27,11 @@ int FirstShownRow(const GridWindow& window)
     return std::abs(window.scroll / kTimeGrid.rowHeight);
 }
 
-// The time of day at which a row begins; rows after the last belong to the next day.
+// The time of day at which a row begins; rows before the first belong to the day before, rows after the last to the
+// next.
 ClockTime TimeOfRow(const TimeScale& scale, int row)
 {
-    const int minute = row * scale.MinutesPerRow() % kMinutesPerDay;
+    const int minute = (row * scale.MinutesPerRow() % kMinutesPerDay + kMinutesPerDay) % kMinutesPerDay;
     ClockTime time;
     time.hour = minute / kMinutesPerHour;
     time.minute = minute % kMinutesPerHour;
