@@ -141,6 +141,8 @@ protected:
     // Extended drags: which edges of the screen item may be pulled (dayvane::ItemEdge), and the length of a row.
     virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
     virtual int GetMoveStepMinutes();
+    // The mouse has moved a bound of the selection, or both.
+    virtual void SelectionMoved();
 
 public:
     // ---- Items and selection.

@@ -72,6 +72,10 @@ int CCalendarCtrl::GetMoveStepMinutes()
     return 60 / m_nTimeScale;
 }
 
+void CCalendarCtrl::SelectionMoved()
+{
+}
+
 void CCalendarCtrl::Apply(const PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit)
 {
     Alive alive(this);
@@ -87,15 +91,18 @@ void CCalendarCtrl::Apply(const PointerEffects& effects, UINT nFlags, const tagC
             InvalidateCellRectRange();
             SetSelRange(effect.times.start, effect.times.end, effect.fullday);
             InvalidateCellRectRange();
+            SelectionMoved();
             break;
         case PointerEffect::EXTEND_SELECTION:
             m_dtPrevSelEnd = m_dtSelEnd;
             m_dtSelEnd = effect.times.end;
             InvalidateCellRectRange();
             m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
+            SelectionMoved();
             break;
         case PointerEffect::MARK_DATE:
             m_dtSelBegin = m_dtSelEnd = effect.times.start;
+            SelectionMoved();
             break;
         case PointerEffect::TAKE_CAPTURE:
             SetCapture();

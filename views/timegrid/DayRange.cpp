@@ -22,6 +22,11 @@ constexpr DateScale kDateScales[] = {
 
 } // namespace
 
+GridSelection GridSelection::Agreed() const
+{
+    return {IsSameDay(current, end) ? current : end, begin, end};
+}
+
 DayRange DayRange::OneDay(const COleDateTime& date)
 {
     return From(date, 1, 0);

@@ -11,6 +11,9 @@ struct GridSelection
     COleDateTime current; // the current date
     COleDateTime begin;
     COleDateTime end;
+
+    // With the current date at the selection's end where it stands on another day: a host has moved one alone.
+    GridSelection Agreed() const;
 };
 
 // Consecutive days, one a column.

@@ -274,7 +274,7 @@ void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
 GridSelection CTimeGridCtrl::Selection() const
 {
     if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd)) {
-        return GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd};
+        return GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd}.Agreed();
     }
     const COleDateTime row = Scale().RowStart(m_dtCurrentDate);
     return GridSelection{m_dtCurrentDate, row, row};
@@ -285,6 +285,15 @@ void CTimeGridCtrl::SetSelection(const GridSelection& selection)
     m_dtCurrentDate = m_dtViewDate = selection.current;
     m_dtSelBegin = selection.begin;
     m_dtSelEnd = selection.end;
+}
+
+void CTimeGridCtrl::SelectionMoved()
+{
+    const int day = ClockTimeOf(m_dtCurrentDate).day;
+    m_dtCurrentDate = m_dtViewDate = m_dtSelEnd;
+    if (ClockTimeOf(m_dtCurrentDate).day != day) {
+        CurrentDateMoved();
+    }
 }
 
 void CTimeGridCtrl::MoveForward(UINT nFlags)
@@ -309,7 +318,9 @@ void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
     if (after == AfterMove::NOTHING) {
         return;
     }
-    SetSelection(selection);
+    InvalidateCellRectRange();
+    SetSelection(selection.Agreed());
+    InvalidateCellRectRange();
     if (after == AfterMove::REPAINT) {
         InvalidateGrid();
     } else {

@@ -61,7 +61,7 @@ protected:
     virtual dayvane::DayRange GetShownRange() const = 0;
     virtual BOOL IsColumnWorkTime(int nColumn, int nRow) const = 0;
     virtual BOOL IsColumnUseMyWorkTime(int nColumn) const = 0;
-    virtual void CurrentDateMoved() = 0; // a row move may have led to another day
+    virtual void CurrentDateMoved() = 0; // it may have come to another day
 
     // ---- Hooks of the base.
 
@@ -73,6 +73,7 @@ protected:
     void MoveBackward(UINT nFlags) override;
     void MoveForward(UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
+    void SelectionMoved() override; // the current date follows
 
     // ---- Hooks of the time grids.
 
@@ -97,7 +98,8 @@ protected:
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);
     int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item
-    // The selection as the moves take it: one without dates begins at the current date.
+    // The selection as the moves take it: one without dates begins at the current date; a current date on another day
+    // gives way to the selection.
     dayvane::GridSelection Selection() const;
     void SetSelection(const dayvane::GridSelection& selection);
     void Rebuild(); // items and rectangles for what is shown now, and a repaint
