@@ -160,6 +160,7 @@ public:
     int GetSelScreenItem() const { return m_nSelScreenItem; }
     // Stores both bounds as given and whether they stand for whole days; no notification.
     void SetSelRange(const COleDateTime& begin, const COleDateTime& end, BOOL bFullday = FALSE);
+    BOOL IsWholeDaySelection() const { return m_bFulldaySelection; }
 
     // ---- Days.
 

@@ -383,6 +383,190 @@ TEST(GridMouse, DragsItemsToOtherColumns)
     EXPECT_EQ(At(5, 0, 28), item.dtEnd);
 }
 
+// Keys, header frame and current date go where the hand is.
+TEST(GridMouse, TheCurrentDateFollowsTheSelection)
+{
+    using namespace testsupport::messages;
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const HWND window = scene.view->m_hWnd;
+    const auto in = [&scene](int column, int y) {
+        return CPoint(scene.view->GetColumnRect(column).left + 20, scene.view->m_rcContent.top + y);
+    };
+    Click(window, in(4, 50)); // Friday 1:00, current is Wednesday
+    EXPECT_EQ(At(1, 0, 28), scene.view->GetCurrentDate());
+    Key(window, VK_RIGHT); // to the next day that a working week shows
+    EXPECT_EQ("01 01:00 - 01 01:00", scene.Selection());
+    EXPECT_EQ("05-01 00:00:00 - 05-05 23:59:59", scene.Range());
+    Key(window, VK_LEFT);
+    EXPECT_EQ("28 01:00 - 28 01:00", scene.Selection());
+    EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", scene.Range());
+
+    Drag(window, in(0, 50), in(1, 90)); // a sweep: keys go on from its end
+    EXPECT_EQ("24 01:00 - 25 02:00", scene.Selection());
+    EXPECT_EQ(At(2, 0, 25), scene.view->GetCurrentDate());
+    Key(window, VK_DOWN);
+    EXPECT_EQ("25 02:30 - 25 02:30", scene.Selection());
+    Click(window, CPoint(in(3, 0).x, scene.view->m_rcContent.top - 10)); // the band
+    EXPECT_TRUE(scene.view->IsWholeDaySelection());
+    EXPECT_EQ(At(0, 0, 27), scene.view->GetCurrentDate());
+
+    // Where a host has moved the selection alone, the first key moves from there.
+    scene.view->SetSelRange(At(9, 0, 24), At(9, 0, 24));
+    Key(window, VK_RIGHT);
+    EXPECT_EQ("25 09:00 - 25 09:00", scene.Selection());
+    EXPECT_EQ(At(9, 0, 25), scene.view->GetCurrentDate());
+
+    Scene<CDayViewCtrl> day;
+    Click(day.view->m_hWnd, CPoint(200, 60 + 50));
+    EXPECT_EQ(At(1, 0), day.view->GetCurrentDate());
+    day.view->SetSelRange(At(9, 0, 28), At(9, 0, 28));
+    Key(day.view->m_hWnd, VK_DOWN);
+    EXPECT_EQ("28 09:30 - 28 09:30", day.Selection());
+    EXPECT_EQ(At(9, 30, 28), day.view->GetCurrentDate());
+}
+
+TEST(GridKeys, LeaveNoHighlightInTheBand)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const COLORREF mark = 0x123456;
+    scene.view->SetHighLightColor(mark);
+    const auto band = [&scene](int column) {
+        return CPoint(scene.view->GetColumnRect(column).left + 40, scene.view->m_rcContent.top - 10);
+    };
+    const auto color = [&](int column) {
+        PumpMessages();
+        scene.view->UpdateWindow();
+        CClientDC window(scene.view);
+        return window.GetPixel(band(column));
+    };
+    testsupport::messages::Drag(scene.view->m_hWnd, band(0), band(2));
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_EQ(mark, color(column)) << column;
+    }
+    testsupport::messages::Key(scene.view->m_hWnd, VK_DOWN);
+    EXPECT_NE(mark, color(0));
+    EXPECT_NE(mark, color(1));
+    EXPECT_EQ(mark, color(2));
+}
+
+// In a grid of 440 pixels: 22 rows.
+TEST(GridScroll, KeysStayInSight)
+{
+    using testsupport::KeyState;
+    using testsupport::messages::Key;
+    Scene<CDayViewCtrl> scene;
+    const HWND window = scene.view->m_hWnd;
+    const int height = scene.view->m_rcContent.Height();
+    const auto isInSight = [&] {
+        PumpMessages();
+        const int top = (scene.view->m_dtSelEnd.GetHour() * 2 + scene.view->m_dtSelEnd.GetMinute() / 30) * 20;
+        return top >= scene.Offset() && top + 20 <= scene.Offset() + height;
+    };
+    scene.Scroll(SB_BOTTOM);
+    Key(window, VK_UP); // far from 9:00
+    EXPECT_TRUE(isInSight()) << scene.Offset();
+    for (int row = 0; row < 48; ++row) {
+        Key(window, VK_DOWN);
+        ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
+    }
+    for (int row = 0; row < 48; ++row) {
+        Key(window, VK_UP);
+        ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
+    }
+    EXPECT_EQ(0, scene.Offset());
+    Key(window, VK_END);
+    EXPECT_EQ("26 23:30 - 26 23:30", scene.Selection());
+    EXPECT_TRUE(isInSight());
+    Key(window, VK_HOME);
+    EXPECT_EQ("26 00:00 - 26 00:00", scene.Selection());
+    EXPECT_TRUE(isInSight());
+
+    // Tab goes to an item below.
+    scene.Add(At(20, 0), At(21, 0));
+    Key(window, VK_TAB);
+    EXPECT_EQ(0, scene.view->GetCurSel());
+    EXPECT_EQ(42 * 20 - height, scene.Offset());
+
+    Scene<CWeekDayViewCtrl> week(900, 500);
+    {
+        const KeyState control({VK_CONTROL});
+        week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+        EXPECT_EQ("28 23:30 - 28 23:30", week.Selection());
+        EXPECT_EQ(At(23, 30, 28), week.view->GetCurrentDate());
+        week.view->SendMessage(WM_KEYDOWN, VK_HOME, 0);
+        EXPECT_EQ("24 00:00 - 24 00:00", week.Selection());
+    }
+    const KeyState shift({VK_SHIFT});
+    week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+    EXPECT_EQ("24 00:00 - 24 23:30", week.Selection());
+    EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", week.Range());
+}
+
+TEST(GridScroll, ComesToAPlace)
+{
+    Scene<CDayViewCtrl> scene(500, 500, At(9, 40));
+    const int height = scene.view->m_rcContent.Height();
+    scene.Add(At(6, 0), At(7, 0));
+    scene.Add(At(8, 0), At(22, 0)); // higher than the grid
+    scene.Add(At(9, 0, 27), At(10, 0, 27));
+    scene.view->ScrollToTime(At(7, 10, 1)); // only the time of day counts
+    EXPECT_EQ(14 * 20, scene.Offset());
+    EXPECT_EQ(14, scene.Position());
+    scene.view->ScrollToTime(At(23, 0));
+    EXPECT_EQ(960 - height, scene.Offset());
+    EXPECT_TRUE(scene.view->EnsureVisible(0));
+    EXPECT_EQ(12 * 20, scene.Offset());
+    EXPECT_TRUE(scene.view->EnsureVisible(1));
+    EXPECT_EQ(16 * 20, scene.Offset());
+    EXPECT_FALSE(scene.view->EnsureVisible(2)); // of another day
+    EXPECT_EQ(16 * 20, scene.Offset());
+    scene.view->SetVertScrollOffset(133);
+    EXPECT_EQ(133, scene.Offset());
+    scene.view->SetVertScrollOffset(-5);
+    EXPECT_EQ(0, scene.Offset());
+
+    // Right after its creation the view has yet to scroll to the present.
+    Open<CDayViewCtrl> fresh;
+    fresh.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 500, 500), &scene.parent, 8);
+    fresh.ScrollToTime(At(2, 0));
+    PumpMessages();
+    EXPECT_EQ(4 * 20, fresh.GetVertScrollOffset());
+}
+
+TEST(GridEdit, OpensInSight)
+{
+    const auto editBox = [](CCalendarCtrl& view) {
+        CRect box(0, 0, 0, 0);
+        if (CWnd* edit = view.GetWindow(GW_CHILD)) {
+            edit->GetWindowRect(&box);
+            view.ScreenToClient(&box);
+        }
+        return box;
+    };
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto within = [&](const CRect& area) {
+        CRect common;
+        const CRect box = editBox(*scene.view);
+        return common.IntersectRect(&box, &area) && common == box;
+    };
+    scene.Scroll(SB_BOTTOM);
+    scene.view->BeginEditItem("text"); // at 9:00
+    EXPECT_TRUE(within(scene.view->m_rcContent)) << editBox(*scene.view);
+    scene.view->SetSelRange(At(0, 0, 27), At(0, 0, 26), TRUE);
+    scene.view->BeginEditItem("text");
+    CRect band(scene.view->GetColumnRect(2).left, 50, scene.view->GetColumnRect(3).right, scene.view->m_rcContent.top);
+    EXPECT_TRUE(within(band)) << editBox(*scene.view);
+
+    Open<CDayViewCtrl> fresh;
+    g_now = At(12, 0);
+    fresh.SetCurrentDate(At(9, 0));
+    fresh.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 500, 500), &scene.parent, 8);
+    fresh.BeginEditItem("text");
+    PumpMessages();
+    EXPECT_TRUE(fresh.IsEditing());
+    EXPECT_FALSE(editBox(fresh).IsRectEmpty());
+}
+
 TEST(GridEdit, EndsWhenTheDateChanges)
 {
     const auto change = [](auto&& scene, const COleDateTime& date) {

@@ -227,6 +227,7 @@ void CDayViewCtrl::MoveToDay(void (*move)(GridSelection&, bool), UINT nFlags)
     }
     SetSelection(selection);
     Rebuild();
+    KeepCursorInSight();
     Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtCurrentDate, m_dtCurrentDate, kRangeChangeValue);
 }
 

@@ -46,6 +46,7 @@ BEGIN_MESSAGE_MAP(CTimeGridCtrl, CCalendarCtrl)
 ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_VSCROLL()
+ON_WM_KEYDOWN()
 ON_WM_TIMER()
 END_MESSAGE_MAP()
 
@@ -269,6 +270,85 @@ void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
     }
 }
 
+// The steps of SyncToPresent wait in the queue: whoever scrolls to a place comes after them. False when the host has
+// ended the control meanwhile.
+bool CTimeGridCtrl::ServeWaitingScroll()
+{
+    Alive alive(this);
+    MSG message;
+    while (alive && m_hWnd && ::PeekMessage(&message, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_REMOVE)) {
+        if (message.message == WM_QUIT) { // comes whatever one asks for
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
+        ::DispatchMessage(&message);
+    }
+    return alive && m_hWnd;
+}
+
+void CTimeGridCtrl::ScrollTo(int nOffset)
+{
+    if (nOffset != m_nVertScroll) {
+        SetScroll(ScrolledTo(GetScroll(), nOffset, RowWindow()));
+        InvalidateClient();
+    }
+}
+
+void CTimeGridCtrl::SetVertScrollOffset(int nOffset)
+{
+    if (EndEdit() && ServeWaitingScroll()) {
+        ScrollTo(nOffset);
+    }
+}
+
+void CTimeGridCtrl::ScrollToTime(const COleDateTime& when)
+{
+    SetVertScrollOffset(Scale().TopOfTime(ClockTimeOf(when)));
+}
+
+BOOL CTimeGridCtrl::EnsureVisible(int nIndex)
+{
+    if (!EndEdit() || !ServeWaitingScroll()) {
+        return FALSE;
+    }
+    for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
+        const tagCALENDAR_ITEM& item = m_arScreenItem[i];
+        if (item.nSource != nIndex || item.rcItem.top == -1) {
+            continue;
+        }
+        if (!IsBandItem(item)) {
+            ScrollTo(
+                OffsetToShow(RowWindow(), item.rcItem.top - m_rcContent.top, item.rcItem.bottom - m_rcContent.top));
+        }
+        return TRUE;
+    }
+    return FALSE;
+}
+
+void CTimeGridCtrl::SetFocusToItem()
+{
+    Alive alive(this);
+    CCalendarCtrl::SetFocusToItem();
+    if (alive && m_nCurSel != -1) {
+        EnsureVisible(m_nCurSel);
+    }
+}
+
+void CTimeGridCtrl::BeginEditItem(const char* lpszText)
+{
+    const CString text(lpszText); // the caller's may go with the edit that ends now
+    if (!EndEdit() || !ServeWaitingScroll()) {
+        return;
+    }
+    const int item = GetFocusedScreenItem();
+    if (item != -1) {
+        EnsureVisible(static_cast<int>(m_arScreenItem[item].nSource));
+    } else if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd) && !m_bFulldaySelection) {
+        ScrollTo(OffsetToShow(RowWindow(), m_dtSelBegin, m_dtSelEnd));
+    }
+    CCalendarCtrl::BeginEditItem(text);
+}
+
 // ---- Keyboard
 
 GridSelection CTimeGridCtrl::Selection() const
@@ -321,11 +401,68 @@ void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
     InvalidateCellRectRange();
     SetSelection(selection.Agreed());
     InvalidateCellRectRange();
-    if (after == AfterMove::REPAINT) {
-        InvalidateGrid();
-    } else {
+    InvalidateGrid();
+    // The step by a line is decided by hour and by minute apart, and misses a cursor that is further away.
+    const GridWindow stepped = WindowAfter(after, RowWindow());
+    if (after != AfterMove::REPAINT && OffsetToShow(stepped, m_dtSelEnd, m_dtSelEnd) == stepped.scroll) {
         PostMessage(WM_VSCROLL, after == AfterMove::SCROLL_UP ? SB_LINEUP : SB_LINEDOWN);
+    } else {
+        KeepCursorInSight();
     }
+    CurrentDateMoved();
+}
+
+// A selection of whole days shows in the band, which is always in sight.
+void CTimeGridCtrl::KeepCursorInSight()
+{
+    if (m_hWnd && !m_bFulldaySelection) {
+        ScrollTo(OffsetToShow(RowWindow(), m_dtSelEnd, m_dtSelEnd));
+    }
+}
+
+void CTimeGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    Alive alive(this);
+    if (nChar == VK_HOME || nChar == VK_END) {
+        ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CTimeGridCtrl::MoveToFirst
+                                                                             : &CTimeGridCtrl::MoveToLast));
+    }
+    if (alive) {
+        CCalendarCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
+// With Ctrl over all days that are shown, else within the day.
+void CTimeGridCtrl::MoveToFirst(UINT nFlags)
+{
+    MoveToEnd(FALSE, nFlags);
+}
+
+void CTimeGridCtrl::MoveToLast(UINT nFlags)
+{
+    MoveToEnd(TRUE, nFlags);
+}
+
+void CTimeGridCtrl::MoveToEnd(BOOL bLast, UINT nFlags)
+{
+    if (!EndEdit()) {
+        return;
+    }
+    GridSelection selection = Selection();
+    const DayRange range = ::GetKeyState(VK_CONTROL) < 0 ? GetShownRange() : DayRange::OneDay(selection.end);
+    const COleDateTime target = bLast ? LastRow(range, Scale()) : range.first;
+    if (!IsDate(target)) {
+        return;
+    }
+    selection.current = selection.end = target;
+    if ((nFlags & kExtendSelection) == 0) {
+        selection.begin = target;
+    }
+    InvalidateCellRectRange();
+    SetSelection(selection);
+    InvalidateCellRectRange();
+    InvalidateGrid();
+    KeepCursorInSight();
     CurrentDateMoved();
 }
 
@@ -348,8 +485,11 @@ void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 {
     const int item = GetFocusedScreenItem();
     nMode = item != -1;
-    rect =
-        item != -1 ? VisibleItemBox(State(), m_arScreenItem[item]) : CurrentCellBox(State(), m_dtSelBegin, m_dtSelEnd);
+    if (item != -1) {
+        rect = VisibleItemBox(State(), m_arScreenItem[item]);
+    } else {
+        rect = (m_bFulldaySelection ? CurrentBandBox : CurrentCellBox)(State(), m_dtSelBegin, m_dtSelEnd);
+    }
 }
 
 // ---- What needs repainting

@@ -44,6 +44,17 @@ public:
     void Layout(int cx, int cy) override;
     // Scrolls down, from where it is, by as many lines as the time (nullptr: now) lies below the top of the day.
     void SyncToPresent(const COleDateTime* pWhen) override;
+    // Scrolls so that the row of the time of day is the first in sight, or as near to it as the end of the day allows.
+    // Scrolling that waits (SyncToPresent) is done first here and in the next two.
+    void ScrollToTime(const COleDateTime& when);
+    // Scrolls, and no further than needed, to show the item, at least its begin. FALSE when the shown days have none of
+    // it. nIndex: in the store.
+    BOOL EnsureVisible(int nIndex);
+    // Pixels from the top of the day; held between 0 and what does not fit.
+    void SetVertScrollOffset(int nOffset);
+
+    void SetFocusToItem() override;
+    void BeginEditItem(const char* lpszText) override; // brings the cell or the item in sight first
 
     // Gives the full-day items of the screen list their lanes in the band.
     virtual void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) = 0;
@@ -69,7 +80,8 @@ protected:
     void DrawRuler(CDC* pDC, CRect rcRuler) override;
     void InvalidateItemRect(int nIndex) override;
     void InvalidateCellRectRange() override;
-    void GetCurCellRect(CRect& rect, int& nMode) override; // nMode 1: the rectangle is an item's, 0: a cell's
+    // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
+    void GetCurCellRect(CRect& rect, int& nMode) override;
     void MoveBackward(UINT nFlags) override;
     void MoveForward(UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
@@ -104,6 +116,7 @@ protected:
     void SetSelection(const dayvane::GridSelection& selection);
     void Rebuild(); // items and rectangles for what is shown now, and a repaint
     void InvalidateGrid();
+    void KeepCursorInSight(); // scrolls to the row of the selection's end
     // The screen list's position of the item that has the focus, -1 none.
     int GetFocusedScreenItem() const;
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
@@ -117,10 +130,16 @@ protected:
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     DECLARE_MESSAGE_MAP()
 
 private:
+    bool ServeWaitingScroll();
+    void ScrollTo(int nOffset);
+    void MoveToFirst(UINT nFlags);
+    void MoveToLast(UINT nFlags);
+    void MoveToEnd(BOOL bLast, UINT nFlags);
     void CalcFrame();
     void MoveRow(BOOL bLater, UINT nFlags);
     dayvane::GridWindow RowWindow() const;

@@ -226,14 +226,29 @@ CRect BoxOfRows(const TimeGridState& state, int column, const RowRange& rows)
 std::vector<CRect> BandOfDays(const TimeGridState& state, const CRect& band, const COleDateTime& begin,
                               const COleDateTime& end)
 {
+    const DayRange& range = state.range;
+    const int one = DayNumberOf(begin) - range.FirstDay();
+    const int other = DayNumberOf(end) - range.FirstDay();
+    const bool onlyColumn = range.days == 1;
+    const int first = onlyColumn ? 0 : std::max(std::min(one, other), 0);
+    const int last = onlyColumn ? 0 : std::min(std::max(one, other), range.days - 1);
     std::vector<CRect> parts;
-    const int before = DayNumberOf(begin) - state.range.FirstDay();
-    const int after = DayNumberOf(end) - state.range.FirstDay();
-    for (int column = std::max(before, 0); column <= std::min(after, state.range.days - 1); ++column) {
+    for (int column = first; column <= last; ++column) {
         const CRect& box = state.frame.columns[column];
         parts.push_back(CRect(box.left, band.top, box.right, band.bottom));
     }
     return parts;
+}
+
+CRect CurrentBandBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end)
+{
+    const std::vector<CRect> parts = BandOfDays(state, state.frame.fulldayContent, begin, end);
+    if (parts.empty()) {
+        return CRect(-1, -1, -1, -1);
+    }
+    const int bottom = parts.front().bottom - kTimeGrid.bandPadding;
+    return CRect(parts.front().left + kTimeGrid.laneInset, bottom - kTimeGrid.barHeight,
+                 parts.back().right - kTimeGrid.laneInset, bottom);
 }
 
 } // namespace dayvane

@@ -65,6 +65,8 @@ bool IsBoxInSight(const TimeGridState& state, const tagCALENDAR_ITEM& item);
 // of the selection's begin to two quarters after its end, whatever the rows. (-1, -1, -1, -1) when the begin's day is
 // not shown; the only column stands for every day.
 CRect CurrentCellBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end);
+// The same of a selection of whole days: the lowest lane of the band over its shown days.
+CRect CurrentBandBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end);
 
 // Rows first .. end - 1; empty when end <= first.
 struct RowRange
@@ -82,7 +84,8 @@ RowRange SelectedRows(const TimeGridState& state, int column, COleDateTime begin
 // Where the rows lie in the grid, scrolled and cut at the grid's edges.
 CRect BoxOfRows(const TimeGridState& state, int column, const RowRange& rows);
 
-// The parts of the full-day band over the columns of the days begin .. end.
+// The parts of the full-day band over the columns of the days from one bound to the other; the only column stands for
+// every day.
 std::vector<CRect> BandOfDays(const TimeGridState& state, const CRect& band, const COleDateTime& begin,
                               const COleDateTime& end);
 

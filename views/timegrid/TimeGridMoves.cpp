@@ -79,6 +79,37 @@ void MoveDayLater(GridSelection& selection, bool extend)
     selection.begin = AddDays(extend ? selection.begin : selection.end, 1);
 }
 
+COleDateTime LastRow(const DayRange& range, const TimeScale& scale)
+{
+    return scale.TimeOfRow(range.DayOf(range.days - 1), scale.RowsPerDay() - 1);
+}
+
+int OffsetToShow(const GridWindow& window, int top, int bottom)
+{
+    return std::min(std::max(window.scroll, bottom - window.height), top);
+}
+
+int OffsetToShow(const GridWindow& window, const COleDateTime& begin, const COleDateTime& end)
+{
+    const ClockTime one = ClockTimeOf(begin);
+    const ClockTime other = ClockTimeOf(end);
+    if (!one.isValid || !other.isValid) {
+        return window.scroll;
+    }
+    const int top = window.scale.TopOfTime(one);
+    const int bottom = window.scale.TopOfTime(other);
+    return OffsetToShow(window, std::min(top, bottom), std::max(top, bottom) + kTimeGrid.rowHeight);
+}
+
+GridWindow WindowAfter(AfterMove move, const GridWindow& window)
+{
+    const bool scrolls = move == AfterMove::SCROLL_UP || move == AfterMove::SCROLL_DOWN;
+    const GridScrollCode code = move == AfterMove::SCROLL_UP ? GridScrollCode::LINE_UP : GridScrollCode::LINE_DOWN;
+    GridWindow moved = window;
+    moved.scroll = scrolls ? Scrolled({window.scroll, 0, 0}, code, 0, window).offset : window.scroll;
+    return moved;
+}
+
 GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window)
 {
     const int lowest = window.scale.DayHeight() - window.height;
@@ -114,6 +145,14 @@ GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, co
     }
     moved.position += rows;
     moved.offset = std::min(std::max(moved.offset + rows * kTimeGrid.rowHeight, 0), lowest);
+    return moved;
+}
+
+GridScroll ScrolledTo(const GridScroll& scroll, int offset, const GridWindow& window)
+{
+    GridScroll moved = scroll;
+    moved.offset = std::clamp(offset, 0, std::max(window.scale.DayHeight() - window.height, 0));
+    moved.position = (moved.offset + kTimeGrid.rowHeight - 1) / kTimeGrid.rowHeight;
     return moved;
 }
 

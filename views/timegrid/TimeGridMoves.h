@@ -33,6 +33,15 @@ AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool 
 void MoveDayEarlier(GridSelection& selection, bool extend);
 void MoveDayLater(GridSelection& selection, bool extend);
 
+// The last row of the range.
+COleDateTime LastRow(const DayRange& range, const TimeScale& scale);
+
+// The offset to which the grid has to scroll, and no further than needed, so that the pixels top .. bottom - 1 of the
+// day are in sight; where they are higher than the grid, so that they begin at its top.
+int OffsetToShow(const GridWindow& window, int top, int bottom);
+// The same for the rows from one time of day to the other, in any order; the present offset without valid times.
+int OffsetToShow(const GridWindow& window, const COleDateTime& begin, const COleDateTime& end);
+
 // A line and a page of the vertical scroll bar, in rows.
 constexpr int kScrollLine = 1;
 constexpr int kScrollPage = 2;
@@ -62,6 +71,10 @@ struct GridScroll
 // The offset is held between 0 and the rows that do not fit; when all fit that end is negative and wins. The position
 // is left for the bar to hold in its range.
 GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window);
+// What is seen after the step of a row move.
+GridWindow WindowAfter(AfterMove move, const GridWindow& window);
+// The offset held between 0 and the pixels that do not fit, the bar in step.
+GridScroll ScrolledTo(const GridScroll& scroll, int offset, const GridWindow& window);
 // The bar for a grid of that height, the position in proportion, the offset with it.
 GridScroll ScaledTo(const GridScroll& scroll, const GridWindow& window);
 

@@ -297,6 +297,7 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     InvalidateCellRectRange();
     SetSelection(moved);
     InvalidateCellRectRange();
+    KeepCursorInSight();
     CurrentDateMoved();
 }
 
