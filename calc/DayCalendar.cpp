@@ -1,8 +1,8 @@
 #include "calc/DayCalendar.h"
 
 #include "calc/EnglishDayNames.h"
-#include "calc/ExactSky.h"
 #include "calc/Observances.h"
+#include "calc/SkyDay.h"
 
 #include <algorithm>
 
@@ -12,14 +12,8 @@ constexpr int kAnyLeapYear = 2000;
 // How the Cabinet Office's list begins the names of days off that have none of their own.
 constexpr std::string_view kNamelessDayOff = u8"休日";
 
-constexpr int kDegreesPerTerm = 15;
 constexpr int kDegreesBetweenEquinoxes = 180;
-// From longitude 0 on, a step of 15 degrees each.
-constexpr std::string_view kSolarTermNames[] = {
-    u8"春分", u8"清明", u8"穀雨", u8"立夏", u8"小満", u8"芒種", u8"夏至", u8"小暑",
-    u8"大暑", u8"立秋", u8"処暑", u8"白露", u8"秋分", u8"寒露", u8"霜降", u8"立冬",
-    u8"小雪", u8"大雪", u8"冬至", u8"小寒", u8"大寒", u8"立春", u8"雨水", u8"啓蟄",
-};
+constexpr std::string_view kSetsubun = u8"節分";
 
 int DayOfYearKey(int month, int day)
 {
@@ -83,14 +77,20 @@ DayInfo DayCalendar::InfoOf(const CivilDate& date) const
         AppendHostDays(date, info);
         AppendObservances(date, info);
         AppendSolarTerm(date, info);
+        AppendSeasonalDays(date, info);
     }
     return info;
 }
 
-void DayCalendar::Append(DayInfo& info, std::string_view name, DayKind kind) const
+void DayCalendar::Append(DayInfo& info, const std::string& japanese, const char* english, DayKind kind) const
 {
-    const char* const english = m_language == DayLanguage::English ? EnglishDayName(name) : nullptr;
-    info.names.push_back({english ? std::string(english) : std::string(name), kind});
+    const bool isEnglish = m_language == DayLanguage::English && english;
+    info.names.push_back({isEnglish ? english : japanese, kind});
+}
+
+void DayCalendar::Append(DayInfo& info, const std::string& name, DayKind kind) const
+{
+    Append(info, name, EnglishDayName(name), kind);
 }
 
 void DayCalendar::AppendHoliday(const CivilDate& date, DayInfo& info) const
@@ -133,8 +133,12 @@ void DayCalendar::AppendHostDays(const CivilDate& date, DayInfo& info) const
 
 void DayCalendar::AppendObservances(const CivilDate& date, DayInfo& info) const
 {
-    if (m_layers.observances) {
-        for (const std::string& name : ObservancesOf(date)) {
+    if (!m_layers.observances) {
+        return;
+    }
+    const bool isSetsubunSeasonal = m_layers.seasonalDays && IsSkyDate(date.year, date.month, date.day);
+    for (const std::string& name : ObservancesOf(date)) {
+        if (name != kSetsubun || !isSetsubunSeasonal) {
             Append(info, name, DayKind::Observance);
         }
     }
@@ -147,7 +151,24 @@ void DayCalendar::AppendSolarTerm(const CivilDate& date, DayInfo& info) const
     const bool isNamed = longitude % kDegreesBetweenEquinoxes == 0 && !info.names.empty() &&
                          info.names.front().kind == DayKind::StatutoryHoliday;
     if (longitude >= 0 && !isNamed) {
-        Append(info, kSolarTermNames[longitude / kDegreesPerTerm], DayKind::SolarTerm);
+        const SkyName name = SolarTermName(longitude);
+        Append(info, name.japanese, name.english, DayKind::SolarTerm);
+    }
+}
+
+void DayCalendar::AppendSeasonalDays(const CivilDate& date, DayInfo& info) const
+{
+    if (!m_layers.seasonalDays) {
+        return;
+    }
+    const SeasonalDays days = SeasonalDaysOf(date.year, date.month, date.day);
+    for (int i = 0; i < static_cast<int>(SeasonalDay::Count); ++i) {
+        const SeasonalDay day = static_cast<SeasonalDay>(i);
+        const bool isWithinPeriod = day == SeasonalDay::Higan || day == SeasonalDay::Doyo; // many days, without news
+        if (days.Has(day) && !isWithinPeriod) {
+            const SkyName name = SeasonalDayName(day);
+            Append(info, name.japanese, name.english, DayKind::SeasonalDay);
+        }
     }
 }
 } // namespace dayvane

@@ -19,7 +19,7 @@ struct DayLayers
     bool hostDays = true;
     bool observances = true;
     bool solarTerms = true;
-    bool seasonalDays = true;
+    bool seasonalDays = true; // without the days within higan and doyo, whose first and last are named
 };
 
 enum class DayLanguage
@@ -81,11 +81,14 @@ private:
         HostDay day;
     };
 
-    void Append(DayInfo& info, std::string_view name, DayKind kind) const;
+    // english: nullptr for none.
+    void Append(DayInfo& info, const std::string& japanese, const char* english, DayKind kind) const;
+    void Append(DayInfo& info, const std::string& name, DayKind kind) const;
     void AppendHoliday(const CivilDate& date, DayInfo& info) const;
     void AppendHostDays(const CivilDate& date, DayInfo& info) const;
     void AppendObservances(const CivilDate& date, DayInfo& info) const;
     void AppendSolarTerm(const CivilDate& date, DayInfo& info) const;
+    void AppendSeasonalDays(const CivilDate& date, DayInfo& info) const;
 
     DayLayers m_layers;
     DayLanguage m_language = DayLanguage::Japanese;

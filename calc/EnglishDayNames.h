@@ -1,4 +1,4 @@
-// English names of holidays, observances, solar terms and seasonal days.
+// English names of holidays and observances.
 #pragma once
 
 #include <string_view>

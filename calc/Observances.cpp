@@ -2,6 +2,9 @@
 
 #include "calc/CodePage932.h"
 #include "calc/NamedDays.h"
+#include "calc/SeasonalDays.h"
+
+#include <string_view>
 
 namespace dayvane {
 namespace {
@@ -32,6 +35,18 @@ const tagHOLIDAY* MovableObservance(const CivilDate& date)
            : IsEasterSunday(date)                 ? &kEaster
                                                   : nullptr;
 }
+// Setsubun moves with the sky; the table has it on its usual day.
+bool IsOn(const tagHOLIDAY& row, const CivilDate& date)
+{
+    constexpr std::string_view kSetsubun = "節分";
+    if (row.nMonth != date.month) {
+        return false;
+    }
+    if (row.lpszName == kSetsubun && IsSkyDate(date.year, date.month, date.day)) {
+        return SeasonalDaysOf(date.year, date.month, date.day).Has(SeasonalDay::Setsubun);
+    }
+    return row.nDay == date.day;
+}
 } // namespace
 
 std::vector<std::string> ObservancesOf(const CivilDate& date)
@@ -48,7 +63,7 @@ std::vector<std::string> ObservancesOf(const CivilDate& date)
         append(*movable);
     }
     for (const tagHOLIDAY& row : kNamedDays) {
-        if (row.bObservance == kObservance && row.nMonth == date.month && row.nDay == date.day) {
+        if (row.bObservance == kObservance && IsOn(row, date)) {
             append(row);
         }
     }

@@ -70,12 +70,19 @@ TEST(DayCalendar, LayersAndLanguages)
         {{2038, 4, 25}, &DayLayers::observances, u8"イースター:3 ", "Easter:3 "}, // the latest there is
         {{1818, 3, 22}, &DayLayers::observances, u8"イースター:3 ", "Easter:3 "}, // the earliest
         {{2026, 7, 7}, nullptr, u8"七夕:3 小暑:4 ", "Star Festival:3 Minor Heat:4 "},
-        {{2026, 3, 20}, nullptr, u8"春分の日:0 !", "Vernal Equinox Day:0 !"},
+        {{2026, 3, 20}, nullptr, u8"春分の日:0 彼岸の中日:5 !", "Vernal Equinox Day:0 Middle of Higan:5 !"},
         {{2026, 3, 20}, &DayLayers::solarTerms, u8"春分:4 ", "Vernal Equinox:4 "},
-        {{1940, 9, 23}, nullptr, u8"秋分:4 ", "Autumnal Equinox:4 "},
+        {{1940, 9, 23}, nullptr, u8"秋分:4 彼岸の中日:5 ", "Autumnal Equinox:4 Middle of Higan:5 "},
         {{2021, 2, 3}, &DayLayers::solarTerms, u8"立春:4 ", "Beginning of Spring:4 "},
         {{2026, 12, 22}, &DayLayers::solarTerms, u8"冬至:4 ", "Winter Solstice:4 "},
         {{2500, 3, 20}, &DayLayers::solarTerms, "", ""},
+        {{2025, 2, 2}, nullptr, u8"キャンドルマス:3 節分:5 ", "Candlemas:3 Setsubun:5 "},
+        {{2025, 2, 2}, &DayLayers::observances, u8"節分:3 キャンドルマス:3 ", "Setsubun:3 Candlemas:3 "},
+        {{2025, 2, 3}, &DayLayers::observances, "", ""},
+        {{1599, 2, 3}, nullptr, u8"節分:3 ", "Setsubun:3 "}, // before the sky is told
+        {{2026, 5, 2}, nullptr, u8"八十八夜:5 ", "88th Night:5 "},
+        {{2026, 7, 26}, &DayLayers::seasonalDays, u8"土用の丑の日:5 ", "Ox Day of Doyo:5 "},
+        {{2026, 7, 24}, &DayLayers::seasonalDays, "", ""}, // a day of doyo like others
         {{}, nullptr, "", ""},
     };
     for (const auto& c : cases) {
