@@ -66,6 +66,13 @@ SolsticeYear FindSolsticeYear(int year, int zoneMinutes)
     AddOtherwise(moments.terms, zoneMinutes, days.terms, days, result);
     return result;
 }
+
+// Whether one of the terms falls on a day in [begin, end).
+bool HasPrincipalTerm(const SolsticeYearDays& days, int begin, int end)
+{
+    const auto term = std::lower_bound(days.terms.begin(), days.terms.end(), begin);
+    return term != days.terms.end() && *term < end;
+}
 } // namespace
 
 const SolsticeYearMonths::Month* SolsticeYearMonths::MonthOf(int serialDay) const
@@ -93,9 +100,9 @@ SolsticeYearMonths MonthsOf(const SolsticeYearDays& days)
         SolsticeYearMonths::Month& month = result.months[i];
         month.firstDay = days.newMoons[first + i];
         if (i > 0) {
-            const auto term = std::lower_bound(days.terms.begin(), days.terms.end(), month.firstDay);
-            const bool hasTerm = term != days.terms.end() && *term < days.newMoons[first + i + 1];
-            month.isLeap = hasLeapMonth && !isLeapMonthFound && !hasTerm;
+            // The month after the last has the next solstice.
+            month.isLeap = hasLeapMonth && !isLeapMonthFound && i < result.count &&
+                           !HasPrincipalTerm(days, month.firstDay, days.newMoons[first + i + 1]);
             isLeapMonthFound = isLeapMonthFound || month.isLeap;
             number = month.isLeap ? number : number % 12 + 1;
         }

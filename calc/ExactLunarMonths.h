@@ -38,7 +38,7 @@ SolsticeYearMonths MonthsOf(const SolsticeYearDays& days);
 // day, the months that would follow are kept as well, one set for each such moment.
 struct SolsticeYear
 {
-    static constexpr int kMostOtherwise = 8; // of 29 moments a year, at 2400 with its 15 minutes of error
+    static constexpr int kMostOtherwise = 8; // of 29 moments; with the 13 minutes of 2400 one in two years
 
     SolsticeYearMonths surely;
     std::array<SolsticeYearMonths, kMostOtherwise> otherwise;

@@ -7,8 +7,9 @@
 // included, gets the empty answer that each function names; no argument is an error. Any thread may call: what was
 // computed last is kept per thread, so days asked in sequence cost little.
 //
-// Moments are good to a quarter of a minute for what is known of the earth's rotation, which leaves a minute at 2100,
-// six at 2300. Where a moment lies so near to midnight that its day rests on that, the answer is marked uncertain.
+// Moments are good to a quarter of a minute, but for what is not known of the earth's rotation: a minute more in 2100,
+// eight in 2300, 40 seconds in 1600. Where a moment lies so near to midnight that its day rests on that, the answer is
+// marked uncertain.
 #pragma once
 
 #include "CivilDate.h"

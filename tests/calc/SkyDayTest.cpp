@@ -83,6 +83,16 @@ TEST(SkyDay, SeasonalDaysOfPublishedYears)
     EXPECT_EQ(summerOx(2025), "7/19 7/31 ");
 }
 
+// The autumn equinox of 1917 came seven seconds after midnight.
+TEST(SkyDay, SeasonalDaysNearMidnightAreUncertain)
+{
+    EXPECT_TRUE(dayvane::SeasonalDaysOf(1917, 9, 24).isUncertain);
+    EXPECT_TRUE(dayvane::SeasonalDaysOf(1917, 9, 20).isUncertain); // would be the first of higan's days
+    EXPECT_FALSE(dayvane::SeasonalDaysOf(1917, 9, 15).isUncertain);
+    EXPECT_FALSE(dayvane::SeasonalDaysOf(1917, 3, 21).isUncertain);
+    EXPECT_TRUE(dayvane::SkyDayOf(1917, 9, 24).IsUncertain());
+}
+
 // A week of higan, 18 or 19 days of doyo up to the next season, shanichi within five days of an equinox day.
 TEST(SkyDay, SeasonalDaysOfEightCenturies)
 {
@@ -160,6 +170,7 @@ TEST(SkyDay, Moon)
         const dayvane::MoonOfDay moon = dayvane::MoonOn(year, month, dayOfMonth);
         const double gain = std::remainder(moon.elongation - before.elongation, 360.0);
         ASSERT_TRUE(gain > 10 && gain < 15.5) << day;
+        ASSERT_GE(moon.age, 0) << day;
         ASSERT_TRUE(moon.age < before.age ? moon.age < 1 : std::abs(moon.age - before.age - 1) < 1e-6) << day;
         if (moon.quarter >= 0) {
             ASSERT_EQ(moon.quarter, (3 + quarters) % 4) << day;
