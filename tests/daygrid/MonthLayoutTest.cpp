@@ -1,7 +1,7 @@
 // The month grid as a value: cells, dates, looks.
 #include "DayGridTesting.h"
 
-#include "views/daygrid/MonthCellLook.h"
+#include "views/daygrid/DayLook.h"
 
 #include <gtest/gtest.h>
 
@@ -25,14 +25,14 @@ struct Grid
     MonthCellArray cells;
 };
 
-MonthCellDateArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
+DayInfoArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
 {
-    MonthCellDateArray dates;
-    FillCellDates(BoxRange(RangeKind::Month, date, firstDayOfWeek), date, Day(2026, 3, 2), dates);
+    DayInfoArray dates;
+    FillDays(BoxRange(RangeKind::Month, date, firstDayOfWeek), date, Day(2026, 3, 2), dates);
     return dates;
 }
 
-int CellOfDate(const MonthCellDateArray& dates, const COleDateTime& date)
+int CellOfDate(const DayInfoArray& dates, const COleDateTime& date)
 {
     return RangeOf(dates).BoxOf(date);
 }
@@ -84,7 +84,7 @@ TEST(MonthLayout, BandsLieBelowEachOther)
 
 TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
 {
-    MonthCellDateArray dates = DatesAround(Day(2026, 3, 17));
+    DayInfoArray dates = DatesAround(Day(2026, 3, 17));
     ASSERT_EQ(dates.GetSize(), kMonthCells);
     EXPECT_EQ(CellOfDate(dates, Day(2026, 3, 1)), 0) << "a 1st on the first day of the week begins the grid";
     EXPECT_EQ(CellOfDate(dates, COleDateTime(2026, 4, 11, 23, 59, 59)), 41);
@@ -92,7 +92,7 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     EXPECT_EQ(dates[0].m_nFlags, 1u);
     EXPECT_EQ(dates[1].m_nFlags, 3u) << "today";
     EXPECT_EQ(dates[31].m_nFlags, 0u) << "1 April";
-    const MonthCellDate& equinox = dates[19];
+    const DayInfo& equinox = dates[19];
     EXPECT_EQ(equinox.m_bHoliday, 1);
     EXPECT_EQ(equinox.m_nHolidayType, 0);
     EXPECT_STREQ(equinox.m_strHoliday, "春分の日");
@@ -102,8 +102,8 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     EXPECT_EQ(dates[seimei].m_bSolarTerm, 1);
     EXPECT_STREQ(dates[seimei].m_strText, dates[seimei].m_strHoliday + " 清明");
 
-    FillCellDates(BoxRange::FromDay(RangeKind::Month, DayNumberOf(Day(2027, 3, 1))), Day(2026, 3, 17), Day(2026, 3, 2),
-                  dates);
+    FillDays(BoxRange::FromDay(RangeKind::Month, DayNumberOf(Day(2027, 3, 1))), Day(2026, 3, 17), Day(2026, 3, 2),
+             dates);
     EXPECT_EQ(dates[0].m_nFlags, 1u) << "months are compared without their years";
     EXPECT_EQ(dates[1].m_nFlags, 1u) << "2 March of another year is not today";
 }
@@ -112,7 +112,7 @@ TEST(MonthDates, EndWhereDatesEnd)
 {
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
-    const MonthCellDateArray early = DatesAround(Day(100, 1, 20));
+    const DayInfoArray early = DatesAround(Day(100, 1, 20));
     EXPECT_EQ(Text(early[0].m_date), "none");
     EXPECT_EQ(early[0].m_nFlags, 0u);
     EXPECT_EQ(CellOfDate(early, Day(100, 1, 1)), Day(100, 1, 1).GetDayOfWeek() - 1) << "read back from a later cell";
@@ -122,7 +122,7 @@ TEST(MonthDates, EndWhereDatesEnd)
 TEST(MonthLook, ColoursFollowTheKindOfDay)
 {
     const DayColorTable table = ColorTable();
-    const MonthCellDateArray dates = DatesAround(Day(2017, 4, 10)); // 26 March .. 6 May
+    const DayInfoArray dates = DatesAround(Day(2017, 4, 10)); // 26 March .. 6 May
     struct Case
     {
         const char* name;
@@ -147,21 +147,25 @@ TEST(MonthLook, ColoursFollowTheKindOfDay)
     };
     for (const Case& c : cases) {
         const int day = DayNumberOf(Day(2017, c.month, c.day));
-        const MonthLookInput input = {table, kSelectedText, true, true, c.selected, day, day};
+        const DayLookInput input = {table, kSelectedText, true, true, c.selected, day, day};
         const int cell = CellOfDate(dates, Day(2017, c.month, c.day));
-        const MonthCellLook look = CalcCellLook(dates[cell], false, c.dayColor, input);
+        const DayLook look = CalcDayLook(dates[cell], false, c.dayColor, input);
         EXPECT_EQ(look.background, c.background) << c.name;
         EXPECT_EQ(look.annotationColor, c.annotation) << c.name;
         EXPECT_EQ(look.dayNumberColor, c.number) << c.name;
         EXPECT_EQ(look.selected, c.selected) << c.name;
     }
+    DayLookInput week = {table, kSelectedText, true, true, false, 0, 0};
+    week.dimOtherMonths = false;
+    const int otherMonth = CellOfDate(dates, Day(2017, 5, 2));
+    EXPECT_EQ(CalcDayLook(dates[otherMonth], false, 0, week).dayNumberColor, 0x107u) << "no month is another one";
 }
 
 TEST(MonthLook, TextsOfADay)
 {
     const DayColorTable table = ColorTable();
-    MonthCellDateArray dates = DatesAround(Day(2026, 5, 10));            // from 26 April on
-    MonthCellDate& children = dates[CellOfDate(dates, Day(2026, 5, 5))]; // a holiday and a solar term
+    DayInfoArray dates = DatesAround(Day(2026, 5, 10));            // from 26 April on
+    DayInfo& children = dates[CellOfDate(dates, Day(2026, 5, 5))]; // a holiday and a solar term
     struct Case
     {
         bool holiday, term;
@@ -174,14 +178,14 @@ TEST(MonthLook, TextsOfADay)
     };
     for (const Case& c : cases) {
         children.m_dayProperty.strText = c.host;
-        const MonthLookInput input = {table, kSelectedText, c.holiday, c.term, false, 0, 0};
-        EXPECT_STREQ(CalcCellLook(children, false, 0, input).annotation, c.text);
+        const DayLookInput input = {table, kSelectedText, c.holiday, c.term, false, 0, 0};
+        EXPECT_STREQ(CalcDayLook(children, false, 0, input).annotation, c.text);
     }
-    const MonthLookInput input = {table, kSelectedText, true, true, false, 0, 0};
-    EXPECT_STREQ(CalcCellLook(dates[0], true, 0, input).dayNumber, "4/26");
-    EXPECT_STREQ(CalcCellLook(dates[0], false, 0, input).dayNumber, "26");
-    EXPECT_STREQ(CalcCellLook(dates[5], false, 0, input).dayNumber, "26/5/1");
-    EXPECT_STREQ(CalcCellLook(DatesAround(Day(2009, 2, 1))[0], true, 0, input).dayNumber, "09/2/1");
+    const DayLookInput input = {table, kSelectedText, true, true, false, 0, 0};
+    EXPECT_STREQ(CalcDayLook(dates[0], true, 0, input).dayNumber, "4/26");
+    EXPECT_STREQ(CalcDayLook(dates[0], false, 0, input).dayNumber, "26");
+    EXPECT_STREQ(CalcDayLook(dates[5], false, 0, input).dayNumber, "26/5/1");
+    EXPECT_STREQ(CalcDayLook(DatesAround(Day(2009, 2, 1))[0], true, 0, input).dayNumber, "09/2/1");
 }
 
 TEST(MonthLook, TextsOfABar)
@@ -204,7 +208,7 @@ TEST(MonthLook, TextsOfABar)
 TEST(MonthBlocks, FillTheCellOfTheStart)
 {
     Grid grid(CRect(0, 0, 704, 647));
-    const MonthCellDateArray dates = DatesAround(Day(2026, 3, 17));
+    const DayInfoArray dates = DatesAround(Day(2026, 3, 17));
     struct Case
     {
         COleDateTime start, end;

@@ -84,6 +84,6 @@ public:
 
     dayvane::BoxRange range{dayvane::RangeKind::Month};
     dayvane::MonthCellArray cells;
-    dayvane::MonthCellDateArray dates;
+    dayvane::DayInfoArray dates;
     int firstDayOfWeek = 1;
 };

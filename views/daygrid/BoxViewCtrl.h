@@ -7,7 +7,7 @@
 
 #include "BoxViewLayout.h"
 #include "DayGridCtrl.h"
-#include "MonthPainter.h"
+#include "BoxPainter.h"
 
 class CBoxViewCtrl : public CDayGridCtrl
 {
@@ -104,7 +104,7 @@ protected:
     CString m_strTitle;
     COLORREF m_crAccent = 0x8F9300;
     COLORREF m_crAccentBack = 0xFFFFFF;
-    dayvane::MonthFonts m_fonts;
+    dayvane::BoxFonts m_fonts;
 
 private:
     dayvane::BoxRange RangeAfter(int nBoxes) const; // the range that is so many boxes away

@@ -5,7 +5,7 @@
 #include "core/ItemStore.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BarPainter.h"
-#include "views/daygrid/MonthCellLook.h"
+#include "views/daygrid/DayLook.h"
 
 #include <algorithm>
 

@@ -1,38 +1,20 @@
 #include "views/daygrid/MonthLayout.h"
 
-#include "calc/DayAnnotation.h"
-#include "core/DateMath.h"
+#include "views/daygrid/BoxRange.h"
 
 #include <algorithm>
 
 namespace dayvane {
 namespace {
 
-MonthCellDate DateWithAnnotations(const COleDateTime& date, int currentMonth, const CivilDate& today)
+BoxGrid BoxGridOf(const MonthCellArray& cells)
 {
-    MonthCellDate cell;
-    cell.m_date = date;
-    const CivilDate fields = CivilDateOf(date);
-    if (!IsValid(date)) {
-        return cell;
+    BoxGrid grid;
+    grid.columns = kMonthColumns;
+    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
+        grid.boxes.push_back(cells[i].m_rect);
     }
-    if (fields.month == currentMonth) {
-        cell.m_nFlags |= MONTHCELL_INMONTH;
-    }
-    if (fields == today) {
-        cell.m_nFlags |= MONTHCELL_TODAY;
-    }
-    const DayAnnotation annotation = AnnotateDay(date);
-    if (annotation.holidayName) {
-        cell.m_strHoliday = annotation.holidayName;
-        cell.m_bHoliday = 1;
-        cell.m_nHolidayType = annotation.isDayOff ? 0 : 1;
-    }
-    if (annotation.solarTerm) {
-        cell.m_strText = AnnotationText(annotation);
-        cell.m_bSolarTerm = 1;
-    }
-    return cell;
+    return grid;
 }
 
 void StoreLoads(const std::vector<BoxLoad>& loads, MonthCellArray& cells)
@@ -89,60 +71,17 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
     ClearLoads(cells);
 }
 
-// ---- Dates
-
-void FillCellDates(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
-                   MonthCellDateArray& dates)
-{
-    const int currentMonth = CivilDateOf(current).month;
-    const CivilDate todayFields = CivilDateOf(today);
-    dates.RemoveAll();
-    dates.SetSize(range.Count());
-    for (int i = 0; i < range.Count(); ++i) {
-        dates[i] = DateWithAnnotations(range.DateOfBox(i), currentMonth, todayFields);
-    }
-}
-
-BoxRange RangeOf(const MonthCellDateArray& dates)
-{
-    for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
-        if (IsValid(dates[i].m_date)) {
-            return BoxRange::FromDay(RangeKind::Month, DayNumberOf(dates[i].m_date) - i);
-        }
-    }
-    return BoxRange(RangeKind::Month);
-}
-
-void ClearDayProperties(MonthCellDateArray& dates)
-{
-    for (int i = 0; i < static_cast<int>(dates.GetSize()); ++i) {
-        tagCALENDAR_DAY_PROPERTY& property = dates[i].m_dayProperty;
-        property.strText.Empty();
-        property.nDayColor = property.nReserved = property.bUseMyWorkTime = 0;
-    }
-}
-
 // ---- Items
 
-BoxGrid BoxGridOf(const MonthCellArray& cells)
+void CalcMonthBars(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items)
 {
-    BoxGrid grid;
-    grid.columns = kMonthColumns;
-    for (int i = 0; i < static_cast<int>(cells.GetSize()); ++i) {
-        grid.boxes.push_back(cells[i].m_rect);
-    }
-    return grid;
-}
-
-void CalcMonthBars(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
-{
-    const std::vector<BoxSpan> spans = RangeOf(dates).Spans(items);
+    const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     StoreLoads(LayOutBars(BoxGridOf(cells), kMonthMetrics.bars, spans, items), cells);
 }
 
-void CalcMonthBlocks(const MonthCellDateArray& dates, MonthCellArray& cells, ItemArray& items)
+void CalcMonthBlocks(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items)
 {
-    const std::vector<BoxSpan> spans = RangeOf(dates).Spans(items);
+    const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it
     const int lastCell = static_cast<int>(cells.GetSize()) - 1;
     for (int i = 0; i < static_cast<int>(spans.size()); ++i) {

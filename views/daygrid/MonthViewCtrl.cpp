@@ -76,7 +76,7 @@ void CMonthViewCtrl::CalcCalendar()
 
 void CMonthViewCtrl::ShowRange(const BoxRange& range)
 {
-    FillCellDates(range, m_dtCurrent, Now(), m_arCellDate);
+    FillDays(range, m_dtCurrent, Now(), m_arCellDate);
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)

@@ -11,7 +11,7 @@
 
 #include "DayGridCtrl.h"
 #include "MonthLayout.h"
-#include "MonthPainter.h"
+#include "BoxPainter.h"
 
 class CMonthViewCtrl : public CDayGridCtrl
 {
@@ -19,7 +19,7 @@ class CMonthViewCtrl : public CDayGridCtrl
 
 public:
     typedef dayvane::MonthCell CCell;
-    typedef dayvane::MonthCellDate CCellDate;
+    typedef dayvane::DayInfo CCellDate;
 
     // Built around today. Registers the window class; throws CResourceException when that fails.
     CMonthViewCtrl();
@@ -88,14 +88,14 @@ protected:
     CArray<CCell, const CCell&> m_arHeaderCell;       // 7
     CArray<CCell, const CCell&> m_arCell;             // 42
     CArray<CCellDate, const CCellDate&> m_arCellDate; // 42
-    dayvane::MonthFonts m_fonts;
+    dayvane::BoxFonts m_fonts;
     COLORREF m_crOtherMonth; // kept for derived views
     COLORREF m_crButtonFace;
 
 private:
     void MoveSelection(int nDays, UINT nFlags);
     void ShowRange(const dayvane::BoxRange& range);
-    dayvane::MonthLookInput LookInput();
+    dayvane::DayLookInput LookInput();
 };
 
 class CMonthViewCtrl2 : public CMonthViewCtrl

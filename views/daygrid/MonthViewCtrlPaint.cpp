@@ -25,9 +25,9 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
     }
 }
 
-MonthLookInput CMonthViewCtrl::LookInput()
+DayLookInput CMonthViewCtrl::LookInput()
 {
-    MonthLookInput input = {
+    DayLookInput input = {
         m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0};
     COleDateTime begin;
     COleDateTime end;
@@ -45,14 +45,14 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
     DrawMonthGrid(pDC, rcCalendar, firstCell.Size(), m_pens.Solid(1, m_colors.grid));
     CRect clip;
     pDC->GetClipBox(&clip);
-    const MonthLookInput input = LookInput();
+    const DayLookInput input = LookInput();
     for (int i = 0; i < kMonthCells; ++i) {
         const CRect& cell = m_arCell[i].m_rect;
         CRect seen;
         if (!seen.IntersectRect(&cell, &clip)) {
             continue;
         }
-        const MonthCellLook look = CalcCellLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
+        const DayLook look = CalcDayLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
         DrawCellBackground(pDC, cell, look.background);
         if (look.today) {
             DrawTodayRect(pDC, cell);

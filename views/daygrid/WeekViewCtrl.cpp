@@ -65,10 +65,7 @@ void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
 
 void CWeekViewCtrl::RangeChanged()
 {
-    FillCellDates(Range(), Range().FirstDate(), Now(), m_arDayDate);
-    for (int i = 0; i < kWeekBoxes; ++i) {
-        m_arDayDate[i].m_nFlags |= MONTHCELL_INMONTH; // a week looks the same in every month
-    }
+    FillDays(Range(), Range().FirstDate(), Now(), m_arDayDate);
 }
 
 BOOL CWeekViewCtrl::HasMoreMark(int nBox)
@@ -135,16 +132,17 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     DrawCaptionBand(pDC, rcCaption, texts, kWeekBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
 }
 
-MonthCellLook CWeekViewCtrl::LookOf(int nDay)
+DayLook CWeekViewCtrl::LookOf(int nDay)
 {
-    const MonthLookInput input = {m_arDayColors,
-                                  m_colors.highlightText,
-                                  m_bShowHoliday != FALSE,
-                                  m_bShow24Setuki != FALSE,
-                                  IsBoxSelected(nDay) != FALSE,
-                                  INT_MIN,
-                                  INT_MAX};
-    return CalcCellLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
+    const DayLookInput input = {m_arDayColors,
+                                m_colors.highlightText,
+                                m_bShowHoliday != FALSE,
+                                m_bShow24Setuki != FALSE,
+                                IsBoxSelected(nDay) != FALSE,
+                                INT_MIN,
+                                INT_MAX,
+                                false}; // a week looks the same in every month
+    return CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
 }
 
 COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
@@ -168,7 +166,7 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
         return;
     }
     const COleDateTime& date = m_arDayDate[day].m_date;
-    const MonthCellLook look = LookOf(day);
+    const DayLook look = LookOf(day);
     const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
     const int dayOfWeek = date.GetDayOfWeek();
     COLORREF color = dayOfWeek == kSunday || isDayOff ? kDayOffText : dayOfWeek == kSaturday ? kSaturdayText : kDayText;

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "BoxViewCtrl.h"
-#include "MonthCellLook.h"
+#include "DayLook.h"
 
 class CWeekViewCtrl : public CBoxViewCtrl
 {
@@ -50,8 +50,8 @@ protected:
     CRect m_rcDay[dayvane::kWeekBoxes];
     CRect m_rcDayCaption[dayvane::kWeekBoxes];
     int m_bMore[dayvane::kWeekBoxes] = {};
-    dayvane::MonthCellDateArray m_arDayDate; // 8
+    dayvane::DayInfoArray m_arDayDate; // 8
 
 private:
-    dayvane::MonthCellLook LookOf(int nDay);
+    dayvane::DayLook LookOf(int nDay);
 };

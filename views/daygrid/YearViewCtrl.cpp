@@ -3,7 +3,7 @@
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
-#include "views/daygrid/MonthCellLook.h"
+#include "views/daygrid/DayLook.h"
 
 using namespace dayvane;
 

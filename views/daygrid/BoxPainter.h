@@ -4,7 +4,7 @@
 
 #include "../../core/DrawingHelpers.h"
 #include "GdiPens.h"
-#include "MonthCellLook.h"
+#include "DayLook.h"
 #include "TextCache.h"
 
 namespace dayvane {
@@ -36,10 +36,10 @@ constexpr DayFrameColors kTodayFrame = {0x216FF1, 2, 0xAAD9FF, 0x6FBCFF, 0x3FABF
 constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0xFFB06B, 0xFFCEA4, 0xEAB990, 1};
 
 // The fonts of the view; they live as long as its window.
-class MonthFonts
+class BoxFonts
 {
 public:
-    explicit MonthFonts(int captionNumberHeight = 32) : m_captionNumberHeight(captionNumberHeight) {}
+    explicit BoxFonts(int captionNumberHeight = 32) : m_captionNumberHeight(captionNumberHeight) {}
 
     // Creates what is missing.
     void Create();
@@ -65,7 +65,7 @@ private:
 };
 
 void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
-                      COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts);
+                      COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts);
 
 // A title band with a number that catches the eye and a text beside it.
 struct CaptionTexts
@@ -75,9 +75,9 @@ struct CaptionTexts
     UINT textAlign; // DT_...
 };
 void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
-                     COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts);
+                     COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts);
 
-void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const MonthCellDateArray& dates,
+void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& dates,
                        CFont* font);
 
 // The border of the calendar and the lines between the cells.
@@ -98,9 +98,9 @@ struct StripTexts
     CString annotation;
     COLORREF annotationColor;
 };
-void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts);
+void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, BoxFonts& fonts);
 
 // Day number at the right, annotation to the left of it. A number that is too wide loses its year, then its month.
-void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts);
+void DrawCellTexts(CDC* pDC, const CRect& cell, const DayLook& look, BoxFonts& fonts);
 
 } // namespace dayvane

@@ -1,28 +1,28 @@
-// How a day cell of the month view looks: colours and texts, worked out before anything is drawn.
+// How a day looks in the month and week views, and the texts of item bars: worked out before anything is drawn.
 #pragma once
 
-#include "MonthLayout.h"
+#include "DayCells.h"
 
 namespace dayvane {
 
 using DayColorTable = CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>;
 
 // Columns of a row of the day colours, and the rows that days get without the host's doing.
-enum MonthDayColor
+enum DayColorColumn
 {
-    MONTHCOLOR_BACKGROUND = 0,
-    MONTHCOLOR_OTHERMONTH = 5, // text of a day of another month
-    MONTHCOLOR_TEXT = 6,
+    DAYCOLOR_BACKGROUND = 0,
+    DAYCOLOR_OTHERMONTH = 5, // text of a day of another month
+    DAYCOLOR_TEXT = 6,
 };
-enum MonthDayRow
+enum DayColorRow
 {
-    MONTHROW_ORDINARY = 0,
-    MONTHROW_HOLIDAY = 1, // and Sunday
-    MONTHROW_SATURDAY = 2,
+    DAYROW_ORDINARY = 0,
+    DAYROW_HOLIDAY = 1, // and Sunday
+    DAYROW_SATURDAY = 2,
 };
 
 // What of the control decides about looks.
-struct MonthLookInput
+struct DayLookInput
 {
     const DayColorTable& colors;
     COLORREF selectedText;
@@ -31,9 +31,10 @@ struct MonthLookInput
     bool showSelection; // whether selected days look selected
     int firstSelected;  // day numbers; firstSelected > lastSelected: none
     int lastSelected;
+    bool dimOtherMonths = true; // days outside the month that the view is built around
 };
 
-struct MonthCellLook
+struct DayLook
 {
     COLORREF background;
     bool today;
@@ -44,9 +45,9 @@ struct MonthCellLook
     COLORREF dayNumberColor;
 };
 
-// dayColor: what the control's GetDayColor tells for the cell, 0 none. A row that the table does not have throws
+// dayColor: the control's GetDayColor for the day, 0 none. A row that the table does not have throws
 // CInvalidArgException.
-MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayColor, const MonthLookInput& input);
+DayLook CalcDayLook(const DayInfo& info, bool firstOfGrid, int dayColor, const DayLookInput& input);
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.
 CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode);

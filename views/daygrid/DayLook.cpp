@@ -1,4 +1,4 @@
-#include "views/daygrid/MonthCellLook.h"
+#include "views/daygrid/DayLook.h"
 
 #include "core/DateMath.h"
 
@@ -8,25 +8,25 @@ namespace {
 constexpr int kYearsPerCentury = 100;
 constexpr int kModeBothTimes = 8; // item display mode
 
-const tagCALENDAR_DAY_COLOR& RowOf(const MonthCellDate& cell, int dayColor, const DayColorTable& colors)
+const tagCALENDAR_DAY_COLOR& RowOf(const DayInfo& info, int dayColor, const DayColorTable& colors)
 {
     if (dayColor != 0) {
         return colors[dayColor - 1];
     }
-    const int dayOfWeek = cell.m_date.GetDayOfWeek();
+    const int dayOfWeek = info.m_date.GetDayOfWeek();
     if (dayOfWeek == kSaturday) {
-        return colors[MONTHROW_SATURDAY];
+        return colors[DAYROW_SATURDAY];
     }
-    const bool isDayOff = cell.m_bHoliday == 1 && cell.m_nHolidayType == 0;
-    return colors[dayOfWeek == kSunday || isDayOff ? MONTHROW_HOLIDAY : MONTHROW_ORDINARY];
+    const bool isDayOff = info.m_bHoliday == 1 && info.m_nHolidayType == 0;
+    return colors[dayOfWeek == kSunday || isDayOff ? DAYROW_HOLIDAY : DAYROW_ORDINARY];
 }
 
-COLORREF TextColorOf(const MonthCellDate& cell, int dayColor, const DayColorTable& colors)
+COLORREF TextColorOf(const DayInfo& info, int dayColor, const DayLookInput& input)
 {
-    if (dayColor == 0 && !(cell.m_nFlags & MONTHCELL_INMONTH)) {
-        return colors[MONTHROW_ORDINARY].crColor[MONTHCOLOR_OTHERMONTH];
+    if (dayColor == 0 && input.dimOtherMonths && !(info.m_nFlags & DAY_IN_MONTH)) {
+        return input.colors[DAYROW_ORDINARY].crColor[DAYCOLOR_OTHERMONTH];
     }
-    return RowOf(cell, dayColor, colors).crColor[MONTHCOLOR_TEXT];
+    return RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_TEXT];
 }
 
 void AppendWord(CString& text, const CString& word)
@@ -37,9 +37,9 @@ void AppendWord(CString& text, const CString& word)
     text += word;
 }
 
-CString SolarTermOf(const MonthCellDate& cell)
+CString SolarTermOf(const DayInfo& info)
 {
-    return cell.m_strText.Mid(cell.m_strHoliday.GetLength() + 1);
+    return info.m_strText.Mid(info.m_strHoliday.GetLength() + 1);
 }
 
 CString TimeText(const COleDateTime& time)
@@ -51,31 +51,31 @@ CString TimeText(const COleDateTime& time)
 
 } // namespace
 
-MonthCellLook CalcCellLook(const MonthCellDate& cell, bool firstOfGrid, int dayColor, const MonthLookInput& input)
+DayLook CalcDayLook(const DayInfo& info, bool firstOfGrid, int dayColor, const DayLookInput& input)
 {
-    MonthCellLook look;
-    look.background = RowOf(cell, dayColor, input.colors).crColor[MONTHCOLOR_BACKGROUND];
-    look.today = (cell.m_nFlags & MONTHCELL_TODAY) != 0;
-    const bool isDated = IsValid(cell.m_date);
-    const int day = isDated ? DayNumberOf(cell.m_date) : 0;
+    DayLook look;
+    look.background = RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_BACKGROUND];
+    look.today = (info.m_nFlags & DAY_TODAY) != 0;
+    const bool isDated = IsValid(info.m_date);
+    const int day = isDated ? DayNumberOf(info.m_date) : 0;
     look.selected = input.showSelection && isDated && input.firstSelected <= day && day <= input.lastSelected;
 
-    const COLORREF holidayText = input.colors[MONTHROW_HOLIDAY].crColor[MONTHCOLOR_TEXT];
-    COLORREF text = look.selected ? input.selectedText : TextColorOf(cell, dayColor, input.colors);
-    if (cell.m_bHoliday == 1 && input.showHoliday) {
-        look.annotation = cell.m_strHoliday;
-        if (cell.m_nHolidayType == 0 && !look.selected) {
+    const COLORREF holidayText = input.colors[DAYROW_HOLIDAY].crColor[DAYCOLOR_TEXT];
+    COLORREF text = look.selected ? input.selectedText : TextColorOf(info, dayColor, input);
+    if (info.m_bHoliday == 1 && input.showHoliday) {
+        look.annotation = info.m_strHoliday;
+        if (info.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
         }
     }
-    if (cell.m_bSolarTerm == 1 && input.showSolarTerm) {
-        AppendWord(look.annotation, SolarTermOf(cell));
+    if (info.m_bSolarTerm == 1 && input.showSolarTerm) {
+        AppendWord(look.annotation, SolarTermOf(info));
     }
-    AppendWord(look.annotation, cell.m_dayProperty.strText);
+    AppendWord(look.annotation, info.m_dayProperty.strText);
     look.annotationColor = text;
 
     if (isDated) {
-        const CivilDate fields = CivilDateOf(cell.m_date);
+        const CivilDate fields = CivilDateOf(info.m_date);
         if (fields.day == 1) {
             look.dayNumber.Format("%02d/%d/%d", fields.year % kYearsPerCentury, fields.month, fields.day);
             if (!look.selected) {

@@ -1,4 +1,4 @@
-#include "views/daygrid/MonthPainter.h"
+#include "views/daygrid/BoxPainter.h"
 
 #include "core/DateMath.h"
 
@@ -64,7 +64,7 @@ void CreateFont(CFont& font, const FontForm& form)
 }
 
 // In a narrow cell the year goes first and then the month: a number whose front is cut off tells another date.
-CString FittingDayNumber(CDC* pDC, MonthFonts& fonts, CString text, int width)
+CString FittingDayNumber(CDC* pDC, BoxFonts& fonts, CString text, int width)
 {
     int slash = text.Find('/');
     while (slash != -1 && fonts.texts.WidthOf(pDC, &fonts.dayNumber, text) > width) {
@@ -78,7 +78,7 @@ CString FittingDayNumber(CDC* pDC, MonthFonts& fonts, CString text, int width)
 
 // ---- Fonts
 
-void MonthFonts::Create()
+void BoxFonts::Create()
 {
     CreateFont(weekday, kWeekdayFont);
     CreateFont(dayNumber, kDayNumberFont);
@@ -86,7 +86,7 @@ void MonthFonts::Create()
     CreateFont(annotation, kAnnotationFont);
 }
 
-void MonthFonts::Delete()
+void BoxFonts::Delete()
 {
     for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText}) {
         font->DeleteObject();
@@ -94,19 +94,19 @@ void MonthFonts::Delete()
     texts.Clear();
 }
 
-CFont* MonthFonts::CaptionNumber(const LOGFONT& itemFont)
+CFont* BoxFonts::CaptionNumber(const LOGFONT& itemFont)
 {
     FollowItemFont(itemFont);
     return &m_captionNumber;
 }
 
-CFont* MonthFonts::CaptionText(const LOGFONT& itemFont)
+CFont* BoxFonts::CaptionText(const LOGFONT& itemFont)
 {
     FollowItemFont(itemFont);
     return &m_captionText;
 }
 
-void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
+void BoxFonts::FollowItemFont(const LOGFONT& itemFont)
 {
     if (m_captionNumber.GetSafeHandle() && std::memcmp(&m_captionBase, &itemFont, sizeof(itemFont)) == 0) {
         return;
@@ -125,7 +125,7 @@ void MonthFonts::FollowItemFont(const LOGFONT& itemFont)
 // ---- Bands
 
 void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
-                      COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
+                      COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts)
 {
     CaptionTexts texts = {"", "", DT_BOTTOM};
     if (IsValid(date)) {
@@ -136,7 +136,7 @@ void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, con
 }
 
 void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
-                     COLORREF textColor, const LOGFONT& itemFont, MonthFonts& fonts)
+                     COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts)
 {
     DrawTitleBand(pDC, band, colors);
     if (band.IsRectEmpty()) {
@@ -154,7 +154,7 @@ void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, con
     pDC->DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | texts.textAlign);
 }
 
-void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const MonthCellDateArray& dates,
+void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& dates,
                        CFont* font)
 {
     DrawHeaderBand(pDC, band, kHeaderBand);
@@ -234,7 +234,7 @@ void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, Pen
     pDC->LineTo(frame.left, frame.top);
 }
 
-void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, MonthFonts& fonts)
+void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, BoxFonts& fonts)
 {
     TextCache& cache = fonts.texts;
     CRect rest = strip;
@@ -264,7 +264,7 @@ void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, Month
     cache.Draw(pDC, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
-void DrawCellTexts(CDC* pDC, const CRect& cell, const MonthCellLook& look, MonthFonts& fonts)
+void DrawCellTexts(CDC* pDC, const CRect& cell, const DayLook& look, BoxFonts& fonts)
 {
     TextCache& cache = fonts.texts;
     CRect number = cell;

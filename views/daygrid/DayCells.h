@@ -1,0 +1,56 @@
+// The boxes that stand for days: a cell of the month view, and what is known about a day in the month and week views.
+#pragma once
+
+#include "../../core/CalendarRecords.h"
+
+namespace dayvane {
+
+class BoxRange;
+
+// A box of the grid or of the header.
+class MonthCell
+{
+public:
+    virtual ~MonthCell() {}
+
+    CRect m_rect = CRect(0, 0, 0, 0);
+    int m_bMore = 0;      // 1: an item of this day did not fit
+    int m_nItemCount = 0; // screen items of this day
+};
+
+enum DayFlags : unsigned
+{
+    DAY_IN_MONTH = 1, // the month that the view is built around
+    DAY_TODAY = 2,
+};
+
+// What is known about a day.
+class DayInfo
+{
+public:
+    virtual ~DayInfo() {}
+
+    COleDateTime m_date;    // 00:00; invalid beyond the years 100 to 9999
+    unsigned m_nFlags = 0;  // DayFlags
+    CString m_strText;      // holiday, one blank and solar term, when there is a solar term; else empty
+    CString m_strHoliday;   // empty on a plain day
+    int m_bHoliday = 0;     // 1: a named day
+    int m_nHolidayType = 0; // of a named day: 0 day off, 1 observance
+    int m_bSolarTerm = 0;
+    tagCALENDAR_DAY_PROPERTY m_dayProperty; // set by the host
+};
+
+using MonthCellArray = CArray<MonthCell, const MonthCell&>;
+using DayInfoArray = CArray<DayInfo, const DayInfo&>;
+
+// The days of the range with their annotations; properties are empty. Flags are set against the month (of any year) of
+// `current` and against `today`.
+void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, DayInfoArray& days);
+
+// The month view's range, as its days stand.
+BoxRange RangeOf(const DayInfoArray& days);
+
+// Texts and numbers of all days' properties.
+void ClearDayProperties(DayInfoArray& days);
+
+} // namespace dayvane
