@@ -10,10 +10,6 @@ namespace dayvane {
 namespace {
 
 constexpr int kMonthsPerYear = 12;
-constexpr int kWeeksPerMonthPage = 2;
-constexpr int kWeeksPerPage = 4;
-constexpr int kYearsPerPage = 2;
-constexpr int kMiddleWeek = 26; // the month's bar stands in its middle and steps by weeks: it is no map of the year
 constexpr int kYearOfScrollStart = 2000;
 
 enum class BoxUnit
@@ -22,20 +18,25 @@ enum class BoxUnit
     Month
 };
 
-// What is fixed of a kind.
+// The fixed properties of a kind.
 struct RangeForm
 {
     BoxUnit unit;
     int rows;
     int columns;
-    int scrollMin;
-    int scrollMax;
+    int barMin; // the scroll bar's positions
+    int barMax;
+    int barTop; // position after SB_TOP
+    int barBottom;
+    int step;     // boxes of a line
+    int page;     // lines of a page
+    int endLines; // by which SB_TOP and SB_BOTTOM move
 };
 constexpr RangeForm kForms[] = {
-    // unit, rows, columns, scroll bar
-    {BoxUnit::Day, kMonthRows, kMonthColumns, 1, 52},
-    {BoxUnit::Day, kBoxRows, kWeekBoxes / kBoxRows, 0, 55},
-    {BoxUnit::Month, kBoxRows, kYearBoxes / kBoxRows, 0, 4},
+    // unit, rows, columns, bar from .. to, top, bottom, step, page, lines to the ends
+    {BoxUnit::Day, kMonthRows, kMonthColumns, 1, 52, 1, 52, kDaysPerWeek, 2, 26},
+    {BoxUnit::Day, kBoxRows, kWeekBoxes / kBoxRows, 0, 55, 55, 0, kDaysPerWeek, 4, 0},
+    {BoxUnit::Month, kBoxRows, kYearBoxes / kBoxRows, 0, 4, 4, 0, kYearBoxes, 2, 0},
 };
 
 const RangeForm& FormOf(RangeKind kind)
@@ -90,66 +91,6 @@ int WeekThumb(const COleDateTime& firstDate)
 {
     const int dayOfYear = std::max(firstDate.GetDayOfYear(), 0);
     return dayOfYear - (kDaysPerWeek - 1) * (dayOfYear / kDaysPerWeek);
-}
-
-ScrollStep ScrollMonth(int code, int position, int thumb, int dayOfYear)
-{
-    const RangeForm& form = FormOf(RangeKind::Month);
-    constexpr int kWeek = kDaysPerWeek;
-    constexpr int kPage = kWeeksPerMonthPage;
-    const int daysToThumb = (thumb - dayOfYear / kWeek) * kWeek;
-    const ScrollRow rows[] = {
-        // code, new position, days
-        {SCROLL_LINEUP, position - 1, -kWeek},
-        {SCROLL_LINEDOWN, position + 1, kWeek},
-        {SCROLL_PAGEUP, position - kPage, -kPage * kWeek},
-        {SCROLL_PAGEDOWN, position + kPage, kPage * kWeek},
-        {SCROLL_TOP, form.scrollMin, -kMiddleWeek * kWeek},
-        {SCROLL_BOTTOM, form.scrollMax, kMiddleWeek * kWeek},
-        {SCROLL_THUMBPOSITION, thumb, daysToThumb},
-        {SCROLL_THUMBTRACK, thumb, daysToThumb},
-    };
-    ScrollStep scroll = FindScrollStep(rows, code);
-    scroll.position = std::clamp(scroll.position, form.scrollMin, form.scrollMax);
-    return scroll;
-}
-
-ScrollStep ScrollWeek(int code, int position, int thumb, int dayOfYear)
-{
-    constexpr int kWeek = kDaysPerWeek;
-    constexpr int kPage = kWeeksPerPage;
-    const RangeForm& form = FormOf(RangeKind::Week);
-    const ScrollRow rows[] = {
-        // code, new position, days
-        {SCROLL_LINEUP, position - 1, -kWeek},
-        {SCROLL_LINEDOWN, position + 1, kWeek},
-        {SCROLL_PAGEUP, position - kPage, -kPage * kWeek},
-        {SCROLL_PAGEDOWN, position + kPage, kPage * kWeek},
-        {SCROLL_THUMBPOSITION, position, dayOfYear - thumb * kWeek},
-        {SCROLL_THUMBTRACK, position, 0},
-        {SCROLL_TOP, form.scrollMax, 0},
-        {SCROLL_BOTTOM, form.scrollMin, 0},
-    };
-    return FindScrollStep(rows, code);
-}
-
-ScrollStep ScrollYear(int code, int position, int thumb)
-{
-    constexpr int kYear = kYearBoxes;
-    constexpr int kPage = kYearsPerPage;
-    const RangeForm& form = FormOf(RangeKind::Year);
-    const ScrollRow rows[] = {
-        // code, new position, months
-        {SCROLL_LINEUP, position - 1, -kYear},
-        {SCROLL_LINEDOWN, position + 1, kYear},
-        {SCROLL_PAGEUP, position - kPage, -kPage * kYear},
-        {SCROLL_PAGEDOWN, position + kPage, kPage * kYear},
-        {SCROLL_THUMBPOSITION, thumb, 0},
-        {SCROLL_THUMBTRACK, thumb, 0},
-        {SCROLL_TOP, form.scrollMax, 0},
-        {SCROLL_BOTTOM, form.scrollMin, 0},
-    };
-    return FindScrollStep(rows, code);
 }
 
 } // namespace
@@ -319,26 +260,62 @@ std::vector<BoxSpan> BoxRange::Spans(const ItemArray& pieces) const
 ScrollBarRange BoxRange::ScrollBar() const
 {
     const RangeForm& form = FormOf(m_kind);
-    int thumb = kMiddleWeek;
+    int thumb = form.endLines; // the month's bar stands in its middle and steps by weeks: it is no map of the year
     if (m_kind == RangeKind::Week) {
         thumb = WeekThumb(FirstDate());
     } else if (m_kind == RangeKind::Year) {
         thumb = FirstDate().GetYear() - kYearOfScrollStart;
     }
-    return {form.scrollMin, form.scrollMax, thumb};
+    return {form.barMin, form.barMax, thumb};
 }
 
 ScrollStep BoxRange::Scroll(int code, int position, int thumb, const COleDateTime& current) const
 {
+    const RangeForm& form = FormOf(m_kind);
+    ScrollStep scroll;
+    switch (code) {
+    case SCROLL_LINEUP:
+        scroll = {true, position - 1, -form.step};
+        break;
+    case SCROLL_LINEDOWN:
+        scroll = {true, position + 1, form.step};
+        break;
+    case SCROLL_PAGEUP:
+        scroll = {true, position - form.page, -form.page * form.step};
+        break;
+    case SCROLL_PAGEDOWN:
+        scroll = {true, position + form.page, form.page * form.step};
+        break;
+    case SCROLL_TOP:
+        scroll = {true, form.barTop, -form.endLines * form.step};
+        break;
+    case SCROLL_BOTTOM:
+        scroll = {true, form.barBottom, form.endLines * form.step};
+        break;
+    case SCROLL_THUMBPOSITION:
+    case SCROLL_THUMBTRACK:
+        scroll = ScrollToThumb(code, position, thumb, current);
+        break;
+    default:
+        return scroll;
+    }
+    scroll.position = std::clamp(scroll.position, form.barMin, form.barMax);
+    return scroll;
+}
+
+// The bar of the week stays where it is, that of the year moves without the year.
+ScrollStep BoxRange::ScrollToThumb(int code, int position, int thumb, const COleDateTime& current) const
+{
+    const int week = kDaysPerWeek;
     switch (m_kind) {
     case RangeKind::Month:
-        return ScrollMonth(code, position, thumb, current.GetDayOfYear());
+        return {true, thumb, (thumb - current.GetDayOfYear() / week) * week};
     case RangeKind::Week:
-        return ScrollWeek(code, position, thumb, FirstDate().GetDayOfYear());
+        return {true, position, code == SCROLL_THUMBPOSITION ? FirstDate().GetDayOfYear() - thumb * week : 0};
     case RangeKind::Year:
         break;
     }
-    return ScrollYear(code, position, thumb);
+    return {true, thumb, 0};
 }
 
 } // namespace dayvane

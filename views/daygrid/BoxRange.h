@@ -9,7 +9,6 @@
 #include "../../core/CalendarRecords.h"
 #include "BarGrid.h"
 #include "RowPieces.h"
-#include "ScrollSteps.h"
 
 #include <vector>
 
@@ -21,6 +20,33 @@ constexpr int kMonthCells = kMonthRows * kMonthColumns;
 constexpr int kBoxRows = 2;    // of the week and the year view
 constexpr int kWeekBoxes = 8;  // a week and the first day of the next one
 constexpr int kYearBoxes = 12; // months
+
+// The codes of WM_VSCROLL (SB_...), for which the pure layer has no header.
+enum ScrollCode
+{
+    SCROLL_LINEUP = 0,
+    SCROLL_LINEDOWN = 1,
+    SCROLL_PAGEUP = 2,
+    SCROLL_PAGEDOWN = 3,
+    SCROLL_THUMBPOSITION = 4,
+    SCROLL_THUMBTRACK = 5,
+    SCROLL_TOP = 6,
+    SCROLL_BOTTOM = 7,
+};
+
+struct ScrollBarRange
+{
+    int min;
+    int max;
+    int position; // where the thumb stands after a change of size or date
+};
+
+struct ScrollStep
+{
+    bool moves = false; // false: a code that does nothing
+    int position = 0;   // new position of the thumb
+    int step = 0;       // boxes by which the range moves
+};
 
 enum class RangeKind
 {
@@ -75,12 +101,13 @@ public:
 
     // ---- Scroll bar.
     ScrollBarRange ScrollBar() const;
-    // What a code of WM_VSCROLL does; its step is in boxes. thumb: the position that came with the message. current:
-    // the date that the month view is built around. The bar itself cuts a position that is outside its range.
+    // The effect of a WM_VSCROLL code; its step is in boxes. thumb: the position that came with the message. current:
+    // the date that the month view is built around.
     ScrollStep Scroll(int code, int position, int thumb, const COleDateTime& current) const;
 
 private:
     void Begin(long long first);
+    ScrollStep ScrollToThumb(int code, int position, int thumb, const COleDateTime& current) const;
 
     RangeKind m_kind;
     bool m_hasDates = false;
