@@ -3,6 +3,7 @@
 #include "core/DateMath.h"
 #include "tests/daygrid/LiteralMonth.h"
 #include "tests/timegrid/LiteralRules.h"
+#include "views/daygrid/BoxViewState.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
@@ -40,10 +41,9 @@ public:
     void LayOutLiterally(int cx, int cy) override
     {
         this->CalcLayout(CRect(0, 0, cx, cy), this->m_rcCaption, this->m_rcRuler, this->m_rcContent);
-        const dayvane::BoxViewLayout layout =
-            dayvane::LayOutBoxView(CRect(0, 0, cx, cy), true, months ? dayvane::kYearMetrics : dayvane::kWeekMetrics);
-        literal::BoxView view = {layout.boxes, {}, months};
-        for (int box = 0; box < static_cast<int>(layout.boxes.size()); ++box) {
+        const std::vector<CRect>& boxes = this->m_state->layout.grid.boxes;
+        literal::BoxView view = {boxes, {}, months};
+        for (int box = 0; box < static_cast<int>(boxes.size()); ++box) {
             view.dates.push_back(this->Range().DateOfBox(box));
         }
         const dayvane::DayRows starts = this->Range().Rows();

@@ -1,19 +1,26 @@
 // What the month view draws: probe pixels of every layer in a surface in memory.
 #include "DayGridScene.h"
+#include "core/DrawingHelpers.h"
+#include "views/daygrid/DayGridParts.h"
 
 using testsupport::MemoryDc;
 
 namespace {
 
 // Rows of the day colours and the fixed colours of the view.
-constexpr COLORREF kPlainDay = 0xFFFFFF;
+constexpr COLORREF kPlainDay = kWhite;
 constexpr COLORREF kSunday = 0xC9C8EF;
 constexpr COLORREF kSaturday = 0xE6D8CF;
 constexpr COLORREF kGrid = 0xE1BFA5;
-constexpr COLORREF kTodayOutline = 0x216FF1;
-constexpr COLORREF kSelectedOutline = 0xFF7700;
 constexpr COLORREF kFrameOfItem = 0x0000FE;
-constexpr COLORREF kItemBack = 0x60F060;
+constexpr COLORREF kHiddenBlock = 0x0000AA;
+constexpr COLORREF kHostDay = 0xBCECD5; // row 4
+constexpr COLORREF kBandTop = 0x7BDBFF;
+constexpr COLORREF kBandLine = 0x216DEF;
+constexpr COLORREF kWeekdayRow = 0xFFEFE3;
+constexpr COLORREF kVariantTop = 0x4A79E7;
+constexpr COLORREF kVariantLine = 0x1522CD;
+constexpr COLORREF kBlockOutline = 0xD8CDC1;
 
 // 29 March .. 9 May; the 15th is cell (300, 246).
 template <class View>
@@ -31,7 +38,7 @@ class MonthWithHeader : public CMonthViewCtrl
 {
 public:
     using CMonthViewCtrl::DrawHeader;
-    using CMonthViewCtrl::m_fonts;
+    using CMonthViewCtrl::m_parts;
 };
 using Painted = MonthPainted<MonthWithHeader>;
 
@@ -50,9 +57,9 @@ TEST(MonthPaint, EveryLayerIsWhereItBelongs)
         COLORREF color;
     };
     const Probe probes[] = {
-        {"title band, first row", 600, 0, 0x7BDBFF},
-        {"title band, last row", 600, 29, 0x216DEF},
-        {"weekday row, first row", 2, 30, 0xFFEFE3},
+        {"title band, first row", 600, 0, kBandTop},
+        {"title band, last row", 600, 29, kBandLine},
+        {"weekday row, first row", 2, 30, kWeekdayRow},
         {"vertical grid line", 200, 300, kGrid},
         {"horizontal grid line", 250, 246, kGrid},
         {"border at the right", 705, 300, kGrid},
@@ -63,7 +70,7 @@ TEST(MonthPaint, EveryLayerIsWhereItBelongs)
         {"Saturday", 650, 300, kSaturday},
         {"Sunday of another month", 50, 100, kSunday},
         {"holiday on a weekday (29 April)", 350, 500, kSunday},
-        {"colour set by the host", 550, 300, 0xBCECD5},
+        {"colour set by the host", 550, 300, kHostDay},
         {"today: outline at the left", 301, 400, kTodayOutline},
         {"selection: outline at the left", 201, 200, kSelectedOutline},
         {"selection: outline of the second day at the bottom", 350, 245, kSelectedOutline},
@@ -73,7 +80,7 @@ TEST(MonthPaint, EveryLayerIsWhereItBelongs)
         EXPECT_EQ(scene.Pixel(probe.x, probe.y), probe.color) << probe.name;
     }
     EXPECT_NE(scene.Pixel(350, 356), kPlainDay) << "today: strip under the number";
-    EXPECT_EQ(scene.picture.Count(CRect(0, 0, kWidth, kHeight), RGB(1, 2, 3)), 0) << "every pixel is painted";
+    EXPECT_EQ(scene.picture.Count(CRect(0, 0, kWidth, kHeight), kUnpainted), 0) << "every pixel is painted";
 
     scene.Add(Day(4, 15), Day(4, 15));
     scene.view->SetCurSel(0);
@@ -119,8 +126,8 @@ TEST(MonthPaint, JapaneseTextsDoNotDependOnTheSystem)
     for (int x = box.left; x < box.right; ++x) { // the band without its text
         expected.Dc().BitBlt(x, 30, 1, 16, &expected.Dc(), 103, 30, SRCCOPY);
     }
-    expected.Dc().SetTextColor(0x000000);
-    const dayvane::SelectGdi selectFont(&expected.Dc(), &scene.view->m_fonts.weekday);
+    expected.Dc().SetTextColor(kBlack);
+    const dayvane::SelectGdi selectFont(&expected.Dc(), &scene.view->m_parts->fonts.weekday);
     ::DrawTextW(expected.Dc().m_hDC, L"\x6708\x66DC\x65E5", 3, &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     EXPECT_TRUE(scene.picture.SameAs(expected));
 }
@@ -152,16 +159,16 @@ TEST(MonthPaint, BarsAreFilledFramedAndHidden)
 TEST(MonthPaint, TheVariantShowsTheLastItemOfADayAsABlock)
 {
     MonthPainted<CMonthViewCtrl2> scene;
-    scene.Add(Day(4, 15), Day(4, 15), 1, 0x0000AA);
+    scene.Add(Day(4, 15), Day(4, 15), 1, kHiddenBlock);
     scene.Add(Day(4, 15), Day(4, 15), 1, kItemBack);
     scene.view->SetCurSel(0);
     scene.Paint();
-    EXPECT_EQ(scene.Pixel(600, 0), 0x4A79E7u);
-    EXPECT_EQ(scene.Pixel(600, 29), 0x1522CDu);
-    EXPECT_EQ(scene.Pixel(303, 269), 0xD8CDC1u) << "outline: cell, 20 down, 2 and 1 in";
+    EXPECT_EQ(scene.Pixel(600, 0), kVariantTop);
+    EXPECT_EQ(scene.Pixel(600, 29), kVariantLine);
+    EXPECT_EQ(scene.Pixel(303, 269), kBlockOutline) << "outline: cell, 20 down, 2 and 1 in";
     const CRect block(304, 270, 396, 341);
     EXPECT_GT(scene.picture.Count(block, kItemBack), 5000);
-    EXPECT_EQ(scene.picture.Count(block, 0x0000AA), 0);
+    EXPECT_EQ(scene.picture.Count(block, kHiddenBlock), 0);
     EXPECT_GT(scene.picture.Count(block, kFrameOfItem), 100) << "the current item lies below the last one";
 
     scene.view->Layout(kWidth, 46 + 6 * 34);

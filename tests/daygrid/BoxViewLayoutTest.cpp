@@ -3,6 +3,7 @@
 #include "RandomMonth.h"
 
 #include "views/daygrid/BoxViewLayout.h"
+#include "views/daygrid/RowPieces.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +23,9 @@ const Kind kYear = {"year", RangeKind::Year, kYearMetrics};
 class RandomView : public RandomItems
 {
 public:
-    RandomView(const Kind& kind, unsigned seed) : RandomItems(seed), kind(kind)
+    RandomView(const Kind& kind, unsigned seed) : RandomItems(seed), kind(kind), layout(kind.metrics)
     {
-        layout = LayOutBoxView(Client(), Below(4) != 0, kind.metrics);
+        LayOutBoxView(Client(), Below(4) != 0, kind.metrics, layout);
         range = BoxRange(kind.range, Date(), 1 + Below(7));
         firstDay = range.FirstDate();
         for (int box = 0; box < range.Count(); ++box) {
@@ -45,10 +46,17 @@ public:
     std::vector<COleDateTime> dates; // of the boxes
 };
 
+BoxViewLayout LayOut(const BoxViewMetrics& metrics, const CRect& client, bool showCaption = true)
+{
+    BoxViewLayout layout(metrics);
+    LayOutBoxView(client, showCaption, metrics, layout);
+    return layout;
+}
+
 int BoxAt(const BoxViewLayout& layout, CPoint point)
 {
     return BoxUnder(
-        static_cast<int>(layout.boxes.size()), [&layout](int i) { return layout.boxes[i]; }, point);
+        static_cast<int>(layout.grid.boxes.size()), [&layout](int i) { return layout.grid.boxes[i]; }, point);
 }
 
 void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
@@ -60,9 +68,10 @@ void ExpectLiteralBars(const Kind& kind, unsigned seed, int itemCount)
     ItemArray expected;
     literal::MakePieces(view.items, view.RowRanges(), expected);
     ASSERT_EQ(pieces.GetSize(), expected.GetSize()) << kind.name << " " << seed;
-    const std::vector<bool> more = literal::CalcBoxBars({view.layout.boxes, view.dates, &kind == &kYear}, expected);
-    const BoxGrid grid = {view.layout.boxes, kind.metrics.columns};
-    const std::vector<BoxLoad> loads = LayOutBars(grid, kind.metrics.bars, view.range.Spans(pieces), pieces);
+    const std::vector<bool> more =
+        literal::CalcBoxBars({view.layout.grid.boxes, view.dates, &kind == &kYear}, expected);
+    const std::vector<BoxLoad> loads =
+        LayOutBars(view.layout.grid, kind.metrics.bars, view.range.Spans(pieces), pieces);
     for (int i = 0; i < static_cast<int>(pieces.GetSize()); ++i) {
         ASSERT_TRUE(pieces[i].dtStart == expected[i].dtStart && pieces[i].dtEnd == expected[i].dtEnd &&
                     pieces[i].nPiece == expected[i].nPiece && pieces[i].nSource == expected[i].nSource)
@@ -95,12 +104,12 @@ TEST(BoxView, BoxesTileTheRowsAndAnswerUnderTheirCentres)
         const int columns = kind->metrics.columns;
         for (int width : {1, 3, 6, 7, 100, 701, 1283}) {
             for (int height : {1, 29, 30, 32, 61, 480, 1003}) {
-                const BoxViewLayout layout = LayOutBoxView(CRect(0, 0, width, height), true, kind->metrics);
+                const BoxViewLayout layout = LayOut(kind->metrics, CRect(0, 0, width, height));
                 for (int i = 0; i < kind->metrics.BoxCount(); ++i) {
-                    const CRect& box = layout.boxes[i];
+                    const CRect& box = layout.grid.boxes[i];
                     const bool lastOfRow = i % columns == columns - 1;
-                    EXPECT_EQ(box.right, lastOfRow ? width : layout.boxes[i + 1].left);
-                    EXPECT_EQ(box.top, i < columns ? 30 : layout.boxes[0].bottom);
+                    EXPECT_EQ(box.right, lastOfRow ? width : layout.grid.boxes[i + 1].left);
+                    EXPECT_EQ(box.top, i < columns ? 30 : layout.grid.boxes[0].bottom);
                     if (!box.IsRectEmpty()) {
                         EXPECT_EQ(BoxAt(layout, box.CenterPoint()), i);
                     }
@@ -108,11 +117,11 @@ TEST(BoxView, BoxesTileTheRowsAndAnswerUnderTheirCentres)
             }
         }
     }
-    const BoxViewLayout week = LayOutBoxView(CRect(0, 0, 803, 631), true, kWeekMetrics);
-    EXPECT_EQ(Text(week.boxes[7]), "(600, 330, 803, 630)");
+    const BoxViewLayout week = LayOut(kWeekMetrics, CRect(0, 0, 803, 631));
+    EXPECT_EQ(Text(week.grid.boxes[7]), "(600, 330, 803, 630)");
     EXPECT_EQ(Text(week.strips[1]), "(200, 30, 400, 52)");
     EXPECT_EQ(BoxAt(week, CPoint(5, 630)), -1) << "what is left over of the height";
-    const BoxViewLayout year = LayOutBoxView(CRect(0, 0, 605, 401), false, kYearMetrics);
-    EXPECT_EQ(Text(year.boxes[5]), "(500, 0, 605, 200)");
+    const BoxViewLayout year = LayOut(kYearMetrics, CRect(0, 0, 605, 401), false);
+    EXPECT_EQ(Text(year.grid.boxes[5]), "(500, 0, 605, 200)");
     EXPECT_EQ(Text(year.strips[6]), "(0, 200, 100, 220)");
 }

@@ -1,4 +1,4 @@
-// A day grid in a real window, with a parent that writes down what it hears. It is 22 April 2026, a Wednesday.
+// A day grid in a real window, with a parent that records its notifications. It is 22 April 2026, a Wednesday.
 #pragma once
 
 #include "DayGridTesting.h"
@@ -16,6 +16,13 @@
 
 constexpr int kWidth = 706; // cells of 100 x 100 in the month, boxes of 176 x 308 in the week, of 117 x 308 in the year
 constexpr int kHeight = 647;
+
+constexpr COLORREF kWhite = 0xFFFFFF;
+constexpr COLORREF kBlack = 0x000000;
+constexpr COLORREF kUnpainted = RGB(1, 2, 3);
+constexpr COLORREF kItemBack = 0x60F060;
+constexpr COLORREF kTodayOutline = 0x216FF1;
+constexpr COLORREF kSelectedOutline = 0xFF7700;
 
 inline COleDateTime FixedNow()
 {
@@ -86,7 +93,7 @@ public:
         SetCalendarClock(nullptr);
     }
 
-    void Add(const COleDateTime& start, const COleDateTime& end, int count = 1, COLORREF background = 0xFFFFFF)
+    void Add(const COleDateTime& start, const COleDateTime& end, int count = 1, COLORREF background = kWhite)
     {
         tagCC_ITEM item = ItemOf(start, end);
         item.crColor2 = background;
@@ -124,7 +131,7 @@ public:
     }
     void Paint()
     {
-        picture.Fill(RGB(1, 2, 3));
+        picture.Fill(kUnpainted);
         view->DrawCtrl(&picture.Dc());
     }
 };

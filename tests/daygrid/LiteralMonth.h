@@ -1,7 +1,8 @@
-// The item rules of the month, week and year views taken at their word, pair by pair and cell by cell: slow, and plain
+// The item rules of the month, week and year views applied literally, pair by pair and cell by cell: slow, and plain
 // enough to be read against the rules. Random tests compare the library with it; the benchmark measures against it.
 #pragma once
 
+#include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MonthLayout.h"
 
 #include <vector>

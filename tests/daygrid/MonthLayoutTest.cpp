@@ -1,7 +1,9 @@
 // The month grid as a value: cells, dates, looks.
 #include "DayGridTesting.h"
 
+#include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayLook.h"
+#include "views/daygrid/MonthLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 
 #include "DayGridTesting.h"
 
+#include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MonthLayout.h"
 
 #include <random>

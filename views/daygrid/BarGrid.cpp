@@ -14,7 +14,7 @@ namespace {
 
 const CRect kNoRect(-1, -1, -1, -1);
 
-// Far outside every grid, and far enough from the ends of int to be counted with.
+// Far outside every grid, and far enough from the ends of int for sums.
 constexpr int kFarAhead = INT_MAX / 4;
 constexpr int kFarBehind = INT_MIN / 4;
 
@@ -48,7 +48,7 @@ public:
     std::vector<BarKind> kinds;
 
 private:
-    // Items that end before they start or outside the grid: where they end does not tell the right edge alone.
+    // Items that end before they start or outside the grid: their right edge does not follow from their last box alone.
     int KindOfIrregular(const BoxSpan& span)
     {
         const BarKind kind = Make(span);

@@ -11,9 +11,9 @@ namespace dayvane {
 // Sizes of the bars of a view, pixels.
 struct BarMetrics
 {
-    int topOffset; // from the top of a box to the place of its first bar
-    int height;    // of a bar's place
-    int inset;     // by which a bar is smaller than its place, on each side
+    int topOffset; // from the top of a box to its first bar with its inset
+    int height;    // of a bar with its inset
+    int inset;     // left free on each side of a bar
     int laneStep;  // from one lane to the next
 
     int BarHeight() const { return height - 2 * inset; }
@@ -33,7 +33,7 @@ enum class BarOverflow
     ByPosition       // bar bottom >= box bottom
 };
 
-// What of the grid stays the same whatever its size.
+// Rules of a view that do not depend on its size.
 struct BarRules
 {
     BarMetrics metrics;
@@ -71,7 +71,7 @@ struct BoxSpan
     bool ownBoxOnly = false; // a bar as wide as its first box whatever `last` says
 };
 
-// Stands for an item that covers nothing: its start is no date.
+// The span of an item that covers nothing, for its start is no date.
 BoxSpan NoBoxes();
 
 // Item count and overflow of a box.

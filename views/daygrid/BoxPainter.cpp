@@ -1,21 +1,21 @@
 #include "views/daygrid/BoxPainter.h"
 
-#include "core/DateMath.h"
+#include "views/daygrid/BoxRange.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace dayvane {
 namespace {
 
 // Pixels.
-struct MonthPaintMetrics
+struct BoxPaintMetrics
 {
     int captionInset = 5;
-    int captionTextHeight = 18; // font
-    int frameInset = 1;         // from the cell to the frame of a marked day
-    int numberRight = 5;        // from the day number to the cell's right edge
+    int frameInset = 1;  // from the box to the frame of a marked day
+    int frameLines = 3;  // a frame's inset, its outline and its bottom line: the rest of the strip is shaded
+    int numberRight = 5; // from the day number to the box's right edge
     int numberTop = 1;
-    int annotationTop = 3; // from the cell's top
+    int annotationTop = 3; // from the box's top
     int annotationHeight = 13;
     int annotationLeft = 4;
     int annotationGap = 4;       // to the day number
@@ -23,7 +23,26 @@ struct MonthPaintMetrics
     int stripInset = 5;          // from the sides of a box's strip to its texts
     int suffixGap = 2;           // between number and suffix
 };
-constexpr MonthPaintMetrics kPaintMetrics;
+constexpr BoxPaintMetrics kPaint;
+
+// The shaded part of a frame's strip: the upper gradient has 5 of 14 parts.
+constexpr int kUpperShare = 5;
+constexpr int kStripShares = 14;
+
+// Pixels.
+struct BarPaintMetrics
+{
+    int inset = 1;        // from the item's rectangle to the drawn bar
+    int contentInset = 2; // from there to marks and text
+    int stripeWidth = 3;  // shaded, where the item begins
+    int selectionWidth = 2;
+    int arrowHeight = 7; // odd
+    int arrowGap = 2;    // between an arrow and the text
+};
+constexpr BarPaintMetrics kBar;
+
+constexpr COLORREF kUnfilled = 0xFFFFFF; // a background of this colour is not painted
+constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
 
 struct WeekdayLook
 {
@@ -38,256 +57,255 @@ constexpr WeekdayLook kWeekdays[kMonthColumns] = {
     {"木曜日", 0x000000}, {"金曜日", 0x000000}, {"土曜日", 0xDC4900},
 };
 
-struct FontForm
-{
-    int height;
-    int weight;
-    BYTE charSet;
-    const char* face;
-};
-constexpr FontForm kWeekdayFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
-constexpr FontForm kDayNumberFont = {16, FW_BOLD, ANSI_CHARSET, "Arial"};
-constexpr FontForm kSmallLatinFont = {12, FW_DONTCARE, ANSI_CHARSET, "Arial"};
-constexpr FontForm kAnnotationFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
-
-void CreateFont(CFont& font, const FontForm& form)
-{
-    if (font.GetSafeHandle()) {
-        return;
-    }
-    LOGFONT lf = {};
-    lf.lfHeight = form.height;
-    lf.lfWeight = form.weight;
-    lf.lfCharSet = form.charSet;
-    lstrcpyn(lf.lfFaceName, form.face, LF_FACESIZE);
-    font.CreateFontIndirect(&lf);
-}
-
-// In a narrow cell the year goes first and then the month: a number whose front is cut off tells another date.
-CString FittingDayNumber(CDC* pDC, BoxFonts& fonts, CString text, int width)
-{
-    int slash = text.Find('/');
-    while (slash != -1 && fonts.texts.WidthOf(pDC, &fonts.dayNumber, text) > width) {
-        text = text.Mid(slash + 1);
-        slash = text.Find('/');
-    }
-    return text;
-}
-
 } // namespace
 
-// ---- Fonts
-
-void BoxFonts::Create()
+BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors)
+    : m_dc(dc), m_parts(parts), m_colors(colors)
 {
-    CreateFont(weekday, kWeekdayFont);
-    CreateFont(dayNumber, kDayNumberFont);
-    CreateFont(smallLatin, kSmallLatinFont);
-    CreateFont(annotation, kAnnotationFont);
+    dc.GetClipBox(&m_clip);
 }
 
-void BoxFonts::Delete()
+bool BoxPainter::IsVisible(const CRect& rect) const
 {
-    for (CFont* font : {&weekday, &dayNumber, &smallLatin, &annotation, &m_captionNumber, &m_captionText}) {
-        font->DeleteObject();
-    }
-    texts.Clear();
-}
-
-CFont* BoxFonts::CaptionNumber(const LOGFONT& itemFont)
-{
-    FollowItemFont(itemFont);
-    return &m_captionNumber;
-}
-
-CFont* BoxFonts::CaptionText(const LOGFONT& itemFont)
-{
-    FollowItemFont(itemFont);
-    return &m_captionText;
-}
-
-void BoxFonts::FollowItemFont(const LOGFONT& itemFont)
-{
-    if (m_captionNumber.GetSafeHandle() && std::memcmp(&m_captionBase, &itemFont, sizeof(itemFont)) == 0) {
-        return;
-    }
-    m_captionBase = itemFont;
-    m_captionNumber.DeleteObject();
-    m_captionText.DeleteObject();
-    LOGFONT lf = itemFont;
-    lf.lfHeight = kPaintMetrics.captionTextHeight;
-    m_captionText.CreateFontIndirect(&lf);
-    lf.lfHeight = m_captionNumberHeight;
-    lf.lfWeight = FW_BOLD;
-    m_captionNumber.CreateFontIndirect(&lf);
+    CRect seen;
+    return seen.IntersectRect(&rect, &m_clip) != FALSE;
 }
 
 // ---- Bands
 
-void DrawMonthCaption(CDC* pDC, const CRect& band, const COleDateTime& date, const TitleBandColors& colors,
-                      COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts)
+void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
+                             const LOGFONT& itemFont) const
 {
-    CaptionTexts texts = {"", "", DT_BOTTOM};
-    if (IsValid(date)) {
-        texts.number.Format("%d", date.GetMonth());
-        texts.text = " " + date.Format("%B, %Y") + " ";
-    }
-    DrawCaptionBand(pDC, band, texts, colors, textColor, itemFont, fonts);
-}
-
-void DrawCaptionBand(CDC* pDC, const CRect& band, const CaptionTexts& texts, const TitleBandColors& colors,
-                     COLORREF textColor, const LOGFONT& itemFont, BoxFonts& fonts)
-{
-    DrawTitleBand(pDC, band, colors);
+    DrawTitleBand(&m_dc, band, look.band);
     if (band.IsRectEmpty()) {
         return;
     }
-    pDC->SetTextColor(textColor);
+    m_dc.SetTextColor(m_colors.captionText);
     CRect text = band;
-    text.DeflateRect(kPaintMetrics.captionInset, kPaintMetrics.captionInset);
+    text.DeflateRect(kPaint.captionInset, kPaint.captionInset);
     {
-        const SelectGdi selectFont(pDC, fonts.CaptionNumber(itemFont));
-        pDC->DrawText(texts.number, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
-        text.left += pDC->GetTextExtent(texts.number).cx;
+        const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
+        m_dc.DrawText(texts.number, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+        text.left += m_dc.GetTextExtent(texts.number).cx;
     }
-    const SelectGdi selectFont(pDC, fonts.CaptionText(itemFont));
-    pDC->DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | texts.textAlign);
+    const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionText(itemFont));
+    m_dc.DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
 }
 
-void DrawWeekdayHeader(CDC* pDC, const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& dates,
-                       CFont* font)
+void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& days) const
 {
-    DrawHeaderBand(pDC, band, kHeaderBand);
-    const SelectGdi selectFont(pDC, font);
-    // All names are of one width; where they do not fit, the first character tells the day.
-    const bool isShort = headerCells[0].m_rect.Width() < pDC->GetTextExtent(kWeekdays[0].name, kNameLength).cx;
+    DrawHeaderBand(&m_dc, band, kHeaderBand);
+    const SelectGdi selectFont(&m_dc, &m_parts.fonts.weekday);
+    // All names are of one width; where they do not fit, the first character identifies the day.
+    const bool isShort = headerCells[0].m_rect.Width() < m_dc.GetTextExtent(kWeekdays[0].name, kNameLength).cx;
     for (int column = 0; column < kMonthColumns; ++column) {
-        const int dayOfWeek = dates[column].m_date.GetDayOfWeek();
+        const int dayOfWeek = days[column].m_date.GetDayOfWeek();
         if (dayOfWeek < 1) {
             continue;
         }
         const WeekdayLook& weekday = kWeekdays[dayOfWeek - 1];
         CRect box = headerCells[column].m_rect;
-        pDC->SetTextColor(weekday.color);
-        pDC->DrawText(weekday.name, isShort ? kCharacterLength : kNameLength, &box,
+        m_dc.SetTextColor(weekday.color);
+        m_dc.DrawText(weekday.name, isShort ? kCharacterLength : kNameLength, &box,
                       DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
 }
 
-// ---- Grid and cells
+// ---- Boxes
 
-void DrawMonthGrid(CDC* pDC, const CRect& calendar, CSize cellSize, CPen* pen)
+void BoxPainter::DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const
 {
-    DrawBoxGrid(pDC, calendar, cellSize, kMonthColumns, kMonthRows, pen);
-}
-
-void DrawBoxGrid(CDC* pDC, const CRect& calendar, CSize boxSize, int columns, int rows, CPen* pen)
-{
-    const SelectGdi selectPen(pDC, pen);
-    pDC->Rectangle(&calendar);
-    for (int column = 0; column < columns; ++column) {
-        const int x = column * boxSize.cx;
-        pDC->MoveTo(x, calendar.top);
-        pDC->LineTo(x, calendar.bottom);
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, m_colors.grid));
+    m_dc.Rectangle(&calendar);
+    for (int x : lefts) {
+        m_dc.MoveTo(x, calendar.top);
+        m_dc.LineTo(x, calendar.bottom);
     }
-    for (int row = 0; row < rows; ++row) {
-        const int y = calendar.top + row * boxSize.cy;
-        pDC->MoveTo(calendar.left, y);
-        pDC->LineTo(calendar.right, y);
+    for (int y : tops) {
+        m_dc.MoveTo(calendar.left, y);
+        m_dc.LineTo(calendar.right, y);
     }
 }
 
-void DrawCellBackground(CDC* pDC, const CRect& cell, COLORREF color)
+void BoxPainter::DrawBackground(const CRect& box, COLORREF color) const
 {
-    const CRect inner(cell.left + 1, cell.top + 1, cell.right, cell.bottom);
+    const CRect inner(box.left + 1, box.top + 1, box.right, box.bottom);
     if (!inner.IsRectEmpty()) {
-        pDC->FillSolidRect(&inner, color);
+        m_dc.FillSolidRect(&inner, color);
     }
 }
 
-void DrawDayFrame(CDC* pDC, const CRect& cell, const DayFrameColors& colors, PenSet& pens, const DayFrameStrips& strips)
+void BoxPainter::DrawDayFrame(const CRect& box, const DayFrameColors& colors, int stripHeight) const
 {
-    CRect frame = cell;
-    frame.DeflateRect(kPaintMetrics.frameInset, kPaintMetrics.frameInset);
+    CRect frame = box;
+    frame.DeflateRect(kPaint.frameInset, kPaint.frameInset);
     if (frame.IsRectEmpty()) {
         return;
     }
-    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + strips.upper);
-    CRect lower(upper.left, upper.bottom, upper.right, upper.bottom + strips.lower);
+    const int shaded = stripHeight - kPaint.frameLines;
+    const int upperHeight = shaded * kUpperShare / kStripShares;
+    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + upperHeight);
+    CRect lower(upper.left, upper.bottom, upper.right, upper.top + shaded);
     const int lineY = lower.bottom;
     if (upper.IntersectRect(&upper, &frame)) {
-        DrawGradient(pDC, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
+        DrawGradient(&m_dc, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
     }
     if (lower.IntersectRect(&lower, &frame)) {
-        DrawGradient(pDC, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
+        DrawGradient(&m_dc, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
     }
     if (lineY < frame.bottom) {
-        const SelectGdi selectPen(pDC, pens.Solid(colors.bottomLineWidth, colors.bottomLine));
-        pDC->MoveTo(frame.left, lineY);
-        pDC->LineTo(frame.right, lineY);
+        const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.bottomLineWidth, colors.bottomLine));
+        m_dc.MoveTo(frame.left, lineY);
+        m_dc.LineTo(frame.right, lineY);
     }
-    const SelectGdi selectPen(pDC, pens.Solid(colors.outlineWidth, colors.outline));
-    pDC->MoveTo(frame.left, frame.top);
-    pDC->LineTo(frame.left, frame.bottom);
-    pDC->LineTo(frame.right, frame.bottom);
-    pDC->LineTo(frame.right, frame.top);
-    pDC->LineTo(frame.left, frame.top);
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.outlineWidth, colors.outline));
+    m_dc.MoveTo(frame.left, frame.top);
+    m_dc.LineTo(frame.left, frame.bottom);
+    m_dc.LineTo(frame.right, frame.bottom);
+    m_dc.LineTo(frame.right, frame.top);
+    m_dc.LineTo(frame.left, frame.top);
 }
 
-void DrawStripTexts(CDC* pDC, const CRect& strip, const StripTexts& texts, BoxFonts& fonts)
+// In a narrow box the year goes first and then the month: a number whose front is cut off reads as another date.
+CString BoxPainter::FittingNumber(CString number, int width) const
 {
-    TextCache& cache = fonts.texts;
+    int slash = number.Find('/');
+    while (slash != -1 && m_parts.texts.WidthOf(&m_dc, &m_parts.fonts.dayNumber, number) > width) {
+        number = number.Mid(slash + 1);
+        slash = number.Find('/');
+    }
+    return number;
+}
+
+void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) const
+{
+    BoxFonts& fonts = m_parts.fonts;
+    TextCache& cache = m_parts.texts;
     CRect rest = strip;
-    rest.DeflateRect(kPaintMetrics.stripInset, 0);
-    pDC->SetTextColor(texts.color);
+    rest.DeflateRect(kPaint.stripInset, 0);
+    m_dc.SetTextColor(texts.color);
     {
-        const SelectGdi selectNumber(pDC, &fonts.dayNumber);
-        const CString number = FittingDayNumber(pDC, fonts, texts.number, rest.Width());
-        const int numberWidth = cache.WidthOf(pDC, &fonts.dayNumber, number);
+        const SelectGdi selectNumber(&m_dc, &fonts.dayNumber);
+        const CString number = FittingNumber(texts.number, rest.Width());
+        const int numberWidth = cache.WidthOf(&m_dc, &fonts.dayNumber, number);
         if (numberWidth > rest.Width()) {
             rest = strip; // "10" would lose a digit
         }
-        cache.Draw(pDC, &fonts.dayNumber, number, rest, DT_LEFT | DT_VCENTER);
-        rest.left += numberWidth + kPaintMetrics.suffixGap;
+        cache.Draw(&m_dc, &fonts.dayNumber, number, rest, DT_LEFT | DT_VCENTER);
+        rest.left += numberWidth + kPaint.suffixGap;
     }
-    const SelectGdi selectFont(pDC, &fonts.annotation);
-    const int suffixWidth = cache.WidthOf(pDC, &fonts.annotation, texts.suffix);
+    const SelectGdi selectFont(&m_dc, &fonts.annotation);
+    const int suffixWidth = cache.WidthOf(&m_dc, &fonts.annotation, texts.suffix);
     if (suffixWidth > rest.Width()) {
         return;
     }
-    cache.Draw(pDC, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
-    rest.left += suffixWidth + kPaintMetrics.annotationGap;
-    if (rest.Width() < kPaintMetrics.annotationMinWidth) {
+    cache.Draw(&m_dc, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
+    rest.left += suffixWidth + kPaint.annotationGap;
+    if (rest.Width() < kPaint.annotationMinWidth) {
         return;
     }
-    pDC->SetTextColor(texts.annotationColor);
-    cache.Draw(pDC, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
+    m_dc.SetTextColor(texts.annotationColor);
+    cache.Draw(&m_dc, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
-void DrawCellTexts(CDC* pDC, const CRect& cell, const DayLook& look, BoxFonts& fonts)
+void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
 {
-    TextCache& cache = fonts.texts;
-    CRect number = cell;
-    number.top += kPaintMetrics.numberTop;
-    number.right -= kPaintMetrics.numberRight;
-    const SelectGdi selectNumber(pDC, &fonts.dayNumber);
-    pDC->SetTextColor(look.dayNumberColor);
-    const CString dayNumber = FittingDayNumber(pDC, fonts, look.dayNumber, number.Width());
-    cache.Draw(pDC, &fonts.dayNumber, dayNumber, number, DT_RIGHT | DT_TOP);
+    BoxFonts& fonts = m_parts.fonts;
+    TextCache& cache = m_parts.texts;
+    CRect number = box;
+    number.top += kPaint.numberTop;
+    number.right -= kPaint.numberRight;
+    const SelectGdi selectNumber(&m_dc, &fonts.dayNumber);
+    m_dc.SetTextColor(look.dayNumberColor);
+    const CString dayNumber = FittingNumber(look.dayNumber, number.Width());
+    cache.Draw(&m_dc, &fonts.dayNumber, dayNumber, number, DT_RIGHT | DT_TOP);
     if (look.annotation.IsEmpty()) {
         return;
     }
-    CRect annotation = cell;
-    annotation.left += kPaintMetrics.annotationLeft;
-    annotation.top += kPaintMetrics.annotationTop;
-    annotation.bottom = annotation.top + kPaintMetrics.annotationHeight;
-    annotation.right = number.right - cache.WidthOf(pDC, &fonts.dayNumber, dayNumber) - kPaintMetrics.annotationGap;
-    if (annotation.Width() < kPaintMetrics.annotationMinWidth) {
+    CRect annotation = box;
+    annotation.left += kPaint.annotationLeft;
+    annotation.top += kPaint.annotationTop;
+    annotation.bottom = annotation.top + kPaint.annotationHeight;
+    annotation.right = number.right - cache.WidthOf(&m_dc, &fonts.dayNumber, dayNumber) - kPaint.annotationGap;
+    if (annotation.Width() < kPaint.annotationMinWidth) {
         return;
     }
-    const SelectGdi selectFont(pDC, &fonts.annotation);
-    pDC->SetTextColor(look.annotationColor);
-    cache.Draw(pDC, &fonts.annotation, look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
+    const SelectGdi selectFont(&m_dc, &fonts.annotation);
+    m_dc.SetTextColor(look.annotationColor);
+    cache.Draw(&m_dc, &fonts.annotation, look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
+}
+
+// ---- Bars
+
+CRect BoxPainter::DrawBar(const tagCALENDAR_ITEM& item) const
+{
+    CRect bar = item.rcItem;
+    bar.DeflateRect(kBar.inset, kBar.inset);
+    if (bar.IsRectEmpty()) {
+        return CRect(0, 0, 0, 0);
+    }
+    if (item.crColor2 != kUnfilled) {
+        m_parts.pens.Fill(&m_dc, bar, item.crColor2);
+    }
+    CRect content = bar;
+    content.DeflateRect(kBar.contentInset, kBar.contentInset);
+    if (!BeganEarlier(item) && content.Width() > kBar.stripeWidth) {
+        const int stripeLeft = bar.left + 1;
+        const CRect stripe(stripeLeft, bar.top + 1, stripeLeft + kBar.stripeWidth, bar.bottom - 1);
+        m_parts.pens.Fill(&m_dc, stripe, item.crColor3);
+        content.left += kBar.stripeWidth;
+    }
+    DrawOutline(bar, item.crColor4);
+    const int arrowWidth = kBar.arrowHeight / 2 + 1;
+    if (BeganEarlier(item) && content.Width() > arrowWidth) {
+        DrawArrow(content.left, content.CenterPoint().y, 1);
+        content.left += arrowWidth + kBar.arrowGap;
+    }
+    if (GoesOn(item) && content.Width() > arrowWidth) {
+        DrawArrow(content.right - 1, content.CenterPoint().y, -1);
+        content.right -= arrowWidth + kBar.arrowGap;
+    }
+    return content;
+}
+
+void BoxPainter::DrawBarText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered) const
+{
+    m_parts.texts.Draw(&m_dc, pSelectedFont, text, content,
+                       (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);
+}
+
+void BoxPainter::DrawBarSelection(const tagCALENDAR_ITEM& item) const
+{
+    CRect frame = item.rcItem;
+    frame.DeflateRect(kBar.inset, kBar.inset);
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kBar.selectionWidth, m_colors.highlight));
+    m_dc.MoveTo(frame.left, frame.top);
+    m_dc.LineTo(frame.right, frame.top);
+    m_dc.LineTo(frame.right, frame.bottom);
+    m_dc.LineTo(frame.left, frame.bottom);
+    m_dc.LineTo(frame.left, frame.top);
+}
+
+void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
+{
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, color));
+    const POINT corners[] = {{rect.left, rect.top},
+                             {rect.right - 1, rect.top},
+                             {rect.right - 1, rect.bottom - 1},
+                             {rect.left, rect.bottom - 1},
+                             {rect.left, rect.top}};
+    m_dc.Polyline(corners, sizeof(corners) / sizeof(corners[0]));
+}
+
+// A filled triangle whose tip is at x = tip and that widens in the direction given.
+void BoxPainter::DrawArrow(int tip, int middle, int direction) const
+{
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, kArrow));
+    for (int column = 0; column <= kBar.arrowHeight / 2; ++column) {
+        const int x = tip + direction * column;
+        m_dc.MoveTo(x, middle - column);
+        m_dc.LineTo(x, middle + column + 1);
+    }
 }
 
 } // namespace dayvane

@@ -2,9 +2,11 @@
 // BoxViewCtrlPaint.cpp.
 #include "views/daygrid/BoxViewCtrl.h"
 
-#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "core/ItemStore.h"
+#include "core/WindowHelpers.h"
+#include "views/daygrid/BoxViewState.h"
+#include "views/daygrid/RowPieces.h"
 
 #include <algorithm>
 
@@ -13,7 +15,6 @@ using namespace dayvane;
 namespace {
 
 constexpr int kRangeChangeValue = 4100; // nValue of CCN_VIEWRANGECHANGE
-constexpr int kCaptionFontHeight = 28;
 
 LOGFONT LatinFont(int height, int weight, const char* face)
 {
@@ -30,18 +31,16 @@ LOGFONT LatinFont(int height, int weight, const char* face)
 IMPLEMENT_DYNAMIC(CBoxViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CBoxViewCtrl, CDayGridCtrl)
-ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays)
-    : m_strTitle(kind.lpszTitle), m_fonts(kCaptionFontHeight), m_lpszClass(kind.lpszClass), m_metrics(kind.metrics),
-      m_arrays(arrays), m_range(kind.range)
+CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind)
+    : m_strTitle(kind.title), m_state(std::make_unique<BoxViewState>(kind))
 {
-    RegisterControlClass(m_lpszClass);
+    RegisterControlClass(kind.windowClass);
     const CalendarColors& colors = kind.colors;
     m_colors.caption = colors.caption;
     m_colors.captionText = colors.captionText;
@@ -59,59 +58,57 @@ CBoxViewCtrl::~CBoxViewCtrl()
     DestroyWindow();
 }
 
-void CBoxViewCtrl::Start()
-{
-    for (int i = 0; i < BoxCount(); ++i) {
-        m_arrays.boxes[i] = m_arrays.strips[i] = CRect(0, 0, 0, 0);
-    }
-    SetRange(Now());
-}
-
 BOOL CBoxViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CWnd::Create(m_lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
+    if (!CWnd::Create(m_state->kind.windowClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
     }
-    m_fonts.Create();
-    LoadMoreMark();
+    PreparePainting();
     return TRUE;
-}
-
-void CBoxViewCtrl::OnDestroy()
-{
-    CDayGridCtrl::OnDestroy();
-    m_fonts.Delete();
 }
 
 const CRect& CBoxViewCtrl::GetBox(int nBox) const
 {
-    if (nBox < 0 || nBox >= BoxCount()) {
+    if (nBox < 0 || nBox >= GetBoxCount()) {
         AfxThrowInvalidArgException();
     }
-    return m_arrays.boxes[nBox];
+    return m_state->layout.grid.boxes[nBox];
 }
 
 BOOL CBoxViewCtrl::IsMore(int nBox) const
 {
-    if (nBox < 0 || nBox >= BoxCount()) {
-        AfxThrowInvalidArgException();
-    }
-    return m_arrays.more[nBox];
+    GetBox(nBox); // throws
+    return m_state->more[nBox];
 }
 
 // ---- Range
 
+BoxRange CBoxViewCtrl::Range() const
+{
+    return m_state->range;
+}
+
+BOOL CBoxViewCtrl::HasRange() const
+{
+    return m_state->range.HasDates();
+}
+
+BOOL CBoxViewCtrl::IsToday(int nBox) const
+{
+    return nBox == m_state->todayBox;
+}
+
 void CBoxViewCtrl::SetRange(COleDateTime date)
 {
-    ShowRange(BoxRange(m_range.Kind(), date, m_nFirstDayOfWeek));
+    ShowRange(BoxRange(m_state->kind.range, date, m_nFirstDayOfWeek));
 }
 
 void CBoxViewCtrl::ShowRange(const BoxRange& range)
 {
-    m_range = range;
+    m_state->range = range;
     m_dtRangeStart = range.FirstDate();
     m_dtRangeEnd = range.LastDate();
-    m_nTodayBox = range.BoxOf(Now());
+    m_state->todayBox = range.BoxOf(Now());
     RangeChanged();
     UpdateScreenItems();
 }
@@ -169,11 +166,10 @@ void CBoxViewCtrl::Layout(int cx, int cy)
 
 void CBoxViewCtrl::CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect&, CRect&, CRect& rcCalendar)
 {
-    const BoxViewLayout layout = LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_metrics);
+    BoxViewLayout& layout = m_state->layout;
+    LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_state->kind.metrics, layout);
     rcCaption = layout.caption;
     rcCalendar = layout.calendar;
-    std::copy(layout.boxes.begin(), layout.boxes.end(), m_arrays.boxes);
-    std::copy(layout.strips.begin(), layout.strips.end(), m_arrays.strips);
 }
 
 void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar)
@@ -183,28 +179,40 @@ void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader,
 
 void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    MakeRowPieces(items, m_range.Rows(), screenItems);
+    MakeRowPieces(items, m_state->range.Rows(), screenItems);
     ScreenItemsChanged();
 }
 
 void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    BoxGrid grid;
-    grid.columns = m_metrics.columns;
-    grid.boxes.assign(m_arrays.boxes, m_arrays.boxes + BoxCount());
-    const std::vector<BoxLoad> loads = LayOutBars(grid, m_metrics.bars, m_range.Spans(screenItems), screenItems);
-    for (int i = 0; i < BoxCount(); ++i) {
-        m_arrays.more[i] = loads[i].more ? 1 : 0;
-    }
+    const BoxViewState& state = *m_state;
+    const std::vector<BoxLoad> loads =
+        LayOutBars(state.layout.grid, state.kind.metrics.bars, state.range.Spans(screenItems), screenItems);
+    std::transform(loads.begin(), loads.end(), m_state->more.begin(), [](const BoxLoad& load) { return load.more; });
     ScreenItemsChanged();
 }
 
 void CBoxViewCtrl::ClearMoreMarks()
 {
-    std::fill(m_arrays.more, m_arrays.more + BoxCount(), 0);
+    std::fill(m_state->more.begin(), m_state->more.end(), 0);
+}
+
+BOOL CBoxViewCtrl::HasMoreMark(int nBox)
+{
+    return m_state->more[nBox] == 1;
 }
 
 // ---- Hit test
+
+CRect CBoxViewCtrl::GetBoxRect(int nBox)
+{
+    return m_state->layout.grid.boxes[nBox];
+}
+
+int CBoxViewCtrl::GetHitStripHeight()
+{
+    return m_state->kind.metrics.hitStripHeight;
+}
 
 int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
@@ -213,18 +221,18 @@ int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)
 
 int CBoxViewCtrl::BoxOfStrip(const CRect& rcStrip) const
 {
-    const CRect* end = m_arrays.strips + BoxCount();
-    const CRect* found = std::find(m_arrays.strips + 0, const_cast<CRect*>(end), rcStrip);
-    return found != end ? static_cast<int>(found - m_arrays.strips) : -1;
+    const std::vector<CRect>& strips = m_state->layout.strips;
+    const auto found = std::find(strips.begin(), strips.end(), rcStrip);
+    return found != strips.end() ? static_cast<int>(found - strips.begin()) : -1;
 }
 
-// The selection's boxes follow each other, so its ends tell.
+// The selection's boxes follow each other, so its ends decide.
 BOOL CBoxViewCtrl::IsBoxSelected(int nBox)
 {
     COleDateTime begin;
     COleDateTime end;
-    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && m_range.PositionOf(begin) <= nBox &&
-           nBox <= m_range.PositionOf(end);
+    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && m_state->range.PositionOf(begin) <= nBox &&
+           nBox <= m_state->range.PositionOf(end);
 }
 
 // ---- Keyboard moves
@@ -247,12 +255,13 @@ void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
 
 BoxRange CBoxViewCtrl::RangeAfter(int nBoxes) const
 {
-    return BoxRange(m_range.Kind(), m_range.DateAfter(nBoxes), m_nFirstDayOfWeek);
+    return BoxRange(m_state->kind.range, m_state->range.DateAfter(nBoxes), m_nFirstDayOfWeek);
 }
 
 void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    const ScrollStep scroll = m_range.Scroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), GetCurrentDate());
+    const ScrollStep scroll =
+        m_state->range.Scroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), GetCurrentDate());
     BoxRange target = RangeAfter(scroll.step);
     if (!scroll.moves || !target.HasDates()) {
         return;
@@ -261,7 +270,7 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     COleDateTime begin;
     COleDateTime end;
     const BOOL keeps = GetSelRange(begin, end) && target.Holds(m_dtSelEnd);
-    NotifySelDateChange(keeps ? GetCurrentDate() : m_range.MoveAlong(GetCurrentDate(), target));
+    NotifySelDateChange(keeps ? GetCurrentDate() : m_state->range.MoveAlong(GetCurrentDate(), target));
     if (!alive) {
         return;
     }
@@ -287,10 +296,10 @@ void CBoxViewCtrl::ScrollTo(const BoxRange& range)
     if (isSelected && range.Holds(m_dtSelEnd)) {
         m_dtCurrentDate = m_dtSelEnd;
     } else {
-        m_dtCurrentDate = m_range.MoveAlong(m_dtCurrentDate, range);
+        m_dtCurrentDate = m_state->range.MoveAlong(m_dtCurrentDate, range);
         if (isSelected) {
-            m_dtSelBegin = m_range.MoveAlong(m_dtSelBegin, range);
-            m_dtSelEnd = m_range.MoveAlong(m_dtSelEnd, range);
+            m_dtSelBegin = m_state->range.MoveAlong(m_dtSelBegin, range);
+            m_dtSelEnd = m_state->range.MoveAlong(m_dtSelEnd, range);
         }
     }
     m_dtViewDate = m_dtCurrentDate;

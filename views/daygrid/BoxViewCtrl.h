@@ -5,9 +5,15 @@
 // selected), CCN_VIEWRANGECHANGE with nValue 4100 after it, also where the step left the range as it was.
 #pragma once
 
-#include "BoxViewLayout.h"
 #include "DayGridCtrl.h"
-#include "BoxPainter.h"
+
+#include <memory>
+
+namespace dayvane {
+struct BoxViewKind;
+struct BoxViewState;
+struct DayFrameColors;
+} // namespace dayvane
 
 class CBoxViewCtrl : public CDayGridCtrl
 {
@@ -40,25 +46,8 @@ public:
     CString GetTitle() const { return m_strTitle; }
 
 protected:
-    // Members of the view, one for each box.
-    struct BoxArrays
-    {
-        CRect* boxes;
-        CRect* strips;
-        int* more; // 1: an item of the box did not fit
-    };
-    // What is fixed of a view. The texts are literals.
-    struct BoxViewKind
-    {
-        dayvane::RangeKind range;
-        LPCTSTR lpszClass; // of the window
-        LPCTSTR lpszTitle;
-        const dayvane::BoxViewMetrics& metrics;
-        const dayvane::CalendarColors& colors;
-    };
-    CBoxViewCtrl(const BoxViewKind& kind, const BoxArrays& arrays);
-    void Start();                        // for the views' constructors: empty boxes, the range of today
-    const CRect& GetBox(int nBox) const; // CInvalidArgException where there is no such box
+    explicit CBoxViewCtrl(const dayvane::BoxViewKind& kind); // the view's constructor sets the range
+    const CRect& GetBox(int nBox) const;                     // CInvalidArgException where there is no such box
 
     // ---- Hooks of the views.
     virtual void RangeChanged() {}
@@ -66,17 +55,17 @@ protected:
     virtual COLORREF GetBoxColor(int nBox) = 0;
     virtual void DrawBoxMark(CDC* pDC, int nBox) = 0; // the more-items mark
 
-    // The second and third rectangle are left as they are. Sets the rectangles of the boxes and their strips.
+    // Sets the rectangles of the boxes and their strips. rcUnused and rcHeader are left as they are.
     virtual void CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect& rcUnused, CRect& rcHeader,
                             CRect& rcCalendar);
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar) override;
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
 
-    dayvane::BoxRange Range() const override { return m_range; }
-    CRect GetBoxRect(int nBox) override { return m_arrays.boxes[nBox]; }
-    int GetHitStripHeight() override { return m_metrics.hitStripHeight; }
-    BOOL HasMoreMark(int nBox) override { return m_arrays.more[nBox] == 1; }
+    dayvane::BoxRange Range() const override;
+    CRect GetBoxRect(int nBox) override;
+    int GetHitStripHeight() override;
+    BOOL HasMoreMark(int nBox) override;
     void ClearMoreMarks() override;
 
     void DrawCtrl(CDC* pDC) override;
@@ -88,13 +77,11 @@ protected:
     // MoveSelectionEnd; scrolls by a posted message when the end leaves the range.
     void MoveSelection(int nBoxes, UINT nFlags);
 
-    int BoxCount() const { return m_metrics.BoxCount(); }
     int BoxOfStrip(const CRect& rcStrip) const; // -1: none
     BOOL IsBoxSelected(int nBox);               // and the selection is shown
-    BOOL IsToday(int nBox) const { return nBox == m_nTodayBox; }
-    BOOL HasRange() const { return m_range.HasDates(); }
+    BOOL IsToday(int nBox) const;
+    BOOL HasRange() const;
 
-    afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
@@ -104,7 +91,7 @@ protected:
     CString m_strTitle;
     COLORREF m_crAccent = 0x8F9300;
     COLORREF m_crAccentBack = 0xFFFFFF;
-    dayvane::BoxFonts m_fonts;
+    const std::unique_ptr<dayvane::BoxViewState> m_state;
 
 private:
     dayvane::BoxRange RangeAfter(int nBoxes) const; // the range that is so many boxes away
@@ -113,10 +100,5 @@ private:
     CRect PaintRectOf(int nBox) const;
     void DrawFrame(CDC* pDC, const CRect& rect, const dayvane::DayFrameColors& colors);
 
-    LPCTSTR m_lpszClass;
-    const dayvane::BoxViewMetrics& m_metrics;
-    BoxArrays m_arrays;
-    dayvane::BoxRange m_range;
-    int m_nTodayBox = -1; // when the range was set; -1: not shown
     CRect m_rcUnused = CRect(0, 0, 0, 0);
 };

@@ -2,17 +2,13 @@
 #include "views/daygrid/BoxViewCtrl.h"
 
 #include "core/DrawingHelpers.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxRange.h"
+#include "views/daygrid/BoxViewState.h"
 
 #include <algorithm>
 
 using namespace dayvane;
-
-namespace {
-// A frame's inset, its outline and its bottom line, pixels: what the strips of a frame leave of a box's strip.
-constexpr int kFrameLines = 3;
-constexpr int kUpperShare = 5; // of 14
-constexpr int kStripShares = 14;
-} // namespace
 
 void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 {
@@ -21,7 +17,7 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
     DrawCell(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     DrawCaption(pDC, m_rcCaption);
-    for (int i = 0; i < BoxCount(); ++i) {
+    for (int i = 0; i < GetBoxCount(); ++i) {
         if (HasMoreMark(i)) {
             DrawBoxMark(pDC, i);
         }
@@ -31,7 +27,7 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 // Where the box may be painted: the last pixels of the calendar are its border.
 CRect CBoxViewCtrl::PaintRectOf(int nBox) const
 {
-    CRect rect = m_arrays.boxes[nBox];
+    CRect rect = GetBox(nBox);
     rect.right = std::min(rect.right, m_rcContent.right - 1);
     rect.bottom = std::min(rect.bottom, m_rcContent.bottom - 1);
     return rect;
@@ -39,16 +35,14 @@ CRect CBoxViewCtrl::PaintRectOf(int nBox) const
 
 void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 {
-    DrawBoxGrid(pDC, rcCalendar, m_arrays.boxes[0].Size(), m_metrics.columns, kBoxRows, m_pens.Solid(1, m_colors.grid));
-    CRect clip;
-    pDC->GetClipBox(&clip);
-    for (int i = 0; i < BoxCount(); ++i) {
+    DrawBoxLines(pDC, rcCalendar, m_state->kind.metrics.columns);
+    const BoxPainter painter = PainterOn(pDC);
+    for (int i = 0; i < GetBoxCount(); ++i) {
         const CRect box = PaintRectOf(i);
-        CRect seen;
-        if (!seen.IntersectRect(&box, &clip)) {
+        if (!painter.IsVisible(box)) {
             continue;
         }
-        DrawCellBackground(pDC, box, GetBoxColor(i));
+        painter.DrawBackground(box, GetBoxColor(i));
         if (IsToday(i)) {
             DrawTodayRect(pDC, box, i);
         }
@@ -76,7 +70,5 @@ void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
-    const int height = m_metrics.stripHeight - kFrameLines;
-    const int upper = height * kUpperShare / kStripShares;
-    DrawDayFrame(pDC, rect, colors, m_pens, {upper, height - upper});
+    PainterOn(pDC).DrawDayFrame(rect, colors, m_state->kind.metrics.stripHeight);
 }

@@ -26,15 +26,18 @@ constexpr BoxViewMetrics kYearMetrics = {6, 30, 20, 20, kBoxBars};
 
 // ---- Rectangles
 
+// The vectors keep their storage for the life of the view: hosts may look at the boxes through pointers.
 struct BoxViewLayout
 {
-    CRect caption;
-    CRect calendar;
-    std::vector<CRect> boxes;  // in the order of time: the upper row from left to right, then the lower one
+    explicit BoxViewLayout(const BoxViewMetrics& metrics);
+
+    CRect caption = CRect(0, 0, 0, 0);
+    CRect calendar = CRect(0, 0, 0, 0);
+    BoxGrid grid;              // in the order of time: the upper row from left to right, then the lower one
     std::vector<CRect> strips; // the tops of the boxes
 };
 
-// The last box of a row takes what is left over of the width; what is left over of the height stays empty.
-BoxViewLayout LayOutBoxView(const CRect& client, bool showCaption, const BoxViewMetrics& metrics);
+// The last box of a row takes the remaining pixels of the width; those of the height stay empty.
+void LayOutBoxView(const CRect& client, bool showCaption, const BoxViewMetrics& metrics, BoxViewLayout& layout);
 
 } // namespace dayvane

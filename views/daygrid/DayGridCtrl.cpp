@@ -4,8 +4,8 @@
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
 #include "core/WindowHelpers.h"
-#include "views/daygrid/BarPainter.h"
-#include "views/daygrid/DayLook.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxRange.h"
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CDayGridCtrl::CDayGridCtrl()
+CDayGridCtrl::CDayGridCtrl() : m_parts(std::make_unique<DayGridParts>())
 {
 }
 
@@ -50,12 +50,12 @@ CDayGridCtrl::~CDayGridCtrl()
 void CDayGridCtrl::OnDestroy()
 {
     CCalendarCtrl::OnDestroy();
-    m_pens.Clear();
-    m_texts.Clear();
+    m_parts->Clear();
 }
 
-void CDayGridCtrl::LoadMoreMark()
+void CDayGridCtrl::PreparePainting()
 {
+    m_parts->fonts.Create();
     if (m_hMoreMark) {
         return;
     }
@@ -84,7 +84,7 @@ CString CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 
 const std::vector<int>& CDayGridCtrl::GetShownItems()
 {
-    if (!m_bShownKnown || m_nShownOf != m_arScreenItem.GetSize()) {
+    if (!m_bShownValid || m_nShownOf != m_arScreenItem.GetSize()) {
         m_shown.clear();
         m_nShownOf = m_arScreenItem.GetSize();
         const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
@@ -93,7 +93,7 @@ const std::vector<int>& CDayGridCtrl::GetShownItems()
                 m_shown.push_back(i);
             }
         }
-        m_bShownKnown = TRUE;
+        m_bShownValid = TRUE;
     }
     return m_shown;
 }
@@ -231,14 +231,33 @@ void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
 
 // ---- Paint
 
+BoxPainter CDayGridCtrl::PainterOn(CDC* pDC)
+{
+    return BoxPainter(*pDC, *m_parts, m_colors);
+}
+
+void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns)
+{
+    std::vector<int> lefts;
+    std::vector<int> tops;
+    for (int i = 0; i < GetBoxCount(); ++i) {
+        const CRect box = GetBoxRect(i);
+        if (i < nColumns) {
+            lefts.push_back(box.left);
+        }
+        if (i % nColumns == 0) {
+            tops.push_back(box.top);
+        }
+    }
+    PainterOn(pDC).DrawLines(rcCalendar, lefts, tops);
+}
+
 void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 {
-    CRect clip;
-    pDC->GetClipBox(&clip);
+    const BoxPainter painter = PainterOn(pDC);
     const auto draw = [&](const tagCALENDAR_ITEM& item) {
-        CRect seen;
-        if (IsShown(item) && seen.IntersectRect(&item.rcItem, &clip)) {
-            DrawBar(pDC, item);
+        if (IsShown(item) && painter.IsVisible(item.rcItem)) {
+            DrawBar(pDC, painter, item);
         }
     };
     if (&items == &m_arScreenItem) {
@@ -252,10 +271,9 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
     }
 }
 
-void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
+void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
 {
-    BarPainter painter(pDC, m_pens, m_texts);
-    CRect content = painter.DrawBox(item);
+    CRect content = painter.DrawBar(item);
     if (const int marks = DrawItemMarks(pDC, item, content, TRUE, kMarkGap, TRUE)) {
         content.left += marks + kTextGap;
     }
@@ -265,10 +283,10 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item)
     {
         CFont* font = GetFont(item.nReserved);
         const SelectGdi selectFont(pDC, font);
-        painter.DrawText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
+        painter.DrawBarText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
     if (item.nSource == m_nCurSel) {
-        painter.DrawSelection(item, m_colors.highlight);
+        painter.DrawBarSelection(item);
     }
 }
 

@@ -3,13 +3,16 @@
 #pragma once
 
 #include "../../core/CalendarCtrl.h"
-#include "BoxRange.h"
-#include "GdiPens.h"
-#include "TextCache.h"
 
+#include <memory>
 #include <vector>
 
 class CMoreListWnd;
+namespace dayvane {
+class BoxPainter;
+class BoxRange;
+struct DayGridParts;
+} // namespace dayvane
 
 class CDayGridCtrl : public CCalendarCtrl
 {
@@ -22,7 +25,7 @@ public:
     void DeleteAllItems() override; // clears the more-items marks too
 
     // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items
-    // of that day or month. Enter or a click makes an item current and tells CCN_ITEMCLICK; an item can be dragged out
+    // of that day or month. Enter or a click makes an item current and sends CCN_ITEMCLICK; an item can be dragged out
     // of the list into the view; Escape or a press elsewhere closes it.
     void EnableMoreList(BOOL bEnable);
     BOOL IsMoreListEnabled() const { return m_bMoreListEnabled; }
@@ -62,21 +65,24 @@ protected:
     void NotifyViewRangeChange(const COleDateTime& date, int nValue);
 
     // Positions in the screen list of the items that are drawn and hit: those that have a rectangle and are not hidden.
-    // A view that changes its screen items tells so; an open list of a box's items closes then.
+    // A view that changes its screen items calls ScreenItemsChanged; an open list of a box's items closes then.
     const std::vector<int>& GetShownItems();
     void ScreenItemsChanged()
     {
-        m_bShownKnown = FALSE;
+        m_bShownValid = FALSE;
         CloseMoreList();
     }
     int ScreenItemAt(CPoint point); // position in the screen list of the first shown item there, -1 none
 
-    // Bars of the given items, in their order. Nothing outside the clip box costs anything.
+    // Bars of the given items, in their order; those outside the clip box are passed over.
     void DrawBars(CDC* pDC, CItemArray& items);
-    void DrawBar(CDC* pDC, const tagCALENDAR_ITEM& item);
+    void DrawBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
 
+    void PreparePainting(); // makes fonts and marks, once there is a window
+    dayvane::BoxPainter PainterOn(CDC* pDC);
+    // The border of the calendar and the lines between the boxes, so many in a row.
+    void DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns);
     // The more-items mark in the lower right corner of a box.
-    void LoadMoreMark();
     void DrawMoreMark(CDC* pDC, const CRect& box);
 
     // A box with a more-items mark, for the list of its items.
@@ -97,9 +103,7 @@ protected:
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
-    dayvane::PenSet m_pens;
-    dayvane::TextCache m_texts;
-    HICON m_hMoreMark = nullptr;
+    const std::unique_ptr<dayvane::DayGridParts> m_parts;
 
 private:
     friend class CMoreListWnd;
@@ -111,9 +115,10 @@ private:
     void DragListedItem(int nItem, unsigned nItemVersion, const COleDateTime& dtFirst, CPoint screen);
     void DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect);
 
+    HICON m_hMoreMark = nullptr;
     BOOL m_bMoreListEnabled = FALSE;
     CMoreListWnd* m_pMoreList = nullptr; // deletes itself
     std::vector<int> m_shown;
     INT_PTR m_nShownOf = 0; // size of the screen list that m_shown was made from
-    BOOL m_bShownKnown = FALSE;
+    BOOL m_bShownValid = FALSE;
 };

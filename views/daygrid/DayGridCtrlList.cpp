@@ -2,6 +2,8 @@
 #include "views/daygrid/DayGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MoreListWnd.h"
 
 #include <algorithm>
@@ -160,6 +162,6 @@ void CDayGridCtrl::DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, co
     tagCALENDAR_ITEM item = m_arItem[nItem];
     item.nSource = nItem;
     item.rcItem = rect;
-    DrawBar(pDC, item);
+    DrawBar(pDC, PainterOn(pDC), item);
     pDC->SetBkMode(saved);
 }

@@ -7,7 +7,7 @@ namespace dayvane {
 
 using DayColorTable = CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>;
 
-// Columns of a row of the day colours, and the rows that days get without the host's doing.
+// Columns of a row of the day colours, and the rows that days get unless the host sets another.
 enum DayColorColumn
 {
     DAYCOLOR_BACKGROUND = 0,
@@ -21,7 +21,7 @@ enum DayColorRow
     DAYROW_SATURDAY = 2,
 };
 
-// What of the control decides about looks.
+// Settings and selection of the control that decide how its days look.
 struct DayLookInput
 {
     const DayColorTable& colors;

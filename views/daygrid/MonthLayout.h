@@ -12,8 +12,9 @@ struct MonthMetrics
 {
     int captionHeight = 30;
     int headerHeight = 16;
-    int headerInset = 2;       // by which a weekday's box is smaller than its part of the header
+    int headerInset = 2;       // left free on each side of a weekday's name
     int dayCaptionHeight = 20; // top of a cell that answers as its caption
+    int stripHeight = 17;      // top of a cell that the frame of a marked day shades
     BarRules bars = {{15, 22, 1, 20}, BarReach::ToColumnOfLast, BarOverflow::ByAbsoluteValue};
     int blockTop = 20; // blocks of the variant: from the cell's top
     int blockInset = 2;
@@ -30,7 +31,7 @@ struct MonthBands
 };
 MonthBands CalcMonthBands(const CRect& client, bool showCaption);
 
-// Truncated: what is left over belongs to the last column and row.
+// Truncated: the last column and row take the remaining pixels.
 CSize CalcMonthCellSize(const CRect& calendar);
 
 // The last column and row end one pixel before the calendar does. Marks and counts start at 0.

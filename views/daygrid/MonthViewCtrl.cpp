@@ -1,8 +1,10 @@
 // The month view: lifetime, dates, layout, hit test, navigation. Painting is in MonthViewCtrlPaint.cpp.
 #include "views/daygrid/MonthViewCtrl.h"
 
-#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
+#include "core/WindowHelpers.h"
+#include "views/daygrid/BoxRange.h"
+#include "views/daygrid/MonthLayout.h"
 #include "views/daygrid/RowPieces.h"
 
 using namespace dayvane;
@@ -24,7 +26,6 @@ constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
 IMPLEMENT_DYNCREATE(CMonthViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CMonthViewCtrl, CDayGridCtrl)
-ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_VSCROLL()
 END_MESSAGE_MAP()
@@ -56,18 +57,16 @@ BOOL CMonthViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT
         return FALSE;
     }
     CalcCalendar();
-    m_fonts.Create();
-    LoadMoreMark();
+    PreparePainting();
     return TRUE;
 }
 
-void CMonthViewCtrl::OnDestroy()
-{
-    CDayGridCtrl::OnDestroy();
-    m_fonts.Delete();
-}
-
 // ---- Dates
+
+BoxRange CMonthViewCtrl::Range() const
+{
+    return RangeOf(m_arCellDate); // as CalcCalendar, which may be overridden, has left them
+}
 
 void CMonthViewCtrl::CalcCalendar()
 {
@@ -174,7 +173,17 @@ void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
     ScreenItemsChanged();
 }
 
+void CMonthViewCtrl::ClearMoreMarks()
+{
+    ClearLoads(m_arCell);
+}
+
 // ---- Hit test
+
+int CMonthViewCtrl::GetHitStripHeight()
+{
+    return kMonthMetrics.dayCaptionHeight;
+}
 
 int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {

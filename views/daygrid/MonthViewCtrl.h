@@ -9,9 +9,13 @@
 // CCN_VIEWRANGECHANGE with nValue 4104 after the grid has moved.
 #pragma once
 
+#include "DayCells.h"
 #include "DayGridCtrl.h"
-#include "MonthLayout.h"
-#include "BoxPainter.h"
+
+namespace dayvane {
+struct CaptionLook;
+struct DayLookInput;
+} // namespace dayvane
 
 class CMonthViewCtrl : public CDayGridCtrl
 {
@@ -58,15 +62,16 @@ protected:
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
-    dayvane::BoxRange Range() const override { return dayvane::RangeOf(m_arCellDate); }
+    dayvane::BoxRange Range() const override;
     CRect GetBoxRect(int nBox) override { return m_arCell[nBox].m_rect; }
-    int GetHitStripHeight() override { return dayvane::kMonthMetrics.dayCaptionHeight; }
+    int GetHitStripHeight() override;
     BOOL HasMoreMark(int nBox) override { return m_arCell[nBox].m_bMore == 1; }
-    void ClearMoreMarks() override { dayvane::ClearLoads(m_arCell); }
+    void ClearMoreMarks() override;
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCalendar(CDC* pDC, CRect rcCalendar);
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    void DrawTitle(CDC* pDC, const CRect& rcCaption, const dayvane::CaptionLook& look);
     virtual void DrawHeader(CDC* pDC, CRect rcHeader);
     void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
     virtual void DrawTodayRect(CDC* pDC, CRect rect);
@@ -77,7 +82,6 @@ protected:
     void MoveLeftward(UINT nFlags) override;
     void MoveRightward(UINT nFlags) override;
 
-    afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
@@ -88,8 +92,7 @@ protected:
     CArray<CCell, const CCell&> m_arHeaderCell;       // 7
     CArray<CCell, const CCell&> m_arCell;             // 42
     CArray<CCellDate, const CCellDate&> m_arCellDate; // 42
-    dayvane::BoxFonts m_fonts;
-    COLORREF m_crOtherMonth; // kept for derived views
+    COLORREF m_crOtherMonth;                          // kept for derived views
     COLORREF m_crButtonFace;
 
 private:
@@ -108,5 +111,5 @@ protected:
     void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
 
 private:
-    void DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool current);
+    void DrawBlock(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item, bool current);
 };

@@ -2,6 +2,9 @@
 #include "views/daygrid/MonthViewCtrl.h"
 
 #include "core/DrawingHelpers.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxRange.h"
+#include "views/daygrid/MonthLayout.h"
 
 #include <vector>
 
@@ -10,21 +13,11 @@ using namespace dayvane;
 namespace {
 
 // Pixels.
-constexpr int kBoxInset = 1;     // from the item's rectangle to its box
+constexpr int kBlockInset = 1;   // from the item's rectangle to the drawn block
 constexpr int kContentInset = 2; // from there to image and text
-constexpr int kTextFont = 2;     // template in m_lfFonts
 constexpr COLORREF kBlockOutline = 0xD8CDC1;
 constexpr COLORREF kUnfilled = 0xFFFFFF;
-
-void DrawEdges(CDC* pDC, const CRect& rect, CPen* pen)
-{
-    const SelectGdi selectPen(pDC, pen);
-    pDC->MoveTo(rect.left, rect.top);
-    pDC->LineTo(rect.right - 1, rect.top);
-    pDC->LineTo(rect.right - 1, rect.bottom - 1);
-    pDC->LineTo(rect.left, rect.bottom - 1);
-    pDC->LineTo(rect.left, rect.top);
-}
+constexpr CaptionLook kCaption = {{0x4A79E7, 0x3149D6, 0x1522CD}, 32, DT_BOTTOM};
 
 } // namespace
 
@@ -38,7 +31,7 @@ void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl2::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    DrawMonthCaption(pDC, rcCaption, m_dtScroll, kMonthBand2, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    DrawTitle(pDC, rcCaption, kCaption);
 }
 
 // The blocks of one day lie on top of each other: only the last one is to be seen, so only it is drawn. Any of them can
@@ -58,28 +51,26 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
             hasCurrent[cell] = true;
         }
     }
-    CRect clip;
-    pDC->GetClipBox(&clip);
+    const BoxPainter painter = PainterOn(pDC);
     for (int cell = 0; cell < kMonthCells; ++cell) {
-        CRect seen;
-        if (lastOfCell[cell] != -1 && seen.IntersectRect(&screenItems[lastOfCell[cell]].rcItem, &clip)) {
-            DrawBlock(pDC, screenItems[lastOfCell[cell]], hasCurrent[cell]);
+        if (lastOfCell[cell] != -1 && painter.IsVisible(screenItems[lastOfCell[cell]].rcItem)) {
+            DrawBlock(pDC, painter, screenItems[lastOfCell[cell]], hasCurrent[cell]);
         }
     }
 }
 
-void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool current)
+void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item, bool current)
 {
-    CRect box = item.rcItem;
-    box.DeflateRect(kBoxInset, kBoxInset);
-    if (box.IsRectEmpty()) {
+    CRect block = item.rcItem;
+    block.DeflateRect(kBlockInset, kBlockInset);
+    if (block.IsRectEmpty()) {
         return;
     }
     if (item.crColor2 != kUnfilled) {
-        pDC->FillSolidRect(&box, item.crColor2);
+        pDC->FillSolidRect(&block, item.crColor2);
     }
-    DrawEdges(pDC, box, m_pens.Solid(1, kBlockOutline));
-    CRect content = box;
+    painter.DrawOutline(block, kBlockOutline);
+    CRect content = block;
     content.DeflateRect(kContentInset, kContentInset);
     const CRect selection(content.left - 1, content.top - 1, content.right + 1, content.bottom + 1);
     if (item.nImage != -1 && m_pImageList) {
@@ -90,13 +81,13 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const tagCALENDAR_ITEM& item, bool cur
     pDC->SetTextColor(item.crColor5);
     {
         const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-        // Of a text in a box of less than half its height only meaningless dashes would be seen.
+        // Of a text in a block of less than half its height only meaningless dashes would be seen.
         if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2) {
             pDC->DrawText(item.strText, &content,
                           DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
         }
     }
     if (current) {
-        DrawEdges(pDC, selection, m_pens.Solid(1, m_colors.highlight));
+        painter.DrawOutline(selection, m_colors.highlight);
     }
 }

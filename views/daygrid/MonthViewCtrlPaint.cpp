@@ -3,12 +3,16 @@
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxRange.h"
+#include "views/daygrid/MonthLayout.h"
 
 using namespace dayvane;
 
 namespace {
 constexpr int kTextFont = 2; // template in m_lfFonts
-}
+constexpr CaptionLook kCaption = {{0x7BDBFF, 0x1096FF, 0x216DEF}, 32, DT_BOTTOM};
+} // namespace
 
 void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 {
@@ -41,37 +45,44 @@ DayLookInput CMonthViewCtrl::LookInput()
 
 void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
 {
-    const CRect& firstCell = m_arCell[0].m_rect;
-    DrawMonthGrid(pDC, rcCalendar, firstCell.Size(), m_pens.Solid(1, m_colors.grid));
-    CRect clip;
-    pDC->GetClipBox(&clip);
+    DrawBoxLines(pDC, rcCalendar, kMonthColumns);
+    const BoxPainter painter = PainterOn(pDC);
     const DayLookInput input = LookInput();
     for (int i = 0; i < kMonthCells; ++i) {
         const CRect& cell = m_arCell[i].m_rect;
-        CRect seen;
-        if (!seen.IntersectRect(&cell, &clip)) {
+        if (!painter.IsVisible(cell)) {
             continue;
         }
         const DayLook look = CalcDayLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
-        DrawCellBackground(pDC, cell, look.background);
+        painter.DrawBackground(cell, look.background);
         if (look.today) {
             DrawTodayRect(pDC, cell);
         }
         if (look.selected) {
             DrawFocusRect(pDC, cell);
         }
-        DrawCellTexts(pDC, cell, look, m_fonts);
+        painter.DrawDayTexts(cell, look);
     }
 }
 
 void CMonthViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    DrawMonthCaption(pDC, rcCaption, m_dtScroll, kMonthBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    DrawTitle(pDC, rcCaption, kCaption);
+}
+
+void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLook& look)
+{
+    CaptionTexts texts;
+    if (IsValid(m_dtScroll)) {
+        texts.number.Format("%d", m_dtScroll.GetMonth());
+        texts.text = " " + m_dtScroll.Format("%B, %Y") + " ";
+    }
+    PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[kTextFont]);
 }
 
 void CMonthViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
-    DrawWeekdayHeader(pDC, rcHeader, m_arHeaderCell, m_arCellDate, &m_fonts.weekday);
+    PainterOn(pDC).DrawWeekdays(rcHeader, m_arHeaderCell, m_arCellDate);
 }
 
 void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
@@ -81,10 +92,10 @@ void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    DrawDayFrame(pDC, rect, kTodayFrame, m_pens);
+    PainterOn(pDC).DrawDayFrame(rect, kTodayFrame, kMonthMetrics.stripHeight);
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    DrawDayFrame(pDC, rect, kSelectedDayFrame, m_pens);
+    PainterOn(pDC).DrawDayFrame(rect, kSelectedDayFrame, kMonthMetrics.stripHeight);
 }

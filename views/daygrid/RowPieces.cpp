@@ -36,7 +36,7 @@ private:
     std::vector<Edges> m_edges;
 };
 
-// Writes pieces over the records that are there already, so that their memory is not given back and asked for again.
+// Writes pieces over the records that are there already, which saves freeing and allocating their memory.
 class PieceWriter
 {
 public:

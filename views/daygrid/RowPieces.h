@@ -15,7 +15,7 @@ DayRows EvenRows(int firstDay, int rows, int daysPerRow);
 
 // The pieces of all items, in stored order, the pieces of one item together, earliest first. Each is a copy of the
 // stored record with nSource, nPiece and the piece's own start and end: a row from 00:00 of its first day to 23:59:59
-// of its last, or as far as the item goes. nPiece tells whether the item goes on after the piece, before it, or both.
+// of its last, or as far as the item goes. nPiece says whether the item goes on after the piece, before it, or both.
 // No piece: items without a valid start or end, items outside the rows, items that end on a day before they start.
 void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces);
 

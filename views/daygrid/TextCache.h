@@ -1,7 +1,7 @@
 // Single lines of text that are measured and cut once instead of on every paint.
 //
-// The system's own way of cutting a text at the end measures it several times, which costs more than drawing it. What a
-// calendar shows seldom changes between two paints, so the outcome is kept: by font, room and text.
+// The system's own way of cutting a text at the end measures it several times, which costs more than drawing it. The
+// texts of a calendar seldom change between two paints, so the result is kept: by font, room and text.
 #pragma once
 
 #include <afxwin.h>
@@ -23,7 +23,7 @@ public:
     // The width of the whole text in the selected font, pixels.
     int WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text);
 
-    // Forgets everything; due when fonts are deleted, for a new one may get the handle of an old one.
+    // Call it when fonts are deleted: a new font may get the handle of an old one.
     void Clear();
 
 private:

@@ -3,6 +3,8 @@
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxViewState.h"
 
 #include <clocale>
 
@@ -17,7 +19,7 @@ constexpr int kTextFont = 2;               // template in m_lfFonts
 constexpr CalendarColors kWeekColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x8F9300, 0xFFFFFF, 0xCE9A63, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr TitleBandColors kWeekBand = {0x7BDFBD, 0x24B26B, 0x39964A};
+constexpr CaptionLook kCaption = {{0x7BDFBD, 0x24B26B, 0x39964A}, 28, DT_VCENTER};
 constexpr HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
 
 constexpr COLORREF kDayText = 0x000000;
@@ -40,10 +42,11 @@ IMPLEMENT_DYNCREATE(CWeekViewCtrl, CBoxViewCtrl)
 // ---- Lifetime
 
 CWeekViewCtrl::CWeekViewCtrl()
-    : CBoxViewCtrl({RangeKind::Week, kWindowClass, "Weekly Calendar", kWeekMetrics, kWeekColors},
-                   {m_rcDay, m_rcDayCaption, m_bMore})
+    : CBoxViewCtrl({RangeKind::Week, kWindowClass, "Weekly Calendar", kWeekMetrics, kWeekColors}),
+      m_rcDay(m_state->layout.grid.boxes.data()), m_rcDayCaption(m_state->layout.strips.data()),
+      m_bMore(m_state->more.data())
 {
-    Start();
+    SetRange(Now());
 }
 
 CWeekViewCtrl::~CWeekViewCtrl()
@@ -122,14 +125,14 @@ CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 
 void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    CaptionTexts texts = {"", "", DT_VCENTER};
+    CaptionTexts texts;
     const CivilDate first = CivilDateOf(m_dtRangeStart);
     const CivilDate last = CivilDateOf(m_dtRangeEnd);
     if (first.year != -1 && last.year != -1) {
         texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
         texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
     }
-    DrawCaptionBand(pDC, rcCaption, texts, kWeekBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[kTextFont]);
 }
 
 DayLook CWeekViewCtrl::LookOf(int nDay)
@@ -175,8 +178,8 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     }
     CString number;
     number.Format("%d/%d", date.GetMonth(), date.GetDay());
-    DrawStripTexts(pDC, rcCaption, {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor},
-                   m_fonts);
+    PainterOn(pDC).DrawStripTexts(rcCaption,
+                                  {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor});
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

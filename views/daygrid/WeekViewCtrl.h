@@ -6,7 +6,11 @@
 #pragma once
 
 #include "BoxViewCtrl.h"
-#include "DayLook.h"
+#include "DayCells.h"
+
+namespace dayvane {
+struct DayLook;
+}
 
 class CWeekViewCtrl : public CBoxViewCtrl
 {
@@ -47,9 +51,10 @@ protected:
     void MoveLeftward(UINT nFlags) override;
     void MoveRightward(UINT nFlags) override;
 
-    CRect m_rcDay[dayvane::kWeekBoxes];
-    CRect m_rcDayCaption[dayvane::kWeekBoxes];
-    int m_bMore[dayvane::kWeekBoxes] = {};
+    // Of the eight boxes.
+    CRect* const m_rcDay;
+    CRect* const m_rcDayCaption;       // the strips on top
+    int* const m_bMore;                // 1: an item did not fit
     dayvane::DayInfoArray m_arDayDate; // 8
 
 private:

@@ -3,7 +3,8 @@
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
-#include "views/daygrid/DayLook.h"
+#include "views/daygrid/BoxPainter.h"
+#include "views/daygrid/BoxViewState.h"
 
 using namespace dayvane;
 
@@ -23,7 +24,7 @@ constexpr int kComboBottom = 100; // with its list
 constexpr CalendarColors kYearColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x505850, 0xFFFFFF, 0xCE9A63, 0xFFFFFF, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr TitleBandColors kYearBand = {0xD6D97B, 0xA8AB24, 0x8F9300};
+constexpr CaptionLook kCaption = {{0xD6D97B, 0xA8AB24, 0x8F9300}, 28, DT_VCENTER};
 constexpr COLORREF kMonthText = 0x000000;
 
 } // namespace
@@ -39,10 +40,11 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearViewCtrl::CYearViewCtrl()
-    : CBoxViewCtrl({RangeKind::Year, kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors},
-                   {m_rcMonth, m_rcMonthCaption, m_bMore})
+    : CBoxViewCtrl({RangeKind::Year, kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors}),
+      m_rcMonth(m_state->layout.grid.boxes.data()), m_rcMonthCaption(m_state->layout.strips.data()),
+      m_bMore(m_state->more.data())
 {
-    Start();
+    SetRange(Now());
 }
 
 CYearViewCtrl::~CYearViewCtrl()
@@ -153,12 +155,12 @@ BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
 
 void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    CaptionTexts texts = {"", "", DT_VCENTER};
+    CaptionTexts texts;
     if (HasRange()) {
         texts.number.Format("%d", m_dtRangeStart.GetYear());
         texts.text = "  " + m_strTitle;
     }
-    DrawCaptionBand(pDC, rcCaption, texts, kYearBand, m_colors.captionText, m_lfFonts[kTextFont], m_fonts);
+    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[kTextFont]);
 }
 
 COLORREF CYearViewCtrl::GetBoxColor(int)
@@ -184,8 +186,8 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
     number.Format("%d", month + 1);
-    DrawStripTexts(pDC, rcCaption, {number, "月", textColor, Range().DateOfBox(month).Format("%B"), nameColor},
-                   m_fonts);
+    PainterOn(pDC).DrawStripTexts(rcCaption,
+                                  {number, "月", textColor, Range().DateOfBox(month).Format("%B"), nameColor});
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

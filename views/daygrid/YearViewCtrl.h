@@ -50,15 +50,16 @@ protected:
     afx_msg void OnSelchangeCombo();
     DECLARE_MESSAGE_MAP()
 
-    CRect m_rcMonth[dayvane::kYearBoxes];
-    CRect m_rcMonthCaption[dayvane::kYearBoxes];
-    int m_bMore[dayvane::kYearBoxes] = {};
+    // Of the twelve boxes.
+    CRect* const m_rcMonth;
+    CRect* const m_rcMonthCaption; // the strips on top
+    int* const m_bMore;            // 1: an item did not fit
     int m_bComboBox = 0;
     CComboBox* m_pComboBox = nullptr; // the host's
 
 private:
     CComboBox* LiveCombo() const;
 
-    HWND m_hComboBox = nullptr; // tells whether m_pComboBox is still there
+    HWND m_hComboBox = nullptr; // shows whether m_pComboBox is still there
     CBitmap m_bmMore;
 };
