@@ -3,6 +3,10 @@
 
 using namespace testsupport;
 
+namespace {
+constexpr COLORREF kWeekBandLine = 0x39964A; // below the title band
+} // namespace
+
 TEST(WeekView, ShowsEightDaysFromTheFirstDayOfTheWeek)
 {
     Week scene(Day(2017, 4, 26)); // a Wednesday
@@ -18,7 +22,7 @@ TEST(WeekView, ShowsEightDaysFromTheFirstDayOfTheWeek)
     EXPECT_EQ(Text(scene.view->GetCurrentDate()), "2017-04-26") << "the selection stays";
 }
 
-TEST(WeekView, ScrollingTellsBeforeAndAfter)
+TEST(WeekView, ScrollingNotifiesBeforeAndAfter)
 {
     Week scene(Day(2017, 4, 26));
     EXPECT_EQ(scene.Scroll(SB_LINEDOWN),
@@ -26,9 +30,9 @@ TEST(WeekView, ScrollingTellsBeforeAndAfter)
                      "CCN_VIEWRANGECHANGE date=2017-05-03 00:00:00 first=2017-04-30 00:00:00 last=2017-05-07 23:59:59 "
                      "value=4100"}));
     EXPECT_EQ(scene.Selection(), "2017-05-03 2017-05-03");
-    scene.parent.SetHook([&scene](const Notification& told) {
-        if (told.Code() == CCN_SELDATECHANGE) {
-            EXPECT_EQ(scene.Range(), "2017-04-30 2017-05-07") << "told before the change";
+    scene.parent.SetHook([&scene](const Notification& sent) {
+        if (sent.Code() == CCN_SELDATECHANGE) {
+            EXPECT_EQ(scene.Range(), "2017-04-30 2017-05-07") << "sent before the change";
         }
         return 0;
     });
@@ -174,12 +178,12 @@ TEST(YearView, ComboBoxOfTheHost)
     combo.AddString("b");
     scene.parent.ClearLog();
     combo.SetCurSel(1);
-    const auto tellOfChange = [&scene, window = combo.m_hWnd] {
+    const auto reportChange = [&scene, window = combo.m_hWnd] {
         scene.view->SendMessage(WM_COMMAND, MAKEWPARAM(1, CBN_SELCHANGE), reinterpret_cast<LPARAM>(window));
         return scene.parent.Lines();
     };
-    const Lines told{"CCN_COMBOSELCHANGE item=1 lParam=0 time=2026-03-05 00:00:00 hit=1 sub=1"};
-    EXPECT_EQ(tellOfChange(), told);
+    const Lines reported{"CCN_COMBOSELCHANGE item=1 lParam=0 time=2026-03-05 00:00:00 hit=1 sub=1"};
+    EXPECT_EQ(reportChange(), reported);
     scene.view->MoveWindow(0, 0, 700 + ::GetSystemMetrics(SM_CXVSCROLL), 400);
     CRect rect;
     combo.GetWindowRect(&rect);
@@ -194,7 +198,7 @@ TEST(YearView, ComboBoxOfTheHost)
         EXPECT_EQ(scene.view->CreateComboBox(&second, 9, 150, CBS_DROPDOWNLIST, nullptr), 1);
     }
     scene.view->MoveWindow(0, 0, 600, 300);
-    EXPECT_EQ(tellOfChange(), told) << "nothing new";
+    EXPECT_EQ(reportChange(), reported) << "nothing new";
     CYearViewCtrl windowless;
     EXPECT_EQ(windowless.CreateComboBox(&combo, 0, 100, CBS_DROPDOWNLIST, nullptr), 0);
 }
@@ -202,16 +206,16 @@ TEST(YearView, ComboBoxOfTheHost)
 TEST(BoxViews, PaintBarsFramesAndMarks)
 {
     Week week(Day(4, 23));
-    week.Add(Day(4, 21), Day(4, 21), 1, 0x60F060);
+    week.Add(Day(4, 21), Day(4, 21), 1, kItemBack);
     week.Add(Day(4, 20), Day(4, 20), 14);
     week.Add(Day(4, 26), Day(4, 26), 14);
     week.Paint();
     const CRect bar = week.view->GetScreenItems()[0].rcItem;
-    EXPECT_EQ(week.picture.Pixel(bar.right - 6, bar.top + 6), 0x60F060u);
-    EXPECT_EQ(week.picture.Pixel(1, 29), 0x39964Au) << "the line below the title band";
-    EXPECT_GT(week.picture.Count(week.view->GetDayRect(3), 0x216FF1), 100) << "today";
-    EXPECT_GT(week.picture.Count(week.view->GetDayRect(4), 0xFF7700), 100) << "selected";
-    EXPECT_EQ(week.picture.Count(week.view->GetDayRect(5), 0xFF7700), 0);
+    EXPECT_EQ(week.picture.Pixel(bar.right - 6, bar.top + 6), kItemBack);
+    EXPECT_EQ(week.picture.Pixel(1, 29), kWeekBandLine);
+    EXPECT_GT(week.picture.Count(week.view->GetDayRect(3), kTodayOutline), 100) << "today";
+    EXPECT_GT(week.picture.Count(week.view->GetDayRect(4), kSelectedOutline), 100) << "selected";
+    EXPECT_EQ(week.picture.Count(week.view->GetDayRect(5), kSelectedOutline), 0);
     const auto pixelsOfMark = [&week](int day) {
         const CRect& box = week.view->GetDayRect(day);
         const COLORREF ground = week.picture.Pixel(box.right - 100, box.bottom - 5);
@@ -226,15 +230,15 @@ TEST(BoxViews, PaintBarsFramesAndMarks)
     year.Paint();
     const CRect march = year.view->GetMonthRect(2);
     const CRect mark(march.right - 20, march.bottom - 8, march.right, march.bottom);
-    EXPECT_GT(year.picture.CountOther(mark, 0xFFFFFF), 60);
-    EXPECT_GT(year.picture.Count(year.view->GetMonthRect(3), 0x216FF1), 100) << "today's month";
-    EXPECT_GT(year.picture.Count(year.view->GetMonthRect(7), 0xFF7700), 100);
+    EXPECT_GT(year.picture.CountOther(mark, kWhite), 60);
+    EXPECT_GT(year.picture.Count(year.view->GetMonthRect(3), kTodayOutline), 100) << "today's month";
+    EXPECT_GT(year.picture.Count(year.view->GetMonthRect(7), kSelectedOutline), 100);
 }
 
 TEST(BoxViews, TextsOfNarrowStripsAreWholeOrLeftOut)
 {
     const auto blackOf = [](auto& scene, const CRect& box, int from, int to) {
-        return scene.picture.Count(CRect(box.left + from, box.top + 3, box.left + to, box.top + 19), 0x000000);
+        return scene.picture.Count(CRect(box.left + from, box.top + 3, box.left + to, box.top + 19), kBlack);
     };
     Week week(Day(4, 23));
     week.view->Layout(4 * 50, kHeight);

@@ -1,5 +1,5 @@
-// What every day grid bears: hosts that end it in the middle of things, tiny windows, the ends of time; and that it
-// gives back what it takes.
+// Every day grid survives hosts that end it inside a notification, tiny windows and the first and last dates, and frees
+// its GDI and USER objects.
 #include "DayGridScene.h"
 
 using namespace testsupport;
@@ -20,8 +20,8 @@ void TryHosts(int code, Act act)
     for (int how = 0; how < 4; ++how) {
         Scene<View> scene;
         scene.Add(Day(4, 1), Day(5, 16));
-        scene.parent.SetHook([&scene, how, code](const Notification& told) {
-            if (told.Code() != code || !scene.view) {
+        scene.parent.SetHook([&scene, how, code](const Notification& sent) {
+            if (sent.Code() != code || !scene.view) {
                 return 0;
             }
             if (how == 0) {
@@ -60,7 +60,7 @@ TYPED_TEST(DayGrid, HostsMayEndItInAnyNotification)
     }
 }
 
-TEST(YearView, HostsMayEndItWhenToldOfTheComboBox)
+TEST(YearView, HostsMayEndItWhenTheComboBoxChanges)
 {
     CComboBox combo;
     TryHosts<CYearViewCtrl>(CCN_COMBOSELCHANGE, [&combo](Year& scene) {
@@ -70,7 +70,7 @@ TEST(YearView, HostsMayEndItWhenToldOfTheComboBox)
 }
 
 // Nothing is shown where there is no date, and nothing falls over.
-TYPED_TEST(DayGrid, BearsTinySizesAndTheEndsOfTime)
+TYPED_TEST(DayGrid, SurvivesTinySizesAndTheFirstAndLastDates)
 {
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);

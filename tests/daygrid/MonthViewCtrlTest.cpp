@@ -1,4 +1,4 @@
-// The month view as a window: dates, scrolling, keyboard moves, hit test, and what its parent hears of it.
+// The month view as a window: dates, scrolling, keyboard moves, hit test, and the notifications to its parent.
 #include "DayGridScene.h"
 
 using namespace testsupport;
@@ -106,7 +106,7 @@ TEST(MonthView, KeysMoveTheSelectionAndScrollAtTheEdge)
     EXPECT_EQ(Text(scene.view->GetCurrentDate()), "2026-04-15") << "scrolled there and back, without the selection";
 }
 
-TEST(MonthView, HitTestTellsDateItemAndCode)
+TEST(MonthView, HitTestFindsDateItemAndCode)
 {
     Month scene(Day(4, 15));
     scene.Add(Day(4, 15), Day(4, 15), 5); // cell (300, 246): lanes at 262, 282, 302, 322; the fifth is hidden
