@@ -1,4 +1,4 @@
-// The dates of the views' boxes against a calendar that is walked day by day, and their scroll bars.
+// The dates of the views' boxes against the rules taken literally, and their scroll bars.
 #include "DayGridTesting.h"
 
 #include "views/daygrid/BoxRange.h"
@@ -13,66 +13,27 @@ namespace {
 
 const RangeKind kKinds[] = {RangeKind::Month, RangeKind::Week, RangeKind::Year};
 
-// A day that may lie beyond the valid years.
-struct WalkedDay
-{
-    int year, month, day;
-    int dayOfWeek; // 1 Sunday .. 7 Saturday
-
-    int DaysInMonth() const
-    {
-        const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-        return month == 2 ? (isLeap ? 29 : 28) : month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
-    }
-    void StepBack()
-    {
-        dayOfWeek = dayOfWeek == 1 ? 7 : dayOfWeek - 1;
-        if (--day == 0) {
-            year -= month == 1;
-            month = month == 1 ? 12 : month - 1;
-            day = DaysInMonth();
-        }
-    }
-    void Step()
-    {
-        dayOfWeek = dayOfWeek == 7 ? 1 : dayOfWeek + 1;
-        if (++day > DaysInMonth()) {
-            day = 1;
-            month = month == 12 ? 1 : month + 1;
-            year += month == 1;
-        }
-    }
-    COleDateTime At(int hour, int minute, int second) const
-    {
-        return COleDateTime(year, month, day, hour, minute, second); // invalid outside the years 100 to 9999
-    }
-};
-
-struct WalkedBox
+struct LiteralBox
 {
     COleDateTime first, last;
 };
 
-std::vector<WalkedBox> WalkBoxes(RangeKind kind, const COleDateTime& date, int firstDayOfWeek)
+std::vector<LiteralBox> LiteralBoxes(RangeKind kind, const COleDateTime& date, int firstDayOfWeek)
 {
-    WalkedDay day = {date.GetYear(), date.GetMonth(), date.GetDay(), date.GetDayOfWeek()};
-    if (kind == RangeKind::Year) {
-        day.month = 1;
-    }
-    while (kind != RangeKind::Week && day.day != 1) {
-        day.StepBack();
-    }
-    while (kind != RangeKind::Year && day.dayOfWeek != firstDayOfWeek) {
-        day.StepBack();
-    }
-    std::vector<WalkedBox> boxes;
-    for (int i = 0; i < BoxRange(kind).Count(); ++i) {
-        boxes.push_back({day.At(0, 0, 0), {}});
-        while (kind == RangeKind::Year && day.day != day.DaysInMonth()) {
-            day.Step();
+    std::vector<LiteralBox> boxes(BoxRange(kind).Count());
+    const COleDateTime start =
+        kind == RangeKind::Month ? Day(date.GetYear(), date.GetMonth(), 1) : StartOfDay(date); // in the first row
+    const int daysBefore = (start.GetDayOfWeek() - firstDayOfWeek + 7) % 7;
+    for (int i = 0; i < static_cast<int>(boxes.size()); ++i) {
+        COleDateTime last = AddDays(start, i - daysBefore);
+        boxes[i].first = last;
+        if (kind == RangeKind::Year) {
+            boxes[i].first = last = Day(date.GetYear(), i + 1, 1);
+            while (AddDays(last, 1).GetMonth() == i + 1) {
+                last = AddDays(last, 1);
+            }
         }
-        boxes.back().last = day.At(23, 59, 59);
-        day.Step();
+        boxes[i].last = EndOfDay(last);
     }
     return boxes;
 }
@@ -109,13 +70,13 @@ BoxRange After(const BoxRange& range, int boxes)
 
 } // namespace
 
-TEST(BoxRange, HoldsTheDatesThatAWalkThroughTheCalendarFinds)
+TEST(BoxRange, HoldsTheDatesOfTheLiteralRule)
 {
     for (RangeKind kind : kKinds) {
         for (const COleDateTime& date : Dates()) {
             for (int firstDayOfWeek = 1; firstDayOfWeek <= 7; ++firstDayOfWeek) {
                 const BoxRange range(kind, date, firstDayOfWeek);
-                const std::vector<WalkedBox> boxes = WalkBoxes(kind, date, firstDayOfWeek);
+                const std::vector<LiteralBox> boxes = LiteralBoxes(kind, date, firstDayOfWeek);
                 ASSERT_TRUE(range.Holds(date)) << Text(date);
                 for (int i = 0; i < range.Count(); ++i) {
                     ASSERT_EQ(Text(range.DateOfBox(i)), Text(boxes[i].first)) << Text(date) << " box " << i;

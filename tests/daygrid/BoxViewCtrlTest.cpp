@@ -5,6 +5,24 @@ using namespace testsupport;
 
 namespace {
 constexpr COLORREF kWeekBandLine = 0x39964A; // below the title band
+
+// Gives its first box the room of the second one too, and hides the marks of all.
+class MergedWeek : public CWeekViewCtrl
+{
+protected:
+    void CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect& rcUnused, CRect& rcHeader,
+                    CRect& rcCalendar) override
+    {
+        CWeekViewCtrl::CalcLayout(rcClient, rcCaption, rcUnused, rcHeader, rcCalendar);
+        m_rcDay[0].right = m_rcDay[1].right;
+        m_rcDay[1].SetRectEmpty();
+    }
+    void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override
+    {
+        CWeekViewCtrl::CalcItemRect(rcCalendar, screenItems);
+        m_bMore[0] = 0;
+    }
+};
 } // namespace
 
 TEST(WeekView, ShowsEightDaysFromTheFirstDayOfTheWeek)
@@ -233,6 +251,16 @@ TEST(BoxViews, PaintBarsFramesAndMarks)
     EXPECT_GT(year.picture.CountOther(mark, kWhite), 60);
     EXPECT_GT(year.picture.Count(year.view->GetMonthRect(3), kTodayOutline), 100) << "today's month";
     EXPECT_GT(year.picture.Count(year.view->GetMonthRect(7), kSelectedOutline), 100);
+}
+
+TEST(BoxViews, DerivedViewsMayChangeBoxesAndMarks)
+{
+    Scene<MergedWeek> scene(Day(4, 23)); // from the 19th on
+    scene.Add(Day(4, 19), Day(4, 19), 14);
+    EXPECT_EQ(Text(scene.view->GetScreenItems()[0].rcItem), "(2, 57, 350, 79)");
+    EXPECT_EQ(scene.HitAt(340, 60), "2026-04-19 hit=2 item=0");
+    EXPECT_FALSE(scene.view->IsMore(0));
+    EXPECT_FALSE(scene.view->HasMoreMark(0));
 }
 
 TEST(BoxViews, TextsOfNarrowStripsAreWholeOrLeftOut)
