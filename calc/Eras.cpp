@@ -115,7 +115,7 @@ private:
         if (character >= '0' && character <= '9') {
             return static_cast<int>(character - '0');
         }
-        const auto found = std::find(std::begin(kChineseDigits), std::end(kChineseDigits), character);
+        const auto* const found = std::find(std::begin(kChineseDigits), std::end(kChineseDigits), character);
         return found == std::end(kChineseDigits) ? -1 : static_cast<int>(found - std::begin(kChineseDigits));
     }
 

@@ -30,7 +30,8 @@ bool IsUtf8(std::string_view bytes)
 std::string_view Trimmed(std::string_view text)
 {
     const size_t first = text.find_first_not_of(kBlanks);
-    return first == text.npos ? std::string_view() : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 std::string_view WithoutQuotes(std::string_view field)
@@ -81,9 +82,9 @@ bool ReadLine(const std::string& line, ListedHoliday& holiday, CsvFault& fault)
 {
     const std::string_view text = line;
     const size_t comma = text.find(',');
-    const size_t nextComma = comma == text.npos ? text.npos : text.find(',', comma + 1);
-    const std::string_view rest = nextComma == text.npos ? std::string_view() : text.substr(nextComma);
-    if (comma == text.npos || rest.find_first_not_of(", \t\r") != rest.npos) {
+    const size_t nextComma = comma == std::string_view::npos ? std::string_view::npos : text.find(',', comma + 1);
+    const std::string_view rest = nextComma == std::string_view::npos ? std::string_view() : text.substr(nextComma);
+    if (comma == std::string_view::npos || rest.find_first_not_of(", \t\r") != std::string_view::npos) {
         fault = CsvFault::Fields;
         return false;
     }
@@ -137,7 +138,7 @@ HolidayList ReadHolidayCsv(std::string_view bytes)
         const std::string_view raw = Trimmed(bytes.substr(0, length));
         bytes.remove_prefix(std::min(length + 1, bytes.size()));
         const size_t firstCharacter = raw.find_first_not_of('"');
-        const bool isHeader = line == 1 && firstCharacter != raw.npos && !IsDigit(raw[firstCharacter]);
+        const bool isHeader = line == 1 && firstCharacter != std::string_view::npos && !IsDigit(raw[firstCharacter]);
         if (raw.empty() || isHeader) {
             continue;
         }

@@ -138,8 +138,8 @@ std::vector<ZoneRulerRow> CalcZoneRuler(const CivilDate& day, int rowMinutes, co
     const ClockSeconds midnight = (SerialDayOf(day) - kEpoch) * kSecondsPerDay;
     const std::vector<ZoneClock::Change> changes = own.ChangesWithin(midnight, midnight + kSecondsPerDay);
     for (int minute = 0; minute < kMinutesPerDay; minute += rowMinutes) {
-        const ClockSeconds begin = midnight + minute * kSecondsPerMinute;
-        const ClockSeconds end = begin + rowMinutes * kSecondsPerMinute;
+        const ClockSeconds begin = midnight + ClockSeconds{minute} * kSecondsPerMinute;
+        const ClockSeconds end = begin + ClockSeconds{rowMinutes} * kSecondsPerMinute;
         ZoneRulerRow row;
         row.begin = minute;
         for (const ZoneClock::Change& change : changes) {
