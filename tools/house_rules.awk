@@ -57,13 +57,13 @@ code ~ /^[ ]*(\} )?else$/ { complain("a body without braces") }
 # The calls and macros of a test compare with nullptr to say so in their message.
 code ~ /[!=]= nullptr/ && code ~ /(if|while) \(/ && FILENAME !~ /^tests\// { complain("a comparison with nullptr: test the pointer itself") }
 
-isHeader && code ~ /^using namespace/ { complain("using namespace in a header") }
+isHeader && isLibrary && code ~ /^using namespace/ { complain("using namespace in a library header") }
 # Constants of a namespace begin with k, so that a name says what it is.
 code ~ /^(static |inline )?constexpr [^(]*[ *&][A-Za-z_][A-Za-z0-9_]*(\[[^\]]*\])*( =|;|\{)/ {
     name = code
     sub(/( =|;|\{|\[).*/, "", name)
     sub(/.*[ *&]/, "", name)
-    if (name !~ /^k[A-Z]/ && name !~ /^YMN_/) { # messages keep the upper case that hosts expect
+    if (name !~ /^k[A-Z]/ && name !~ /^(YMN|WM)_/) { # messages keep the upper case that hosts expect
         complain("a constant without k: " name)
     }
 }

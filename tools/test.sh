@@ -28,6 +28,7 @@ command_test() {
     done
     [ "${#presets[@]}" -gt 0 ] || presets=("${default_test_presets[@]}")
     # All that is missing is asked for at once, before any work.
+    [ -n "$only" ] || need_packages "${native_packages[@]}" "${lint_packages[@]}"
     if [[ " ${presets[*]} " == *" win"* ]]; then
         need_wine
     else
@@ -38,13 +39,19 @@ command_test() {
     at_exit "rm -f '$results'"
 
     if [ -z "$only" ]; then
-        step "Testing the reading of test results"
+        step "Testing the reading of test results and the format of the sources"
         run_plain_program "dev results" bash "$ROOT/tests/dev/results_test.sh"
+        run_plain_program "dev format" bash "$ROOT/dev" format --check
     fi
     local windows_presets=()
     for preset in "${presets[@]}"; do
         case $preset in
-            native*) test_natively "$preset" "$only" ;;
+            native*)
+                test_natively "$preset" "$only"
+                if [ "$preset" = native ] && [ -z "$only" ]; then
+                    run_plain_program "dev lint" bash "$ROOT/dev" lint
+                fi
+                ;;
             *) windows_presets+=("$preset") ;;
         esac
     done
