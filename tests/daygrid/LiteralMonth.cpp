@@ -62,7 +62,7 @@ void MakePieces(const ItemArray& items, const COleDateTime& viewStart, ItemArray
     MakePieces(items, rows, pieces);
 }
 
-void Place(const DayInfoArray& dates, const MonthCellArray& cells, int firstDayOfWeek, ItemArray& items)
+void Place(const BoxDayArray& dates, const MonthCellArray& cells, int firstDayOfWeek, ItemArray& items)
 {
     const BarMetrics& metrics = kMonthMetrics.bars.metrics;
     for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
@@ -110,7 +110,7 @@ void Stack(ItemArray& items, int laneStep, Range (*rangeOf)(const tagCALENDAR_IT
     }
 }
 
-void Overflow(const DayInfoArray& dates, MonthCellArray& cells, ItemArray& items)
+void Overflow(const BoxDayArray& dates, MonthCellArray& cells, ItemArray& items)
 {
     for (int cell = 0; cell < kMonthCells; ++cell) {
         cells[cell].m_nItemCount = cells[cell].m_bMore = 0;

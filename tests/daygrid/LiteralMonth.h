@@ -26,12 +26,12 @@ void MakePieces(const dayvane::ItemArray& items, const std::vector<Range>& rows,
 // The rows of a month that starts there.
 void MakePieces(const dayvane::ItemArray& items, const COleDateTime& viewStart, dayvane::ItemArray& pieces);
 
-void Place(const dayvane::DayInfoArray& dates, const dayvane::MonthCellArray& cells, int firstDayOfWeek,
+void Place(const dayvane::BoxDayArray& dates, const dayvane::MonthCellArray& cells, int firstDayOfWeek,
            dayvane::ItemArray& items);
 void Stack(dayvane::ItemArray& items, int laneStep, Range (*rangeOf)(const dayvane::tagCALENDAR_ITEM&) = DaysOf);
-void Overflow(const dayvane::DayInfoArray& dates, dayvane::MonthCellArray& cells, dayvane::ItemArray& items);
+void Overflow(const dayvane::BoxDayArray& dates, dayvane::MonthCellArray& cells, dayvane::ItemArray& items);
 
-inline void CalcMonthBars(const dayvane::DayInfoArray& dates, dayvane::MonthCellArray& cells, int firstDayOfWeek,
+inline void CalcMonthBars(const dayvane::BoxDayArray& dates, dayvane::MonthCellArray& cells, int firstDayOfWeek,
                           dayvane::ItemArray& items)
 {
     Place(dates, cells, firstDayOfWeek, items);

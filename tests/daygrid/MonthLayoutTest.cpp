@@ -27,14 +27,14 @@ struct Grid
     MonthCellArray cells;
 };
 
-DayInfoArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
+BoxDayArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
 {
-    DayInfoArray dates;
+    BoxDayArray dates;
     FillDays(BoxRange(RangeKind::Month, date, firstDayOfWeek), date, Day(2026, 3, 2), dates);
     return dates;
 }
 
-int CellOfDate(const DayInfoArray& dates, const COleDateTime& date)
+int CellOfDate(const BoxDayArray& dates, const COleDateTime& date)
 {
     return RangeOf(dates).BoxOf(date);
 }
@@ -86,7 +86,7 @@ TEST(MonthLayout, BandsLieBelowEachOther)
 
 TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
 {
-    DayInfoArray dates = DatesAround(Day(2026, 3, 17));
+    BoxDayArray dates = DatesAround(Day(2026, 3, 17));
     ASSERT_EQ(dates.GetSize(), kMonthCells);
     EXPECT_EQ(CellOfDate(dates, Day(2026, 3, 1)), 0) << "a 1st on the first day of the week begins the grid";
     EXPECT_EQ(CellOfDate(dates, COleDateTime(2026, 4, 11, 23, 59, 59)), 41);
@@ -94,7 +94,7 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     EXPECT_EQ(dates[0].m_nFlags, 1u);
     EXPECT_EQ(dates[1].m_nFlags, 3u) << "today";
     EXPECT_EQ(dates[31].m_nFlags, 0u) << "1 April";
-    const DayInfo& equinox = dates[19];
+    const BoxDay& equinox = dates[19];
     EXPECT_EQ(equinox.m_bHoliday, 1);
     EXPECT_EQ(equinox.m_nHolidayType, 0);
     EXPECT_STREQ(equinox.m_strHoliday, "春分の日");
@@ -114,7 +114,7 @@ TEST(MonthDates, EndWhereDatesEnd)
 {
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
-    const DayInfoArray early = DatesAround(Day(100, 1, 20));
+    const BoxDayArray early = DatesAround(Day(100, 1, 20));
     EXPECT_EQ(Text(early[0].m_date), "none");
     EXPECT_EQ(early[0].m_nFlags, 0u);
     EXPECT_EQ(CellOfDate(early, Day(100, 1, 1)), Day(100, 1, 1).GetDayOfWeek() - 1) << "read back from a later cell";
@@ -124,7 +124,7 @@ TEST(MonthDates, EndWhereDatesEnd)
 TEST(MonthLook, ColoursFollowTheKindOfDay)
 {
     const DayColorTable table = ColorTable();
-    const DayInfoArray dates = DatesAround(Day(2017, 4, 10)); // 26 March .. 6 May
+    const BoxDayArray dates = DatesAround(Day(2017, 4, 10)); // 26 March .. 6 May
     struct Case
     {
         const char* name;
@@ -166,8 +166,8 @@ TEST(MonthLook, ColoursFollowTheKindOfDay)
 TEST(MonthLook, TextsOfADay)
 {
     const DayColorTable table = ColorTable();
-    DayInfoArray dates = DatesAround(Day(2026, 5, 10));            // from 26 April on
-    DayInfo& children = dates[CellOfDate(dates, Day(2026, 5, 5))]; // a holiday and a solar term
+    BoxDayArray dates = DatesAround(Day(2026, 5, 10));            // from 26 April on
+    BoxDay& children = dates[CellOfDate(dates, Day(2026, 5, 5))]; // a holiday and a solar term
     struct Case
     {
         bool holiday, term;
@@ -210,7 +210,7 @@ TEST(MonthLook, TextsOfABar)
 TEST(MonthBlocks, FillTheCellOfTheStart)
 {
     Grid grid(CRect(0, 0, 704, 647));
-    const DayInfoArray dates = DatesAround(Day(2026, 3, 17));
+    const BoxDayArray dates = DatesAround(Day(2026, 3, 17));
     struct Case
     {
         COleDateTime start, end;

@@ -85,6 +85,6 @@ public:
 
     dayvane::BoxRange range{dayvane::RangeKind::Month};
     dayvane::MonthCellArray cells;
-    dayvane::DayInfoArray dates;
+    dayvane::BoxDayArray dates;
     int firstDayOfWeek = 1;
 };

@@ -92,7 +92,7 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     m_dc.DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
 }
 
-void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& days) const
+void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const
 {
     DrawHeaderBand(&m_dc, band, kHeaderBand);
     const SelectGdi selectFont(&m_dc, &m_parts.fonts.weekday);

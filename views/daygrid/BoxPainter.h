@@ -57,7 +57,7 @@ public:
 
     void DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
                      const LOGFONT& itemFont) const;
-    void DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const DayInfoArray& days) const;
+    void DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const;
 
     // The border of the calendar, and lines between the boxes at their left edges and tops.
     void DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const;

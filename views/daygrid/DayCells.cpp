@@ -7,9 +7,9 @@
 namespace dayvane {
 namespace {
 
-DayInfo InfoOf(const COleDateTime& date, int currentMonth, const CivilDate& today)
+BoxDay InfoOf(const COleDateTime& date, int currentMonth, const CivilDate& today)
 {
-    DayInfo info;
+    BoxDay info;
     info.m_date = date;
     const CivilDate fields = CivilDateOf(date);
     if (!IsValid(date)) {
@@ -36,7 +36,7 @@ DayInfo InfoOf(const COleDateTime& date, int currentMonth, const CivilDate& toda
 
 } // namespace
 
-void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, DayInfoArray& days)
+void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, BoxDayArray& days)
 {
     const int currentMonth = CivilDateOf(current).month;
     const CivilDate todayFields = CivilDateOf(today);
@@ -47,7 +47,7 @@ void FillDays(const BoxRange& range, const COleDateTime& current, const COleDate
     }
 }
 
-BoxRange RangeOf(const DayInfoArray& days)
+BoxRange RangeOf(const BoxDayArray& days)
 {
     for (int i = 0; i < static_cast<int>(days.GetSize()); ++i) {
         if (IsValid(days[i].m_date)) {
@@ -57,7 +57,7 @@ BoxRange RangeOf(const DayInfoArray& days)
     return BoxRange(RangeKind::Month);
 }
 
-void ClearDayProperties(DayInfoArray& days)
+void ClearDayProperties(BoxDayArray& days)
 {
     for (int i = 0; i < static_cast<int>(days.GetSize()); ++i) {
         tagCALENDAR_DAY_PROPERTY& property = days[i].m_dayProperty;

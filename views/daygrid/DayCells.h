@@ -25,10 +25,10 @@ enum DayFlags : unsigned
 };
 
 // What is known about a day.
-class DayInfo
+class BoxDay
 {
 public:
-    virtual ~DayInfo() {}
+    virtual ~BoxDay() {}
 
     COleDateTime m_date;    // 00:00; invalid beyond the years 100 to 9999
     unsigned m_nFlags = 0;  // DayFlags
@@ -41,16 +41,16 @@ public:
 };
 
 using MonthCellArray = CArray<MonthCell, const MonthCell&>;
-using DayInfoArray = CArray<DayInfo, const DayInfo&>;
+using BoxDayArray = CArray<BoxDay, const BoxDay&>;
 
 // The days of the range with their annotations; properties are empty. Flags are set against the month (of any year) of
 // `current` and against `today`.
-void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, DayInfoArray& days);
+void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, BoxDayArray& days);
 
 // The month view's range, as its days stand.
-BoxRange RangeOf(const DayInfoArray& days);
+BoxRange RangeOf(const BoxDayArray& days);
 
 // Texts and numbers of all days' properties.
-void ClearDayProperties(DayInfoArray& days);
+void ClearDayProperties(BoxDayArray& days);
 
 } // namespace dayvane

@@ -8,7 +8,7 @@ namespace {
 constexpr int kYearsPerCentury = 100;
 constexpr int kModeBothTimes = 8; // item display mode
 
-const tagCALENDAR_DAY_COLOR& RowOf(const DayInfo& info, int dayColor, const DayColorTable& colors)
+const tagCALENDAR_DAY_COLOR& RowOf(const BoxDay& info, int dayColor, const DayColorTable& colors)
 {
     if (dayColor != 0) {
         return colors[dayColor - 1];
@@ -21,7 +21,7 @@ const tagCALENDAR_DAY_COLOR& RowOf(const DayInfo& info, int dayColor, const DayC
     return colors[dayOfWeek == kSunday || isDayOff ? DAYROW_HOLIDAY : DAYROW_ORDINARY];
 }
 
-COLORREF TextColorOf(const DayInfo& info, int dayColor, const DayLookInput& input)
+COLORREF TextColorOf(const BoxDay& info, int dayColor, const DayLookInput& input)
 {
     if (dayColor == 0 && input.dimOtherMonths && !(info.m_nFlags & DAY_IN_MONTH)) {
         return input.colors[DAYROW_ORDINARY].crColor[DAYCOLOR_OTHERMONTH];
@@ -37,7 +37,7 @@ void AppendWord(CString& text, const CString& word)
     text += word;
 }
 
-CString SolarTermOf(const DayInfo& info)
+CString SolarTermOf(const BoxDay& info)
 {
     return info.m_strText.Mid(info.m_strHoliday.GetLength() + 1);
 }
@@ -51,7 +51,7 @@ CString TimeText(const COleDateTime& time)
 
 } // namespace
 
-DayLook CalcDayLook(const DayInfo& info, bool firstOfGrid, int dayColor, const DayLookInput& input)
+DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int dayColor, const DayLookInput& input)
 {
     DayLook look;
     look.background = RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_BACKGROUND];

@@ -47,7 +47,7 @@ struct DayLook
 
 // dayColor: the control's GetDayColor for the day, 0 none. A row that the table does not have throws
 // CInvalidArgException.
-DayLook CalcDayLook(const DayInfo& info, bool firstOfGrid, int dayColor, const DayLookInput& input);
+DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int dayColor, const DayLookInput& input);
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.
 CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode);

@@ -73,13 +73,13 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 
 // ---- Items
 
-void CalcMonthBars(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items)
+void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items)
 {
     const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     StoreLoads(LayOutBars(BoxGridOf(cells), kMonthMetrics.bars, spans, items), cells);
 }
 
-void CalcMonthBlocks(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items)
+void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items)
 {
     const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it

@@ -41,11 +41,11 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 // ---- Items
 
 // Rectangles and hidden flags of the items as bars; marks and counts of the cells start afresh.
-void CalcMonthBars(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items);
+void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items);
 
 // Rectangles of the items as blocks that fill the cell of their start, for the variant of the view: nothing is stacked
 // and nothing hidden. Counts start afresh, marks are cleared.
-void CalcMonthBlocks(const DayInfoArray& days, MonthCellArray& cells, ItemArray& items);
+void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items);
 
 void ClearLoads(MonthCellArray& cells);
 

@@ -23,7 +23,7 @@ class CMonthViewCtrl : public CDayGridCtrl
 
 public:
     typedef dayvane::MonthCell CCell;
-    typedef dayvane::DayInfo CCellDate;
+    typedef dayvane::BoxDay CCellDate;
 
     // Built around today. Registers the window class; throws CResourceException when that fails.
     CMonthViewCtrl();

@@ -53,9 +53,9 @@ protected:
 
     // Of the eight boxes.
     CRect* const m_rcDay;
-    CRect* const m_rcDayCaption;       // the strips on top
-    int* const m_bMore;                // 1: an item did not fit
-    dayvane::DayInfoArray m_arDayDate; // 8
+    CRect* const m_rcDayCaption;      // the strips on top
+    int* const m_bMore;               // 1: an item did not fit
+    dayvane::BoxDayArray m_arDayDate; // 8
 
 private:
     dayvane::DayLook LookOf(int nDay);
