@@ -11,8 +11,6 @@ namespace {
 struct BoxPaintMetrics
 {
     int captionInset = 5;
-    int frameInset = 1;  // from the box to the frame of a marked day
-    int frameLines = 3;  // a frame's inset, its outline and its bottom line: the rest of the strip is shaded
     int numberRight = 5; // from the day number to the box's right edge
     int numberTop = 1;
     int annotationTop = 3; // from the box's top
@@ -25,22 +23,7 @@ struct BoxPaintMetrics
 };
 constexpr BoxPaintMetrics kPaint;
 
-// The shaded part of a frame's strip: the upper gradient has 5 of 14 parts.
-constexpr int kUpperShare = 5;
-constexpr int kStripShares = 14;
-
-// Pixels.
-struct BarPaintMetrics
-{
-    int inset = 1;        // from the item's rectangle to the drawn bar
-    int contentInset = 2; // from there to marks and text
-    int stripeWidth = 3;  // shaded, where the item begins
-    int selectionWidth = 2;
-    int arrowHeight = 7; // odd
-    int arrowGap = 2;    // between an arrow and the text
-};
-constexpr BarPaintMetrics kBar;
-
+constexpr int kSelectionWidth = 2;       // of the frame of the current bar, pixels
 constexpr COLORREF kUnfilled = 0xFFFFFF; // a background of this colour is not painted
 constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
 
@@ -135,28 +118,22 @@ void BoxPainter::DrawBackground(const CRect& box, COLORREF color) const
     }
 }
 
-void BoxPainter::DrawDayFrame(const CRect& box, const DayFrameColors& colors, int stripHeight) const
+void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& colors) const
 {
-    CRect frame = box;
-    frame.DeflateRect(kPaint.frameInset, kPaint.frameInset);
+    const CRect& frame = parts.frame;
     if (frame.IsRectEmpty()) {
         return;
     }
-    const int shaded = stripHeight - kPaint.frameLines;
-    const int upperHeight = shaded * kUpperShare / kStripShares;
-    CRect upper(frame.left + 1, frame.top + 1, frame.right, frame.top + 1 + upperHeight);
-    CRect lower(upper.left, upper.bottom, upper.right, upper.top + shaded);
-    const int lineY = lower.bottom;
-    if (upper.IntersectRect(&upper, &frame)) {
-        DrawGradient(&m_dc, upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
+    if (!parts.upper.IsRectEmpty()) {
+        DrawGradient(&m_dc, parts.upper, colors.upperFrom, colors.upperTo, FALSE, TRUE);
     }
-    if (lower.IntersectRect(&lower, &frame)) {
-        DrawGradient(&m_dc, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
+    if (!parts.lower.IsRectEmpty()) {
+        DrawGradient(&m_dc, parts.lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
     }
-    if (lineY < frame.bottom) {
+    if (parts.bottomLine < frame.bottom) {
         const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.bottomLineWidth, colors.bottomLine));
-        m_dc.MoveTo(frame.left, lineY);
-        m_dc.LineTo(frame.right, lineY);
+        m_dc.MoveTo(frame.left, parts.bottomLine);
+        m_dc.LineTo(frame.right, parts.bottomLine);
     }
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.outlineWidth, colors.outline));
     m_dc.MoveTo(frame.left, frame.top);
@@ -237,35 +214,25 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
 
 // ---- Bars
 
-CRect BoxPainter::DrawBar(const tagCALENDAR_ITEM& item) const
+void BoxPainter::DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) const
 {
-    CRect bar = item.rcItem;
-    bar.DeflateRect(kBar.inset, kBar.inset);
-    if (bar.IsRectEmpty()) {
-        return CRect(0, 0, 0, 0);
+    if (parts.bar.IsRectEmpty()) {
+        return;
     }
     if (item.crColor2 != kUnfilled) {
-        m_parts.pens.Fill(&m_dc, bar, item.crColor2);
+        m_parts.pens.Fill(&m_dc, parts.bar, item.crColor2);
     }
-    CRect content = bar;
-    content.DeflateRect(kBar.contentInset, kBar.contentInset);
-    if (!BeganEarlier(item) && content.Width() > kBar.stripeWidth) {
-        const int stripeLeft = bar.left + 1;
-        const CRect stripe(stripeLeft, bar.top + 1, stripeLeft + kBar.stripeWidth, bar.bottom - 1);
-        m_parts.pens.Fill(&m_dc, stripe, item.crColor3);
-        content.left += kBar.stripeWidth;
+    if (!parts.stripe.IsRectEmpty()) {
+        m_parts.pens.Fill(&m_dc, parts.stripe, item.crColor3);
     }
-    DrawOutline(bar, item.crColor4);
-    const int arrowWidth = kBar.arrowHeight / 2 + 1;
-    if (BeganEarlier(item) && content.Width() > arrowWidth) {
-        DrawArrow(content.left, content.CenterPoint().y, 1);
-        content.left += arrowWidth + kBar.arrowGap;
+    DrawOutline(parts.bar, item.crColor4);
+    const int middle = parts.bar.CenterPoint().y;
+    if (parts.arrowBefore != kNoArrow) {
+        DrawArrow(parts.arrowBefore, middle, 1);
     }
-    if (GoesOn(item) && content.Width() > arrowWidth) {
-        DrawArrow(content.right - 1, content.CenterPoint().y, -1);
-        content.right -= arrowWidth + kBar.arrowGap;
+    if (parts.arrowAfter != kNoArrow) {
+        DrawArrow(parts.arrowAfter, middle, -1);
     }
-    return content;
 }
 
 void BoxPainter::DrawBarText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered) const
@@ -274,11 +241,9 @@ void BoxPainter::DrawBarText(CFont* pSelectedFont, const CString& text, const CR
                        (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
-void BoxPainter::DrawBarSelection(const tagCALENDAR_ITEM& item) const
+void BoxPainter::DrawBarSelection(const CRect& frame) const
 {
-    CRect frame = item.rcItem;
-    frame.DeflateRect(kBar.inset, kBar.inset);
-    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kBar.selectionWidth, m_colors.highlight));
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kSelectionWidth, m_colors.highlight));
     m_dc.MoveTo(frame.left, frame.top);
     m_dc.LineTo(frame.right, frame.top);
     m_dc.LineTo(frame.right, frame.bottom);
@@ -301,7 +266,7 @@ void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
 void BoxPainter::DrawArrow(int tip, int middle, int direction) const
 {
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, kArrow));
-    for (int column = 0; column <= kBar.arrowHeight / 2; ++column) {
+    for (int column = 0; column <= kArrowHeight / 2; ++column) {
         const int x = tip + direction * column;
         m_dc.MoveTo(x, middle - column);
         m_dc.LineTo(x, middle + column + 1);

@@ -4,6 +4,7 @@
 
 #include "../../core/CalendarSettings.h"
 #include "../../core/DrawingHelpers.h"
+#include "BoxParts.h"
 #include "DayGridParts.h"
 #include "DayLook.h"
 
@@ -62,19 +63,16 @@ public:
     // The border of the calendar, and lines between the boxes at their left edges and tops.
     void DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const;
     void DrawBackground(const CRect& box, COLORREF color) const;
-    // The strips of the frame, the outline and the bottom line fill the top of the box.
-    void DrawDayFrame(const CRect& box, const DayFrameColors& colors, int stripHeight) const;
+    void DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& colors) const;
     // A number that is too wide loses its month; what follows it is left out where it does not fit.
     void DrawStripTexts(const CRect& strip, const StripTexts& texts) const;
     // Day number at the right, annotation to the left of it. A number that is too wide loses its year, then its month.
     void DrawDayTexts(const CRect& box, const DayLook& look) const;
 
-    // Background, shaded stripe and outline of a bar; arrows where the item goes on beyond its piece. Returns what is
-    // left for marks and text.
-    CRect DrawBar(const tagCALENDAR_ITEM& item) const;
+    void DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) const;
     // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
     void DrawBarText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered) const;
-    void DrawBarSelection(const tagCALENDAR_ITEM& item) const; // a frame along the edges of the bar
+    void DrawBarSelection(const CRect& frame) const; // along its edges, the right and bottom ones too
     // One pixel wide, along the inner edges of the rectangle.
     void DrawOutline(const CRect& rect, COLORREF color) const;
 

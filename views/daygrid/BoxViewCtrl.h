@@ -97,7 +97,6 @@ private:
     dayvane::BoxRange RangeAfter(int nBoxes) const; // the range that is so many boxes away
     void ShowRange(const dayvane::BoxRange& range);
     void ScrollTo(const dayvane::BoxRange& range);
-    CRect PaintRectOf(int nBox) const;
     void DrawFrame(CDC* pDC, const CRect& rect, const dayvane::DayFrameColors& colors);
 
     CRect m_rcUnused = CRect(0, 0, 0, 0);

@@ -6,8 +6,6 @@
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/BoxViewState.h"
 
-#include <algorithm>
-
 using namespace dayvane;
 
 void CBoxViewCtrl::DrawCtrl(CDC* pDC)
@@ -24,21 +22,12 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
     }
 }
 
-// Where the box may be painted: the last pixels of the calendar are its border.
-CRect CBoxViewCtrl::PaintRectOf(int nBox) const
-{
-    CRect rect = GetBox(nBox);
-    rect.right = std::min(rect.right, m_rcContent.right - 1);
-    rect.bottom = std::min(rect.bottom, m_rcContent.bottom - 1);
-    return rect;
-}
-
 void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 {
     DrawBoxLines(pDC, rcCalendar, m_state->kind.metrics.columns);
     const BoxPainter painter = PainterOn(pDC);
     for (int i = 0; i < GetBoxCount(); ++i) {
-        const CRect box = PaintRectOf(i);
+        const CRect box = PaintedPart(GetBox(i), m_rcContent);
         if (!painter.IsVisible(box)) {
             continue;
         }
@@ -70,5 +59,5 @@ void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
-    PainterOn(pDC).DrawDayFrame(rect, colors, m_state->kind.metrics.stripHeight);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, m_state->kind.metrics.stripHeight), colors);
 }

@@ -273,7 +273,9 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 
 void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
 {
-    CRect content = painter.DrawBar(item);
+    const BarParts parts = PartsOfBar(item);
+    painter.DrawBar(item, parts);
+    CRect content = parts.content;
     if (const int marks = DrawItemMarks(pDC, item, content, TRUE, kMarkGap, TRUE)) {
         content.left += marks + kTextGap;
     }
@@ -286,7 +288,7 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDA
         painter.DrawBarText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
     if (item.nSource == m_nCurSel) {
-        painter.DrawBarSelection(item);
+        painter.DrawBarSelection(parts.bar);
     }
 }
 

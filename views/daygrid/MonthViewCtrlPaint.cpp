@@ -92,10 +92,10 @@ void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(rect, kTodayFrame, kMonthMetrics.stripHeight);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), kTodayFrame);
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(rect, kSelectedDayFrame, kMonthMetrics.stripHeight);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), kSelectedDayFrame);
 }

@@ -1,0 +1,70 @@
+#include "views/daygrid/BoxParts.h"
+
+#include <algorithm>
+
+namespace dayvane {
+namespace {
+
+// Pixels.
+constexpr int kFrameInset = 1;   // from the box to the frame of a marked day
+constexpr int kFrameLines = 3;   // a frame's inset, its outline and its bottom line: the rest of the strip is shaded
+constexpr int kBarInset = 1;     // from the item's rectangle to the bar
+constexpr int kContentInset = 2; // from there to marks and text
+constexpr int kStripeWidth = 3;
+constexpr int kArrowWidth = kArrowHeight / 2 + 1;
+constexpr int kArrowGap = 2; // between an arrow and the text
+
+// The upper strip of a frame has 5 of 14 parts.
+constexpr int kUpperShare = 5;
+constexpr int kStripShares = 14;
+
+} // namespace
+
+CRect PaintedPart(const CRect& box, const CRect& calendar)
+{
+    return CRect(box.left, box.top, std::min(box.right, calendar.right - 1), std::min(box.bottom, calendar.bottom - 1));
+}
+
+DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight)
+{
+    const int shaded = stripHeight - kFrameLines;
+    const int upperHeight = shaded * kUpperShare / kStripShares;
+    DayFrameParts parts;
+    parts.frame = box;
+    parts.frame.DeflateRect(kFrameInset, kFrameInset);
+    const CRect& frame = parts.frame;
+    const int top = frame.top + 1;
+    parts.bottomLine = top + shaded;
+    parts.upper.IntersectRect(CRect(frame.left + 1, top, frame.right, top + upperHeight), frame);
+    parts.lower.IntersectRect(CRect(frame.left + 1, top + upperHeight, frame.right, parts.bottomLine), frame);
+    return parts;
+}
+
+BarParts PartsOfBar(const tagCALENDAR_ITEM& item)
+{
+    BarParts parts;
+    parts.bar = item.rcItem;
+    parts.bar.DeflateRect(kBarInset, kBarInset);
+    const CRect& bar = parts.bar;
+    if (bar.IsRectEmpty()) {
+        return parts;
+    }
+    CRect& content = parts.content;
+    content = bar;
+    content.DeflateRect(kContentInset, kContentInset);
+    if (!BeganEarlier(item) && content.Width() > kStripeWidth) {
+        parts.stripe.SetRect(bar.left + 1, bar.top + 1, bar.left + 1 + kStripeWidth, bar.bottom - 1);
+        content.left += kStripeWidth;
+    }
+    if (BeganEarlier(item) && content.Width() > kArrowWidth) {
+        parts.arrowBefore = content.left;
+        content.left += kArrowWidth + kArrowGap;
+    }
+    if (GoesOn(item) && content.Width() > kArrowWidth) {
+        parts.arrowAfter = content.right - 1;
+        content.right -= kArrowWidth + kArrowGap;
+    }
+    return parts;
+}
+
+} // namespace dayvane
