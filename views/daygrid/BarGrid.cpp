@@ -15,8 +15,8 @@ namespace {
 const CRect kNoRect(-1, -1, -1, -1);
 
 // Far outside every grid, and far enough from the ends of int for sums.
-constexpr int kFarAhead = INT_MAX / 4;
-constexpr int kFarBehind = INT_MIN / 4;
+constexpr int kFarAfter = INT_MAX / 4;
+constexpr int kFarBefore = INT_MIN / 4;
 
 // Finds the kinds of bars, in the order in which they first appear.
 class KindFinder
@@ -147,7 +147,7 @@ private:
 
 BoxSpan NoBoxes()
 {
-    return {kFarAhead, kFarBehind, true};
+    return {kFarAfter, kFarBefore, true};
 }
 
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,

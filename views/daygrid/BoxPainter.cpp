@@ -2,8 +2,6 @@
 
 #include "views/daygrid/BoxRange.h"
 
-#include <algorithm>
-
 namespace dayvane {
 namespace {
 

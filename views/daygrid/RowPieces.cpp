@@ -88,15 +88,6 @@ void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, cons
 
 } // namespace
 
-DayRows EvenRows(int firstDay, int rows, int daysPerRow)
-{
-    DayRows starts(rows + 1);
-    for (int row = 0; row <= rows; ++row) {
-        starts[row] = firstDay + row * daysPerRow;
-    }
-    return starts;
-}
-
 void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces)
 {
     if (rows.size() < 2) {

@@ -11,8 +11,6 @@ namespace dayvane {
 // there is one entry more than rows. Fewer than two entries: no rows, no pieces.
 using DayRows = std::vector<int>;
 
-DayRows EvenRows(int firstDay, int rows, int daysPerRow);
-
 // The pieces of all items, in stored order, the pieces of one item together, earliest first. Each is a copy of the
 // stored record with nSource, nPiece and the piece's own start and end: a row from 00:00 of its first day to 23:59:59
 // of its last, or as far as the item goes. nPiece says whether the item goes on after the piece, before it, or both.
