@@ -270,6 +270,20 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
     return &font;
 }
 
+// ---- Options
+
+void CCalendarCtrl::SetOptions(const CalendarOptions& options)
+{
+    const CalendarOptions before = m_options;
+    m_options = options;
+    OptionsChanged(before);
+}
+
+void CCalendarCtrl::OptionsChanged(const CalendarOptions&)
+{
+    Refresh();
+}
+
 // ---- Time grids
 
 void CCalendarCtrl::SetTimeScale(int nRowsPerHour)

@@ -19,6 +19,7 @@
 
 #include "CalendarClock.h"
 #include "CalendarNotify.h"
+#include "CalendarOptions.h"
 #include "CalendarRecords.h"
 #include "CalendarSettings.h"
 #include "PointerTracker.h"
@@ -143,6 +144,7 @@ protected:
     virtual int GetMoveStepMinutes();
     // The mouse has moved a bound of the selection, or both.
     virtual void SelectionMoved();
+    virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
 
 public:
     // ---- Items and selection.
@@ -226,6 +228,11 @@ public:
     int IsWorkTime(int nRow) const; // whether the row begins within the work time
     int _IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const;
 
+    // ---- Options. The single switches (EnableExtendedMove, EnableMoreList, ShowNowLine) write the same record.
+
+    void SetOptions(const CalendarOptions& options); // lays out and repaints
+    const CalendarOptions& GetOptions() const { return m_options; }
+
     // ---- Layout and paint.
 
     void Layout();  // lays out for the client area of the window and repaints the content
@@ -259,8 +266,8 @@ public:
     BOOL GetDragOrigin(COleDateTime& start, COleDateTime& end) const;
     // Extended: a dragged item keeps its distance from the pointer, and its time of day where the view shows whole
     // days; in the time grids its lower or right edge can be pulled. Otherwise it begins where the pointer is.
-    void EnableExtendedMove(BOOL bEnable) { m_bExtendedMove = bEnable; }
-    BOOL IsExtendedMove() const { return m_bExtendedMove; }
+    void EnableExtendedMove(BOOL bEnable) { m_options.extendedMove = bEnable != FALSE; }
+    BOOL IsExtendedMove() const { return m_options.extendedMove; }
 
 protected:
     enum
@@ -334,11 +341,12 @@ protected:
     int m_cxIcon = 0;
     int m_cyIcon = 0;
 
+    CalendarOptions m_options;
+
     // Interaction.
     dayvane::PointerTracker m_pointer;
     BOOL m_bShiftExtend = FALSE;      // the selection is being extended with Shift and an arrow key
     BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag
-    BOOL m_bExtendedMove = FALSE;     // drags go through MoveItemEx
     BOOL m_bFulldaySelection = FALSE; // the selection stands for whole days
     BOOL m_bEditing = FALSE;
     CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself

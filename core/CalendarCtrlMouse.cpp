@@ -50,7 +50,7 @@ PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
 
 ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
 {
-    if (!m_bExtendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
+    if (!m_options.extendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
         IsItemMovable(hit.nItem) != 1) {
         return EDGE_NONE;
     }
@@ -230,7 +230,7 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     const tagCCHITTESTINFO hit = HitAt(point);
     Apply(m_pointer.Sweep(PointerHitOf(hit)), nFlags, hit);
     if (m_bItemDrag) {
-        if (m_bExtendedMove) {
+        if (m_options.extendedMove) {
             MoveItemEx(hit);
         } else {
             MoveItem(hit);
@@ -373,7 +373,7 @@ BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
     if (m_pointer.IsDragging() || m_pointer.IsDragPending()) {
         return CWnd::OnSetCursor(pWnd, nHitTest, message);
     }
-    if (nHitTest == HTCLIENT && m_bExtendedMove && pWnd == this) {
+    if (nHitTest == HTCLIENT && m_options.extendedMove && pWnd == this) {
         CPoint point;
         ::GetCursorPos(&point);
         ScreenToClient(&point);

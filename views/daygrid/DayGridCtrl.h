@@ -28,7 +28,7 @@ public:
     // of that day or month. Enter or a click makes an item current and sends CCN_ITEMCLICK; an item can be dragged out
     // of the list into the view; Escape or a press elsewhere closes it.
     void EnableMoreList(BOOL bEnable);
-    BOOL IsMoreListEnabled() const { return m_bMoreListEnabled; }
+    BOOL IsMoreListEnabled() const { return m_options.moreList; }
     BOOL IsMoreListOpen() const { return m_pMoreList != nullptr; }
 
 protected:
@@ -98,6 +98,7 @@ protected:
         return CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom);
     }
     void CloseMoreList();
+    void OptionsChanged(const CalendarOptions& before) override;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnDestroy();
@@ -116,7 +117,6 @@ private:
     void DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect);
 
     HICON m_hMoreMark = nullptr;
-    BOOL m_bMoreListEnabled = FALSE;
     CMoreListWnd* m_pMoreList = nullptr; // deletes itself
     std::vector<int> m_shown;
     INT_PTR m_nShownOf = 0; // size of the screen list that m_shown was made from

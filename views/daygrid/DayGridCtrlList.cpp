@@ -16,10 +16,16 @@ constexpr UINT kOpenKey = VK_F4;
 
 void CDayGridCtrl::EnableMoreList(BOOL bEnable)
 {
-    m_bMoreListEnabled = bEnable;
+    m_options.moreList = bEnable != FALSE;
     if (!bEnable) {
         CloseMoreList();
     }
+}
+
+void CDayGridCtrl::OptionsChanged(const CalendarOptions& before)
+{
+    CloseMoreList();
+    CCalendarCtrl::OptionsChanged(before);
 }
 
 BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
@@ -71,7 +77,7 @@ LRESULT CDayGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             break;
         }
     }
-    if (m_bMoreListEnabled) {
+    if (m_options.moreList) {
         if (message == WM_LBUTTONDOWN &&
             OpenMoreListAt(CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))))) {
             return 0;

@@ -2,9 +2,17 @@
 // selection is carried along.
 #pragma once
 
+#include "../../core/DateMath.h"
+
 #include <afxdisp.h>
 
 namespace dayvane {
+
+// Whether it is a bound of a selection: the date 0.0 stands for none.
+inline bool IsBound(const COleDateTime& date)
+{
+    return IsValid(date) && date.m_dt != 0.0;
+}
 
 struct GridSelection
 {

@@ -1,12 +1,10 @@
-// The shared part of the time grids: lifetime, layout, scrolling, row moves, timer. Painting is in
-// TimeGridCtrlPaint.cpp.
+// The shared part of the time grids: lifetime, layout, what needs repainting, timer. Scrolling, keys and painting are
+// in files of their own.
 #include "views/timegrid/TimeGridCtrl.h"
 
-#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
-#include "views/timegrid/TimeGridMoves.h"
 #include "views/timegrid/TimeGridParts.h"
 
 #include <algorithm>
@@ -16,28 +14,7 @@ using namespace dayvane;
 namespace {
 constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr UINT kMillisecondsPerSecond = 1000;
-constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
-
-static_assert(static_cast<int>(GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
-
-// Sets a flag for the life of the scope.
-class SetFlag
-{
-public:
-    explicit SetFlag(BOOL& flag) : m_flag(flag) { m_flag = TRUE; }
-    ~SetFlag() { m_flag = FALSE; }
-    SetFlag(const SetFlag&) = delete;
-    SetFlag& operator=(const SetFlag&) = delete;
-
-private:
-    BOOL& m_flag;
-};
-
-bool IsDate(const COleDateTime& date)
-{
-    return IsValid(date) && date.m_dt != 0.0;
-}
 } // namespace
 
 IMPLEMENT_DYNAMIC(CTimeGridCtrl, CCalendarCtrl)
@@ -54,7 +31,7 @@ END_MESSAGE_MAP()
 
 CTimeGridCtrl::CTimeGridCtrl() : m_pParts(std::make_unique<TimeGridParts>())
 {
-    m_bExtendedMove = TRUE;
+    m_options.extendedMove = true;
 }
 
 CTimeGridCtrl::~CTimeGridCtrl()
@@ -67,7 +44,7 @@ BOOL CTimeGridCtrl::CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rec
     if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
     }
-    StartNowTimer();
+    RestartNowTimer();
     SyncToPresent(nullptr);
     return TRUE;
 }
@@ -90,6 +67,7 @@ void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
 {
     const COleDateTime newDate = date; // the host's own may go while the edit ends
     if (EndEdit()) {
+        LeaveWholeDay();
         CCalendarCtrl::SetCurrentDate(newDate);
     }
 }
@@ -187,311 +165,6 @@ int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
     return !GoesOn(screenItem) && GetShownRange().days > 1 ? EDGE_RIGHT : EDGE_NONE;
 }
 
-// ---- Size and scroll
-
-GridWindow CTimeGridCtrl::RowWindow() const
-{
-    return GridWindow{Scale(), m_nVertScroll, m_rcContent.Height()};
-}
-
-GridScroll CTimeGridCtrl::GetScroll()
-{
-    SCROLLINFO info = {};
-    // A window created without a bar begins as one with a bar does.
-    if (!GetScrollInfo(SB_VERT, &info)) {
-        info.nMax = kNewBarMaximum;
-    }
-    return GridScroll{m_nVertScroll, info.nPos, info.nMax};
-}
-
-void CTimeGridCtrl::SetScroll(const GridScroll& scroll)
-{
-    m_nVertScroll = scroll.offset;
-    SetVertScrollBar(*this, 0, scroll.maximum, scroll.position);
-}
-
-// The band may have become higher or lower: the range follows, what is shown stays.
-void CTimeGridCtrl::UpdateScrollRange()
-{
-    if (!m_hWnd || m_bSizing) {
-        return;
-    }
-    const GridScroll scroll = GetScroll();
-    const int maximum = ScaledTo(scroll, RowWindow()).maximum;
-    if (scroll.maximum != maximum) {
-        SetScroll(
-            {std::min(scroll.offset, maximum * kTimeGrid.rowHeight), std::min(scroll.position, maximum), maximum});
-    }
-}
-
-void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
-{
-    if (!EndEdit()) {
-        return;
-    }
-    CCalendarCtrl::OnSize(nType, cx, cy);
-    {
-        const SetFlag sizing(m_bSizing);
-        Layout(cx, cy);
-    }
-    SetScroll(ScaledTo(GetScroll(), RowWindow()));
-    InvalidateClient();
-}
-
-void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
-{
-    if (nSBCode > SB_ENDSCROLL || !EndEdit()) {
-        return;
-    }
-    Alive alive(this);
-    const GridScroll scroll =
-        Scrolled(GetScroll(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
-    m_nVertScroll = scroll.offset;
-    CRect scrolled;
-    scrolled.UnionRect(&m_rcRuler, &m_rcContent);
-    InvalidateRect(&scrolled, TRUE);
-    // Of several steps that wait, only the last needs a picture.
-    MSG next;
-    if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE)) {
-        UpdateWindow();
-    }
-    if (!alive) {
-        return;
-    }
-    SetScrollPos(SB_VERT, scroll.position, TRUE);
-    CCalendarCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
-}
-
-void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
-{
-    const int row = Scale().RowOfTime(pWhen ? *pWhen : Now());
-    for (int i = 0; i < row; ++i) {
-        PostMessage(WM_VSCROLL, SB_LINEDOWN);
-    }
-}
-
-// The steps of SyncToPresent wait in the queue: whoever scrolls to a place comes after them. False when the host has
-// ended the control meanwhile.
-bool CTimeGridCtrl::ServeWaitingScroll()
-{
-    Alive alive(this);
-    MSG message;
-    while (alive && m_hWnd && ::PeekMessage(&message, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_REMOVE)) {
-        if (message.message == WM_QUIT) { // comes whatever one asks for
-            ::PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
-        ::DispatchMessage(&message);
-    }
-    return alive && m_hWnd;
-}
-
-void CTimeGridCtrl::ScrollTo(int nOffset)
-{
-    if (nOffset != m_nVertScroll) {
-        SetScroll(ScrolledTo(GetScroll(), nOffset, RowWindow()));
-        InvalidateClient();
-    }
-}
-
-void CTimeGridCtrl::SetVertScrollOffset(int nOffset)
-{
-    if (EndEdit() && ServeWaitingScroll()) {
-        ScrollTo(nOffset);
-    }
-}
-
-void CTimeGridCtrl::ScrollToTime(const COleDateTime& when)
-{
-    SetVertScrollOffset(Scale().TopOfTime(ClockTimeOf(when)));
-}
-
-BOOL CTimeGridCtrl::EnsureVisible(int nIndex)
-{
-    if (!EndEdit() || !ServeWaitingScroll()) {
-        return FALSE;
-    }
-    for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
-        const tagCALENDAR_ITEM& item = m_arScreenItem[i];
-        if (item.nSource != nIndex || item.rcItem.top == -1) {
-            continue;
-        }
-        if (!IsBandItem(item)) {
-            ScrollTo(
-                OffsetToShow(RowWindow(), item.rcItem.top - m_rcContent.top, item.rcItem.bottom - m_rcContent.top));
-        }
-        return TRUE;
-    }
-    return FALSE;
-}
-
-void CTimeGridCtrl::SetFocusToItem()
-{
-    Alive alive(this);
-    CCalendarCtrl::SetFocusToItem();
-    if (alive && m_nCurSel != -1) {
-        EnsureVisible(m_nCurSel);
-    }
-}
-
-void CTimeGridCtrl::BeginEditItem(const char* lpszText)
-{
-    const CString text(lpszText); // the caller's may go with the edit that ends now
-    if (!EndEdit() || !ServeWaitingScroll()) {
-        return;
-    }
-    const int item = GetFocusedScreenItem();
-    if (item != -1) {
-        EnsureVisible(static_cast<int>(m_arScreenItem[item].nSource));
-    } else if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd) && !m_bFulldaySelection) {
-        ScrollTo(OffsetToShow(RowWindow(), m_dtSelBegin, m_dtSelEnd));
-    }
-    CCalendarCtrl::BeginEditItem(text);
-}
-
-// ---- Keyboard
-
-GridSelection CTimeGridCtrl::Selection() const
-{
-    if (IsDate(m_dtSelBegin) && IsDate(m_dtSelEnd)) {
-        return GridSelection{m_dtCurrentDate, m_dtSelBegin, m_dtSelEnd}.Agreed();
-    }
-    const COleDateTime row = Scale().RowStart(m_dtCurrentDate);
-    return GridSelection{m_dtCurrentDate, row, row};
-}
-
-void CTimeGridCtrl::SetSelection(const GridSelection& selection)
-{
-    m_dtCurrentDate = m_dtViewDate = selection.current;
-    m_dtSelBegin = selection.begin;
-    m_dtSelEnd = selection.end;
-}
-
-void CTimeGridCtrl::SelectionMoved()
-{
-    const int day = ClockTimeOf(m_dtCurrentDate).day;
-    m_dtCurrentDate = m_dtViewDate = m_dtSelEnd;
-    if (ClockTimeOf(m_dtCurrentDate).day != day) {
-        CurrentDateMoved();
-    }
-}
-
-void CTimeGridCtrl::MoveForward(UINT nFlags)
-{
-    MoveRow(FALSE, nFlags);
-}
-
-void CTimeGridCtrl::MoveBackward(UINT nFlags)
-{
-    MoveRow(TRUE, nFlags);
-}
-
-void CTimeGridCtrl::MoveRow(BOOL bLater, UINT nFlags)
-{
-    if (!EndEdit()) {
-        return;
-    }
-    GridSelection selection = Selection();
-    const bool extend = (nFlags & kExtendSelection) != 0;
-    const AfterMove after =
-        bLater ? MoveRowLater(selection, RowWindow(), extend) : MoveRowEarlier(selection, RowWindow(), extend);
-    if (after == AfterMove::NOTHING) {
-        return;
-    }
-    InvalidateCellRectRange();
-    SetSelection(selection.Agreed());
-    InvalidateCellRectRange();
-    InvalidateGrid();
-    // The step by a line is decided by hour and by minute apart, and misses a cursor that is further away.
-    const GridWindow stepped = WindowAfter(after, RowWindow());
-    if (after != AfterMove::REPAINT && OffsetToShow(stepped, m_dtSelEnd, m_dtSelEnd) == stepped.scroll) {
-        PostMessage(WM_VSCROLL, after == AfterMove::SCROLL_UP ? SB_LINEUP : SB_LINEDOWN);
-    } else {
-        KeepCursorInSight();
-    }
-    CurrentDateMoved();
-}
-
-// A selection of whole days shows in the band, which is always in sight.
-void CTimeGridCtrl::KeepCursorInSight()
-{
-    if (m_hWnd && !m_bFulldaySelection) {
-        ScrollTo(OffsetToShow(RowWindow(), m_dtSelEnd, m_dtSelEnd));
-    }
-}
-
-void CTimeGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    Alive alive(this);
-    if (nChar == VK_HOME || nChar == VK_END) {
-        ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CTimeGridCtrl::MoveToFirst
-                                                                             : &CTimeGridCtrl::MoveToLast));
-    }
-    if (alive) {
-        CCalendarCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
-    }
-}
-
-// With Ctrl over all days that are shown, else within the day.
-void CTimeGridCtrl::MoveToFirst(UINT nFlags)
-{
-    MoveToEnd(FALSE, nFlags);
-}
-
-void CTimeGridCtrl::MoveToLast(UINT nFlags)
-{
-    MoveToEnd(TRUE, nFlags);
-}
-
-void CTimeGridCtrl::MoveToEnd(BOOL bLast, UINT nFlags)
-{
-    if (!EndEdit()) {
-        return;
-    }
-    GridSelection selection = Selection();
-    const DayRange range = ::GetKeyState(VK_CONTROL) < 0 ? GetShownRange() : DayRange::OneDay(selection.end);
-    const COleDateTime target = bLast ? LastRow(range, Scale()) : range.first;
-    if (!IsDate(target)) {
-        return;
-    }
-    selection.current = selection.end = target;
-    if ((nFlags & kExtendSelection) == 0) {
-        selection.begin = target;
-    }
-    InvalidateCellRectRange();
-    SetSelection(selection);
-    InvalidateCellRectRange();
-    InvalidateGrid();
-    KeepCursorInSight();
-    CurrentDateMoved();
-}
-
-int CTimeGridCtrl::GetFocusedScreenItem() const
-{
-    const int count = static_cast<int>(m_arScreenItem.GetSize());
-    if (m_nSelScreenItem >= 0 && m_nSelScreenItem < count &&
-        (m_nCurSel == -1 || m_arScreenItem[m_nSelScreenItem].nSource == m_nCurSel)) {
-        return m_nSelScreenItem;
-    }
-    for (int i = 0; m_nCurSel != -1 && i < count; ++i) {
-        if (m_arScreenItem[i].nSource == m_nCurSel) {
-            return i;
-        }
-    }
-    return -1;
-}
-
-void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
-{
-    const int item = GetFocusedScreenItem();
-    nMode = item != -1;
-    if (item != -1) {
-        rect = VisibleItemBox(State(), m_arScreenItem[item]);
-    } else {
-        rect = (m_bFulldaySelection ? CurrentBandBox : CurrentCellBox)(State(), m_dtSelBegin, m_dtSelEnd);
-    }
-}
-
 // ---- What needs repainting
 
 void CTimeGridCtrl::InvalidateGrid()
@@ -526,7 +199,7 @@ void CTimeGridCtrl::InvalidateCellRectRange()
     const TimeGridState state = State();
     for (int column = 0; column < state.range.days; ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
-            if (!IsDate(*end)) {
+            if (!IsBound(*end)) {
                 continue;
             }
             const CRect box = BoxOfRows(state, column, SelectedRows(state, column, m_dtSelBegin, *end));
@@ -544,19 +217,25 @@ void CTimeGridCtrl::InvalidateCellRectRange()
 
 void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 {
-    m_bNowLine = bShow;
+    m_options.nowLine = bShow != FALSE;
+    RestartNowTimer();
+    InvalidateGrid();
+}
+
+void CTimeGridCtrl::OptionsChanged(const CalendarOptions& before)
+{
+    RestartNowTimer();
+    CCalendarCtrl::OptionsChanged(before);
+}
+
+// Runs until the minute that the clock shows is over.
+void CTimeGridCtrl::RestartNowTimer()
+{
     if (!m_hWnd) {
         return;
     }
     KillTimer(kNowTimer);
-    StartNowTimer();
-    InvalidateGrid();
-}
-
-// Until the minute that the clock shows is over.
-void CTimeGridCtrl::StartNowTimer()
-{
-    if (m_bNowLine) {
+    if (m_options.nowLine) {
         SetTimer(kNowTimer, (kSecondsPerMinute - std::max(Now().GetSecond(), 0)) * kMillisecondsPerSecond, nullptr);
     }
 }
@@ -568,5 +247,5 @@ void CTimeGridCtrl::OnTimer(UINT_PTR nIDEvent)
         return;
     }
     InvalidateGrid();
-    StartNowTimer();
+    RestartNowTimer();
 }

@@ -37,7 +37,7 @@ public:
 
     // A line at the present time across the column of today, moved each minute. Off unless set.
     void ShowNowLine(BOOL bShow);
-    BOOL IsShowNowLine() const { return m_bNowLine; }
+    BOOL IsShowNowLine() const { return m_options.nowLine; }
 
     void SetCurrentDate(const COleDateTime& date) override;
     using CCalendarCtrl::Layout;
@@ -86,6 +86,7 @@ protected:
     void MoveForward(UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
     void SelectionMoved() override; // the current date follows
+    void OptionsChanged(const CalendarOptions& before) override;
 
     // ---- Hooks of the time grids.
 
@@ -113,7 +114,7 @@ protected:
     // The selection as the moves take it: one without dates begins at the current date; a current date on another day
     // gives way to the selection.
     dayvane::GridSelection Selection() const;
-    void SetSelection(const dayvane::GridSelection& selection);
+    void SetSelection(const dayvane::GridSelection& selection); // and repaints what it leaves and takes
     void Rebuild(); // items and rectangles for what is shown now, and a repaint
     void InvalidateGrid();
     void KeepCursorInSight(); // scrolls to the row of the selection's end
@@ -146,9 +147,9 @@ private:
     dayvane::GridScroll GetScroll();
     void SetScroll(const dayvane::GridScroll& scroll);
     void UpdateScrollRange();
-    void StartNowTimer();
+    void RestartNowTimer();
+    void LeaveWholeDay();
     void DrawNowLine(CDC* pDC);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
-    BOOL m_bNowLine = FALSE;
 };

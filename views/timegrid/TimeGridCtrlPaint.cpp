@@ -94,7 +94,7 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
 void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 {
     const COleDateTime now = Now();
-    const int column = m_bNowLine ? GetShownRange().ColumnOf(now) : -1;
+    const int column = m_options.nowLine ? GetShownRange().ColumnOf(now) : -1;
     if (column != -1) {
         Painter(pDC).DrawNowLine(m_pParts->frame.columns[column], ClockTimeOf(now));
     }

@@ -294,9 +294,7 @@ void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
     if (!IsValid(moved.current)) {
         return; // beyond the years that there are
     }
-    InvalidateCellRectRange();
     SetSelection(moved);
-    InvalidateCellRectRange();
     KeepCursorInSight();
     CurrentDateMoved();
 }

@@ -1,0 +1,65 @@
+// What a host may switch on beyond the behaviour that a control begins with.
+#pragma once
+
+// All are off at first; only the time grids begin with extendedMove. SetOptions takes the whole record: change the
+// fields of what GetOptions returns, or begin with Modern().
+struct CalendarOptions
+{
+    // ---- Items in the time grids.
+
+    // Items that overlap share the width of their day and neither hide each other nor leave it: each takes the leftmost
+    // free part and widens over what is free to its right. Items that would become narrower than 12 pixels are counted
+    // in a mark, "+3", that opens the list of them.
+    bool tidyColumns = false;
+    // The full-day band takes at most 40 % of the window's height; bars without a lane in it are counted in a mark for
+    // each day that opens the list of them.
+    bool limitedBand = false;
+    // Items without length, or shorter than a row, have the height of a row, and can be hit.
+    bool visibleShortItems = false;
+    // Of items that lie over each other the pointer hits the one that is seen; nothing that is scrolled under caption
+    // or band is hit.
+    bool hitWhatIsSeen = false;
+    // Dragging an item from the hours into the full-day band makes it a full-day item, and back.
+    bool wholeDayByDrag = false;
+    // The first row move and SetCurrentDate turn a selection of whole days into one of rows.
+    bool keysLeaveWholeDay = false;
+    bool nowLine = false; // a line at the present time: ShowNowLine
+
+    // ---- Items in all views.
+
+    bool extendedMove = false; // a dragged item keeps its distance from the pointer: EnableExtendedMove
+    bool moreList = false;     // a more-items mark opens the list of its items: EnableMoreList
+    bool toolTips = false;     // the full text of what is cut
+    bool carefulDrops = false; // a drop outside takes the move back; one that changes nothing is not reported
+
+    // ---- Keyboard, wheel, notifications.
+
+    bool selectionEvents = false; // CCN_SELCHANGED after a key, a press or a sweep has changed the selection
+    bool dialogKeys = false;      // Tab leaves the control after its last item; Escape reaches the dialog
+    bool wheelByDelta = false;    // wheel deltas add up, with Ctrl they change the time scale
+    bool keyboardMoves = false;   // keys move items
+    bool typeToEdit = false;      // typing opens the edit box
+
+    // ---- Looks.
+
+    bool followDpi = false;         // sizes follow the resolution of the screen
+    bool followSystemTheme = false; // colours follow the system's
+
+    // What we recommend: all of them.
+    static CalendarOptions Modern();
+};
+
+inline CalendarOptions CalendarOptions::Modern()
+{
+    CalendarOptions all;
+    all.tidyColumns = all.limitedBand = all.visibleShortItems = all.hitWhatIsSeen = true;
+    all.wholeDayByDrag = all.keysLeaveWholeDay = all.nowLine = true;
+    all.extendedMove = all.moreList = all.toolTips = all.carefulDrops = true;
+    all.selectionEvents = all.dialogKeys = all.wheelByDelta = all.keyboardMoves = all.typeToEdit = true;
+    all.followDpi = all.followSystemTheme = true;
+    return all;
+}
+
+namespace dayvane {
+using ::CalendarOptions;
+}
