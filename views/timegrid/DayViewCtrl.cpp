@@ -65,7 +65,7 @@ DayRange CDayViewCtrl::GetShownRange() const
 
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, GetFulldayItemCount(), 1);
+    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, LanesIn(rcClient), 1);
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
@@ -82,10 +82,7 @@ void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
 {
-    if (screenItems.IsEmpty()) {
-        return;
-    }
-    PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale());
+    m_pParts->moreTimed = PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale(), m_options);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
@@ -98,12 +95,13 @@ void CDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
         LayOneDayLanes(screenItems, rcBand);
+        LimitBand(rcBand, screenItems);
     }
 }
 
 int CDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    return FillHit(info, HitOneDay(State(), m_arScreenItem, info.pt));
+    return FillHit(info, HitOneDay(State(), m_arScreenItem, info.pt, m_options));
 }
 
 // ---- Selection

@@ -22,6 +22,30 @@ int ColumnOf(const COleDateTime& time, int firstDay, int columns)
     }
     return std::clamp(DayNumberOf(time) - firstDay, 0, columns - 1);
 }
+bool IsOver(const CRect& box, const CRect& column)
+{
+    return box.left < column.right && box.right > column.left;
+}
+
+// One mark for each column: whether the bar lies where one that counts items will stand.
+bool MeetsMark(const CRect& box, const std::vector<CRect>& columns, const std::vector<MoreMark>& marks)
+{
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (!marks[i].items.empty() && IsOver(box, columns[i])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CountIn(const tagCALENDAR_ITEM& item, const std::vector<CRect>& columns, std::vector<MoreMark>& marks)
+{
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (IsOver(item.rcItem, columns[i])) {
+            marks[i].items.push_back(static_cast<int>(item.nSource));
+        }
+    }
+}
 } // namespace
 
 void LayOneDayLanes(ItemArray& items, const CRect& band)
@@ -66,6 +90,40 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
     for (size_t i = 0; i < shown.size(); ++i) {
         items[shown[i]].rcItem.OffsetRect(0, lanes[i] * kTimeGrid.laneStep);
     }
+}
+
+std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns)
+{
+    const int lanes = std::max<int>((band.Height() - kTimeGrid.bandPadding) / kTimeGrid.laneStep, 1);
+    const int lastTop = band.top + kTimeGrid.laneInset + (lanes - 1) * kTimeGrid.laneStep;
+    std::vector<MoreMark> marks(columns.size());
+    std::vector<char> isHidden(items.GetSize(), 0);
+    // A bar that is hidden puts marks into all of its days, which may hide further bars of the last lane.
+    for (bool changed = true; changed;) {
+        changed = false;
+        for (INT_PTR i = 0; i < items.GetSize(); ++i) {
+            const CRect box = items[i].rcItem;
+            if (!isHidden[i] && IsBandItem(items[i]) &&
+                (box.top > lastTop || (box.top == lastTop && MeetsMark(box, columns, marks)))) {
+                isHidden[i] = 1;
+                changed = true;
+                CountIn(items[i], columns, marks);
+            }
+        }
+    }
+    for (INT_PTR i = 0; i < items.GetSize(); ++i) {
+        if (isHidden[i]) {
+            items[i].rcItem = CRect(-1, -1, -1, -1);
+            items[i].bNoFocus = TRUE;
+        }
+    }
+    for (size_t i = 0; i < columns.size(); ++i) {
+        marks[i].box = CRect(columns[i].left + kTimeGrid.laneInset, lastTop, columns[i].right - kTimeGrid.laneInset,
+                             lastTop + kTimeGrid.moreHeight);
+    }
+    const auto isEmpty = [](const MoreMark& mark) { return mark.items.empty(); };
+    marks.erase(std::remove_if(marks.begin(), marks.end(), isEmpty), marks.end());
+    return marks;
 }
 
 } // namespace dayvane

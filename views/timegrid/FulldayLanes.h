@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "TimeGridLayout.h"
 #include "TimeScale.h"
 
 #include <vector>
@@ -17,5 +18,9 @@ void LayOneDayLanes(ItemArray& items, const CRect& band);
 // them. Bars may still overlap then.
 void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
                      const COleDateTime& firstDay);
+
+// Where the bars need more lanes than the band has: hides those without one, and in the days that they belong to the
+// bars of the last lane too, for there stands each day's mark. A hidden bar gets no box and no focus.
+std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns);
 
 } // namespace dayvane

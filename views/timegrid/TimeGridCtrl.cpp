@@ -3,6 +3,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -121,6 +122,20 @@ void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
         m_pParts->lanesLaidOut != GetFulldayItemCount()) {
         CalcFrame();
         UpdateScrollRange();
+    }
+}
+
+int CTimeGridCtrl::LanesIn(const CRect& rcClient) const
+{
+    const int lanes = GetFulldayItemCount();
+    return m_options.limitedBand ? LimitedLanes(lanes, rcClient.Height()) : lanes;
+}
+
+void CTimeGridCtrl::LimitBand(const CRect& rcBand, CItemArray& screenItems)
+{
+    m_pParts->moreInBand.clear();
+    if (m_options.limitedBand) {
+        m_pParts->moreInBand = LimitLanes(screenItems, rcBand, m_pParts->frame.columns);
     }
 }
 

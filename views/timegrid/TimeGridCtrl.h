@@ -110,6 +110,8 @@ protected:
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);
+    int LanesIn(const CRect& rcClient) const; // of the full-day band
+    void LimitBand(const CRect& rcBand, CItemArray& screenItems);
     int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item
     // The selection as the moves take it: one without dates begins at the current date; a current date on another day
     // gives way to the selection.
@@ -150,6 +152,7 @@ private:
     void RestartNowTimer();
     void LeaveWholeDay();
     void DrawNowLine(CDC* pDC);
+    void DrawMoreMarks(CDC* pDC, BOOL bBand);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

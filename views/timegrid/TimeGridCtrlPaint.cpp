@@ -44,11 +44,13 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
     DrawFulldayRuler(pDC, m_rcFulldayRuler);
     DrawGrid(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
+    DrawMoreMarks(pDC, FALSE);
     DrawNowLine(pDC);
     DrawCaption(pDC, m_rcCaption);
     DrawHeader(pDC, m_pParts->frame.header);
     DrawFulldayContent(pDC, m_rcFulldayContent);
     DrawFulldayItem(pDC, m_rcFulldayContent, m_arScreenItem);
+    DrawMoreMarks(pDC, TRUE);
 }
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
@@ -97,6 +99,16 @@ void CTimeGridCtrl::DrawNowLine(CDC* pDC)
     const int column = m_options.nowLine ? GetShownRange().ColumnOf(now) : -1;
     if (column != -1) {
         Painter(pDC).DrawNowLine(m_pParts->frame.columns[column], ClockTimeOf(now));
+    }
+}
+
+void CTimeGridCtrl::DrawMoreMarks(CDC* pDC, BOOL bBand)
+{
+    const TimeGridPainter painter = Painter(pDC);
+    for (const MoreMark& mark : bBand ? m_pParts->moreInBand : m_pParts->moreTimed) {
+        CRect box = mark.box;
+        box.OffsetRect(0, bBand ? 0 : -m_nVertScroll);
+        painter.DrawMoreMark(box, static_cast<int>(mark.items.size()), m_pParts->fonts.Label());
     }
 }
 

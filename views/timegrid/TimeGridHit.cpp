@@ -13,16 +13,6 @@ constexpr int kCellFreeRight = 32; // and leaves room at the right
 constexpr int kQuarterMinutes = 15;
 constexpr int kQuartersBelowEnd = 2;
 
-int FirstItemAt(const ItemArray& items, const CPoint& point)
-{
-    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        if (items[i].rcItem.PtInRect(point)) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 // The row under a height of the window, -1 above the first and below the one after the last.
 int RowAt(const TimeGridState& state, int y)
 {
@@ -43,29 +33,51 @@ CPoint InGrid(const TimeGridState& state, const CPoint& point)
     return CPoint(point.x, point.y + state.scroll);
 }
 
-int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const CPoint& point)
+// The first of the items under the point, or the last, which is drawn over the others; -1 none.
+template <class IsHit>
+int FindItem(const ItemArray& items, bool topmost, IsHit isHit)
 {
-    const CPoint inGrid = InGrid(state, point);
-    const int column = ColumnAt(state.frame, point.x);
-    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        // A box pushed out of its column is not seen there.
-        if (items[i].rcItem.PtInRect(inGrid) && !IsBandItem(items[i]) &&
-            state.range.ColumnOf(items[i].dtStart) == column) {
+    const int count = static_cast<int>(items.GetSize());
+    for (int n = 0; n < count; ++n) {
+        const int i = topmost ? count - 1 - n : n;
+        if (isHit(items[i])) {
             return i;
         }
     }
     return -1;
 }
 
-int BandItemAt(const ItemArray& items, const CPoint& point)
+int VisibleTimedItemAt(const TimeGridState& state, const ItemArray& items, const CPoint& point, bool topmost)
 {
-    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
-        if (items[i].rcItem.PtInRect(point) && IsBandItem(items[i])) {
-            return i;
-        }
-    }
-    return -1;
+    const CPoint inGrid = InGrid(state, point);
+    const int column = ColumnAt(state.frame, point.x);
+    // A box pushed out of its column is not seen there.
+    return FindItem(items, topmost, [&](const tagCALENDAR_ITEM& item) {
+        return item.rcItem.PtInRect(inGrid) && !IsBandItem(item) &&
+               (state.range.days == 1 || state.range.ColumnOf(item.dtStart) == column);
+    });
 }
+
+int BandItemAt(const ItemArray& items, const CPoint& point, bool topmost)
+{
+    return FindItem(items, topmost,
+                    [&](const tagCALENDAR_ITEM& item) { return item.rcItem.PtInRect(point) && IsBandItem(item); });
+}
+
+// The day view's: also through caption and band, unless only what is seen counts.
+int DayItemAt(const TimeGridState& state, const ItemArray& items, const CPoint& point, bool onlySeen)
+{
+    const bool inBand = state.frame.fulldayContent.PtInRect(point);
+    if (!onlySeen) {
+        const CPoint moved = inBand ? point : InGrid(state, point);
+        return FindItem(items, false, [&](const tagCALENDAR_ITEM& item) { return item.rcItem.PtInRect(moved); });
+    }
+    if (inBand) {
+        return BandItemAt(items, point, true);
+    }
+    return point.y >= state.frame.grid.top ? VisibleTimedItemAt(state, items, point, true) : -1;
+}
+
 CRect ScrolledBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
 {
     CRect box = item.rcItem;
@@ -89,11 +101,12 @@ CRect ContentOf(const CRect& box, const CRect& area)
 }
 } // namespace
 
-TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point)
+TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point,
+                      const CalendarOptions& options)
 {
     TimeGridHit hit;
     const bool inBand = state.frame.fulldayContent.PtInRect(point);
-    hit.screenItem = FirstItemAt(items, inBand ? point : InGrid(state, point));
+    hit.screenItem = DayItemAt(state, items, point, options.hitWhatIsSeen);
     const bool inColumn = point.x >= state.frame.grid.left && point.x < state.frame.grid.right;
     const int row = inColumn ? RowAt(state, point.y) : -1;
     hit.time = row != -1 ? state.scale.TimeOfRow(state.range.first, row) : inBand ? state.range.first : NoTime();
@@ -109,14 +122,15 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     return hit;
 }
 
-TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, const CPoint& point)
+TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, const CPoint& point,
+                        const CalendarOptions& options)
 {
     TimeGridHit hit;
     hit.time = NoTime();
     const int column = ColumnAt(state.frame, point.x);
     const COleDateTime day = column != -1 ? state.range.DayOf(column) : NoTime();
     if (state.frame.fulldayContent.PtInRect(point)) {
-        hit.screenItem = BandItemAt(items, point);
+        hit.screenItem = BandItemAt(items, point, options.hitWhatIsSeen);
         hit.code = hit.screenItem != -1 ? CCHT_ONFULLDAYITEM : CCHT_ONFULLDAY;
         hit.time = day;
     } else if (column != -1 && state.frame.header.PtInRect(point)) {
@@ -124,7 +138,7 @@ TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, cons
         hit.time = day;
     } else if (column != -1 && point.y >= state.frame.grid.top) {
         const int row = RowAt(state, point.y);
-        hit.screenItem = VisibleTimedItemAt(state, items, point);
+        hit.screenItem = VisibleTimedItemAt(state, items, point, options.hitWhatIsSeen);
         hit.code = hit.screenItem != -1 ? CCHT_ONITEM : row != -1 ? CCHT_ONCELL : CCHT_NOWHERE;
         if (row != -1) {
             hit.time = state.scale.TimeOfRow(day, row);

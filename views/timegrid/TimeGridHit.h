@@ -22,6 +22,7 @@ struct TimeGridState
     int TopOfRow(int row) const { return frame.grid.top - scroll + scale.TopOfRow(row); }
 };
 
+// Option hitWhatIsSeen: of the items under the point the one drawn last, and timed ones only in the grid.
 struct TimeGridHit
 {
     int screenItem = -1; // index in the screen list
@@ -31,12 +32,14 @@ struct TimeGridHit
 
 // The day view's rule, over one column. Items are looked for with the point moved into the grid, or, in the full-day
 // band, as it is; rows from 0 to the one after the last, also where the scrolled grid lies under band and caption.
-TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point);
+TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const CPoint& point,
+                      const CalendarOptions& options = {});
 
 // Several columns: the day header gives its day at 00:00 (CCHT_ONDAYCAPTION), the band the day at 00:00, the grid day
 // and row. Band items are hit in the band only, timed ones in the part of their column that can be seen. Below the
 // grid's lower edge rows go on, for a drag that leaves the window.
-TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, const CPoint& point);
+TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, const CPoint& point,
+                        const CalendarOptions& options = {});
 
 // The column at that horizontal position, -1 beside all of them.
 int ColumnAt(const TimeGridFrame& frame, int x);

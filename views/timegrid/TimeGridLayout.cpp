@@ -2,11 +2,15 @@
 
 #include "core/DateMath.h"
 #include "views/timegrid/OverlapColumns.h"
+#include "views/timegrid/TidyColumns.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace dayvane {
 namespace {
+constexpr int kPercent = 100;
+
 // As IsSameDay, without breaking valid dates into fields.
 bool FallsOn(const ClockTime& time, const ClockTime& day)
 {
@@ -81,6 +85,68 @@ struct ColumnItems
     std::vector<RowSpan> spans;
 };
 
+// A box that covers no row: one row high, where the item begins. Returns the row.
+RowSpan GiveRowHeight(tagCALENDAR_ITEM& item, int index, int columnTop, const TimeScale& scale)
+{
+    CRect& box = item.rcItem;
+    const int row = std::clamp(static_cast<int>(std::min(box.top, box.bottom) - columnTop) / kTimeGrid.rowHeight, 0,
+                               scale.RowsPerDay() - 1);
+    const int least = columnTop + scale.TopOfRow(row);
+    box.bottom = std::max<int>(std::max(box.top, box.bottom), least + kTimeGrid.rowHeight);
+    box.top = least;
+    return RowSpan{index, row, row + 1};
+}
+
+// The hidden items of a column, by the marks that count them.
+void AddMarks(ItemArray& items, const std::vector<int>& shown, const TidyPlaces& places, const CRect& column,
+              std::vector<MoreMark>& marks)
+{
+    const size_t firstMark = marks.size();
+    for (const TidyMore& more : places.more) {
+        // Beside the least box in a column too narrow for both, the mark keeps half of its width.
+        const int width = std::max(more.width, kTimeGrid.moreWidth / 2);
+        const int right = column.left + more.left + more.width;
+        marks.push_back({CRect(right - width, more.start, right, more.start + kTimeGrid.moreHeight), {}});
+    }
+    for (size_t i = 0; i < shown.size(); ++i) {
+        tagCALENDAR_ITEM& item = items[shown[i]];
+        item.bNoFocus = places.boxes[i].hidden;
+        if (!item.bNoFocus) {
+            continue;
+        }
+        size_t mark = 0;
+        while (mark + 1 < places.more.size() && places.more[mark].end < item.rcItem.top) {
+            ++mark;
+        }
+        marks[firstMark + mark].items.push_back(static_cast<int>(item.nSource));
+        item.rcItem = CRect(-1, -1, -1, -1);
+    }
+}
+
+// By what is seen: boxes that would share pixels share the width.
+void PlaceColumnTidily(ItemArray& items, const std::vector<int>& timed, const CRect& column, int usableWidth,
+                       std::vector<MoreMark>& marks)
+{
+    std::vector<int> shown;
+    std::vector<TimeSpan> spans;
+    for (const int i : timed) {
+        const CRect& box = items[i].rcItem;
+        if (box.top != -1) {
+            shown.push_back(i);
+            spans.push_back(
+                {static_cast<int>(std::min(box.top, box.bottom)), static_cast<int>(std::max(box.top, box.bottom))});
+        }
+    }
+    const int least = kTimeGrid.tidyWidth + 2 * kTimeGrid.boxInset;
+    const TidyPlaces places = PlaceTidily(spans, TidyRule{std::max(usableWidth, 1), least, kTimeGrid.moreWidth});
+    for (size_t i = 0; i < shown.size(); ++i) {
+        CRect& box = items[shown[i]].rcItem;
+        box.left = column.left + places.boxes[i].left;
+        box.right = box.left + places.boxes[i].width;
+    }
+    AddMarks(items, shown, places, column, marks);
+}
+
 void InsetTimed(ItemArray& items)
 {
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
@@ -90,6 +156,12 @@ void InsetTimed(ItemArray& items)
     }
 }
 } // namespace
+
+int LimitedLanes(int lanes, int clientHeight)
+{
+    const int height = clientHeight * kTimeGrid.bandPercent / kPercent - kTimeGrid.bandPadding;
+    return std::min(lanes, std::max(height / kTimeGrid.laneStep, 1));
+}
 
 TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days)
 {
@@ -141,7 +213,8 @@ CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleD
     return BoxAt(item, ItemClock(item), column, ClockTimeOf(day), scale);
 }
 
-void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range, const TimeScale& scale)
+std::vector<MoreMark> PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range,
+                                      const TimeScale& scale, const CalendarOptions& options)
 {
     const int days = static_cast<int>(columns.size());
     const ClockTime first = ClockTimeOf(range.first);
@@ -160,8 +233,13 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
         day.day += column;
         items[i].rcItem = BoxAt(items[i], times, columns[column], day, scale);
         columnItems[column].timed.push_back(i);
+        const size_t spans = columnItems[column].spans.size();
         AddRowSpan(columnItems[column].spans, i, times.start, times.end, scale);
+        if (options.visibleShortItems && columnItems[column].spans.size() == spans && items[i].rcItem.top != -1) {
+            columnItems[column].spans.push_back(GiveRowHeight(items[i], i, columns[column].top, scale));
+        }
     }
+    std::vector<MoreMark> marks;
     const bool oneDay = days == 1;
     const int freeBeside = oneDay ? kTimeGrid.freeBesideOneDay : kTimeGrid.freeBesideManyDays;
     std::vector<int> all(oneDay ? items.GetSize() : 0);
@@ -169,11 +247,16 @@ void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const 
     for (int column = 0; column < days; ++column) {
         const CRect& place = columns[column];
         const ColumnItems& own = columnItems[column];
+        if (options.tidyColumns) {
+            PlaceColumnTidily(items, own.timed, place, place.Width() - freeBeside, marks);
+            continue;
+        }
         PlaceSideBySide(items, own.spans, scale,
                         OverlapRule{place.left, place.right, place.Width() - freeBeside, oneDay});
         UnifySameSource(items, oneDay ? all : own.timed, own.spans);
     }
     InsetTimed(items);
+    return marks;
 }
 
 } // namespace dayvane

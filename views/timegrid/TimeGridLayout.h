@@ -2,6 +2,7 @@
 // placed as if it were scrolled to the top.
 #pragma once
 
+#include "../../core/CalendarOptions.h"
 #include "../../core/CalendarRecords.h"
 #include "DayRange.h"
 #include "TimeScale.h"
@@ -27,6 +28,9 @@ struct TimeGridFrame
     }
 };
 
+// How many lanes a band of so many has in a window of that height: at least one.
+int LimitedLanes(int lanes, int clientHeight);
+
 // The client area, from the top: caption (when shown), header, full-day band of `lanes` lanes, and the grid down to the
 // bottom edge, ruler on its left. Parts for which the client is too small have no height or width, or a negative one.
 TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days);
@@ -41,11 +45,19 @@ int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& scr
 // that is marked full-day or a middle piece reaches far below the day.
 CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleDateTime& day, const TimeScale& scale);
 
+// Items that have no room, counted in a mark.
+struct MoreMark
+{
+    CRect box;              // of timed items as if the grid were scrolled to the top
+    std::vector<int> items; // nSource of each, in screen order
+};
+
 // Gives every timed item its box: alone, then side by side with those that share its rows, then inset. `columns` has
 // one for each day of the range. With one column all items take part in the overlap of that day, even those that begin
 // on another one (and have no box); with several each has its part in the column of the day on which it begins. Throws
 // CInvalidArgException when a time leads to a row outside the day.
-void PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range,
-                     const TimeScale& scale);
+// Options: visibleShortItems; tidyColumns, whose hidden items get no box and no focus, and are returned in marks.
+std::vector<MoreMark> PlaceTimedItems(ItemArray& items, const std::vector<CRect>& columns, const DayRange& range,
+                                      const TimeScale& scale, const CalendarOptions& options = {});
 
 } // namespace dayvane

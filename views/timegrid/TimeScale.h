@@ -19,9 +19,13 @@ struct TimeGridMetrics
     int bandPadding = 5; // below its last lane
     int laneInset = 5;   // left, right and above a bar
     int barHeight = 20;
-    int boxInset = 2;           // left and right of a timed item's box
-    int textInset = 2;          // from a box to its text, above, below and at the right
-    int textLeft = 3;           // and at the left
+    int boxInset = 2;     // left and right of a timed item's box
+    int textInset = 2;    // from a box to its text, above, below and at the right
+    int textLeft = 3;     // and at the left
+    int bandPercent = 40; // of the window's height: the most that a limited band takes
+    int tidyWidth = 12;   // least width of a tidy box
+    int moreWidth = 24;   // of the mark that counts hidden items, beside boxes of the least width
+    int moreHeight = 16;
     int freeBesideOneDay = 20;  // kept free right of the overlap columns: day view
     int freeBesideManyDays = 5; // multi-day view
     int endlessHours = 230;     // height of a box that has no end on its day, in hours

@@ -147,7 +147,7 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRul
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
     const TimeGridFrame frame =
-        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, kTimeGrid.headerHeight, GetFulldayItemCount(), m_nDays);
+        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, kTimeGrid.headerHeight, LanesIn(rcClient), m_nDays);
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
@@ -164,10 +164,7 @@ void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems
 
 void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    if (screenItems.IsEmpty()) {
-        return;
-    }
-    PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale());
+    m_pParts->moreTimed = PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale(), m_options);
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 
@@ -180,6 +177,7 @@ void CWeekDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems
 {
     if (GetFulldayItemCount() != 0) {
         LayManyDayLanes(screenItems, rcBand, m_pParts->frame.columns, m_dtViewBegin);
+        LimitBand(rcBand, screenItems);
     }
 }
 
@@ -193,7 +191,7 @@ CRect CWeekDayViewCtrl::GetColumnRect(int nColumn) const
 
 int CWeekDayViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
-    return FillHit(info, HitManyDays(State(), m_arScreenItem, info.pt));
+    return FillHit(info, HitManyDays(State(), m_arScreenItem, info.pt, m_options));
 }
 
 // ---- Selection
