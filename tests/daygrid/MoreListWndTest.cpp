@@ -1,6 +1,6 @@
 // The list of a box's items in real windows: opening, keys, mouse, dragging out, hosts that end the view.
 #include "DayGridScene.h"
-#include "views/daygrid/MoreListWnd.h"
+#include "core/MoreListWnd.h"
 
 using namespace testsupport;
 

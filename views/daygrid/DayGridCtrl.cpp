@@ -27,9 +27,9 @@ bool IsShown(const tagCALENDAR_ITEM& item)
 
 } // namespace
 
-IMPLEMENT_DYNAMIC(CDayGridCtrl, CCalendarCtrl)
+IMPLEMENT_DYNAMIC(CDayGridCtrl, CMoreListCtrl)
 
-BEGIN_MESSAGE_MAP(CDayGridCtrl, CCalendarCtrl)
+BEGIN_MESSAGE_MAP(CDayGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 

@@ -2,19 +2,18 @@
 // and the more-items mark.
 #pragma once
 
-#include "../../core/CalendarCtrl.h"
+#include "../../core/MoreListCtrl.h"
 
 #include <memory>
 #include <vector>
 
-class CMoreListWnd;
 namespace dayvane {
 class BoxPainter;
 class BoxRange;
 struct DayGridParts;
 } // namespace dayvane
 
-class CDayGridCtrl : public CCalendarCtrl
+class CDayGridCtrl : public CMoreListCtrl
 {
     DECLARE_DYNAMIC(CDayGridCtrl)
 
@@ -25,11 +24,9 @@ public:
     void DeleteAllItems() override; // clears the more-items marks too
 
     // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items
-    // of that day or month. Enter or a click makes an item current and sends CCN_ITEMCLICK; an item can be dragged out
-    // of the list into the view; Escape or a press elsewhere closes it.
+    // of that day or month; see CMoreListCtrl.
     void EnableMoreList(BOOL bEnable);
     BOOL IsMoreListEnabled() const { return m_options.moreList; }
-    BOOL IsMoreListOpen() const { return m_pMoreList != nullptr; }
 
 protected:
     enum
@@ -97,27 +94,18 @@ protected:
     {
         return CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom);
     }
-    void CloseMoreList();
-    void OptionsChanged(const CalendarOptions& before) override;
+    BOOL OpenMoreListAt(CPoint point) override;
+    BOOL OpenMoreListOf(const COleDateTime& date) override;
+    void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) override;
+    void DrawListEnd(CDC* pDC, const CRect& rcList) override { DrawMoreMark(pDC, rcList); }
 
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
     const std::unique_ptr<dayvane::DayGridParts> m_parts;
 
 private:
-    friend class CMoreListWnd;
-    BOOL OpenMoreListAt(CPoint point);
-    BOOL OpenMoreListOf(const COleDateTime& date);
-    BOOL OpenMoreList(const MoreBox& box);
-    void OnMoreListGone(CMoreListWnd* pList);
-    void ChooseListedItem(int nItem, unsigned nItemVersion);
-    void DragListedItem(int nItem, unsigned nItemVersion, const COleDateTime& dtFirst, CPoint screen);
-    void DrawListedItem(CDC* pDC, int nItem, unsigned nItemVersion, const CRect& rect);
-
     HICON m_hMoreMark = nullptr;
-    CMoreListWnd* m_pMoreList = nullptr; // deletes itself
     std::vector<int> m_shown;
     INT_PTR m_nShownOf = 0; // size of the screen list that m_shown was made from
     BOOL m_bShownValid = FALSE;

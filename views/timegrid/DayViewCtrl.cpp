@@ -82,7 +82,7 @@ void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
 {
-    m_pParts->moreTimed = PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale(), m_options);
+    KeepTimedMarks(PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale(), m_options));
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 

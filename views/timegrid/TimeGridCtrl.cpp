@@ -3,7 +3,6 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
-#include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -18,9 +17,9 @@ constexpr UINT kMillisecondsPerSecond = 1000;
 constexpr int kItemFocusMargin = 2; // pixels around an item that its selection frame may touch
 } // namespace
 
-IMPLEMENT_DYNAMIC(CTimeGridCtrl, CCalendarCtrl)
+IMPLEMENT_DYNAMIC(CTimeGridCtrl, CMoreListCtrl)
 
-BEGIN_MESSAGE_MAP(CTimeGridCtrl, CCalendarCtrl)
+BEGIN_MESSAGE_MAP(CTimeGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_VSCROLL()
@@ -118,24 +117,13 @@ void CTimeGridCtrl::Layout(int cx, int cy)
 void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
 {
     SetFulldayItemCount(MakeRangeItems(items, GetShownRange(), screenItems));
+    if (&screenItems == &m_arScreenItem) {
+        CloseMoreList();
+    }
     if (&screenItems == &m_arScreenItem && m_pParts->laidOut != CSize(0, 0) &&
         m_pParts->lanesLaidOut != GetFulldayItemCount()) {
         CalcFrame();
         UpdateScrollRange();
-    }
-}
-
-int CTimeGridCtrl::LanesIn(const CRect& rcClient) const
-{
-    const int lanes = GetFulldayItemCount();
-    return m_options.limitedBand ? LimitedLanes(lanes, rcClient.Height()) : lanes;
-}
-
-void CTimeGridCtrl::LimitBand(const CRect& rcBand, CItemArray& screenItems)
-{
-    m_pParts->moreInBand.clear();
-    if (m_options.limitedBand) {
-        m_pParts->moreInBand = LimitLanes(screenItems, rcBand, m_pParts->frame.columns);
     }
 }
 
@@ -240,7 +228,7 @@ void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 void CTimeGridCtrl::OptionsChanged(const CalendarOptions& before)
 {
     RestartNowTimer();
-    CCalendarCtrl::OptionsChanged(before);
+    CMoreListCtrl::OptionsChanged(before);
 }
 
 // Runs until the minute that the clock shows is over.

@@ -6,7 +6,7 @@
 // small window has no room left for the grid.
 #pragma once
 
-#include "../../core/CalendarCtrl.h"
+#include "../../core/MoreListCtrl.h"
 
 #include <memory>
 #include <vector>
@@ -17,6 +17,7 @@ struct DayRange;
 struct GridScroll;
 struct GridSelection;
 struct GridWindow;
+struct MoreMark;
 struct ShownDay;
 struct TimeGridHit;
 struct TimeGridParts;
@@ -25,7 +26,7 @@ struct TimeScale;
 class TimeGridPainter;
 } // namespace dayvane
 
-class CTimeGridCtrl : public CCalendarCtrl
+class CTimeGridCtrl : public CMoreListCtrl
 {
     DECLARE_DYNAMIC(CTimeGridCtrl)
 
@@ -47,8 +48,8 @@ public:
     // Scrolls so that the row of the time of day is the first in sight, or as near to it as the end of the day allows.
     // Scrolling that waits (SyncToPresent) is done first here and in the next two.
     void ScrollToTime(const COleDateTime& when);
-    // Scrolls, and no further than needed, to show the item, at least its begin. FALSE when the shown days have none of
-    // it. nIndex: in the store.
+    // Scrolls, and no further than needed, to show the item, at least its begin, or the mark that counts it. FALSE when
+    // the shown days have none of it. nIndex: in the store.
     BOOL EnsureVisible(int nIndex);
     // Pixels from the top of the day; held between 0 and what does not fit.
     void SetVertScrollOffset(int nOffset);
@@ -87,6 +88,11 @@ protected:
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
     void SelectionMoved() override; // the current date follows
     void OptionsChanged(const CalendarOptions& before) override;
+    BOOL OpenMoreListAt(CPoint point) override;
+    BOOL OpenMoreListOf(const COleDateTime& date) override;
+    void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) override;
+    void DrawListEnd(CDC* pDC, const CRect& rcList) override;
+    void HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTime& dtFirst, tagCCHITTESTINFO& hit) override;
 
     // ---- Hooks of the time grids.
 
@@ -111,6 +117,8 @@ protected:
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);
     int LanesIn(const CRect& rcClient) const; // of the full-day band
+    void KeepTimedMarks(std::vector<dayvane::MoreMark> marks);
+    const dayvane::MoreMark* FindMarkOf(LPARAM nItem) const; // that counts the item; nullptr: it is not hidden
     void LimitBand(const CRect& rcBand, CItemArray& screenItems);
     int FillHit(tagCCHITTESTINFO& info, const dayvane::TimeGridHit& hit) const; // returns the item
     // The selection as the moves take it: one without dates begins at the current date; a current date on another day
@@ -140,6 +148,7 @@ protected:
 private:
     bool ServeWaitingScroll();
     void ScrollTo(int nOffset);
+    void ShowInGrid(const CRect& box, bool inBand);
     void MoveToFirst(UINT nFlags);
     void MoveToLast(UINT nFlags);
     void MoveToEnd(BOOL bLast, UINT nFlags);
@@ -152,7 +161,8 @@ private:
     void RestartNowTimer();
     void LeaveWholeDay();
     void DrawNowLine(CDC* pDC);
-    void DrawMoreMarks(CDC* pDC, BOOL bBand);
+    void DrawMoreMarks(CDC* pDC);
+    void DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

@@ -149,7 +149,11 @@ void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 {
     const int item = GetFocusedScreenItem();
     nMode = item != -1;
-    if (item != -1) {
+    const MoreMark* mark = item != -1 ? FindMarkOf(m_arScreenItem[item].nSource) : nullptr;
+    if (mark) { // hidden: over the whole width of its day
+        rect = VisibleMarkBox(State(), *mark);
+        rect.left = m_pParts->frame.columns[mark->column].left;
+    } else if (item != -1) {
         rect = VisibleItemBox(State(), m_arScreenItem[item]);
     } else {
         rect = (m_bFulldaySelection ? CurrentBandBox : CurrentCellBox)(State(), m_dtSelBegin, m_dtSelEnd);

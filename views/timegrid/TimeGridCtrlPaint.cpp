@@ -44,13 +44,12 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
     DrawFulldayRuler(pDC, m_rcFulldayRuler);
     DrawGrid(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
-    DrawMoreMarks(pDC, FALSE);
     DrawNowLine(pDC);
     DrawCaption(pDC, m_rcCaption);
     DrawHeader(pDC, m_pParts->frame.header);
     DrawFulldayContent(pDC, m_rcFulldayContent);
     DrawFulldayItem(pDC, m_rcFulldayContent, m_arScreenItem);
-    DrawMoreMarks(pDC, TRUE);
+    DrawMoreMarks(pDC);
 }
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
@@ -102,16 +101,6 @@ void CTimeGridCtrl::DrawNowLine(CDC* pDC)
     }
 }
 
-void CTimeGridCtrl::DrawMoreMarks(CDC* pDC, BOOL bBand)
-{
-    const TimeGridPainter painter = Painter(pDC);
-    for (const MoreMark& mark : bBand ? m_pParts->moreInBand : m_pParts->moreTimed) {
-        CRect box = mark.box;
-        box.OffsetRect(0, bBand ? 0 : -m_nVertScroll);
-        painter.DrawMoreMark(box, static_cast<int>(mark.items.size()), m_pParts->fonts.Label());
-    }
-}
-
 // ---- Items
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
@@ -150,11 +139,17 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !IsBandItem(item)) {
             continue;
         }
-        PaintedBox bar = PaintedBandBar(rcBand, item);
-        painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
-        // The icon belongs to the beginning of an item.
-        bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, kMarkGap, !BeganEarlier(item));
-        const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-        painter.DrawBandText(item, bar.content);
+        DrawBandBar(pDC, rcBand, item);
     }
+}
+
+void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item)
+{
+    const TimeGridPainter painter = Painter(pDC);
+    PaintedBox bar = PaintedBandBar(rcBand, item);
+    painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
+    // The icon belongs to the beginning of an item.
+    bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, kMarkGap, !BeganEarlier(item));
+    const SelectGdi selectFont(pDC, GetFont(item.nReserved));
+    painter.DrawBandText(item, bar.content);
 }

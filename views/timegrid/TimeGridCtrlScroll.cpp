@@ -146,21 +146,29 @@ void CTimeGridCtrl::ScrollToTime(const COleDateTime& when)
     SetVertScrollOffset(Scale().TopOfTime(ClockTimeOf(when)));
 }
 
+// A box as if the grid were scrolled to the top; the band does not scroll.
+void CTimeGridCtrl::ShowInGrid(const CRect& box, bool inBand)
+{
+    if (!inBand) {
+        ScrollTo(OffsetToShow(RowWindow(), box.top - m_rcContent.top, box.bottom - m_rcContent.top));
+    }
+}
+
 BOOL CTimeGridCtrl::EnsureVisible(int nIndex)
 {
     if (!EndEdit() || !ServeWaitingScroll()) {
         return FALSE;
     }
+    if (const MoreMark* mark = FindMarkOf(nIndex)) {
+        ShowInGrid(mark->box, mark->inBand);
+        return TRUE;
+    }
     for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = m_arScreenItem[i];
-        if (item.nSource != nIndex || item.rcItem.top == -1) {
-            continue;
+        if (item.nSource == nIndex && item.rcItem.top != -1) {
+            ShowInGrid(item.rcItem, IsBandItem(item));
+            return TRUE;
         }
-        if (!IsBandItem(item)) {
-            ScrollTo(
-                OffsetToShow(RowWindow(), item.rcItem.top - m_rcContent.top, item.rcItem.bottom - m_rcContent.top));
-        }
-        return TRUE;
     }
     return FALSE;
 }

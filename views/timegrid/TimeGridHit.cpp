@@ -170,6 +170,17 @@ CRect VisibleItemBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
     return box;
 }
 
+CRect VisibleMarkBox(const TimeGridState& state, const MoreMark& mark)
+{
+    CRect box = mark.box;
+    if (mark.inBand) {
+        return box;
+    }
+    box.OffsetRect(0, -state.scroll);
+    CRect seen;
+    return seen.IntersectRect(&box, &state.frame.grid) ? seen : CRect(0, 0, 0, 0);
+}
+
 bool IsBoxInSight(const TimeGridState& state, const tagCALENDAR_ITEM& item)
 {
     return item.rcItem.top != -1 && ScrolledBox(state, item).bottom > state.frame.grid.top && !IsBandItem(item);

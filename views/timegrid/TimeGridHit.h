@@ -47,6 +47,8 @@ int ColumnAt(const TimeGridFrame& frame, int x);
 // The part of an item's box that can be seen: scrolled, cut at the grid's upper and lower edge. A bar of the full-day
 // band is where it is.
 CRect VisibleItemBox(const TimeGridState& state, const tagCALENDAR_ITEM& item);
+// The same of a mark; empty when it is scrolled away.
+CRect VisibleMarkBox(const TimeGridState& state, const MoreMark& mark);
 
 // An item's box as it is painted: scrolled, with the room for marks and text, which stays in sight of a box that is
 // partly scrolled away. Edges where the item goes on are open.

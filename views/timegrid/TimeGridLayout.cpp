@@ -97,16 +97,18 @@ RowSpan GiveRowHeight(tagCALENDAR_ITEM& item, int index, int columnTop, const Ti
     return RowSpan{index, row, row + 1};
 }
 
-// The hidden items of a column, by the marks that count them.
-void AddMarks(ItemArray& items, const std::vector<int>& shown, const TidyPlaces& places, const CRect& column,
-              std::vector<MoreMark>& marks)
+// Takes the hidden items' boxes and counts them in marks.
+std::vector<MoreMark> CountHidden(ItemArray& items, const std::vector<int>& shown, const TidyPlaces& places,
+                                  const CRect& column)
 {
-    const size_t firstMark = marks.size();
+    std::vector<MoreMark> marks;
     for (const TidyMore& more : places.more) {
         // Beside the least box in a column too narrow for both, the mark keeps half of its width.
         const int width = std::max(more.width, kTimeGrid.moreWidth / 2);
         const int right = column.left + more.left + more.width;
-        marks.push_back({CRect(right - width, more.start, right, more.start + kTimeGrid.moreHeight), {}});
+        MoreMark mark;
+        mark.box = CRect(right - width, more.start, right, more.start + kTimeGrid.moreHeight);
+        marks.push_back(mark);
     }
     for (size_t i = 0; i < shown.size(); ++i) {
         tagCALENDAR_ITEM& item = items[shown[i]];
@@ -118,14 +120,15 @@ void AddMarks(ItemArray& items, const std::vector<int>& shown, const TidyPlaces&
         while (mark + 1 < places.more.size() && places.more[mark].end < item.rcItem.top) {
             ++mark;
         }
-        marks[firstMark + mark].items.push_back(static_cast<int>(item.nSource));
+        marks[mark].items.push_back(static_cast<int>(item.nSource));
         item.rcItem = CRect(-1, -1, -1, -1);
     }
+    return marks;
 }
 
 // By what is seen: boxes that would share pixels share the width.
-void PlaceColumnTidily(ItemArray& items, const std::vector<int>& timed, const CRect& column, int usableWidth,
-                       std::vector<MoreMark>& marks)
+std::vector<MoreMark> PlaceColumnTidily(ItemArray& items, const std::vector<int>& timed, const CRect& column,
+                                        int usableWidth)
 {
     std::vector<int> shown;
     std::vector<TimeSpan> spans;
@@ -144,7 +147,7 @@ void PlaceColumnTidily(ItemArray& items, const std::vector<int>& timed, const CR
         box.left = column.left + places.boxes[i].left;
         box.right = box.left + places.boxes[i].width;
     }
-    AddMarks(items, shown, places, column, marks);
+    return CountHidden(items, shown, places, column);
 }
 
 void InsetTimed(ItemArray& items)
@@ -248,7 +251,10 @@ std::vector<MoreMark> PlaceTimedItems(ItemArray& items, const std::vector<CRect>
         const CRect& place = columns[column];
         const ColumnItems& own = columnItems[column];
         if (options.tidyColumns) {
-            PlaceColumnTidily(items, own.timed, place, place.Width() - freeBeside, marks);
+            for (MoreMark& mark : PlaceColumnTidily(items, own.timed, place, place.Width() - freeBeside)) {
+                mark.column = column;
+                marks.push_back(mark);
+            }
             continue;
         }
         PlaceSideBySide(items, own.spans, scale,

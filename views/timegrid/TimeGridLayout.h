@@ -48,8 +48,10 @@ CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleD
 // Items that have no room, counted in a mark.
 struct MoreMark
 {
-    CRect box;              // of timed items as if the grid were scrolled to the top
-    std::vector<int> items; // nSource of each, in screen order
+    int column = 0;
+    bool inBand = false;
+    CRect box = CRect(0, 0, 0, 0); // of timed items as if the grid were scrolled to the top
+    std::vector<int> items;        // nSource of each, in screen order
 };
 
 // Gives every timed item its box: alone, then side by side with those that share its rows, then inset. `columns` has

@@ -264,15 +264,13 @@ void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const CRect& co
                   side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-void TimeGridPainter::DrawMoreMark(const CRect& box, int count, CFont* font) const
+void TimeGridPainter::DrawMoreMark(const CRect& box, const CString& text, CFont* font) const
 {
     if (!IsVisible(box)) {
         return;
     }
     m_dc.FillSolidRect(&box, m_colors.ruler);
     DrawBoxEdges(box, m_colors.rulerText, OUTLINE, true, true);
-    CString text;
-    text.Format("+%d", count);
     CRect area = box;
     const SelectGdi selectFont(&m_dc, font);
     m_dc.SetTextColor(m_colors.rulerText);

@@ -83,8 +83,7 @@ public:
     // `timesWhereTheyFit` says so.
     void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit) const;
     void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content) const;
-    // "+3": how many items have no room there.
-    void DrawMoreMark(const CRect& box, int count, CFont* font) const;
+    void DrawMoreMark(const CRect& box, const CString& text, CFont* font) const;
 
     void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
                         CFont* text) const;

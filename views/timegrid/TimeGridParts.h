@@ -15,8 +15,7 @@ struct TimeGridParts
     CSize laidOut = CSize(0, 0);
     int lanesLaidOut = 0;
     std::vector<ShownDay> shownDays;
-    std::vector<MoreMark> moreTimed;
-    std::vector<MoreMark> moreInBand;
+    std::vector<MoreMark> more;
     TimeGridFonts fonts;
 };
 

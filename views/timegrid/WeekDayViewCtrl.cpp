@@ -164,7 +164,7 @@ void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems
 
 void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    m_pParts->moreTimed = PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale(), m_options);
+    KeepTimedMarks(PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale(), m_options));
     CalcFulldayItemRect(m_rcFulldayContent, screenItems);
 }
 

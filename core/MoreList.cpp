@@ -1,4 +1,4 @@
-#include "views/daygrid/MoreList.h"
+#include "core/MoreList.h"
 
 #include "core/DateMath.h"
 

@@ -2,7 +2,7 @@
 // where the list stands. Rectangles are pixels.
 #pragma once
 
-#include "../../core/CalendarRecords.h"
+#include "CalendarRecords.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 // The list that a more-items mark opens: its model, and the list in real windows.
 #include "core/DateMath.h"
-#include "views/daygrid/MoreList.h"
+#include "core/MoreList.h"
 
 #include <gtest/gtest.h>
 

@@ -3,23 +3,23 @@
 // that a press anywhere else closes it.
 #pragma once
 
-#include "../../core/PopupWindow.h"
+#include "PopupWindow.h"
 #include "MoreList.h"
 
-class CDayGridCtrl;
+class CMoreListCtrl;
 
 class CMoreListWnd : public CPopupWnd
 {
 public:
     // mark: screen pixels. nullptr when there is no item or no window.
-    static CMoreListWnd* Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
+    static CMoreListWnd* Open(CMoreListCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
                               const COleDateTime& dtFirst);
     // A key that the control got; TRUE when it is the list's. The list may be gone afterwards.
     BOOL OnKey(UINT nKey);
     int GetCurrent() const { return m_model.Current(); } // row
 
 protected:
-    CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion, const COleDateTime& dtFirst);
+    CMoreListWnd(CMoreListCtrl* pOwner, std::vector<int> items, unsigned nItemVersion, const COleDateTime& dtFirst);
 
     void Choose(int nRow);
     void DragOut(CPoint point);
@@ -34,7 +34,7 @@ protected:
     afx_msg void OnCaptureChanged(CWnd* pWnd);
     DECLARE_MESSAGE_MAP()
 
-    CDayGridCtrl* m_pOwner;
+    CMoreListCtrl* m_pOwner;
     dayvane::MoreListModel m_model;
     unsigned m_nItemVersion; // of the control's items when the list was made
     COleDateTime m_dtFirst;  // first day of the list

@@ -1,8 +1,8 @@
-#include "views/daygrid/MoreListWnd.h"
+#include "core/MoreListWnd.h"
 
 #include "core/PopupPlace.h"
+#include "core/MoreListCtrl.h"
 #include "core/WindowHelpers.h"
-#include "views/daygrid/DayGridCtrl.h"
 
 #include <utility>
 
@@ -25,14 +25,14 @@ ON_WM_MOUSEWHEEL()
 ON_WM_CAPTURECHANGED()
 END_MESSAGE_MAP()
 
-CMoreListWnd::CMoreListWnd(CDayGridCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
+CMoreListWnd::CMoreListWnd(CMoreListCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
                            const COleDateTime& dtFirst)
     : m_pOwner(pOwner), m_model(std::move(items)), m_nItemVersion(nItemVersion), m_dtFirst(dtFirst)
 {
 }
 
-CMoreListWnd* CMoreListWnd::Open(CDayGridCtrl* pOwner, const CRect& mark, std::vector<int> items, unsigned nItemVersion,
-                                 const COleDateTime& dtFirst)
+CMoreListWnd* CMoreListWnd::Open(CMoreListCtrl* pOwner, const CRect& mark, std::vector<int> items,
+                                 unsigned nItemVersion, const COleDateTime& dtFirst)
 {
     if (items.empty()) {
         return nullptr;
@@ -59,7 +59,7 @@ void CMoreListWnd::OnGone()
 
 void CMoreListWnd::Choose(int nRow)
 {
-    CDayGridCtrl* owner = m_pOwner;
+    CMoreListCtrl* owner = m_pOwner;
     const int item = m_model.Item(nRow);
     const unsigned version = m_nItemVersion;
     Close();
@@ -68,7 +68,7 @@ void CMoreListWnd::Choose(int nRow)
 
 void CMoreListWnd::DragOut(CPoint point)
 {
-    CDayGridCtrl* owner = m_pOwner;
+    CMoreListCtrl* owner = m_pOwner;
     const int item = m_model.Item(m_nPressed);
     const unsigned version = m_nItemVersion;
     const COleDateTime first = m_dtFirst;
@@ -194,6 +194,6 @@ void CMoreListWnd::DrawPopup(CDC* pDC)
         m_pOwner->DrawListedItem(pDC, m_model.Item(row), m_nItemVersion, rect);
     }
     if (m_model.Top() + m_model.RowsInSight() < m_model.Count()) {
-        m_pOwner->DrawMoreMark(pDC, client);
+        m_pOwner->DrawListEnd(pDC, client);
     }
 }
