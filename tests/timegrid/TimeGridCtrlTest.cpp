@@ -567,6 +567,100 @@ TEST(GridEdit, OpensInSight)
     EXPECT_FALSE(editBox(fresh).IsRectEmpty());
 }
 
+TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
+{
+    using testsupport::messages::Click;
+    using testsupport::messages::Key;
+    Scene<CWeekDayViewCtrl> scene(500, 500);
+    CalendarOptions options;
+    options.tidyColumns = options.limitedBand = true;
+    for (int i = 0; i < 12; ++i) {
+        scene.Add(At(1, 0), At(2, 0));
+        scene.Add(At(0, 0, 27), At(0, 0, 27), 1);
+    }
+    EXPECT_GT(scene.view->m_rcContent.top, 300);
+    scene.view->SetOptions(options);
+    EXPECT_LE(scene.view->m_rcContent.top, 50 + 500 * 40 / 100);
+    const auto isHidden = [&scene](int item) {
+        for (INT_PTR i = 0; i < scene.view->GetScreenItems().GetSize(); ++i) {
+            if (scene.view->GetScreenItems()[i].nSource == item) {
+                return scene.view->GetScreenItems()[i].rcItem.top == -1;
+            }
+        }
+        return true;
+    };
+    EXPECT_FALSE(isHidden(0));
+    EXPECT_FALSE(isHidden(1));
+    EXPECT_TRUE(isHidden(22));
+    EXPECT_TRUE(isHidden(23));
+
+    const CRect grid = scene.view->m_rcContent;
+    const CPoint timedMark(scene.view->GetColumnRect(2).right - 12, grid.top + 45);
+    const CPoint bandMark(scene.view->GetColumnRect(3).left + 20, grid.top - 20);
+    for (const CPoint mark : {timedMark, bandMark}) {
+        scene.parent.ClearLog();
+        scene.view->SetCurSel(-1);
+        testsupport::messages::LeftDown(scene.view->m_hWnd, mark);
+        ASSERT_TRUE(scene.view->IsMoreListOpen()) << mark.y;
+        scene.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+        scene.view->SendMessage(WM_KEYDOWN, VK_RETURN, 0);
+        EXPECT_FALSE(scene.view->IsMoreListOpen());
+        EXPECT_EQ(mark == timedMark ? 22 : 23, scene.view->GetCurSel());
+        EXPECT_EQ(1, scene.parent.Count(CCN_ITEMCLICK));
+    }
+    // F4 in the cell of such a day; scrolling closes the list.
+    scene.view->SetSelRange(At(9, 0, 27), At(9, 0, 27));
+    scene.view->SendMessage(WM_KEYDOWN, VK_F4, 0);
+    EXPECT_TRUE(scene.view->IsMoreListOpen());
+    scene.Scroll(SB_LINEDOWN);
+    EXPECT_FALSE(scene.view->IsMoreListOpen());
+    scene.Scroll(SB_TOP);
+
+    // Dragged out of the list into the next column, the hidden item comes to the row where it is dropped.
+    testsupport::messages::LeftDown(scene.view->m_hWnd, timedMark);
+    const HWND list = ::FindWindow("DayvaneMoreList", nullptr);
+    ASSERT_NE(nullptr, list);
+    ::SendMessage(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 10));
+    ::SendMessage(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(-10, 10));
+    EXPECT_FALSE(scene.view->IsMoreListOpen());
+    const int dragged = scene.view->GetCurSel();
+    const CPoint target(scene.view->GetColumnRect(1).left + 20, scene.view->m_rcContent.top + 90);
+    testsupport::messages::Move(scene.view->m_hWnd, target, MK_LBUTTON);
+    testsupport::messages::Move(scene.view->m_hWnd, target, MK_LBUTTON);
+    testsupport::messages::LeftUp(scene.view->m_hWnd, target);
+    tagCC_ITEM item;
+    scene.view->GetItem(dragged, item);
+    EXPECT_EQ(At(2, 0, 25), item.dtStart);
+    EXPECT_EQ(At(3, 0, 25), item.dtEnd);
+}
+
+TEST(GridOptions, FirstRowMoveEndsAWholeDaySelection)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto select = [&scene] { scene.view->SetSelRange(At(0, 0, 25), At(0, 0, 27), TRUE); };
+    const auto isWholeAfter = [&](auto act) {
+        select();
+        act();
+        return scene.view->IsWholeDaySelection();
+    };
+    const auto down = [&] { scene.view->MoveBackward(0); };
+    const auto up = [&] { scene.view->MoveForward(0); }; // stays at midnight
+    const auto date = [&] { scene.view->SetCurrentDate(At(9, 0)); };
+    const auto right = [&] { scene.view->MoveRightward(0); };
+    EXPECT_TRUE(isWholeAfter(down) && isWholeAfter(up) && isWholeAfter(date) && isWholeAfter(right));
+    CalendarOptions options = scene.view->GetOptions();
+    options.keysLeaveWholeDay = true;
+    scene.view->SetOptions(options);
+    EXPECT_FALSE(isWholeAfter(down) || isWholeAfter(up) || isWholeAfter(date));
+    EXPECT_TRUE(isWholeAfter(right)) << "still days";
+    // The older switches write the same record.
+    scene.view->ShowNowLine(TRUE);
+    scene.view->EnableExtendedMove(FALSE);
+    EXPECT_TRUE(scene.view->GetOptions().nowLine);
+    EXPECT_FALSE(scene.view->GetOptions().extendedMove);
+    EXPECT_TRUE(scene.view->GetOptions().keysLeaveWholeDay);
+}
+
 TEST(GridEdit, EndsWhenTheDateChanges)
 {
     const auto change = [](auto&& scene, const COleDateTime& date) {

@@ -85,16 +85,16 @@ struct ColumnItems
     std::vector<RowSpan> spans;
 };
 
-// A box that covers no row: one row high, where the item begins. Returns the row.
+// A box that covers no row, or is the wrong way round: at least one row high. Returns the rows.
 RowSpan GiveRowHeight(tagCALENDAR_ITEM& item, int index, int columnTop, const TimeScale& scale)
 {
-    CRect& box = item.rcItem;
-    const int row = std::clamp(static_cast<int>(std::min(box.top, box.bottom) - columnTop) / kTimeGrid.rowHeight, 0,
-                               scale.RowsPerDay() - 1);
-    const int least = columnTop + scale.TopOfRow(row);
-    box.bottom = std::max<int>(std::max(box.top, box.bottom), least + kTimeGrid.rowHeight);
-    box.top = least;
-    return RowSpan{index, row, row + 1};
+    const int upper = std::min(item.rcItem.top, item.rcItem.bottom) - columnTop;
+    const int lower = std::max(item.rcItem.top, item.rcItem.bottom) - columnTop;
+    RowSpan rows{index, std::clamp(upper / kTimeGrid.rowHeight, 0, scale.RowsPerDay() - 1), 0};
+    rows.end = std::clamp((lower + kTimeGrid.rowHeight - 1) / kTimeGrid.rowHeight, rows.first + 1, scale.RowsPerDay());
+    item.rcItem.top = columnTop + scale.TopOfRow(rows.first);
+    item.rcItem.bottom = columnTop + scale.TopOfRow(rows.end);
+    return rows;
 }
 
 // Takes the hidden items' boxes and counts them in marks.
