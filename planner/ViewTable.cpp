@@ -2,7 +2,6 @@
 
 #include "planner/ItemBridge.h"
 #include "planner/resource.h"
-#include "views/daygrid/DayGridCtrl.h"
 #include "views/docview/CalendarViews.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
@@ -84,16 +83,10 @@ std::string ViewNames()
 
 void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMonday)
 {
-    ctrl.EnableExtendedMove(TRUE);
+    ctrl.SetOptions(CalendarOptions::Modern());
     ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? kMonday : kSunday);
     if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {
         columns->SetDateScale(view.row->dateScale == kVariableScale ? view.days - 1 : view.row->dateScale);
-    }
-    if (CDayGridCtrl* boxes = DYNAMIC_DOWNCAST(CDayGridCtrl, &ctrl)) {
-        boxes->EnableMoreList(TRUE);
-    }
-    if (CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, &ctrl)) {
-        grid->ShowNowLine(TRUE);
     }
 }
 
