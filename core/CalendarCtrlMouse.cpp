@@ -153,7 +153,7 @@ void CCalendarCtrl::StopTracking()
 BOOL CCalendarCtrl::HasTimes(int nIndex, const ItemTimes& times) const
 {
     return nIndex >= 0 && nIndex < GetItemCount() && m_arItem[nIndex].dtStart == times.start &&
-           m_arItem[nIndex].dtEnd == times.end;
+           m_arItem[nIndex].dtEnd == times.end && m_arItem[nIndex].nFullday == times.fullday;
 }
 
 void CCalendarCtrl::PutItemTimes(int nIndex, const ItemTimes& times)
@@ -165,6 +165,7 @@ void CCalendarCtrl::PutItemTimes(int nIndex, const ItemTimes& times)
     GetItem(nIndex, item);
     item.dtStart = times.start;
     item.dtEnd = times.end;
+    item.nFullday = times.fullday;
     SetItem(nIndex, &item, FALSE, FALSE);
     Refresh();
     InvalidateCellRectRange();
@@ -215,7 +216,7 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
     PressedItem pressed;
     if (hit.nItem >= 0 && hit.nItem < GetItemCount()) {
         pressed.movable = IsItemMovable(hit.nItem) == 1;
-        pressed.times = {m_arItem[hit.nItem].dtStart, m_arItem[hit.nItem].dtEnd};
+        pressed.times = {m_arItem[hit.nItem].dtStart, m_arItem[hit.nItem].dtEnd, m_arItem[hit.nItem].nFullday};
         pressed.edge = EdgeUnder(hit);
     }
     Apply(m_pointer.Press(PointerHitOf(hit), pressed), nFlags, hit);
@@ -259,7 +260,9 @@ void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
 {
     ItemTimes times;
     const bool there = GetDraggedTimes(times);
-    Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes()), 0, hit);
+    Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes(),
+                                 m_options.wholeDayByDrag),
+          0, hit);
 }
 
 // Deleting or inserting items may have given the held item another index: the drag goes on with that item, as long as
@@ -280,7 +283,7 @@ bool CCalendarCtrl::GetDraggedTimes(ItemTimes& times)
     if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem()) {
         return false;
     }
-    times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd};
+    times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd, m_arItem[m_nCurSel].nFullday};
     return true;
 }
 

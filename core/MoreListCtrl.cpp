@@ -115,7 +115,7 @@ void CMoreListCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleD
     }
     PressedItem pressed;
     pressed.movable = IsItemMovable(nItem) == 1;
-    pressed.times = {m_arItem[nItem].dtStart, m_arItem[nItem].dtEnd};
+    pressed.times = {m_arItem[nItem].dtStart, m_arItem[nItem].dtEnd, m_arItem[nItem].nFullday};
     Apply(m_pointer.Press(PointerHitOf(hit), pressed), MK_LBUTTON, hit);
 }
 

@@ -47,7 +47,7 @@ PointerEffect WithTimes(PointerEffect::Kind kind, const COleDateTime& start, con
 
 ItemTimes Shifted(const ItemTimes& times, long long seconds)
 {
-    return {AddSeconds(times.start, seconds), AddSeconds(times.end, seconds)};
+    return {AddSeconds(times.start, seconds), AddSeconds(times.end, seconds), times.fullday};
 }
 
 } // namespace
@@ -158,12 +158,14 @@ PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* curr
     }
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
     if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && AreValid(*current)) {
-        PutItem(effects, hit, {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end))});
+        PutItem(effects, hit,
+                {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end)), current->fullday});
     }
     return effects;
 }
 
-PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes)
+PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes,
+                                            bool wholeDayByDrag)
 {
     if (!m_dragging) {
         return StartDragOutsideSlop(hit);
@@ -181,12 +183,23 @@ PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTim
         PutItem(effects, hit, Pulled(hit, stepMinutes));
         return effects;
     }
-    // Between the full-day band and the rows only the day counts: a band has no times.
-    const bool sameKind = IsBandCode(hit.code) == m_pressInBand;
-    const long long days = DayNumberOf(hit.time) - DayNumberOf(m_pressTime);
-    const long long seconds = sameKind ? SecondsBetween(m_pressTime, hit.time) : days * kSecondsPerDay;
-    PutItem(effects, hit, Shifted(m_origin, seconds));
+    const bool isAcross = IsBandCode(hit.code) != m_pressInBand;
+    PutItem(effects, hit,
+            isAcross ? MovedAcross(hit, wholeDayByDrag) : Shifted(m_origin, SecondsBetween(m_pressTime, hit.time)));
     return effects;
+}
+
+// Between the full-day band and the rows; a band has no times.
+ItemTimes PointerTracker::MovedAcross(const PointerHit& hit, bool wholeDayByDrag) const
+{
+    const int days = DayNumberOf(hit.time) - DayNumberOf(m_pressTime);
+    if (wholeDayByDrag && IsBandCode(hit.code)) {
+        return {StartOfDay(AddDays(m_origin.start, days)), EndOfDay(AddDays(m_origin.end, days)), 1};
+    }
+    if (wholeDayByDrag && m_origin.fullday == 1) {
+        return {hit.time, AddSeconds(hit.time, static_cast<long long>(kMinutesPerHour) * kSecondsPerMinute), 0};
+    }
+    return Shifted(m_origin, days * kSecondsPerDay);
 }
 
 ItemTimes PointerTracker::Pulled(const PointerHit& hit, int stepMinutes) const

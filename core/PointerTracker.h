@@ -32,6 +32,7 @@ struct ItemTimes
 {
     COleDateTime start;
     COleDateTime end;
+    int fullday = 0; // exactly 1: all day
 };
 
 // What lies under the pointer.
@@ -85,8 +86,11 @@ public:
     // Plain: the item begins at the date and time under the pointer and keeps its length.
     PointerEffects Drag(const PointerHit& hit, const ItemTimes* current);
     // Extended: the item keeps its distance from the pointer, and a press on an edge pulls that edge.
-    // stepMinutes: the length of a row, the least length of an item that is pulled by its lower edge.
-    PointerEffects DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes);
+    // stepMinutes: the length of a row, the least length of an item that is pulled by its lower edge. wholeDayByDrag:
+    // in the full-day band a timed item becomes an all-day item; in the rows an all-day item one of an hour that begins
+    // there. Otherwise, between the two, only the day counts.
+    PointerEffects DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes,
+                                bool wholeDayByDrag = false);
     PointerEffects Release(const PointerHit& hit);
     // After the effects of Release.
     void Released();
@@ -113,6 +117,7 @@ public:
 private:
     PointerEffects StartDragOutsideSlop(const PointerHit& hit);
     ItemTimes Pulled(const PointerHit& hit, int stepMinutes) const;
+    ItemTimes MovedAcross(const PointerHit& hit, bool wholeDayByDrag) const;
     void PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times);
 
     bool m_selecting = false;

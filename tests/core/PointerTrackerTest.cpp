@@ -43,7 +43,8 @@ std::string TextOf(const PointerEffect& effect)
     case PointerEffect::ARROW_CURSOR:
         return "arrow";
     case PointerEffect::PUT_ITEM:
-        return "put " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
+        return "put " + TimeText(effect.times.start) + " " + TimeText(effect.times.end) +
+               (effect.times.fullday == 1 ? " all day" : "");
     case PointerEffect::PUT_BACK:
         return "put-back " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
     case PointerEffect::NOTIFY_MOVED:
@@ -61,6 +62,7 @@ public:
     bool itemThere = true;
     bool extended = false;
     ItemEdge edge = EDGE_NONE;
+    bool wholeDayByDrag = false;
     int stepMinutes = 30;
     PointerTracker tracker;
 
@@ -78,8 +80,8 @@ public:
         const PointerHit hit = HitOf(code, time, point);
         const std::string swept = Carry(tracker.Sweep(hit));
         const ItemTimes* current = itemThere ? &item : nullptr;
-        const std::string dragged =
-            Carry(extended ? tracker.DragExtended(hit, current, stepMinutes) : tracker.Drag(hit, current));
+        const std::string dragged = Carry(extended ? tracker.DragExtended(hit, current, stepMinutes, wholeDayByDrag)
+                                                   : tracker.Drag(hit, current));
         return swept.empty() || dragged.empty() ? swept + dragged : swept + "; " + dragged;
     }
 
@@ -240,6 +242,42 @@ TEST(PointerTracker, ExtendedDragsKeepTheGrabAndPullEdges)
         mouse.Move(row.pressCode, row.press);
         mouse.Cancel();
         EXPECT_TRUE(mouse.item.start == row.item.start && mouse.item.end == row.item.end) << row.what;
+    }
+}
+
+TEST(PointerTracker, TheBandMakesItemsAllDayAndTheRowsTimed)
+{
+    const ItemTimes timed = {At(10, 9), At(10, 11)};
+    const ItemTimes allDay = {At(10), At(10, 23, 59), 1};
+    const ItemTimes days = {At(10, 9), At(12, 11)};
+    const struct
+    {
+        const char* what;
+        ItemTimes item;
+        int pressCode;
+        COleDateTime press;
+        int moveCode;
+        COleDateTime move;
+        const char* put;
+    } rows[] = {
+        {"into the band", timed, CCHT_ONITEM, At(10, 10), CCHT_ONFULLDAY, At(11), "put 11-00:00 11-23:59 all day"},
+        {"into the rows", allDay, CCHT_ONFULLDAYITEM, At(10), CCHT_ONCELL, At(11, 14), "put 11-14:00 11-15:00"},
+        {"several days stay in the band", days, CCHT_ONFULLDAYITEM, At(10), CCHT_ONCELL, At(11, 14),
+         "put 11-09:00 13-11:00"},
+        {"within the band", allDay, CCHT_ONFULLDAYITEM, At(10), CCHT_ONFULLDAY, At(12),
+         "put 12-00:00 12-23:59 all day"},
+        {"within the rows", timed, CCHT_ONITEM, At(10, 10), CCHT_ONCELL, At(11, 14), "put 11-13:00 11-15:00"},
+    };
+    for (const auto& row : rows) {
+        Mouse mouse;
+        mouse.extended = mouse.wholeDayByDrag = true;
+        mouse.item = row.item;
+        mouse.Press(row.pressCode, row.press);
+        mouse.Move(row.moveCode, row.move, CPoint(100, 120));
+        const std::string effects = mouse.Move(row.moveCode, row.move);
+        EXPECT_EQ(effects.substr(effects.find("put")), row.put) << row.what;
+        mouse.Cancel();
+        EXPECT_TRUE(mouse.item.start == row.item.start && mouse.item.fullday == row.item.fullday) << row.what;
     }
 }
 

@@ -634,6 +634,42 @@ TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
     EXPECT_EQ(At(3, 0, 25), item.dtEnd);
 }
 
+TEST(GridOptions, TheBandMakesDraggedItemsAllDay)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto drag = [&scene](CPoint from, CPoint to) {
+        CPoint screen = to;
+        scene.view->ClientToScreen(&screen);
+        ::SetCursorPos(screen.x, screen.y); // the auto-scroll at the grid's edge asks where the pointer is
+        testsupport::messages::Drag(scene.view->m_hWnd, from, to);
+        tagCC_ITEM item;
+        scene.view->GetItem(0, item);
+        return item;
+    };
+    const CPoint row(scene.view->GetColumnRect(2).left + 20, scene.view->m_rcContent.top + 50);
+    const CPoint band(scene.view->GetColumnRect(3).left + 20, scene.view->m_rcContent.top - 15);
+    scene.Add(At(1, 0), At(2, 0));
+    EXPECT_EQ(0, drag(row, band).nFullday);
+    scene.view->DeleteAllItems();
+    scene.Add(At(1, 0), At(2, 0));
+    CalendarOptions options = scene.view->GetOptions();
+    options.wholeDayByDrag = true;
+    scene.view->SetOptions(options);
+    tagCC_ITEM item = drag(row, band);
+    EXPECT_EQ(1, item.nFullday);
+    EXPECT_EQ(At(0, 0, 27), item.dtStart);
+    EXPECT_EQ(CCHT_ONFULLDAYITEM, [&] {
+        tagCCHITTESTINFO hit;
+        hit.pt = band;
+        scene.view->HitTest(hit);
+        return hit.nHitCode;
+    }());
+    item = drag(band, row);
+    EXPECT_EQ(0, item.nFullday);
+    EXPECT_EQ(At(1, 0), item.dtStart);
+    EXPECT_EQ(At(2, 0), item.dtEnd);
+}
+
 TEST(GridOptions, FirstRowMoveEndsAWholeDaySelection)
 {
     Scene<CWeekDayViewCtrl> scene(900, 500);

@@ -118,6 +118,7 @@ std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std:
         }
     }
     for (size_t i = 0; i < columns.size(); ++i) {
+        std::sort(marks[i].items.begin(), marks[i].items.end()); // as the screen items come: by their sources
         marks[i].column = static_cast<int>(i);
         marks[i].inBand = true;
         marks[i].box = CRect(columns[i].left + kTimeGrid.laneInset, lastTop, columns[i].right - kTimeGrid.laneInset,
