@@ -38,10 +38,10 @@ PointerEffect Plain(PointerEffect::Kind kind, int item = -1)
     return effect;
 }
 
-PointerEffect WithTimes(PointerEffect::Kind kind, const COleDateTime& start, const COleDateTime& end, int item = -1)
+PointerEffect WithTimes(PointerEffect::Kind kind, const ItemTimes& times, int item = -1)
 {
     PointerEffect effect = Plain(kind, item);
-    effect.times = {start, end};
+    effect.times = times;
     return effect;
 }
 
@@ -103,7 +103,7 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
             return effects;
         }
         m_sweepBegin = hit.time;
-        PointerEffect begin = WithTimes(PointerEffect::BEGIN_SELECTION, hit.time, hit.time);
+        PointerEffect begin = WithTimes(PointerEffect::BEGIN_SELECTION, {hit.time, hit.time});
         begin.fullday = hit.code == CCHT_ONFULLDAY;
         effects.push_back(begin);
         effects.push_back(Plain(PointerEffect::CLEAR_ITEM));
@@ -116,7 +116,7 @@ PointerEffects PointerTracker::Sweep(const PointerHit& hit)
 {
     PointerEffects effects;
     if (m_selecting && hit.code != CCHT_NOWHERE && IsValid(hit.time)) {
-        effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, m_sweepBegin, hit.time));
+        effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, {m_sweepBegin, hit.time}));
     }
     return effects;
 }
@@ -142,8 +142,8 @@ void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, con
         return;
     }
     m_lastPut = times;
-    effects.push_back(WithTimes(PointerEffect::MARK_DATE, hit.time, hit.time));
-    effects.push_back(WithTimes(PointerEffect::PUT_ITEM, times.start, times.end, m_item));
+    effects.push_back(WithTimes(PointerEffect::MARK_DATE, {hit.time, hit.time}));
+    effects.push_back(WithTimes(PointerEffect::PUT_ITEM, times, m_item));
 }
 
 PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* current)
@@ -249,7 +249,7 @@ PointerEffects PointerTracker::Cancel()
 {
     PointerEffects effects;
     if (m_dragging && !m_pending && !m_dropping) {
-        effects.push_back(WithTimes(PointerEffect::PUT_BACK, m_origin.start, m_origin.end, m_item));
+        effects.push_back(WithTimes(PointerEffect::PUT_BACK, m_origin, m_item));
     }
     if (IsBusy()) {
         effects.push_back(Plain(PointerEffect::ARROW_CURSOR));

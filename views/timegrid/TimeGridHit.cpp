@@ -260,7 +260,7 @@ std::vector<CRect> BandOfDays(const TimeGridState& state, const CRect& band, con
     std::vector<CRect> parts;
     for (int column = first; column <= last; ++column) {
         const CRect& box = state.frame.columns[column];
-        parts.push_back(CRect(box.left, band.top, box.right, band.bottom));
+        parts.emplace_back(box.left, band.top, box.right, band.bottom);
     }
     return parts;
 }

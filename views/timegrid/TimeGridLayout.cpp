@@ -183,7 +183,7 @@ TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int head
     for (int i = 0; i < days; ++i) {
         const int left = frame.grid.left + i * frame.columnWidth;
         const int right = i + 1 < days ? left + frame.columnWidth : frame.grid.left + width;
-        frame.columns.push_back(CRect(left, frame.grid.top, right, frame.grid.bottom));
+        frame.columns.emplace_back(left, frame.grid.top, right, frame.grid.bottom);
     }
     return frame;
 }

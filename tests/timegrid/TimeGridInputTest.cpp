@@ -1,0 +1,322 @@
+// The day view and the multi-day view under hand and key: what the current date, the scroll position, the edit box and
+// the options make of it.
+#include "timegrid/GridScene.h"
+
+#include <gtest/gtest.h>
+
+using namespace gridtest;
+using testsupport::PumpMessages;
+
+// Keys, header frame and current date go where the hand is.
+TEST(GridMouse, TheCurrentDateFollowsTheSelection)
+{
+    using namespace testsupport::messages;
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const HWND window = scene.view->m_hWnd;
+    const auto in = [&scene](int column, int y) {
+        return CPoint(scene.view->GetColumnRect(column).left + 20, scene.view->m_rcContent.top + y);
+    };
+    Click(window, in(4, 50)); // Friday 1:00, current is Wednesday
+    EXPECT_EQ(At(1, 0, 28), scene.view->GetCurrentDate());
+    Key(window, VK_RIGHT); // to the next day that a working week shows
+    EXPECT_EQ("01 01:00 - 01 01:00", scene.Selection());
+    EXPECT_EQ("05-01 00:00:00 - 05-05 23:59:59", scene.Range());
+    Key(window, VK_LEFT);
+    EXPECT_EQ("28 01:00 - 28 01:00", scene.Selection());
+    EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", scene.Range());
+
+    Drag(window, in(0, 50), in(1, 90)); // a sweep: keys go on from its end
+    EXPECT_EQ("24 01:00 - 25 02:00", scene.Selection());
+    EXPECT_EQ(At(2, 0, 25), scene.view->GetCurrentDate());
+    Key(window, VK_DOWN);
+    EXPECT_EQ("25 02:30 - 25 02:30", scene.Selection());
+    Click(window, CPoint(in(3, 0).x, scene.view->m_rcContent.top - 10)); // the band
+    EXPECT_TRUE(scene.view->IsWholeDaySelection());
+    EXPECT_EQ(At(0, 0, 27), scene.view->GetCurrentDate());
+
+    // Where a host has moved the selection alone, the first key moves from there.
+    scene.view->SetSelRange(At(9, 0, 24), At(9, 0, 24));
+    Key(window, VK_RIGHT);
+    EXPECT_EQ("25 09:00 - 25 09:00", scene.Selection());
+    EXPECT_EQ(At(9, 0, 25), scene.view->GetCurrentDate());
+
+    Scene<CDayViewCtrl> day;
+    Click(day.view->m_hWnd, CPoint(200, 60 + 50));
+    EXPECT_EQ(At(1, 0), day.view->GetCurrentDate());
+    day.view->SetSelRange(At(9, 0, 28), At(9, 0, 28));
+    Key(day.view->m_hWnd, VK_DOWN);
+    EXPECT_EQ("28 09:30 - 28 09:30", day.Selection());
+    EXPECT_EQ(At(9, 30, 28), day.view->GetCurrentDate());
+}
+
+TEST(GridKeys, LeaveNoHighlightInTheBand)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const COLORREF mark = 0x123456;
+    scene.view->SetHighLightColor(mark);
+    const auto band = [&scene](int column) {
+        return CPoint(scene.view->GetColumnRect(column).left + 40, scene.view->m_rcContent.top - 10);
+    };
+    const auto color = [&](int column) {
+        PumpMessages();
+        scene.view->UpdateWindow();
+        CClientDC window(scene.view);
+        return window.GetPixel(band(column));
+    };
+    testsupport::messages::Drag(scene.view->m_hWnd, band(0), band(2));
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_EQ(mark, color(column)) << column;
+    }
+    testsupport::messages::Key(scene.view->m_hWnd, VK_DOWN);
+    EXPECT_NE(mark, color(0));
+    EXPECT_NE(mark, color(1));
+    EXPECT_EQ(mark, color(2));
+}
+
+// In a grid of 440 pixels: 22 rows.
+TEST(GridScroll, KeysStayInSight)
+{
+    using testsupport::KeyState;
+    using testsupport::messages::Key;
+    Scene<CDayViewCtrl> scene;
+    const HWND window = scene.view->m_hWnd;
+    const int height = scene.view->m_rcContent.Height();
+    const auto isInSight = [&] {
+        PumpMessages();
+        const int top = (scene.view->m_dtSelEnd.GetHour() * 2 + scene.view->m_dtSelEnd.GetMinute() / 30) * 20;
+        return top >= scene.Offset() && top + 20 <= scene.Offset() + height;
+    };
+    scene.Scroll(SB_BOTTOM);
+    Key(window, VK_UP); // far from 9:00
+    EXPECT_TRUE(isInSight()) << scene.Offset();
+    for (int row = 0; row < 48; ++row) {
+        Key(window, VK_DOWN);
+        ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
+    }
+    for (int row = 0; row < 48; ++row) {
+        Key(window, VK_UP);
+        ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
+    }
+    EXPECT_EQ(0, scene.Offset());
+    Key(window, VK_END);
+    EXPECT_EQ("26 23:30 - 26 23:30", scene.Selection());
+    EXPECT_TRUE(isInSight());
+    Key(window, VK_HOME);
+    EXPECT_EQ("26 00:00 - 26 00:00", scene.Selection());
+    EXPECT_TRUE(isInSight());
+
+    // Tab goes to an item below.
+    scene.Add(At(20, 0), At(21, 0));
+    Key(window, VK_TAB);
+    EXPECT_EQ(0, scene.view->GetCurSel());
+    EXPECT_EQ(42 * 20 - height, scene.Offset());
+
+    Scene<CWeekDayViewCtrl> week(900, 500);
+    {
+        const KeyState control({VK_CONTROL});
+        week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+        EXPECT_EQ("28 23:30 - 28 23:30", week.Selection());
+        EXPECT_EQ(At(23, 30, 28), week.view->GetCurrentDate());
+        week.view->SendMessage(WM_KEYDOWN, VK_HOME, 0);
+        EXPECT_EQ("24 00:00 - 24 00:00", week.Selection());
+    }
+    const KeyState shift({VK_SHIFT});
+    week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+    EXPECT_EQ("24 00:00 - 24 23:30", week.Selection());
+    EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", week.Range());
+}
+
+TEST(GridScroll, ComesToAPlace)
+{
+    Scene<CDayViewCtrl> scene(500, 500, At(9, 40));
+    const int height = scene.view->m_rcContent.Height();
+    scene.Add(At(6, 0), At(7, 0));
+    scene.Add(At(8, 0), At(22, 0)); // higher than the grid
+    scene.Add(At(9, 0, 27), At(10, 0, 27));
+    scene.view->ScrollToTime(At(7, 10, 1)); // only the time of day counts
+    EXPECT_EQ(14 * 20, scene.Offset());
+    EXPECT_EQ(14, scene.Position());
+    scene.view->ScrollToTime(At(23, 0));
+    EXPECT_EQ(960 - height, scene.Offset());
+    EXPECT_TRUE(scene.view->EnsureVisible(0));
+    EXPECT_EQ(12 * 20, scene.Offset());
+    EXPECT_TRUE(scene.view->EnsureVisible(1));
+    EXPECT_EQ(16 * 20, scene.Offset());
+    EXPECT_FALSE(scene.view->EnsureVisible(2)); // of another day
+    EXPECT_EQ(16 * 20, scene.Offset());
+    scene.view->SetVertScrollOffset(133);
+    EXPECT_EQ(133, scene.Offset());
+    scene.view->SetVertScrollOffset(-5);
+    EXPECT_EQ(0, scene.Offset());
+
+    // Right after its creation the view has yet to scroll to the present.
+    Open<CDayViewCtrl> fresh;
+    fresh.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 500, 500), &scene.parent, 8);
+    fresh.ScrollToTime(At(2, 0));
+    PumpMessages();
+    EXPECT_EQ(4 * 20, fresh.GetVertScrollOffset());
+}
+
+TEST(GridEdit, OpensInSight)
+{
+    const auto editBox = [](CCalendarCtrl& view) {
+        CRect box(0, 0, 0, 0);
+        if (CWnd* edit = view.GetWindow(GW_CHILD)) {
+            edit->GetWindowRect(&box);
+            view.ScreenToClient(&box);
+        }
+        return box;
+    };
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto within = [&](const CRect& area) {
+        CRect common;
+        const CRect box = editBox(*scene.view);
+        return common.IntersectRect(&box, &area) && common == box;
+    };
+    scene.Scroll(SB_BOTTOM);
+    scene.view->BeginEditItem("text"); // at 9:00
+    EXPECT_TRUE(within(scene.view->m_rcContent)) << editBox(*scene.view);
+    scene.view->SetSelRange(At(0, 0, 27), At(0, 0, 26), TRUE);
+    scene.view->BeginEditItem("text");
+    CRect band(scene.view->GetColumnRect(2).left, 50, scene.view->GetColumnRect(3).right, scene.view->m_rcContent.top);
+    EXPECT_TRUE(within(band)) << editBox(*scene.view);
+
+    Open<CDayViewCtrl> fresh;
+    g_now = At(12, 0);
+    fresh.SetCurrentDate(At(9, 0));
+    fresh.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 500, 500), &scene.parent, 8);
+    fresh.BeginEditItem("text");
+    PumpMessages();
+    EXPECT_TRUE(fresh.IsEditing());
+    EXPECT_FALSE(editBox(fresh).IsRectEmpty());
+}
+
+TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
+{
+    using testsupport::messages::Click;
+    using testsupport::messages::Key;
+    Scene<CWeekDayViewCtrl> scene(500, 500);
+    CalendarOptions options;
+    options.tidyColumns = options.limitedBand = true;
+    for (int i = 0; i < 12; ++i) {
+        scene.Add(At(1, 0), At(2, 0));
+        scene.Add(At(0, 0, 27), At(0, 0, 27), 1);
+    }
+    EXPECT_GT(scene.view->m_rcContent.top, 300);
+    scene.view->SetOptions(options);
+    EXPECT_LE(scene.view->m_rcContent.top, 50 + 500 * 40 / 100);
+    const auto isHidden = [&scene](int item) {
+        for (INT_PTR i = 0; i < scene.view->GetScreenItems().GetSize(); ++i) {
+            if (scene.view->GetScreenItems()[i].nSource == item) {
+                return scene.view->GetScreenItems()[i].rcItem.top == -1;
+            }
+        }
+        return true;
+    };
+    EXPECT_FALSE(isHidden(0));
+    EXPECT_FALSE(isHidden(1));
+    EXPECT_TRUE(isHidden(22));
+    EXPECT_TRUE(isHidden(23));
+
+    const CRect grid = scene.view->m_rcContent;
+    const CPoint timedMark(scene.view->GetColumnRect(2).right - 12, grid.top + 45);
+    const CPoint bandMark(scene.view->GetColumnRect(3).left + 20, grid.top - 20);
+    for (const CPoint mark : {timedMark, bandMark}) {
+        scene.parent.ClearLog();
+        scene.view->SetCurSel(-1);
+        testsupport::messages::LeftDown(scene.view->m_hWnd, mark);
+        ASSERT_TRUE(scene.view->IsMoreListOpen()) << mark.y;
+        scene.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+        scene.view->SendMessage(WM_KEYDOWN, VK_RETURN, 0);
+        EXPECT_FALSE(scene.view->IsMoreListOpen());
+        EXPECT_EQ(mark == timedMark ? 22 : 23, scene.view->GetCurSel());
+        EXPECT_EQ(1, scene.parent.Count(CCN_ITEMCLICK));
+    }
+    // F4 in the cell of such a day; scrolling closes the list.
+    scene.view->SetSelRange(At(9, 0, 27), At(9, 0, 27));
+    scene.view->SendMessage(WM_KEYDOWN, VK_F4, 0);
+    EXPECT_TRUE(scene.view->IsMoreListOpen());
+    scene.Scroll(SB_LINEDOWN);
+    EXPECT_FALSE(scene.view->IsMoreListOpen());
+    scene.Scroll(SB_TOP);
+
+    // Dragged out of the list into the next column, the hidden item comes to the row where it is dropped.
+    testsupport::messages::LeftDown(scene.view->m_hWnd, timedMark);
+    const HWND list = ::FindWindow("DayvaneMoreList", nullptr);
+    ASSERT_NE(nullptr, list);
+    ::SendMessage(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 10));
+    ::SendMessage(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(-10, 10));
+    EXPECT_FALSE(scene.view->IsMoreListOpen());
+    const int dragged = scene.view->GetCurSel();
+    const CPoint target(scene.view->GetColumnRect(1).left + 20, scene.view->m_rcContent.top + 90);
+    testsupport::messages::Move(scene.view->m_hWnd, target, MK_LBUTTON);
+    testsupport::messages::Move(scene.view->m_hWnd, target, MK_LBUTTON);
+    testsupport::messages::LeftUp(scene.view->m_hWnd, target);
+    tagCC_ITEM item;
+    scene.view->GetItem(dragged, item);
+    EXPECT_EQ(At(2, 0, 25), item.dtStart);
+    EXPECT_EQ(At(3, 0, 25), item.dtEnd);
+}
+
+TEST(GridOptions, TheBandMakesDraggedItemsAllDay)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto drag = [&scene](CPoint from, CPoint to) {
+        CPoint screen = to;
+        scene.view->ClientToScreen(&screen);
+        ::SetCursorPos(screen.x, screen.y); // the auto-scroll at the grid's edge asks where the pointer is
+        testsupport::messages::Drag(scene.view->m_hWnd, from, to);
+        tagCC_ITEM item;
+        scene.view->GetItem(0, item);
+        return item;
+    };
+    const CPoint row(scene.view->GetColumnRect(2).left + 20, scene.view->m_rcContent.top + 50);
+    const CPoint band(scene.view->GetColumnRect(3).left + 20, scene.view->m_rcContent.top - 15);
+    scene.Add(At(1, 0), At(2, 0));
+    EXPECT_EQ(0, drag(row, band).nFullday);
+    scene.view->DeleteAllItems();
+    scene.Add(At(1, 0), At(2, 0));
+    CalendarOptions options = scene.view->GetOptions();
+    options.wholeDayByDrag = true;
+    scene.view->SetOptions(options);
+    tagCC_ITEM item = drag(row, band);
+    EXPECT_EQ(1, item.nFullday);
+    EXPECT_EQ(At(0, 0, 27), item.dtStart);
+    EXPECT_EQ(CCHT_ONFULLDAYITEM, [&] {
+        tagCCHITTESTINFO hit;
+        hit.pt = band;
+        scene.view->HitTest(hit);
+        return hit.nHitCode;
+    }());
+    item = drag(band, row);
+    EXPECT_EQ(0, item.nFullday);
+    EXPECT_EQ(At(1, 0), item.dtStart);
+    EXPECT_EQ(At(2, 0), item.dtEnd);
+}
+
+TEST(GridOptions, FirstRowMoveEndsAWholeDaySelection)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const auto select = [&scene] { scene.view->SetSelRange(At(0, 0, 25), At(0, 0, 27), TRUE); };
+    const auto isWholeAfter = [&](auto act) {
+        select();
+        act();
+        return scene.view->IsWholeDaySelection();
+    };
+    const auto down = [&] { scene.view->MoveBackward(0); };
+    const auto up = [&] { scene.view->MoveForward(0); }; // stays at midnight
+    const auto date = [&] { scene.view->SetCurrentDate(At(9, 0)); };
+    const auto right = [&] { scene.view->MoveRightward(0); };
+    EXPECT_TRUE(isWholeAfter(down) && isWholeAfter(up) && isWholeAfter(date) && isWholeAfter(right));
+    CalendarOptions options = scene.view->GetOptions();
+    options.keysLeaveWholeDay = true;
+    scene.view->SetOptions(options);
+    EXPECT_FALSE(isWholeAfter(down) || isWholeAfter(up) || isWholeAfter(date));
+    EXPECT_TRUE(isWholeAfter(right)) << "still days";
+    // The older switches write the same record.
+    scene.view->ShowNowLine(TRUE);
+    scene.view->EnableExtendedMove(FALSE);
+    EXPECT_TRUE(scene.view->GetOptions().nowLine);
+    EXPECT_FALSE(scene.view->GetOptions().extendedMove);
+    EXPECT_TRUE(scene.view->GetOptions().keysLeaveWholeDay);
+}
