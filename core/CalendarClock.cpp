@@ -3,8 +3,13 @@
 using namespace dayvane;
 
 namespace {
+constexpr int kMinutesPerHour = 60;
+constexpr int kSecondsPerMinute = 60;
+constexpr int kSecondsPerDay = 86'400;
+constexpr int kMillisecondsPerSecond = 1000;
+
 COleDateTime (*g_pfnNow)() = nullptr;
-}
+} // namespace
 
 void SetCalendarClock(COleDateTime (*pfnNow)())
 {
@@ -14,4 +19,12 @@ void SetCalendarClock(COleDateTime (*pfnNow)())
 COleDateTime dayvane::Now()
 {
     return g_pfnNow ? g_pfnNow() : COleDateTime::GetCurrentTime();
+}
+
+int dayvane::MillisecondsToMidnight(const COleDateTime& now)
+{
+    SYSTEMTIME time = {};
+    now.GetAsSystemTime(time); // stays zero when there is no moment
+    const int seconds = (time.wHour * kMinutesPerHour + time.wMinute) * kSecondsPerMinute + time.wSecond;
+    return (kSecondsPerDay - seconds) * kMillisecondsPerSecond;
 }
