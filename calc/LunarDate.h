@@ -30,7 +30,7 @@ public:
     // beyond 1e9 either way.
     void JCtoGC(double dayNumber, int& year, int& month, int& day) const;
 
-    // The angle in [0, 360).
+    // The angle in [0, 360). An angle so little below zero that it disappears beside 360, such as -1e-20, gives 360.
     double NORMALIZATION_ANGLE(double degrees) const;
 
     // Apparent longitudes in [0, 360).
