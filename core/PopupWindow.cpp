@@ -14,6 +14,7 @@ IMPLEMENT_DYNAMIC(CPopupWnd, CWnd)
 BEGIN_MESSAGE_MAP(CPopupWnd, CWnd)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
+ON_MESSAGE(WM_PRINTCLIENT, &CPopupWnd::OnPrintClient)
 ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
@@ -59,6 +60,14 @@ void CPopupWnd::OnPaint()
 BOOL CPopupWnd::OnEraseBkgnd(CDC*)
 {
     return TRUE; // the whole client area is painted off screen
+}
+
+LRESULT CPopupWnd::OnPrintClient(WPARAM wParam, LPARAM)
+{
+    CDC* pDC = CDC::FromHandle(reinterpret_cast<HDC>(wParam));
+    const SaveDcScope saved(pDC);
+    DrawPopup(pDC);
+    return 0;
 }
 
 int CPopupWnd::OnMouseActivate(CWnd*, UINT, UINT)

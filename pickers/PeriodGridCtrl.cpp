@@ -27,6 +27,7 @@ ON_WM_MOUSELEAVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
 ON_WM_LBUTTONDBLCLK()
+ON_WM_MOUSEWHEEL()
 ON_WM_KEYDOWN()
 ON_WM_GETDLGCODE()
 ON_WM_SETFOCUS()
@@ -34,12 +35,15 @@ ON_WM_KILLFOCUS()
 ON_WM_CAPTURECHANGED()
 ON_WM_CANCELMODE()
 ON_WM_TIMER()
+ON_MESSAGE(WM_UPDATEUISTATE, &CPeriodGridCtrl::OnUpdateUIState)
+ON_MESSAGE(WM_PRINTCLIENT, &CPeriodGridCtrl::OnPrintClient)
 END_MESSAGE_MAP()
 
 // ---- Lifetime
 
 CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassName)
-    : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now()))
+    : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now())),
+      m_today([this] { Redraw(); })
 {
     RegisterWindowClass(lpszClassName);
 }
@@ -309,11 +313,13 @@ void CPeriodGridCtrl::OnPopupGone(CPeriodSelCtrl* pPopup)
 void CPeriodGridCtrl::PreSubclassWindow()
 {
     CWnd::PreSubclassWindow();
+    m_today.Start();
     Layout(-1, -1);
 }
 
 void CPeriodGridCtrl::OnDestroy()
 {
+    m_today.Stop();
     m_state->model.Cancel();
     ClosePopup();
     ReleaseCaptureOf(m_hWnd);
@@ -341,6 +347,14 @@ void CPeriodGridCtrl::OnPaint()
     DrawCtrl(&memory);
 }
 
+LRESULT CPeriodGridCtrl::OnPrintClient(WPARAM wParam, LPARAM)
+{
+    CDC* pDC = CDC::FromHandle(reinterpret_cast<HDC>(wParam));
+    const SaveDcScope saved(pDC);
+    DrawCtrl(pDC);
+    return 0;
+}
+
 BOOL CPeriodGridCtrl::OnEraseBkgnd(CDC*)
 {
     return TRUE; // the whole client area is painted off screen
@@ -362,7 +376,7 @@ void CPeriodGridCtrl::DrawBackground(CDC* pDC)
 PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
 {
     PeriodGridState& state = *m_state;
-    return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ::GetFocus() == m_hWnd,
+    return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
                                    IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts});
 }
 

@@ -11,14 +11,17 @@
 //   MCN_SELECT (-746)  NMSELCHANGE  the user has selected: at once without ranges and from the line below, at the
 //                                   button's release with ranges, at each key that moves the selection
 //   NM_DBLCLK  (-3)    NMHDR        double click on a cell, or Enter
+// The wheel pages, and so does a sweep that is held beside the blocks. The mark of the present cell follows the clock.
+//
 // The parent may do anything while it handles them: change the control, destroy its window, delete the object.
 //
 // Keys: arrows move by cells, Page Up and Down by periods (with Ctrl by twelve months or ten years), Home and End to
-// the ends of the period (with Ctrl of all shown), Shift extends a range where ranges are on, Enter sends NM_DBLCLK,
-// Escape cancels a sweep or the popup. Losing the mouse capture or the focus cancels them, too, and so does releasing
-// the button outside the popup.
+// the ends of the period (with Ctrl of all shown), T to the present moment, Shift extends a range where ranges are on,
+// Enter sends NM_DBLCLK, Escape cancels a sweep or the popup. Losing the mouse capture or the focus cancels them, too,
+// and so does releasing the button outside the popup.
 #pragma once
 
+#include "../core/TodayWatch.h"
 #include "../core/WindowAlive.h"
 
 #include <afxwin.h>
@@ -112,6 +115,8 @@ protected:
     void Cancel();
     void InvalidatePart(const dayvane::GridHit& hit);
     void Hover(const dayvane::GridHit& hit);
+    // Starts or ends paging while a sweep is held at a point.
+    void PageBeside(CPoint point);
 
     // Message handlers, in the order of the message map
     void PreSubclassWindow() override;
@@ -126,6 +131,7 @@ protected:
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnSetFocus(CWnd* pOldWnd);
@@ -133,6 +139,8 @@ protected:
     afx_msg void OnCaptureChanged(CWnd* pWnd);
     afx_msg void OnCancelMode();
     afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg LRESULT OnUpdateUIState(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnPrintClient(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
     CString m_strClassName;
@@ -142,6 +150,9 @@ protected:
     PFNISBOLD m_pfnIsBold = nullptr;
     LPARAM m_lBoldParam = 0;
     BOOL m_bTracksLeave = FALSE;
+    int m_nSweepSide = 0;  // where a sweep is held beyond the cells: -1 before them, 1 after, 0 neither
+    int m_nWheelDelta = 0; // turned, and not yet a page
+    dayvane::TodayWatch m_today;
     dayvane::WindowLife m_life;
 };
 

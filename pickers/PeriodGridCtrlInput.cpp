@@ -10,6 +10,11 @@
 
 using namespace dayvane;
 
+namespace {
+constexpr UINT_PTR kSweepTimerId = kRunTimerId + 1;
+constexpr UINT kSweepInterval = 400; // milliseconds from page to page
+} // namespace
+
 void CPeriodGridCtrl::InvalidatePart(const GridHit& hit)
 {
     const CRect rect = RectOfPart(m_state->layout, hit);
@@ -36,9 +41,20 @@ void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
     if (!m_pPopup) {
         Hover(PartAt(m_state->layout, point));
         Apply(m_state->model.PointAt(DateOfHit(m_state->layout, CellAt(m_state->layout, point))));
+        PageBeside(point);
     } else {
         ClientToScreen(&point);
         m_pPopup->PointAt(point);
+    }
+}
+
+void CPeriodGridCtrl::PageBeside(CPoint point)
+{
+    const bool isSweeping = m_state->model.GetMode() == PeriodGridModel::Mode::Sweeping;
+    const int side = isSweeping ? SideOf(m_state->layout, point) : 0;
+    if (side != m_nSweepSide) {
+        m_nSweepSide = side;
+        side == 0 ? (void)KillTimer(kSweepTimerId) : (void)SetTimer(kSweepTimerId, kSweepInterval, nullptr);
     }
 }
 
@@ -61,7 +77,12 @@ void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
         return;
     }
     const GridHit hit = PartAt(m_state->layout, point);
+    PageBeside(point); // ends the paging of a sweep before it
     Apply(m_state->model.Press(hit, DateOfHit(m_state->layout, hit), Now()));
+    if (alive && m_pPopup) {
+        ClientToScreen(&point);
+        m_pPopup->PointAt(point); // its choice is seen before the pointer moves
+    }
 }
 
 void CPeriodGridCtrl::OnLButtonUp(UINT, CPoint point)
@@ -87,8 +108,24 @@ void CPeriodGridCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
     }
 }
 
+BOOL CPeriodGridCtrl::OnMouseWheel(UINT, short zDelta, CPoint)
+{
+    m_nWheelDelta += zDelta;
+    const int pages = m_nWheelDelta / WHEEL_DELTA;
+    m_nWheelDelta -= pages * WHEEL_DELTA;
+    if (pages != 0 && !m_pPopup) {
+        Apply(m_state->model.Page(-pages));
+    }
+    return TRUE;
+}
+
 void CPeriodGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
+    const WindowAlive alive(this, m_life);
+    ShowFocusCues(m_hWnd); // reaches the host's windows, too
+    if (!alive) {
+        return;
+    }
     const GridEffects effects =
         m_state->model.Key(PickerKeyOf(nChar), IsKeyDown(VK_SHIFT), IsKeyDown(VK_CONTROL), Now());
     if (effects.handled) {
@@ -136,9 +173,21 @@ void CPeriodGridCtrl::OnCancelMode()
 
 void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)
 {
-    if (nIDEvent != kRunTimerId || !m_pPopup) {
+    if (nIDEvent == kSweepTimerId) {
+        if (m_state->model.GetMode() != PeriodGridModel::Mode::Sweeping) {
+            m_nSweepSide = 0;
+            KillTimer(kSweepTimerId);
+        }
+        Apply(m_state->model.SweepBeyond(m_nSweepSide));
+    } else if (nIDEvent != kRunTimerId || !m_pPopup) {
         CWnd::OnTimer(nIDEvent);
     } else {
         m_pPopup->Tick();
     }
+}
+
+LRESULT CPeriodGridCtrl::OnUpdateUIState(WPARAM, LPARAM)
+{
+    Invalidate(FALSE);
+    return Default();
 }

@@ -130,6 +130,17 @@ GridHit PartAt(const PeriodGridLayout& layout, CPoint point)
     return CellAt(layout, point);
 }
 
+int SideOf(const PeriodGridLayout& layout, CPoint point)
+{
+    if (point.y < layout.leftArrow.top || point.y >= layout.footer.top) {
+        return point.y < layout.leftArrow.top ? -1 : 1;
+    }
+    if (point.x < layout.leftArrow.left || point.x >= layout.rightArrow.right) {
+        return point.x < layout.leftArrow.left ? -1 : 1;
+    }
+    return 0;
+}
+
 CRect RectOfPart(const PeriodGridLayout& layout, const GridHit& hit)
 {
     const bool hasBlock = hit.block >= 0 && hit.block < static_cast<int>(layout.blocks.size());

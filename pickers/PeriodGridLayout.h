@@ -83,6 +83,8 @@ int TitleAt(const PeriodGridLayout& layout, CPoint point);
 GridHit CellAt(const PeriodGridLayout& layout, CPoint point);
 // What lies under the point: arrows before titles before the footer before cells.
 GridHit PartAt(const PeriodGridLayout& layout, CPoint point);
+// -1 for a point above or left of all blocks, 1 below or right of them, 0 among them.
+int SideOf(const PeriodGridLayout& layout, CPoint point);
 // The rectangle of a part; empty for None.
 CRect RectOfPart(const PeriodGridLayout& layout, const GridHit& hit);
 // The date of a hit cell; invalid for other parts.

@@ -103,15 +103,8 @@ GridEffects PeriodGridModel::Press(const GridHit& hit, const COleDateTime& cellD
         effects.openPopup = effects.capture = effects.redraw = true;
         return effects;
     }
-    case GridPart::Footer: {
-        if (!IsValid(now)) {
-            return {};
-        }
-        Select(now, now);
-        GridEffects effects = Handled();
-        effects.layout = effects.redraw = effects.notifyClick = true;
-        return effects;
-    }
+    case GridPart::Footer:
+        return SelectNow(now);
     case GridPart::Cell:
         break;
     default:
@@ -203,11 +196,32 @@ GridEffects PeriodGridModel::Cancel()
     return effects;
 }
 
-GridEffects PeriodGridModel::Page(int direction)
+GridEffects PeriodGridModel::Page(int periods)
 {
-    SetFirstPeriod(m_firstPeriod + (direction < 0 ? -1 : 1));
+    SetFirstPeriod(m_firstPeriod + periods);
     GridEffects effects = Handled();
     effects.layout = effects.redraw = true;
+    return effects;
+}
+
+GridEffects PeriodGridModel::SweepBeyond(int side)
+{
+    if (m_mode != Mode::Sweeping || side == 0) {
+        return {};
+    }
+    const GridEffects effects = Page(side);
+    Sweep(m_anchor, side < 0 ? FirstCellOf(*m_policy, m_firstPeriod) : LastCellOf(*m_policy, LastShownPeriod()));
+    return effects;
+}
+
+GridEffects PeriodGridModel::SelectNow(const COleDateTime& now)
+{
+    if (!IsValid(now)) {
+        return {};
+    }
+    Select(now, now);
+    GridEffects effects = Handled();
+    effects.layout = effects.redraw = effects.notifyClick = true;
     return effects;
 }
 
@@ -221,6 +235,9 @@ GridEffects PeriodGridModel::Key(PickerKey key, bool shift, bool control, const 
     }
     if (m_mode != Mode::Idle) {
         return Handled(); // ignored while the mouse is selecting
+    }
+    if (key == PickerKey::Today) {
+        return SelectNow(now);
     }
     if (key != PickerKey::Enter) {
         return MoveCaret(key, shift && m_sweeps, control, now);

@@ -75,8 +75,11 @@ public:
     GridEffects Key(PickerKey key, bool shift, bool control, const COleDateTime& now);
     // Ends a sweep or the popup and restores what was before: lost capture or focus, Escape, the window's end.
     GridEffects Cancel();
-    // Shows the previous (-1) or next (1) period.
-    GridEffects Page(int direction);
+    // Moves what is shown by a number of periods.
+    GridEffects Page(int periods);
+    // A sweep is held before the first cell (-1) or after the last (1): pages, and selects up to the first or last cell
+    // shown then.
+    GridEffects SweepBeyond(int side);
     int ClickedBlock() const { return m_clickedBlock; } // whose title opened the popup; -1: none
 
     // ---- Hot and pressed parts; each returns whether something changed.
@@ -86,6 +89,7 @@ public:
     const GridHit& Pressed() const { return m_pressed; }
 
 private:
+    GridEffects SelectNow(const COleDateTime& now);
     GridEffects SelectCell(const COleDateTime& cellDate, bool extend);
     GridEffects MoveCaret(PickerKey key, bool extend, bool control, const COleDateTime& now);
     void Sweep(const COleDateTime& from, const COleDateTime& to);

@@ -15,7 +15,8 @@ enum class PickerKey
     Home,
     End,
     Enter,
-    Escape
+    Escape,
+    Today
 };
 
 } // namespace dayvane

@@ -12,7 +12,7 @@ PickerKey PickerKeyOf(UINT virtualKey)
         {VK_LEFT, PickerKey::Left},     {VK_RIGHT, PickerKey::Right},  {VK_UP, PickerKey::Up},
         {VK_DOWN, PickerKey::Down},     {VK_PRIOR, PickerKey::PageUp}, {VK_NEXT, PickerKey::PageDown},
         {VK_HOME, PickerKey::Home},     {VK_END, PickerKey::End},      {VK_RETURN, PickerKey::Enter},
-        {VK_ESCAPE, PickerKey::Escape},
+        {VK_ESCAPE, PickerKey::Escape}, {'T', PickerKey::Today},
     };
     for (const auto& row : kKeys) {
         if (row.virtualKey == virtualKey) {
@@ -25,6 +25,16 @@ PickerKey PickerKeyOf(UINT virtualKey)
 bool IsKeyDown(int virtualKey)
 {
     return ::GetKeyState(virtualKey) < 0;
+}
+
+bool ShowsFocus(HWND hWnd)
+{
+    return ::GetFocus() == hWnd && (::SendMessage(hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+}
+
+void ShowFocusCues(HWND hWnd)
+{
+    ::SendMessage(hWnd, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
 }
 
 void TrackMouseLeave(HWND hWnd)

@@ -25,6 +25,7 @@ IMPLEMENT_DYNAMIC(CYearMonthPickerCtrl, CButton)
 BEGIN_MESSAGE_MAP(CYearMonthPickerCtrl, CButton)
 ON_WM_CREATE()
 ON_WM_DESTROY()
+ON_WM_SIZE()
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 ON_WM_MOUSEMOVE()
@@ -35,6 +36,8 @@ ON_WM_GETDLGCODE()
 ON_WM_KILLFOCUS()
 ON_CONTROL_REFLECT_EX(BN_CLICKED, &CYearMonthPickerCtrl::OnClicked)
 ON_CONTROL_REFLECT_EX(BN_DOUBLECLICKED, &CYearMonthPickerCtrl::OnClicked)
+ON_MESSAGE(WM_UPDATEUISTATE, &CYearMonthPickerCtrl::OnUpdateUIState)
+ON_MESSAGE(WM_PRINTCLIENT, &CYearMonthPickerCtrl::OnPrintClient)
 ON_MESSAGE(YMN_SELENDOK, &CYearMonthPickerCtrl::OnSelEndOK)
 ON_MESSAGE(YMN_SELENDCANCEL, &CYearMonthPickerCtrl::OnSelEndCancel)
 END_MESSAGE_MAP()
@@ -93,6 +96,13 @@ void CYearMonthPickerCtrl::SetWindowSize()
     CRect client;
     GetClientRect(&client);
     m_rcArrow = PickerArrowRect(metrics, client);
+}
+
+void CYearMonthPickerCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    CButton::OnSize(nType, cx, cy);
+    m_rcArrow = PickerArrowRect(ButtonMetrics(), CRect(0, 0, cx, cy));
+    Invalidate(FALSE);
 }
 
 // ---- The popup
@@ -182,11 +192,22 @@ void CYearMonthPickerCtrl::OnPaint()
 {
     CPaintDC dc(this);
     CMemDC memory(&dc);
+    DrawButton(&memory);
+}
+
+LRESULT CYearMonthPickerCtrl::OnPrintClient(WPARAM wParam, LPARAM)
+{
+    DrawButton(CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
+    return 0;
+}
+
+void CYearMonthPickerCtrl::DrawButton(CDC* pDC)
+{
     CRect client;
     GetClientRect(&client);
-    memory.FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
+    pDC->FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
     // The system's button painting sends WM_DRAWITEM to the parent, which reflects it to DrawItem.
-    DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(memory.m_hDC), 0);
+    DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(pDC->m_hDC), 0);
 }
 
 BOOL CYearMonthPickerCtrl::OnEraseBkgnd(CDC*)
@@ -202,7 +223,7 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
     const UINT state = lpDrawItemStruct->itemState;
     PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
-                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, (state & ODS_FOCUS) != 0, m_fonts})
+                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), m_fonts})
         .Draw();
 }
 
@@ -238,7 +259,9 @@ void CYearMonthPickerCtrl::ToggleDrop()
 
 void CYearMonthPickerCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (m_pPopup && m_pPopup->HandleKey(nChar)) {
+    const WindowAlive alive(this, m_life);
+    ShowFocusCues(m_hWnd); // reaches the host's windows, too
+    if (!alive || (m_pPopup && m_pPopup->HandleKey(nChar))) {
         return;
     }
     if (nChar == VK_F4) {
@@ -270,4 +293,10 @@ void CYearMonthPickerCtrl::OnKillFocus(CWnd* pNewWnd)
     if (alive && m_pPopup) {
         m_pPopup->Cancel();
     }
+}
+
+LRESULT CYearMonthPickerCtrl::OnUpdateUIState(WPARAM, LPARAM)
+{
+    Invalidate(FALSE);
+    return Default();
 }

@@ -2,9 +2,9 @@
 // is an owner-drawn button of any dialog or window; YearMonthMessages.h lists the messages to its parent.
 //
 // Click, Space, F4, Alt+Down and Alt+Up drop the popup; while it is open F4, Alt+Down, Alt+Up and Escape close it,
-// arrows, Page Up and Down, Home and End move in it, Enter and Space pick. The picker keeps the focus; losing it
-// cancels. A missing parent suppresses the messages, not the changes. The parent may do anything while it handles a
-// message: drop the picker again, destroy its window, delete the object.
+// arrows, Page Up and Down, Home and End move in it, Enter and Space pick, T picks the present month. The picker keeps
+// the focus; losing it cancels. A missing parent suppresses the messages, not the changes. The parent may do anything
+// while it handles a message: drop the picker again, destroy its window, delete the object.
 #pragma once
 
 #include "../core/WindowAlive.h"
@@ -51,12 +51,15 @@ protected:
     // The picker may be gone afterwards.
     void Report(UINT nMessage, WPARAM wParam);
     void OpenPopup();
+    // Has the system's button painting, which calls DrawItem, draw into a device context.
+    void DrawButton(CDC* pDC);
     // F4, and up and down with Alt, drop the popup and take it back.
     void ToggleDrop();
 
     void PreSubclassWindow() override;
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
@@ -65,6 +68,8 @@ protected:
     afx_msg void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg LRESULT OnUpdateUIState(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnPrintClient(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
     COleDateTime m_dtCurrent;

@@ -24,7 +24,7 @@ ON_WM_CAPTURECHANGED()
 END_MESSAGE_MAP()
 
 CYearMonthPopup::CYearMonthPopup(int nYear, int nMonth, CYearMonthPickerCtrl* pPicker)
-    : m_selected(MakeYearMonth(nYear, nMonth, Now())), m_pPicker(pPicker)
+    : m_selected(MakeYearMonth(nYear, nMonth, Now())), m_pPicker(pPicker), m_today([this] { Invalidate(FALSE); })
 {
 }
 
@@ -42,6 +42,7 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
         return FALSE;
     }
     m_bOpened = TRUE;
+    m_today.Start();
     const WindowAlive alive(this, m_life);
     SetCapture();
     if (alive) {
@@ -189,6 +190,9 @@ BOOL CYearMonthPopup::HandleKey(UINT nChar)
     switch (key) {
     case PickerKey::None:
         return FALSE;
+    case PickerKey::Today:
+        Pick(MakeYearMonth(-1, -1, Now()));
+        return TRUE;
     case PickerKey::Enter:
         Pick(m_selected);
         return TRUE;

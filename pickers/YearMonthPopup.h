@@ -8,6 +8,7 @@
 #pragma once
 
 #include "../core/PopupWindow.h"
+#include "../core/TodayWatch.h"
 #include "YearMonthGrid.h"
 #include "YearMonthPainter.h"
 
@@ -28,8 +29,8 @@ public:
     int GetMonthIndex() const { return m_selected.month; } // 0 .. 11
     const dayvane::YearMonthLayout& GetLayout() const { return m_layout; }
 
-    // Arrows, Page Up and Down, Home and End move the month, Enter and Space pick it, Escape and F4 cancel. May end the
-    // popup. FALSE: another key.
+    // Arrows, Page Up and Down, Home and End move the month, Enter and Space pick it, T picks the present one, Escape
+    // and F4 cancel. May end the popup. FALSE: another key.
     BOOL HandleKey(UINT nChar);
     void Cancel();
     // The picker ends: the popup closes without a message.
@@ -59,4 +60,5 @@ protected:
     BOOL m_bOpened = FALSE;   // the window has come up
     BOOL m_bFinished = FALSE; // the picker has been notified, or must not be
     dayvane::YearMonthFonts m_fonts;
+    dayvane::TodayWatch m_today; // for the footer
 };

@@ -150,6 +150,7 @@ TEST(MiniCalendarWindow, TheMonthChosenInThePopupComesToTheClickedTitle)
     s.Press(s.Title(2));
     CPeriodSelCtrl* popup = s.control->GetPopup();
     ASSERT_NE(nullptr, popup);
+    EXPECT_TRUE(popup->HasChoice()) << "shown before the pointer moves";
     EXPECT_EQ(s.parent.m_hWnd, ::GetWindow(popup->m_hWnd, GW_OWNER)) << "the owner's top-level window";
     EXPECT_EQ(s.control->m_hWnd, ::GetCapture());
     EXPECT_EQ(s.control->m_hWnd, ::GetFocus());
@@ -340,6 +341,63 @@ TEST(MiniCalendarWindow, PaintsSelectionHolidaysAndFocus)
     s.control->SetBoldCallback([](const COleDateTime&, LPARAM lParam) -> BOOL { return ++asked, lParam == 20; }, 20);
     s.control->Refresh();
     EXPECT_EQ(28, asked) << "each day of February at the layout; painting asks nobody";
+}
+
+TEST(MiniCalendarWindow, PrintsWhatItShowsAlsoWhenDisabled)
+{
+    Days s(1, 2);
+    const Pixels enabled = s.Seen(*s.control);
+    EXPECT_EQ(enabled, s.Printed(*s.control));
+    s.Press(s.Title(0));
+    EXPECT_EQ(s.Seen(*s.control->GetPopup()), s.Printed(*s.control->GetPopup()));
+    s.control->EnableWindow(FALSE);
+    EXPECT_NE(enabled, s.Seen(*s.control)) << "grey";
+    EXPECT_EQ(s.Seen(*s.control), s.Printed(*s.control));
+}
+
+TEST(MiniCalendarWindow, TodaysMarkFollowsTheClock)
+{
+    Days s;
+    const Pixels before = s.Seen(*s.control);
+    g_now = Day(2010, 1, 16);
+    ::SendMessage(::FindWindow(nullptr, "DayvaneTodayWatch"), WM_TIMECHANGE, 0, 0);
+    EXPECT_NE(before, s.Seen(*s.control));
+    EXPECT_EQ(Reports{}, s.parent.Take());
+}
+
+TEST(MiniCalendarWindow, TheFocusIsSeenOnceTheKeyboardIsUsed)
+{
+    Days s;
+    const Pixels unfocused = s.Seen(*s.control);
+    s.HideFocus();
+    s.control->SetFocus();
+    EXPECT_EQ(unfocused, s.Seen(*s.control));
+    s.Key(VK_ESCAPE);
+    EXPECT_NE(unfocused, s.Seen(*s.control));
+}
+
+TEST(MiniCalendarWindow, TheWheelPagesByWholeTurns)
+{
+    Days s;
+    const auto turn = [&](int delta) {
+        ::SendMessage(s.control->m_hWnd, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);
+        return s.Shown();
+    };
+    EXPECT_EQ("2010/2/1", turn(-WHEEL_DELTA));
+    EXPECT_EQ("2009/12/1", turn(2 * WHEEL_DELTA));
+    EXPECT_EQ("2009/12/1", turn(-WHEEL_DELTA / 2));
+    EXPECT_EQ("2010/1/1", turn(-WHEEL_DELTA / 2)) << "a touchpad's small steps add up";
+}
+
+TEST(MiniCalendarWindow, ASweepHeldBesideTheDaysPages)
+{
+    Days s;
+    s.Press(s.At(Day(2010, 1, 20)));
+    s.Move(CPoint(-40, 60));
+    EXPECT_TRUE(PumpUntil([&] { return s.Shown() == "2009/11/1"; }));
+    s.Move(s.At(Day(2009, 11, 9)));
+    s.Release(s.At(Day(2009, 11, 9)));
+    EXPECT_EQ(Reports{"MCN_SELECT 2009/11/9 - 2010/1/20"}, s.parent.Take());
 }
 
 TEST(MiniCalendarWindow, TinySizesAndTheEndsOfTheCalendarPaint)

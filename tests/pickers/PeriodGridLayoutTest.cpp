@@ -131,6 +131,22 @@ TEST(PeriodGridLayoutTest, StopsAtTheEndsOfTheCalendar)
     EXPECT_EQ(9900u, Years(30000, 30000, 100).blocks.size());
 }
 
+TEST(PeriodGridHit, SidesLieBeyondTheBlocks)
+{
+    const PeriodGridLayout layout = Years(2, 1, 2010, 140); // blocks from 10,0 to 130,200
+    const struct
+    {
+        CPoint point;
+        int side;
+    } table[] = {
+        {CPoint(10, 0), 0},   {CPoint(129, 199), 0}, {CPoint(60, -1), -1},  {CPoint(60, 200), 1},
+        {CPoint(9, 100), -1}, {CPoint(130, 100), 1}, {CPoint(500, -1), -1}, {CPoint(-9, 210), 1},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(row.side, SideOf(layout, row.point)) << row.point.x << "," << row.point.y;
+    }
+}
+
 TEST(PeriodTexts, NameMonthYearAndToday)
 {
     EXPECT_STREQ("2010年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2010, 5, 1))));

@@ -163,11 +163,30 @@ TEST(PeriodGridModelTest, KeysMoveTheSelectionAndTurnThePageWhenItLeaves)
     }
 }
 
+TEST(PeriodGridModelTest, ASweepHeldBesideTheCellsPagesAndSelectsToTheEdge)
+{
+    Script s(kMonthPolicy, 1, 2);
+    EXPECT_EQ("", Text(s.model.SweepBeyond(1))) << "no sweep";
+    s.Press(Day(2010, 1, 20));
+    EXPECT_EQ("", Text(s.model.SweepBeyond(0)));
+    EXPECT_EQ("layout redraw", Text(s.model.SweepBeyond(1)));
+    EXPECT_EQ("2010/2/1", s.Shown());
+    EXPECT_EQ("2010/1/20-2010/3/31", s.Selection());
+    s.model.SweepBeyond(-1);
+    s.model.SweepBeyond(-1);
+    EXPECT_EQ("2009/12/1-2010/1/20", s.Selection());
+    EXPECT_EQ("release redraw", s.Key(PickerKey::Escape));
+    EXPECT_EQ("none-none", s.Selection());
+}
+
 TEST(PeriodGridModelTest, TheKeyboardStartsFromTodayOrTheFirstCellShown)
 {
     Script s(kMonthPolicy);
     s.Key(PickerKey::Right);
     EXPECT_EQ("2010/1/16-2010/1/16", s.Selection());
+    s.model.SetFirstPeriod(PeriodOf(kMonthPolicy, Day(2011, 6, 1)));
+    EXPECT_EQ("layout redraw click", s.Key(PickerKey::Today));
+    EXPECT_EQ("2010/1/15+9h-2010/1/15+9h", s.Selection()) << "as by the footer";
     s.model.Unselect();
     s.model.SetFirstPeriod(PeriodOf(kMonthPolicy, Day(2011, 6, 1)));
     EXPECT_EQ("redraw dblclk", s.Key(PickerKey::Enter));

@@ -6,9 +6,11 @@
 #include "tests/pickers/PickerDates.h"
 #include "tests/support/GuiCounts.h"
 #include "tests/support/Input.h"
+#include "tests/support/MemoryDc.h"
 #include "tests/support/RecordingParent.h"
 
 #include <memory>
+#include <vector>
 
 typedef std::vector<std::string> Reports;
 
@@ -27,12 +29,16 @@ constexpr COLORREF kSelectedOutline = 0x5292FF; // of a selected month
 constexpr COLORREF kHolidayRed = 0x2138EF;      // holidays, Sundays, today's frame
 constexpr COLORREF kUnpainted = 0x123456;
 
+// The moment of the clock of all tests here.
+inline COleDateTime g_now;
+
 class PickerParent : public testsupport::RecordingParent
 {
 public:
     PickerParent()
     {
-        SetCalendarClock([] { return Day(2010, 1, 15, 9); });
+        g_now = Day(2010, 1, 15, 9);
+        SetCalendarClock([] { return g_now; });
         Create(600, 500);
         SetForegroundWindow();
         ::SetCursorPos(2, 2); // away from the selectors, which would get its moves while they hold the capture
@@ -70,11 +76,43 @@ public:
     }
 };
 
+typedef std::vector<COLORREF> Pixels;
+inline Pixels PixelsOf(const testsupport::MemoryDc& dc)
+{
+    Pixels pixels;
+    for (int i = 0; i < dc.Width() * dc.Height(); ++i) {
+        pixels.push_back(dc.Pixel(i % dc.Width(), i / dc.Width()));
+    }
+    return pixels;
+}
+
 // One selector in a parent.
 template <class Control>
 struct Scene
 {
     void Key(UINT key) { ::SendMessage(control->m_hWnd, WM_KEYDOWN, key, 0); }
+    // What a window shows, and what it paints when asked to print itself.
+    static Pixels Seen(const CWnd& window)
+    {
+        ::UpdateWindow(window.m_hWnd);
+        CRect client;
+        window.GetClientRect(&client);
+        const HDC hDC = ::GetDC(window.m_hWnd);
+        testsupport::MemoryDc copy(client.Width(), client.Height());
+        ::BitBlt(copy.Dc().m_hDC, 0, 0, client.Width(), client.Height(), hDC, 0, 0, SRCCOPY);
+        ::ReleaseDC(window.m_hWnd, hDC);
+        return PixelsOf(copy);
+    }
+    static Pixels Printed(const CWnd& window)
+    {
+        CRect client;
+        window.GetClientRect(&client);
+        testsupport::MemoryDc page(client.Width(), client.Height(), kUnpainted);
+        ::SendMessage(window.m_hWnd, WM_PRINT, reinterpret_cast<WPARAM>(page.Dc().m_hDC), PRF_CLIENT);
+        return PixelsOf(page);
+    }
+    // By the system's rule: nobody has used the keyboard yet.
+    void HideFocus() { parent.SendMessage(WM_CHANGEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS)); }
 
     PickerParent parent;
     std::unique_ptr<Control> control = std::make_unique<Control>();

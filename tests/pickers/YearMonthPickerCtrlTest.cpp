@@ -294,6 +294,34 @@ TEST(YearMonthPickerWindow, RealClicksAndKeysDropAndPick)
     EXPECT_EQ("2010/8/1", p.Date());
 }
 
+TEST(YearMonthPickerWindow, ArrowAndTextFollowTheSize)
+{
+    Picker wide(CRect(10, 10, 210, 40));
+    const Pixels expected = wide.Seen(*wide.control);
+    CRect size;
+    wide.control->GetWindowRect(&size);
+    Picker p(CRect(10, 10, 160, 40));
+    p.control->SetWindowPos(nullptr, 0, 0, size.Width(), size.Height(), SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(expected, p.Seen(*p.control));
+}
+
+TEST(YearMonthPickerWindow, PrintsWhatItShowsAndShowsTheFocusForTheKeyboard)
+{
+    Picker p;
+    const Pixels unfocused = p.Seen(*p.control);
+    p.HideFocus();
+    p.control->SetFocus();
+    EXPECT_EQ(unfocused, p.Seen(*p.control));
+    p.Key(VK_SHIFT);
+    EXPECT_NE(unfocused, p.Seen(*p.control));
+    EXPECT_EQ(p.Seen(*p.control), p.Printed(*p.control));
+    p.control->EnableWindow(FALSE);
+    EXPECT_EQ(p.Seen(*p.control), p.Printed(*p.control));
+    p.control->EnableWindow(TRUE);
+    CYearMonthPopup& popup = p.Drop();
+    EXPECT_EQ(p.Seen(popup), p.Printed(popup));
+}
+
 TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
 {
     testsupport::MemoryDc popup(120, 120, kUnpainted);
