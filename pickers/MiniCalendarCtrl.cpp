@@ -43,6 +43,12 @@ CPeriodSelCtrl* CMiniCalendarCtrl::MakePopup(int nPeriod)
     return new CMonthSelCtrl(YearOfMonthNumber(nPeriod), MonthOfMonthNumber(nPeriod));
 }
 
+void CMiniCalendarCtrl::ShowWeekNumbers(BOOL bShow, WeekRule rule)
+{
+    m_state->model.SetPolicy(bShow ? kNumberedMonthPolicy : kMonthPolicy);
+    m_state->weekRule = rule;
+}
+
 BOOL CMiniCalendarCtrl::TodayHitTest(CPoint point) const
 {
     return m_state->layout.footer.PtInRect(point);
@@ -60,6 +66,7 @@ void CMiniCalendarCtrl::DrawCtrl(CDC* pDC)
 void CMiniCalendarCtrl::DrawDayOfWeek(CDC* pDC)
 {
     Painter(pDC).DrawWeekdays();
+    Painter(pDC).DrawWeekNumbers();
 }
 
 void CMiniCalendarCtrl::DrawDays(CDC* pDC)

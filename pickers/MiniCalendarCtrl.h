@@ -4,6 +4,7 @@
 // A month takes 130 x 130 pixels, the line that names today 20 pixels below all months. Ranges are on at first.
 #pragma once
 
+#include "../calc/WeekNumbers.h"
 #include "PeriodGridCtrl.h"
 
 namespace dayvane {
@@ -42,6 +43,9 @@ public:
     void SetCurrentDate(int nYear, int nMonth);
     // One per shown month, row by row, as last laid out; fewer than rows x columns at the end of the year 9999.
     const CRecordArray& GetMonthCells() const { return m_arRecords; }
+    // A column of week numbers left of the days; a month then takes 149 x 130 pixels, also in RecalcRowAndCol. Weeks
+    // begin on the first day of the week; with Monday and the default rule they are those of ISO 8601.
+    void ShowWeekNumbers(BOOL bShow, dayvane::WeekRule rule = dayvane::WeekRule::FirstFourDayWeek);
     BOOL TodayHitTest(CPoint point) const;
 
 protected:

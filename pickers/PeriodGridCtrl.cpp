@@ -124,6 +124,12 @@ void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
     m_lBoldParam = lParam;
 }
 
+void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
+{
+    m_pfnDotColor = pfnDotColor;
+    m_lDotParam = lParam;
+}
+
 void CPeriodGridCtrl::Layout(int cx, int cy)
 {
     CRect client(0, 0, 0, 0);
@@ -134,8 +140,8 @@ void CPeriodGridCtrl::Layout(int cx, int cy)
     }
     const PeriodGridModel& model = m_state->model;
     const PeriodPolicy& policy = model.Policy();
-    const PeriodGridInput input{CSize(cx, cy), model.Rows(), model.Columns(), model.FirstPeriod(),
-                                model.FirstDayOfWeek()};
+    const PeriodGridInput input{CSize(cx, cy),       model.Rows(),           model.Columns(),
+                                model.FirstPeriod(), model.FirstDayOfWeek(), m_state->weekRule};
     m_state->layout = CalcPeriodGrid(policy, input);
     const std::vector<PeriodBlock>& blocks = m_state->layout.blocks;
     CellMarks& marks = m_state->marks;
@@ -147,6 +153,7 @@ void CPeriodGridCtrl::Layout(int cx, int cy)
             marks[i][k].isHoliday =
                 policy.unit == CellUnit::Day && CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
             marks[i][k].isBold = cell.inPeriod && m_pfnIsBold && m_pfnIsBold(cell.date, m_lBoldParam);
+            marks[i][k].dot = cell.inPeriod && m_pfnDotColor ? m_pfnDotColor(cell.date, m_lDotParam) : CLR_NONE;
         }
     }
 }

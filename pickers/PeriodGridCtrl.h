@@ -50,6 +50,8 @@ public:
     // Whether a cell is drawn bold: a host's mark, as for days that have items. Asked for each cell of a period itself
     // whenever the control lays itself out (Refresh, paging), not while it paints.
     typedef BOOL (*PFNISBOLD)(const COleDateTime& date, LPARAM lParam);
+    // The colour of a dot under a cell's number, as for busy days; CLR_NONE: no dot. Asked when PFNISBOLD is.
+    typedef COLORREF (*PFNDOTCOLOR)(const COleDateTime& date, LPARAM lParam);
 
     ~CPeriodGridCtrl() override;
 
@@ -66,7 +68,8 @@ public:
     void MoveRight(int nCount);          // one period on
     void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others raise CInvalidArgException
     int GetFirstDayOfWeek() const;
-    void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0); // nullptr: none
+    void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0);    // nullptr: none
+    void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
@@ -149,6 +152,8 @@ protected:
     UINT_PTR m_nPopupTimer = 0;
     PFNISBOLD m_pfnIsBold = nullptr;
     LPARAM m_lBoldParam = 0;
+    PFNDOTCOLOR m_pfnDotColor = nullptr;
+    LPARAM m_lDotParam = 0;
     BOOL m_bTracksLeave = FALSE;
     int m_nSweepSide = 0;  // where a sweep is held beyond the cells: -1 before them, 1 after, 0 neither
     int m_nWheelDelta = 0; // turned, and not yet a page

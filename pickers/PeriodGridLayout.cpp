@@ -46,7 +46,23 @@ void FillCells(const PeriodPolicy& policy, int firstDayOfWeek, PeriodBlock& bloc
     }
 }
 
-PeriodBlock MakeBlock(const PeriodPolicy& policy, CPoint origin, int period, int firstDayOfWeek)
+void FillWeeks(const PeriodPolicy& policy, const PeriodGridInput& input, PeriodBlock& block)
+{
+    const PeriodMetrics& metrics = policy.metrics;
+    for (int row = 0; row < policy.cellRows && metrics.weekNumberWidth > 0; ++row) {
+        const int firstCell = row * policy.cellColumns;
+        // The first day of the week may lie before the calendar begins.
+        CivilDate day = CivilDateOf(block.cells[firstCell].date);
+        if (!day.IsValid()) {
+            day = CivilDateOf(block.cells[firstCell + policy.cellColumns - 1].date);
+        }
+        block.weeks.push_back({RectAt(block.cellArea.left - metrics.weekNumberWidth, block.cells[firstCell].rect.top,
+                                      metrics.weekNumberWidth, metrics.cell.cy),
+                               WeekOf(day, input.firstDayOfWeek, input.weekRule).week});
+    }
+}
+
+PeriodBlock MakeBlock(const PeriodPolicy& policy, const PeriodGridInput& input, CPoint origin, int period)
 {
     const PeriodMetrics& metrics = policy.metrics;
     PeriodBlock block;
@@ -59,7 +75,8 @@ PeriodBlock MakeBlock(const PeriodPolicy& policy, CPoint origin, int period, int
     if (metrics.weekdayHeight > 0) {
         block.weekdays = RectAt(block.cellArea.left, block.band.bottom, block.cellArea.Width(), metrics.weekdayHeight);
     }
-    FillCells(policy, firstDayOfWeek, block);
+    FillCells(policy, input.firstDayOfWeek, block);
+    FillWeeks(policy, input, block);
     return block;
 }
 } // namespace
@@ -79,7 +96,7 @@ PeriodGridLayout CalcPeriodGrid(const PeriodPolicy& policy, const PeriodGridInpu
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns && period <= policy.LastPeriod(); ++column, ++period) {
             const CPoint origin(left + column * metrics.block.cx, row * metrics.block.cy);
-            layout.blocks.push_back(MakeBlock(policy, origin, period, input.firstDayOfWeek));
+            layout.blocks.push_back(MakeBlock(policy, input, origin, period));
             layout.blocks.back().row = row + 1;
             layout.blocks.back().column = column + 1;
         }

@@ -10,6 +10,7 @@
 //   +-----------------------------------------+
 #pragma once
 
+#include "../calc/WeekNumbers.h"
 #include "PeriodPolicy.h"
 
 #include <vector>
@@ -21,8 +22,9 @@ struct PeriodGridInput
     CSize client; // pixels
     int rows;     // of blocks; less than 1 counts as 1, more than 1000 as 1000
     int columns;
-    int firstPeriod;    // shown in the first block
-    int firstDayOfWeek; // 1 Sunday .. 7 Saturday; used by periods of days
+    int firstPeriod;                                // shown in the first block
+    int firstDayOfWeek;                             // 1 Sunday .. 7 Saturday; used by periods of days
+    WeekRule weekRule = WeekRule::FirstFourDayWeek; // used by policies with week numbers
 };
 
 struct PeriodCell
@@ -30,6 +32,13 @@ struct PeriodCell
     CRect rect;
     COleDateTime date;     // day or first of month, 00:00; invalid beyond the years 100 to 9999
     bool inPeriod = false; // false: a day of a neighbour month
+};
+
+// A row of cells with its week's number.
+struct PeriodWeek
+{
+    CRect rect;
+    int number; // 1 .. 54; -1 beyond the years 100 to 9999
 };
 
 struct PeriodBlock
@@ -42,6 +51,7 @@ struct PeriodBlock
     int row = 1;                   // from 1
     int column = 1;                // from 1
     std::vector<PeriodCell> cells; // row by row
+    std::vector<PeriodWeek> weeks; // one for each row; none without week numbers
 };
 
 struct PeriodGridLayout

@@ -17,8 +17,9 @@ struct GridPaintMetrics // pixels
     int weekdayGap;   // from the weekday names' box to the line below them
     SIZE cellInset;   // of selection and frames within a month's cell
     int hotInset;     // of the shade under a hot title or arrow
+    SIZE dot;         // of a host's mark, at the middle of the cell's bottom
 };
-constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1};
+constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1, {6, 2}};
 } // namespace
 
 PeriodGridPainter::PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture)
@@ -100,6 +101,20 @@ void PeriodGridPainter::DrawWeekdays() const
     }
 }
 
+void PeriodGridPainter::DrawWeekNumbers() const
+{
+    for (const PeriodBlock& block : m_picture.layout.blocks) {
+        for (const PeriodWeek& week : block.weeks) {
+            if (week.number > 0) {
+                CString text;
+                text.Format("%d", week.number);
+                DrawCentredText(m_pDC, week.rect, text, m_picture.numberFonts.Get(false), m_palette.weekNumber);
+            }
+            m_pDC->FillSolidRect(week.rect.right - 1, week.rect.top, 1, week.rect.Height(), m_palette.frame);
+        }
+    }
+}
+
 void PeriodGridPainter::DrawCells() const
 {
     const PeriodPolicy& policy = m_picture.model.Policy();
@@ -135,6 +150,10 @@ void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, boo
     const int column = hit.cell % m_picture.model.Policy().cellColumns;
     DrawCentredText(m_pDC, cell.rect, CellText(cell), fonts.Get(mark.isBold && cell.inPeriod),
                     CellColor(cell, mark, column));
+    if (mark.dot != CLR_NONE) {
+        m_pDC->FillSolidRect(cell.rect.CenterPoint().x - kMetrics.dot.cx / 2, cell.rect.bottom - kMetrics.dot.cy,
+                             kMetrics.dot.cx, kMetrics.dot.cy, mark.dot);
+    }
     if (isToday) {
         DrawFrame(m_pDC, cell.rect, m_palette.today);
     }

@@ -13,6 +13,7 @@ struct CellMark
 {
     bool isHoliday = false;
     bool isBold = false;
+    COLORREF dot = CLR_NONE; // under the number
 };
 
 typedef std::vector<std::vector<CellMark>> CellMarks; // of each block's cells
@@ -34,9 +35,10 @@ class PeriodGridPainter
 public:
     PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture);
 
-    void DrawHeader() const;   // title bands, titles, arrows
-    void DrawWeekdays() const; // nothing without weekday names
-    void DrawCells() const;    // days or months, selection, today, the keyboard's place
+    void DrawHeader() const;      // title bands, titles, arrows
+    void DrawWeekdays() const;    // nothing without weekday names
+    void DrawWeekNumbers() const; // nothing without week numbers
+    void DrawCells() const;       // days or months, selection, today, the keyboard's place
     void DrawFooter() const;
 
 private:

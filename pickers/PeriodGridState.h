@@ -13,6 +13,7 @@ struct PeriodGridState
     PeriodGridModel model;
     PeriodGridLayout layout;
     CellMarks marks; // as the layout's blocks and cells
+    WeekRule weekRule = WeekRule::FirstFourDayWeek;
     PickerFonts textFonts{kTextFont};
     PickerFonts numberFonts{kNumberFont};
 };

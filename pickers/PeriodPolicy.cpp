@@ -21,6 +21,8 @@ COleDateTime LastDayOfMonth(int monthNumber)
 const PeriodPolicy kMonthPolicy{CellUnit::Day,   1,     7,   6,   12,   true,  true,
     // block  title weekday top left cell              arrow footer
     {{130, 130}, 20, 16,    37, 2,   {18, 15},         18,   20}, "%d年 %d月"};
+const PeriodPolicy kNumberedMonthPolicy{CellUnit::Day, 1, 7, 6,   12,   true,  true,
+    {{149, 130}, 20, 16,    37, 21,  {18, 15},         18,   20, 18}, "%d年 %d月"};
 const PeriodPolicy kYearPolicy{CellUnit::Month, 12,    3,   4,   10,   false, false,
     {{120, 100}, 20, 0,     24, 3,   {38, 18},         18,   20}, "%d年"};
 // clang-format on

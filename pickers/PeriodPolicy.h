@@ -23,8 +23,9 @@ struct PeriodMetrics
     int cellsTop;      // from the block's top to its cells
     int cellsLeft;     // from the block's left edge to its cells
     SIZE cell;
-    int arrowWidth;   // kept free of the title at both ends of its band
-    int footerHeight; // the line below all blocks
+    int arrowWidth;          // kept free of the title at both ends of its band
+    int footerHeight;        // the line below all blocks
+    int weekNumberWidth = 0; // the column of week numbers left of the cells; 0: none
 };
 
 struct PeriodPolicy
@@ -45,8 +46,9 @@ struct PeriodPolicy
     int LastPeriod() const;  // holds December 9999
 };
 
-extern const PeriodPolicy kMonthPolicy; // months of days
-extern const PeriodPolicy kYearPolicy;  // years of months
+extern const PeriodPolicy kMonthPolicy;         // months of days
+extern const PeriodPolicy kNumberedMonthPolicy; // the same with a column of week numbers
+extern const PeriodPolicy kYearPolicy;          // years of months
 
 // The size in client pixels that shows rows x columns of blocks and the line below them.
 CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns);

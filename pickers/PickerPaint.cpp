@@ -22,7 +22,7 @@ PickerPalette DisabledPickerPalette()
 {
     PickerPalette palette = SystemPickerPalette();
     const COLORREF gray = palette.disabledText;
-    palette.text = palette.holiday = palette.saturday = palette.today = gray;
+    palette.text = palette.holiday = palette.saturday = palette.today = palette.weekNumber = gray;
     palette.paleHoliday = palette.paleSaturday = palette.paleText;
     palette.bandFrom = palette.bandTo = gray;
     palette.selected = palette.paleSelected = palette.face;

@@ -30,6 +30,7 @@ struct PickerPalette
     COLORREF hot = 0xFBEADB;
     COLORREF hotFrame = 0xE6C8A5;
     COLORREF today = 0x2138EF;
+    COLORREF weekNumber = 0xA07050;
 };
 
 PickerPalette SystemPickerPalette();

@@ -65,6 +65,7 @@ struct Stage : Scene<Control>
 };
 typedef Stage<CMiniCalendarCtrl> Days;
 typedef Stage<CMiniCalendarCtrl2> Months;
+constexpr COLORREF kDot = 0x30A030;
 } // namespace
 
 TEST(MiniCalendarWindow, WorksWithoutAWindowToo)
@@ -335,6 +336,21 @@ TEST(MiniCalendarWindow, PaintsSelectionHolidaysAndFocus)
     s.control->SetFocus();
     PumpMessages();
     EXPECT_NE(unfocused, pixelsOf(title)) << "the focus is not";
+
+    s.control->SetDotCallback([](const COleDateTime& date, LPARAM) { return date.GetDay() == 3 ? kDot : CLR_NONE; });
+    s.control->SetCurrentDate(2010, 1);
+    s.control->Refresh();
+    EXPECT_TRUE(holds(3, kDot) && !holds(4, kDot));
+    s.control->ShowWeekNumbers(TRUE);
+    s.control->Refresh();
+    const CRect week = s.control->GetGridLayout().blocks[0].weeks[2].rect;
+    EXPECT_LT(0, [&] {
+        const std::vector<COLORREF> pixels = pixelsOf(CRect(week.TopLeft(), CSize(17, 15)));
+        return pixels.size() - std::count(pixels.begin(), pixels.end(), pixels.front());
+    }()) << "a number";
+    s.control->ShowWeekNumbers(FALSE);
+    s.control->SetDotCallback(nullptr);
+    s.control->MoveRight(1);
 
     static int asked;
     asked = 0;

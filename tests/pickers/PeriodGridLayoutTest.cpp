@@ -118,6 +118,37 @@ TEST(PeriodGridLayoutTest, AMonthBeginsUnderItsWeekdayAndIsFilledFromItsNeighbou
     EXPECT_EQ(1, WeekdayOfColumn(2, 6));
 }
 
+TEST(PeriodGridLayoutTest, WeekNumbersStandLeftOfTheirRows)
+{
+    const struct
+    {
+        int year, month, firstDayOfWeek;
+        WeekRule rule;
+        int numbers[6];
+    } table[] = {
+        // ISO 8601: Thursday 31 December 2026 makes week 53, Monday 4 January 2021 week 1.
+        {2027, 1, kMonday, WeekRule::FirstFourDayWeek, {53, 1, 2, 3, 4, 5}},
+        {2021, 1, kMonday, WeekRule::FirstFourDayWeek, {53, 1, 2, 3, 4, 5}},
+        {2026, 11, kSunday, WeekRule::WithFirstDay, {45, 46, 47, 48, 49, 50}},
+        {100, 1, kSunday, WeekRule::WithFirstDay, {1, 2, 3, 4, 5, 6}},
+    };
+    for (const auto& row : table) {
+        const PeriodGridLayout layout = CalcPeriodGrid(
+            kNumberedMonthPolicy,
+            {CSize(0, 0), 1, 2, PeriodOf(kMonthPolicy, Day(row.year, row.month, 1)), row.firstDayOfWeek, row.rule});
+        const PeriodBlock& block = layout.blocks[0];
+        ASSERT_EQ(6u, block.weeks.size());
+        for (int i = 0; i < 6; ++i) {
+            EXPECT_EQ(row.numbers[i], block.weeks[i].number) << row.year << " row " << i;
+            EXPECT_TRUE(block.weeks[i].rect == CRect(3, 37 + 15 * i, 21, 52 + 15 * i));
+            EXPECT_TRUE(block.cells[7 * i].rect.TopLeft() == CPoint(21, 37 + 15 * i));
+        }
+        EXPECT_EQ(149, layout.blocks[1].band.left);
+        EXPECT_LE(layout.blocks[0].cells[6].rect.right, 149);
+    }
+    EXPECT_TRUE(Months(1, 1, Day(2026, 11, 1)).blocks[0].weeks.empty());
+}
+
 TEST(PeriodGridLayoutTest, StopsAtTheEndsOfTheCalendar)
 {
     const PeriodGridLayout start = Months(1, 1, Day(100, 1, 1)); // a Friday
