@@ -3,6 +3,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "pickers/PickerPaint.h"
 #include "pickers/PickerShell.h"
 #include "pickers/YearMonthGrid.h"
 #include "pickers/YearMonthPainter.h"
@@ -44,7 +45,8 @@ END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CYearMonthPickerCtrl::CYearMonthPickerCtrl() : m_dtCurrent(Now()), m_rcArrow(0, 0, 0, 0)
+CYearMonthPickerCtrl::CYearMonthPickerCtrl()
+    : m_dtCurrent(Now()), m_rcArrow(0, 0, 0, 0), m_pFonts(std::make_unique<PickerFonts>(kTextFont))
 {
 }
 
@@ -223,7 +225,7 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
     const UINT state = lpDrawItemStruct->itemState;
     PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
-                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), m_fonts})
+                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts})
         .Draw();
 }
 

@@ -8,13 +8,18 @@
 #pragma once
 
 #include "../core/WindowAlive.h"
-#include "PickerPaint.h"
 #include "YearMonthMessages.h"
 
 #include <afxwin.h>
 #include <afxdisp.h>
 
+#include <memory>
+
 class CYearMonthPopup;
+
+namespace dayvane {
+class PickerFonts;
+}
 
 class CYearMonthPickerCtrl : public CButton
 {
@@ -78,6 +83,6 @@ protected:
     HWND m_hWndParent = nullptr; // messages go to it
     CYearMonthPopup* m_pPopup = nullptr;
     BOOL m_bHot = FALSE;
-    dayvane::PickerFonts m_fonts{dayvane::kTextFont};
+    std::unique_ptr<dayvane::PickerFonts> m_pFonts;
     dayvane::WindowLife m_life;
 };
