@@ -2,6 +2,7 @@
 
 #include "core/WindowHelpers.h"
 #include "calc/CalcHoliday.h"
+#include "calc/DayProvider.h"
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
@@ -124,6 +125,27 @@ void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
     m_lBoldParam = lParam;
 }
 
+void CPeriodGridCtrl::SetDayProvider(const DayProvider* pProvider)
+{
+    m_pDayProvider = pProvider;
+}
+
+bool CPeriodGridCtrl::IsDayOff(const COleDateTime& day) const
+{
+    if (m_pDayProvider) {
+        return m_pDayProvider->InfoOf(CivilDateOf(day)).isDayOff;
+    }
+    // The standard provider would look for solar terms, too.
+    tagHOLIDAY holiday = {};
+    return CCalcHoliday::IsHoliday(day, holiday) && !holiday.bObservance;
+}
+
+void CPeriodGridCtrl::SetOptions(const CalendarOptions& options)
+{
+    m_options = options;
+    ShowTip({});
+}
+
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
 {
     m_pfnDotColor = pfnDotColor;
@@ -149,9 +171,7 @@ void CPeriodGridCtrl::Layout(int cx, int cy)
     for (size_t i = 0; i < blocks.size(); ++i) {
         for (size_t k = 0; k < marks[i].size(); ++k) {
             const PeriodCell& cell = blocks[i].cells[k];
-            tagHOLIDAY holiday = {};
-            marks[i][k].isHoliday =
-                policy.unit == CellUnit::Day && CCalcHoliday::IsHoliday(cell.date, holiday) && !holiday.bObservance;
+            marks[i][k].isHoliday = policy.unit == CellUnit::Day && IsDayOff(cell.date);
             marks[i][k].isBold = cell.inPeriod && m_pfnIsBold && m_pfnIsBold(cell.date, m_lBoldParam);
             marks[i][k].dot = cell.inPeriod && m_pfnDotColor ? m_pfnDotColor(cell.date, m_lDotParam) : CLR_NONE;
         }
@@ -327,6 +347,7 @@ void CPeriodGridCtrl::PreSubclassWindow()
 void CPeriodGridCtrl::OnDestroy()
 {
     m_today.Stop();
+    m_tip.Destroy();
     m_state->model.Cancel();
     ClosePopup();
     ReleaseCaptureOf(m_hWnd);

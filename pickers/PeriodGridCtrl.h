@@ -21,6 +21,8 @@
 // and so does releasing the button outside the popup.
 #pragma once
 
+#include "../core/CalendarOptions.h"
+#include "../core/PartTip.h"
 #include "../core/TodayWatch.h"
 #include "../core/WindowAlive.h"
 
@@ -34,6 +36,7 @@ struct CCreateContext;
 class CPeriodSelCtrl;
 
 namespace dayvane {
+class DayProvider;
 struct GridEffects;
 struct GridHit;
 struct PeriodGridLayout;
@@ -68,11 +71,17 @@ public:
     void MoveRight(int nCount);          // one period on
     void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others raise CInvalidArgException
     int GetFirstDayOfWeek() const;
-    void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0);    // nullptr: none
+    void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0); // nullptr: none
+    // Where days off and the names of days come from. Asked for days off at each layout, for a name when the pointer
+    // comes to a day. It must live until another is set; nullptr: CCalcHoliday.
+    void SetDayProvider(const dayvane::DayProvider* pProvider);
     void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
+    // Of the options those that concern date selectors: toolTips (the names of a day).
+    void SetOptions(const CalendarOptions& options);
+    const CalendarOptions& GetOptions() const { return m_options; }
 
     // ---- Selection: both bounds as they were given or selected; invalid both when there is none.
     void GetSel(COleDateTime& start, COleDateTime& end) const;
@@ -118,6 +127,9 @@ protected:
     void Cancel();
     void InvalidatePart(const dayvane::GridHit& hit);
     void Hover(const dayvane::GridHit& hit);
+    bool IsDayOff(const COleDateTime& day) const;
+    // The names of a day as the tip of its cell; no tip for other parts and unnamed days.
+    void ShowTip(const dayvane::GridHit& hit);
     // Starts or ends paging while a sweep is held at a point.
     void PageBeside(CPoint point);
 
@@ -154,6 +166,9 @@ protected:
     LPARAM m_lBoldParam = 0;
     PFNDOTCOLOR m_pfnDotColor = nullptr;
     LPARAM m_lDotParam = 0;
+    CalendarOptions m_options;
+    const dayvane::DayProvider* m_pDayProvider = nullptr;
+    dayvane::PartTip m_tip;
     BOOL m_bTracksLeave = FALSE;
     int m_nSweepSide = 0;  // where a sweep is held beyond the cells: -1 before them, 1 after, 0 neither
     int m_nWheelDelta = 0; // turned, and not yet a page

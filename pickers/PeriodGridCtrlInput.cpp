@@ -2,6 +2,7 @@
 // applied.
 #include "pickers/PeriodGridCtrl.h"
 
+#include "calc/DayProvider.h"
 #include "core/CalendarClock.h"
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodRun.h"
@@ -29,17 +30,30 @@ void CPeriodGridCtrl::Hover(const GridHit& hit)
     if (m_state->model.Hover(hit)) {
         InvalidatePart(before);
         InvalidatePart(hit);
+        ShowTip(hit);
     }
 }
 
-void CPeriodGridCtrl::OnMouseMove(UINT, CPoint point)
+void CPeriodGridCtrl::ShowTip(const GridHit& hit)
 {
+    std::string text;
+    if (m_options.toolTips && hit.part == GridPart::Cell && m_state->model.Policy().unit == CellUnit::Day) {
+        const DayProvider& days = m_pDayProvider ? *m_pDayProvider : StandardDayProvider();
+        text = NamesText(days.InfoOf(CivilDateOf(DateOfHit(m_state->layout, hit))));
+    }
+    m_tip.SetPart(*this, RectOfPart(m_state->layout, hit), text);
+}
+
+void CPeriodGridCtrl::OnMouseMove(UINT nFlags, CPoint point)
+{
+    const LPARAM position = MAKELPARAM(point.x, point.y);
     if (!m_bTracksLeave) {
         m_bTracksLeave = TRUE;
         TrackMouseLeave(m_hWnd);
     }
     if (!m_pPopup) {
         Hover(PartAt(m_state->layout, point));
+        m_tip.Relay(*this, WM_MOUSEMOVE, nFlags, position);
         Apply(m_state->model.PointAt(DateOfHit(m_state->layout, CellAt(m_state->layout, point))));
         PageBeside(point);
     } else {
@@ -70,6 +84,7 @@ void CPeriodGridCtrl::OnMouseLeave()
 
 void CPeriodGridCtrl::OnLButtonDown(UINT, CPoint point)
 {
+    ShowTip({});
     const WindowAlive alive(this, m_life);
     Cancel(); // a press without a release before it
     SetFocus();

@@ -1,9 +1,12 @@
 // The two mini calendars as windows: messages in, notifications out.
+#include "calc/DayProvider.h"
 #include "pickers/MiniCalendarCtrl.h"
 #include "pickers/MiniCalendarCtrl2.h"
 #include "pickers/PeriodGridLayout.h"
 #include "pickers/PeriodSelCtrl.h"
 #include "tests/pickers/PickerFixture.h"
+
+#include <commctrl.h>
 
 using namespace dayvane;
 
@@ -414,6 +417,54 @@ TEST(MiniCalendarWindow, ASweepHeldBesideTheDaysPages)
     s.Move(s.At(Day(2009, 11, 9)));
     s.Release(s.At(Day(2009, 11, 9)));
     EXPECT_EQ(Reports{"MCN_SELECT 2009/11/9 - 2010/1/20"}, s.parent.Take());
+}
+
+TEST(MiniCalendarWindow, NamedDaysAreNamedInATip)
+{
+    Days s;
+    const auto tip = [&] { return ::FindWindow("tooltips_class32", nullptr); };
+    const auto rest = [&](int day) { hardware::Move(s.control->m_hWnd, s.At(Day(2010, 1, day))); };
+    rest(11);
+    PumpMessages();
+    EXPECT_FALSE(::IsWindowVisible(tip())) << "an option";
+    CalendarOptions options;
+    options.toolTips = true;
+    s.control->SetOptions(options);
+    rest(12);
+    rest(11);
+    EXPECT_TRUE(PumpUntil([&] { return ::IsWindowVisible(tip()) != FALSE; }));
+    wchar_t text[80] = {};
+    TTTOOLINFOW tool = {};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = s.control->m_hWnd;
+    tool.uId = 1;
+    tool.lpszText = text;
+    ::SendMessageW(tip(), TTM_GETTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    EXPECT_STREQ(L"\u6210\u4EBA\u306E\u65E5", text);
+    rest(12);
+    EXPECT_TRUE(PumpUntil([&] { return ::IsWindowVisible(tip()) == FALSE; }));
+}
+
+TEST(MiniCalendarWindow, DaysOffComeFromAProvider)
+{
+    class SecondOff : public DayProvider
+    {
+        DayInfo InfoOf(const CivilDate& date) const override
+        {
+            DayInfo info;
+            info.isDayOff = date.day == 12;
+            return info;
+        }
+    } provider;
+    Days s;
+    const Pixels before = s.Seen(*s.control);
+    s.control->SetDayProvider(&provider);
+    s.control->Refresh();
+    const Pixels provided = s.Seen(*s.control);
+    EXPECT_NE(before, provided);
+    s.control->SetDayProvider(nullptr);
+    s.control->Refresh();
+    EXPECT_EQ(before, s.Seen(*s.control));
 }
 
 TEST(MiniCalendarWindow, TinySizesAndTheEndsOfTheCalendarPaint)

@@ -1,0 +1,81 @@
+#include "core/PartTip.h"
+
+#include <commctrl.h>
+
+namespace dayvane {
+namespace {
+constexpr int kMaxWidth = 300; // pixels; longer texts take several lines
+
+std::wstring WideOf(const std::string& utf8)
+{
+    const int bytes = static_cast<int>(utf8.size());
+    std::wstring wide(static_cast<size_t>(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, nullptr, 0)), L'\0');
+    ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, wide.data(), static_cast<int>(wide.size()));
+    return wide;
+}
+
+// The record of the tip's one tool, as every version of the common controls takes it.
+TTTOOLINFOW ToolOf(HWND hOwner, const RECT& part, wchar_t* text)
+{
+    TTTOOLINFOW tool = {};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = hOwner;
+    tool.uId = 1;
+    tool.rect = part;
+    tool.lpszText = text;
+    return tool;
+}
+} // namespace
+
+bool PartTip::Create(HWND hOwner)
+{
+    if (m_hTip) {
+        return true;
+    }
+    ::InitCommonControls();
+    m_hTip = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
+                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hOwner, nullptr,
+                               AfxGetInstanceHandle(), nullptr);
+    if (!m_hTip) {
+        return false;
+    }
+    wchar_t noText[] = L"";
+    const TTTOOLINFOW tool = ToolOf(hOwner, CRect(0, 0, 0, 0), noText);
+    ::SendMessageW(m_hTip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    ::SendMessageW(m_hTip, TTM_SETMAXTIPWIDTH, 0, kMaxWidth);
+    return true;
+}
+
+void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& text)
+{
+    m_isActive = !text.empty() && Create(owner.m_hWnd);
+    if (!m_hTip) {
+        return;
+    }
+    ::SendMessageW(m_hTip, TTM_POP, 0, 0);
+    ::SendMessageW(m_hTip, TTM_ACTIVATE, m_isActive, 0);
+    std::wstring wide = WideOf(text);
+    TTTOOLINFOW tool = ToolOf(owner.m_hWnd, part, wide.data());
+    ::SendMessageW(m_hTip, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+    ::SendMessageW(m_hTip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void PartTip::Relay(CWnd& owner, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_isActive) {
+        MSG msg = {owner.m_hWnd, message, wParam, lParam, static_cast<DWORD>(::GetMessageTime()), {}};
+        ::GetCursorPos(&msg.pt);
+        ::SendMessageW(m_hTip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&msg));
+    }
+}
+
+void PartTip::Destroy()
+{
+    if (m_hTip) {
+        ::DestroyWindow(m_hTip);
+    }
+    m_hTip = nullptr;
+    m_isActive = false;
+}
+
+} // namespace dayvane
