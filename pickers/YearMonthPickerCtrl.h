@@ -7,6 +7,7 @@
 // while it handles a message: drop the picker again, destroy its window, delete the object.
 #pragma once
 
+#include "../core/CalendarOptions.h"
 #include "../core/WindowAlive.h"
 #include "YearMonthMessages.h"
 
@@ -37,6 +38,10 @@ public:
     // next click tries again.
     BOOL IsDropped() const { return m_bDropped; }
     CYearMonthPopup* GetPopup() const { return m_pPopup; } // nullptr while none is open
+
+    // For hosts that give all controls the same options; none of them changes this control yet.
+    void SetOptions(const CalendarOptions& options) { m_options = options; }
+    const CalendarOptions& GetOptions() const { return m_options; }
 
     // Takes the parent, to which messages go, and sizes the button: the width it has, but at least twice its arrow;
     // the height that the system's arrows and edges ask for.
@@ -78,6 +83,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     COleDateTime m_dtCurrent;
+    CalendarOptions m_options;
     BOOL m_bDropped = FALSE;
     CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it
