@@ -17,7 +17,9 @@ struct Stage : Scene<Control>
     using Scene<Control>::control;
     using Scene<Control>::parent;
 
-    explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10))
+    explicit Stage(int rows = 1, int columns = 1, CPoint at = CPoint(10, 10),
+                   typename Scene<Control>::Maker make = Make<Control>)
+        : Scene<Control>(make)
     {
         control->SetRowAndCol(rows, columns);
         control->Create(WS_CHILD | WS_VISIBLE, CRect(at, control->GetGridSize()), &parent, kSelectorId);
@@ -386,9 +388,8 @@ TEST(MiniCalendarWindow, TodaysMarkFollowsTheClock)
 
 TEST(MiniCalendarWindow, TheFocusIsSeenOnceTheKeyboardIsUsed)
 {
-    Days s;
+    Days s(1, 1, CPoint(10, 10), Make<CMiniCalendarCtrl, Cued<CMiniCalendarCtrl>>);
     const Pixels unfocused = s.Seen(*s.control);
-    s.HideFocus();
     s.control->SetFocus();
     EXPECT_EQ(unfocused, s.Seen(*s.control));
     s.Key(VK_ESCAPE);

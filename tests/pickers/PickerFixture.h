@@ -86,10 +86,18 @@ inline Pixels PixelsOf(const testsupport::MemoryDc& dc)
     return pixels;
 }
 
-// One selector in a parent.
+template <class Control, class Made = Control>
+std::unique_ptr<Control> Make()
+{
+    return std::make_unique<Made>();
+}
+
+// One selector in a parent, made once the parent has set the clock.
 template <class Control>
 struct Scene
 {
+    typedef std::unique_ptr<Control> (*Maker)();
+    explicit Scene(Maker make) : control(make()) {}
     void Key(UINT key) { ::SendMessage(control->m_hWnd, WM_KEYDOWN, key, 0); }
     // What a window shows, and what it paints when asked to print itself.
     static Pixels Seen(const CWnd& window)
@@ -111,9 +119,25 @@ struct Scene
         ::SendMessage(window.m_hWnd, WM_PRINT, reinterpret_cast<WPARAM>(page.Dc().m_hDC), PRF_CLIENT);
         return PixelsOf(page);
     }
-    // By the system's rule: nobody has used the keyboard yet.
-    void HideFocus() { parent.SendMessage(WM_CHANGEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS)); }
 
     PickerParent parent;
-    std::unique_ptr<Control> control = std::make_unique<Control>();
+    std::unique_ptr<Control> control;
+};
+
+// A selector with the system's state of focus cues, which Wine does not keep: hidden at first, as before the first key.
+template <class Control>
+class Cued : public Control
+{
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_QUERYUISTATE) {
+            return m_isHidden ? UISF_HIDEFOCUS : 0;
+        }
+        if (message == WM_CHANGEUISTATE && wParam == MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS)) {
+            m_isHidden = false;
+            return this->SendMessage(WM_UPDATEUISTATE, wParam);
+        }
+        return Control::WindowProc(message, wParam, lParam);
+    }
+    bool m_isHidden = true;
 };

@@ -15,7 +15,7 @@ static_assert(YMN_DATECHANGE == 6025 && YMN_DROPDOWN == 6026 && YMN_CLOSEUP == 6
 
 struct Picker : Scene<CYearMonthPickerCtrl>
 {
-    explicit Picker(CRect place = CRect(10, 10, 160, 40))
+    explicit Picker(CRect place = CRect(10, 10, 160, 40), Maker make = Make<CYearMonthPickerCtrl>) : Scene(make)
     {
         control->Create("", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, place, &parent, kSelectorId);
         control->SetCurrentDate(Day(2010, 5, 1));
@@ -307,9 +307,8 @@ TEST(YearMonthPickerWindow, ArrowAndTextFollowTheSize)
 
 TEST(YearMonthPickerWindow, PrintsWhatItShowsAndShowsTheFocusForTheKeyboard)
 {
-    Picker p;
+    Picker p(CRect(10, 10, 160, 40), Make<CYearMonthPickerCtrl, Cued<CYearMonthPickerCtrl>>);
     const Pixels unfocused = p.Seen(*p.control);
-    p.HideFocus();
     p.control->SetFocus();
     EXPECT_EQ(unfocused, p.Seen(*p.control));
     p.Key(VK_SHIFT);
