@@ -173,12 +173,53 @@ void LoadFile(LPCTSTR path, CMemFile& file)
     file.SeekToBegin();
 }
 
-// Writes a new file beside the old one and replaces it, so that a failure leaves the old one whole.
+// The folder of a path, with its last separator; "." where there is none.
+CString FolderOf(LPCTSTR path)
+{
+    const CString whole(path);
+    const int end = std::max(whole.ReverseFind('\\'), std::max(whole.ReverseFind('/'), whole.ReverseFind(':')));
+    return end < 0 ? CString(".") : whole.Left(end + 1);
+}
+
+// A file of a name that nobody has, which goes with its owner unless it has taken another's place.
+class TemporaryFile
+{
+public:
+    explicit TemporaryFile(LPCTSTR besidePath)
+    {
+        if (::GetTempFileName(FolderOf(besidePath), "dv", 0, m_name) == 0) {
+            m_name[0] = '\0';
+            FileHandle::Fail(besidePath);
+        }
+    }
+    ~TemporaryFile()
+    {
+        if (m_name[0] != '\0') {
+            ::DeleteFile(m_name);
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    LPCTSTR Name() const { return m_name; }
+    void Replace(LPCTSTR path)
+    {
+        if (!::MoveFileEx(m_name, path, MOVEFILE_REPLACE_EXISTING)) {
+            FileHandle::Fail(path);
+        }
+        m_name[0] = '\0';
+    }
+
+private:
+    char m_name[MAX_PATH];
+};
+
+// Writes a new file beside the old one and lets it take its place, so that a failure leaves the old one whole.
 void StoreFile(LPCTSTR path, CMemFile& file)
 {
-    const CString fresh = CString(path) + ".new";
+    TemporaryFile fresh(path);
     {
-        FileHandle handle(fresh, GENERIC_WRITE, CREATE_ALWAYS);
+        FileHandle handle(fresh.Name(), GENERIC_WRITE, CREATE_ALWAYS);
         char block[4096];
         file.SeekToBegin();
         while (const UINT count = file.Read(block, sizeof(block))) {
@@ -188,12 +229,7 @@ void StoreFile(LPCTSTR path, CMemFile& file)
             }
         }
     }
-    if (!::MoveFileEx(fresh, path, MOVEFILE_REPLACE_EXISTING)) {
-        const DWORD error = ::GetLastError();
-        ::DeleteFile(fresh);
-        ::SetLastError(error);
-        FileHandle::Fail(path);
-    }
+    fresh.Replace(path);
 }
 
 } // namespace

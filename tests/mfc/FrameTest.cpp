@@ -4,6 +4,8 @@
 #include <afxext.h>
 
 #include <algorithm>
+#include <set>
+#include <string>
 
 namespace {
 
@@ -377,6 +379,35 @@ TEST_F(FrameTest, SavesAndOpensFiles)
                         .c_str()),
               1);
     ::DeleteFile(path);
+}
+
+TEST_F(FrameTest, SavingTouchesNoOtherFile)
+{
+    char temporary[MAX_PATH];
+    ::GetTempPath(sizeof(temporary), temporary);
+    CString folder;
+    folder.Format("%sframe_test_%lu\\", temporary, ::GetCurrentProcessId());
+    ASSERT_TRUE(::CreateDirectory(folder, nullptr));
+    const CString path = folder + "a.ics";
+    const CString neighbour = folder + "a.ics.new"; // somebody else's
+    ::CloseHandle(::CreateFile(neighbour, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    EXPECT_TRUE(document->DoSave(path));
+    const HANDLE lock = ::CreateFile(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    document->SetModifiedFlag();
+    EXPECT_FALSE(document->OnSaveDocument(path)) << "another program has the file open";
+    ::CloseHandle(lock);
+    std::set<std::string> left;
+    WIN32_FIND_DATA found;
+    const HANDLE search = ::FindFirstFile(folder + "*.*", &found);
+    do {
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            left.insert(found.cFileName);
+            ::DeleteFile(folder + found.cFileName);
+        }
+    } while (::FindNextFile(search, &found));
+    ::FindClose(search);
+    ::RemoveDirectory(folder);
+    EXPECT_EQ(left, (std::set<std::string>{"a.ics", "a.ics.new"}));
 }
 
 TEST_F(FrameTest, PrintsPages)
