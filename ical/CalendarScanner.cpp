@@ -60,6 +60,9 @@ private:
     void ReadLine(const RawLine& line)
     {
         m_line = line.number;
+        if (InEvent() && !MayBeBeginOrEnd(line.raw.front())) { // most lines of a file; the events' reader sees them
+            return;
+        }
         const auto property = ParseProperty(Unfold(line.raw));
         if (!property) {
             const std::string text = Unfold(line.raw);
@@ -76,6 +79,12 @@ private:
         } else if (IsOutermost() && property->name == "X-WR-CALNAME" && m_scan.name.empty()) {
             m_scan.name = RepairUtf8(UnescapeText(property->Value()));
         }
+    }
+
+    static bool MayBeBeginOrEnd(char first)
+    {
+        const char letter = UpperLetter(first);
+        return letter == 'B' || letter == 'E' || letter == ' ' || letter == '\t';
     }
 
     bool InEvent() const { return m_events > 0; }

@@ -12,6 +12,7 @@ constexpr DayNumber kFirstDayOfYear1 = DayOfDate(1, 1, 1);
 constexpr int kDaysIn400Years = 146097;
 constexpr std::size_t kDateLength = 8;
 constexpr std::size_t kMaxDurationDigits = 9;
+constexpr std::int64_t kLongest = kEndOfTime - kEarliestTime; // of a duration, seconds
 
 // A plain decimal number of exactly `length` digits at `at`; -1 if there is none.
 int DigitsAt(std::string_view text, std::size_t at, std::size_t length)
@@ -43,7 +44,7 @@ bool ParseClock(std::string_view text, CivilTime& civil)
            civil.second < 60;
 }
 
-// The length of a unit of a duration; hours, minutes and seconds stand behind the T. 0: no unit.
+// The length of a unit of a duration; hours, minutes and seconds stand after the T. 0: no unit.
 std::int64_t UnitSeconds(char unit, bool inClock)
 {
     if (inClock) {
@@ -157,7 +158,7 @@ std::string FormatTime(const WrittenTime& time)
     return text;
 }
 
-std::optional<std::int64_t> ParseDuration(std::string_view text)
+std::optional<Duration> ParseDuration(std::string_view text)
 {
     text = TrimBlanks(text);
     const bool negative = !text.empty() && text[0] == '-';
@@ -167,7 +168,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
     if (text.size() < 2 || UpperLetter(text[0]) != 'P') {
         return std::nullopt;
     }
-    std::int64_t seconds = 0;
+    Duration duration;
     bool inClock = false;
     bool anyPart = false;
     for (std::size_t at = 1; at < text.size();) {
@@ -187,31 +188,34 @@ std::optional<std::int64_t> ParseDuration(std::string_view text)
         if (scale == 0) {
             return std::nullopt;
         }
-        seconds += DigitsAt(text, at, digits) * scale;
-        seconds = std::min(seconds, kEndOfTime - kEarliestTime);
+        const std::int64_t amount = DigitsAt(text, at, digits) * scale;
+        if (inClock) {
+            duration.seconds = std::min(duration.seconds + amount, kLongest);
+        } else {
+            duration.days = std::min(duration.days + amount / kDaySeconds, kLongest / kDaySeconds);
+        }
         anyPart = true;
         at += digits + 1;
     }
     if (!anyPart) {
         return std::nullopt;
     }
-    return negative ? -seconds : seconds;
+    return negative ? Duration{-duration.days, -duration.seconds} : duration;
 }
 
-std::string FormatDuration(std::int64_t seconds)
+std::string FormatDuration(const Duration& duration)
 {
     std::string text = "P";
-    if (seconds >= kDaySeconds) {
-        text += std::to_string(seconds / kDaySeconds) + "D";
-        seconds %= kDaySeconds;
+    if (duration.days > 0) {
+        text += std::to_string(duration.days) + "D";
     }
-    if (seconds != 0 || text.size() == 1) {
+    const std::int64_t seconds = duration.seconds;
+    if (seconds != 0 || duration.days == 0) {
         text += "T";
-        const bool nothing = seconds == 0;
         if (seconds >= kHourSeconds) {
             text += std::to_string(seconds / kHourSeconds) + "H";
         }
-        if (seconds % kHourSeconds >= kMinuteSeconds || nothing) {
+        if (seconds % kHourSeconds >= kMinuteSeconds || seconds == 0) {
             text += std::to_string(seconds % kHourSeconds / kMinuteSeconds) + "M";
         }
         if (seconds % kMinuteSeconds != 0) {

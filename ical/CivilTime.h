@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-// Wall-clock arithmetic of the planner's calendar files: days and seconds of the proleptic Gregorian calendar.
+// Wall-clock arithmetic of calendar files: days and seconds of the proleptic Gregorian calendar.
 namespace dayvane::ical {
 
 // Days since 1 January 1970; negative before.
@@ -91,9 +91,21 @@ struct WrittenTime
 std::optional<WrittenTime> ParseTime(std::string_view text);
 std::string FormatTime(const WrittenTime& time);
 
-// Reads "P3W", "P1DT2H", "-PT15M" and the like; the result is in seconds, a day always having 24 hours.
-std::optional<std::int64_t> ParseDuration(std::string_view text);
-// `seconds` must not be negative.
-std::string FormatDuration(std::int64_t seconds);
+// A length in calendar days, each as long as the clock makes it, and then in exact seconds (RFC 5545, section 3.3.6):
+// one day from 12:00 ends at 12:00 although the clock was changed in between, 24 hours do not. Both have one sign.
+struct Duration
+{
+    std::int64_t days = 0;
+    std::int64_t seconds = 0;
+
+    bool operator==(const Duration& other) const { return days == other.days && seconds == other.seconds; }
+    // With days of 24 hours.
+    std::int64_t Total() const { return days * kDaySeconds + seconds; }
+};
+
+// Reads "P3W", "P1DT2H", "-PT15M" and the like.
+std::optional<Duration> ParseDuration(std::string_view text);
+// The duration must not be negative.
+std::string FormatDuration(const Duration& duration);
 
 } // namespace dayvane::ical

@@ -12,11 +12,14 @@ enum class SummerTime
 {
     None,
     America,
-    Europe
+    Europe,
+    Lisbon, // as Europe, after a last winter an hour ahead
+    Perth   // 2006 to 2009 only
 };
 
-// Facts of the public time zone database, as they hold since about 1996 (America: since 1976). Zones whose offsets
-// changed since then are left out rather than told wrong.
+// Facts of the public time zone database, as they hold since 1996 (America: since 1976), and under the names that
+// Windows gives these zones (CLDR, windowsZones). Zones whose offsets changed otherwise are left out rather than told
+// wrong.
 struct CommonZone
 {
     std::string_view id;
@@ -42,13 +45,17 @@ constexpr CommonZone kCommonZones[] = {
     {"Asia/Singapore", 480, SummerTime::None},
     {"Singapore Standard Time", 480, SummerTime::None},
     {"Asia/Manila", 480, SummerTime::None},
-    {"Australia/Perth", 480, SummerTime::None},
+    {"Australia/Perth", 480, SummerTime::Perth},
+    {"W. Australia Standard Time", 480, SummerTime::Perth},
     {"Asia/Bangkok", 420, SummerTime::None},
+    {"SE Asia Standard Time", 420, SummerTime::None},
     {"Asia/Kolkata", 330, SummerTime::None},
     {"Asia/Calcutta", 330, SummerTime::None},
     {"India Standard Time", 330, SummerTime::None},
     {"Asia/Dubai", 240, SummerTime::None},
+    {"Arabian Standard Time", 240, SummerTime::None},
     {"Australia/Brisbane", 600, SummerTime::None},
+    {"E. Australia Standard Time", 600, SummerTime::None},
     {"Pacific/Honolulu", -600, SummerTime::None},
     {"Hawaiian Standard Time", -600, SummerTime::None},
     {"America/Phoenix", -420, SummerTime::None},
@@ -69,7 +76,7 @@ constexpr CommonZone kCommonZones[] = {
     {"Europe/London", 0, SummerTime::Europe},
     {"GMT Standard Time", 0, SummerTime::Europe},
     {"Europe/Dublin", 0, SummerTime::Europe},
-    {"Europe/Lisbon", 0, SummerTime::Europe},
+    {"Europe/Lisbon", 0, SummerTime::Lisbon},
     {"Europe/Paris", 60, SummerTime::Europe},
     {"Romance Standard Time", 60, SummerTime::Europe},
     {"Europe/Berlin", 60, SummerTime::Europe},
@@ -84,7 +91,9 @@ constexpr CommonZone kCommonZones[] = {
     {"Europe/Stockholm", 60, SummerTime::Europe},
     {"Europe/Oslo", 60, SummerTime::Europe},
     {"Europe/Prague", 60, SummerTime::Europe},
+    {"Central Europe Standard Time", 60, SummerTime::Europe},
     {"Europe/Warsaw", 60, SummerTime::Europe},
+    {"Central European Standard Time", 60, SummerTime::Europe},
     {"Europe/Helsinki", 120, SummerTime::Europe},
     {"Europe/Athens", 120, SummerTime::Europe},
 };
@@ -93,8 +102,8 @@ struct SummerTimeRule
 {
     SummerTime where;
     bool begins;            // else it ends
-    std::string_view onset; // of the first time; America by wall clock, Europe in UTC
-    std::string_view rule;
+    std::string_view onset; // of the first time; in Europe in UTC, else by the wall clock
+    std::string_view rule;  // empty: just this once
 };
 constexpr SummerTimeRule kSummerTimeRules[] = {
     // where             begins  onset              rule
@@ -105,29 +114,46 @@ constexpr SummerTimeRule kSummerTimeRules[] = {
     {SummerTime::America, false, "20071104T020000", "FREQ=YEARLY;BYMONTH=11;BYDAY=1SU"},
     {SummerTime::Europe, true, "19960331T010000", "FREQ=YEARLY;BYMONTH=3;BYDAY=-1SU"},
     {SummerTime::Europe, false, "19961027T010000", "FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU"},
+    {SummerTime::Perth, true, "20061203T020000", ""},
+    {SummerTime::Perth, true, "20071028T020000", "FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU;UNTIL=20081231"},
+    {SummerTime::Perth, false, "20070325T030000", "FREQ=YEARLY;BYMONTH=3;BYDAY=-1SU;UNTIL=20091231"},
 };
+
+Observance ObservanceOf(const SummerTimeRule& row, int winter)
+{
+    const int summer = winter + static_cast<int>(kHourSeconds);
+    Observance observance;
+    observance.offsetFrom = row.begins ? winter : summer;
+    observance.offsetTo = row.begins ? summer : winter;
+    observance.onset = ParseTime(row.onset)->wall;
+    if (row.where == SummerTime::Europe) {
+        observance.onset += observance.offsetFrom;
+    }
+    if (!row.rule.empty()) {
+        observance.rule = ParseRule(row.rule).rule;
+        if (observance.rule->until) {
+            observance.rule->lastStart = observance.rule->until->wall;
+        }
+    }
+    return observance;
+}
 
 ZonePtr MakeZone(const CommonZone& row)
 {
     const int winter = row.minutesEast * static_cast<int>(kMinuteSeconds);
-    const int summer = winter + static_cast<int>(kHourSeconds);
+    const bool isLisbon = row.summerTime == SummerTime::Lisbon;
     std::vector<Observance> observances;
     for (const SummerTimeRule& rule : kSummerTimeRules) {
-        if (rule.where != row.summerTime) {
-            continue;
+        if (rule.where == (isLisbon ? SummerTime::Europe : row.summerTime)) {
+            observances.push_back(ObservanceOf(rule, winter));
         }
-        Observance observance;
-        observance.offsetFrom = rule.begins ? winter : summer;
-        observance.offsetTo = rule.begins ? summer : winter;
-        observance.onset = ParseTime(rule.onset)->wall;
-        if (rule.where == SummerTime::Europe) {
-            observance.onset += observance.offsetFrom;
-        }
-        observance.rule = ParseRule(rule.rule, observance.onset).rule;
-        if (observance.rule->until) {
-            observance.rule->lastStart = observance.rule->until->wall;
-        }
-        observances.push_back(std::move(observance));
+    }
+    if (isLisbon) { // the year before, the summer an hour further ahead had ended to this winter
+        Observance ahead;
+        ahead.onset = ParseTime("19950924T030000")->wall;
+        ahead.offsetFrom = 2 * static_cast<int>(kHourSeconds);
+        ahead.offsetTo = static_cast<int>(kHourSeconds);
+        observances.push_back(ahead);
     }
     if (observances.empty()) {
         Observance fixed;
@@ -149,6 +175,15 @@ std::string_view WithoutRegistry(std::string_view id)
 }
 
 } // namespace
+
+std::vector<std::string_view> CommonZoneNames()
+{
+    std::vector<std::string_view> names;
+    for (const CommonZone& row : kCommonZones) {
+        names.push_back(row.id);
+    }
+    return names;
+}
 
 ZonePtr FindCommonZone(std::string_view id)
 {

@@ -110,6 +110,11 @@ void ComponentText::InsertAfter(std::size_t index, const std::string& text)
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(index) + 1, std::move(line));
 }
 
+void ComponentText::Remove(std::size_t index)
+{
+    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
 void ComponentText::RemoveAll(std::string_view name)
 {
     const auto isRemoved = [&](const Line& line) {

@@ -40,6 +40,7 @@ public:
     // `text` is an unfolded line without ending. New lines end like the lines of the component.
     void Replace(std::size_t index, const std::string& text);
     void InsertAfter(std::size_t index, const std::string& text);
+    void Remove(std::size_t index);
     void RemoveAll(std::string_view name);
 
 private:

@@ -21,6 +21,15 @@ std::size_t EndingLength(std::string_view text, std::size_t at)
     return 0;
 }
 
+// The first line ending at or after `at`, else the end of the text.
+std::size_t FindEnding(std::string_view text, std::size_t at)
+{
+    while (at < text.size() && text[at] != '\r' && text[at] != '\n') {
+        ++at;
+    }
+    return at;
+}
+
 bool IsFoldBlank(char c)
 {
     return c == ' ' || c == '\t';
@@ -58,13 +67,16 @@ bool ReadParts(Property& property, bool quotes)
     std::size_t begin = nameEnd;
     bool quoted = false;
     property.parameters.clear();
+    property.hasEmptyParameter = false;
     for (std::size_t at = nameEnd; at < text.size(); ++at) {
         const char c = text[at];
         if (c == '"' && quotes) {
             quoted = !quoted;
         } else if (!quoted && (c == ';' || c == ':')) {
-            if (at > begin) {
+            if (at > begin + 1) {
                 property.parameters.push_back(ReadParameter(text, begin, at));
+            } else if (at > begin) {
+                property.hasEmptyParameter = true;
             }
             begin = at;
             if (c == ':') {
@@ -86,7 +98,7 @@ bool LineReader::Next(RawLine& line)
     const std::size_t begin = m_at;
     line.number = m_number;
     do {
-        m_at = std::min(m_text.find_first_of("\r\n", m_at), m_text.size());
+        m_at = FindEnding(m_text, m_at);
         if (m_at < m_text.size()) {
             m_at += EndingLength(m_text, m_at);
             ++m_number;
@@ -101,7 +113,7 @@ std::string Unfold(std::string_view raw)
     std::string text;
     text.reserve(raw.size());
     for (std::size_t at = 0; at < raw.size();) {
-        const std::size_t end = std::min(raw.find_first_of("\r\n", at), raw.size());
+        const std::size_t end = FindEnding(raw, at);
         text += raw.substr(at, end - at);
         // After an ending inside the line stands the blank that marks the fold.
         at = end < raw.size() ? end + EndingLength(raw, end) + 1 : end;

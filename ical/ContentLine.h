@@ -50,6 +50,7 @@ struct Property
     std::vector<Parameter> parameters;
     std::string text; // the whole unfolded line
     std::size_t valueBegin = 0;
+    bool hasEmptyParameter = false; // two semicolons, or a semicolon before the colon
     bool isBroken = false; // a quotation mark is not closed: the parameters are read as if it were an ordinary letter
 
     std::string_view Value() const { return std::string_view(text).substr(valueBegin); }

@@ -1,21 +1,21 @@
 #pragma once
 
-#include "CalendarScanner.h"
-#include "EventReader.h"
-#include "EventWriter.h"
+#include "Event.h"
 #include "Messages.h"
 #include "Occurrences.h"
 #include "UidSource.h"
-#include "UndoStack.h"
 
-#include <list>
+#include <cstddef>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace dayvane::ical {
+
+class DocumentState;
 
 // What an edit came to. `id` is the occurrence to make current afterwards; kNoEvent if nothing is left to point at.
 struct EditResult
@@ -31,11 +31,28 @@ enum class TextField
     Location,
     Description
 };
+
+// How far an edit of one occurrence of a series goes. Single events know no difference.
 enum class Scope
 {
     ThisOccurrence,
+    ThisAndFollowing,
     WholeSeries
 };
+
+// What an edit changes; nothing that is empty here.
+struct EventChanges
+{
+    std::optional<EventTimes> times; // of the occurrence that is edited
+    std::optional<std::string> summary, location, description;
+    std::optional<std::vector<std::string>> categories;
+    std::optional<bool> isTransparent;
+    std::optional<bool> isPrivate;
+    std::optional<std::string> rule; // an RRULE that ParseRule understands; "": repeats no more
+};
+
+// Called now and then with the bytes that are read and all of them; false ends the reading.
+using LoadProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
 // One calendar file, open for reading and editing, with undo. (Parsers at hand drop what they do not know when they
 // write; this one is the file's own text with the events found in it.)
@@ -43,127 +60,69 @@ enum class Scope
 // The clock. When the file names its zone (X-WR-TIMEZONE) and the zone is known, or names none and defines just one,
 // all times are shown on that zone's clock. Otherwise each event is shown on the clock of its own DTSTART: an event at
 // 9:30 in Phoenix shows 9:30, one written in UTC shows UTC. Floating times, and times in zones that nobody defines, are
-// shown as they stand.
+// shown as they stand. New events get the file's zone, or the one that all its events are written in.
 //
-// Editing changes the text of the edited event only, and of that only the lines that change; every other byte of the
-// file stays. An event that was edited and undone has its old bytes again. LAST-MODIFIED and SEQUENCE are not touched.
+// Lengths are elapsed time. What is moved over a change of the clock lasts as long as before; an occurrence of a series
+// with DTEND lasts exactly as long as the first one, with DURATION as many days and then hours as that says.
 //
-// Repeated events. Moving one occurrence, or changing its text alone, adds an event with a RECURRENCE-ID that replaces
-// it; deleting one adds an EXDATE. A series cannot be moved as a whole.
+// Editing changes the text of the edited event only, and of that only the lines that change and the SEQUENCE, DTSTAMP
+// and LAST-MODIFIED that it has; every other byte of the file stays. An event that was edited and undone has its old
+// bytes again.
+//
+// Repeated events. Changing one occurrence adds an event with a RECURRENCE-ID that replaces it; deleting one adds an
+// EXDATE. Changing an occurrence and the following ones ends the series before it (UNTIL) and adds another one with a
+// UID of its own, to which the replaced occurrences and exceptions from there on go. Moving a series moves its rule,
+// exceptions and replaced occurrences' names along. A rule that is not understood, or cannot say the result, refuses.
 class Document
 {
 public:
-    // An empty calendar.
-    explicit Document(UidSource newUid = RandomUids());
-    Document(const Document&) = delete;
-    Document& operator=(const Document&) = delete;
+    // An empty calendar. `newUid` and `utcNow` name and stamp new and edited events.
+    explicit Document(UidSource newUid = RandomUids(), UtcClock utcNow = SystemClock());
+    ~Document();
+    Document(Document&&) noexcept;
+    Document& operator=(Document&&) noexcept;
 
     // Begins an empty calendar, without history.
     void Clear();
-    // Replaces everything, history included. Never fails: what is not readable is told in Messages().
-    void Load(std::string_view bytes);
+    // Replaces everything, history included. What is not readable is reported in Messages(). False only when `progress`
+    // ended it: then the document is what it was.
+    bool Load(std::string_view bytes, const LoadProgress& progress = {});
     // The file's bytes; those given to Load as long as nothing is changed.
     std::string Save() const;
 
     // What Load could not read, by line.
-    const std::vector<Message>& Messages() const { return m_messages; }
-    const std::string& Name() const { return m_name; } // X-WR-CALNAME, may be empty
+    const std::vector<Message>& Messages() const;
+    const std::string& Name() const; // X-WR-CALNAME, may be empty
     // The zone of the clock; nullptr: each event's own.
-    const ZonePtr& DisplayZone() const { return m_writing.displayZone; }
+    const ZonePtr& DisplayZone() const;
 
-    // The occurrences that meet [from, to), by start, longer ones first; at most kMaxOccurrences.
-    std::vector<Occurrence> OccurrencesIn(LocalTime from, LocalTime to) const;
+    // The occurrences that meet [from, to), by start, longer ones first; at most kMaxOccurrences, and
+    // kMaxOccurrencesOfEvent of each event. `isWhole` says whether these are all.
+    std::vector<Occurrence> OccurrencesIn(LocalTime from, LocalTime to, bool* isWhole = nullptr) const;
     std::optional<Occurrence> Find(const OccurrenceId& id) const;
+    // Whether the occurrence is one of a series, replaced ones included: then the scopes differ.
+    bool IsOfSeries(const OccurrenceId& id) const;
     std::size_t EventCount() const;
 
-    EditResult Move(const OccurrenceId& id, const EventTimes& times);
-    // WholeSeries changes the repeated event itself; replaced occurrences keep their texts.
+    // Everything in one step. Of several occurrences the scope says which change; replaced ones keep what is their own.
+    EditResult Change(const OccurrenceId& id, const EventChanges& changes, Scope scope = Scope::ThisOccurrence);
+    EditResult Move(const OccurrenceId& id, const EventTimes& times, Scope scope = Scope::ThisOccurrence);
     EditResult SetText(const OccurrenceId& id, TextField field, const std::string& text, Scope scope);
     EditResult Delete(const OccurrenceId& id, Scope scope);
-    // `utcNow` becomes the event's DTSTAMP.
-    EditResult Create(const EventTimes& times, const std::string& summary, LocalTime utcNow);
+    EditResult Create(const EventTimes& times, const std::string& summary);
     // A new, single event with everything that the occurrence has besides its times.
-    EditResult Copy(const OccurrenceId& id, const EventTimes& times, LocalTime utcNow);
+    EditResult Copy(const OccurrenceId& id, const EventTimes& times);
 
-    bool CanUndo() const { return m_undo.CanUndo(); }
-    bool CanRedo() const { return m_undo.CanRedo(); }
+    bool CanUndo() const;
+    bool CanRedo() const;
     EditResult Undo();
     EditResult Redo();
-    bool IsModified() const { return !m_undo.IsSaved(); }
-    void MarkSaved() { m_undo.MarkSaved(); }
-    void MarkUnsaved() { m_undo.MarkUnsaved(); }
+    bool IsModified() const;
+    void MarkSaved();
+    void MarkUnsaved();
 
 private:
-    // A stretch of the file. Deleted events stay in the list, dead, so that undo finds their place.
-    struct Entry
-    {
-        std::string raw;
-        EventId id = kNoEvent; // kNoEvent: text between events
-        int calendar = 0;
-        int line = 1;
-        bool isLive = true;
-        bool isCreated = false;
-        bool isWrapped = false; // created in a file without VCALENDAR: saved inside one
-        EventPtr event;         // nullptr: not readable, or no event
-    };
-    using EntryList = std::list<Entry>;
-    using EntryRef = EntryList::iterator;
-
-    struct State
-    {
-        std::string raw;
-        bool isLive = false;
-    };
-    struct Change
-    {
-        EventId id;
-        State before, after;
-    };
-    struct Step
-    {
-        std::vector<Change> changes;
-        OccurrenceId idBefore, idAfter;
-    };
-
-    void ReadEvents(MessageLog& log);
-    void SortMessages(MessageLog& log);
-    EventPtr ReadEvent(const Entry& entry) const;
-    void ChooseClock(const CalendarScan& scan);
-    const ReplacedTimes& Replaced() const;
-    static bool IsCutOff(const Entry& entry); // an event without END
-
-    Entry* FindEntry(EventId id);
-    // The living events of the series: the repeated ones and those that replace occurrences of them.
-    std::vector<EntryRef> SeriesOf(const Entry& entry);
-    EntryRef Insert(EntryRef before, const std::string& raw, int calendar);
-    WritingContext ContextFor(const Entry& entry) const;
-
-    void Apply(EventId id, const State& state);
-    EditResult Commit(Step step);
-    static Change ChangeText(const Entry& entry, std::string raw);
-    static Change Kill(const Entry& entry);
-    // Adds the event that replaces one occurrence; edit(ComponentText&) gives it what differs besides the times.
-    template <typename Edit>
-    EditResult Replace(Entry& series, const Occurrence& occurrence, const EventTimes& times, Edit edit);
-    EditResult EditEvent(Entry& entry, const OccurrenceId& id, const ComponentText& text);
-    EditResult DeleteSeries(const Entry& entry, const OccurrenceId& id);
-    EditResult DeleteReplacement(Entry& entry, const OccurrenceId& id);
-    EditResult AddEvent(std::string raw, const OccurrenceId& idBefore);
-    std::string UnusedUid();
-
-    UidSource m_newUid;
-    EntryList m_entries;
-    std::unordered_map<EventId, EntryRef> m_byId;
-    EntryRef m_insertBefore;
-    EventId m_lastId = kNoEvent;
-    std::vector<Message> m_messages;
-    ZoneTable m_zones;
-    WritingContext m_writing; // `calendar` is the one of new events
-    std::string m_name;
-    std::string m_ending;    // of the lines of new events
-    bool m_isLocked = false; // the file is in an encoding that cannot be added to
-    UndoStack<Step> m_undo;
-    mutable std::optional<ReplacedTimes> m_replaced;
+    std::unique_ptr<DocumentState> m_state;
 };
 
 } // namespace dayvane::ical

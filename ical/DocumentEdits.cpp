@@ -1,4 +1,6 @@
-#include "ical/Document.h"
+#include "ical/DocumentEdits.h"
+
+#include "ical/SeriesText.h"
 
 #include <algorithm>
 
@@ -9,55 +11,11 @@ namespace {
 constexpr char kGone[] = "This item is no longer in the calendar.";
 constexpr char kLocked[] = "This file is in an encoding that cannot be edited here.";
 constexpr char kBadTimes[] = "An item must end after it begins, between the years 100 and 9999.";
-constexpr char kUnreadRule[] = "This item repeats by a rule that is not understood here, so it cannot be moved.";
+constexpr char kUnreadRule[] =
+    "This item repeats by a rule that is not understood here: only the whole series can be renamed or deleted.";
+constexpr char kBadRule[] = "This rule of repetition is not understood.";
 constexpr char kNoUid[] = "This item repeats but has no identifier, so single occurrences of it cannot be changed.";
 constexpr char kUnwritable[] = "The calendar file cannot hold this item.";
-
-EditResult Refuse(const char* problem)
-{
-    EditResult result;
-    result.problem = problem;
-    return result;
-}
-
-EditResult Done(const OccurrenceId& id)
-{
-    EditResult result;
-    result.isDone = true;
-    result.id = id;
-    return result;
-}
-
-constexpr const char* NameOf(TextField field)
-{
-    return field == TextField::Summary ? "SUMMARY" : field == TextField::Location ? "LOCATION" : "DESCRIPTION";
-}
-
-const std::string& TextOf(const Event& event, TextField field)
-{
-    return field == TextField::Summary    ? event.summary
-           : field == TextField::Location ? event.location
-                                          : event.description;
-}
-
-// A copy of an event that the file's end has cut off must not swallow what comes after it.
-std::string ClosedText(ComponentText& text)
-{
-    if (text.Lines().back().depth != 0) {
-        text.InsertAfter(text.Lines().size() - 1, "END:VEVENT");
-    }
-    return text.Text();
-}
-
-// The start, on the series' clock, of the occurrence that the time names.
-LocalTime OriginalStart(const EventTime& time, const EventTime& seriesStart)
-{
-    if (time.isDate && !seriesStart.isDate) { // a bare date names the occurrence of that day
-        return time.wall + seriesStart.wall - DayOfTime(seriesStart.wall) * kDaySeconds;
-    }
-    const LocalTime wall = ConvertWall(time.wall, time.zone, seriesStart.zone);
-    return seriesStart.isDate ? DayOfTime(wall) * kDaySeconds : wall;
-}
 
 // Time zones move a written time by a day at most; so far from the ends of the calendar's years timed items stay.
 constexpr std::int64_t kZoneMargin = 2 * kDaySeconds;
@@ -76,271 +34,281 @@ bool Normalise(EventTimes& times)
     return times.start >= kEarliestTime + margin && times.start <= times.end && times.end < kEndOfTime - margin;
 }
 
+// A copy of an event that the file's end has cut off must not swallow what comes after it.
+std::string ClosedText(ComponentText& text)
+{
+    if (text.Lines().back().depth != 0) {
+        text.InsertAfter(text.Lines().size() - 1, "END:VEVENT");
+    }
+    return text.Text();
+}
+
 } // namespace
 
-Document::Entry* Document::FindEntry(EventId id)
+const char kChangedFollowing[] =
+    "The file changes later occurrences of this series together, in a way that cannot be divided here.";
+
+EditResult Refuse(const char* problem)
 {
-    const auto found = m_byId.find(id);
-    return found == m_byId.end() ? nullptr : &*found->second;
+    return {false, problem, {}};
 }
 
-std::vector<Document::EntryRef> Document::SeriesOf(const Entry& entry)
-{
-    std::vector<EntryRef> series;
-    for (EntryRef other = m_entries.begin(); other != m_entries.end(); ++other) {
-        const bool sameUid = other->event && !entry.event->uid.empty() && other->calendar == entry.calendar &&
-                             other->event->uid == entry.event->uid;
-        if (other->isLive && (sameUid || &*other == &entry)) {
-            series.push_back(other);
-        }
-    }
-    return series;
-}
-
-Document::EntryRef Document::Insert(EntryRef before, const std::string& raw, int calendar)
-{
-    Entry entry;
-    entry.raw = raw;
-    entry.id = ++m_lastId;
-    entry.calendar = calendar;
-    entry.isCreated = true;
-    entry.isLive = false; // until its change is applied
-    const EntryRef inserted = m_entries.insert(before, std::move(entry));
-    m_byId[m_lastId] = inserted;
-    return inserted;
-}
-
-WritingContext Document::ContextFor(const Entry& entry) const
-{
-    WritingContext context = m_writing;
-    context.calendar = entry.calendar;
-    return context;
-}
-
-void Document::Apply(EventId id, const State& state)
-{
-    Entry& entry = *FindEntry(id);
-    entry.raw = state.raw;
-    entry.isLive = state.isLive;
-    entry.event = state.isLive ? ReadEvent(entry) : nullptr;
-    m_replaced.reset();
-}
-
-Document::Change Document::ChangeText(const Entry& entry, std::string raw)
-{
-    return {entry.id, {entry.raw, entry.isLive}, {std::move(raw), true}};
-}
-
-Document::Change Document::Kill(const Entry& entry)
-{
-    return {entry.id, {entry.raw, entry.isLive}, {entry.raw, false}};
-}
-
-EditResult Document::Commit(Step step)
-{
-    bool isReadable = true;
-    for (const Change& change : step.changes) {
-        Apply(change.id, change.after);
-        isReadable = isReadable && (!change.after.isLive || FindEntry(change.id)->event);
-    }
-    if (!isReadable) { // the event's other lines spoil it, a broken quotation mark for one
-        for (const Change& change : step.changes) {
-            Apply(change.id, change.before);
-        }
-        return Refuse(kUnwritable);
-    }
-    const OccurrenceId id = step.idAfter;
-    m_undo.Push(std::move(step));
-    return Done(id);
-}
-
-EditResult Document::Undo()
-{
-    const Step* step = m_undo.Undo();
-    if (!step) {
-        return Refuse("There is nothing to undo.");
-    }
-    for (auto change = step->changes.rbegin(); change != step->changes.rend(); ++change) {
-        Apply(change->id, change->before);
-    }
-    return Done(step->idBefore);
-}
-
-EditResult Document::Redo()
-{
-    const Step* step = m_undo.Redo();
-    if (!step) {
-        return Refuse("There is nothing to redo.");
-    }
-    for (const Change& change : step->changes) {
-        Apply(change.id, change.after);
-    }
-    return Done(step->idAfter);
-}
-
-EditResult Document::EditEvent(Entry& entry, const OccurrenceId& id, const ComponentText& text)
-{
-    std::string raw = text.Text();
-    if (raw == entry.raw) {
-        return Done(id);
-    }
-    return Commit({{ChangeText(entry, std::move(raw))}, id, id});
-}
-
-template <typename Edit>
-EditResult Document::Replace(Entry& series, const Occurrence& occurrence, const EventTimes& times, Edit edit)
-{
-    if (series.event->uid.empty()) {
-        return Refuse(kNoUid);
-    }
-    ComponentText text(series.raw);
-    MakeReplacement(text, occurrence.id.original);
-    SetTimes(text, times, ContextFor(series));
-    edit(text);
-    const EntryRef place = Insert(std::next(m_byId.at(series.id)), ClosedText(text), series.calendar);
-    OccurrenceId id;
-    id.event = place->id;
-    return Commit({{ChangeText(*place, place->raw)}, occurrence.id, id});
-}
-
-EditResult Document::Move(const OccurrenceId& id, const EventTimes& wanted)
-{
-    EventTimes times = wanted;
-    const auto occurrence = Find(id);
-    if (m_isLocked || !occurrence) {
-        return Refuse(m_isLocked ? kLocked : kGone);
-    }
-    if (!Normalise(times)) {
-        return Refuse(kBadTimes);
-    }
-    if (times == occurrence->times) {
-        return Done(id);
-    }
-    Entry& entry = *FindEntry(id.event);
-    if (entry.event->hasUnreadRule) {
-        return Refuse(kUnreadRule);
-    }
-    if (entry.event->IsRecurrent()) {
-        return Replace(entry, *occurrence, times, [](ComponentText&) {});
-    }
-    ComponentText text(entry.raw);
-    SetTimes(text, times, ContextFor(entry));
-    return EditEvent(entry, id, text);
-}
-
-EditResult Document::SetText(const OccurrenceId& id, TextField field, const std::string& text, Scope scope)
-{
-    const auto occurrence = Find(id);
-    if (m_isLocked || !occurrence) {
-        return Refuse(m_isLocked ? kLocked : kGone);
-    }
-    Entry& entry = *FindEntry(id.event);
-    if (TextOf(*entry.event, field) == text) {
-        return Done(id);
-    }
-    if (scope == Scope::ThisOccurrence && entry.event->IsRecurrent()) {
-        return Replace(entry, *occurrence, occurrence->times,
-                       [&](ComponentText& replacement) { SetTextProperty(replacement, NameOf(field), text); });
-    }
-    ComponentText changed(entry.raw);
-    SetTextProperty(changed, NameOf(field), text);
-    return EditEvent(entry, id, changed);
-}
-
-EditResult Document::Delete(const OccurrenceId& id, Scope scope)
-{
-    if (m_isLocked || !Find(id)) {
-        return Refuse(m_isLocked ? kLocked : kGone);
-    }
-    Entry& entry = *FindEntry(id.event);
-    if (scope == Scope::WholeSeries) {
-        return DeleteSeries(entry, id);
-    }
-    if (entry.event->replaces) {
-        return DeleteReplacement(entry, id);
-    }
-    if (entry.event->IsRecurrent()) {
-        ComponentText text(entry.raw);
-        AddException(text, id.original);
-        return Commit({{ChangeText(entry, text.Text())}, id, {}});
-    }
-    return Commit({{Kill(entry)}, id, {}});
-}
-
-EditResult Document::DeleteSeries(const Entry& entry, const OccurrenceId& id)
-{
-    Step step;
-    step.idBefore = id;
-    for (const EntryRef other : SeriesOf(entry)) {
-        step.changes.push_back(Kill(*other));
-    }
-    return Commit(std::move(step));
-}
-
-// Without an exception the occurrence that was replaced would come back.
-EditResult Document::DeleteReplacement(Entry& entry, const OccurrenceId& id)
-{
-    Step step;
-    step.idBefore = id;
-    const EventTime& replaced = *entry.event->replaces;
-    for (const EntryRef other : SeriesOf(entry)) {
-        if (other->event->IsRecurrent() && !other->event->replaces) {
-            ComponentText text(other->raw);
-            AddException(text, OriginalStart(replaced, other->event->start));
-            step.changes.push_back(ChangeText(*other, text.Text()));
-        }
-    }
-    step.changes.push_back(Kill(entry));
-    return Commit(std::move(step));
-}
-
-std::string Document::UnusedUid()
+std::string UnusedUid(const DocumentState& state)
 {
     for (;;) {
-        std::string uid = m_newUid();
-        const bool isUsed = std::any_of(m_entries.begin(), m_entries.end(),
-                                        [&](const Entry& entry) { return entry.event && entry.event->uid == uid; });
-        if (!isUsed) {
+        std::string uid = state.newUid();
+        if (!state.IsUsedUid(uid)) {
             return uid;
         }
     }
 }
 
-EditResult Document::AddEvent(std::string raw, const OccurrenceId& idBefore)
+TimeForm StartForm(const ComponentText& text, const WritingContext& context)
 {
-    const EntryRef place = Insert(m_insertBefore, raw, m_writing.calendar);
-    place->isWrapped = m_writing.calendar == 0;
-    OccurrenceId id;
-    id.event = place->id;
-    return Commit({{ChangeText(*place, std::move(raw))}, idBefore, id});
+    return FormOf(*text.Lines()[text.Find("DTSTART")].property, &context);
 }
 
-EditResult Document::Create(const EventTimes& wanted, const std::string& summary, LocalTime utcNow)
+DocumentEdit::DocumentEdit(DocumentState& state, const OccurrenceId& id)
+    : m_state(state), m_id(id), m_occurrence(state.Find(id))
 {
-    EventTimes times = wanted;
-    if (m_isLocked || !Normalise(times)) {
-        return Refuse(m_isLocked ? kLocked : kBadTimes);
+    if (m_occurrence) {
+        m_entry = state.FindEntry(id.event);
+        m_series = m_entry->event->replaces        ? state.SeriesOf(*m_entry->event)
+                   : m_entry->event->IsRecurrent() ? m_entry
+                                                   : nullptr;
     }
-    return AddEvent(NewEventText(UnusedUid(), utcNow, times, summary, m_writing, m_ending), {});
 }
 
-EditResult Document::Copy(const OccurrenceId& id, const EventTimes& wanted, LocalTime utcNow)
+const char* DocumentEdit::Check() const
+{
+    return m_state.isLocked ? kLocked : m_occurrence ? nullptr : kGone;
+}
+
+ComponentText& DocumentEdit::TextOf(const Entry& entry)
+{
+    return m_texts.try_emplace(entry.id, entry.raw).first->second;
+}
+
+void DocumentEdit::Kill(const Entry& entry)
+{
+    m_killed.push_back(entry.id);
+}
+
+EditResult DocumentEdit::Finish(const OccurrenceId& idAfter)
+{
+    DocumentState::Step step;
+    step.idBefore = m_id;
+    step.idAfter = idAfter;
+    for (auto& [id, text] : m_texts) {
+        const Entry& entry = *m_state.FindEntry(id);
+        const bool isKilled = std::find(m_killed.begin(), m_killed.end(), id) != m_killed.end();
+        if (isKilled || (entry.isLive && text.Text() == entry.raw)) {
+            continue;
+        }
+        MarkEdited(text, m_state.utcNow());
+        step.changes.push_back({id, {entry.raw, entry.isLive}, {entry.isLive ? text.Text() : ClosedText(text), true}});
+    }
+    for (const EventId id : m_killed) {
+        const Entry& entry = *m_state.FindEntry(id);
+        step.changes.push_back({id, {entry.raw, entry.isLive}, {entry.raw, false}});
+    }
+    if (!step.changes.empty() && !m_state.Commit(std::move(step))) {
+        return Refuse(kUnwritable);
+    }
+    return {true, "", idAfter};
+}
+
+void DocumentEdit::ApplyTexts(ComponentText& text, const EventChanges& changes) const
+{
+    const auto setText = [&](std::string_view name, const std::optional<std::string>& wanted,
+                             const std::string& present) {
+        if (wanted && *wanted != present) {
+            SetTextProperty(text, name, *wanted);
+        }
+    };
+    const Event& look = *m_occurrence->event;
+    setText("SUMMARY", changes.summary, look.summary);
+    setText("LOCATION", changes.location, look.location);
+    setText("DESCRIPTION", changes.description, look.description);
+    if (changes.categories && *changes.categories != look.categories) {
+        SetCategories(text, *changes.categories);
+    }
+    if (changes.isTransparent && *changes.isTransparent != look.isTransparent) {
+        SetValue(text, "TRANSP", *changes.isTransparent ? "TRANSPARENT" : "OPAQUE");
+    }
+    if (changes.isPrivate && *changes.isPrivate != look.isPrivate) {
+        SetValue(text, "CLASS", *changes.isPrivate ? "PRIVATE" : "PUBLIC");
+    }
+}
+
+EditResult DocumentEdit::Change(const EventChanges& wanted, Scope scope)
+{
+    if (const char* problem = Check()) {
+        return Refuse(problem);
+    }
+    EventChanges changes = wanted;
+    if (changes.times && !Normalise(*changes.times)) {
+        return Refuse(kBadTimes);
+    }
+    if (changes.times && *changes.times == m_occurrence->times) {
+        changes.times.reset();
+    }
+    if (changes.rule && !changes.rule->empty() && !ParseRule(*changes.rule).rule) {
+        return Refuse(kBadRule);
+    }
+    if (m_entry->event->hasUnreadRule && (changes.times || scope != Scope::WholeSeries)) {
+        const bool changesNothing = !changes.times && !changes.rule && !changes.categories && !changes.isPrivate &&
+                                    !changes.isTransparent && !changes.summary && !changes.location &&
+                                    !changes.description;
+        return changesNothing ? EditResult{true, "", m_id} : Refuse(kUnreadRule);
+    }
+    if (!m_series) {
+        return ChangeAlone(changes);
+    }
+    if (scope != Scope::WholeSeries && m_entry->event->changesFollowing) {
+        return Refuse(kChangedFollowing);
+    }
+    switch (scope) {
+    case Scope::WholeSeries:
+        return ChangeSeries(changes);
+    case Scope::ThisAndFollowing:
+        return ChangeFollowing(changes);
+    default:
+        return m_entry == m_series ? ReplaceOccurrence(changes) : ChangeAlone(changes);
+    }
+}
+
+EditResult DocumentEdit::ChangeAlone(const EventChanges& changes)
+{
+    ComponentText& text = TextOf(*m_entry);
+    if (changes.times) {
+        SetTimes(text, *changes.times, &*m_occurrence, m_state.ContextFor(*m_entry));
+    }
+    ApplyTexts(text, changes);
+    if (changes.rule && !m_entry->event->replaces) {
+        SetValue(text, "RRULE", *changes.rule);
+    }
+    OccurrenceId after = m_id;
+    const bool willRepeat = changes.rule && !changes.rule->empty() && !m_entry->event->replaces;
+    const EditResult result = Finish(after);
+    if (result.isDone && willRepeat) { // it is the first occurrence of a series now
+        after.original = m_state.FindEntry(m_id.event)->event->start.wall;
+        return {true, "", after};
+    }
+    return result;
+}
+
+EditResult DocumentEdit::ReplaceOccurrence(const EventChanges& changes)
+{
+    EventChanges ofOne = changes;
+    ofOne.rule.reset(); // one occurrence has none
+    ComponentText text(m_state.FindEntry(m_occurrence->event->id)->raw);
+    const WritingContext context = m_state.ContextFor(*m_series);
+    const std::string before = text.Text();
+    ApplyTexts(text, ofOne);
+    if (!ofOne.times && text.Text() == before) {
+        return {true, "", m_id};
+    }
+    if (m_series->event->uid.empty()) {
+        return Refuse(kNoUid);
+    }
+    MakeReplacement(text, StartForm(ComponentText(m_series->raw), context), m_id.original);
+    SetTimes(text, ofOne.times.value_or(m_occurrence->times), &*m_occurrence, context);
+    const auto place = m_state.InsertAfter(*m_series, text.Text());
+    m_texts.emplace(place->id, text);
+    OccurrenceId after;
+    after.event = place->id;
+    return Finish(after);
+}
+
+EditResult DocumentEdit::Delete(Scope scope)
+{
+    if (const char* problem = Check()) {
+        return Refuse(problem);
+    }
+    const Event& event = *m_entry->event;
+    if (scope == Scope::WholeSeries) {
+        for (const auto& other : m_state.Related(*m_entry)) {
+            Kill(*other);
+        }
+    } else if (event.hasUnreadRule) {
+        return Refuse(kUnreadRule);
+    } else if (event.changesFollowing && m_series && scope == Scope::ThisOccurrence) {
+        return Refuse(kChangedFollowing);
+    } else if (scope == Scope::ThisAndFollowing && m_series) {
+        if (IsFirst(OriginalOnSeries())) {
+            return Delete(Scope::WholeSeries);
+        }
+        EndBefore(OriginalOnSeries());
+        for (const auto& other : ReplacementsFrom(OriginalOnSeries())) {
+            Kill(*other);
+        }
+    } else if (event.replaces) {
+        DeleteReplacement();
+    } else if (event.IsRecurrent()) {
+        AddException(TextOf(*m_entry), m_id.original);
+    } else {
+        Kill(*m_entry);
+    }
+    return Finish({});
+}
+
+// Without an exception the occurrence that was replaced would come back, or another event that replaces it.
+void DocumentEdit::DeleteReplacement()
+{
+    const EventTime& replaced = *m_entry->event->replaces;
+    for (const auto& other : m_state.Related(*m_entry)) {
+        const Event& event = *other->event;
+        const bool isSame = event.replaces && event.replaces->isDate == replaced.isDate &&
+                            event.replaces->Instant() == replaced.Instant();
+        if (isSame) {
+            Kill(*other);
+        } else if (!event.replaces) {
+            const LocalTime original = OriginalStart(replaced, event.start);
+            if (event.IsRecurrent() || event.start.wall == original) {
+                AddException(TextOf(*other), original);
+            }
+        }
+    }
+    if (m_killed.empty()) { // it has no UID
+        Kill(*m_entry);
+    }
+}
+
+EditResult DocumentEdit::Copy(const EventTimes& wanted)
 {
     EventTimes times = wanted;
-    if (m_isLocked || !Find(id)) {
-        return Refuse(m_isLocked ? kLocked : kGone);
+    if (const char* problem = Check()) {
+        return Refuse(problem);
     }
     if (!Normalise(times)) {
         return Refuse(kBadTimes);
     }
-    const Entry& entry = *FindEntry(id.event);
-    ComponentText text(entry.raw);
-    MakeSingle(text, UnusedUid(), utcNow);
-    SetTimes(text, times, ContextFor(entry));
-    const EntryRef place = Insert(std::next(m_byId.at(entry.id)), ClosedText(text), entry.calendar);
-    OccurrenceId copyId;
-    copyId.event = place->id;
-    return Commit({{ChangeText(*place, place->raw)}, id, copyId});
+    ComponentText text(m_state.FindEntry(m_occurrence->event->id)->raw);
+    MakeSingle(text, UnusedUid(m_state), m_state.utcNow());
+    SetTimes(text, times, &*m_occurrence, m_state.ContextFor(*m_entry));
+    const auto place = m_state.InsertAfter(*m_entry, text.Text());
+    m_texts.emplace(place->id, text);
+    OccurrenceId copy;
+    copy.event = place->id;
+    return Finish(copy);
+}
+
+EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const std::string& summary)
+{
+    EventTimes times = wanted;
+    if (state.isLocked || !Normalise(times)) {
+        return Refuse(state.isLocked ? kLocked : kBadTimes);
+    }
+    const std::string raw =
+        NewEventText(UnusedUid(state), state.utcNow(), times, summary, state.writing, state.lineEnding);
+    const auto place = state.InsertNew(raw);
+    OccurrenceId id;
+    id.event = place->id;
+    DocumentState::Step step;
+    step.changes.push_back({id.event, {raw, false}, {raw, true}});
+    step.idAfter = id;
+    return state.Commit(std::move(step)) ? EditResult{true, "", id} : Refuse(kUnwritable);
 }
 
 } // namespace dayvane::ical

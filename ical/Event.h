@@ -21,15 +21,30 @@ struct EventTime
     LocalTime wall = 0;  // on the clock of `zone`
     ZonePtr zone;        // nullptr: floating, or a date, or a zone that nobody defines
     bool isDate = false; // `wall` is midnight
+
+    LocalTime Instant() const { return InstantOf(wall, zone); }
+};
+
+// Begin and end as they are shown; the end is exclusive. All-day events begin and end at midnight.
+struct EventTimes
+{
+    LocalTime start = 0;
+    LocalTime end = 0;
+    bool isAllDay = false;
+
+    bool operator==(const EventTimes& other) const
+    {
+        return start == other.start && end == other.end && isAllDay == other.isAllDay;
+    }
 };
 
 struct FurtherDate // one RDATE
 {
-    LocalTime wall = 0;                   // on the clock of the event's start
-    std::optional<std::int64_t> duration; // seconds; nothing: the event's
+    LocalTime wall = 0;               // on the clock of the event's start
+    std::optional<Duration> duration; // nothing: the event's
 };
 
-// What the planner understands of one VEVENT. Texts are valid UTF-8; line breaks are \n.
+// What is understood of one VEVENT. Texts are valid UTF-8; line breaks are \n.
 struct Event
 {
     EventId id = kNoEvent;
@@ -41,18 +56,24 @@ struct Event
     std::string status; // upper case, such as CANCELLED
     std::vector<std::string> categories;
     bool isTransparent = false; // does not take up time
+    bool isPrivate = false;     // CLASS is PRIVATE or CONFIDENTIAL
     bool hasAlarm = false;
+    std::int64_t sequence = 0; // of two events that replace one occurrence the higher one counts
 
     EventTime start;
-    std::int64_t duration = 0; // seconds on the wall clock; whole days for an all-day event
+    std::string startZoneId; // the TZID of the start as written, defined or not
+    Duration duration; // exact when DTEND gives it, as written when DURATION does; whole days for an all-day event
     bool IsAllDay() const { return start.isDate; }
 
     std::optional<RecurrenceRule> rule;
-    std::vector<FurtherDate> furtherDates; // ascending
-    std::vector<LocalTime> exceptions;     // wall times of the start's clock, ascending
-    std::vector<DayNumber> exceptionDays;  // whole days, ascending
-    std::optional<EventTime> replaces;     // RECURRENCE-ID: the occurrence that this event stands for
-    bool hasUnreadRule = false;            // repeats in a way that is not understood; shown once
+    std::string ruleText;                       // the RRULE as written, understood or not
+    std::vector<RecurrenceRule> exceptionRules; // EXRULE
+    std::vector<FurtherDate> furtherDates;      // ascending
+    std::vector<LocalTime> exceptions;          // wall times of the start's clock, ascending
+    std::vector<DayNumber> exceptionDays;       // whole days, ascending
+    std::optional<EventTime> replaces;          // RECURRENCE-ID: the occurrence that this event stands for
+    bool changesFollowing = false;              // and the ones after it are changed alike (RANGE=THISANDFUTURE)
+    bool hasUnreadRule = false;                 // repeats in a way that is not understood; shown once
     bool IsRecurrent() const { return rule.has_value() || !furtherDates.empty(); }
     bool IsCancelled() const { return status == "CANCELLED"; }
 };

@@ -1,5 +1,6 @@
 #include "ical/EventReader.h"
 
+#include "ical/Occurrences.h"
 #include "ical/Text.h"
 
 #include <algorithm>
@@ -9,8 +10,19 @@ namespace dayvane::ical {
 namespace {
 
 constexpr char kNotADate[] = " is not a date or time";
+constexpr std::size_t kMaxSequenceDigits = 9;
 
 } // namespace
+
+std::optional<std::int64_t> ParseSequence(std::string_view text)
+{
+    text = TrimBlanks(text);
+    if (text.empty() || text.size() > kMaxSequenceDigits ||
+        text.find_first_not_of("0123456789") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return std::stoll(std::string(text));
+}
 
 std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar)
 {
@@ -18,26 +30,29 @@ std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar
     m_event->calendar = calendar;
     m_start = m_end = m_duration = m_rule = m_replaces = nullptr;
     m_dateLists.clear();
+    m_exceptionRules.clear();
     for (const Line& line : text.Lines()) {
         ReadLine(line);
     }
     const Line& first = text.Lines().front();
     if (!m_start) {
-        Tell(first, "an event without DTSTART is not shown");
+        Report(first, "an event without DTSTART is not shown");
         return nullptr;
     }
     const auto start = ReadTime(*m_start, m_start->property->Value());
     if (!start) {
-        Tell(*m_start, "DTSTART " + Quoted(m_start->property->Value()) + kNotADate + ": the event is not shown");
+        Report(*m_start, "DTSTART " + Quoted(m_start->property->Value()) + kNotADate + ": the event is not shown");
         return nullptr;
     }
     m_event->start = *start;
+    const std::string* zoneId = m_start->property->Find("TZID");
+    m_event->startZoneId = zoneId && !start->isDate ? *zoneId : "";
     ReadEnd();
     ReadRecurrence();
     return std::move(m_event);
 }
 
-void EventReader::Tell(const Line& line, const std::string& text)
+void EventReader::Report(const Line& line, const std::string& text)
 {
     m_log.Add(line.number, text);
 }
@@ -46,7 +61,7 @@ void EventReader::ReadLine(const Line& line)
 {
     if (!line.property) {
         if (!TrimBlanks(Unfold(line.raw)).empty()) {
-            Tell(line, Quoted(Unfold(line.raw)) + " is not a calendar line");
+            Report(line, Quoted(Unfold(line.raw)) + " is not a calendar line");
         }
         return;
     }
@@ -57,8 +72,11 @@ void EventReader::ReadLine(const Line& line)
     if (line.depth != ComponentText::kOwnDepth) {
         return;
     }
+    if (property.hasEmptyParameter) {
+        Report(line, property.name + " has an empty parameter");
+    }
     if (property.isBroken) {
-        Tell(line, property.name + " has a quotation mark that is not closed");
+        Report(line, property.name + " has a quotation mark that is not closed");
     }
     if (!KeepForLater(line)) {
         ReadTexts(line);
@@ -82,7 +100,7 @@ bool EventReader::KeepForLater(const Line& line)
     for (const SingleLine& single : singleLines) {
         if (single.name == property.name) {
             if (this->*single.kept) {
-                Tell(line, "a second " + property.name + " is not read");
+                Report(line, "a second " + property.name + " is not read");
             } else {
                 this->*single.kept = &line;
             }
@@ -92,7 +110,7 @@ bool EventReader::KeepForLater(const Line& line)
     if (property.name == "RDATE" || property.name == "EXDATE") {
         m_dateLists.push_back(&line);
     } else if (property.name == "EXRULE") {
-        Tell(line, "EXRULE is not understood: what it excludes is shown");
+        m_exceptionRules.push_back(&line);
     } else {
         return false;
     }
@@ -112,6 +130,11 @@ void EventReader::ReadTexts(const Line& line)
         m_event->uid = TextOf(line);
     } else if (name == "STATUS") {
         m_event->status = UpperText(TrimBlanks(TextOf(line)));
+    } else if (name == "SEQUENCE") {
+        m_event->sequence = ParseSequence(line.property->Value()).value_or(0);
+    } else if (name == "CLASS") {
+        const std::string_view value = TrimBlanks(line.property->Value());
+        m_event->isPrivate = SameWord(value, "PRIVATE") || SameWord(value, "CONFIDENTIAL");
     } else if (name == "TRANSP") {
         m_event->isTransparent = SameWord(TrimBlanks(line.property->Value()), "TRANSPARENT");
     } else if (name == "CATEGORIES") {
@@ -128,7 +151,7 @@ std::string EventReader::TextOf(const Line& line, bool isList)
 {
     const std::string_view value = line.property->Value();
     if (!IsUtf8(value)) {
-        Tell(line, line.property->name + " is not valid UTF-8: its broken bytes are shown as replacement marks");
+        Report(line, line.property->name + " is not valid UTF-8: its broken bytes are shown as replacement marks");
     }
     return isList ? RepairUtf8(value) : RepairUtf8(UnescapeText(value));
 }
@@ -149,8 +172,8 @@ std::optional<EventTime> EventReader::ReadTime(const Line& line, std::string_vie
         time.zone = TimeZone::Utc();
     } else if (const std::string* id = line.property->Find("TZID")) {
         time.zone = m_zones.Find(m_event->calendar, *id);
-        if (!time.zone && m_toldZones.insert(*id).second) {
-            Tell(line, "the time zone " + Quoted(*id) + " is not defined: its times are taken as they stand");
+        if (!time.zone && m_reportedZones.insert(*id).second) {
+            Report(line, "the time zone " + Quoted(*id) + " is not defined: its times are taken as they stand");
         }
     }
     return time;
@@ -159,50 +182,73 @@ std::optional<EventTime> EventReader::ReadTime(const Line& line, std::string_vie
 void EventReader::ReadEnd()
 {
     Event& event = *m_event;
-    event.duration = event.IsAllDay() ? kDaySeconds : 0;
-    std::optional<std::int64_t> duration;
+    event.duration.days = event.IsAllDay() ? 1 : 0;
     const Line* line = m_end ? m_end : m_duration;
     if (!line) {
         return;
     }
-    const std::string_view value = line->property->Value();
-    const std::string what = line->property->name + " " + Quoted(value);
+    const std::string what = line->property->name + " " + Quoted(line->property->Value());
     if (m_end) {
-        const auto end = ReadTime(*m_end, value);
+        const auto end = ParseTime(line->property->Value());
         if (end && end->isDate != event.IsAllDay()) {
-            Tell(*line, what + " does not fit the form of DTSTART");
+            Report(*line, what + " does not fit the form of DTSTART");
             return;
         }
-        if (end) {
-            duration = ConvertWall(end->wall, end->zone, event.start.zone) - event.start.wall;
-        }
-    } else {
-        duration = ParseDuration(value);
     }
+    const auto duration = m_end ? DurationToEnd() : ParseDuration(line->property->Value());
     if (!duration) {
-        Tell(*line, what + (m_end ? kNotADate : " is not a duration"));
-    } else if (*duration < 0) {
-        Tell(*line, what + (m_end ? " lies before DTSTART and is not used" : " is negative"));
+        Report(*line, what + (m_end ? kNotADate : " is not a duration"));
+    } else if (duration->Total() < 0) {
+        Report(*line, what + (m_end ? " lies before DTSTART and is not used" : " is negative"));
     } else if (event.IsAllDay()) {
         // A date that ends where it begins is written by many for one day.
-        event.duration = std::max((*duration + kDaySeconds - 1) / kDaySeconds, std::int64_t(1)) * kDaySeconds;
+        event.duration.days = std::max((duration->Total() + kDaySeconds - 1) / kDaySeconds, std::int64_t(1));
     } else {
         event.duration = *duration;
     }
-    event.duration = std::min(event.duration, kEndOfTime - event.start.wall);
+    const std::int64_t longest = kEndOfTime - event.start.wall;
+    event.duration.days = std::min(event.duration.days, longest / kDaySeconds);
+    event.duration.seconds = std::min(event.duration.seconds, longest - event.duration.days * kDaySeconds);
+}
+
+// DTEND gives an exact length.
+std::optional<Duration> EventReader::DurationToEnd()
+{
+    auto end = ReadTime(*m_end, m_end->property->Value());
+    if (!end) {
+        return std::nullopt;
+    }
+    const EventTime& start = m_event->start;
+    if (!start.zone || !end->zone) { // what one of them lacks is taken from the other
+        end->zone = start.zone;
+    }
+    const LocalTime begin = start.Instant();
+    if (end->Instant() < begin && end->zone) { // in an hour that comes twice the second one may be meant
+        return Duration{0, end->zone->LaterUtcOfWall(end->wall) - begin};
+    }
+    return Duration{0, end->Instant() - begin};
+}
+
+void EventReader::ReadReplaced()
+{
+    const Property& property = *m_replaces->property;
+    Event& event = *m_event;
+    event.replaces = ReadTime(*m_replaces, property.Value());
+    const std::string* range = property.Find("RANGE");
+    if (!event.replaces) {
+        Report(*m_replaces, "RECURRENCE-ID " + Quoted(property.Value()) + kNotADate);
+    } else if (range && SameWord(*range, "THISANDFUTURE")) {
+        event.changesFollowing = true;
+    } else if (range) {
+        Report(*m_replaces, "RANGE=" + Quoted(*range) + " is not understood: only this one occurrence is changed");
+    }
 }
 
 void EventReader::ReadRecurrence()
 {
     Event& event = *m_event;
     if (m_replaces) {
-        const Property& property = *m_replaces->property;
-        event.replaces = ReadTime(*m_replaces, property.Value());
-        if (!event.replaces) {
-            Tell(*m_replaces, "RECURRENCE-ID " + Quoted(property.Value()) + kNotADate);
-        } else if (const std::string* range = property.Find("RANGE")) {
-            Tell(*m_replaces, "RANGE=" + Quoted(*range) + " is not understood: only this one occurrence is changed");
-        }
+        ReadReplaced();
     }
     for (const Line* line : m_dateLists) {
         if (line->property->name == "RDATE") {
@@ -218,35 +264,87 @@ void EventReader::ReadRecurrence()
     if (m_rule) {
         ReadRule();
     }
-    if (event.IsRecurrent() && event.duration > kMaxRepeatedDuration) {
-        Tell(*m_start, "a repeated event of more than a year is shown as one year long");
-        event.duration = kMaxRepeatedDuration;
+    for (const Line* line : m_exceptionRules) {
+        ReadExceptionRule(*line);
+    }
+    if (event.IsRecurrent() && event.duration.Total() > kMaxRepeatedDays * kDaySeconds) {
+        Report(*m_start, "a repeated event of more than a year is shown as one year long");
+        event.duration = {kMaxRepeatedDays, 0};
+    }
+}
+
+bool EventReader::FitToEvent(RecurrenceRule& rule) const
+{
+    if (m_event->IsAllDay()) { // parts of the clock mean nothing to days
+        rule.byHour.clear();
+        rule.byMinute.clear();
+        rule.bySecond.clear();
+    }
+    return !m_event->IsAllDay() || rule.frequency >= Frequency::Daily;
+}
+
+void EventReader::ReadUntil(RecurrenceRule& rule) const
+{
+    const Event& event = *m_event;
+    if (rule.until) {
+        const LocalTime wall =
+            ConvertWall(rule.until->wall, rule.until->isUtc ? TimeZone::Utc() : event.start.zone, event.start.zone);
+        // A date lasts to its end, and for all-day events only the day counts.
+        rule.lastStart = rule.until->isDate || event.IsAllDay() ? (DayOfTime(wall) + 1) * kDaySeconds - 1 : wall;
     }
 }
 
 void EventReader::ReadRule()
 {
     Event& event = *m_event;
-    RuleReading reading = ParseRule(m_rule->property->Value(), event.start.wall);
+    event.ruleText = TrimBlanks(m_rule->property->Value());
+    RuleReading reading = ParseRule(event.ruleText);
+    if (reading.rule && !FitToEvent(*reading.rule)) {
+        reading = {std::nullopt, "whole days cannot repeat within a day"};
+    }
     if (!reading.rule) {
-        Tell(*m_rule, "RRULE: " + reading.problem + ": the event is shown once");
+        Report(*m_rule, "RRULE: " + reading.problem + ": the event is shown once");
         event.hasUnreadRule = true;
         return;
     }
     if (!reading.problem.empty()) {
-        Tell(*m_rule, "RRULE: " + reading.problem);
+        Report(*m_rule, "RRULE: " + reading.problem);
     }
-    if (reading.rule->until) {
-        const WrittenTime& until = *reading.rule->until;
-        const LocalTime wall =
-            ConvertWall(until.wall, until.isUtc ? TimeZone::Utc() : event.start.zone, event.start.zone);
-        // A date lasts to its end, and for all-day events only the day counts.
-        reading.rule->lastStart = until.isDate || event.IsAllDay() ? (DayOfTime(wall) + 1) * kDaySeconds - 1 : wall;
+    RecurrenceRule& rule = *reading.rule;
+    ReadUntil(rule);
+    if (!LimitByCount(rule, event.start.wall, m_countingSteps)) {
+        Report(*m_rule, "RRULE: COUNT leads too far to be counted: the event is taken to repeat without end");
     }
-    if (!LimitByCount(*reading.rule, event.start.wall, m_countingSteps)) {
-        Tell(*m_rule, "RRULE: COUNT leads too far to be counted: the event is taken to repeat without end");
+    if (RepeatsWithinDays(rule)) {
+        std::size_t inFirstYear = 0;
+        const LocalTime start = event.start.wall;
+        const auto count = [&](LocalTime) { return ++inFirstYear < kMaxOccurrencesOfEvent; };
+        m_countingSteps -= ExpandRule(rule, start, start, start + kMaxRepeatedDays * kDaySeconds, count,
+                                      std::max<std::int64_t>(m_countingSteps, 0));
+        if (inFirstYear == kMaxOccurrencesOfEvent) {
+            Report(*m_rule, "RRULE: the event repeats so often that of a range only the first " +
+                                std::to_string(kMaxOccurrencesOfEvent) + " occurrences are shown");
+        }
     }
-    event.rule = std::move(reading.rule);
+    event.rule = std::move(rule);
+}
+
+void EventReader::ReadExceptionRule(const Line& line)
+{
+    RuleReading reading = ParseRule(line.property->Value());
+    if (reading.rule && !FitToEvent(*reading.rule)) {
+        reading = {std::nullopt, "whole days cannot repeat within a day"};
+    }
+    if (!reading.rule) {
+        Report(line, "EXRULE: " + reading.problem + ": what it excludes is shown");
+        return;
+    }
+    reading.rule->givesStart = false;
+    ReadUntil(*reading.rule);
+    if (!LimitByCount(*reading.rule, m_event->start.wall, m_countingSteps)) {
+        Report(line, "EXRULE: COUNT leads too far to be counted: it is taken to exclude without end");
+    }
+    m_event->exceptionRules.push_back(std::move(*reading.rule));
 }
 
 void EventReader::ReadFurtherDates(const Line& line)
@@ -258,18 +356,15 @@ void EventReader::ReadFurtherDates(const Line& line)
         const std::size_t slash = std::min(piece.find('/'), piece.size());
         const auto start = isClockOnly ? std::nullopt : ReadTime(line, piece.substr(0, slash));
         if (!start) {
-            Tell(line, "RDATE " + Quoted(piece) + kNotADate);
+            Report(line, "RDATE " + Quoted(piece) + kNotADate);
             continue;
         }
         FurtherDate further;
         further.wall = ConvertWall(start->wall, start->zone, event.start.zone);
         if (slash < piece.size() && !event.IsAllDay()) {
-            const std::string_view endText = piece.substr(slash + 1);
-            const auto end = ReadTime(line, endText);
-            further.duration = end ? end->wall - start->wall : ParseDuration(endText);
-            if (!further.duration || *further.duration < 0 || *further.duration > kMaxRepeatedDuration) {
-                Tell(line, "RDATE " + Quoted(piece) + " has no readable end");
-                further.duration.reset();
+            further.duration = PeriodLength(line, *start, piece.substr(slash + 1));
+            if (!further.duration) {
+                Report(line, "RDATE " + Quoted(piece) + " has no readable end");
             }
         }
         if (start->isDate && !event.IsAllDay()) { // a date: at the event's usual time
@@ -281,12 +376,21 @@ void EventReader::ReadFurtherDates(const Line& line)
     }
 }
 
+// The length of a PERIOD whose end is a time or a duration.
+std::optional<Duration> EventReader::PeriodLength(const Line& line, const EventTime& start, std::string_view endText)
+{
+    const auto end = ReadTime(line, endText);
+    const auto duration = end ? std::optional<Duration>({0, end->Instant() - start.Instant()}) : ParseDuration(endText);
+    const bool fits = duration && duration->Total() >= 0 && duration->Total() <= kMaxRepeatedDays * kDaySeconds;
+    return fits ? duration : std::nullopt;
+}
+
 void EventReader::ReadExceptions(const Line& line)
 {
     for (const std::string_view piece : SplitAt(line.property->Value(), ',')) {
         const auto time = ReadTime(line, piece);
         if (!time) {
-            Tell(line, "EXDATE " + Quoted(piece) + kNotADate);
+            Report(line, "EXDATE " + Quoted(piece) + kNotADate);
         } else if (time->isDate || m_event->IsAllDay()) {
             m_event->exceptionDays.push_back(DayOfTime(time->wall));
         } else {

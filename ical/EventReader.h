@@ -11,13 +11,13 @@
 
 namespace dayvane::ical {
 
-// Reads VEVENT components. What it cannot read it tells and leaves out; a zone that nobody defines is told once, and
-// times in it are taken as they stand.
+// Reads VEVENT components. What it cannot read it reports and leaves out; a zone that nobody defines is reported once,
+// and times in it are taken as they stand.
 class EventReader
 {
 public:
     // A repeated event that lasts longer is shown as long as this.
-    static constexpr std::int64_t kMaxRepeatedDuration = 366 * kDaySeconds;
+    static constexpr std::int64_t kMaxRepeatedDays = 366;
 
     EventReader(const ZoneTable& zones, MessageLog& log) : m_zones(zones), m_log(log) {}
 
@@ -34,15 +34,22 @@ private:
     bool KeepForLater(const Line& line);
     void ReadTexts(const Line& line);
     void ReadEnd();
+    std::optional<Duration> DurationToEnd();
     void ReadRecurrence();
+    void ReadReplaced();
     void ReadRule();
+    void ReadExceptionRule(const Line& line);
+    // False for a rule that events of this kind cannot have.
+    bool FitToEvent(RecurrenceRule& rule) const;
+    void ReadUntil(RecurrenceRule& rule) const;
     void ReadFurtherDates(const Line& line);
+    std::optional<Duration> PeriodLength(const Line& line, const EventTime& start, std::string_view endText);
     void ReadExceptions(const Line& line);
-    void Tell(const Line& line, const std::string& text);
+    void Report(const Line& line, const std::string& text);
 
     const ZoneTable& m_zones;
     MessageLog& m_log;
-    std::set<std::string> m_toldZones;
+    std::set<std::string> m_reportedZones;
     std::int64_t m_countingSteps = kCountingSteps;
 
     // Of the event that is being read.
@@ -53,6 +60,10 @@ private:
     const Line* m_rule = nullptr;
     const Line* m_replaces = nullptr;
     std::vector<const Line*> m_dateLists; // RDATE and EXDATE
+    std::vector<const Line*> m_exceptionRules;
 };
+
+// The value of SEQUENCE; nothing for anything but a plain number.
+std::optional<std::int64_t> ParseSequence(std::string_view text);
 
 } // namespace dayvane::ical

@@ -2,25 +2,14 @@
 
 #include "ComponentText.h"
 #include "Event.h"
+#include "Occurrences.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Changes to the text of single events. Each touches the lines that it names and no other byte.
 namespace dayvane::ical {
-
-// Begin and end as the planner shows them; the end is exclusive. All-day events begin and end at midnight.
-struct EventTimes
-{
-    LocalTime start = 0;
-    LocalTime end = 0;
-    bool isAllDay = false;
-
-    bool operator==(const EventTimes& other) const
-    {
-        return start == other.start && end == other.end && isAllDay == other.isAllDay;
-    }
-};
 
 // How a time is written: a date, with Z, with a TZID, or floating (none of them).
 struct TimeForm
@@ -40,21 +29,36 @@ struct WritingContext
     TimeForm newForm;    // of timed events that had no form so far
 };
 
-// Sets SUMMARY, LOCATION or DESCRIPTION, keeping its parameters; adds the property if the event has none.
-void SetTextProperty(ComponentText& event, std::string_view name, const std::string& text);
+// The form of a time property as it stands; that of a floating time for values that are not readable. Without a
+// context its zone is not looked up.
+TimeForm FormOf(const Property& property, const WritingContext* context);
+// `wall` is on the clock of the form.
+std::string FormattedTime(const TimeForm& form, LocalTime wall);
 
-// Moves the event. DTSTART and DTEND keep their zones; DURATION stays where it still fits. Needs a readable DTSTART.
-void SetTimes(ComponentText& event, const EventTimes& times, const WritingContext& context);
+// Sets a text property, keeping its parameters; adds it if the event has none.
+void SetTextProperty(ComponentText& event, std::string_view name, const std::string& text);
+// Sets a property whose value is no text (RRULE, TRANSP), or takes it out when the value is empty.
+void SetValue(ComponentText& event, std::string_view name, const std::string& value);
+// All CATEGORIES become one line.
+void SetCategories(ComponentText& event, const std::vector<std::string>& categories);
+
+// Gives the event these times. `before` is what is moved: nullptr for a new event. A bound that is shown where it was
+// stays the instant that it was, and a length that is shown as it was stays the same elapsed time. DTSTART and DTEND
+// keep their zones, DURATION stays where it still fits. Needs a readable DTSTART.
+void SetTimes(ComponentText& event, const EventTimes& times, const Occurrence* before, const WritingContext& context);
 
 // Excludes the occurrence that begins at `original` on the clock of DTSTART.
 void AddException(ComponentText& event, LocalTime original);
 
-// Turns the text of a repeated event into the text of one that replaces its occurrence at `original`; SetTimes must
-// follow.
-void MakeReplacement(ComponentText& event, LocalTime original);
+// Turns the text of a repeated event, or of one that changes it from some occurrence on, into the text of one that
+// replaces the occurrence at `original`, written in the form of the series' DTSTART; SetTimes must follow.
+void MakeReplacement(ComponentText& event, const TimeForm& seriesForm, LocalTime original);
 
 // Turns the text into that of an event of its own that does not repeat.
 void MakeSingle(ComponentText& event, const std::string& uid, LocalTime utcNow);
+
+// An edit raises SEQUENCE and renews DTSTAMP and LAST-MODIFIED where the event has them.
+void MarkEdited(ComponentText& event, LocalTime utcNow);
 
 // The text of a new event with lines ending in `ending`.
 std::string NewEventText(const std::string& uid, LocalTime utcNow, const EventTimes& times, const std::string& summary,

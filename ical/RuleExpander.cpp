@@ -1,7 +1,6 @@
-#include "ical/Recurrence.h"
+#include "ical/RuleDays.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace dayvane::ical {
 
@@ -10,221 +9,244 @@ namespace {
 // What one rule may spend on counting: more than a century of days.
 constexpr std::int64_t kCountingStepsOfRule = 100000;
 
-bool Contains(const std::vector<int>& sorted, int value)
+// The seconds from one period to the next, for frequencies whose periods have all the same length; else 0.
+std::int64_t PeriodSeconds(Frequency frequency)
 {
-    return std::binary_search(sorted.begin(), sorted.end(), value);
+    switch (frequency) {
+    case Frequency::Secondly:
+        return 1;
+    case Frequency::Minutely:
+        return kMinuteSeconds;
+    case Frequency::Hourly:
+        return kHourSeconds;
+    case Frequency::Daily:
+        return kDaySeconds;
+    case Frequency::Weekly:
+        return kWeekDays * kDaySeconds;
+    default:
+        return 0;
+    }
 }
 
-constexpr int MonthIndex(int year, int month)
+bool LetsThrough(const std::vector<int>& sorted, int value)
 {
-    return year * kYearMonths + month - 1;
+    return sorted.empty() || std::binary_search(sorted.begin(), sorted.end(), value);
 }
 
-// The periods of a rule, numbered from the one that holds the event's start, and the days that each gives.
-class RulePeriods
+// The clock times that a rule gives on each of its days, never spelt out: hours x minutes x seconds, ascending.
+class ClockTimes
 {
 public:
-    RulePeriods(const RecurrenceRule& rule, LocalTime start)
-        : m_rule(rule), m_startDay(DayOfTime(start)), m_startDate(DateOfDay(m_startDay))
+    ClockTimes(std::vector<int> hours, std::vector<int> minutes, std::vector<int> seconds)
+        : m_hours(std::move(hours)), m_minutes(std::move(minutes)), m_seconds(std::move(seconds))
     {
-        const int daysIntoWeek = (WeekdayOfDay(m_startDay) - rule.weekStart + kWeekDays) % kWeekDays;
-        m_startWeek = m_startDay - daysIntoWeek;
+    }
+    // What the parts say; the start's clock where there is none.
+    static ClockTimes Of(const RecurrenceRule& rule, const CivilTime& start)
+    {
+        const auto listed = [](const std::vector<int>& list, int plain) {
+            return list.empty() ? std::vector<int>{plain} : list;
+        };
+        return {listed(rule.byHour, start.hour), listed(rule.byMinute, start.minute),
+                listed(rule.bySecond, start.second)};
     }
 
-    // The last period that does not begin after `day`; 0 for days before the start.
-    std::int64_t PeriodOfDay(DayNumber day) const
+    std::int64_t Count() const
     {
-        const CivilDate date = DateOfDay(day);
-        switch (m_rule.frequency) {
-        case Frequency::Daily:
-            return std::max<std::int64_t>(0, (day - m_startDay) / m_rule.interval);
-        case Frequency::Weekly:
-            return std::max<std::int64_t>(0, (day - m_startWeek) / (kWeekDays * m_rule.interval));
-        case Frequency::Monthly:
-            return std::max<std::int64_t>(
-                0, (MonthIndex(date.year, date.month) - MonthIndex(m_startDate.year, m_startDate.month)) /
-                       m_rule.interval);
-        case Frequency::Yearly:
-            break;
-        }
-        return std::max<std::int64_t>(0, (date.year - m_startDate.year) / m_rule.interval);
+        return static_cast<std::int64_t>(m_hours.size() * m_minutes.size() * m_seconds.size());
     }
-
-    // The first day of the period; beyond every date when it begins after the last year.
-    DayNumber FirstDay(std::int64_t period) const
+    // Seconds from midnight.
+    LocalTime At(std::int64_t index) const
     {
-        const std::int64_t step = period * m_rule.interval;
-        if (m_rule.frequency == Frequency::Daily || m_rule.frequency == Frequency::Weekly) {
-            const bool daily = m_rule.frequency == Frequency::Daily;
-            return daily ? m_startDay + step : m_startWeek + kWeekDays * step;
-        }
-        const bool monthly = m_rule.frequency == Frequency::Monthly;
-        const std::int64_t month =
-            MonthIndex(m_startDate.year, monthly ? m_startDate.month : 1) + (monthly ? step : step * kYearMonths);
-        if (month / kYearMonths > kLastYear) {
-            return std::numeric_limits<DayNumber>::max();
-        }
-        return DayOfDate(static_cast<int>(month / kYearMonths), static_cast<int>(month % kYearMonths) + 1, 1);
+        const auto at = static_cast<std::size_t>(index);
+        return m_hours[at / m_seconds.size() / m_minutes.size()] * kHourSeconds +
+               m_minutes[at / m_seconds.size() % m_minutes.size()] * kMinuteSeconds + m_seconds[at % m_seconds.size()];
     }
-
-    // The days of the period that begins on `first`, ascending.
-    void DaysFrom(DayNumber first, std::vector<DayNumber>& days) const
+    // The number of times before `clock`.
+    std::int64_t CountBefore(LocalTime clock) const
     {
-        days.clear();
-        const CivilDate date = DateOfDay(first);
-        switch (m_rule.frequency) {
-        case Frequency::Daily:
-            AddIfPassed(first, days);
-            break;
-        case Frequency::Weekly:
-            AddWeek(first, days);
-            break;
-        case Frequency::Monthly:
-            if (m_rule.byMonth.empty() || Contains(m_rule.byMonth, date.month)) {
-                AddMonth(date.year, date.month, m_startDate.day, days);
+        std::int64_t low = 0, high = Count();
+        while (low < high) {
+            const std::int64_t middle = (low + high) / 2;
+            if (At(middle) < clock) {
+                low = middle + 1;
+            } else {
+                high = middle;
             }
-            break;
-        case Frequency::Yearly:
-            AddYear(date.year, days);
-            break;
         }
-        std::sort(days.begin(), days.end());
-        days.erase(std::unique(days.begin(), days.end()), days.end());
-        PickPositions(days);
+        return low;
     }
 
 private:
-    // Whether BYDAY names the day: by its weekday, or, in months and years, as the how-manieth one from either end.
-    bool HasWeekday(DayNumber day) const
+    std::vector<int> m_hours, m_minutes, m_seconds;
+};
+
+class Expansion
+{
+public:
+    Expansion(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
+              const std::function<bool(LocalTime)>& use, std::int64_t maxSteps)
+        : m_rule(rule), m_start(start), m_from(std::max(from, rule.givesStart ? start + 1 : start)),
+          m_end(std::min({to, rule.lastStart + 1, kEndOfTime})), // `use` may lower the rule's last start
+          m_use(use), m_maxSteps(maxSteps), m_days(rule, DayOfTime(start)), m_civil(CivilOfTime(start))
     {
-        const CivilDate date = DateOfDay(day);
-        const bool inMonth = m_rule.frequency == Frequency::Monthly || !m_rule.byMonth.empty();
-        const DayNumber first = DayOfDate(date.year, inMonth ? date.month : 1, 1);
-        const DayNumber end = inMonth ? first + DaysInMonth(date.year, date.month) : DayOfDate(date.year + 1, 1, 1);
-        const bool counts = m_rule.frequency == Frequency::Monthly || m_rule.frequency == Frequency::Yearly;
-        return std::any_of(m_rule.byDay.begin(), m_rule.byDay.end(), [&](const RuleWeekday& wanted) {
-            const bool isCounted = !counts || wanted.ordinal == 0 || wanted.ordinal == (day - first) / kWeekDays + 1 ||
-                                   wanted.ordinal == -((end - 1 - day) / kWeekDays) - 1;
-            return wanted.weekday == WeekdayOfDay(day) && isCounted;
-        });
     }
 
-    // For daily rules every part is a filter.
-    void AddIfPassed(DayNumber day, std::vector<DayNumber>& days) const
+    std::int64_t Run()
     {
-        const CivilDate date = DateOfDay(day);
-        const int fromMonthEnd = date.day - DaysInMonth(date.year, date.month) - 1;
-        const int yearDay = static_cast<int>(day - DayOfDate(date.year, 1, 1)) + 1;
-        const int fromYearEnd = static_cast<int>(day - DayOfDate(date.year + 1, 1, 1));
-        const auto passes = [](const std::vector<int>& list, int value, int fromEnd) {
-            return list.empty() || Contains(list, value) || Contains(list, fromEnd);
-        };
-        if ((m_rule.byMonth.empty() || Contains(m_rule.byMonth, date.month)) &&
-            (m_rule.byDay.empty() || HasWeekday(day)) && passes(m_rule.byMonthDay, date.day, fromMonthEnd) &&
-            passes(m_rule.byYearDay, yearDay, fromYearEnd)) {
-            days.push_back(day);
+        if (m_rule.frequency < Frequency::Daily) {
+            WalkClock();
+        } else {
+            WalkDays();
         }
+        return std::min(m_steps, m_maxSteps);
     }
 
-    void AddWeek(DayNumber first, std::vector<DayNumber>& days) const
+private:
+    bool MayGoOn() const { return !m_isOver && m_steps < m_maxSteps; }
+
+    // Periods of days and longer: each gives days, each of these the same clock times.
+    void WalkDays()
     {
-        for (DayNumber day = first; day < first + kWeekDays; ++day) {
-            const bool wanted = m_rule.byDay.empty() ? WeekdayOfDay(day) == WeekdayOfDay(m_startDay) : HasWeekday(day);
-            if (wanted && (m_rule.byMonth.empty() || Contains(m_rule.byMonth, DateOfDay(day).month))) {
-                days.push_back(day);
+        const ClockTimes times = ClockTimes::Of(m_rule, m_civil);
+        std::vector<DayNumber> days;
+        for (std::int64_t period = m_days.PeriodOfDay(DayOfTime(m_from)); MayGoOn(); ++period) {
+            const DayNumber first = m_days.FirstDay(period);
+            if (first > DayOfTime(m_end - 1)) {
+                return;
             }
+            m_days.DaysFrom(first, days);
+            m_steps += 1 + static_cast<std::int64_t>(days.size());
+            UsePeriod(days, times);
         }
     }
 
-    void AddMonth(int year, int month, int plainDay, std::vector<DayNumber>& days) const
+    // Periods of hours, minutes and seconds. Where a day, an hour or a minute does not fit, the walk goes on after it.
+    void WalkClock()
     {
-        const DayNumber first = DayOfDate(year, month, 1);
-        const DayNumber end = first + DaysInMonth(year, month);
-        if (!m_rule.byMonthDay.empty()) {
-            for (const int number : m_rule.byMonthDay) {
-                const DayNumber day = number > 0 ? first + number - 1 : end + number;
-                if (day >= first && day < end && (m_rule.byDay.empty() || HasWeekday(day))) {
-                    days.push_back(day);
-                }
-            }
-        } else if (!m_rule.byDay.empty()) {
-            AddWeekdays(first, end, days);
-        } else if (plainDay <= DaysInMonth(year, month)) {
-            days.push_back(first + plainDay - 1);
-        }
-    }
-
-    // BYDAY within [first, end), a month or a year.
-    void AddWeekdays(DayNumber first, DayNumber end, std::vector<DayNumber>& days) const
-    {
-        for (const RuleWeekday& wanted : m_rule.byDay) {
-            const DayNumber earliest = first + (wanted.weekday - WeekdayOfDay(first) + kWeekDays) % kWeekDays;
-            const DayNumber latest = end - 1 - (WeekdayOfDay(end - 1) - wanted.weekday + kWeekDays) % kWeekDays;
-            if (wanted.ordinal == 0) {
-                for (DayNumber day = earliest; day <= latest; day += kWeekDays) {
-                    days.push_back(day);
-                }
+        const std::int64_t unit = PeriodSeconds(m_rule.frequency);
+        const std::int64_t step = unit * m_rule.interval;
+        const LocalTime base = m_start - (m_start - DayOfTime(m_start) * kDaySeconds) % unit;
+        const LocalTime firstBegin = m_from - unit + 1; // an earlier period ends before the range
+        std::vector<DayNumber> days(1);
+        LocalTime begin = base + std::max<std::int64_t>(0, (firstBegin - base + step - 1) / step) * step;
+        while (begin < m_end && MayGoOn()) {
+            ++m_steps;
+            const LocalTime next = NextFitting(begin);
+            if (next > begin) {
+                begin += (next - begin + step - 1) / step * step;
                 continue;
             }
-            const DayNumber day = wanted.ordinal > 0 ? earliest + kWeekDays * (wanted.ordinal - 1)
-                                                     : latest + kWeekDays * (wanted.ordinal + 1);
-            if (day >= first && day < end) {
-                days.push_back(day);
-            }
+            const CivilTime civil = CivilOfTime(begin);
+            days[0] = DayOfTime(begin);
+            UsePeriod(days, TimesOfPeriod(civil));
+            begin += step;
         }
     }
 
-    void AddYear(int year, std::vector<DayNumber>& days) const
+    ClockTimes TimesOfPeriod(const CivilTime& civil) const
     {
-        const DayNumber first = DayOfDate(year, 1, 1);
-        const DayNumber end = DayOfDate(year + 1, 1, 1);
-        if (!m_rule.byYearDay.empty()) {
-            for (const int number : m_rule.byYearDay) {
-                const DayNumber day = number > 0 ? first + number - 1 : end + number;
-                if (day >= first && day < end) {
-                    AddIfPassed(day, days);
-                }
-            }
-        } else if (m_rule.byMonth.empty() && m_rule.byMonthDay.empty()) {
-            if (m_rule.byDay.empty()) {
-                AddMonth(year, m_startDate.month, m_startDate.day, days);
-            } else {
-                AddWeekdays(first, end, days);
-            }
-        } else {
-            for (int month = 1; month <= kYearMonths; ++month) {
-                if (m_rule.byMonth.empty() || Contains(m_rule.byMonth, month)) {
-                    AddMonth(year, month, m_startDate.day, days);
-                }
-            }
+        if (m_rule.frequency == Frequency::Secondly) {
+            return {{civil.hour}, {civil.minute}, {civil.second}};
         }
+        const std::vector<int> seconds = m_rule.bySecond.empty() ? std::vector<int>{m_civil.second} : m_rule.bySecond;
+        if (m_rule.frequency == Frequency::Minutely) {
+            return {{civil.hour}, {civil.minute}, seconds};
+        }
+        const std::vector<int> minutes = m_rule.byMinute.empty() ? std::vector<int>{m_civil.minute} : m_rule.byMinute;
+        return {{civil.hour}, minutes, seconds};
     }
 
-    void PickPositions(std::vector<DayNumber>& days) const
+    // `time` when the parts that filter let its period through, else the begin of what may fit next.
+    LocalTime NextFitting(LocalTime time)
     {
+        const DayNumber day = DayOfTime(time);
+        if (day != m_checkedDay) {
+            m_checkedDay = day;
+            m_checkedPasses = m_days.Passes(day);
+        }
+        if (!m_checkedPasses) {
+            return (day + 1) * kDaySeconds;
+        }
+        const LocalTime clock = time - day * kDaySeconds;
+        if (!LetsThrough(m_rule.byHour, static_cast<int>(clock / kHourSeconds))) {
+            return time - clock % kHourSeconds + kHourSeconds;
+        }
+        const bool checksMinute = m_rule.frequency <= Frequency::Minutely;
+        if (checksMinute && !LetsThrough(m_rule.byMinute, static_cast<int>(clock % kHourSeconds / kMinuteSeconds))) {
+            return time - clock % kMinuteSeconds + kMinuteSeconds;
+        }
+        const bool checksSecond = m_rule.frequency == Frequency::Secondly;
+        return checksSecond && !LetsThrough(m_rule.bySecond, static_cast<int>(clock % kMinuteSeconds)) ? time + 1
+                                                                                                       : time;
+    }
+
+    // The occurrences of one period, or those that BYSETPOS picks of them.
+    void UsePeriod(const std::vector<DayNumber>& days, const ClockTimes& times)
+    {
+        const std::int64_t perDay = times.Count();
         if (m_rule.bySetPos.empty()) {
+            for (const DayNumber day : days) {
+                const LocalTime midnight = day * kDaySeconds;
+                for (std::int64_t i = times.CountBefore(m_from - midnight); i < perDay && MayGoOn(); ++i) {
+                    Use(midnight + times.At(i));
+                }
+            }
             return;
         }
-        std::vector<DayNumber> picked;
-        const int count = static_cast<int>(days.size());
+        const std::int64_t count = static_cast<std::int64_t>(days.size()) * perDay;
+        std::vector<std::int64_t> picked;
         for (const int position : m_rule.bySetPos) {
-            const int index = position > 0 ? position - 1 : count + position;
+            const std::int64_t index = position > 0 ? position - 1 : count + position;
             if (index >= 0 && index < count) {
-                picked.push_back(days[static_cast<std::size_t>(index)]);
+                picked.push_back(index);
             }
         }
         std::sort(picked.begin(), picked.end());
         picked.erase(std::unique(picked.begin(), picked.end()), picked.end());
-        days = std::move(picked);
+        for (const std::int64_t index : picked) {
+            const LocalTime midnight = days[static_cast<std::size_t>(index / perDay)] * kDaySeconds;
+            Use(midnight + times.At(index % perDay));
+        }
+    }
+
+    void Use(LocalTime occurrence)
+    {
+        if (m_isOver || occurrence < m_from) {
+            return;
+        }
+        ++m_steps;
+        m_isOver = occurrence >= m_end || !m_use(occurrence);
     }
 
     const RecurrenceRule& m_rule;
-    DayNumber m_startDay;
-    CivilDate m_startDate;
-    DayNumber m_startWeek;
+    const LocalTime m_start;
+    const LocalTime m_from; // of the occurrences besides the start
+    const LocalTime m_end;
+    const std::function<bool(LocalTime)>& m_use;
+    const std::int64_t m_maxSteps;
+    const RuleDays m_days;
+    const CivilTime m_civil; // of the start
+    std::int64_t m_steps = 0;
+    bool m_isOver = false;
+    DayNumber m_checkedDay = std::numeric_limits<DayNumber>::min();
+    bool m_checkedPasses = false;
 };
 
 } // namespace
+
+bool RepeatsWithinDays(const RecurrenceRule& rule)
+{
+    return rule.frequency < Frequency::Daily ||
+           std::max({rule.byHour.size(), rule.byMinute.size(), rule.bySecond.size()}) > 1;
+}
+
+bool IsStartOf(const RecurrenceRule& rule, LocalTime start, LocalTime wall)
+{
+    bool found = false;
+    ExpandRule(rule, start, wall, wall + 1, [&](LocalTime) { return !(found = true); });
+    return found;
+}
 
 bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft)
 {
@@ -233,9 +255,10 @@ bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft
     }
     const std::int64_t count = *rule.count;
     const bool hasParts = !rule.byMonth.empty() || !rule.byMonthDay.empty() || !rule.byYearDay.empty() ||
-                          !rule.byDay.empty() || !rule.bySetPos.empty();
-    if (!hasParts && (rule.frequency == Frequency::Daily || rule.frequency == Frequency::Weekly)) {
-        const std::int64_t step = rule.interval * (rule.frequency == Frequency::Daily ? 1 : kWeekDays) * kDaySeconds;
+                          !rule.byWeekNo.empty() || !rule.byDay.empty() || !rule.bySetPos.empty() ||
+                          !rule.byHour.empty() || !rule.byMinute.empty() || !rule.bySecond.empty();
+    if (!hasParts && PeriodSeconds(rule.frequency) > 0) {
+        const std::int64_t step = rule.interval * PeriodSeconds(rule.frequency);
         if (count - 1 <= (kEndOfTime - start) / step) {
             rule.lastStart = std::min(rule.lastStart, start + (count - 1) * step);
         }
@@ -258,32 +281,10 @@ bool LimitByCount(RecurrenceRule& rule, LocalTime start, std::int64_t& stepsLeft
 std::int64_t ExpandRule(const RecurrenceRule& rule, LocalTime start, LocalTime from, LocalTime to,
                         const std::function<bool(LocalTime)>& use, std::int64_t maxSteps)
 {
-    std::int64_t steps = 0;
-    if (start >= from && start < to && !use(start)) {
-        return steps;
+    if (rule.givesStart && start >= from && start < to && !use(start)) {
+        return 0;
     }
-    const RulePeriods periods(rule, start);
-    const LocalTime clock = start - DayOfTime(start) * kDaySeconds;
-    const LocalTime lastStart = rule.lastStart; // `use` may lower the rule's
-    std::vector<DayNumber> days;
-    for (std::int64_t period = periods.PeriodOfDay(DayOfTime(std::max(from, start))); steps < maxSteps; ++period) {
-        const DayNumber first = periods.FirstDay(period);
-        if (first > DayOfTime(std::min({to, lastStart, kEndOfTime - 1}))) {
-            break;
-        }
-        periods.DaysFrom(first, days);
-        steps += 1 + static_cast<std::int64_t>(days.size());
-        for (const DayNumber day : days) {
-            const LocalTime occurrence = day * kDaySeconds + clock;
-            if (occurrence <= start || occurrence < from) {
-                continue;
-            }
-            if (occurrence >= to || occurrence > lastStart || occurrence >= kEndOfTime || !use(occurrence)) {
-                return steps;
-            }
-        }
-    }
-    return steps;
+    return Expansion(rule, start, from, to, use, maxSteps).Run();
 }
 
 } // namespace dayvane::ical

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::array<std::string_view, kWeekDays> kWeekdayNames = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
 constexpr std::size_t kMaxDigits = 9; // so that no product overflows
+constexpr int kLastSecond = 59;
 
 struct FrequencyName
 {
@@ -18,9 +19,8 @@ struct FrequencyName
     Frequency frequency;
 };
 constexpr FrequencyName kFrequencyNames[] = {
-    {"DAILY", Frequency::Daily},
-    {"WEEKLY", Frequency::Weekly},
-    {"MONTHLY", Frequency::Monthly},
+    {"SECONDLY", Frequency::Secondly}, {"MINUTELY", Frequency::Minutely}, {"HOURLY", Frequency::Hourly},
+    {"DAILY", Frequency::Daily},       {"WEEKLY", Frequency::Weekly},     {"MONTHLY", Frequency::Monthly},
     {"YEARLY", Frequency::Yearly},
 };
 
@@ -29,15 +29,20 @@ struct NumberListPart
 {
     std::string_view name;
     std::vector<int> RecurrenceRule::*list;
-    int largest;
+    int smallest;       // 0 or 1
+    int largest;        // a leap second counts as second 59
     bool mayBeNegative; // counted from the end
 };
 constexpr NumberListPart kNumberListParts[] = {
-    // name        list                         largest  negative
-    {"BYMONTH", &RecurrenceRule::byMonth, kYearMonths, false},
-    {"BYMONTHDAY", &RecurrenceRule::byMonthDay, 31, true},
-    {"BYYEARDAY", &RecurrenceRule::byYearDay, 366, true},
-    {"BYSETPOS", &RecurrenceRule::bySetPos, 366, true},
+    // name        list                        smallest  largest  negative
+    {"BYMONTH", &RecurrenceRule::byMonth, 1, kYearMonths, false},
+    {"BYMONTHDAY", &RecurrenceRule::byMonthDay, 1, 31, true},
+    {"BYYEARDAY", &RecurrenceRule::byYearDay, 1, 366, true},
+    {"BYWEEKNO", &RecurrenceRule::byWeekNo, 1, 53, true},
+    {"BYSETPOS", &RecurrenceRule::bySetPos, 1, 366, true},
+    {"BYHOUR", &RecurrenceRule::byHour, 0, 23, false},
+    {"BYMINUTE", &RecurrenceRule::byMinute, 0, 59, false},
+    {"BYSECOND", &RecurrenceRule::bySecond, 0, 60, false},
 };
 
 // A signed decimal number; nothing if other letters or too many digits are there.
@@ -72,8 +77,11 @@ bool ReadNumberList(const NumberListPart& part, std::string_view value, std::vec
 {
     for (const std::string_view piece : SplitAt(value, ',')) {
         const auto number = ReadNumber(piece);
-        const std::int64_t smallest = part.mayBeNegative ? -part.largest : 1;
-        if (!number || *number == 0 || *number < smallest || *number > part.largest) {
+        if (!number || *number > part.largest) {
+            return false;
+        }
+        const bool fromEnd = part.mayBeNegative && *number <= -part.smallest && *number >= -part.largest;
+        if (*number < part.smallest && !fromEnd) {
             return false;
         }
         list.push_back(static_cast<int>(*number));
@@ -113,19 +121,9 @@ bool ReadWeekdayList(std::string_view value, std::vector<RuleWeekday>& list)
     return true;
 }
 
-bool RepeatsClock(std::string_view name, std::string_view value, LocalTime start)
-{
-    const CivilTime clock = CivilOfTime(start);
-    const auto number = ReadNumber(value);
-    return number && ((name == "BYHOUR" && *number == clock.hour) || (name == "BYMINUTE" && *number == clock.minute) ||
-                      (name == "BYSECOND" && *number == clock.second));
-}
-
 class RuleReader
 {
 public:
-    explicit RuleReader(LocalTime start) : m_start(start) {}
-
     RuleReading Read(std::string_view value)
     {
         for (const std::string_view part : SplitAt(value, ';')) {
@@ -136,6 +134,10 @@ public:
         if (!m_hasFrequency) {
             return {std::nullopt, "there is no FREQ"};
         }
+        for (int& second : m_rule.bySecond) {
+            second = std::min(second, kLastSecond);
+        }
+        SortOut(m_rule.bySecond);
         return {m_rule, m_note};
     }
 
@@ -168,7 +170,8 @@ private:
         if (name == "BYDAY") {
             return ReadWeekdayList(value, m_rule.byDay);
         }
-        return RepeatsClock(name, value, m_start);
+        // The calendar that is meant anyway, and what becomes of days that a month lacks.
+        return (name == "RSCALE" && SameWord(value, "GREGORIAN")) || (name == "SKIP" && SameWord(value, "OMIT"));
     }
 
     bool ReadFrequency(std::string_view value)
@@ -201,7 +204,6 @@ private:
         return true;
     }
 
-    LocalTime m_start;
     RecurrenceRule m_rule;
     std::string m_note;
     bool m_hasFrequency = false;
@@ -209,9 +211,9 @@ private:
 
 } // namespace
 
-RuleReading ParseRule(std::string_view value, LocalTime start)
+RuleReading ParseRule(std::string_view value)
 {
-    return RuleReader(start).Read(value);
+    return RuleReader().Read(value);
 }
 
 } // namespace dayvane::ical

@@ -123,6 +123,9 @@ std::vector<std::string_view> SplitAt(std::string_view text, char separator)
 
 std::size_t Utf8Length(std::string_view text, std::size_t at)
 {
+    if (static_cast<std::uint8_t>(text[at]) < 0x80) { // nearly all
+        return 1;
+    }
     std::size_t length = 0;
     DecodeAt(text, at, length);
     return length;

@@ -53,11 +53,11 @@ private:
         if (line.depth == ComponentText::kOwnDepth && property.name == "TZID") {
             m_id = value;
         } else if (line.depth == ComponentText::kOwnDepth && property.name == "BEGIN") {
-            m_draft = {};
-            m_draft.line = line.number;
+            m_draft.emplace();
+            m_draft->line = line.number;
         } else if (line.depth == ComponentText::kOwnDepth && property.name == "END") {
             Finish();
-        } else if (line.depth == ComponentText::kOwnDepth + 1) {
+        } else if (line.depth == ComponentText::kOwnDepth + 1 && m_draft) {
             ReadObservanceLine(property.name, value, line.number);
         }
     }
@@ -66,18 +66,18 @@ private:
     {
         if (name == "DTSTART") {
             const auto time = ParseTime(value);
-            m_draft.onset = time ? std::optional<LocalTime>(time->wall) : std::nullopt;
+            m_draft->onset = time ? std::optional<LocalTime>(time->wall) : std::nullopt;
         } else if (name == "TZOFFSETFROM") {
-            m_draft.from = ParseUtcOffset(value);
+            m_draft->from = ParseUtcOffset(value);
         } else if (name == "TZOFFSETTO") {
-            m_draft.to = ParseUtcOffset(value);
+            m_draft->to = ParseUtcOffset(value);
         } else if (name == "RRULE") {
-            m_draft.rule = value;
-            m_draft.ruleLine = number;
+            m_draft->rule = value;
+            m_draft->ruleLine = number;
         } else if (name == "RDATE") {
             for (const std::string_view piece : SplitAt(value, ',')) {
                 if (const auto time = ParseTime(piece)) {
-                    m_draft.further.push_back(time->wall);
+                    m_draft->further.push_back(time->wall);
                 } else {
                     m_log.Add(number, "RDATE " + Quoted(piece) + " is not a date");
                 }
@@ -87,26 +87,30 @@ private:
 
     void Finish()
     {
-        if (!m_draft.onset || !m_draft.to) {
-            m_log.Add(m_draft.line, "a part of a VTIMEZONE lacks a readable DTSTART or TZOFFSETTO");
+        if (!m_draft) { // an END alone
+            return;
+        }
+        if (!m_draft->onset || !m_draft->to) {
+            m_log.Add(m_draft->line, "a part of a VTIMEZONE lacks a readable DTSTART or TZOFFSETTO");
             return;
         }
         Observance observance;
-        observance.onset = *m_draft.onset;
-        observance.offsetTo = *m_draft.to;
-        observance.offsetFrom = m_draft.from.value_or(*m_draft.to);
-        observance.furtherOnsets = std::move(m_draft.further);
-        if (!m_draft.rule.empty()) {
+        observance.onset = *m_draft->onset;
+        observance.offsetTo = *m_draft->to;
+        observance.offsetFrom = m_draft->from.value_or(*m_draft->to);
+        observance.furtherOnsets = std::move(m_draft->further);
+        if (!m_draft->rule.empty()) {
             ReadRule(observance);
         }
         m_observances.push_back(std::move(observance));
+        m_draft.reset();
     }
 
     void ReadRule(Observance& observance)
     {
-        RuleReading reading = ParseRule(m_draft.rule, observance.onset);
+        RuleReading reading = ParseRule(m_draft->rule);
         if (!reading.problem.empty()) {
-            m_log.Add(m_draft.ruleLine, "RRULE of a VTIMEZONE: " + reading.problem);
+            m_log.Add(m_draft->ruleLine, "RRULE of a VTIMEZONE: " + reading.problem);
         }
         if (reading.rule && reading.rule->until) {
             const WrittenTime& until = *reading.rule->until;
@@ -123,7 +127,7 @@ private:
     MessageLog& m_log;
     std::string m_id;
     std::vector<Observance> m_observances;
-    Draft m_draft;
+    std::optional<Draft> m_draft; // the part that is open
 };
 
 } // namespace
@@ -191,6 +195,44 @@ LocalTime TimeZone::UtcOfWall(LocalTime wall) const
             return time < t.utc + std::max(t.offsetFrom, t.offsetTo);
         });
     return wall - (after == transitions.begin() ? FirstOffset() : std::prev(after)->offsetTo);
+}
+
+LocalTime TimeZone::LaterUtcOfWall(LocalTime wall) const
+{
+    const LocalTime first = UtcOfWall(wall);
+    const std::vector<Transition>& transitions = Transitions();
+    const auto next = std::upper_bound(transitions.begin(), transitions.end(), first,
+                                       [](LocalTime time, const Transition& t) { return time < t.utc; });
+    const bool comesAgain = next != transitions.end() && wall >= next->utc + next->offsetTo;
+    return comesAgain ? wall - next->offsetTo : first;
+}
+
+LocalTime InstantOf(LocalTime wall, const ZonePtr& zone)
+{
+    return zone ? zone->UtcOfWall(wall) : wall;
+}
+
+LocalTime WallOf(LocalTime instant, const ZonePtr& zone)
+{
+    return zone ? zone->WallOfUtc(instant) : instant;
+}
+
+LocalTime EndInstant(LocalTime wall, const ZonePtr& zone, const Duration& duration)
+{
+    return InstantOf(wall + duration.days * kDaySeconds, zone) + duration.seconds;
+}
+
+Duration DurationBetween(LocalTime start, LocalTime end, const ZonePtr& zone)
+{
+    const LocalTime wall = WallOf(start, zone);
+    Duration duration;
+    duration.days = std::max<std::int64_t>(0, (WallOf(end, zone) - wall) / kDaySeconds);
+    while (duration.days > 0 && EndInstant(wall, zone, duration) > end) {
+        --duration.days;
+    }
+    // A start that comes twice and means the second time is counted from itself.
+    duration.seconds = end - (duration.days > 0 ? EndInstant(wall, zone, duration) : start);
+    return duration;
 }
 
 LocalTime ConvertWall(LocalTime wall, const ZonePtr& from, const ZonePtr& to)

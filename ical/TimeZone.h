@@ -36,6 +36,8 @@ public:
     // A wall time that comes twice means the first one; one that is skipped is counted as if the clock had not been
     // set forward.
     LocalTime UtcOfWall(LocalTime wall) const;
+    // The same, but of a wall time that comes twice the second one.
+    LocalTime LaterUtcOfWall(LocalTime wall) const;
 
 private:
     struct Transition
@@ -55,6 +57,14 @@ private:
 
 using ZonePtr = std::shared_ptr<const TimeZone>;
 
+// Instants: seconds of UTC; where there is no zone (floating times, dates) simply the wall time.
+LocalTime InstantOf(LocalTime wall, const ZonePtr& zone);
+LocalTime WallOf(LocalTime instant, const ZonePtr& zone);
+// The instant at which a duration ends that begins at `wall`, and the duration from one instant to a later one: as many
+// days as the clock passes, the rest exact.
+LocalTime EndInstant(LocalTime wall, const ZonePtr& zone, const Duration& duration);
+Duration DurationBetween(LocalTime start, LocalTime end, const ZonePtr& zone);
+
 // From one zone's wall clock to another's; unchanged when one of them is nullptr, a floating time.
 LocalTime ConvertWall(LocalTime wall, const ZonePtr& from, const ZonePtr& to);
 
@@ -67,6 +77,7 @@ ZonePtr ReadTimeZone(std::string_view raw, int firstLine, MessageLog& log);
 
 // The zones that files name most often without defining them, by their usual names; nullptr for others.
 ZonePtr FindCommonZone(std::string_view id);
+std::vector<std::string_view> CommonZoneNames();
 
 // The zones that one file defines.
 class ZoneTable

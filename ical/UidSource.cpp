@@ -1,5 +1,6 @@
 #include "ical/UidSource.h"
 
+#include <ctime>
 #include <memory>
 #include <random>
 
@@ -27,6 +28,11 @@ UidSource CountedUids(const std::string& prefix)
 {
     auto count = std::make_shared<int>(0);
     return [prefix, count] { return prefix + std::to_string(++*count); };
+}
+
+UtcClock SystemClock()
+{
+    return [] { return static_cast<LocalTime>(std::time(nullptr)); };
 }
 
 } // namespace dayvane::ical

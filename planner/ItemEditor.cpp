@@ -15,13 +15,6 @@ EditResult Nothing()
     return result;
 }
 
-LocalTime UtcNow()
-{
-    SYSTEMTIME now;
-    ::GetSystemTime(&now);
-    return TimeOfCivil({now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond});
-}
-
 // Puts the selection, over which the edit box opens, onto the item, unless it touches it.
 void SelectDaysOf(const Occurrence& occurrence, CCalendarCtrl& ctrl)
 {
@@ -101,7 +94,7 @@ EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
     if (m_edit.id.event != kNoEvent) {
         return document.SetText(m_edit.id, TextField::Summary, text, m_edit.scope);
     }
-    return text.empty() ? Nothing() : document.Create(m_edit.times, text, UtcNow());
+    return text.empty() ? Nothing() : document.Create(m_edit.times, text);
 }
 
 EditResult ItemEditor::Moved(Document& document, const NMCALENDARITEM& moved)
@@ -117,7 +110,7 @@ EditResult ItemEditor::Moved(Document& document, const NMCALENDARITEM& moved)
     if (times == occurrence->times) {
         return Nothing();
     }
-    return (moved.nSubValue & MK_CONTROL) != 0 ? document.Copy(id, times, UtcNow()) : document.Move(id, times);
+    return (moved.nSubValue & MK_CONTROL) != 0 ? document.Copy(id, times) : document.Move(id, times);
 }
 
 EditResult ItemEditor::Delete(Document& document, Scope scope)

@@ -50,7 +50,7 @@ void CPlannerFrame::OnUpdateOfItem(CCmdUI* pCmdUI)
 {
     const planner::Occurrence* current = m_items.Current();
     const bool ofSeries = pCmdUI->m_nID == ID_EDIT_RENAME_SERIES || pCmdUI->m_nID == ID_EDIT_DELETE_SERIES;
-    pCmdUI->Enable(current && (!ofSeries || current->event->IsRecurrent()));
+    pCmdUI->Enable(current && (!ofSeries || Document()->Calendar().IsOfSeries(current->id)));
 }
 
 // ---- Views

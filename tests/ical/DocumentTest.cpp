@@ -1,74 +1,10 @@
-#include "CalendarTesting.h"
+#include "DocumentFixture.h"
 
 namespace dayvane::ical {
 namespace {
 
-constexpr LocalTime kStamp = DayOfDate(2026, 11, 21) * kDaySeconds;
-
-EventTimes Times(std::string_view start, std::string_view end, bool isAllDay = false)
+class DocumentTest : public DocumentFixture
 {
-    return {At(start), At(end), isAllDay};
-}
-
-// A document whose edits are told as the lines that went (-) and came (+).
-class DocumentTest : public testing::Test
-{
-protected:
-    void Open(std::initializer_list<std::string_view> lines) { OpenText(CalendarWith(lines)); }
-    void OpenText(const std::string& text)
-    {
-        m_text = text;
-        m_document.Load(text);
-    }
-
-    OccurrenceId IdAt(std::string_view time)
-    {
-        for (const Occurrence& occurrence : All()) {
-            if (occurrence.times.start == At(time)) {
-                return occurrence.id;
-            }
-        }
-        ADD_FAILURE() << "nothing at " << time;
-        return {};
-    }
-
-    std::vector<Occurrence> All() const { return m_document.OccurrencesIn(At("20260101"), At("20270101")); }
-
-    // What differs between the opened text and the saved one, between their common beginning and end.
-    std::string Difference() const
-    {
-        const std::vector<std::string> before = LinesOf(m_text), after = LinesOf(m_document.Save());
-        std::size_t head = 0, tail = 0;
-        while (head < before.size() && head < after.size() && before[head] == after[head]) {
-            ++head;
-        }
-        while (tail < before.size() - head && tail < after.size() - head &&
-               before[before.size() - 1 - tail] == after[after.size() - 1 - tail]) {
-            ++tail;
-        }
-        std::string text;
-        for (std::size_t i = head; i < before.size() - tail; ++i) {
-            text += "-" + before[i];
-        }
-        for (std::size_t i = head; i < after.size() - tail; ++i) {
-            text += "+" + after[i];
-        }
-        return text;
-    }
-
-    static std::vector<std::string> LinesOf(const std::string& text)
-    {
-        std::vector<std::string> lines;
-        for (std::size_t at = 0; at < text.size();) {
-            const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
-            lines.push_back(text.substr(at, end - at));
-            at = end;
-        }
-        return lines;
-    }
-
-    std::string m_text;
-    Document m_document{CountedUids("new")};
 };
 
 TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
@@ -210,7 +146,7 @@ TEST_F(DocumentTest, AllDayAndUtcSeriesWriteTheirOwnForm)
                      "RRULE:FREQ=DAILY;COUNT=2", "END:VEVENT", "END:VCALENDAR"}));
     ASSERT_TRUE(m_document.Delete(IdAt("20261103T0900"), Scope::ThisOccurrence).isDone);
     EXPECT_EQ(Difference(), "+EXDATE:20261103T000000Z\r\n");
-    ASSERT_TRUE(m_document.Create(Times("20261105T0800", "20261105T0900"), "n", kStamp).isDone);
+    ASSERT_TRUE(m_document.Create(Times("20261105T0800", "20261105T0900"), "n").isDone);
     EXPECT_NE(Difference().find("+DTSTART:20261104T230000Z\r\n"), std::string::npos) << Difference();
 }
 
@@ -218,7 +154,7 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
 {
     Open({"UID:new1", "DTSTART:20261102T0900", "DURATION:PT1H", "SEQUENCE:3", "RRULE:FREQ=DAILY;COUNT=2", "X-KEPT:1",
           "SUMMARY:x", "BEGIN:VALARM", "UID:alarm", "END:VALARM"});
-    const EditResult created = m_document.Create(Times("20261121T0900", "20261121T1000"), "a;b", kStamp);
+    const EditResult created = m_document.Create(Times("20261121T0900", "20261121T1000"), "a;b");
     ASSERT_TRUE(created.isDone);
     EXPECT_EQ(Difference(), "+BEGIN:VEVENT\r\n+UID:new2\r\n+DTSTAMP:20261121T000000Z\r\n+DTSTART:20261121T090000\r\n"
                             "+DTEND:20261121T100000\r\n+SUMMARY:a\\;b\r\n+END:VEVENT\r\n");
@@ -231,7 +167,7 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
     EXPECT_FALSE(m_document.IsModified());
     m_document.Undo();
     EXPECT_TRUE(m_document.IsModified());
-    const EditResult copied = m_document.Copy(IdAt("20261103T0900"), Times("20261105T0900", "20261105T1000"), kStamp);
+    const EditResult copied = m_document.Copy(IdAt("20261103T0900"), Times("20261105T0900", "20261105T1000"));
     ASSERT_TRUE(copied.isDone);
     EXPECT_EQ(
         Difference(),
@@ -271,6 +207,91 @@ TEST_F(DocumentTest, DeletingJoinsNothing)
     EXPECT_EQ(m_document.Save(), m_text);
 }
 
+TEST_F(DocumentTest, OnlyTheNeighbourOfADeletedEventIsClosed)
+{
+    const std::string first = "BEGIN:VEVENT\nDTSTART:20261121\nEND:VEVENT\n";
+    const std::string rest = "BEGIN:VEVENT\nDTSTART:20261122\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:20261123\n"
+                             "BEGIN:VTODO\nEND:VTODO\n";
+    OpenText(first + rest);
+    ASSERT_TRUE(m_document.Delete(IdAt("20261121"), Scope::ThisOccurrence).isDone);
+    EXPECT_EQ(m_document.Save(), rest);
+}
+
+TEST_F(DocumentTest, AnEditThatCannotBeReadAgainIsTakenBack)
+{
+    // A zone name that no parameter can hold: the quotation mark ends it, and then comes a colon.
+    OpenText(Joined({"BEGIN:VCALENDAR", "BEGIN:VTIMEZONE", "TZID:a\":b", "BEGIN:STANDARD", "DTSTART:20000101T000000",
+                     "TZOFFSETTO:+0900", "END:STANDARD", "END:VTIMEZONE", "BEGIN:VEVENT", "UID:a", "DTSTART:20261121",
+                     "END:VEVENT", "END:VCALENDAR"}));
+    const OccurrenceId id = IdAt("20261121");
+    EXPECT_FALSE(m_document.Move(id, Times("20261121T0900", "20261121T1000")).isDone);
+    EXPECT_FALSE(m_document.Create(Times("20261121T0900", "20261121T1000"), "x").isDone);
+    EXPECT_EQ(m_document.Save(), m_text);
+    EXPECT_TRUE(m_document.Find(id));
+    EXPECT_FALSE(m_document.CanUndo() || m_document.IsModified());
+}
+
+TEST_F(DocumentTest, NewEventsTakeTheZoneOfTheFile)
+{
+    const struct
+    {
+        const char* name;
+        std::vector<const char*> starts;
+        const char* line;
+    } rows[] = {
+        {"all in one",
+         {"DTSTART;TZID=Asia/Tokyo:20261101T0900", "DTSTART:20261102T000000Z", "DTSTART:20261103"},
+         "+DTSTART;TZID=Asia/Tokyo:20261121T090000\r\n"},
+        {"in two",
+         {"DTSTART;TZID=Asia/Tokyo:20261101T0900", "DTSTART;TZID=Europe/Rome:20261101T0900"},
+         "+DTSTART:20261121T090000\r\n"},
+        {"in one that nobody knows", {"DTSTART;TZID=No/Where:20261101T0900"}, "+DTSTART:20261121T090000\r\n"},
+    };
+    for (const auto& row : rows) {
+        std::string events;
+        for (const char* start : row.starts) {
+            events += Joined({"BEGIN:VEVENT", start, "END:VEVENT"});
+        }
+        OpenText("BEGIN:VCALENDAR\r\n" + events + "END:VCALENDAR\r\n");
+        const EditResult result = m_document.Create(Times("20261121T0900", "20261121T1000"), "n");
+        EXPECT_NE(Difference().find(row.line), std::string::npos) << row.name << Difference();
+        EXPECT_EQ(m_document.Find(result.id)->times.start, At("20261121T0900")) << row.name;
+    }
+}
+
+TEST_F(DocumentTest, EditsRaiseSequenceAndStampsWhereThereAreAny)
+{
+    Open({"UID:a", "SEQUENCE:7", "DTSTAMP;X=1:20200101T000000Z", "LAST-MODIFIED:20200101T000000Z", "DTSTART:20261121"});
+    const OccurrenceId id = IdAt("20261121");
+    ASSERT_TRUE(m_document.SetText(id, TextField::Summary, "", Scope::ThisOccurrence).isDone); // as it was
+    EXPECT_EQ(Difference(), "");
+    ASSERT_TRUE(m_document.Move(id, Times("20261122", "20261123", true)).isDone);
+    EXPECT_EQ(Difference(), "-SEQUENCE:7\r\n-DTSTAMP;X=1:20200101T000000Z\r\n-LAST-MODIFIED:20200101T000000Z\r\n"
+                            "-DTSTART:20261121\r\n+SEQUENCE:8\r\n+DTSTAMP;X=1:20261121T000000Z\r\n"
+                            "+LAST-MODIFIED:20261121T000000Z\r\n+DTSTART:20261122\r\n");
+    ASSERT_TRUE(m_document.Move(id, Times("20261123", "20261124", true)).isDone);
+    EXPECT_EQ(m_document.Find(id)->event->sequence, 9);
+}
+
+TEST_F(DocumentTest, LoadingCanBeEnded)
+{
+    Open({"DTSTART:20261121"});
+    std::string large = "BEGIN:VCALENDAR\r\n";
+    for (int i = 0; i < 3000; ++i) {
+        large += Joined({"BEGIN:VEVENT", "DTSTART:20261122", "END:VEVENT"});
+    }
+    std::size_t last = 0;
+    EXPECT_TRUE(Document().Load(large, [&](std::size_t done, std::size_t all) {
+        EXPECT_TRUE(done > last && done <= all && all == large.size());
+        last = done;
+        return true;
+    }));
+    EXPECT_GT(last, large.size() / 2);
+    EXPECT_FALSE(m_document.Load(large, [](std::size_t, std::size_t) { return false; }));
+    EXPECT_EQ(m_document.Save(), m_text);
+    EXPECT_EQ(Shown(All()), "20261121/20261122*");
+}
+
 TEST_F(DocumentTest, NewEventsFindTheirPlace)
 {
     const std::string created = "BEGIN:VEVENT\nUID:new1\nDTSTAMP:20261121T000000Z\nDTSTART;VALUE=DATE:20261121\n"
@@ -292,9 +313,9 @@ TEST_F(DocumentTest, NewEventsFindTheirPlace)
         {"no calendar at all", "X:1\n", "", "X:1\n" + head + created + "END:VCALENDAR\n"},
     };
     for (const auto& row : rows) {
-        Document document(CountedUids("new"));
+        Document document(CountedUids("new"), [] { return kStamp; });
         document.Load(row.before + row.after);
-        const EditResult result = document.Create(Times("20261121T0300", "20261121T0300", true), "n", kStamp);
+        const EditResult result = document.Create(Times("20261121T0300", "20261121T0300", true), "n");
         ASSERT_TRUE(result.isDone) << row.name;
         EXPECT_EQ(document.Save(), row.saved.empty() ? row.before + created + row.after : row.saved) << row.name;
         Document again;
@@ -331,8 +352,8 @@ TEST_F(DocumentTest, RefusesWithAReason)
         m_document.Move(none, fine),
         m_document.Delete(none, Scope::WholeSeries),
         m_document.SetText({99, 0}, TextField::Summary, "x", Scope::WholeSeries),
-        m_document.Create({kEarliestTime - 1, kEarliestTime, false}, "x", kStamp),
-        m_document.Copy(none, fine, kStamp),
+        m_document.Create({kEarliestTime - 1, kEarliestTime, false}, "x"),
+        m_document.Copy(none, fine),
         m_document.Undo(),
         m_document.Redo(),
     };
@@ -340,14 +361,14 @@ TEST_F(DocumentTest, RefusesWithAReason)
         EXPECT_FALSE(result.isDone);
         EXPECT_FALSE(result.problem.empty());
     }
-    Open({"DTSTART:20261102T0900", "RRULE:FREQ=DAILY;BYHOUR=1"});
+    Open({"DTSTART:20261102T0900", "RRULE:FREQ=DAILY;BYHOUR=x"});
     EXPECT_NE(m_document.Move(IdAt("20261102T0900"), fine).problem.find("rule"), std::string::npos);
     // Tokyo's clock would show the year 10000.
     Open({"DTSTART;TZID=America/Phoenix:20261102T0900", "DTEND;TZID=Asia/Tokyo:20261103T0200"});
     EXPECT_FALSE(m_document.Move(IdAt("20261102T0900"), Times("99991231T1000", "99991231T2359")).isDone);
     EXPECT_EQ(m_document.Save(), m_text);
     OpenText("\xFE\xFF");
-    EXPECT_FALSE(m_document.Create(fine, "x", kStamp).isDone);
+    EXPECT_FALSE(m_document.Create(fine, "x").isDone);
     EXPECT_FALSE(m_document.IsModified());
 }
 

@@ -31,6 +31,11 @@ TEST(Reader, EventsBeginAndEnd)
         {"DTSTART:20261121", "X-NOTHING:", "20261121/20261122*", nullptr},
         {"DTSTART:20261121", "DTEND:20261121", "20261121/20261122*", nullptr},
         {"DTSTART:20261121", "DURATION:P2W", "20261121/20261205*", nullptr},
+        {"DTSTART:20261121", "DURATION:PT1H", "20261121/20261122*", nullptr},
+        {"DTSTART:20261121", "DURATION:PT25H", "20261121/20261123*", nullptr},
+        {"DTSTART:20261121", "DURATION:PT24H", "20261121/20261122*", nullptr},
+        {"DTSTART;;VALUE=DATE:20261121", "X-NOTHING:", "20261121/20261122*", "DTSTART has an empty parameter"},
+        {"DTSTART:20261121", "SUMMARY;:x", "20261121/20261122*", "SUMMARY has an empty parameter"},
         {"DTSTART:20261121", "DTEND:20261120", "20261121/20261122*", "before DTSTART"},
         {"DTSTART:20261121T0930", "DTEND:20261121T0929", "20261121T0930/20261121T0930", "before DTSTART"},
         {"DTSTART:20261121T0930", "DTEND:20261122", "20261121T0930/20261121T0930", "does not fit"},
@@ -108,7 +113,7 @@ TEST(Reader, RepeatsWithExceptionsAndReplacements)
         {"RRULE:FREQ=DAILY;BYDAY=XX", "20261230/20261231*", "RRULE: \"BYDAY=XX\" is not understood"},
         {"RRULE:FREQ=DAILY;INTERVAL=0", "20261230/20261231* 20261231/20270101*", "INTERVAL=0 is taken as 1"},
         {"RRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30;COUNT=2", "20261230/20261231*", "leads too far"},
-        {"EXRULE:FREQ=DAILY", "20261230/20261231*", "EXRULE is not understood"},
+        {"EXRULE:FREQ=XX", "20261230/20261231*", "EXRULE: \"FREQ=XX\" is not understood"},
     };
     for (const auto& row : rows) {
         Document document;
@@ -116,6 +121,110 @@ TEST(Reader, RepeatsWithExceptionsAndReplacements)
         EXPECT_EQ(Shown(document.OccurrencesIn(At(kYear2026), At(kYear2027))), row.shown) << row.rule;
         EXPECT_NE(AllMessages(document).find(row.message), std::string::npos) << AllMessages(document);
     }
+}
+
+// What a series leaves out, by whatever means.
+TEST(Reader, ExceptionsOfEveryKindHide)
+{
+    const struct
+    {
+        const char* name;
+        std::vector<const char*> lines;
+        const char* shown;
+    } rows[] = {
+        {"EXDATE in UTC of a zoned series",
+         {"DTSTART;TZID=Asia/Tokyo:20261102T0900", "RRULE:FREQ=DAILY;COUNT=2", "EXDATE:20261103T000000Z"},
+         "20261102T0900/20261102T0900"},
+        {"EXDATE of a single event", {"DTSTART:20261102T0900", "EXDATE:20261102T0900"}, ""},
+        {"EXDATE elsewhere", {"DTSTART:20261102T0900", "EXDATE:20261103T0900"}, "20261102T0900/20261102T0900"},
+        {"EXRULE",
+         {"DTSTART:20261102T0900", "RRULE:FREQ=DAILY;COUNT=6", "EXRULE:FREQ=WEEKLY;BYDAY=TU,TH,SA"},
+         "20261102T0900/20261102T0900 20261104T0900/20261104T0900 20261106T0900/20261106T0900"},
+        {"EXRULE that counts", // two of its own, the start is none of them
+         {"DTSTART:20261102", "RRULE:FREQ=DAILY;COUNT=4", "EXRULE:FREQ=DAILY;BYDAY=TU,WE,TH;COUNT=2"},
+         "20261102/20261103* 20261105/20261106*"},
+        {"clock parts of whole days",
+         {"DTSTART:20261102", "RRULE:FREQ=DAILY;COUNT=2;BYHOUR=1,2"},
+         "20261102/20261103* 20261103/20261104*"},
+        {"several times a day",
+         {"DTSTART:20261102T0900", "RRULE:FREQ=DAILY;COUNT=3;BYHOUR=9,17;BYMINUTE=0"},
+         "20261102T0900/20261102T0900 20261102T1700/20261102T1700 20261103T0900/20261103T0900"},
+        {"hours over the night that is longer",
+         {"DTSTART;TZID=Europe/Berlin:20261025T000000Z", "RRULE:FREQ=HOURLY;INTERVAL=12;COUNT=2"},
+         "20261025/20261025 20261025T1200/20261025T1200"},
+    };
+    for (const auto& row : rows) {
+        std::string lines;
+        for (const char* line : row.lines) {
+            lines += std::string(line) + "\r\n";
+        }
+        EXPECT_EQ(ShownIn2026("BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\n" + lines + "END:VEVENT\r\nEND:VCALENDAR\r\n"),
+                  row.shown)
+            << row.name;
+    }
+    Document document;
+    document.Load(CalendarWith({"DTSTART:20261102", "RRULE:FREQ=HOURLY"}));
+    EXPECT_NE(AllMessages(document).find("whole days cannot repeat within a day"), std::string::npos);
+}
+
+TEST(Reader, ReplacementsFollowSequenceAndRange)
+{
+    const auto calendar = [](const std::string& replacements) {
+        return Joined({"BEGIN:VCALENDAR", "BEGIN:VEVENT", "UID:a", "DTSTART;TZID=Asia/Tokyo:20261102T0900",
+                       "DURATION:PT1H", "RRULE:FREQ=DAILY;COUNT=4", "EXDATE;TZID=Asia/Tokyo:20261105T0900",
+                       "END:VEVENT"}) +
+               replacements + "END:VCALENDAR\r\n";
+    };
+    const auto replacement = [](const char* id, const char* start, const char* more) {
+        return Joined({"BEGIN:VEVENT", "UID:a", id, start, "DURATION:PT30M", more, "END:VEVENT"});
+    };
+    // The higher SEQUENCE counts wherever it stands; of two alike the later one.
+    const std::string high = replacement("RECURRENCE-ID:20261103T000000Z", "DTSTART:20261110T0900", "SEQUENCE:10");
+    const std::string low =
+        replacement("RECURRENCE-ID;TZID=Asia/Tokyo:20261103T0900", "DTSTART:20261111T0900", "SEQUENCE:9");
+    const std::string around = "20261102T0900/20261102T1000 20261104T0900/20261104T1000 ";
+    EXPECT_EQ(ShownIn2026(calendar(high + low)), around + "20261110T0900/20261110T0930");
+    EXPECT_EQ(ShownIn2026(calendar(low + high)), around + "20261110T0900/20261110T0930");
+    EXPECT_EQ(ShownIn2026(calendar(high + high + low)), around + "20261110T0900/20261110T0930");
+    Document document;
+    document.Load(calendar(high + low));
+    const auto shown = document.OccurrencesIn(At(kYear2026), At(kYear2027));
+    ASSERT_TRUE(document.Delete(shown.back().id, Scope::ThisOccurrence).isDone);
+    Document again;
+    again.Load(document.Save());
+    EXPECT_EQ(Shown(again.OccurrencesIn(At(kYear2026), At(kYear2027))),
+              "20261102T0900/20261102T1000 20261104T0900/20261104T1000");
+    // This and the later ones: an hour and a day later, half as long; another one replaced, one left out.
+    const std::string range = replacement("RECURRENCE-ID;RANGE=THISANDFUTURE:20261103T000000Z",
+                                          "DTSTART;TZID=Asia/Tokyo:20261104T1000", "SUMMARY:later");
+    EXPECT_EQ(ShownIn2026(calendar(range)),
+              "20261102T0900/20261102T1000 20261104T1000/20261104T1030 20261105T1000/20261105T1030");
+    document.Load(calendar(range));
+    const auto following = document.OccurrencesIn(At("20261105"), At("20261106"));
+    ASSERT_EQ(following.size(), 1u);
+    EXPECT_EQ(following[0].event->summary, "later");
+    const EditResult moved = document.Move(following[0].id, {At("20261105T1200"), At("20261105T1230"), false});
+    ASSERT_TRUE(moved.isDone) << moved.problem;
+    again.Load(document.Save());
+    const auto after = again.OccurrencesIn(At("20261105"), At("20261106"));
+    EXPECT_EQ(Shown(after), "20261105T1200/20261105T1230");
+    EXPECT_EQ(after[0].event->summary, "later");
+    EXPECT_EQ(again.OccurrencesIn(At(kYear2026), At(kYear2027)).size(), 3u);
+    EXPECT_FALSE(document.SetText(following[0].id, TextField::Summary, "x", Scope::ThisAndFollowing).isDone);
+}
+
+TEST(Reader, HostileRulesCostLittleAndSaySo)
+{
+    Document document;
+    document.Load(CalendarWith({"DTSTART:20000101T000000", "RRULE:FREQ=SECONDLY;UNTIL=20991231T235959"}));
+    EXPECT_NE(AllMessages(document).find("only the first 5000 occurrences"), std::string::npos);
+    bool isWhole = true;
+    const auto day = document.OccurrencesIn(At("20261121"), At("20261122"), &isWhole);
+    EXPECT_FALSE(isWhole);
+    ASSERT_EQ(day.size(), kMaxOccurrencesOfEvent);
+    EXPECT_EQ(day.front().times.start, At("20261121"));
+    EXPECT_EQ(document.OccurrencesIn(At("20261121"), At("20261121T0100"), &isWhole).size(), 3600u);
+    EXPECT_TRUE(isWhole);
 }
 
 TEST(Reader, OccurrencesMeetTheWindow)
@@ -180,6 +289,8 @@ TEST(Reader, FilesWithLostEndsHideNothing)
          "BEGIN:VCALENDAR\nBEGIN:VEVENT\nDTSTART:20260101\nEND:VEVENT\nEND:VCALENDAR",
          "20260101/20260102*", ""},
         {"bare CR", "BEGIN:VEVENT\rDTSTART:20260101\rEND:VEVENT\r", "20260101/20260102*", ""},
+        {"an END alone in a time zone", "BEGIN:VTIMEZONE\nTZID:A\nEND:STANDARD\nEND:VTIMEZONE\n", "",
+         "1: the VTIMEZONE \"A\" has no readable offsets\n3: END:STANDARD has no BEGIN\n"},
         {"event in event", "BEGIN:VEVENT\nDTSTART:20260101\nBEGIN:VEVENT\nDTSTART:20260102\nEND:VEVENT\n",
          "20260101/20260102* 20260102/20260103*", "1: BEGIN:VEVENT has no END\n"},
         {"alarm not closed", "BEGIN:VEVENT\nBEGIN:VALARM\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:20260101\nEND:VEVENT\n",

@@ -67,31 +67,34 @@ TEST(CivilTime, ReadsDurations)
     const struct
     {
         const char* text;
-        std::int64_t seconds; // -1: refused
+        std::optional<Duration> duration; // nothing: refused
         const char* written;
     } rows[] = {
-        {"P1W", 7 * kDaySeconds, "P7D"},
-        {"P1DT2H3M4S", kDaySeconds + 7384, "P1DT2H3M4S"},
-        {"PT90M", 5400, "PT1H30M"},
-        {"PT0S", 0, "PT0M"},
-        {"+pt5m", 300, "PT5M"},
-        {"P", -1, ""},
-        {"PT", -1, ""},
-        {"P5", -1, ""},
-        {"P1H", -1, ""},
-        {"PT1D", -1, ""},
-        {"P99999999999D", -1, ""},
-        {"1H", -1, ""},
-        {"P999999999W", kEndOfTime - kEarliestTime, "P3615900D"},
+        {"P1W", {{7, 0}}, "P7D"},
+        {"P1DT2H3M4S", {{1, 7384}}, "P1DT2H3M4S"},
+        {"PT1M", {{0, 60}}, "PT1M"},
+        {"PT61M", {{0, 3660}}, "PT1H1M"},
+        {"PT90M", {{0, 5400}}, "PT1H30M"},
+        {"PT36H", {{0, 36 * kHourSeconds}}, "PT36H"},
+        {"PT0S", {{0, 0}}, "PT0M"},
+        {"+pt5m", {{0, 300}}, "PT5M"},
+        {"P", {}, ""},
+        {"PT", {}, ""},
+        {"P5", {}, ""},
+        {"P1H", {}, ""},
+        {"PT1D", {}, ""},
+        {"P99999999999D", {}, ""},
+        {"1H", {}, ""},
+        {"P999999999W", {{3615900, 0}}, "P3615900D"},
     };
     for (const auto& row : rows) {
-        const auto seconds = ParseDuration(row.text);
-        EXPECT_EQ(seconds.value_or(-1), row.seconds) << row.text;
-        if (seconds) {
-            EXPECT_EQ(FormatDuration(*seconds), row.written);
+        const auto duration = ParseDuration(row.text);
+        EXPECT_EQ(duration, row.duration) << row.text;
+        if (duration) {
+            EXPECT_EQ(FormatDuration(*duration), row.written);
         }
     }
-    EXPECT_EQ(ParseDuration("-PT15M"), -900);
+    EXPECT_EQ(ParseDuration("-PT15M"), (Duration{0, -900}));
 }
 
 TEST(Text, RepairsUtf8AndConverts)

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "DocumentState.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace dayvane::ical {
+
+// One edit of one occurrence: collects what it makes of the texts of events, then commits them as one step.
+class DocumentEdit
+{
+public:
+    DocumentEdit(DocumentState& state, const OccurrenceId& id);
+
+    EditResult Change(const EventChanges& changes, Scope scope);
+    EditResult Delete(Scope scope);
+    EditResult Copy(const EventTimes& times);
+
+private:
+    using Entry = DocumentState::Entry;
+
+    const char* Check() const; // nullptr: the occurrence is there and can be edited
+    ComponentText& TextOf(const Entry& entry);
+    void Kill(const Entry& entry);
+    void ApplyTexts(ComponentText& text, const EventChanges& changes) const;
+    EditResult Finish(const OccurrenceId& idAfter);
+    EditResult Finished(EditResult result, EventId series);
+
+    EditResult ChangeAlone(const EventChanges& changes);
+    EditResult ReplaceOccurrence(const EventChanges& changes);
+    EditResult ChangeSeries(const EventChanges& changes);
+    EditResult ChangeFollowing(const EventChanges& changes);
+    const char* MoveSeries(ComponentText& text, const Event& event, const Occurrence& anchor, const EventTimes& times,
+                           LocalTime& shiftedStart);
+    bool IsShiftSound(std::string_view rule, const Event& event, LocalTime from, LocalTime to) const;
+    bool LimitTail(ComponentText& tail, const Event& event, LocalTime first) const;
+    std::optional<LocalTime> RuleStartFrom(LocalTime original) const;
+    void EndBefore(LocalTime original);
+    void DeleteReplacement();
+
+    EventTimes TimesOfAnchor(const Occurrence& anchor, const EventTimes& times) const;
+    LocalTime OriginalOnSeries() const;
+    bool IsFirst(LocalTime original);
+    bool HasChangesOfFollowing();
+    std::vector<DocumentState::EntryRef> ReplacementsFrom(LocalTime original);
+
+    DocumentState& m_state;
+    OccurrenceId m_id;
+    std::optional<Occurrence> m_occurrence;
+    Entry* m_entry = nullptr;
+    Entry* m_series = nullptr; // that the occurrence is of or was; may be m_entry
+    std::map<EventId, ComponentText> m_texts;
+    std::vector<EventId> m_killed;
+};
+
+EditResult Refuse(const char* problem);
+std::string UnusedUid(const DocumentState& state);
+TimeForm StartForm(const ComponentText& text, const WritingContext& context);
+// The reason why occurrences that the file changes together are not edited.
+extern const char kChangedFollowing[];
+
+EditResult CreateEvent(DocumentState& state, const EventTimes& times, const std::string& summary);
+
+} // namespace dayvane::ical
