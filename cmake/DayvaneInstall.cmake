@@ -1,5 +1,6 @@
 # What an installed Dayvane consists of: the library, the compiler's DLLs that it needs, the headers in the folders that
-# they name each other by, and the CMake package `Dayvane` with the target `Dayvane::Dayvane`.
+# they name each other by, and the CMake package `Dayvane` with the targets `Dayvane::Dayvane` and, for calendar files
+# alone, `Dayvane::ICal`.
 
 include(CMakePackageConfigHelpers)
 
@@ -14,6 +15,9 @@ install(TARGETS Dayvane EXPORT DayvaneTargets
   RUNTIME DESTINATION bin ARCHIVE DESTINATION lib LIBRARY DESTINATION lib
   FILE_SET HEADERS DESTINATION ${header_root}
   FILE_SET entrance DESTINATION include)
+install(TARGETS DayvaneICal EXPORT DayvaneTargets
+  ARCHIVE DESTINATION lib
+  FILE_SET HEADERS DESTINATION ${header_root})
 install(FILES ${DAYVANE_RUNTIME_DLLS} DESTINATION bin)
 
 install(EXPORT DayvaneTargets NAMESPACE Dayvane:: FILE DayvaneConfig.cmake DESTINATION ${package_dir})

@@ -82,6 +82,6 @@ command_install() {
 
 install_package() {
     local preset=$1 prefix=$2
-    build "$preset" Dayvane
+    build "$preset" Dayvane DayvaneICal
     run_logged "install-$preset" "Installing $preset" cmake --install "$BUILD/$preset" --prefix "$prefix"
 }

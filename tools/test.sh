@@ -252,10 +252,13 @@ build_package_host() {
 
 # run_package_host PRESET LABEL RUNNER...
 run_package_host() {
-    local preset=$1 label=$2 host=$BUILD/package/$1-host/package_host
+    local preset=$1 label=$2 host program
     shift 2
-    [ -e "$host" ] || host=$host.exe
-    run_plain_program "$label package" "$@" "$host"
+    for program in package_host ical_host; do
+        host=$BUILD/package/$preset-host/$program
+        [ -e "$host" ] || host=$host.exe
+        run_plain_program "$label package ${program%_host}" "$@" "$host"
+    done
 }
 
 # run_plain_program LABEL COMMAND...: one result, told by the exit status.
