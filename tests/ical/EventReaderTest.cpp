@@ -243,6 +243,16 @@ TEST(Reader, OccurrencesMeetTheWindow)
     for (const auto& row : rows) {
         EXPECT_EQ(document.OccurrencesIn(At(row.from), At(row.to)).size(), row.count) << row.from;
     }
+    // By start, longer ones first, then as they stand in the file.
+    std::string texts, order;
+    for (const char* end : {"DTEND:20261121T1000", "DTEND:20261121T1100", "DTEND:20261121T1000"}) {
+        texts += CalendarWith({"DTSTART:20261121T0900", end});
+    }
+    document.Load(texts + CalendarWith({"DTSTART:20261121T0830", "DTEND:20261121T0845"}));
+    for (const Occurrence& occurrence : document.OccurrencesIn(At("20261121"), At("20261122"))) {
+        order += std::to_string(occurrence.id.event);
+    }
+    EXPECT_EQ(order, "4213");
     document.Load(CalendarWith({"DTSTART:20240101", "DTEND:20240108", "RRULE:FREQ=MONTHLY"}));
     EXPECT_EQ(Shown(document.OccurrencesIn(At("20261107"), At("20261108"))), "20261101/20261108*");
     EXPECT_EQ(Shown(document.OccurrencesIn(At("20261108"), At("20261201"))), "");
