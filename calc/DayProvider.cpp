@@ -6,6 +6,8 @@
 
 namespace dayvane {
 namespace {
+const DayProvider* g_defaultProvider = nullptr;
+
 class StandardDays : public DayProvider
 {
 public:
@@ -57,5 +59,15 @@ const DayProvider& StandardDayProvider()
 {
     static const StandardDays days;
     return days;
+}
+
+void SetDefaultDayProvider(const DayProvider* provider)
+{
+    g_defaultProvider = provider;
+}
+
+const DayProvider* DefaultDayProvider()
+{
+    return g_defaultProvider;
 }
 } // namespace dayvane

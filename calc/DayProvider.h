@@ -48,4 +48,9 @@ public:
 // The days that AnnotateDay tells: CCalcHoliday's named day, then the solar term. Like these it is for the thread of
 // the user interface only. Lives as long as the library.
 const DayProvider& StandardDayProvider();
+
+// The provider of all views and pickers that have none of their own; nullptr, as at first: the standard one. It must
+// live as long as it is set. For the thread of the user interface; windows show it after their next Refresh or range.
+void SetDefaultDayProvider(const DayProvider* provider);
+const DayProvider* DefaultDayProvider();
 } // namespace dayvane

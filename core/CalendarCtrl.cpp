@@ -233,6 +233,19 @@ CString CCalendarCtrl::WhatsToday(COleDateTime date)
     return dayvane::WhatsToday(date);
 }
 
+void CCalendarCtrl::SetDayProvider(const DayProvider* pProvider)
+{
+    m_pDayProvider = pProvider;
+    DayProviderChanged();
+    if (m_hWnd) {
+        Invalidate(FALSE);
+    }
+}
+
+void CCalendarCtrl::DayProviderChanged()
+{
+}
+
 // ---- Appearance
 
 int CCalendarCtrl::SetImageList(CImageList* pImageList)

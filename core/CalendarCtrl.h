@@ -29,6 +29,9 @@
 
 struct CPrintInfo;
 class CInPlaceEdit;
+namespace dayvane {
+class DayProvider;
+}
 
 class CCalendarCtrl : public CWnd
 {
@@ -145,6 +148,7 @@ protected:
     // The mouse has moved a bound of the selection, or both.
     virtual void SelectionMoved();
     virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
+    virtual void DayProviderChanged(); // what the view keeps of the shown days is out of date
 
 public:
     // ---- Items and selection.
@@ -171,6 +175,10 @@ public:
     static CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arDayColors;
     // Holiday name and solar term of the date: "name", " term" or "name term"; empty for a plain day.
     static CString WhatsToday(COleDateTime date);
+    // Names, days off and colours of the shown dates; nullptr: the process-wide provider (SetDefaultDayProvider), at
+    // first the required annotations. It must live as long as it is set; call again after it answers differently.
+    void SetDayProvider(const dayvane::DayProvider* pProvider);
+    const dayvane::DayProvider* GetDayProvider() const { return m_pDayProvider; }
 
     // ---- Appearance.
 
@@ -323,6 +331,7 @@ protected:
     BOOL m_bShowCaption = TRUE;
     CString m_strCaption;
     BOOL m_bShowHoliday = TRUE;
+    const dayvane::DayProvider* m_pDayProvider = nullptr;
     BOOL m_bShow24Setuki = TRUE;
     BOOL m_bHoverEvents = FALSE;
     int m_nFirstDayOfWeek = 1;

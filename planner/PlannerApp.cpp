@@ -2,6 +2,7 @@
 #include <afxext.h>
 #include <afxwin.h>
 
+#include "calc/DayCalendar.h"
 #include "planner/CommandLine.h"
 #include "planner/PlannerFrame.h"
 #include "planner/WindowPicture.h"
@@ -17,7 +18,11 @@ public:
     CPlannerApp() : CWinApp("Planner") {}
     BOOL InitInstance() override;
     BOOL OnIdle(LONG lCount) override;
-    int ExitInstance() override { return m_failed ? EXIT_FAILURE : CWinApp::ExitInstance(); }
+    int ExitInstance() override
+    {
+        dayvane::SetDefaultDayProvider(nullptr);
+        return m_failed ? EXIT_FAILURE : CWinApp::ExitInstance();
+    }
 
 protected:
     DECLARE_MESSAGE_MAP()
@@ -26,6 +31,7 @@ private:
     void TellMessages(CPlannerFrame& frame);
 
     planner::CommandLine m_line;
+    dayvane::DayCalendar m_days; // today's law and the exact sky, in every view
     bool m_failed = false;
 };
 
@@ -38,6 +44,7 @@ CPlannerApp theApp;
 
 BOOL CPlannerApp::InitInstance()
 {
+    dayvane::SetDefaultDayProvider(&m_days);
     m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
     start.view = m_line.view.empty() ? planner::DefaultView() : planner::FindView(m_line.view);

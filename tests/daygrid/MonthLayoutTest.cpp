@@ -1,6 +1,7 @@
 // The month grid as a value: cells, dates, looks.
 #include "DayGridTesting.h"
 
+#include "core/DayNote.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayLook.h"
 #include "views/daygrid/MonthLayout.h"
@@ -30,7 +31,7 @@ struct Grid
 BoxDayArray DatesAround(const COleDateTime& date, int firstDayOfWeek = 1)
 {
     BoxDayArray dates;
-    FillDays(BoxRange(RangeKind::Month, date, firstDayOfWeek), date, Day(2026, 3, 2), dates);
+    FillDays(BoxRange(RangeKind::Month, date, firstDayOfWeek), date, Day(2026, 3, 2), nullptr, dates);
     return dates;
 }
 
@@ -105,9 +106,58 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     EXPECT_STREQ(dates[seimei].m_strText, dates[seimei].m_strHoliday + " 清明");
 
     FillDays(BoxRange::FromDay(RangeKind::Month, DayNumberOf(Day(2027, 3, 1))), Day(2026, 3, 17), Day(2026, 3, 2),
-             dates);
+             nullptr, dates);
     EXPECT_EQ(dates[0].m_nFlags, 1u) << "months are compared without their years";
     EXPECT_EQ(dates[1].m_nFlags, 1u) << "2 March of another year is not today";
+}
+
+TEST(MonthDates, TakeWhatTheDayProviderSays)
+{
+    class OwnDays : public DayProvider
+    {
+    public:
+        DayInfo InfoOf(const CivilDate& date) const override
+        {
+            DayInfo info;
+            if (date.day == 5) {
+                info = {{{u8"創立記念日", DayKind::HostDay}, {u8"啓蟄", DayKind::SolarTerm}}, true, 4};
+            } else if (date.day == 6) {
+                info.isDayOff = true;
+            } else if (date.day == 7) {
+                info = {{{u8"café", DayKind::Observance}, {u8"彼岸", DayKind::SeasonalDay}}, false, 99};
+            }
+            return info;
+        }
+    };
+    const OwnDays ownDays;
+    BoxDayArray dates = DatesAround(Day(2026, 3, 17));
+    dates[4].m_dayProperty.strText = "of the host";
+    AnnotateDays(&ownDays, dates);
+    const DayColorTable table = ColorTable();
+    const DayLookInput input = {table, kSelectedText, true, true, false, 0, -1};
+    struct Case
+    {
+        int cell;
+        const char* annotation;
+        COLORREF number, background;
+    };
+    for (const Case& c :
+         {Case{4, "創立記念日 啓蟄 of the host", 0x207, 0x401}, // the holiday's text, the provider's row
+          {5, "", 0x207, 0x201},
+          {6, "caf? 彼岸", 0x307, 0x301}, // a Saturday; a row that the table lacks
+          {19, "", 0x107, 0x101}}) {      // 20 March is not a holiday of this provider
+        const DayLook look = CalcDayLook(dates[c.cell], false, 0, input);
+        EXPECT_STREQ(look.annotation, c.annotation);
+        EXPECT_EQ(look.dayNumberColor, c.number) << c.cell;
+        EXPECT_EQ(look.background, c.background) << c.cell;
+    }
+    EXPECT_EQ(CalcDayLook(dates[4], false, 6, input).background, 0x601u) << "the host's colour of the day comes first";
+
+    SetDefaultDayProvider(&ownDays);
+    EXPECT_STREQ(DatesAround(Day(2026, 3, 17))[4].m_strHoliday, "創立記念日");
+    EXPECT_STREQ(NoteOf(Day(2026, 3, 20), &StandardDayProvider()).name, "春分の日") << "a view's own comes first";
+    SetDefaultDayProvider(nullptr);
+    EXPECT_STREQ(DatesAround(Day(2026, 3, 17))[19].m_strHoliday, "春分の日");
 }
 
 TEST(MonthDates, EndWhereDatesEnd)

@@ -1,13 +1,13 @@
 #include "views/daygrid/DayCells.h"
 
-#include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
+#include "core/DayNote.h"
 #include "views/daygrid/BoxRange.h"
 
 namespace dayvane {
 namespace {
 
-BoxDay InfoOf(const COleDateTime& date, int currentMonth, const CivilDate& today)
+BoxDay DayOf(const COleDateTime& date, int currentMonth, const CivilDate& today)
 {
     BoxDay info;
     info.m_date = date;
@@ -21,29 +21,39 @@ BoxDay InfoOf(const COleDateTime& date, int currentMonth, const CivilDate& today
     if (fields == today) {
         info.m_nFlags |= DAY_TODAY;
     }
-    const DayAnnotation annotation = AnnotateDay(date);
-    if (annotation.holidayName) {
-        info.m_strHoliday = annotation.holidayName;
-        info.m_bHoliday = 1;
-        info.m_nHolidayType = annotation.isDayOff ? 0 : 1;
-    }
-    if (annotation.solarTerm) {
-        info.m_strText = AnnotationText(annotation);
-        info.m_bSolarTerm = 1;
-    }
     return info;
+}
+
+// A day off without a name is one too: the host's provider need not name it.
+void Annotate(const DayNote& note, BoxDay& day)
+{
+    day.m_strHoliday = note.name;
+    day.m_bHoliday = note.isDayOff || !note.name.IsEmpty() ? 1 : 0;
+    day.m_nHolidayType = day.m_bHoliday == 0 || note.isDayOff ? 0 : 1;
+    day.m_bSolarTerm = note.term.IsEmpty() ? 0 : 1;
+    day.m_strText = day.m_bSolarTerm == 1 ? note.name + " " + note.term : CString();
+    day.m_nColorRow = note.colorRow;
 }
 
 } // namespace
 
-void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, BoxDayArray& days)
+void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
+              const DayProvider* provider, BoxDayArray& days)
 {
     const int currentMonth = CivilDateOf(current).month;
     const CivilDate todayFields = CivilDateOf(today);
     days.RemoveAll();
     days.SetSize(range.Count());
     for (int i = 0; i < range.Count(); ++i) {
-        days[i] = InfoOf(range.DateOfBox(i), currentMonth, todayFields);
+        days[i] = DayOf(range.DateOfBox(i), currentMonth, todayFields);
+    }
+    AnnotateDays(provider, days);
+}
+
+void AnnotateDays(const DayProvider* provider, BoxDayArray& days)
+{
+    for (int i = 0; i < static_cast<int>(days.GetSize()); ++i) {
+        Annotate(NoteOf(days[i].m_date, provider), days[i]);
     }
 }
 

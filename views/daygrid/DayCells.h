@@ -6,6 +6,7 @@
 namespace dayvane {
 
 class BoxRange;
+class DayProvider;
 
 // A box of the grid or of the header.
 class MonthCell
@@ -37,6 +38,7 @@ public:
     int m_bHoliday = 0;     // 1: a named day
     int m_nHolidayType = 0; // of a named day: 0 day off, 1 observance
     int m_bSolarTerm = 0;
+    int m_nColorRow = 0;                    // of the day provider; 0: none
     tagCALENDAR_DAY_PROPERTY m_dayProperty; // set by the host
 };
 
@@ -44,8 +46,11 @@ using MonthCellArray = CArray<MonthCell, const MonthCell&>;
 using BoxDayArray = CArray<BoxDay, const BoxDay&>;
 
 // The days of the range with their annotations; properties are empty. Flags are set against the month (of any year) of
-// `current` and against `today`.
-void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today, BoxDayArray& days);
+// `current` and against `today`. provider: see NoteOf in core/DayNote.h.
+void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
+              const DayProvider* provider, BoxDayArray& days);
+// Asks the provider again for days that are there; all else of them stays.
+void AnnotateDays(const DayProvider* provider, BoxDayArray& days);
 
 // The month view's range, as its days stand.
 BoxRange RangeOf(const BoxDayArray& days);

@@ -51,8 +51,10 @@ CString TimeText(const COleDateTime& time)
 
 } // namespace
 
-DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int dayColor, const DayLookInput& input)
+DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const DayLookInput& input)
 {
+    const bool hasProvidedColor = info.m_nColorRow > 0 && info.m_nColorRow <= input.colors.GetSize();
+    const int dayColor = hostColor == 0 && hasProvidedColor ? info.m_nColorRow : hostColor;
     DayLook look;
     look.background = RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_BACKGROUND];
     look.today = (info.m_nFlags & DAY_TODAY) != 0;

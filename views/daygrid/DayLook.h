@@ -45,9 +45,9 @@ struct DayLook
     COLORREF dayNumberColor;
 };
 
-// dayColor: the control's GetDayColor for the day, 0 none. A row that the table does not have throws
-// CInvalidArgException.
-DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int dayColor, const DayLookInput& input);
+// hostColor: the control's GetDayColor for the day, 0 none: then the day provider's counts. A row that the table does
+// not have throws CInvalidArgException.
+DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const DayLookInput& input);
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.
 CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode);

@@ -75,7 +75,12 @@ void CMonthViewCtrl::CalcCalendar()
 
 void CMonthViewCtrl::ShowRange(const BoxRange& range)
 {
-    FillDays(range, m_dtCurrent, Now(), m_arCellDate);
+    FillDays(range, m_dtCurrent, Now(), GetDayProvider(), m_arCellDate);
+}
+
+void CMonthViewCtrl::DayProviderChanged()
+{
+    AnnotateDays(GetDayProvider(), m_arCellDate);
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)

@@ -59,6 +59,7 @@ protected:
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar) override;
     virtual CSize CalcCellSize(CRect rcCalendar);
     virtual void CalcCellRect(CRect rcHeader, const CRect& rcCalendar);
+    void DayProviderChanged() override;
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;

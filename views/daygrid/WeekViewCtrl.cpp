@@ -68,7 +68,12 @@ void CWeekViewCtrl::SetCurrentDate(const COleDateTime& date)
 
 void CWeekViewCtrl::RangeChanged()
 {
-    FillDays(Range(), Range().FirstDate(), Now(), m_arDayDate);
+    FillDays(Range(), Range().FirstDate(), Now(), GetDayProvider(), m_arDayDate);
+}
+
+void CWeekViewCtrl::DayProviderChanged()
+{
+    AnnotateDays(GetDayProvider(), m_arDayDate);
 }
 
 BOOL CWeekViewCtrl::HasMoreMark(int nBox)

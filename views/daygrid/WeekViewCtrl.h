@@ -36,6 +36,7 @@ public:
 
 protected:
     void RangeChanged() override;
+    void DayProviderChanged() override;
     BOOL HasMoreMark(int nBox) override; // never the eighth
     CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
 

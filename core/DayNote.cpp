@@ -1,0 +1,45 @@
+#include "core/DayNote.h"
+
+#include "calc/CodePage932.h"
+#include "calc/DayAnnotation.h"
+#include "core/DateMath.h"
+
+namespace dayvane {
+namespace {
+
+void Append(CString& text, const std::string& utf8)
+{
+    std::string bytes;
+    CodePage932FromUtf8(utf8, bytes);
+    if (!text.IsEmpty()) {
+        text += ' ';
+    }
+    text += bytes.c_str();
+}
+
+} // namespace
+
+DayNote NoteOf(const COleDateTime& date, const DayProvider* provider)
+{
+    DayNote note;
+    if (!provider) {
+        provider = DefaultDayProvider();
+    }
+    if (!provider) {
+        const DayAnnotation annotation = AnnotateDay(date);
+        note.name = annotation.holidayName;
+        note.term = annotation.solarTerm;
+        note.isDayOff = annotation.isDayOff;
+    } else if (IsValid(date)) {
+        const DayInfo info = provider->InfoOf(CivilDateOf(date));
+        for (const DayName& name : info.names) {
+            const bool isTerm = name.kind == DayKind::SolarTerm || name.kind == DayKind::SeasonalDay;
+            Append(isTerm ? note.term : note.name, name.text);
+        }
+        note.isDayOff = info.isDayOff;
+        note.colorRow = info.colorRow;
+    }
+    return note;
+}
+
+} // namespace dayvane

@@ -1,0 +1,23 @@
+// What a view writes beside a date, as its day provider says it.
+#pragma once
+
+#include "../calc/DayProvider.h"
+
+#include <afx.h>
+#include <afxdisp.h>
+
+namespace dayvane {
+
+struct DayNote
+{
+    CString name; // holidays, observances and the host's days, a space between; code page 932; empty: none
+    CString term; // solar terms and seasonal days, likewise
+    bool isDayOff = false;
+    int colorRow = 0; // see DayInfo::colorRow
+};
+
+// provider nullptr: the process-wide one, and where there is none the annotations that AnnotateDay gives. Empty for a
+// date that is not valid. Characters that the code page lacks become question marks.
+DayNote NoteOf(const COleDateTime& date, const DayProvider* provider);
+
+} // namespace dayvane
