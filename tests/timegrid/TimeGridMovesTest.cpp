@@ -1,3 +1,4 @@
+#include "calc/DayCalendar.h"
 #include "core/DateMath.h"
 #include "timegrid/GridItems.h"
 #include "views/timegrid/TimeGridLook.h"
@@ -88,15 +89,20 @@ TEST(Look, TextsTellWhatTheBoxCannot)
         EXPECT_STREQ(bar.text, BandItemText(item)) << bar.piece;
     }
 
-    const ShownDay showaDay = ShownDay::Of(At(9, 0, 29)); // a Saturday
+    const ShownDay showaDay = ShownDay::Of(At(9, 0, 29), nullptr); // a Saturday
     const GridCaptionTexts caption = CaptionOfDay(showaDay, true, true);
     EXPECT_STREQ("4.29 (土)     Saturday, 29 April, 2017  昭和の日",
                  caption.date + caption.weekday + caption.longDate + caption.holiday);
     EXPECT_STREQ("", CaptionOfDay(showaDay, false, true).holiday);
-    EXPECT_STREQ(" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20)), true, true).solarTerm);
+    EXPECT_STREQ(" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true).solarTerm);
     EXPECT_STREQ("12.31 - 1.1",
                  CaptionOfDays(COleDateTime(2017, 12, 31, 0, 0, 0), COleDateTime(2018, 1, 1, 0, 0, 0)).date);
     EXPECT_STREQ("4/29 (土)", HeaderOfDay(showaDay, true, "").longDate);
     EXPECT_STREQ("昭和の日", HeaderOfDay(showaDay, true, "").note);
+    const DayCalendar todaysLaw;
+    const COleDateTime mountainDay(2026, 8, 11, 0, 0, 0);
+    EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, 0).colorRow, 1);
+    EXPECT_STREQ("山の日", HeaderOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, "").note);
+    EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, nullptr), true, 0).colorRow, 0);
     EXPECT_STREQ("出張", HeaderOfDay(showaDay, true, "出張").note);
 }

@@ -12,7 +12,7 @@
 #include <vector>
 
 namespace dayvane {
-struct DayKind;
+struct DayTone;
 struct DayRange;
 struct GridScroll;
 struct GridSelection;
@@ -80,6 +80,7 @@ protected:
     void DrawCtrl(CDC* pDC) override;
     void DrawRuler(CDC* pDC, CRect rcRuler) override;
     void InvalidateItemRect(int nIndex) override;
+    void DayProviderChanged() override;
     void InvalidateCellRectRange() override;
     // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
     void GetCurCellRect(CRect& rect, int& nMode) override;
@@ -112,7 +113,7 @@ protected:
     dayvane::TimeGridPainter Painter(CDC* pDC) const;
     // The shown days with their holidays and terms, worked out anew when others are shown.
     const std::vector<dayvane::ShownDay>& GetShownDays();
-    dayvane::DayKind KindOfColumn(int nColumn);
+    dayvane::DayTone ToneOfColumn(int nColumn);
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);

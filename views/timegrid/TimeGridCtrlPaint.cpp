@@ -21,15 +21,23 @@ const std::vector<ShownDay>& CTimeGridCtrl::GetShownDays()
     if (static_cast<int>(days.size()) != range.days || !days[0].IsFor(range.first)) {
         days.clear();
         for (int i = 0; i < range.days; ++i) {
-            days.push_back(ShownDay::Of(range.DayOf(i)));
+            days.push_back(ShownDay::Of(range.DayOf(i), GetDayProvider()));
         }
     }
     return days;
 }
 
-DayKind CTimeGridCtrl::KindOfColumn(int nColumn)
+void CTimeGridCtrl::DayProviderChanged()
 {
-    return KindOfDay(GetShownDays()[nColumn], m_bShowHoliday != FALSE, GetDayColor(nColumn));
+    m_pParts->shownDays.clear();
+}
+
+DayTone CTimeGridCtrl::ToneOfColumn(int nColumn)
+{
+    const ShownDay& day = GetShownDays()[nColumn];
+    const int hostColor = GetDayColor(nColumn);
+    const bool hasProvidedColor = day.note.colorRow > 0 && day.note.colorRow <= m_arDayColors.GetSize();
+    return ToneOfDay(day, m_bShowHoliday != FALSE, hostColor == 0 && hasProvidedColor ? day.note.colorRow : hostColor);
 }
 
 // Bands come after the grid and its items: what is scrolled up never shows over them.
@@ -74,15 +82,15 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     if (!painter.IsVisible(column)) {
         return;
     }
-    const DayKind kind = KindOfColumn(nColumn);
+    const DayTone tone = ToneOfColumn(nColumn);
     const bool worksOnDay =
-        IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!kind.isDayOff || IsColumnUseMyWorkTime(nColumn));
+        IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!tone.isDayOff || IsColumnUseMyWorkTime(nColumn));
     // A selection of whole days shows in the band.
     RowRange selected;
     if (IsSelectionDrawn() && !m_bFulldaySelection) {
         selected = SelectedRows(state, nColumn, m_dtSelBegin, m_dtSelEnd);
     }
-    const RowLookInput input = {state.scale, m_arDayColors[kind.colorRow], m_colors.highlight,
+    const RowLookInput input = {state.scale, m_arDayColors[tone.colorRow], m_colors.highlight,
                                 m_workTime.dtStart.GetHour()};
     const RowRange rows = painter.VisibleRows();
     std::vector<RowLook> looks;

@@ -41,27 +41,27 @@ CString Joined(const char* format, const CString& first, const CString& second)
 }
 } // namespace
 
-ShownDay ShownDay::Of(const COleDateTime& date)
+ShownDay ShownDay::Of(const COleDateTime& date, const DayProvider* provider)
 {
     ShownDay day;
     day.date = date;
     day.dayOfWeek = date.GetDayOfWeek();
-    day.annotation = AnnotateDay(date);
+    day.note = NoteOf(date, provider);
     return day;
 }
 
-DayKind KindOfDay(const ShownDay& day, bool showHolidays, int dayColor)
+DayTone ToneOfDay(const ShownDay& day, bool showHolidays, int dayColor)
 {
-    DayKind kind;
-    kind.isDayOff = showHolidays && day.annotation.isDayOff;
+    DayTone tone;
+    tone.isDayOff = showHolidays && day.note.isDayOff;
     if (dayColor != 0) {
-        kind.colorRow = dayColor - 1;
-    } else if (kind.isDayOff || day.dayOfWeek == kSunday) {
-        kind.colorRow = kSundayRow;
+        tone.colorRow = dayColor - 1;
+    } else if (tone.isDayOff || day.dayOfWeek == kSunday) {
+        tone.colorRow = kSundayRow;
     } else if (day.dayOfWeek == kSaturday) {
-        kind.colorRow = kSaturdayRow;
+        tone.colorRow = kSaturdayRow;
     }
-    return kind;
+    return tone;
 }
 
 RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput& input)
@@ -111,11 +111,11 @@ GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showS
     texts.date = day.date.Format("%#m.%#d");
     texts.weekday = Joined(" (%s)", WeekdayName(day.dayOfWeek));
     texts.longDate = Joined("     %s", day.date.Format("%A, %d %B, %Y"));
-    if (showHolidays && day.annotation.holidayName) {
-        texts.holiday = Joined("  %s", day.annotation.holidayName);
+    if (showHolidays && !day.note.name.IsEmpty()) {
+        texts.holiday = Joined("  %s", day.note.name);
     }
-    if (showSolarTerms && day.annotation.solarTerm) {
-        texts.solarTerm = Joined(" %s", day.annotation.solarTerm);
+    if (showSolarTerms && !day.note.term.IsEmpty()) {
+        texts.solarTerm = Joined(" %s", day.note.term);
     }
     return texts;
 }
@@ -142,8 +142,8 @@ HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const CString& h
     texts.longDate = Joined("%s (%s)", day.date.Format("%#m/%#d"), WeekdayName(day.dayOfWeek));
     texts.shortDate = day.date.Format("%#d");
     texts.note = hostText;
-    if (hostText.IsEmpty() && showHolidays && day.annotation.holidayName) {
-        texts.note = day.annotation.holidayName;
+    if (hostText.IsEmpty() && showHolidays && !day.note.name.IsEmpty()) {
+        texts.note = day.note.name;
     }
     return texts;
 }

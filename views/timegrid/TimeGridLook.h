@@ -1,8 +1,8 @@
 // How a time grid looks, worked out without drawing: colours of rows, texts of items, captions and headers.
 #pragma once
 
-#include "../../calc/DayAnnotation.h"
 #include "../../core/CalendarRecords.h"
+#include "../../core/DayNote.h"
 #include "TimeScale.h"
 
 #include <vector>
@@ -14,20 +14,20 @@ struct ShownDay
 {
     COleDateTime date;
     int dayOfWeek = -1; // 1 Sunday .. 7 Saturday, -1: no date
-    DayAnnotation annotation;
+    DayNote note;
 
     bool IsFor(const COleDateTime& other) const { return date == other; }
-    static ShownDay Of(const COleDateTime& date);
+    static ShownDay Of(const COleDateTime& date, const DayProvider* provider); // provider: see NoteOf
 };
 
 // The row of the table of day colours (0-based): the host's colour number of the day, less one, when it is not 0; a day
 // off (when days off are shown) or Sunday 1, Saturday 2, others 0. A day off keeps its hours whatever its colour.
-struct DayKind
+struct DayTone
 {
     int colorRow = 0;
     bool isDayOff = false;
 };
-DayKind KindOfDay(const ShownDay& day, bool showHolidays, int dayColor);
+DayTone ToneOfDay(const ShownDay& day, bool showHolidays, int dayColor);
 
 struct RowLook
 {

@@ -55,7 +55,7 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
         }
         const ShownDay& day = GetShownDays()[i];
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, text), day, KindOfColumn(i).isDayOff,
+        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, text), day, ToneOfColumn(i).isDayOff,
                                m_pParts->fonts.Label());
     }
     painter.DrawSeparators(rcHeader);
