@@ -308,7 +308,11 @@ void StressHost::Option(const Event& event)
         ctrl.ShowSelectionWithItem(on);
         break;
     case 4:
-        ctrl.EnableExtendedMove(on);
+        if (event.b % 2) {
+            ctrl.EnableExtendedMove(on);
+        } else {
+            ctrl.SetOptions(on ? CalendarOptions::Modern() : CalendarOptions());
+        }
         break;
     case 5:
         ctrl.EnableMouseHoverEvent(on);

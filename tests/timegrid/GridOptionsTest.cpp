@@ -172,6 +172,21 @@ TEST(BandOption, CountsWhatHasNoLane)
     }
 }
 
+TEST(BandOption, NeedsOnlyTheLanesThatBarsStackIn)
+{
+    const DayRange week{kDay, 7};
+    ItemArray items;
+    EXPECT_EQ(0, StackedLanes(items, week));
+    for (int day = 0; day < 7; ++day) {
+        items.Add(Item(AddDays(kDay, day), AddDays(At(9, 0), day), PIECE_INSIDE));
+    }
+    items.Add(Item(At(9, 0), At(10, 0))); // in the hours
+    EXPECT_EQ(1, StackedLanes(items, week));
+    items.Add(Item(AddDays(kDay, 2), AddDays(kDay, 4), PIECE_INSIDE));
+    items.Add(Item(AddDays(kDay, 5), AddDays(kDay, 6), PIECE_INSIDE));
+    EXPECT_EQ(2, StackedLanes(items, week));
+}
+
 TEST(HitOption, TheTopmostInSight)
 {
     CalendarOptions options;

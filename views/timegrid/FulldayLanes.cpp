@@ -92,6 +92,23 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
     }
 }
 
+int StackedLanes(ItemArray& items, const DayRange& range)
+{
+    constexpr int kAnyWidth = 100; // wide enough for the insets of a bar
+    std::vector<CRect> columns;
+    for (int i = 0; i < range.days; ++i) {
+        columns.emplace_back(i * kAnyWidth, 0, (i + 1) * kAnyWidth, 0);
+    }
+    LayManyDayLanes(items, CRect(0, 0, range.days * kAnyWidth, 0), columns, range.first);
+    int lanes = 0;
+    for (INT_PTR i = 0; i < items.GetSize(); ++i) {
+        if (IsBandItem(items[i])) {
+            lanes = std::max<int>(lanes, (items[i].rcItem.top - kTimeGrid.laneInset) / kTimeGrid.laneStep + 1);
+        }
+    }
+    return lanes;
+}
+
 std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns)
 {
     const int lanes = std::max<int>((band.Height() - kTimeGrid.bandPadding) / kTimeGrid.laneStep, 1);

@@ -19,6 +19,9 @@ void LayOneDayLanes(ItemArray& items, const CRect& band);
 void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
                      const COleDateTime& firstDay);
 
+// How many lanes the bars of several days fill, whatever the width of the columns. Uses the items' rectangles.
+int StackedLanes(ItemArray& items, const DayRange& range);
+
 // Where the bars need more lanes than the band has: hides those without one, and in the days that they belong to the
 // bars of the last lane too, for there stands each day's mark. A hidden bar gets no box and no focus.
 std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns);

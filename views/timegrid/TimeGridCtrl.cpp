@@ -3,6 +3,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -116,7 +117,10 @@ void CTimeGridCtrl::Layout(int cx, int cy)
 
 void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
 {
-    SetFulldayItemCount(MakeRangeItems(items, GetShownRange(), screenItems));
+    const DayRange range = GetShownRange();
+    const int bars = MakeRangeItems(items, range, screenItems);
+    // The band has a lane for each bar; a limited one only as many as the bars stack in.
+    SetFulldayItemCount(m_options.limitedBand && range.days > 1 ? StackedLanes(screenItems, range) : bars);
     if (&screenItems == &m_arScreenItem) {
         CloseMoreList();
     }
