@@ -20,6 +20,7 @@
 #include "CalendarClock.h"
 #include "CalendarNotify.h"
 #include "CalendarOptions.h"
+#include "CalendarPrinting.h"
 #include "CalendarRecords.h"
 #include "CalendarSettings.h"
 #include "PointerTracker.h"
@@ -257,6 +258,15 @@ public:
     int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
     void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
 
+    // ---- Printing (printing/CalendarPrinter.h). DoPrint hands over to the printer.
+
+    // nullptr: the control has none, as the base control.
+    dayvane::CalendarPrinting* GetPrinter();
+    // Another printer for this control; nullptr: the one that suits the view.
+    void SetPrinter(std::unique_ptr<dayvane::CalendarPrinting> pPrinter) { m_pPrinter = std::move(pPrinter); }
+    // The printer is the caller's from now on; the control makes another one when it is asked to print.
+    std::unique_ptr<dayvane::CalendarPrinting> TakePrinter() { return std::move(m_pPrinter); }
+
     // ---- Notifications. Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be
     // gone afterwards: see Alive.
 
@@ -363,6 +373,7 @@ protected:
     BOOL m_bReleasingCapture = FALSE;
     unsigned m_nItemVersion = 0; // counts changes of the store
     unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
+    std::unique_ptr<dayvane::CalendarPrinting> m_pPrinter; // made when it is first asked for
     Alive* m_pAlive = nullptr;   // innermost guard
 
     // Message handlers, in the order of the message map.

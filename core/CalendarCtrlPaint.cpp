@@ -38,9 +38,18 @@ void CCalendarCtrl::CalcLayout(CRect, CRect&, CRect&, CRect&)
 {
 }
 
-int CCalendarCtrl::DoPrint(CDC*, CPrintInfo*)
+int CCalendarCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
 {
-    return 0;
+    CalendarPrinting* printer = GetPrinter();
+    return printer ? printer->Print(pDC, pInfo) : 0;
+}
+
+CalendarPrinting* CCalendarCtrl::GetPrinter()
+{
+    if (!m_pPrinter) {
+        m_pPrinter = MakeCalendarPrinting(*this);
+    }
+    return m_pPrinter.get();
 }
 
 void CCalendarCtrl::OnPaint()

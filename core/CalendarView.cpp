@@ -2,6 +2,8 @@
 
 #include <memory>
 
+using namespace dayvane;
+
 namespace {
 constexpr UINT kCtrlId = 0;         // identifier of the control within the view
 const CRect kFirstRect(0, 0, 0, 0); // the first WM_SIZE replaces it
@@ -15,6 +17,7 @@ ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
 ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_COMMAND(ID_FILE_PRINT_PREVIEW, &CView::OnFilePrintPreview)
 ON_NOTIFY(CCN_ITEMCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
 ON_NOTIFY(CCN_ITEMDBLCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
 ON_NOTIFY(CCN_ITEMRCLICK, kCtrlId, &CCalendarView::OnCcnItemClick)
@@ -133,9 +136,23 @@ BOOL CCalendarView::OnPreparePrinting(CPrintInfo* pInfo)
     return DoPreparePrinting(pInfo);
 }
 
+void CCalendarView::OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo)
+{
+    if (CalendarPrinting* printer = m_pCalendarCtrl ? m_pCalendarCtrl->GetPrinter() : nullptr) {
+        printer->Begin(pDC, pInfo);
+    }
+}
+
 void CCalendarView::OnPrint(CDC* pDC, CPrintInfo* pInfo)
 {
     DoPrint(pDC, pInfo);
+}
+
+void CCalendarView::OnEndPrinting(CDC*, CPrintInfo*)
+{
+    if (CalendarPrinting* printer = m_pCalendarCtrl ? m_pCalendarCtrl->GetPrinter() : nullptr) {
+        printer->End();
+    }
 }
 
 void CCalendarView::DoPrint(CDC* pDC, CPrintInfo* pInfo)

@@ -30,7 +30,10 @@ public:
     int GetItem(int nIndex, tagCC_ITEM& item);
 
     BOOL OnPreparePrinting(CPrintInfo* pInfo) override;
+    // Lays the pages out: from here on the information knows how many there are.
+    void OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo) override;
     void OnPrint(CDC* pDC, CPrintInfo* pInfo) override;
+    void OnEndPrinting(CDC* pDC, CPrintInfo* pInfo) override;
     virtual void DoPrint(CDC* pDC, CPrintInfo* pInfo);
 
 protected:

@@ -5,6 +5,7 @@
 
 class CDocument;
 class CDocTemplate;
+class CPrintDialog;
 
 // The thread that pumps the program's messages. There is one in a program: its CWinApp.
 class CWinThread : public CCmdTarget
@@ -69,12 +70,26 @@ public:
     afx_msg void OnFileOpen();
     afx_msg void OnFilePrintSetup();
 
+    // The printer and its settings, which all print jobs of the program begin with. The application owns copies; null:
+    // the system's default printer as it is. A device mode without names goes for whatever printer is the default.
+    void SelectPrinter(HANDLE hDevNames, HANDLE hDevMode);
+    // Only paper and orientation, of whatever printer.
+    void SelectPaper(HANDLE hDevMode);
+    HANDLE GetPrinterNames() const { return m_hDevNames; }
+    HANDLE GetPrinterMode() const { return m_hDevMode; }
+    // Shows the dialog with these settings and keeps what the user chooses.
+    INT_PTR DoPrintDialog(CPrintDialog* pDialog);
+    // The settings without asking; FALSE when there is no printer.
+    BOOL GetPrinterDeviceDefaults(CPrintDialog* pDialog);
+
 protected:
     afx_msg void OnAppExit();
     DECLARE_MESSAGE_MAP()
 
 private:
     std::vector<CDocTemplate*> m_templates;
+    HANDLE m_hDevNames = nullptr;
+    HANDLE m_hDevMode = nullptr;
 };
 
 CWinApp* AfxGetApp();       // null in a program without an application object

@@ -67,3 +67,16 @@ public:
 private:
     CString DeviceText(WORD DEVNAMES::*offset) const;
 };
+
+// The system's dialog for paper, orientation, printer and margins.
+class CPageSetupDialog : public CCommonDialog
+{
+    DECLARE_DYNAMIC(CPageSetupDialog)
+public:
+    explicit CPageSetupDialog(DWORD dwFlags = PSD_MARGINS | PSD_INHUNDREDTHSOFMILLIMETERS, CWnd* pParentWnd = nullptr);
+    ~CPageSetupDialog() override;
+
+    PAGESETUPDLG m_psd;
+
+    INT_PTR DoModal() override;
+};

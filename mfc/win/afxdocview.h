@@ -220,8 +220,9 @@ public:
     // OnPreparePrinting set the last.
     virtual void OnPrepareDC(CDC* pDC, CPrintInfo* pInfo = nullptr);
     virtual void OnInitialUpdate() { OnUpdate(nullptr, 0, nullptr); }
-    // The print command, for the message map of a program's own view class
+    // The commands to print and to look at the pages first, for the message map of a program's own view class
     afx_msg void OnFilePrint();
+    afx_msg void OnFilePrintPreview();
 
 protected:
     CView() = default;
@@ -253,6 +254,7 @@ protected:
 private:
     friend class CDocument;
     friend class CFrameWnd;
+    friend class CPreviewView;
     BOOL PrintPages(CDC* pDC, CPrintInfo* pInfo);
 };
 

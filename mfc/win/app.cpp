@@ -147,6 +147,8 @@ CWinApp::~CWinApp()
     for (CDocTemplate* pTemplate : m_templates) {
         delete pTemplate;
     }
+    ::GlobalFree(m_hDevNames);
+    ::GlobalFree(m_hDevMode);
     if (AfxState().pApp == this) {
         AfxState().pApp = nullptr;
     }

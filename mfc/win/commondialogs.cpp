@@ -6,6 +6,7 @@
 IMPLEMENT_DYNAMIC(CCommonDialog, CDialog)
 IMPLEMENT_DYNAMIC(CFileDialog, CCommonDialog)
 IMPLEMENT_DYNAMIC(CPrintDialog, CCommonDialog)
+IMPLEMENT_DYNAMIC(CPageSetupDialog, CCommonDialog)
 
 HWND CCommonDialog::OwnerHwnd() const
 {
@@ -128,4 +129,24 @@ CString CPrintDialog::GetDriverName() const
 CString CPrintDialog::GetPortName() const
 {
     return DeviceText(&DEVNAMES::wOutputOffset);
+}
+
+CPageSetupDialog::CPageSetupDialog(DWORD dwFlags, CWnd* pParentWnd) : CCommonDialog(pParentWnd), m_psd()
+{
+    m_psd.lStructSize = sizeof(m_psd);
+    m_psd.Flags = dwFlags;
+}
+
+CPageSetupDialog::~CPageSetupDialog()
+{
+    ::GlobalFree(m_psd.hDevMode);
+    ::GlobalFree(m_psd.hDevNames);
+}
+
+INT_PTR CPageSetupDialog::DoModal()
+{
+    if (!m_psd.hwndOwner) {
+        m_psd.hwndOwner = OwnerHwnd();
+    }
+    return ::PageSetupDlg(&m_psd) ? IDOK : IDCANCEL;
 }

@@ -223,5 +223,6 @@ void CWinApp::OnFileOpen()
 
 void CWinApp::OnFilePrintSetup()
 {
-    CPrintDialog(TRUE).DoModal();
+    CPrintDialog dialog(TRUE);
+    DoPrintDialog(&dialog);
 }

@@ -4,6 +4,7 @@
 #include <afxext.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -78,15 +79,16 @@ void CView::OnPrint(CDC* pDC, CPrintInfo*)
 BOOL CView::DoPreparePrinting(CPrintInfo* pInfo)
 {
     CPrintDialog& dialog = *pInfo->m_pPD;
+    CWinApp* pApp = AfxGetApp();
     dialog.m_pd.nMaxPage = std::max(dialog.m_pd.nMaxPage, dialog.m_pd.nMinPage);
     if (pInfo->m_bPreview || pInfo->m_bDirect) {
-        if (!dialog.m_pd.hDC && !dialog.GetDefaults()) {
+        if (!dialog.m_pd.hDC && !(pApp ? pApp->GetPrinterDeviceDefaults(&dialog) : dialog.GetDefaults())) {
             return FALSE;
         }
     } else {
         dialog.m_pd.nFromPage = dialog.m_pd.nMinPage;
         dialog.m_pd.nToPage = dialog.m_pd.nMaxPage;
-        if (dialog.DoModal() != IDOK) {
+        if ((pApp ? pApp->DoPrintDialog(&dialog) : dialog.DoModal()) != IDOK) {
             return FALSE;
         }
     }
@@ -109,7 +111,8 @@ void CView::OnFilePrint()
     PrintJob job(info.m_pPD->m_pd.hDC);
     OnBeginPrinting(&job.dc, &info);
     const bool toFile = (info.m_pPD->m_pd.Flags & PD_PRINTTOFILE) != 0;
-    bool ok = job.Start(title, toFile ? "FILE:" : nullptr);
+    const bool started = job.Start(title, toFile ? "FILE:" : nullptr);
+    bool ok = started;
     if (ok) {
         ok = PrintPages(&job.dc, &info);
         if (ok) {
@@ -118,7 +121,12 @@ void CView::OnFilePrint()
     }
     OnEndPrinting(&job.dc, &info);
     if (!ok) {
-        AfxMessageBox("The document could not be printed.", MB_OK | MB_ICONEXCLAMATION);
+        CString message = "The printer does not take the document.";
+        if (started) {
+            message.Format("The printer stopped at page %u. This page and those after it are not printed.",
+                           info.m_nCurPage);
+        }
+        AfxMessageBox(message, MB_OK | MB_ICONEXCLAMATION);
     }
 }
 
@@ -148,4 +156,103 @@ BOOL CView::PrintPages(CDC* pDC, CPrintInfo* pInfo)
             return TRUE;
         }
     }
+}
+
+// The application's printer
+
+namespace {
+
+HANDLE CopyOf(HANDLE memory)
+{
+    const SIZE_T size = memory ? ::GlobalSize(memory) : 0;
+    const HANDLE copy = size != 0 ? ::GlobalAlloc(GMEM_MOVEABLE, size) : nullptr;
+    if (copy) {
+        memcpy(::GlobalLock(copy), ::GlobalLock(memory), size);
+        ::GlobalUnlock(copy);
+        ::GlobalUnlock(memory);
+    }
+    return copy;
+}
+
+// Paper and orientation of one device mode into another.
+void TakePaper(HANDLE hTo, HANDLE hFrom)
+{
+    auto* to = static_cast<DEVMODE*>(::GlobalLock(hTo));
+    const auto* from = static_cast<const DEVMODE*>(::GlobalLock(hFrom));
+    if ((from->dmFields & DM_ORIENTATION) != 0) {
+        to->dmOrientation = from->dmOrientation;
+    }
+    if ((from->dmFields & DM_PAPERSIZE) != 0) {
+        to->dmPaperSize = from->dmPaperSize;
+    }
+    to->dmFields |= from->dmFields & (DM_ORIENTATION | DM_PAPERSIZE);
+    ::GlobalUnlock(hFrom);
+    ::GlobalUnlock(hTo);
+}
+
+} // namespace
+
+void CWinApp::SelectPrinter(HANDLE hDevNames, HANDLE hDevMode)
+{
+    const HANDLE names = CopyOf(hDevNames);
+    const HANDLE mode = CopyOf(hDevMode);
+    ::GlobalFree(m_hDevNames);
+    ::GlobalFree(m_hDevMode);
+    m_hDevNames = names;
+    m_hDevMode = mode;
+}
+
+void CWinApp::SelectPaper(HANDLE hDevMode)
+{
+    if (m_hDevMode) {
+        TakePaper(m_hDevMode, hDevMode);
+    } else {
+        SelectPrinter(nullptr, hDevMode);
+    }
+}
+
+BOOL CWinApp::GetPrinterDeviceDefaults(CPrintDialog* pDialog)
+{
+    PRINTDLG& data = pDialog->m_pd;
+    if (m_hDevNames) {
+        data.hDevNames = CopyOf(m_hDevNames);
+        data.hDevMode = CopyOf(m_hDevMode);
+        return pDialog->CreatePrinterDC() != nullptr;
+    }
+    data.Flags |= PD_NOWARNING;
+    if (!pDialog->GetDefaults()) {
+        return FALSE;
+    }
+    if (m_hDevMode && data.hDevMode) {
+        TakePaper(data.hDevMode, m_hDevMode);
+        if (data.hDC) {
+            ::DeleteDC(data.hDC);
+        }
+        pDialog->CreatePrinterDC();
+    }
+    return data.hDC != nullptr;
+}
+
+INT_PTR CWinApp::DoPrintDialog(CPrintDialog* pDialog)
+{
+    PRINTDLG& data = pDialog->m_pd;
+    if (m_hDevNames) {
+        data.hDevNames = CopyOf(m_hDevNames);
+        data.hDevMode = CopyOf(m_hDevMode);
+    } else if (m_hDevMode) {
+        CPrintDialog defaults(FALSE, PD_RETURNDEFAULT);
+        if (defaults.GetDefaults() && defaults.m_pd.hDevMode) {
+            if (defaults.m_pd.hDC) {
+                ::DeleteDC(defaults.m_pd.hDC);
+            }
+            TakePaper(defaults.m_pd.hDevMode, m_hDevMode);
+            data.hDevNames = CopyOf(defaults.m_pd.hDevNames);
+            data.hDevMode = CopyOf(defaults.m_pd.hDevMode);
+        }
+    }
+    const INT_PTR answer = pDialog->DoModal();
+    if (answer == IDOK) {
+        SelectPrinter(data.hDevNames, data.hDevMode);
+    }
+    return answer;
 }
