@@ -20,6 +20,8 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 
+#include <afxext.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -90,6 +92,13 @@ size_t HeapBytesInUse()
     return bytes;
 }
 
+struct SheetSize // hundredths of a millimetre: A4, landscape
+{
+    int width = 29700;
+    int height = 21000;
+    int hundredthsPerInch = 2540;
+};
+
 class Run
 {
 public:
@@ -129,6 +138,7 @@ public:
         MeasureHitTest();
         MeasureDrag();
         MeasureNavigation();
+        Measure("print", m_options.repeat, [this] { PrintPages(); });
         MeasureRawPaint();
         if (m_options.literal) {
             MeasureLiteral();
@@ -150,6 +160,31 @@ private:
     {
         CMemDC memory(&m_target);
         m_view->Paint(&memory);
+    }
+
+    // All pages on A4 paper into metafiles: reading the items, laying out, drawing.
+    void PrintPages()
+    {
+        constexpr SheetSize sheet;
+        dayvane::CalendarPrinting* printer = m_ctrl.GetPrinter();
+        CPrintInfo info;
+        const RECT frame = {0, 0, sheet.width, sheet.height};
+        for (info.m_nCurPage = 1;; ++info.m_nCurPage) {
+            CDC dc;
+            dc.Attach(::CreateEnhMetaFile(nullptr, nullptr, &frame, nullptr));
+            const int dpi = dc.GetDeviceCaps(LOGPIXELSX);
+            info.m_rectDraw.SetRect(0, 0, ::MulDiv(sheet.width, dpi, sheet.hundredthsPerInch),
+                                    ::MulDiv(sheet.height, dpi, sheet.hundredthsPerInch));
+            if (info.m_nCurPage == 1) {
+                printer->Begin(&dc, &info);
+            }
+            const int isDrawn = m_ctrl.DoPrint(&dc, &info);
+            ::DeleteEnhMetaFile(::CloseEnhMetaFile(dc.Detach()));
+            if (!isDrawn) {
+                break;
+            }
+        }
+        printer->End();
     }
 
     void MeasureBytes()

@@ -39,6 +39,11 @@ CDayGridCtrl::CDayGridCtrl() : m_parts(std::make_unique<DayGridParts>())
 {
 }
 
+CFont* CDayGridCtrl::GetSmallLatinFont()
+{
+    return &m_parts->fonts.smallLatin;
+}
+
 CDayGridCtrl::~CDayGridCtrl()
 {
     DestroyWindow();

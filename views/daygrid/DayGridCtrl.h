@@ -28,6 +28,8 @@ public:
     void EnableMoreList(BOOL bEnable);
     BOOL IsMoreListEnabled() const { return m_options.moreList; }
 
+    CFont* GetSmallLatinFont(); // for printing; belongs to the view, and exists as long as its window
+
 protected:
     enum
     {

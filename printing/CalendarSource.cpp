@@ -1,0 +1,123 @@
+#include "printing/CalendarSource.h"
+
+#include "calc/DayAnnotation.h"
+#include "calc/LunarDate.h"
+#include "core/DateMath.h"
+
+#include <map>
+#include <memory>
+
+namespace dayvane {
+namespace {
+
+constexpr UINT kOwnCodePage = 932; // of the library's texts
+constexpr int kMinutesPerHour = 60;
+constexpr int kLastSecond = 59;
+constexpr int kBold = 1; // font flags of an item
+constexpr int kStruck = 2;
+
+std::u16string Widen(const char* text, int length, UINT codePage)
+{
+    std::wstring wide(static_cast<size_t>(length), L'\0');
+    const int count = ::MultiByteToWideChar(codePage, 0, text, length, &wide[0], length);
+    return std::u16string(wide.begin(), wide.begin() + count);
+}
+
+std::u16string OwnText(const char* text)
+{
+    return text ? Widen(text, ::lstrlenA(text), kOwnCodePage) : std::u16string();
+}
+
+UINT CodePageOf(CCalendarCtrl& ctrl)
+{
+    LOGFONT look = {};
+    CHARSETINFO info = {};
+    ctrl.GetFont(0)->GetLogFont(&look);
+    const DWORD_PTR charSet = look.lfCharSet;
+    return ::TranslateCharsetInfo(reinterpret_cast<DWORD*>(charSet), &info, TCI_SRCCHARSET) ? info.ciACP : CP_ACP;
+}
+
+int MinuteOf(const COleDateTime& time)
+{
+    return time.GetHour() * kMinutesPerHour + time.GetMinute();
+}
+
+// The item's days and times; false for one that no view shows.
+bool SetTimes(PrintItem& item, const tagCC_ITEM& stored)
+{
+    if (stored.dtStart.GetStatus() != COleDateTime::valid || stored.dtEnd.GetStatus() != COleDateTime::valid) {
+        return false;
+    }
+    item.firstDay = DayNumberOf(stored.dtStart);
+    item.lastDay = DayNumberOf(stored.dtEnd);
+    item.startMinute = MinuteOf(stored.dtStart);
+    // The last moment of an item may be the last second before the end that people mean.
+    item.endMinute = MinuteOf(stored.dtEnd) + (stored.dtEnd.GetSecond() == kLastSecond ? 1 : 0);
+    item.isWholeDay = stored.nFullday == 1;
+    return item.lastDay >= item.firstDay;
+}
+
+PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day, UINT codePage)
+{
+    PrintDay facts;
+    const COleDateTime date = DateOfDayNumber(day);
+    const DayAnnotation annotation = AnnotateDay(date);
+    if (ctrl.IsShowHoliday()) {
+        facts.holiday = OwnText(annotation.holidayName);
+        facts.isDayOff = annotation.isDayOff;
+    }
+    if (ctrl.IsShow24Setuki()) {
+        facts.solarTerm = OwnText(annotation.solarTerm);
+    }
+    int lunarYear = 0;
+    CLunarDate().CalcLunarCalendar(date, lunarYear, facts.lunarMonth, facts.lunarDay);
+    if (const tagCALENDAR_DAY_PROPERTY* property = ctrl.GetDayProperty(date)) {
+        facts.note = Widen(property->strText, property->strText.GetLength(), codePage);
+    }
+    return facts;
+}
+
+} // namespace
+
+std::u16string WideText(CCalendarCtrl& ctrl, const CString& text)
+{
+    return Widen(text, text.GetLength(), CodePageOf(ctrl));
+}
+
+PrintSource SourceOf(CCalendarCtrl& ctrl, int firstDay, int lastDay, const std::function<CString(int)>& placeOf)
+{
+    const UINT codePage = CodePageOf(ctrl);
+    PrintSource source;
+    source.firstDayOfWeek = ctrl.GetFirstDayOfWeek();
+    source.today = DayNumberOf(Now());
+    for (int i = 0; i < ctrl.GetItemCount(); ++i) {
+        tagCC_ITEM stored;
+        ctrl.GetItem(i, stored);
+        PrintItem item;
+        if (!SetTimes(item, stored) || !item.Meets(firstDay, lastDay)) {
+            continue;
+        }
+        item.text = Widen(stored.strText, stored.strText.GetLength(), codePage);
+        if (placeOf) {
+            const CString place = placeOf(i);
+            item.place = Widen(place, place.GetLength(), codePage);
+        }
+        item.fill = stored.crColor2;
+        item.edge = stored.crColor4;
+        item.isBold = (stored.nReserved & kBold) != 0;
+        item.isStruck = (stored.nReserved & kStruck) != 0;
+        item.image = stored.nImage;
+        source.items.push_back(std::move(item));
+    }
+    // A sheet asks for a day more than once.
+    const auto known = std::make_shared<std::map<int, PrintDay>>();
+    CCalendarCtrl* const asked = &ctrl;
+    source.dayFacts = [known, asked, codePage](int day) {
+        const auto found = known->find(day);
+        return found != known->end() ? found->second
+                                     : known->emplace(day, FactsOfDay(*asked, day, codePage)).first->second;
+    };
+    return source;
+}
+
+} // namespace dayvane

@@ -1,0 +1,82 @@
+#include "printing/DcTextMeasurer.h"
+
+#include <algorithm>
+
+namespace dayvane {
+namespace {
+
+constexpr int kReferenceEm = 1000; // pixels
+constexpr int kUnitsPerInch = 254;
+constexpr int kPointTenthsPerInch = 720;
+constexpr char16_t kFirstLead = 0xD800; // first halves of characters beyond the basic plane
+constexpr char16_t kFirstTrail = 0xDC00;
+
+} // namespace
+
+HFONT CreatePageFont(const PageFont& font, const PageFaces& faces, int emHeight)
+{
+    LOGFONTA look = {};
+    look.lfHeight = -std::max(emHeight, 1);
+    look.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+    look.lfItalic = font.italic;
+    look.lfStrikeOut = font.italic;
+    look.lfOutPrecision = OUT_TT_PRECIS; // a font that printers and metafiles can take along
+    const bool isText = font.face == PageFace::Text;
+    look.lfCharSet = isText ? faces.textCharSet : static_cast<BYTE>(ANSI_CHARSET);
+    ::lstrcpynA(look.lfFaceName, (isText ? faces.text : faces.latin).c_str(), LF_FACESIZE);
+    return ::CreateFontIndirectA(&look);
+}
+
+DcTextMeasurer::DcTextMeasurer(const PageFaces& faces) : m_faces(faces), m_dc(::CreateCompatibleDC(nullptr))
+{
+}
+
+DcTextMeasurer::~DcTextMeasurer()
+{
+    ::DeleteDC(m_dc); // lets go of the font that is still selected
+    for (const auto& style : m_styles) {
+        ::DeleteObject(style.second.font);
+    }
+}
+
+DcTextMeasurer::Style& DcTextMeasurer::StyleOf(const PageFont& font) const
+{
+    const int key = static_cast<int>(font.face) * 4 + font.bold * 2 + font.italic;
+    Style& style = m_styles[key];
+    if (!style.font) {
+        style.font = CreatePageFont(font, m_faces, kReferenceEm);
+    }
+    return style;
+}
+
+int DcTextMeasurer::WidthOf(Style& style, const char16_t* character, int length) const
+{
+    const unsigned key = length == 1 ? character[0] : static_cast<unsigned>(character[0]) << 16 | character[1];
+    const auto known = style.widths.find(key);
+    if (known != style.widths.end()) {
+        return known->second;
+    }
+    ::SelectObject(m_dc, style.font);
+    SIZE size = {};
+    ::GetTextExtentPoint32W(m_dc, reinterpret_cast<LPCWSTR>(character), length, &size);
+    style.widths[key] = size.cx;
+    return size.cx;
+}
+
+void DcTextMeasurer::Measure(const PageFont& font, const std::u16string& text, std::vector<int>& ends) const
+{
+    Style& style = StyleOf(font);
+    ends.resize(text.size());
+    long long width = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isPair = text[i] >= kFirstLead && text[i] < kFirstTrail && i + 1 < text.size();
+        const bool isRest = i > 0 && text[i] >= kFirstTrail && text[i] < kFirstTrail + (kFirstTrail - kFirstLead);
+        if (!isRest) {
+            width += WidthOf(style, &text[i], isPair ? 2 : 1);
+        }
+        constexpr long long kDivisor = static_cast<long long>(kReferenceEm) * kPointTenthsPerInch;
+        ends[i] = static_cast<int>((width * font.size * kUnitsPerInch + kDivisor - 1) / kDivisor);
+    }
+}
+
+} // namespace dayvane

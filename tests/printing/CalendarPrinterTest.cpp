@@ -1,0 +1,314 @@
+// The printers of the views on metafiles and on a PostScript printer: what is on the pages, and what DoPrint answers.
+#include "core/DateMath.h"
+#include "printing/CalendarPrinter.h"
+#include "support/GuiCounts.h"
+#include "support/PaperPrinter.h"
+#include "support/RecordingParent.h"
+#include "tests/printing/PageRecorder.h"
+#include "views/daygrid/MonthViewCtrl.h"
+#include "views/daygrid/WeekViewCtrl.h"
+#include "views/daygrid/YearViewCtrl.h"
+#include "views/timegrid/DayViewCtrl.h"
+#include "views/timegrid/WeekDayViewCtrl.h"
+
+#include <afxext.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+using namespace dayvane;
+using namespace testsupport;
+
+namespace {
+
+const CSize kA4(2100, 2970);
+const COleDateTime kTuesday(2026, 11, 24, 0, 0, 0);
+
+template <class Ctrl>
+std::unique_ptr<CCalendarCtrl> Made()
+{
+    return std::make_unique<Ctrl>();
+}
+
+struct ViewRow
+{
+    const char* name;
+    std::unique_ptr<CCalendarCtrl> (*make)();
+    int daysAround; // of the items below, how many days before and after the 24th the page shows at least
+};
+const ViewRow kViews[] = {
+    {"day", &Made<CDayViewCtrl>, 0},     {"multi-day", &Made<CWeekDayViewCtrl>, 0}, {"week", &Made<CWeekViewCtrl>, 2},
+    {"month", &Made<CMonthViewCtrl>, 6}, {"month 2", &Made<CMonthViewCtrl2>, 6},
+};
+
+// No line ends within it.
+std::string NameOf(int dayOffset, int number)
+{
+    return "item" + std::to_string(dayOffset + 50) + "x" + std::to_string(number);
+}
+
+// A control with its window, showing the 24th of November 2026.
+class ShownCtrl
+{
+public:
+    explicit ShownCtrl(const ViewRow& row) : m_ctrl(row.make())
+    {
+        m_parent.Create(600, 400);
+        m_ctrl->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 600, 400), &m_parent, 1);
+        m_ctrl->SetCurrentDate(kTuesday);
+    }
+    ~ShownCtrl() { m_ctrl->DestroyWindow(); }
+
+    CCalendarCtrl& operator*() { return *m_ctrl; }
+    CCalendarCtrl* operator->() { return m_ctrl.get(); }
+
+    // count items with names of their own, an hour each, all on one day.
+    void Fill(int count, int dayOffset)
+    {
+        for (int i = 0; i < count; ++i) {
+            tagCC_ITEM item;
+            item.dtStart = AddMinutes(AddDays(kTuesday, dayOffset), 8 * 60 + i * 4);
+            item.dtEnd = AddMinutes(item.dtStart, 60);
+            item.strText.Format("%s", NameOf(dayOffset, i).c_str());
+            m_ctrl->AddItem(&item, FALSE, FALSE);
+        }
+        m_ctrl->Refresh();
+    }
+
+private:
+    RecordingParent m_parent;
+    std::unique_ptr<CCalendarCtrl> m_ctrl;
+};
+
+// All pages of a control, on paper of a printer's resolution without a printer.
+std::vector<std::vector<DrawnText>> PrintedTexts(CCalendarCtrl& ctrl, CSize paper)
+{
+    std::vector<std::vector<DrawnText>> pages;
+    for (UINT number = 1;; ++number) {
+        PageRecorder recorder(paper, nullptr);
+        CPrintInfo info;
+        info.m_nCurPage = number;
+        const int dpi = recorder.Dc().GetDeviceCaps(LOGPIXELSX);
+        info.m_rectDraw.SetRect(0, 0, ::MulDiv(paper.cx, dpi, 254), ::MulDiv(paper.cy, dpi, 254));
+        if (!ctrl.DoPrint(&recorder.Dc(), &info)) {
+            return pages;
+        }
+        EXPECT_EQ(info.GetMinPage(), 1u);
+        EXPECT_GE(info.GetMaxPage(), number);
+        pages.push_back(recorder.Texts());
+        for (const DrawnText& text : pages.back()) {
+            EXPECT_GE(text.bounds.left, -1);
+            EXPECT_GE(text.bounds.top, -1);
+            EXPECT_LE(text.bounds.right, info.m_rectDraw.right + 1);
+            EXPECT_LE(text.bounds.bottom, info.m_rectDraw.bottom + 1);
+        }
+    }
+}
+
+std::wstring Wide(const std::string& words)
+{
+    return std::wstring(words.begin(), words.end());
+}
+
+int Count(const std::vector<std::vector<DrawnText>>& pages, const std::wstring& words)
+{
+    int count = 0;
+    for (const auto& page : pages) {
+        for (const DrawnText& text : page) {
+            count += text.text == words ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+const DrawnText* Find(const std::vector<DrawnText>& page, const std::wstring& words)
+{
+    const auto found =
+        std::find_if(page.begin(), page.end(), [&](const DrawnText& text) { return text.text == words; });
+    return found == page.end() ? nullptr : &*found;
+}
+
+TEST(CalendarPrinters, EachItemIsThereOnceHoweverCrowdedTheDay)
+{
+    for (const ViewRow& row : kViews) {
+        for (const int crowd : {3, 40}) {
+            ShownCtrl ctrl(row);
+            ctrl.Fill(crowd, 0);
+            for (int day = 1; day <= row.daysAround; ++day) {
+                ctrl.Fill(2, day <= 2 ? -day : day - 2);
+            }
+            const auto pages = PrintedTexts(*ctrl, kA4);
+            EXPECT_GE(pages.size(), 1u) << row.name;
+            EXPECT_EQ(Count(pages, Wide(NameOf(0, 0))), 1) << row.name;
+            for (int i = 0; i < crowd; ++i) {
+                EXPECT_EQ(Count(pages, Wide(NameOf(0, i))), 1) << row.name << " " << i << " of " << crowd;
+            }
+            for (int day = 1; day <= row.daysAround; ++day) {
+                const std::wstring name = Wide(NameOf(day <= 2 ? -day : day - 2, 1));
+                EXPECT_EQ(Count(pages, name), 1) << row.name << " day " << day;
+            }
+        }
+    }
+}
+
+TEST(CalendarPrinters, HeadingsStandOverTheirColumns)
+{
+    ShownCtrl ctrl({"multi-day", &Made<CWeekDayViewCtrl>, 0});
+    static_cast<CWeekDayViewCtrl&>(*ctrl).SetDateScale(14); // working week
+    ctrl->SetFirstDayOfWeek(2);
+    ctrl->SetCurrentDate(kTuesday);
+    for (int day = -1; day <= 3; ++day) {
+        ctrl.Fill(1, day);
+    }
+    const auto pages = PrintedTexts(*ctrl, CSize(2970, 2100));
+    ASSERT_EQ(pages.size(), 1u);
+    const wchar_t* const headings[] = {L"11/23 月", L"11/24 火", L"11/25 水", L"11/26 木", L"11/27 金"};
+    for (int day = 0; day < 5; ++day) {
+        const DrawnText* heading = Find(pages[0], headings[day]);
+        const DrawnText* item = Find(pages[0], Wide(NameOf(day - 1, 0)));
+        ASSERT_NE(heading, nullptr) << day;
+        ASSERT_NE(item, nullptr) << day;
+        const int column = ::MulDiv(2970 - 2 * 120, 96, 254) / 5; // less than a column's width
+        const int middle = heading->bounds.CenterPoint().x;
+        EXPECT_LT(heading->bounds.bottom, item->bounds.top) << day;
+        EXPECT_GT(item->bounds.left, middle - column / 2) << day;
+        EXPECT_LT(item->bounds.right, middle + column / 2) << day;
+    }
+}
+
+TEST(CalendarPrinters, WhatDoPrintAnswers)
+{
+    for (const ViewRow& row : kViews) {
+        ShownCtrl ctrl(row);
+        ctrl.Fill(1, 0);
+        const auto answer = [&](UINT page) {
+            PageRecorder recorder(kA4, nullptr);
+            CPrintInfo info;
+            info.m_nCurPage = page;
+            const int result = ctrl->DoPrint(&recorder.Dc(), &info);
+            EXPECT_EQ(recorder.Texts().empty(), result == 0) << row.name << " page " << page;
+            return result;
+        };
+        CPrintInfo info;
+        EXPECT_EQ(ctrl->DoPrint(nullptr, &info), 0) << row.name;
+        EXPECT_EQ(answer(0), 0) << row.name;
+        EXPECT_EQ(answer(1), 1) << row.name;
+        EXPECT_EQ(answer(99), 0) << row.name;
+        PageRecorder recorder(kA4, nullptr);
+        EXPECT_EQ(ctrl->DoPrint(&recorder.Dc(), nullptr), 1) << row.name << " without information: the first page";
+    }
+}
+
+TEST(CalendarPrinters, AJobKnowsItsPagesAndFreesThemWhenItIsCancelled)
+{
+    ShownCtrl ctrl(kViews[3]);
+    ctrl.Fill(200, 0);
+    PageRecorder recorder(kA4, nullptr);
+    CPrintInfo info;
+    const int pages = ctrl->GetPrinter()->Begin(&recorder.Dc(), &info);
+    EXPECT_GT(pages, 1);
+    EXPECT_EQ(info.GetMaxPage(), static_cast<UINT>(pages));
+    ctrl->DeleteAllItems(); // the job prints what there was when it began
+    info.m_nCurPage = 2;
+    EXPECT_EQ(ctrl->DoPrint(&recorder.Dc(), &info), 1);
+    ctrl->GetPrinter()->End();
+    EXPECT_EQ(ctrl->DoPrint(&recorder.Dc(), &info), 0);
+    ExpectNothingLeftBy([] {
+        ShownCtrl cancelled(kViews[3]);
+        cancelled.Fill(200, 0);
+        PageRecorder device(kA4, nullptr);
+        CPrintInfo job;
+        cancelled->GetPrinter()->Begin(&device.Dc(), &job);
+        cancelled->DoPrint(&device.Dc(), &job);
+    });
+}
+
+TEST(CalendarPrinters, TitlesAndListsAreThere)
+{
+    ShownCtrl ctrl(kViews[3]);
+    static_cast<CMonthViewCtrl&>(*ctrl).SetTitle("Office");
+    ctrl.Fill(2, 0);
+    EXPECT_EQ(Count(PrintedTexts(*ctrl, kA4), L"Office"), 1);
+    ctrl->SetPrinter(std::make_unique<CListPrinter>(&*ctrl));
+    CCalendarPrinter::Of(*ctrl)->SetPlaces([](int item) { return item == 1 ? CString("Room 1") : CString(); });
+    const auto pages = PrintedTexts(*ctrl, kA4);
+    EXPECT_EQ(Count(pages, L"Room 1"), 1);
+    EXPECT_EQ(Count(pages, L"11月24日（火）"), 1);
+    CCalendarCtrl plain;
+    EXPECT_EQ(plain.GetPrinter(), nullptr);
+    PageRecorder recorder(kA4, nullptr);
+    EXPECT_EQ(plain.DoPrint(&recorder.Dc(), nullptr), 0);
+}
+
+// ---- The PostScript driver
+
+std::string ReadFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
+{
+    ASSERT_TRUE(AddPaperPrinter(PAPER_PPD));
+    const struct
+    {
+        const char* name;
+        short paper;
+        short orientation;
+        CSize size; // tenths of a millimetre
+        const char* feature;
+    } rows[] = {
+        {"A4", DMPAPER_A4, DMORIENT_PORTRAIT, CSize(2100, 2970), "*PageSize A4"},
+        {"A4 landscape", DMPAPER_A4, DMORIENT_LANDSCAPE, CSize(2970, 2100), "*PageSize A4"},
+        {"Letter", DMPAPER_LETTER, DMORIENT_PORTRAIT, CSize(2159, 2794), "*PageSize Letter"},
+        {"A3 landscape", DMPAPER_A3, DMORIENT_LANDSCAPE, CSize(4200, 2970), "*PageSize A3"},
+    };
+    char folder[MAX_PATH] = "";
+    ::GetTempPathA(MAX_PATH, folder);
+    const std::string path = std::string(folder) + "dayvane-pages.ps";
+    for (const auto& row : rows) {
+        ShownCtrl ctrl(kViews[3]);
+        ctrl.Fill(200, 0);
+        CPrintDialog dialog(FALSE);
+        ASSERT_TRUE(dialog.GetDefaults()) << row.name;
+        DEVMODE* mode = static_cast<DEVMODE*>(::GlobalLock(dialog.m_pd.hDevMode));
+        mode->dmPaperSize = row.paper;
+        mode->dmOrientation = row.orientation;
+        mode->dmFields |= DM_PAPERSIZE | DM_ORIENTATION;
+        ::GlobalUnlock(dialog.m_pd.hDevMode);
+        ::DeleteDC(dialog.m_pd.hDC);
+        CDC dc;
+        ASSERT_TRUE(dc.Attach(dialog.CreatePrinterDC())) << row.name;
+        dc.m_bPrinting = TRUE;
+        CPrintInfo info;
+        const CCalendarPrinter::Sheet sheet = CCalendarPrinter::SheetOf(&dc, &info);
+        EXPECT_NEAR(sheet.paper.cx, row.size.cx, 8) << row.name;
+        EXPECT_NEAR(sheet.paper.cy, row.size.cy, 8) << row.name;
+        DOCINFO document = {};
+        document.cbSize = sizeof(document);
+        document.lpszDocName = "pages";
+        document.lpszOutput = path.c_str();
+        ASSERT_GT(dc.StartDoc(&document), 0) << row.name;
+        const int pages = ctrl->GetPrinter()->Begin(&dc, &info);
+        EXPECT_GE(pages, 2) << row.name;
+        for (info.m_nCurPage = 1; info.m_nCurPage <= info.GetMaxPage(); ++info.m_nCurPage) {
+            dc.StartPage();
+            EXPECT_EQ(ctrl->DoPrint(&dc, &info), 1) << row.name;
+            dc.EndPage();
+        }
+        EXPECT_GT(dc.EndDoc(), 0) << row.name;
+        const std::string file = ReadFile(path);
+        EXPECT_NE(file.find("%%Pages: " + std::to_string(pages)), std::string::npos) << row.name;
+        EXPECT_NE(file.find(row.feature), std::string::npos) << row.name;
+        EXPECT_EQ(file.find("Orientation: Landscape") != std::string::npos, row.orientation == DMORIENT_LANDSCAPE)
+            << row.name;
+        EXPECT_NE(file.find("/FontType 42"), std::string::npos) << row.name << ": no font is embedded";
+        ::DeleteFileA(path.c_str());
+    }
+}
+
+} // namespace

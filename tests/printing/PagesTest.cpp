@@ -1,0 +1,228 @@
+// What holds of every page whatever the items and the paper: nothing lost, nothing twice, nothing outside.
+#include "core/DateMath.h"
+#include "printing/PageBuilders.h"
+#include "tests/printing/PrintScene.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+using namespace dayvane;
+
+namespace {
+
+using Place = std::pair<int, int>; // item, first day of the piece
+
+// Where each item has to stand, by the rule of the kind of page.
+std::multiset<Place> ExpectedPlaces(const PrintSource& source, const PrintRange& range, const PrintOptions& options)
+{
+    std::multiset<Place> places;
+    int from = range.firstDay;
+    int to = range.lastDay;
+    int rowDays = 1; // a long item stands once in each row of so many days
+    bool onlyLong = true;
+    switch (range.kind) {
+    case PageKind::Month:
+        from = FirstOfMonth(range.firstDay);
+        to = FirstOfMonthAfter(from, 1) - 1;
+        rowDays = 7;
+        break;
+    case PageKind::Days:
+        rowDays = (to - from + 1) > 7 ? 0 : 14; // 0: counted sheet by sheet below
+        break;
+    case PageKind::Week:
+        to = from + 6;
+        break;
+    default:
+        break;
+    }
+    const int gridFirst = WeekStartOf(from, source.firstDayOfWeek);
+    if (range.kind == PageKind::Month && options.otherDays == PrintOptions::OtherDays::Greyed) {
+        to = gridFirst + std::max(5, (to - gridFirst) / 7 + 1) * 7 - 1;
+        from = gridFirst;
+    }
+    for (int i = 0; i < static_cast<int>(source.items.size()); ++i) {
+        const PrintItem& item = source.items[i];
+        const int first = std::max(item.firstDay, from);
+        const int last = std::min(item.lastDay, to);
+        if (first > last ||
+            (range.kind == PageKind::Year && !item.IsBand() && options.yearForm == PrintOptions::YearForm::Calendar)) {
+            continue;
+        }
+        if (range.kind == PageKind::Year) {
+            for (int day = first; day <= last; day = FirstOfMonthAfter(day, 1)) {
+                places.insert({i, day});
+                if (options.yearForm == PrintOptions::YearForm::Calendar) {
+                    break;
+                }
+            }
+        } else if (range.kind == PageKind::Month && item.IsLong()) {
+            for (int day = first; day <= last; day = gridFirst + ((day - gridFirst) / 7 + 1) * 7) {
+                places.insert({i, day});
+            }
+        } else if (range.kind == PageKind::Days && item.IsLong()) {
+            const int days = to - from + 1;
+            const int half = days > 7 ? from + days / 2 : to + 1;
+            places.insert({i, first});
+            if (first < half && last >= half) {
+                places.insert({i, half});
+            }
+        } else {
+            for (int day = first; day <= last; day += 1) {
+                places.insert({i, day});
+            }
+        }
+    }
+    (void)rowDays;
+    (void)onlyLong;
+    return places;
+}
+
+// Where items stand: a run of words on a sheet belongs to the run before it when both are of one piece.
+std::multiset<Place> PlacesOf(const std::vector<Page>& pages)
+{
+    std::multiset<Place> places;
+    Place last = {-1, 0};
+    for (const Page& page : pages) {
+        for (const PageText& text : page.texts) {
+            if (text.role == PageRole::ItemText) {
+                const Place place = {text.item, text.day};
+                if (place != last) {
+                    places.insert(place);
+                }
+                last = place;
+            }
+        }
+    }
+    return places;
+}
+
+void ExpectInside(const std::vector<Page>& pages, CSize paper, const TextMeasurer& measurer, const std::string& name)
+{
+    const CRect sheet(0, 0, paper.cx, paper.cy);
+    const auto isInside = [&](const CRect& rect) {
+        return rect.left >= 0 && rect.top >= 0 && rect.right <= sheet.right && rect.bottom <= sheet.bottom &&
+               rect.left <= rect.right && rect.top <= rect.bottom;
+    };
+    for (const Page& page : pages) {
+        ASSERT_EQ(page.size, paper);
+        for (const PageText& text : page.texts) {
+            ASSERT_TRUE(isInside(text.box)) << name << ": a text at " << text.box.left << "," << text.box.top << ","
+                                            << text.box.right << "," << text.box.bottom;
+            if (std::min(paper.cx, paper.cy) >= 1200) {
+                ASSERT_LE(measurer.WidthOf(text.font, text.text), text.box.Width()) << name;
+                ASSERT_LE(text.font.LineHeight(), text.box.Height()) << name;
+            }
+        }
+        for (const PageShape& shape : page.shapes) {
+            ASSERT_TRUE(isInside(shape.rect)) << name << ": shape " << shape.kind << " at " << shape.rect.left << ","
+                                              << shape.rect.top << "," << shape.rect.right << "," << shape.rect.bottom;
+        }
+        for (const PageImage& image : page.images) {
+            ASSERT_TRUE(isInside(image.rect)) << name;
+        }
+    }
+}
+
+bool Meet(const CRect& a, const CRect& b)
+{
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+// No item's text lies over another one's.
+void ExpectApart(const std::vector<Page>& pages, const std::string& name)
+{
+    for (const Page& page : pages) {
+        std::vector<const PageText*> runs;
+        for (const PageText& text : page.texts) {
+            if (text.item >= 0) {
+                runs.push_back(&text);
+            }
+        }
+        std::sort(runs.begin(), runs.end(),
+                  [](const PageText* a, const PageText* b) { return a->box.top < b->box.top; });
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            for (std::size_t j = i + 1; j < runs.size() && runs[j]->box.top < runs[i]->box.bottom; ++j) {
+                ASSERT_FALSE(Meet(runs[i]->box, runs[j]->box))
+                    << name << ": items " << runs[i]->item << " at " << runs[i]->box.left << "," << runs[i]->box.top
+                    << "," << runs[i]->box.right << "," << runs[i]->box.bottom << " and " << runs[j]->item << " at "
+                    << runs[j]->box.left << "," << runs[j]->box.top << "," << runs[j]->box.right << ","
+                    << runs[j]->box.bottom << " roles " << int(runs[i]->role) << int(runs[j]->role);
+            }
+        }
+    }
+}
+
+struct PaperRow
+{
+    const char* name;
+    CSize size;
+};
+const PaperRow kPapers[] = {
+    {"A4", CSize(2100, 2970)},       {"A4 landscape", CSize(2970, 2100)},
+    {"A3", CSize(2970, 4200)},       {"A3 landscape", CSize(4200, 2970)},
+    {"A5", CSize(1480, 2100)},       {"B5 landscape", CSize(2570, 1820)},
+    {"Letter", CSize(2159, 2794)},   {"Letter landscape", CSize(2794, 2159)},
+    {"postcard", CSize(1000, 1480)}, {"stamp", CSize(200, 240)},
+    {"ribbon", CSize(20000, 600)},   {"column", CSize(400, 9000)},
+    {"one unit", CSize(1, 1)},       {"a wall", CSize(40000, 30000)},
+};
+const PageKind kKinds[] = {PageKind::Day,   PageKind::Days, PageKind::Week,
+                           PageKind::Month, PageKind::Year, PageKind::List};
+
+PrintOptions RandomOptions(RandomSource& random)
+{
+    PrintOptions options;
+    options.fontSize = 40 + random.Below(140);
+    options.marginLeft = random.Below(40);
+    options.headerMonths = random.Below(4);
+    options.showTitle = random.Below(5) != 0;
+    options.inColor = random.Below(2) == 0;
+    options.widenHours = random.Below(2) == 0;
+    options.hoursFrom = random.Below(24);
+    options.hoursTo = random.Below(30);
+    options.emptyDays = random.Below(2) == 0;
+    options.language = random.Below(2) == 0 ? PrintLanguage::Japanese : PrintLanguage::English;
+    options.otherDays = random.Below(2) == 0 ? PrintOptions::OtherDays::Greyed : PrintOptions::OtherDays::LeftOut;
+    options.yearForm = random.Below(2) == 0 ? PrintOptions::YearForm::Calendar : PrintOptions::YearForm::Boxes;
+    return options;
+}
+
+TEST(Pages, LoseNothingPrintNothingTwiceAndStayOnTheSheet)
+{
+    const PlainMeasurer measurer;
+    for (unsigned seed = 0; seed < 600; ++seed) {
+        RandomSource random(seed);
+        PrintRange range;
+        range.kind = kKinds[seed % 6];
+        const int spans[] = {1, 2 + random.Below(13), 7, 31, 365, 1 + random.Below(40)};
+        const int days = spans[static_cast<int>(range.kind)];
+        range.firstDay = kSunday1Nov2026 + random.Below(400);
+        if (range.kind == PageKind::Year) {
+            range.firstDay = DayNumberOf(COleDateTime(2026, 1, 1, 0, 0, 0));
+        }
+        range.lastDay = range.firstDay + days - 1;
+        const PrintSource source = random.Make(1 << random.Below(9), range.firstDay, days);
+        const PrintOptions options = RandomOptions(random);
+        const PaperRow& paper = kPapers[random.Below(static_cast<int>(std::size(kPapers)))];
+        const std::string name = "seed " + std::to_string(seed) + " kind " +
+                                 std::to_string(static_cast<int>(range.kind)) + " on " + paper.name;
+        const std::vector<Page> pages = BuildPages(source, range, options, paper.size, measurer);
+        ASSERT_FALSE(pages.empty()) << name;
+        ExpectInside(pages, paper.size, measurer, name);
+        const std::multiset<Place> expected = ExpectedPlaces(source, range, options);
+        const std::multiset<Place> found = PlacesOf(pages);
+        for (const Place& place : expected) {
+            EXPECT_EQ(found.count(place), 1u) << name << ": item " << place.first << " on day " << place.second
+                                              << " of " << range.firstDay << "+" << days;
+        }
+        EXPECT_EQ(found.size(), expected.size()) << name;
+        if (std::min(paper.size.cx, paper.size.cy) >= 1200) {
+            ExpectApart(pages, name);
+        }
+    }
+}
+
+} // namespace
