@@ -371,10 +371,10 @@ protected:
     CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself
     BOOL m_bScrollTimer = FALSE;
     BOOL m_bReleasingCapture = FALSE;
-    unsigned m_nItemVersion = 0; // counts changes of the store
-    unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
+    unsigned m_nItemVersion = 0;                           // counts changes of the store
+    unsigned m_nCancelCount = 0;                           // counts WM_CANCELMODE
     std::unique_ptr<dayvane::CalendarPrinting> m_pPrinter; // made when it is first asked for
-    Alive* m_pAlive = nullptr;   // innermost guard
+    Alive* m_pAlive = nullptr;                             // innermost guard
 
     // Message handlers, in the order of the message map.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

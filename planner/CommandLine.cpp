@@ -2,7 +2,9 @@
 
 #include "planner/Calendar.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace planner {
 
@@ -32,14 +34,19 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
         }
         line.size = size;
     } else {
-        (option == "--view" ? line.view : line.shot) = value;
+        std::string& text = option == "--view"    ? line.view
+                            : option == "--pages" ? line.pages
+                            : option == "--paper" ? line.paper
+                                                  : line.shot;
+        text = value;
     }
     return !value.empty();
 }
 
 bool IsOption(const std::string& argument)
 {
-    return argument == "--view" || argument == "--date" || argument == "--size" || argument == "--shot";
+    static const char* const options[] = {"--view", "--date", "--size", "--shot", "--pages", "--paper"};
+    return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--shot FILE.bmp]
+// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--shot FILE.bmp] [--pages FILE.ps [--paper P]]
 #pragma once
 
 #include <optional>
@@ -22,6 +22,9 @@ struct CommandLine
     std::string view; // a name of the table of views; empty: the first
     std::optional<Date> date;
     std::optional<Size> size;
+    std::string pages; // where to print what the view shows, and end; empty: run
+    std::string
+        paper; // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" behind it; empty: what suits the page
     std::string shot;    // where to put a picture of the window, and end; empty: run
     std::string problem; // what was not understood, as a sentence; the rest holds
 };

@@ -12,6 +12,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace {
+constexpr char kListPage[] = "list"; // on the command line: the month as a list, which is a page but no view
+} // namespace
+
 class CPlannerApp : public CWinApp
 {
 public:
@@ -29,6 +33,7 @@ protected:
 
 private:
     void TellMessages(CPlannerFrame& frame);
+    void PrintPages(CPlannerFrame& frame);
 
     planner::CommandLine m_line;
     dayvane::DayCalendar m_days; // today's law and the exact sky, in every view
@@ -38,6 +43,7 @@ private:
 BEGIN_MESSAGE_MAP(CPlannerApp, CWinApp)
 ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
 ON_COMMAND(ID_FILE_OPEN, &CWinApp::OnFileOpen)
+ON_COMMAND(ID_FILE_PRINT_SETUP, &CWinApp::OnFilePrintSetup)
 END_MESSAGE_MAP()
 
 CPlannerApp theApp;
@@ -47,7 +53,9 @@ BOOL CPlannerApp::InitInstance()
     dayvane::SetDefaultDayProvider(&m_days);
     m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
-    start.view = m_line.view.empty() ? planner::DefaultView() : planner::FindView(m_line.view);
+    const bool asList = m_line.view == kListPage && !m_line.pages.empty();
+    start.asList = asList;
+    start.view = m_line.view.empty() || asList ? planner::DefaultView() : planner::FindView(m_line.view);
     if (!start.view.row) {
         m_line.problem = "There is no view '" + m_line.view + "'; there are " + planner::ViewNames() + ".";
     }
@@ -61,7 +69,7 @@ BOOL CPlannerApp::InitInstance()
     AddDocTemplate(new CSingleDocTemplate(IDR_MAINFRAME, RUNTIME_CLASS(CPlannerDoc), RUNTIME_CLASS(CPlannerFrame),
                                           planner::DefaultView().row->viewClass));
     if (!m_line.file.empty() && !OpenDocumentFile(m_line.file.c_str())) {
-        m_failed = !m_line.shot.empty();
+        m_failed = !m_line.shot.empty() || !m_line.pages.empty();
     }
     if (m_failed || (!m_pMainWnd && !OpenDocumentFile(nullptr))) {
         return FALSE;
@@ -84,6 +92,19 @@ void CPlannerApp::TellMessages(CPlannerFrame& frame)
     std::fflush(stderr);
 }
 
+void CPlannerApp::PrintPages(CPlannerFrame& frame)
+{
+    const std::string file = m_line.pages;
+    m_line.pages.clear();
+    CString problem;
+    const int pages = frame.PrintTo(file.c_str(), m_line.paper, problem);
+    m_failed = pages == 0;
+    std::fprintf(m_failed ? stderr : stdout, "%s\n",
+                 m_failed ? problem.GetString() : (std::to_string(pages) + (pages == 1 ? " page" : " pages")).c_str());
+    std::fflush(stdout);
+    frame.DestroyWindow();
+}
+
 // The picture is taken when nothing is left to be done or painted.
 BOOL CPlannerApp::OnIdle(LONG lCount)
 {
@@ -91,7 +112,9 @@ BOOL CPlannerApp::OnIdle(LONG lCount)
     if (lCount == 0 && m_pMainWnd) {
         static_cast<CPlannerFrame*>(m_pMainWnd)->Idle();
     }
-    if (!more && !m_line.shot.empty() && m_pMainWnd) {
+    if (!more && !m_line.pages.empty() && m_pMainWnd) {
+        PrintPages(*static_cast<CPlannerFrame*>(m_pMainWnd));
+    } else if (!more && !m_line.shot.empty() && m_pMainWnd) {
         m_pMainWnd->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         m_failed = !planner::SaveWindowPicture(*m_pMainWnd, m_line.shot.c_str());
         m_line.shot.clear();

@@ -47,6 +47,8 @@ ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
 ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
 ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
 ON_COMMAND(ID_VIEW_NEXT_PANE, &CPlannerFrame::OnNextPane)
+ON_COMMAND(ID_FILE_PAGE_SETUP, &CPlannerFrame::OnPageSetup)
+ON_COMMAND(ID_FILE_EXPORT_PAGES, &CPlannerFrame::OnExportPages)
 ON_COMMAND(ID_APP_ABOUT, &CPlannerFrame::OnAbout)
 ON_UPDATE_COMMAND_UI(ID_EDIT_UNDO, &CPlannerFrame::OnUpdateUndo)
 ON_UPDATE_COMMAND_UI(ID_EDIT_REDO, &CPlannerFrame::OnUpdateRedo)
@@ -63,6 +65,7 @@ CPlannerFrame::CPlannerFrame()
     : m_view(s_start.view.row ? s_start.view : planner::DefaultView()), m_day(s_start.day), m_editor(m_items),
       m_sidePane(&CPlannerFrame::CalendarOf, reinterpret_cast<LPARAM>(this))
 {
+    m_pages.asList = s_start.asList;
 }
 
 // ---- Lifetime
@@ -109,7 +112,7 @@ void CPlannerFrame::OnClose()
 BOOL CPlannerFrame::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     m_editor.Commit();
-    return CFrameWnd::OnCommand(wParam, lParam);
+    return !IsReadyToPrint(LOWORD(wParam)) || CFrameWnd::OnCommand(wParam, lParam);
 }
 
 planner::Document* CPlannerFrame::CalendarOf(LPARAM lFrame)
@@ -204,6 +207,7 @@ void CPlannerFrame::SetUpView()
     }
     planner::SetUpControl(m_view, *ctrl, m_mondayFirst);
     ApplySettings(*ctrl);
+    SetUpPrinter();
     GoTo(m_day);
     ApplyTimeScale();
     ShowFirstHours();

@@ -9,6 +9,7 @@
 #include "planner/Panes.h"
 #include "planner/PlannerDoc.h"
 #include "planner/PlannerToolBar.h"
+#include "planner/PrintedPages.h"
 #include "planner/ShownItems.h"
 #include "planner/ViewTable.h"
 
@@ -23,6 +24,7 @@ public:
         planner::ChosenView view = {nullptr, 0};
         COleDateTime day;              // not valid: today, or where the items are
         CSize size = CSize(1180, 860); // pixels
+        bool asList = false;           // printed as a list of items
     };
     static Start s_start;
 
@@ -35,6 +37,9 @@ public:
     // Brings bars and panes up to date with what keys have changed without a notification.
     void Idle();
     planner::ShownItems& Items() { return m_items; }
+    // Prints what the view shows into a file, on paper of that name (planner/PrintedPages.h). Returns the number of
+    // pages; 0 and the problem when nothing was printed.
+    int PrintTo(const char* file, const std::string& paper, CString& problem);
     CPlannerDoc* Document();
 
 protected:
@@ -73,6 +78,8 @@ protected:
     afx_msg void OnSetting(UINT nID);
     afx_msg void OnPane(UINT nID);
     afx_msg void OnNextPane();
+    afx_msg void OnPageSetup();
+    afx_msg void OnExportPages();
     afx_msg void OnAbout();
     afx_msg void OnUpdateUndo(CCmdUI* pCmdUI);
     afx_msg void OnUpdateRedo(CCmdUI* pCmdUI);
@@ -96,6 +103,8 @@ private:
     void ShowCurrent();
     void Tell(const CString& text); // in the status bar, until something else is to be told
     void ApplySettings(CCalendarCtrl& ctrl);
+    bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages
+    void SetUpPrinter();           // of the control, by the page settings
     BOOL* SettingOf(UINT nID);
     CWnd* PaneOf(UINT nID);
     static planner::Document* CalendarOf(LPARAM lFrame);
@@ -108,6 +117,7 @@ private:
     bool m_altTaken = false;          // the key pressed with Alt was a command
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
+    planner::PageSettings m_pages;
 
     CPlannerToolBar m_toolBar;
     CStatusBar m_statusBar;

@@ -5,15 +5,17 @@
 planner_time_limit=60
 # Fewer colours than this: the window is still empty.
 painted_colors=16
+pages_dpi=110 # of the pictures of printed pages
 
 command_run() {
-    local file="" shot="" system=932 planner_arguments=()
+    local file="" shot="" pages="" system=932 planner_arguments=()
     while [ $# -gt 0 ]; do
         case $1 in
-            --view | --date | --size | --shot | --system)
+            --view | --date | --size | --shot | --pages | --paper | --system)
                 [ $# -ge 2 ] || die "$1 needs a value; ./dev help tells which."
                 case $1 in
                     --shot) shot=$2 ;;
+                    --pages) pages=$2 ;;
                     --system) system=$2 ;;
                     *) planner_arguments+=("$1" "$2") ;;
                 esac
@@ -33,7 +35,9 @@ command_run() {
     export FONTCONFIG_FILE=$ROOT/tools/fonts.conf
     planner_arguments=("$(winepath_of "$file")" "${planner_arguments[@]}")
 
-    if [ -n "${DISPLAY:-}" ] && [ -z "$shot" ]; then
+    if [ -n "$pages" ]; then
+        print_pages "$system" "$pages" "${planner_arguments[@]}"
+    elif [ -n "${DISPLAY:-}" ] && [ -z "$shot" ]; then
         start_system desktop
         step "The planner is open; close its window to end"
         run_windows "$BUILD/win32/bin/planner.exe" "${planner_arguments[@]}"
@@ -62,6 +66,31 @@ shoot_planner() {
     mv "$BUILD/shots/.now.png" "$picture"
     show_planner_log "$system" "$log"
     say "The planner's window is in $picture"
+}
+
+# print_pages SYSTEM PREFIX ARGUMENT...: what the view prints, by the PostScript driver, as PREFIX-1.png, ...
+print_pages() {
+    local system=$1 prefix=$2 log postscript=$BUILD/shots/.pages.ps
+    shift 2
+    need_packages "${paper_packages[@]}"
+    build win32 add_printer
+    mkdir -p "$(dirname "$prefix")" "$(dirname "$postscript")" || die "The folder of $prefix cannot be made."
+    start_system "$system"
+    log=$(log_file pages)
+    run_windows "$BUILD/win32/bin/add_printer.exe" "$(winepath_of "$ROOT/tools/paper.ppd")" >"$log" 2>&1 ||
+        die "The printer could not be added; see $log."
+    rm -f "$postscript" "$prefix"-[0-9]*.png
+    run_guarded "$log" wine "$BUILD/win32/bin/planner.exe" "$@" --pages "$(winepath_of "$postscript")" ||
+        { show_planner_log "$system" "$log" >&2; die "Nothing was printed."; }
+    # Landscape pages lie on their side in the file, with the left edge down.
+    gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=png16m -r"$pages_dpi" -dTextAlphaBits=4 -dGraphicsAlphaBits=4 \
+        -dAutoRotatePages=/None -sOutputFile="$prefix-%d.png" "$postscript" >>"$log" 2>&1 ||
+        die "ghostscript refuses the pages; see $log."
+    if grep -q '^%%Orientation: Landscape' "$postscript"; then
+        mogrify -rotate 90 "$prefix"-[0-9]*.png
+    fi
+    show_planner_log "$system" "$log"
+    say "The pages are in $prefix-1.png and so on"
 }
 
 # What the planner wrote, from its system's code page.

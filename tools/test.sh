@@ -68,6 +68,8 @@ build_tests() {
         return # these build what they need themselves
     elif [ "$only" = drive ]; then
         [ "$preset" != win32 ] || build win32 planner
+    elif [ "$only" = pages ]; then
+        [ "$preset" != win32 ] || build win32 planner add_printer
     elif [ -n "$only" ]; then
         has_target "$preset" "test_$only" || die "There is no test program test_$only in $preset."
         build "$preset" "test_$only"
@@ -129,6 +131,9 @@ test_lane() {
     if [ -z "$only" ] || [ "$only" = drive ]; then
         drive_planner "$system" "$@"
     fi
+    if [ -z "$only" ] || [ "$only" = pages ]; then
+        check_pages "$system" "$@"
+    fi
     if [ "$with_stress" = yes ]; then
         run_plain_program "win32-ubsan/$system stress" env WINEDEBUG=warn+heap wine "$(stress_program)" \
             "$stress_events_in_test" "$system"
@@ -144,11 +149,22 @@ drive_planner() {
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/drive-$system"
 }
 
+# check_pages SYSTEM PRESET...: what the planner prints, through the PostScript driver.
+check_pages() {
+    local system=$1
+    shift
+    [[ " $* " == *" win32 "* ]] || return 0
+    need_packages "${paper_packages[@]}"
+    run_plain_program "win32/$system pages" bash "$ROOT/tests/outside/printed_pages.sh" \
+        "$BUILD/win32/bin/planner.exe" "$BUILD/win32/bin/add_printer.exe" "$ROOT/tools/paper.ppd" \
+        "$ROOT/samples/data/office.ics" "$BUILD/logs/pages-$system"
+}
+
 # run_tests_of PRESET LABEL ONLY RUNNER...: every program of the build's list.
 run_tests_of() {
     local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments
     shift 3
-    [[ ! "$only" =~ ^(package|stress|drive)$ ]] || return 0
+    [[ ! "$only" =~ ^(package|stress|drive|pages)$ ]] || return 0
     while IFS=$'\t' read -r name file arguments; do
         if [ -z "$only" ] || [ "$only" = "$name" ]; then
             # shellcheck disable=SC2086  # the arguments of the list are words

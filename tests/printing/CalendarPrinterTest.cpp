@@ -44,10 +44,10 @@ const ViewRow kViews[] = {
     {"month", &Made<CMonthViewCtrl>, 6}, {"month 2", &Made<CMonthViewCtrl2>, 6},
 };
 
-// No line ends within it.
+// Short, for boxes are narrow, and none within another one.
 std::string NameOf(int dayOffset, int number)
 {
-    return "item" + std::to_string(dayOffset + 50) + "x" + std::to_string(number);
+    return "d" + std::to_string(dayOffset + 50) + "n" + std::to_string(number) + "e";
 }
 
 // A control with its window, showing the 24th of November 2026.
@@ -113,12 +113,17 @@ std::wstring Wide(const std::string& words)
     return std::wstring(words.begin(), words.end());
 }
 
+// How often the words are there; a word that is broken at the end of a narrow line goes on in the next text.
 int Count(const std::vector<std::vector<DrawnText>>& pages, const std::wstring& words)
 {
     int count = 0;
     for (const auto& page : pages) {
+        std::wstring all;
         for (const DrawnText& text : page) {
-            count += text.text == words ? 1 : 0;
+            all += text.text;
+        }
+        for (std::size_t at = all.find(words); at != std::wstring::npos; at = all.find(words, at + 1)) {
+            ++count;
         }
     }
     return count;
