@@ -130,10 +130,15 @@ void CPeriodGridCtrl::SetDayProvider(const DayProvider* pProvider)
     m_pDayProvider = pProvider;
 }
 
+const DayProvider* CPeriodGridCtrl::GetDayProvider() const
+{
+    return m_pDayProvider ? m_pDayProvider : DefaultDayProvider();
+}
+
 bool CPeriodGridCtrl::IsDayOff(const COleDateTime& day) const
 {
-    if (m_pDayProvider) {
-        return m_pDayProvider->InfoOf(CivilDateOf(day)).isDayOff;
+    if (const DayProvider* days = GetDayProvider()) {
+        return days->InfoOf(CivilDateOf(day)).isDayOff;
     }
     // The standard provider would look for solar terms, too.
     tagHOLIDAY holiday = {};

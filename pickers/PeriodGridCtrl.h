@@ -73,7 +73,8 @@ public:
     int GetFirstDayOfWeek() const;
     void SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam = 0); // nullptr: none
     // Where days off and the names of days come from. Asked for days off at each layout, for a name when the pointer
-    // comes to a day. It must live until another is set; nullptr: CCalcHoliday.
+    // comes to a day. It must live until another is set; nullptr: the process-wide provider
+    // (SetDefaultDayProvider), and where there is none CCalcHoliday.
     void SetDayProvider(const dayvane::DayProvider* pProvider);
     void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
     // Computes all rectangles for a client area; a negative size stands for the window's own.
@@ -127,6 +128,7 @@ protected:
     void Cancel();
     void InvalidatePart(const dayvane::GridHit& hit);
     void Hover(const dayvane::GridHit& hit);
+    const dayvane::DayProvider* GetDayProvider() const;
     bool IsDayOff(const COleDateTime& day) const;
     // The names of a day as the tip of its cell; no tip for other parts and unnamed days.
     void ShowTip(const dayvane::GridHit& hit);

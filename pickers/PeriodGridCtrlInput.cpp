@@ -38,8 +38,8 @@ void CPeriodGridCtrl::ShowTip(const GridHit& hit)
 {
     std::string text;
     if (m_options.toolTips && hit.part == GridPart::Cell && m_state->model.Policy().unit == CellUnit::Day) {
-        const DayProvider& days = m_pDayProvider ? *m_pDayProvider : StandardDayProvider();
-        text = NamesText(days.InfoOf(CivilDateOf(DateOfHit(m_state->layout, hit))));
+        const DayProvider* days = GetDayProvider();
+        text = NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(DateOfHit(m_state->layout, hit))));
     }
     m_tip.SetPart(*this, RectOfPart(m_state->layout, hit), text);
 }
