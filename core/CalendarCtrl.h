@@ -149,7 +149,7 @@ protected:
     // The mouse has moved a bound of the selection, or both.
     virtual void SelectionMoved();
     virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
-    virtual void DayProviderChanged(); // what the view keeps of the shown days is out of date
+    virtual void DayProviderChanged();                          // what the view keeps of the shown days is out of date
 
 public:
     // ---- Items and selection.
