@@ -45,6 +45,9 @@ TEST(Reader, EventsBeginAndEnd)
         {"DTSTART:20261121T0930", "DTSTART:20261122T0930", "20261121T0930/20261121T0930", "second DTSTART"},
         {"DTSTART:20261321", "DTEND:20261401", "", "DTSTART \"20261321\" is not a date"},
         {"SUMMARY:x", "LOCATION:y", "", "without DTSTART"},
+        // An hour that comes twice: the end means the second one.
+        {"DTSTART;TZID=Europe/Berlin:20261025T0245", "DTEND;TZID=Europe/Berlin:20261025T0215",
+         "20261025T0245/20261025T0245", nullptr},
         // A flight: shown on the clock of its start.
         {"DTSTART;TZID=Asia/Tokyo:20261121T1100", "DTEND;TZID=America/Los_Angeles:20261121T0400",
          "20261121T1100/20261121T2100", nullptr},
@@ -96,6 +99,10 @@ TEST(Reader, RepeatsWithExceptionsAndReplacements)
         "20261116T0900/20261116T1000 ";
     EXPECT_EQ(ShownIn2026(series + end), unreplaced + "20261123T0900/20261123T1000 20261130T0900/20261130T1000");
     EXPECT_EQ(ShownIn2026(series + replacement + end),
+              unreplaced + "20261124T1000/20261124T1000 20261130T0900/20261130T1000");
+    // Exceptions are the series' own.
+    EXPECT_EQ(ShownIn2026(series + replacement.substr(0, replacement.find("END:VEVENT")) + "EXDATE:20261124T1000\r\n" +
+                          "END:VEVENT\r\n" + end),
               unreplaced + "20261124T1000/20261124T1000 20261130T0900/20261130T1000");
     // In another calendar of the file the same UID is another event.
     EXPECT_EQ(ShownIn2026(series + end + "BEGIN:VCALENDAR\r\n" + replacement + end),

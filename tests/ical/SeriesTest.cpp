@@ -66,6 +66,18 @@ TEST_F(SeriesTest, ThisAndFollowingSplitsTheSeries)
     EXPECT_EQ(m_document.Save(), "BEGIN:VCALENDAR\r\nEND:VCALENDAR\r\n");
 }
 
+TEST_F(SeriesTest, SeriesOfDaysAndOfDatesEndBeforeTheFollowing)
+{
+    OpenSeries({"DTSTART;VALUE=DATE:20261102", "RRULE:FREQ=DAILY;COUNT=4"});
+    ASSERT_TRUE(m_document.Delete(IdAt("20261104"), Scope::ThisAndFollowing).isDone);
+    EXPECT_EQ(Difference(), "-RRULE:FREQ=DAILY;COUNT=4\r\n+RRULE:FREQ=DAILY;UNTIL=20261103\r\n");
+    EXPECT_EQ(ShownAgain(), "20261102/20261103* 20261103/20261104*");
+    OpenSeries({"DTSTART:20261102T0900", "RDATE:20261103T0900,20261105T0900,20261107T0900"});
+    ASSERT_TRUE(m_document.Delete(IdAt("20261105T0900"), Scope::ThisAndFollowing).isDone);
+    EXPECT_EQ(Difference(), "-RDATE:20261103T0900,20261105T0900,20261107T0900\r\n+RDATE:20261103T0900\r\n");
+    EXPECT_EQ(ShownAgain(), "20261102T0900/20261102T0900 20261103T0900/20261103T0900");
+}
+
 // The rules of series that are moved as a whole by an occurrence from its start to another time.
 TEST_F(SeriesTest, MovedRulesGoAlong)
 {
