@@ -91,7 +91,7 @@ COleDateTime AddSeconds(const COleDateTime& date, long long seconds)
 
 bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time)
 {
-    return date.GetAsSystemTime(time) ? true : false;
+    return date.GetAsSystemTime(time) != FALSE;
 }
 
 COleDateTime FromSystemTime(const SYSTEMTIME& time)

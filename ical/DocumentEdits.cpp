@@ -190,7 +190,7 @@ EditResult DocumentEdit::ChangeAlone(const EventChanges& changes)
     }
     OccurrenceId after = m_id;
     const bool willRepeat = changes.rule && !changes.rule->empty() && !m_entry->event->replaces;
-    const EditResult result = Finish(after);
+    EditResult result = Finish(after);
     if (result.isDone && willRepeat) { // it is the first occurrence of a series now
         after.original = m_state.FindEntry(m_id.event)->event->start.wall;
         return {true, "", after};

@@ -14,9 +14,9 @@ class DocumentEdit
 public:
     DocumentEdit(DocumentState& state, const OccurrenceId& id);
 
-    EditResult Change(const EventChanges& changes, Scope scope);
+    EditResult Change(const EventChanges& wanted, Scope scope);
     EditResult Delete(Scope scope);
-    EditResult Copy(const EventTimes& times);
+    EditResult Copy(const EventTimes& wanted);
 
 private:
     using Entry = DocumentState::Entry;
@@ -34,7 +34,7 @@ private:
     EditResult ChangeFollowing(const EventChanges& changes);
     const char* MoveSeries(ComponentText& text, const Event& event, const Occurrence& anchor, const EventTimes& times,
                            LocalTime& shiftedStart);
-    bool IsShiftSound(std::string_view rule, const Event& event, LocalTime from, LocalTime to) const;
+    bool IsShiftSound(std::string_view shifted, const Event& event, LocalTime from, LocalTime to) const;
     bool LimitTail(ComponentText& tail, const Event& event, LocalTime first) const;
     std::optional<LocalTime> RuleStartFrom(LocalTime original) const;
     void EndBefore(LocalTime original);
@@ -61,6 +61,6 @@ TimeForm StartForm(const ComponentText& text, const WritingContext& context);
 // The reason why occurrences that the file changes together are not edited.
 extern const char kChangedFollowing[];
 
-EditResult CreateEvent(DocumentState& state, const EventTimes& times, const std::string& summary);
+EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const std::string& summary);
 
 } // namespace dayvane::ical

@@ -35,6 +35,6 @@ void ShiftDates(ComponentText& text, const Event& series, std::string_view name,
 
 // The rule of a series whose occurrence at `from` is moved to `to`, so that all its occurrences move alike: weekdays,
 // days of the month and the month go along. Nothing if the rule cannot say that.
-std::optional<std::string> ShiftRule(std::string_view rule, const Event& series, LocalTime from, LocalTime to);
+std::optional<std::string> ShiftRule(std::string_view text, const Event& series, LocalTime from, LocalTime to);
 
 } // namespace dayvane::ical

@@ -53,7 +53,7 @@ private:
         if (line.depth == ComponentText::kOwnDepth && property.name == "TZID") {
             m_id = value;
         } else if (line.depth == ComponentText::kOwnDepth && property.name == "BEGIN") {
-            m_draft.emplace();
+            m_draft = Draft{};
             m_draft->line = line.number;
         } else if (line.depth == ComponentText::kOwnDepth && property.name == "END") {
             Finish();

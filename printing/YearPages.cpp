@@ -75,7 +75,8 @@ private:
 
     void MarkDays()
     {
-        m_marks.resize(static_cast<std::size_t>(m_last - m_first + 1));
+        const int days = m_last - m_first + 1;
+        m_marks.resize(static_cast<std::size_t>(days));
         // Of several the shortest shows: a deadline within a project.
         std::vector<int> items = m_items;
         std::stable_sort(items.begin(), items.end(), [&](int a, int b) { return LengthOf(a) < LengthOf(b); });

@@ -12,7 +12,7 @@ class DayProvider;
 class MonthCell
 {
 public:
-    virtual ~MonthCell() {}
+    virtual ~MonthCell() = default;
 
     CRect m_rect = CRect(0, 0, 0, 0);
     int m_bMore = 0;      // 1: an item of this day did not fit
@@ -29,7 +29,7 @@ enum DayFlags : unsigned
 class BoxDay
 {
 public:
-    virtual ~BoxDay() {}
+    virtual ~BoxDay() = default;
 
     COleDateTime m_date;    // 00:00; invalid beyond the years 100 to 9999
     unsigned m_nFlags = 0;  // DayFlags

@@ -87,8 +87,8 @@ private:
 
     std::vector<TidyColumn>& m_places;
     std::map<int, int> m_taken; // column: the item that is under way there
-    std::priority_queue<End, std::vector<End>, std::greater<End>> m_ends;
-    std::priority_queue<int, std::vector<int>, std::greater<int>> m_free; // columns left of the rightmost one taken
+    std::priority_queue<End, std::vector<End>, std::greater<>> m_ends;
+    std::priority_queue<int, std::vector<int>, std::greater<>> m_free; // columns left of the rightmost one taken
     std::vector<int> m_members;
     int m_columns = 0;
 };
