@@ -8,31 +8,31 @@ namespace {
 
 constexpr int kNone = -1;
 
-// Which rows' bars can meet: those of one row only, unless some bar goes on into another row.
+// Which rows' bars can overlap: those of one row only, unless some bar goes on into another row.
 struct RowBlocks
 {
     RowBlocks(const std::vector<BarKind>& kinds, const LaneGrid& grid) : rows(static_cast<int>(grid.firstTops.size()))
     {
         for (const BarKind& kind : kinds) {
             rowOf.push_back(grid.RowOf(kind.first));
-            rowsMeet = rowsMeet || (kind.last > kind.first && grid.RowOf(kind.last) != rowOf.back());
+            rowsOverlap = rowsOverlap || (kind.last > kind.first && grid.RowOf(kind.last) != rowOf.back());
         }
     }
 
-    int Count() const { return rowsMeet ? 1 : rows; }
-    int BlockOf(int kind) const { return rowsMeet ? 0 : rowOf[kind]; }
+    int Count() const { return rowsOverlap ? 1 : rows; }
+    int BlockOf(int kind) const { return rowsOverlap ? 0 : rowOf[kind]; }
 
     int rows;
     std::vector<int> rowOf; // kind
-    bool rowsMeet = false;
+    bool rowsOverlap = false;
 };
 
 // ---- First sweep
 
 constexpr std::size_t kKindsPerStep = 8;
 
-// Adds to each top its step where the bar there touches a bar at `top`. A function of its own, with a body as plain as
-// this, because compilers turn it into instructions for several kinds at once.
+// Adds to each top its step where the bar there touches a bar at `top`. A separate function with a simple body, so that
+// compilers vectorise it.
 void MoveTouched(int* __restrict tops, const int* __restrict steps, std::size_t count, int top, int height)
 {
     for (; count > 0; count -= kKindsPerStep, tops += kKindsPerStep, steps += kKindsPerStep) {
@@ -43,8 +43,8 @@ void MoveTouched(int* __restrict tops, const int* __restrict steps, std::size_t 
     }
 }
 
-// Where the waiting bars of each kind lie. Every bar runs over all kinds that it could meet: cheaper than to look which
-// of them are concerned.
+// Where the unplaced bars of each kind lie. Every bar visits all kinds that it could overlap: that is cheaper than
+// finding out which of them are in its lane.
 class FirstSweep
 {
 public:
@@ -60,7 +60,7 @@ public:
         }
     }
 
-    // The top of the bar whose turn it is. Of the others, those that it touches move down by one lane.
+    // Places the next bar and returns its top. Unplaced bars that it touches move down by one lane.
     int Place(int kind)
     {
         const Slot& slot = m_places[kind];
@@ -73,7 +73,7 @@ private:
     struct Slot
     {
         std::size_t own;       // the kind's place in m_tops
-        std::size_t block;     // where the kinds that it can meet begin
+        std::size_t block;     // where the kinds that it can overlap begin
         std::size_t blockSize; // filled up to whole steps
         std::size_t steps;     // in m_steps, one for each of the block
     };
@@ -88,7 +88,7 @@ private:
             m_tops[begin + i] = grid.firstTops[blocks.rowOf[members[i]]];
             m_places[members[i]] = {begin + i, begin, size, m_steps.size()};
             for (int other : members) {
-                m_steps.push_back(kinds[members[i]].CanMeet(kinds[other]) ? grid.laneStep : 0);
+                m_steps.push_back(kinds[members[i]].CanOverlap(kinds[other]) ? grid.laneStep : 0);
             }
             m_steps.resize(m_places[members[i]].steps + size, 0);
         }
@@ -96,14 +96,14 @@ private:
 
     std::vector<Slot> m_places;
     std::vector<int> m_tops;  // pixels
-    std::vector<int> m_steps; // lane step where two kinds can meet, else 0
+    std::vector<int> m_steps; // lane step where two kinds can overlap, else 0
     int m_barHeight;
 };
 
 // ---- Second sweep
 
-// The bars whose turn is still to come, as sets of one kind in one lane. Sets that come together join (a union-find
-// forest); the sets of a lane are a list.
+// The unplaced bars, as sets of one kind in one lane. Sets that come into one lane join (a union-find forest); the sets
+// of a lane form a list.
 class WaitingBars
 {
 public:
@@ -113,8 +113,8 @@ public:
         m_sets.reserve(barCount);
     }
 
-    // Puts a bar into a lane, before the first turn; returns its set. The lanes of bars of one kind never decrease: so
-    // the first sweep leaves them.
+    // Puts a bar into a lane, before the first bar is placed; returns its set. After the first sweep the lanes of bars
+    // of one kind never decrease.
     int Enter(int kind, int lane)
     {
         int& set = m_lastSetOf[kind];
@@ -128,7 +128,7 @@ public:
         return set;
     }
 
-    // The bar's turn has come: it waits no more. Returns its lane.
+    // Places a bar of the set and returns its lane.
     int Leave(int set)
     {
         while (m_sets[set].waiting == kJoined) {
@@ -142,7 +142,7 @@ public:
         return m_sets[set].lane;
     }
 
-    // The sets of a lane that can meet the kind move down by one lane.
+    // The sets of a lane that can overlap the kind move down by one lane.
     void Push(const BarKind& pusher, int row, int lane)
     {
         if (lane < 0 || lane >= static_cast<int>(m_lanes[row].size())) {
@@ -154,7 +154,7 @@ public:
             Set& set = m_sets[*link];
             if (set.waiting == 0) {
                 *link = set.next;
-            } else if (pusher.CanMeet(m_kinds[set.kind])) {
+            } else if (pusher.CanOverlap(m_kinds[set.kind])) {
                 const int next = set.next;
                 set.next = moved;
                 moved = *link;
@@ -241,7 +241,7 @@ void PushRow(WaitingBars& waiting, const BarKind& kind, int ownRow, int lane, in
 std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid)
 {
     const RowBlocks blocks(kinds, grid);
-    // Bars that can meet stay together in memory: that matters when there are many.
+    // Bars that can overlap stay together in memory: with many bars that is faster.
     std::vector<std::vector<int>> members(blocks.Count());
     for (std::size_t i = 0; i < kindOf.size(); ++i) {
         if (kindOf[i] != kNoKind) {
@@ -264,8 +264,8 @@ std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<Bar
             const int lane = waiting.Leave(setOf[i]);
             lanes[block[i]] = lane;
             const int ownRow = blocks.rowOf[kind];
-            const int firstRow = blocks.rowsMeet ? 0 : ownRow;
-            const int lastRow = blocks.rowsMeet ? blocks.rows - 1 : ownRow;
+            const int firstRow = blocks.rowsOverlap ? 0 : ownRow;
+            const int lastRow = blocks.rowsOverlap ? blocks.rows - 1 : ownRow;
             for (int row = firstRow; row <= lastRow; ++row) {
                 PushRow(waiting, kinds[kind], ownRow, lane, row, grid);
             }

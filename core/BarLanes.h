@@ -1,15 +1,14 @@
 // Stacking of item bars: which bar of a box grid gives way to which.
 //
 // The rule, for all views: of every two bars i < j that share a day and whose rectangles intersect, j moves down by one
-// lane; all pairs are looked at, in order, twice. Nothing tidier: after the second sweep bars may still overlap.
+// lane; all pairs are looked at, in order, twice. No more: after the second sweep bars may still overlap.
 //
-// Taken literally that is quadratic. Here each sweep is one walk over the bars. All bars start at the same height
-// within their row and move by whole lanes, so a bar is known by its lane and its kind: days and horizontal extent.
-// Whether two bars can meet depends on their kinds alone, and a grid has few of them.
-// In the first sweep all bars start in lane 0, so the bars of one kind that still wait lie in one lane together: there
-// is one lane to keep for each kind. In the second one bars of a kind start in several lanes, but those that come to
-// one lane move together from then on: they are one set, and a bar whose turn it is pushes down the sets that lie in
-// its lane and can meet it.
+// Done literally that takes quadratic time. Here each sweep is one walk over the bars. All bars start at the same
+// height within their row and move by whole lanes, so a bar is described by its lane and its kind: days and horizontal
+// extent. Whether two bars can overlap depends on their kinds alone, and a grid has few kinds.
+// In the first sweep all bars start in lane 0, so the unplaced bars of one kind share a lane: one lane per kind is
+// stored. In the second sweep bars of a kind start in several lanes, but bars that come into one lane move together
+// from then on: they form one set. A bar that is being placed pushes down the sets in its lane that can overlap it.
 #pragma once
 
 #include <vector>
@@ -33,17 +32,17 @@ struct BarKind
 {
     int first; // 0 .. boxes - 1
     int last;  // -1 .. boxes - 1; before first when the item ends before it starts
-    int left;  // pixels; left == right: such bars have no width and meet nobody
+    int left;  // pixels; left == right: such bars have no width and overlap nothing
     int right;
 
-    bool CanMeet(const BarKind& other) const
+    bool CanOverlap(const BarKind& other) const
     {
         return first <= other.last && other.first <= last && left < right && other.left < other.right &&
                left < other.right && other.left < right;
     }
 };
 
-constexpr int kNoKind = -1; // of a bar that has no place and meets nobody
+constexpr int kNoKind = -1; // of a bar that has no place and overlaps nothing
 
 // The lane of each bar: how often it was moved down. kindOf: for each bar its position in `kinds`, or kNoKind.
 std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid);

@@ -4,10 +4,12 @@
 #include "core/WindowHelpers.h"
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
+#include "core/Fonts.h"
 #include "core/InPlaceEdit.h"
+#include "core/PointerDriver.h"
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 
 using namespace dayvane;
 
@@ -26,14 +28,13 @@ constexpr tagCALENDAR_DAY_COLOR kDayColors[kStandardDayColors] = {
     {{0xECD5DD, 0xE6C7D2, 0xD8A9B9, 0xCF94A8, 0xC2889B, 0x9B6376, 0x9B6376}},
 };
 
-LOGFONT FontTemplate(int height, BYTE charSet, const char* face)
-{
-    LOGFONT lf = {};
-    lf.lfHeight = height;
-    lf.lfCharSet = charSet;
-    lstrcpyn(lf.lfFaceName, face, LF_FACESIZE);
-    return lf;
-}
+constexpr FontSpec kFonts[] = {
+    // height, weight, character set, face; in the order of CalendarFont
+    {22, FW_DONTCARE, ANSI_CHARSET, "Westminster"},
+    {30, FW_DONTCARE, ANSI_CHARSET, "Century Gothic"},
+    {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"},
+    {12, FW_DONTCARE, SYMBOL_CHARSET, "MS Outlook"},
+};
 
 // Slots of the font cache, by GetFont's flags: italic wins over bold, slot 2 stays empty.
 constexpr int kSlotOfFontFlags[4] = {0, 1, 3, 3};
@@ -81,7 +82,7 @@ END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CCalendarCtrl::CCalendarCtrl()
+CCalendarCtrl::CCalendarCtrl() : m_pointer(std::make_unique<PointerDriver>())
 {
     for (const tagCALENDAR_DAY_COLOR& row : kDayColors) {
         m_arDayColors.Add(row);
@@ -91,10 +92,7 @@ CCalendarCtrl::CCalendarCtrl()
     m_colors.highlightText = ::GetSysColor(COLOR_HIGHLIGHTTEXT);
     m_colors.noFocus = ::GetSysColor(COLOR_BTNFACE);
 
-    m_lfFonts[0] = FontTemplate(22, ANSI_CHARSET, "Westminster");
-    m_lfFonts[1] = FontTemplate(30, ANSI_CHARSET, "Century Gothic");
-    m_lfFonts[2] = FontTemplate(12, SHIFTJIS_CHARSET, "MS UI Gothic");
-    m_lfFonts[3] = FontTemplate(12, SYMBOL_CHARSET, "MS Outlook");
+    std::transform(std::begin(kFonts), std::end(kFonts), m_lfFonts, LogFontOf);
 
     m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = m_dtSelAnchor = Now();
     m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
@@ -102,25 +100,11 @@ CCalendarCtrl::CCalendarCtrl()
 
 CCalendarCtrl::~CCalendarCtrl()
 {
-    for (Alive* guard = m_pAlive; guard; guard = guard->m_pOuter) {
-        guard->m_pCtrl = nullptr;
-    }
-    // While the derived parts still stood the window was theirs; here the hooks are the base's, which do nothing.
+    m_life.End();
+    // A derived control that has not destroyed its window does not exist any more: its hooks are the base's now.
     DestroyWindow();
     // The italic font is left to the end of the process: it may still be selected somewhere.
     m_fontCache[kSlotOfFontFlags[kFontItalic]].Detach();
-}
-
-CCalendarCtrl::Alive::Alive(CCalendarCtrl* pCtrl) : m_pCtrl(pCtrl), m_hWnd(pCtrl->m_hWnd), m_pOuter(pCtrl->m_pAlive)
-{
-    pCtrl->m_pAlive = this;
-}
-
-CCalendarCtrl::Alive::~Alive()
-{
-    if (m_pCtrl) {
-        m_pCtrl->m_pAlive = m_pOuter;
-    }
 }
 
 BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
@@ -132,7 +116,7 @@ BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
 LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
-        Alive alive(this);
+        const WindowAlive alive(this, m_life);
         FinishEdit(TRUE);
         if (!alive) {
             return 0;
@@ -155,26 +139,16 @@ void CCalendarCtrl::OnDestroy()
 
 void CCalendarCtrl::PostNcDestroy()
 {
-    m_pointer = PointerTracker();
-    m_bShiftExtend = m_bEditing = m_bScrollTimer = m_bHasFocus = FALSE;
+    *m_pointer = PointerDriver();
+    m_bShiftExtend = m_bEditing = m_bHasFocus = FALSE;
     CWnd::PostNcDestroy();
 }
 
 // ---- Dates
 
-COleDateTime CCalendarCtrl::GetCurrentDate()
-{
-    return m_dtCurrentDate;
-}
-
 void CCalendarCtrl::SetCurrentDate(const COleDateTime& date)
 {
     m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = m_dtViewDate = date;
-}
-
-COleDateTime CCalendarCtrl::GetSelDate()
-{
-    return GetCurrentDate();
 }
 
 void CCalendarCtrl::SetSelDate(const COleDateTime& date)
@@ -197,10 +171,6 @@ void CCalendarCtrl::SetFirstDayOfWeek(int nDay)
     SetCurrentDate(GetCurrentDate());
 }
 
-void CCalendarCtrl::SyncToPresent(const COleDateTime*)
-{
-}
-
 // ---- Day colours and properties
 
 void CCalendarCtrl::SetDayColor(COleDateTime date, int nColor)
@@ -208,24 +178,6 @@ void CCalendarCtrl::SetDayColor(COleDateTime date, int nColor)
     tagCALENDAR_DAY_PROPERTY property;
     property.nDayColor = nColor;
     SetDayProperty(date, property);
-}
-
-int CCalendarCtrl::GetDayColor(int)
-{
-    return 0;
-}
-
-void CCalendarCtrl::SetDayProperty(COleDateTime, const tagCALENDAR_DAY_PROPERTY&)
-{
-}
-
-tagCALENDAR_DAY_PROPERTY* CCalendarCtrl::GetDayProperty(COleDateTime)
-{
-    return nullptr;
-}
-
-void CCalendarCtrl::ClearDayProperty()
-{
 }
 
 CString CCalendarCtrl::WhatsToday(COleDateTime date)
@@ -273,7 +225,7 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
     const int slot = kSlotOfFontFlags[nFlags & (kFontBold | kFontItalic)];
     CFont& font = m_fontCache[slot];
     if (!font.GetSafeHandle()) {
-        LOGFONT lf = m_lfFonts[2];
+        LOGFONT lf = m_lfFonts[FONT_TEXT];
         lf.lfWeight = (nFlags & kFontBold) ? FW_BOLD : FW_NORMAL;
         lf.lfItalic = lf.lfStrikeOut = (nFlags & kFontItalic) ? TRUE : FALSE;
         if (!font.CreateFontIndirect(&lf)) {
@@ -324,16 +276,6 @@ int CCalendarCtrl::GetMaxGridRows() const
 int CCalendarCtrl::IsWorkDayOfWeek(int nDayOfWeek) const
 {
     return nDayOfWeek >= 1 && nDayOfWeek <= 7 ? m_workDays.bWorkDay[nDayOfWeek - 1] : 0;
-}
-
-int CCalendarCtrl::IsWorkDayOfWeek(const COleDateTime& date) const
-{
-    return IsWorkDayOfWeek(date.GetDayOfWeek());
-}
-
-int CCalendarCtrl::IsWorkTime(int nRow) const
-{
-    return _IsWorkTime(nRow, m_workTime.dtStart, m_workTime.dtEnd);
 }
 
 int CCalendarCtrl::_IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const

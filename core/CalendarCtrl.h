@@ -7,9 +7,9 @@
 // Coordinates are client pixels. Indices are indices into the item store unless stated. Settings only store their
 // value: call Refresh() to see them. Everything runs on the thread that owns the window.
 //
-// A control tells its parent what happens by WM_NOTIFY (core/CalendarNotify.h). The parent may do anything while it
-// handles a notification: change or delete items, change the date, begin an edit, destroy the window, delete the C++
-// object. After each send a control therefore looks at an Alive guard before it touches anything of itself.
+// A control reports to its parent by WM_NOTIFY (core/CalendarNotify.h). The parent may do anything while it handles a
+// notification: change or delete items, change the date, begin an edit, destroy the window, delete the C++ object.
+// After each send a control therefore asks a WindowAlive guard before it touches anything of itself.
 #pragma once
 
 #include <afxwin.h>
@@ -18,12 +18,12 @@
 #include <afxdisp.h>
 
 #include "CalendarClock.h"
+#include "CalendarColors.h"
 #include "CalendarNotify.h"
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
 #include "CalendarRecords.h"
-#include "CalendarSettings.h"
-#include "PointerTracker.h"
+#include "WindowAlive.h"
 
 #include <memory>
 #include <vector>
@@ -32,7 +32,8 @@ struct CPrintInfo;
 class CInPlaceEdit;
 namespace dayvane {
 class DayProvider;
-}
+class PointerDriver;
+} // namespace dayvane
 
 class CCalendarCtrl : public CWnd
 {
@@ -42,24 +43,6 @@ public:
     typedef dayvane::tagCALENDAR_ITEM tagCALENDAR_ITEM;
     typedef dayvane::tagCV_LAYOUT tagCV_LAYOUT;
     typedef CArray<tagCALENDAR_ITEM, const tagCALENDAR_ITEM&> CItemArray;
-
-    // Tells, after something that may have run the host's code, whether the control and its window are still there.
-    // Lives on the stack: { Alive alive(this); Notify(...); if (!alive) return; ... }
-    class Alive
-    {
-    public:
-        explicit Alive(CCalendarCtrl* pCtrl);
-        ~Alive();
-        Alive(const Alive&) = delete;
-        Alive& operator=(const Alive&) = delete;
-        explicit operator bool() const { return m_pCtrl && m_pCtrl->m_hWnd == m_hWnd; }
-
-    private:
-        friend class CCalendarCtrl;
-        CCalendarCtrl* m_pCtrl;
-        HWND m_hWnd; // at construction
-        Alive* m_pOuter;
-    };
 
     // Sets every default and appends the seven standard rows to m_arDayColors.
     CCalendarCtrl();
@@ -74,18 +57,18 @@ public:
 
     virtual void SetFirstDayOfWeek(int nDay);    // 1 Sunday .. 7 Saturday; others throw CInvalidArgException
     virtual int HitTest(tagCCHITTESTINFO& info); // returns info.nItem
-    virtual COleDateTime GetCurrentDate();
+    virtual COleDateTime GetCurrentDate() { return m_dtCurrentDate; }
     virtual void SetCurrentDate(const COleDateTime& date); // the host calls Refresh() afterwards
-    virtual COleDateTime GetSelDate();
+    virtual COleDateTime GetSelDate() { return GetCurrentDate(); }
     virtual void SetSelDate(const COleDateTime& date);
     virtual void GetViewRange(COleDateTime& first, COleDateTime& last); // first and last shown day
 
-    // What the host says of single days: the views keep it, the base control keeps nothing.
+    // What the host sets for single days: the views keep it, the base control keeps nothing.
     virtual void SetDayColor(COleDateTime date, int nColor);
-    virtual void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property);
-    virtual tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date);
-    virtual void ClearDayProperty();
-    virtual int GetDayColor(int nDay); // 1-based row of m_arDayColors, 0: none
+    virtual void SetDayProperty(COleDateTime /*date*/, const tagCALENDAR_DAY_PROPERTY& /*property*/) {}
+    virtual tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime /*date*/) { return nullptr; }
+    virtual void ClearDayProperty() {}
+    virtual int GetDayColor(int /*nDay*/) { return 0; } // 1-based row of m_arDayColors, 0: none
 
     // Items. The control keeps copies. bUpdate: rebuild the screen items and their rectangles; bRedraw: repaint.
     // Return values: 1 done; 0 when the index is greater than the count. An index equal to the count, or negative,
@@ -106,16 +89,16 @@ public:
 
 protected:
     virtual void DrawCtrl(CDC* pDC);
-    virtual void InvalidateCellRect(COleDateTime date);
+    virtual void InvalidateCellRect(COleDateTime /*date*/) {}
     virtual void InvalidateItemRect(int nIndex); // every piece of the item, 2 pixels around included
-    virtual void InvalidateCellRectRange();      // the cells of the selected range, and up to m_dtPrevSelEnd
-    virtual void DrawItem(CDC* pDC, CRect rcContent, CItemArray& screenItems);
-    virtual void DrawGrid(CDC* pDC, CRect rcContent);
-    virtual void DrawRuler(CDC* pDC, CRect rcRuler);
-    virtual void DrawCaption(CDC* pDC, CRect rcCaption);
+    virtual void InvalidateCellRectRange() {}    // the cells of the selected range, and up to m_dtPrevSelEnd
+    virtual void DrawItem(CDC* /*pDC*/, CRect /*rcContent*/, CItemArray& /*screenItems*/) {}
+    virtual void DrawGrid(CDC* /*pDC*/, CRect /*rcContent*/) {}
+    virtual void DrawRuler(CDC* /*pDC*/, CRect /*rcRuler*/) {}
+    virtual void DrawCaption(CDC* /*pDC*/, CRect /*rcCaption*/) {}
     virtual void MakeScreenItem(CItemArray& items, CItemArray& screenItems);
-    virtual void CalcItemRect(CRect rcContent, CItemArray& screenItems);
-    virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcContent);
+    virtual void CalcItemRect(CRect /*rcContent*/, CItemArray& /*screenItems*/) {}
+    virtual void CalcLayout(CRect /*rcClient*/, CRect& /*rcCaption*/, CRect& /*rcRuler*/, CRect& /*rcContent*/) {}
 
 public:
     virtual void SortItem(CItemArray& items); // by start, earliest first; invalid starts stay where they are
@@ -131,23 +114,23 @@ public:
 
 protected:
     // Keyboard moves; nFlags 0x10 (Shift) extends the selection.
-    virtual void MoveRightward(UINT nFlags);
-    virtual void MoveLeftward(UINT nFlags);
+    virtual void MoveRightward(UINT /*nFlags*/) {}
+    virtual void MoveLeftward(UINT /*nFlags*/) {}
     virtual void MoveBackward(UINT nFlags); // down, later
     virtual void MoveForward(UINT nFlags);  // up, earlier
 
 public:
-    virtual void SyncToPresent(const COleDateTime* pWhen); // time grids: scroll to the time, nullptr: now
+    virtual void SyncToPresent(const COleDateTime* /*pWhen*/) {} // time grids: scroll to the time, nullptr: now
 
 protected:
     // Item drag.
     virtual void MoveItem(tagCCHITTESTINFO hit);
     virtual void MoveItemEx(tagCCHITTESTINFO hit);
     // Extended drags: which edges of the screen item may be pulled (dayvane::ItemEdge), and the length of a row.
-    virtual int GetPullableEdges(const tagCALENDAR_ITEM& screenItem);
+    virtual int GetPullableEdges(const tagCALENDAR_ITEM& /*screenItem*/) { return dayvane::EDGE_NONE; }
     virtual int GetMoveStepMinutes();
     // The mouse has moved a bound of the selection, or both.
-    virtual void SelectionMoved();
+    virtual void SelectionMoved() {}
     virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
     virtual void DayProviderChanged();                          // what the view keeps of the shown days is out of date
 
@@ -231,10 +214,11 @@ public:
     void SetWorkDayOfWeek(const tagCALENDAR_WORK_DAY_OF_WEEK& days) { m_workDays = days; }
     const tagCALENDAR_WORK_DAY_OF_WEEK& GetWorkDayOfWeek() const { return m_workDays; }
     int IsWorkDayOfWeek(int nDayOfWeek) const; // 1 Sunday .. 7 Saturday; 0 for anything else
-    int IsWorkDayOfWeek(const COleDateTime& date) const;
+    int IsWorkDayOfWeek(const COleDateTime& date) const { return IsWorkDayOfWeek(date.GetDayOfWeek()); }
     void SetWorkTime(const tagCALENDAR_WORK_TIME& time) { m_workTime = time; }
     const tagCALENDAR_WORK_TIME& GetWorkTime() const { return m_workTime; }
-    int IsWorkTime(int nRow) const; // whether the row begins within the work time
+    // Whether the row begins within the work time.
+    int IsWorkTime(int nRow) const { return _IsWorkTime(nRow, m_workTime.dtStart, m_workTime.dtEnd); }
     int _IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const;
 
     // ---- Options. The single switches (EnableExtendedMove, EnableMoreList, ShowNowLine) write the same record.
@@ -254,8 +238,6 @@ public:
     int DrawImageIcon(CDC* pDC, int nImage, CRect rect);
     int DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm);
     int DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm);
-    // All of them that the item has, in its colour, nGap pixels after each mark; bIcon: its icon too.
-    int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
     void DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect); // shades of the colour, lighter inwards
 
     // ---- Printing (printing/CalendarPrinter.h). DoPrint hands over to the printer.
@@ -268,7 +250,7 @@ public:
     std::unique_ptr<dayvane::CalendarPrinting> TakePrinter() { return std::move(m_pPrinter); }
 
     // ---- Notifications. Send WM_NOTIFY to the parent and return its answer, 0 without a parent. The control may be
-    // gone afterwards: see Alive.
+    // gone afterwards: see WindowAlive.
 
     LRESULT Notify(int nCode, int nItem, int nSubValue, POINT pt, const SYSTEMTIME& time, UINT nFlags);
     LRESULT Notify(int nCode, const COleDateTime& date, const COleDateTime& first, const COleDateTime& last,
@@ -278,8 +260,7 @@ public:
 
     // Stays TRUE after an edit was cancelled with Escape, until the next edit ends with a text.
     BOOL IsEditing() const { return m_bEditing; }
-    void EditBoxGone(CInPlaceEdit* pEdit); // for the edit box
-    BOOL IsDragging() const { return m_pointer.IsDragging(); }
+    BOOL IsDragging() const;
     // While an item is dragged, and during CCN_ITEMMOVED: the times it had before. FALSE when nothing is dragged.
     BOOL GetDragOrigin(COleDateTime& start, COleDateTime& end) const;
     // Extended: a dragged item keeps its distance from the pointer, and its time of day where the view shows whole
@@ -288,13 +269,20 @@ public:
     BOOL IsExtendedMove() const { return m_options.extendedMove; }
 
 protected:
-    enum
-    {
-        kEditId = 1
-    };                                             // identifier of the edit box
+    static constexpr UINT kEditId = 1;             // identifier of the edit box
     static constexpr UINT kExtendSelection = 0x10; // argument of the keyboard moves: Shift
 
     // ---- Services for the views.
+
+    // The descriptions in m_lfFonts.
+    enum CalendarFont
+    {
+        FONT_CAPTION, // the time grids' hours
+        FONT_LARGE_CAPTION,
+        FONT_TEXT, // of GetFont
+        FONT_MARKS,
+        CALENDAR_FONTS
+    };
 
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
@@ -303,20 +291,13 @@ protected:
     void InvalidateClient(); // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
-    void GrowToTextLine(CRect& rect);
-    tagCCHITTESTINFO HitAt(CPoint point);
-    tagCCHITTESTINFO KeyboardHit();
-    static dayvane::PointerHit PointerHitOf(const tagCCHITTESTINFO& hit);
-    dayvane::ItemEdge EdgeUnder(const tagCCHITTESTINFO& hit);
-    void Apply(const dayvane::PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit);
-    void StopTracking();
-    void CancelTracking(); // the one way out of a press, sweep or drag that does not end with its release
-    bool GetDraggedTimes(dayvane::ItemTimes& times);
-    bool FollowDraggedItem();
-    BOOL HasTimes(int nIndex, const dayvane::ItemTimes& times) const;
-    void PutItemTimes(int nIndex, const dayvane::ItemTimes& times);
-    void WatchScrollEdge(CPoint point);
+    // A press of the left button, after its notification: makes the item under it current or begins a sweep.
+    void Press(const tagCCHITTESTINFO& hit, UINT nFlags);
+    // A key that moves the selection: calls the move, which extends the selection while Shift is down.
     void ArrowKey(void (CCalendarCtrl::*move)(UINT));
+
+    // The marks that the item has, in its colour, nGap pixels after each; bIcon: its icon too. Returns the width used.
+    int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
 
     CItemArray m_arItem;       // the host's items, in the host's order
     CItemArray m_arScreenItem; // what is shown
@@ -353,28 +334,21 @@ protected:
     int m_nItemDisplayMode = 0;
     BOOL m_bShowSelectionWithItem = FALSE;
 
-    LOGFONT m_lfFonts[4];               // [0] caption, [1] large caption, [2] text (GetFont), [3] marks
-    CFont m_fontCache[4];               // of GetFont
-    CImageList* m_pImageList = nullptr; // the last of m_imageLists
-    std::vector<std::unique_ptr<CImageList>> m_imageLists;
+    LOGFONT m_lfFonts[CALENDAR_FONTS];
+    CImageList* m_pImageList = nullptr; // the control's copy
     int m_cxIcon = 0;
     int m_cyIcon = 0;
 
     CalendarOptions m_options;
 
-    // Interaction.
-    dayvane::PointerTracker m_pointer;
     BOOL m_bShiftExtend = FALSE;      // the selection is being extended with Shift and an arrow key
     BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag
     BOOL m_bFulldaySelection = FALSE; // the selection stands for whole days
     BOOL m_bEditing = FALSE;
-    CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself
-    BOOL m_bScrollTimer = FALSE;
-    BOOL m_bReleasingCapture = FALSE;
-    unsigned m_nItemVersion = 0;                           // counts changes of the store
-    unsigned m_nCancelCount = 0;                           // counts WM_CANCELMODE
+    unsigned m_nItemVersion = 0; // counts changes of the store
+    unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
+    dayvane::WindowLife m_life;
     std::unique_ptr<dayvane::CalendarPrinting> m_pPrinter; // made when it is first asked for
-    Alive* m_pAlive = nullptr;                             // innermost guard
 
     // Message handlers, in the order of the message map.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -403,4 +377,21 @@ protected:
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     afx_msg void OnCcnIpeEndEditItem(NMHDR* pNMHDR, LRESULT* pResult);
     DECLARE_MESSAGE_MAP()
+
+private:
+    friend class CInPlaceEdit;
+    class Pointing;
+
+    int ItemsChangedIf(int nDone, int bUpdate, int bRedraw);
+    void GrowToTextLine(CRect& rect);
+    void EditBoxGone(CInPlaceEdit* pEdit);
+    tagCCHITTESTINFO HitAt(CPoint point);
+    tagCCHITTESTINFO KeyboardHit();
+    dayvane::ItemEdge EdgeUnder(const tagCCHITTESTINFO& hit);
+    void CancelTracking();
+
+    CFont m_fontCache[4]; // of GetFont
+    std::vector<std::unique_ptr<CImageList>> m_imageLists;
+    std::unique_ptr<dayvane::PointerDriver> m_pointer;
+    CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself
 };

@@ -16,7 +16,7 @@ constexpr int kEditPadding = 1; // pixels between the border of the edit box and
 
 void CCalendarCtrl::BeginEditItem(const char* lpszText)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const CString text(lpszText); // the caller's may go with the edit that ends now
     FinishEdit(TRUE);
     if (!alive || !m_hWnd) {
@@ -40,8 +40,7 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
     edit->SetFocus();
 }
 
-// A cell may be lower than a line of text: then the box reaches over its lower end, or its upper one at the bottom of
-// the window.
+// A cell may be lower than a line of text: then the box extends below it, or above it at the bottom of the window.
 void CCalendarCtrl::GrowToTextLine(CRect& rect)
 {
     CClientDC dc(this);
@@ -63,7 +62,7 @@ void CCalendarCtrl::FinishEdit(BOOL bCommit)
     if (!m_pEdit) {
         return;
     }
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     if (!bCommit) {
         m_pEdit->Cancel();
     }
@@ -124,21 +123,4 @@ void CCalendarCtrl::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
 LRESULT CCalendarCtrl::OnImeChar(WPARAM, LPARAM)
 {
     return 0;
-}
-
-void CCalendarCtrl::OnSetFocus(CWnd* pOldWnd)
-{
-    CWnd::OnSetFocus(pOldWnd);
-    m_bHasFocus = TRUE;
-    InvalidateClient();
-}
-
-void CCalendarCtrl::OnKillFocus(CWnd* pNewWnd)
-{
-    CWnd::OnKillFocus(pNewWnd);
-    if (!pNewWnd || !::IsChild(m_hWnd, pNewWnd->GetSafeHwnd())) {
-        m_bHasFocus = FALSE;
-        CancelTracking(); // the button may go up over a window that is in front now, and Escape goes there
-    }
-    InvalidateClient();
 }

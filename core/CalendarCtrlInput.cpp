@@ -1,11 +1,13 @@
-// The base control's keyboard and mouse.
+// The base control's keyboard.
 #include "core/CalendarCtrl.h"
 
-#include "core/DateMath.h"
+#include "core/PointerDriver.h"
+
+using namespace dayvane;
 
 void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     switch (nChar) {
     case VK_ESCAPE:
         CancelTracking();
@@ -46,7 +48,7 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 
 void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     if (m_nCurSel > 0) {
         SetCurSel(-1);
     }
@@ -58,7 +60,7 @@ void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
         }
         InvalidateCellRect(m_dtSelEnd);
         m_bShiftExtend = TRUE;
-        m_pointer.ForgetPendingDrag();
+        m_pointer->ForgetPendingDrag();
         SetCurSel(-1);
     } else {
         m_bShiftExtend = FALSE;
@@ -76,23 +78,9 @@ void CCalendarCtrl::OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags)
     CWnd::OnKeyUp(nChar, nRepCnt, nFlags);
 }
 
-BOOL CCalendarCtrl::OnMouseWheel(UINT, short zDelta, CPoint)
-{
-    PostMessage(WM_VSCROLL, zDelta / WHEEL_DELTA < 1 ? SB_LINEDOWN : SB_LINEUP);
-    return TRUE;
-}
-
 UINT CCalendarCtrl::OnGetDlgCode()
 {
     return DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS | DLGC_WANTALLKEYS;
-}
-
-void CCalendarCtrl::MoveRightward(UINT)
-{
-}
-
-void CCalendarCtrl::MoveLeftward(UINT)
-{
 }
 
 void CCalendarCtrl::MoveBackward(UINT)

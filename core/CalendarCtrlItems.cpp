@@ -14,34 +14,30 @@ constexpr int kItemFocusMargin = 2; // pixels around an item that its selection 
 
 int CCalendarCtrl::AddItem(tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    StoreAdd(m_arItem, *pItem);
-    ItemsChanged(bUpdate, bRedraw);
-    return 1;
+    return ItemsChangedIf(StoreAdd(m_arItem, *pItem), bUpdate, bRedraw);
 }
 
 int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    StoreInsert(m_arItem, nIndex, *pItem);
-    ItemsChanged(bUpdate, bRedraw);
-    return 1;
+    return ItemsChangedIf(StoreInsert(m_arItem, nIndex, *pItem), bUpdate, bRedraw);
 }
 
 int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    if (!StoreSet(m_arItem, nIndex, *pItem)) {
-        return 0;
-    }
-    ItemsChanged(bUpdate, bRedraw);
-    return 1;
+    return ItemsChangedIf(StoreSet(m_arItem, nIndex, *pItem), bUpdate, bRedraw);
 }
 
 int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 {
-    if (!StoreDelete(m_arItem, nIndex)) {
-        return 0;
+    return ItemsChangedIf(StoreDelete(m_arItem, nIndex), bUpdate, bRedraw);
+}
+
+int CCalendarCtrl::ItemsChangedIf(int nDone, int bUpdate, int bRedraw)
+{
+    if (nDone) {
+        ItemsChanged(bUpdate, bRedraw);
     }
-    ItemsChanged(bUpdate, bRedraw);
-    return 1;
+    return nDone;
 }
 
 void CCalendarCtrl::ItemsChanged(int bUpdate, int bRedraw)
@@ -115,10 +111,6 @@ int CCalendarCtrl::IsFulldayItem(tagCALENDAR_ITEM item)
 void CCalendarCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
     MakeDayScreenItems(items, GetCurrentDate(), screenItems);
-}
-
-void CCalendarCtrl::CalcItemRect(CRect, CItemArray&)
-{
 }
 
 int CCalendarCtrl::SetCurSel(int nIndex)

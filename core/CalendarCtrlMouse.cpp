@@ -1,8 +1,9 @@
-// The base control's mouse: asks the view what lies under the pointer, hands it to the tracker, carries out what the
-// tracker answers.
+// The base control's mouse, focus and capture: asks the view what lies under the pointer and passes it to the pointer
+// driver, whose requests come back through Pointing.
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/PointerDriver.h"
 
 using namespace dayvane;
 
@@ -38,16 +39,6 @@ tagCCHITTESTINFO CCalendarCtrl::HitAt(CPoint point)
     return hit;
 }
 
-PointerHit CCalendarCtrl::PointerHitOf(const tagCCHITTESTINFO& hit)
-{
-    PointerHit pointer;
-    pointer.point = hit.pt;
-    pointer.code = hit.nHitCode;
-    pointer.item = hit.nItem;
-    pointer.time = FromSystemTime(hit.time);
-    return pointer;
-}
-
 ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
 {
     if (!m_options.extendedMove || hit.nScreenItem < 0 || hit.nScreenItem >= m_arScreenItem.GetSize() ||
@@ -62,131 +53,141 @@ ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
     return EdgeAt(box, hit.pt, GetPullableEdges(item));
 }
 
-int CCalendarCtrl::GetPullableEdges(const tagCALENDAR_ITEM&)
-{
-    return EDGE_NONE;
-}
-
 int CCalendarCtrl::GetMoveStepMinutes()
 {
-    return 60 / m_nTimeScale;
+    return kMinutesPerHour / m_nTimeScale;
 }
 
-void CCalendarCtrl::SelectionMoved()
-{
-}
+// ---- What the pointer does
 
-void CCalendarCtrl::Apply(const PointerEffects& effects, UINT nFlags, const tagCCHITTESTINFO& hit)
+// The control as the pointer driver sees it while one event is handled.
+class CCalendarCtrl::Pointing : public PointerTarget
 {
-    Alive alive(this);
-    for (const PointerEffect& effect : effects) {
-        switch (effect.kind) {
-        case PointerEffect::SELECT_ITEM:
-            SetCurSel(effect.item);
-            break;
-        case PointerEffect::CLEAR_ITEM:
-            SetCurSel(-1);
-            break;
-        case PointerEffect::BEGIN_SELECTION:
-            InvalidateCellRectRange();
-            SetSelRange(effect.times.start, effect.times.end, effect.fullday);
-            InvalidateCellRectRange();
-            SelectionMoved();
-            break;
-        case PointerEffect::EXTEND_SELECTION:
-            m_dtPrevSelEnd = m_dtSelEnd;
-            m_dtSelEnd = effect.times.end;
-            InvalidateCellRectRange();
-            m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
-            SelectionMoved();
-            break;
-        case PointerEffect::MARK_DATE:
-            m_dtSelBegin = m_dtSelEnd = effect.times.start;
-            SelectionMoved();
-            break;
-        case PointerEffect::TAKE_CAPTURE:
-            SetCapture();
-            break;
-        case PointerEffect::RELEASE_CAPTURE:
-            StopTracking();
-            break;
-        case PointerEffect::DRAG_CURSOR:
-            ::SetCursor(m_pointer.Edge() == EDGE_NONE ? DragCursor() : CursorOfEdge(m_pointer.Edge()));
-            break;
-        case PointerEffect::ARROW_CURSOR:
-            ::SetCursor(::LoadCursor(nullptr, IDC_ARROW));
-            break;
-        case PointerEffect::PUT_ITEM:
-            PutItemTimes(effect.item, effect.times);
-            break;
-        case PointerEffect::PUT_BACK:
-            if (HasTimes(effect.item, m_pointer.LastPut())) {
-                PutItemTimes(effect.item, effect.times);
-            }
-            break;
-        case PointerEffect::NOTIFY_MOVED:
-            Notify(CCN_ITEMMOVED, m_nCurSel, nFlags, hit.pt, hit.time, hit.nHitCode);
-            break;
+public:
+    explicit Pointing(CCalendarCtrl* pCtrl, const tagCCHITTESTINFO& hit = {}, UINT nFlags = 0)
+        : m_pCtrl(pCtrl), m_alive(pCtrl, pCtrl->m_life), m_hit(hit), m_nFlags(nFlags)
+    {
+    }
+
+    PointerHit Hit() const { return {m_hit.pt, m_hit.nHitCode, m_hit.nItem, FromSystemTime(m_hit.time)}; }
+
+    bool IsAlive() const override { return static_cast<bool>(m_alive); }
+    int CurrentItem() const override { return m_pCtrl->m_nCurSel; }
+    bool GetItemTimes(int item, ItemTimes& times) const override
+    {
+        if (item < 0 || item >= m_pCtrl->GetItemCount()) {
+            return false;
         }
-        if (!alive) {
+        const tagCALENDAR_ITEM& stored = m_pCtrl->m_arItem[item];
+        times = {stored.dtStart, stored.dtEnd, stored.nFullday};
+        return true;
+    }
+    void PutItemTimes(int item, const ItemTimes& times) override
+    {
+        if (item < 0 || item >= m_pCtrl->GetItemCount()) {
             return;
         }
+        tagCC_ITEM record;
+        m_pCtrl->GetItem(item, record);
+        record.dtStart = times.start;
+        record.dtEnd = times.end;
+        record.nFullday = times.fullday;
+        m_pCtrl->SetItem(item, &record, FALSE, FALSE);
+        m_pCtrl->Refresh();
+        m_pCtrl->InvalidateCellRectRange();
     }
+    void SelectItem(int item) override { m_pCtrl->SetCurSel(item); }
+    void BeginSelection(const ItemTimes& times, bool fullday) override
+    {
+        m_pCtrl->InvalidateCellRectRange();
+        m_pCtrl->SetSelRange(times.start, times.end, fullday);
+        m_pCtrl->InvalidateCellRectRange();
+        m_pCtrl->SelectionMoved();
+    }
+    void ExtendSelection(const COleDateTime& end) override
+    {
+        m_pCtrl->m_dtPrevSelEnd = m_pCtrl->m_dtSelEnd;
+        m_pCtrl->m_dtSelEnd = end;
+        m_pCtrl->InvalidateCellRectRange();
+        m_pCtrl->m_dtPrevSelEnd.SetStatus(COleDateTime::invalid);
+        m_pCtrl->SelectionMoved();
+    }
+    void MarkDate(const COleDateTime& date) override
+    {
+        m_pCtrl->m_dtSelBegin = m_pCtrl->m_dtSelEnd = date;
+        m_pCtrl->SelectionMoved();
+    }
+    void RepaintSelection() override { m_pCtrl->InvalidateCellRectRange(); }
+    void NotifyMoved() override
+    {
+        m_pCtrl->Notify(CCN_ITEMMOVED, m_pCtrl->m_nCurSel, m_nFlags, m_hit.pt, m_hit.time, m_hit.nHitCode);
+    }
+    void ShowDragCursor(ItemEdge edge) override { ::SetCursor(edge == EDGE_NONE ? DragCursor() : CursorOfEdge(edge)); }
+    void ShowArrowCursor() override { ::SetCursor(::LoadCursor(nullptr, IDC_ARROW)); }
+    void TakeCapture() override { m_pCtrl->SetCapture(); }
+    void ReleaseCapture() override
+    {
+        if (::GetCapture() == m_pCtrl->m_hWnd) {
+            ::ReleaseCapture();
+        }
+    }
+    void RunScrollTimer(bool run) override
+    {
+        if (run) {
+            m_pCtrl->SetTimer(kScrollTimer, kScrollMilliseconds, nullptr);
+        } else {
+            m_pCtrl->KillTimer(kScrollTimer);
+        }
+    }
+
+private:
+    CCalendarCtrl* m_pCtrl;
+    WindowAlive m_alive;
+    tagCCHITTESTINFO m_hit;
+    UINT m_nFlags;
+};
+
+void CCalendarCtrl::Press(const tagCCHITTESTINFO& hit, UINT nFlags)
+{
+    PressedItem pressed;
+    Pointing target(this, hit, nFlags);
+    if (target.GetItemTimes(hit.nItem, pressed.times)) {
+        pressed.movable = IsItemMovable(hit.nItem) == 1;
+        pressed.edge = EdgeUnder(hit);
+    }
+    m_pointer->Press(target, target.Hit(), pressed);
 }
 
-// The tracker has forgotten its press, or is about to: the capture goes without being taken for a lost one.
-void CCalendarCtrl::StopTracking()
+void CCalendarCtrl::MoveItem(tagCCHITTESTINFO hit)
 {
-    if (m_pointer.IsDragging()) {
-        InvalidateCellRectRange(); // the time grids mark the rows under a dragged item
-    }
-    m_pointer.Released();
-    KillTimer(kScrollTimer);
-    m_bScrollTimer = FALSE;
-    if (::GetCapture() == m_hWnd) {
-        m_bReleasingCapture = TRUE;
-        ReleaseCapture();
-        m_bReleasingCapture = FALSE;
-    }
+    Pointing target(this, hit);
+    m_pointer->Drag(target, target.Hit());
 }
 
-BOOL CCalendarCtrl::HasTimes(int nIndex, const ItemTimes& times) const
+void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
 {
-    return nIndex >= 0 && nIndex < GetItemCount() && m_arItem[nIndex].dtStart == times.start &&
-           m_arItem[nIndex].dtEnd == times.end && m_arItem[nIndex].nFullday == times.fullday;
-}
-
-void CCalendarCtrl::PutItemTimes(int nIndex, const ItemTimes& times)
-{
-    if (nIndex < 0 || nIndex >= GetItemCount()) {
-        return;
-    }
-    tagCC_ITEM item;
-    GetItem(nIndex, item);
-    item.dtStart = times.start;
-    item.dtEnd = times.end;
-    item.nFullday = times.fullday;
-    SetItem(nIndex, &item, FALSE, FALSE);
-    Refresh();
-    InvalidateCellRectRange();
+    Pointing target(this, hit);
+    m_pointer->DragExtended(target, target.Hit(), GetMoveStepMinutes(), m_options.wholeDayByDrag);
 }
 
 void CCalendarCtrl::CancelTracking()
 {
-    if (!m_pointer.IsBusy()) {
-        return;
-    }
-    FollowDraggedItem();
-    Apply(m_pointer.Cancel(), 0, tagCCHITTESTINFO());
+    Pointing target(this);
+    m_pointer->Cancel(target);
+}
+
+BOOL CCalendarCtrl::IsDragging() const
+{
+    return m_pointer->Tracker().IsDragging();
 }
 
 BOOL CCalendarCtrl::GetDragOrigin(COleDateTime& start, COleDateTime& end) const
 {
-    if (!m_pointer.IsDragging()) {
+    if (!IsDragging()) {
         return FALSE;
     }
-    start = m_pointer.Origin().start;
-    end = m_pointer.Origin().end;
+    start = m_pointer->Tracker().Origin().start;
+    end = m_pointer->Tracker().Origin().end;
     return TRUE;
 }
 
@@ -194,7 +195,7 @@ BOOL CCalendarCtrl::GetDragOrigin(COleDateTime& start, COleDateTime& end) const
 
 void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     SetFocus(); // may end an edit, and so run the host's code
     if (!alive) {
         return;
@@ -213,13 +214,7 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
         Default();
         return;
     }
-    PressedItem pressed;
-    if (hit.nItem >= 0 && hit.nItem < GetItemCount()) {
-        pressed.movable = IsItemMovable(hit.nItem) == 1;
-        pressed.times = {m_arItem[hit.nItem].dtStart, m_arItem[hit.nItem].dtEnd, m_arItem[hit.nItem].nFullday};
-        pressed.edge = EdgeUnder(hit);
-    }
-    Apply(m_pointer.Press(PointerHitOf(hit), pressed), nFlags, hit);
+    Press(hit, nFlags);
     if (alive && m_nCancelCount != cancelsBefore) {
         CancelTracking(); // a dialog of the host came in between: the button went up over it
     }
@@ -227,10 +222,11 @@ void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
 
 void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const tagCCHITTESTINFO hit = HitAt(point);
-    Apply(m_pointer.Sweep(PointerHitOf(hit)), nFlags, hit);
-    if (m_bItemDrag) {
+    Pointing target(this, hit, nFlags);
+    m_pointer->Sweep(target, target.Hit());
+    if (alive && m_bItemDrag) {
         if (m_options.extendedMove) {
             MoveItemEx(hit);
         } else {
@@ -240,7 +236,7 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     if (!alive) {
         return;
     }
-    WatchScrollEdge(point);
+    m_pointer->WatchScrollEdge(target, ::GetCapture() == m_hWnd, m_rcContent, point);
     if (m_bHoverEvents &&
         (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION || hit.nHitCode == CCHT_ONFULLDAYITEM)) {
         TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER, m_hWnd, kHoverMilliseconds};
@@ -249,49 +245,12 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     CWnd::OnMouseMove(nFlags, point);
 }
 
-void CCalendarCtrl::MoveItem(tagCCHITTESTINFO hit)
-{
-    ItemTimes times;
-    const bool there = GetDraggedTimes(times);
-    Apply(m_pointer.Drag(PointerHitOf(hit), there ? &times : nullptr), 0, hit);
-}
-
-void CCalendarCtrl::MoveItemEx(tagCCHITTESTINFO hit)
-{
-    ItemTimes times;
-    const bool there = GetDraggedTimes(times);
-    Apply(m_pointer.DragExtended(PointerHitOf(hit), there ? &times : nullptr, GetMoveStepMinutes(),
-                                 m_options.wholeDayByDrag),
-          0, hit);
-}
-
-// Deleting or inserting items may have given the held item another index: the drag goes on with that item, as long as
-// the host keeps it current, and never with another.
-bool CCalendarCtrl::FollowDraggedItem()
-{
-    if (m_nCurSel != m_pointer.Item()) {
-        if (!HasTimes(m_nCurSel, m_pointer.LastPut())) {
-            return false;
-        }
-        m_pointer.FollowItem(m_nCurSel);
-    }
-    return true;
-}
-
-bool CCalendarCtrl::GetDraggedTimes(ItemTimes& times)
-{
-    if (m_nCurSel < 0 || m_nCurSel >= GetItemCount() || !FollowDraggedItem()) {
-        return false;
-    }
-    times = {m_arItem[m_nCurSel].dtStart, m_arItem[m_nCurSel].dtEnd, m_arItem[m_nCurSel].nFullday};
-    return true;
-}
-
 void CCalendarCtrl::OnLButtonUp(UINT nFlags, CPoint point)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const tagCCHITTESTINFO hit = HitAt(point);
-    Apply(m_pointer.Release(PointerHitOf(hit)), nFlags, hit);
+    Pointing target(this, hit, nFlags);
+    m_pointer->Release(target, target.Hit());
     if (alive) {
         CWnd::OnLButtonUp(nFlags, point);
     }
@@ -299,7 +258,7 @@ void CCalendarCtrl::OnLButtonUp(UINT nFlags, CPoint point)
 
 void CCalendarCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     SetFocus();
     if (!alive) {
         return;
@@ -313,7 +272,7 @@ void CCalendarCtrl::OnLButtonDblClk(UINT nFlags, CPoint point)
 
 void CCalendarCtrl::OnRButtonDown(UINT nFlags, CPoint point)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const tagCCHITTESTINFO hit = HitAt(point);
     Notify(CCN_ITEMRCLICK, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
     if (alive) {
@@ -371,9 +330,15 @@ void CCalendarCtrl::OnMouseHover(UINT nFlags, CPoint point)
     Notify(CCN_MOUSEHOVER, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
 }
 
+BOOL CCalendarCtrl::OnMouseWheel(UINT, short zDelta, CPoint)
+{
+    PostMessage(WM_VSCROLL, zDelta / WHEEL_DELTA < 1 ? SB_LINEDOWN : SB_LINEUP);
+    return TRUE;
+}
+
 BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 {
-    if (m_pointer.IsDragging() || m_pointer.IsDragPending()) {
+    if (IsDragging() || m_pointer->Tracker().IsDragPending()) {
         return CWnd::OnSetCursor(pWnd, nHitTest, message);
     }
     if (nHitTest == HTCLIENT && m_options.extendedMove && pWnd == this) {
@@ -389,12 +354,30 @@ BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
     return CWnd::OnSetCursor(pWnd, nHitTest, message);
 }
 
-// ---- Capture and auto-scroll
+// ---- Focus, capture and auto-scroll
+
+void CCalendarCtrl::OnSetFocus(CWnd* pOldWnd)
+{
+    CWnd::OnSetFocus(pOldWnd);
+    m_bHasFocus = TRUE;
+    InvalidateClient();
+}
+
+void CCalendarCtrl::OnKillFocus(CWnd* pNewWnd)
+{
+    CWnd::OnKillFocus(pNewWnd);
+    if (!pNewWnd || !::IsChild(m_hWnd, pNewWnd->GetSafeHwnd())) {
+        m_bHasFocus = FALSE;
+        CancelTracking(); // the button may go up over a window that is in front now, and Escape goes there
+    }
+    InvalidateClient();
+}
 
 void CCalendarCtrl::OnCaptureChanged(CWnd* pWnd)
 {
-    if (pWnd != this && !m_bReleasingCapture) {
-        CancelTracking();
+    if (pWnd != this) {
+        Pointing target(this);
+        m_pointer->CaptureLost(target);
     }
 }
 
@@ -403,19 +386,6 @@ void CCalendarCtrl::OnCancelMode()
     ++m_nCancelCount;
     CancelTracking();
     CWnd::OnCancelMode();
-}
-
-void CCalendarCtrl::WatchScrollEdge(CPoint point)
-{
-    const bool wanted = (m_pointer.IsSelecting() || m_pointer.IsDragging()) && ::GetCapture() == m_hWnd &&
-                        AutoScrollAt(m_rcContent, point) != 0;
-    if (wanted && !m_bScrollTimer) {
-        SetTimer(kScrollTimer, kScrollMilliseconds, nullptr);
-        m_bScrollTimer = TRUE;
-    } else if (!wanted && m_bScrollTimer) {
-        KillTimer(kScrollTimer);
-        m_bScrollTimer = FALSE;
-    }
 }
 
 void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
@@ -428,19 +398,20 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     ::GetCursorPos(&point);
     ScreenToClient(&point);
     const int step = AutoScrollAt(m_rcContent, point);
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     if (step != 0) {
         SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);
         if (!alive) {
             return;
         }
-        if (m_pointer.IsSelecting()) {
-            m_dtSelBegin = m_pointer.SweepBegin(); // scrolling may have moved the selection along
+        if (m_pointer->Tracker().IsSelecting()) {
+            m_dtSelBegin = m_pointer->Tracker().SweepBegin(); // scrolling may have moved the selection along
         }
     }
-    if (m_pointer.IsBusy()) {
+    if (m_pointer->Tracker().IsBusy()) {
         OnMouseMove(MK_LBUTTON, point);
     } else {
-        WatchScrollEdge(point);
+        Pointing target(this);
+        m_pointer->WatchScrollEdge(target, false, m_rcContent, point);
     }
 }

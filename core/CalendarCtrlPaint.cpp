@@ -34,10 +34,6 @@ void CCalendarCtrl::Refresh()
     InvalidateClient();
 }
 
-void CCalendarCtrl::CalcLayout(CRect, CRect&, CRect&, CRect&)
-{
-}
-
 int CCalendarCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
 {
     CalendarPrinting* printer = GetPrinter();
@@ -75,30 +71,6 @@ void CCalendarCtrl::DrawCtrl(CDC* pDC)
     DrawCaption(pDC, m_rcCaption);
 }
 
-void CCalendarCtrl::DrawGrid(CDC*, CRect)
-{
-}
-
-void CCalendarCtrl::DrawRuler(CDC*, CRect)
-{
-}
-
-void CCalendarCtrl::DrawItem(CDC*, CRect, CItemArray&)
-{
-}
-
-void CCalendarCtrl::DrawCaption(CDC*, CRect)
-{
-}
-
-void CCalendarCtrl::InvalidateCellRect(COleDateTime)
-{
-}
-
-void CCalendarCtrl::InvalidateCellRectRange()
-{
-}
-
 void CCalendarCtrl::DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal,
                                  BOOL bStepped)
 {
@@ -116,12 +88,12 @@ int CCalendarCtrl::DrawImageIcon(CDC* pDC, int nImage, CRect rect)
 
 int CCalendarCtrl::DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return DrawAlarmGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+    return DrawAlarmGlyph(pDC, rect, m_lfFonts[FONT_MARKS], nFulldayForm != 0);
 }
 
 int CCalendarCtrl::DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return DrawRecurrenceGlyph(pDC, rect, m_lfFonts[3], nFulldayForm != 0);
+    return DrawRecurrenceGlyph(pDC, rect, m_lfFonts[FONT_MARKS], nFulldayForm != 0);
 }
 
 int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap,

@@ -1,4 +1,4 @@
-// What a calendar control tells its parent: WM_NOTIFY codes and their records. wParam is the control's dialog
+// What a calendar control reports to its parent: WM_NOTIFY codes and their records. wParam is the control's dialog
 // identifier. A record is valid only while the notification is being handled; the handler may do anything to the
 // control, even destroy it.
 #pragma once

@@ -10,7 +10,7 @@
 #include <afxdisp.h>
 #include <atltypes.h>
 
-// A schedule item as the host knows it.
+// A schedule item as the host passes it.
 struct tagCC_ITEM
 {
     int nReserved = 0; // carried unchanged; the views read it as font flags: bit 0 bold, bit 1 italic
@@ -102,7 +102,7 @@ struct tagCV_LAYOUT : public CPtrArray
 
 } // namespace dayvane
 
-// What a host says of one date.
+// What a host sets for one date.
 struct tagCALENDAR_DAY_PROPERTY
 {
     CString strText;
@@ -143,6 +143,16 @@ enum CalendarHitCode
     CCHT_ONFULLDAYITEM = 32, // an item in the full-day band
     CCHT_ONRULER = 128,      // the time ruler
 };
+
+namespace dayvane {
+// The edges of an item that the mouse may pull.
+enum ItemEdge
+{
+    EDGE_NONE = 0,
+    EDGE_BOTTOM = 1, // moves the time of the end
+    EDGE_RIGHT = 2,  // moves the day of the end
+};
+} // namespace dayvane
 
 struct tagCCHITTESTINFO
 {

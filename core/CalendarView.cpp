@@ -101,33 +101,6 @@ void CCalendarView::OnCcnItemClick(NMHDR* pNMHDR, LRESULT* pResult)
     }
 }
 
-// ---- Items
-
-int CCalendarView::AddItem(tagCC_ITEM* pItem, int bUpdate, int bRedraw)
-{
-    return m_pCalendarCtrl->AddItem(pItem, bUpdate, bRedraw);
-}
-
-int CCalendarView::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
-{
-    return m_pCalendarCtrl->InsertItem(nIndex, pItem, bUpdate, bRedraw);
-}
-
-int CCalendarView::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
-{
-    return m_pCalendarCtrl->SetItem(nIndex, pItem, bUpdate, bRedraw);
-}
-
-int CCalendarView::DeleteItem(int nIndex, int bUpdate, int bRedraw)
-{
-    return m_pCalendarCtrl->DeleteItem(nIndex, bUpdate, bRedraw);
-}
-
-int CCalendarView::GetItem(int nIndex, tagCC_ITEM& item)
-{
-    return m_pCalendarCtrl->GetItem(nIndex, item);
-}
-
 // ---- Printing
 
 BOOL CCalendarView::OnPreparePrinting(CPrintInfo* pInfo)

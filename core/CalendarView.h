@@ -23,11 +23,23 @@ public:
     CCalendarCtrl* GetCalendarCtrl() const { return m_pCalendarCtrl; }
 
     // As CCalendarCtrl's. The control must exist.
-    int AddItem(tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
-    int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
-    int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
-    int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE);
-    int GetItem(int nIndex, tagCC_ITEM& item);
+    int AddItem(tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return m_pCalendarCtrl->AddItem(pItem, bUpdate, bRedraw);
+    }
+    int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return m_pCalendarCtrl->InsertItem(nIndex, pItem, bUpdate, bRedraw);
+    }
+    int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return m_pCalendarCtrl->SetItem(nIndex, pItem, bUpdate, bRedraw);
+    }
+    int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return m_pCalendarCtrl->DeleteItem(nIndex, bUpdate, bRedraw);
+    }
+    int GetItem(int nIndex, tagCC_ITEM& item) { return m_pCalendarCtrl->GetItem(nIndex, item); }
 
     BOOL OnPreparePrinting(CPrintInfo* pInfo) override;
     // Lays the pages out: from here on the information knows how many there are.

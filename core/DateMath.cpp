@@ -7,8 +7,8 @@
 namespace dayvane {
 namespace {
 
-// A DATE counts days with its sign and time of day without: -1.25 is 06:00 of the day before the epoch. Linear days
-// run evenly.
+// In a DATE the sign belongs to the whole days only, not to the time of day: -1.25 is 06:00 of the day before the
+// epoch. Linear days count evenly.
 double LinearOf(DATE date)
 {
     if (date >= 0.0) {
@@ -20,15 +20,10 @@ double LinearOf(DATE date)
 
 COleDateTime FromLinear(double days)
 {
-    // Spans are added to dates through the even count, so the epoch plus a span is the date.
+    // Adding a span to a date counts evenly, so the epoch plus a span is the date.
     return COleDateTime(0.0) + COleDateTimeSpan(days);
 }
 } // namespace
-
-bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
-{
-    return CivilDateOf(a) == CivilDateOf(b);
-}
 
 COleDateTime StartOfDay(const COleDateTime& date)
 {
@@ -87,16 +82,6 @@ COleDateTime AddSeconds(const COleDateTime& date, long long seconds)
     // Through whole seconds, so that repeated steps do not drift.
     const double now = std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5);
     return FromLinear((now + static_cast<double>(seconds)) / kSecondsPerDay);
-}
-
-bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time)
-{
-    return date.GetAsSystemTime(time) != FALSE;
-}
-
-COleDateTime FromSystemTime(const SYSTEMTIME& time)
-{
-    return COleDateTime(time);
 }
 
 } // namespace dayvane

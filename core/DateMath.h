@@ -1,4 +1,4 @@
-// Dates as whole days and broken fields, for code that looks at thousands of them.
+// Arithmetic on dates by whole days and seconds, exact to the second, for code that handles thousands of dates.
 #pragma once
 
 #include "../calc/CivilDate.h"
@@ -14,7 +14,10 @@ inline bool IsValid(const COleDateTime& date)
 }
 
 // Whether both fall on one calendar day. Two dates that are not valid do, as their fields are equal.
-bool IsSameDay(const COleDateTime& a, const COleDateTime& b);
+inline bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
+{
+    return CivilDateOf(a) == CivilDateOf(b);
+}
 
 // 00:00:00 and 23:59:59 of the date's day; invalid for an invalid date.
 COleDateTime StartOfDay(const COleDateTime& date);
@@ -36,7 +39,13 @@ long long SecondsBetween(const COleDateTime& from, const COleDateTime& to);
 COleDateTime AddSeconds(const COleDateTime& date, long long seconds);
 
 // Fills `time` when the date is valid and returns whether it is.
-bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time);
-COleDateTime FromSystemTime(const SYSTEMTIME& time);
+inline bool ToSystemTime(const COleDateTime& date, SYSTEMTIME& time)
+{
+    return date.GetAsSystemTime(time) != FALSE;
+}
+inline COleDateTime FromSystemTime(const SYSTEMTIME& time)
+{
+    return COleDateTime(time);
+}
 
 } // namespace dayvane

@@ -68,7 +68,7 @@ void DrawSteppedGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF 
             strip.top = rect.top + i;
             strip.bottom = strip.top + kStripSize;
         }
-        // A single strip has nothing to step over: MulDiv answers -1 for a division by zero.
+        // With a single strip steps is 0, and MulDiv returns -1 for a division by zero.
         pDC->FillSolidRect(&strip, pDC->GetNearestColor(Blend(crFrom, crTo, i, steps)));
     }
 }
@@ -122,10 +122,7 @@ void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings)
     const COLORREF white = RGB(255, 255, 255);
     for (int ring = 0; ring < rings && !rect.IsRectEmpty(); ++ring) {
         const COLORREF shade = Blend(color, white, ring, rings);
-        pDC->FillSolidRect(rect.left, rect.top, rect.Width(), 1, shade);
-        pDC->FillSolidRect(rect.left, rect.bottom - 1, rect.Width(), 1, shade);
-        pDC->FillSolidRect(rect.left, rect.top, 1, rect.Height(), shade);
-        pDC->FillSolidRect(rect.right - 1, rect.top, 1, rect.Height(), shade);
+        pDC->Draw3dRect(&rect, shade, shade);
         rect.DeflateRect(1, 1);
     }
 }

@@ -51,7 +51,7 @@ bool ConversionFits(HWND window)
     return FitsCodePage(result.c_str(), static_cast<int>(result.size()));
 }
 
-// A narrow message loop hands out '?' for a key whose character the code page lacks: ask what the key stands for.
+// A narrow message loop delivers '?' for a key whose character the code page lacks: look at the key itself.
 bool IsManglingKey(LPARAM lParam)
 {
     const UINT key = ::MapVirtualKeyW((lParam >> 16) & 0xFF, MAPVK_VSC_TO_VK);
@@ -128,8 +128,8 @@ LRESULT CInPlaceEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return CEdit::WindowProc(message, wParam, lParam);
 }
 
-// A character of two bytes comes as two messages, or as one from an input method. It goes in whole, for a byte alone
-// stands for another character.
+// A character of two bytes comes as two messages, or as one from an input method. It is inserted whole, because one
+// byte alone is another character.
 BOOL CInPlaceEdit::TakeDoubleByte(UINT message, WPARAM wParam)
 {
     char character[] = {m_chLead, static_cast<char>(wParam), '\0'};

@@ -1,10 +1,10 @@
 // CInPlaceEdit: the edit box that BeginEditItem lays over the current cell of a calendar control.
 //
 // Enter and Tab commit, Escape cancels, losing the focus for any other reason commits. While an input method converts,
-// these keys are its own. The box destroys its window and deletes itself; nobody else does.
+// these keys go to it. The box destroys its window and deletes itself; no other code does.
 //
 // Texts are narrow, so the box holds only what the system's code page has: a typed, converted or pasted text with other
-// characters is refused with a beep and changes nothing, rather than become question marks.
+// characters is refused with a beep and changes nothing; it would become question marks.
 #pragma once
 
 #include <afxwin.h>
@@ -17,7 +17,7 @@ public:
     CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, int nMode);
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
-    // Closes the box now; with bCommit the owner is told the text. The object is gone afterwards.
+    // Closes the box now; with bCommit the owner gets the text. The object is gone afterwards.
     void Finish(BOOL bCommit);
 
     void Cancel() { m_bCancelled = TRUE; } // what ends the edit next does not commit
@@ -32,7 +32,7 @@ protected:
     CCalendarCtrl* m_pOwner; // not owned; null once the box is being closed
     CString m_strText;       // initial text
     BOOL m_bCancelled = FALSE;
-    BOOL m_bComposing = FALSE;  // an input method is at work on characters that are not yet text
+    BOOL m_bComposing = FALSE;  // an input method is converting
     BOOL m_bPacketLost = FALSE; // a program sent a character that the code page lacks: '?' comes in its place
     char m_chLead = '\0';       // first byte of a character whose second has not come yet
     int m_nMode;                // goes through to EndEditItem unchanged

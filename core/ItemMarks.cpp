@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kMarkColumns = 9;
 
-// One text line a pixel row, '#' for a pixel.
+// A string per row of pixels, '#' for a pixel.
 constexpr const char* kBell[] = {
     "....#....", "...###...", "..#####..", "..#####..", "..#####..",
     "..#####..", ".#######.", "#########", ".........", "...###...",
@@ -36,7 +36,7 @@ bool IsFaceInstalled(CDC* pDC, const LOGFONT& lf)
 
 bool HasSymbolFace(CDC* pDC, const LOGFONT& lf)
 {
-    // Asked once a face: fonts seldom come and go while a program runs, and the question is a slow one.
+    // Looked up once a face: fonts are seldom installed while a program runs, and the look-up is slow.
     static char askedFace[LF_FACESIZE] = "";
     static bool installed = false;
     if (std::strcmp(askedFace, lf.lfFaceName) != 0) {

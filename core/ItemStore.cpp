@@ -6,46 +6,41 @@
 #include <numeric>
 
 namespace dayvane {
+namespace {
+// The fields that the records of a host and of the store share.
+template <class To, class From>
+void CopyPublicFields(To& to, const From& from)
+{
+    to.nReserved = from.nReserved;
+    to.nImage = from.nImage;
+    to.dtStart = from.dtStart;
+    to.dtEnd = from.dtEnd;
+    to.nFullday = from.nFullday;
+    to.strText = from.strText;
+    to.crColor1 = from.crColor1;
+    to.crColor2 = from.crColor2;
+    to.crColor3 = from.crColor3;
+    to.crColor4 = from.crColor4;
+    to.lParam = from.lParam;
+    to.crColor5 = from.crColor5;
+    to.bAlarm = from.bAlarm;
+    to.bRecurrent = from.bRecurrent;
+    to.bMovable = from.bMovable;
+}
+} // namespace
+
 void FillStored(tagCALENDAR_ITEM& stored, const tagCC_ITEM& item)
 {
     stored.nPiece = PIECE_WHOLE;
     stored.bNoFocus = FALSE;
-    stored.nReserved = item.nReserved;
-    stored.nImage = item.nImage;
-    stored.dtStart = item.dtStart;
-    stored.dtEnd = item.dtEnd;
-    stored.nFullday = item.nFullday;
-    stored.strText = item.strText;
-    stored.crColor1 = item.crColor1;
-    stored.crColor2 = item.crColor2;
-    stored.crColor3 = item.crColor3;
-    stored.crColor4 = item.crColor4;
-    stored.lParam = item.lParam;
-    stored.crColor5 = item.crColor5;
-    stored.bAlarm = item.bAlarm;
-    stored.bRecurrent = item.bRecurrent;
-    stored.bMovable = item.bMovable;
+    CopyPublicFields(stored, item);
     stored.bStored = TRUE;
 }
 
 tagCC_ITEM PublicItem(const tagCALENDAR_ITEM& stored)
 {
     tagCC_ITEM item;
-    item.nReserved = stored.nReserved;
-    item.nImage = stored.nImage;
-    item.dtStart = stored.dtStart;
-    item.dtEnd = stored.dtEnd;
-    item.nFullday = stored.nFullday;
-    item.strText = stored.strText;
-    item.crColor1 = stored.crColor1;
-    item.crColor2 = stored.crColor2;
-    item.crColor3 = stored.crColor3;
-    item.crColor4 = stored.crColor4;
-    item.lParam = stored.lParam;
-    item.crColor5 = stored.crColor5;
-    item.bAlarm = stored.bAlarm;
-    item.bRecurrent = stored.bRecurrent;
-    item.bMovable = stored.bMovable;
+    CopyPublicFields(item, stored);
     return item;
 }
 

@@ -18,12 +18,12 @@ int StoreSet(ItemArray& items, int index, const tagCC_ITEM& item);
 int StoreDelete(ItemArray& items, int index);
 int StoreGet(const ItemArray& items, int index, tagCC_ITEM& item);
 
-// The positions in the order of the starts, earliest first, equal starts in the order they have. A record whose start
-// is not valid keeps its position: the outcome of exchanging every pair that stands the wrong way round.
+// The positions in the order of the starts, earliest first; equal starts keep their order. A record without a valid
+// start keeps its position: the same result as an exchange sort that skips these records.
 std::vector<int> OrderByStart(const ItemArray& items);
 void SortByStart(ItemArray& items);
 
-// All day: marked so; or start and end differ in year, in month and in day; or a piece of a longer item.
+// All day: marked so; or start and end differ in year, month and day, all three; or a piece of a longer item.
 BOOL IsFulldayItem(const tagCALENDAR_ITEM& item);
 
 // The screen item of a stored record: a copy that names its source and has a normalised rectangle.

@@ -69,7 +69,7 @@ LRESULT CMoreListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL CMoreListCtrl::OpenMoreList(CRect rcMark, std::vector<int> items, const COleDateTime& dtFirst)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const unsigned version = m_nItemVersion;
     SetFocus(); // may end an edit, and so run the host's code
     if (alive && !m_pMoreList && version == m_nItemVersion) {
@@ -107,16 +107,13 @@ void CMoreListCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleD
     hit.pt = screen;
     hit.nItem = nItem;
     HitListedItem(m_arItem[nItem], dtFirst, hit);
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const unsigned cancelsBefore = m_nCancelCount;
     Notify(CCN_ITEMCLICK, nItem, MK_LBUTTON, screen, hit.time, hit.nHitCode);
     if (!alive || nItemVersion != m_nItemVersion || m_nCancelCount != cancelsBefore) {
         return;
     }
-    PressedItem pressed;
-    pressed.movable = IsItemMovable(nItem) == 1;
-    pressed.times = {m_arItem[nItem].dtStart, m_arItem[nItem].dtEnd, m_arItem[nItem].nFullday};
-    Apply(m_pointer.Press(PointerHitOf(hit), pressed), MK_LBUTTON, hit);
+    Press(hit, MK_LBUTTON);
 }
 
 void CMoreListCtrl::HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTime& dtFirst, tagCCHITTESTINFO& hit)

@@ -68,7 +68,7 @@ ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges)
 
 int AutoScrollAt(const CRect& content, const CPoint& point)
 {
-    // Where both strips would meet there is no room to scroll.
+    // Where both strips would overlap there is no room to scroll.
     if (content.Height() <= 2 * kScrollReach) {
         return 0;
     }
@@ -146,18 +146,21 @@ void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, con
     effects.push_back(WithTimes(PointerEffect::PUT_ITEM, times, m_item));
 }
 
-PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* current)
+bool PointerTracker::DragStep(const PointerHit& hit, const ItemTimes* current, PointerEffects& effects)
 {
     if (!m_dragging) {
-        return StartDragOutsideSlop(hit);
+        effects = StartDragOutsideSlop(hit);
+        return false;
     }
-    PointerEffects effects;
     m_pending = false;
-    if (!current) {
-        return Cancel();
-    }
-    effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code != CCHT_NOWHERE && IsValid(hit.time) && AreValid(*current)) {
+    effects = current ? PointerEffects{Plain(PointerEffect::DRAG_CURSOR)} : Cancel();
+    return current && hit.code != CCHT_NOWHERE && IsValid(hit.time);
+}
+
+PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* current)
+{
+    PointerEffects effects;
+    if (DragStep(hit, current, effects) && AreValid(*current)) {
         PutItem(effects, hit,
                 {hit.time, AddSeconds(hit.time, SecondsBetween(current->start, current->end)), current->fullday});
     }
@@ -167,16 +170,8 @@ PointerEffects PointerTracker::Drag(const PointerHit& hit, const ItemTimes* curr
 PointerEffects PointerTracker::DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes,
                                             bool wholeDayByDrag)
 {
-    if (!m_dragging) {
-        return StartDragOutsideSlop(hit);
-    }
     PointerEffects effects;
-    m_pending = false;
-    if (!current) {
-        return Cancel();
-    }
-    effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
-    if (hit.code == CCHT_NOWHERE || !IsValid(hit.time) || !IsValid(m_pressTime) || !AreValid(m_origin)) {
+    if (!DragStep(hit, current, effects) || !IsValid(m_pressTime) || !AreValid(m_origin)) {
         return effects;
     }
     if (m_edge != EDGE_NONE) {
@@ -259,10 +254,4 @@ PointerEffects PointerTracker::Cancel()
     Released();
     return effects;
 }
-
-void PointerTracker::ForgetPendingDrag()
-{
-    m_pending = false;
-}
-
 } // namespace dayvane

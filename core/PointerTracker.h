@@ -1,8 +1,8 @@
 // What the mouse does to a calendar, without a window: events in, effects out.
 //
-// A press either begins a sweep over dates, or makes an item current and may begin a drag. The control hands every
-// event over with what its hit test found, and carries out the effects in their order. All decisions that do not
-// depend on a view are here.
+// A press either begins a sweep over dates, or makes an item current and may begin a drag. Every event comes with what
+// the hit test found; the effects are carried out in their order (PointerDriver). All decisions that do not depend on a
+// view are here.
 #pragma once
 
 #include "CalendarRecords.h"
@@ -11,20 +11,12 @@
 
 namespace dayvane {
 
-// Which edge of an item a press takes hold of; also the edges that a view lets the user pull.
-enum ItemEdge
-{
-    EDGE_NONE = 0,
-    EDGE_BOTTOM = 1, // moves the time of the end
-    EDGE_RIGHT = 2,  // moves the day of the end
-};
-
 // The pullable edge under the point: a strip of kEdgeReach pixels inside the box, at most a quarter of its size, so
-// that a small box can still be moved. The bottom edge wins in the corner.
+// that a small box can still be moved. In the corner the bottom edge takes precedence.
 ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges);
 constexpr int kEdgeReach = 4;
 
-// -1, 0 or +1: whether a drag at the point wants the content scrolled up or down. Reaches a little over both edges.
+// -1, 0 or +1: whether a drag at the point scrolls the content up or down. Points beyond both edges count too.
 int AutoScrollAt(const CRect& content, const CPoint& point);
 constexpr int kScrollReach = 8; // pixels within the content's upper and lower edge
 
@@ -44,7 +36,7 @@ struct PointerHit
     COleDateTime time; // of the cell or row under the point; not valid when there is none
 };
 
-// What the control knows of the item under a press.
+// The item under a press.
 struct PressedItem
 {
     bool movable = false;
@@ -94,10 +86,10 @@ public:
     PointerEffects Release(const PointerHit& hit);
     // After the effects of Release.
     void Released();
-    // Escape, a lost capture, a dying window: puts a dragged item back and forgets everything.
+    // Escape, a lost capture, a destroyed window: puts a dragged item back and ends everything.
     PointerEffects Cancel();
     // Shift and an arrow key end a pending drag.
-    void ForgetPendingDrag();
+    void ForgetPendingDrag() { m_pending = false; }
     // The item that is held has another index now.
     void FollowItem(int item) { m_item = item; }
 
@@ -108,7 +100,6 @@ public:
     ItemEdge Edge() const { return m_edge; }
     int Item() const { return m_item; }
     COleDateTime SweepBegin() const { return m_sweepBegin; }
-    CPoint PressPoint() const { return m_pressPoint; }
     // The times that the dragged item had before the drag.
     const ItemTimes& Origin() const { return m_origin; }
     // The times that the drag last gave it.
@@ -116,6 +107,8 @@ public:
 
 private:
     PointerEffects StartDragOutsideSlop(const PointerHit& hit);
+    // What both drags do first. Returns whether the item goes to the pointer now.
+    bool DragStep(const PointerHit& hit, const ItemTimes* current, PointerEffects& effects);
     ItemTimes Pulled(const PointerHit& hit, int stepMinutes) const;
     ItemTimes MovedAcross(const PointerHit& hit, bool wholeDayByDrag) const;
     void PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times);
@@ -123,7 +116,7 @@ private:
     bool m_selecting = false;
     bool m_pending = false;
     bool m_dragging = false;
-    bool m_dropping = false; // the drop is being told: no way back
+    bool m_dropping = false; // the drop is being reported: no way back
     CPoint m_pressPoint = CPoint(-1, -1);
     int m_item = -1;
     ItemEdge m_edge = EDGE_NONE;

@@ -30,32 +30,11 @@ PickerPalette DisabledPickerPalette()
     return palette;
 }
 
-LOGFONT MakeLogFont(const PickerFontSpec& spec)
-{
-    LOGFONT lf = {};
-    lf.lfHeight = spec.height;
-    lf.lfWeight = spec.weight;
-    lf.lfCharSet = spec.charSet;
-    ::lstrcpyn(lf.lfFaceName, spec.face, LF_FACESIZE);
-    return lf;
-}
-
 CFont* PickerFonts::Get(bool bold)
 {
-    CFont& font = bold ? m_bold : m_plain;
-    if (!font.GetSafeHandle()) {
-        LOGFONT lf = m_template;
-        lf.lfWeight = bold ? FW_BOLD : lf.lfWeight;
-        font.CreateFontIndirect(&lf);
-    }
-    return &font;
-}
-
-void PickerFonts::SetTemplate(const LOGFONT& lf)
-{
-    m_template = lf;
-    m_plain.DeleteObject();
-    m_bold.DeleteObject();
+    FontSpec spec = m_spec;
+    spec.weight = bold ? FW_BOLD : spec.weight;
+    return m_cache.Get(spec);
 }
 
 void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color)

@@ -1,6 +1,8 @@
 // What the painters of all date selectors share: colours, fonts, arrows, centred texts.
 #pragma once
 
+#include "../core/Fonts.h"
+
 #include <afxwin.h>
 
 namespace dayvane {
@@ -37,32 +39,20 @@ PickerPalette SystemPickerPalette();
 // The same with every text in the system's colour of what cannot be used.
 PickerPalette DisabledPickerPalette();
 
-// Fonts as the selectors use them. Heights are those of a line, pixels.
-struct PickerFontSpec
-{
-    int height;
-    int weight;
-    BYTE charSet;
-    const char* face;
-};
-constexpr PickerFontSpec kTextFont{12, FW_NORMAL, SHIFTJIS_CHARSET, "MS UI Gothic"};
-constexpr PickerFontSpec kNumberFont{14, FW_NORMAL, ANSI_CHARSET, "Westminster"};
-constexpr PickerFontSpec kYearFont{18, FW_BOLD, ANSI_CHARSET, "Westminster"};
-LOGFONT MakeLogFont(const PickerFontSpec& spec);
+constexpr FontSpec kTextFont{12, FW_NORMAL, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr FontSpec kNumberFont{14, FW_NORMAL, ANSI_CHARSET, "Westminster"};
+constexpr FontSpec kYearFont{18, FW_BOLD, ANSI_CHARSET, "Westminster"};
 
-// A plain and a bold font of one template, created when first asked for and kept.
+// A font and the same in bold.
 class PickerFonts
 {
 public:
-    explicit PickerFonts(const PickerFontSpec& spec) : m_template(MakeLogFont(spec)) {}
+    explicit PickerFonts(const FontSpec& spec) : m_spec(spec) {}
     CFont* Get(bool bold);
-    const LOGFONT& Template() const { return m_template; }
-    void SetTemplate(const LOGFONT& lf); // the fonts are made anew
 
 private:
-    LOGFONT m_template;
-    CFont m_plain;
-    CFont m_bold;
+    FontSpec m_spec;
+    FontCache m_cache;
 };
 
 // One line of text in the middle of a rectangle, without background.

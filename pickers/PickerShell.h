@@ -1,6 +1,7 @@
 // What the windows of all date selectors share: keys and the mouse.
 #pragma once
 
+#include "../core/WindowAlive.h"
 #include "PickerKey.h"
 
 #include <afxwin.h>

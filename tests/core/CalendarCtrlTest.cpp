@@ -2,9 +2,6 @@
 #include "PlainCalendar.h"
 
 #include "support/Input.h"
-#include "support/MemoryDc.h"
-
-#include "core/DrawingHelpers.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +18,6 @@ TEST(CalendarCtrl, DefaultsThatHostsRelyOn)
     const int rowsBefore = static_cast<int>(CCalendarCtrl::m_arDayColors.GetSize());
     CCalendarCtrl first, second;
     EXPECT_EQ(CCalendarCtrl::m_arDayColors.GetSize(), rowsBefore + 14);
-    EXPECT_EQ(CCalendarCtrl::m_arDayColors[1].crColor[6], 0x2138EFu);
     std::string workDays;
     for (int day = 0; day <= 8; ++day) {
         workDays += std::to_string(first.IsWorkDayOfWeek(day));
@@ -172,20 +168,20 @@ TEST(CalendarCtrl, HitTestByRows)
     }
 }
 
-TEST(CalendarCtrl, KeysAndARestingMouseAndWhatTheyTell)
+TEST(CalendarCtrl, KeysAndARestingMouseAndTheirNotifications)
 {
     CalendarScene scene;
     PlainCalendar& ctrl = *scene.calendar;
     const Lines kNone;
     ctrl.SendMessage(WM_KEYDOWN, VK_RETURN, 5);
-    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMDBLCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
+    EXPECT_EQ(scene.Reports(), Lines{"CCN_ITEMDBLCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
     ctrl.SendMessage(WM_KEYDOWN, VK_SPACE);
-    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
+    EXPECT_EQ(scene.Reports(), Lines{"CCN_ITEMCLICK item=-1 lParam=-1 time=none hit=4 sub=0"});
     ctrl.SendMessage(WM_KEYDOWN, VK_TAB);
-    EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=0"});
+    EXPECT_EQ(scene.Reports(), Lines{"CCN_ITEMCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=0"});
     for (int key : {VK_RETURN, VK_SPACE, VK_PROCESSKEY}) {
         ctrl.SendMessage(WM_KEYDOWN, key, 0x00150001);
-        EXPECT_EQ(scene.Told(), Lines{"CCN_ITEMDBLCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=21"});
+        EXPECT_EQ(scene.Reports(), Lines{"CCN_ITEMDBLCLICK item=0 lParam=70 time=2017-04-25 02:00:00 hit=2 sub=21"});
     }
     ctrl.SendMessage(WM_KEYDOWN, VK_LEFT);
     EXPECT_EQ(ctrl.GetCurSel(), 0) << "an index of exactly 0 stays";
@@ -201,16 +197,16 @@ TEST(CalendarCtrl, KeysAndARestingMouseAndWhatTheyTell)
         ctrl.SendMessage(WM_KEYUP, VK_RIGHT);
     }
     EXPECT_EQ(ctrl.calls, (Lines{"right+shift", "range"})) << "the first release fixes the anchor";
-    EXPECT_EQ(scene.Told(), kNone);
+    EXPECT_EQ(scene.Reports(), kNone);
     ctrl.calls.clear();
     messages::LeftDown(scene.window, PointAt(0));
     ctrl.calls.clear();
     messages::Move(scene.window, PointAt(1));
     messages::LeftUp(scene.window, PointAt(0));
     EXPECT_EQ(ctrl.calls, (Lines{"range", "range"})) << "once a step of a sweep";
-    scene.Told();
+    scene.Reports();
     ctrl.SendMessage(WM_MOUSEHOVER, 0, MAKELPARAM(PointAt(3).x, PointAt(3).y));
-    EXPECT_EQ(scene.Told(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
+    EXPECT_EQ(scene.Reports(), Lines{"CCN_MOUSEHOVER item=0 lParam=70 time=2017-04-25 03:00:00 hit=2 sub=0"});
 }
 
 TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
@@ -240,71 +236,7 @@ TEST(CalendarCtrl, WheelAndPageKeysScrollByMessage)
     }
 }
 
-TEST(MemDC, BuffersTheClipBoxUnlessPrinting)
-{
-    MemoryDc surface(40, 40);
-    CDC& target = surface.Dc();
-    target.IntersectClipRect(CRect(10, 20, 30, 40));
-    {
-        CMemDC memory(&target);
-        memory.FillSolidRect(CRect(0, 0, 12, 22), RGB(1, 2, 3));
-        memory.FillSolidRect(CRect(12, 22, 40, 40), RGB(9, 9, 9));
-        EXPECT_EQ(surface.CountOther(CRect(0, 0, 40, 40), RGB(255, 255, 255)), 0) << "nothing before its end";
-    }
-    EXPECT_EQ(surface.Pixel(11, 21), RGB(1, 2, 3));
-    EXPECT_EQ(surface.Pixel(12, 22), RGB(9, 9, 9));
-    EXPECT_EQ(surface.Pixel(9, 20), RGB(255, 255, 255));
-    target.m_bPrinting = TRUE;
-    {
-        CMemDC direct(&target);
-        EXPECT_EQ(direct.m_hDC, target.m_hDC);
-        EXPECT_TRUE(direct.IsPrinting());
-    }
-    EXPECT_EQ(::GetObjectType(target.m_hDC), static_cast<DWORD>(OBJ_MEMDC)) << "not deleted with it";
-}
-
-TEST(DrawingHelpers, GradientsReachTheirColours)
-{
-    MemoryDc surface(40, 40);
-    const CRect area(2, 2, 38, 38);
-    dayvane::DrawGradient(&surface.Dc(), area, RGB(200, 0, 0), RGB(0, 0, 200), TRUE, TRUE);
-    EXPECT_GT(GetRValue(surface.Pixel(2, 20)), 190);
-    EXPECT_GT(GetBValue(surface.Pixel(37, 20)), 190);
-    EXPECT_EQ(surface.Pixel(20, 2), surface.Pixel(20, 37)) << "left to right: columns are even";
-    EXPECT_EQ(surface.Pixel(1, 20), RGB(255, 255, 255));
-    surface.Fill(RGB(255, 255, 255));
-    dayvane::DrawSteppedGradient(&surface.Dc(), area, RGB(0, 0, 0), RGB(170, 170, 170), FALSE);
-    EXPECT_EQ(surface.Pixel(20, 2), RGB(0, 0, 0));
-    EXPECT_EQ(surface.Pixel(20, 3), RGB(0, 0, 0)) << "strips of two pixels";
-    EXPECT_EQ(surface.Pixel(20, 4), RGB(10, 10, 10));
-    EXPECT_EQ(surface.Pixel(20, 37), RGB(170, 170, 170));
-    surface.Fill(RGB(255, 255, 255));
-    for (int height = 0; height < 5; ++height) {
-        dayvane::DrawSteppedGradient(&surface.Dc(), CRect(0, 0, 10, height), 0, RGB(9, 9, 9), FALSE);
-    }
-    EXPECT_EQ(surface.CountOther(CRect(0, 4, 40, 40), RGB(255, 255, 255)), 0) << "stays inside small rectangles";
-}
-
-TEST(DrawingHelpers, MarksTellTheirWidthAndNeedRoom)
-{
-    MemoryDc surface(60, 20);
-    CDC& dc = surface.Dc();
-    LOGFONT symbols = {};
-    symbols.lfHeight = 12;
-    symbols.lfCharSet = SYMBOL_CHARSET;
-    lstrcpy(symbols.lfFaceName, "No such face");
-    dc.SetTextColor(RGB(10, 20, 30));
-    const int alarm = dayvane::DrawAlarmGlyph(&dc, CRect(0, 0, 30, 20), symbols, FALSE);
-    const int recurrence = dayvane::DrawRecurrenceGlyph(&dc, CRect(30, 0, 60, 20), symbols, TRUE);
-    EXPECT_GT(surface.Count(CRect(0, 0, alarm, 20), RGB(10, 20, 30)), 20);
-    EXPECT_GT(surface.Count(CRect(30, 0, 30 + recurrence, 20), RGB(10, 20, 30)), 15);
-    EXPECT_EQ(surface.CountOther(CRect(alarm, 0, 30, 20), RGB(255, 255, 255)), 0) << "nothing beyond the width";
-    surface.Fill(RGB(255, 255, 255));
-    EXPECT_EQ(dayvane::DrawAlarmGlyph(&dc, CRect(0, 0, alarm, 20), symbols, FALSE), 0);
-    EXPECT_EQ(surface.CountOther(CRect(0, 0, 60, 20), RGB(255, 255, 255)), 0);
-}
-
-TEST(DrawingHelpers, IconsNeedAListAndRoom)
+TEST(CalendarCtrl, IconsNeedAListAndRoom)
 {
     CalendarScene scene;
     CClientDC dc(scene.calendar);

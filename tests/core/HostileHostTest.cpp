@@ -1,4 +1,4 @@
-// Hosts that do everything they should not while they are told something: each act at each notification.
+// Hosts that do everything they should not during a notification: each act at each notification.
 #include "PlainCalendar.h"
 
 #include "support/GuiCounts.h"
@@ -118,9 +118,9 @@ void RunScene(const Trigger& trigger, const Act& act)
     CalendarScene scene;
     int depth = 0;
     int acted = 0;
-    scene.parent.SetHook([&](const Notification& told) -> LRESULT {
+    scene.parent.SetHook([&](const Notification& report) -> LRESULT {
         // Once: an act that causes the same notification again would never end.
-        if (told.Code() == trigger.code && acted == 0 && depth == 0) {
+        if (report.Code() == trigger.code && acted == 0 && depth == 0) {
             ++depth;
             ++acted;
             act.act(scene);

@@ -1,4 +1,4 @@
-// Typing into a cell: what commits, what cancels, what is told, and what may enter.
+// Typing into a cell: what commits, what cancels, what is reported, and which characters may enter.
 #include "PlainCalendar.h"
 
 #include "core/InPlaceEdit.h"
@@ -22,7 +22,7 @@ public:
     HWND Begin(const char* text = "old")
     {
         calendar->SetSelRange(At(9), At(10));
-        Told();
+        Reports();
         calendar->BeginEditItem(text);
         return Box();
     }
@@ -64,7 +64,7 @@ TEST(InPlaceEdit, OpensOverTheCellWithTheText)
     EXPECT_GT(rect.Height(), 12) << "a line of text has room in a low cell";
 }
 
-TEST(InPlaceEdit, WhatEndsItAndWhatIsTold)
+TEST(InPlaceEdit, WhatEndsItAndWhatIsReported)
 {
     struct Row
     {
@@ -93,13 +93,13 @@ TEST(InPlaceEdit, WhatEndsItAndWhatIsTold)
             scene.parent.Ignore(CCN_ITEMCLICK);
             row.act(scene);
             PumpMessages();
-            EXPECT_EQ(scene.Told(), row.commits ? Ended("new old") : Lines()) << row.what;
+            EXPECT_EQ(scene.Reports(), row.commits ? Ended("new old") : Lines()) << row.what;
             EXPECT_EQ(::IsWindow(scene.window) ? scene.Box() : nullptr, nullptr) << row.what;
         }
     });
 }
 
-TEST(InPlaceEdit, EmptyTextIsToldAndEscapeLeavesTheFlag)
+TEST(InPlaceEdit, EmptyTextIsReportedAndEscapeLeavesTheFlag)
 {
     EditScene scene;
     scene.Begin("");
@@ -107,7 +107,7 @@ TEST(InPlaceEdit, EmptyTextIsToldAndEscapeLeavesTheFlag)
     EXPECT_TRUE(scene.calendar->IsEditing()) << "as documented: until an edit ends with a text";
     scene.Begin("");
     messages::Key(scene.Box(), VK_RETURN);
-    EXPECT_EQ(scene.Told(), Ended(""));
+    EXPECT_EQ(scene.Reports(), Ended(""));
     EXPECT_FALSE(scene.calendar->IsEditing());
     EXPECT_EQ(::GetFocus(), scene.window);
 }
@@ -122,9 +122,9 @@ TEST(InPlaceEdit, KeysOfAConversionAreNotOurs)
         EXPECT_EQ(scene.Box(), box) << key;
     }
     ::SendMessage(box, WM_IME_ENDCOMPOSITION, 0, 0);
-    EXPECT_TRUE(scene.Told().empty());
+    EXPECT_TRUE(scene.Reports().empty());
     messages::Key(box, VK_RETURN);
-    EXPECT_EQ(scene.Told().size(), 1u);
+    EXPECT_EQ(scene.Reports().size(), 1u);
 }
 
 TEST(InPlaceEdit, TypedCharactersAreWholeOrRefused)
@@ -191,8 +191,8 @@ TEST(InPlaceEdit, PastedTextIsWholeOrRefused)
     ::SendMessage(box, WM_CHAR, 0x16, 0); // Ctrl+V
     EXPECT_EQ(scene.Text().find('?'), std::string::npos);
     messages::Key(box, VK_RETURN);
-    const std::string told = scene.parent.Log().back().editText;
-    EXPECT_EQ(told.compare(0, whole.size(), whole), 0) << "double bytes survive";
+    const std::string text = scene.parent.Log().back().editText;
+    EXPECT_EQ(text.compare(0, whole.size(), whole), 0) << "double bytes survive";
 }
 
 } // namespace

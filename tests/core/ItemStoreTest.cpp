@@ -79,7 +79,7 @@ TEST(ItemStore, IndexRules)
     EXPECT_EQ(answer([&] { return StoreInsert(items, -1, item); }), 'x');
 }
 
-// Every field, in the order of the record, told apart.
+// Every field, in the order of the record, separated.
 auto FieldsOfItem(const tagCC_ITEM& item)
 {
     return std::make_tuple(item.nReserved, item.nImage, item.dtStart.m_dt, item.dtEnd.m_dt, item.nFullday,

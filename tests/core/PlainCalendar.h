@@ -118,7 +118,7 @@ public:
     }
 
     // The notifications since the last call, a line each.
-    std::vector<std::string> Told()
+    std::vector<std::string> Reports()
     {
         std::vector<std::string> lines = parent.Lines();
         parent.ClearLog();

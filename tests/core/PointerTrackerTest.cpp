@@ -181,7 +181,7 @@ TEST(PointerTracker, CancelPutsTheItemBack)
     EXPECT_FALSE(mouse.tracker.IsBusy()) << "an item that is gone ends the drag";
 }
 
-TEST(PointerTracker, ADropThatIsBeingToldIsNotTakenBack)
+TEST(PointerTracker, ADropThatIsBeingReportedIsNotTakenBack)
 {
     Mouse mouse;
     mouse.Press(CCHT_ONITEM, At(10, 9));
@@ -191,7 +191,7 @@ TEST(PointerTracker, ADropThatIsBeingToldIsNotTakenBack)
     hit.code = CCHT_ONCELL;
     mouse.tracker.Release(hit);
     EXPECT_TRUE(mouse.tracker.IsDragging());
-    for (const PointerEffect& effect : mouse.tracker.Cancel()) { // the host opens a dialog while it is told
+    for (const PointerEffect& effect : mouse.tracker.Cancel()) { // the host opens a dialog in the notification
         EXPECT_NE(effect.kind, PointerEffect::PUT_BACK);
     }
 }

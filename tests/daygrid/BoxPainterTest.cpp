@@ -127,7 +127,7 @@ TEST(MonthPaint, JapaneseTextsDoNotDependOnTheSystem)
         expected.Dc().BitBlt(x, 30, 1, 16, &expected.Dc(), 103, 30, SRCCOPY);
     }
     expected.Dc().SetTextColor(kBlack);
-    const dayvane::SelectGdi selectFont(&expected.Dc(), &scene.view->m_parts->fonts.weekday);
+    const dayvane::SelectGdi selectFont(&expected.Dc(), scene.view->m_parts->fonts.Weekday());
     ::DrawTextW(expected.Dc().m_hDC, L"\x6708\x66DC\x65E5", 3, &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     EXPECT_TRUE(scene.picture.SameAs(expected));
 }

@@ -1,35 +1,32 @@
-// The fonts of a month, week or year view. They live as long as its window.
+// The fonts of a month, week or year view, made when first asked for. Clear when the window goes.
 #pragma once
 
-#include <afxwin.h>
+#include "../../core/Fonts.h"
 
 namespace dayvane {
 
 class BoxFonts
 {
 public:
-    // Creates what is missing.
-    void Create();
-    void Clear();
-
-    CFont weekday; // weekday names
-    CFont dayNumber;
-    CFont smallLatin; // for the printer
-    CFont annotation; // holidays, solar terms, the host's text for a day
-
-    // The fonts of the title band are made from the item font: its face, character set and style. Heights in pixels.
-    CFont* CaptionNumber(const LOGFONT& itemFont, int height);
-    CFont* CaptionText(const LOGFONT& itemFont);
+    CFont* Weekday() { return m_cache.Get({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); } // weekday names
+    CFont* DayNumber() { return m_cache.Get({16, FW_BOLD, ANSI_CHARSET, "Arial"}); }
+    CFont* SmallLatin() { return m_cache.Get({12, FW_DONTCARE, ANSI_CHARSET, "Arial"}); } // for printing
+    // Holidays, solar terms, the host's text for a day.
+    CFont* Annotation() { return m_cache.Get({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); }
+    // The title band's have the face, character set and style of the item font. Heights in pixels.
+    CFont* CaptionNumber(const LOGFONT& itemFont, int height)
+    {
+        return m_cache.Get(Resized(itemFont, height, FW_BOLD));
+    }
+    CFont* CaptionText(const LOGFONT& itemFont)
+    {
+        return m_cache.Get(Resized(itemFont, kCaptionTextHeight, itemFont.lfWeight));
+    }
+    void Clear() { m_cache.Clear(); }
 
 private:
-    struct Slot
-    {
-        CFont* Get(const LOGFONT& lf);
-
-        LOGFONT made = {};
-        CFont font;
-    };
-    Slot m_captionNumber, m_captionText;
+    static constexpr int kCaptionTextHeight = 18;
+    FontCache m_cache;
 };
 
 } // namespace dayvane

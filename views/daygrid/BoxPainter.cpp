@@ -76,7 +76,7 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
 void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const
 {
     DrawHeaderBand(&m_dc, band, kHeaderBand);
-    const SelectGdi selectFont(&m_dc, &m_parts.fonts.weekday);
+    const SelectGdi selectFont(&m_dc, m_parts.fonts.Weekday());
     // All names are of one width; where they do not fit, the first character identifies the day.
     const bool isShort = headerCells[0].m_rect.Width() < m_dc.GetTextExtent(kWeekdays[0].name, kNameLength).cx;
     for (int column = 0; column < kMonthColumns; ++column) {
@@ -145,7 +145,7 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
 CString BoxPainter::FittingNumber(CString number, int width) const
 {
     int slash = number.Find('/');
-    while (slash != -1 && m_parts.texts.WidthOf(&m_dc, &m_parts.fonts.dayNumber, number) > width) {
+    while (slash != -1 && m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width) {
         number = number.Mid(slash + 1);
         slash = number.Find('/');
     }
@@ -160,27 +160,27 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
     rest.DeflateRect(kPaint.stripInset, 0);
     m_dc.SetTextColor(texts.color);
     {
-        const SelectGdi selectNumber(&m_dc, &fonts.dayNumber);
+        const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
         const CString number = FittingNumber(texts.number, rest.Width());
-        const int numberWidth = cache.WidthOf(&m_dc, &fonts.dayNumber, number);
+        const int numberWidth = cache.WidthOf(&m_dc, fonts.DayNumber(), number);
         if (numberWidth > rest.Width()) {
             rest = strip; // "10" would lose a digit
         }
-        cache.Draw(&m_dc, &fonts.dayNumber, number, rest, DT_LEFT | DT_VCENTER);
+        cache.Draw(&m_dc, fonts.DayNumber(), number, rest, DT_LEFT | DT_VCENTER);
         rest.left += numberWidth + kPaint.suffixGap;
     }
-    const SelectGdi selectFont(&m_dc, &fonts.annotation);
-    const int suffixWidth = cache.WidthOf(&m_dc, &fonts.annotation, texts.suffix);
+    const SelectGdi selectFont(&m_dc, fonts.Annotation());
+    const int suffixWidth = cache.WidthOf(&m_dc, fonts.Annotation(), texts.suffix);
     if (suffixWidth > rest.Width()) {
         return;
     }
-    cache.Draw(&m_dc, &fonts.annotation, texts.suffix, rest, DT_LEFT | DT_VCENTER);
+    cache.Draw(&m_dc, fonts.Annotation(), texts.suffix, rest, DT_LEFT | DT_VCENTER);
     rest.left += suffixWidth + kPaint.annotationGap;
     if (rest.Width() < kPaint.annotationMinWidth) {
         return;
     }
     m_dc.SetTextColor(texts.annotationColor);
-    cache.Draw(&m_dc, &fonts.annotation, texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
+    cache.Draw(&m_dc, fonts.Annotation(), texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
 void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
@@ -190,10 +190,10 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
     CRect number = box;
     number.top += kPaint.numberTop;
     number.right -= kPaint.numberRight;
-    const SelectGdi selectNumber(&m_dc, &fonts.dayNumber);
+    const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
     m_dc.SetTextColor(look.dayNumberColor);
     const CString dayNumber = FittingNumber(look.dayNumber, number.Width());
-    cache.Draw(&m_dc, &fonts.dayNumber, dayNumber, number, DT_RIGHT | DT_TOP);
+    cache.Draw(&m_dc, fonts.DayNumber(), dayNumber, number, DT_RIGHT | DT_TOP);
     if (look.annotation.IsEmpty()) {
         return;
     }
@@ -201,13 +201,13 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
     annotation.left += kPaint.annotationLeft;
     annotation.top += kPaint.annotationTop;
     annotation.bottom = annotation.top + kPaint.annotationHeight;
-    annotation.right = number.right - cache.WidthOf(&m_dc, &fonts.dayNumber, dayNumber) - kPaint.annotationGap;
+    annotation.right = number.right - cache.WidthOf(&m_dc, fonts.DayNumber(), dayNumber) - kPaint.annotationGap;
     if (annotation.Width() < kPaint.annotationMinWidth) {
         return;
     }
-    const SelectGdi selectFont(&m_dc, &fonts.annotation);
+    const SelectGdi selectFont(&m_dc, fonts.Annotation());
     m_dc.SetTextColor(look.annotationColor);
-    cache.Draw(&m_dc, &fonts.annotation, look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
+    cache.Draw(&m_dc, fonts.Annotation(), look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
 }
 
 // ---- Bars

@@ -2,7 +2,7 @@
 // as values; changes nothing but the picture.
 #pragma once
 
-#include "../../core/CalendarSettings.h"
+#include "../../core/CalendarColors.h"
 #include "../../core/DrawingHelpers.h"
 #include "BoxParts.h"
 #include "DayGridParts.h"

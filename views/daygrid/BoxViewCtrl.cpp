@@ -3,6 +3,7 @@
 #include "views/daygrid/BoxViewCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/Fonts.h"
 #include "core/ItemStore.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BoxViewState.h"
@@ -15,16 +16,6 @@ using namespace dayvane;
 namespace {
 
 constexpr int kRangeChangeValue = 4100; // nValue of CCN_VIEWRANGECHANGE
-
-LOGFONT LatinFont(int height, int weight, const char* face)
-{
-    LOGFONT lf = {};
-    lf.lfHeight = height;
-    lf.lfWeight = weight;
-    lf.lfCharSet = ANSI_CHARSET;
-    lstrcpyn(lf.lfFaceName, face, LF_FACESIZE);
-    return lf;
-}
 
 } // namespace
 
@@ -49,8 +40,7 @@ CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind)
     m_colors.content = colors.content;
     m_colors.grid = colors.grid;
     m_colors.border = colors.border;
-    m_lfFonts[0] = LatinFont(16, FW_BOLD, "Arial");
-    m_lfFonts[1] = LatinFont(30, FW_DONTCARE, "Century Gothic");
+    m_lfFonts[FONT_CAPTION] = LogFontOf({16, FW_BOLD, ANSI_CHARSET, "Arial"});
 }
 
 CBoxViewCtrl::~CBoxViewCtrl()
@@ -115,7 +105,7 @@ void CBoxViewCtrl::ShowRange(const BoxRange& range)
 
 void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     FinishEdit(TRUE);
     if (!alive) {
         return;
@@ -266,7 +256,7 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     if (!scroll.moves || !target.HasDates()) {
         return;
     }
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     COleDateTime begin;
     COleDateTime end;
     const BOOL keeps = GetSelRange(begin, end) && target.Holds(m_dtSelEnd);

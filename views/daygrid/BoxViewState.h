@@ -1,7 +1,7 @@
 // What the week and the year view keep besides their windows; their public headers do without these types.
 #pragma once
 
-#include "../../core/CalendarSettings.h"
+#include "../../core/CalendarColors.h"
 #include "BoxRange.h"
 #include "BoxViewLayout.h"
 

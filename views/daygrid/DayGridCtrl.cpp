@@ -41,7 +41,7 @@ CDayGridCtrl::CDayGridCtrl() : m_parts(std::make_unique<DayGridParts>())
 
 CFont* CDayGridCtrl::GetSmallLatinFont()
 {
-    return &m_parts->fonts.smallLatin;
+    return m_hWnd ? m_parts->fonts.SmallLatin() : nullptr;
 }
 
 CDayGridCtrl::~CDayGridCtrl()
@@ -60,7 +60,6 @@ void CDayGridCtrl::OnDestroy()
 
 void CDayGridCtrl::PreparePainting()
 {
-    m_parts->fonts.Create();
     if (m_hMoreMark) {
         return;
     }

@@ -85,7 +85,7 @@ void CMonthViewCtrl::DayProviderChanged()
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     FinishEdit(TRUE);
     if (!alive) {
         return;
@@ -224,7 +224,7 @@ void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
     }
     const COleDateTime begin = m_dtSelBegin;
     const COleDateTime end = m_dtSelEnd;
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     SendMessage(WM_VSCROLL, nDays < 0 ? SB_LINEUP : SB_LINEDOWN);
     if (!alive) {
         return;
@@ -250,7 +250,7 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     if (!scroll.moves || !IsValid(date)) {
         return;
     }
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const bool isSelected = IsSameDay(m_dtSelBegin, date) && IsSameDay(m_dtSelEnd, date);
     if (scroll.step != 0 || !isSelected) {
         NotifySelDateChange(date);

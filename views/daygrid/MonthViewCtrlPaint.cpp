@@ -10,7 +10,6 @@
 using namespace dayvane;
 
 namespace {
-constexpr int kTextFont = 2; // template in m_lfFonts
 constexpr CaptionLook kCaption = {{0x7BDBFF, 0x1096FF, 0x216DEF}, 32, DT_BOTTOM};
 } // namespace
 
@@ -77,7 +76,7 @@ void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLo
         texts.number.Format("%d", m_dtScroll.GetMonth());
         texts.text = " " + m_dtScroll.Format("%B, %Y") + " ";
     }
-    PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[kTextFont]);
+    PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
 }
 
 void CMonthViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)

@@ -14,7 +14,6 @@ namespace {
 
 constexpr char kWindowClass[] = "MFCWeekViewCtrl";
 constexpr int kLastShown = kWeekBoxes - 1; // days from the first to the last
-constexpr int kTextFont = 2;               // template in m_lfFonts
 
 constexpr CalendarColors kWeekColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
@@ -137,7 +136,7 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
         texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
         texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
     }
-    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[kTextFont]);
+    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
 
 DayLook CWeekViewCtrl::LookOf(int nDay)

@@ -12,7 +12,6 @@ namespace {
 
 constexpr char kWindowClass[] = "MFCYearViewCtrl";
 constexpr UINT kMoreBitmap = 18001;
-constexpr int kTextFont = 2; // template in m_lfFonts
 
 // The combo box, pixels.
 constexpr UINT kComboId = 1;
@@ -160,7 +159,7 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
         texts.number.Format("%d", m_dtRangeStart.GetYear());
         texts.text = "  " + m_strTitle;
     }
-    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[kTextFont]);
+    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
 
 COLORREF CYearViewCtrl::GetBoxColor(int)

@@ -12,7 +12,6 @@ using namespace dayvane;
 namespace {
 constexpr char kWindowClass[] = "MFCDayViewCtrl";
 constexpr int kRowsPerHour = 2;
-constexpr int kCaptionFont = 1; // template in m_lfFonts
 
 constexpr COLORREF kCaptionColor = 0x10B6F7;
 constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
@@ -190,7 +189,7 @@ void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     const ShownDay& day = GetShownDays()[0];
     TimeGridFonts& fonts = m_pParts->fonts;
     Painter(pDC).DrawDayCaption(rcCaption, CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE),
-                                day.dayOfWeek, fonts.CaptionDate(m_lfFonts[kCaptionFont]), fonts.CaptionText());
+                                day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
 }
 
 void CDayViewCtrl::InvalidateCellRect(COleDateTime)

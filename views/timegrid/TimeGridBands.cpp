@@ -2,7 +2,6 @@
 #include "views/timegrid/TimeGridPainter.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace dayvane {
 namespace {
@@ -18,25 +17,7 @@ struct BandPaintMetrics
 };
 constexpr BandPaintMetrics kBandPaint;
 
-struct FontForm
-{
-    int height;
-    BYTE charSet;
-    const char* face;
-};
-constexpr FontForm kZerosFont = {15, ANSI_CHARSET, "Westminster"};
-constexpr FontForm kLabelFont = {12, SHIFTJIS_CHARSET, "MS UI Gothic"};
-constexpr FontForm kCaptionTextFont = {15, SHIFTJIS_CHARSET, "MS UI Gothic"};
 constexpr int kCaptionDateHeight = 28;
-
-LOGFONT Description(const FontForm& form)
-{
-    LOGFONT lf = {};
-    lf.lfHeight = form.height;
-    lf.lfCharSet = form.charSet;
-    lstrcpyn(lf.lfFaceName, form.face, LF_FACESIZE);
-    return lf;
-}
 
 // The colour half way from `from` to white.
 COLORREF Paler(COLORREF from)
@@ -59,44 +40,9 @@ COLORREF WeekdayColor(int dayOfWeek, COLORREF ordinary)
 
 // ---- Fonts
 
-CFont* TimeGridFonts::Slot::Get(const LOGFONT& lf)
-{
-    if (!m_font.GetSafeHandle() || std::memcmp(&m_made, &lf, sizeof(lf)) != 0) {
-        m_font.DeleteObject();
-        m_made = lf;
-        m_font.CreateFontIndirect(&lf);
-    }
-    return &m_font;
-}
-
-CFont* TimeGridFonts::Zeros()
-{
-    return m_zeros.Get(Description(kZerosFont));
-}
-
-CFont* TimeGridFonts::Label()
-{
-    return m_label.Get(Description(kLabelFont));
-}
-
-CFont* TimeGridFonts::CaptionText()
-{
-    return m_captionText.Get(Description(kCaptionTextFont));
-}
-
 CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
 {
-    LOGFONT date = lf;
-    date.lfHeight = kCaptionDateHeight;
-    date.lfWeight = FW_BOLD;
-    return m_captionDate.Get(date);
-}
-
-void TimeGridFonts::Clear()
-{
-    for (Slot* slot : {&m_hours, &m_zeros, &m_label, &m_captionText, &m_captionDate}) {
-        slot->Clear();
-    }
+    return m_cache.Get(Resized(lf, kCaptionDateHeight, FW_BOLD));
 }
 
 // ---- Title band

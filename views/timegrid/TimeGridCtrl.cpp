@@ -59,7 +59,7 @@ void CTimeGridCtrl::OnDestroy()
 
 bool CTimeGridCtrl::EndEdit()
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     FinishEdit(TRUE);
     return static_cast<bool>(alive);
 }

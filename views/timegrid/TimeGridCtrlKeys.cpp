@@ -87,7 +87,7 @@ void CTimeGridCtrl::KeepCursorInSight()
 
 void CTimeGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     if (nChar == VK_HOME || nChar == VK_END) {
         ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CTimeGridCtrl::MoveToFirst
                                                                              : &CTimeGridCtrl::MoveToLast));

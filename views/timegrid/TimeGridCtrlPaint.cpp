@@ -11,7 +11,6 @@ using namespace dayvane;
 namespace {
 constexpr int kMarkGap = 2;      // pixels after a mark of an item
 constexpr int kMarkedWidth = 40; // columns of many days: a narrower box keeps its room for the text
-constexpr int kHourFont = 0;     // templates in m_lfFonts
 } // namespace
 
 const std::vector<ShownDay>& CTimeGridCtrl::GetShownDays()
@@ -62,7 +61,7 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 {
-    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[kHourFont]), m_pParts->fonts.Zeros());
+    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros());
 }
 
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)

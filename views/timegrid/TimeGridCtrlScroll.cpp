@@ -83,7 +83,7 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     if (nSBCode > SB_ENDSCROLL || !EndEdit()) {
         return;
     }
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     const GridScroll scroll =
         Scrolled(GetScroll(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
     m_nVertScroll = scroll.offset;
@@ -114,7 +114,7 @@ void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
 // ended the control meanwhile.
 bool CTimeGridCtrl::ServeWaitingScroll()
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     MSG message;
     while (alive && m_hWnd && ::PeekMessage(&message, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_REMOVE)) {
         if (message.message == WM_QUIT) { // comes whatever one asks for
@@ -175,7 +175,7 @@ BOOL CTimeGridCtrl::EnsureVisible(int nIndex)
 
 void CTimeGridCtrl::SetFocusToItem()
 {
-    Alive alive(this);
+    const WindowAlive alive(this, m_life);
     CCalendarCtrl::SetFocusToItem();
     if (alive && m_nCurSel != -1) {
         EnsureVisible(m_nCurSel);

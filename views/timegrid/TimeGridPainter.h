@@ -2,8 +2,9 @@
 // nothing but the picture, and costs nothing for what lies outside the clip box.
 #pragma once
 
-#include "../../core/CalendarSettings.h"
+#include "../../core/CalendarColors.h"
 #include "../../core/DrawingHelpers.h"
+#include "../../core/Fonts.h"
 #include "TimeGridHit.h"
 #include "TimeGridLook.h"
 
@@ -26,31 +27,25 @@ struct TimeGridPalette
 };
 constexpr TimeGridPalette kTimeGridPalette{};
 
+constexpr FontSpec kZerosFont = {15, FW_DONTCARE, ANSI_CHARSET, "Westminster"};
+constexpr FontSpec kLabelFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
+constexpr FontSpec kCaptionTextFont = {15, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
+
 // The fonts of a time grid. They are made when first asked for and live as long as their window; Clear frees them.
 class TimeGridFonts
 {
 public:
     // The hours: the control's own description. The zeros beside them; small texts; the date of the title band, from
     // the control's description for captions.
-    CFont* Hours(const LOGFONT& lf) { return m_hours.Get(lf); }
-    CFont* Zeros();
-    CFont* Label();
-    CFont* CaptionText();
+    CFont* Hours(const LOGFONT& lf) { return m_cache.Get(lf); }
+    CFont* Zeros() { return m_cache.Get(kZerosFont); }
+    CFont* Label() { return m_cache.Get(kLabelFont); }
+    CFont* CaptionText() { return m_cache.Get(kCaptionTextFont); }
     CFont* CaptionDate(const LOGFONT& lf);
-    void Clear();
+    void Clear() { m_cache.Clear(); }
 
 private:
-    class Slot
-    {
-    public:
-        CFont* Get(const LOGFONT& lf);
-        void Clear() { m_font.DeleteObject(); }
-
-    private:
-        LOGFONT m_made = {};
-        CFont m_font;
-    };
-    Slot m_hours, m_zeros, m_label, m_captionText, m_captionDate;
+    FontCache m_cache;
 };
 
 // One paint of a time grid into a device context, which must outlive it, as must frame and colours.

@@ -3,6 +3,7 @@
 
 #include "core/WindowHelpers.h"
 #include "core/DateMath.h"
+#include "core/Fonts.h"
 #include "views/timegrid/DayRange.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -21,14 +22,6 @@ constexpr COLORREF kRulerColor = 0xFFEFE3;
 constexpr COLORREF kRulerTextColor = 0xCF9365;
 constexpr COLORREF kGridColor = 0xE1BFA5;
 
-LOGFONT FontTemplate(int height, BYTE charSet, const char* face)
-{
-    LOGFONT lf = {};
-    lf.lfHeight = height;
-    lf.lfCharSet = charSet;
-    lstrcpyn(lf.lfFaceName, face, LF_FACESIZE);
-    return lf;
-}
 } // namespace
 
 IMPLEMENT_DYNCREATE(CWeekDayViewCtrl, CTimeGridCtrl)
@@ -44,9 +37,7 @@ CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
     SetRulerTextColor(kRulerTextColor);
     SetBorderColor(kGridColor);
     SetGridColor(kGridColor);
-    m_lfFonts[0] = FontTemplate(25, ANSI_CHARSET, "MS Sans Serif");
-    m_lfFonts[1] = FontTemplate(30, ANSI_CHARSET, "Century Gothic");
-    m_lfFonts[2] = FontTemplate(12, SHIFTJIS_CHARSET, "MS UI Gothic");
+    m_lfFonts[FONT_CAPTION] = LogFontOf({25, FW_DONTCARE, ANSI_CHARSET, "MS Sans Serif"});
     SetCaptionText("Weekday Calendar");
     ShowCaption(TRUE);
     SetTimeScale(kRowsPerHour);

@@ -8,7 +8,6 @@
 using namespace dayvane;
 
 namespace {
-constexpr int kCaptionFont = 1; // template in m_lfFonts
 } // namespace
 
 void CWeekDayViewCtrl::InvalidateHeader()
@@ -33,7 +32,7 @@ void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     TimeGridFonts& fonts = m_pParts->fonts;
     Painter(pDC).DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, GetShownRange().LastMoment()),
-                                 fonts.CaptionDate(m_lfFonts[kCaptionFont]), fonts.CaptionText());
+                                 fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
 }
 
 void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)

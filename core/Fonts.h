@@ -1,0 +1,40 @@
+// Fonts of the controls: a form in the source, a description that a host may change, and the made font.
+#pragma once
+
+#include <afxwin.h>
+
+#include <memory>
+#include <vector>
+
+namespace dayvane {
+
+// A font as the source states it.
+struct FontSpec
+{
+    int height; // of a line, pixels
+    int weight; // FW_...
+    BYTE charSet;
+    const char* face;
+};
+LOGFONT LogFontOf(const FontSpec& spec);
+// The same face, character set and style in another height and weight.
+LOGFONT Resized(LOGFONT description, int height, int weight);
+
+// Fonts by description: each is made when it is first asked for and lives until Clear. Empty the cache in OnDestroy.
+class FontCache
+{
+public:
+    CFont* Get(const LOGFONT& description);
+    CFont* Get(const FontSpec& spec) { return Get(LogFontOf(spec)); }
+    void Clear() { m_fonts.clear(); }
+
+private:
+    struct Entry
+    {
+        LOGFONT description;
+        CFont font;
+    };
+    std::vector<std::unique_ptr<Entry>> m_fonts;
+};
+
+} // namespace dayvane

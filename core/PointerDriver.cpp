@@ -1,0 +1,141 @@
+#include "core/PointerDriver.h"
+
+namespace dayvane {
+
+void PointerDriver::Drag(PointerTarget& target, const PointerHit& hit)
+{
+    ItemTimes times;
+    const bool isThere = GetHeldTimes(target, times);
+    Apply(target, m_tracker.Drag(hit, isThere ? &times : nullptr));
+}
+
+void PointerDriver::DragExtended(PointerTarget& target, const PointerHit& hit, int stepMinutes, bool wholeDayByDrag)
+{
+    ItemTimes times;
+    const bool isThere = GetHeldTimes(target, times);
+    Apply(target, m_tracker.DragExtended(hit, isThere ? &times : nullptr, stepMinutes, wholeDayByDrag));
+}
+
+void PointerDriver::Cancel(PointerTarget& target)
+{
+    if (m_tracker.IsBusy()) {
+        FollowItem(target);
+        Apply(target, m_tracker.Cancel());
+    }
+}
+
+void PointerDriver::CaptureLost(PointerTarget& target)
+{
+    if (!m_releasing) {
+        Cancel(target);
+    }
+}
+
+void PointerDriver::WatchScrollEdge(PointerTarget& target, bool hasCapture, const CRect& content, const CPoint& point)
+{
+    const bool isActive = m_tracker.IsSelecting() || m_tracker.IsDragging();
+    SetScrollTimer(target, isActive && hasCapture && AutoScrollAt(content, point) != 0);
+}
+
+void PointerDriver::SetScrollTimer(PointerTarget& target, bool run)
+{
+    if (run != m_scrollTimer) {
+        m_scrollTimer = run;
+        target.RunScrollTimer(run);
+    }
+}
+
+// ---- Effects
+
+void PointerDriver::Apply(PointerTarget& target, const PointerEffects& effects)
+{
+    for (const PointerEffect& effect : effects) {
+        Perform(target, effect);
+        if (!target.IsAlive()) {
+            return;
+        }
+    }
+}
+
+void PointerDriver::Perform(PointerTarget& target, const PointerEffect& effect)
+{
+    switch (effect.kind) {
+    case PointerEffect::SELECT_ITEM:
+        return target.SelectItem(effect.item);
+    case PointerEffect::CLEAR_ITEM:
+        return target.SelectItem(-1);
+    case PointerEffect::BEGIN_SELECTION:
+        return target.BeginSelection(effect.times, effect.fullday);
+    case PointerEffect::EXTEND_SELECTION:
+        return target.ExtendSelection(effect.times.end);
+    case PointerEffect::MARK_DATE:
+        return target.MarkDate(effect.times.start);
+    case PointerEffect::TAKE_CAPTURE:
+        return target.TakeCapture();
+    case PointerEffect::RELEASE_CAPTURE:
+        return Stop(target);
+    case PointerEffect::DRAG_CURSOR:
+        return target.ShowDragCursor(m_tracker.Edge());
+    case PointerEffect::ARROW_CURSOR:
+        return target.ShowArrowCursor();
+    case PointerEffect::PUT_ITEM:
+        return target.PutItemTimes(effect.item, effect.times);
+    case PointerEffect::PUT_BACK:
+        if (HasLastPutTimes(target, effect.item)) {
+            target.PutItemTimes(effect.item, effect.times);
+        }
+        return;
+    case PointerEffect::NOTIFY_MOVED:
+        return target.NotifyMoved();
+    }
+}
+
+// The tracker has forgotten its press, or is about to.
+void PointerDriver::Stop(PointerTarget& target)
+{
+    if (m_tracker.IsDragging()) {
+        target.RepaintSelection(); // the time grids mark the rows under a dragged item
+    }
+    if (target.IsAlive()) {
+        m_tracker.Released();
+        SetScrollTimer(target, false);
+    }
+    if (target.IsAlive()) {
+        m_releasing = true;
+        target.ReleaseCapture();
+    }
+    if (target.IsAlive()) {
+        m_releasing = false;
+    }
+}
+
+// ---- The held item
+
+bool PointerDriver::HasLastPutTimes(const PointerTarget& target, int item) const
+{
+    ItemTimes times;
+    const ItemTimes& put = m_tracker.LastPut();
+    return target.GetItemTimes(item, times) && times.start == put.start && times.end == put.end &&
+           times.fullday == put.fullday;
+}
+
+// Deleting or inserting items may have given the held item another index: the drag goes on with that item, as long as
+// the host keeps it current, and never with another.
+bool PointerDriver::FollowItem(const PointerTarget& target)
+{
+    const int current = target.CurrentItem();
+    if (current != m_tracker.Item()) {
+        if (!HasLastPutTimes(target, current)) {
+            return false;
+        }
+        m_tracker.FollowItem(current);
+    }
+    return true;
+}
+
+bool PointerDriver::GetHeldTimes(const PointerTarget& target, ItemTimes& times)
+{
+    return FollowItem(target) && target.GetItemTimes(target.CurrentItem(), times);
+}
+
+} // namespace dayvane

@@ -1,0 +1,80 @@
+#include "core/DrawingHelpers.h"
+
+#include "support/MemoryDc.h"
+
+#include <gtest/gtest.h>
+
+using namespace dayvane;
+using namespace testsupport;
+
+namespace {
+
+constexpr COLORREF kPaper = RGB(255, 255, 255);
+constexpr COLORREF kInk = RGB(10, 20, 30);
+constexpr COLORREF kOtherInk = RGB(9, 9, 9);
+
+TEST(MemDC, BuffersTheClipBoxUnlessPrinting)
+{
+    MemoryDc surface(40, 40);
+    CDC& target = surface.Dc();
+    target.IntersectClipRect(CRect(10, 20, 30, 40));
+    {
+        CMemDC memory(&target);
+        memory.FillSolidRect(CRect(0, 0, 12, 22), kInk);
+        memory.FillSolidRect(CRect(12, 22, 40, 40), kOtherInk);
+        EXPECT_EQ(surface.CountOther(CRect(0, 0, 40, 40), kPaper), 0) << "nothing before its end";
+    }
+    EXPECT_EQ(surface.Pixel(11, 21), kInk);
+    EXPECT_EQ(surface.Pixel(12, 22), kOtherInk);
+    EXPECT_EQ(surface.Pixel(9, 20), kPaper);
+    target.m_bPrinting = TRUE;
+    {
+        CMemDC direct(&target);
+        EXPECT_EQ(direct.m_hDC, target.m_hDC);
+        EXPECT_TRUE(direct.IsPrinting());
+    }
+    EXPECT_EQ(::GetObjectType(target.m_hDC), static_cast<DWORD>(OBJ_MEMDC)) << "not deleted with it";
+}
+
+TEST(DrawingHelpers, GradientsReachTheirColours)
+{
+    MemoryDc surface(40, 40);
+    const CRect area(2, 2, 38, 38);
+    DrawGradient(&surface.Dc(), area, RGB(200, 0, 0), RGB(0, 0, 200), TRUE, TRUE);
+    EXPECT_GT(GetRValue(surface.Pixel(2, 20)), 190);
+    EXPECT_GT(GetBValue(surface.Pixel(37, 20)), 190);
+    EXPECT_EQ(surface.Pixel(20, 2), surface.Pixel(20, 37)) << "left to right: columns are even";
+    EXPECT_EQ(surface.Pixel(1, 20), kPaper);
+    surface.Fill(kPaper);
+    DrawSteppedGradient(&surface.Dc(), area, RGB(0, 0, 0), RGB(170, 170, 170), FALSE);
+    EXPECT_EQ(surface.Pixel(20, 2), RGB(0, 0, 0));
+    EXPECT_EQ(surface.Pixel(20, 3), RGB(0, 0, 0)) << "strips of two pixels";
+    EXPECT_EQ(surface.Pixel(20, 4), RGB(10, 10, 10));
+    EXPECT_EQ(surface.Pixel(20, 37), RGB(170, 170, 170));
+    surface.Fill(kPaper);
+    for (int height = 0; height < 5; ++height) {
+        DrawSteppedGradient(&surface.Dc(), CRect(0, 0, 10, height), 0, kOtherInk, FALSE);
+    }
+    EXPECT_EQ(surface.CountOther(CRect(0, 4, 40, 40), kPaper), 0) << "stays inside small rectangles";
+}
+
+TEST(DrawingHelpers, MarksReturnTheirWidthAndNeedRoom)
+{
+    MemoryDc surface(60, 20);
+    CDC& dc = surface.Dc();
+    LOGFONT symbols = {};
+    symbols.lfHeight = 12;
+    symbols.lfCharSet = SYMBOL_CHARSET;
+    lstrcpy(symbols.lfFaceName, "No such face");
+    dc.SetTextColor(kInk);
+    const int alarm = DrawAlarmGlyph(&dc, CRect(0, 0, 30, 20), symbols, FALSE);
+    const int recurrence = DrawRecurrenceGlyph(&dc, CRect(30, 0, 60, 20), symbols, TRUE);
+    EXPECT_GT(surface.Count(CRect(0, 0, alarm, 20), kInk), 20);
+    EXPECT_GT(surface.Count(CRect(30, 0, 30 + recurrence, 20), kInk), 15);
+    EXPECT_EQ(surface.CountOther(CRect(alarm, 0, 30, 20), kPaper), 0) << "nothing beyond the width";
+    surface.Fill(kPaper);
+    EXPECT_EQ(DrawAlarmGlyph(&dc, CRect(0, 0, alarm, 20), symbols, FALSE), 0);
+    EXPECT_EQ(surface.CountOther(CRect(0, 0, 60, 20), kPaper), 0);
+}
+
+} // namespace
