@@ -17,7 +17,7 @@ struct tagHOLIDAY
 // Answers for any date whether it is a named day, which, and whether it is a day off.
 //
 // Dates count by their calendar day, the time of day is ignored; valid dates lie in the years 100 to 9999. Holidays are
-// told for every year, also for years before their law: only the moves and renamings of 2000, 2003 and 2007 depend on
+// given for every year, also for years before their law: only the moves and renamings of 2000, 2003 and 2007 depend on
 // the year. A date that is not valid is no named day. The class holds no data; its table of named days is shared by
 // all callers and rewritten for the year of each date asked, so only one thread (the user interface's) may use it.
 class CCalcHoliday
@@ -28,8 +28,8 @@ public:
 
     // 1 and the named day when the date is one; else 0, and the record must not be read.
     //
-    // Beside the days of _IsHoliday it knows the day after a holiday on a Sunday ("振替休日", or the name that the day
-    // has anyway, as a day off; only that one day, also where further holidays follow) and the day between two
+    // Besides the days of _IsHoliday it covers the day after a holiday on a Sunday ("振替休日", or the name that the
+    // day has anyway, as a day off; only that one day, also where further holidays follow) and the day between two
     // holidays ("国民の祝日", nDay 0). Beyond either end of the valid years no neighbour is a named day.
     static int IsHoliday(const COleDateTime& date, tagHOLIDAY& holiday);
 

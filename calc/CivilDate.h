@@ -55,7 +55,7 @@ constexpr int kHoursPerDay = 24;
 constexpr int kMinutesPerHour = 60;
 constexpr int kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 constexpr int kSecondsPerMinute = 60;
-constexpr long long kSecondsPerDay = kMinutesPerDay * kSecondsPerMinute; // wide: counts of days become seconds
+constexpr long long kSecondsPerDay = 1LL * kMinutesPerDay * kSecondsPerMinute; // wide: counts of days become seconds
 
 // Days of the week as COleDateTime counts them.
 enum Weekday

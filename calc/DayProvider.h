@@ -45,7 +45,7 @@ public:
     virtual DayInfo InfoOf(const CivilDate& date) const = 0;
 };
 
-// The days that AnnotateDay tells: CCalcHoliday's named day, then the solar term. Like these it is for the thread of
+// The days of AnnotateDay: CCalcHoliday's named day, then the solar term. Like these it is for the thread of
 // the user interface only. Lives as long as the library.
 const DayProvider& StandardDayProvider();
 

@@ -4,7 +4,7 @@
 #include <afx.h>
 #include <afxdisp.h>
 
-// Turns a civil date into the date of the lunisolar calendar, and tells the solar terms.
+// Turns a civil date into the date of the lunisolar calendar, and gives the solar terms.
 //
 // Day numbers are Julian day numbers less one: the whole number of a civil date is the Julian day number of its noon
 // minus 1 (2451544 for 1 January 2000), a fraction adds the time of day in Japan Standard Time (UT + 9 hours). T counts
@@ -25,8 +25,8 @@ public:
     // that is not valid (fields -1) gives a number without meaning.
     double GCtoJC(const COleDateTime& date) const;
 
-    // The civil date of a day number, by a method that keeps the fractions of the century correction and so falls on
-    // the day before now and then: 2451544, 1 January 2000, gives 31 December 1999. Fields are -1 when the number is
+    // The civil date of a day number, by a method that keeps the fractions of the century correction and so gives the
+    // day before now and then: 2451544, 1 January 2000, gives 31 December 1999. Fields are -1 when the number is
     // beyond 1e9 either way.
     void JCtoGC(double dayNumber, int& year, int& month, int& day) const;
 
@@ -45,8 +45,8 @@ public:
     // at or before it. A search that does not settle in 30 rounds returns the given moment plus 0.375.
     double CalcSaku(double moment) const;
 
-    // Lunar year, month (1 to 12) and day (1 to 30). A leap month has the number of the month before it, and nothing
-    // tells the two apart. For a date that is not valid the result is unspecified.
+    // Lunar year, month (1 to 12) and day (1 to 30). A leap month has the number of the month before it, without a mark
+    // of its own. For a date that is not valid the result is unspecified.
     //
     // Days of the years asked last are remembered per thread, a quarter of a year at a time, so days asked in
     // sequence cost little.
@@ -54,11 +54,11 @@ public:
 
     // 1 and the name of the solar term when the date is one of 22 solar-term days: the sun's longitude at 0.6 of the
     // day, rounded to a whole degree by way of its first decimal (x.45 rounds up), is that term's. The equinoxes are
-    // not told, for they are holidays. Else, and for a date that is not valid, 0 and the name untouched.
+    // left out, for they are holidays. Else, and for a date that is not valid, 0 and the name untouched.
     int Get24Setuki(const COleDateTime& date, CString& name) const;
 
     // The same by whether a term's longitude lies in the day (its first nine tenths), with the day's longitudes
-    // widened to whole degrees: a term may be told on two days in succession. index: 0 (the beginning of spring, 315
+    // widened to whole degrees: a term may have two days in succession. index: 0 (the beginning of spring, 315
     // degrees) to 21.
     int Get24Setuki2(int& index, const COleDateTime& date, CString& name) const;
 

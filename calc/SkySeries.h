@@ -2,7 +2,7 @@
 //
 // T counts Julian centuries of 36525 days from the epoch 2451545.0 (noon of 1 January 2000). Against PyEphem 4.1.4 the
 // longitudes err by 0.012 degrees at most for the sun (1600 to 2400) and for the moon by 0.017 in 1900 to 2100, by 0.08
-// in 1600 to 2400: a new moon is told to about ten minutes, a solar term to about twenty.
+// in 1600 to 2400: a new moon is good to about ten minutes, a solar term to about twenty.
 #pragma once
 
 #include <array>
@@ -69,7 +69,7 @@ inline constexpr std::array<Wave, 61> kMoonLongitudeWaves = {{
     {6.2888, 477198.868, 44.963},
 }};
 
-// The tables of the plain places, which know no change of amplitude: the second row of each of the sun's tables is the
+// The tables of the plain places, whose amplitudes do not change: the second row of each of the sun's tables is the
 // century's change of the first, taken as a constant.
 inline constexpr std::array<Wave, 16> kSunPlaceLongitudeWaves = {{
     // degrees, degrees per century, degrees

@@ -11,8 +11,8 @@ struct SolarTerm
 inline constexpr int kSolarTerms = 22;
 extern const SolarTerm g_solarTerms[kSolarTerms]; // from the beginning of spring on
 
-// The term of a day (whole day number of CLunarDate), nullptr when it has none: the one rule behind
-// CLunarDate::Get24Setuki and the annotations.
+// The term of a day (whole day number of CLunarDate), nullptr when it has none: the rule that
+// CLunarDate::Get24Setuki and the annotations share.
 const SolarTerm* SolarTermOf(double day);
 
 // The rule of CLunarDate::Get24Setuki2.
