@@ -10,103 +10,107 @@ using namespace testsupport;
 
 namespace {
 
-// A frame that is its views' owner and counts what they pass on.
-class Frame : public CFrameWnd
+constexpr LRESULT kAnswer = 4711;
+
+// A frame with one view; as the view's owner it keeps what the view passes on.
+class ViewFrame : public CFrameWnd
 {
 public:
-    std::vector<NMHDR> told;
-    WPARAM lastId = 0;
+    CCalendarView* view = nullptr;
+    std::vector<NMHDR> headers;
     const void* lastRecord = nullptr;
+    WPARAM lastId = 0;
+
+    explicit ViewFrame(CRuntimeClass* viewClass)
+    {
+        Create(nullptr, "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 500, 400));
+        CCreateContext context = {};
+        context.m_pNewViewClass = viewClass;
+        view = DYNAMIC_DOWNCAST(CCalendarView, CreateView(&context));
+        RecalcLayout();
+    }
+    ~ViewFrame() override { DestroyWindow(); }
 
 protected:
     void PostNcDestroy() override {} // on the stack
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
     {
         const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
-        told.push_back(*header);
-        lastId = wParam;
+        headers.push_back(*header);
         lastRecord = header;
-        *pResult = 4711;
+        lastId = wParam;
+        *pResult = kAnswer;
         return TRUE;
     }
 };
 
-CCalendarView* AddView(Frame& frame, CRuntimeClass* viewClass)
+// What the view's control would send. Returns the answer.
+LRESULT SendFromControl(CCalendarView* view, int code, NMCALENDARITEM& record)
 {
-    CCreateContext context = {};
-    context.m_pNewViewClass = viewClass;
-    CCalendarView* view = DYNAMIC_DOWNCAST(CCalendarView, frame.CreateView(&context));
-    frame.RecalcLayout();
-    return view;
+    record.hdr.hwndFrom = view->GetCalendarCtrl()->m_hWnd;
+    record.hdr.code = static_cast<UINT>(code);
+    return view->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&record));
 }
 
-CRuntimeClass* const kViewClasses[] = {RUNTIME_CLASS(CDayView),    RUNTIME_CLASS(CWeekDayView),
-                                       RUNTIME_CLASS(CWeekView),   RUNTIME_CLASS(CMonthView),
-                                       RUNTIME_CLASS(CMonthView2), RUNTIME_CLASS(CYearView)};
+const struct
+{
+    CRuntimeClass* view;
+    const char* control;
+} kViews[] = {{RUNTIME_CLASS(CDayView), "CDayViewCtrl"},       {RUNTIME_CLASS(CWeekDayView), "CWeekDayViewCtrl"},
+              {RUNTIME_CLASS(CWeekView), "CWeekViewCtrl"},     {RUNTIME_CLASS(CMonthView), "CMonthViewCtrl"},
+              {RUNTIME_CLASS(CMonthView2), "CMonthViewCtrl2"}, {RUNTIME_CLASS(CYearView), "CYearViewCtrl"}};
 
 TEST(CalendarViews, EachViewHostsItsControl)
 {
-    const char* const controls[] = {"CDayViewCtrl",   "CWeekDayViewCtrl", "CWeekViewCtrl",
-                                    "CMonthViewCtrl", "CMonthViewCtrl2",  "CYearViewCtrl"};
-    for (int i = 0; i < 6; ++i) {
-        Frame frame;
-        ASSERT_TRUE(frame.Create(nullptr, "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 500, 400)));
-        CCalendarView* view = AddView(frame, kViewClasses[i]);
-        ASSERT_NE(view, nullptr) << controls[i];
-        CCalendarCtrl* ctrl = view->GetCalendarCtrl();
-        ASSERT_NE(ctrl, nullptr) << controls[i];
-        EXPECT_STREQ(ctrl->GetRuntimeClass()->m_lpszClassName, controls[i]);
+    for (const auto& row : kViews) {
+        SCOPED_TRACE(row.control);
+        ViewFrame frame(row.view);
+        ASSERT_NE(frame.view, nullptr);
+        CCalendarCtrl* ctrl = frame.view->GetCalendarCtrl();
+        ASSERT_NE(ctrl, nullptr);
+        EXPECT_STREQ(ctrl->GetRuntimeClass()->m_lpszClassName, row.control);
         const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP;
         EXPECT_EQ(ctrl->GetStyle() & style, style);
         CRect viewRect, ctrlRect;
-        view->GetClientRect(&viewRect);
+        frame.view->GetClientRect(&viewRect);
         ctrl->GetWindowRect(&ctrlRect);
-        EXPECT_EQ(ctrlRect.Size(), viewRect.Size()) << controls[i];
-        view->SetFocus();
-        EXPECT_EQ(::GetFocus(), ctrl->m_hWnd) << controls[i];
+        EXPECT_EQ(ctrlRect.Size(), viewRect.Size());
+        frame.view->SetFocus();
+        EXPECT_EQ(::GetFocus(), ctrl->m_hWnd);
 
         tagCC_ITEM item;
         item.lParam = 5;
-        EXPECT_EQ(view->AddItem(&item), 1);
-        EXPECT_EQ(view->SetItem(0, &item), 1);
-        EXPECT_EQ(view->InsertItem(2, &item), 1);
-        EXPECT_EQ(view->DeleteItem(1), 1);
-        EXPECT_EQ(view->GetItem(1, item), 1);
+        EXPECT_EQ(frame.view->AddItem(&item), 1);
+        EXPECT_EQ(frame.view->SetItem(0, &item), 1);
+        EXPECT_EQ(frame.view->InsertItem(2, &item), 1);
+        EXPECT_EQ(frame.view->DeleteItem(1), 1);
+        EXPECT_EQ(frame.view->GetItem(1, item), 1);
         EXPECT_EQ(ctrl->GetItemCount(), 2);
 
-        frame.told.clear();
+        frame.headers.clear();
         messages::RightClick(ctrl->m_hWnd, CPoint(100, 100));
-        ASSERT_FALSE(frame.told.empty()) << controls[i];
-        EXPECT_EQ(frame.told[0].hwndFrom, ctrl->m_hWnd) << "the record as the control made it";
-        EXPECT_EQ(static_cast<int>(frame.told[0].code), CCN_ITEMRCLICK);
-        EXPECT_EQ(frame.lastId, static_cast<WPARAM>(view->GetDlgCtrlID()));
-        frame.DestroyWindow();
+        ASSERT_FALSE(frame.headers.empty());
+        EXPECT_EQ(frame.headers[0].hwndFrom, ctrl->m_hWnd) << "the record as the control made it";
+        EXPECT_EQ(static_cast<int>(frame.headers[0].code), CCN_ITEMRCLICK);
+        EXPECT_EQ(frame.lastId, static_cast<WPARAM>(frame.view->GetDlgCtrlID()));
     }
 }
 
 TEST(CalendarViews, TheVeryRecordGoesToTheOwnerAndItsAnswerComesBack)
 {
-    Frame frame;
-    ASSERT_TRUE(frame.Create(nullptr, "frame", WS_OVERLAPPEDWINDOW, CRect(0, 0, 500, 400)));
-    CCalendarView* view = AddView(frame, RUNTIME_CLASS(CMonthView));
-    RecordingParent owner;
-    owner.Create(50, 50);
+    ViewFrame frame(RUNTIME_CLASS(CMonthView));
+    NMCALENDARITEM record = {};
     for (int code = CCN_MOUSEHOVER; code <= CCN_ITEMCLICK; ++code) {
-        NMCALENDARITEM record = {};
-        record.hdr.hwndFrom = view->GetCalendarCtrl()->m_hWnd;
-        record.hdr.code = static_cast<UINT>(code);
-        EXPECT_EQ(view->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&record)), 4711) << code;
+        EXPECT_EQ(SendFromControl(frame.view, code, record), kAnswer) << code;
         EXPECT_EQ(frame.lastRecord, &record) << code;
     }
-    frame.told.clear();
-    view->SetOwner(&owner);
-    NMCALENDARITEM record = {};
-    record.hdr.hwndFrom = view->GetCalendarCtrl()->m_hWnd;
-    record.hdr.code = static_cast<UINT>(CCN_ITEMCLICK);
-    view->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&record));
+    RecordingParent owner;
+    owner.Create(50, 50);
+    frame.headers.clear();
+    frame.view->SetOwner(&owner);
+    SendFromControl(frame.view, CCN_ITEMCLICK, record);
     EXPECT_EQ(owner.Count(CCN_ITEMCLICK), 1);
-    EXPECT_TRUE(frame.told.empty());
-    frame.DestroyWindow();
+    EXPECT_TRUE(frame.headers.empty());
 }
 
 // A control whose window cannot be made.
@@ -128,33 +132,26 @@ IMPLEMENT_DYNCREATE(NoCtrlView, CCalendarView)
 
 TEST(CalendarViews, AViewWithoutAControlIgnoresWhatItCannotDo)
 {
-    Frame frame;
-    ASSERT_TRUE(frame.Create(nullptr, "frame", WS_OVERLAPPEDWINDOW, CRect(0, 0, 500, 400)));
-    CCalendarView* view = AddView(frame, RUNTIME_CLASS(NoCtrlView));
-    ASSERT_NE(view, nullptr);
-    EXPECT_EQ(view->GetCalendarCtrl(), nullptr);
-    view->MoveWindow(0, 0, 50, 50);
-    view->SetFocus();
+    ViewFrame frame(RUNTIME_CLASS(NoCtrlView));
+    ASSERT_NE(frame.view, nullptr);
+    EXPECT_EQ(frame.view->GetCalendarCtrl(), nullptr);
+    frame.view->MoveWindow(0, 0, 50, 50);
+    frame.view->SetFocus();
     CClientDC dc(&frame);
     CPrintInfo info;
-    view->DoPrint(&dc, &info);
-    EXPECT_EQ(::GetFocus(), view->m_hWnd);
-    frame.DestroyWindow();
+    frame.view->DoPrint(&dc, &info);
+    EXPECT_EQ(::GetFocus(), frame.view->m_hWnd);
 }
 
 TEST(CalendarViews, ViewsLeaveNothingBehind)
 {
-    const auto round = [] {
-        for (CRuntimeClass* viewClass : kViewClasses) {
-            Frame frame;
-            frame.Create(nullptr, "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 400, 300));
-            AddView(frame, viewClass);
+    ExpectNothingLeftBy([] {
+        for (const auto& row : kViews) {
+            ViewFrame frame(row.view);
             frame.UpdateWindow();
             PumpMessages();
-            frame.DestroyWindow();
         }
-    };
-    ExpectNothingLeftBy(round);
+    });
 }
 
 } // namespace

@@ -20,14 +20,14 @@ std::string Short(const SYSTEMTIME& time)
 }
 
 // A calendar under a parent that does what hosts do: an opened item or cell is edited in place. Each notification is
-// a line "CODE item/data MM-DD hh:mm hit/keys", and tells what the host found in the item at that moment.
+// a line "CODE item/data MM-DD hh:mm hit/keys", and what the host found in the item at that moment.
 template <class View>
 class Hands
 {
 public:
     RecordingParent parent;
     View view;
-    Lines told;
+    Lines reports;
 
     explicit Hands(CSize size)
     {
@@ -39,7 +39,7 @@ public:
         view.MoveWindow(0, 0, size.cx + ::GetSystemMetrics(SM_CXVSCROLL), size.cy);
         field.Create(WS_CHILD | WS_VISIBLE, CRect(size.cx + 30, 10, size.cx + 110, 40), &parent, 8);
         other.CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP | WS_VISIBLE, CRect(1200, 900, 1300, 950), nullptr, 0);
-        parent.SetHook([this](const Notification& n) { return Hear(n); });
+        parent.SetHook([this](const Notification& n) { return Record(n); });
         EXPECT_TRUE(hand::Focus(view));
     }
     ~Hands()
@@ -81,16 +81,16 @@ public:
     {
         const char* what;
         std::function<void()> act;
-        Lines told;
+        Lines reports;
         std::string state;
     };
     void Play(const std::vector<Step>& steps)
     {
         for (const Step& step : steps) {
-            told.clear();
+            reports.clear();
             step.act();
-            PumpUntil([&] { return told == step.told && State() == step.state; }, kSettleMs);
-            EXPECT_EQ(told, step.told) << step.what;
+            PumpUntil([&] { return reports == step.reports && State() == step.state; }, kSettleMs);
+            EXPECT_EQ(reports, step.reports) << step.what;
             EXPECT_EQ(State(), step.state) << step.what;
         }
     }
@@ -117,7 +117,7 @@ public:
 private:
     int m_pulls = 0;
 
-    LRESULT Hear(const Notification& n)
+    LRESULT Record(const Notification& n)
     {
         std::string line = n.Name().substr(4);
         if (n.record == Notification::Record::Item) {
@@ -134,7 +134,7 @@ private:
         if (n.hdr.hwndFrom != view.m_hWnd || n.hdr.idFrom != 7) {
             line += " from elsewhere";
         }
-        told.push_back(line);
+        reports.push_back(line);
         if (n.Code() == CCN_ITEMDBLCLICK) {
             view.BeginEditItem("old");
         }
@@ -231,7 +231,7 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
         {"Escape", [] { hand::Key(VK_ESCAPE); }, {}, kBack},
         {"too late", drop, {}, kBack},
         {"drag", pull, {h.kPressed}, kHeld},
-        {"right button: told, and the drag goes on",
+        {"right button: reported, and the drag goes on",
          [] {
              hand::RightDown();
              hand::RightUp();
@@ -325,7 +325,7 @@ TEST(MonthHands, TypesIntoTheCell)
 {
     MonthHands h;
     const std::string kFifth = h.kNone + h.kTalk;
-    const std::string kTold = " 04-05 00:00..04-05 00:00";
+    const std::string kRange = " 04-05 00:00..04-05 00:00";
     const Lines kOpened = {"ITEMDBLCLICK -1/-1 none 4/28"};
     const auto open = [] {
         hand::Key(VK_RETURN);
@@ -336,12 +336,12 @@ TEST(MonthHands, TypesIntoTheCell)
     {
         const char* what;
         std::function<void()> act;
-        Lines told;
+        Lines reports;
         std::string state;
     };
     const Ending endings[] = {
-        {"Enter", key(VK_RETURN), {"IPE_ENDEDITITEM \"aB old\"" + kTold}, kFifth},
-        {"Tab", key(VK_TAB), {"IPE_ENDEDITITEM \"aB old\"" + kTold}, kFifth},
+        {"Enter", key(VK_RETURN), {"IPE_ENDEDITITEM \"aB old\"" + kRange}, kFifth},
+        {"Tab", key(VK_TAB), {"IPE_ENDEDITITEM \"aB old\"" + kRange}, kFifth},
         {"Escape", key(VK_ESCAPE), {}, kFifth},
         {"keys that belong to the text",
          [] {
@@ -350,27 +350,27 @@ TEST(MonthHands, TypesIntoTheCell)
              hand::Key(VK_END);
              hand::Key(VK_RETURN);
          },
-         {"IPE_ENDEDITITEM \"a old\"" + kTold},
+         {"IPE_ENDEDITITEM \"a old\"" + kRange},
          kFifth},
         {"a click on an item",
          [&] { hand::Click(h.view, h.Bar(12)); },
-         {"IPE_ENDEDITITEM \"aB old\"" + kTold, h.kPressed},
+         {"IPE_ENDEDITITEM \"aB old\"" + kRange, h.kPressed},
          "cur=0 sel=05 00:00..05 00:00 " + h.kTalk},
         {"a click into another field",
          [&] { hand::Click(h.field, CPoint(5, 5)); },
-         {"IPE_ENDEDITITEM \"aB old\"" + kTold},
+         {"IPE_ENDEDITITEM \"aB old\"" + kRange},
          kFifth},
-        {"another window", [&] { ::SetForegroundWindow(h.other); }, {"IPE_ENDEDITITEM \"aB old\"" + kTold}, kFifth},
+        {"another window", [&] { ::SetForegroundWindow(h.other); }, {"IPE_ENDEDITITEM \"aB old\"" + kRange}, kFifth},
         {"the wheel",
          [&] { hand::Wheel(h.view, h.Cell(12), -1); },
-         {"IPE_ENDEDITITEM \"aB old\"" + kTold, "SELDATECHANGE -1/-1 05-03 09:00 4/0",
+         {"IPE_ENDEDITITEM \"aB old\"" + kRange, "SELDATECHANGE -1/-1 05-03 09:00 4/0",
           "VIEWRANGECHANGE 04-02 00:00..05-13 23:59"},
          "cur=-1 sel=03 09:00..03 09:00 " + h.kTalk},
     };
     for (const Ending& ending : endings) {
         h.view.SetCurSel(-1);
         hand::Focus(h.view);
-        h.Play({{"open", open, kOpened, kFifth + " box"}, {ending.what, ending.act, ending.told, ending.state}});
+        h.Play({{"open", open, kOpened, kFifth + " box"}, {ending.what, ending.act, ending.reports, ending.state}});
     }
 }
 
@@ -383,7 +383,7 @@ public:
     {
         Add("Talk", At(12, 0), At(13, 0));
         view.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, kFirstRow));
-        told.clear();
+        reports.clear();
     }
     static constexpr int kFirstRow = 16; // 8:00 is the first row in sight
     // pixels: below the top of the row that begins then

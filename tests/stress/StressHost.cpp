@@ -187,7 +187,7 @@ StressHost::StressHost(const std::string& view) : m_view(view)
 {
     SetCalendarClock(Today);
     m_parent.Create(900, 700);
-    m_parent.SetHook([this](const testsupport::Notification& told) { return OnNotification(told); });
+    m_parent.SetHook([this](const testsupport::Notification& report) { return OnNotification(report); });
     Recreate();
 }
 

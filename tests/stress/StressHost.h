@@ -49,7 +49,7 @@ private:
     void Mouse(UINT message, const Event& event, WPARAM keys);
     void ItemEvent(const Event& event);
     void Option(const Event& event);
-    LRESULT OnNotification(const testsupport::Notification& told);
+    LRESULT OnNotification(const testsupport::Notification& report);
     void ActHostile();
     HWND Window() const { return m_subject ? m_subject->Ctrl().m_hWnd : nullptr; }
 

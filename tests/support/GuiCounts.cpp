@@ -156,17 +156,17 @@ void ExpectNothingLeftBy(const std::function<void()>& use)
 {
     constexpr int kUses = 5;
     GuiCounts before = GuiCounts::Now();
-    std::string told;
+    std::string counts;
     for (int i = 0; i < kUses; ++i) {
         use();
         const GuiCounts after = GuiCounts::Now();
         if (after == before) {
             return;
         }
-        told += "\n  before: " + before.Text() + "\n  after:  " + after.Text();
+        counts += "\n  before: " + before.Text() + "\n  after:  " + after.Text();
         before = after;
     }
-    ADD_FAILURE() << "Objects left behind by each use:" << told;
+    ADD_FAILURE() << "Objects left behind by each use:" << counts;
 }
 
 } // namespace testsupport

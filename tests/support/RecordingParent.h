@@ -1,4 +1,4 @@
-// A parent window that writes down what its controls tell it: every WM_NOTIFY with a copy of its record, and the plain
+// A parent window that writes down what its controls report: every WM_NOTIFY with a copy of its record, and the plain
 // messages of the year-month picker. Tests compare the list of lines.
 #pragma once
 
