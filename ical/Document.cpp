@@ -1,6 +1,7 @@
 #include "ical/Document.h"
 
 #include "ical/DocumentEdits.h"
+#include "ical/DocumentMerge.h"
 #include "ical/DocumentState.h"
 
 namespace dayvane::ical {
@@ -109,7 +110,39 @@ EditResult Document::Delete(const OccurrenceId& id, Scope scope)
 
 EditResult Document::Create(const EventTimes& times, const std::string& summary)
 {
-    return CreateEvent(*m_state, times, summary);
+    EventChanges changes;
+    changes.summary = summary;
+    return CreateEvent(*m_state, times, changes);
+}
+
+EditResult Document::Create(const EventTimes& times, const EventChanges& changes)
+{
+    return CreateEvent(*m_state, times, changes);
+}
+
+EditResult Document::Acknowledge(const OccurrenceId& id, LocalTime utc)
+{
+    return DocumentEdit(*m_state, id).Acknowledge(utc);
+}
+
+std::vector<std::string> Document::Zones() const
+{
+    return m_state->Zones();
+}
+
+std::string Document::Excerpt(const std::vector<OccurrenceId>& ids, ExcerptForm form) const
+{
+    return ExcerptOf(*m_state, ids, form);
+}
+
+MergeReport Document::Merge(std::string_view other, std::optional<std::string_view> base)
+{
+    return MergeInto(*m_state, other, base);
+}
+
+MergeReport Document::Paste(std::string_view other, std::optional<LocalTime> start)
+{
+    return PasteInto(*m_state, other, start);
 }
 
 EditResult Document::Copy(const OccurrenceId& id, const EventTimes& times)

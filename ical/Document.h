@@ -49,6 +49,24 @@ struct EventChanges
     std::optional<bool> isTransparent;
     std::optional<bool> isPrivate;
     std::optional<std::string> rule; // an RRULE that ParseRule understands; "": repeats no more
+    // Seconds before the start at which something is shown. Alarms that do something else, or at other times, stay.
+    std::optional<std::vector<std::int64_t>> reminders;
+    // One of Zones(): the event is written in it from now on. Not for events that repeat.
+    std::optional<std::string> zone;
+};
+
+// What a document took over from another one.
+struct MergeReport
+{
+    EditResult edit; // one step of undo; done with no id when nothing was to be changed
+    std::size_t added = 0, replaced = 0, removed = 0;
+    std::vector<std::string> conflicts; // titles of events that both have changed; the higher SEQUENCE has won
+};
+
+enum class ExcerptForm
+{
+    Occurrences, // each as a single event
+    WholeEvents  // series with everything that belongs to them
 };
 
 // Called now and then with the bytes that are read and all of them; false ends the reading.
@@ -103,6 +121,11 @@ public:
     // Whether the occurrence is one of a series, replaced ones included: then the scopes differ.
     bool IsOfSeries(const OccurrenceId& id) const;
     std::size_t EventCount() const;
+    // The zones that an event of this file can be written in, by TZID: "" for floating times, "UTC", and those that the
+    // file defines.
+    std::vector<std::string> Zones() const;
+    // A calendar file of these occurrences and the zones of the file.
+    std::string Excerpt(const std::vector<OccurrenceId>& ids, ExcerptForm form) const;
 
     // Everything in one step. Of several occurrences the scope says which change; replaced ones keep what is their own.
     EditResult Change(const OccurrenceId& id, const EventChanges& changes, Scope scope = Scope::ThisOccurrence);
@@ -110,8 +133,18 @@ public:
     EditResult SetText(const OccurrenceId& id, TextField field, const std::string& text, Scope scope);
     EditResult Delete(const OccurrenceId& id, Scope scope);
     EditResult Create(const EventTimes& times, const std::string& summary);
+    EditResult Create(const EventTimes& times, const EventChanges& changes);
     // A new, single event with everything that the occurrence has besides its times.
     EditResult Copy(const OccurrenceId& id, const EventTimes& times);
+    // Dismisses the alarms that go off until then (UTC).
+    EditResult Acknowledge(const OccurrenceId& id, LocalTime utc);
+
+    // Takes over the events of a calendar file, event by event (UID and RECURRENCE-ID). With `base`, the file that both
+    // come from, only what the other one has changed since: then events that it has deleted go here too.
+    MergeReport Merge(std::string_view other, std::optional<std::string_view> base = std::nullopt);
+    // Adds the events of a calendar file as new ones with UIDs of their own, moved so that the first one begins at
+    // `start`; nothing: where they are.
+    MergeReport Paste(std::string_view other, std::optional<LocalTime> start = std::nullopt);
 
     bool CanUndo() const;
     bool CanRedo() const;

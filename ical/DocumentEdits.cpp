@@ -1,5 +1,6 @@
 #include "ical/DocumentEdits.h"
 
+#include "ical/AlarmText.h"
 #include "ical/SeriesText.h"
 
 #include <algorithm>
@@ -15,6 +16,8 @@ constexpr char kUnreadRule[] =
     "This item repeats by a rule that is not understood here: only the whole series can be renamed or deleted.";
 constexpr char kBadRule[] = "This rule of repetition is not understood.";
 constexpr char kNoUid[] = "This item repeats but has no identifier, so single occurrences of it cannot be changed.";
+constexpr char kNoZone[] = "The calendar file does not define this time zone.";
+constexpr char kSeriesZone[] = "A series stays in its time zone.";
 constexpr char kUnwritable[] = "The calendar file cannot hold this item.";
 
 // Time zones move a written time by a day at most; so far from the ends of the calendar's years timed items stay.
@@ -34,7 +37,11 @@ bool Normalise(EventTimes& times)
     return times.start >= kEarliestTime + margin && times.start <= times.end && times.end < kEndOfTime - margin;
 }
 
-// A copy of an event that the file's end has cut off must not swallow what comes after it.
+} // namespace
+
+const char kChangedFollowing[] =
+    "The file changes later occurrences of this series together, in a way that cannot be divided here.";
+
 std::string ClosedText(ComponentText& text)
 {
     if (text.Lines().back().depth != 0) {
@@ -42,11 +49,6 @@ std::string ClosedText(ComponentText& text)
     }
     return text.Text();
 }
-
-} // namespace
-
-const char kChangedFollowing[] =
-    "The file changes later occurrences of this series together, in a way that cannot be divided here.";
 
 EditResult Refuse(const char* problem)
 {
@@ -105,7 +107,9 @@ EditResult DocumentEdit::Finish(const OccurrenceId& idAfter)
         if (isKilled || (entry.isLive && text.Text() == entry.raw)) {
             continue;
         }
-        MarkEdited(text, m_state.utcNow());
+        if (m_isRevision) {
+            MarkEdited(text, m_state.utcNow());
+        }
         step.changes.push_back({id, {entry.raw, entry.isLive}, {entry.isLive ? text.Text() : ClosedText(text), true}});
     }
     for (const EventId id : m_killed) {
@@ -118,7 +122,7 @@ EditResult DocumentEdit::Finish(const OccurrenceId& idAfter)
     return {true, "", idAfter};
 }
 
-void DocumentEdit::ApplyTexts(ComponentText& text, const EventChanges& changes) const
+void ApplyChanges(ComponentText& text, const Event& look, const EventChanges& changes)
 {
     const auto setText = [&](std::string_view name, const std::optional<std::string>& wanted,
                              const std::string& present) {
@@ -126,7 +130,6 @@ void DocumentEdit::ApplyTexts(ComponentText& text, const EventChanges& changes) 
             SetTextProperty(text, name, *wanted);
         }
     };
-    const Event& look = *m_occurrence->event;
     setText("SUMMARY", changes.summary, look.summary);
     setText("LOCATION", changes.location, look.location);
     setText("DESCRIPTION", changes.description, look.description);
@@ -139,6 +142,25 @@ void DocumentEdit::ApplyTexts(ComponentText& text, const EventChanges& changes) 
     if (changes.isPrivate && *changes.isPrivate != look.isPrivate) {
         SetValue(text, "CLASS", *changes.isPrivate ? "PRIVATE" : "PUBLIC");
     }
+    if (changes.reminders) {
+        SetReminders(text, *changes.reminders);
+    }
+}
+
+void DocumentEdit::ApplyTexts(ComponentText& text, const EventChanges& changes) const
+{
+    ApplyChanges(text, *m_occurrence->event, changes);
+}
+
+// Writes the times as those of another zone's clock. False if the file has no such zone.
+bool DocumentEdit::SetZone(ComponentText& text, const EventChanges& changes) const
+{
+    const auto form = m_state.FormOfZone(*changes.zone);
+    if (!form) {
+        return false;
+    }
+    SetTimesInZone(text, changes.times.value_or(m_occurrence->times), *form, m_state.ContextFor(*m_entry));
+    return true;
 }
 
 EditResult DocumentEdit::Change(const EventChanges& wanted, Scope scope)
@@ -159,11 +181,14 @@ EditResult DocumentEdit::Change(const EventChanges& wanted, Scope scope)
     if (m_entry->event->hasUnreadRule && (changes.times || scope != Scope::WholeSeries)) {
         const bool changesNothing = !changes.times && !changes.rule && !changes.categories && !changes.isPrivate &&
                                     !changes.isTransparent && !changes.summary && !changes.location &&
-                                    !changes.description;
+                                    !changes.description && !changes.reminders && !changes.zone;
         return changesNothing ? EditResult{true, "", m_id} : Refuse(kUnreadRule);
     }
     if (!m_series) {
         return ChangeAlone(changes);
+    }
+    if (changes.zone) {
+        return Refuse(kSeriesZone);
     }
     if (scope != Scope::WholeSeries && m_entry->event->changesFollowing) {
         return Refuse(kChangedFollowing);
@@ -181,7 +206,12 @@ EditResult DocumentEdit::Change(const EventChanges& wanted, Scope scope)
 EditResult DocumentEdit::ChangeAlone(const EventChanges& changes)
 {
     ComponentText& text = TextOf(*m_entry);
-    if (changes.times) {
+    const bool isTimed = !changes.times.value_or(m_occurrence->times).isAllDay;
+    if (changes.zone && isTimed) {
+        if (!SetZone(text, changes)) {
+            return Refuse(kNoZone);
+        }
+    } else if (changes.times) {
         SetTimes(text, *changes.times, &*m_occurrence, m_state.ContextFor(*m_entry));
     }
     ApplyTexts(text, changes);
@@ -294,21 +324,54 @@ EditResult DocumentEdit::Copy(const EventTimes& wanted)
     return Finish(copy);
 }
 
-EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const std::string& summary)
+EditResult DocumentEdit::Acknowledge(LocalTime utc)
+{
+    if (const char* problem = Check()) {
+        return Refuse(problem);
+    }
+    m_isRevision = false;
+    SetAcknowledged(TextOf(*m_entry), utc);
+    return Finish(m_id);
+}
+
+EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const EventChanges& changes)
 {
     EventTimes times = wanted;
     if (state.isLocked || !Normalise(times)) {
         return Refuse(state.isLocked ? kLocked : kBadTimes);
     }
-    const std::string raw =
-        NewEventText(UnusedUid(state), state.utcNow(), times, summary, state.writing, state.lineEnding);
+    WritingContext context = state.writing;
+    if (changes.zone) {
+        const auto form = state.FormOfZone(*changes.zone);
+        if (!form) {
+            return Refuse(kNoZone);
+        }
+        context.newForm = *form;
+    }
+    if (changes.rule && !changes.rule->empty() && !ParseRule(*changes.rule).rule) {
+        return Refuse(kBadRule);
+    }
+    ComponentText text(
+        NewEventText(UnusedUid(state), state.utcNow(), times, changes.summary.value_or(""), context, state.lineEnding));
+    EventChanges others = changes;
+    others.summary.reset();
+    ApplyChanges(text, Event(), others);
+    if (changes.rule) {
+        SetValue(text, "RRULE", *changes.rule);
+    }
+    const std::string raw = text.Text();
     const auto place = state.InsertNew(raw);
+    DocumentState::Step step;
+    step.changes.push_back({place->id, {raw, false}, {raw, true}});
     OccurrenceId id;
     id.event = place->id;
-    DocumentState::Step step;
-    step.changes.push_back({id.event, {raw, false}, {raw, true}});
     step.idAfter = id;
-    return state.Commit(std::move(step)) ? EditResult{true, "", id} : Refuse(kUnwritable);
+    if (!state.Commit(std::move(step))) {
+        return Refuse(kUnwritable);
+    }
+    const EventPtr& event = state.FindEntry(id.event)->event;
+    id.original = event->IsRecurrent() ? event->start.wall : OccurrenceId::kNotRepeated;
+    return {true, "", id};
 }
 
 } // namespace dayvane::ical

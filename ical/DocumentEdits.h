@@ -17,6 +17,7 @@ public:
     EditResult Change(const EventChanges& wanted, Scope scope);
     EditResult Delete(Scope scope);
     EditResult Copy(const EventTimes& wanted);
+    EditResult Acknowledge(LocalTime utc);
 
 private:
     using Entry = DocumentState::Entry;
@@ -25,6 +26,7 @@ private:
     ComponentText& TextOf(const Entry& entry);
     void Kill(const Entry& entry);
     void ApplyTexts(ComponentText& text, const EventChanges& changes) const;
+    bool SetZone(ComponentText& text, const EventChanges& changes) const;
     EditResult Finish(const OccurrenceId& idAfter);
     EditResult Finished(EditResult result, EventId series);
 
@@ -53,14 +55,20 @@ private:
     Entry* m_series = nullptr; // that the occurrence is of or was; may be m_entry
     std::map<EventId, ComponentText> m_texts;
     std::vector<EventId> m_killed;
+    bool m_isRevision = true; // raises SEQUENCE
 };
 
 EditResult Refuse(const char* problem);
+// A copy of an event that the file's end has cut off must not swallow what comes after it.
+std::string ClosedText(ComponentText& text);
 std::string UnusedUid(const DocumentState& state);
 TimeForm StartForm(const ComponentText& text, const WritingContext& context);
 // The reason why occurrences that the file changes together are not edited.
 extern const char kChangedFollowing[];
 
-EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const std::string& summary);
+// A calendar item's own text with these changes, of which it has nothing so far; `look` is what it has.
+void ApplyChanges(ComponentText& text, const Event& look, const EventChanges& changes);
+
+EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const EventChanges& changes);
 
 } // namespace dayvane::ical

@@ -16,15 +16,6 @@ constexpr std::string_view kEventFoot = "END:VEVENT";
 constexpr std::string_view kDefaultEnding = "\r\n";
 constexpr int kEventsBetweenReports = 1000; // of the progress
 
-std::string HeadText(std::string_view ending)
-{
-    std::string text;
-    for (const std::string_view line : kCalendarHead) {
-        text.append(line).append(ending);
-    }
-    return text;
-}
-
 bool IsUtf16(std::string_view bytes)
 {
     return bytes.substr(0, 2) == "\xFF\xFE" || bytes.substr(0, 2) == "\xFE\xFF";
@@ -36,6 +27,15 @@ bool EndsLine(const std::string& text)
 }
 
 } // namespace
+
+std::string HeadText(std::string_view ending)
+{
+    std::string text;
+    for (const std::string_view line : kCalendarHead) {
+        text.append(line).append(ending);
+    }
+    return text;
+}
 
 std::string EmptyCalendar()
 {
@@ -306,6 +306,34 @@ DocumentState::EntryRef DocumentState::InsertNew(const std::string& raw)
     return place;
 }
 
+DocumentState::EntryRef DocumentState::InsertZone(const std::string& raw, const ZonePtr& zone)
+{
+    const EntryRef place = InsertNew(raw);
+    place->isZone = true;
+    m_zones.Add(writing.calendar, zone);
+    return place;
+}
+
+std::optional<TimeForm> DocumentState::FormOfZone(const std::string& id) const
+{
+    TimeForm form;
+    form.isUtc = id == TimeZone::Utc()->Id();
+    form.tzid = form.isUtc ? "" : id;
+    form.zone = id.empty() ? nullptr : form.isUtc ? TimeZone::Utc() : m_zones.Find(writing.calendar, id);
+    return id.empty() || (form.zone && (form.isUtc || m_zones.Defines(id))) ? std::optional(form) : std::nullopt;
+}
+
+std::vector<std::string> DocumentState::Zones() const
+{
+    std::vector<std::string> ids = {"", TimeZone::Utc()->Id()};
+    for (std::string& id : m_zones.Ids()) {
+        if (id != ids[1]) {
+            ids.push_back(std::move(id));
+        }
+    }
+    return ids;
+}
+
 WritingContext DocumentState::ContextFor(const Entry& entry) const
 {
     WritingContext context = writing;
@@ -324,7 +352,7 @@ void DocumentState::Apply(EventId id, const EntryText& text)
     Entry& entry = *FindEntry(id);
     entry.raw = text.raw;
     entry.isLive = text.isLive;
-    entry.event = text.isLive ? ReadEvent(entry) : nullptr;
+    entry.event = text.isLive && !entry.isZone ? ReadEvent(entry) : nullptr;
     m_replaced.reset();
 }
 
@@ -333,7 +361,8 @@ bool DocumentState::Commit(Step step)
     bool isReadable = true;
     for (const EntryChange& change : step.changes) {
         Apply(change.id, change.after);
-        isReadable = isReadable && (!change.after.isLive || FindEntry(change.id)->event);
+        const Entry& entry = *FindEntry(change.id);
+        isReadable = isReadable && (!change.after.isLive || entry.isZone || entry.event);
     }
     if (!isReadable) {
         for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {

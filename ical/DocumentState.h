@@ -28,6 +28,7 @@ public:
         bool isLive = true;
         bool isCreated = false;
         bool isWrapped = false; // created in a file without VCALENDAR: saved inside one
+        bool isZone = false;    // a VTIMEZONE that was taken over from another file
         EventPtr event;         // nullptr: not readable, or no event
     };
     using EntryList = std::list<Entry>;
@@ -65,6 +66,12 @@ public:
     // Adds a dead entry, which a change brings to life: after an event, or where new events go.
     EntryRef InsertAfter(const Entry& entry, const std::string& raw);
     EntryRef InsertNew(const std::string& raw);
+    // Adds a dead VTIMEZONE where new events go, whose zone is known from now on.
+    EntryRef InsertZone(const std::string& raw, const ZonePtr& zone);
+    // How times of one of Zones() are written; nothing for any other.
+    std::optional<TimeForm> FormOfZone(const std::string& id) const;
+    std::vector<std::string> Zones() const;
+    const EntryList& Entries() const { return m_entries; }
     WritingContext ContextFor(const Entry& entry) const;
     bool IsUsedUid(const std::string& uid) const;
 
@@ -102,6 +109,8 @@ private:
     mutable std::optional<Replacements> m_replaced;
 };
 
+// How a calendar file begins, with its lines ended so.
+std::string HeadText(std::string_view ending);
 // The file of an empty calendar.
 std::string EmptyCalendar();
 

@@ -44,6 +44,16 @@ struct FurtherDate // one RDATE
     std::optional<Duration> duration; // nothing: the event's
 };
 
+// One VALARM with a TRIGGER that is understood.
+struct Alarm
+{
+    bool isShown = true; // shows or sounds something, rather than sends a letter or runs a program
+    bool isRelatedToEnd = false;
+    std::int64_t offset = 0;               // seconds from the start or end; negative: before it
+    std::optional<LocalTime> at;           // UTC, instead of an offset
+    std::optional<LocalTime> acknowledged; // UTC: alarms up to then have been dismissed
+};
+
 // What is understood of one VEVENT. Texts are valid UTF-8; line breaks are \n.
 struct Event
 {
@@ -58,6 +68,7 @@ struct Event
     bool isTransparent = false; // does not take up time
     bool isPrivate = false;     // CLASS is PRIVATE or CONFIDENTIAL
     bool hasAlarm = false;
+    std::vector<Alarm> alarms;
     std::int64_t sequence = 0; // of two events that replace one occurrence the higher one counts
 
     EventTime start;
@@ -77,6 +88,9 @@ struct Event
     bool IsRecurrent() const { return rule.has_value() || !furtherDates.empty(); }
     bool IsCancelled() const { return status == "CANCELLED"; }
 };
+
+// The alarms that show something at a time before the start: how many seconds before it, descending.
+std::vector<std::int64_t> RemindersOf(const Event& event);
 
 using EventPtr = std::shared_ptr<const Event>;
 

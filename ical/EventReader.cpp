@@ -1,5 +1,6 @@
 #include "ical/EventReader.h"
 
+#include "ical/AlarmText.h"
 #include "ical/Occurrences.h"
 #include "ical/Text.h"
 
@@ -33,6 +34,9 @@ std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar
     m_exceptionRules.clear();
     for (const Line& line : text.Lines()) {
         ReadLine(line);
+    }
+    if (m_event->hasAlarm) {
+        m_event->alarms = ReadAlarms(text);
     }
     const Line& first = text.Lines().front();
     if (!m_start) {

@@ -204,6 +204,19 @@ void SetTimes(ComponentText& event, const EventTimes& times, const Occurrence* b
     SetEnd(event, resolved, form, formBefore.isDate != form.isDate, context);
 }
 
+void SetTimesInZone(ComponentText& event, const EventTimes& times, const TimeForm& form, const WritingContext& context)
+{
+    const TimeForm before = FormOf(*event.Lines()[event.Find("DTSTART")].property, &context);
+    const NewTimes resolved = Resolve(times, nullptr, ClockOf(form, context));
+    ReplaceTime(event, event.Find("DTSTART"), form, resolved.start);
+    const std::size_t end = event.Find("DTEND");
+    if (end != ComponentText::kNone) {
+        ReplaceTime(event, end, form, resolved.end);
+    } else {
+        SetEnd(event, resolved, form, before.isDate != form.isDate, context);
+    }
+}
+
 void AddException(ComponentText& event, LocalTime original)
 {
     const std::size_t start = event.Find("DTSTART");

@@ -47,6 +47,9 @@ void SetCategories(ComponentText& event, const std::vector<std::string>& categor
 // keep their zones, DURATION stays where it still fits. Needs a readable DTSTART.
 void SetTimes(ComponentText& event, const EventTimes& times, const Occurrence* before, const WritingContext& context);
 
+// Gives the event these times, written in that form from now on.
+void SetTimesInZone(ComponentText& event, const EventTimes& times, const TimeForm& form, const WritingContext& context);
+
 // Excludes the occurrence that begins at `original` on the clock of DTSTART.
 void AddException(ComponentText& event, LocalTime original);
 

@@ -288,6 +288,17 @@ std::string ZoneTable::OnlyId() const
     return isOnly ? m_zones.begin()->first.first : std::string();
 }
 
+std::vector<std::string> ZoneTable::Ids() const
+{
+    std::vector<std::string> ids;
+    for (const auto& [key, zone] : m_zones) {
+        if (ids.empty() || ids.back() != key.first) {
+            ids.push_back(key.first);
+        }
+    }
+    return ids;
+}
+
 bool ZoneTable::Defines(std::string_view id) const
 {
     const std::string name(id);

@@ -90,6 +90,7 @@ public:
     bool Defines(std::string_view id) const;
     // The TZID of all definitions; empty if there are none or several.
     std::string OnlyId() const;
+    std::vector<std::string> Ids() const; // of all definitions, each once
 
 private:
     std::map<std::pair<std::string, int>, ZonePtr> m_zones; // by TZID and calendar
