@@ -30,7 +30,7 @@ FNR == 1 {
     depth = 0
     in_head = 0
     isHeader = FILENAME ~ /\.h$/
-    isLibrary = FILENAME ~ /^(calc|core|views|pickers|printing|ical)\//
+    isLibrary = FILENAME ~ /^(calc|core|views|pickers|access|printing|ical)\//
 }
 
 {
@@ -69,7 +69,7 @@ code ~ /^(static |inline )?constexpr [^(]*[ *&][A-Za-z_][A-Za-z0-9_]*(\[[^\]]*\]
 }
 
 # A host's own folder of that name must not be able to capture what our headers include.
-isHeader && isLibrary && code ~ /^#include/ && $0 ~ /"(mfc|calc|core|views|pickers|printing|ical)\// {
+isHeader && isLibrary && code ~ /^#include/ && $0 ~ /"(mfc|calc|core|views|pickers|access|printing|ical)\// {
     complain("a library header names its neighbour by a path relative to itself")
 }
 
