@@ -19,6 +19,34 @@ command_format() {
     esac
 }
 
+# The documents whose code is cut from sources that the package test builds and runs.
+snippet_documents=(docs/guide.md docs/ical.md)
+
+# snippets [--check]: puts the code of the documents in, or only says which differ from their sources.
+command_snippets() {
+    case ${1:-} in
+        "")
+            local document new
+            cd "$ROOT"
+            for document in "${snippet_documents[@]}"; do
+                new=$(awk -f tools/snippets.awk "$document") || die "$document stays as it is."
+                printf '%s\n' "$new" >"$document"
+            done
+            ;;
+        --check) check_snippets || die "./dev snippets puts the code of the sources in." ;;
+        *) die "./dev snippets knows only the option --check." ;;
+    esac
+}
+
+check_snippets() {
+    local document status=0
+    for document in "${snippet_documents[@]}"; do
+        (cd "$ROOT" && awk -f tools/snippets.awk "$document" | diff -u --label "$document" --label source \
+            "$document" -) >&2 || status=1
+    done
+    return "$status"
+}
+
 # lint [FILE...]: the house rules for every file, clang-tidy for the pure sources (or the ones named).
 command_lint() {
     need_packages "${native_packages[@]}" "${lint_packages[@]}"
@@ -26,6 +54,7 @@ command_lint() {
     build native build.ninja >/dev/null
     step "House rules"
     (cd "$ROOT" && source_files | xargs awk -f "$ROOT/tools/house_rules.awk") || status=1
+    check_snippets || status=1
     step "clang-tidy"
     if [ $# -gt 0 ]; then
         files=("$@")

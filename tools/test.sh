@@ -258,6 +258,7 @@ build_package_host() {
         win32*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win32.cmake") ;;
         win64*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win64.cmake") ;;
     esac
+    check_snippets || die "A document shows other code than its sources; ./dev snippets puts it in."
     rm -rf "$prefix" "$host"
     install_package "$preset" "$prefix"
     run_logged "package-$preset" "Configuring a host of the $preset package" cmake -G Ninja \
@@ -270,9 +271,10 @@ build_package_host() {
 run_package_host() {
     local preset=$1 label=$2 host program
     shift 2
-    for program in package_host ical_host; do
+    for program in package_host ical_host guide_host; do
         host=$BUILD/package/$preset-host/$program
         [ -e "$host" ] || host=$host.exe
+        [ -e "$host" ] || [ "$program" != guide_host ] || continue # the guide is about windows
         run_plain_program "$label package ${program%_host}" "$@" "$host"
     done
 }

@@ -1,5 +1,7 @@
 // A host that reads, expands and edits calendar files with the installed library, and uses none of the controls.
+// snippet include
 #include <dayvane/ical/ICal.h>
+// end of snippet
 
 #include <cstdio>
 #include <string>
@@ -7,6 +9,7 @@
 
 using namespace dayvane::ical;
 
+// snippet agenda
 // The titles of a day, each with its time: "09:00 Meeting".
 std::vector<std::string> Agenda(const Document& calendar, int year, int month, int day)
 {
@@ -20,7 +23,9 @@ std::vector<std::string> Agenda(const Document& calendar, int year, int month, i
     }
     return lines;
 }
+// end of snippet
 
+// snippet postpone
 // From that occurrence on an hour later; single events just move.
 bool Postpone(Document& calendar, const OccurrenceId& id)
 {
@@ -37,7 +42,9 @@ bool Postpone(Document& calendar, const OccurrenceId& id)
     }
     return result.isDone;
 }
+// end of snippet
 
+// snippet plan
 // A new event that repeats, in one step that Undo takes back as one.
 bool PlanReview(Document& calendar)
 {
@@ -51,7 +58,9 @@ bool PlanReview(Document& calendar)
     changes.rule = "FREQ=MONTHLY;BYDAY=-1FR;COUNT=6";
     return created.isDone && calendar.Change(created.id, changes).isDone;
 }
+// end of snippet
 
+// snippet open
 // Reads a file that may be large; what is odd in it does not hide the rest.
 bool Open(Document& calendar, const std::string& bytes)
 {
@@ -64,6 +73,7 @@ bool Open(Document& calendar, const std::string& bytes)
     }
     return isRead;
 }
+// end of snippet
 
 int main()
 {
