@@ -81,7 +81,8 @@ command_install() {
 }
 
 install_package() {
-    local preset=$1 prefix=$2
-    build "$preset" Dayvane DayvaneICal
+    local preset=$1 prefix=$2 targets=(Dayvane DayvaneICal)
+    [[ "$preset" != win* ]] || targets+=(DayvaneWinMain) # what an application links besides the library
+    build "$preset" "${targets[@]}"
     run_logged "install-$preset" "Installing $preset" cmake --install "$BUILD/$preset" --prefix "$prefix"
 }
