@@ -29,6 +29,8 @@ build_locked() {
     local preset=$1 dir=$BUILD/$1 log started=$SECONDS
     shift
     step "Building $preset${*:+: $*}"
+    # What ccache asks for to keep objects that were made with a precompiled header.
+    export CCACHE_SLOPPINESS=pch_defines,time_macros
     if [ ! -e "$dir/build.ninja" ]; then
         local launcher=()
         if command -v ccache >/dev/null; then
