@@ -26,6 +26,7 @@
 #include "WindowAlive.h"
 
 #include <memory>
+#include <typeinfo>
 #include <vector>
 
 struct CPrintInfo;
@@ -33,6 +34,7 @@ class CInPlaceEdit;
 namespace dayvane {
 class DayProvider;
 class PointerDriver;
+struct PaintedState;
 } // namespace dayvane
 
 class CCalendarCtrl : public CWnd
@@ -133,6 +135,9 @@ protected:
     virtual void SelectionMoved() {}
     virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
     virtual void DayProviderChanged();                          // what the view keeps of the shown days is out of date
+    // Where a screen item is painted, frame of the current item included: client pixels.
+    virtual CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem);
+    virtual void GetPaintedState(dayvane::PaintedState& state); // what the picture shows of the items now
 
 public:
     // ---- Items and selection.
@@ -284,10 +289,17 @@ protected:
         CALENDAR_FONTS
     };
 
+    // Whether a step of a drag and scrolling repaint only what they change. So it is for the views as they are; a class
+    // derived from one repaints everything, for its own hooks may paint what nobody here knows of, until it says that
+    // none of them does: what they add belongs to the pieces of items, and to nothing else.
+    BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }
+    void UpdateByParts(BOOL bParts) { m_bUpdateByParts = bParts; }
+
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);
+    void RefreshChanged();   // Refresh, but repaints only what the layout has changed where UpdatesByParts says so
     void InvalidateClient(); // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
     void FinishEdit(BOOL bCommit);
@@ -298,6 +310,9 @@ protected:
 
     // The marks that the item has, in its colour, nGap pixels after each; bIcon: its icon too. Returns the width used.
     int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
+
+    // How far down the marks and the icon of the item reach from where they begin: a low box does not hold them.
+    int GetMarksHeight(const tagCALENDAR_ITEM& item) const;
 
     CItemArray m_arItem;       // the host's items, in the host's order
     CItemArray m_arScreenItem; // what is shown
@@ -345,8 +360,10 @@ protected:
     BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag
     BOOL m_bFulldaySelection = FALSE; // the selection stands for whole days
     BOOL m_bEditing = FALSE;
-    unsigned m_nItemVersion = 0; // counts changes of the store
-    unsigned m_nCancelCount = 0; // counts WM_CANCELMODE
+    unsigned m_nItemVersion = 0;                // counts changes of the store
+    unsigned m_nCancelCount = 0;                // counts WM_CANCELMODE
+    const std::type_info* m_pOwnType = nullptr; // of the view, set by its constructor
+    BOOL m_bUpdateByParts = FALSE;
     dayvane::WindowLife m_life;
     std::unique_ptr<dayvane::CalendarPrinting> m_pPrinter; // made when it is first asked for
 

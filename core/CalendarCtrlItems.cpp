@@ -183,16 +183,20 @@ void CCalendarCtrl::InvalidateItemRect(int nIndex)
         return;
     }
     for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
-        const tagCALENDAR_ITEM& item = m_arScreenItem[i];
-        if (item.nSource != nIndex) {
-            continue;
+        if (m_arScreenItem[i].nSource == nIndex) {
+            const CRect rect = GetPaintedBox(m_arScreenItem[i]);
+            InvalidateRect(&rect, FALSE);
         }
-        CRect rect = item.rcItem;
-        rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
-        if (rect.top < m_rcContent.top) {
-            rect.top = m_rcContent.top;
-        }
-        rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
-        InvalidateRect(&rect, FALSE);
     }
+}
+
+CRect CCalendarCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
+{
+    CRect rect = screenItem.rcItem;
+    rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+    if (rect.top < m_rcContent.top) {
+        rect.top = m_rcContent.top;
+    }
+    rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
+    return rect;
 }

@@ -93,7 +93,7 @@ public:
         record.dtEnd = times.end;
         record.nFullday = times.fullday;
         m_pCtrl->SetItem(item, &record, FALSE, FALSE);
-        m_pCtrl->Refresh();
+        m_pCtrl->RefreshChanged();
         m_pCtrl->InvalidateCellRectRange();
     }
     void SelectItem(int item) override { m_pCtrl->SetCurSel(item); }
@@ -114,6 +114,9 @@ public:
     }
     void MarkDate(const COleDateTime& date) override
     {
+        if (m_pCtrl->UpdatesByParts()) {
+            m_pCtrl->InvalidateCellRectRange(); // what the mark leaves
+        }
         m_pCtrl->m_dtSelBegin = m_pCtrl->m_dtSelEnd = date;
         m_pCtrl->SelectionMoved();
     }
@@ -405,7 +408,9 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
             return;
         }
         if (m_pointer->Tracker().IsSelecting()) {
+            InvalidateCellRectRange();
             m_dtSelBegin = m_pointer->Tracker().SweepBegin(); // scrolling may have moved the selection along
+            InvalidateCellRectRange();
         }
     }
     if (m_pointer->Tracker().IsBusy()) {

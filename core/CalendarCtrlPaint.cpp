@@ -2,11 +2,16 @@
 #include "core/CalendarCtrl.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/PaintedState.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 using namespace dayvane;
 
 namespace {
 constexpr int kImageGap = 2;    // pixels between an item's icon and what follows
+constexpr int kMarkLines = 2;   // lines of the marks' font that a mark certainly stays in
 constexpr int kBorderRings = 3; // one-pixel rings of a graded border
 } // namespace
 
@@ -32,6 +37,44 @@ void CCalendarCtrl::Refresh()
 {
     Layout();
     InvalidateClient();
+}
+
+void CCalendarCtrl::RefreshChanged()
+{
+    if (!m_hWnd || !UpdatesByParts()) {
+        Refresh();
+        return;
+    }
+    PaintedState before;
+    PaintedState after;
+    std::vector<CRect> changed;
+    CRect client;
+    GetClientRect(&client);
+    GetPaintedState(before);
+    Layout(client.Width(), client.Height());
+    GetPaintedState(after);
+    if (!FindDifferences(before, after, changed)) {
+        InvalidateClient();
+        return;
+    }
+    for (const CRect& rect : changed) {
+        InvalidateRect(&rect, FALSE);
+    }
+}
+
+void CCalendarCtrl::GetPaintedState(PaintedState& state)
+{
+    CRect client;
+    GetClientRect(&client);
+    state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
+    const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
+    for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i, ++item) {
+        const CRect box = GetPaintedBox(*item);
+        CRect seen;
+        if (seen.IntersectRect(&box, &client)) {
+            state.pieces.push_back({box, *item});
+        }
+    }
 }
 
 int CCalendarCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
@@ -111,6 +154,13 @@ int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect r
         rect.left += DrawImageIcon(pDC, item.nImage, rect);
     }
     return rect.left - left;
+}
+
+int CCalendarCtrl::GetMarksHeight(const tagCALENDAR_ITEM& item) const
+{
+    const bool hasMarks = item.bAlarm || item.bRecurrent;
+    const int marks = hasMarks ? std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines : 0;
+    return item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks;
 }
 
 void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)

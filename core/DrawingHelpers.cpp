@@ -1,5 +1,7 @@
 #include "core/DrawingHelpers.h"
 
+#include "core/ClipArea.h"
+
 #include <algorithm>
 
 CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrinting())
@@ -9,6 +11,12 @@ CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrin
         CreateCompatibleDC(pDC);
         m_bitmap.CreateCompatibleBitmap(pDC, std::max(1, m_rect.Width()), std::max(1, m_rect.Height()));
         m_pOldBitmap = SelectObject(&m_bitmap);
+        // Of a window that repaints here and there only those places are painted, not all that lies between them.
+        CRgn parts;
+        if (dayvane::GetUpdateParts(*pDC, parts)) {
+            parts.OffsetRgn(-m_rect.left, -m_rect.top);
+            SelectClipRgn(&parts);
+        }
         SetWindowOrg(m_rect.left, m_rect.top);
     } else {
         m_bPrinting = pDC->m_bPrinting;

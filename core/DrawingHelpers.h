@@ -5,7 +5,8 @@
 #include <afxwin.h>
 
 // Paints off screen: everything drawn between construction and destruction reaches the target in one transfer of its
-// clip box. On a printer it draws straight to the target.
+// clip box. Where only parts of that box are to be updated, it clips to them. On a printer it draws straight to the
+// target.
 class CMemDC : public CDC
 {
 public:

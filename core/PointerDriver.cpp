@@ -6,21 +6,35 @@ void PointerDriver::Drag(PointerTarget& target, const PointerHit& hit)
 {
     ItemTimes times;
     const bool isThere = GetHeldTimes(target, times);
+    const bool wasDragging = m_tracker.IsDragging();
     Apply(target, m_tracker.Drag(hit, isThere ? &times : nullptr));
+    ShowDragChange(target, wasDragging);
 }
 
 void PointerDriver::DragExtended(PointerTarget& target, const PointerHit& hit, int stepMinutes, bool wholeDayByDrag)
 {
     ItemTimes times;
     const bool isThere = GetHeldTimes(target, times);
+    const bool wasDragging = m_tracker.IsDragging();
     Apply(target, m_tracker.DragExtended(hit, isThere ? &times : nullptr, stepMinutes, wholeDayByDrag));
+    ShowDragChange(target, wasDragging);
+}
+
+// The time grids mark the rows under a dragged item.
+void PointerDriver::ShowDragChange(PointerTarget& target, bool wasDragging)
+{
+    if (target.IsAlive() && wasDragging != m_tracker.IsDragging()) {
+        target.RepaintSelection();
+    }
 }
 
 void PointerDriver::Cancel(PointerTarget& target)
 {
     if (m_tracker.IsBusy()) {
+        const bool wasDragging = m_tracker.IsDragging();
         FollowItem(target);
         Apply(target, m_tracker.Cancel());
+        ShowDragChange(target, wasDragging);
     }
 }
 

@@ -58,6 +58,7 @@ public:
 private:
     void Apply(PointerTarget& target, const PointerEffects& effects);
     void Perform(PointerTarget& target, const PointerEffect& effect);
+    void ShowDragChange(PointerTarget& target, bool wasDragging);
     void Stop(PointerTarget& target);
     void SetScrollTimer(PointerTarget& target, bool run);
     bool HasLastPutTimes(const PointerTarget& target, int item) const;

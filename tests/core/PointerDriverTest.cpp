@@ -121,7 +121,7 @@ TEST(PointerDriver, ADropEndsWithTimerAndCaptureGone)
 {
     Control control;
     DragAndDrop(control);
-    EXPECT_EQ(control.Taken(), "select 0; capture; drag-cursor; drag-cursor; mark 12; put 12-09 12-11; timer; "
+    EXPECT_EQ(control.Taken(), "select 0; capture; drag-cursor; repaint; drag-cursor; mark 12; put 12-09 12-11; timer; "
                                "moved; arrow; repaint; no-timer; release");
     EXPECT_FALSE(control.driver->Tracker().IsBusy());
     control.Press(CCHT_ONCELL, -1);
@@ -195,7 +195,8 @@ TEST(PointerDriver, CancelPutsBackOnlyWhatTheDragPut)
         }
         control.Taken();
         control.driver->Cancel(control);
-        EXPECT_EQ(control.Taken(), isChangedByHost ? "arrow; release" : "put 10-09 10-11; arrow; release");
+        EXPECT_EQ(control.Taken(),
+                  isChangedByHost ? "arrow; release; repaint" : "put 10-09 10-11; arrow; release; repaint");
         control.driver->Cancel(control);
         control.driver->CaptureLost(control);
         EXPECT_EQ(control.Taken(), "") << "nothing is pressed any more";

@@ -41,15 +41,13 @@ constexpr WeekdayLook kWeekdays[kMonthColumns] = {
 } // namespace
 
 BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors)
-    : m_dc(dc), m_parts(parts), m_colors(colors)
+    : m_dc(dc), m_parts(parts), m_colors(colors), m_clip(dc)
 {
-    dc.GetClipBox(&m_clip);
 }
 
 bool BoxPainter::IsVisible(const CRect& rect) const
 {
-    CRect seen;
-    return seen.IntersectRect(&rect, &m_clip) != FALSE;
+    return m_clip.Meets(rect);
 }
 
 // ---- Bands
@@ -57,10 +55,10 @@ bool BoxPainter::IsVisible(const CRect& rect) const
 void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
                              const LOGFONT& itemFont) const
 {
-    DrawTitleBand(&m_dc, band, look.band);
-    if (band.IsRectEmpty()) {
+    if (band.IsRectEmpty() || !IsVisible(band)) {
         return;
     }
+    DrawTitleBand(&m_dc, band, look.band);
     m_dc.SetTextColor(m_colors.captionText);
     CRect text = band;
     text.DeflateRect(kPaint.captionInset, kPaint.captionInset);
@@ -75,6 +73,9 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
 
 void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const
 {
+    if (!IsVisible(band)) {
+        return;
+    }
     DrawHeaderBand(&m_dc, band, kHeaderBand);
     const SelectGdi selectFont(&m_dc, m_parts.fonts.Weekday());
     // All names are of one width; where they do not fit, the first character identifies the day.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarColors.h"
+#include "../../core/ClipArea.h"
 #include "../../core/DrawingHelpers.h"
 #include "BoxParts.h"
 #include "DayGridParts.h"
@@ -54,7 +55,7 @@ class BoxPainter
 public:
     BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors);
 
-    bool IsVisible(const CRect& rect) const; // some of it lies in the clip box
+    bool IsVisible(const CRect& rect) const; // some of it is to be painted
 
     void DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
                      const LOGFONT& itemFont) const;
@@ -83,7 +84,7 @@ private:
     CDC& m_dc;
     DayGridParts& m_parts;
     const CalendarColors& m_colors;
-    CRect m_clip;
+    ClipArea m_clip;
 };
 
 } // namespace dayvane

@@ -3,6 +3,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
+#include "core/PaintedState.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxRange.h"
@@ -110,6 +111,32 @@ int CDayGridCtrl::ScreenItemAt(CPoint point)
         }
     }
     return -1;
+}
+
+CRect CDayGridCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
+{
+    CRect box = CMoreListCtrl::GetPaintedBox(screenItem);
+    box.bottom = std::max<int>(box.bottom, box.top + GetMarksHeight(screenItem));
+    return box;
+}
+
+void CDayGridCtrl::GetPaintedState(PaintedState& state)
+{
+    CRect client;
+    GetClientRect(&client);
+    state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
+    for (int i : GetShownItems()) {
+        const CRect box = GetPaintedBox(m_arScreenItem[i]);
+        CRect seen;
+        if (seen.IntersectRect(&box, &client)) {
+            state.pieces.push_back({box, m_arScreenItem[i]});
+        }
+    }
+    for (int i = 0; i < GetBoxCount(); ++i) {
+        if (HasMoreMark(i)) {
+            state.marks.push_back({GetMarkBox(i), 1});
+        }
+    }
 }
 
 // ---- Boxes
@@ -260,7 +287,9 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 {
     const BoxPainter painter = PainterOn(pDC);
     const auto draw = [&](const tagCALENDAR_ITEM& item) {
-        if (IsShown(item) && painter.IsVisible(item.rcItem)) {
+        CRect bar = item.rcItem;
+        bar.bottom = std::max<int>(bar.bottom, bar.top + GetMarksHeight(item));
+        if (IsShown(item) && painter.IsVisible(bar)) {
             DrawBar(pDC, painter, item);
         }
     };
@@ -298,7 +327,8 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDA
 
 void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
 {
-    if (m_hMoreMark) {
+    const CRect mark = MoreMarkOf(box);
+    if (m_hMoreMark && pDC->RectVisible(&mark)) {
         ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,
                      kMoreMarkWidth, kMoreMarkHeight, 0, nullptr, DI_NORMAL);
     }

@@ -42,7 +42,8 @@ protected:
     virtual CRect GetBoxRect(int nBox) = 0;
     virtual int GetHitStripHeight() = 0; // pixels at the top of a box that answer as its caption
     virtual BOOL HasMoreMark(int nBox) = 0;
-    virtual void ClearMoreMarks() = 0; // no item is hidden any more
+    virtual void ClearMoreMarks() = 0;                                          // no item is hidden any more
+    virtual CRect GetMarkBox(int nBox) { return MoreMarkOf(GetBoxRect(nBox)); } // where the more-items mark is painted
     virtual CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
 
@@ -51,6 +52,8 @@ protected:
     // HitTest for a point of the boxes, which a view may have moved.
     int HitBoxes(tagCCHITTESTINFO& info, CPoint point);
 
+    CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
+    void GetPaintedState(dayvane::PaintedState& state) override;
     void InvalidateCellRect(COleDateTime date) override;
     void InvalidateCellRectRange() override;
     void GetCurCellRect(CRect& rect, int& bFound) override;

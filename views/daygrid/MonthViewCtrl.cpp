@@ -35,6 +35,7 @@ END_MESSAGE_MAP()
 CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonFace(::GetSysColor(COLOR_BTNFACE))
 {
     RegisterControlClass(kWindowClass, reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW)));
+    m_pOwnType = &typeid(CMonthViewCtrl);
     m_strTitle = "Monthly Calendar";
     m_colors.caption = kCaptionColor;
     m_colors.captionText = kCaptionTextColor;

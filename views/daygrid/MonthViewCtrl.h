@@ -106,6 +106,9 @@ class CMonthViewCtrl2 : public CMonthViewCtrl
 {
     DECLARE_DYNCREATE(CMonthViewCtrl2)
 
+public:
+    CMonthViewCtrl2();
+
 protected:
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;

@@ -23,6 +23,11 @@ constexpr CaptionLook kCaption = {{0x4A79E7, 0x3149D6, 0x1522CD}, 32, DT_BOTTOM}
 
 IMPLEMENT_DYNCREATE(CMonthViewCtrl2, CMonthViewCtrl)
 
+CMonthViewCtrl2::CMonthViewCtrl2()
+{
+    m_pOwnType = &typeid(CMonthViewCtrl2);
+}
+
 void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 {
     CalcMonthBlocks(m_arCellDate, m_arCell, screenItems);

@@ -45,6 +45,7 @@ CWeekViewCtrl::CWeekViewCtrl()
       m_rcDay(m_state->layout.grid.boxes.data()), m_rcDayCaption(m_state->layout.strips.data()),
       m_bMore(m_state->more.data())
 {
+    m_pOwnType = &typeid(CWeekViewCtrl);
     SetRange(Now());
 }
 

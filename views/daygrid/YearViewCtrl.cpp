@@ -43,6 +43,7 @@ CYearViewCtrl::CYearViewCtrl()
       m_rcMonth(m_state->layout.grid.boxes.data()), m_rcMonthCaption(m_state->layout.strips.data()),
       m_bMore(m_state->more.data())
 {
+    m_pOwnType = &typeid(CYearViewCtrl);
     SetRange(Now());
 }
 

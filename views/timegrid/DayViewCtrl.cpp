@@ -27,6 +27,7 @@ IMPLEMENT_DYNCREATE(CDayViewCtrl, CTimeGridCtrl)
 
 CDayViewCtrl::CDayViewCtrl()
 {
+    m_pOwnType = &typeid(CDayViewCtrl);
     RegisterControlClass(kWindowClass);
     SetCaptionColor(kCaptionColor);
     SetCaptionTextColor(kCaptionTextColor);
@@ -178,8 +179,8 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
     }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (painter.ShowsTimedItem(item)) {
-            DrawTimedItem(pDC, item, item.rcItem.right);
+        if (painter.ShowsTimedItem(item, GetMarksHeight(item))) {
+            DrawTimedItem(pDC, painter, item, item.rcItem.right);
         }
     }
 }

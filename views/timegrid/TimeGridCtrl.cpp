@@ -3,6 +3,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/PaintedState.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -181,19 +182,24 @@ void CTimeGridCtrl::InvalidateGrid()
     }
 }
 
-void CTimeGridCtrl::InvalidateItemRect(int nIndex)
+CRect CTimeGridCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
 {
-    if (!m_hWnd || nIndex < 0) {
-        return;
-    }
-    const TimeGridState state = State();
-    for (int i = 0; i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
-        if (m_arScreenItem[i].nSource != nIndex) {
-            continue;
-        }
-        CRect rect = VisibleItemBox(state, m_arScreenItem[i]);
-        rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
-        InvalidateRect(&rect, FALSE);
+    CRect rect = VisibleItemBox(State(), screenItem);
+    rect.NormalizeRect();
+    rect.bottom = std::max<int>(rect.bottom, rect.top + GetMarksHeight(screenItem));
+    rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
+    return rect;
+}
+
+void CTimeGridCtrl::GetPaintedState(PaintedState& state)
+{
+    CMoreListCtrl::GetPaintedState(state);
+    const TimeGridState shown = State();
+    state.frame.push_back(shown.frame.header);
+    state.frame.push_back(shown.frame.fulldayRuler);
+    state.frame.push_back(shown.frame.fulldayContent);
+    for (const MoreMark& mark : m_pParts->more) {
+        state.marks.push_back({VisibleMarkBox(shown, mark), static_cast<int>(mark.items.size())});
     }
 }
 

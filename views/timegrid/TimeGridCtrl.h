@@ -79,7 +79,8 @@ protected:
 
     void DrawCtrl(CDC* pDC) override;
     void DrawRuler(CDC* pDC, CRect rcRuler) override;
-    void InvalidateItemRect(int nIndex) override;
+    CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
+    void GetPaintedState(dayvane::PaintedState& state) override;
     void DayProviderChanged() override;
     void InvalidateCellRectRange() override;
     // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
@@ -134,6 +135,8 @@ protected:
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
     void DrawRows(CDC* pDC, int nColumn);
     void DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight); // left of that edge
+    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
+                       int nColumnRight);
 
     CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
     CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler
@@ -149,6 +152,9 @@ protected:
 private:
     bool ServeWaitingScroll();
     void ScrollTo(int nOffset);
+    void RepaintScrolled(int nOldOffset);
+    bool RowsFillGrid(int nOffset) const;
+    void RepaintCutBoxes(int nOldOffset);
     void ShowInGrid(const CRect& box, bool inBand);
     void MoveToFirst(UINT nFlags);
     void MoveToLast(UINT nFlags);

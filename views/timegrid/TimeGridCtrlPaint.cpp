@@ -6,10 +6,13 @@
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
 
+#include <algorithm>
+
 using namespace dayvane;
 
 namespace {
 constexpr int kMarkGap = 2;      // pixels after a mark of an item
+constexpr int kFrameMargin = 2;  // pixels around a bar that the frame of the current item may touch
 constexpr int kMarkedWidth = 40; // columns of many days: a narrower box keeps its room for the text
 } // namespace
 
@@ -112,8 +115,13 @@ void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
+    DrawTimedItem(pDC, Painter(pDC), item, nColumnRight);
+}
+
+void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
+                                  int nColumnRight)
+{
     const TimeGridState state = State();
-    const TimeGridPainter painter = Painter(pDC);
     PaintedBox box = PaintedTimedBox(state, item, nColumnRight);
     painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
     const bool manyDays = state.range.days > 1;
@@ -143,7 +151,10 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
     }
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        if (item.rcItem.top == -1 || !painter.IsVisible(item.rcItem) || !IsBandItem(item)) {
+        CRect bar = item.rcItem;
+        bar.bottom = std::max<int>(bar.bottom, bar.top + GetMarksHeight(item));
+        bar.InflateRect(kFrameMargin, kFrameMargin);
+        if (item.rcItem.top == -1 || !painter.IsVisible(bar) || !IsBandItem(item)) {
             continue;
         }
         DrawBandBar(pDC, rcBand, item);

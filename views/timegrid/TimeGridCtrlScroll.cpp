@@ -3,6 +3,7 @@
 
 #include "core/WindowHelpers.h"
 #include "views/timegrid/OverlapColumns.h"
+#include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridMoves.h"
 #include "views/timegrid/TimeGridParts.h"
 
@@ -12,6 +13,7 @@ using namespace dayvane;
 
 namespace {
 constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
+constexpr int kCutMargin = 8;       // pixels around a box: inset of its text, and a frame
 
 static_assert(static_cast<int>(GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
 
@@ -86,10 +88,9 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     const WindowAlive alive(this, m_life);
     const GridScroll scroll =
         Scrolled(GetScroll(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
+    const int oldOffset = m_nVertScroll;
     m_nVertScroll = scroll.offset;
-    CRect scrolled;
-    scrolled.UnionRect(&m_rcRuler, &m_rcContent);
-    InvalidateRect(&scrolled, TRUE);
+    RepaintScrolled(oldOffset);
     // Of several steps that wait, only the last needs a picture.
     MSG next;
     if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE)) {
@@ -129,8 +130,67 @@ bool CTimeGridCtrl::ServeWaitingScroll()
 void CTimeGridCtrl::ScrollTo(int nOffset)
 {
     if (nOffset != m_nVertScroll) {
+        const int oldOffset = m_nVertScroll;
         SetScroll(ScrolledTo(GetScroll(), nOffset, RowWindow()));
-        InvalidateClient();
+        if (UpdatesByParts()) {
+            RepaintScrolled(oldOffset);
+        } else {
+            InvalidateClient();
+        }
+    }
+}
+
+// The grid has moved from that offset to the present one: what stays in sight moves along, the rest is painted.
+void CTimeGridCtrl::RepaintScrolled(int nOldOffset)
+{
+    if (!m_hWnd) {
+        return;
+    }
+    CRect scrolled;
+    scrolled.UnionRect(&m_rcRuler, &m_rcContent);
+    if (!UpdatesByParts() || !RowsFillGrid(nOldOffset) || !RowsFillGrid(m_nVertScroll)) {
+        InvalidateRect(&scrolled, TRUE);
+        return;
+    }
+    const int moved = nOldOffset - m_nVertScroll;
+    if (moved != 0) {
+        ScrollWindowEx(0, moved, &scrolled, &scrolled, nullptr, nullptr, SW_INVALIDATE);
+        RepaintCutBoxes(nOldOffset);
+    }
+}
+
+// Below the last row the grid shows its frame, which does not scroll.
+bool CTimeGridCtrl::RowsFillGrid(int nOffset) const
+{
+    return nOffset >= 0 && Scale().DayHeight() - nOffset >= m_rcContent.Height();
+}
+
+// The text of a box that reaches over the grid's upper edge keeps in sight, and so does the count of a mark that is cut
+// at an edge: these do not move with their boxes.
+void CTimeGridCtrl::RepaintCutBoxes(int nOldOffset)
+{
+    const TimeGridState state = State();
+    const CRect& grid = m_rcContent;
+    const auto isCut = [&grid](const CRect& box, int offset) {
+        const int top = box.top - offset;
+        const int bottom = box.bottom - offset;
+        return (top < grid.top && bottom > grid.top) || (top < grid.bottom && bottom > grid.bottom);
+    };
+    const auto wasOrIsCut = [&](const CRect& box) { return isCut(box, nOldOffset) || isCut(box, m_nVertScroll); };
+    for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
+        CRect box = m_arScreenItem[i].rcItem;
+        box.NormalizeRect();
+        box.InflateRect(kCutMargin, kCutMargin);
+        if (wasOrIsCut(box) && !IsBandItem(m_arScreenItem[i])) {
+            const CRect painted = GetPaintedBox(m_arScreenItem[i]);
+            InvalidateRect(&painted, FALSE);
+        }
+    }
+    for (const MoreMark& mark : m_pParts->more) {
+        if (!mark.inBand && wasOrIsCut(mark.box)) {
+            const CRect painted = VisibleMarkBox(state, mark);
+            InvalidateRect(&painted, FALSE);
+        }
     }
 }
 

@@ -30,32 +30,35 @@ enum : int
 } // namespace
 
 TimeGridPainter::TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors)
-    : m_dc(dc), m_state(state), m_colors(colors)
+    : m_dc(dc), m_state(state), m_colors(colors), m_clip(dc)
 {
-    dc.GetClipBox(&m_clip);
 }
 
 bool TimeGridPainter::IsVisible(const CRect& rect) const
 {
-    CRect seen;
-    return seen.IntersectRect(&rect, &m_clip) != FALSE;
+    return m_clip.Meets(rect);
 }
 
-bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item) const
+bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeight) const
 {
-    return IsBoxInSight(m_state, item) && IsVisible(PaintedTimedBox(m_state, item, m_state.frame.grid.right).box);
+    CRect box = item.rcItem;
+    box.OffsetRect(0, -m_state.scroll);
+    box.NormalizeRect();
+    box.bottom = std::max<int>(box.bottom, std::max(box.top, m_state.frame.grid.top) + marksHeight);
+    box.InflateRect(kPaint.currentFrame, kPaint.currentFrame);
+    return IsVisible(box) && IsBoxInSight(m_state, item);
 }
 
 void TimeGridPainter::HorizontalLine(int left, int right, int y, COLORREF color) const
 {
-    if (right > left && y >= m_clip.top && y < m_clip.bottom) {
+    if (right > left && y >= m_clip.Box().top && y < m_clip.Box().bottom) {
         m_dc.FillSolidRect(left, y, right - left, 1, color);
     }
 }
 
 void TimeGridPainter::VerticalLine(int x, int top, int bottom, COLORREF color) const
 {
-    if (bottom > top && x >= m_clip.left && x < m_clip.right) {
+    if (bottom > top && x >= m_clip.Box().left && x < m_clip.Box().right) {
         m_dc.FillSolidRect(x, top, 1, bottom - top, color);
     }
 }
@@ -143,8 +146,8 @@ RowRange TimeGridPainter::VisibleRows() const
 {
     const CRect& grid = m_state.frame.grid;
     const int rowHeight = kTimeGrid.rowHeight;
-    const int top = std::max(m_clip.top, grid.top) - m_state.TopOfRow(0);
-    const int bottom = std::min(m_clip.bottom, grid.bottom) - m_state.TopOfRow(0);
+    const int top = std::max(m_clip.Box().top, grid.top) - m_state.TopOfRow(0);
+    const int bottom = std::min(m_clip.Box().bottom, grid.bottom) - m_state.TopOfRow(0);
     // The row after the last is painted too: it closes the day.
     return RowRange{std::max(top / rowHeight, 0),
                     std::min((bottom + rowHeight - 1) / rowHeight, m_state.scale.RowsPerDay() + 1)};

@@ -1,8 +1,9 @@
 // Draws the time grids: one painter for one day column and for many. Takes what is to be seen as values; changes
-// nothing but the picture, and costs nothing for what lies outside the clip box.
+// nothing but the picture, and costs nothing for what lies outside the clip region.
 #pragma once
 
 #include "../../core/CalendarColors.h"
+#include "../../core/ClipArea.h"
 #include "../../core/DrawingHelpers.h"
 #include "../../core/Fonts.h"
 #include "TimeGridHit.h"
@@ -55,7 +56,8 @@ public:
     TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors);
 
     bool IsVisible(const CRect& rect) const;
-    bool ShowsTimedItem(const tagCALENDAR_ITEM& item) const; // some of it lies in the clip box
+    // Some of the item, or of its marks and icon, which reach so far down, is to be painted.
+    bool ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeight) const;
 
     // The line between ruler and grid, which belongs to neither, beside the band and the rows.
     void DrawRulerEdge() const;
@@ -101,7 +103,7 @@ private:
     CDC& m_dc;
     TimeGridState m_state;
     const CalendarColors& m_colors;
-    CRect m_clip;
+    ClipArea m_clip;
 };
 
 } // namespace dayvane

@@ -30,6 +30,7 @@ IMPLEMENT_DYNCREATE(CWeekDayViewCtrl, CTimeGridCtrl)
 
 CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
 {
+    m_pOwnType = &typeid(CWeekDayViewCtrl);
     RegisterControlClass(kWindowClass);
     SetViewOption(5, 2);
     SetCaptionColor(kCaptionColor);

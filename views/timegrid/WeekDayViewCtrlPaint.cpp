@@ -92,9 +92,9 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
     const DayRange range = GetShownRange();
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
-        const int column = painter.ShowsTimedItem(item) ? range.ColumnOf(item.dtStart) : -1;
-        if (column != -1) {
-            _DrawItem(pDC, m_pParts->frame.columns[column], item);
+        const int column = painter.ShowsTimedItem(item, GetMarksHeight(item)) ? range.ColumnOf(item.dtStart) : -1;
+        if (column != -1 && item.rcItem.left < m_pParts->frame.columns[column].right) {
+            DrawTimedItem(pDC, painter, item, m_pParts->frame.columns[column].right);
         }
     }
 }
