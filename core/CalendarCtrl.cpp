@@ -235,6 +235,14 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
     return &font;
 }
 
+// ---- Texts
+
+void CCalendarCtrl::SetTextCodePage(UINT nCodePage)
+{
+    m_texts.codePage = nCodePage;
+    InvalidateClient();
+}
+
 // ---- Options
 
 void CCalendarCtrl::SetOptions(const CalendarOptions& options)

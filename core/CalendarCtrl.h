@@ -23,6 +23,7 @@
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
 #include "CalendarRecords.h"
+#include "TextSettings.h"
 #include "WindowAlive.h"
 
 #include <memory>
@@ -206,6 +207,11 @@ public:
     CFont* GetFont(int nFlags);
     using CWnd::GetFont;
 
+    // What the bytes of the host's texts are (items, day properties, titles, edited texts): CP_ACP (at first), 932,
+    // CP_UTF8, ... The store keeps them as they are; notifications carry texts of the same page. Repaints.
+    void SetTextCodePage(UINT nCodePage);
+    UINT GetTextCodePage() const { return m_texts.codePage; }
+
     // ---- Time grids: rows and work time.
 
     // Grid rows an hour, 1 .. 60 (divisors of 60 keep rows and times exact); others throw CInvalidArgException.
@@ -355,6 +361,7 @@ protected:
     int m_cyIcon = 0;
 
     CalendarOptions m_options;
+    dayvane::TextSettings m_texts;
 
     BOOL m_bShiftExtend = FALSE;      // the selection is being extended with Shift and an arrow key
     BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag

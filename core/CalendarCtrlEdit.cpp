@@ -30,8 +30,8 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
     }
     GrowToTextLine(rect);
     m_bEditing = TRUE;
-    CInPlaceEdit* edit = new CInPlaceEdit(this, text, mode);
-    if (!edit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, rect, this, kEditId)) {
+    CInPlaceEdit* edit = new CInPlaceEdit(this, text, m_texts.codePage, mode);
+    if (!edit->Open(rect, kEditId)) {
         m_bEditing = FALSE;
         return; // the box has deleted itself
     }

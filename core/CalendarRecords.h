@@ -18,7 +18,7 @@ struct tagCC_ITEM
     COleDateTime dtStart;
     COleDateTime dtEnd;           // the last moment of the item; an all-day item ends on its last day
     int nFullday = 0;             // exactly 1: all day
-    CString strText;              // code page of the system
+    CString strText;              // in the code page of CCalendarCtrl::SetTextCodePage; at first the system's
     COLORREF crColor1 = 0x000000; // marks
     COLORREF crColor2 = 0xFFFFFF; // background; white: not filled
     COLORREF crColor3 = 0xCCCCCC; // the shaded part of a bar or box

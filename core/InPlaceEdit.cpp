@@ -1,68 +1,43 @@
 #include "core/InPlaceEdit.h"
 
 #include "core/CalendarCtrl.h"
+#include "core/TextCodec.h"
 
 #include <imm.h>
 
-#include <string>
+using namespace dayvane;
 
 namespace {
 
 constexpr WPARAM kCtrlV = 0x16; // the character that Ctrl+V makes
+constexpr WPARAM kLastAscii = 0x7F;
 
-// Whether the system's code page has every character. Look-alikes do not count.
-bool FitsCodePage(const wchar_t* text, int length)
+std::u16string_view ViewOf(const std::wstring& text)
 {
-    BOOL replaced = FALSE;
-    return length == 0 ||
-           (::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text, length, nullptr, 0, nullptr, &replaced) > 0 &&
-            !replaced);
+    return std::u16string_view(reinterpret_cast<const char16_t*>(text.data()), text.size());
 }
 
-bool ClipboardFits(HWND window)
+std::wstring TextOfWindow(HWND hWnd)
 {
-    if (!::OpenClipboard(window)) {
-        return true; // then nothing is pasted either
-    }
-    bool fits = true;
-    if (const HANDLE data = ::GetClipboardData(CF_UNICODETEXT)) {
-        if (const wchar_t* text = static_cast<const wchar_t*>(::GlobalLock(data))) {
-            const size_t room = ::GlobalSize(data) / sizeof(wchar_t);
-            fits = FitsCodePage(text, static_cast<int>(wcsnlen(text, room)));
-            ::GlobalUnlock(data);
-        }
-    }
-    ::CloseClipboard();
-    return fits;
+    std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(hWnd)) + 1, L'\0');
+    text.resize(static_cast<size_t>(::GetWindowTextW(hWnd, &text[0], static_cast<int>(text.size()))));
+    return text;
 }
 
-bool ConversionFits(HWND window)
+// A narrow message loop would take the waiting characters from the queue in the system's code page, and lose those that
+// it lacks.
+void TakeWaitingCharacters(HWND hWnd)
 {
-    const HIMC context = ::ImmGetContext(window);
-    if (!context) {
-        return true;
+    MSG waiting;
+    while (::IsWindow(hWnd) && ::PeekMessageW(&waiting, hWnd, WM_CHAR, WM_CHAR, PM_NOREMOVE) &&
+           waiting.wParam > kLastAscii && ::PeekMessageW(&waiting, hWnd, WM_CHAR, WM_CHAR, PM_REMOVE)) {
+        ::SendMessageW(hWnd, WM_CHAR, waiting.wParam, waiting.lParam);
     }
-    const LONG bytes = ::ImmGetCompositionStringW(context, GCS_RESULTSTR, nullptr, 0);
-    std::wstring result(bytes > 0 ? bytes / sizeof(wchar_t) : 0, L'\0');
-    if (bytes > 0) {
-        ::ImmGetCompositionStringW(context, GCS_RESULTSTR, &result[0], bytes);
-    }
-    ::ImmReleaseContext(window, context);
-    return FitsCodePage(result.c_str(), static_cast<int>(result.size()));
-}
-
-// A narrow message loop delivers '?' for a key whose character the code page lacks: look at the key itself.
-bool IsManglingKey(LPARAM lParam)
-{
-    const UINT key = ::MapVirtualKeyW((lParam >> 16) & 0xFF, MAPVK_VSC_TO_VK);
-    const wchar_t character = static_cast<wchar_t>(::MapVirtualKeyW(key, MAPVK_VK_TO_CHAR) & 0xFFFF);
-    return character > 0x7F && !FitsCodePage(&character, 1);
 }
 
 } // namespace
 
 BEGIN_MESSAGE_MAP(CInPlaceEdit, CEdit)
-ON_WM_CREATE()
 ON_WM_KILLFOCUS()
 ON_WM_GETDLGCODE()
 ON_WM_KEYDOWN()
@@ -70,20 +45,30 @@ ON_MESSAGE(WM_IME_STARTCOMPOSITION, &CInPlaceEdit::OnImeStartComposition)
 ON_MESSAGE(WM_IME_ENDCOMPOSITION, &CInPlaceEdit::OnImeEndComposition)
 END_MESSAGE_MAP()
 
-CInPlaceEdit::CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, int nMode)
-    : m_pOwner(pOwner), m_strText(lpszText), m_nMode(nMode)
+CInPlaceEdit::CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, UINT nCodePage, int nMode)
+    : m_pOwner(pOwner), m_strText(lpszText), m_nCodePage(nCodePage), m_nMode(nMode)
 {
 }
 
 // ---- Lifetime
 
-int CInPlaceEdit::OnCreate(LPCREATESTRUCT lpCreateStruct)
+BOOL CInPlaceEdit::Open(const RECT& rect, UINT nID)
 {
-    if (CEdit::OnCreate(lpCreateStruct) == -1) {
-        return -1;
+    const HWND hWnd =
+        ::CreateWindowExW(0, L"EDIT", nullptr, WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, rect.left, rect.top,
+                          rect.right - rect.left, rect.bottom - rect.top, m_pOwner->m_hWnd,
+                          reinterpret_cast<HMENU>(static_cast<UINT_PTR>(nID)), AfxGetInstanceHandle(), nullptr);
+    if (!hWnd) {
+        delete this;
+        return FALSE;
     }
-    SetWindowText(m_strText);
-    return 0;
+    m_pfnEdit = reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(hWnd, GWLP_WNDPROC));
+    SubclassWindow(hWnd);
+    m_pfnHandlers = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CInPlaceEdit::WideProc)));
+    const std::u16string text = DecodeText(m_strText, m_nCodePage);
+    ::SetWindowTextW(hWnd, reinterpret_cast<LPCWSTR>(text.c_str()));
+    return TRUE;
 }
 
 void CInPlaceEdit::PostNcDestroy()
@@ -104,9 +89,10 @@ void CInPlaceEdit::Finish(BOOL bCommit)
     owner->EditBoxGone(this);
     const HWND hWnd = m_hWnd;
     if (bCommit) {
-        CString text;
-        GetWindowText(text);
-        owner->EndEditItem(text, m_nMode);
+        const std::wstring text = TextOfWindow(m_hWnd);
+        const std::string_view before(m_strText.GetString(), static_cast<size_t>(m_strText.GetLength()));
+        const std::string edited = EncodeEdited(before, ViewOf(text), m_nCodePage);
+        owner->EndEditItem(edited.c_str(), m_nMode);
     }
     // The host may have destroyed the control, and this box with it.
     if (::IsWindow(hWnd)) {
@@ -116,60 +102,108 @@ void CInPlaceEdit::Finish(BOOL bCommit)
 
 // ---- What may enter
 
+// On top of the handlers, which are narrow as their class is: characters and texts pass them by.
+LRESULT CALLBACK CInPlaceEdit::WideProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    CInPlaceEdit* edit = static_cast<CInPlaceEdit*>(CWnd::FromHandlePermanent(hWnd));
+    if (!edit) {
+        return ::DefWindowProcW(hWnd, message, wParam, lParam);
+    }
+    switch (message) {
+    case WM_SETTEXT:
+    case WM_GETTEXT:
+    case WM_GETTEXTLENGTH:
+    case EM_REPLACESEL:
+    case EM_GETLINE:
+        return ::CallWindowProcW(edit->m_pfnEdit, hWnd, message, wParam, lParam);
+    case WM_CHAR:
+    case WM_IME_CHAR:
+        edit->TakeUnit(wParam, lParam);
+        return 0;
+    case WM_KEYDOWN: {
+        const LRESULT result = ::CallWindowProcW(edit->m_pfnHandlers, hWnd, message, wParam, lParam);
+        TakeWaitingCharacters(hWnd);
+        return result;
+    }
+    }
+    return ::CallWindowProcW(edit->m_pfnHandlers, hWnd, message, wParam, lParam);
+}
+
+// Half a character waits for its other half.
+void CInPlaceEdit::TakeUnit(WPARAM wParam, LPARAM lParam)
+{
+    const wchar_t unit = static_cast<wchar_t>(wParam);
+    const wchar_t lead = m_chLead;
+    m_chLead = L'\0';
+    if (IS_HIGH_SURROGATE(unit)) {
+        m_chLead = unit;
+        return;
+    }
+    std::wstring character(1, unit);
+    if (lead && IS_LOW_SURROGATE(unit)) {
+        character.insert(0, 1, lead);
+    }
+    if ((wParam == kCtrlV && !ClipboardFits()) || !HoldsText(ViewOf(character), m_nCodePage)) {
+        ::MessageBeep(MB_OK);
+        return;
+    }
+    for (const wchar_t each : character) {
+        ::CallWindowProcW(m_pfnEdit, m_hWnd, WM_CHAR, each, lParam);
+    }
+}
+
 LRESULT CInPlaceEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (IsRefused(message, wParam, lParam)) {
         ::MessageBeep(MB_OK);
         return 0;
     }
-    if (TakeDoubleByte(message, wParam)) {
-        return 0;
-    }
     return CEdit::WindowProc(message, wParam, lParam);
-}
-
-// A character of two bytes comes as two messages, or as one from an input method. It is inserted whole, because one
-// byte alone is another character.
-BOOL CInPlaceEdit::TakeDoubleByte(UINT message, WPARAM wParam)
-{
-    char character[] = {m_chLead, static_cast<char>(wParam), '\0'};
-    if (message == WM_IME_CHAR) {
-        character[0] = static_cast<char>(HIBYTE(wParam));
-    } else if (message != WM_CHAR) {
-        return FALSE;
-    }
-    m_chLead = '\0';
-    if (::IsDBCSLeadByte(static_cast<BYTE>(character[0])) && static_cast<BYTE>(character[1]) >= ' ') {
-        ReplaceSel(character, TRUE);
-        return TRUE;
-    }
-    if (message == WM_CHAR && ::IsDBCSLeadByte(static_cast<BYTE>(wParam))) {
-        m_chLead = static_cast<char>(wParam);
-        return TRUE;
-    }
-    return FALSE;
 }
 
 BOOL CInPlaceEdit::IsRefused(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_PASTE:
-        return !ClipboardFits(m_hWnd);
-    case WM_CHAR: {
-        const BOOL lostPacket = m_bPacketLost;
-        m_bPacketLost = FALSE;
-        return (wParam == kCtrlV && !ClipboardFits(m_hWnd)) || (wParam == '?' && (lostPacket || IsManglingKey(lParam)));
-    }
+        return !ClipboardFits();
     case WM_KEYDOWN:
-        if (wParam == VK_PACKET) {
-            const wchar_t character = static_cast<wchar_t>(HIWORD(lParam));
-            m_bPacketLost = !FitsCodePage(&character, 1);
-        }
-        return wParam == VK_INSERT && ::GetKeyState(VK_SHIFT) < 0 && !ClipboardFits(m_hWnd);
+        return wParam == VK_INSERT && ::GetKeyState(VK_SHIFT) < 0 && !ClipboardFits();
     case WM_IME_COMPOSITION:
-        return (lParam & GCS_RESULTSTR) && !ConversionFits(m_hWnd);
+        return (lParam & GCS_RESULTSTR) && !ConversionFits();
     }
     return FALSE;
+}
+
+BOOL CInPlaceEdit::ClipboardFits()
+{
+    if (!::OpenClipboard(m_hWnd)) {
+        return TRUE; // then nothing is pasted either
+    }
+    BOOL fits = TRUE;
+    if (const HANDLE data = ::GetClipboardData(CF_UNICODETEXT)) {
+        if (const wchar_t* text = static_cast<const wchar_t*>(::GlobalLock(data))) {
+            const size_t room = ::GlobalSize(data) / sizeof(wchar_t);
+            fits = HoldsText(ViewOf(std::wstring(text, wcsnlen(text, room))), m_nCodePage);
+            ::GlobalUnlock(data);
+        }
+    }
+    ::CloseClipboard();
+    return fits;
+}
+
+BOOL CInPlaceEdit::ConversionFits()
+{
+    const HIMC context = ::ImmGetContext(m_hWnd);
+    if (!context) {
+        return TRUE;
+    }
+    const LONG bytes = ::ImmGetCompositionStringW(context, GCS_RESULTSTR, nullptr, 0);
+    std::wstring result(bytes > 0 ? bytes / sizeof(wchar_t) : 0, L'\0');
+    if (bytes > 0) {
+        ::ImmGetCompositionStringW(context, GCS_RESULTSTR, &result[0], bytes);
+    }
+    ::ImmReleaseContext(m_hWnd, context);
+    return HoldsText(ViewOf(result), m_nCodePage);
 }
 
 // ---- Keys

@@ -3,18 +3,25 @@
 // Enter and Tab commit, Escape cancels, losing the focus for any other reason commits. While an input method converts,
 // these keys go to it. The box destroys its window and deletes itself; no other code does.
 //
-// Texts are narrow, so the box holds only what the system's code page has: a typed, converted or pasted text with other
-// characters is refused with a beep and changes nothing; it would become question marks.
+// The box itself is a Unicode window, so every character can be typed, also where the host's message loop is narrow.
+// The text that is reported is in the code page of the control's texts: a typed, converted or pasted character that the
+// page lacks is refused with a beep and changes nothing; it would become a question mark. What was not edited keeps its
+// bytes.
 #pragma once
 
 #include <afxwin.h>
+
+#include <string>
 
 class CCalendarCtrl;
 
 class CInPlaceEdit : public CEdit
 {
 public:
-    CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, int nMode);
+    // The text in that code page.
+    CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, UINT nCodePage, int nMode);
+    // Opens the box over the rectangle of the owner; FALSE: the object is gone.
+    BOOL Open(const RECT& rect, UINT nID);
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
     // Closes the box now; with bCommit the owner gets the text. The object is gone afterwards.
@@ -27,17 +34,21 @@ protected:
     void PostNcDestroy() override;
     BOOL HandleKey(UINT nChar);
     BOOL IsRefused(UINT message, WPARAM wParam, LPARAM lParam);
-    BOOL TakeDoubleByte(UINT message, WPARAM wParam);
+    BOOL ClipboardFits();
+    BOOL ConversionFits();
+    static LRESULT CALLBACK WideProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+    void TakeUnit(WPARAM wParam, LPARAM lParam);
 
     CCalendarCtrl* m_pOwner; // not owned; null once the box is being closed
     CString m_strText;       // initial text
+    UINT m_nCodePage;        // of that text and of what is reported
     BOOL m_bCancelled = FALSE;
-    BOOL m_bComposing = FALSE;  // an input method is converting
-    BOOL m_bPacketLost = FALSE; // a program sent a character that the code page lacks: '?' comes in its place
-    char m_chLead = '\0';       // first byte of a character whose second has not come yet
-    int m_nMode;                // goes through to EndEditItem unchanged
+    BOOL m_bComposing = FALSE;       // an input method is converting
+    int m_nMode;                     // goes through to EndEditItem unchanged
+    wchar_t m_chLead = L'\0';        // first half of a character whose second has not come yet
+    WNDPROC m_pfnEdit = nullptr;     // the system's edit box
+    WNDPROC m_pfnHandlers = nullptr; // of this object's messages
 
-    afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);

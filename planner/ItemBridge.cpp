@@ -106,7 +106,7 @@ LocalTime LocalOfDate(const COleDateTime& date)
         {date.GetYear(), date.GetMonth(), date.GetDay(), date.GetHour(), date.GetMinute(), date.GetSecond()});
 }
 
-tagCC_ITEM ItemOf(const Occurrence& occurrence, const CodePageText& fontPage)
+tagCC_ITEM ItemOf(const Occurrence& occurrence)
 {
     const Event& event = *occurrence.event;
     const ItemColors& colors = ColorsOf(event);
@@ -115,7 +115,7 @@ tagCC_ITEM ItemOf(const Occurrence& occurrence, const CodePageText& fontPage)
     item.dtStart = DateOfLocal(occurrence.times.start);
     item.dtEnd = DateOfLocal(LastMoment(occurrence.times));
     item.nFullday = occurrence.times.isAllDay ? 1 : 0;
-    item.strText = fontPage.FromUtf8(ShownSummary(event)).c_str();
+    item.strText = ShownSummary(event).c_str();
     item.crColor1 = colors.outline;
     item.crColor2 = colors.back;
     item.crColor3 = colors.shade;

@@ -6,7 +6,6 @@
 #pragma once
 
 #include "core/CalendarRecords.h"
-#include "planner/CodePageText.h"
 #include "planner/Calendar.h"
 
 #include <vector>
@@ -18,8 +17,8 @@ COleDateTime DateOfLocal(LocalTime time);
 // The date must be valid.
 LocalTime LocalOfDate(const COleDateTime& date);
 
-// What a control shows of an occurrence. Its text is in the code page of the item font; lParam is left to the caller.
-tagCC_ITEM ItemOf(const Occurrence& occurrence, const CodePageText& fontPage);
+// What a control shows of an occurrence. Its text is UTF-8; lParam is left to the caller.
+tagCC_ITEM ItemOf(const Occurrence& occurrence);
 
 // The times of an occurrence whose item was moved or resized to those of `moved`. What did not change keeps its exact
 // seconds.

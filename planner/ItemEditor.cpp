@@ -2,7 +2,6 @@
 
 #include "core/DateMath.h"
 #include "planner/ItemBridge.h"
-#include "planner/WindowsCodePage.h"
 
 namespace planner {
 
@@ -61,7 +60,7 @@ void ItemEditor::BeginCreate(bool wholeDays)
 // Another edit that is open ends first, as what it was opened for.
 void ItemEditor::Open(const Edit& edit)
 {
-    m_items.Ctrl()->BeginEditItem(SystemPage().FromUtf8(edit.before).c_str());
+    m_items.Ctrl()->BeginEditItem(edit.before.c_str());
     m_edit = edit;
     m_edit.isOpen = true;
     const HWND box = OpenBox();
@@ -90,7 +89,7 @@ EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
         return Nothing();
     }
     m_edit.isOpen = false;
-    const std::string text = MergeEditedText(SystemPage(), m_edit.before, ended.lpszText ? ended.lpszText : "");
+    const std::string text = ended.lpszText ? ended.lpszText : "";
     if (m_edit.id.event != kNoEvent) {
         return document.SetText(m_edit.id, TextField::Summary, text, m_edit.scope);
     }

@@ -1,6 +1,5 @@
 #include "planner/PagesDialog.h"
 
-#include "planner/WindowsCodePage.h"
 #include "planner/resource.h"
 
 #include <afxdlgs.h>

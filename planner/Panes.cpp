@@ -3,7 +3,7 @@
 #include <afxpriv.h>
 
 #include "planner/ItemBridge.h"
-#include "planner/WindowsCodePage.h"
+#include "planner/SystemText.h"
 #include "planner/resource.h"
 
 namespace {
@@ -178,7 +178,7 @@ void CMessagePane::Show(const std::vector<planner::Message>& messages)
     for (const planner::Message& message : messages) {
         CString line;
         line.Format("Line %d: ", message.line);
-        AddString(line + planner::SystemPage().FromUtf8(message.text).c_str());
+        AddString(line + planner::SystemText(message.text));
     }
 }
 

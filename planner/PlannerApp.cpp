@@ -5,8 +5,8 @@
 #include "calc/DayCalendar.h"
 #include "planner/CommandLine.h"
 #include "planner/PlannerFrame.h"
+#include "planner/SystemText.h"
 #include "planner/WindowPicture.h"
-#include "planner/WindowsCodePage.h"
 #include "planner/resource.h"
 
 #include <cstdio>
@@ -87,7 +87,7 @@ BOOL CPlannerApp::InitInstance()
 void CPlannerApp::TellMessages(CPlannerFrame& frame)
 {
     for (const planner::Message& message : frame.Document()->Calendar().Messages()) {
-        std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemPage().FromUtf8(message.text).c_str());
+        std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemText(message.text).GetString());
     }
     std::fflush(stderr);
 }

@@ -5,7 +5,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "planner/ItemBridge.h"
-#include "planner/WindowsCodePage.h"
+#include "planner/SystemText.h"
 #include "planner/resource.h"
 #include "views/timegrid/TimeGridCtrl.h"
 
@@ -360,7 +360,7 @@ void CPlannerFrame::ShowCurrent()
 {
     const planner::Occurrence* current = m_items.Current();
     m_toldItem = current ? current->id : planner::OccurrenceId();
-    Tell(current ? planner::SystemPage().FromUtf8(planner::DetailsOf(*current)).c_str() : "");
+    Tell(current ? planner::SystemText(planner::DetailsOf(*current)) : CString());
 }
 
 void CPlannerFrame::ShowProblem(const CString& problem)

@@ -3,7 +3,6 @@
 
 #include "planner/ItemBridge.h"
 #include "planner/PagesDialog.h"
-#include "planner/WindowsCodePage.h"
 
 #include <afxdlgs.h>
 
@@ -11,7 +10,7 @@ void CPlannerFrame::SetUpPrinter()
 {
     planner::SetUpPrinter(*m_items.Ctrl(), m_pages, [this](int item) {
         const planner::Occurrence* occurrence = m_items.At(item);
-        return occurrence ? CString(planner::FontPage().FromUtf8(occurrence->event->location).c_str()) : CString();
+        return occurrence ? CString(occurrence->event->location.c_str()) : CString();
     });
 }
 

@@ -95,7 +95,7 @@ std::unique_ptr<CCalendarPrinter> PrinterFor(CCalendarCtrl& ctrl, const PageSett
     if (printer) {
         made.release();
         dayvane::PrintOptions options = settings.options;
-        options.footerText = printer->WideText(settings.footerText);
+        options.footerText = dayvane::DecodeText(settings.footerText, dayvane::kSystemCodePage);
         printer->SetOptions(options);
     }
     return printer;

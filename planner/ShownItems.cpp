@@ -1,7 +1,6 @@
 #include "planner/ShownItems.h"
 
 #include "planner/ItemBridge.h"
-#include "planner/WindowsCodePage.h"
 
 #include <algorithm>
 
@@ -49,7 +48,7 @@ void ShownItems::Load(const Document& document)
     m_ctrl->SetCurSel(-1);
     m_ctrl->DeleteAllItems();
     for (std::size_t i = 0; i < m_occurrences.size(); ++i) {
-        tagCC_ITEM item = ItemOf(m_occurrences[i], FontPage());
+        tagCC_ITEM item = ItemOf(m_occurrences[i]);
         item.lParam = static_cast<LPARAM>(i);
         m_ctrl->AddItem(&item, FALSE, FALSE);
     }

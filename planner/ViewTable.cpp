@@ -84,6 +84,7 @@ std::string ViewNames()
 void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMonday)
 {
     ctrl.SetOptions(CalendarOptions::Modern());
+    ctrl.SetTextCodePage(CP_UTF8);
     ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? kMonday : kSunday);
     if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {
         columns->SetDateScale(view.row->dateScale == kVariableScale ? view.days - 1 : view.row->dateScale);

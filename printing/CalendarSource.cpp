@@ -10,32 +10,10 @@
 namespace dayvane {
 namespace {
 
-constexpr UINT kOwnCodePage = 932; // of the library's texts
 constexpr int kMinutesPerHour = 60;
 constexpr int kLastSecond = 59;
 constexpr int kBold = 1; // font flags of an item
 constexpr int kStruck = 2;
-
-std::u16string Widen(const char* text, int length, UINT codePage)
-{
-    std::wstring wide(static_cast<size_t>(length), L'\0');
-    const int count = ::MultiByteToWideChar(codePage, 0, text, length, &wide[0], length);
-    return std::u16string(wide.begin(), wide.begin() + count);
-}
-
-std::u16string OwnText(const char* text)
-{
-    return text ? Widen(text, ::lstrlenA(text), kOwnCodePage) : std::u16string();
-}
-
-UINT CodePageOf(CCalendarCtrl& ctrl)
-{
-    LOGFONT look = {};
-    CHARSETINFO info = {};
-    ctrl.GetFont(0)->GetLogFont(&look);
-    const DWORD_PTR charSet = look.lfCharSet;
-    return ::TranslateCharsetInfo(reinterpret_cast<DWORD*>(charSet), &info, TCI_SRCCHARSET) ? info.ciACP : CP_ACP;
-}
 
 int MinuteOf(const COleDateTime& time)
 {
@@ -57,7 +35,7 @@ bool SetTimes(PrintItem& item, const tagCC_ITEM& stored)
     return item.lastDay >= item.firstDay;
 }
 
-PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day, UINT codePage)
+PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day)
 {
     PrintDay facts;
     const COleDateTime date = DateOfDayNumber(day);
@@ -72,7 +50,7 @@ PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day, UINT codePage)
     int lunarYear = 0;
     CLunarDate().CalcLunarCalendar(date, lunarYear, facts.lunarMonth, facts.lunarDay);
     if (const tagCALENDAR_DAY_PROPERTY* property = ctrl.GetDayProperty(date)) {
-        facts.note = Widen(property->strText, property->strText.GetLength(), codePage);
+        facts.note = DecodeText(property->strText, ctrl.GetTextCodePage());
     }
     return facts;
 }
@@ -81,12 +59,12 @@ PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day, UINT codePage)
 
 std::u16string WideText(CCalendarCtrl& ctrl, const CString& text)
 {
-    return Widen(text, text.GetLength(), CodePageOf(ctrl));
+    return DecodeText(text, ctrl.GetTextCodePage());
 }
 
 PrintSource SourceOf(CCalendarCtrl& ctrl, int firstDay, int lastDay, const std::function<CString(int)>& placeOf)
 {
-    const UINT codePage = CodePageOf(ctrl);
+    const UINT codePage = ctrl.GetTextCodePage();
     PrintSource source;
     source.firstDayOfWeek = ctrl.GetFirstDayOfWeek();
     source.today = DayNumberOf(Now());
@@ -97,10 +75,9 @@ PrintSource SourceOf(CCalendarCtrl& ctrl, int firstDay, int lastDay, const std::
         if (!SetTimes(item, stored) || !item.Meets(firstDay, lastDay)) {
             continue;
         }
-        item.text = Widen(stored.strText, stored.strText.GetLength(), codePage);
+        item.text = DecodeText(stored.strText, codePage);
         if (placeOf) {
-            const CString place = placeOf(i);
-            item.place = Widen(place, place.GetLength(), codePage);
+            item.place = DecodeText(placeOf(i), codePage);
         }
         item.fill = stored.crColor2;
         item.edge = stored.crColor4;
@@ -112,10 +89,9 @@ PrintSource SourceOf(CCalendarCtrl& ctrl, int firstDay, int lastDay, const std::
     // A sheet asks for a day more than once.
     const auto known = std::make_shared<std::map<int, PrintDay>>();
     CCalendarCtrl* const asked = &ctrl;
-    source.dayFacts = [known, asked, codePage](int day) {
+    source.dayFacts = [known, asked](int day) {
         const auto found = known->find(day);
-        return found != known->end() ? found->second
-                                     : known->emplace(day, FactsOfDay(*asked, day, codePage)).first->second;
+        return found != known->end() ? found->second : known->emplace(day, FactsOfDay(*asked, day)).first->second;
     };
     return source;
 }

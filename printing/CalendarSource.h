@@ -9,7 +9,7 @@
 
 namespace dayvane {
 
-// Texts of the host, in the code page of the font that the control draws them in.
+// Texts of the host, in the code page that the control reads them in.
 std::u16string WideText(CCalendarCtrl& ctrl, const CString& text);
 
 // The items that meet the days, and what calendar and host say of days. The source asks the control and the calendar

@@ -15,6 +15,7 @@
 #include "calc/WorkHours.h"
 #include "calc/ZoneClock.h"
 #include "core/CalendarRecords.h"
+#include "core/TextCodec.h"
 
 #ifdef _WIN32
 #include "core/CalendarClock.h"

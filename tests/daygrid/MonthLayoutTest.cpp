@@ -138,16 +138,16 @@ TEST(MonthDates, TakeWhatTheDayProviderSays)
     struct Case
     {
         int cell;
-        const char* annotation;
+        const char16_t* annotation;
         COLORREF number, background;
     };
     for (const Case& c :
-         {Case{4, "創立記念日 啓蟄 of the host", 0x207, 0x401}, // the holiday's text, the provider's row
-          {5, "", 0x207, 0x201},
-          {6, "caf? 彼岸", 0x307, 0x301}, // a Saturday; a row that the table lacks
-          {19, "", 0x107, 0x101}}) {      // 20 March is not a holiday of this provider
+         {Case{4, u"創立記念日 啓蟄 of the host", 0x207, 0x401}, // the holiday's text, the provider's row
+          {5, u"", 0x207, 0x201},
+          {6, u"caf? 彼岸", 0x307, 0x301}, // a Saturday; a row that the table lacks
+          {19, u"", 0x107, 0x101}}) {      // 20 March is not a holiday of this provider
         const DayLook look = CalcDayLook(dates[c.cell], false, 0, input);
-        EXPECT_STREQ(look.annotation, c.annotation);
+        EXPECT_EQ(look.annotation, c.annotation);
         EXPECT_EQ(look.dayNumberColor, c.number) << c.cell;
         EXPECT_EQ(look.background, c.background) << c.cell;
     }
@@ -222,39 +222,40 @@ TEST(MonthLook, TextsOfADay)
     {
         bool holiday, term;
         const char* host;
-        const char* text;
+        const char16_t* text;
     };
     const Case cases[] = {
-        {true, true, "", "こどもの日 立夏"},          {true, false, "", "こどもの日"}, {false, true, "", "立夏"},
-        {true, true, "memo", "こどもの日 立夏 memo"}, {false, false, "memo", "memo"},
+        {true, true, "", u"こどもの日 立夏"},          {true, false, "", u"こどもの日"}, {false, true, "", u"立夏"},
+        {true, true, "memo", u"こどもの日 立夏 memo"}, {false, false, "memo", u"memo"},
     };
     for (const Case& c : cases) {
         children.m_dayProperty.strText = c.host;
         const DayLookInput input = {table, kSelectedText, c.holiday, c.term, false, 0, 0};
-        EXPECT_STREQ(CalcDayLook(children, false, 0, input).annotation, c.text);
+        EXPECT_EQ(CalcDayLook(children, false, 0, input).annotation, c.text);
     }
     const DayLookInput input = {table, kSelectedText, true, true, false, 0, 0};
-    EXPECT_STREQ(CalcDayLook(dates[0], true, 0, input).dayNumber, "4/26");
-    EXPECT_STREQ(CalcDayLook(dates[0], false, 0, input).dayNumber, "26");
-    EXPECT_STREQ(CalcDayLook(dates[5], false, 0, input).dayNumber, "26/5/1");
-    EXPECT_STREQ(CalcDayLook(DatesAround(Day(2009, 2, 1))[0], true, 0, input).dayNumber, "09/2/1");
+    EXPECT_EQ(CalcDayLook(dates[0], true, 0, input).dayNumber, u"4/26");
+    EXPECT_EQ(CalcDayLook(dates[0], false, 0, input).dayNumber, u"26");
+    EXPECT_EQ(CalcDayLook(dates[5], false, 0, input).dayNumber, u"26/5/1");
+    EXPECT_EQ(CalcDayLook(DatesAround(Day(2009, 2, 1))[0], true, 0, input).dayNumber, u"09/2/1");
 }
 
 TEST(MonthLook, TextsOfABar)
 {
+    const TextSettings texts{kOwnCodePage};
     tagCALENDAR_ITEM item;
     item.strText = "会議";
     item.dtStart = COleDateTime(2026, 3, 2, 9, 5, 0);
     item.dtEnd = COleDateTime(2026, 3, 2, 10, 30, 0);
-    EXPECT_STREQ(BarText(item, false, 0), "9:05 会議");
-    EXPECT_STREQ(BarText(item, false, 8), "9:05-10:30 会議");
-    EXPECT_STREQ(BarText(item, true, 8), "会議");
-    EXPECT_STREQ(WeekBarText(item, false), "9:05 - 10:30 会議");
-    EXPECT_STREQ(WeekBarText(item, true), "会議");
-    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 25), "a"), "4/25 a");
-    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 28), "a"), "4/25-28 a");
-    EXPECT_STREQ(YearBarText(Day(2026, 4, 25), Day(2026, 5, 3), "a"), "4/25-5/3 a");
-    EXPECT_STREQ(YearBarText(Day(2025, 4, 25), Day(2026, 4, 25), "a"), "4/25-4/25 a") << "a year later";
+    EXPECT_EQ(BarText(item, false, 0, texts), u"9:05 会議");
+    EXPECT_EQ(BarText(item, false, 8, texts), u"9:05-10:30 会議");
+    EXPECT_EQ(BarText(item, true, 8, texts), u"会議");
+    EXPECT_EQ(WeekBarText(item, false, texts), u"9:05 - 10:30 会議");
+    EXPECT_EQ(WeekBarText(item, true, texts), u"会議");
+    EXPECT_EQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 25), "a", texts), u"4/25 a");
+    EXPECT_EQ(YearBarText(Day(2026, 4, 25), Day(2026, 4, 28), "a", texts), u"4/25-28 a");
+    EXPECT_EQ(YearBarText(Day(2026, 4, 25), Day(2026, 5, 3), "a", texts), u"4/25-5/3 a");
+    EXPECT_EQ(YearBarText(Day(2025, 4, 25), Day(2026, 4, 25), "a", texts), u"4/25-4/25 a") << "a year later";
 }
 
 TEST(MonthBlocks, FillTheCellOfTheStart)

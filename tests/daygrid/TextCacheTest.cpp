@@ -1,5 +1,6 @@
 // Texts from the cache look like those that the system measures and cuts on every paint.
 #include "core/DrawingHelpers.h"
+#include "core/WideText.h"
 #include "support/MemoryDc.h"
 #include "views/daygrid/TextCache.h"
 
@@ -23,21 +24,18 @@ void CreateFont(CFont& font, int height)
 
 } // namespace
 
-// The texts are of code page 932; on a system of any other the system's wide output is what they must equal.
 TEST(TextCache, DrawsWhatTheSystemDraws)
 {
     struct Case
     {
-        const char* text;
-        const wchar_t* wide;
+        const char16_t* text;
         UINT format;
     };
     const Case cases[] = {
-        {"9:00 Lunch & tea", L"9:00 Lunch & tea", DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
-        {"設計レビュー（会議室 B）", L"\x8A2D\x8A08\x30EC\x30D3\x30E5\x30FC\xFF08\x4F1A\x8B70\x5BA4 B\xFF09",
-         DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
-        {"終日の予定", L"\x7D42\x65E5\x306E\x4E88\x5B9A", DT_CENTER | DT_VCENTER | DT_END_ELLIPSIS},
-        {"26/3/1", L"26/3/1", DT_RIGHT | DT_TOP},
+        {u"9:00 Lunch & tea", DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
+        {u"設計レビュー（会議室 B）", DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS},
+        {u"終日の予定", DT_CENTER | DT_VCENTER | DT_END_ELLIPSIS},
+        {u"26/3/1", DT_RIGHT | DT_TOP},
     };
     CFont font;
     CreateFont(font, 12);
@@ -53,8 +51,9 @@ TEST(TextCache, DrawsWhatTheSystemDraws)
                 expected.Fill(RGB(255, 255, 255));
                 CRect rect(5, 3, 5 + width, 21);
                 cache.Draw(&drawn.Dc(), &font, c.text, rect, c.format);
-                ::DrawTextW(expected.Dc().m_hDC, c.wide, -1, &rect, c.format | DT_SINGLELINE | DT_NOPREFIX);
-                ASSERT_TRUE(drawn.SameAs(expected)) << c.text << " in " << width << " pixels";
+                ::DrawTextW(expected.Dc().m_hDC, reinterpret_cast<LPCWSTR>(c.text), -1, &rect,
+                            c.format | DT_SINGLELINE | DT_NOPREFIX);
+                ASSERT_TRUE(drawn.SameAs(expected)) << &c - cases << " in " << width << " pixels";
             }
         }
     }
@@ -72,12 +71,12 @@ TEST(TextCache, KeepsFontsAndWidthsApart)
     for (int i = 0; i < 2; ++i) {
         CFont* font = i == 0 ? &small : &large;
         const dayvane::SelectGdi selectFont(&surface.Dc(), font);
-        widths[i] = cache.WidthOf(&surface.Dc(), font, "会議 meeting");
-        EXPECT_EQ(widths[i], surface.Dc().GetTextExtent("会議 meeting").cx);
-        EXPECT_EQ(cache.WidthOf(&surface.Dc(), font, ""), 0);
+        widths[i] = cache.WidthOf(&surface.Dc(), font, u"会議 meeting");
+        EXPECT_EQ(widths[i], dayvane::WideTextExtent(surface.Dc(), u"会議 meeting").cx);
+        EXPECT_EQ(cache.WidthOf(&surface.Dc(), font, u""), 0);
     }
     EXPECT_GT(widths[1], widths[0]);
     surface.Fill(RGB(255, 255, 255));
-    cache.Draw(&surface.Dc(), &large, "会議", CRect(10, 10, 10, 20), DT_LEFT);
+    cache.Draw(&surface.Dc(), &large, u"会議", CRect(10, 10, 10, 20), DT_LEFT);
     EXPECT_EQ(surface.CountOther(CRect(0, 0, kWidth, kHeight), RGB(255, 255, 255)), 0) << "no room";
 }

@@ -7,14 +7,6 @@
 namespace planner {
 namespace {
 
-// Every byte stands for itself.
-class BytePage : public CodePageText
-{
-public:
-    std::string FromUtf8(std::string_view text) const override { return std::string(text); }
-    std::string ToUtf8(std::string_view text) const override { return std::string(text); }
-};
-
 EventTimes Times(std::string_view start, std::string_view end, bool isAllDay)
 {
     return {At(start), At(end), isAllDay};
@@ -56,7 +48,7 @@ TEST(ItemBridge, ShowsTheLastMomentAndFindsTheSameTimesAgain)
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.start) + "/" + each.end);
         EventTimes times = Times(each.start, each.end, each.isAllDay);
-        const tagCC_ITEM item = ItemOf(OccurrenceOf(times), BytePage());
+        const tagCC_ITEM item = ItemOf(OccurrenceOf(times));
         EXPECT_EQ(TextOf(item.dtStart), each.shownStart);
         EXPECT_EQ(TextOf(item.dtEnd), each.shownEnd);
         EXPECT_EQ(item.nFullday, each.isAllDay ? 1 : 0);
@@ -130,12 +122,12 @@ TEST(ItemBridge, TellsTheStateOfAnEvent)
                   "END:VCALENDAR\r\n");
     const auto shown = document.OccurrencesIn(At("20260401"), At("20260501"));
     ASSERT_EQ(shown.size(), 3u);
-    const tagCC_ITEM item = ItemOf(shown[0], BytePage());
+    const tagCC_ITEM item = ItemOf(shown[0]);
     EXPECT_TRUE(item.bAlarm && item.bRecurrent && item.bMovable);
     EXPECT_NE(item.nReserved, 0); // struck out
     EXPECT_STREQ(item.strText, "(no title)");
     EXPECT_EQ(DetailsOf(shown[0]), "2026-04-01 9:00 - 2026-04-02 10:00   (no title)   @ Room 2");
-    const tagCC_ITEM trip = ItemOf(shown[2], BytePage());
+    const tagCC_ITEM trip = ItemOf(shown[2]);
     EXPECT_FALSE(trip.bAlarm || trip.bRecurrent);
     EXPECT_EQ(trip.nReserved, 0);
     EXPECT_EQ(DetailsOf(shown[2]), "2026-04-10   Trip");

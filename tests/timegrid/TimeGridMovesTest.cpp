@@ -76,33 +76,34 @@ TEST(Look, TextsTellWhatTheBoxCannot)
 {
     tagCALENDAR_ITEM item = Item(At(9, 5), At(10, 0));
     item.strText = "x%s";
-    EXPECT_STREQ("9:05 - 10:00 x%s", TimedItemText(item));
+    const TextSettings texts;
+    EXPECT_EQ(u"9:05 - 10:00 x%s", TimedItemText(item, texts));
     const struct
     {
         int piece, fullday;
-        const char* text;
-    } bars[] = {{PIECE_WHOLE, 0, "x%s"},      {PIECE_HEAD, 0, "9:05 x%s"}, {PIECE_MIDDLE, 0, "x%s"},
-                {PIECE_TAIL, 0, "10:00 x%s"}, {PIECE_TAIL, 1, "x%s"},      {PIECE_INSIDE, 0, "x%s"}};
+        const char16_t* text;
+    } bars[] = {{PIECE_WHOLE, 0, u"x%s"},      {PIECE_HEAD, 0, u"9:05 x%s"}, {PIECE_MIDDLE, 0, u"x%s"},
+                {PIECE_TAIL, 0, u"10:00 x%s"}, {PIECE_TAIL, 1, u"x%s"},      {PIECE_INSIDE, 0, u"x%s"}};
     for (const auto& bar : bars) {
         item.nPiece = bar.piece;
         item.nFullday = bar.fullday;
-        EXPECT_STREQ(bar.text, BandItemText(item)) << bar.piece;
+        EXPECT_EQ(bar.text, BandItemText(item, texts)) << bar.piece;
     }
 
     const ShownDay showaDay = ShownDay::Of(At(9, 0, 29), nullptr); // a Saturday
     const GridCaptionTexts caption = CaptionOfDay(showaDay, true, true);
-    EXPECT_STREQ("4.29 (土)     Saturday, 29 April, 2017  昭和の日",
-                 caption.date + caption.weekday + caption.longDate + caption.holiday);
-    EXPECT_STREQ("", CaptionOfDay(showaDay, false, true).holiday);
-    EXPECT_STREQ(" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true).solarTerm);
-    EXPECT_STREQ("12.31 - 1.1",
-                 CaptionOfDays(COleDateTime(2017, 12, 31, 0, 0, 0), COleDateTime(2018, 1, 1, 0, 0, 0)).date);
-    EXPECT_STREQ("4/29 (土)", HeaderOfDay(showaDay, true, "").longDate);
-    EXPECT_STREQ("昭和の日", HeaderOfDay(showaDay, true, "").note);
+    EXPECT_EQ(u"4.29 (土)     Saturday, 29 April, 2017  昭和の日",
+              caption.date + caption.weekday + caption.longDate + caption.holiday);
+    EXPECT_EQ(u"", CaptionOfDay(showaDay, false, true).holiday);
+    EXPECT_EQ(u" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true).solarTerm);
+    EXPECT_EQ(u"12.31 - 1.1",
+              CaptionOfDays(COleDateTime(2017, 12, 31, 0, 0, 0), COleDateTime(2018, 1, 1, 0, 0, 0)).date);
+    EXPECT_EQ(u"4/29 (土)", HeaderOfDay(showaDay, true, u"").longDate);
+    EXPECT_EQ(u"昭和の日", HeaderOfDay(showaDay, true, u"").note);
     const DayCalendar todaysLaw;
     const COleDateTime mountainDay(2026, 8, 11, 0, 0, 0);
     EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, 0).colorRow, 1);
-    EXPECT_STREQ("山の日", HeaderOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, "").note);
+    EXPECT_EQ(u"山の日", HeaderOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, u"").note);
     EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, nullptr), true, 0).colorRow, 0);
-    EXPECT_STREQ("出張", HeaderOfDay(showaDay, true, "出張").note);
+    EXPECT_EQ(u"出張", HeaderOfDay(showaDay, true, u"出張").note);
 }

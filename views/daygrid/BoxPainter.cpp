@@ -1,5 +1,6 @@
 #include "views/daygrid/BoxPainter.h"
 
+#include "core/WideText.h"
 #include "views/daygrid/BoxRange.h"
 
 namespace dayvane {
@@ -27,15 +28,13 @@ constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
 
 struct WeekdayLook
 {
-    const char* name;
+    const char16_t* name;
     COLORREF color;
 };
-constexpr int kCharacterLength = 2; // bytes
-constexpr int kNameLength = 3 * kCharacterLength;
 constexpr WeekdayLook kWeekdays[kMonthColumns] = {
     // name, text colour
-    {"日曜日", 0x0049DC}, {"月曜日", 0x000000}, {"火曜日", 0x000000}, {"水曜日", 0x000000},
-    {"木曜日", 0x000000}, {"金曜日", 0x000000}, {"土曜日", 0xDC4900},
+    {u"日曜日", 0x0049DC}, {u"月曜日", 0x000000}, {u"火曜日", 0x000000}, {u"水曜日", 0x000000},
+    {u"木曜日", 0x000000}, {u"金曜日", 0x000000}, {u"土曜日", 0xDC4900},
 };
 
 } // namespace
@@ -64,11 +63,11 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     text.DeflateRect(kPaint.captionInset, kPaint.captionInset);
     {
         const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
-        m_dc.DrawText(texts.number, &text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
-        text.left += m_dc.GetTextExtent(texts.number).cx;
+        DrawWideText(m_dc, texts.number, text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+        text.left += WideTextExtent(m_dc, texts.number).cx;
     }
     const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionText(itemFont));
-    m_dc.DrawText(texts.text, &text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
+    DrawWideText(m_dc, texts.text, text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
 }
 
 void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const
@@ -79,17 +78,16 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
     DrawHeaderBand(&m_dc, band, kHeaderBand);
     const SelectGdi selectFont(&m_dc, m_parts.fonts.Weekday());
     // All names are of one width; where they do not fit, the first character identifies the day.
-    const bool isShort = headerCells[0].m_rect.Width() < m_dc.GetTextExtent(kWeekdays[0].name, kNameLength).cx;
+    const bool isShort = headerCells[0].m_rect.Width() < WideTextExtent(m_dc, kWeekdays[0].name).cx;
     for (int column = 0; column < kMonthColumns; ++column) {
         const int dayOfWeek = days[column].m_date.GetDayOfWeek();
         if (dayOfWeek < 1) {
             continue;
         }
         const WeekdayLook& weekday = kWeekdays[dayOfWeek - 1];
-        CRect box = headerCells[column].m_rect;
         m_dc.SetTextColor(weekday.color);
-        m_dc.DrawText(weekday.name, isShort ? kCharacterLength : kNameLength, &box,
-                      DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+        DrawWideText(m_dc, isShort ? std::u16string(weekday.name, 1) : weekday.name, headerCells[column].m_rect,
+                     DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
 }
 
@@ -143,12 +141,12 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
 }
 
 // In a narrow box the year goes first and then the month: a number whose front is cut off reads as another date.
-CString BoxPainter::FittingNumber(CString number, int width) const
+std::u16string BoxPainter::FittingNumber(std::u16string number, int width) const
 {
-    int slash = number.Find('/');
-    while (slash != -1 && m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width) {
-        number = number.Mid(slash + 1);
-        slash = number.Find('/');
+    std::size_t slash = number.find(u'/');
+    while (slash != std::u16string::npos && m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width) {
+        number.erase(0, slash + 1);
+        slash = number.find(u'/');
     }
     return number;
 }
@@ -162,7 +160,7 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
     m_dc.SetTextColor(texts.color);
     {
         const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
-        const CString number = FittingNumber(texts.number, rest.Width());
+        const std::u16string number = FittingNumber(texts.number, rest.Width());
         const int numberWidth = cache.WidthOf(&m_dc, fonts.DayNumber(), number);
         if (numberWidth > rest.Width()) {
             rest = strip; // "10" would lose a digit
@@ -193,9 +191,9 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
     number.right -= kPaint.numberRight;
     const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
     m_dc.SetTextColor(look.dayNumberColor);
-    const CString dayNumber = FittingNumber(look.dayNumber, number.Width());
+    const std::u16string dayNumber = FittingNumber(look.dayNumber, number.Width());
     cache.Draw(&m_dc, fonts.DayNumber(), dayNumber, number, DT_RIGHT | DT_TOP);
-    if (look.annotation.IsEmpty()) {
+    if (look.annotation.empty()) {
         return;
     }
     CRect annotation = box;
@@ -234,7 +232,8 @@ void BoxPainter::DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) co
     }
 }
 
-void BoxPainter::DrawBarText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered) const
+void BoxPainter::DrawBarText(CFont* pSelectedFont, const std::u16string& text, const CRect& content,
+                             bool centered) const
 {
     m_parts.texts.Draw(&m_dc, pSelectedFont, text, content,
                        (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);

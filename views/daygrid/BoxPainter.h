@@ -9,6 +9,7 @@
 #include "DayGridParts.h"
 #include "DayLook.h"
 
+#include <string>
 #include <vector>
 
 namespace dayvane {
@@ -22,8 +23,8 @@ struct CaptionLook
 };
 struct CaptionTexts
 {
-    CString number;
-    CString text;
+    std::u16string number;
+    std::u16string text;
 };
 
 // The frame around a marked day and the strips under its number.
@@ -42,10 +43,10 @@ constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0
 // The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right.
 struct StripTexts
 {
-    CString number;
-    CString suffix;
+    std::u16string number;
+    std::u16string suffix;
     COLORREF color;
-    CString annotation;
+    std::u16string annotation;
     COLORREF annotationColor;
 };
 
@@ -72,14 +73,14 @@ public:
 
     void DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) const;
     // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
-    void DrawBarText(CFont* pSelectedFont, const CString& text, const CRect& content, bool centered) const;
+    void DrawBarText(CFont* pSelectedFont, const std::u16string& text, const CRect& content, bool centered) const;
     void DrawBarSelection(const CRect& frame) const; // along its edges, the right and bottom ones too
     // One pixel wide, along the inner edges of the rectangle.
     void DrawOutline(const CRect& rect, COLORREF color) const;
 
 private:
     void DrawArrow(int tip, int middle, int direction) const;
-    CString FittingNumber(CString number, int width) const;
+    std::u16string FittingNumber(std::u16string number, int width) const;
 
     CDC& m_dc;
     DayGridParts& m_parts;

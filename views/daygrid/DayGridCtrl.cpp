@@ -82,9 +82,9 @@ void CDayGridCtrl::DeleteAllItems()
     CCalendarCtrl::DeleteAllItems();
 }
 
-CString CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
+std::u16string CDayGridCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 {
-    return BarText(item, bFullday != FALSE, m_nItemDisplayMode);
+    return BarText(item, bFullday != FALSE, m_nItemDisplayMode, m_texts);
 }
 
 const std::vector<int>& CDayGridCtrl::GetShownItems()

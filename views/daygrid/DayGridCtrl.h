@@ -5,6 +5,7 @@
 #include "../../core/MoreListCtrl.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace dayvane {
@@ -44,7 +45,7 @@ protected:
     virtual BOOL HasMoreMark(int nBox) = 0;
     virtual void ClearMoreMarks() = 0;                                          // no item is hidden any more
     virtual CRect GetMarkBox(int nBox) { return MoreMarkOf(GetBoxRect(nBox)); } // where the more-items mark is painted
-    virtual CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
+    virtual std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
 
     int GetBoxCount() const;

@@ -29,24 +29,37 @@ COLORREF TextColorOf(const BoxDay& info, int dayColor, const DayLookInput& input
     return RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_TEXT];
 }
 
-void AppendWord(CString& text, const CString& word)
+void AppendWord(std::u16string& text, const std::u16string& word)
 {
-    if (!text.IsEmpty() && !word.IsEmpty()) {
-        text += ' ';
+    if (!text.empty() && !word.empty()) {
+        text += u' ';
     }
     text += word;
 }
 
-CString SolarTermOf(const BoxDay& info)
+std::u16string SolarTermOf(const BoxDay& info)
 {
-    return info.m_strText.Mid(info.m_strHoliday.GetLength() + 1);
+    return OwnText(info.m_strText.Mid(info.m_strHoliday.GetLength() + 1));
 }
 
-CString TimeText(const COleDateTime& time)
+std::u16string TimeText(const COleDateTime& time)
 {
     CString text;
     text.Format("%d:%02d", time.GetHour(), time.GetMinute());
-    return text;
+    return OwnText(text);
+}
+
+std::u16string DayNumberText(const CivilDate& date, bool firstOfGrid)
+{
+    CString number;
+    if (date.day == 1) {
+        number.Format("%02d/%d/%d", date.year % kYearsPerCentury, date.month, date.day);
+    } else if (firstOfGrid) {
+        number.Format("%d/%d", date.month, date.day);
+    } else {
+        number.Format("%d", date.day);
+    }
+    return OwnText(number);
 }
 
 } // namespace
@@ -65,7 +78,7 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     const COLORREF holidayText = input.colors[DAYROW_HOLIDAY].crColor[DAYCOLOR_TEXT];
     COLORREF text = look.selected ? input.selectedText : TextColorOf(info, dayColor, input);
     if (info.m_bHoliday == 1 && input.showHoliday) {
-        look.annotation = info.m_strHoliday;
+        look.annotation = OwnText(info.m_strHoliday);
         if (info.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
         }
@@ -73,47 +86,41 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     if (info.m_bSolarTerm == 1 && input.showSolarTerm) {
         AppendWord(look.annotation, SolarTermOf(info));
     }
-    AppendWord(look.annotation, info.m_dayProperty.strText);
+    AppendWord(look.annotation, input.texts.HostText(info.m_dayProperty.strText));
     look.annotationColor = text;
 
     if (isDated) {
         const CivilDate fields = CivilDateOf(info.m_date);
-        if (fields.day == 1) {
-            look.dayNumber.Format("%02d/%d/%d", fields.year % kYearsPerCentury, fields.month, fields.day);
-            if (!look.selected) {
-                text = holidayText;
-            }
-        } else if (firstOfGrid) {
-            look.dayNumber.Format("%d/%d", fields.month, fields.day);
-        } else {
-            look.dayNumber.Format("%d", fields.day);
+        look.dayNumber = DayNumberText(fields, firstOfGrid);
+        if (fields.day == 1 && !look.selected) {
+            text = holidayText;
         }
     }
     look.dayNumberColor = text;
     return look;
 }
 
-CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode)
+std::u16string BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode, const TextSettings& texts)
 {
+    const std::u16string text = texts.HostText(item.strText);
     if (fullday) {
-        return item.strText;
+        return text;
     }
-    CString times = TimeText(item.dtStart);
+    std::u16string times = TimeText(item.dtStart);
     if (displayMode == kModeBothTimes) {
-        times += "-" + TimeText(item.dtEnd);
+        times += u"-" + TimeText(item.dtEnd);
     }
-    return times + " " + item.strText;
+    return times + u" " + text;
 }
 
-CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday)
+std::u16string WeekBarText(const tagCALENDAR_ITEM& item, bool fullday, const TextSettings& texts)
 {
-    if (fullday) {
-        return item.strText;
-    }
-    return TimeText(item.dtStart) + " - " + TimeText(item.dtEnd) + " " + item.strText;
+    const std::u16string text = texts.HostText(item.strText);
+    return fullday ? text : TimeText(item.dtStart) + u" - " + TimeText(item.dtEnd) + u" " + text;
 }
 
-CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text)
+std::u16string YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text,
+                           const TextSettings& texts)
 {
     const CivilDate first = CivilDateOf(start);
     const CivilDate last = CivilDateOf(end);
@@ -124,7 +131,7 @@ CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CS
     } else if (last.day != first.day) {
         days.AppendFormat("-%d", last.day);
     }
-    return days + " " + text;
+    return OwnText(days) + u" " + texts.HostText(text);
 }
 
 } // namespace dayvane

@@ -1,6 +1,7 @@
 // How a day looks in the month and week views, and the texts of item bars: worked out before anything is drawn.
 #pragma once
 
+#include "../../core/TextSettings.h"
 #include "DayCells.h"
 
 namespace dayvane {
@@ -32,6 +33,7 @@ struct DayLookInput
     int firstSelected;  // day numbers; firstSelected > lastSelected: none
     int lastSelected;
     bool dimOtherMonths = true; // days outside the month that the view is built around
+    TextSettings texts = {};
 };
 
 struct DayLook
@@ -39,9 +41,9 @@ struct DayLook
     COLORREF background;
     bool today;
     bool selected;
-    CString annotation; // holiday, solar term and the host's text for the day; may be empty
+    std::u16string annotation; // holiday, solar term and the host's text for the day; may be empty
     COLORREF annotationColor;
-    CString dayNumber; // day; with the month in the grid's first cell; with year and month on a 1st
+    std::u16string dayNumber; // day; with the month in the grid's first cell; with year and month on a 1st
     COLORREF dayNumberColor;
 };
 
@@ -50,10 +52,11 @@ struct DayLook
 DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const DayLookInput& input);
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.
-CString BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode);
+std::u16string BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode, const TextSettings& texts);
 // "9:00 - 10:30 text" for a timed item.
-CString WeekBarText(const tagCALENDAR_ITEM& item, bool fullday);
+std::u16string WeekBarText(const tagCALENDAR_ITEM& item, bool fullday, const TextSettings& texts);
 // "4/25 text", "4/25-28 text" over several days of a month, "4/25-5/3 text" over months: the days of the whole item.
-CString YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text);
+std::u16string YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text,
+                           const TextSettings& texts);
 
 } // namespace dayvane

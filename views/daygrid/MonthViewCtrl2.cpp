@@ -2,6 +2,7 @@
 #include "views/daygrid/MonthViewCtrl.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/WideText.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MonthLayout.h"
@@ -87,9 +88,9 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCA
     {
         const SelectGdi selectFont(pDC, GetFont(item.nReserved));
         // Of a text in a block of less than half its height only meaningless dashes would be seen.
-        if (content.Height() >= pDC->GetTextExtent(item.strText).cy / 2) {
-            pDC->DrawText(item.strText, &content,
-                          DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+        const std::u16string text = m_texts.HostText(item.strText);
+        if (content.Height() >= WideTextExtent(*pDC, text).cy / 2) {
+            DrawWideText(*pDC, text, content, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
         }
     }
     if (current) {

@@ -31,7 +31,8 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 DayLookInput CMonthViewCtrl::LookInput()
 {
     DayLookInput input = {
-        m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0};
+        m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
+        m_texts};
     COleDateTime begin;
     COleDateTime end;
     input.showSelection = GetSelRange(begin, end) && IsSelectionShown();
@@ -73,8 +74,10 @@ void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLo
 {
     CaptionTexts texts;
     if (IsValid(m_dtScroll)) {
-        texts.number.Format("%d", m_dtScroll.GetMonth());
-        texts.text = " " + m_dtScroll.Format("%B, %Y") + " ";
+        CString month;
+        month.Format("%d", m_dtScroll.GetMonth());
+        texts.number = OwnText(month);
+        texts.text = DecodeText(" " + m_dtScroll.Format("%B, %Y") + " ", kSystemCodePage);
     }
     PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
 }

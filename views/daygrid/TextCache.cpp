@@ -10,26 +10,15 @@ constexpr size_t kMaxLines = 4096; // a few screens full of texts
 constexpr wchar_t kEllipsis[] = L"...";
 constexpr int kEllipsisLength = 3;
 
-UINT CodePageOf(HDC hDC)
+std::wstring OneLine(const std::u16string& text)
 {
-    CHARSETINFO info = {};
-    const int charSet = ::GetTextCharset(hDC);
-    return ::TranslateCharsetInfo(reinterpret_cast<DWORD*>(static_cast<DWORD_PTR>(charSet)), &info, TCI_SRCCHARSET)
-               ? info.ciACP
-               : CP_ACP;
-}
-
-std::wstring Widen(const CString& text, UINT codePage)
-{
-    std::wstring wide(text.GetLength(), L'\0');
-    const int length = ::MultiByteToWideChar(codePage, 0, text, text.GetLength(), &wide[0], text.GetLength());
-    wide.resize(length);
-    for (wchar_t& character : wide) {
+    std::wstring line(text.begin(), text.end());
+    for (wchar_t& character : line) {
         if (character < L' ') {
             character = L' ';
         }
     }
-    return wide;
+    return line;
 }
 
 } // namespace
@@ -38,8 +27,8 @@ size_t TextCache::KeyHash::operator()(const Key& key) const
 {
     constexpr unsigned kPrime = 16777619u; // FNV-1a
     unsigned hash = 2166136261u ^ static_cast<unsigned>(key.room);
-    for (const char* byte = key.text.GetString(); *byte; ++byte) {
-        hash = (hash ^ static_cast<unsigned char>(*byte)) * kPrime;
+    for (const char16_t unit : key.text) {
+        hash = (hash ^ unit) * kPrime;
     }
     return hash ^ static_cast<unsigned>(reinterpret_cast<UINT_PTR>(key.font));
 }
@@ -62,12 +51,12 @@ const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
     ::GetTextMetricsW(hDC, &metrics);
     SIZE size = {};
     ::GetTextExtentPoint32W(hDC, kEllipsis, kEllipsisLength, &size);
-    return m_fonts[handle] = {CodePageOf(hDC), static_cast<int>(metrics.tmHeight), static_cast<int>(size.cx)};
+    return m_fonts[handle] = {static_cast<int>(metrics.tmHeight), static_cast<int>(size.cx)};
 }
 
-TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const CString& text, int room)
+TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const std::u16string& text, int room)
 {
-    Line line = {Widen(text, font.codePage), 0};
+    Line line = {OneLine(text), 0};
     const int length = static_cast<int>(line.text.size());
     std::vector<int> ends(length + 1, 0); // the width up to and with each character
     SIZE size = {};
@@ -85,7 +74,7 @@ TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const CStri
     return line;
 }
 
-const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const CString& text, int room)
+const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const std::u16string& text, int room)
 {
     const Key key = {pFont->GetSafeHandle(), room, text};
     const auto found = m_lines.find(key);
@@ -98,14 +87,14 @@ const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const CString&
     return m_lines.emplace(key, MakeLine(pDC, FactsOf(pDC, pFont), text, room)).first->second;
 }
 
-int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text)
+int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text)
 {
     return LineFor(pDC, pSelectedFont, text, INT_MAX).width;
 }
 
-void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format)
+void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const std::u16string& text, const CRect& rect, UINT format)
 {
-    if (text.IsEmpty() || rect.IsRectEmpty()) {
+    if (text.empty() || rect.IsRectEmpty()) {
         return;
     }
     const int height = FactsOf(pDC, pSelectedFont).height;

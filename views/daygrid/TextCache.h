@@ -15,13 +15,13 @@ namespace dayvane {
 class TextCache
 {
 public:
-    // Draws the text in the font that is selected into the device context, in the code page of its character set.
-    // Format: DT_LEFT, DT_CENTER or DT_RIGHT; DT_VCENTER or DT_TOP; DT_END_ELLIPSIS. Nothing is drawn outside the
-    // rectangle. Ampersands are plain characters, control characters are blanks.
-    void Draw(CDC* pDC, CFont* pSelectedFont, const CString& text, const CRect& rect, UINT format);
+    // Draws the text in the font that is selected into the device context. Format: DT_LEFT, DT_CENTER or DT_RIGHT;
+    // DT_VCENTER or DT_TOP; DT_END_ELLIPSIS. Nothing is drawn outside the rectangle. Ampersands are plain characters,
+    // control characters are blanks.
+    void Draw(CDC* pDC, CFont* pSelectedFont, const std::u16string& text, const CRect& rect, UINT format);
 
     // The width of the whole text in the selected font, pixels.
-    int WidthOf(CDC* pDC, CFont* pSelectedFont, const CString& text);
+    int WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text);
 
     // Call it when fonts are deleted: a new font may get the handle of an old one.
     void Clear();
@@ -29,7 +29,6 @@ public:
 private:
     struct FontFacts
     {
-        UINT codePage;
         int height;
         int ellipsisWidth;
     };
@@ -37,7 +36,7 @@ private:
     {
         HGDIOBJ font;
         int room;
-        CString text;
+        std::u16string text;
         bool operator==(const Key& other) const
         {
             return font == other.font && room == other.room && text == other.text;
@@ -54,8 +53,8 @@ private:
     };
 
     const FontFacts& FactsOf(CDC* pDC, CFont* pFont);
-    const Line& LineFor(CDC* pDC, CFont* pFont, const CString& text, int room);
-    static Line MakeLine(CDC* pDC, const FontFacts& font, const CString& text, int room);
+    const Line& LineFor(CDC* pDC, CFont* pFont, const std::u16string& text, int room);
+    static Line MakeLine(CDC* pDC, const FontFacts& font, const std::u16string& text, int room);
 
     std::unordered_map<HGDIOBJ, FontFacts> m_fonts;
     std::unordered_map<Key, Line, KeyHash> m_lines;

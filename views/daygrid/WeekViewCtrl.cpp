@@ -26,12 +26,12 @@ constexpr COLORREF kSaturdayText = 0xFF0000;
 constexpr COLORREF kDayOffText = 0x0000FF; // Sundays and holidays
 
 // "(%a)" in Japanese, whatever the host's locale of times; it is left at "C".
-CString JapaneseWeekday(const COleDateTime& date)
+std::u16string JapaneseWeekday(const COleDateTime& date)
 {
     std::setlocale(LC_TIME, "jpn");
     const CString text = date.Format("(%a)");
     std::setlocale(LC_TIME, "C");
-    return text;
+    return OwnText(text);
 }
 
 } // namespace
@@ -123,9 +123,9 @@ void CWeekViewCtrl::MoveRightward(UINT nFlags)
 
 // ---- Painting
 
-CString CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
+std::u16string CWeekViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday)
 {
-    return WeekBarText(item, bFullday != FALSE);
+    return WeekBarText(item, bFullday != FALSE, m_texts);
 }
 
 void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
@@ -134,8 +134,11 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     const CivilDate first = CivilDateOf(m_dtRangeStart);
     const CivilDate last = CivilDateOf(m_dtRangeEnd);
     if (first.year != -1 && last.year != -1) {
-        texts.number.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
-        texts.text = "  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y");
+        CString days;
+        days.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
+        texts.number = OwnText(days);
+        texts.text = DecodeText("  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y"),
+                                kSystemCodePage);
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
@@ -149,7 +152,8 @@ DayLook CWeekViewCtrl::LookOf(int nDay)
                                 IsBoxSelected(nDay) != FALSE,
                                 INT_MIN,
                                 INT_MAX,
-                                false}; // a week looks the same in every month
+                                false, // a week looks the same in every month
+                                m_texts};
     return CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
 }
 
@@ -183,8 +187,8 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     }
     CString number;
     number.Format("%d/%d", date.GetMonth(), date.GetDay());
-    PainterOn(pDC).DrawStripTexts(rcCaption,
-                                  {number, JapaneseWeekday(date), color, look.annotation, look.annotationColor});
+    PainterOn(pDC).DrawStripTexts(
+        rcCaption, {OwnText(number), JapaneseWeekday(date), color, look.annotation, look.annotationColor});
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

@@ -38,7 +38,7 @@ protected:
     void RangeChanged() override;
     void DayProviderChanged() override;
     BOOL HasMoreMark(int nBox) override; // never the eighth
-    CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
+    std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;

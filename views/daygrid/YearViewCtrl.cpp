@@ -141,11 +141,11 @@ void CYearViewCtrl::OnSelchangeCombo()
 // ---- Painting
 
 // The days of the whole item, not of its piece.
-CString CYearViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL)
+std::u16string CYearViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL)
 {
     const bool isStored = item.nSource >= 0 && item.nSource < m_arItem.GetSize();
     const tagCALENDAR_ITEM& whole = isStored ? m_arItem[item.nSource] : item;
-    return YearBarText(whole.dtStart, whole.dtEnd, item.strText);
+    return YearBarText(whole.dtStart, whole.dtEnd, item.strText, m_texts);
 }
 
 BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
@@ -157,8 +157,10 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     CaptionTexts texts;
     if (HasRange()) {
-        texts.number.Format("%d", m_dtRangeStart.GetYear());
-        texts.text = "  " + m_strTitle;
+        CString year;
+        year.Format("%d", m_dtRangeStart.GetYear());
+        texts.number = OwnText(year);
+        texts.text = u"  " + m_texts.HostText(m_strTitle);
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
@@ -186,8 +188,8 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
     CString number;
     number.Format("%d", month + 1);
-    PainterOn(pDC).DrawStripTexts(rcCaption,
-                                  {number, "月", textColor, Range().DateOfBox(month).Format("%B"), nameColor});
+    const std::u16string name = DecodeText(Range().DateOfBox(month).Format("%B"), kSystemCodePage);
+    PainterOn(pDC).DrawStripTexts(rcCaption, {OwnText(number), u"月", textColor, name, nameColor});
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

@@ -32,7 +32,7 @@ public:
     const CRect& GetMonthRect(int nMonth) const { return GetBox(nMonth); }
 
 protected:
-    CString GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
+    std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
     BOOL IsBarTextCentered(BOOL bFullday) override; // no: the dates stand below each other
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;

@@ -1,4 +1,5 @@
 // The bands above a time grid: title band and day header; and the fonts.
+#include "core/WideText.h"
 #include "views/timegrid/TimeGridPainter.h"
 
 #include <algorithm>
@@ -48,9 +49,9 @@ CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
 // ---- Title band
 
 // Draws at the left of the area, which loses what the text has used.
-void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow) const
+void TimeGridPainter::DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow) const
 {
-    if (text.IsEmpty() || area.IsRectEmpty()) {
+    if (text.empty() || area.IsRectEmpty()) {
         return;
     }
     constexpr UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX;
@@ -58,11 +59,11 @@ void TimeGridPainter::DrawCaptionPart(CRect& area, const CString& text, COLORREF
         CRect below = area;
         below.OffsetRect(1, 1);
         m_dc.SetTextColor(shadow);
-        m_dc.DrawText(text, &below, flags);
+        DrawWideText(m_dc, text, below, flags);
     }
     m_dc.SetTextColor(color);
-    m_dc.DrawText(text, &area, flags);
-    area.left += m_dc.GetTextExtent(text).cx;
+    DrawWideText(m_dc, text, area, flags);
+    area.left += WideTextExtent(m_dc, text).cx;
 }
 
 void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
@@ -147,23 +148,23 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
         return;
     }
     const SelectGdi selectFont(&m_dc, font);
-    const int longWidth = m_dc.GetTextExtent(texts.longDate).cx;
-    const int shortWidth = m_dc.GetTextExtent(texts.shortDate).cx;
+    const int longWidth = WideTextExtent(m_dc, texts.longDate).cx;
+    const int shortWidth = WideTextExtent(m_dc, texts.shortDate).cx;
     if (area.Width() < shortWidth) {
         return;
     }
-    const CString& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
-    const int noteWidth = texts.note.IsEmpty() ? 0 : m_dc.GetTextExtent(texts.note).cx + kBandPaint.headerNoteGap;
+    const std::u16string& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
+    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + kBandPaint.headerNoteGap;
     const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;
     const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
     area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     m_dc.SetTextColor(isDayOff ? kTimeGridPalette.holiday : WeekdayColor(day.dayOfWeek, kTimeGridPalette.headerText));
-    m_dc.DrawText(date, &area, flags);
+    DrawWideText(m_dc, date, area, flags);
     if (hasNote) {
         area.left += dateWidth + kBandPaint.headerNoteGap;
         m_dc.SetTextColor(kTimeGridPalette.holiday);
-        m_dc.DrawText(texts.note, &area, flags);
+        DrawWideText(m_dc, texts.note, area, flags);
     }
 }
 

@@ -169,7 +169,7 @@ private:
     void LeaveWholeDay();
     void DrawNowLine(CDC* pDC);
     void DrawMoreMarks(CDC* pDC);
-    void DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item);
+    void DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

@@ -40,7 +40,7 @@ void CTimeGridCtrl::DrawMoreMarks(CDC* pDC)
     for (const MoreMark& mark : m_pParts->more) {
         CString text;
         text.Format("+%d", static_cast<int>(mark.items.size()));
-        painter.DrawMoreMark(VisibleMarkBox(State(), mark), text, m_pParts->fonts.Label());
+        painter.DrawMoreMark(VisibleMarkBox(State(), mark), OwnText(text), m_pParts->fonts.Label());
     }
 }
 
@@ -99,16 +99,12 @@ void CTimeGridCtrl::HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTi
 
 void CTimeGridCtrl::DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
-    tagCALENDAR_ITEM row = item;
-    if (!IsBandItem(item)) {
-        row.strText = TimedItemText(item);
-    }
-    DrawBandBar(pDC, row.rcItem, row);
+    DrawBandBar(pDC, item.rcItem, item, IsBandItem(item) ? BandItemText(item, m_texts) : TimedItemText(item, m_texts));
 }
 
 void CTimeGridCtrl::DrawListEnd(CDC* pDC, const CRect& rcList)
 {
     const CRect box(rcList.right - kTimeGrid.moreWidth, rcList.bottom - kTimeGrid.moreHeight, rcList.right,
                     rcList.bottom);
-    Painter(pDC).DrawMoreMark(box, "...", m_pParts->fonts.Label());
+    Painter(pDC).DrawMoreMark(box, u"...", m_pParts->fonts.Label());
 }

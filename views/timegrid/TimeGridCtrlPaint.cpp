@@ -129,7 +129,7 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridPainter& painter, cons
         box.content.left += DrawItemMarks(pDC, item, box.content, FALSE, kMarkGap, TRUE);
     }
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawTimedText(item, box.content, manyDays);
+    painter.DrawTimedText(item, box.content, manyDays, m_texts);
 }
 
 void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
@@ -157,11 +157,11 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         if (item.rcItem.top == -1 || !painter.IsVisible(bar) || !IsBandItem(item)) {
             continue;
         }
-        DrawBandBar(pDC, rcBand, item);
+        DrawBandBar(pDC, rcBand, item, BandItemText(item, m_texts));
     }
 }
 
-void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item)
+void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text)
 {
     const TimeGridPainter painter = Painter(pDC);
     PaintedBox bar = PaintedBandBar(rcBand, item);
@@ -169,5 +169,5 @@ void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR
     // The icon belongs to the beginning of an item.
     bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, kMarkGap, !BeganEarlier(item));
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawBandText(item, bar.content);
+    painter.DrawBandText(item, text, bar.content);
 }

@@ -17,27 +17,19 @@ enum DayColorColumn
 constexpr int kSundayRow = 1;
 constexpr int kSaturdayRow = 2;
 
-constexpr const char* kWeekdays[] = {"日", "月", "火", "水", "木", "金", "土"};
+constexpr const char16_t* kWeekdays[] = {u"日", u"月", u"火", u"水", u"木", u"金", u"土"};
 constexpr const char* kClock = "%#H:%M";
 
 // "日" .. "土", empty for other numbers than 1 to 7.
-const char* WeekdayName(int dayOfWeek)
+std::u16string WeekdayName(int dayOfWeek)
 {
-    return dayOfWeek >= kSunday && dayOfWeek <= kSaturday ? kWeekdays[dayOfWeek - 1] : "";
+    return dayOfWeek >= kSunday && dayOfWeek <= kSaturday ? kWeekdays[dayOfWeek - 1] : u"";
 }
 
-CString Joined(const char* format, const CString& text)
+// Names in it are of the C runtime's locale.
+std::u16string DateText(const COleDateTime& date, const char* format)
 {
-    CString joined;
-    joined.Format(format, static_cast<LPCTSTR>(text));
-    return joined;
-}
-
-CString Joined(const char* format, const CString& first, const CString& second)
-{
-    CString joined;
-    joined.Format(format, static_cast<LPCTSTR>(first), static_cast<LPCTSTR>(second));
-    return joined;
+    return DecodeText(date.Format(format), kSystemCodePage);
 }
 } // namespace
 
@@ -83,23 +75,21 @@ RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput&
     return look;
 }
 
-CString TimedItemText(const tagCALENDAR_ITEM& item)
+std::u16string TimedItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts)
 {
-    CString text;
-    text.Format("%s - %s %s", static_cast<LPCTSTR>(item.dtStart.Format(kClock)),
-                static_cast<LPCTSTR>(item.dtEnd.Format(kClock)), static_cast<LPCTSTR>(item.strText));
-    return text;
+    return DateText(item.dtStart, kClock) + u" - " + DateText(item.dtEnd, kClock) + u" " + texts.HostText(item.strText);
 }
 
-CString BandItemText(const tagCALENDAR_ITEM& item)
+std::u16string BandItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts)
 {
+    const std::u16string text = texts.HostText(item.strText);
     if (item.nFullday != 1 && item.nPiece == PIECE_HEAD) {
-        return Joined("%s %s", item.dtStart.Format(kClock), item.strText);
+        return DateText(item.dtStart, kClock) + u" " + text;
     }
     if (item.nFullday != 1 && item.nPiece == PIECE_TAIL) {
-        return Joined("%s %s", item.dtEnd.Format(kClock), item.strText);
+        return DateText(item.dtEnd, kClock) + u" " + text;
     }
-    return item.strText;
+    return text;
 }
 
 GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms)
@@ -108,14 +98,14 @@ GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showS
     if (day.dayOfWeek == -1) {
         return texts;
     }
-    texts.date = day.date.Format("%#m.%#d");
-    texts.weekday = Joined(" (%s)", WeekdayName(day.dayOfWeek));
-    texts.longDate = Joined("     %s", day.date.Format("%A, %d %B, %Y"));
+    texts.date = DateText(day.date, "%#m.%#d");
+    texts.weekday = u" (" + WeekdayName(day.dayOfWeek) + u")";
+    texts.longDate = u"     " + DateText(day.date, "%A, %d %B, %Y");
     if (showHolidays && !day.note.name.IsEmpty()) {
-        texts.holiday = Joined("  %s", day.note.name);
+        texts.holiday = u"  " + OwnText(day.note.name);
     }
     if (showSolarTerms && !day.note.term.IsEmpty()) {
-        texts.solarTerm = Joined(" %s", day.note.term);
+        texts.solarTerm = u" " + OwnText(day.note.term);
     }
     return texts;
 }
@@ -126,25 +116,22 @@ GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& la
     if (!IsValid(first) || !IsValid(last)) {
         return texts;
     }
-    texts.date = Joined("%s - %s", first.Format("%#m.%#d"), last.Format("%#m.%#d"));
+    texts.date = DateText(first, "%#m.%#d") + u" - " + DateText(last, "%#m.%#d");
     const bool sameYear = first.GetYear() == last.GetYear();
     texts.longDate =
-        Joined("     %s - %s", first.Format(sameYear ? "%#d %B" : "%#d %B, %Y"), last.Format("%#d %B, %Y"));
+        u"     " + DateText(first, sameYear ? "%#d %B" : "%#d %B, %Y") + u" - " + DateText(last, "%#d %B, %Y");
     return texts;
 }
 
-HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const CString& hostText)
+HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText)
 {
     HeaderTexts texts;
     if (day.dayOfWeek == -1) {
         return texts;
     }
-    texts.longDate = Joined("%s (%s)", day.date.Format("%#m/%#d"), WeekdayName(day.dayOfWeek));
-    texts.shortDate = day.date.Format("%#d");
-    texts.note = hostText;
-    if (hostText.IsEmpty() && showHolidays && !day.note.name.IsEmpty()) {
-        texts.note = day.note.name;
-    }
+    texts.longDate = DateText(day.date, "%#m/%#d") + u" (" + WeekdayName(day.dayOfWeek) + u")";
+    texts.shortDate = DateText(day.date, "%#d");
+    texts.note = hostText.empty() && showHolidays ? OwnText(day.note.name) : hostText;
     return texts;
 }
 

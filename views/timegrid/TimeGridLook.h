@@ -3,8 +3,10 @@
 
 #include "../../core/CalendarRecords.h"
 #include "../../core/DayNote.h"
+#include "../../core/TextSettings.h"
 #include "TimeScale.h"
 
+#include <string>
 #include <vector>
 
 namespace dayvane {
@@ -44,18 +46,18 @@ struct RowLookInput
 RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput& input);
 
 // "10:00 - 11:30 text"
-CString TimedItemText(const tagCALENDAR_ITEM& item);
+std::u16string TimedItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts);
 // The text; an item that goes on afterwards has its begin before it, one that began before its end.
-CString BandItemText(const tagCALENDAR_ITEM& item);
+std::u16string BandItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts);
 
 // The texts of the title band, from left to right.
 struct GridCaptionTexts
 {
-    CString date;
-    CString weekday;
-    CString longDate;
-    CString holiday;
-    CString solarTerm;
+    std::u16string date;
+    std::u16string weekday;
+    std::u16string longDate;
+    std::u16string holiday;
+    std::u16string solarTerm;
 };
 GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms);
 GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last);
@@ -63,10 +65,10 @@ GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& la
 // The texts of a column's header: the widest that fits is shown.
 struct HeaderTexts
 {
-    CString longDate;  // "4/26 (水)"
-    CString shortDate; // "26"
-    CString note;      // holiday, or the host's text for the day
+    std::u16string longDate;  // "4/26 (水)"
+    std::u16string shortDate; // "26"
+    std::u16string note;      // holiday, or the host's text for the day
 };
-HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const CString& hostText);
+HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText);
 
 } // namespace dayvane

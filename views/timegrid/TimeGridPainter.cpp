@@ -1,6 +1,7 @@
 #include "views/timegrid/TimeGridPainter.h"
 
 #include "core/DateMath.h"
+#include "core/WideText.h"
 
 #include <algorithm>
 
@@ -94,12 +95,12 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) 
         CRect area(ruler.left, top, ruler.right - kPaint.hourRight, top + hourHeight);
         {
             const SelectGdi selectFont(&m_dc, hours);
-            m_dc.DrawText(number, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+            DrawWideText(m_dc, OwnText(number), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
         }
         area.left = area.right;
         area.right = ruler.right - kPaint.zerosRight;
         const SelectGdi selectFont(&m_dc, zeros);
-        m_dc.DrawText(":00", &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+        DrawWideText(m_dc, u":00", area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
     }
 }
 
@@ -110,9 +111,8 @@ void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label) const
     }
     m_dc.FillSolidRect(&band, m_colors.ruler);
     m_dc.SetTextColor(m_colors.rulerText);
-    CRect area = band;
     const SelectGdi selectFont(&m_dc, label);
-    m_dc.DrawText("終日", &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+    DrawWideText(m_dc, u"終日", band, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
 }
 
 void TimeGridPainter::DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const
@@ -239,45 +239,42 @@ void TimeGridPainter::DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox
                  painted.leftEdge, painted.rightEdge);
 }
 
-void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit) const
+void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit,
+                                    const TextSettings& texts) const
 {
     if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
         return;
     }
     m_dc.SetTextColor(item.crColor5);
-    CRect area = content;
-    CString text = TimedItemText(item);
+    std::u16string text = TimedItemText(item, texts);
     if (timesWhereTheyFit &&
         (content.Width() < kPaint.timesWidth || (content.Height() < kPaint.twoLinesHeight && !item.strText.IsEmpty() &&
-                                                 m_dc.GetTextExtent(text).cx > content.Width()))) {
-        text = item.strText;
+                                                 WideTextExtent(m_dc, text).cx > content.Width()))) {
+        text = texts.HostText(item.strText);
     }
-    m_dc.DrawText(text, &area, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
+    DrawWideText(m_dc, text, content, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
 }
 
-void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content) const
+void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const std::u16string& text, const CRect& content) const
 {
     if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
         return;
     }
     m_dc.SetTextColor(item.crColor5);
     const UINT side = item.nPiece == PIECE_MIDDLE ? DT_CENTER : item.nPiece == PIECE_TAIL ? DT_RIGHT : DT_LEFT;
-    CRect area = content;
-    m_dc.DrawText(BandItemText(item), &area,
-                  side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    DrawWideText(m_dc, text, content, side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-void TimeGridPainter::DrawMoreMark(const CRect& box, const CString& text, CFont* font) const
+void TimeGridPainter::DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const
 {
     if (!IsVisible(box)) {
         return;
     }
     m_dc.FillSolidRect(&box, m_colors.ruler);
     DrawBoxEdges(box, m_colors.rulerText, OUTLINE, true, true);
-    CRect area = box;
     const SelectGdi selectFont(&m_dc, font);
     m_dc.SetTextColor(m_colors.rulerText);
-    m_dc.DrawText(text, &area, DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
+    DrawWideText(m_dc, text, box, DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
 }
 
 } // namespace dayvane

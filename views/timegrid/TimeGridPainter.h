@@ -78,9 +78,10 @@ public:
     // Texts in the selected font; none where not even a letter has room.
     // A box too narrow for both times, or one line high and too narrow for times and text, shows the text alone when
     // `timesWhereTheyFit` says so.
-    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit) const;
-    void DrawBandText(const tagCALENDAR_ITEM& item, const CRect& content) const;
-    void DrawMoreMark(const CRect& box, const CString& text, CFont* font) const;
+    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit,
+                       const TextSettings& texts) const;
+    void DrawBandText(const tagCALENDAR_ITEM& item, const std::u16string& text, const CRect& content) const;
+    void DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const;
 
     void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
                         CFont* text) const;
@@ -98,7 +99,7 @@ private:
     void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right) const;
     void DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     void DrawStripe(const CRect& box, COLORREF color) const;
-    void DrawCaptionPart(CRect& area, const CString& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
+    void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
 
     CDC& m_dc;
     TimeGridState m_state;

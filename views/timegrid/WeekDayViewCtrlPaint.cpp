@@ -54,8 +54,8 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
         }
         const ShownDay& day = GetShownDays()[i];
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, text), day, ToneOfColumn(i).isDayOff,
-                               m_pParts->fonts.Label());
+        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, m_texts.HostText(text)), day,
+                               ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
     }
     painter.DrawSeparators(rcHeader);
 }
