@@ -284,7 +284,8 @@ std::string EncodeEdited(std::string_view before, std::u16string_view edited, un
     }
     // Halves that have come together would read as another character.
     const std::string plain = EncodeText(edited, codePage);
-    return DecodeText(bytes, codePage) == DecodeText(plain, codePage) ? bytes : plain;
+    const std::u16string read = DecodeText(bytes, codePage);
+    return read == edited || read == DecodeText(plain, codePage) ? bytes : plain;
 }
 
 } // namespace dayvane

@@ -140,13 +140,6 @@ TEST(InPlaceEdit, TypedCharactersAreWholeOrRefused)
     } rows[] = {
         {"two bytes", [](HWND box) { messages::Type(box, "\x89\xEF"); }, "\x89\xEF", "\x89\xEF"},
         {"an input method's", [](HWND box) { ::PostMessage(box, WM_IME_CHAR, 0x89EF, 0); }, "\x89\xEF", nullptr},
-        {"a lead byte alone",
-         [](HWND box) {
-             for (BYTE character : {0x89, 0x08, 0x78}) {
-                 ::SendMessage(box, WM_CHAR, character, 0);
-             }
-         },
-         "x", "x"},
         {"sent by a program",
          [kMeeting](HWND) {
              INPUT key = {};

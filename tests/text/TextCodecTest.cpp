@@ -155,7 +155,9 @@ TEST(TextCodec, RandomBytesGoThroughUnharmed)
             }
             std::u16string edited = text.substr(0, at) + random.Typed() + text.substr(at);
             const std::string after = EncodeEdited(bytes, edited, codePage);
-            ASSERT_EQ(DecodeText(after, codePage), DecodeText(EncodeText(edited, codePage), codePage));
+            if (DecodeText(after, codePage) != edited) { // no bytes of the page read so
+                ASSERT_EQ(DecodeText(after, codePage), DecodeText(EncodeText(edited, codePage), codePage));
+            }
         }
         const std::u16string text = DecodeText(bytes, kUtf8CodePage);
         ASSERT_EQ(DecodeText(EncodeText(text, kUtf8CodePage), kUtf8CodePage), text);
