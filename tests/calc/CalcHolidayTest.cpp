@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -87,6 +88,65 @@ TEST(Holiday, KnownDays)
         tagHOLIDAY atNoon;
         const COleDateTime noon(c.year, c.month, c.day, 12, 0, 0);
         EXPECT_EQ(CCalcHoliday::IsHoliday(noon, atNoon), c.name != nullptr ? 1 : 0) << "time of day";
+    }
+}
+
+// A year in which no day off falls on any of them.
+TEST(Holiday, ObservancesOfAYear)
+{
+    static const char* const observances[] = {"1/7 七草",
+                                              "1/11 鏡開き",
+                                              "2/1 インボルク",
+                                              "2/2 キャンドルマス",
+                                              "2/3 節分",
+                                              "2/8 針供養",
+                                              "2/14 バレンタインデー",
+                                              "2/15 涅槃会",
+                                              "2/22 太子会",
+                                              "3/3 雛祭り",
+                                              "3/12 二月堂お水取り",
+                                              "3/14 ホワイトデー",
+                                              "3/15 涅槃会",
+                                              "3/17 聖パトリック・デー",
+                                              "4/1 エイプリルフール",
+                                              "4/7 鉄腕アトムの誕生日",
+                                              "4/8 花祭り",
+                                              "4/14 オレンジデー",
+                                              "4/23 サン・ジョルディの日",
+                                              "4/30 ワルプルギスの夜",
+                                              "5/1 ベルテン",
+                                              "5/15 葵祭",
+                                              "6/1 更衣",
+                                              "6/10 時の記念日",
+                                              "6/24 聖ヨハネ祭",
+                                              "7/1 祇園祭",
+                                              "7/4 米独立記念日",
+                                              "7/6 入谷朝顔市",
+                                              "7/7 七夕",
+                                              "7/9 ほおずき市",
+                                              "7/14 仏革命記念日",
+                                              "8/1 ルナーサド",
+                                              "8/6 広島平和記念日",
+                                              "8/9 長崎原爆の日",
+                                              "8/15 終戦記念日",
+                                              "8/16 大文字五山送り火",
+                                              "10/1 独統一記念日",
+                                              "10/15 神嘗祭",
+                                              "10/22 時代祭",
+                                              "10/31 ハロウィン",
+                                              "11/1 万聖節",
+                                              "11/15 七五三",
+                                              "12/6 聖ニコラス祭",
+                                              "12/8 針供養(関西)",
+                                              "12/25 クリスマス",
+                                              "12/31 大晦日"};
+    for (const char* expected : observances) {
+        const int month = std::atoi(expected);
+        const int day = std::atoi(std::strchr(expected, '/') + 1);
+        tagHOLIDAY holiday;
+        ASSERT_EQ(CCalcHoliday::_IsHoliday(Date(2003, month, day), holiday), 1) << expected;
+        EXPECT_STREQ(holiday.lpszName, std::strchr(expected, ' ') + 1);
+        EXPECT_EQ(holiday.bObservance, 1) << expected;
     }
 }
 

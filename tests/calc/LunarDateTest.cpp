@@ -117,18 +117,28 @@ TEST(LunarDate, MonthsFollowEachOther)
     EXPECT_EQ(months, 10 * (19 * 12 + 7));
 }
 
-TEST(LunarDate, ThreadsGetTheSameAnswers)
+TEST(LunarDate, ThreadsOfDifferentYearsDoNotDisturbEachOther)
 {
-    const auto collect = [](std::string& answers) {
-        for (int day = 0; day < 400; day += 3) {
-            answers += LunarText(DateOf(civil::DayNumber(2001, 1, 1) + day)) + " ";
+    constexpr int kThreads = 4;
+    const auto collect = [](int thread) {
+        std::string answers;
+        for (int day = 0; day < 6000; day += 47) {
+            answers += LunarText(DateOf(civil::DayNumber(1905 + 40 * thread, 1, 1) + day)) + " ";
         }
+        return answers;
     };
-    std::string answers[2];
-    std::thread other([&] { collect(answers[0]); });
-    collect(answers[1]);
-    other.join();
-    EXPECT_EQ(answers[0], answers[1]);
+    std::string alone[kThreads], together[kThreads];
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        alone[i] = collect(i);
+    }
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&, i] { together[i] = collect(i); });
+    }
+    for (int i = 0; i < kThreads; ++i) {
+        threads[i].join();
+        EXPECT_EQ(together[i], alone[i]) << i;
+    }
 }
 
 TEST(LunarDate, DayNumbers)

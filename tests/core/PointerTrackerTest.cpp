@@ -229,6 +229,16 @@ TEST(PointerTracker, ExtendedDragsKeepTheGrabAndPullEdges)
          "put 10-09:00 15-11:00"},
         {"right edge: not before the start", days, EDGE_RIGHT, CCHT_ONFULLDAYITEM, At(12), CCHT_ONFULLDAY, At(5),
          "put 10-09:00 10-23:59"},
+        {"right edge: exactly to the start",
+         {At(10, 9), At(12, 9)},
+         EDGE_RIGHT,
+         CCHT_ONFULLDAYITEM,
+         At(12),
+         CCHT_ONFULLDAY,
+         At(10),
+         "put 10-09:00 10-09:00"},
+        {"right edge: an item of one day keeps its end", timed, EDGE_RIGHT, CCHT_ONFULLDAYITEM, At(10), CCHT_ONFULLDAY,
+         At(5), "put 10-09:00 10-11:00"},
     };
     for (const Row& row : rows) {
         Mouse mouse;

@@ -39,7 +39,7 @@ public:
     {
         static const int sizes[] = {1, 2, 5, 7, 8, 13, 20, 29, 31, 40, 47, 90, 300, 640, 1200};
         const int width = sizes[Below(15)] + Below(7);
-        return CRect(0, 0, width, sizes[Below(15)] + Below(7));
+        return CRect(0, 0, width, sizes[Below(15)] + Below(27)); // a bar may end exactly at its box
     }
 
     COleDateTime Date()

@@ -156,6 +156,8 @@ TEST(MemFile, GrowsOrStaysAsItWasMade)
     EXPECT_TRUE(Throws<CFileException>([&] { file.Seek(-9, CFile::current); }));
     EXPECT_TRUE(Throws<CMemoryException>([&] { file.SetLength(~0ull); }));
     EXPECT_EQ(file.GetLength(), 8u);
+    file.SetLength(3);
+    EXPECT_EQ(file.GetPosition(), 3u) << "no further than the end";
 
     BYTE fixed[3] = {};
     CMemFile view(fixed, sizeof fixed);

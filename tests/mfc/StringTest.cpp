@@ -172,6 +172,9 @@ TEST(String, NeverTakesASecondByteForACharacter)
     EXPECT_STREQ(text.Tokenize("|\\", start), "A");
     EXPECT_STREQ(text.Tokenize("|\\", start), "");
     EXPECT_EQ(start, -1);
+    start = 0;
+    EXPECT_STREQ(text.Tokenize("表", start), "アポ");
+    EXPECT_STREQ(text.Tokenize("表", start), "|A\\") << "both bytes of the delimiter are skipped";
     EXPECT_STREQ(CString("\x83").MakeUpper(), "\x83") << "a lead byte alone at the end";
 }
 } // namespace

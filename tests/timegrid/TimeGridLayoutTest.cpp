@@ -216,6 +216,25 @@ TEST(HitTest, ManyDaysFindColumnAndRow)
     }
 }
 
+TEST(ClockTime, RoundsToTheSecondAndCarriesTheDay)
+{
+    constexpr double kSecond = 1.0 / 86400;
+    struct
+    {
+        double time;
+        int day, hour, minute;
+    } const cases[] = {
+        {40000 + 0.4 * kSecond, 40000, 0, 0},  {40000 + 59.4 * kSecond, 40000, 0, 0},
+        {40000 + 59.6 * kSecond, 40000, 0, 1}, {40001 - 0.6 * kSecond, 40000, 23, 59},
+        {40001 - 0.4 * kSecond, 40001, 0, 0},  {-3.75, -3, 18, 0},
+    };
+    for (const auto& c : cases) {
+        const ClockTime clock = ClockTimeOf(COleDateTime(c.time));
+        EXPECT_TRUE(clock.day == c.day && clock.hour == c.hour && clock.minute == c.minute)
+            << c.time << ": " << clock.day << " " << clock.hour << ":" << clock.minute;
+    }
+}
+
 TEST(CurrentCell, CountsQuarterHours)
 {
     const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 400, 400), true, 0, 1, 1);

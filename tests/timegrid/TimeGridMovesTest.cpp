@@ -96,8 +96,10 @@ TEST(Look, TextsTellWhatTheBoxCannot)
               caption.date + caption.weekday + caption.longDate + caption.holiday);
     EXPECT_EQ(u"", CaptionOfDay(showaDay, false, true).holiday);
     EXPECT_EQ(u" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true).solarTerm);
-    EXPECT_EQ(u"12.31 - 1.1",
-              CaptionOfDays(COleDateTime(2017, 12, 31, 0, 0, 0), COleDateTime(2018, 1, 1, 0, 0, 0)).date);
+    const COleDateTime newYearsEve(2017, 12, 31, 0, 0, 0);
+    const GridCaptionTexts days = CaptionOfDays(newYearsEve, AddDays(newYearsEve, 1));
+    EXPECT_EQ(u"12.31 - 1.1     31 December, 2017 - 1 January, 2018", days.date + days.longDate);
+    EXPECT_EQ(u"     25 December - 31 December, 2017", CaptionOfDays(AddDays(newYearsEve, -6), newYearsEve).longDate);
     EXPECT_EQ(u"4/29 (土)", HeaderOfDay(showaDay, true, u"").longDate);
     EXPECT_EQ(u"昭和の日", HeaderOfDay(showaDay, true, u"").note);
     const DayCalendar todaysLaw;
