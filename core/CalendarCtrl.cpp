@@ -82,7 +82,8 @@ END_MESSAGE_MAP()
 
 // ---- Lifetime
 
-CCalendarCtrl::CCalendarCtrl() : m_pointer(std::make_unique<PointerDriver>())
+CCalendarCtrl::CCalendarCtrl()
+    : m_pointer(std::make_unique<PointerDriver>()), m_themeWatch([this] { FollowSystemTheme(); })
 {
     for (const tagCALENDAR_DAY_COLOR& row : kDayColors) {
         m_arDayColors.Add(row);
@@ -120,6 +121,11 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         FinishEdit(TRUE);
         if (!alive) {
             return 0;
+        }
+    }
+    if (message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX) {
+        if (const LRESULT brush = ColorChild(reinterpret_cast<HDC>(wParam))) {
+            return brush;
         }
     }
     return CWnd::WindowProc(message, wParam, lParam);
@@ -249,6 +255,7 @@ void CCalendarCtrl::SetOptions(const CalendarOptions& options)
 {
     const CalendarOptions before = m_options;
     m_options = options;
+    m_themeWatch.Follow(options.followSystemTheme);
     OptionsChanged(before);
 }
 

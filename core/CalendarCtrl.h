@@ -23,6 +23,7 @@
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
 #include "CalendarRecords.h"
+#include "SystemTheme.h"
 #include "TextSettings.h"
 #include "WindowAlive.h"
 
@@ -184,6 +185,10 @@ public:
     void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; }
     void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; }
     const dayvane::CalendarColors& GetColors() const { return m_colors; }
+    // All colours at once, those of popups and of the edit box too; repaints. With the option followSystemTheme the
+    // system's next change replaces it.
+    void SetTheme(const CalendarTheme& theme);
+    const CalendarTheme& GetTheme() const { return m_theme; }
     void ShowCaption(BOOL bShow) { m_bShowCaption = bShow; }
     BOOL IsShowCaption() const { return m_bShowCaption; }
     void SetCaptionText(LPCTSTR lpszText) { m_strCaption = lpszText; }
@@ -301,6 +306,8 @@ protected:
     BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }
     void UpdateByParts(BOOL bParts) { m_bUpdateByParts = bParts; }
 
+    // The rows that day-colour numbers select, as the theme shows them.
+    const CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>& GetDayColors();
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
@@ -339,7 +346,8 @@ protected:
     int m_nVertScroll = 0; // pixels
     BOOL m_bHasFocus = FALSE;
 
-    dayvane::CalendarColors m_colors;
+    dayvane::CalendarColors m_colors; // as the theme has them
+    CalendarTheme m_theme;
     BOOL m_bShowCaption = TRUE;
     CString m_strCaption;
     BOOL m_bShowHoliday = TRUE;
@@ -413,9 +421,15 @@ private:
     tagCCHITTESTINFO KeyboardHit();
     dayvane::ItemEdge EdgeUnder(const tagCCHITTESTINFO& hit);
     void CancelTracking();
+    void FollowSystemTheme();
+    LRESULT ColorChild(HDC hDC);
 
     CFont m_fontCache[4]; // of GetFont
     std::vector<std::unique_ptr<CImageList>> m_imageLists;
     std::unique_ptr<dayvane::PointerDriver> m_pointer;
-    CInPlaceEdit* m_pEdit = nullptr; // the open edit box; deletes itself
+    CInPlaceEdit* m_pEdit = nullptr;                                            // the open edit box; deletes itself
+    dayvane::CalendarColors m_ownColors;                                        // without a theme
+    CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arThemedDays; // empty: to be made
+    CBrush m_pageBrush;                                                         // of edit and combo boxes
+    dayvane::SystemThemeWatch m_themeWatch;                                     // while the option is on
 };

@@ -35,6 +35,7 @@ void CCalendarCtrl::Layout(int cx, int cy)
 
 void CCalendarCtrl::Refresh()
 {
+    m_arThemedDays.RemoveAll(); // the host may have changed a row
     Layout();
     InvalidateClient();
 }

@@ -31,16 +31,20 @@ struct CalendarOptions
     bool moreList = false;     // a more-items mark opens the list of its items: EnableMoreList
     bool toolTips = false;     // mini calendars: the names of a day under the pointer
 
+    // ---- Look.
+
+    // Colours follow the system's: light (Calm), dark or high contrast, at once and whenever they change; see SetTheme.
+    bool followSystemTheme = false;
+
     // ---- Names for what comes next. These have no effect yet.
 
-    bool carefulDrops = false;      // a drop outside takes the move back; one that changes nothing is not reported
-    bool selectionEvents = false;   // CCN_SELCHANGED after a key, a press or a sweep has changed the selection
-    bool dialogKeys = false;        // Tab leaves the control after its last item; Escape reaches the dialog
-    bool wheelByDelta = false;      // wheel deltas add up, with Ctrl they change the time scale
-    bool keyboardMoves = false;     // keys move items
-    bool typeToEdit = false;        // typing opens the edit box
-    bool followDpi = false;         // sizes follow the resolution of the screen
-    bool followSystemTheme = false; // colours follow the system's
+    bool carefulDrops = false;    // a drop outside takes the move back; one that changes nothing is not reported
+    bool selectionEvents = false; // CCN_SELCHANGED after a key, a press or a sweep has changed the selection
+    bool dialogKeys = false;      // Tab leaves the control after its last item; Escape reaches the dialog
+    bool wheelByDelta = false;    // wheel deltas add up, with Ctrl they change the time scale
+    bool keyboardMoves = false;   // keys move items
+    bool typeToEdit = false;      // typing opens the edit box
+    bool followDpi = false;       // sizes follow the resolution of the screen
 
     // What we recommend: all of them.
     static CalendarOptions Modern();

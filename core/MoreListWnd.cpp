@@ -2,6 +2,7 @@
 
 #include "core/PopupPlace.h"
 #include "core/MoreListCtrl.h"
+#include "core/ThemeColors.h"
 #include "core/WindowHelpers.h"
 
 #include <utility>
@@ -183,14 +184,16 @@ void CMoreListWnd::DrawPopup(CDC* pDC)
 {
     CRect client;
     GetClientRect(&client);
-    pDC->FillSolidRect(&client, kGround);
+    const CalendarTheme& theme = m_pOwner->GetTheme();
+    const COLORREF ground = ThemeOr(theme.page, kGround);
+    pDC->FillSolidRect(&client, ground);
     for (int row = m_model.Top(); row < m_model.Top() + m_model.RowsInSight(); ++row) {
         CRect rect = m_model.RowRect(row);
         if (row == m_model.Current()) {
-            pDC->FillSolidRect(&rect, m_pOwner->GetColors().highlight);
+            pDC->FillSolidRect(&rect, ThemeOr(theme.focus, m_pOwner->GetColors().highlight));
         }
         rect.DeflateRect(kRowFrame, kRowFrame);
-        pDC->FillSolidRect(&rect, kGround);
+        pDC->FillSolidRect(&rect, ground);
         m_pOwner->DrawListedItem(pDC, m_model.Item(row), m_nItemVersion, rect);
     }
     if (m_model.Top() + m_model.RowsInSight() < m_model.Count()) {

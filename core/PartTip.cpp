@@ -1,5 +1,8 @@
 #include "core/PartTip.h"
 
+#include "core/SystemTheme.h"
+#include "core/ThemeColors.h"
+
 #include <commctrl.h>
 
 namespace dayvane {
@@ -43,7 +46,25 @@ bool PartTip::Create(HWND hOwner)
     const TTTOOLINFOW tool = ToolOf(hOwner, CRect(0, 0, 0, 0), noText);
     ::SendMessageW(m_hTip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     ::SendMessageW(m_hTip, TTM_SETMAXTIPWIDTH, 0, kMaxWidth);
+    if (m_theme != kClassicTheme) {
+        ShowColors();
+    }
     return true;
+}
+
+void PartTip::SetTheme(const CalendarTheme& theme)
+{
+    m_theme = theme;
+    if (m_hTip) {
+        ShowColors();
+    }
+}
+
+void PartTip::ShowColors() const
+{
+    ShowWindowInTheme(m_hTip, m_theme);
+    ::SendMessageW(m_hTip, TTM_SETTIPBKCOLOR, ThemeOr(m_theme.page, ::GetSysColor(COLOR_INFOBK)), 0);
+    ::SendMessageW(m_hTip, TTM_SETTIPTEXTCOLOR, ThemeOr(m_theme.pageText, ::GetSysColor(COLOR_INFOTEXT)), 0);
 }
 
 void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& text)

@@ -44,7 +44,7 @@ END_MESSAGE_MAP()
 
 CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassName)
     : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now())),
-      m_today([this] { Redraw(); })
+      m_themeWatch([this] { SetTheme(ThemeOf(GetSystemTheme())); }), m_today([this] { Redraw(); })
 {
     RegisterWindowClass(lpszClassName);
 }
@@ -148,7 +148,17 @@ bool CPeriodGridCtrl::IsDayOff(const COleDateTime& day) const
 void CPeriodGridCtrl::SetOptions(const CalendarOptions& options)
 {
     m_options = options;
+    m_themeWatch.Follow(options.followSystemTheme);
     ShowTip({});
+}
+
+void CPeriodGridCtrl::SetTheme(const CalendarTheme& theme)
+{
+    m_theme = theme;
+    m_tip.SetTheme(theme);
+    if (m_hWnd) {
+        Invalidate(FALSE);
+    }
 }
 
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
@@ -403,14 +413,14 @@ void CPeriodGridCtrl::DrawBackground(CDC* pDC)
 {
     CRect client;
     GetClientRect(&client);
-    pDC->FillSolidRect(&client, SystemPickerPalette().window);
+    pDC->FillSolidRect(&client, PickerPaletteOf(m_theme).window);
 }
 
 PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
 {
     PeriodGridState& state = *m_state;
     return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
-                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts});
+                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)

@@ -23,6 +23,7 @@
 
 #include "../core/CalendarOptions.h"
 #include "../core/PartTip.h"
+#include "../core/SystemTheme.h"
 #include "../core/TodayWatch.h"
 #include "../core/WindowAlive.h"
 
@@ -80,7 +81,10 @@ public:
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
-    // Of the options those that concern date selectors: toolTips (the names of a day).
+    // The colours of everything, popups and tips too; repaints. See CalendarTheme.h.
+    void SetTheme(const CalendarTheme& theme);
+    const CalendarTheme& GetTheme() const { return m_theme; }
+    // Of the options those that concern date selectors: toolTips (the names of a day), followSystemTheme.
     void SetOptions(const CalendarOptions& options);
     const CalendarOptions& GetOptions() const { return m_options; }
 
@@ -169,6 +173,8 @@ protected:
     PFNDOTCOLOR m_pfnDotColor = nullptr;
     LPARAM m_lDotParam = 0;
     CalendarOptions m_options;
+    CalendarTheme m_theme;
+    dayvane::SystemThemeWatch m_themeWatch;
     const dayvane::DayProvider* m_pDayProvider = nullptr;
     dayvane::PartTip m_tip;
     BOOL m_bTracksLeave = FALSE;

@@ -23,7 +23,7 @@ constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1, {6, 2}};
 } // namespace
 
 PeriodGridPainter::PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture)
-    : m_pDC(pDC), m_picture(picture), m_palette(picture.isEnabled ? SystemPickerPalette() : DisabledPickerPalette())
+    : m_pDC(pDC), m_picture(picture), m_palette(PickerPaletteOf(picture.theme, picture.isEnabled))
 {
 }
 
@@ -182,6 +182,9 @@ void PeriodGridPainter::DrawCellBack(const GridHit& hit, const PeriodCell& cell)
 
 COLORREF PeriodGridPainter::CellColor(const PeriodCell& cell, const CellMark& mark, int column) const
 {
+    if (m_palette.selectedText != CalendarTheme::kOwn && m_picture.model.IsCellSelected(cell.date)) {
+        return m_palette.selectedText;
+    }
     if (m_picture.model.Policy().unit != CellUnit::Day) {
         return m_palette.text;
     }

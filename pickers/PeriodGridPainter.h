@@ -28,6 +28,7 @@ struct PeriodGridPicture
     bool isEnabled;
     PickerFonts& textFonts;
     PickerFonts& numberFonts;
+    const CalendarTheme& theme = kClassicTheme;
 };
 
 class PeriodGridPainter

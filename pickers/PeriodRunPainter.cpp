@@ -5,8 +5,9 @@ namespace {
 constexpr int kShadeInset = 1; // pixels, of the chosen row's shade
 } // namespace
 
-PeriodRunPainter::PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts)
-    : m_pDC(pDC), m_policy(policy), m_run(run), m_fonts(fonts), m_palette(SystemPickerPalette())
+PeriodRunPainter::PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts,
+                                   const CalendarTheme& theme)
+    : m_pDC(pDC), m_policy(policy), m_run(run), m_fonts(fonts), m_palette(PickerPaletteOf(theme))
 {
 }
 
@@ -24,12 +25,14 @@ void PeriodRunPainter::DrawRow(int row) const
 {
     const CRect rect = m_run.RowRect(row);
     const int period = m_run.PeriodOfRow(row);
+    COLORREF color = m_palette.text;
     if (row == m_run.HotRow()) {
+        color = ThemeOr(m_palette.selectedText, color);
         CRect shade = rect;
         shade.DeflateRect(kShadeInset, kShadeInset);
         DrawRoundBox(m_pDC, shade, m_palette.selected, m_palette.selectedFrame);
     }
-    DrawCentredText(m_pDC, rect, PeriodTitle(m_policy, period), m_fonts.Get(period == m_run.Given()), m_palette.text);
+    DrawCentredText(m_pDC, rect, PeriodTitle(m_policy, period), m_fonts.Get(period == m_run.Given()), color);
 }
 
 } // namespace dayvane

@@ -9,7 +9,8 @@ namespace dayvane {
 class PeriodRunPainter
 {
 public:
-    PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts);
+    PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts,
+                     const CalendarTheme& theme = kClassicTheme);
     void Draw() const; // the given period is bold, the chosen row shaded
 
 private:

@@ -25,6 +25,7 @@ BOOL CPeriodSelCtrl::Open(CPeriodGridCtrl* pOwner, const CRect& rcTitle)
     const LPCTSTR lpszClass = AfxRegisterWndClass(kPopupClassStyle, ::LoadCursor(nullptr, IDC_ARROW),
                                                   reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
     m_pOwner = pOwner;
+    m_theme = pOwner->GetTheme();
     if (!CreatePopup(lpszClass, WS_BORDER, place.window, pOwner)) {
         return FALSE;
     }
@@ -63,7 +64,7 @@ CRect CPeriodSelCtrl::GetPeriodRect(int nPeriod) const
 
 void CPeriodSelCtrl::DrawPopup(CDC* pDC)
 {
-    PeriodRunPainter(pDC, m_policy, m_run, m_fonts).Draw();
+    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme).Draw();
 }
 
 void CPeriodSelCtrl::OnGone()

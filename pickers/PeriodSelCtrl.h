@@ -40,6 +40,7 @@ protected:
     const dayvane::PeriodPolicy& m_policy;
     dayvane::PeriodRun m_run;
     dayvane::PickerFonts m_fonts{dayvane::kTextFont};
+    CalendarTheme m_theme; // the owner's when it opened
 };
 
 // Months around the given one.

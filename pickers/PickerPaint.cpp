@@ -2,30 +2,70 @@
 
 #include "core/DrawingHelpers.h"
 
+#include <initializer_list>
+
 namespace dayvane {
 namespace {
 constexpr UINT kCentred = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 constexpr int kRoundCorner = 3; // pixels
 } // namespace
 
-PickerPalette SystemPickerPalette()
+namespace {
+
+PickerPalette SystemPalette()
 {
     PickerPalette palette = {};
     palette.window = ::GetSysColor(COLOR_WINDOW);
-    palette.text = ::GetSysColor(COLOR_WINDOWTEXT);
+    palette.text = palette.faceText = ::GetSysColor(COLOR_WINDOWTEXT);
     palette.disabledText = ::GetSysColor(COLOR_GRAYTEXT);
     palette.face = ::GetSysColor(COLOR_BTNFACE);
     return palette;
 }
 
-PickerPalette DisabledPickerPalette()
+void Put(COLORREF role, std::initializer_list<COLORREF*> colors)
 {
-    PickerPalette palette = SystemPickerPalette();
+    for (COLORREF* color : colors) {
+        *color = ThemeOr(role, *color);
+    }
+}
+
+void PutTheme(const CalendarTheme& theme, PickerPalette& palette)
+{
+    Put(theme.page, {&palette.window});
+    Put(theme.pageText, {&palette.text});
+    Put(theme.header, {&palette.face});
+    Put(theme.headerText, {&palette.faceText});
+    Put(theme.otherMonthText,
+        {&palette.disabledText, &palette.paleText, &palette.paleHoliday, &palette.paleSaturday, &palette.weekNumber});
+    Put(theme.holiday.text, {&palette.holiday});
+    Put(theme.saturday.text, {&palette.saturday});
+    Put(theme.border, {&palette.frame, &palette.hotFrame});
+    Put(theme.title, {&palette.bandFrom, &palette.bandTo});
+    Put(theme.titleText, {&palette.bandText, &palette.arrow});
+    Put(theme.hot, {&palette.bandHot, &palette.bandPressed, &palette.hot});
+    Put(theme.selection, {&palette.selected, &palette.paleSelected});
+    Put(theme.selectionText, {&palette.selectedText});
+    Put(theme.selectionFrame, {&palette.selectedFrame});
+    Put(theme.today, {&palette.today});
+}
+
+} // namespace
+
+PickerPalette PickerPaletteOf(const CalendarTheme& theme, bool isEnabled)
+{
+    PickerPalette palette = SystemPalette();
+    PutTheme(theme, palette);
+    if (isEnabled) {
+        return palette;
+    }
     const COLORREF gray = palette.disabledText;
     palette.text = palette.holiday = palette.saturday = palette.today = palette.weekNumber = gray;
+    palette.faceText = gray;
     palette.paleHoliday = palette.paleSaturday = palette.paleText;
-    palette.bandFrom = palette.bandTo = gray;
+    palette.bandFrom = palette.bandTo = ThemeOr(theme.title, gray);
+    palette.bandText = theme.title == CalendarTheme::kOwn ? palette.bandText : gray;
     palette.selected = palette.paleSelected = palette.face;
+    palette.selectedText = CalendarTheme::kOwn;
     palette.selectedFrame = palette.frame;
     return palette;
 }
@@ -51,6 +91,13 @@ void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color)
     for (int i = 0; i <= reach; ++i) {
         const int x = pointsLeft ? tip.x + i : tip.x - i;
         pDC->FillSolidRect(x, tip.y - i, 1, 2 * i + 1, color);
+    }
+}
+
+void DrawDownArrow(CDC* pDC, CPoint middle, int reach, COLORREF color)
+{
+    for (int i = 0; i <= reach; ++i) {
+        pDC->FillSolidRect(middle.x - i, middle.y + reach / 2 - i, 2 * i + 1, 1, color);
     }
 }
 

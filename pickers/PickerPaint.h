@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../core/Fonts.h"
+#include "../core/ThemeColors.h"
 
 #include <afxwin.h>
 
@@ -14,6 +15,7 @@ struct PickerPalette
     COLORREF text;
     COLORREF disabledText;
     COLORREF face;
+    COLORREF faceText;
     // Own colours, 0x00BBGGRR
     COLORREF paleText = 0xB8B0A8; // days of neighbour months
     COLORREF holiday = 0x2138EF;  // holidays and Sundays
@@ -33,11 +35,12 @@ struct PickerPalette
     COLORREF hotFrame = 0xE6C8A5;
     COLORREF today = 0x2138EF;
     COLORREF weekNumber = 0xA07050;
+    COLORREF arrow = 0xB99D7F;                   // in the year-month popup's band, at rest
+    COLORREF selectedText = CalendarTheme::kOwn; // kOwn: selected texts keep their colours
 };
 
-PickerPalette SystemPickerPalette();
-// The same with every text in the system's colour of what cannot be used.
-PickerPalette DisabledPickerPalette();
+// A control that cannot be used has all its texts in the colour that says so.
+PickerPalette PickerPaletteOf(const CalendarTheme& theme, bool isEnabled = true);
 
 constexpr FontSpec kTextFont{12, FW_NORMAL, SHIFTJIS_CHARSET, "MS UI Gothic"};
 constexpr FontSpec kNumberFont{14, FW_NORMAL, ANSI_CHARSET, "Westminster"};
@@ -61,6 +64,9 @@ void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pF
 // A filled triangle of `reach` + 1 lines: its tip at (tip.x, tip.y), its foot `reach` pixels to the right of the tip
 // for a left-pointing one, to the left otherwise, and `reach` pixels up and down.
 void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color);
+
+// The same pointing down, with its middle at a point.
+void DrawDownArrow(CDC* pDC, CPoint middle, int reach, COLORREF color);
 
 // A rounded box: corners of 3 pixels, a frame of one.
 void DrawRoundBox(CDC* pDC, const CRect& rect, COLORREF fill, COLORREF frame);

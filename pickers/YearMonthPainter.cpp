@@ -13,11 +13,12 @@ struct YearMonthPaintMetrics // pixels
     int droppedShift; // of the button's text while the popup is open
 };
 constexpr YearMonthPaintMetrics kMetrics{5, 1, 2, 1, 1};
+constexpr int kDropArrowShare = 5; // the drop arrow reaches a fifth of its button to each side
 
 } // namespace
 
 YearMonthPainter::YearMonthPainter(CDC* pDC, const YearMonthPicture& picture)
-    : m_pDC(pDC), m_picture(picture), m_palette(SystemPickerPalette())
+    : m_pDC(pDC), m_picture(picture), m_palette(PickerPaletteOf(picture.theme))
 {
 }
 
@@ -36,12 +37,14 @@ void YearMonthPainter::DrawMonths() const
         const CRect& cell = m_picture.layout.months[month];
         CRect box = cell;
         box.DeflateRect(kMetrics.monthInset, kMetrics.monthInset);
+        COLORREF color = m_palette.text;
         if (month == m_picture.selected.month) {
+            color = ThemeOr(m_palette.selectedText, color);
             DrawRoundBox(m_pDC, box, m_palette.selected, m_palette.selectedFrame);
         } else if (m_picture.hot.code == YearMonthCode::None && m_picture.hot.month == month) {
             DrawHotBox(box);
         }
-        DrawCentredText(m_pDC, cell, MonthText(month + 1), m_picture.fonts.text.Get(false), m_palette.text);
+        DrawCentredText(m_pDC, cell, MonthText(month + 1), m_picture.fonts.text.Get(false), color);
     }
 }
 
@@ -53,7 +56,7 @@ void YearMonthPainter::DrawHotBox(const CRect& box) const
 COLORREF YearMonthPainter::ArrowColor(YearMonthCode code) const
 {
     if (m_picture.hot.code != code) {
-        return m_palette.frame;
+        return m_palette.arrow;
     }
     return m_picture.isPressed ? m_palette.selected : m_palette.bandText;
 }
@@ -89,7 +92,7 @@ void YearMonthPainter::DrawFooter() const
 }
 
 PickerFacePainter::PickerFacePainter(CDC* pDC, const PickerFacePicture& picture)
-    : m_pDC(pDC), m_picture(picture), m_palette(picture.isDisabled ? DisabledPickerPalette() : SystemPickerPalette())
+    : m_pDC(pDC), m_picture(picture), m_palette(PickerPaletteOf(picture.theme, !picture.isDisabled))
 {
 }
 
@@ -106,7 +109,7 @@ void PickerFacePainter::Draw() const
     if (m_picture.isDropped) {
         place.OffsetRect(kMetrics.droppedShift, kMetrics.droppedShift);
     }
-    DrawCentredText(m_pDC, place, m_picture.text, m_picture.fonts.Get(false), m_palette.text);
+    DrawCentredText(m_pDC, place, m_picture.text, m_picture.fonts.Get(false), m_palette.faceText);
     if (m_picture.isFocused) {
         CRect focus = besideArrow;
         focus.DeflateRect(kMetrics.focusInset, kMetrics.focusInset);
@@ -117,6 +120,11 @@ void PickerFacePainter::Draw() const
 void PickerFacePainter::DrawDropArrow() const
 {
     CRect arrow = m_picture.arrow;
+    if (m_picture.theme.header != CalendarTheme::kOwn) {
+        m_pDC->FillSolidRect(&arrow, m_picture.isHot ? m_palette.hot : m_palette.face);
+        DrawDownArrow(m_pDC, arrow.CenterPoint(), arrow.Width() / kDropArrowShare, m_palette.faceText);
+        return;
+    }
     const UINT state = (m_picture.isDropped ? DFCS_PUSHED : 0) | (m_picture.isHot ? DFCS_HOT : 0) |
                        (m_picture.isDisabled ? DFCS_INACTIVE : 0);
     m_pDC->DrawFrameControl(&arrow, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | state);

@@ -20,6 +20,7 @@ struct YearMonthPicture
     bool isPressed; // the button is held on the hot part
     COleDateTime now;
     YearMonthFonts& fonts;
+    const CalendarTheme& theme = kClassicTheme;
 };
 
 class YearMonthPainter
@@ -51,6 +52,7 @@ struct PickerFacePicture
     bool isDisabled;
     bool isFocused;
     PickerFonts& fonts;
+    const CalendarTheme& theme = kClassicTheme;
 };
 
 class PickerFacePainter

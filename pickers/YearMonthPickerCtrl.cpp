@@ -46,7 +46,8 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearMonthPickerCtrl::CYearMonthPickerCtrl()
-    : m_dtCurrent(Now()), m_rcArrow(0, 0, 0, 0), m_pFonts(std::make_unique<PickerFonts>(kTextFont))
+    : m_dtCurrent(Now()), m_themeWatch([this] { SetTheme(ThemeOf(GetSystemTheme())); }), m_rcArrow(0, 0, 0, 0),
+      m_pFonts(std::make_unique<PickerFonts>(kTextFont))
 {
 }
 
@@ -83,6 +84,20 @@ void CYearMonthPickerCtrl::OnDestroy()
     m_bDropped = FALSE;
     m_hWndParent = nullptr;
     CButton::OnDestroy();
+}
+
+void CYearMonthPickerCtrl::SetOptions(const CalendarOptions& options)
+{
+    m_options = options;
+    m_themeWatch.Follow(options.followSystemTheme);
+}
+
+void CYearMonthPickerCtrl::SetTheme(const CalendarTheme& theme)
+{
+    m_theme = theme;
+    if (m_hWnd) {
+        Invalidate(FALSE);
+    }
 }
 
 void CYearMonthPickerCtrl::SetWindowSize()
@@ -207,7 +222,7 @@ void CYearMonthPickerCtrl::DrawButton(CDC* pDC)
 {
     CRect client;
     GetClientRect(&client);
-    pDC->FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
+    pDC->FillSolidRect(&client, PickerPaletteOf(m_theme).window);
     // The system's button painting sends WM_DRAWITEM to the parent, which reflects it to DrawItem.
     DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(pDC->m_hDC), 0);
 }
@@ -225,7 +240,7 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
     const UINT state = lpDrawItemStruct->itemState;
     PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
-                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts})
+                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts, m_theme})
         .Draw();
 }
 

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "../core/CalendarOptions.h"
+#include "../core/SystemTheme.h"
 #include "../core/WindowAlive.h"
 #include "YearMonthMessages.h"
 
@@ -39,9 +40,13 @@ public:
     BOOL IsDropped() const { return m_bDropped; }
     CYearMonthPopup* GetPopup() const { return m_pPopup; } // nullptr while none is open
 
-    // For hosts that give all controls the same options; none of them changes this control yet.
-    void SetOptions(const CalendarOptions& options) { m_options = options; }
+    // Of the options those that concern this control: followSystemTheme.
+    void SetOptions(const CalendarOptions& options);
     const CalendarOptions& GetOptions() const { return m_options; }
+
+    // The colours of button and popup; repaints. See CalendarTheme.h.
+    void SetTheme(const CalendarTheme& theme);
+    const CalendarTheme& GetTheme() const { return m_theme; }
 
     // Takes the parent, to which messages go, and sizes the button: the width it has, but at least twice its arrow;
     // the height that the system's arrows and edges ask for.
@@ -84,6 +89,8 @@ protected:
 
     COleDateTime m_dtCurrent;
     CalendarOptions m_options;
+    CalendarTheme m_theme;
+    dayvane::SystemThemeWatch m_themeWatch;
     BOOL m_bDropped = FALSE;
     CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it

@@ -30,6 +30,7 @@ CYearMonthPopup::CYearMonthPopup(int nYear, int nMonth, CYearMonthPickerCtrl* pP
 
 BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
 {
+    m_theme = m_pPicker->GetTheme();
     const CSize size(kYearMonthMetrics.popup);
     CRect picker;
     m_pPicker->GetWindowRect(&picker);
@@ -120,7 +121,7 @@ void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)
 
 void CYearMonthPopup::DrawPopup(CDC* pDC)
 {
-    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts}).Draw();
+    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts, m_theme}).Draw();
 }
 
 void CYearMonthPopup::MoveYear(int nYears)

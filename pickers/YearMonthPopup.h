@@ -60,5 +60,6 @@ protected:
     BOOL m_bOpened = FALSE;   // the window has come up
     BOOL m_bFinished = FALSE; // the picker has been notified, or must not be
     dayvane::YearMonthFonts m_fonts;
+    CalendarTheme m_theme;       // the picker's when it opened
     dayvane::TodayWatch m_today; // for the footer
 };

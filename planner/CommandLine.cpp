@@ -37,6 +37,7 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
         std::string& text = option == "--view"    ? line.view
                             : option == "--pages" ? line.pages
                             : option == "--paper" ? line.paper
+                            : option == "--theme" ? line.theme
                                                   : line.shot;
         text = value;
     }
@@ -45,7 +46,7 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
 
 bool IsOption(const std::string& argument)
 {
-    static const char* const options[] = {"--view", "--date", "--size", "--shot", "--pages", "--paper"};
+    static const char* const options[] = {"--view", "--date", "--size", "--shot", "--pages", "--paper", "--theme"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

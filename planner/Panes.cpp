@@ -2,6 +2,7 @@
 
 #include <afxpriv.h>
 
+#include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
 #include "planner/SystemText.h"
 #include "planner/resource.h"
@@ -93,6 +94,12 @@ void CSidePane::DocumentChanged()
     m_calendar.Refresh();
 }
 
+void CSidePane::SetTheme(planner::ThemeChoice choice)
+{
+    planner::ShowTheme(m_calendar, choice);
+    Invalidate();
+}
+
 BOOL CSidePane::IsShown(const COleDateTime& day) const
 {
     const auto& months = m_calendar.GetMonthCells();
@@ -134,9 +141,10 @@ void CSidePane::OnPaint()
     CPaintDC dc(this);
     CRect rest;
     GetClientRect(&rest);
-    dc.FillSolidRect(&rest, ::GetSysColor(COLOR_WINDOW));
+    const CalendarTheme& theme = m_calendar.GetTheme();
+    dc.FillSolidRect(&rest, planner::ListColors(theme).ground);
     rest.left = rest.right - kEdgeWidth;
-    dc.FillSolidRect(&rest, ::GetSysColor(COLOR_3DSHADOW));
+    dc.FillSolidRect(&rest, dayvane::ThemeOr(theme.border, ::GetSysColor(COLOR_3DSHADOW)));
 }
 
 BOOL CSidePane::OnEraseBkgnd(CDC*)
@@ -159,6 +167,7 @@ LRESULT CSidePane::OnSizeParent(WPARAM, LPARAM lParam)
 
 BEGIN_MESSAGE_MAP(CMessagePane, CListBox)
 ON_MESSAGE(WM_SIZEPARENT, &CMessagePane::OnSizeParent)
+ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 
 BOOL CMessagePane::Create(CWnd* pParent, UINT nID)
@@ -180,6 +189,22 @@ void CMessagePane::Show(const std::vector<planner::Message>& messages)
         line.Format("Line %d: ", message.line);
         AddString(line + planner::SystemText(message.text));
     }
+}
+
+void CMessagePane::SetTheme(const CalendarTheme& theme)
+{
+    m_theme = theme;
+    m_ground.DeleteObject();
+    m_ground.CreateSolidBrush(planner::ListColors(theme).ground);
+    Invalidate();
+}
+
+HBRUSH CMessagePane::CtlColor(CDC* pDC, UINT)
+{
+    const planner::PaneColors colors = planner::ListColors(m_theme);
+    pDC->SetTextColor(colors.text);
+    pDC->SetBkColor(colors.ground);
+    return static_cast<HBRUSH>(m_ground.GetSafeHandle());
 }
 
 LRESULT CMessagePane::OnSizeParent(WPARAM, LPARAM lParam)

@@ -6,6 +6,7 @@
 
 #include "pickers/MiniCalendarCtrl.h"
 #include "planner/BusyDays.h"
+#include "planner/PlannerTheme.h"
 
 class CSidePane : public CWnd
 {
@@ -19,6 +20,7 @@ public:
     // Selects the day; its month comes into view when it is not yet there.
     void Follow(const COleDateTime& day);
     void DocumentChanged();
+    void SetTheme(planner::ThemeChoice choice);
     CMiniCalendarCtrl& Calendar() { return m_calendar; }
     static int Width();
 
@@ -46,8 +48,14 @@ class CMessagePane : public CListBox
 public:
     BOOL Create(CWnd* pParent, UINT nID);
     void Show(const std::vector<planner::Message>& messages);
+    void SetTheme(const CalendarTheme& theme);
 
 protected:
     afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
+    afx_msg HBRUSH CtlColor(CDC* pDC, UINT nCtlColor);
     DECLARE_MESSAGE_MAP()
+
+private:
+    CalendarTheme m_theme;
+    CBrush m_ground;
 };

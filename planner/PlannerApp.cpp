@@ -59,6 +59,11 @@ BOOL CPlannerApp::InitInstance()
     if (!start.view.row) {
         m_line.problem = "There is no view '" + m_line.view + "'; there are " + planner::ViewNames() + ".";
     }
+    if (!m_line.theme.empty()) {
+        const std::optional<planner::ThemeChoice> theme = planner::FindTheme(m_line.theme);
+        start.theme = theme.value_or(start.theme);
+        m_line.problem = theme ? m_line.problem : "There is no theme '" + m_line.theme + "'.";
+    }
     start.day.SetStatus(COleDateTime::null);
     if (m_line.date) {
         start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);

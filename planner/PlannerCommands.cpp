@@ -162,6 +162,17 @@ void CPlannerFrame::OnUpdateSetting(CCmdUI* pCmdUI)
     pCmdUI->SetCheck(*SettingOf(pCmdUI->m_nID));
 }
 
+void CPlannerFrame::OnTheme(UINT nID)
+{
+    m_theme = static_cast<planner::ThemeChoice>(nID - ID_THEME_FIRST);
+    ApplyTheme();
+}
+
+void CPlannerFrame::OnUpdateTheme(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetRadio(pCmdUI->m_nID - ID_THEME_FIRST == static_cast<UINT>(m_theme));
+}
+
 CWnd* CPlannerFrame::PaneOf(UINT nID)
 {
     return nID == ID_VIEW_SIDE_PANE ? static_cast<CWnd*>(&m_sidePane) : &m_messagePane;

@@ -46,6 +46,7 @@ ON_COMMAND_RANGE(ID_VIEW_PREVIOUS, ID_VIEW_NEXT, &CPlannerFrame::OnStep)
 ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
 ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
 ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
+ON_COMMAND_RANGE(ID_THEME_FIRST, ID_THEME_LAST, &CPlannerFrame::OnTheme)
 ON_COMMAND(ID_VIEW_NEXT_PANE, &CPlannerFrame::OnNextPane)
 ON_COMMAND(ID_FILE_PAGE_SETUP, &CPlannerFrame::OnPageSetup)
 ON_COMMAND(ID_FILE_EXPORT_PAGES, &CPlannerFrame::OnExportPages)
@@ -58,12 +59,14 @@ ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_DAY, ID_VIEW_LAST, &CPlannerFrame::OnUpdateVi
 ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnUpdateDays)
 ON_UPDATE_COMMAND_UI_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnUpdateScale)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnUpdateSetting)
+ON_UPDATE_COMMAND_UI_RANGE(ID_THEME_FIRST, ID_THEME_LAST, &CPlannerFrame::OnUpdateTheme)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnUpdatePane)
 END_MESSAGE_MAP()
 
 CPlannerFrame::CPlannerFrame()
     : m_view(s_start.view.row ? s_start.view : planner::DefaultView()), m_day(s_start.day), m_editor(m_items),
-      m_sidePane(&CPlannerFrame::CalendarOf, reinterpret_cast<LPARAM>(this))
+      m_sidePane(&CPlannerFrame::CalendarOf, reinterpret_cast<LPARAM>(this)), m_theme(s_start.theme),
+      m_themeWatch([this] { ApplyTheme(); })
 {
     m_pages.asList = s_start.asList;
 }
@@ -92,6 +95,7 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
     const UINT panes[] = {ID_SEPARATOR, ID_SEPARATOR};
     m_statusBar.SetIndicators(panes, sizeof(panes) / sizeof(panes[0]));
     m_statusBar.SetPaneInfo(kCountPane, 0, 0, kCountPaneWidth);
+    m_themeWatch.Follow(true);
     RecalcLayout();
     return 0;
 }
@@ -311,12 +315,26 @@ void CPlannerFrame::Idle()
     }
 }
 
+void CPlannerFrame::ApplyTheme()
+{
+    const CalendarTheme theme = planner::ThemeOf(m_theme);
+    if (m_items.Ctrl()) {
+        planner::ShowTheme(*m_items.Ctrl(), m_theme);
+    }
+    m_toolBar.SetTheme(m_theme);
+    m_sidePane.SetTheme(m_theme);
+    m_messagePane.SetTheme(theme);
+    m_statusBar.SetTheme(theme);
+    planner::ShowTitleInTheme(m_hWnd, theme);
+}
+
 void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
 {
     tagCALENDAR_WORK_TIME hours;
     hours.dtStart.SetTime(kOfficeOpens, 0, 0);
     hours.dtEnd.SetTime(kOfficeCloses, 0, 0);
     ctrl.SetWorkTime(hours);
+    planner::ShowTheme(ctrl, m_theme);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);

@@ -8,6 +8,7 @@
 #include "planner/ItemEditor.h"
 #include "planner/Panes.h"
 #include "planner/PlannerDoc.h"
+#include "planner/PlannerTheme.h"
 #include "planner/PlannerToolBar.h"
 #include "planner/PrintedPages.h"
 #include "planner/ShownItems.h"
@@ -25,6 +26,7 @@ public:
         COleDateTime day;              // not valid: today, or where the items are
         CSize size = CSize(1180, 860); // pixels
         bool asList = false;           // printed as a list of items
+        planner::ThemeChoice theme = planner::ThemeChoice::System;
     };
     static Start s_start;
 
@@ -77,6 +79,7 @@ protected:
     afx_msg void OnScale(UINT nID);
     afx_msg void OnSetting(UINT nID);
     afx_msg void OnPane(UINT nID);
+    afx_msg void OnTheme(UINT nID);
     afx_msg void OnNextPane();
     afx_msg void OnPageSetup();
     afx_msg void OnExportPages();
@@ -89,6 +92,7 @@ protected:
     afx_msg void OnUpdateScale(CCmdUI* pCmdUI);
     afx_msg void OnUpdateSetting(CCmdUI* pCmdUI);
     afx_msg void OnUpdatePane(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateTheme(CCmdUI* pCmdUI);
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -103,6 +107,7 @@ private:
     void ShowCurrent();
     void Tell(const CString& text); // in the status bar, until something else is to be told
     void ApplySettings(CCalendarCtrl& ctrl);
+    void ApplyTheme();             // to the view, bars and panes
     bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages
     void SetUpPrinter();           // of the control, by the page settings
     BOOL* SettingOf(UINT nID);
@@ -120,11 +125,13 @@ private:
     planner::PageSettings m_pages;
 
     CPlannerToolBar m_toolBar;
-    CStatusBar m_statusBar;
+    CThemedStatusBar m_statusBar;
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
     int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;
     BOOL m_solarTerms = TRUE;
+    planner::ThemeChoice m_theme;
+    dayvane::SystemThemeWatch m_themeWatch;
 };

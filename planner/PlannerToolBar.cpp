@@ -2,6 +2,7 @@
 
 #include <afxpriv.h>
 
+#include "core/DrawingHelpers.h"
 #include "planner/resource.h"
 
 namespace {
@@ -28,12 +29,14 @@ constexpr Tool kTools[] = {
     {ID_VIEW_DIARY, "Diary"},   {ID_VIEW_MONTH, "Month"},
     {ID_VIEW_MONTH2, "Blocks"}, {ID_VIEW_YEAR, "Year"},
 };
+constexpr int kLongestTool = 64; // bytes of a text
 constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
 
 } // namespace
 
 BEGIN_MESSAGE_MAP(CPlannerToolBar, CToolBar)
 ON_WM_ERASEBKGND()
+ON_NOTIFY_REFLECT(NM_CUSTOMDRAW, &CPlannerToolBar::OnCustomDraw)
 ON_MESSAGE(WM_SIZEPARENT, &CPlannerToolBar::OnSizeParent)
 ON_MESSAGE(YMN_SELENDOK, &CPlannerToolBar::OnPickerMessage)
 END_MESSAGE_MAP()
@@ -122,8 +125,51 @@ BOOL CPlannerToolBar::OnEraseBkgnd(CDC* pDC)
 {
     CRect all;
     GetClientRect(&all);
-    pDC->FillSolidRect(&all, ::GetSysColor(COLOR_BTNFACE));
+    pDC->FillSolidRect(&all, planner::BarColors(m_picker.GetTheme()).ground);
     return TRUE;
+}
+
+void CPlannerToolBar::SetTheme(planner::ThemeChoice choice)
+{
+    planner::ShowTheme(m_picker, choice);
+    Invalidate();
+}
+
+// The bar draws itself, with the theme's colours.
+void CPlannerToolBar::OnCustomDraw(NMHDR* pHeader, LRESULT* pResult)
+{
+    NMTBCUSTOMDRAW& draw = *reinterpret_cast<NMTBCUSTOMDRAW*>(pHeader);
+    const CalendarTheme& theme = m_picker.GetTheme();
+    *pResult = CDRF_DODEFAULT;
+    if (theme == dayvane::kClassicTheme) {
+        return;
+    }
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        *pResult = CDRF_NOTIFYITEMDRAW;
+    } else if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) {
+        DrawTool(draw.nmcd);
+        *pResult = CDRF_SKIPDEFAULT;
+    }
+}
+
+void CPlannerToolBar::DrawTool(const NMCUSTOMDRAW& draw)
+{
+    const CalendarTheme& theme = m_picker.GetTheme();
+    CDC* pDC = CDC::FromHandle(draw.hdc);
+    const dayvane::SaveDcScope saved(pDC);
+    const dayvane::SelectGdi selectFont(pDC, GetFont());
+    CRect box(draw.rc);
+    const bool isChecked = (draw.uItemState & (CDIS_CHECKED | CDIS_SELECTED)) != 0;
+    if (isChecked || (draw.uItemState & CDIS_HOT) != 0) {
+        pDC->FillSolidRect(&box, isChecked ? theme.selection : theme.hot);
+        pDC->Draw3dRect(&box, theme.selectionFrame, theme.selectionFrame);
+    }
+    char text[kLongestTool] = "";
+    SendMessage(TB_GETBUTTONTEXT, draw.dwItemSpec, reinterpret_cast<LPARAM>(text));
+    const bool isDisabled = (draw.uItemState & (CDIS_DISABLED | CDIS_GRAYED)) != 0;
+    pDC->SetBkMode(TRANSPARENT);
+    pDC->SetTextColor(isDisabled ? theme.border : isChecked ? theme.selectionText : planner::BarColors(theme).text);
+    pDC->DrawText(text, &box, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
 }
 
 LRESULT CPlannerToolBar::OnPickerMessage(WPARAM wParam, LPARAM lParam)

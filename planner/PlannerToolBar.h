@@ -5,6 +5,7 @@
 #include <afxwin.h>
 
 #include "pickers/YearMonthPickerCtrl.h"
+#include "planner/PlannerTheme.h"
 
 class CPlannerToolBar : public CToolBar
 {
@@ -12,17 +13,20 @@ public:
     BOOL Create(CWnd* pParent);
     // Shows the month in the picker.
     void Follow(const COleDateTime& day);
+    void SetTheme(planner::ThemeChoice choice);
 
 protected:
     CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz) override;
     afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnCustomDraw(NMHDR* pHeader, LRESULT* pResult);
     // The picker's messages go on to the frame.
     afx_msg LRESULT OnPickerMessage(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:
     void PlacePicker();
+    void DrawTool(const NMCUSTOMDRAW& draw);
 
     CYearMonthPickerCtrl m_picker;
     bool m_isWrapped = false;

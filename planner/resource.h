@@ -40,6 +40,10 @@
 #define ID_SCALE_FINER 32846
 #define ID_SCALE_COARSER 32847
 
+// Colours, in the order of planner::ThemeChoice
+#define ID_THEME_FIRST 32860
+#define ID_THEME_LAST 32864
+
 // Page setup
 #define IDD_PAGES 140
 #define IDC_PAGES_FIRST 1100

@@ -15,6 +15,7 @@
 #include "calc/WorkHours.h"
 #include "calc/ZoneClock.h"
 #include "core/CalendarRecords.h"
+#include "core/CalendarTheme.h"
 #include "core/TextCodec.h"
 
 #ifdef _WIN32
@@ -25,6 +26,7 @@
 #include "core/CalendarView.h"
 #include "core/DrawingHelpers.h"
 #include "core/InPlaceEdit.h"
+#include "core/SystemTheme.h"
 #include "pickers/MiniCalendarCtrl.h"
 #include "pickers/MiniCalendarCtrl2.h"
 #include "pickers/YearMonthMessages.h"

@@ -281,4 +281,24 @@ TEST_F(PlannerWindow, ANewCalendarIsSavedAsACalendar)
     EXPECT_EQ(m_document->Calendar().EventCount(), 0u);
 }
 
+TEST_F(PlannerWindow, ThemeReachesViewPanesAndTheNextView)
+{
+    m_frame->SendMessage(WM_COMMAND, ID_THEME_FIRST + 3);
+    CWnd* side = m_frame->GetDlgItem(IDW_SIDE_PANE);
+    const auto groundOf = [](CWnd* window) {
+        CRect all;
+        window->GetClientRect(&all);
+        window->RedrawWindow();
+        CClientDC dc(window);
+        return dc.GetPixel(all.left + 2, all.bottom - 2);
+    };
+    EXPECT_EQ(m_frame->Items().Ctrl()->GetTheme(), CalendarTheme::Dark());
+    EXPECT_EQ(groundOf(side), CalendarTheme::Dark().page);
+    m_frame->SendMessage(WM_COMMAND, ID_VIEW_WEEK);
+    EXPECT_EQ(m_frame->Items().Ctrl()->GetTheme(), CalendarTheme::Dark());
+    m_frame->SendMessage(WM_COMMAND, ID_THEME_FIRST + 2);
+    EXPECT_EQ(m_frame->Items().Ctrl()->GetTheme(), CalendarTheme::Classic());
+    EXPECT_EQ(groundOf(side), ::GetSysColor(COLOR_WINDOW));
+}
+
 } // namespace

@@ -1,5 +1,6 @@
 #include "views/daygrid/BoxPainter.h"
 
+#include "core/DateMath.h"
 #include "core/WideText.h"
 #include "views/daygrid/BoxRange.h"
 
@@ -26,6 +27,10 @@ constexpr int kSelectionWidth = 2;       // of the frame of the current bar, pix
 constexpr COLORREF kUnfilled = 0xFFFFFF; // a background of this colour is not painted
 constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
 
+// Of more-items marks that are drawn, not copied from a picture.
+constexpr COLORREF kMarkGround = 0xFBEADB;
+constexpr COLORREF kMarkText = 0x8A4A20;
+
 struct WeekdayLook
 {
     const char16_t* name;
@@ -39,8 +44,33 @@ constexpr WeekdayLook kWeekdays[kMonthColumns] = {
 
 } // namespace
 
-BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors)
-    : m_dc(dc), m_parts(parts), m_colors(colors), m_clip(dc)
+namespace {
+
+DayFrameColors FlatFrame(const DayFrameColors& own, COLORREF outline, COLORREF ground)
+{
+    DayFrameColors colors = own;
+    colors.outline = ThemeOr(outline, own.outline);
+    colors.bottomLine = ThemeOr(outline, own.bottomLine);
+    if (ground != CalendarTheme::kOwn) {
+        colors.upperFrom = colors.upperTo = colors.lowerFrom = colors.lowerTo = ground;
+    }
+    return colors;
+}
+
+} // namespace
+
+DayFrameColors TodayFrameOf(const CalendarTheme& theme)
+{
+    return FlatFrame(kTodayFrame, theme.today, theme.todayGround);
+}
+
+DayFrameColors SelectedFrameOf(const CalendarTheme& theme)
+{
+    return FlatFrame(kSelectedDayFrame, theme.selectionFrame, theme.selection);
+}
+
+BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme)
+    : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_clip(dc)
 {
 }
 
@@ -57,7 +87,7 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     if (band.IsRectEmpty() || !IsVisible(band)) {
         return;
     }
-    DrawTitleBand(&m_dc, band, look.band);
+    DrawTitleBand(&m_dc, band, TitleBandOf(m_theme, look.band));
     m_dc.SetTextColor(m_colors.captionText);
     CRect text = band;
     text.DeflateRect(kPaint.captionInset, kPaint.captionInset);
@@ -75,7 +105,7 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
     if (!IsVisible(band)) {
         return;
     }
-    DrawHeaderBand(&m_dc, band, kHeaderBand);
+    DrawHeaderBand(&m_dc, band, HeaderBandOf(m_theme.header, kHeaderBand));
     const SelectGdi selectFont(&m_dc, m_parts.fonts.Weekday());
     // All names are of one width; where they do not fit, the first character identifies the day.
     const bool isShort = headerCells[0].m_rect.Width() < WideTextExtent(m_dc, kWeekdays[0].name).cx;
@@ -85,7 +115,10 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
             continue;
         }
         const WeekdayLook& weekday = kWeekdays[dayOfWeek - 1];
-        m_dc.SetTextColor(weekday.color);
+        const COLORREF role = dayOfWeek == kSunday     ? m_theme.headerHoliday
+                              : dayOfWeek == kSaturday ? m_theme.headerSaturday
+                                                       : m_theme.headerText;
+        m_dc.SetTextColor(ThemeOr(role, weekday.color));
         DrawWideText(m_dc, isShort ? std::u16string(weekday.name, 1) : weekday.name, headerCells[column].m_rect,
                      DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
@@ -96,6 +129,11 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
 void BoxPainter::DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const
 {
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, m_colors.grid));
+    const bool hasPage = m_theme.page != CalendarTheme::kOwn;
+    if (hasPage) {
+        m_parts.pens.Fill(&m_dc, calendar, m_theme.page);
+    }
+    const SelectGdi selectBrush(&m_dc, hasPage ? ::GetStockObject(HOLLOW_BRUSH) : nullptr);
     m_dc.Rectangle(&calendar);
     for (int x : lefts) {
         m_dc.MoveTo(x, calendar.top);
@@ -241,12 +279,28 @@ void BoxPainter::DrawBarText(CFont* pSelectedFont, const std::u16string& text, c
 
 void BoxPainter::DrawBarSelection(const CRect& frame) const
 {
-    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kSelectionWidth, m_colors.highlight));
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kSelectionWidth, ThemeOr(m_theme.focus, m_colors.highlight)));
     m_dc.MoveTo(frame.left, frame.top);
     m_dc.LineTo(frame.right, frame.top);
     m_dc.LineTo(frame.right, frame.bottom);
     m_dc.LineTo(frame.left, frame.bottom);
     m_dc.LineTo(frame.left, frame.top);
+}
+
+// A box with an arrow that points down.
+void BoxPainter::DrawMoreMark(const CRect& mark) const
+{
+    const COLORREF color = ThemeOr(m_theme.markText, kMarkText);
+    m_parts.pens.Fill(&m_dc, mark, ThemeOr(m_theme.mark, kMarkGround));
+    DrawOutline(mark, color);
+    const int reach = mark.Height() / 2 - 1;
+    const CPoint middle = mark.CenterPoint();
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, color));
+    for (int row = 0; row < reach; ++row) {
+        const int half = reach - row - 1;
+        m_dc.MoveTo(middle.x - half, middle.y - reach / 2 + row);
+        m_dc.LineTo(middle.x + half + 1, middle.y - reach / 2 + row);
+    }
 }
 
 void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
@@ -263,7 +317,7 @@ void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
 // A filled triangle whose tip is at x = tip and that widens in the direction given.
 void BoxPainter::DrawArrow(int tip, int middle, int direction) const
 {
-    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, kArrow));
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, ThemeOr(m_theme.itemArrow, kArrow)));
     for (int column = 0; column <= kArrowHeight / 2; ++column) {
         const int x = tip + direction * column;
         m_dc.MoveTo(x, middle - column);

@@ -4,7 +4,7 @@
 
 #include "../../core/CalendarColors.h"
 #include "../../core/ClipArea.h"
-#include "../../core/DrawingHelpers.h"
+#include "../../core/ThemePaint.h"
 #include "BoxParts.h"
 #include "DayGridParts.h"
 #include "DayLook.h"
@@ -38,6 +38,10 @@ struct DayFrameColors
     int bottomLineWidth; // pixels
 };
 constexpr DayFrameColors kTodayFrame = {0x216FF1, 2, 0xAAD9FF, 0x6FBCFF, 0x3FABFF, 0x7AE0FE, 0x216FF1, 2};
+// The frames of the present and of a selected day.
+DayFrameColors TodayFrameOf(const CalendarTheme& theme);
+DayFrameColors SelectedFrameOf(const CalendarTheme& theme);
+
 constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0xFFB06B, 0xFFCEA4, 0xEAB990, 1};
 
 // The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right.
@@ -50,11 +54,11 @@ struct StripTexts
     COLORREF annotationColor;
 };
 
-// One paint of a view into a device context, which must outlive it, as must parts and colours.
+// One paint of a view into a device context, which must outlive it, as must parts, colours and theme.
 class BoxPainter
 {
 public:
-    BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors);
+    BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme = kClassicTheme);
 
     bool IsVisible(const CRect& rect) const; // some of it is to be painted
 
@@ -75,6 +79,7 @@ public:
     // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
     void DrawBarText(CFont* pSelectedFont, const std::u16string& text, const CRect& content, bool centered) const;
     void DrawBarSelection(const CRect& frame) const; // along its edges, the right and bottom ones too
+    void DrawMoreMark(const CRect& mark) const;
     // One pixel wide, along the inner edges of the rectangle.
     void DrawOutline(const CRect& rect, COLORREF color) const;
 
@@ -85,6 +90,7 @@ private:
     CDC& m_dc;
     DayGridParts& m_parts;
     const CalendarColors& m_colors;
+    const CalendarTheme& m_theme;
     ClipArea m_clip;
 };
 

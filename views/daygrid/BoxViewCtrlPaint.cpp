@@ -49,12 +49,12 @@ void CBoxViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CBoxViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)
 {
-    DrawFrame(pDC, rect, kTodayFrame);
+    DrawFrame(pDC, rect, TodayFrameOf(m_theme));
 }
 
 void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 {
-    DrawFrame(pDC, rect, kSelectedDayFrame);
+    DrawFrame(pDC, rect, SelectedFrameOf(m_theme));
 }
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)

@@ -4,6 +4,7 @@
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
 #include "core/PaintedState.h"
+#include "core/ThemeColors.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxRange.h"
@@ -264,7 +265,7 @@ void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
 
 BoxPainter CDayGridCtrl::PainterOn(CDC* pDC)
 {
-    return BoxPainter(*pDC, *m_parts, m_colors);
+    return BoxPainter(*pDC, *m_parts, m_colors, m_theme);
 }
 
 void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns)
@@ -306,6 +307,17 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
 
 void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
 {
+    if (ChangesItems(m_theme)) {
+        tagCALENDAR_ITEM themed = item;
+        ThemeItem(themed, m_theme, ItemGround::WhiteIsNone);
+        DrawThemedBar(pDC, painter, themed);
+    } else {
+        DrawThemedBar(pDC, painter, item);
+    }
+}
+
+void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
+{
     const BarParts parts = PartsOfBar(item);
     painter.DrawBar(item, parts);
     CRect content = parts.content;
@@ -328,7 +340,12 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDA
 void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
 {
     const CRect mark = MoreMarkOf(box);
-    if (m_hMoreMark && pDC->RectVisible(&mark)) {
+    if (!pDC->RectVisible(&mark)) {
+        return;
+    }
+    if (m_theme.mark != CalendarTheme::kOwn) {
+        PainterOn(pDC).DrawMoreMark(mark);
+    } else if (m_hMoreMark) {
         ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,
                      kMoreMarkWidth, kMoreMarkHeight, 0, nullptr, DI_NORMAL);
     }

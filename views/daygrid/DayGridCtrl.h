@@ -81,6 +81,8 @@ protected:
     void DrawBars(CDC* pDC, CItemArray& items);
     void DrawBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
 
+    void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
+
     void PreparePainting(); // makes the mark of hidden items, once there is a window
     dayvane::BoxPainter PainterOn(CDC* pDC);
     // The border of the calendar and the lines between the boxes, so many in a row.

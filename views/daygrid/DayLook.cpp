@@ -24,7 +24,7 @@ const tagCALENDAR_DAY_COLOR& RowOf(const BoxDay& info, int dayColor, const DayCo
 COLORREF TextColorOf(const BoxDay& info, int dayColor, const DayLookInput& input)
 {
     if (dayColor == 0 && input.dimOtherMonths && !(info.m_nFlags & DAY_IN_MONTH)) {
-        return input.colors[DAYROW_ORDINARY].crColor[DAYCOLOR_OTHERMONTH];
+        return ThemeOr(input.otherMonthText, input.colors[DAYROW_ORDINARY].crColor[DAYCOLOR_OTHERMONTH]);
     }
     return RowOf(info, dayColor, input.colors).crColor[DAYCOLOR_TEXT];
 }

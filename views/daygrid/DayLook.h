@@ -2,11 +2,10 @@
 #pragma once
 
 #include "../../core/TextSettings.h"
+#include "../../core/ThemeColors.h"
 #include "DayCells.h"
 
 namespace dayvane {
-
-using DayColorTable = CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>;
 
 // Columns of a row of the day colours, and the rows that days get unless the host sets another.
 enum DayColorColumn
@@ -34,6 +33,7 @@ struct DayLookInput
     int lastSelected;
     bool dimOtherMonths = true; // days outside the month that the view is built around
     TextSettings texts = {};
+    COLORREF otherMonthText = CalendarTheme::kOwn; // kOwn: the table's
 };
 
 struct DayLook

@@ -1,7 +1,7 @@
 // The month view's variant: one item a day as a block that fills the cell.
 #include "views/daygrid/MonthViewCtrl.h"
 
-#include "core/DrawingHelpers.h"
+#include "core/ThemePaint.h"
 #include "core/WideText.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxRange.h"
@@ -60,7 +60,9 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
     const BoxPainter painter = PainterOn(pDC);
     for (int cell = 0; cell < kMonthCells; ++cell) {
         if (lastOfCell[cell] != -1 && painter.IsVisible(screenItems[lastOfCell[cell]].rcItem)) {
-            DrawBlock(pDC, painter, screenItems[lastOfCell[cell]], hasCurrent[cell]);
+            tagCALENDAR_ITEM themed = screenItems[lastOfCell[cell]];
+            ThemeItem(themed, m_theme, ItemGround::WhiteIsNone);
+            DrawBlock(pDC, painter, themed, hasCurrent[cell]);
         }
     }
 }
@@ -75,7 +77,7 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCA
     if (item.crColor2 != kUnfilled) {
         pDC->FillSolidRect(&block, item.crColor2);
     }
-    painter.DrawOutline(block, kBlockOutline);
+    painter.DrawOutline(block, ThemeOr(m_theme.itemOutline, kBlockOutline));
     CRect content = block;
     content.DeflateRect(kContentInset, kContentInset);
     const CRect selection(content.left - 1, content.top - 1, content.right + 1, content.bottom + 1);
@@ -94,6 +96,6 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCA
         }
     }
     if (current) {
-        painter.DrawOutline(selection, m_colors.highlight);
+        painter.DrawOutline(selection, ThemeOr(m_theme.focus, m_colors.highlight));
     }
 }

@@ -31,8 +31,9 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 DayLookInput CMonthViewCtrl::LookInput()
 {
     DayLookInput input = {
-        m_arDayColors, m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
+        GetDayColors(), m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
         m_texts};
+    input.otherMonthText = m_theme.otherMonthText;
     COleDateTime begin;
     COleDateTime end;
     input.showSelection = GetSelRange(begin, end) && IsSelectionShown();
@@ -94,10 +95,10 @@ void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), kTodayFrame);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), TodayFrameOf(m_theme));
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), kSelectedDayFrame);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), SelectedFrameOf(m_theme));
 }

@@ -2,7 +2,7 @@
 #include "views/daygrid/WeekViewCtrl.h"
 
 #include "core/DateMath.h"
-#include "core/DrawingHelpers.h"
+#include "core/ThemePaint.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxViewState.h"
 
@@ -145,7 +145,7 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 
 DayLook CWeekViewCtrl::LookOf(int nDay)
 {
-    const DayLookInput input = {m_arDayColors,
+    const DayLookInput input = {GetDayColors(),
                                 m_colors.highlightText,
                                 m_bShowHoliday != FALSE,
                                 m_bShow24Setuki != FALSE,
@@ -172,7 +172,9 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     const int day = BoxOfStrip(rcCaption);
     const bool isNextWeek = day == kLastShown;
     if (day == -1 || (!IsToday(day) && !IsBoxSelected(day))) {
-        DrawHeaderBand(pDC, rcCaption, isNextWeek ? kNextWeekStrip : kHeaderBand);
+        DrawHeaderBand(pDC, rcCaption,
+                       isNextWeek ? HeaderBandOf(m_theme.headerOther, kNextWeekStrip)
+                                  : HeaderBandOf(m_theme.header, kHeaderBand));
     }
     if (day == -1 || !IsValid(m_arDayDate[day].m_date)) {
         return;
@@ -181,7 +183,9 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     const DayLook look = LookOf(day);
     const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
     const int dayOfWeek = date.GetDayOfWeek();
-    COLORREF color = dayOfWeek == kSunday || isDayOff ? kDayOffText : dayOfWeek == kSaturday ? kSaturdayText : kDayText;
+    COLORREF color = dayOfWeek == kSunday || isDayOff ? ThemeOr(m_theme.headerHoliday, kDayOffText)
+                     : dayOfWeek == kSaturday         ? ThemeOr(m_theme.headerSaturday, kSaturdayText)
+                                                      : ThemeOr(m_theme.headerText, kDayText);
     if (look.selected) {
         color = m_colors.highlightText;
     }

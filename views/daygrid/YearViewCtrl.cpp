@@ -2,7 +2,7 @@
 #include "views/daygrid/YearViewCtrl.h"
 
 #include "core/DateMath.h"
-#include "core/DrawingHelpers.h"
+#include "core/ThemePaint.h"
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxViewState.h"
 
@@ -179,13 +179,14 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 {
     const int month = BoxOfStrip(rcCaption);
     if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
-        DrawHeaderBand(pDC, rcCaption, kHeaderBand);
+        DrawHeaderBand(pDC, rcCaption, HeaderBandOf(m_theme.header, kHeaderBand));
     }
     if (month == -1 || !HasRange()) {
         return;
     }
-    const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : kMonthText;
-    const COLORREF nameColor = IsBoxSelected(month) || IsToday(month) ? textColor : m_crAccent;
+    const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : ThemeOr(m_theme.headerText, kMonthText);
+    const COLORREF nameColor =
+        IsBoxSelected(month) || IsToday(month) ? textColor : ThemeOr(m_theme.headerText, m_crAccent);
     CString number;
     number.Format("%d", month + 1);
     const std::u16string name = DecodeText(Range().DateOfBox(month).Format("%B"), kSystemCodePage);
@@ -194,6 +195,10 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
 {
+    if (m_theme.mark != CalendarTheme::kOwn) {
+        DrawMoreMark(pDC, m_rcMonth[nBox]);
+        return;
+    }
     BITMAP bitmap = {};
     if (!m_bmMore.GetSafeHandle() || !m_bmMore.GetBitmap(&bitmap)) {
         return;

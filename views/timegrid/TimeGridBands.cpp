@@ -2,6 +2,8 @@
 #include "core/WideText.h"
 #include "views/timegrid/TimeGridPainter.h"
 
+#include "core/DateMath.h"
+
 #include <algorithm>
 
 namespace dayvane {
@@ -33,11 +35,14 @@ bool IsLight(COLORREF color)
     return GetRValue(color) + GetGValue(color) + GetBValue(color) >= kHalf;
 }
 
-COLORREF WeekdayColor(int dayOfWeek, COLORREF ordinary)
-{
-    return dayOfWeek == 1 ? kTimeGridPalette.sunday : dayOfWeek == 7 ? kTimeGridPalette.saturday : ordinary;
-}
 } // namespace
+
+COLORREF TimeGridPainter::HeaderColor(int dayOfWeek, COLORREF ordinary) const
+{
+    return dayOfWeek == kSunday     ? ThemeOr(m_theme.headerHoliday, kTimeGridPalette.sunday)
+           : dayOfWeek == kSaturday ? ThemeOr(m_theme.headerSaturday, kTimeGridPalette.saturday)
+                                    : ordinary;
+}
 
 // ---- Fonts
 
@@ -72,22 +77,23 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
     if (!IsVisible(caption)) {
         return;
     }
-    DrawTitleBand(&m_dc, caption, kTimeGridPalette.dayCaption);
+    DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, kTimeGridPalette.dayCaption));
     CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
                caption.bottom - kBandPaint.captionBottom);
     // The band is light: a light text needs an edge to be read.
     const COLORREF plain = m_colors.captionText;
-    const COLORREF shadow = IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
+    const bool hasOwnGround = m_theme.title == CalendarTheme::kOwn;
+    const COLORREF shadow = hasOwnGround && IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
     {
         const SelectGdi selectFont(&m_dc, date);
         DrawCaptionPart(area, texts.date, plain, shadow);
     }
     area.bottom -= kBandPaint.baselineStep;
     const SelectGdi selectFont(&m_dc, text);
-    const COLORREF weekday = WeekdayColor(dayOfWeek, plain);
+    const COLORREF weekday = HeaderColor(dayOfWeek, plain);
     DrawCaptionPart(area, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
     DrawCaptionPart(area, texts.longDate, plain, shadow);
-    DrawCaptionPart(area, texts.holiday, kTimeGridPalette.holiday);
+    DrawCaptionPart(area, texts.holiday, ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday));
     DrawCaptionPart(area, texts.solarTerm, plain, shadow);
 }
 
@@ -99,7 +105,7 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
     }
     // Pale enough for the dark text that the settings begin with.
     const COLORREF middle = Paler(m_colors.caption);
-    DrawTitleBand(&m_dc, caption, TitleBandColors{Paler(middle), middle, m_colors.caption});
+    DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, {Paler(middle), middle, m_colors.caption}));
     CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
                caption.bottom - kBandPaint.captionBottom);
     {
@@ -116,7 +122,7 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
 void TimeGridPainter::DrawHeaderBackground(const CRect& header) const
 {
     if (IsVisible(header)) {
-        DrawHeaderBand(&m_dc, header, kHeaderBand);
+        DrawHeaderBand(&m_dc, header, HeaderBandOf(m_theme.header, kHeaderBand));
     }
 }
 
@@ -135,8 +141,9 @@ void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor) con
     if (!IsVisible(box)) {
         return;
     }
-    DrawGradient(&m_dc, box, Paler(Paler(todayColor)), todayColor, FALSE, TRUE);
-    DrawHeaderFrame(box, kTimeGridPalette.todayFrame);
+    DrawGradient(&m_dc, box, ThemeOr(m_theme.todayGround, Paler(Paler(todayColor))),
+                 ThemeOr(m_theme.todayGround, todayColor), FALSE, TRUE);
+    DrawHeaderFrame(box, ThemeOr(m_theme.today, kTimeGridPalette.todayFrame));
 }
 
 void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
@@ -159,11 +166,13 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
     const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
     area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
-    m_dc.SetTextColor(isDayOff ? kTimeGridPalette.holiday : WeekdayColor(day.dayOfWeek, kTimeGridPalette.headerText));
+    const COLORREF holiday = ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday);
+    const COLORREF ordinary = ThemeOr(m_theme.headerText, kTimeGridPalette.headerText);
+    m_dc.SetTextColor(isDayOff ? holiday : HeaderColor(day.dayOfWeek, ordinary));
     DrawWideText(m_dc, date, area, flags);
     if (hasNote) {
         area.left += dateWidth + kBandPaint.headerNoteGap;
-        m_dc.SetTextColor(kTimeGridPalette.holiday);
+        m_dc.SetTextColor(holiday);
         DrawWideText(m_dc, texts.note, area, flags);
     }
 }

@@ -88,7 +88,7 @@ TimeGridState CTimeGridCtrl::State() const
 
 TimeGridPainter CTimeGridCtrl::Painter(CDC* pDC) const
 {
-    return TimeGridPainter(*pDC, State(), m_colors);
+    return TimeGridPainter(*pDC, State(), m_colors, m_theme);
 }
 
 // A derived class may have moved what its hook was given: what it left is what holds.

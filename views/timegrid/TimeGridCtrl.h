@@ -170,6 +170,11 @@ private:
     void DrawNowLine(CDC* pDC);
     void DrawMoreMarks(CDC* pDC);
     void DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text);
+    template <class Draw>
+    void DrawInTheme(const tagCALENDAR_ITEM& item, Draw draw);
+    void DrawTimedBox(CDC* pDC, const dayvane::TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
+                      int nColumnRight);
+    void DrawThemedBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

@@ -2,6 +2,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/ThemeColors.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -92,7 +93,7 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     if (IsSelectionDrawn() && !m_bFulldaySelection) {
         selected = SelectedRows(state, nColumn, m_dtSelBegin, m_dtSelEnd);
     }
-    const RowLookInput input = {state.scale, m_arDayColors[tone.colorRow], m_colors.highlight,
+    const RowLookInput input = {state.scale, GetDayColors()[tone.colorRow], m_colors.highlight,
                                 m_workTime.dtStart.GetHour()};
     const RowRange rows = painter.VisibleRows();
     std::vector<RowLook> looks;
@@ -113,6 +114,19 @@ void CTimeGridCtrl::DrawNowLine(CDC* pDC)
 
 // ---- Items
 
+// Items that the theme shows in other colours than they have are drawn from a copy.
+template <class Draw>
+void CTimeGridCtrl::DrawInTheme(const tagCALENDAR_ITEM& item, Draw draw)
+{
+    if (ChangesItems(m_theme)) {
+        tagCALENDAR_ITEM themed = item;
+        ThemeItem(themed, m_theme, ItemGround::Filled);
+        draw(themed);
+    } else {
+        draw(item);
+    }
+}
+
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
     DrawTimedItem(pDC, Painter(pDC), item, nColumnRight);
@@ -120,6 +134,12 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nC
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
                                   int nColumnRight)
+{
+    DrawInTheme(item, [&](const tagCALENDAR_ITEM& themed) { DrawTimedBox(pDC, painter, themed, nColumnRight); });
+}
+
+void CTimeGridCtrl::DrawTimedBox(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
+                                 int nColumnRight)
 {
     const TimeGridState state = State();
     PaintedBox box = PaintedTimedBox(state, item, nColumnRight);
@@ -162,6 +182,12 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
 }
 
 void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text)
+{
+    DrawInTheme(item, [&](const tagCALENDAR_ITEM& themed) { DrawThemedBar(pDC, rcBand, themed, text); });
+}
+
+void CTimeGridCtrl::DrawThemedBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item,
+                                  const std::u16string& text)
 {
     const TimeGridPainter painter = Painter(pDC);
     PaintedBox bar = PaintedBandBar(rcBand, item);

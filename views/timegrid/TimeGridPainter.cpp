@@ -30,8 +30,9 @@ enum : int
 };
 } // namespace
 
-TimeGridPainter::TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors)
-    : m_dc(dc), m_state(state), m_colors(colors), m_clip(dc)
+TimeGridPainter::TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors,
+                                 const CalendarTheme& theme)
+    : m_dc(dc), m_state(state), m_colors(colors), m_theme(theme), m_clip(dc)
 {
 }
 
@@ -187,7 +188,7 @@ void TimeGridPainter::DrawNowLine(const CRect& column, const ClockTime& now) con
     const int y = m_state.TopOfRow(0) + minute * m_state.scale.HourHeight() / kMinutesPerHour;
     const CRect line(column.left, y, column.right, y + kPaint.nowLineHeight);
     if (now.isValid && y >= column.top && IsVisible(line)) {
-        m_dc.FillSolidRect(&line, kTimeGridPalette.nowLine);
+        m_dc.FillSolidRect(&line, ThemeOr(m_theme.nowLine, kTimeGridPalette.nowLine));
     }
 }
 
@@ -235,8 +236,8 @@ void TimeGridPainter::DrawBandBar(const tagCALENDAR_ITEM& item, const PaintedBox
 
 void TimeGridPainter::DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const
 {
-    DrawBoxEdges(painted.box, isCurrent ? m_colors.highlight : item.crColor4, isCurrent ? kPaint.currentFrame : OUTLINE,
-                 painted.leftEdge, painted.rightEdge);
+    DrawBoxEdges(painted.box, isCurrent ? ThemeOr(m_theme.focus, m_colors.highlight) : item.crColor4,
+                 isCurrent ? kPaint.currentFrame : OUTLINE, painted.leftEdge, painted.rightEdge);
 }
 
 void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit,
@@ -270,10 +271,11 @@ void TimeGridPainter::DrawMoreMark(const CRect& box, const std::u16string& text,
     if (!IsVisible(box)) {
         return;
     }
-    m_dc.FillSolidRect(&box, m_colors.ruler);
-    DrawBoxEdges(box, m_colors.rulerText, OUTLINE, true, true);
+    const COLORREF textColor = ThemeOr(m_theme.markText, m_colors.rulerText);
+    m_dc.FillSolidRect(&box, ThemeOr(m_theme.mark, m_colors.ruler));
+    DrawBoxEdges(box, textColor, OUTLINE, true, true);
     const SelectGdi selectFont(&m_dc, font);
-    m_dc.SetTextColor(m_colors.rulerText);
+    m_dc.SetTextColor(textColor);
     DrawWideText(m_dc, text, box, DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
 }
 

@@ -4,7 +4,7 @@
 
 #include "../../core/CalendarColors.h"
 #include "../../core/ClipArea.h"
-#include "../../core/DrawingHelpers.h"
+#include "../../core/ThemePaint.h"
 #include "../../core/Fonts.h"
 #include "TimeGridHit.h"
 #include "TimeGridLook.h"
@@ -49,11 +49,12 @@ private:
     FontCache m_cache;
 };
 
-// One paint of a time grid into a device context, which must outlive it, as must frame and colours.
+// One paint of a time grid into a device context, which must outlive it, as must frame, colours and theme.
 class TimeGridPainter
 {
 public:
-    TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors);
+    TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors,
+                    const CalendarTheme& theme = kClassicTheme);
 
     bool IsVisible(const CRect& rect) const;
     // Some of the item, or of its marks and icon, which reach so far down, is to be painted.
@@ -99,11 +100,13 @@ private:
     void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right) const;
     void DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     void DrawStripe(const CRect& box, COLORREF color) const;
+    COLORREF HeaderColor(int dayOfWeek, COLORREF ordinary) const;
     void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
 
     CDC& m_dc;
     TimeGridState m_state;
     const CalendarColors& m_colors;
+    const CalendarTheme& m_theme;
     ClipArea m_clip;
 };
 

@@ -67,7 +67,7 @@ void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)
 
 void CWeekDayViewCtrl::DrawFocusRect(CDC* pDC, CRect rcBox)
 {
-    Painter(pDC).DrawHeaderFrame(rcBox, kTimeGridPalette.focusFrame);
+    Painter(pDC).DrawHeaderFrame(rcBox, ThemeOr(m_theme.selectionFrame, kTimeGridPalette.focusFrame));
 }
 
 void CWeekDayViewCtrl::DrawGrid(CDC* pDC, CRect rcGrid)

@@ -1,0 +1,202 @@
+#include "core/SystemTheme.h"
+
+#include "core/ThemeColors.h"
+
+#include <afxwin.h>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+CalendarTheme CalendarTheme::HighContrast()
+{
+    return HighContrast({::GetSysColor(COLOR_WINDOW), ::GetSysColor(COLOR_WINDOWTEXT), ::GetSysColor(COLOR_BTNFACE),
+                         ::GetSysColor(COLOR_BTNTEXT), ::GetSysColor(COLOR_HIGHLIGHT),
+                         ::GetSysColor(COLOR_HIGHLIGHTTEXT), ::GetSysColor(COLOR_GRAYTEXT)});
+}
+
+namespace dayvane {
+namespace {
+
+constexpr char kWindowName[] = "DayvaneThemeWatch";
+constexpr char kThemeSetting[] = "ImmersiveColorSet"; // of WM_SETTINGCHANGE
+constexpr char kThemeKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize";
+constexpr char kLightValue[] = "AppsUseLightTheme";
+
+bool IsHighContrast()
+{
+    HIGHCONTRASTA contrast = {};
+    contrast.cbSize = sizeof(contrast);
+    return ::SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+bool WantsDarkPrograms()
+{
+    HKEY key = nullptr;
+    if (::RegOpenKeyExA(HKEY_CURRENT_USER, kThemeKey, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
+        return false;
+    }
+    DWORD light = 1;
+    DWORD size = sizeof(light);
+    DWORD type = 0;
+    const LONG result = ::RegQueryValueExA(key, kLightValue, nullptr, &type, reinterpret_cast<BYTE*>(&light), &size);
+    ::RegCloseKey(key);
+    return result == ERROR_SUCCESS && type == REG_DWORD && light == 0;
+}
+
+SystemTheme AskSystem()
+{
+    return IsHighContrast() ? SystemTheme::HighContrast : WantsDarkPrograms() ? SystemTheme::Dark : SystemTheme::Light;
+}
+
+SystemTheme (*g_query)() = &AskSystem;
+
+bool IsThemeChange(UINT message, LPARAM lParam)
+{
+    switch (message) {
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        return true;
+    case WM_SETTINGCHANGE: {
+        const char* setting = reinterpret_cast<const char*>(lParam);
+        return !setting || std::strcmp(setting, kThemeSetting) == 0; // high contrast comes without a name
+    }
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+class SystemThemeWindow : public CWnd
+{
+public:
+    static void Add(SystemThemeWatch* watch)
+    {
+        if (!s_window) {
+            s_window = new SystemThemeWindow;
+            s_window->CreateEx(0, AfxRegisterWndClass(0), kWindowName, WS_POPUP, CRect(0, 0, 0, 0), nullptr, 0);
+        }
+        if (!s_window->Has(watch)) {
+            s_window->m_watches.push_back(watch);
+        }
+    }
+
+    static void Remove(SystemThemeWatch* watch)
+    {
+        if (!s_window) {
+            return;
+        }
+        std::vector<SystemThemeWatch*>& watches = s_window->m_watches;
+        watches.erase(std::remove(watches.begin(), watches.end(), watch), watches.end());
+        EndIfUnwatched();
+    }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+        if (IsThemeChange(message, lParam) && !m_notifying) {
+            m_notifying = true;
+            const std::vector<SystemThemeWatch*> watches = m_watches; // each may end others
+            for (SystemThemeWatch* watch : watches) {
+                if (Has(watch)) {
+                    const std::function<void()> onChange = watch->m_onChange; // it may end its own watch
+                    onChange();
+                }
+            }
+            m_notifying = false;
+            EndIfUnwatched();
+        }
+        return result;
+    }
+
+private:
+    bool Has(const SystemThemeWatch* watch) const
+    {
+        return std::find(m_watches.begin(), m_watches.end(), watch) != m_watches.end();
+    }
+
+    static void EndIfUnwatched()
+    {
+        if (s_window->m_watches.empty() && !s_window->m_notifying) {
+            delete std::exchange(s_window, nullptr);
+        }
+    }
+
+    static SystemThemeWindow* s_window;
+    std::vector<SystemThemeWatch*> m_watches;
+    bool m_notifying = false;
+};
+
+SystemThemeWindow* SystemThemeWindow::s_window = nullptr;
+
+SystemTheme GetSystemTheme()
+{
+    return g_query();
+}
+
+void SetSystemThemeQuery(SystemTheme (*pfnQuery)())
+{
+    g_query = pfnQuery ? pfnQuery : &AskSystem;
+}
+
+CalendarTheme ThemeOf(SystemTheme system)
+{
+    switch (system) {
+    case SystemTheme::Dark:
+        return CalendarTheme::Dark();
+    case SystemTheme::HighContrast:
+        return CalendarTheme::HighContrast();
+    default:
+        return CalendarTheme::Calm();
+    }
+}
+
+SystemThemeWatch::SystemThemeWatch(std::function<void()> onChange) : m_onChange(std::move(onChange))
+{
+}
+
+SystemThemeWatch::~SystemThemeWatch()
+{
+    Stop();
+}
+
+void SystemThemeWatch::Start()
+{
+    m_isStarted = true;
+    SystemThemeWindow::Add(this);
+}
+
+void SystemThemeWatch::Stop()
+{
+    m_isStarted = false;
+    SystemThemeWindow::Remove(this);
+}
+
+void SystemThemeWatch::Follow(bool follows)
+{
+    if (!follows) {
+        Stop();
+    } else if (!m_isStarted) {
+        Start();
+        const std::function<void()> onChange = m_onChange;
+        onChange();
+    }
+}
+
+// The name is that of the file manager's dark scroll bars; a system that does not know it changes nothing.
+void ShowWindowInTheme(HWND hWnd, const CalendarTheme& theme)
+{
+    typedef HRESULT(WINAPI * SetWindowThemeFunction)(HWND, LPCWSTR, LPCWSTR);
+    static const HMODULE library = ::LoadLibraryA("uxtheme.dll");
+    static const auto setTheme = reinterpret_cast<SetWindowThemeFunction>(
+        reinterpret_cast<void*>(library ? ::GetProcAddress(library, "SetWindowTheme") : nullptr));
+    if (setTheme && hWnd) {
+        setTheme(hWnd, theme.itemFill == ItemFill::ForDarkPage ? L"DarkMode_Explorer" : nullptr, nullptr);
+    }
+}
+
+} // namespace dayvane

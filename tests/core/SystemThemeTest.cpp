@@ -1,0 +1,107 @@
+// Controls show a theme in what they paint and in their edit box, go back to their own colours, and follow the system.
+#include "PlainCalendar.h"
+#include "core/SystemTheme.h"
+#include "core/ThemeColors.h"
+#include "support/Input.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace coretest;
+using namespace testsupport;
+
+namespace {
+
+dayvane::SystemTheme g_system = dayvane::SystemTheme::Light;
+
+BOOL CALLBACK SendTo(HWND hWnd, LPARAM lParam)
+{
+    const MSG& sent = *reinterpret_cast<const MSG*>(lParam);
+    ::SendMessage(hWnd, sent.message, sent.wParam, sent.lParam);
+    return TRUE;
+}
+
+// The system's answers, for the life of the scope.
+class SystemSays
+{
+public:
+    SystemSays()
+    {
+        g_system = dayvane::SystemTheme::Light;
+        dayvane::SetSystemThemeQuery([] { return g_system; });
+    }
+    ~SystemSays() { dayvane::SetSystemThemeQuery(nullptr); }
+
+    // The message goes to all top-level windows, as the system's does.
+    void Now(dayvane::SystemTheme theme, UINT message = WM_SETTINGCHANGE, const char* setting = "ImmersiveColorSet")
+    {
+        g_system = theme;
+        const MSG sent = {nullptr, message, 0, reinterpret_cast<LPARAM>(setting), 0, {}};
+        ::EnumThreadWindows(::GetCurrentThreadId(), &SendTo, reinterpret_cast<LPARAM>(&sent));
+    }
+};
+
+} // namespace
+
+TEST(SystemTheme, ControlFollowsLiveWhileItsOptionIsOn)
+{
+    SystemSays system;
+    CalendarScene scene;
+    const COLORREF own = scene.calendar->GetColors().highlight;
+    system.Now(dayvane::SystemTheme::Dark);
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::Classic()) << "not asked to";
+
+    CalendarOptions options = scene.calendar->GetOptions();
+    options.followSystemTheme = true;
+    scene.calendar->SetOptions(options);
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::Dark()) << "at once";
+    EXPECT_EQ(scene.calendar->GetColors().highlight, CalendarTheme::Dark().selection);
+    system.Now(dayvane::SystemTheme::HighContrast, WM_SYSCOLORCHANGE, nullptr);
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::HighContrast());
+    system.Now(dayvane::SystemTheme::Dark, WM_SETTINGCHANGE, "intl");
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::HighContrast()) << "another setting";
+    system.Now(dayvane::SystemTheme::Light, WM_THEMECHANGED, nullptr);
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::Calm());
+
+    options.followSystemTheme = false;
+    scene.calendar->SetOptions(options);
+    system.Now(dayvane::SystemTheme::Dark);
+    EXPECT_EQ(scene.calendar->GetTheme(), CalendarTheme::Calm());
+    scene.calendar->SetTheme(CalendarTheme::Classic());
+    EXPECT_EQ(scene.calendar->GetColors().highlight, own) << "the colours from before the first theme";
+}
+
+TEST(SystemTheme, WatchMayEndItselfAndOthers)
+{
+    SystemSays system;
+    int told = 0;
+    std::unique_ptr<dayvane::SystemThemeWatch> second;
+    dayvane::SystemThemeWatch first([&] {
+        ++told;
+        second.reset();
+        first.Stop();
+    });
+    second = std::make_unique<dayvane::SystemThemeWatch>([&] { told += 100; });
+    first.Start();
+    second->Start();
+    system.Now(dayvane::SystemTheme::Dark);
+    system.Now(dayvane::SystemTheme::Light);
+    EXPECT_EQ(told, 1);
+}
+
+TEST(SystemTheme, EditBoxHasThePagesColours)
+{
+    CalendarScene scene;
+    scene.calendar->SetTheme(CalendarTheme::Dark());
+    scene.calendar->BeginEditItem("text");
+    CWnd* edit = scene.calendar->GetWindow(GW_CHILD);
+    ASSERT_TRUE(edit);
+    CClientDC dc(edit);
+    const LRESULT brush = scene.calendar->SendMessage(WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.GetSafeHdc()),
+                                                      reinterpret_cast<LPARAM>(edit->m_hWnd));
+    LOGBRUSH description = {};
+    ::GetObject(reinterpret_cast<HGDIOBJ>(brush), sizeof(description), &description);
+    EXPECT_EQ(description.lbColor, CalendarTheme::Dark().page);
+    EXPECT_EQ(dc.GetTextColor(), CalendarTheme::Dark().pageText);
+}
