@@ -128,7 +128,16 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             return brush;
         }
     }
-    return CWnd::WindowProc(message, wParam, lParam);
+    if (message == WM_SETFONT) {
+        TakeFont(reinterpret_cast<HFONT>(wParam));
+        return 0;
+    }
+    const WindowAlive alive(this, m_life);
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (alive && m_options.followDpi) {
+        FollowDpi(message, wParam);
+    }
+    return result;
 }
 
 void CCalendarCtrl::OnDestroy()
@@ -231,7 +240,7 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
     const int slot = kSlotOfFontFlags[nFlags & (kFontBold | kFontItalic)];
     CFont& font = m_fontCache[slot];
     if (!font.GetSafeHandle()) {
-        LOGFONT lf = m_lfFonts[FONT_TEXT];
+        LOGFONT lf = Scaled(m_lfFonts[FONT_TEXT], m_scale);
         lf.lfWeight = (nFlags & kFontBold) ? FW_BOLD : FW_NORMAL;
         lf.lfItalic = lf.lfStrikeOut = (nFlags & kFontItalic) ? TRUE : FALSE;
         if (!font.CreateFontIndirect(&lf)) {
@@ -256,6 +265,9 @@ void CCalendarCtrl::SetOptions(const CalendarOptions& options)
     const CalendarOptions before = m_options;
     m_options = options;
     m_themeWatch.Follow(options.followSystemTheme);
+    if (options.followDpi) {
+        FollowDpi(WM_CREATE, 0);
+    }
     OptionsChanged(before);
 }
 
@@ -277,10 +289,11 @@ void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
     }
     SCROLLINFO info = {};
     GetScrollInfo(SB_VERT, &info);
-    const int maximum = std::max((GetMaxGridRows() * kGridRowHeight - m_rcContent.Height()) / kGridRowHeight + 1, 0);
+    const int row = m_scale.Line(kGridRowHeight);
+    const int maximum = std::max((GetMaxGridRows() * row - m_rcContent.Height()) / row + 1, 0);
     const int position = static_cast<int>((info.nPos + 1LL) * maximum / std::max(info.nMax + 1LL, 1LL));
     SetVertScrollBar(*this, 0, maximum, position);
-    m_nVertScroll = position * kGridRowHeight;
+    m_nVertScroll = position * row;
 }
 
 int CCalendarCtrl::GetMaxGridRows() const

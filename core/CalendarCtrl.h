@@ -25,6 +25,7 @@
 #include "CalendarRecords.h"
 #include "SystemTheme.h"
 #include "TextSettings.h"
+#include "ViewScale.h"
 #include "WindowAlive.h"
 
 #include <memory>
@@ -135,8 +136,9 @@ protected:
     virtual int GetMoveStepMinutes();
     // The mouse has moved a bound of the selection, or both.
     virtual void SelectionMoved() {}
-    virtual void OptionsChanged(const CalendarOptions& before); // lays out and repaints
-    virtual void DayProviderChanged();                          // what the view keeps of the shown days is out of date
+    virtual void OptionsChanged(const CalendarOptions& before);  // lays out and repaints
+    virtual void DayProviderChanged();                           // what the view keeps of the shown days is out of date
+    virtual void ScaleChanged(const dayvane::ViewScale& before); // drops fonts, lays out and repaints
     // Where a screen item is painted, frame of the current item included: client pixels.
     virtual CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem);
     virtual void GetPaintedState(dayvane::PaintedState& state); // what the picture shows of the items now
@@ -188,6 +190,14 @@ public:
     // All colours at once, those of popups and of the edit box too; repaints. With the option followSystemTheme the
     // system's next change replaces it.
     void SetTheme(const CalendarTheme& theme);
+    // The resolution that the control is drawn for, 96 at first: bands, rows, bars, fonts and marks follow. Ends what
+    // the option followDpi does. Kept between 48 and 768.
+    void SetScale(int dpi);
+    int GetScale() const { return m_scale.dpi; }
+    const dayvane::ViewScale& GetViewScale() const { return m_scale; }
+    // Face and size of texts; the height is that for 96 dpi. Rows, bars and lanes become higher where it is higher than
+    // the control's own. WM_SETFONT does the same with a font of the present scale.
+    void SetTextFont(const LOGFONT& font);
     const CalendarTheme& GetTheme() const { return m_theme; }
     void ShowCaption(BOOL bShow) { m_bShowCaption = bShow; }
     BOOL IsShowCaption() const { return m_bShowCaption; }
@@ -348,6 +358,7 @@ protected:
 
     dayvane::CalendarColors m_colors; // as the theme has them
     CalendarTheme m_theme;
+    dayvane::ViewScale m_scale;
     BOOL m_bShowCaption = TRUE;
     CString m_strCaption;
     BOOL m_bShowHoliday = TRUE;
@@ -423,11 +434,16 @@ private:
     void CancelTracking();
     void FollowSystemTheme();
     LRESULT ColorChild(HDC hDC);
+    void ApplyScale(int dpi);
+    void FollowDpi(UINT message, WPARAM wParam);
+    void TakeFont(HFONT hFont);
 
     CFont m_fontCache[4]; // of GetFont
     std::vector<std::unique_ptr<CImageList>> m_imageLists;
     std::unique_ptr<dayvane::PointerDriver> m_pointer;
     CInPlaceEdit* m_pEdit = nullptr;                                            // the open edit box; deletes itself
+    BOOL m_bOwnScale = FALSE;                                                   // the host has set one
+    BOOL m_bTextFont = FALSE;                                                   // the host has set one
     dayvane::CalendarColors m_ownColors;                                        // without a theme
     CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arThemedDays; // empty: to be made
     CBrush m_pageBrush;                                                         // of edit and combo boxes

@@ -2,6 +2,7 @@
 #include "core/CalendarCtrl.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/Fonts.h"
 #include "core/PaintedState.h"
 
 #include <algorithm>
@@ -123,21 +124,27 @@ void CCalendarCtrl::DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, C
 
 int CCalendarCtrl::DrawImageIcon(CDC* pDC, int nImage, CRect rect)
 {
-    if (!m_pImageList || nImage == -1 || rect.left + m_cxIcon >= rect.right) {
+    const CSize size(m_scale.Of(m_cxIcon), m_scale.Of(m_cyIcon));
+    if (!m_pImageList || nImage == -1 || rect.left + size.cx >= rect.right) {
         return 0;
     }
-    m_pImageList->Draw(pDC, nImage, rect.TopLeft(), ILD_NORMAL);
-    return m_cxIcon + kImageGap;
+    if (m_scale.dpi == kBaseDpi) {
+        m_pImageList->Draw(pDC, nImage, rect.TopLeft(), ILD_NORMAL);
+    } else if (const HICON icon = m_pImageList->ExtractIcon(nImage)) {
+        ::DrawIconEx(pDC->GetSafeHdc(), rect.left, rect.top, icon, size.cx, size.cy, 0, nullptr, DI_NORMAL);
+        ::DestroyIcon(icon);
+    }
+    return size.cx + m_scale.Of(kImageGap);
 }
 
 int CCalendarCtrl::DrawAlarmMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return DrawAlarmGlyph(pDC, rect, m_lfFonts[FONT_MARKS], nFulldayForm != 0);
+    return DrawAlarmGlyph(pDC, rect, Scaled(m_lfFonts[FONT_MARKS], m_scale), nFulldayForm != 0);
 }
 
 int CCalendarCtrl::DrawRecurrentMark(CDC* pDC, RECT rect, int nFulldayForm)
 {
-    return DrawRecurrenceGlyph(pDC, rect, m_lfFonts[FONT_MARKS], nFulldayForm != 0);
+    return DrawRecurrenceGlyph(pDC, rect, Scaled(m_lfFonts[FONT_MARKS], m_scale), nFulldayForm != 0);
 }
 
 int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap,
@@ -161,7 +168,7 @@ int CCalendarCtrl::GetMarksHeight(const tagCALENDAR_ITEM& item) const
 {
     const bool hasMarks = item.bAlarm || item.bRecurrent;
     const int marks = hasMarks ? std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines : 0;
-    return item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks;
+    return m_scale.Of(item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks);
 }
 
 void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)

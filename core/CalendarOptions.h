@@ -35,6 +35,7 @@ struct CalendarOptions
 
     // Colours follow the system's: light (Calm), dark or high contrast, at once and whenever they change; see SetTheme.
     bool followSystemTheme = false;
+    bool followDpi = false; // sizes follow the resolution of the window, until SetScale is called
 
     // ---- Names for what comes next. These have no effect yet.
 
@@ -44,7 +45,6 @@ struct CalendarOptions
     bool wheelByDelta = false;    // wheel deltas add up, with Ctrl they change the time scale
     bool keyboardMoves = false;   // keys move items
     bool typeToEdit = false;      // typing opens the edit box
-    bool followDpi = false;       // sizes follow the resolution of the screen
 
     // What we recommend: all of them.
     static CalendarOptions Modern();

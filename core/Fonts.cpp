@@ -21,6 +21,21 @@ LOGFONT Resized(LOGFONT description, int height, int weight)
     return description;
 }
 
+LOGFONT Scaled(LOGFONT description, const ViewScale& scale)
+{
+    const bool isCell = description.lfHeight >= 0; // a negative height is that of the characters
+    const int height = scale.Of(static_cast<int>(isCell ? description.lfHeight : -description.lfHeight));
+    description.lfHeight = isCell ? height : -height;
+    return description;
+}
+
+LOGFONT ScaledText(const FontSpec& spec, const ViewScale& scale)
+{
+    LOGFONT description = LogFontOf(spec);
+    description.lfHeight = scale.Line(spec.height);
+    return description;
+}
+
 CFont* FontCache::Get(const LOGFONT& description)
 {
     for (const std::unique_ptr<Entry>& entry : m_fonts) {

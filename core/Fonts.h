@@ -1,6 +1,8 @@
 // Fonts of the controls: a form in the source, a description that a host may change, and the made font.
 #pragma once
 
+#include "ViewScale.h"
+
 #include <afxwin.h>
 
 #include <memory>
@@ -19,6 +21,11 @@ struct FontSpec
 LOGFONT LogFontOf(const FontSpec& spec);
 // The same face, character set and style in another height and weight.
 LOGFONT Resized(LOGFONT description, int height, int weight);
+
+// A description for 96 dpi, as it is at a scale.
+LOGFONT Scaled(LOGFONT description, const ViewScale& scale);
+// The same of small texts, which grow with the text font.
+LOGFONT ScaledText(const FontSpec& spec, const ViewScale& scale);
 
 // Fonts by description: each is made when it is first asked for and lives until Clear. Empty the cache in OnDestroy.
 class FontCache

@@ -27,15 +27,24 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
     return found;
 }
 
+MoreListMetrics MoreListMetrics::For(const ViewScale& scale)
+{
+    MoreListMetrics metrics;
+    metrics.rowHeight = scale.Line(metrics.rowHeight);
+    metrics.width = scale.Of(metrics.width);
+    metrics.inset = scale.Of(metrics.inset);
+    return metrics;
+}
+
 CSize MoreListModel::Size() const
 {
-    const MoreListMetrics& metrics = kMoreListMetrics;
+    const MoreListMetrics& metrics = m_metrics;
     return CSize(metrics.width, RowsInSight() * metrics.rowHeight + 2 * metrics.inset);
 }
 
 CRect MoreListModel::RowRect(int row) const
 {
-    const MoreListMetrics& metrics = kMoreListMetrics;
+    const MoreListMetrics& metrics = m_metrics;
     const int top = metrics.inset + (row - m_top) * metrics.rowHeight;
     return CRect(metrics.inset, top, metrics.width - metrics.inset, top + metrics.rowHeight);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "CalendarRecords.h"
+#include "ViewScale.h"
 
 #include <vector>
 
@@ -15,6 +16,8 @@ struct MoreListMetrics
     int width = 280;
     int inset = 2;    // around the rows
     int maxRows = 12; // in sight at once
+
+    static MoreListMetrics For(const ViewScale& scale);
 };
 constexpr MoreListMetrics kMoreListMetrics;
 
@@ -24,10 +27,13 @@ std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, 
 class MoreListModel
 {
 public:
-    explicit MoreListModel(std::vector<int> items) : m_items(std::move(items)) {}
+    explicit MoreListModel(std::vector<int> items, const MoreListMetrics& metrics = kMoreListMetrics)
+        : m_items(std::move(items)), m_metrics(metrics)
+    {
+    }
 
     int Count() const { return static_cast<int>(m_items.size()); }
-    int RowsInSight() const { return Count() < kMoreListMetrics.maxRows ? Count() : kMoreListMetrics.maxRows; }
+    int RowsInSight() const { return Count() < m_metrics.maxRows ? Count() : m_metrics.maxRows; }
     CSize Size() const;
     int Item(int row) const { return m_items[row]; } // store index
     int Current() const { return m_current; }        // row, -1 none
@@ -43,6 +49,7 @@ public:
 
 private:
     std::vector<int> m_items;
+    MoreListMetrics m_metrics;
     int m_current = -1;
     int m_top = 0;
 };

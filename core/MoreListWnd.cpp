@@ -28,7 +28,8 @@ END_MESSAGE_MAP()
 
 CMoreListWnd::CMoreListWnd(CMoreListCtrl* pOwner, std::vector<int> items, unsigned nItemVersion,
                            const COleDateTime& dtFirst)
-    : m_pOwner(pOwner), m_model(std::move(items)), m_nItemVersion(nItemVersion), m_dtFirst(dtFirst)
+    : m_pOwner(pOwner), m_model(std::move(items), MoreListMetrics::For(pOwner->GetViewScale())),
+      m_nItemVersion(nItemVersion), m_dtFirst(dtFirst)
 {
 }
 

@@ -1,5 +1,7 @@
 #include "core/WindowHelpers.h"
 
+#include <algorithm>
+
 namespace dayvane {
 
 void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground)
@@ -28,6 +30,35 @@ void SetVertScrollBar(CWnd& window, int minimum, int maximum, int position)
     info.nPage = 1;
     info.nPos = position;
     window.SetScrollInfo(SB_VERT, &info, TRUE);
+}
+
+int DpiOfWindow(HWND hWnd)
+{
+    typedef UINT(WINAPI * GetDpiFunction)(HWND);
+    static const auto getDpi = reinterpret_cast<GetDpiFunction>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleA("user32.dll"), "GetDpiForWindow")));
+    if (const UINT dpi = getDpi ? getDpi(hWnd) : 0) {
+        return static_cast<int>(dpi);
+    }
+    return ScreenDpi();
+}
+
+int ScreenDpi()
+{
+    CClientDC screen(nullptr);
+    return screen.GetDeviceCaps(LOGPIXELSX);
+}
+
+int AnnouncedDpi(HWND hWnd, UINT message, WPARAM wParam)
+{
+    return message == kDpiChanged ? LOWORD(wParam) : DpiOfWindow(hWnd);
+}
+
+int ClampedDpi(int dpi)
+{
+    constexpr int least = 48;
+    constexpr int most = 768;
+    return std::clamp(dpi, least, most);
 }
 
 NMHDR NotifyHeader(const CWnd& window, int code)

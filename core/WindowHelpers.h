@@ -12,6 +12,21 @@ void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground = nullptr);
 // The vertical scroll bar in units of the caller, with a page of one unit.
 void SetVertScrollBar(CWnd& window, int minimum, int maximum, int position);
 
+// The messages of a change of resolution, as new systems send them.
+constexpr UINT kDpiChanged = 0x02E0;
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
+// The resolution that the window is shown at; that of the screen where the system has no other answer.
+int DpiOfWindow(HWND hWnd);
+int ScreenDpi();
+// Messages after which a window may have another resolution, and that one. A top-level window's message says it.
+inline bool AnnouncesDpi(UINT message)
+{
+    return message == WM_CREATE || message == kDpiChanged || message == kDpiChangedAfterParent;
+}
+int AnnouncedDpi(HWND hWnd, UINT message, WPARAM wParam);
+// What a control's SetScale takes: 48 to 768.
+int ClampedDpi(int dpi);
+
 // The header of a notification from the window, all but the code zero while there is none.
 NMHDR NotifyHeader(const CWnd& window, int code);
 // Sends WM_NOTIFY to the window's parent and returns its answer, 0 without a parent. The window may be gone afterwards.

@@ -45,7 +45,7 @@ CPeriodSelCtrl* CMiniCalendarCtrl::MakePopup(int nPeriod)
 
 void CMiniCalendarCtrl::ShowWeekNumbers(BOOL bShow, WeekRule rule)
 {
-    m_state->model.SetPolicy(bShow ? kNumberedMonthPolicy : kMonthPolicy);
+    ShowPolicy(bShow ? kNumberedMonthPolicy : kMonthPolicy);
     m_state->weekRule = rule;
 }
 

@@ -150,6 +150,38 @@ void CPeriodGridCtrl::SetOptions(const CalendarOptions& options)
     m_options = options;
     m_themeWatch.Follow(options.followSystemTheme);
     ShowTip({});
+    if (options.followDpi && m_hWnd && !m_bOwnScale) {
+        ApplyScale(DpiOfWindow(m_hWnd));
+    }
+}
+
+void CPeriodGridCtrl::SetScale(int dpi)
+{
+    m_bOwnScale = TRUE;
+    ApplyScale(dpi);
+}
+
+void CPeriodGridCtrl::ApplyScale(int dpi)
+{
+    m_scale.dpi = ClampedDpi(dpi);
+    ShowPolicy(*m_state->base);
+    Refresh();
+}
+
+void CPeriodGridCtrl::ShowPolicy(const PeriodPolicy& policy)
+{
+    Cancel(); // a popup has the old size
+    m_state->Show(policy, m_scale);
+}
+
+LRESULT CPeriodGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const WindowAlive alive(this, m_life);
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
+        ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
+    }
+    return result;
 }
 
 void CPeriodGridCtrl::SetTheme(const CalendarTheme& theme)
@@ -420,7 +452,7 @@ PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
 {
     PeriodGridState& state = *m_state;
     return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
-                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme});
+                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme, m_scale});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)

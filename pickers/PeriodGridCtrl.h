@@ -25,6 +25,7 @@
 #include "../core/PartTip.h"
 #include "../core/SystemTheme.h"
 #include "../core/TodayWatch.h"
+#include "../core/ViewScale.h"
 #include "../core/WindowAlive.h"
 
 #include <afxwin.h>
@@ -84,7 +85,13 @@ public:
     // The colours of everything, popups and tips too; repaints. See CalendarTheme.h.
     void SetTheme(const CalendarTheme& theme);
     const CalendarTheme& GetTheme() const { return m_theme; }
-    // Of the options those that concern date selectors: toolTips (the names of a day), followSystemTheme.
+    // The resolution that the control is drawn for, 96 at first; lays out and redraws. Ends what the option followDpi
+    // does. GetGridSize tells what the blocks take then. Kept between 48 and 768.
+    void SetScale(int dpi);
+    int GetScale() const { return m_scale.dpi; }
+    const dayvane::ViewScale& GetViewScale() const { return m_scale; }
+    // Of the options those that concern date selectors: toolTips (the names of a day), followSystemTheme,
+    // followDpi.
     void SetOptions(const CalendarOptions& options);
     const CalendarOptions& GetOptions() const { return m_options; }
 
@@ -119,6 +126,10 @@ protected:
     virtual void DrawCtrl(CDC* pDC) = 0;
     virtual void DrawHeader(CDC* pDC); // titles and arrows
 
+    void ApplyScale(int dpi);
+    // Shows the periods in another form, at the present scale.
+    void ShowPolicy(const dayvane::PeriodPolicy& policy);
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     static void RegisterWindowClass(LPCTSTR lpszClassName);
     // Paints this control as it is now.
     dayvane::PeriodGridPainter Painter(CDC* pDC) const;
@@ -174,6 +185,8 @@ protected:
     LPARAM m_lDotParam = 0;
     CalendarOptions m_options;
     CalendarTheme m_theme;
+    dayvane::ViewScale m_scale;
+    BOOL m_bOwnScale = FALSE; // the host has set one
     dayvane::SystemThemeWatch m_themeWatch;
     const dayvane::DayProvider* m_pDayProvider = nullptr;
     dayvane::PartTip m_tip;

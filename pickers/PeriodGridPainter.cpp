@@ -63,7 +63,7 @@ void PeriodGridPainter::DrawBandState(PartState state, const CRect& rect) const
         return;
     }
     CRect shade = rect;
-    shade.DeflateRect(kMetrics.hotInset, kMetrics.hotInset);
+    shade.DeflateRect(Px(kMetrics.hotInset), Px(kMetrics.hotInset));
     const bool isPressed = state == PartState::Pressed;
     DrawGradient(m_pDC, shade, isPressed ? m_palette.bandPressed : m_palette.bandHot,
                  isPressed ? m_palette.bandTo : m_palette.bandFrom, FALSE, FALSE);
@@ -73,8 +73,8 @@ void PeriodGridPainter::DrawPageArrow(const GridHit& hit, const CRect& rect, boo
 {
     const PartState state = StateOf(hit);
     DrawBandState(state, rect);
-    const int reach = kMetrics.arrowReach;
-    const int shift = state == PartState::Pressed ? kMetrics.pressedShift : 0;
+    const int reach = Px(kMetrics.arrowReach);
+    const int shift = state == PartState::Pressed ? Px(kMetrics.pressedShift) : 0;
     const int halfWidth = reach / 2;
     CPoint tip = rect.CenterPoint();
     tip.Offset((pointsLeft ? -halfWidth - 1 : halfWidth) + shift, shift - 1);
@@ -92,12 +92,12 @@ void PeriodGridPainter::DrawWeekdays() const
             const int weekday = WeekdayOfColumn(m_picture.model.FirstDayOfWeek(), column);
             const int width = policy.metrics.cell.cx;
             const int left = block.weekdays.left + column * width;
-            const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - kMetrics.weekdayGap);
+            const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - Px(kMetrics.weekdayGap));
             DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false),
                             DayColor(weekday, false, true));
         }
-        DrawHorizontalLine(m_pDC, block.weekdays.left + kMetrics.lineInset, block.weekdays.right - kMetrics.lineInset,
-                           block.weekdays.bottom - 1, m_palette.frame);
+        DrawHorizontalLine(m_pDC, block.weekdays.left + Px(kMetrics.lineInset),
+                           block.weekdays.right - Px(kMetrics.lineInset), block.weekdays.bottom - 1, m_palette.frame);
     }
 }
 
@@ -132,7 +132,8 @@ void PeriodGridPainter::DrawCells() const
         const bool isShown = caret.part == GridPart::Cell;
         CRect frame = RectOfPart(m_picture.layout, isShown ? caret : GridHit{GridPart::Title, 0});
         if (caret == today || !isShown) {
-            frame.DeflateRect(kMetrics.cellInset); // within the frame of today or of a hot title
+            frame.DeflateRect(Px(kMetrics.cellInset.cx),
+                              Px(kMetrics.cellInset.cy)); // within the frame of today or of a hot title
         }
         DrawFocusFrame(m_pDC, frame);
     }
@@ -151,8 +152,9 @@ void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, boo
     DrawCentredText(m_pDC, cell.rect, CellText(cell), fonts.Get(mark.isBold && cell.inPeriod),
                     CellColor(cell, mark, column));
     if (mark.dot != CLR_NONE) {
-        m_pDC->FillSolidRect(cell.rect.CenterPoint().x - kMetrics.dot.cx / 2, cell.rect.bottom - kMetrics.dot.cy,
-                             kMetrics.dot.cx, kMetrics.dot.cy, mark.dot);
+        m_pDC->FillSolidRect(cell.rect.CenterPoint().x - Px(kMetrics.dot.cx) / 2,
+                             cell.rect.bottom - Px(kMetrics.dot.cy), Px(kMetrics.dot.cx), Px(kMetrics.dot.cy),
+                             mark.dot);
     }
     if (isToday) {
         DrawFrame(m_pDC, cell.rect, m_palette.today);
@@ -163,7 +165,7 @@ void PeriodGridPainter::DrawCellBack(const GridHit& hit, const PeriodCell& cell)
 {
     const bool isDay = m_picture.model.Policy().unit == CellUnit::Day;
     CRect inner = cell.rect;
-    inner.DeflateRect(kMetrics.cellInset);
+    inner.DeflateRect(Px(kMetrics.cellInset.cx), Px(kMetrics.cellInset.cy));
     if (m_picture.model.IsCellSelected(cell.date)) {
         if (isDay) {
             m_pDC->FillSolidRect(cell.rect, cell.inPeriod ? m_palette.selected : m_palette.paleSelected);
@@ -219,11 +221,11 @@ void PeriodGridPainter::DrawFooter() const
     const CRect& footer = m_picture.layout.footer;
     const PartState state = StateOf({GridPart::Footer});
     CRect box = footer;
-    box.DeflateRect(kMetrics.lineInset, 2, kMetrics.lineInset, 1);
+    box.DeflateRect(Px(kMetrics.lineInset), Px(2), Px(kMetrics.lineInset), 1);
     if (state != PartState::Normal) {
         DrawRoundBox(m_pDC, box, state == PartState::Hot ? m_palette.hot : m_palette.selected, m_palette.hotFrame);
     }
-    DrawHorizontalLine(m_pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
+    DrawHorizontalLine(m_pDC, footer.left + Px(kMetrics.lineInset), footer.right - Px(kMetrics.lineInset), footer.top,
                        m_palette.frame);
     DrawCentredText(m_pDC, box, FooterText(m_picture.model.Policy().unit, m_picture.now),
                     m_picture.textFonts.Get(false), m_palette.text);

@@ -29,6 +29,7 @@ struct PeriodGridPicture
     PickerFonts& textFonts;
     PickerFonts& numberFonts;
     const CalendarTheme& theme = kClassicTheme;
+    ViewScale scale = {};
 };
 
 class PeriodGridPainter
@@ -58,6 +59,7 @@ private:
     COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
     COLORREF DayColor(int weekday, bool isHoliday, bool inPeriod) const;
     CString CellText(const PeriodCell& cell) const;
+    int Px(int pixels) const { return m_picture.scale.Of(pixels); } // from those at 96 dpi
 
     CDC* m_pDC;
     PeriodGridPicture m_picture;

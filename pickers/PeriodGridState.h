@@ -8,7 +8,22 @@ namespace dayvane {
 
 struct PeriodGridState
 {
-    PeriodGridState(const PeriodPolicy& policy, const COleDateTime& now) : model(policy, now) {}
+    PeriodGridState(const PeriodPolicy& policy, const COleDateTime& now)
+        : base(&policy), scaled(policy), model(scaled, now)
+    {
+    }
+
+    // Another look of the same periods, or the same at another scale.
+    void Show(const PeriodPolicy& policy, const ViewScale& scale)
+    {
+        base = &policy;
+        scaled = policy.At(scale);
+        textFonts.SetScale(scale);
+        numberFonts.SetScale(scale);
+    }
+
+    const PeriodPolicy* base; // at 96 dpi
+    PeriodPolicy scaled;      // the model's
 
     PeriodGridModel model;
     PeriodGridLayout layout;

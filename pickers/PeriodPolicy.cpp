@@ -27,6 +27,32 @@ const PeriodPolicy kYearPolicy{CellUnit::Month, 12,    3,   4,   10,   false, fa
     {{120, 100}, 20, 0,     24, 3,   {38, 18},         18,   20}, "%d年"};
 // clang-format on
 
+PeriodMetrics PeriodMetrics::At(const ViewScale& scale, int cellColumns, int cellRows) const
+{
+    PeriodMetrics scaled;
+    scaled.titleHeight = scale.Line(titleHeight);
+    scaled.weekdayHeight = weekdayHeight > 0 ? scale.Line(weekdayHeight) : 0;
+    scaled.cellsTop = scaled.titleHeight + scaled.weekdayHeight + scale.Of(cellsTop - titleHeight - weekdayHeight);
+    scaled.cellsLeft = scale.Of(cellsLeft);
+    // Wider digits come with higher ones.
+    scaled.cell = {scale.Line(cell.cx), scale.Line(cell.cy)};
+    scaled.arrowWidth = scale.Of(arrowWidth);
+    scaled.footerHeight = scale.Line(footerHeight);
+    scaled.weekNumberWidth = weekNumberWidth > 0 ? scale.Line(weekNumberWidth) : 0;
+    const int right = block.cx - cellsLeft - cellColumns * cell.cx;
+    const int below = block.cy - cellsTop - cellRows * cell.cy;
+    scaled.block = {scaled.cellsLeft + cellColumns * scaled.cell.cx + scale.Of(right),
+                    scaled.cellsTop + cellRows * scaled.cell.cy + scale.Of(below)};
+    return scaled;
+}
+
+PeriodPolicy PeriodPolicy::At(const ViewScale& scale) const
+{
+    PeriodPolicy scaled = *this;
+    scaled.metrics = metrics.At(scale, cellColumns, cellRows);
+    return scaled;
+}
+
 int PeriodPolicy::FirstPeriod() const
 {
     return kFirstMonthNumber / monthsPerPeriod;

@@ -2,6 +2,8 @@
 // cells (days or months). Everything else about them is one engine.
 #pragma once
 
+#include "../core/ViewScale.h"
+
 #include <afxdisp.h>
 #include <atltypes.h>
 
@@ -14,7 +16,7 @@ enum class CellUnit
     Month
 };
 
-// Sizes in pixels. They do not follow the screen's resolution, because hosts compute with the fixed size of a block.
+// Sizes in pixels.
 struct PeriodMetrics
 {
     SIZE block;        // one period with its title
@@ -26,6 +28,9 @@ struct PeriodMetrics
     int arrowWidth;          // kept free of the title at both ends of its band
     int footerHeight;        // the line below all blocks
     int weekNumberWidth = 0; // the column of week numbers left of the cells; 0: none
+
+    // The block is what its parts need.
+    PeriodMetrics At(const ViewScale& scale, int cellColumns, int cellRows) const;
 };
 
 struct PeriodPolicy
@@ -41,6 +46,7 @@ struct PeriodPolicy
     const char* titleFormat; // year, month
 
     int CellCount() const { return cellColumns * cellRows; }
+    PeriodPolicy At(const ViewScale& scale) const;
     // Periods are numbered through: the number of their first month divided by monthsPerPeriod.
     int FirstPeriod() const; // holds January 100
     int LastPeriod() const;  // holds December 9999

@@ -17,27 +17,27 @@ int RunSpeed(int distance)
     return std::min(kPeriodRunSpeed.slowest + distance / kPeriodRunSpeed.pixelsPerStep, kPeriodRunSpeed.fastest);
 }
 
-PeriodRun::PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove)
-    : m_policy(&policy), m_given(ClampPeriod(policy, period)), m_width(width), m_rowsAbove(rowsAbove),
-      m_top(m_given - rowsAbove), m_pointer(0, 0)
+PeriodRun::PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove, const PeriodRunMetrics& metrics)
+    : m_policy(&policy), m_metrics(metrics), m_given(ClampPeriod(policy, period)), m_width(width),
+      m_rowsAbove(rowsAbove), m_top(m_given - rowsAbove), m_pointer(0, 0)
 {
 }
 
 CSize PeriodRun::Size() const
 {
-    return CSize(m_width, kPeriodRunMetrics.RowCount() * kPeriodRunMetrics.rowHeight);
+    return CSize(m_width, m_metrics.RowCount() * m_metrics.rowHeight);
 }
 
 CRect PeriodRun::RowRect(int row) const
 {
-    const int height = kPeriodRunMetrics.rowHeight;
+    const int height = m_metrics.rowHeight;
     return CRect(0, row * height, m_width, (row + 1) * height);
 }
 
 bool PeriodRun::HasPeriod(int row) const
 {
     const int period = PeriodOfRow(row);
-    return row >= 0 && row < kPeriodRunMetrics.RowCount() && period >= m_policy->FirstPeriod() &&
+    return row >= 0 && row < m_metrics.RowCount() && period >= m_policy->FirstPeriod() &&
            period <= m_policy->LastPeriod();
 }
 
@@ -46,7 +46,7 @@ int PeriodRun::HotRow() const
     if (!m_hasPointer || !CRect(CPoint(0, 0), Size()).PtInRect(m_pointer)) {
         return -1;
     }
-    const int row = m_pointer.y / kPeriodRunMetrics.rowHeight;
+    const int row = m_pointer.y / m_metrics.rowHeight;
     return HasPeriod(row) ? row : -1;
 }
 
@@ -99,9 +99,8 @@ bool PeriodRun::Shift(int rows)
     return moved;
 }
 
-PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea)
+PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea, const PeriodRunMetrics& metrics)
 {
-    const PeriodRunMetrics& metrics = kPeriodRunMetrics;
     const int height = metrics.RowCount() * metrics.rowHeight + 2 * metrics.border;
     int rowsAbove = metrics.rowsAround;
     const auto topFor = [&](int rows) { return title.top - metrics.border - rows * metrics.rowHeight; };

@@ -14,6 +14,7 @@ struct PeriodRunMetrics // pixels
     int border;     // of the popup's frame, on each side
 
     int RowCount() const { return 2 * rowsAround + 1; }
+    PeriodRunMetrics At(const ViewScale& scale) const { return {scale.Line(rowHeight), rowsAround, border}; }
 };
 constexpr PeriodRunMetrics kPeriodRunMetrics{20, 3, 1};
 
@@ -35,7 +36,8 @@ class PeriodRun
 {
 public:
     // `width`: of the rows, pixels. `rowsAbove`: how many rows stand above the given period at first.
-    PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove = kPeriodRunMetrics.rowsAround);
+    PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove = kPeriodRunMetrics.rowsAround,
+              const PeriodRunMetrics& metrics = kPeriodRunMetrics);
 
     CSize Size() const;           // of all rows, pixels
     CRect RowRect(int row) const; // client pixels
@@ -55,6 +57,7 @@ private:
     bool Shift(int rows);
 
     const PeriodPolicy* m_policy;
+    PeriodRunMetrics m_metrics;
     int m_given;
     int m_width;
     int m_rowsAbove;
@@ -71,6 +74,7 @@ struct PopupPlace
     CRect window;
     int rowsAbove;
 };
-PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea);
+PopupPlace PlacePeriodRun(const CRect& title, const CRect& workArea,
+                          const PeriodRunMetrics& metrics = kPeriodRunMetrics);
 
 } // namespace dayvane

@@ -19,9 +19,11 @@ CPeriodSelCtrl::CPeriodSelCtrl(const PeriodPolicy& policy, int nPeriod) : m_poli
 
 BOOL CPeriodSelCtrl::Open(CPeriodGridCtrl* pOwner, const CRect& rcTitle)
 {
-    const PopupPlace place = PlacePeriodRun(rcTitle, WorkAreaAt(rcTitle));
-    const int width = place.window.Width() - 2 * kPeriodRunMetrics.border;
-    m_run = PeriodRun(m_policy, m_run.Given(), width, place.rowsAbove);
+    const PeriodRunMetrics metrics = kPeriodRunMetrics.At(pOwner->GetViewScale());
+    const PopupPlace place = PlacePeriodRun(rcTitle, WorkAreaAt(rcTitle), metrics);
+    const int width = place.window.Width() - 2 * metrics.border;
+    m_run = PeriodRun(m_policy, m_run.Given(), width, place.rowsAbove, metrics);
+    m_fonts.SetScale(pOwner->GetViewScale());
     const LPCTSTR lpszClass = AfxRegisterWndClass(kPopupClassStyle, ::LoadCursor(nullptr, IDC_ARROW),
                                                   reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
     m_pOwner = pOwner;

@@ -74,7 +74,7 @@ CFont* PickerFonts::Get(bool bold)
 {
     FontSpec spec = m_spec;
     spec.weight = bold ? FW_BOLD : spec.weight;
-    return m_cache.Get(spec);
+    return m_cache.Get(ScaledText(spec, m_scale));
 }
 
 void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color)

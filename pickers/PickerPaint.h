@@ -52,9 +52,11 @@ class PickerFonts
 public:
     explicit PickerFonts(const FontSpec& spec) : m_spec(spec) {}
     CFont* Get(bool bold);
+    void SetScale(const ViewScale& scale) { m_scale = scale; }
 
 private:
     FontSpec m_spec;
+    ViewScale m_scale;
     FontCache m_cache;
 };
 

@@ -3,6 +3,7 @@
 #include "core/DateMath.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace dayvane {
 namespace {
@@ -29,10 +30,23 @@ int ArrowReach(const CRect& header)
     return header.Height() / kArrowParts;
 }
 
-YearMonthLayout CalcYearMonthLayout(const CRect& client)
+YearMonthMetrics YearMonthMetrics::At(const ViewScale& scale) const
 {
-    const YearMonthMetrics& metrics = kYearMonthMetrics;
+    YearMonthMetrics scaled = *this;
+    scaled.popup = {scale.Of(popup.cx), scale.Of(popup.cy)};
+    for (int YearMonthMetrics::*length :
+         {&YearMonthMetrics::headerHeight, &YearMonthMetrics::gridTop, &YearMonthMetrics::gridBottom,
+          &YearMonthMetrics::footerHeight, &YearMonthMetrics::leftArrowInset, &YearMonthMetrics::rightArrowInset,
+          &YearMonthMetrics::arrowMargin}) {
+        scaled.*length = scale.Of(this->*length);
+    }
+    return scaled;
+}
+
+YearMonthLayout CalcYearMonthLayout(const CRect& client, const YearMonthMetrics& metrics)
+{
     YearMonthLayout layout;
+    layout.metrics = metrics;
     layout.client = client;
     layout.header = CRect(client.left, client.top, client.right, client.top + metrics.headerHeight);
     layout.grid = CRect(client.left, client.top + metrics.gridTop, client.right, client.bottom - metrics.gridBottom);

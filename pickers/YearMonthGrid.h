@@ -19,6 +19,8 @@ struct YearMonthMetrics // pixels
     int leftArrowInset;  // from the header's left edge to the tip of the arrow
     int rightArrowInset; // from the header's right edge to the tip of the arrow
     int arrowMargin;     // around an arrow, still part of its button
+
+    YearMonthMetrics At(const ViewScale& scale) const;
 };
 constexpr YearMonthMetrics kYearMonthMetrics{{120, 120}, 20, 21, 30, 25, 3, 4, 6, 10, 5};
 
@@ -31,9 +33,10 @@ struct YearMonthLayout
     CRect grid;
     CRect months[kMonthsPerYear]; // the last row may reach past the grid's bottom by up to 3 pixels
     CRect footer;
+    YearMonthMetrics metrics = kYearMonthMetrics; // that it was made with
 };
 
-YearMonthLayout CalcYearMonthLayout(const CRect& client);
+YearMonthLayout CalcYearMonthLayout(const CRect& client, const YearMonthMetrics& metrics = kYearMonthMetrics);
 
 // Half of an arrow's height: it spans the header's middle minus this to the middle plus this.
 int ArrowReach(const CRect& header);

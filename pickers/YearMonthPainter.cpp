@@ -71,9 +71,9 @@ void YearMonthPainter::DrawHeader() const
 
     const int middle = header.CenterPoint().y;
     const int reach = ArrowReach(header);
-    DrawArrow(m_pDC, CPoint(header.left + kYearMonthMetrics.leftArrowInset, middle), reach, true,
+    DrawArrow(m_pDC, CPoint(header.left + m_picture.layout.metrics.leftArrowInset, middle), reach, true,
               ArrowColor(YearMonthCode::PreviousYear));
-    DrawArrow(m_pDC, CPoint(header.right - kYearMonthMetrics.rightArrowInset, middle), reach, false,
+    DrawArrow(m_pDC, CPoint(header.right - m_picture.layout.metrics.rightArrowInset, middle), reach, false,
               ArrowColor(YearMonthCode::NextYear));
 }
 

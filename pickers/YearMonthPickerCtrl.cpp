@@ -3,6 +3,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "core/WindowHelpers.h"
 #include "pickers/PickerPaint.h"
 #include "pickers/PickerShell.h"
 #include "pickers/YearMonthGrid.h"
@@ -14,10 +15,17 @@ using namespace dayvane;
 namespace {
 constexpr LRESULT kHandled = 1;
 
-PickerButtonMetrics ButtonMetrics()
+// The system's sizes are those of its own resolution, which is the control's where nobody says otherwise.
+int SystemSize(int index, const ViewScale& scale)
 {
-    return CalcPickerButton({::GetSystemMetrics(SM_CXEDGE), ::GetSystemMetrics(SM_CYEDGE),
-                             ::GetSystemMetrics(SM_CXHTHUMB), ::GetSystemMetrics(SM_CYVTHUMB)});
+    const int size = ::GetSystemMetrics(index);
+    return scale.dpi == kBaseDpi ? size : MulDiv(size, scale.dpi, ScreenDpi());
+}
+
+PickerButtonMetrics ButtonMetrics(const ViewScale& scale)
+{
+    return CalcPickerButton({SystemSize(SM_CXEDGE, scale), SystemSize(SM_CYEDGE, scale), SystemSize(SM_CXHTHUMB, scale),
+                             SystemSize(SM_CYVTHUMB, scale)});
 }
 } // namespace
 
@@ -90,6 +98,42 @@ void CYearMonthPickerCtrl::SetOptions(const CalendarOptions& options)
 {
     m_options = options;
     m_themeWatch.Follow(options.followSystemTheme);
+    if (options.followDpi && m_hWnd && !m_bOwnScale) {
+        ApplyScale(DpiOfWindow(m_hWnd));
+    }
+}
+
+void CYearMonthPickerCtrl::SetScale(int dpi)
+{
+    m_bOwnScale = TRUE;
+    ApplyScale(dpi);
+}
+
+void CYearMonthPickerCtrl::ApplyScale(int dpi)
+{
+    const WindowAlive alive(this, m_life);
+    if (m_pPopup) {
+        m_pPopup->Cancel();
+    }
+    if (!alive) {
+        return;
+    }
+    m_scale.dpi = ClampedDpi(dpi);
+    m_pFonts->SetScale(m_scale);
+    if (m_hWnd) {
+        SetWindowSize();
+        Invalidate(FALSE);
+    }
+}
+
+LRESULT CYearMonthPickerCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const WindowAlive alive(this, m_life);
+    const LRESULT result = CButton::WindowProc(message, wParam, lParam);
+    if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
+        ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
+    }
+    return result;
 }
 
 void CYearMonthPickerCtrl::SetTheme(const CalendarTheme& theme)
@@ -103,7 +147,7 @@ void CYearMonthPickerCtrl::SetTheme(const CalendarTheme& theme)
 void CYearMonthPickerCtrl::SetWindowSize()
 {
     m_hWndParent = ::GetParent(m_hWnd);
-    const PickerButtonMetrics metrics = ButtonMetrics();
+    const PickerButtonMetrics metrics = ButtonMetrics(m_scale);
     CRect rect;
     GetWindowRect(&rect);
     if (m_hWndParent) {
@@ -118,7 +162,7 @@ void CYearMonthPickerCtrl::SetWindowSize()
 void CYearMonthPickerCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CButton::OnSize(nType, cx, cy);
-    m_rcArrow = PickerArrowRect(ButtonMetrics(), CRect(0, 0, cx, cy));
+    m_rcArrow = PickerArrowRect(ButtonMetrics(m_scale), CRect(0, 0, cx, cy));
     Invalidate(FALSE);
 }
 
@@ -147,7 +191,7 @@ void CYearMonthPickerCtrl::OpenPopup()
     const CivilDate fields = CivilDateOf(m_dtCurrent);
     try {
         m_pPopup = new CYearMonthPopup(fields.year, fields.month, this);
-        m_pPopup->Open(CPoint(rect.right - kYearMonthMetrics.popup.cx, rect.bottom));
+        m_pPopup->Open(CPoint(rect.right - kYearMonthMetrics.At(m_scale).popup.cx, rect.bottom));
     } catch (CException* e) {
         e->Delete(); // as when the system makes no window
         delete m_pPopup;
@@ -237,7 +281,7 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     CDC* pDC = CDC::FromHandle(lpDrawItemStruct->hDC);
     const SaveDcScope saved(pDC);
     CRect arrow = m_rcArrow;
-    arrow.left = std::max<int>(arrow.left, arrow.right - ::GetSystemMetrics(SM_CXHTHUMB));
+    arrow.left = std::max<int>(arrow.left, arrow.right - SystemSize(SM_CXHTHUMB, m_scale));
     const UINT state = lpDrawItemStruct->itemState;
     PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
                             m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts, m_theme})

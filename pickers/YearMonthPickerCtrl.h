@@ -9,6 +9,7 @@
 
 #include "../core/CalendarOptions.h"
 #include "../core/SystemTheme.h"
+#include "../core/ViewScale.h"
 #include "../core/WindowAlive.h"
 #include "YearMonthMessages.h"
 
@@ -40,13 +41,19 @@ public:
     BOOL IsDropped() const { return m_bDropped; }
     CYearMonthPopup* GetPopup() const { return m_pPopup; } // nullptr while none is open
 
-    // Of the options those that concern this control: followSystemTheme.
+    // Of the options those that concern this control: followSystemTheme, followDpi.
     void SetOptions(const CalendarOptions& options);
     const CalendarOptions& GetOptions() const { return m_options; }
 
     // The colours of button and popup; repaints. See CalendarTheme.h.
     void SetTheme(const CalendarTheme& theme);
     const CalendarTheme& GetTheme() const { return m_theme; }
+
+    // The resolution that button and popup are drawn for, 96 at first; sizes the button anew. Ends what the option
+    // followDpi does. Kept between 48 and 768.
+    void SetScale(int dpi);
+    int GetScale() const { return m_scale.dpi; }
+    const dayvane::ViewScale& GetViewScale() const { return m_scale; }
 
     // Takes the parent, to which messages go, and sizes the button: the width it has, but at least twice its arrow;
     // the height that the system's arrows and edges ask for.
@@ -71,6 +78,8 @@ protected:
     // F4, and up and down with Alt, drop the popup and take it back.
     void ToggleDrop();
 
+    void ApplyScale(int dpi);
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PreSubclassWindow() override;
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy();
@@ -90,6 +99,8 @@ protected:
     COleDateTime m_dtCurrent;
     CalendarOptions m_options;
     CalendarTheme m_theme;
+    dayvane::ViewScale m_scale;
+    BOOL m_bOwnScale = FALSE; // the host has set one
     dayvane::SystemThemeWatch m_themeWatch;
     BOOL m_bDropped = FALSE;
     CRect m_rcArrow;             // client pixels

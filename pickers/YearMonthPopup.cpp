@@ -31,12 +31,16 @@ CYearMonthPopup::CYearMonthPopup(int nYear, int nMonth, CYearMonthPickerCtrl* pP
 BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
 {
     m_theme = m_pPicker->GetTheme();
-    const CSize size(kYearMonthMetrics.popup);
+    const ViewScale scale = m_pPicker->GetViewScale();
+    const YearMonthMetrics metrics = kYearMonthMetrics.At(scale);
+    m_fonts.text.SetScale(scale);
+    m_fonts.year.SetScale(scale);
+    const CSize size(metrics.popup);
     CRect picker;
     m_pPicker->GetWindowRect(&picker);
     const CRect anchor(ptTopLeft.x, std::min(picker.top, ptTopLeft.y), ptTopLeft.x + size.cx, ptTopLeft.y);
     const CRect place = PlaceDropDown(anchor, size, WorkAreaAt(anchor));
-    m_layout = CalcYearMonthLayout(CRect(CPoint(0, 0), size));
+    m_layout = CalcYearMonthLayout(CRect(CPoint(0, 0), size), metrics);
     const LPCTSTR lpszClass =
         AfxRegisterWndClass(kPopupClassStyle, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
     if (!CreatePopup(lpszClass, 0, place, m_pPicker)) {

@@ -105,3 +105,40 @@ TEST(SystemTheme, EditBoxHasThePagesColours)
     EXPECT_EQ(description.lbColor, CalendarTheme::Dark().page);
     EXPECT_EQ(dc.GetTextColor(), CalendarTheme::Dark().pageText);
 }
+
+TEST(Scale, FollowsTheResolutionUntilTheHostSetsOne)
+{
+    constexpr UINT dpiChanged = 0x02E0;
+    CalendarScene scene;
+    const auto announce = [&](int dpi) { scene.calendar->SendMessage(dpiChanged, MAKEWPARAM(dpi, dpi)); };
+    announce(144);
+    EXPECT_EQ(scene.calendar->GetScale(), 96) << "not asked to";
+    CalendarOptions options = scene.calendar->GetOptions();
+    options.followDpi = true;
+    scene.calendar->SetOptions(options);
+    announce(144);
+    EXPECT_EQ(scene.calendar->GetScale(), 144) << "the message says it, whatever the system";
+    scene.calendar->SetScale(192);
+    announce(120);
+    EXPECT_EQ(scene.calendar->GetScale(), 192);
+}
+
+TEST(Scale, TextFontSetsFaceAndHeightOfLines)
+{
+    CalendarScene scene;
+    const auto textHeight = [&] {
+        LOGFONT description = {};
+        scene.calendar->GetFont(0)->GetLogFont(&description);
+        return description.lfHeight;
+    };
+    EXPECT_EQ(textHeight(), 12);
+    scene.calendar->SetScale(144);
+    EXPECT_EQ(textHeight(), 18);
+    CFont font;
+    font.CreateFont(30, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, "Arial");
+    scene.calendar->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font.GetSafeHandle()), TRUE);
+    EXPECT_EQ(textHeight(), 30) << "a font of the present scale";
+    EXPECT_GE(scene.calendar->GetViewScale().textGrowth, 10);
+    scene.calendar->SetScale(96);
+    EXPECT_EQ(textHeight(), 20);
+}

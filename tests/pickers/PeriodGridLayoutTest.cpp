@@ -186,3 +186,35 @@ TEST(PeriodTexts, NameMonthYearAndToday)
     EXPECT_STREQ("今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3)));
     EXPECT_TRUE(FooterText(CellUnit::Month, NoDate()).IsEmpty());
 }
+
+// At every scale the cells tile their area, and everything of a block lies in the block.
+TEST(PeriodGridLayout, BlocksHoldTheirPartsAtEveryScale)
+{
+    for (const PeriodPolicy* own : {&kMonthPolicy, &kNumberedMonthPolicy, &kYearPolicy}) {
+        EXPECT_EQ(own->At({}).metrics.block.cx, own->metrics.block.cx);
+        EXPECT_EQ(own->At({}).metrics.block.cy, own->metrics.block.cy);
+        EXPECT_EQ(own->At({}).metrics.cellsTop, own->metrics.cellsTop);
+        for (int percent : {100, 125, 150, 200, 300}) {
+            const ViewScale scale{kBaseDpi * percent / 100, 0};
+            const PeriodPolicy policy = own->At(scale);
+            const CSize size = PeriodGridSize(policy, 1, 2);
+            EXPECT_NEAR(size.cx, 2 * own->metrics.block.cx * percent / 100, 2 * policy.cellColumns) << percent;
+            const PeriodGridLayout layout =
+                CalcPeriodGrid(policy, {size, 1, 2, PeriodOf(policy, COleDateTime(2026, 4, 1, 0, 0, 0)), 1});
+            for (const PeriodBlock& block : layout.blocks) {
+                const CRect whole(block.band.left, block.band.top, block.band.right,
+                                  block.band.top + policy.metrics.block.cy);
+                EXPECT_LE(block.cellArea.right, whole.right);
+                EXPECT_LE(block.cellArea.bottom, whole.bottom);
+                EXPECT_LE(whole.bottom, layout.footer.top);
+                EXPECT_GE(block.cellArea.top, block.weekdays.bottom);
+                int area = 0;
+                for (const PeriodCell& cell : block.cells) {
+                    area += cell.rect.Width() * cell.rect.Height();
+                    EXPECT_GE(cell.rect.Height(), scale.Of(12)) << "a line of text";
+                }
+                EXPECT_EQ(area, block.cellArea.Width() * block.cellArea.Height());
+            }
+        }
+    }
+}

@@ -145,6 +145,16 @@ private:
 
 } // namespace
 
+BarMetrics BarMetrics::At(const ViewScale& scale) const
+{
+    BarMetrics scaled;
+    scaled.topOffset = scale.Line(topOffset);
+    scaled.inset = scale.Of(inset);
+    scaled.laneStep = scale.Line(laneStep);
+    scaled.height = scaled.laneStep - scale.Of(laneStep - BarHeight()) + 2 * scaled.inset;
+    return scaled;
+}
+
 BoxSpan NoBoxes()
 {
     return {kFarAfter, kFarBefore, true};

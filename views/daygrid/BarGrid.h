@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "../../core/ViewScale.h"
 
 #include <vector>
 
@@ -17,6 +18,8 @@ struct BarMetrics
     int laneStep;  // from one lane to the next
 
     int BarHeight() const { return height - 2 * inset; }
+    // Bars of neighbouring lanes never meet, whatever the rounding.
+    BarMetrics At(const ViewScale& scale) const;
 };
 
 // How far to the right a bar reaches that covers several boxes.

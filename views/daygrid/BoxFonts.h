@@ -8,24 +8,28 @@ namespace dayvane {
 class BoxFonts
 {
 public:
-    CFont* Weekday() { return m_cache.Get({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); } // weekday names
-    CFont* DayNumber() { return m_cache.Get({16, FW_BOLD, ANSI_CHARSET, "Arial"}); }
+    void SetScale(const ViewScale& scale) { m_scale = scale; }
+    CFont* Weekday() { return Small({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); } // weekday names
+    CFont* DayNumber() { return Small({16, FW_BOLD, ANSI_CHARSET, "Arial"}); }
     CFont* SmallLatin() { return m_cache.Get({12, FW_DONTCARE, ANSI_CHARSET, "Arial"}); } // for printing
     // Holidays, solar terms, the host's text for a day.
-    CFont* Annotation() { return m_cache.Get({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); }
+    CFont* Annotation() { return Small({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); }
     // The title band's have the face, character set and style of the item font. Heights in pixels.
     CFont* CaptionNumber(const LOGFONT& itemFont, int height)
     {
-        return m_cache.Get(Resized(itemFont, height, FW_BOLD));
+        return m_cache.Get(Resized(itemFont, m_scale.Of(height), FW_BOLD));
     }
     CFont* CaptionText(const LOGFONT& itemFont)
     {
-        return m_cache.Get(Resized(itemFont, kCaptionTextHeight, itemFont.lfWeight));
+        return m_cache.Get(Resized(itemFont, m_scale.Of(kCaptionTextHeight), itemFont.lfWeight));
     }
     void Clear() { m_cache.Clear(); }
 
 private:
     static constexpr int kCaptionTextHeight = 18;
+    CFont* Small(const FontSpec& spec) { return m_cache.Get(ScaledText(spec, m_scale)); }
+
+    ViewScale m_scale;
     FontCache m_cache;
 };
 

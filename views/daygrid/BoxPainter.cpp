@@ -69,9 +69,11 @@ DayFrameColors SelectedFrameOf(const CalendarTheme& theme)
     return FlatFrame(kSelectedDayFrame, theme.selectionFrame, theme.selection);
 }
 
-BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme)
-    : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_clip(dc)
+BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme,
+                       const ViewScale& scale)
+    : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_scale(scale), m_clip(dc)
 {
+    parts.fonts.SetScale(scale);
 }
 
 bool BoxPainter::IsVisible(const CRect& rect) const
@@ -90,7 +92,7 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     DrawTitleBand(&m_dc, band, TitleBandOf(m_theme, look.band));
     m_dc.SetTextColor(m_colors.captionText);
     CRect text = band;
-    text.DeflateRect(kPaint.captionInset, kPaint.captionInset);
+    text.DeflateRect(m_scale.Of(kPaint.captionInset), m_scale.Of(kPaint.captionInset));
     {
         const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
         DrawWideText(m_dc, texts.number, text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
@@ -166,11 +168,11 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
         DrawGradient(&m_dc, parts.lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
     }
     if (parts.bottomLine < frame.bottom) {
-        const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.bottomLineWidth, colors.bottomLine));
+        const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(m_scale.Of(colors.bottomLineWidth), colors.bottomLine));
         m_dc.MoveTo(frame.left, parts.bottomLine);
         m_dc.LineTo(frame.right, parts.bottomLine);
     }
-    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(colors.outlineWidth, colors.outline));
+    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(m_scale.Of(colors.outlineWidth), colors.outline));
     m_dc.MoveTo(frame.left, frame.top);
     m_dc.LineTo(frame.left, frame.bottom);
     m_dc.LineTo(frame.right, frame.bottom);
@@ -194,7 +196,7 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
     BoxFonts& fonts = m_parts.fonts;
     TextCache& cache = m_parts.texts;
     CRect rest = strip;
-    rest.DeflateRect(kPaint.stripInset, 0);
+    rest.DeflateRect(m_scale.Of(kPaint.stripInset), 0);
     m_dc.SetTextColor(texts.color);
     {
         const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
@@ -204,7 +206,7 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
             rest = strip; // "10" would lose a digit
         }
         cache.Draw(&m_dc, fonts.DayNumber(), number, rest, DT_LEFT | DT_VCENTER);
-        rest.left += numberWidth + kPaint.suffixGap;
+        rest.left += numberWidth + m_scale.Of(kPaint.suffixGap);
     }
     const SelectGdi selectFont(&m_dc, fonts.Annotation());
     const int suffixWidth = cache.WidthOf(&m_dc, fonts.Annotation(), texts.suffix);
@@ -212,8 +214,8 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
         return;
     }
     cache.Draw(&m_dc, fonts.Annotation(), texts.suffix, rest, DT_LEFT | DT_VCENTER);
-    rest.left += suffixWidth + kPaint.annotationGap;
-    if (rest.Width() < kPaint.annotationMinWidth) {
+    rest.left += suffixWidth + m_scale.Of(kPaint.annotationGap);
+    if (rest.Width() < m_scale.Of(kPaint.annotationMinWidth)) {
         return;
     }
     m_dc.SetTextColor(texts.annotationColor);
@@ -225,8 +227,8 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
     BoxFonts& fonts = m_parts.fonts;
     TextCache& cache = m_parts.texts;
     CRect number = box;
-    number.top += kPaint.numberTop;
-    number.right -= kPaint.numberRight;
+    number.top += m_scale.Of(kPaint.numberTop);
+    number.right -= m_scale.Of(kPaint.numberRight);
     const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
     m_dc.SetTextColor(look.dayNumberColor);
     const std::u16string dayNumber = FittingNumber(look.dayNumber, number.Width());
@@ -235,11 +237,12 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
         return;
     }
     CRect annotation = box;
-    annotation.left += kPaint.annotationLeft;
-    annotation.top += kPaint.annotationTop;
-    annotation.bottom = annotation.top + kPaint.annotationHeight;
-    annotation.right = number.right - cache.WidthOf(&m_dc, fonts.DayNumber(), dayNumber) - kPaint.annotationGap;
-    if (annotation.Width() < kPaint.annotationMinWidth) {
+    annotation.left += m_scale.Of(kPaint.annotationLeft);
+    annotation.top += m_scale.Of(kPaint.annotationTop);
+    annotation.bottom = annotation.top + m_scale.Line(kPaint.annotationHeight);
+    annotation.right =
+        number.right - cache.WidthOf(&m_dc, fonts.DayNumber(), dayNumber) - m_scale.Of(kPaint.annotationGap);
+    if (annotation.Width() < m_scale.Of(kPaint.annotationMinWidth)) {
         return;
     }
     const SelectGdi selectFont(&m_dc, fonts.Annotation());
@@ -279,7 +282,8 @@ void BoxPainter::DrawBarText(CFont* pSelectedFont, const std::u16string& text, c
 
 void BoxPainter::DrawBarSelection(const CRect& frame) const
 {
-    const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(kSelectionWidth, ThemeOr(m_theme.focus, m_colors.highlight)));
+    const SelectGdi selectPen(
+        &m_dc, m_parts.pens.Solid(m_scale.Of(kSelectionWidth), ThemeOr(m_theme.focus, m_colors.highlight)));
     m_dc.MoveTo(frame.left, frame.top);
     m_dc.LineTo(frame.right, frame.top);
     m_dc.LineTo(frame.right, frame.bottom);
@@ -318,7 +322,7 @@ void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
 void BoxPainter::DrawArrow(int tip, int middle, int direction) const
 {
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, ThemeOr(m_theme.itemArrow, kArrow)));
-    for (int column = 0; column <= kArrowHeight / 2; ++column) {
+    for (int column = 0; column <= ArrowReach(m_scale); ++column) {
         const int x = tip + direction * column;
         m_dc.MoveTo(x, middle - column);
         m_dc.LineTo(x, middle + column + 1);

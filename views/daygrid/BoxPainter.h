@@ -58,7 +58,8 @@ struct StripTexts
 class BoxPainter
 {
 public:
-    BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme = kClassicTheme);
+    BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme = kClassicTheme,
+               const ViewScale& scale = {});
 
     bool IsVisible(const CRect& rect) const; // some of it is to be painted
 
@@ -91,6 +92,7 @@ private:
     DayGridParts& m_parts;
     const CalendarColors& m_colors;
     const CalendarTheme& m_theme;
+    ViewScale m_scale;
     ClipArea m_clip;
 };
 

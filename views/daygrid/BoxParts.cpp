@@ -11,7 +11,6 @@ constexpr int kFrameLines = 3;   // a frame's inset, its outline and its bottom 
 constexpr int kBarInset = 1;     // from the item's rectangle to the bar
 constexpr int kContentInset = 2; // from there to marks and text
 constexpr int kStripeWidth = 3;
-constexpr int kArrowWidth = kArrowHeight / 2 + 1;
 constexpr int kArrowGap = 2; // between an arrow and the text
 
 // The upper strip of a frame has 5 of 14 parts.
@@ -40,8 +39,12 @@ DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight)
     return parts;
 }
 
-BarParts PartsOfBar(const tagCALENDAR_ITEM& item)
+BarParts PartsOfBar(const tagCALENDAR_ITEM& item, const ViewScale& scale)
 {
+    const int contentInset = scale.Of(kContentInset);
+    const int stripeWidth = scale.Of(kStripeWidth);
+    const int arrowWidth = ArrowReach(scale) + 1;
+    const int arrowGap = scale.Of(kArrowGap);
     BarParts parts;
     parts.bar = item.rcItem;
     parts.bar.DeflateRect(kBarInset, kBarInset);
@@ -51,18 +54,18 @@ BarParts PartsOfBar(const tagCALENDAR_ITEM& item)
     }
     CRect& content = parts.content;
     content = bar;
-    content.DeflateRect(kContentInset, kContentInset);
-    if (!BeganEarlier(item) && content.Width() > kStripeWidth) {
-        parts.stripe.SetRect(bar.left + 1, bar.top + 1, bar.left + 1 + kStripeWidth, bar.bottom - 1);
-        content.left += kStripeWidth;
+    content.DeflateRect(contentInset, contentInset);
+    if (!BeganEarlier(item) && content.Width() > stripeWidth) {
+        parts.stripe.SetRect(bar.left + 1, bar.top + 1, bar.left + 1 + stripeWidth, bar.bottom - 1);
+        content.left += stripeWidth;
     }
-    if (BeganEarlier(item) && content.Width() > kArrowWidth) {
+    if (BeganEarlier(item) && content.Width() > arrowWidth) {
         parts.arrowBefore = content.left;
-        content.left += kArrowWidth + kArrowGap;
+        content.left += arrowWidth + arrowGap;
     }
-    if (GoesOn(item) && content.Width() > kArrowWidth) {
+    if (GoesOn(item) && content.Width() > arrowWidth) {
         parts.arrowAfter = content.right - 1;
-        content.right -= kArrowWidth + kArrowGap;
+        content.right -= arrowWidth + arrowGap;
     }
     return parts;
 }

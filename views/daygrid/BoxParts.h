@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "../../core/ViewScale.h"
 
 #include <climits>
 
@@ -22,7 +23,12 @@ struct DayFrameParts
 // The strips of the frame, its outline and the bottom line fill the top of the box.
 DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight);
 
-constexpr int kArrowHeight = 7; // odd
+constexpr int kArrowHeight = 7; // odd, at 96 dpi
+// Columns of an arrow beside its tip.
+constexpr int ArrowReach(const ViewScale& scale)
+{
+    return scale.Of(kArrowHeight) / 2;
+}
 constexpr int kNoArrow = INT_MIN;
 
 struct BarParts
@@ -33,6 +39,6 @@ struct BarParts
     int arrowBefore = kNoArrow;        // x of the tips of the arrows, where the item goes on beyond its piece
     int arrowAfter = kNoArrow;
 };
-BarParts PartsOfBar(const tagCALENDAR_ITEM& item);
+BarParts PartsOfBar(const tagCALENDAR_ITEM& item, const ViewScale& scale = {});
 
 } // namespace dayvane

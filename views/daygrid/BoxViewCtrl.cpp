@@ -157,7 +157,7 @@ void CBoxViewCtrl::Layout(int cx, int cy)
 void CBoxViewCtrl::CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect&, CRect&, CRect& rcCalendar)
 {
     BoxViewLayout& layout = m_state->layout;
-    LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_state->kind.metrics, layout);
+    LayOutBoxView(rcClient, m_bShowCaption == TRUE, m_state->kind.metrics.At(m_scale), layout);
     rcCaption = layout.caption;
     rcCalendar = layout.calendar;
 }
@@ -177,7 +177,7 @@ void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
     const BoxViewState& state = *m_state;
     const std::vector<BoxLoad> loads =
-        LayOutBars(state.layout.grid, state.kind.metrics.bars, state.range.Spans(screenItems), screenItems);
+        LayOutBars(state.layout.grid, state.kind.metrics.At(m_scale).bars, state.range.Spans(screenItems), screenItems);
     std::transform(loads.begin(), loads.end(), m_state->more.begin(), [](const BoxLoad& load) { return load.more; });
     ScreenItemsChanged();
 }
@@ -201,7 +201,7 @@ CRect CBoxViewCtrl::GetBoxRect(int nBox)
 
 int CBoxViewCtrl::GetHitStripHeight()
 {
-    return m_state->kind.metrics.hitStripHeight;
+    return m_state->kind.metrics.At(m_scale).hitStripHeight;
 }
 
 int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)

@@ -59,5 +59,5 @@ void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, m_state->kind.metrics.stripHeight), colors);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, m_state->kind.metrics.At(m_scale).stripHeight), colors);
 }

@@ -7,6 +7,16 @@ BoxViewLayout::BoxViewLayout(const BoxViewMetrics& metrics)
 {
 }
 
+BoxViewMetrics BoxViewMetrics::At(const ViewScale& scale) const
+{
+    BoxViewMetrics scaled = *this;
+    scaled.captionHeight = scale.Of(captionHeight);
+    scaled.stripHeight = scale.Line(stripHeight);
+    scaled.hitStripHeight = scale.Line(hitStripHeight);
+    scaled.bars.metrics = bars.metrics.At(scale);
+    return scaled;
+}
+
 void LayOutBoxView(const CRect& client, bool showCaption, const BoxViewMetrics& metrics, BoxViewLayout& layout)
 {
     layout.caption = client;

@@ -19,6 +19,7 @@ struct BoxViewMetrics
     BarRules bars;
 
     int BoxCount() const { return kBoxRows * columns; }
+    BoxViewMetrics At(const ViewScale& scale) const;
 };
 constexpr BarRules kBoxBars = {{25, 26, 2, 23}, BarReach::BoxesTimesWidth, BarOverflow::ByPosition};
 constexpr BoxViewMetrics kWeekMetrics = {4, 30, 22, 20, kBoxBars};

@@ -181,7 +181,7 @@ void CDayGridCtrl::InvalidateCellRect(COleDateTime date)
         return;
     }
     CRect rect = GetBoxRect(box);
-    rect.InflateRect(kCellMargin, kCellMargin);
+    rect.InflateRect(m_scale.Of(kCellMargin), m_scale.Of(kCellMargin));
     InvalidateRect(&rect, FALSE);
 }
 
@@ -263,9 +263,20 @@ void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
 
 // ---- Paint
 
+void CDayGridCtrl::ScaleChanged(const ViewScale& before)
+{
+    m_parts->Clear();
+    CMoreListCtrl::ScaleChanged(before);
+}
+
+BOOL CDayGridCtrl::DrawsOwnMark() const
+{
+    return m_theme.mark != CalendarTheme::kOwn || m_scale.dpi != kBaseDpi;
+}
+
 BoxPainter CDayGridCtrl::PainterOn(CDC* pDC)
 {
-    return BoxPainter(*pDC, *m_parts, m_colors, m_theme);
+    return BoxPainter(*pDC, *m_parts, m_colors, m_theme, m_scale);
 }
 
 void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns)
@@ -318,11 +329,11 @@ void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDA
 
 void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
 {
-    const BarParts parts = PartsOfBar(item);
+    const BarParts parts = PartsOfBar(item, m_scale);
     painter.DrawBar(item, parts);
     CRect content = parts.content;
-    if (const int marks = DrawItemMarks(pDC, item, content, TRUE, kMarkGap, TRUE)) {
-        content.left += marks + kTextGap;
+    if (const int marks = DrawItemMarks(pDC, item, content, TRUE, m_scale.Of(kMarkGap), TRUE)) {
+        content.left += marks + m_scale.Of(kTextGap);
     }
 
     const BOOL fullday = dayvane::IsFulldayItem(item);
@@ -343,7 +354,7 @@ void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
     if (!pDC->RectVisible(&mark)) {
         return;
     }
-    if (m_theme.mark != CalendarTheme::kOwn) {
+    if (DrawsOwnMark()) {
         PainterOn(pDC).DrawMoreMark(mark);
     } else if (m_hMoreMark) {
         ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,

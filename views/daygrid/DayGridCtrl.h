@@ -36,7 +36,7 @@ protected:
     {
         kMoreMarkWidth = 20,
         kMoreMarkHeight = 8
-    }; // pixels
+    }; // pixels at 96 dpi
 
     // ---- Hooks of the views. The boxes stand for days or months, in the order of time.
     virtual dayvane::BoxRange Range() const = 0; // the dates of the boxes
@@ -83,6 +83,7 @@ protected:
 
     void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
 
+    void ScaleChanged(const dayvane::ViewScale& before) override;
     void PreparePainting(); // makes the mark of hidden items, once there is a window
     dayvane::BoxPainter PainterOn(CDC* pDC);
     // The border of the calendar and the lines between the boxes, so many in a row.
@@ -98,10 +99,12 @@ protected:
         COleDateTime last;
     };
     BOOL GetMoreBox(int nBox, MoreBox& box); // FALSE: the box shows no mark
-    static CRect MoreMarkOf(const CRect& box)
+    CRect MoreMarkOf(const CRect& box) const
     {
-        return CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom);
+        return CRect(box.right - m_scale.Of(kMoreMarkWidth), box.bottom - m_scale.Of(kMoreMarkHeight), box.right,
+                     box.bottom);
     }
+    BOOL DrawsOwnMark() const; // the mark's picture suits neither theme nor scale
     BOOL OpenMoreListAt(CPoint point) override;
     BOOL OpenMoreListOf(const COleDateTime& date) override;
     void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) override;

@@ -29,14 +29,29 @@ void StoreLoads(const std::vector<BoxLoad>& loads, MonthCellArray& cells)
 
 // ---- Rectangles
 
-MonthBands CalcMonthBands(const CRect& client, bool showCaption)
+MonthMetrics MonthMetrics::For(const ViewScale& scale)
+{
+    MonthMetrics metrics;
+    metrics.captionHeight = scale.Of(metrics.captionHeight);
+    const int nameHeight = metrics.headerHeight - 2 * metrics.headerInset;
+    metrics.headerInset = scale.Of(metrics.headerInset);
+    metrics.headerHeight = scale.Line(nameHeight) + 2 * metrics.headerInset;
+    metrics.dayCaptionHeight = scale.Line(metrics.dayCaptionHeight);
+    metrics.stripHeight = scale.Line(metrics.stripHeight);
+    metrics.bars.metrics = metrics.bars.metrics.At(scale);
+    metrics.blockTop = scale.Line(metrics.blockTop);
+    metrics.blockInset = scale.Of(metrics.blockInset);
+    return metrics;
+}
+
+MonthBands CalcMonthBands(const CRect& client, bool showCaption, const MonthMetrics& metrics)
 {
     MonthBands bands;
     bands.caption = client;
-    bands.caption.bottom = showCaption ? kMonthMetrics.captionHeight : 0;
+    bands.caption.bottom = showCaption ? metrics.captionHeight : 0;
     bands.header = client;
     bands.header.top = bands.caption.bottom;
-    bands.header.bottom = bands.header.top + kMonthMetrics.headerHeight;
+    bands.header.bottom = bands.header.top + metrics.headerHeight;
     bands.calendar = client;
     bands.calendar.top = bands.header.bottom;
     return bands;
@@ -48,14 +63,14 @@ CSize CalcMonthCellSize(const CRect& calendar)
 }
 
 void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, MonthCellArray& headerCells,
-                    MonthCellArray& cells)
+                    MonthCellArray& cells, const MonthMetrics& metrics)
 {
     headerCells.SetSize(kMonthColumns);
     const int headerWidth = header.Width() / kMonthColumns;
     for (int column = 0; column < kMonthColumns; ++column) {
         const int left = header.left + column * headerWidth;
         CRect box(left, header.top, left + headerWidth, header.bottom);
-        box.DeflateRect(kMonthMetrics.headerInset, kMonthMetrics.headerInset);
+        box.DeflateRect(metrics.headerInset, metrics.headerInset);
         headerCells[column].m_rect = box;
     }
     cells.SetSize(kMonthCells);
@@ -73,13 +88,13 @@ void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, 
 
 // ---- Items
 
-void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items)
+void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items, const MonthMetrics& metrics)
 {
     const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
-    StoreLoads(LayOutBars(BoxGridOf(cells), kMonthMetrics.bars, spans, items), cells);
+    StoreLoads(LayOutBars(BoxGridOf(cells), metrics.bars, spans, items), cells);
 }
 
-void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items)
+void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items, const MonthMetrics& metrics)
 {
     const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it
@@ -89,8 +104,8 @@ void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& 
         CRect rect(-1, -1, -1, -1);
         if (span.first >= 0 && span.first <= lastCell) {
             rect = cells[span.first].m_rect;
-            rect.top += kMonthMetrics.blockTop;
-            rect.DeflateRect(kMonthMetrics.blockInset, kMonthMetrics.blockInset);
+            rect.top += metrics.blockTop;
+            rect.DeflateRect(metrics.blockInset, metrics.blockInset);
             rect.NormalizeRect();
         }
         items[i].rcItem = rect;

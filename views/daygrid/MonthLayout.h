@@ -18,6 +18,8 @@ struct MonthMetrics
     BarRules bars = {{15, 22, 1, 20}, BarReach::ToColumnOfLast, BarOverflow::ByAbsoluteValue};
     int blockTop = 20; // blocks of the variant: from the cell's top
     int blockInset = 2;
+
+    static MonthMetrics For(const ViewScale& scale);
 };
 constexpr MonthMetrics kMonthMetrics;
 
@@ -29,23 +31,25 @@ struct MonthBands
     CRect header;  // weekday names
     CRect calendar;
 };
-MonthBands CalcMonthBands(const CRect& client, bool showCaption);
+MonthBands CalcMonthBands(const CRect& client, bool showCaption, const MonthMetrics& metrics = kMonthMetrics);
 
 // Truncated: the last column and row take the remaining pixels.
 CSize CalcMonthCellSize(const CRect& calendar);
 
 // The last column and row end one pixel before the calendar does. Marks and counts start at 0.
 void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, MonthCellArray& headerCells,
-                    MonthCellArray& cells);
+                    MonthCellArray& cells, const MonthMetrics& metrics = kMonthMetrics);
 
 // ---- Items
 
 // Rectangles and hidden flags of the items as bars; marks and counts of the cells start afresh.
-void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items);
+void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items,
+                   const MonthMetrics& metrics = kMonthMetrics);
 
 // Rectangles of the items as blocks that fill the cell of their start, for the variant of the view: nothing is stacked
 // and nothing hidden. Counts start afresh, marks are cleared.
-void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items);
+void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items,
+                     const MonthMetrics& metrics = kMonthMetrics);
 
 void ClearLoads(MonthCellArray& cells);
 

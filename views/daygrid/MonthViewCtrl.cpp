@@ -151,7 +151,7 @@ void CMonthViewCtrl::Layout(int cx, int cy)
 
 void CMonthViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar)
 {
-    const MonthBands bands = CalcMonthBands(rcClient, m_bShowCaption == TRUE);
+    const MonthBands bands = CalcMonthBands(rcClient, m_bShowCaption == TRUE, MonthMetrics::For(m_scale));
     rcCaption = bands.caption;
     rcHeader = bands.header;
     rcCalendar = bands.calendar;
@@ -164,7 +164,8 @@ CSize CMonthViewCtrl::CalcCellSize(CRect rcCalendar)
 
 void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
 {
-    FillMonthCells(rcHeader, rcCalendar, CalcCellSize(rcCalendar), m_arHeaderCell, m_arCell);
+    FillMonthCells(rcHeader, rcCalendar, CalcCellSize(rcCalendar), m_arHeaderCell, m_arCell,
+                   MonthMetrics::For(m_scale));
 }
 
 void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
@@ -175,7 +176,7 @@ void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    CalcMonthBars(m_arCellDate, m_arCell, screenItems);
+    CalcMonthBars(m_arCellDate, m_arCell, screenItems, MonthMetrics::For(m_scale));
     ScreenItemsChanged();
 }
 
@@ -188,7 +189,7 @@ void CMonthViewCtrl::ClearMoreMarks()
 
 int CMonthViewCtrl::GetHitStripHeight()
 {
-    return kMonthMetrics.dayCaptionHeight;
+    return MonthMetrics::For(m_scale).dayCaptionHeight;
 }
 
 int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)

@@ -31,7 +31,7 @@ CMonthViewCtrl2::CMonthViewCtrl2()
 
 void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems);
+    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems, MonthMetrics::For(m_scale));
     ScreenItemsChanged();
 }
 
@@ -70,7 +70,7 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item, bool current)
 {
     CRect block = item.rcItem;
-    block.DeflateRect(kBlockInset, kBlockInset);
+    block.DeflateRect(m_scale.Of(kBlockInset), m_scale.Of(kBlockInset));
     if (block.IsRectEmpty()) {
         return;
     }
@@ -79,11 +79,11 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCA
     }
     painter.DrawOutline(block, ThemeOr(m_theme.itemOutline, kBlockOutline));
     CRect content = block;
-    content.DeflateRect(kContentInset, kContentInset);
+    content.DeflateRect(m_scale.Of(kContentInset), m_scale.Of(kContentInset));
     const CRect selection(content.left - 1, content.top - 1, content.right + 1, content.bottom + 1);
     if (item.nImage != -1 && m_pImageList) {
         CRect image = content;
-        image.top += (content.Height() - m_cyIcon) / 2;
+        image.top += (content.Height() - m_scale.Of(m_cyIcon)) / 2;
         content.left += DrawImageIcon(pDC, item.nImage, image);
     }
     pDC->SetTextColor(item.crColor5);

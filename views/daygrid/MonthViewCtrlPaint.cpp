@@ -95,10 +95,11 @@ void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), TodayFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, MonthMetrics::For(m_scale).stripHeight), TodayFrameOf(m_theme));
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, kMonthMetrics.stripHeight), SelectedFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, MonthMetrics::For(m_scale).stripHeight),
+                                SelectedFrameOf(m_theme));
 }

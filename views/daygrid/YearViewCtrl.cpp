@@ -95,8 +95,9 @@ void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CBoxViewCtrl::OnSize(nType, cx, cy);
     if (CComboBox* combo = LiveCombo()) {
-        const int left = m_rcCaption.right - kComboRight - kComboWidth;
-        const CRect rect(left, m_rcCaption.top + kComboTop, left + kComboWidth, kComboBottom);
+        const int left = m_rcCaption.right - m_scale.Of(kComboRight) - m_scale.Of(kComboWidth);
+        const CRect rect(left, m_rcCaption.top + m_scale.Of(kComboTop), left + m_scale.Of(kComboWidth),
+                         m_scale.Of(kComboBottom));
         combo->MoveWindow(&rect, TRUE);
     }
 }
@@ -107,7 +108,7 @@ int CYearViewCtrl::CreateComboBox(CComboBox* pCombo, UINT, int nWidth, DWORD dwS
     if (!m_hWnd || !pCombo || pCombo->m_hWnd) {
         return 0;
     }
-    if (!pCombo->Create(dwStyle | WS_CHILD, CRect(1, 1, nWidth, kComboBottom), this, kComboId)) {
+    if (!pCombo->Create(dwStyle | WS_CHILD, CRect(1, 1, nWidth, m_scale.Of(kComboBottom)), this, kComboId)) {
         return 0;
     }
     ModifyStyle(0, WS_CLIPCHILDREN); // the view paints the whole title band
@@ -195,7 +196,7 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
 {
-    if (m_theme.mark != CalendarTheme::kOwn) {
+    if (DrawsOwnMark()) {
         DrawMoreMark(pDC, m_rcMonth[nBox]);
         return;
     }

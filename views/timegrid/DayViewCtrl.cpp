@@ -65,7 +65,8 @@ DayRange CDayViewCtrl::GetShownRange() const
 
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, LanesIn(rcClient), 1);
+    const TimeGridFrame frame =
+        CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, LanesIn(rcClient), 1, Scale().metrics);
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
@@ -94,7 +95,7 @@ void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)
 void CDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
-        LayOneDayLanes(screenItems, rcBand);
+        LayOneDayLanes(screenItems, rcBand, Scale().metrics);
         LimitBand(rcBand, screenItems);
     }
 }

@@ -8,10 +8,10 @@
 
 namespace dayvane {
 namespace {
-CRect BarAt(int left, int right, int bandTop, int lane)
+CRect BarAt(int left, int right, int bandTop, int lane, const TimeGridMetrics& metrics)
 {
-    const int top = bandTop + kTimeGrid.laneInset + lane * kTimeGrid.laneStep;
-    return CRect(left + kTimeGrid.laneInset, top, right - kTimeGrid.laneInset, top + kTimeGrid.barHeight);
+    const int top = bandTop + metrics.laneInset + lane * metrics.laneStep;
+    return CRect(left + metrics.laneInset, top, right - metrics.laneInset, top + metrics.barHeight);
 }
 
 // The column of the day; the first for a time that is not valid.
@@ -48,18 +48,18 @@ void CountIn(const tagCALENDAR_ITEM& item, const std::vector<CRect>& columns, st
 }
 } // namespace
 
-void LayOneDayLanes(ItemArray& items, const CRect& band)
+void LayOneDayLanes(ItemArray& items, const CRect& band, const TimeGridMetrics& metrics)
 {
     int lane = 0;
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
         if (IsBandItem(items[i])) {
-            items[i].rcItem = BarAt(band.left, band.right, band.top, lane++);
+            items[i].rcItem = BarAt(band.left, band.right, band.top, lane++, metrics);
         }
     }
 }
 
 void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
-                     const COleDateTime& firstDay)
+                     const COleDateTime& firstDay, const TimeGridMetrics& metrics)
 {
     const int days = static_cast<int>(columns.size());
     if (days == 0 || !IsValid(firstDay)) {
@@ -76,7 +76,7 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
         }
         const int first = ColumnOf(items[i].dtStart, firstDayNumber, days);
         const int last = ColumnOf(items[i].dtEnd, firstDayNumber, days);
-        items[i].rcItem = BarAt(columns[first].left, columns[last].right, band.top, 0);
+        items[i].rcItem = BarAt(columns[first].left, columns[last].right, band.top, 0, metrics);
         int& kind = kindOfDays[first * days + last];
         if (kind == kNoKind) {
             kind = static_cast<int>(kinds.size());
@@ -85,34 +85,35 @@ void LayManyDayLanes(ItemArray& items, const CRect& band, const std::vector<CRec
         shown.push_back(i);
         kindOf.push_back(kind);
     }
-    const std::vector<int> lanes = StackBars(
-        kindOf, kinds, LaneGrid{{band.top + kTimeGrid.laneInset}, days, kTimeGrid.barHeight, kTimeGrid.laneStep});
+    const std::vector<int> lanes =
+        StackBars(kindOf, kinds, LaneGrid{{band.top + metrics.laneInset}, days, metrics.barHeight, metrics.laneStep});
     for (size_t i = 0; i < shown.size(); ++i) {
-        items[shown[i]].rcItem.OffsetRect(0, lanes[i] * kTimeGrid.laneStep);
+        items[shown[i]].rcItem.OffsetRect(0, lanes[i] * metrics.laneStep);
     }
 }
 
-int StackedLanes(ItemArray& items, const DayRange& range)
+int StackedLanes(ItemArray& items, const DayRange& range, const TimeGridMetrics& metrics)
 {
-    constexpr int kAnyWidth = 100; // wide enough for the insets of a bar
+    constexpr int kAnyWidth = 1000; // wide enough for the insets of a bar
     std::vector<CRect> columns;
     for (int i = 0; i < range.days; ++i) {
         columns.emplace_back(i * kAnyWidth, 0, (i + 1) * kAnyWidth, 0);
     }
-    LayManyDayLanes(items, CRect(0, 0, range.days * kAnyWidth, 0), columns, range.first);
+    LayManyDayLanes(items, CRect(0, 0, range.days * kAnyWidth, 0), columns, range.first, metrics);
     int lanes = 0;
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
         if (IsBandItem(items[i])) {
-            lanes = std::max<int>(lanes, (items[i].rcItem.top - kTimeGrid.laneInset) / kTimeGrid.laneStep + 1);
+            lanes = std::max<int>(lanes, (items[i].rcItem.top - metrics.laneInset) / metrics.laneStep + 1);
         }
     }
     return lanes;
 }
 
-std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns)
+std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std::vector<CRect>& columns,
+                                 const TimeGridMetrics& metrics)
 {
-    const int lanes = std::max<int>((band.Height() - kTimeGrid.bandPadding) / kTimeGrid.laneStep, 1);
-    const int lastTop = band.top + kTimeGrid.laneInset + (lanes - 1) * kTimeGrid.laneStep;
+    const int lanes = std::max<int>((band.Height() - metrics.bandPadding) / metrics.laneStep, 1);
+    const int lastTop = band.top + metrics.laneInset + (lanes - 1) * metrics.laneStep;
     std::vector<MoreMark> marks(columns.size());
     std::vector<char> isHidden(items.GetSize(), 0);
     // A bar that is hidden puts marks into all of its days, which may hide further bars of the last lane.
@@ -138,8 +139,8 @@ std::vector<MoreMark> LimitLanes(ItemArray& items, const CRect& band, const std:
         std::sort(marks[i].items.begin(), marks[i].items.end()); // as the screen items come: by their sources
         marks[i].column = static_cast<int>(i);
         marks[i].inBand = true;
-        marks[i].box = CRect(columns[i].left + kTimeGrid.laneInset, lastTop, columns[i].right - kTimeGrid.laneInset,
-                             lastTop + kTimeGrid.moreHeight);
+        marks[i].box = CRect(columns[i].left + metrics.laneInset, lastTop, columns[i].right - metrics.laneInset,
+                             lastTop + metrics.moreHeight);
     }
     const auto isEmpty = [](const MoreMark& mark) { return mark.items.empty(); };
     marks.erase(std::remove_if(marks.begin(), marks.end(), isEmpty), marks.end());

@@ -48,7 +48,7 @@ COLORREF TimeGridPainter::HeaderColor(int dayOfWeek, COLORREF ordinary) const
 
 CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
 {
-    return m_cache.Get(Resized(lf, kCaptionDateHeight, FW_BOLD));
+    return m_cache.Get(Resized(lf, m_scale.Of(kCaptionDateHeight), FW_BOLD));
 }
 
 // ---- Title band
@@ -78,8 +78,8 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
         return;
     }
     DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, kTimeGridPalette.dayCaption));
-    CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
-               caption.bottom - kBandPaint.captionBottom);
+    CRect area(caption.left + Px(kBandPaint.captionLeft), caption.top, caption.right,
+               caption.bottom - Px(kBandPaint.captionBottom));
     // The band is light: a light text needs an edge to be read.
     const COLORREF plain = m_colors.captionText;
     const bool hasOwnGround = m_theme.title == CalendarTheme::kOwn;
@@ -88,7 +88,7 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
         const SelectGdi selectFont(&m_dc, date);
         DrawCaptionPart(area, texts.date, plain, shadow);
     }
-    area.bottom -= kBandPaint.baselineStep;
+    area.bottom -= Px(kBandPaint.baselineStep);
     const SelectGdi selectFont(&m_dc, text);
     const COLORREF weekday = HeaderColor(dayOfWeek, plain);
     DrawCaptionPart(area, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
@@ -106,13 +106,13 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
     // Pale enough for the dark text that the settings begin with.
     const COLORREF middle = Paler(m_colors.caption);
     DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, {Paler(middle), middle, m_colors.caption}));
-    CRect area(caption.left + kBandPaint.captionLeft, caption.top, caption.right,
-               caption.bottom - kBandPaint.captionBottom);
+    CRect area(caption.left + Px(kBandPaint.captionLeft), caption.top, caption.right,
+               caption.bottom - Px(kBandPaint.captionBottom));
     {
         const SelectGdi selectFont(&m_dc, date);
         DrawCaptionPart(area, texts.date, m_colors.captionText);
     }
-    area.bottom -= kBandPaint.baselineStep;
+    area.bottom -= Px(kBandPaint.baselineStep);
     const SelectGdi selectFont(&m_dc, text);
     DrawCaptionPart(area, texts.longDate, m_colors.captionText);
 }
@@ -130,9 +130,9 @@ void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame) const
 {
     CRect inner = box;
     inner.left += 1; // the separator keeps its place
-    if (inner.Width() > 2 * kBandPaint.headerFrame && inner.Height() > 2 * kBandPaint.headerFrame) {
+    if (inner.Width() > 2 * Px(kBandPaint.headerFrame) && inner.Height() > 2 * Px(kBandPaint.headerFrame)) {
         inner.DeflateRect(1, 1);
-        DrawBoxEdges(inner, frame, kBandPaint.headerFrame, true, true);
+        DrawBoxEdges(inner, frame, Px(kBandPaint.headerFrame), true, true);
     }
 }
 
@@ -150,7 +150,7 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
                                      CFont* font) const
 {
     CRect area = box;
-    area.DeflateRect(kBandPaint.headerTextInset, 0);
+    area.DeflateRect(Px(kBandPaint.headerTextInset), 0);
     if (!IsVisible(area)) {
         return;
     }
@@ -161,7 +161,7 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
         return;
     }
     const std::u16string& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
-    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + kBandPaint.headerNoteGap;
+    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + Px(kBandPaint.headerNoteGap);
     const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;
     const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
     area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
@@ -171,7 +171,7 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
     m_dc.SetTextColor(isDayOff ? holiday : HeaderColor(day.dayOfWeek, ordinary));
     DrawWideText(m_dc, date, area, flags);
     if (hasNote) {
-        area.left += dateWidth + kBandPaint.headerNoteGap;
+        area.left += dateWidth + Px(kBandPaint.headerNoteGap);
         m_dc.SetTextColor(holiday);
         DrawWideText(m_dc, texts.note, area, flags);
     }

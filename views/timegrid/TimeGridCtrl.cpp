@@ -78,7 +78,7 @@ void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)
 
 TimeScale CTimeGridCtrl::Scale() const
 {
-    return TimeScale{m_nTimeScale};
+    return TimeScale{m_nTimeScale, TimeGridMetrics::For(m_scale)};
 }
 
 TimeGridState CTimeGridCtrl::State() const
@@ -121,7 +121,8 @@ void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
     const DayRange range = GetShownRange();
     const int bars = MakeRangeItems(items, range, screenItems);
     // The band has a lane for each bar; a limited one only as many as the bars stack in.
-    SetFulldayItemCount(m_options.limitedBand && range.days > 1 ? StackedLanes(screenItems, range) : bars);
+    SetFulldayItemCount(m_options.limitedBand && range.days > 1 ? StackedLanes(screenItems, range, Scale().metrics)
+                                                                : bars);
     if (&screenItems == &m_arScreenItem) {
         CloseMoreList();
     }
@@ -173,6 +174,15 @@ int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
     return !GoesOn(screenItem) && GetShownRange().days > 1 ? EDGE_RIGHT : EDGE_NONE;
 }
 
+// The row that is first in sight stays so.
+void CTimeGridCtrl::ScaleChanged(const ViewScale& before)
+{
+    m_pParts->fonts.Clear();
+    m_pParts->fonts.SetScale(m_scale);
+    m_nVertScroll = m_nVertScroll / TimeGridMetrics::For(before).rowHeight * Scale().metrics.rowHeight;
+    CMoreListCtrl::ScaleChanged(before);
+}
+
 // ---- What needs repainting
 
 void CTimeGridCtrl::InvalidateGrid()
@@ -187,7 +197,7 @@ CRect CTimeGridCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
     CRect rect = VisibleItemBox(State(), screenItem);
     rect.NormalizeRect();
     rect.bottom = std::max<int>(rect.bottom, rect.top + GetMarksHeight(screenItem));
-    rect.InflateRect(kItemFocusMargin, kItemFocusMargin);
+    rect.InflateRect(m_scale.Of(kItemFocusMargin), m_scale.Of(kItemFocusMargin));
     return rect;
 }
 

@@ -82,6 +82,7 @@ protected:
     CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
     void GetPaintedState(dayvane::PaintedState& state) override;
     void DayProviderChanged() override;
+    void ScaleChanged(const dayvane::ViewScale& before) override;
     void InvalidateCellRectRange() override;
     // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
     void GetCurCellRect(CRect& rect, int& nMode) override;

@@ -14,7 +14,7 @@ using namespace dayvane;
 int CTimeGridCtrl::LanesIn(const CRect& rcClient) const
 {
     const int lanes = GetFulldayItemCount();
-    return m_options.limitedBand ? LimitedLanes(lanes, rcClient.Height()) : lanes;
+    return m_options.limitedBand ? LimitedLanes(lanes, rcClient.Height(), Scale().metrics) : lanes;
 }
 
 void CTimeGridCtrl::KeepTimedMarks(std::vector<MoreMark> marks)
@@ -29,7 +29,7 @@ void CTimeGridCtrl::LimitBand(const CRect& rcBand, CItemArray& screenItems)
     std::vector<MoreMark>& all = m_pParts->more;
     all.erase(std::remove_if(all.begin(), all.end(), [](const MoreMark& mark) { return mark.inBand; }), all.end());
     if (m_options.limitedBand) {
-        const std::vector<MoreMark> marks = LimitLanes(screenItems, rcBand, m_pParts->frame.columns);
+        const std::vector<MoreMark> marks = LimitLanes(screenItems, rcBand, m_pParts->frame.columns, Scale().metrics);
         all.insert(all.end(), marks.begin(), marks.end());
     }
 }
@@ -104,7 +104,7 @@ void CTimeGridCtrl::DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item)
 
 void CTimeGridCtrl::DrawListEnd(CDC* pDC, const CRect& rcList)
 {
-    const CRect box(rcList.right - kTimeGrid.moreWidth, rcList.bottom - kTimeGrid.moreHeight, rcList.right,
-                    rcList.bottom);
+    const TimeGridMetrics metrics = Scale().metrics;
+    const CRect box(rcList.right - metrics.moreWidth, rcList.bottom - metrics.moreHeight, rcList.right, rcList.bottom);
     Painter(pDC).DrawMoreMark(box, u"...", m_pParts->fonts.Label());
 }

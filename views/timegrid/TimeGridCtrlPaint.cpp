@@ -145,8 +145,8 @@ void CTimeGridCtrl::DrawTimedBox(CDC* pDC, const TimeGridPainter& painter, const
     PaintedBox box = PaintedTimedBox(state, item, nColumnRight);
     painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
     const bool manyDays = state.range.days > 1;
-    if (!manyDays || box.content.Width() >= kMarkedWidth) {
-        box.content.left += DrawItemMarks(pDC, item, box.content, FALSE, kMarkGap, TRUE);
+    if (!manyDays || box.content.Width() >= m_scale.Of(kMarkedWidth)) {
+        box.content.left += DrawItemMarks(pDC, item, box.content, FALSE, m_scale.Of(kMarkGap), TRUE);
     }
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawTimedText(item, box.content, manyDays, m_texts);
@@ -173,7 +173,7 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         const tagCALENDAR_ITEM& item = screenItems[i];
         CRect bar = item.rcItem;
         bar.bottom = std::max<int>(bar.bottom, bar.top + GetMarksHeight(item));
-        bar.InflateRect(kFrameMargin, kFrameMargin);
+        bar.InflateRect(m_scale.Of(kFrameMargin), m_scale.Of(kFrameMargin));
         if (item.rcItem.top == -1 || !painter.IsVisible(bar) || !IsBandItem(item)) {
             continue;
         }
@@ -190,10 +190,10 @@ void CTimeGridCtrl::DrawThemedBar(CDC* pDC, const CRect& rcBand, const tagCALEND
                                   const std::u16string& text)
 {
     const TimeGridPainter painter = Painter(pDC);
-    PaintedBox bar = PaintedBandBar(rcBand, item);
+    PaintedBox bar = PaintedBandBar(rcBand, item, Scale().metrics);
     painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
     // The icon belongs to the beginning of an item.
-    bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, kMarkGap, !BeganEarlier(item));
+    bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, m_scale.Of(kMarkGap), !BeganEarlier(item));
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawBandText(item, text, bar.content);
 }

@@ -61,8 +61,8 @@ void CTimeGridCtrl::UpdateScrollRange()
     const GridScroll scroll = GetScroll();
     const int maximum = ScaledTo(scroll, RowWindow()).maximum;
     if (scroll.maximum != maximum) {
-        SetScroll(
-            {std::min(scroll.offset, maximum * kTimeGrid.rowHeight), std::min(scroll.position, maximum), maximum});
+        SetScroll({std::min(scroll.offset, maximum * Scale().metrics.rowHeight), std::min(scroll.position, maximum),
+                   maximum});
     }
 }
 
@@ -180,7 +180,7 @@ void CTimeGridCtrl::RepaintCutBoxes(int nOldOffset)
     for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
         CRect box = m_arScreenItem[i].rcItem;
         box.NormalizeRect();
-        box.InflateRect(kCutMargin, kCutMargin);
+        box.InflateRect(m_scale.Of(kCutMargin), m_scale.Of(kCutMargin));
         if (wasOrIsCut(box) && !IsBandItem(m_arScreenItem[i])) {
             const CRect painted = GetPaintedBox(m_arScreenItem[i]);
             InvalidateRect(&painted, FALSE);

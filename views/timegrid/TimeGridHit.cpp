@@ -17,7 +17,7 @@ constexpr int kQuartersBelowEnd = 2;
 int RowAt(const TimeGridState& state, int y)
 {
     const int fromTop = y - state.frame.grid.top + state.scroll;
-    const int row = fromTop / kTimeGrid.rowHeight;
+    const int row = fromTop / state.scale.metrics.rowHeight;
     return fromTop >= 0 && row <= state.scale.RowsPerDay() ? row : -1;
 }
 
@@ -89,13 +89,13 @@ CRect ScrolledBox(const TimeGridState& state, const tagCALENDAR_ITEM& item)
     return box;
 }
 
-CRect ContentOf(const CRect& box, const CRect& area)
+CRect ContentOf(const CRect& box, const CRect& area, const TimeGridMetrics& metrics)
 {
     CRect content = box;
-    content.DeflateRect(kTimeGrid.textInset, kTimeGrid.textInset);
-    content.left = box.left + kTimeGrid.textLeft;
+    content.DeflateRect(metrics.textInset, metrics.textInset);
+    content.left = box.left + metrics.textLeft;
     if (content.top < area.top) {
-        content.top = area.top + kTimeGrid.textInset;
+        content.top = area.top + metrics.textInset;
     }
     return content;
 }
@@ -192,13 +192,13 @@ PaintedBox PaintedTimedBox(const TimeGridState& state, const tagCALENDAR_ITEM& i
     painted.box = ScrolledBox(state, item);
     painted.rightEdge = painted.box.right <= columnRight;
     painted.box.right = std::min<int>(painted.box.right, columnRight);
-    painted.content = ContentOf(painted.box, state.frame.grid);
+    painted.content = ContentOf(painted.box, state.frame.grid, state.scale.metrics);
     return painted;
 }
 
-PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item)
+PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item, const TimeGridMetrics& metrics)
 {
-    return {item.rcItem, ContentOf(item.rcItem, band), !BeganEarlier(item), !GoesOn(item)};
+    return {item.rcItem, ContentOf(item.rcItem, band, metrics), !BeganEarlier(item), !GoesOn(item)};
 }
 
 CRect CurrentCellBox(const TimeGridState& state, const COleDateTime& begin, const COleDateTime& end)
@@ -210,11 +210,11 @@ CRect CurrentCellBox(const TimeGridState& state, const COleDateTime& begin, cons
     const ClockTime from = ClockTimeOf(begin);
     const ClockTime to = ClockTimeOf(end);
     const int hourHeight = state.scale.HourHeight();
-    const int quarter = kTimeGrid.rowHeight / (2 * state.scale.rowsPerHour);
+    const int quarter = state.scale.metrics.rowHeight / (2 * state.scale.rowsPerHour);
     const int dayTop = state.TopOfRow(0);
     CRect box = state.frame.columns[column];
-    box.left += kCellShiftX;
-    box.right -= kCellFreeRight;
+    box.left += state.scale.metrics.scale.Of(kCellShiftX);
+    box.right -= state.scale.metrics.scale.Of(kCellFreeRight);
     box.top = dayTop + from.hour * hourHeight + from.minute / kQuarterMinutes * quarter;
     box.bottom = dayTop + to.hour * hourHeight + (to.minute / kQuarterMinutes + kQuartersBelowEnd) * quarter;
     return box;
@@ -271,9 +271,9 @@ CRect CurrentBandBox(const TimeGridState& state, const COleDateTime& begin, cons
     if (parts.empty()) {
         return CRect(-1, -1, -1, -1);
     }
-    const int bottom = parts.front().bottom - kTimeGrid.bandPadding;
-    return CRect(parts.front().left + kTimeGrid.laneInset, bottom - kTimeGrid.barHeight,
-                 parts.back().right - kTimeGrid.laneInset, bottom);
+    const int bottom = parts.front().bottom - state.scale.metrics.bandPadding;
+    return CRect(parts.front().left + state.scale.metrics.laneInset, bottom - state.scale.metrics.barHeight,
+                 parts.back().right - state.scale.metrics.laneInset, bottom);
 }
 
 } // namespace dayvane

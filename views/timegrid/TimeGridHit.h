@@ -62,7 +62,7 @@ struct PaintedBox
 // Cut, and open, at the right edge of its column. A box that ends above its begin is turned, one that ends as it begins
 // is a line.
 PaintedBox PaintedTimedBox(const TimeGridState& state, const tagCALENDAR_ITEM& item, int columnRight);
-PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item);
+PaintedBox PaintedBandBar(const CRect& band, const tagCALENDAR_ITEM& item, const TimeGridMetrics& metrics = kTimeGrid);
 // Whether the item is timed, has a place, and is not hidden under the bands above the grid.
 bool IsBoxInSight(const TimeGridState& state, const tagCALENDAR_ITEM& item);
 

@@ -70,7 +70,8 @@ CRect BoxAt(const tagCALENDAR_ITEM& item, const ItemClock& times, const CRect& c
         return CRect(-1, -1, -1, -1);
     }
     if (item.nFullday == 1 || (item.nPiece & PIECE_MIDDLE)) {
-        return CRect(column.left, column.top, column.right, column.top + kTimeGrid.endlessHours * scale.HourHeight());
+        return CRect(column.left, column.top, column.right,
+                     column.top + scale.metrics.endlessHours * scale.HourHeight());
     }
     const bool fromAbove = !times.start.isValid || item.nPiece == PIECE_TAIL;
     const bool toBelow = !times.end.isValid || item.nPiece == PIECE_HEAD;
@@ -90,8 +91,9 @@ RowSpan GiveRowHeight(tagCALENDAR_ITEM& item, int index, int columnTop, const Ti
 {
     const int upper = std::min(item.rcItem.top, item.rcItem.bottom) - columnTop;
     const int lower = std::max(item.rcItem.top, item.rcItem.bottom) - columnTop;
-    RowSpan rows{index, std::clamp(upper / kTimeGrid.rowHeight, 0, scale.RowsPerDay() - 1), 0};
-    rows.end = std::clamp((lower + kTimeGrid.rowHeight - 1) / kTimeGrid.rowHeight, rows.first + 1, scale.RowsPerDay());
+    RowSpan rows{index, std::clamp(upper / scale.metrics.rowHeight, 0, scale.RowsPerDay() - 1), 0};
+    rows.end =
+        std::clamp((lower + scale.metrics.rowHeight - 1) / scale.metrics.rowHeight, rows.first + 1, scale.RowsPerDay());
     item.rcItem.top = columnTop + scale.TopOfRow(rows.first);
     item.rcItem.bottom = columnTop + scale.TopOfRow(rows.end);
     return rows;
@@ -99,15 +101,15 @@ RowSpan GiveRowHeight(tagCALENDAR_ITEM& item, int index, int columnTop, const Ti
 
 // Takes the hidden items' boxes and counts them in marks.
 std::vector<MoreMark> CountHidden(ItemArray& items, const std::vector<int>& shown, const TidyPlaces& places,
-                                  const CRect& column)
+                                  const CRect& column, const TimeScale& scale)
 {
     std::vector<MoreMark> marks;
     for (const TidyMore& more : places.more) {
         // Beside the least box in a column too narrow for both, the mark keeps half of its width.
-        const int width = std::max(more.width, kTimeGrid.moreWidth / 2);
+        const int width = std::max(more.width, scale.metrics.moreWidth / 2);
         const int right = column.left + more.left + more.width;
         MoreMark mark;
-        mark.box = CRect(right - width, more.start, right, more.start + kTimeGrid.moreHeight);
+        mark.box = CRect(right - width, more.start, right, more.start + scale.metrics.moreHeight);
         marks.push_back(mark);
     }
     for (size_t i = 0; i < shown.size(); ++i) {
@@ -128,7 +130,7 @@ std::vector<MoreMark> CountHidden(ItemArray& items, const std::vector<int>& show
 
 // By what is seen: boxes that would share pixels share the width.
 std::vector<MoreMark> PlaceColumnTidily(ItemArray& items, const std::vector<int>& timed, const CRect& column,
-                                        int usableWidth)
+                                        int usableWidth, const TimeScale& scale)
 {
     std::vector<int> shown;
     std::vector<TimeSpan> spans;
@@ -140,45 +142,46 @@ std::vector<MoreMark> PlaceColumnTidily(ItemArray& items, const std::vector<int>
                 {static_cast<int>(std::min(box.top, box.bottom)), static_cast<int>(std::max(box.top, box.bottom))});
         }
     }
-    const int least = kTimeGrid.tidyWidth + 2 * kTimeGrid.boxInset;
-    const TidyPlaces places = PlaceTidily(spans, TidyRule{std::max(usableWidth, 1), least, kTimeGrid.moreWidth});
+    const int least = scale.metrics.tidyWidth + 2 * scale.metrics.boxInset;
+    const TidyPlaces places = PlaceTidily(spans, TidyRule{std::max(usableWidth, 1), least, scale.metrics.moreWidth});
     for (size_t i = 0; i < shown.size(); ++i) {
         CRect& box = items[shown[i]].rcItem;
         box.left = column.left + places.boxes[i].left;
         box.right = box.left + places.boxes[i].width;
     }
-    return CountHidden(items, shown, places, column);
+    return CountHidden(items, shown, places, column, scale);
 }
 
-void InsetTimed(ItemArray& items)
+void InsetTimed(ItemArray& items, const TimeScale& scale)
 {
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
         if (!IsBandItem(items[i])) {
-            items[i].rcItem.DeflateRect(kTimeGrid.boxInset, 0);
+            items[i].rcItem.DeflateRect(scale.metrics.boxInset, 0);
         }
     }
 }
 } // namespace
 
-int LimitedLanes(int lanes, int clientHeight)
+int LimitedLanes(int lanes, int clientHeight, const TimeGridMetrics& metrics)
 {
-    const int height = clientHeight * kTimeGrid.bandPercent / kPercent - kTimeGrid.bandPadding;
-    return std::min(lanes, std::max(height / kTimeGrid.laneStep, 1));
+    const int height = clientHeight * metrics.bandPercent / kPercent - metrics.bandPadding;
+    return std::min(lanes, std::max(height / metrics.laneStep, 1));
 }
 
-TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days)
+TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days,
+                                const TimeGridMetrics& metrics)
 {
     TimeGridFrame frame;
-    frame.caption = CRect(client.left, 0, client.right, captionShown ? kTimeGrid.captionHeight : 0);
+    frame.caption = CRect(client.left, 0, client.right, captionShown ? metrics.captionHeight : 0);
     frame.header = CRect(client.left, frame.caption.bottom, client.right, frame.caption.bottom + headerHeight);
     const int bandTop = frame.header.bottom;
-    const int bandBottom = bandTop + lanes * kTimeGrid.laneStep + kTimeGrid.bandPadding;
-    frame.fulldayRuler = CRect(client.left, bandTop, kTimeGrid.rulerRight, bandBottom);
-    frame.fulldayContent = CRect(kTimeGrid.gridLeft, bandTop, client.right, bandBottom);
-    frame.ruler = CRect(client.left, bandBottom, kTimeGrid.rulerRight, client.bottom);
-    frame.grid = CRect(kTimeGrid.gridLeft, bandBottom, client.right, client.bottom);
+    const int bandBottom = bandTop + lanes * metrics.laneStep + metrics.bandPadding;
+    frame.fulldayRuler = CRect(client.left, bandTop, metrics.rulerRight, bandBottom);
+    frame.fulldayContent = CRect(metrics.gridLeft, bandTop, client.right, bandBottom);
+    frame.ruler = CRect(client.left, bandBottom, metrics.rulerRight, client.bottom);
+    frame.grid = CRect(metrics.gridLeft, bandBottom, client.right, client.bottom);
 
-    const int width = frame.header.Width() - kTimeGrid.gridLeft;
+    const int width = frame.header.Width() - metrics.gridLeft;
     frame.columnWidth = width / days;
     for (int i = 0; i < days; ++i) {
         const int left = frame.grid.left + i * frame.columnWidth;
@@ -244,14 +247,14 @@ std::vector<MoreMark> PlaceTimedItems(ItemArray& items, const std::vector<CRect>
     }
     std::vector<MoreMark> marks;
     const bool oneDay = days == 1;
-    const int freeBeside = oneDay ? kTimeGrid.freeBesideOneDay : kTimeGrid.freeBesideManyDays;
+    const int freeBeside = oneDay ? scale.metrics.freeBesideOneDay : scale.metrics.freeBesideManyDays;
     std::vector<int> all(oneDay ? items.GetSize() : 0);
     std::iota(all.begin(), all.end(), 0);
     for (int column = 0; column < days; ++column) {
         const CRect& place = columns[column];
         const ColumnItems& own = columnItems[column];
         if (options.tidyColumns) {
-            for (MoreMark& mark : PlaceColumnTidily(items, own.timed, place, place.Width() - freeBeside)) {
+            for (MoreMark& mark : PlaceColumnTidily(items, own.timed, place, place.Width() - freeBeside, scale)) {
                 mark.column = column;
                 marks.push_back(mark);
             }
@@ -261,7 +264,7 @@ std::vector<MoreMark> PlaceTimedItems(ItemArray& items, const std::vector<CRect>
                         OverlapRule{place.left, place.right, place.Width() - freeBeside, oneDay});
         UnifySameSource(items, oneDay ? all : own.timed, own.spans);
     }
-    InsetTimed(items);
+    InsetTimed(items, scale);
     return marks;
 }
 

@@ -29,11 +29,12 @@ struct TimeGridFrame
 };
 
 // How many lanes a band of so many has in a window of that height: at least one.
-int LimitedLanes(int lanes, int clientHeight);
+int LimitedLanes(int lanes, int clientHeight, const TimeGridMetrics& metrics = kTimeGrid);
 
 // The client area, from the top: caption (when shown), header, full-day band of `lanes` lanes, and the grid down to the
 // bottom edge, ruler on its left. Parts for which the client is too small have no height or width, or a negative one.
-TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days);
+TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days,
+                                const TimeGridMetrics& metrics = kTimeGrid);
 
 // The shown part of the store, in its order: items whose days meet those of the range, both dates valid; over several
 // days none that ends before it begins. nPiece tells where an item of several days goes on: before and after the range

@@ -24,7 +24,7 @@ bool MoveRows(GridSelection& selection, const TimeScale& scale, int rows, bool e
 
 int FirstShownRow(const GridWindow& window)
 {
-    return std::abs(window.scroll / kTimeGrid.rowHeight);
+    return std::abs(window.scroll / window.scale.metrics.rowHeight);
 }
 
 // The time of day at which a row begins; rows before the first belong to the day before, rows after the last to the
@@ -54,8 +54,8 @@ AfterMove MoveRowLater(GridSelection& selection, const GridWindow& window, bool 
     if (!MoveRows(selection, window.scale, 1, extend)) {
         return AfterMove::NOTHING;
     }
-    int whole = window.height / kTimeGrid.rowHeight;
-    if (window.height % kTimeGrid.rowHeight != 0) {
+    int whole = window.height / window.scale.metrics.rowHeight;
+    if (window.height % window.scale.metrics.rowHeight != 0) {
         --whole;
     }
     const ClockTime shown = TimeOfRow(window.scale, FirstShownRow(window) + whole);
@@ -98,7 +98,7 @@ int OffsetToShow(const GridWindow& window, const COleDateTime& begin, const COle
     }
     const int top = window.scale.TopOfTime(one);
     const int bottom = window.scale.TopOfTime(other);
-    return OffsetToShow(window, std::min(top, bottom), std::max(top, bottom) + kTimeGrid.rowHeight);
+    return OffsetToShow(window, std::min(top, bottom), std::max(top, bottom) + window.scale.metrics.rowHeight);
 }
 
 GridWindow WindowAfter(AfterMove move, const GridWindow& window)
@@ -130,7 +130,7 @@ GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, co
         break;
     case GridScrollCode::THUMB_POSITION:
     case GridScrollCode::THUMB_TRACK:
-        moved.offset = thumb * kTimeGrid.rowHeight;
+        moved.offset = thumb * window.scale.metrics.rowHeight;
         moved.position = thumb;
         break;
     case GridScrollCode::TOP:
@@ -144,7 +144,7 @@ GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, co
         break;
     }
     moved.position += rows;
-    moved.offset = std::min(std::max(moved.offset + rows * kTimeGrid.rowHeight, 0), lowest);
+    moved.offset = std::min(std::max(moved.offset + rows * window.scale.metrics.rowHeight, 0), lowest);
     return moved;
 }
 
@@ -152,16 +152,16 @@ GridScroll ScrolledTo(const GridScroll& scroll, int offset, const GridWindow& wi
 {
     GridScroll moved = scroll;
     moved.offset = std::clamp(offset, 0, std::max(window.scale.DayHeight() - window.height, 0));
-    moved.position = (moved.offset + kTimeGrid.rowHeight - 1) / kTimeGrid.rowHeight;
+    moved.position = (moved.offset + window.scale.metrics.rowHeight - 1) / window.scale.metrics.rowHeight;
     return moved;
 }
 
 GridScroll ScaledTo(const GridScroll& scroll, const GridWindow& window)
 {
     GridScroll scaled;
-    scaled.maximum = std::max((window.scale.DayHeight() - window.height) / kTimeGrid.rowHeight + 1, 0);
+    scaled.maximum = std::max((window.scale.DayHeight() - window.height) / window.scale.metrics.rowHeight + 1, 0);
     scaled.position = (scroll.position + 1) * scaled.maximum / std::max(scroll.maximum + 1, 1);
-    scaled.offset = scaled.position * kTimeGrid.rowHeight;
+    scaled.offset = scaled.position * window.scale.metrics.rowHeight;
     return scaled;
 }
 

@@ -47,7 +47,7 @@ bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeig
     box.OffsetRect(0, -m_state.scroll);
     box.NormalizeRect();
     box.bottom = std::max<int>(box.bottom, std::max(box.top, m_state.frame.grid.top) + marksHeight);
-    box.InflateRect(kPaint.currentFrame, kPaint.currentFrame);
+    box.InflateRect(Px(kPaint.currentFrame), Px(kPaint.currentFrame));
     return IsVisible(box) && IsBoxInSight(m_state, item);
 }
 
@@ -69,7 +69,7 @@ void TimeGridPainter::VerticalLine(int x, int top, int bottom, COLORREF color) c
 
 void TimeGridPainter::DrawRulerEdge() const
 {
-    VerticalLine(kTimeGrid.rulerRight, m_state.frame.fulldayRuler.top,
+    VerticalLine(m_state.scale.metrics.rulerRight, m_state.frame.fulldayRuler.top,
                  std::max(m_state.frame.ruler.bottom, m_state.frame.fulldayRuler.bottom), m_colors.grid);
 }
 
@@ -86,20 +86,20 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) 
         if (!IsVisible(CRect(ruler.left, top, ruler.right, top + hourHeight))) {
             continue;
         }
-        HorizontalLine(ruler.left + kPaint.rulerLineInset, ruler.right - kPaint.rulerLineInset, top,
+        HorizontalLine(ruler.left + Px(kPaint.rulerLineInset), ruler.right - Px(kPaint.rulerLineInset), top,
                        m_colors.rulerText);
         if (hour == kHoursPerDay) {
             break; // the grid's end: a line without a number
         }
         CString number;
         number.Format("%d", hour);
-        CRect area(ruler.left, top, ruler.right - kPaint.hourRight, top + hourHeight);
+        CRect area(ruler.left, top, ruler.right - Px(kPaint.hourRight), top + hourHeight);
         {
             const SelectGdi selectFont(&m_dc, hours);
             DrawWideText(m_dc, OwnText(number), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
         }
         area.left = area.right;
-        area.right = ruler.right - kPaint.zerosRight;
+        area.right = ruler.right - Px(kPaint.zerosRight);
         const SelectGdi selectFont(&m_dc, zeros);
         DrawWideText(m_dc, u":00", area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
     }
@@ -146,7 +146,7 @@ void TimeGridPainter::DrawGridBackground(const CRect& grid) const
 RowRange TimeGridPainter::VisibleRows() const
 {
     const CRect& grid = m_state.frame.grid;
-    const int rowHeight = kTimeGrid.rowHeight;
+    const int rowHeight = m_state.scale.metrics.rowHeight;
     const int top = std::max(m_clip.Box().top, grid.top) - m_state.TopOfRow(0);
     const int bottom = std::min(m_clip.Box().bottom, grid.bottom) - m_state.TopOfRow(0);
     // The row after the last is painted too: it closes the day.
@@ -186,7 +186,7 @@ void TimeGridPainter::DrawNowLine(const CRect& column, const ClockTime& now) con
 {
     const int minute = now.hour * kMinutesPerHour + now.minute;
     const int y = m_state.TopOfRow(0) + minute * m_state.scale.HourHeight() / kMinutesPerHour;
-    const CRect line(column.left, y, column.right, y + kPaint.nowLineHeight);
+    const CRect line(column.left, y, column.right, y + Px(kPaint.nowLineHeight));
     if (now.isValid && y >= column.top && IsVisible(line)) {
         m_dc.FillSolidRect(&line, ThemeOr(m_theme.nowLine, kTimeGridPalette.nowLine));
     }
@@ -211,8 +211,8 @@ void TimeGridPainter::DrawBoxEdges(const CRect& box, COLORREF color, int thickne
 
 void TimeGridPainter::DrawStripe(const CRect& box, COLORREF color) const
 {
-    if (box.Width() >= kPaint.stripedWidth && box.Height() > 2 * OUTLINE) {
-        m_dc.FillSolidRect(box.left + OUTLINE, box.top + OUTLINE, kPaint.stripeWidth, box.Height() - 2 * OUTLINE,
+    if (box.Width() >= Px(kPaint.stripedWidth) && box.Height() > 2 * OUTLINE) {
+        m_dc.FillSolidRect(box.left + OUTLINE, box.top + OUTLINE, Px(kPaint.stripeWidth), box.Height() - 2 * OUTLINE,
                            color);
     }
 }
@@ -237,20 +237,20 @@ void TimeGridPainter::DrawBandBar(const tagCALENDAR_ITEM& item, const PaintedBox
 void TimeGridPainter::DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const
 {
     DrawBoxEdges(painted.box, isCurrent ? ThemeOr(m_theme.focus, m_colors.highlight) : item.crColor4,
-                 isCurrent ? kPaint.currentFrame : OUTLINE, painted.leftEdge, painted.rightEdge);
+                 isCurrent ? Px(kPaint.currentFrame) : OUTLINE, painted.leftEdge, painted.rightEdge);
 }
 
 void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit,
                                     const TextSettings& texts) const
 {
-    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
+    if (content.Width() < Px(kPaint.letterWidth) || content.Height() < Px(kPaint.letterHeight) || !IsVisible(content)) {
         return;
     }
     m_dc.SetTextColor(item.crColor5);
     std::u16string text = TimedItemText(item, texts);
-    if (timesWhereTheyFit &&
-        (content.Width() < kPaint.timesWidth || (content.Height() < kPaint.twoLinesHeight && !item.strText.IsEmpty() &&
-                                                 WideTextExtent(m_dc, text).cx > content.Width()))) {
+    if (timesWhereTheyFit && (content.Width() < Px(kPaint.timesWidth) ||
+                              (content.Height() < Px(kPaint.twoLinesHeight) && !item.strText.IsEmpty() &&
+                               WideTextExtent(m_dc, text).cx > content.Width()))) {
         text = texts.HostText(item.strText);
     }
     DrawWideText(m_dc, text, content, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
@@ -258,7 +258,7 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& c
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const std::u16string& text, const CRect& content) const
 {
-    if (content.Width() < kPaint.letterWidth || content.Height() < kPaint.letterHeight || !IsVisible(content)) {
+    if (content.Width() < Px(kPaint.letterWidth) || content.Height() < Px(kPaint.letterHeight) || !IsVisible(content)) {
         return;
     }
     m_dc.SetTextColor(item.crColor5);

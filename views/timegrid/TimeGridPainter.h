@@ -38,14 +38,16 @@ class TimeGridFonts
 public:
     // The hours: the control's own description. The zeros beside them; small texts; the date of the title band, from
     // the control's description for captions.
-    CFont* Hours(const LOGFONT& lf) { return m_cache.Get(lf); }
-    CFont* Zeros() { return m_cache.Get(kZerosFont); }
-    CFont* Label() { return m_cache.Get(kLabelFont); }
-    CFont* CaptionText() { return m_cache.Get(kCaptionTextFont); }
+    CFont* Hours(const LOGFONT& lf) { return m_cache.Get(Scaled(lf, m_scale)); }
+    CFont* Zeros() { return m_cache.Get(Scaled(LogFontOf(kZerosFont), m_scale)); }
+    CFont* Label() { return m_cache.Get(ScaledText(kLabelFont, m_scale)); }
+    CFont* CaptionText() { return m_cache.Get(Scaled(LogFontOf(kCaptionTextFont), m_scale)); }
     CFont* CaptionDate(const LOGFONT& lf);
+    void SetScale(const ViewScale& scale) { m_scale = scale; }
     void Clear() { m_cache.Clear(); }
 
 private:
+    ViewScale m_scale;
     FontCache m_cache;
 };
 
@@ -100,6 +102,7 @@ private:
     void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right) const;
     void DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     void DrawStripe(const CRect& box, COLORREF color) const;
+    int Px(int pixels) const { return m_state.scale.metrics.scale.Of(pixels); } // from those at 96 dpi
     COLORREF HeaderColor(int dayOfWeek, COLORREF ordinary) const;
     void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
 

@@ -51,7 +51,7 @@ void FillTimeGridParts(const TimeGridState& state, const ItemArray& screenItems,
     parts.rows = state.scale.RowsPerDay();
     parts.minutesPerRow = state.scale.MinutesPerRow();
     parts.rowTop = state.TopOfRow(0);
-    parts.rowHeight = kTimeGrid.rowHeight;
+    parts.rowHeight = state.scale.metrics.rowHeight;
     parts.grid = state.frame.grid;
 }
 

@@ -3,8 +3,26 @@
 #include "core/DateMath.h"
 
 #include <cmath>
+#include <initializer_list>
 
 namespace dayvane {
+
+TimeGridMetrics TimeGridMetrics::For(const ViewScale& scale)
+{
+    TimeGridMetrics metrics;
+    metrics.scale = scale;
+    for (int* length : {&metrics.captionHeight, &metrics.rulerRight, &metrics.bandPadding, &metrics.laneInset,
+                        &metrics.boxInset, &metrics.textInset, &metrics.textLeft, &metrics.tidyWidth,
+                        &metrics.moreWidth, &metrics.freeBesideOneDay, &metrics.freeBesideManyDays}) {
+        *length = scale.Of(*length);
+    }
+    for (int* line :
+         {&metrics.headerHeight, &metrics.rowHeight, &metrics.laneStep, &metrics.barHeight, &metrics.moreHeight}) {
+        *line = scale.Line(*line);
+    }
+    metrics.gridLeft = metrics.rulerRight + 1;
+    return metrics;
+}
 
 ClockTime ClockTimeOf(const COleDateTime& time)
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../../core/DateMath.h"
+#include "../../core/ViewScale.h"
 
 #include <afxdisp.h>
 
@@ -10,6 +11,7 @@ namespace dayvane {
 // The sizes of the time grids, in pixels.
 struct TimeGridMetrics
 {
+    ViewScale scale; // that they are for
     int captionHeight = 30;
     int headerHeight = 20; // the day header of the multi-day view
     int rulerRight = 60;   // the ruler: 0 .. rulerRight - 1
@@ -29,6 +31,8 @@ struct TimeGridMetrics
     int freeBesideOneDay = 20;  // kept free right of the overlap columns: day view
     int freeBesideManyDays = 5; // multi-day view
     int endlessHours = 230;     // height of a box that has no end on its day, in hours
+
+    static TimeGridMetrics For(const ViewScale& scale);
 };
 constexpr TimeGridMetrics kTimeGrid{};
 
@@ -48,11 +52,12 @@ ClockTime ClockTimeOf(const COleDateTime& time);
 struct TimeScale
 {
     int rowsPerHour = 2;
+    TimeGridMetrics metrics = {};
 
     int MinutesPerRow() const { return kMinutesPerHour / rowsPerHour; }
     int RowsPerDay() const { return rowsPerHour * kHoursPerDay; }
-    int HourHeight() const { return rowsPerHour * kTimeGrid.rowHeight; }
-    int DayHeight() const { return RowsPerDay() * kTimeGrid.rowHeight; }
+    int HourHeight() const { return rowsPerHour * metrics.rowHeight; }
+    int DayHeight() const { return RowsPerDay() * metrics.rowHeight; }
     bool IsOnTheHour(int row) const { return row % rowsPerHour == 0; }
 
     // The row that holds the time of day. A date that is not valid has hour and minute -1: its row lies before row 0.
@@ -63,7 +68,7 @@ struct TimeScale
     COleDateTime TimeOfRow(const COleDateTime& day, int row) const;
 
     // A row's upper edge, counted from the top of the day.
-    int TopOfRow(int row) const { return row * kTimeGrid.rowHeight; }
+    int TopOfRow(int row) const { return row * metrics.rowHeight; }
     // From the top of the day to the upper edge of the row that holds the time.
     int TopOfTime(const ClockTime& time) const { return TopOfRow(RowOfTime(time)); }
     // The same to the lower edge of the row that an item ending then still touches: an end inside a row takes it whole.

@@ -138,8 +138,9 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRul
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
+    const TimeGridMetrics metrics = Scale().metrics;
     const TimeGridFrame frame =
-        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, kTimeGrid.headerHeight, LanesIn(rcClient), m_nDays);
+        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, metrics.headerHeight, LanesIn(rcClient), m_nDays, metrics);
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
@@ -168,7 +169,7 @@ void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COl
 void CWeekDayViewCtrl::CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems)
 {
     if (GetFulldayItemCount() != 0) {
-        LayManyDayLanes(screenItems, rcBand, m_pParts->frame.columns, m_dtViewBegin);
+        LayManyDayLanes(screenItems, rcBand, m_pParts->frame.columns, m_dtViewBegin, Scale().metrics);
         LimitBand(rcBand, screenItems);
     }
 }
