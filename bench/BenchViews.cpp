@@ -21,6 +21,7 @@ class BenchMonth : public CMonthViewCtrl, public BenchView
 public:
     CCalendarCtrl& Control() override { return *this; }
     void Paint(CDC* pDC) override { DrawCtrl(pDC); }
+    void ByParts(bool parts) override { UpdateByParts(parts); }
     void LayOutLiterally(int cx, int cy) override
     {
         CalcLayout(CRect(0, 0, cx, cy), m_rcCaption, m_rcRuler, m_rcContent);
@@ -38,6 +39,7 @@ class BenchBoxes : public View, public BenchView
 public:
     CCalendarCtrl& Control() override { return *this; }
     void Paint(CDC* pDC) override { this->DrawCtrl(pDC); }
+    void ByParts(bool parts) override { this->UpdateByParts(parts); }
     void LayOutLiterally(int cx, int cy) override
     {
         this->CalcLayout(CRect(0, 0, cx, cy), this->m_rcCaption, this->m_rcRuler, this->m_rcContent);
@@ -65,6 +67,7 @@ class BenchDay : public CDayViewCtrl, public BenchView
 public:
     CCalendarCtrl& Control() override { return *this; }
     void Paint(CDC* pDC) override { DrawCtrl(pDC); }
+    void ByParts(bool parts) override { UpdateByParts(parts); }
     void LayOutLiterally(int cx, int cy) override
     {
         SetFulldayItemCount(literal::DayScreenItems(m_arItem, m_dtCurrentDate, m_arScreenItem));
@@ -81,6 +84,7 @@ public:
     BenchWeekDay() { SetDateScale(15); }
     CCalendarCtrl& Control() override { return *this; }
     void Paint(CDC* pDC) override { DrawCtrl(pDC); }
+    void ByParts(bool parts) override { UpdateByParts(parts); }
     void LayOutLiterally(int cx, int cy) override
     {
         // The same screen items in both ways: their making is linear as it stands.

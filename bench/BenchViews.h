@@ -15,6 +15,7 @@ public:
     virtual ~BenchView() {}
     virtual CCalendarCtrl& Control() = 0;
     virtual void Paint(CDC* pDC) = 0;
+    virtual void ByParts(bool parts) = 0; // whether changes are laid out and painted in part, as in the view itself
     // Lays the screen items out by the rules taken literally.
     virtual void LayOutLiterally(int cx, int cy) = 0;
 };

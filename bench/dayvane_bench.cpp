@@ -1,5 +1,10 @@
 // How fast the views are: adding, layout, paint, hit test, a step of a drag, navigation.
 //
+//   dayvane-bench [--cases [TEXT]] [--save FILE] [--compare FILE]
+//
+// A table of cases, each beside a literal rule or a raw drawing in the same run (Cases.h); with TEXT those whose names
+// hold it. --compare tells which have become slower than in a file of --save, by their ratios.
+//
 //   dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] [--repeat N]
 //                 [--no-literal]
 //
@@ -15,6 +20,7 @@
 //   heap bytes of a stored item besides its text (one number, three times)
 #include "BenchEvents.h"
 #include "BenchViews.h"
+#include "Cases.h"
 #include "RawPicture.h"
 
 #include "core/DateMath.h"
@@ -318,7 +324,8 @@ private:
 int Usage()
 {
     std::fprintf(stderr,
-                 "usage: dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] "
+                 "usage: dayvane-bench [--cases [TEXT]] [--save FILE] [--compare FILE]\n"
+                 "       dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] "
                  "[--repeat N] [--no-literal]\nviews:");
     bench::PrintViewNames();
     std::fprintf(stderr, "\n");
@@ -351,10 +358,47 @@ bool ParseOption(const std::string& name, const char* value, Options& options)
     return false;
 }
 
+// The table of cases. Slower than in the file that is compared with: 1.
+int RunCaseTable(const std::vector<std::string>& arguments)
+{
+    std::string only;
+    std::string save;
+    std::string compare;
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        const bool hasValue = i + 1 < arguments.size();
+        if (arguments[i] == "--cases") {
+            only = hasValue && arguments[i + 1][0] != '-' ? arguments[++i] : "";
+        } else if (hasValue && (arguments[i] == "--save" || arguments[i] == "--compare")) {
+            (arguments[i] == "--save" ? save : compare) = arguments[i + 1];
+            ++i;
+        } else {
+            return Usage();
+        }
+    }
+    const std::vector<bench::CaseResult> results = bench::RunCases(only);
+    if (!save.empty() && !bench::SaveCases(results, save)) {
+        std::fprintf(stderr, "dayvane-bench: %s cannot be written\n", save.c_str());
+        return 1;
+    }
+    const int worse = compare.empty() ? 0 : bench::CompareCases(results, compare);
+    if (worse < 0) {
+        std::fprintf(stderr, "dayvane-bench: %s cannot be read\n", compare.c_str());
+    }
+    return worse == 0 ? 0 : 1;
+}
+
+bool IsCaseArgument(const char* argument)
+{
+    return !std::strcmp(argument, "--cases") || !std::strcmp(argument, "--save") || !std::strcmp(argument, "--compare");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    if (argc == 1 || IsCaseArgument(argv[1])) {
+        return RunCaseTable(std::vector<std::string>(argv + 1, argv + argc));
+    }
     Options options;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--no-literal") == 0) {

@@ -7,6 +7,7 @@
 #include "core/Fonts.h"
 #include "core/InPlaceEdit.h"
 #include "core/PointerDriver.h"
+#include "core/TimeIndex.h"
 
 #include <algorithm>
 #include <iterator>
@@ -83,7 +84,8 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CCalendarCtrl::CCalendarCtrl()
-    : m_pointer(std::make_unique<PointerDriver>()), m_themeWatch([this] { FollowSystemTheme(); })
+    : m_pIndex(std::make_unique<TimeIndex>()), m_pointer(std::make_unique<PointerDriver>()),
+      m_themeWatch([this] { FollowSystemTheme(); })
 {
     for (const tagCALENDAR_DAY_COLOR& row : kDayColors) {
         m_arDayColors.Add(row);

@@ -37,6 +37,7 @@ class CInPlaceEdit;
 namespace dayvane {
 class DayProvider;
 class PointerDriver;
+class TimeIndex;
 struct PaintedState;
 } // namespace dayvane
 
@@ -146,6 +147,13 @@ protected:
 public:
     // ---- Items and selection.
 
+    // Calls AddItem for each of the items, and updates and repaints once at the end. An exception leaves those added
+    // before it.
+    int AddItems(const tagCC_ITEM* pItems, int nCount, int bUpdate = TRUE, int bRedraw = TRUE);
+    // Between the two the operations only store: updates and repaints that they ask for are done at the end. Calls may
+    // nest.
+    void BeginUpdate() { ++m_nUpdating; }
+    void EndUpdate();
     int GetItem(int nIndex, tagCC_ITEM& item); // answers and throws as SetItem
     int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
     LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
@@ -313,6 +321,8 @@ protected:
     // Whether a step of a drag and scrolling repaint only what they change. So it is for the views as they are; a class
     // derived from one repaints everything, for its own hooks may paint what nobody here knows of, until it says that
     // none of them does: what they add belongs to the pieces of items, and to nothing else.
+    // The same goes for the store: only of the views as they are, and of classes that agree, it is sure that it changes
+    // by the operations of the control alone, so that an index and the last layout still hold.
     BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }
     void UpdateByParts(BOOL bParts) { m_bUpdateByParts = bParts; }
 
@@ -322,6 +332,15 @@ protected:
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);
+    // To be called by whoever has set the item at the index, or added it, or removed it, before ItemsChanged.
+    void ItemStored(int nIndex);
+    void ItemRemoved(int nIndex);
+    // The positions of all items that may touch the days (day numbers), ascending. nullptr: look at all of them. Valid
+    // until the next call.
+    const std::vector<int>* FindItems(const CItemArray& items, int nFirstDay, int nLastDay);
+    // The items set since the screen items were last made of the store; nullptr: more has changed than that.
+    const std::vector<int>* ItemsSetSinceMade() const { return m_bManyChanged ? nullptr : &m_setItems; }
+    void ScreenItemsMade();
     void RefreshChanged();   // Refresh, but repaints only what the layout has changed where UpdatesByParts says so
     void InvalidateClient(); // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
@@ -425,7 +444,6 @@ private:
     friend class CInPlaceEdit;
     class Pointing;
 
-    int ItemsChangedIf(int nDone, int bUpdate, int bRedraw);
     void GrowToTextLine(CRect& rect);
     void EditBoxGone(CInPlaceEdit* pEdit);
     tagCCHITTESTINFO HitAt(CPoint point);
@@ -438,6 +456,13 @@ private:
     void FollowDpi(UINT message, WPARAM wParam);
     void TakeFont(HFONT hFont);
 
+    std::unique_ptr<dayvane::TimeIndex> m_pIndex;
+    std::vector<int> m_foundItems; // answer of FindItems
+    std::vector<int> m_setItems;
+    BOOL m_bManyChanged = TRUE; // more than m_setItems has changed since the screen items were made
+    int m_nUpdating = 0;        // calls of BeginUpdate
+    BOOL m_bUpdateWaits = FALSE;
+    BOOL m_bRedrawWaits = FALSE;
     CFont m_fontCache[4]; // of GetFont
     std::vector<std::unique_ptr<CImageList>> m_imageLists;
     std::unique_ptr<dayvane::PointerDriver> m_pointer;

@@ -3,6 +3,7 @@
 
 #include "core/DateMath.h"
 #include "core/ItemStore.h"
+#include "core/TimeIndex.h"
 
 #include <utility>
 
@@ -14,40 +15,114 @@ constexpr int kItemFocusMargin = 2; // pixels around an item that its selection 
 
 int CCalendarCtrl::AddItem(tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    return ItemsChangedIf(StoreAdd(m_arItem, *pItem), bUpdate, bRedraw);
+    StoreAdd(m_arItem, *pItem);
+    m_bManyChanged = TRUE;
+    m_pIndex->Set(m_arItem, GetItemCount() - 1);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
+}
+
+int CCalendarCtrl::AddItems(const tagCC_ITEM* pItems, int nCount, int bUpdate, int bRedraw)
+{
+    StoreReserve(m_arItem, nCount);
+    for (int i = 0; i < nCount; ++i) {
+        tagCC_ITEM item = pItems[i];
+        AddItem(&item, FALSE, FALSE);
+    }
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
 }
 
 int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    return ItemsChangedIf(StoreInsert(m_arItem, nIndex, *pItem), bUpdate, bRedraw);
+    const int countBefore = GetItemCount();
+    StoreInsert(m_arItem, nIndex, *pItem);
+    for (int gap = countBefore; gap < nIndex; ++gap) {
+        m_pIndex->Set(m_arItem, gap);
+    }
+    m_bManyChanged = m_bManyChanged || nIndex >= countBefore;
+    ItemStored(nIndex);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
 }
 
 int CCalendarCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
-    return ItemsChangedIf(StoreSet(m_arItem, nIndex, *pItem), bUpdate, bRedraw);
+    if (!StoreSet(m_arItem, nIndex, *pItem)) {
+        return 0;
+    }
+    ItemStored(nIndex);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
 }
 
 int CCalendarCtrl::DeleteItem(int nIndex, int bUpdate, int bRedraw)
 {
-    return ItemsChangedIf(StoreDelete(m_arItem, nIndex), bUpdate, bRedraw);
+    if (!StoreDelete(m_arItem, nIndex)) {
+        return 0;
+    }
+    ItemRemoved(nIndex);
+    ItemsChanged(bUpdate, bRedraw);
+    return 1;
 }
 
-int CCalendarCtrl::ItemsChangedIf(int nDone, int bUpdate, int bRedraw)
+void CCalendarCtrl::ItemStored(int nIndex)
 {
-    if (nDone) {
-        ItemsChanged(bUpdate, bRedraw);
+    constexpr size_t kFew = 8;
+    m_pIndex->Set(m_arItem, nIndex);
+    if (m_setItems.empty() || m_setItems.back() != nIndex) {
+        m_setItems.push_back(nIndex);
     }
-    return nDone;
+    m_bManyChanged = m_bManyChanged || m_setItems.size() > kFew;
+    if (m_bManyChanged) {
+        m_setItems.clear();
+    }
+}
+
+void CCalendarCtrl::ItemRemoved(int nIndex)
+{
+    m_pIndex->Remove(nIndex);
+    m_bManyChanged = TRUE;
+}
+
+void CCalendarCtrl::ScreenItemsMade()
+{
+    m_setItems.clear();
+    m_bManyChanged = FALSE;
+}
+
+const std::vector<int>* CCalendarCtrl::FindItems(const CItemArray& items, int nFirstDay, int nLastDay)
+{
+    const bool known = &items == &m_arItem && UpdatesByParts();
+    return known && m_pIndex->Find(m_arItem, nFirstDay, nLastDay, m_foundItems) ? &m_foundItems : nullptr;
 }
 
 void CCalendarCtrl::ItemsChanged(int bUpdate, int bRedraw)
 {
     ++m_nItemVersion;
+    if (m_nUpdating > 0) {
+        m_bUpdateWaits = m_bUpdateWaits || bUpdate;
+        m_bRedrawWaits = m_bRedrawWaits || bRedraw;
+        return;
+    }
     if (bUpdate) {
         UpdateScreenItems();
     }
     if (bRedraw) {
         InvalidateClient();
+    }
+}
+
+void CCalendarCtrl::EndUpdate()
+{
+    if (m_nUpdating == 0 || --m_nUpdating > 0) {
+        return;
+    }
+    const BOOL update = m_bUpdateWaits;
+    const BOOL redraw = m_bRedrawWaits;
+    m_bUpdateWaits = m_bRedrawWaits = FALSE;
+    if (update || redraw) {
+        ItemsChanged(update, redraw);
     }
 }
 
@@ -68,6 +143,8 @@ void CCalendarCtrl::DeleteAllItems()
 {
     m_arItem.RemoveAll();
     m_arScreenItem.RemoveAll();
+    m_pIndex->Clear();
+    m_bManyChanged = TRUE;
     ++m_nItemVersion;
     ClearDayProperty();
     InvalidateClient();
@@ -135,7 +212,9 @@ int CCalendarCtrl::SetCurSel(int nIndex)
 
 void CCalendarCtrl::SetFocusToItem()
 {
-    m_arItem.FreeExtra();
+    if (GetItemCount() < TimeIndex::kLeastItems) {
+        m_arItem.FreeExtra(); // a large store would be copied for that
+    }
     m_arScreenItem.FreeExtra();
     CItemArray sorted;
     sorted.Copy(m_arScreenItem);

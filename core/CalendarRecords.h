@@ -45,10 +45,12 @@ enum ItemPiece
 // An item in the store, and a piece of an item on the screen: one record for both.
 struct tagCALENDAR_ITEM
 {
-    int nPiece = PIECE_WHOLE; // always 0 in the store
-    BOOL bNoFocus = FALSE;    // screen only: hidden, passed over by keyboard, mouse and painter
+    // The widths and the order keep a record at 112 bytes on 32 bits: a store may hold a million.
+    short nPiece = PIECE_WHOLE; // always 0 in the store
+    short bNoFocus = FALSE;     // screen only: hidden, passed over by keyboard, mouse and painter
     int nReserved = 0;
     int nImage = -1;
+    int nParallel = 0; // time grids: how many items share the busiest row that this one covers
     COleDateTime dtStart;
     COleDateTime dtEnd;
     int nFullday = 0;
@@ -68,8 +70,8 @@ struct tagCALENDAR_ITEM
     BOOL bRecurrent = FALSE;
     BOOL bMovable = TRUE;
     BOOL bStored = FALSE; // made from a tagCC_ITEM
-    int nParallel = 0;    // time grids: how many items share the busiest row that this one covers
 };
+static_assert(sizeof(void*) > 4 || sizeof(tagCALENDAR_ITEM) <= 112, "see above");
 
 // Whether the item of a piece began before it, or goes on after it.
 inline bool BeganEarlier(const tagCALENDAR_ITEM& piece)

@@ -7,6 +7,9 @@
 
 namespace dayvane {
 namespace {
+constexpr INT_PTR kLeastGrowth = 16;
+constexpr INT_PTR kGrowthStep = 256; // items between two looks at how much the store should grow by
+
 // The fields that the records of a host and of the store share.
 template <class To, class From>
 void CopyPublicFields(To& to, const From& from)
@@ -44,8 +47,21 @@ tagCC_ITEM PublicItem(const tagCALENDAR_ITEM& stored)
     return item;
 }
 
+void StoreReserve(ItemArray& items, int more)
+{
+    const INT_PTR count = items.GetSize();
+    if (count > 0) {
+        items.SetSize(count, std::max<INT_PTR>({more, count / 2, kLeastGrowth}));
+    } else if (more > 0) {
+        items.SetSize(0, std::max<INT_PTR>(more, kLeastGrowth));
+    }
+}
+
 int StoreAdd(ItemArray& items, const tagCC_ITEM& item)
 {
+    if (items.GetSize() % kGrowthStep == 0) {
+        StoreReserve(items, 0);
+    }
     tagCALENDAR_ITEM stored;
     FillStored(stored, item);
     items.Add(stored);
@@ -85,7 +101,9 @@ int StoreDelete(ItemArray& items, int index)
         AfxThrowInvalidArgException();
     }
     items.RemoveAt(index);
-    items.FreeExtra();
+    if (items.GetSize() % kGrowthStep == 0 || items.GetSize() < kGrowthStep) {
+        items.FreeExtra(); // of a large store not at each item: it copies all of them
+    }
     return 1;
 }
 

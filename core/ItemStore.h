@@ -12,6 +12,8 @@ namespace dayvane {
 void FillStored(tagCALENDAR_ITEM& stored, const tagCC_ITEM& item);
 tagCC_ITEM PublicItem(const tagCALENDAR_ITEM& stored);
 
+// Prepares for so many more items to be added. A store grows by half of its size at least.
+void StoreReserve(ItemArray& items, int more);
 int StoreAdd(ItemArray& items, const tagCC_ITEM& item);
 int StoreInsert(ItemArray& items, int index, const tagCC_ITEM& item);
 int StoreSet(ItemArray& items, int index, const tagCC_ITEM& item);

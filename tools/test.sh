@@ -318,8 +318,16 @@ command_stress() {
     run_windows "$(stress_program)" "$events" "$seed" "$@"
 }
 
-# Arguments go to the benchmark of the views.
+# Arguments go to the benchmark of the views; without any, or with --cases, --save or --compare, it prints the table of
+# cases. One of them fills a 4K screen.
 command_bench() {
+    local arguments=("$@") i
+    for ((i = 1; i < ${#arguments[@]}; i++)); do
+        case ${arguments[i - 1]} in
+            --save | --compare) arguments[i]=$(winepath_of "${arguments[i]}") ;;
+        esac
+    done
+    export DAYVANE_SCREEN=${DAYVANE_SCREEN:-3860x2180x24}
     need_wine
     build native-release dayvane-calc-bench
     build win32 dayvane-bench
@@ -327,5 +335,5 @@ command_bench() {
     step "Calendar arithmetic, native"
     "$BUILD/native-release/bin/dayvane-calc-bench"
     step "Views, 32-bit under Wine"
-    run_windows "$BUILD/win32/bin/dayvane-bench.exe" "$@"
+    run_windows "$BUILD/win32/bin/dayvane-bench.exe" "${arguments[@]}"
 }

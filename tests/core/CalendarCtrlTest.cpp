@@ -112,6 +112,37 @@ TEST(CalendarCtrl, PaintsTheGridTwiceAndRepaintsAroundAnItem)
     }
 }
 
+TEST(CalendarCtrl, ChangesBetweenBeginAndEndUpdateShowAtTheEnd)
+{
+    CalendarScene scene;
+    CCalendarCtrl& calendar = *scene.calendar;
+    calendar.UpdateWindow();
+    tagCC_ITEM three[3];
+    for (tagCC_ITEM& item : three) {
+        item.dtStart = At(9);
+        item.dtEnd = At(10);
+    }
+    calendar.BeginUpdate();
+    calendar.AddItems(three, 3);
+    calendar.BeginUpdate();
+    calendar.DeleteItem(0);
+    calendar.EndUpdate();
+    EXPECT_EQ(calendar.GetItemCount(), 4);
+    EXPECT_EQ(calendar.GetScreenItems().GetSize(), 2);
+    EXPECT_FALSE(calendar.GetUpdateRect(nullptr));
+    calendar.EndUpdate();
+    EXPECT_EQ(calendar.GetScreenItems().GetSize(), 4);
+    EXPECT_TRUE(calendar.GetUpdateRect(nullptr));
+    calendar.UpdateWindow();
+    calendar.BeginUpdate();
+    calendar.SetItem(0, three, FALSE, FALSE); // asks for nothing: nothing waits
+    calendar.EndUpdate();
+    EXPECT_FALSE(calendar.GetUpdateRect(nullptr));
+    calendar.EndUpdate(); // one too many
+    calendar.AddItem(three);
+    EXPECT_EQ(calendar.GetScreenItems().GetSize(), 5);
+}
+
 TEST(CalendarCtrl, SelectionRules)
 {
     CalendarScene scene;

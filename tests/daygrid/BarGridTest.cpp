@@ -2,9 +2,12 @@
 #include "LiteralMonth.h"
 #include "RandomMonth.h"
 
+#include "views/daygrid/BarBoard.h"
 #include "views/daygrid/RowPieces.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace dayvane;
 
@@ -81,4 +84,71 @@ TEST(RowPieces, AreTheIntersectionsWithTheRows)
                 << "seed " << seed;
         }
     }
+}
+
+// A layout that goes on from the last one, step by step, against a whole one each time.
+TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
+{
+    int again = 0;
+    for (unsigned seed = 1; seed <= 150; ++seed) {
+        RandomMonth month(seed);
+        month.AddItems(10 + month.Below(80), kMonthCells);
+        const DayRows rows = month.range.Rows();
+        const BoxGrid grid = BoxGridOf(month.cells);
+        const BarRules& rules = kMonthMetrics.bars;
+        ItemArray pieces;
+        BarBoard board;
+        MakeRowPieces(month.items, rows, pieces);
+        board.LayOut(grid, rules, month.range.Spans(pieces), pieces);
+        for (int step = 0; step < 12; ++step) {
+            const int item = month.Below(static_cast<int>(month.items.GetSize()));
+            RandomMonth other(seed * 100 + step);
+            other.firstDay = month.firstDay;
+            other.items.RemoveAll();
+            other.AddItems(1, kMonthCells);
+            month.items[item] = other.items[0];
+
+            const int count = static_cast<int>(pieces.GetSize());
+            std::vector<CRect> before;
+            for (int i = 0; i < count; ++i) {
+                before.push_back(pieces[i].rcItem);
+            }
+            std::vector<int> remade;
+            std::vector<int> moved;
+            std::vector<BarBoard::Change> changes;
+            const bool isRemade = RemakeRowPieces(month.items, item, rows, pieces, remade);
+            ItemArray changed;
+            for (const int position : remade) {
+                changed.Add(pieces[position]);
+            }
+            const std::vector<BoxSpan> spans = month.range.Spans(changed);
+            for (size_t i = 0; i < spans.size(); ++i) {
+                changes.push_back({remade[i], spans[i]});
+            }
+            ItemArray whole;
+            MakeRowPieces(month.items, rows, whole);
+            const std::vector<BoxLoad> loads = LayOutBars(grid, rules, month.range.Spans(whole), whole);
+            if (isRemade && board.Knows(grid, rules, count) && board.LayOutAgain(changes, pieces, moved)) {
+                ++again;
+            } else {
+                MakeRowPieces(month.items, rows, pieces);
+                board.LayOut(grid, rules, month.range.Spans(pieces), pieces);
+                before.clear();
+            }
+            ASSERT_EQ(pieces.GetSize(), whole.GetSize());
+            for (int i = 0; i < static_cast<int>(whole.GetSize()); ++i) {
+                ASSERT_EQ(Text(pieces[i].rcItem), Text(whole[i].rcItem)) << "seed " << seed << " piece " << i;
+                ASSERT_EQ(pieces[i].bNoFocus, whole[i].bNoFocus);
+                ASSERT_EQ(pieces[i].nPiece, whole[i].nPiece);
+                ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
+                const bool isTold = std::find(moved.begin(), moved.end(), i) != moved.end();
+                ASSERT_TRUE(before.empty() || isTold || before[i] == whole[i].rcItem);
+            }
+            for (size_t box = 0; box < loads.size(); ++box) {
+                ASSERT_EQ(board.Loads()[box].itemCount, loads[box].itemCount);
+                ASSERT_EQ(board.Loads()[box].more, loads[box].more);
+            }
+        }
+    }
+    EXPECT_GT(again, 300);
 }

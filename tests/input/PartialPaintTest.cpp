@@ -123,6 +123,7 @@ public:
             PumpMessages(); // posted scrolling
             m_view.UpdateWindow();
             const WindowPixels shown(m_view);
+            LayOutAll();
             m_view.Invalidate(FALSE);
             m_view.UpdateWindow();
             const WindowPixels whole(m_view);
@@ -219,6 +220,20 @@ private:
         m_at = Roll(2) ? m_at + CPoint(Roll(60) - 30, Roll(60) - 30) : RandomPoint();
         messages::Move(m_view, m_at, MK_LBUTTON);
         return "move";
+    }
+
+    // Whatever the view remembers of its last layout, it has to forget: the last item is another one.
+    void LayOutAll()
+    {
+        const int last = m_view.GetItemCount() - 1;
+        if (last >= 0 && last != m_view.GetCurSel()) {
+            tagCC_ITEM item;
+            m_view.GetItem(last, item);
+            m_view.BeginUpdate();
+            m_view.DeleteItem(last);
+            m_view.AddItem(&item);
+            m_view.EndUpdate();
+        }
     }
 
     CPoint PointToPress()
@@ -340,4 +355,100 @@ TEST(PartialPaintOfDerivedViews, ADragStepRepaintsEverythingUnlessTheClassAgrees
 {
     EXPECT_EQ(CaptionsPaintedByDragStep<CaptionCounter>(), 1);
     EXPECT_EQ(CaptionsPaintedByDragStep<CaptionCounterByParts>(), 0);
+}
+
+namespace {
+
+template <class View>
+class LooksAtAll : public View // a derived class may change the store unseen: no index, no part of a layout
+{
+};
+
+// A view and the same one derived, side by side.
+template <class View>
+class TwoViews
+{
+public:
+    TwoViews()
+    {
+        g_now = COleDateTime(2017, 4, 26, 13, 20, 0);
+        SetCalendarClock(&Now);
+        parent.Create(700, 560);
+        ForEach([this](CCalendarCtrl& view) {
+            view.SetCurrentDate(g_now);
+            view.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 660, 520), &parent, 7);
+        });
+    }
+    ~TwoViews()
+    {
+        ForEach([](CCalendarCtrl& view) { view.DestroyWindow(); });
+        SetCalendarClock(nullptr);
+    }
+
+    template <class Action>
+    void ForEach(Action action)
+    {
+        action(indexed);
+        action(plain);
+    }
+
+    std::string Items(const CCalendarCtrl& view)
+    {
+        CString text;
+        for (INT_PTR i = 0; i < view.GetScreenItems().GetSize(); ++i) {
+            const CCalendarCtrl::tagCALENDAR_ITEM& item = view.GetScreenItems()[i];
+            text.AppendFormat("%d: %ld %ld %ld %ld %d; ", static_cast<int>(item.nSource), item.rcItem.left,
+                              item.rcItem.top, item.rcItem.right, item.rcItem.bottom, item.bNoFocus);
+        }
+        return text.GetString();
+    }
+
+    RecordingParent parent;
+    View indexed;
+    LooksAtAll<View> plain;
+};
+
+template <class View>
+class LargeStore : public testing::Test
+{
+};
+TYPED_TEST_SUITE(LargeStore, Views);
+
+} // namespace
+
+TYPED_TEST(LargeStore, ShowsWhatIsShownWhenAllItemsAreLookedAt)
+{
+    TwoViews<TypeParam> two;
+    std::mt19937 random(3);
+    const auto roll = [&random](int sides) { return static_cast<int>(random() % static_cast<unsigned>(sides)); };
+    const auto randomItem = [&] {
+        tagCC_ITEM item;
+        item.dtStart = dayvane::AddMinutes(g_now, roll(4000) * 24 * 60 - 2000 * 24 * 60 + roll(48) * 30);
+        item.dtEnd = dayvane::AddMinutes(item.dtStart, roll(9) ? 60 : roll(90) * 24 * 60);
+        return item;
+    };
+    std::vector<tagCC_ITEM> items(6000);
+    std::generate(items.begin(), items.end(), randomItem);
+    two.ForEach([&](CCalendarCtrl& view) { view.AddItems(items.data(), static_cast<int>(items.size())); });
+    for (int step = 0; step < 40; ++step) {
+        tagCC_ITEM item = randomItem();
+        const int at = roll(5900);
+        const int kind = roll(5);
+        const COleDateTime date = dayvane::AddDays(g_now, roll(600) - 300);
+        two.ForEach([&](CCalendarCtrl& view) {
+            if (kind == 0) {
+                view.DeleteItem(at);
+            } else if (kind == 1) {
+                view.SetItem(at, &item);
+            } else if (kind == 2) {
+                view.AddItem(&item);
+            } else if (kind == 3) {
+                view.SetCurrentDate(date);
+                view.Refresh();
+            } else {
+                view.SendMessage(WM_VSCROLL, at % 2 ? SB_LINEDOWN : SB_PAGEUP);
+            }
+        });
+        ASSERT_EQ(two.Items(two.indexed), two.Items(two.plain)) << "after step " << step << ", kind " << kind;
+    }
 }

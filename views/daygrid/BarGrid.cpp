@@ -160,8 +160,12 @@ BoxSpan NoBoxes()
     return {kFarAfter, kFarBefore, true};
 }
 
-std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items)
+namespace {
+
+// setItem(i, load counter, rectangle): of the i-th span.
+template <class SetItem>
+std::vector<BoxLoad> LayOut(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
+                            SetItem setItem)
 {
     KindFinder finder(grid, rules);
     std::vector<int> kindOf(spans.size());
@@ -176,17 +180,44 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
     const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid);
 
     LoadCounter counter(grid, rules.overflow);
-    tagCALENDAR_ITEM* item = items.GetData();
-    for (size_t i = 0; i < spans.size(); ++i, ++item) {
-        item->rcItem = kNoRect;
+    for (size_t i = 0; i < spans.size(); ++i) {
+        CRect rect = kNoRect;
         if (kindOf[i] != kNoKind) {
             const BarKind& kind = finder.kinds[kindOf[i]];
             const int top = laneGrid.firstTops[grid.RowOf(kind.first)] + lanes[i] * metrics.laneStep;
-            item->rcItem.SetRect(kind.left, top, kind.right, top + metrics.BarHeight());
+            rect.SetRect(kind.left, top, kind.right, top + metrics.BarHeight());
         }
-        counter.Add(spans[i], *item);
+        setItem(i, counter, rect);
     }
     return counter.Loads();
+}
+
+} // namespace
+
+std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
+                                ItemArray& items)
+{
+    tagCALENDAR_ITEM* data = items.GetData();
+    return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
+        data[i].rcItem = rect;
+        counter.Add(spans[i], data[i]);
+    });
+}
+
+std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
+                                ItemArray& items, const std::vector<int>& which, std::vector<int>& moved)
+{
+    tagCALENDAR_ITEM* data = items.GetData();
+    return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
+        tagCALENDAR_ITEM& item = data[which[i]];
+        const CRect before = item.rcItem;
+        const short hiddenBefore = item.bNoFocus;
+        item.rcItem = rect;
+        counter.Add(spans[i], item);
+        if (item.rcItem != before || item.bNoFocus != hiddenBefore) {
+            moved.push_back(which[i]);
+        }
+    });
 }
 
 } // namespace dayvane

@@ -89,5 +89,9 @@ struct BoxLoad
 // box.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items);
+// The same of some items, by their positions; the spans are theirs. Appends the positions of those whose rectangle or
+// flag has changed.
+std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
+                                ItemArray& items, const std::vector<int>& which, std::vector<int>& moved);
 
 } // namespace dayvane

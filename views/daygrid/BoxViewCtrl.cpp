@@ -129,6 +129,7 @@ int CBoxViewCtrl::SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedra
     if (!StoreSet(m_arItem, nIndex, *pItem)) {
         return 0;
     }
+    ItemStored(nIndex);
     ItemsChanged(bUpdate == 1, FALSE);
     if (bRedraw && m_hWnd) {
         InvalidateRect(&m_rcContent, TRUE);
@@ -142,6 +143,7 @@ int CBoxViewCtrl::DeleteItem(int nIndex, int, int)
         return 0;
     }
     StoreDelete(m_arItem, nIndex);
+    ItemRemoved(nIndex);
     ItemsChanged(TRUE, FALSE);
     return 1;
 }
@@ -169,17 +171,15 @@ void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader,
 
 void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    MakeRowPieces(items, m_state->range.Rows(), screenItems);
-    ScreenItemsChanged();
+    MakePieces(items, screenItems);
 }
 
 void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
     const BoxViewState& state = *m_state;
     const std::vector<BoxLoad> loads =
-        LayOutBars(state.layout.grid, state.kind.metrics.At(m_scale).bars, state.range.Spans(screenItems), screenItems);
+        LayOutPieces(state.layout.grid, state.kind.metrics.At(m_scale).bars, screenItems);
     std::transform(loads.begin(), loads.end(), m_state->more.begin(), [](const BoxLoad& load) { return load.more; });
-    ScreenItemsChanged();
 }
 
 void CBoxViewCtrl::ClearMoreMarks()

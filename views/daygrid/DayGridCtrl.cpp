@@ -17,15 +17,9 @@ namespace {
 
 constexpr UINT kMoreMarkBitmap = 18007;
 constexpr COLORREF kTransparent = RGB(255, 0, 255);
-constexpr int kNoTop = -1;     // of an item without a rectangle
 constexpr int kMarkGap = 1;    // pixels after a mark of an item
 constexpr int kTextGap = 2;    // and more before the text
 constexpr int kCellMargin = 2; // pixels around a box that its frame may touch
-
-bool IsShown(const tagCALENDAR_ITEM& item)
-{
-    return !item.bNoFocus && item.rcItem.top != kNoTop;
-}
 
 } // namespace
 

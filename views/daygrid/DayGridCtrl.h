@@ -11,6 +11,9 @@
 namespace dayvane {
 class BoxPainter;
 class BoxRange;
+struct BarRules;
+struct BoxGrid;
+struct BoxLoad;
 struct DayGridParts;
 } // namespace dayvane
 
@@ -75,6 +78,11 @@ protected:
         m_bShownValid = FALSE;
         CloseMoreList();
     }
+    // The pieces of the items in the rows of boxes. Of the store, where few items were set since, only theirs.
+    void MakePieces(CItemArray& items, CItemArray& screenItems);
+    // Lays out the bars; in the screen list, where MakePieces has only made some anew, only the rows of those.
+    std::vector<dayvane::BoxLoad> LayOutPieces(const dayvane::BoxGrid& grid, const dayvane::BarRules& rules,
+                                               CItemArray& screenItems);
     int ScreenItemAt(CPoint point); // position in the screen list of the first shown item there, -1 none
 
     // Bars of the given items, in their order; those outside the clip box are passed over.
@@ -116,6 +124,11 @@ protected:
     const std::unique_ptr<dayvane::DayGridParts> m_parts;
 
 private:
+    static constexpr int kNoTop = -1; // of an item without a rectangle
+    static bool IsShown(const tagCALENDAR_ITEM& item) { return !item.bNoFocus && item.rcItem.top != kNoTop; }
+    bool RemakePieces(const std::vector<int>& rows);
+    void UpdateShown(const std::vector<int>& positions);
+
     HICON m_hMoreMark = nullptr;
     std::vector<int> m_shown;
     INT_PTR m_nShownOf = 0; // size of the screen list that m_shown was made from

@@ -1,8 +1,10 @@
-// What a month, week or year view keeps for its painting; its public header does without these types.
+// What a month, week or year view keeps for its painting and of its layout; its public header does without these types.
 #pragma once
 
+#include "BarBoard.h"
 #include "BoxFonts.h"
 #include "GdiPens.h"
+#include "RowPieces.h"
 #include "TextCache.h"
 
 namespace dayvane {
@@ -12,6 +14,11 @@ struct DayGridParts
     PenSet pens;
     BoxFonts fonts;
     TextCache texts; // in these fonts and in those of the items
+
+    // What was last made of the store, so that after a change of few items only their rows are laid out again.
+    DayRows rows;
+    BarBoard board;          // empty: all is to be made anew
+    std::vector<int> remade; // positions of the pieces that are there anew but not laid out
 
     // Everything goes with the window.
     void Clear()

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace dayvane {
-namespace {
 
 BoxGrid BoxGridOf(const MonthCellArray& cells)
 {
@@ -24,8 +23,6 @@ void StoreLoads(const std::vector<BoxLoad>& loads, MonthCellArray& cells)
         cells[i].m_bMore = loads[i].more ? 1 : 0;
     }
 }
-
-} // namespace
 
 // ---- Rectangles
 

@@ -52,5 +52,7 @@ void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& 
                      const MonthMetrics& metrics = kMonthMetrics);
 
 void ClearLoads(MonthCellArray& cells);
+BoxGrid BoxGridOf(const MonthCellArray& cells);
+void StoreLoads(const std::vector<BoxLoad>& loads, MonthCellArray& cells); // counts and marks
 
 } // namespace dayvane

@@ -96,7 +96,16 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
     m_dtSelBegin = m_dtSelEnd = StartOfDay(date);
     CalcCalendar();
     // Over the stored items, not the shown ones: the screen items come with the next layout.
-    CalcItemRect(m_rcContent, m_arItem);
+    const DayRows rows = Range().Rows();
+    if (const std::vector<int>* which = rows.empty() ? nullptr : FindItems(m_arItem, rows.front(), rows.back() - 1)) {
+        CItemArray met;
+        for (const int item : *which) {
+            met.Add(m_arItem[item]);
+        }
+        CalcItemRect(m_rcContent, met);
+    } else {
+        CalcItemRect(m_rcContent, m_arItem);
+    }
     SetCurSel(-1);
     SetSelScreenItem(-1);
     if (m_hWnd) {
@@ -170,14 +179,12 @@ void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
 
 void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
-    MakeRowPieces(items, Range().Rows(), screenItems);
-    ScreenItemsChanged();
+    MakePieces(items, screenItems);
 }
 
 void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    CalcMonthBars(m_arCellDate, m_arCell, screenItems, MonthMetrics::For(m_scale));
-    ScreenItemsChanged();
+    StoreLoads(LayOutPieces(BoxGridOf(m_arCell), MonthMetrics::For(m_scale).bars, screenItems), m_arCell);
 }
 
 void CMonthViewCtrl::ClearMoreMarks()

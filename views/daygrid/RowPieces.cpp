@@ -88,7 +88,7 @@ void CutItem(const tagCALENDAR_ITEM& item, int source, const DayRows& rows, cons
 
 } // namespace
 
-void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces)
+void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces, const std::vector<int>* which)
 {
     if (rows.size() < 2) {
         pieces.RemoveAll();
@@ -96,14 +96,45 @@ void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& piece
     }
     const DayEdges edges(rows.front(), rows.back() - 1);
     PieceWriter writer(pieces);
-    const int count = static_cast<int>(items.GetSize());
-    const tagCALENDAR_ITEM* item = items.GetData();
-    for (int i = 0; i < count; ++i, ++item) {
-        if (IsValid(item->dtStart) && IsValid(item->dtEnd)) {
-            CutItem(*item, i, rows, edges, writer);
+    const int count = static_cast<int>(which ? which->size() : items.GetSize());
+    const tagCALENDAR_ITEM* data = items.GetData();
+    for (int n = 0; n < count; ++n) {
+        const int i = which ? (*which)[n] : n;
+        if (IsValid(data[i].dtStart) && IsValid(data[i].dtEnd)) {
+            CutItem(data[i], i, rows, edges, writer);
         }
     }
     writer.Finish();
+}
+
+bool RemakeRowPieces(const ItemArray& items, int item, const DayRows& rows, ItemArray& pieces,
+                     std::vector<int>& positions)
+{
+    ItemArray made;
+    const std::vector<int> only = {item};
+    MakeRowPieces(items, rows, made, &only);
+    tagCALENDAR_ITEM* begin = pieces.GetData();
+    tagCALENDAR_ITEM* end = begin + pieces.GetSize();
+    tagCALENDAR_ITEM* first = std::lower_bound(
+        begin, end, item, [](const tagCALENDAR_ITEM& piece, int source) { return piece.nSource < source; });
+    for (INT_PTR n = 0; n < made.GetSize(); ++n) {
+        if (first + n >= end || first[n].nSource != item) {
+            return false;
+        }
+    }
+    const INT_PTR after = first - begin + made.GetSize();
+    if (made.IsEmpty() || (after < pieces.GetSize() && begin[after].nSource == item)) {
+        return false;
+    }
+    for (INT_PTR n = 0; n < made.GetSize(); ++n) {
+        const CRect box = first[n].rcItem;
+        const short hidden = first[n].bNoFocus;
+        first[n] = made[n];
+        first[n].rcItem = box; // until the layout: it tells what has moved by comparing
+        first[n].bNoFocus = hidden;
+        positions.push_back(static_cast<int>(first + n - begin));
+    }
+    return true;
 }
 
 } // namespace dayvane

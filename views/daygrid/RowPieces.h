@@ -15,6 +15,13 @@ using DayRows = std::vector<int>;
 // stored record with nSource, nPiece and the piece's own start and end: a row from 00:00 of its first day to 23:59:59
 // of its last, or as far as the item goes. nPiece says whether the item goes on after the piece, before it, or both.
 // No piece: items without a valid start or end, items outside the rows, items that end on a day before they start.
-void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces);
+// which: positions of the items that can have pieces, ascending; nullptr: all.
+void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces,
+                   const std::vector<int>* which = nullptr);
+
+// Of pieces that were made of the items, those of one item anew, as it is now. Appends their positions. False, and
+// nothing is done: the item has another number of pieces now.
+bool RemakeRowPieces(const ItemArray& items, int item, const DayRows& rows, ItemArray& pieces,
+                     std::vector<int>& positions);
 
 } // namespace dayvane

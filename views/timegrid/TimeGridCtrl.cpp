@@ -119,7 +119,8 @@ void CTimeGridCtrl::Layout(int cx, int cy)
 void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
 {
     const DayRange range = GetShownRange();
-    const int bars = MakeRangeItems(items, range, screenItems);
+    const int first = range.FirstDay();
+    const int bars = MakeRangeItems(items, range, screenItems, FindItems(items, first, first + range.days - 1));
     // The band has a lane for each bar; a limited one only as many as the bars stack in.
     SetFulldayItemCount(m_options.limitedBand && range.days > 1 ? StackedLanes(screenItems, range, Scale().metrics)
                                                                 : bars);

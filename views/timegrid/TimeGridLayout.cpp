@@ -191,14 +191,16 @@ TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int head
     return frame;
 }
 
-int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems)
+int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems, const std::vector<int>* which)
 {
     std::vector<int> shown;
     const RangeBounds bounds(range);
     const bool showsAny = range.Holds(range.first);
-    for (INT_PTR i = 0; showsAny && i < store.GetSize(); ++i) {
+    const int count = static_cast<int>(which ? which->size() : store.GetSize());
+    for (int n = 0; showsAny && n < count; ++n) {
+        const int i = which ? (*which)[n] : n;
         if (bounds.Meet(store[i])) {
-            shown.push_back(static_cast<int>(i));
+            shown.push_back(i);
         }
     }
     screenItems.SetSize(shown.size());

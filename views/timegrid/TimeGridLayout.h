@@ -40,7 +40,9 @@ TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int head
 // days none that ends before it begins. nPiece tells where an item of several days goes on: before and after the range
 // PIECE_MIDDLE, after it PIECE_HEAD, before it PIECE_TAIL, neither PIECE_INSIDE; its dates are cut to the range.
 // Returns how many are shown in the full-day band: those of several days and those marked full-day.
-int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems);
+// which: positions of the items that can be shown, ascending; nullptr: all.
+int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems,
+                   const std::vector<int>* which = nullptr);
 
 // A timed item's box as if it were alone in the column: (-1, -1, -1, -1) when it does not begin on that day. An item
 // that is marked full-day or a middle piece reaches far below the day.

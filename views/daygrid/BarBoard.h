@@ -1,0 +1,48 @@
+// A layout of bars that is remembered, so that after a change of few items only the rows of boxes are laid out again
+// that they have left or come to. Rectangles and loads are those of a whole layout.
+#pragma once
+
+#include "BarGrid.h"
+
+#include <vector>
+
+namespace dayvane {
+
+class BarBoard
+{
+public:
+    void Clear() { *this = BarBoard(); }
+
+    // LayOutBars, remembered.
+    const std::vector<BoxLoad>& LayOut(const BoxGrid& grid, const BarRules& rules, std::vector<BoxSpan> spans,
+                                       ItemArray& items);
+
+    // Whether LayOutAgain can go on from the last layout: it was of the same boxes and rules and of so many items, and
+    // no bar of it goes on in another row.
+    bool Knows(const BoxGrid& grid, const BarRules& rules, int itemCount) const;
+    bool IsEmpty() const { return m_grid.boxes.empty(); } // nothing is remembered
+
+    struct Change
+    {
+        int item; // position in the list
+        BoxSpan span;
+    };
+    // The listed items have got other spans. Appends the positions of all items whose rectangle or hidden flag is
+    // another one now. False, and nothing is done: a new span goes on in another row.
+    bool LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<int>& moved);
+
+    const std::vector<BoxLoad>& Loads() const { return m_loads; }
+
+private:
+    int RowOf(const BoxSpan& span) const; // kNoRow: in none, kManyRows: in several
+    void LayOutRow(int row, ItemArray& items, std::vector<int>& moved);
+
+    BoxGrid m_grid;
+    BarRules m_rules = {};
+    std::vector<BoxSpan> m_spans;             // of each item
+    std::vector<std::vector<int>> m_rowItems; // positions of the items of each row, ascending
+    std::vector<BoxLoad> m_loads;
+    bool m_isSimple = false; // no bar goes on in another row
+};
+
+} // namespace dayvane
