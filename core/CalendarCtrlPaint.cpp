@@ -167,7 +167,8 @@ int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect r
 int CCalendarCtrl::GetMarksHeight(const tagCALENDAR_ITEM& item) const
 {
     const bool hasMarks = item.bAlarm || item.bRecurrent;
-    const int marks = hasMarks ? m_scale.Of(std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines) : 0;
+    const int marks =
+        hasMarks ? m_scale.Of(std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines) : 0;
     return m_scale.Of(item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks);
 }
 

@@ -98,7 +98,7 @@ TEST(TimeIndex, FindsWhatLookingAtAllFinds)
                 ++indexed;
             } else {
                 const bool isFew = store.items.GetSize() < TimeIndex::kLeastItems;
-                ASSERT_TRUE(isFew || expected.size() > store.items.GetSize() / 5u);
+                ASSERT_TRUE(isFew || expected.size() > static_cast<size_t>(store.items.GetSize()) / 5);
             }
         }
         EXPECT_GT(indexed, 30);
