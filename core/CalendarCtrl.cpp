@@ -157,6 +157,7 @@ void CCalendarCtrl::OnDestroy()
 void CCalendarCtrl::PostNcDestroy()
 {
     *m_pointer = PointerDriver();
+    m_pointer->SetScale(m_scale);
     m_bShiftExtend = m_bEditing = m_bHasFocus = FALSE;
     CWnd::PostNcDestroy();
 }

@@ -19,6 +19,7 @@
 
 #include "CalendarClock.h"
 #include "CalendarColors.h"
+#include "CalendarFonts.h"
 #include "CalendarNotify.h"
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
@@ -206,6 +207,7 @@ public:
     // Face and size of texts; the height is that for 96 dpi. Rows, bars and lanes become higher where it is higher than
     // the control's own. WM_SETFONT does the same with a font of the present scale.
     void SetTextFont(const LOGFONT& font);
+    void SetFonts(const CalendarFonts& fonts); // the text font and those of hours and title bands
     const CalendarTheme& GetTheme() const { return m_theme; }
     void ShowCaption(BOOL bShow) { m_bShowCaption = bShow; }
     BOOL IsShowCaption() const { return m_bShowCaption; }
@@ -328,6 +330,8 @@ protected:
 
     // The rows that day-colour numbers select, as the theme shows them.
     const CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>& GetDayColors();
+    // The host's text font, for 96 dpi; nullptr: there is none.
+    const LOGFONT* GetTextFont() const { return m_bTextFont ? &m_lfFonts[FONT_TEXT] : nullptr; }
     BOOL IsSelectionShown() const { return m_nCurSel == -1 || m_bShowSelectionWithItem; }
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect

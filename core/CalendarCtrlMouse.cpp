@@ -50,7 +50,7 @@ ItemEdge CCalendarCtrl::EdgeUnder(const tagCCHITTESTINFO& hit)
     if (hit.nHitCode != CCHT_ONFULLDAYITEM) {
         box.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
     }
-    return EdgeAt(box, hit.pt, GetPullableEdges(item));
+    return EdgeAt(box, hit.pt, GetPullableEdges(item), m_scale);
 }
 
 int CCalendarCtrl::GetMoveStepMinutes()
@@ -400,7 +400,7 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     CPoint point;
     ::GetCursorPos(&point);
     ScreenToClient(&point);
-    const int step = AutoScrollAt(m_rcContent, point);
+    const int step = AutoScrollAt(m_rcContent, point, m_scale);
     const WindowAlive alive(this, m_life);
     if (step != 0) {
         SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);

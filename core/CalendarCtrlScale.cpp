@@ -3,6 +3,7 @@
 
 #include "core/DrawingHelpers.h"
 #include "core/Fonts.h"
+#include "core/PointerDriver.h"
 #include "core/WindowHelpers.h"
 
 #include <algorithm>
@@ -44,6 +45,13 @@ void CCalendarCtrl::SetTextFont(const LOGFONT& font)
     }
 }
 
+void CCalendarCtrl::SetFonts(const CalendarFonts& fonts)
+{
+    m_lfFonts[FONT_CAPTION] = fonts.hours;
+    m_lfFonts[FONT_LARGE_CAPTION] = fonts.caption;
+    SetTextFont(fonts.text);
+}
+
 void CCalendarCtrl::ApplyScale(int dpi)
 {
     ViewScale scale;
@@ -65,6 +73,7 @@ void CCalendarCtrl::ScaleChanged(const ViewScale&)
     if (!alive) {
         return;
     }
+    m_pointer->SetScale(m_scale);
     for (CFont& font : m_fontCache) {
         font.DeleteObject();
     }

@@ -48,7 +48,7 @@ void PointerDriver::CaptureLost(PointerTarget& target)
 void PointerDriver::WatchScrollEdge(PointerTarget& target, bool hasCapture, const CRect& content, const CPoint& point)
 {
     const bool isActive = m_tracker.IsSelecting() || m_tracker.IsDragging();
-    SetScrollTimer(target, isActive && hasCapture && AutoScrollAt(content, point) != 0);
+    SetScrollTimer(target, isActive && hasCapture && AutoScrollAt(content, point, m_scale) != 0);
 }
 
 void PointerDriver::SetScrollTimer(PointerTarget& target, bool run)

@@ -53,6 +53,11 @@ public:
     // Shift and an arrow key end a pending drag.
     void ForgetPendingDrag() { m_tracker.ForgetPendingDrag(); }
 
+    void SetScale(const ViewScale& scale)
+    {
+        m_scale = scale;
+        m_tracker.SetScale(scale);
+    }
     const PointerTracker& Tracker() const { return m_tracker; }
 
 private:
@@ -66,6 +71,7 @@ private:
     bool GetHeldTimes(const PointerTarget& target, ItemTimes& times);
 
     PointerTracker m_tracker;
+    ViewScale m_scale;
     bool m_releasing = false; // the capture is being given back
     bool m_scrollTimer = false;
 };

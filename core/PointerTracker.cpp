@@ -8,7 +8,7 @@
 namespace dayvane {
 namespace {
 
-constexpr int kDragSlop = 5; // pixels in each direction before a press becomes a drag
+constexpr int kDragSlop = 5; // pixels at 96 dpi in each direction before a press becomes a drag
 
 bool AreValid(const ItemTimes& times)
 {
@@ -25,9 +25,9 @@ bool IsBandCode(int code)
     return code == CCHT_ONFULLDAY || code == CCHT_ONFULLDAYITEM;
 }
 
-int EdgeStrip(int size)
+int EdgeStrip(int size, const ViewScale& scale)
 {
-    return std::min(kEdgeReach, size / 4);
+    return std::min(scale.Of(kEdgeReach), size / 4);
 }
 
 PointerEffect Plain(PointerEffect::Kind kind, int item = -1)
@@ -52,30 +52,31 @@ ItemTimes Shifted(const ItemTimes& times, long long seconds)
 
 } // namespace
 
-ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges)
+ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges, const ViewScale& scale)
 {
     if (!box.PtInRect(point)) {
         return EDGE_NONE;
     }
-    if ((pullableEdges & EDGE_BOTTOM) && point.y >= box.bottom - EdgeStrip(box.Height())) {
+    if ((pullableEdges & EDGE_BOTTOM) && point.y >= box.bottom - EdgeStrip(box.Height(), scale)) {
         return EDGE_BOTTOM;
     }
-    if ((pullableEdges & EDGE_RIGHT) && point.x >= box.right - EdgeStrip(box.Width())) {
+    if ((pullableEdges & EDGE_RIGHT) && point.x >= box.right - EdgeStrip(box.Width(), scale)) {
         return EDGE_RIGHT;
     }
     return EDGE_NONE;
 }
 
-int AutoScrollAt(const CRect& content, const CPoint& point)
+int AutoScrollAt(const CRect& content, const CPoint& point, const ViewScale& scale)
 {
+    const int reach = scale.Of(kScrollReach);
     // Where both strips would overlap there is no room to scroll.
-    if (content.Height() <= 2 * kScrollReach) {
+    if (content.Height() <= 2 * reach) {
         return 0;
     }
-    if (point.y < content.top + kScrollReach) {
+    if (point.y < content.top + reach) {
         return -1;
     }
-    return point.y >= content.bottom - kScrollReach ? 1 : 0;
+    return point.y >= content.bottom - reach ? 1 : 0;
 }
 
 PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& pressed)
@@ -127,7 +128,8 @@ PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
     if (!m_pending) {
         return effects;
     }
-    if (std::abs(hit.point.x - m_pressPoint.x) <= kDragSlop && std::abs(hit.point.y - m_pressPoint.y) <= kDragSlop) {
+    const int slop = m_scale.Of(kDragSlop);
+    if (std::abs(hit.point.x - m_pressPoint.x) <= slop && std::abs(hit.point.y - m_pressPoint.y) <= slop) {
         return effects;
     }
     m_pressPoint = CPoint(-1, -1);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "CalendarRecords.h"
+#include "ViewScale.h"
 
 #include <vector>
 
@@ -13,12 +14,12 @@ namespace dayvane {
 
 // The pullable edge under the point: a strip of kEdgeReach pixels inside the box, at most a quarter of its size, so
 // that a small box can still be moved. In the corner the bottom edge takes precedence.
-ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges);
-constexpr int kEdgeReach = 4;
+ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges, const ViewScale& scale = {});
+constexpr int kEdgeReach = 4; // at 96 dpi
 
 // -1, 0 or +1: whether a drag at the point scrolls the content up or down. Points beyond both edges count too.
-int AutoScrollAt(const CRect& content, const CPoint& point);
-constexpr int kScrollReach = 8; // pixels within the content's upper and lower edge
+int AutoScrollAt(const CRect& content, const CPoint& point, const ViewScale& scale = {});
+constexpr int kScrollReach = 8; // pixels at 96 dpi within the content's upper and lower edge
 
 struct ItemTimes
 {
@@ -71,6 +72,7 @@ using PointerEffects = std::vector<PointerEffect>;
 class PointerTracker
 {
 public:
+    void SetScale(const ViewScale& scale) { m_scale = scale; } // of the slop before a drag
     PointerEffects Press(const PointerHit& hit, const PressedItem& pressed);
     // A move while a sweep runs; nothing otherwise, nor where there is no date.
     PointerEffects Sweep(const PointerHit& hit);
@@ -106,6 +108,7 @@ public:
     const ItemTimes& LastPut() const { return m_lastPut; }
 
 private:
+    ViewScale m_scale;
     PointerEffects StartDragOutsideSlop(const PointerHit& hit);
     // What both drags do first. Returns whether the item goes to the pointer now.
     bool DragStep(const PointerHit& hit, const ItemTimes* current, PointerEffects& effects);

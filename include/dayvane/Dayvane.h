@@ -21,6 +21,7 @@
 #ifdef _WIN32
 #include "core/CalendarClock.h"
 #include "core/CalendarCtrl.h"
+#include "core/CalendarFonts.h"
 #include "core/CalendarNotify.h"
 #include "core/CalendarPrinting.h"
 #include "core/CalendarView.h"

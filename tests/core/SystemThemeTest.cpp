@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 using namespace coretest;
@@ -141,4 +143,22 @@ TEST(Scale, TextFontSetsFaceAndHeightOfLines)
     EXPECT_GE(scene.calendar->GetViewScale().textGrowth, 10);
     scene.calendar->SetScale(96);
     EXPECT_EQ(textHeight(), 20);
+}
+
+TEST(Scale, ModernFontsAreTheMessageFontWithTheCharactersOfTheSystem)
+{
+    const CalendarFonts fonts = CalendarFonts::Modern();
+    EXPECT_NE(fonts.text.lfHeight, 0);
+    EXPECT_GT(std::abs(fonts.caption.lfHeight), std::abs(fonts.text.lfHeight));
+    CalendarScene scene;
+    scene.calendar->SetFonts(fonts);
+    LOGFONT shown = {};
+    scene.calendar->GetFont(0)->GetLogFont(&shown);
+    EXPECT_STREQ(shown.lfFaceName, fonts.text.lfFaceName);
+    CClientDC dc(scene.calendar);
+    CFont* before = dc.SelectObject(scene.calendar->GetFont(0));
+    TEXTMETRIC metrics = {};
+    dc.GetTextMetrics(&metrics);
+    dc.SelectObject(before);
+    EXPECT_EQ(scene.calendar->GetViewScale().Line(12), std::max<int>(metrics.tmHeight, 12)) << "lines hold the text";
 }

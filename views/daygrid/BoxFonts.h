@@ -9,11 +9,17 @@ class BoxFonts
 {
 public:
     void SetScale(const ViewScale& scale) { m_scale = scale; }
-    CFont* Weekday() { return Small({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); } // weekday names
+    // For weekday names and annotations, for 96 dpi; nullptr: their own.
+    void SetText(const LOGFONT* pFont)
+    {
+        m_hasText = pFont != nullptr;
+        m_text = pFont ? *pFont : LOGFONT();
+    }
+    CFont* Weekday() { return Text({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); } // weekday names
     CFont* DayNumber() { return Small({16, FW_BOLD, ANSI_CHARSET, "Arial"}); }
     CFont* SmallLatin() { return m_cache.Get({12, FW_DONTCARE, ANSI_CHARSET, "Arial"}); } // for printing
     // Holidays, solar terms, the host's text for a day.
-    CFont* Annotation() { return Small({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); }
+    CFont* Annotation() { return Text({12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"}); }
     // The title band's have the face, character set and style of the item font. Heights in pixels.
     CFont* CaptionNumber(const LOGFONT& itemFont, int height)
     {
@@ -29,7 +35,11 @@ private:
     static constexpr int kCaptionTextHeight = 18;
     CFont* Small(const FontSpec& spec) { return m_cache.Get(ScaledText(spec, m_scale)); }
 
+    CFont* Text(const FontSpec& own) { return m_hasText ? m_cache.Get(Scaled(m_text, m_scale)) : Small(own); }
+
     ViewScale m_scale;
+    LOGFONT m_text = {};
+    bool m_hasText = false;
     FontCache m_cache;
 };
 

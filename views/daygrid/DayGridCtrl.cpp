@@ -260,6 +260,7 @@ void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
 void CDayGridCtrl::ScaleChanged(const ViewScale& before)
 {
     m_parts->Clear();
+    m_parts->fonts.SetText(GetTextFont());
     CMoreListCtrl::ScaleChanged(before);
 }
 

@@ -180,6 +180,7 @@ void CTimeGridCtrl::ScaleChanged(const ViewScale& before)
 {
     m_pParts->fonts.Clear();
     m_pParts->fonts.SetScale(m_scale);
+    m_pParts->fonts.SetText(GetTextFont());
     m_nVertScroll = m_nVertScroll / TimeGridMetrics::For(before).rowHeight * Scale().metrics.rowHeight;
     CMoreListCtrl::ScaleChanged(before);
 }

@@ -40,14 +40,22 @@ public:
     // the control's description for captions.
     CFont* Hours(const LOGFONT& lf) { return m_cache.Get(Scaled(lf, m_scale)); }
     CFont* Zeros() { return m_cache.Get(Scaled(LogFontOf(kZerosFont), m_scale)); }
-    CFont* Label() { return m_cache.Get(ScaledText(kLabelFont, m_scale)); }
+    CFont* Label() { return m_cache.Get(m_hasText ? Scaled(m_text, m_scale) : ScaledText(kLabelFont, m_scale)); }
     CFont* CaptionText() { return m_cache.Get(Scaled(LogFontOf(kCaptionTextFont), m_scale)); }
     CFont* CaptionDate(const LOGFONT& lf);
     void SetScale(const ViewScale& scale) { m_scale = scale; }
+    // For labels, for 96 dpi; nullptr: their own.
+    void SetText(const LOGFONT* pFont)
+    {
+        m_hasText = pFont != nullptr;
+        m_text = pFont ? *pFont : LOGFONT();
+    }
     void Clear() { m_cache.Clear(); }
 
 private:
     ViewScale m_scale;
+    LOGFONT m_text = {};
+    bool m_hasText = false;
     FontCache m_cache;
 };
 
