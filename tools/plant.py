@@ -10,6 +10,7 @@ import pathlib
 import queue
 import random
 import re
+import shutil
 import subprocess
 import sys
 
@@ -92,20 +93,16 @@ class Tree:
     def __init__(self, root, place):
         self.path, self.build = place / "tree", place / "native"
         place.mkdir(parents=True, exist_ok=True)
+        shutil.rmtree(self.path, ignore_errors=True)
         files = subprocess.run(["git", "ls-files"], cwd=root, capture_output=True, text=True, check=True).stdout
+        self.path.mkdir()
         for name in files.split("\n"):
             if name and (root / name).exists():
-                self.put(name, (root / name).read_bytes())
+                (self.path / name).parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy2(root / name, self.path / name)
         run(["cmake", "-G", "Ninja", "-S", str(self.path), "-B", str(self.build), "-DCMAKE_BUILD_TYPE=None",
              "-DDAYVANE_BENCH=OFF", "-DDAYVANE_SANITIZE=-O1;-D_GLIBCXX_ASSERTIONS"])
         run(["ninja", "-C", str(self.build), "all"])
-
-    # Writes what differs only, so that the build finds what was changed and nothing else.
-    def put(self, name, content):
-        path = self.path / name
-        if not path.exists() or path.read_bytes() != content:
-            path.parent.mkdir(parents=True, exist_ok=True)
-            path.write_bytes(content)
 
     def sources(self):
         text = (self.build / "compile_commands.json").read_text()

@@ -1,0 +1,86 @@
+# shellcheck shell=bash
+# The pictures of docs/shots, made again from one table. Sourced by ./dev.
+
+shots_folder=$ROOT/docs/shots
+
+# Where calendars lie that are not samples of ours; their pictures are left as they are where it is not given.
+calendars_folder=${DAYVANE_CALENDARS:-}
+
+# Windows: name, calendar, view, date, theme, scale in per cent, size, system. A view named in braces stands for several
+# rows, {view} in the name for each.
+list_windows() {
+    cat <<'TABLE'
+planner-{view}         office           month,month2,workweek,week,day,diary,year  2026-11-20  light     100  1180x860   932
+planner-dark-{view}    office           month,month2,workweek,week,day,diary,year  2026-11-20  dark      100  1180x860   932
+planner-200-{view}     office           month,month2,workweek,week,day,diary,year  2026-11-20  light     200  1360x960   932
+planner-dark-200-{view} office          month,month2,workweek,week,day,diary,year  2026-11-20  dark      200  1360x960   932
+planner-150-{view}     office           month                                      2026-11-20  light     150  1360x960   932
+planner-classic-{view} office           month,week                                 2026-11-20  classic   100  1180x860   932
+planner-contrast-{view} office          month                                      2026-11-20  contrast  100  1180x860   932
+planner-1252-{view}    conference-2017  month                                      2017-04-25  light     100  1180x860   1252
+planner-conference-{view} conference-2017 day,week                                 2017-04-25  light     100  1180x860   932
+TABLE
+}
+
+# Printed pages: name, calendar, view, date, paper.
+list_pages() {
+    cat <<'TABLE'
+page-month            office           month     2026-11-20  A4
+page-december         office           month     2026-12-10  A4
+page-letter           office           month     2026-12-10  Letter-portrait
+page-list             office           list      2026-11-20  A4
+page-year             office           year      2026-11-20  A4
+page-workweek         office           workweek  2026-11-20  A4
+page-diary            office           diary     2026-11-20  A4
+page-day              office           day       2026-11-20  A4
+page-conference       conference-2017  month     2017-04-25  A4
+page-conference-week  conference-2017  week      2017-04-25  A4
+page-conference-day   conference-2017  day       2017-04-25  A4
+TABLE
+}
+
+# shots [NAME]: all pictures, or those whose name begins so.
+command_shots() {
+    local wanted=${1:-} name file views view date theme scale size system paper calendar
+    while read -r -u 3 name file views date theme scale size system; do
+        for view in ${views//,/ }; do
+            shoot_if_wanted "$wanted" "${name//\{view\}/$view}" "$file" --view "$view" \
+                --date "$date" --theme "$theme" --scale "$scale" --size "$size" --system "$system"
+        done
+    done 3< <(list_windows)
+    while read -r -u 3 name file view date paper; do
+        case $name in "$wanted"*) ;; *) continue ;; esac
+        calendar=$(calendar_named "$file") || continue
+        in_subshell command_run "$calendar" --view "$view" --date "$date" --paper "$paper" \
+            --pages "$shots_folder/$name" || die "The pages $name could not be made."
+        shrink_pictures "$shots_folder/$name"-[0-9]*.png
+    done 3< <(list_pages)
+}
+
+# The file of a calendar; 1 where it is not here.
+calendar_named() {
+    local folder
+    for folder in "$ROOT/samples/data" "$calendars_folder"; do
+        if [ -n "$folder" ] && [ -r "$folder/$1.ics" ]; then
+            say "$folder/$1.ics"
+            return 0
+        fi
+    done
+    warn "There is no calendar $1.ics here; its pictures stay as they are."
+    return 1
+}
+
+# shoot_if_wanted WANTED NAME CALENDAR ARGUMENT...
+shoot_if_wanted() {
+    local wanted=$1 picture=$shots_folder/$2.png calendar
+    case $2 in "$wanted"*) ;; *) return 0 ;; esac
+    calendar=$(calendar_named "$3") || return 0
+    shift 3
+    in_subshell command_run "$calendar" "$@" --shot "$picture" || die "The picture $picture could not be made."
+    shrink_pictures "$picture"
+}
+
+# Windows and pages have few colours.
+shrink_pictures() {
+    mogrify -strip +dither -colors 255 -define png:compression-level=9 "$@"
+}
