@@ -12,6 +12,8 @@ namespace {
 
 constexpr int kSmallestWindow = 50; // pixels
 constexpr int kLargestWindow = 10000;
+constexpr int kSmallestScale = 50; // per cent
+constexpr int kLargestScale = 400;
 
 // Sets what the option says; false when the value is not one of its kind.
 bool TakeOption(CommandLine& line, const std::string& option, const std::string& value)
@@ -33,6 +35,13 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
             return false;
         }
         line.size = size;
+    } else if (option == "--scale") {
+        int percent = 0;
+        if (std::sscanf(value.c_str(), "%d%c", &percent, &rest) != 1 || percent < kSmallestScale ||
+            percent > kLargestScale) {
+            return false;
+        }
+        line.scale = percent;
     } else {
         std::string& text = option == "--view"    ? line.view
                             : option == "--pages" ? line.pages
@@ -46,7 +55,8 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
 
 bool IsOption(const std::string& argument)
 {
-    static const char* const options[] = {"--view", "--date", "--size", "--shot", "--pages", "--paper", "--theme"};
+    static const char* const options[] = {"--view",  "--date",  "--size",  "--shot",
+                                          "--pages", "--paper", "--theme", "--scale"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

@@ -1,4 +1,5 @@
-// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--shot FILE.bmp] [--pages FILE.ps
+// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--shot FILE.bmp]
+// [--pages FILE.ps
 // [--paper P]]
 #pragma once
 
@@ -20,8 +21,9 @@ struct CommandLine
     };
 
     std::string file;
-    std::string view;  // a name of the table of views; empty: the first
-    std::string theme; // system, light, classic, dark or contrast; empty: the first
+    std::string view;         // a name of the table of views; empty: the first
+    std::string theme;        // system, light, classic, dark or contrast; empty: the first
+    std::optional<int> scale; // per cent of 96 dpi; empty: that of the screen
     std::optional<Date> date;
     std::optional<Size> size;
     std::string pages; // where to print what the view shows, and end; empty: run

@@ -10,7 +10,6 @@
 namespace {
 
 // Pixels
-constexpr int kCalendarWidth = 130;
 constexpr int kPaneMargin = 6;
 constexpr int kEdgeWidth = 1; // the line to the view
 constexpr int kMessageLines = 4;
@@ -56,9 +55,12 @@ ON_WM_ERASEBKGND()
 ON_MESSAGE(WM_SIZEPARENT, &CSidePane::OnSizeParent)
 END_MESSAGE_MAP()
 
-int CSidePane::Width()
+int CSidePane::Width() const
 {
-    return kCalendarWidth + 2 * kPaneMargin + kEdgeWidth;
+    int rows = 0;
+    int columns = 1;
+    m_calendar.GetRowAndCol(rows, columns);
+    return static_cast<int>(m_calendar.GetGridSize().cx) / std::max(columns, 1) + 2 * kPaneMargin + kEdgeWidth;
 }
 
 BOOL CSidePane::Create(CWnd* pParent, UINT nID)
@@ -100,6 +102,11 @@ void CSidePane::SetTheme(planner::ThemeChoice choice)
     Invalidate();
 }
 
+void CSidePane::SetScale(int dpi)
+{
+    m_calendar.SetScale(dpi);
+}
+
 BOOL CSidePane::IsShown(const COleDateTime& day) const
 {
     const auto& months = m_calendar.GetMonthCells();
@@ -131,7 +138,7 @@ void CSidePane::OnSize(UINT nType, int cx, int cy)
 {
     CWnd::OnSize(nType, cx, cy);
     const CRect place(kPaneMargin, kPaneMargin, cx - kPaneMargin - kEdgeWidth, cy);
-    m_calendar.RecalcRowAndCol(kCalendarWidth, place.Height());
+    m_calendar.RecalcRowAndCol(place.Width(), place.Height());
     m_calendar.MoveWindow(&place);
     m_calendar.Refresh();
 }
@@ -197,6 +204,11 @@ void CMessagePane::SetTheme(const CalendarTheme& theme)
     m_ground.DeleteObject();
     m_ground.CreateSolidBrush(planner::ListColors(theme).ground);
     Invalidate();
+}
+
+void CMessagePane::SetScale(int dpi)
+{
+    m_font.Show(*this, dpi);
 }
 
 HBRUSH CMessagePane::CtlColor(CDC* pDC, UINT)

@@ -21,8 +21,9 @@ public:
     void Follow(const COleDateTime& day);
     void DocumentChanged();
     void SetTheme(planner::ThemeChoice choice);
+    void SetScale(int dpi);
     CMiniCalendarCtrl& Calendar() { return m_calendar; }
-    static int Width();
+    int Width() const;
 
 protected:
     static BOOL IsBold(const COleDateTime& date, LPARAM lParam);
@@ -49,6 +50,7 @@ public:
     BOOL Create(CWnd* pParent, UINT nID);
     void Show(const std::vector<planner::Message>& messages);
     void SetTheme(const CalendarTheme& theme);
+    void SetScale(int dpi);
 
 protected:
     afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
@@ -58,4 +60,5 @@ protected:
 private:
     CalendarTheme m_theme;
     CBrush m_ground;
+    planner::ScaledFont m_font;
 };

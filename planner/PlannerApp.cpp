@@ -68,6 +68,10 @@ BOOL CPlannerApp::InitInstance()
     if (m_line.date) {
         start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);
     }
+    if (m_line.scale) {
+        constexpr int percent = 100;
+        start.dpi = dayvane::kBaseDpi * *m_line.scale / percent;
+    }
     if (m_line.size) {
         start.size = CSize(m_line.size->width, m_line.size->height);
     }

@@ -6,6 +6,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include <algorithm>
+#include <iterator>
 
 // ---- Editing
 
@@ -160,6 +161,34 @@ void CPlannerFrame::OnSetting(UINT nID)
 void CPlannerFrame::OnUpdateSetting(CCmdUI* pCmdUI)
 {
     pCmdUI->SetCheck(*SettingOf(pCmdUI->m_nID));
+}
+
+void CPlannerFrame::Zoom(int steps)
+{
+    static const int percents[] = {50, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300};
+    constexpr int normal = 3; // position of 100
+    const int* at = steps == 0 ? percents + normal : std::find(std::begin(percents), std::end(percents), m_zoom);
+    const std::ptrdiff_t last = std::size(percents) - 1;
+    m_zoom = percents[std::clamp<std::ptrdiff_t>(at - percents + steps, 0, last)];
+    ApplyScale();
+}
+
+void CPlannerFrame::OnZoom(UINT nID)
+{
+    Zoom(nID == ID_ZOOM_IN ? 1 : nID == ID_ZOOM_OUT ? -1 : 0);
+}
+
+// The window moves to where the system wants it on its new screen.
+LRESULT CPlannerFrame::OnDpiChanged(WPARAM wParam, LPARAM lParam)
+{
+    m_dpi = LOWORD(wParam);
+    if (lParam != 0) {
+        const RECT& place = *reinterpret_cast<const RECT*>(lParam);
+        SetWindowPos(nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    ApplyScale();
+    return 0;
 }
 
 void CPlannerFrame::OnTheme(UINT nID)

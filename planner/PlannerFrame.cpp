@@ -4,6 +4,7 @@
 
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
+#include "core/WindowHelpers.h"
 #include "planner/ItemBridge.h"
 #include "planner/SystemText.h"
 #include "planner/resource.h"
@@ -46,6 +47,8 @@ ON_COMMAND_RANGE(ID_VIEW_PREVIOUS, ID_VIEW_NEXT, &CPlannerFrame::OnStep)
 ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
 ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
 ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
+ON_COMMAND_RANGE(ID_ZOOM_IN, ID_ZOOM_RESET, &CPlannerFrame::OnZoom)
+ON_MESSAGE(dayvane::kDpiChanged, &CPlannerFrame::OnDpiChanged)
 ON_COMMAND_RANGE(ID_THEME_FIRST, ID_THEME_LAST, &CPlannerFrame::OnTheme)
 ON_COMMAND(ID_VIEW_NEXT_PANE, &CPlannerFrame::OnNextPane)
 ON_COMMAND(ID_FILE_PAGE_SETUP, &CPlannerFrame::OnPageSetup)
@@ -66,7 +69,7 @@ END_MESSAGE_MAP()
 CPlannerFrame::CPlannerFrame()
     : m_view(s_start.view.row ? s_start.view : planner::DefaultView()), m_day(s_start.day), m_editor(m_items),
       m_sidePane(&CPlannerFrame::CalendarOf, reinterpret_cast<LPARAM>(this)), m_theme(s_start.theme),
-      m_themeWatch([this] { ApplyTheme(); })
+      m_dpi(s_start.dpi), m_themeWatch([this] { ApplyTheme(); })
 {
     m_pages.asList = s_start.asList;
 }
@@ -95,7 +98,9 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
     const UINT panes[] = {ID_SEPARATOR, ID_SEPARATOR};
     m_statusBar.SetIndicators(panes, sizeof(panes) / sizeof(panes[0]));
     m_statusBar.SetPaneInfo(kCountPane, 0, 0, kCountPaneWidth);
+    m_dpi = m_dpi != 0 ? m_dpi : dayvane::DpiOfWindow(m_hWnd);
     m_themeWatch.Follow(true);
+    ApplyScale();
     RecalcLayout();
     return 0;
 }
@@ -132,6 +137,10 @@ BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
     if (isKeyUp && pMsg->wParam == VK_MENU && m_altTaken) {
         m_altTaken = false;
         return TRUE; // Alt was the half of a command: letting it go must not open the menu bar
+    }
+    if (pMsg->message == WM_MOUSEWHEEL && (LOWORD(pMsg->wParam) & MK_CONTROL) != 0) {
+        Zoom(static_cast<short>(HIWORD(pMsg->wParam)) > 0 ? 1 : -1);
+        return TRUE;
     }
     TCHAR name[16] = "";
     ::GetClassName(pMsg->hwnd, name, sizeof(name) / sizeof(name[0]));
@@ -328,6 +337,21 @@ void CPlannerFrame::ApplyTheme()
     planner::ShowTitleInTheme(m_hWnd, theme);
 }
 
+// The zoom is the view's alone.
+void CPlannerFrame::ApplyScale()
+{
+    constexpr int percent = 100;
+    if (m_items.Ctrl()) {
+        m_items.Ctrl()->SetScale(m_dpi * m_zoom / percent);
+    }
+    m_toolBar.SetScale(m_dpi);
+    m_sidePane.SetScale(m_dpi);
+    m_messagePane.SetScale(m_dpi);
+    m_statusBar.SetScale(m_dpi);
+    m_statusBar.SetPaneInfo(kCountPane, 0, 0, MulDiv(kCountPaneWidth, m_dpi, dayvane::kBaseDpi));
+    RecalcLayout();
+}
+
 void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
 {
     tagCALENDAR_WORK_TIME hours;
@@ -335,6 +359,7 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     hours.dtEnd.SetTime(kOfficeCloses, 0, 0);
     ctrl.SetWorkTime(hours);
     planner::ShowTheme(ctrl, m_theme);
+    ctrl.SetScale(m_dpi * m_zoom / 100);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);

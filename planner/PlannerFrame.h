@@ -27,6 +27,7 @@ public:
         CSize size = CSize(1180, 860); // pixels
         bool asList = false;           // printed as a list of items
         planner::ThemeChoice theme = planner::ThemeChoice::System;
+        int dpi = 0; // of bars, panes and views; 0: the screen's
     };
     static Start s_start;
 
@@ -80,6 +81,8 @@ protected:
     afx_msg void OnSetting(UINT nID);
     afx_msg void OnPane(UINT nID);
     afx_msg void OnTheme(UINT nID);
+    afx_msg void OnZoom(UINT nID);
+    afx_msg LRESULT OnDpiChanged(WPARAM wParam, LPARAM lParam);
     afx_msg void OnNextPane();
     afx_msg void OnPageSetup();
     afx_msg void OnExportPages();
@@ -107,7 +110,9 @@ private:
     void ShowCurrent();
     void Tell(const CString& text); // in the status bar, until something else is to be told
     void ApplySettings(CCalendarCtrl& ctrl);
-    void ApplyTheme();             // to the view, bars and panes
+    void ApplyTheme(); // to the view, bars and panes
+    void ApplyScale();
+    void Zoom(int steps);          // 0: back to 100 %
     bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages
     void SetUpPrinter();           // of the control, by the page settings
     BOOL* SettingOf(UINT nID);
@@ -133,5 +138,7 @@ private:
     BOOL m_holidays = TRUE;
     BOOL m_solarTerms = TRUE;
     planner::ThemeChoice m_theme;
+    int m_dpi;        // of the screen that the window is on
+    int m_zoom = 100; // of the view, per cent
     dayvane::SystemThemeWatch m_themeWatch;
 };

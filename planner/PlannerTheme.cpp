@@ -2,6 +2,7 @@
 
 #include "core/DrawingHelpers.h"
 #include "core/ThemeColors.h"
+#include "core/ViewScale.h"
 
 #include <commctrl.h>
 
@@ -53,6 +54,26 @@ PaneColors ListColors(const CalendarTheme& theme)
             dayvane::ThemeOr(theme.pageText, ::GetSysColor(COLOR_WINDOWTEXT))};
 }
 
+void ScaledFont::Show(CWnd& window, int dpi)
+{
+    if (m_dpi == 0) {
+        const HGDIOBJ own = reinterpret_cast<HGDIOBJ>(window.SendMessage(WM_GETFONT));
+        ::GetObject(own ? own : ::GetStockObject(DEFAULT_GUI_FONT), sizeof(m_base), &m_base);
+        m_dpi = dayvane::kBaseDpi;
+    }
+    if (dpi == m_dpi) {
+        return;
+    }
+    m_dpi = dpi;
+    LOGFONT scaled = m_base;
+    scaled.lfHeight = MulDiv(m_base.lfHeight, dpi, dayvane::kBaseDpi);
+    CFont font;
+    font.CreateFontIndirect(&scaled);
+    window.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font.GetSafeHandle()), TRUE);
+    m_font.DeleteObject();
+    m_font.Attach(font.Detach());
+}
+
 void ShowTitleInTheme(HWND hFrame, const CalendarTheme& theme)
 {
     constexpr DWORD darkMode = 20; // DWMWA_USE_IMMERSIVE_DARK_MODE
@@ -81,6 +102,11 @@ void CThemedStatusBar::SetTheme(const CalendarTheme& theme)
     if (m_hWnd) {
         Invalidate();
     }
+}
+
+void CThemedStatusBar::SetScale(int dpi)
+{
+    m_font.Show(*this, dpi);
 }
 
 BOOL CThemedStatusBar::OnEraseBkgnd(CDC* pDC)

@@ -45,6 +45,19 @@ struct PaneColors
 PaneColors BarColors(const CalendarTheme& theme);
 PaneColors ListColors(const CalendarTheme& theme);
 
+// The font of a bar or pane, at the resolution of its screen.
+class ScaledFont
+{
+public:
+    // The first call takes the font that the window has, as one for 96 dpi; at 96 dpi that is what it keeps.
+    void Show(CWnd& window, int dpi);
+
+private:
+    CFont m_font;
+    LOGFONT m_base = {};
+    int m_dpi = 0;
+};
+
 // The title bar, as far as the system lets a program choose.
 void ShowTitleInTheme(HWND hFrame, const CalendarTheme& theme);
 
@@ -55,6 +68,7 @@ class CThemedStatusBar : public CStatusBar
 {
 public:
     void SetTheme(const CalendarTheme& theme);
+    void SetScale(int dpi);
 
 protected:
     afx_msg void OnPaint();
@@ -63,4 +77,5 @@ protected:
 
 private:
     CalendarTheme m_theme;
+    planner::ScaledFont m_font;
 };

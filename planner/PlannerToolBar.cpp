@@ -7,7 +7,9 @@
 
 namespace {
 
-constexpr int kPickerWidth = 104;   // pixels
+constexpr int kPickerWidth = 104; // pixels
+constexpr int kButtonSize = 24;
+constexpr int kImageHeight = 16;
 constexpr int kPickerGap = 4;       // on both sides
 constexpr int kLowestWrapped = 200; // a lower window has no room for a second row
 
@@ -51,7 +53,7 @@ BOOL CPlannerToolBar::Create(CWnd* pParent)
     for (int i = 0; i < kToolCount; ++i) {
         commands[i] = kTools[i].command;
     }
-    SetSizes(CSize(24, 24), CSize(1, 16));
+    SetSizes(CSize(kButtonSize, kButtonSize), CSize(1, kImageHeight));
     if (!SetButtons(commands, kToolCount)) {
         return FALSE;
     }
@@ -60,29 +62,53 @@ BOOL CPlannerToolBar::Create(CWnd* pParent)
             SetButtonText(i, kTools[i].text);
         }
     }
-    PlacePicker();
+    MakePicker();
     return m_picker.GetSafeHwnd() != nullptr;
 }
 
 // A blank, disabled button of its width stands for the picker: unlike a separator it may end a row.
+void CPlannerToolBar::MakePicker()
+{
+    CRect place(0, 0, kPickerWidth, kPickerWidth);
+    if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
+        m_picker.SetWindowSize();
+        PlacePicker();
+    }
+}
+
 void CPlannerToolBar::PlacePicker()
 {
     TBBUTTONINFO gap = {};
     gap.cbSize = sizeof(gap);
     gap.dwMask = TBIF_STATE | TBIF_SIZE;
-    gap.fsState = 0;
-    gap.cx = kPickerWidth + 2 * kPickerGap;
+    gap.fsState = m_isWrapped ? TBSTATE_WRAP : 0;
+    gap.cx = static_cast<WORD>(m_scale.Of(kPickerWidth + 2 * kPickerGap));
     GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap);
     CRect place;
     GetItemRect(CommandToIndex(IDC_PICKER), &place);
-    place.DeflateRect(kPickerGap, 1);
-    if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
-        m_picker.SetWindowSize();
-        CRect actual;
-        m_picker.GetWindowRect(&actual);
-        m_picker.SetWindowPos(nullptr, place.left, place.top + (place.Height() - actual.Height()) / 2, 0, 0,
-                              SWP_NOSIZE | SWP_NOZORDER);
+    place.DeflateRect(m_scale.Of(kPickerGap), 1);
+    CRect actual;
+    m_picker.GetWindowRect(&actual);
+    m_picker.SetWindowPos(nullptr, place.left, place.top + (place.Height() - actual.Height()) / 2, place.Width(),
+                          actual.Height(), SWP_NOZORDER);
+}
+
+void CPlannerToolBar::SetScale(int dpi)
+{
+    if (dpi == m_scale.dpi) {
+        return;
     }
+    m_scale.dpi = dpi;
+    m_font.Show(*this, dpi);
+    SetSizes(CSize(m_scale.Of(kButtonSize), m_scale.Of(kButtonSize)), CSize(1, m_scale.Of(kImageHeight)));
+    for (int i = 0; i < kToolCount; ++i) {
+        if (kTools[i].text) {
+            SetButtonText(i, kTools[i].text); // measures it anew
+        }
+    }
+    m_picker.SetScale(dpi);
+    PlacePicker();
+    Invalidate();
 }
 
 // Where the window is narrow, the views stand in a second row.

@@ -14,6 +14,7 @@ public:
     // Shows the month in the picker.
     void Follow(const COleDateTime& day);
     void SetTheme(planner::ThemeChoice choice);
+    void SetScale(int dpi);
 
 protected:
     CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz) override;
@@ -25,9 +26,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void MakePicker();
     void PlacePicker();
     void DrawTool(const NMCUSTOMDRAW& draw);
 
     CYearMonthPickerCtrl m_picker;
+    planner::ScaledFont m_font;
+    dayvane::ViewScale m_scale;
     bool m_isWrapped = false;
 };

@@ -44,6 +44,11 @@
 #define ID_THEME_FIRST 32860
 #define ID_THEME_LAST 32864
 
+// Size of the view
+#define ID_ZOOM_IN 32870
+#define ID_ZOOM_OUT 32871
+#define ID_ZOOM_RESET 32872
+
 // Page setup
 #define IDD_PAGES 140
 #define IDC_PAGES_FIRST 1100

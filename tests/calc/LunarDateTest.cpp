@@ -1,8 +1,5 @@
 // The lunisolar calendar: published days, the literal rule, day numbers, and properties of every day.
 #include "calc/LunarDate.h"
-
-#include "calc/DayNumbers.h"
-#include "calc/LunarMonths.h"
 #include "mfc/base/civil.h"
 #include "tests/calc/LiteralLunar.h"
 
@@ -120,24 +117,28 @@ TEST(LunarDate, MonthsFollowEachOther)
     EXPECT_EQ(months, 10 * (19 * 12 + 7));
 }
 
-// What one thread has got stays while another works out more quarters than are kept.
-TEST(LunarDate, ThreadsDoNotDisturbEachOther)
+TEST(LunarDate, ThreadsOfDifferentYearsDoNotDisturbEachOther)
 {
-    const dayvane::LunarQuarter& mine = dayvane::LunarQuarterOf(dayvane::LunarDayNumberOf({2001, 1, 1}));
-    const double firstDay = mine.months[0].firstDay;
-    std::string answers;
-    std::thread other([&] {
-        for (int i = 0; i < 6000; i += 47) {
-            answers += LunarText(DateOf(civil::DayNumber(1945, 1, 1) + i)) + " ";
+    constexpr int kThreads = 4;
+    const auto collect = [](int thread) {
+        std::string answers;
+        for (int day = 0; day < 6000; day += 47) {
+            answers += LunarText(DateOf(civil::DayNumber(1905 + 40 * thread, 1, 1) + day)) + " ";
         }
-    });
-    other.join();
-    EXPECT_EQ(mine.months[0].firstDay, firstDay);
-    std::string again;
-    for (int i = 0; i < 6000; i += 47) {
-        again += LunarText(DateOf(civil::DayNumber(1945, 1, 1) + i)) + " ";
+        return answers;
+    };
+    std::string alone[kThreads], together[kThreads];
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        alone[i] = collect(i);
     }
-    EXPECT_EQ(answers, again);
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&, i] { together[i] = collect(i); });
+    }
+    for (int i = 0; i < kThreads; ++i) {
+        threads[i].join();
+        EXPECT_EQ(together[i], alone[i]) << i;
+    }
 }
 
 TEST(LunarDate, DayNumbers)

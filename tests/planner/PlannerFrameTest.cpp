@@ -301,4 +301,27 @@ TEST_F(PlannerWindow, ThemeReachesViewPanesAndTheNextView)
     EXPECT_EQ(groundOf(side), ::GetSysColor(COLOR_WINDOW));
 }
 
+TEST_F(PlannerWindow, ZoomIsTheViewsAndResolutionEveryones)
+{
+    constexpr UINT dpiChanged = 0x02E0;
+    const auto scale = [&] { return m_frame->Items().Ctrl()->GetScale(); };
+    CWnd* side = m_frame->GetDlgItem(IDW_SIDE_PANE);
+    CRect narrow;
+    side->GetWindowRect(&narrow);
+    const int own = scale();
+    m_frame->SendMessage(WM_COMMAND, ID_ZOOM_IN);
+    EXPECT_EQ(scale(), own * 110 / 100);
+    m_frame->SendMessage(WM_COMMAND, ID_VIEW_WEEK);
+    EXPECT_EQ(scale(), own * 110 / 100) << "the next view too";
+    CRect same;
+    side->GetWindowRect(&same);
+    EXPECT_EQ(same.Width(), narrow.Width());
+    m_frame->SendMessage(WM_COMMAND, ID_ZOOM_RESET);
+    m_frame->SendMessage(dpiChanged, MAKEWPARAM(192, 192));
+    EXPECT_EQ(scale(), 192);
+    CRect wide;
+    side->GetWindowRect(&wide);
+    EXPECT_GT(wide.Width(), narrow.Width() * 3 / 2);
+}
+
 } // namespace
