@@ -261,6 +261,15 @@ void CCalendarCtrl::SetTextCodePage(UINT nCodePage)
     InvalidateClient();
 }
 
+void CCalendarCtrl::SetTexts(const CalendarTexts& texts)
+{
+    m_texts.words = std::make_shared<const CalendarTexts>(texts);
+    if (texts.firstDayOfWeek != 0) {
+        SetFirstDayOfWeek(texts.firstDayOfWeek);
+    }
+    Refresh();
+}
+
 // ---- Options
 
 void CCalendarCtrl::SetOptions(const CalendarOptions& options)

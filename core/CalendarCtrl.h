@@ -236,6 +236,10 @@ public:
     // CP_UTF8, ... The store keeps them as they are; notifications carry texts of the same page. Repaints.
     void SetTextCodePage(UINT nCodePage);
     UINT GetTextCodePage() const { return m_texts.codePage; }
+    // The words and patterns of dates that the control writes itself. Sets the first day of the week, too, when the
+    // texts have one. Repaints.
+    void SetTexts(const CalendarTexts& texts);
+    const CalendarTexts& GetTexts() const { return *m_texts.words; }
 
     // ---- Time grids: rows and work time.
 

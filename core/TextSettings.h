@@ -1,15 +1,30 @@
-// How a control reads the texts of its host.
+// How a control reads the texts of its host, and which words it writes itself.
 #pragma once
 
+#include "CalendarTexts.h"
 #include "TextCodec.h"
 
+#include <memory>
+
 namespace dayvane {
+
+// The required texts, one record for all controls.
+std::shared_ptr<const CalendarTexts> RequiredTexts();
 
 struct TextSettings
 {
     unsigned codePage = kSystemCodePage; // of items, days and titles
+    std::shared_ptr<const CalendarTexts> words = RequiredTexts();
 
     std::u16string HostText(const CString& text) const { return DecodeText(text, codePage); }
+    // The date by one of the patterns: Date(&CalendarTexts::monthDay, date).
+    std::u16string Date(std::u16string CalendarTexts::*pattern, const COleDateTime& date) const
+    {
+        return DateText(*words, (*words).*pattern, date);
+    }
+    std::u16string Time(const COleDateTime& time) const { return Date(&CalendarTexts::time, time); }
+    // Names of days as the library keeps them, in its own code page.
+    std::u16string DayNames(const CString& names) const { return DayNamesText(*words, OwnText(names)); }
 };
 
 } // namespace dayvane

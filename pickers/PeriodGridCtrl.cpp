@@ -193,6 +193,15 @@ void CPeriodGridCtrl::SetTheme(const CalendarTheme& theme)
     }
 }
 
+void CPeriodGridCtrl::SetTexts(const CalendarTexts& texts)
+{
+    m_texts = std::make_shared<const CalendarTexts>(texts);
+    if (texts.firstDayOfWeek != 0) {
+        SetFirstDayOfWeek(texts.firstDayOfWeek);
+    }
+    Refresh();
+}
+
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
 {
     m_pfnDotColor = pfnDotColor;
@@ -452,7 +461,8 @@ PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
 {
     PeriodGridState& state = *m_state;
     return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
-                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme, m_scale});
+                                   IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme, m_scale,
+                                   *m_texts});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)

@@ -24,6 +24,7 @@
 #include "../core/CalendarOptions.h"
 #include "../core/PartTip.h"
 #include "../core/SystemTheme.h"
+#include "../core/TextSettings.h"
 #include "../core/TodayWatch.h"
 #include "../core/ViewScale.h"
 #include "../core/WindowAlive.h"
@@ -94,6 +95,9 @@ public:
     // followDpi.
     void SetOptions(const CalendarOptions& options);
     const CalendarOptions& GetOptions() const { return m_options; }
+    // Words and patterns of dates; sets the first day of the week, too, when the texts have one. Lays out and redraws.
+    void SetTexts(const CalendarTexts& texts);
+    const CalendarTexts& GetTexts() const { return *m_texts; }
 
     // ---- Selection: both bounds as they were given or selected; invalid both when there is none.
     void GetSel(COleDateTime& start, COleDateTime& end) const;
@@ -188,6 +192,7 @@ protected:
     dayvane::ViewScale m_scale;
     BOOL m_bOwnScale = FALSE; // the host has set one
     dayvane::SystemThemeWatch m_themeWatch;
+    std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
     const dayvane::DayProvider* m_pDayProvider = nullptr;
     dayvane::PartTip m_tip;
     BOOL m_bTracksLeave = FALSE;

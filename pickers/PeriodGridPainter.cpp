@@ -53,7 +53,7 @@ void PeriodGridPainter::DrawTitle(int index) const
     const PeriodBlock& block = m_picture.layout.blocks[index];
     DrawGradient(m_pDC, block.band, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
     DrawBandState(StateOf({GridPart::Title, index}), block.title);
-    DrawCentredText(m_pDC, block.title, PeriodTitle(m_picture.model.Policy(), block.period),
+    DrawCentredText(m_pDC, block.title, PeriodTitle(m_picture.model.Policy(), block.period, m_picture.texts),
                     m_picture.textFonts.Get(true), m_palette.bandText);
 }
 
@@ -93,8 +93,8 @@ void PeriodGridPainter::DrawWeekdays() const
             const int width = policy.metrics.cell.cx;
             const int left = block.weekdays.left + column * width;
             const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - Px(kMetrics.weekdayGap));
-            DrawCentredText(m_pDC, rect, WeekdayName(weekday), m_picture.textFonts.Get(false),
-                            DayColor(weekday, false, true));
+            DrawCentredText(m_pDC, rect, m_picture.texts.shortWeekdays[static_cast<size_t>(weekday - 1)],
+                            m_picture.textFonts.Get(false), DayColor(weekday, false, true));
         }
         DrawHorizontalLine(m_pDC, block.weekdays.left + Px(kMetrics.lineInset),
                            block.weekdays.right - Px(kMetrics.lineInset), block.weekdays.bottom - 1, m_palette.frame);
@@ -108,7 +108,8 @@ void PeriodGridPainter::DrawWeekNumbers() const
             if (week.number > 0) {
                 CString text;
                 text.Format("%d", week.number);
-                DrawCentredText(m_pDC, week.rect, text, m_picture.numberFonts.Get(false), m_palette.weekNumber);
+                DrawCentredText(m_pDC, week.rect, OwnText(text), m_picture.numberFonts.Get(false),
+                                m_palette.weekNumber);
             }
             m_pDC->FillSolidRect(week.rect.right - 1, week.rect.top, 1, week.rect.Height(), m_palette.frame);
         }
@@ -205,15 +206,15 @@ COLORREF PeriodGridPainter::DayColor(int weekday, bool isHoliday, bool inPeriod)
     return inPeriod ? m_palette.text : m_palette.paleText;
 }
 
-CString PeriodGridPainter::CellText(const PeriodCell& cell) const
+std::u16string PeriodGridPainter::CellText(const PeriodCell& cell) const
 {
     const CivilDate fields = CivilDateOf(cell.date);
     if (m_picture.model.Policy().unit == CellUnit::Month) {
-        return MonthText(fields.month);
+        return MonthText(fields.month, m_picture.texts);
     }
     CString text;
     text.Format("%d", fields.day);
-    return text;
+    return OwnText(text);
 }
 
 void PeriodGridPainter::DrawFooter() const
@@ -227,7 +228,7 @@ void PeriodGridPainter::DrawFooter() const
     }
     DrawHorizontalLine(m_pDC, footer.left + Px(kMetrics.lineInset), footer.right - Px(kMetrics.lineInset), footer.top,
                        m_palette.frame);
-    DrawCentredText(m_pDC, box, FooterText(m_picture.model.Policy().unit, m_picture.now),
+    DrawCentredText(m_pDC, box, FooterText(m_picture.model.Policy().unit, m_picture.now, m_picture.texts),
                     m_picture.textFonts.Get(false), m_palette.text);
 }
 

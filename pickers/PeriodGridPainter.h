@@ -30,6 +30,7 @@ struct PeriodGridPicture
     PickerFonts& numberFonts;
     const CalendarTheme& theme = kClassicTheme;
     ViewScale scale = {};
+    const CalendarTexts& texts = *RequiredTexts();
 };
 
 class PeriodGridPainter
@@ -58,7 +59,7 @@ private:
     void DrawCellBack(const GridHit& hit, const PeriodCell& cell) const;
     COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
     COLORREF DayColor(int weekday, bool isHoliday, bool inPeriod) const;
-    CString CellText(const PeriodCell& cell) const;
+    std::u16string CellText(const PeriodCell& cell) const;
     int Px(int pixels) const { return m_picture.scale.Of(pixels); } // from those at 96 dpi
 
     CDC* m_pDC;

@@ -20,11 +20,11 @@ COleDateTime LastDayOfMonth(int monthNumber)
 //                            unit             months cols rows long  sweeps stays
 const PeriodPolicy kMonthPolicy{CellUnit::Day,   1,     7,   6,   12,   true,  true,
     // block  title weekday top left cell              arrow footer
-    {{130, 130}, 20, 16,    37, 2,   {18, 15},         18,   20}, "%d年 %d月"};
+    {{130, 130}, 20, 16,    37, 2,   {18, 15},         18,   20}};
 const PeriodPolicy kNumberedMonthPolicy{CellUnit::Day, 1, 7, 6,   12,   true,  true,
-    {{149, 130}, 20, 16,    37, 21,  {18, 15},         18,   20, 18}, "%d年 %d月"};
+    {{149, 130}, 20, 16,    37, 21,  {18, 15},         18,   20, 18}};
 const PeriodPolicy kYearPolicy{CellUnit::Month, 12,    3,   4,   10,   false, false,
-    {{120, 100}, 20, 0,     24, 3,   {38, 18},         18,   20}, "%d年"};
+    {{120, 100}, 20, 0,     24, 3,   {38, 18},         18,   20}};
 // clang-format on
 
 PeriodMetrics PeriodMetrics::At(const ViewScale& scale, int cellColumns, int cellRows) const
@@ -107,12 +107,10 @@ int ClampPeriod(const PeriodPolicy& policy, int period)
     return std::clamp(period, policy.FirstPeriod(), policy.LastPeriod());
 }
 
-CString PeriodTitle(const PeriodPolicy& policy, int period)
+std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts)
 {
-    const int monthNumber = period * policy.monthsPerPeriod;
-    CString text;
-    text.Format(policy.titleFormat, YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber));
-    return text;
+    return DateText(texts, policy.unit == CellUnit::Day ? texts.gridMonth : texts.gridYear,
+                    DateOfPeriod(policy, period));
 }
 
 COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date)
@@ -165,42 +163,15 @@ int WeekdayOfColumn(int firstDayOfWeek, int column)
     return (firstDayOfWeek - 1 + column) % kDaysPerWeek + 1;
 }
 
-CString WeekdayName(int weekday)
+std::u16string MonthText(int month, const CalendarTexts& texts)
 {
-    static const char* const kNames[kDaysPerWeek] = {"日", "月", "火", "水", "木", "金", "土"};
-    return kNames[weekday - 1];
+    constexpr int kAnyYear = 2000;
+    return DateText(texts, texts.cellMonth, COleDateTime(kAnyYear, month, 1, 0, 0, 0));
 }
 
-CString MonthText(int month)
+std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts)
 {
-    CString text;
-    text.Format("%d月", month);
-    return text;
-}
-
-CString FooterText(CellUnit unit, const COleDateTime& now)
-{
-    CString text;
-    const CivilDate fields = CivilDateOf(now);
-    if (!IsValid(now)) {
-        return text;
-    }
-    if (unit == CellUnit::Day) {
-        text.Format("今日: %04d/%d/%d", fields.year, fields.month, fields.day);
-    } else {
-        text.Format("今月: %s", static_cast<const char*>(YearMonthText(now)));
-    }
-    return text;
-}
-
-CString YearMonthText(const COleDateTime& date)
-{
-    CString text;
-    if (IsValid(date)) {
-        const CivilDate fields = CivilDateOf(date);
-        text.Format("%04d年 %d月", fields.year, fields.month);
-    }
-    return text;
+    return DateText(texts, unit == CellUnit::Day ? texts.today : texts.thisMonth, now);
 }
 
 } // namespace dayvane

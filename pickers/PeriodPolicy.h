@@ -2,6 +2,7 @@
 // cells (days or months). Everything else about them is one engine.
 #pragma once
 
+#include "../core/CalendarTexts.h"
 #include "../core/ViewScale.h"
 
 #include <afxdisp.h>
@@ -43,7 +44,6 @@ struct PeriodPolicy
     bool sweepsByDefault;   // a press starts a range
     bool chosenPeriodStays; // the period chosen in the popup appears in the clicked block, not in the first one
     PeriodMetrics metrics;
-    const char* titleFormat; // year, month
 
     int CellCount() const { return cellColumns * cellRows; }
     PeriodPolicy At(const ViewScale& scale) const;
@@ -82,7 +82,7 @@ COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid ou
 int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date);
 COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period);
 int ClampPeriod(const PeriodPolicy& policy, int period);
-CString PeriodTitle(const PeriodPolicy& policy, int period);
+std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts);
 
 // The start of the cell that a date falls in: its day, or the first of its month, at 00:00. Invalid for an invalid
 // date.
@@ -99,12 +99,9 @@ COleDateTime LastCellOf(const PeriodPolicy& policy, int period);
 
 // The weekday (1 Sunday .. 7 Saturday) of a column of days, when weeks begin on firstDayOfWeek.
 int WeekdayOfColumn(int firstDayOfWeek, int column);
-CString WeekdayName(int weekday); // one Japanese character
-CString MonthText(int month);     // 1 .. 12, as a cell shows it
+std::u16string MonthText(int month, const CalendarTexts& texts); // 1 .. 12, as a cell shows it
 
 // The line below the blocks: the present day, or the present month. Empty when "now" is not valid.
-CString FooterText(CellUnit unit, const COleDateTime& now);
-// Year and month as the picker's button shows them; empty for an invalid date.
-CString YearMonthText(const COleDateTime& date);
+std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts);
 
 } // namespace dayvane

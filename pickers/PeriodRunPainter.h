@@ -10,7 +10,7 @@ class PeriodRunPainter
 {
 public:
     PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts,
-                     const CalendarTheme& theme = kClassicTheme);
+                     const CalendarTheme& theme = kClassicTheme, const CalendarTexts& texts = *RequiredTexts());
     void Draw() const; // the given period is bold, the chosen row shaded
 
 private:
@@ -20,6 +20,7 @@ private:
     const PeriodPolicy& m_policy;
     const PeriodRun& m_run;
     PickerFonts& m_fonts;
+    const CalendarTexts& m_texts;
     PickerPalette m_palette;
 };
 

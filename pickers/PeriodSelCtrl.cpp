@@ -66,7 +66,8 @@ CRect CPeriodSelCtrl::GetPeriodRect(int nPeriod) const
 
 void CPeriodSelCtrl::DrawPopup(CDC* pDC)
 {
-    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme).Draw();
+    const CalendarTexts& texts = m_pOwner ? m_pOwner->GetTexts() : *RequiredTexts();
+    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme, texts).Draw();
 }
 
 void CPeriodSelCtrl::OnGone()

@@ -1,6 +1,7 @@
 #include "pickers/PickerPaint.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/WideText.h"
 
 #include <initializer_list>
 
@@ -77,13 +78,12 @@ CFont* PickerFonts::Get(bool bold)
     return m_cache.Get(ScaledText(spec, m_scale));
 }
 
-void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color)
+void DrawCentredText(CDC* pDC, const CRect& rect, const std::u16string& text, CFont* pFont, COLORREF color)
 {
     const SelectGdi font(pDC, pFont);
     pDC->SetBkMode(TRANSPARENT);
     pDC->SetTextColor(color);
-    CRect place = rect;
-    pDC->DrawText(text, &place, kCentred);
+    DrawWideText(*pDC, text, rect, kCentred);
 }
 
 void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color)

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "../core/Fonts.h"
+#include "../core/TextSettings.h"
 #include "../core/ThemeColors.h"
 
 #include <afxwin.h>
+
+#include <string>
 
 namespace dayvane {
 
@@ -61,7 +64,7 @@ private:
 };
 
 // One line of text in the middle of a rectangle, without background.
-void DrawCentredText(CDC* pDC, const CRect& rect, const CString& text, CFont* pFont, COLORREF color);
+void DrawCentredText(CDC* pDC, const CRect& rect, const std::u16string& text, CFont* pFont, COLORREF color);
 
 // A filled triangle of `reach` + 1 lines: its tip at (tip.x, tip.y), its foot `reach` pixels to the right of the tip
 // for a left-pointing one, to the left otherwise, and `reach` pixels up and down.

@@ -1,6 +1,7 @@
 #include "pickers/YearMonthPainter.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/WideText.h"
 
 namespace dayvane {
 namespace {
@@ -44,7 +45,7 @@ void YearMonthPainter::DrawMonths() const
         } else if (m_picture.hot.code == YearMonthCode::None && m_picture.hot.month == month) {
             DrawHotBox(box);
         }
-        DrawCentredText(m_pDC, cell, MonthText(month + 1), m_picture.fonts.text.Get(false), color);
+        DrawCentredText(m_pDC, cell, MonthText(month + 1, m_picture.texts), m_picture.fonts.text.Get(false), color);
     }
 }
 
@@ -67,7 +68,7 @@ void YearMonthPainter::DrawHeader() const
     DrawGradient(m_pDC, header, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
     CString text;
     text.Format("%d", m_picture.selected.year);
-    DrawCentredText(m_pDC, header, text, m_picture.fonts.year.Get(true), m_palette.bandText);
+    DrawCentredText(m_pDC, header, OwnText(text), m_picture.fonts.year.Get(true), m_palette.bandText);
 
     const int middle = header.CenterPoint().y;
     const int reach = ArrowReach(header);
@@ -87,8 +88,8 @@ void YearMonthPainter::DrawFooter() const
     }
     DrawHorizontalLine(m_pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
                        m_palette.frame);
-    DrawCentredText(m_pDC, footer, FooterText(CellUnit::Month, m_picture.now), m_picture.fonts.text.Get(true),
-                    m_palette.text);
+    DrawCentredText(m_pDC, footer, FooterText(CellUnit::Month, m_picture.now, m_picture.texts),
+                    m_picture.fonts.text.Get(true), m_palette.text);
 }
 
 PickerFacePainter::PickerFacePainter(CDC* pDC, const PickerFacePicture& picture)
@@ -133,7 +134,7 @@ void PickerFacePainter::DrawDropArrow() const
 CRect PickerFacePainter::TextPlace(const CRect& face, const CRect& besideArrow) const
 {
     const SelectGdi font(m_pDC, m_picture.fonts.Get(false));
-    const int width = m_pDC->GetTextExtent(m_picture.text).cx;
+    const int width = WideTextExtent(*m_pDC, m_picture.text).cx;
     return face.CenterPoint().x + width / 2 < besideArrow.right ? face : besideArrow;
 }
 

@@ -21,6 +21,7 @@ struct YearMonthPicture
     COleDateTime now;
     YearMonthFonts& fonts;
     const CalendarTheme& theme = kClassicTheme;
+    const CalendarTexts& texts = *RequiredTexts();
 };
 
 class YearMonthPainter
@@ -46,7 +47,7 @@ struct PickerFacePicture
 {
     CRect client;
     CRect arrow;
-    CString text;
+    std::u16string text;
     bool isDropped;
     bool isHot;
     bool isDisabled;

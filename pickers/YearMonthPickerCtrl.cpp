@@ -283,9 +283,18 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     CRect arrow = m_rcArrow;
     arrow.left = std::max<int>(arrow.left, arrow.right - SystemSize(SM_CXHTHUMB, m_scale));
     const UINT state = lpDrawItemStruct->itemState;
-    PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, YearMonthText(m_dtCurrent), m_bDropped != FALSE,
-                            m_bHot != FALSE, (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts, m_theme})
+    PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow,
+                            DateText(*m_texts, m_texts->pickerMonth, m_dtCurrent), m_bDropped != FALSE, m_bHot != FALSE,
+                            (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts, m_theme})
         .Draw();
+}
+
+void CYearMonthPickerCtrl::SetTexts(const CalendarTexts& texts)
+{
+    m_texts = std::make_shared<const CalendarTexts>(texts);
+    if (m_hWnd) {
+        Invalidate(FALSE);
+    }
 }
 
 // ---- Mouse

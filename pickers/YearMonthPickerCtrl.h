@@ -9,6 +9,7 @@
 
 #include "../core/CalendarOptions.h"
 #include "../core/SystemTheme.h"
+#include "../core/TextSettings.h"
 #include "../core/ViewScale.h"
 #include "../core/WindowAlive.h"
 #include "YearMonthMessages.h"
@@ -48,6 +49,9 @@ public:
     // The colours of button and popup; repaints. See CalendarTheme.h.
     void SetTheme(const CalendarTheme& theme);
     const CalendarTheme& GetTheme() const { return m_theme; }
+    // Words and patterns of dates; repaints.
+    void SetTexts(const CalendarTexts& texts);
+    const CalendarTexts& GetTexts() const { return *m_texts; }
 
     // The resolution that button and popup are drawn for, 96 at first; sizes the button anew. Ends what the option
     // followDpi does. Kept between 48 and 768.
@@ -102,6 +106,7 @@ protected:
     dayvane::ViewScale m_scale;
     BOOL m_bOwnScale = FALSE; // the host has set one
     dayvane::SystemThemeWatch m_themeWatch;
+    std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
     BOOL m_bDropped = FALSE;
     CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it

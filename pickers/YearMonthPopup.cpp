@@ -125,7 +125,8 @@ void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)
 
 void CYearMonthPopup::DrawPopup(CDC* pDC)
 {
-    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts, m_theme}).Draw();
+    const CalendarTexts& texts = m_pPicker ? m_pPicker->GetTexts() : *RequiredTexts();
+    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts, m_theme, texts}).Draw();
 }
 
 void CYearMonthPopup::MoveYear(int nYears)

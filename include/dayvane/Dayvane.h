@@ -16,6 +16,7 @@
 #include "calc/ZoneClock.h"
 #include "core/CalendarRecords.h"
 #include "core/CalendarTheme.h"
+#include "core/CalendarTexts.h"
 #include "core/TextCodec.h"
 
 #ifdef _WIN32

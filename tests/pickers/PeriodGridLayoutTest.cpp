@@ -180,11 +180,12 @@ TEST(PeriodGridHit, SidesLieBeyondTheBlocks)
 
 TEST(PeriodTexts, NameMonthYearAndToday)
 {
-    EXPECT_STREQ("2010年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2010, 5, 1))));
-    EXPECT_STREQ("2010年", PeriodTitle(kYearPolicy, 2010));
-    EXPECT_STREQ("今日: 2010/5/3", FooterText(CellUnit::Day, Day(2010, 5, 3, 12)));
-    EXPECT_STREQ("今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3)));
-    EXPECT_TRUE(FooterText(CellUnit::Month, NoDate()).IsEmpty());
+    const CalendarTexts texts = CalendarTexts::Required();
+    EXPECT_EQ(u"2010年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2010, 5, 1)), texts));
+    EXPECT_EQ(u"2010年", PeriodTitle(kYearPolicy, 2010, texts));
+    EXPECT_EQ(u"今日: 2010/5/3", FooterText(CellUnit::Day, Day(2010, 5, 3, 12), texts));
+    EXPECT_EQ(u"今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3), texts));
+    EXPECT_TRUE(FooterText(CellUnit::Month, NoDate(), texts).empty());
 }
 
 // At every scale the cells tile their area, and everything of a block lies in the block.

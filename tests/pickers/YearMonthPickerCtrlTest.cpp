@@ -330,7 +330,7 @@ TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
     testsupport::MemoryDc face(150, 21, kUnpainted);
     PickerFonts faceFonts(kTextFont);
     PickerFacePainter(&face.Dc(),
-                      {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), "", false, false, false, false, faceFonts})
+                      {CRect(0, 0, 150, 21), CRect(131, 2, 148, 19), u"", false, false, false, false, faceFonts})
         .Draw();
     const struct
     {

@@ -138,6 +138,30 @@ TEST(CodePages, TheSameTextLooksTheSame)
     }
 }
 
+TEST(CalendarTexts, EveryViewSpeaksTheHostsLanguageAndBack)
+{
+    for (const auto& view : kViews) {
+        const std::unique_ptr<ShownView> shown = view.make();
+        MemoryDc pictures[4] = {{kSize.cx, kSize.cy}, {kSize.cx, kSize.cy}, {kSize.cx, kSize.cy}, {kSize.cx, kSize.cy}};
+        shown->Add("x", CP_ACP, 0);
+        shown->PaintOn(pictures[0]);
+        shown->Ctrl().SetTexts(CalendarTexts::English());
+        shown->PaintOn(pictures[1]);
+        shown->Ctrl().SetTexts(CalendarTexts::Japanese());
+        shown->PaintOn(pictures[2]);
+        shown->Ctrl().SetTexts(CalendarTexts::Required());
+        shown->PaintOn(pictures[3]);
+        EXPECT_FALSE(pictures[0].SameAs(pictures[1])) << view.name;
+        EXPECT_FALSE(pictures[1].SameAs(pictures[2])) << view.name;
+        EXPECT_TRUE(pictures[0].SameAs(pictures[3])) << view.name;
+        CalendarTexts mondays = CalendarTexts::English();
+        mondays.firstDayOfWeek = 2;
+        shown->Ctrl().SetTexts(mondays);
+        EXPECT_EQ(shown->Ctrl().GetFirstDayOfWeek(), 2) << view.name;
+        EXPECT_EQ(shown->Ctrl().GetTexts().wholeDay, u"all day");
+    }
+}
+
 TEST(CodePages, TheStoreKeepsBytesThatAreNoCharacters)
 {
     const std::unique_ptr<ShownView> shown = Make<CMonthViewCtrl>();

@@ -91,21 +91,22 @@ TEST(Look, TextsTellWhatTheBoxCannot)
     }
 
     const ShownDay showaDay = ShownDay::Of(At(9, 0, 29), nullptr); // a Saturday
-    const GridCaptionTexts caption = CaptionOfDay(showaDay, true, true);
+    const GridCaptionTexts caption = CaptionOfDay(showaDay, true, true, texts);
     EXPECT_EQ(u"4.29 (土)     Saturday, 29 April, 2017  昭和の日",
               caption.date + caption.weekday + caption.longDate + caption.holiday);
-    EXPECT_EQ(u"", CaptionOfDay(showaDay, false, true).holiday);
-    EXPECT_EQ(u" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true).solarTerm);
+    EXPECT_EQ(u"", CaptionOfDay(showaDay, false, true, texts).holiday);
+    EXPECT_EQ(u" 穀雨", CaptionOfDay(ShownDay::Of(At(9, 0, 20), nullptr), true, true, texts).solarTerm);
     const COleDateTime newYearsEve(2017, 12, 31, 0, 0, 0);
-    const GridCaptionTexts days = CaptionOfDays(newYearsEve, AddDays(newYearsEve, 1));
+    const GridCaptionTexts days = CaptionOfDays(newYearsEve, AddDays(newYearsEve, 1), texts);
     EXPECT_EQ(u"12.31 - 1.1     31 December, 2017 - 1 January, 2018", days.date + days.longDate);
-    EXPECT_EQ(u"     25 December - 31 December, 2017", CaptionOfDays(AddDays(newYearsEve, -6), newYearsEve).longDate);
-    EXPECT_EQ(u"4/29 (土)", HeaderOfDay(showaDay, true, u"").longDate);
-    EXPECT_EQ(u"昭和の日", HeaderOfDay(showaDay, true, u"").note);
+    EXPECT_EQ(u"     25 December - 31 December, 2017",
+              CaptionOfDays(AddDays(newYearsEve, -6), newYearsEve, texts).longDate);
+    EXPECT_EQ(u"4/29 (土)", HeaderOfDay(showaDay, true, u"", texts).longDate);
+    EXPECT_EQ(u"昭和の日", HeaderOfDay(showaDay, true, u"", texts).note);
     const DayCalendar todaysLaw;
     const COleDateTime mountainDay(2026, 8, 11, 0, 0, 0);
     EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, 0).colorRow, 1);
-    EXPECT_EQ(u"山の日", HeaderOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, u"").note);
+    EXPECT_EQ(u"山の日", HeaderOfDay(ShownDay::Of(mountainDay, &todaysLaw), true, u"", texts).note);
     EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, nullptr), true, 0).colorRow, 0);
-    EXPECT_EQ(u"出張", HeaderOfDay(showaDay, true, u"出張").note);
+    EXPECT_EQ(u"出張", HeaderOfDay(showaDay, true, u"出張", texts).note);
 }

@@ -4,6 +4,8 @@
 #include "core/WideText.h"
 #include "views/daygrid/BoxRange.h"
 
+#include <algorithm>
+
 namespace dayvane {
 namespace {
 
@@ -31,16 +33,8 @@ constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
 constexpr COLORREF kMarkGround = 0xFBEADB;
 constexpr COLORREF kMarkText = 0x8A4A20;
 
-struct WeekdayLook
-{
-    const char16_t* name;
-    COLORREF color;
-};
-constexpr WeekdayLook kWeekdays[kMonthColumns] = {
-    // name, text colour
-    {u"日曜日", 0x0049DC}, {u"月曜日", 0x000000}, {u"火曜日", 0x000000}, {u"水曜日", 0x000000},
-    {u"木曜日", 0x000000}, {u"金曜日", 0x000000}, {u"土曜日", 0xDC4900},
-};
+constexpr COLORREF kWeekdayColors[kMonthColumns] = {0x0049DC, 0x000000, 0x000000, 0x000000,
+                                                    0x000000, 0x000000, 0xDC4900};
 
 } // namespace
 
@@ -102,27 +96,32 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     DrawWideText(m_dc, texts.text, text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
 }
 
-void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const
+void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days,
+                              const CalendarTexts& texts) const
 {
     if (!IsVisible(band)) {
         return;
     }
     DrawHeaderBand(&m_dc, band, HeaderBandOf(m_theme.header, kHeaderBand));
     const SelectGdi selectFont(&m_dc, m_parts.fonts.Weekday());
-    // All names are of one width; where they do not fit, the first character identifies the day.
-    const bool isShort = headerCells[0].m_rect.Width() < WideTextExtent(m_dc, kWeekdays[0].name).cx;
+    // Where one name does not fit, all are short.
+    int width = 0;
+    for (const std::u16string& name : texts.columnWeekdays) {
+        width = std::max<int>(width, WideTextExtent(m_dc, name).cx);
+    }
+    const bool isShort = headerCells[0].m_rect.Width() < width;
     for (int column = 0; column < kMonthColumns; ++column) {
         const int dayOfWeek = days[column].m_date.GetDayOfWeek();
         if (dayOfWeek < 1) {
             continue;
         }
-        const WeekdayLook& weekday = kWeekdays[dayOfWeek - 1];
+        const size_t weekday = static_cast<size_t>(dayOfWeek - 1);
         const COLORREF role = dayOfWeek == kSunday     ? m_theme.headerHoliday
                               : dayOfWeek == kSaturday ? m_theme.headerSaturday
                                                        : m_theme.headerText;
-        m_dc.SetTextColor(ThemeOr(role, weekday.color));
-        DrawWideText(m_dc, isShort ? std::u16string(weekday.name, 1) : weekday.name, headerCells[column].m_rect,
-                     DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+        m_dc.SetTextColor(ThemeOr(role, kWeekdayColors[weekday]));
+        DrawWideText(m_dc, isShort ? texts.shortWeekdays[weekday] : texts.columnWeekdays[weekday],
+                     headerCells[column].m_rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
 }
 
@@ -180,15 +179,19 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
     m_dc.LineTo(frame.left, frame.top);
 }
 
-// In a narrow box the year goes first and then the month: a number whose front is cut off reads as another date.
-std::u16string BoxPainter::FittingNumber(std::u16string number, int width) const
+// In a narrow box the year goes first and then the month: a number whose front is cut off reads as another date. Where
+// the day does not stand last, the day alone remains.
+std::u16string BoxPainter::FittingNumber(std::u16string number, const std::u16string& dayAlone, int width) const
 {
-    std::size_t slash = number.find(u'/');
-    while (slash != std::u16string::npos && m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width) {
+    const auto isWide = [&] { return m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width; };
+    const bool dayIsLast = number.size() >= dayAlone.size() &&
+                           number.compare(number.size() - dayAlone.size(), dayAlone.size(), dayAlone) == 0;
+    std::size_t slash = dayIsLast ? number.find(u'/') : std::u16string::npos;
+    while (slash != std::u16string::npos && isWide()) {
         number.erase(0, slash + 1);
         slash = number.find(u'/');
     }
-    return number;
+    return !dayAlone.empty() && number != dayAlone && isWide() ? dayAlone : number;
 }
 
 void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) const
@@ -200,7 +203,7 @@ void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) con
     m_dc.SetTextColor(texts.color);
     {
         const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
-        const std::u16string number = FittingNumber(texts.number, rest.Width());
+        const std::u16string number = FittingNumber(texts.number, texts.shortNumber, rest.Width());
         const int numberWidth = cache.WidthOf(&m_dc, fonts.DayNumber(), number);
         if (numberWidth > rest.Width()) {
             rest = strip; // "10" would lose a digit
@@ -231,7 +234,7 @@ void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
     number.right -= m_scale.Of(kPaint.numberRight);
     const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
     m_dc.SetTextColor(look.dayNumberColor);
-    const std::u16string dayNumber = FittingNumber(look.dayNumber, number.Width());
+    const std::u16string dayNumber = FittingNumber(look.dayNumber, look.dayAlone, number.Width());
     cache.Draw(&m_dc, fonts.DayNumber(), dayNumber, number, DT_RIGHT | DT_TOP);
     if (look.annotation.empty()) {
         return;

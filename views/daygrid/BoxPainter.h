@@ -52,6 +52,7 @@ struct StripTexts
     COLORREF color;
     std::u16string annotation;
     COLORREF annotationColor;
+    std::u16string shortNumber = {}; // where the number is too wide
 };
 
 // One paint of a view into a device context, which must outlive it, as must parts, colours and theme.
@@ -65,7 +66,8 @@ public:
 
     void DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
                      const LOGFONT& itemFont) const;
-    void DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days) const;
+    void DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days,
+                      const CalendarTexts& texts) const;
 
     // The border of the calendar, and lines between the boxes at their left edges and tops.
     void DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const;
@@ -86,7 +88,7 @@ public:
 
 private:
     void DrawArrow(int tip, int middle, int direction) const;
-    std::u16string FittingNumber(std::u16string number, int width) const;
+    std::u16string FittingNumber(std::u16string number, const std::u16string& dayAlone, int width) const;
 
     CDC& m_dc;
     DayGridParts& m_parts;

@@ -5,7 +5,6 @@
 namespace dayvane {
 namespace {
 
-constexpr int kYearsPerCentury = 100;
 constexpr int kModeBothTimes = 8; // item display mode
 
 const tagCALENDAR_DAY_COLOR& RowOf(const BoxDay& info, int dayColor, const DayColorTable& colors)
@@ -37,29 +36,17 @@ void AppendWord(std::u16string& text, const std::u16string& word)
     text += word;
 }
 
-std::u16string SolarTermOf(const BoxDay& info)
+CString SolarTermOf(const BoxDay& info)
 {
-    return OwnText(info.m_strText.Mid(info.m_strHoliday.GetLength() + 1));
+    return info.m_strText.Mid(info.m_strHoliday.GetLength() + 1);
 }
 
-std::u16string TimeText(const COleDateTime& time)
+std::u16string DayNumberText(const COleDateTime& date, bool firstOfGrid, const TextSettings& texts)
 {
-    CString text;
-    text.Format("%d:%02d", time.GetHour(), time.GetMinute());
-    return OwnText(text);
-}
-
-std::u16string DayNumberText(const CivilDate& date, bool firstOfGrid)
-{
-    CString number;
-    if (date.day == 1) {
-        number.Format("%02d/%d/%d", date.year % kYearsPerCentury, date.month, date.day);
-    } else if (firstOfGrid) {
-        number.Format("%d/%d", date.month, date.day);
-    } else {
-        number.Format("%d", date.day);
-    }
-    return OwnText(number);
+    return texts.Date(date.GetDay() == 1 ? &CalendarTexts::shortDate
+                      : firstOfGrid      ? &CalendarTexts::monthDay
+                                         : &CalendarTexts::day,
+                      date);
 }
 
 } // namespace
@@ -78,21 +65,21 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     const COLORREF holidayText = input.colors[DAYROW_HOLIDAY].crColor[DAYCOLOR_TEXT];
     COLORREF text = look.selected ? input.selectedText : TextColorOf(info, dayColor, input);
     if (info.m_bHoliday == 1 && input.showHoliday) {
-        look.annotation = OwnText(info.m_strHoliday);
+        look.annotation = input.texts.DayNames(info.m_strHoliday);
         if (info.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
         }
     }
     if (info.m_bSolarTerm == 1 && input.showSolarTerm) {
-        AppendWord(look.annotation, SolarTermOf(info));
+        AppendWord(look.annotation, input.texts.DayNames(SolarTermOf(info)));
     }
     AppendWord(look.annotation, input.texts.HostText(info.m_dayProperty.strText));
     look.annotationColor = text;
 
     if (isDated) {
-        const CivilDate fields = CivilDateOf(info.m_date);
-        look.dayNumber = DayNumberText(fields, firstOfGrid);
-        if (fields.day == 1 && !look.selected) {
+        look.dayAlone = input.texts.Date(&CalendarTexts::day, info.m_date);
+        look.dayNumber = DayNumberText(info.m_date, firstOfGrid, input.texts);
+        if (info.m_date.GetDay() == 1 && !look.selected) {
             text = holidayText;
         }
     }
@@ -106,9 +93,9 @@ std::u16string BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMo
     if (fullday) {
         return text;
     }
-    std::u16string times = TimeText(item.dtStart);
+    std::u16string times = texts.Time(item.dtStart);
     if (displayMode == kModeBothTimes) {
-        times += u"-" + TimeText(item.dtEnd);
+        times += u"-" + texts.Time(item.dtEnd);
     }
     return times + u" " + text;
 }
@@ -116,7 +103,7 @@ std::u16string BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMo
 std::u16string WeekBarText(const tagCALENDAR_ITEM& item, bool fullday, const TextSettings& texts)
 {
     const std::u16string text = texts.HostText(item.strText);
-    return fullday ? text : TimeText(item.dtStart) + u" - " + TimeText(item.dtEnd) + u" " + text;
+    return fullday ? text : texts.Time(item.dtStart) + u" - " + texts.Time(item.dtEnd) + u" " + text;
 }
 
 std::u16string YearBarText(const COleDateTime& start, const COleDateTime& end, const CString& text,
@@ -124,14 +111,15 @@ std::u16string YearBarText(const COleDateTime& start, const COleDateTime& end, c
 {
     const CivilDate first = CivilDateOf(start);
     const CivilDate last = CivilDateOf(end);
-    CString days;
-    days.Format("%d/%d", first.month, first.day);
-    if (last.year != first.year || last.month != first.month) {
-        days.AppendFormat("-%d/%d", last.month, last.day);
+    std::u16string days = texts.Date(&CalendarTexts::monthDay, start);
+    // The month need not be said again where it stands before the day.
+    const bool monthIsFirst = texts.words->monthDay.find(u"%#m") == 0;
+    if (last.year != first.year || last.month != first.month || (last.day != first.day && !monthIsFirst)) {
+        days += u"-" + texts.Date(&CalendarTexts::monthDay, end);
     } else if (last.day != first.day) {
-        days.AppendFormat("-%d", last.day);
+        days += u"-" + texts.Date(&CalendarTexts::day, end);
     }
-    return OwnText(days) + u" " + texts.HostText(text);
+    return days + u" " + texts.HostText(text);
 }
 
 } // namespace dayvane

@@ -43,6 +43,7 @@ struct DayLook
     bool selected;
     std::u16string annotation; // holiday, solar term and the host's text for the day; may be empty
     COLORREF annotationColor;
+    std::u16string dayAlone;  // for a narrow box
     std::u16string dayNumber; // day; with the month in the grid's first cell; with year and month on a 1st
     COLORREF dayNumberColor;
 };

@@ -75,17 +75,15 @@ void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLo
 {
     CaptionTexts texts;
     if (IsValid(m_dtScroll)) {
-        CString month;
-        month.Format("%d", m_dtScroll.GetMonth());
-        texts.number = OwnText(month);
-        texts.text = DecodeText(" " + m_dtScroll.Format("%B, %Y") + " ", kSystemCodePage);
+        texts.number = m_texts.Date(&CalendarTexts::monthNumber, m_dtScroll);
+        texts.text = u" " + m_texts.Date(&CalendarTexts::month, m_dtScroll) + u" ";
     }
     PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
 }
 
 void CMonthViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
-    PainterOn(pDC).DrawWeekdays(rcHeader, m_arHeaderCell, m_arCellDate);
+    PainterOn(pDC).DrawWeekdays(rcHeader, m_arHeaderCell, m_arCellDate, GetTexts());
 }
 
 void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)

@@ -25,13 +25,13 @@ constexpr COLORREF kDayText = 0x000000;
 constexpr COLORREF kSaturdayText = 0xFF0000;
 constexpr COLORREF kDayOffText = 0x0000FF; // Sundays and holidays
 
-// "(%a)" in Japanese, whatever the host's locale of times; it is left at "C".
-std::u16string JapaneseWeekday(const COleDateTime& date)
+// Where names are the C runtime's, painting leaves its locale of times at "C".
+std::u16string WeekdayText(const TextSettings& texts, const COleDateTime& date)
 {
-    std::setlocale(LC_TIME, "jpn");
-    const CString text = date.Format("(%a)");
-    std::setlocale(LC_TIME, "C");
-    return OwnText(text);
+    if (texts.words->weekdays[0].empty()) {
+        std::setlocale(LC_TIME, "C");
+    }
+    return texts.Date(&CalendarTexts::stripWeekday, date);
 }
 
 } // namespace
@@ -134,11 +134,10 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     const CivilDate first = CivilDateOf(m_dtRangeStart);
     const CivilDate last = CivilDateOf(m_dtRangeEnd);
     if (first.year != -1 && last.year != -1) {
-        CString days;
-        days.Format("%d.%d - %d.%d", first.month, first.day, last.month, last.day);
-        texts.number = OwnText(days);
-        texts.text = DecodeText("  " + m_dtRangeStart.Format("%d %B, %Y") + " - " + m_dtRangeEnd.Format("%d %B, %Y"),
-                                kSystemCodePage);
+        texts.number = m_texts.Date(&CalendarTexts::captionDay, m_dtRangeStart) + u" - " +
+                       m_texts.Date(&CalendarTexts::captionDay, m_dtRangeEnd);
+        texts.text = u"  " + m_texts.Date(&CalendarTexts::weekDate, m_dtRangeStart) + u" - " +
+                     m_texts.Date(&CalendarTexts::weekDate, m_dtRangeEnd);
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
@@ -189,10 +188,8 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     if (look.selected) {
         color = m_colors.highlightText;
     }
-    CString number;
-    number.Format("%d/%d", date.GetMonth(), date.GetDay());
-    PainterOn(pDC).DrawStripTexts(
-        rcCaption, {OwnText(number), JapaneseWeekday(date), color, look.annotation, look.annotationColor});
+    PainterOn(pDC).DrawStripTexts(rcCaption, {m_texts.Date(&CalendarTexts::monthDay, date), WeekdayText(m_texts, date),
+                                              color, look.annotation, look.annotationColor, look.dayAlone});
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

@@ -11,6 +11,7 @@ using namespace dayvane;
 namespace {
 
 constexpr char kWindowClass[] = "MFCYearViewCtrl";
+constexpr char kTitle[] = "Yearly Calendar"; // unless the host sets one
 constexpr UINT kMoreBitmap = 18001;
 
 // The combo box, pixels.
@@ -39,7 +40,7 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearViewCtrl::CYearViewCtrl()
-    : CBoxViewCtrl({RangeKind::Year, kWindowClass, "Yearly Calendar", kYearMetrics, kYearColors}),
+    : CBoxViewCtrl({RangeKind::Year, kWindowClass, kTitle, kYearMetrics, kYearColors}),
       m_rcMonth(m_state->layout.grid.boxes.data()), m_rcMonthCaption(m_state->layout.strips.data()),
       m_bMore(m_state->more.data())
 {
@@ -158,10 +159,9 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     CaptionTexts texts;
     if (HasRange()) {
-        CString year;
-        year.Format("%d", m_dtRangeStart.GetYear());
-        texts.number = OwnText(year);
-        texts.text = u"  " + m_texts.HostText(m_strTitle);
+        const bool isOwnTitle = m_strTitle == kTitle && !GetTexts().yearTitle.empty();
+        texts.number = m_texts.Date(&CalendarTexts::year, m_dtRangeStart);
+        texts.text = u"  " + (isOwnTitle ? GetTexts().yearTitle : m_texts.HostText(m_strTitle));
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
@@ -188,10 +188,9 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : ThemeOr(m_theme.headerText, kMonthText);
     const COLORREF nameColor =
         IsBoxSelected(month) || IsToday(month) ? textColor : ThemeOr(m_theme.headerText, m_crAccent);
-    CString number;
-    number.Format("%d", month + 1);
-    const std::u16string name = DecodeText(Range().DateOfBox(month).Format("%B"), kSystemCodePage);
-    PainterOn(pDC).DrawStripTexts(rcCaption, {OwnText(number), u"月", textColor, name, nameColor});
+    const COleDateTime first = Range().DateOfBox(month);
+    PainterOn(pDC).DrawStripTexts(rcCaption, {m_texts.Date(&CalendarTexts::monthNumber, first), GetTexts().monthSuffix,
+                                              textColor, m_texts.Date(&CalendarTexts::monthName, first), nameColor});
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

@@ -190,7 +190,8 @@ void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     const ShownDay& day = GetShownDays()[0];
     TimeGridFonts& fonts = m_pParts->fonts;
-    Painter(pDC).DrawDayCaption(rcCaption, CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE),
+    Painter(pDC).DrawDayCaption(rcCaption,
+                                CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, m_texts),
                                 day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
 }
 

@@ -38,9 +38,8 @@ void CTimeGridCtrl::DrawMoreMarks(CDC* pDC)
 {
     const TimeGridPainter painter = Painter(pDC);
     for (const MoreMark& mark : m_pParts->more) {
-        CString text;
-        text.Format("+%d", static_cast<int>(mark.items.size()));
-        painter.DrawMoreMark(VisibleMarkBox(State(), mark), OwnText(text), m_pParts->fonts.Label());
+        const std::u16string text = MoreText(GetTexts(), static_cast<int>(mark.items.size()));
+        painter.DrawMoreMark(VisibleMarkBox(State(), mark), text, m_pParts->fonts.Label());
     }
 }
 

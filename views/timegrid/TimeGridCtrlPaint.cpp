@@ -65,12 +65,12 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 {
-    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros());
+    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros(), m_texts);
 }
 
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
 {
-    Painter(pDC).DrawFulldayRuler(rcBand, m_pParts->fonts.Label());
+    Painter(pDC).DrawFulldayRuler(rcBand, m_pParts->fonts.Label(), GetTexts().wholeDay);
 }
 
 void CTimeGridCtrl::DrawHeader(CDC*, CRect)

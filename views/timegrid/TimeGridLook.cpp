@@ -17,19 +17,10 @@ enum DayColorColumn
 constexpr int kSundayRow = 1;
 constexpr int kSaturdayRow = 2;
 
-constexpr const char16_t* kWeekdays[] = {u"日", u"月", u"火", u"水", u"木", u"金", u"土"};
-constexpr const char* kClock = "%#H:%M";
-
-// "日" .. "土", empty for other numbers than 1 to 7.
-std::u16string WeekdayName(int dayOfWeek)
+std::u16string Dates(const TextSettings& texts, std::u16string CalendarTexts::*pattern, const COleDateTime& first,
+                     const COleDateTime& last)
 {
-    return dayOfWeek >= kSunday && dayOfWeek <= kSaturday ? kWeekdays[dayOfWeek - 1] : u"";
-}
-
-// Names in it are of the C runtime's locale.
-std::u16string DateText(const COleDateTime& date, const char* format)
-{
-    return DecodeText(date.Format(format), kSystemCodePage);
+    return texts.Date(pattern, first) + u" - " + texts.Date(pattern, last);
 }
 } // namespace
 
@@ -77,61 +68,69 @@ RowLook LookOfRow(int row, bool isWorkTime, bool isSelected, const RowLookInput&
 
 std::u16string TimedItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts)
 {
-    return DateText(item.dtStart, kClock) + u" - " + DateText(item.dtEnd, kClock) + u" " + texts.HostText(item.strText);
+    return Dates(texts, &CalendarTexts::time, item.dtStart, item.dtEnd) + u" " + texts.HostText(item.strText);
 }
 
 std::u16string BandItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts)
 {
     const std::u16string text = texts.HostText(item.strText);
     if (item.nFullday != 1 && item.nPiece == PIECE_HEAD) {
-        return DateText(item.dtStart, kClock) + u" " + text;
+        return texts.Time(item.dtStart) + u" " + text;
     }
     if (item.nFullday != 1 && item.nPiece == PIECE_TAIL) {
-        return DateText(item.dtEnd, kClock) + u" " + text;
+        return texts.Time(item.dtEnd) + u" " + text;
     }
     return text;
 }
 
-GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms)
+GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms, const TextSettings& words)
 {
     GridCaptionTexts texts;
     if (day.dayOfWeek == -1) {
         return texts;
     }
-    texts.date = DateText(day.date, "%#m.%#d");
-    texts.weekday = u" (" + WeekdayName(day.dayOfWeek) + u")";
-    texts.longDate = u"     " + DateText(day.date, "%A, %d %B, %Y");
+    texts.date = words.Date(&CalendarTexts::captionDay, day.date);
+    texts.weekday = words.Date(&CalendarTexts::captionWeekday, day.date);
+    texts.longDate = u"     " + words.Date(&CalendarTexts::longDate, day.date);
     if (showHolidays && !day.note.name.IsEmpty()) {
-        texts.holiday = u"  " + OwnText(day.note.name);
+        texts.holiday = u"  " + words.DayNames(day.note.name);
     }
     if (showSolarTerms && !day.note.term.IsEmpty()) {
-        texts.solarTerm = u" " + OwnText(day.note.term);
+        texts.solarTerm = u" " + words.DayNames(day.note.term);
     }
     return texts;
 }
 
-GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last)
+GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last, const TextSettings& words)
 {
     GridCaptionTexts texts;
     if (!IsValid(first) || !IsValid(last)) {
         return texts;
     }
-    texts.date = DateText(first, "%#m.%#d") + u" - " + DateText(last, "%#m.%#d");
-    const bool sameYear = first.GetYear() == last.GetYear();
-    texts.longDate =
-        u"     " + DateText(first, sameYear ? "%#d %B" : "%#d %B, %Y") + u" - " + DateText(last, "%#d %B, %Y");
+    texts.date = Dates(words, &CalendarTexts::captionDay, first, last);
+    if (first.GetYear() != last.GetYear()) {
+        texts.longDate = u"     " + Dates(words, &CalendarTexts::spanYearDate, first, last);
+        return texts;
+    }
+    // One year is said once: at the end where it stands last, at the beginning where it stands first.
+    const bool yearIsFirst = words.words->spanYearDate.find(u"%Y") == 0;
+    const auto pattern = [yearIsFirst](bool isFirst) {
+        return isFirst == yearIsFirst ? &CalendarTexts::spanYearDate : &CalendarTexts::spanDate;
+    };
+    texts.longDate = u"     " + words.Date(pattern(true), first) + u" - " + words.Date(pattern(false), last);
     return texts;
 }
 
-HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText)
+HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText,
+                        const TextSettings& words)
 {
     HeaderTexts texts;
     if (day.dayOfWeek == -1) {
         return texts;
     }
-    texts.longDate = DateText(day.date, "%#m/%#d") + u" (" + WeekdayName(day.dayOfWeek) + u")";
-    texts.shortDate = DateText(day.date, "%#d");
-    texts.note = hostText.empty() && showHolidays ? OwnText(day.note.name) : hostText;
+    texts.longDate = words.Date(&CalendarTexts::headerDay, day.date);
+    texts.shortDate = words.Date(&CalendarTexts::day, day.date);
+    texts.note = hostText.empty() && showHolidays ? words.DayNames(day.note.name) : hostText;
     return texts;
 }
 

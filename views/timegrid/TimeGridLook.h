@@ -59,8 +59,8 @@ struct GridCaptionTexts
     std::u16string holiday;
     std::u16string solarTerm;
 };
-GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms);
-GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last);
+GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms, const TextSettings& words);
+GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last, const TextSettings& words);
 
 // The texts of a column's header: the widest that fits is shown.
 struct HeaderTexts
@@ -69,6 +69,7 @@ struct HeaderTexts
     std::u16string shortDate; // "26"
     std::u16string note;      // holiday, or the host's text for the day
 };
-HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText);
+HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText,
+                        const TextSettings& words);
 
 } // namespace dayvane

@@ -24,6 +24,8 @@ struct GridPaintMetrics
 };
 constexpr GridPaintMetrics kPaint;
 
+constexpr int kRulerYear = 2000; // any year: of its days only the hours are shown
+
 enum : int
 {
     OUTLINE = 1 // thickness of an ordinary outline
@@ -73,7 +75,7 @@ void TimeGridPainter::DrawRulerEdge() const
                  std::max(m_state.frame.ruler.bottom, m_state.frame.fulldayRuler.bottom), m_colors.grid);
 }
 
-void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) const
+void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, const TextSettings& texts) const
 {
     if (!IsVisible(ruler)) {
         return;
@@ -91,21 +93,20 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) 
         if (hour == kHoursPerDay) {
             break; // the grid's end: a line without a number
         }
-        CString number;
-        number.Format("%d", hour);
+        const COleDateTime time(kRulerYear, 1, 1, hour, 0, 0);
         CRect area(ruler.left, top, ruler.right - Px(kPaint.hourRight), top + hourHeight);
         {
             const SelectGdi selectFont(&m_dc, hours);
-            DrawWideText(m_dc, OwnText(number), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+            DrawWideText(m_dc, texts.Date(&CalendarTexts::hour, time), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
         }
         area.left = area.right;
         area.right = ruler.right - Px(kPaint.zerosRight);
         const SelectGdi selectFont(&m_dc, zeros);
-        DrawWideText(m_dc, u":00", area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+        DrawWideText(m_dc, texts.Date(&CalendarTexts::hourRest, time), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
     }
 }
 
-void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label) const
+void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label, const std::u16string& text) const
 {
     if (!IsVisible(band)) {
         return;
@@ -113,7 +114,7 @@ void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label) const
     m_dc.FillSolidRect(&band, m_colors.ruler);
     m_dc.SetTextColor(m_colors.rulerText);
     const SelectGdi selectFont(&m_dc, label);
-    DrawWideText(m_dc, u"終日", band, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+    DrawWideText(m_dc, text, band, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
 }
 
 void TimeGridPainter::DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const

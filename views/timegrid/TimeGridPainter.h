@@ -72,8 +72,8 @@ public:
 
     // The line between ruler and grid, which belongs to neither, beside the band and the rows.
     void DrawRulerEdge() const;
-    void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros) const;
-    void DrawFulldayRuler(const CRect& band, CFont* label) const;
+    void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, const TextSettings& texts) const;
+    void DrawFulldayRuler(const CRect& band, CFont* label, const std::u16string& text) const;
     // Background, outline, and what is selected of it.
     void DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const;
 

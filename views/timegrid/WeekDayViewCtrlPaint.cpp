@@ -31,7 +31,7 @@ void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     TimeGridFonts& fonts = m_pParts->fonts;
-    Painter(pDC).DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, GetShownRange().LastMoment()),
+    Painter(pDC).DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, GetShownRange().LastMoment(), m_texts),
                                  fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
 }
 
@@ -54,7 +54,7 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
         }
         const ShownDay& day = GetShownDays()[i];
         const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, m_texts.HostText(text)), day,
+        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, m_texts.HostText(text), m_texts), day,
                                ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
     }
     painter.DrawSeparators(rcHeader);
