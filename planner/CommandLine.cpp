@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <iterator>
 
 namespace planner {
@@ -42,12 +43,17 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
             return false;
         }
         line.scale = percent;
+    } else if (option == "--copy-every") {
+        line.copySeconds = std::atoi(value.c_str());
+        return line.copySeconds > 0;
     } else {
-        std::string& text = option == "--view"    ? line.view
-                            : option == "--pages" ? line.pages
-                            : option == "--paper" ? line.paper
-                            : option == "--theme" ? line.theme
-                                                  : line.shot;
+        std::string& text = option == "--view"       ? line.view
+                            : option == "--pages"    ? line.pages
+                            : option == "--paper"    ? line.paper
+                            : option == "--language" ? line.language
+                            : option == "--settings" ? line.settings
+                            : option == "--theme"    ? line.theme
+                                                     : line.shot;
         text = value;
     }
     return !value.empty();
@@ -55,8 +61,9 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
 
 bool IsOption(const std::string& argument)
 {
-    static const char* const options[] = {"--view",  "--date",  "--size",  "--shot",
-                                          "--pages", "--paper", "--theme", "--scale"};
+    static const char* const options[] = {"--view",  "--date",     "--size",     "--shot",       "--pages",
+                                          "--paper", "--language", "--settings", "--copy-every", "--theme",
+                                          "--scale"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

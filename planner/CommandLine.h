@@ -1,6 +1,7 @@
 // planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--shot FILE.bmp]
 // [--pages FILE.ps
 // [--paper P]]
+//             [--language en|ja] [--settings FILE.ini] [--copy-every SECONDS]
 #pragma once
 
 #include <optional>
@@ -29,8 +30,11 @@ struct CommandLine
     std::string pages; // where to print what the view shows, and end; empty: run
     std::string
         paper; // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" behind it; empty: what suits the page
-    std::string shot;    // where to put a picture of the window, and end; empty: run
-    std::string problem; // what was not understood, as a sentence; the rest holds
+    std::string language; // en or ja; empty: what the settings say
+    std::string settings; // the file of the settings; empty: the user's own, none for pictures and pages
+    int copySeconds = 0;  // between the copies that are kept of unsaved changes; 0: as usual
+    std::string shot;     // where to put a picture of the window, and end; empty: run
+    std::string problem;  // what was not understood, as a sentence; the rest holds
 };
 
 // The arguments without the program's own name.

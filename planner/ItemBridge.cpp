@@ -162,6 +162,19 @@ EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, 
     return times;
 }
 
+EventTimes TimesOnDay(const EventTimes& selection, DayNumber day)
+{
+    const LocalTime from = day * kDaySeconds, to = from + kDaySeconds;
+    if (selection.isAllDay || (selection.start >= from && selection.end <= to)) {
+        return selection;
+    }
+    EventTimes times = selection;
+    const LocalTime length = std::max<LocalTime>((times.end - times.start) % kDaySeconds, kMinuteSeconds);
+    times.start = from + (times.start - DayOfTime(times.start) * kDaySeconds);
+    times.end = std::min(times.start + length, to);
+    return times;
+}
+
 int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,
                      const std::vector<int>& offered)
 {

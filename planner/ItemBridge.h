@@ -28,6 +28,10 @@ EventTimes TimesAfterMove(const EventTimes& before, const tagCC_ITEM& moved);
 // goes from a first to a last moment of days.
 EventTimes TimesOfSelection(const COleDateTime& begin, const COleDateTime& end, bool wholeDays);
 
+// What of a selection is seen in a view of that one day: a selection that began on another day begins at the same clock
+// on this one.
+EventTimes TimesOnDay(const EventTimes& selection, DayNumber day);
+
 // The fewest grid rows an hour, of those that a grid offers (ascending), on whose lines nearly all of these timed
 // occurrences begin and end; the last when none fits. Occurrences outside [from, to) do not count.
 int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,

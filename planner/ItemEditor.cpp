@@ -2,6 +2,10 @@
 
 #include "core/DateMath.h"
 #include "planner/ItemBridge.h"
+#include "views/daygrid/DayGridCtrl.h"
+#include "views/timegrid/DayViewCtrl.h"
+
+#include <algorithm>
 
 namespace planner {
 
@@ -28,12 +32,36 @@ void SelectDaysOf(const Occurrence& occurrence, CCalendarCtrl& ctrl)
     ctrl.SetSelRange(start, start);
 }
 
+constexpr int kBoxPadding = 4; // pixels over and under the text together, with the border
+
+int TextHeight(CWnd& window, HFONT font)
+{
+    CClientDC dc(&window);
+    const HGDIOBJ before = ::SelectObject(dc, font);
+    TEXTMETRIC metrics = {};
+    ::GetTextMetrics(dc, &metrics);
+    ::SelectObject(dc, before);
+    return metrics.tmHeight;
+}
+
 } // namespace
+
+EventTimes SelectedTimes(CCalendarCtrl& ctrl, bool wholeDays)
+{
+    COleDateTime begin, end;
+    if (!ctrl.GetSelRange(begin, end)) {
+        const LocalTime day = DayOfTime(LocalOfDate(ctrl.GetCurrentDate())) * kDaySeconds;
+        return {day, day + kDaySeconds, true};
+    }
+    const EventTimes times = TimesOfSelection(begin, end, wholeDays);
+    const bool isOneDay = DYNAMIC_DOWNCAST(CDayViewCtrl, &ctrl) != nullptr;
+    return isOneDay ? TimesOnDay(times, DayOfTime(LocalOfDate(ctrl.GetCurrentDate()))) : times;
+}
 
 void ItemEditor::BeginRename(Scope scope)
 {
     const Occurrence* occurrence = m_items.Current();
-    if (!occurrence) {
+    if (!occurrence || !m_items.Ctrl()) {
         return;
     }
     Edit edit;
@@ -52,7 +80,7 @@ void ItemEditor::BeginCreate(bool wholeDays)
         return;
     }
     Edit edit;
-    edit.times = TimesOfSelection(begin, end, wholeDays);
+    edit.times = SelectedTimes(*ctrl, wholeDays);
     ctrl->SetCurSel(-1);
     Open(edit);
 }
@@ -64,9 +92,45 @@ void ItemEditor::Open(const Edit& edit)
     m_edit = edit;
     m_edit.isOpen = true;
     const HWND box = OpenBox();
-    if (box) { // typing replaces the old text
+    if (box) {
+        PlaceBox(box);
+        // Typing replaces the old text.
         ::SendMessage(box, EM_SETSEL, 0, -1);
     }
+}
+
+// Where days are boxes, an item is edited on its bar, and a new one under the bars of its day: the day's number and its
+// other items stay in sight.
+void ItemEditor::PlaceBox(HWND box) const
+{
+    CCalendarCtrl& ctrl = *m_items.Ctrl();
+    if (!DYNAMIC_DOWNCAST(CDayGridCtrl, &ctrl)) {
+        return;
+    }
+    CRect cell;
+    ::GetWindowRect(box, &cell);
+    ctrl.ScreenToClient(&cell);
+    const HFONT font = reinterpret_cast<HFONT>(::SendMessage(box, WM_GETFONT, 0, 0));
+    const int height = TextHeight(ctrl, font) + kBoxPadding;
+    CRect place(cell.left, cell.top + height, cell.right, cell.top + 2 * height); // under the number
+    const auto& pieces = ctrl.GetScreenItems();
+    for (INT_PTR i = 0; i < pieces.GetSize(); ++i) {
+        const CRect& bar = pieces[i].rcItem;
+        const bool isCurrent = pieces[i].nSource == ctrl.GetCurSel() && m_edit.id.event != kNoEvent;
+        const bool isInCell =
+            bar.top >= cell.top && bar.bottom <= cell.bottom + 1 && bar.left < cell.right && bar.right > cell.left;
+        if (bar.top < 0 || pieces[i].bNoFocus || !isInCell) {
+            continue;
+        }
+        if (isCurrent) {
+            place = CRect(bar.left, bar.top, std::max<int>(bar.right, cell.right - 1), bar.top + height);
+            break;
+        }
+        place.top = std::max<int>(place.top, bar.bottom);
+    }
+    place.top = std::max<int>(std::min<int>(place.top, cell.bottom - height), cell.top);
+    ::MoveWindow(box, place.left, place.top, place.Width(), height, TRUE);
+    ::InvalidateRect(ctrl, &cell, FALSE);
 }
 
 HWND ItemEditor::OpenBox() const
@@ -96,30 +160,12 @@ EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
     return text.empty() ? Nothing() : document.Create(m_edit.times, text);
 }
 
-EditResult ItemEditor::Moved(Document& document, const NMCALENDARITEM& moved)
+EventTimes ItemEditor::TimesAfter(int item) const
 {
-    const Occurrence* occurrence = m_items.At(moved.nItem);
-    if (!occurrence) {
-        return Nothing();
-    }
-    tagCC_ITEM item;
-    m_items.Ctrl()->GetItem(moved.nItem, item);
-    const EventTimes times = TimesAfterMove(occurrence->times, item);
-    const OccurrenceId id = occurrence->id;
-    if (times == occurrence->times) {
-        return Nothing();
-    }
-    return (moved.nSubValue & MK_CONTROL) != 0 ? document.Copy(id, times) : document.Move(id, times);
-}
-
-EditResult ItemEditor::Delete(Document& document, Scope scope)
-{
-    const Occurrence* occurrence = m_items.Current();
-    if (!occurrence) {
-        return Nothing();
-    }
-    const OccurrenceId id = occurrence->id;
-    return document.Delete(id, scope);
+    const Occurrence* occurrence = m_items.At(item);
+    tagCC_ITEM moved;
+    m_items.Ctrl()->GetItem(item, moved);
+    return TimesAfterMove(occurrence->times, moved);
 }
 
 } // namespace planner

@@ -6,6 +6,9 @@
 
 namespace planner {
 
+// The times that a new item takes: those of the selection as it is seen.
+EventTimes SelectedTimes(CCalendarCtrl& ctrl, bool wholeDays);
+
 class ItemEditor
 {
 public:
@@ -20,9 +23,8 @@ public:
 
     // The edit box was closed with this text. Done without an id: there was nothing to do.
     EditResult EndEdit(Document& document, const NMCALENDAREDIT& ended);
-    // An item was dragged; Ctrl makes it a copy.
-    EditResult Moved(Document& document, const NMCALENDARITEM& moved);
-    EditResult Delete(Document& document, Scope scope);
+    // The times that an item which was dragged has now.
+    EventTimes TimesAfter(int item) const;
 
 private:
     // What the open edit box is for.
@@ -36,6 +38,7 @@ private:
     };
     void Open(const Edit& edit);
     HWND OpenBox() const; // the edit box; nullptr: none is open
+    void PlaceBox(HWND box) const;
 
     ShownItems& m_items;
     Edit m_edit;

@@ -134,6 +134,20 @@ void CSidePane::Follow(const COleDateTime& day)
     }
 }
 
+BOOL CSidePane::DayAt(CPoint screen, COleDateTime& day) const
+{
+    CRect place;
+    m_calendar.GetWindowRect(&place);
+    CPoint point = screen;
+    m_calendar.ScreenToClient(&point);
+    CPeriodGridCell cell;
+    if (!IsWindowVisible() || !place.PtInRect(screen) || !m_calendar.HitTest(point, cell)) {
+        return FALSE;
+    }
+    day = cell.dtDate;
+    return day.GetStatus() == COleDateTime::valid;
+}
+
 void CSidePane::OnSize(UINT nType, int cx, int cy)
 {
     CWnd::OnSize(nType, cx, cy);

@@ -22,6 +22,8 @@ public:
     void DocumentChanged();
     void SetTheme(planner::ThemeChoice choice);
     void SetScale(int dpi);
+    // The day under a point of the screen, which a dragged item is dropped on; FALSE: none.
+    BOOL DayAt(CPoint screen, COleDateTime& day) const;
     CMiniCalendarCtrl& Calendar() { return m_calendar; }
     int Width() const;
 

@@ -5,10 +5,13 @@
 #include "calc/DayCalendar.h"
 #include "planner/CommandLine.h"
 #include "planner/PlannerFrame.h"
+#include "planner/Settings.h"
 #include "planner/SystemText.h"
+#include "planner/WideText.h"
 #include "planner/WindowPicture.h"
 #include "planner/resource.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -32,6 +35,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void TakeSettings(CPlannerFrame::Start& start);
     void TellMessages(CPlannerFrame& frame);
     void PrintPages(CPlannerFrame& frame);
 
@@ -53,9 +57,16 @@ BOOL CPlannerApp::InitInstance()
     dayvane::SetDefaultDayProvider(&m_days);
     m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
+    planner::Settings& settings = planner::TheSettings();
+    if (!m_line.settings.empty()) {
+        settings.Open(planner::Wide(planner::Utf8OfSystem(m_line.settings.c_str())));
+    } else if (m_line.shot.empty() && m_line.pages.empty()) {
+        settings.Open(planner::Settings::UsualFile());
+    }
+    TakeSettings(start);
     const bool asList = m_line.view == kListPage && !m_line.pages.empty();
     start.asList = asList;
-    start.view = m_line.view.empty() || asList ? planner::DefaultView() : planner::FindView(m_line.view);
+    start.view = asList ? planner::DefaultView() : m_line.view.empty() ? start.view : planner::FindView(m_line.view);
     if (!start.view.row) {
         m_line.problem = "There is no view '" + m_line.view + "'; there are " + planner::ViewNames() + ".";
     }
@@ -86,10 +97,35 @@ BOOL CPlannerApp::InitInstance()
     CPlannerFrame& frame = static_cast<CPlannerFrame&>(*m_pMainWnd);
     if (!m_line.problem.empty()) {
         std::fprintf(stderr, "planner: %s\n", m_line.problem.c_str());
-        frame.ShowProblem(m_line.problem.c_str());
+        frame.ShowProblem(m_line.problem);
     }
     TellMessages(frame);
     return TRUE;
+}
+
+// What the last start has left; the command line goes before it.
+void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
+{
+    planner::Settings& settings = planner::TheSettings();
+    const planner::IniText& ini = settings.Text();
+    planner::SetLanguage(planner::LanguageOf(m_line.language.empty() ? settings.LanguageName() : m_line.language));
+    start.view = planner::FindView(ini.Get("View", "view", planner::DefaultView().row->name));
+    if (!start.view.row) {
+        start.view = planner::DefaultView();
+    }
+    start.view.days =
+        std::clamp(ini.GetNumber("View", "days", start.view.days), planner::kFewestDays, planner::kMostDays);
+    constexpr int least = 200, most = 20000; // pixels
+    start.size.cx = std::clamp<int>(ini.GetNumber("Window", "width", start.size.cx), least, most);
+    start.size.cy = std::clamp<int>(ini.GetNumber("Window", "height", start.size.cy), least, most);
+    if (m_line.copySeconds > 0) {
+        start.copySeconds = static_cast<UINT>(m_line.copySeconds);
+    }
+    const std::wstring folder = planner::Settings::UsualFile();
+    if (settings.IsKept() && m_line.settings.empty()) {
+        const std::wstring own = folder.substr(0, folder.find_last_of(L'\\') + 1) + L"Untitled.ics";
+        CPlannerDoc::s_untitled = planner::SystemOf(planner::Utf8Of(own));
+    }
 }
 
 // A program started from a console tells there, too, what it could not read.

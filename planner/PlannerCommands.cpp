@@ -2,6 +2,8 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "planner/PlannerFrame.h"
+#include "planner/WideText.h"
+#include "planner/Words.h"
 #include "planner/resource.h"
 #include "views/timegrid/TimeGridCtrl.h"
 
@@ -20,23 +22,6 @@ void CPlannerFrame::OnRedo()
     Finish(Document()->Calendar().Redo());
 }
 
-void CPlannerFrame::OnNewItem()
-{
-    m_editor.BeginCreate(!m_view.row->hasTimes);
-}
-
-void CPlannerFrame::OnRename(UINT nID)
-{
-    m_editor.BeginRename(nID == ID_EDIT_RENAME_SERIES ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence);
-}
-
-void CPlannerFrame::OnDelete(UINT nID)
-{
-    const bool series = nID == ID_EDIT_DELETE_SERIES;
-    Finish(
-        m_editor.Delete(Document()->Calendar(), series ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence));
-}
-
 void CPlannerFrame::OnUpdateUndo(CCmdUI* pCmdUI)
 {
     pCmdUI->Enable(Document()->Calendar().CanUndo());
@@ -45,13 +30,6 @@ void CPlannerFrame::OnUpdateUndo(CCmdUI* pCmdUI)
 void CPlannerFrame::OnUpdateRedo(CCmdUI* pCmdUI)
 {
     pCmdUI->Enable(Document()->Calendar().CanRedo());
-}
-
-void CPlannerFrame::OnUpdateOfItem(CCmdUI* pCmdUI)
-{
-    const planner::Occurrence* current = m_items.Current();
-    const bool ofSeries = pCmdUI->m_nID == ID_EDIT_RENAME_SERIES || pCmdUI->m_nID == ID_EDIT_DELETE_SERIES;
-    pCmdUI->Enable(current && (!ofSeries || Document()->Calendar().IsOfSeries(current->id)));
 }
 
 // ---- Views
@@ -108,12 +86,30 @@ const std::vector<int>& AutomaticScales()
 
 } // namespace
 
+// In a tall window a day would end above its lower edge: then more rows an hour.
+void CPlannerFrame::FillHeight(CTimeGridCtrl& grid)
+{
+    for (const int scale : TimeScales()) {
+        SCROLLINFO rows = {};
+        rows.cbSize = sizeof(rows);
+        rows.fMask = SIF_RANGE | SIF_PAGE;
+        const bool fits = grid.GetScrollInfo(SB_VERT, &rows) && rows.nMax <= rows.nMin;
+        if (fits && scale > grid.GetTimeScale()) {
+            grid.SetTimeScale(scale);
+            grid.Refresh();
+        }
+    }
+}
+
 void CPlannerFrame::ApplyTimeScale()
 {
     CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, m_items.Ctrl());
     if (grid) {
         grid->SetTimeScale(m_rowsPerHour != 0 ? m_rowsPerHour : m_items.FittingScale(AutomaticScales()));
         grid->Refresh();
+        if (m_rowsPerHour == 0) {
+            FillHeight(*grid);
+        }
     }
 }
 
@@ -238,6 +234,6 @@ void CPlannerFrame::OnNextPane()
 
 void CPlannerFrame::OnAbout()
 {
-    AfxMessageBox("Planner\n\nShows and edits calendar files with the controls of Dayvane.",
-                  MB_OK | MB_ICONINFORMATION);
+    planner::Ask(this, planner::Tr("Planner\n\nShows and edits calendar files with the controls of Dayvane."),
+                 MB_OK | MB_ICONINFORMATION);
 }

@@ -5,8 +5,12 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/WindowHelpers.h"
+#include "planner/AgendaView.h"
+#include "planner/FindDialog.h"
 #include "planner/ItemBridge.h"
-#include "planner/SystemText.h"
+#include "planner/ReminderDialog.h"
+#include "planner/WideText.h"
+#include "planner/Words.h"
 #include "planner/resource.h"
 #include "views/timegrid/TimeGridCtrl.h"
 
@@ -15,7 +19,10 @@ IMPLEMENT_DYNCREATE(CPlannerFrame, CFrameWnd)
 namespace {
 constexpr int kCountPane = 1;
 constexpr int kCountPaneWidth = 110; // pixels
+constexpr planner::LocalTime kEarlyHour = 6 * planner::kHourSeconds;
 constexpr planner::LocalTime kFirstHour = 8 * planner::kHourSeconds;
+constexpr UINT kSecond = 1000; // milliseconds
+constexpr UINT kReminderMilliseconds = 20 * kSecond;
 constexpr int kOfficeOpens = 9; // hours, on work days
 constexpr int kOfficeCloses = 18;
 } // namespace
@@ -25,9 +32,13 @@ CPlannerFrame::Start CPlannerFrame::s_start;
 BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_CLOSE()
+ON_WM_TIMER()
+ON_WM_DROPFILES()
 ON_MESSAGE(WM_SETMESSAGESTRING, &CPlannerFrame::OnSetMessageString)
 ON_MESSAGE(WM_PLANNER_LOADED, &CPlannerFrame::OnLoaded)
+ON_MESSAGE(WM_PLANNER_CHOSEN, &CPlannerFrame::OnAgendaChosen)
 ON_MESSAGE(YMN_SELENDOK, &CPlannerFrame::OnPicked)
+ON_NOTIFY(CCN_ITEMRCLICK, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnRightPress)
 ON_NOTIFY(CCN_ITEMDBLCLICK, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemOpen)
 ON_NOTIFY(CCN_CONTEXTMENU, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemMenu)
 ON_NOTIFY(CCN_ITEMMOVED, AFX_IDW_PANE_FIRST, &CPlannerFrame::OnItemMoved)
@@ -37,6 +48,17 @@ ON_NOTIFY(MCN_SELECT, IDC_MINI_CALENDAR, &CPlannerFrame::OnDaySelected)
 ON_COMMAND(ID_EDIT_UNDO, &CPlannerFrame::OnUndo)
 ON_COMMAND(ID_EDIT_REDO, &CPlannerFrame::OnRedo)
 ON_COMMAND(ID_EDIT_NEW_ITEM, &CPlannerFrame::OnNewItem)
+ON_COMMAND(ID_EDIT_DETAILS, &CPlannerFrame::OnDetails)
+ON_COMMAND(ID_EDIT_NEW_DETAILS, &CPlannerFrame::OnNewDetails)
+ON_COMMAND(ID_EDIT_FIND, &CPlannerFrame::OnFind)
+ON_COMMAND(ID_EDIT_GO_TO, &CPlannerFrame::OnGoTo)
+ON_COMMAND_RANGE(ID_EDIT_COPY, ID_EDIT_CUT, &CPlannerFrame::OnCopy)
+ON_COMMAND(ID_EDIT_PASTE, &CPlannerFrame::OnPaste)
+ON_COMMAND(ID_FILE_IMPORT, &CPlannerFrame::OnImport)
+ON_COMMAND(ID_FILE_EXPORT_ITEMS, &CPlannerFrame::OnExportItems)
+ON_COMMAND(ID_VIEW_REMINDERS, &CPlannerFrame::OnReminders)
+ON_COMMAND_RANGE(ID_LANGUAGE_SYSTEM, ID_LANGUAGE_JAPANESE, &CPlannerFrame::OnLanguage)
+ON_COMMAND_RANGE(ID_RECENT_FIRST, ID_RECENT_LAST, &CPlannerFrame::OnRecentFile)
 ON_COMMAND_RANGE(ID_EDIT_RENAME, ID_EDIT_RENAME_SERIES, &CPlannerFrame::OnRename)
 ON_COMMAND_RANGE(ID_EDIT_CLEAR, ID_EDIT_CLEAR, &CPlannerFrame::OnDelete)
 ON_COMMAND_RANGE(ID_EDIT_DELETE_SERIES, ID_EDIT_DELETE_SERIES, &CPlannerFrame::OnDelete)
@@ -56,6 +78,14 @@ ON_COMMAND(ID_FILE_EXPORT_PAGES, &CPlannerFrame::OnExportPages)
 ON_COMMAND(ID_APP_ABOUT, &CPlannerFrame::OnAbout)
 ON_UPDATE_COMMAND_UI(ID_EDIT_UNDO, &CPlannerFrame::OnUpdateUndo)
 ON_UPDATE_COMMAND_UI(ID_EDIT_REDO, &CPlannerFrame::OnUpdateRedo)
+ON_UPDATE_COMMAND_UI(ID_EDIT_DETAILS, &CPlannerFrame::OnUpdateDetails)
+ON_UPDATE_COMMAND_UI(ID_EDIT_PASTE, &CPlannerFrame::OnUpdatePaste)
+ON_UPDATE_COMMAND_UI(ID_EDIT_COPY, &CPlannerFrame::OnUpdateDetails)
+ON_UPDATE_COMMAND_UI(ID_EDIT_CUT, &CPlannerFrame::OnUpdateDetails)
+ON_UPDATE_COMMAND_UI(ID_FILE_EXPORT_ITEMS, &CPlannerFrame::OnUpdateExport)
+ON_UPDATE_COMMAND_UI(ID_VIEW_REMINDERS, &CPlannerFrame::OnUpdateReminders)
+ON_UPDATE_COMMAND_UI_RANGE(ID_LANGUAGE_SYSTEM, ID_LANGUAGE_JAPANESE, &CPlannerFrame::OnUpdateLanguage)
+ON_UPDATE_COMMAND_UI(ID_RECENT_FIRST, &CPlannerFrame::OnUpdateRecent)
 ON_UPDATE_COMMAND_UI(ID_EDIT_CLEAR, &CPlannerFrame::OnUpdateOfItem)
 ON_UPDATE_COMMAND_UI_RANGE(ID_EDIT_RENAME, ID_EDIT_DELETE_SERIES, &CPlannerFrame::OnUpdateOfItem)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_DAY, ID_VIEW_LAST, &CPlannerFrame::OnUpdateView)
@@ -73,6 +103,8 @@ CPlannerFrame::CPlannerFrame()
 {
     m_pages.asList = s_start.asList;
 }
+
+CPlannerFrame::~CPlannerFrame() = default;
 
 // ---- Lifetime
 
@@ -100,8 +132,13 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
     m_statusBar.SetPaneInfo(kCountPane, 0, 0, kCountPaneWidth);
     m_dpi = m_dpi != 0 ? m_dpi : dayvane::DpiOfWindow(m_hWnd);
     m_themeWatch.Follow(true);
+    TakeSettings();
+    MakeMenu();
     ApplyScale();
     RecalcLayout();
+    DragAcceptFiles();
+    SetTimer(kReminderTimer, kReminderMilliseconds, nullptr);
+    SetTimer(kCopyTimer, s_start.copySeconds * kSecond, nullptr);
     return 0;
 }
 
@@ -114,6 +151,7 @@ CPlannerDoc* CPlannerFrame::Document()
 void CPlannerFrame::OnClose()
 {
     m_editor.Commit();
+    KeepSettings();
     CFrameWnd::OnClose();
 }
 
@@ -144,7 +182,9 @@ BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
     }
     TCHAR name[16] = "";
     ::GetClassName(pMsg->hwnd, name, sizeof(name) / sizeof(name[0]));
-    const bool typed = lstrcmpi(name, "Edit") == 0 && pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST;
+    const bool isSave = pMsg->message == WM_KEYDOWN && pMsg->wParam == 'S' && ::GetKeyState(VK_CONTROL) < 0;
+    const bool typed =
+        lstrcmpi(name, "Edit") == 0 && pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST && !isSave;
     const BOOL taken = typed ? CWnd::PreTranslateMessage(pMsg) : CFrameWnd::PreTranslateMessage(pMsg);
     if (pMsg->message == WM_SYSKEYDOWN) {
         m_altTaken = taken != FALSE;
@@ -158,12 +198,28 @@ void CPlannerFrame::OnUpdateFrameTitle(BOOL)
     if (!document) {
         return;
     }
-    const CString title = CString(document->IsModified() ? "*" : "") + document->GetTitle() + " - " + m_strTitle;
-    CString shown;
-    GetWindowText(shown);
-    if (shown != title) {
-        SetWindowText(title);
+    const std::string name =
+        document->GetPathName().IsEmpty() ? planner::Tr("Untitled") : planner::Utf8OfSystem(document->GetTitle());
+    const std::string title = (document->IsModified() ? "*" : "") + name + " - " + planner::Tr("Planner");
+    if (title != m_title) {
+        m_title = title;
+        planner::SetWindowUtf8(m_hWnd, title);
     }
+}
+
+CAgendaView* CPlannerFrame::Agenda()
+{
+    return DYNAMIC_DOWNCAST(CAgendaView, GetDlgItem(AFX_IDW_PANE_FIRST));
+}
+
+LRESULT CPlannerFrame::OnAgendaChosen(WPARAM wParam, LPARAM)
+{
+    m_items.KeepListed(Agenda()->Chosen());
+    ShowCurrent();
+    if (wParam != 0 && m_items.Current()) {
+        OnDetails();
+    }
+    return 0;
 }
 
 LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
@@ -176,15 +232,14 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
         m_day = FirstDay();
     }
     m_items.Attach(nullptr);
+    m_reminders.Forget();
     SetUpView();
     m_sidePane.DocumentChanged();
-    CString told;
-    if (!messages.empty()) {
-        told.Format(messages.size() == 1 ? "One thing of the file is not shown or not understood: see above"
-                                         : "%d things of the file are not shown or not understood: see above",
-                    static_cast<int>(messages.size()));
-    }
-    Tell(told);
+    RememberFile();
+    Tell(messages.empty()       ? std::string()
+         : messages.size() == 1 ? planner::Tr("One thing of the file is not shown or not understood: see above")
+                                : planner::Tr("%1 things of the file are not shown or not understood: see above",
+                                              std::to_string(messages.size())));
     return 0;
 }
 
@@ -216,6 +271,7 @@ void CPlannerFrame::SetUpView()
     CCalendarCtrl* ctrl = view ? view->GetCalendarCtrl() : nullptr;
     m_items.Attach(ctrl);
     if (!ctrl) {
+        GoTo(m_day);
         return;
     }
     planner::SetUpControl(m_view, *ctrl, m_mondayFirst);
@@ -246,7 +302,7 @@ void CPlannerFrame::ShowView(const planner::ChosenView& view)
     CView* fresh = static_cast<CView*>(CreateView(&context, AFX_IDW_PANE_FIRST));
     if (!fresh) {
         old->SetDlgCtrlID(AFX_IDW_PANE_FIRST);
-        ShowProblem("This view could not be opened.");
+        ShowProblem(planner::Tr("This view could not be opened."));
         return;
     }
     SetActiveView(fresh);
@@ -260,6 +316,9 @@ void CPlannerFrame::ShowView(const planner::ChosenView& view)
 COleDateTime CPlannerFrame::ShownDay()
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
+    if (const CAgendaView* agenda = Agenda()) {
+        return planner::DateOfLocal(agenda->TopDay() * planner::kDaySeconds);
+    }
     if (!ctrl) {
         return m_day;
     }
@@ -272,10 +331,17 @@ COleDateTime CPlannerFrame::ShownDay()
 void CPlannerFrame::GoTo(const COleDateTime& day)
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
-    if (!ctrl || day.GetStatus() != COleDateTime::valid) {
+    if (day.GetStatus() != COleDateTime::valid) {
         return;
     }
     m_day = day;
+    if (CAgendaView* agenda = Agenda()) {
+        agenda->GoTo(planner::DayOfTime(planner::LocalOfDate(day)));
+        Follow();
+    }
+    if (!ctrl) {
+        return;
+    }
     if (m_view.row->hasTimes) { // the selected row is one that is in sight
         ctrl->SetCurrentDate(dayvane::AddMinutes(day, kFirstHour / planner::kMinuteSeconds));
     } else {
@@ -287,12 +353,12 @@ void CPlannerFrame::GoTo(const COleDateTime& day)
     Follow();
 }
 
-// A time grid comes to the morning, or to an item that is earlier.
+// A time grid comes to the morning, or to an early item; what lies in the night is not waited for.
 void CPlannerFrame::ShowFirstHours()
 {
     CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, m_items.Ctrl());
     if (grid) {
-        const COleDateTime hour = planner::DateOfLocal(m_items.EarliestStart(kFirstHour));
+        const COleDateTime hour = planner::DateOfLocal(m_items.EarliestStart(kEarlyHour, kFirstHour));
         grid->PostMessage(WM_VSCROLL, SB_TOP);
         grid->SyncToPresent(&hour);
     }
@@ -306,10 +372,9 @@ void CPlannerFrame::Follow()
     m_items.DropHidden();
     m_toolBar.Follow(day);
     m_sidePane.Follow(day);
-    CString count;
     const int items = m_items.CountInView();
-    count.Format(items == 1 ? "%d item" : "%d items", items);
-    m_statusBar.SetPaneText(kCountPane, count);
+    const std::wstring count = planner::Wide(planner::Tr(items == 1 ? "%1 item" : "%1 items", std::to_string(items)));
+    ::SendMessageW(m_statusBar, SB_SETTEXTW, kCountPane, reinterpret_cast<LPARAM>(count.c_str()));
 }
 
 void CPlannerFrame::Idle()
@@ -371,13 +436,20 @@ void CPlannerFrame::Finish(const planner::EditResult& result)
 {
     CPlannerDoc* document = Document();
     m_items.Load(document->Calendar());
+    if (CAgendaView* agenda = Agenda()) {
+        agenda->Reload();
+        m_items.KeepListed(agenda->Chosen());
+    }
     if (result.isDone) {
         Reveal(result.id);
     } else {
-        ShowProblem(result.problem.c_str());
+        ShowProblem(planner::Tr(result.problem));
     }
     document->UpdateFrameCounts();
     m_sidePane.DocumentChanged();
+    if (m_find) {
+        m_find->Refresh();
+    }
     Follow();
 }
 
@@ -386,6 +458,16 @@ void CPlannerFrame::Reveal(const planner::OccurrenceId& id)
 {
     const auto occurrence = id.event != planner::kNoEvent ? Document()->Calendar().Find(id) : std::nullopt;
     if (!occurrence) {
+        return;
+    }
+    if (CAgendaView* agenda = Agenda()) {
+        if (!agenda->Choose(id)) {
+            agenda->GoTo(planner::DayOfTime(occurrence->times.start));
+            agenda->Choose(id);
+        }
+        agenda->Invalidate(FALSE);
+        m_items.KeepListed(occurrence);
+        ShowCurrent();
         return;
     }
     COleDateTime first, last;
@@ -403,26 +485,34 @@ void CPlannerFrame::ShowCurrent()
 {
     const planner::Occurrence* current = m_items.Current();
     m_toldItem = current ? current->id : planner::OccurrenceId();
-    Tell(current ? planner::SystemText(planner::DetailsOf(*current)) : CString());
+    Tell(current ? planner::DetailsOf(*current) : std::string());
 }
 
-void CPlannerFrame::ShowProblem(const CString& problem)
+void CPlannerFrame::ShowProblem(const std::string& problem)
 {
     ::MessageBeep(MB_ICONWARNING);
     Tell(problem);
 }
 
-void CPlannerFrame::Tell(const CString& text)
+void CPlannerFrame::Tell(const std::string& text)
 {
     m_told = text;
-    SetMessageText(text);
+    SetMessageText("");
 }
 
-// When a menu closes, the status bar says again what it said before.
+// A command's line in the user's language. When a menu closes, the status bar says again what it said before.
 LRESULT CPlannerFrame::OnSetMessageString(WPARAM wParam, LPARAM lParam)
 {
-    const bool idle = wParam == AFX_IDS_IDLEMESSAGE && lParam == 0;
-    return CFrameWnd::OnSetMessageString(wParam, idle ? reinterpret_cast<LPARAM>(m_told.GetString()) : lParam);
+    std::string text = m_told;
+    if (wParam != AFX_IDS_IDLEMESSAGE && lParam == 0) {
+        CString all, line;
+        all.LoadString(static_cast<UINT>(wParam));
+        AfxExtractSubString(line, all, 0);
+        text = planner::Tr(line.GetString());
+    }
+    const std::wstring wide = planner::Wide(text);
+    ::SendMessageW(m_statusBar, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(wide.c_str()));
+    return 0;
 }
 
 // ---- Notifications
@@ -446,42 +536,6 @@ LRESULT CPlannerFrame::OnPicked(WPARAM wParam, LPARAM)
     const int month = static_cast<int>(wParam) % yearFactor;
     GoTo(COleDateTime(year, month, 1, 0, 0, 0));
     return 0;
-}
-
-void CPlannerFrame::OnItemOpen(NMHDR* pHeader, LRESULT* pResult)
-{
-    *pResult = 0;
-    if (reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem >= 0) {
-        m_editor.BeginRename(planner::Scope::ThisOccurrence);
-    } else {
-        OnNewItem();
-    }
-}
-
-void CPlannerFrame::OnItemMenu(NMHDR* pHeader, LRESULT* pResult)
-{
-    constexpr int editMenu = 1; // position in the menu bar
-    CPoint point(reinterpret_cast<const NMCALENDARITEM*>(pHeader)->pt);
-    ::ClientToScreen(pHeader->hwndFrom, &point);
-    const planner::Occurrence* pressed = m_items.At(reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem);
-    const planner::OccurrenceId id = pressed ? pressed->id : planner::OccurrenceId();
-    m_editor.Commit();
-    m_items.Select(id);
-    ::TrackPopupMenu(::GetSubMenu(::GetMenu(m_hWnd), editMenu), TPM_LEFTALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
-                     m_hWnd, nullptr);
-    *pResult = 0;
-}
-
-void CPlannerFrame::OnItemMoved(NMHDR* pHeader, LRESULT* pResult)
-{
-    Finish(m_editor.Moved(Document()->Calendar(), *reinterpret_cast<const NMCALENDARITEM*>(pHeader)));
-    *pResult = 0;
-}
-
-void CPlannerFrame::OnEditEnded(NMHDR* pHeader, LRESULT* pResult)
-{
-    Finish(m_editor.EndEdit(Document()->Calendar(), *reinterpret_cast<const NMCALENDAREDIT*>(pHeader)));
-    *pResult = 0;
 }
 
 void CPlannerFrame::OnRangeChanged(NMHDR*, LRESULT* pResult)

@@ -7,12 +7,22 @@
 
 #include "planner/ItemEditor.h"
 #include "planner/Panes.h"
+#include "planner/Reminders.h"
+#include "planner/Words.h"
 #include "planner/PlannerDoc.h"
 #include "planner/PlannerTheme.h"
 #include "planner/PlannerToolBar.h"
 #include "planner/PrintedPages.h"
 #include "planner/ShownItems.h"
 #include "planner/ViewTable.h"
+
+#include <functional>
+#include <string>
+
+class CAgendaView;
+class CFindDialog;
+class CReminderDialog;
+class CTimeGridCtrl;
 
 class CPlannerFrame : public CFrameWnd
 {
@@ -28,15 +38,17 @@ public:
         bool asList = false;           // printed as a list of items
         planner::ThemeChoice theme = planner::ThemeChoice::System;
         int dpi = 0; // of bars, panes and views; 0: the screen's
+        UINT copySeconds = 120; // between the copies that are kept of changes
     };
     static Start s_start;
 
     CPlannerFrame();
+    ~CPlannerFrame() override;
 
     // Commands that tests drive as well.
     void ShowView(const planner::ChosenView& view);
     void GoTo(const COleDateTime& day);
-    void ShowProblem(const CString& problem);
+    void ShowProblem(const std::string& problem); // in the user's language
     // Brings bars and panes up to date with what keys have changed without a notification.
     void Idle();
     planner::ShownItems& Items() { return m_items; }
@@ -44,6 +56,10 @@ public:
     // pages; 0 and the problem when nothing was printed.
     int PrintTo(const char* file, const std::string& paper, CString& problem);
     CPlannerDoc* Document();
+    // Shows the reminders that are due.
+    void CheckReminders(const planner::PresentTime& now);
+    void SpeakLanguage(planner::Language language);
+    void Import(const CString& path);
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
@@ -55,11 +71,15 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
     afx_msg void OnClose();
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg void OnDropFiles(HDROP hDropInfo);
     afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnAgendaChosen(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnLoaded(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnPicked(WPARAM wParam, LPARAM lParam);
 
     // Notifications of the view's control and of the small calendars
+    afx_msg void OnRightPress(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemOpen(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMenu(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMoved(NMHDR* pHeader, LRESULT* pResult);
@@ -71,6 +91,23 @@ protected:
     afx_msg void OnUndo();
     afx_msg void OnRedo();
     afx_msg void OnNewItem();
+    afx_msg void OnDetails();
+    afx_msg void OnNewDetails();
+    afx_msg void OnFind();
+    afx_msg void OnGoTo();
+    afx_msg void OnCopy(UINT nID);
+    afx_msg void OnPaste();
+    afx_msg void OnImport();
+    afx_msg void OnExportItems();
+    afx_msg void OnReminders();
+    afx_msg void OnLanguage(UINT nID);
+    afx_msg void OnRecentFile(UINT nID);
+    afx_msg void OnUpdateDetails(CCmdUI* pCmdUI);
+    afx_msg void OnUpdatePaste(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateExport(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateReminders(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateLanguage(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateRecent(CCmdUI* pCmdUI);
     afx_msg void OnRename(UINT nID);
     afx_msg void OnDelete(UINT nID);
     afx_msg void OnView(UINT nID);
@@ -99,16 +136,36 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    static constexpr UINT_PTR kReminderTimer = 1;
+    static constexpr UINT_PTR kCopyTimer = 2;
     COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
     void SetUpView();
     void ShowFirstHours();
     void ApplyTimeScale();
+    static void FillHeight(CTimeGridCtrl& grid);
     COleDateTime FirstDay(); // to show of a file
+    CAgendaView* Agenda();   // nullptr: another view is shown
     void Follow();
     void Finish(const planner::EditResult& result);
+    struct Drop
+    {
+        bool isInView;
+        COleDateTime day; // of the small calendars; not valid: none
+    };
+    Drop DropAt(CPoint screen);
+    void TakeBack();
+    void FinishMerge(const planner::MergeReport& report);
+    void Dismiss(const std::vector<planner::DueReminder>& due);
+    void TakeSettings();
+    void KeepSettings();
+    void MakeMenu(); // in the user's language, with the files opened before
+    void RememberFile();
+    void ChangeItem(const planner::OccurrenceId& id, const std::string& question,
+                    const std::function<planner::EditResult(planner::Scope)>& change);
     void Reveal(const planner::OccurrenceId& id);
     void ShowCurrent();
-    void Tell(const CString& text); // in the status bar, until something else is to be told
+    // In the status bar, until something else is to be told; in the user's language.
+    void Tell(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
     void ApplyTheme(); // to the view, bars and panes
     void ApplyScale();
@@ -122,11 +179,16 @@ private:
     planner::ChosenView m_view;
     COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay
     COleDateTime m_followed; // by the bars and panes
-    CString m_told;
+    std::string m_told;
+    std::string m_title;
     planner::OccurrenceId m_toldItem; // the current item when something was told of it last
     bool m_altTaken = false;          // the key pressed with Alt was a command
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
+    planner::Reminders m_reminders;
+    std::unique_ptr<CFindDialog> m_find;
+    std::unique_ptr<CReminderDialog> m_reminderBox;
+    HMENU m_menu = nullptr;
     planner::PageSettings m_pages;
 
     CPlannerToolBar m_toolBar;
@@ -134,6 +196,7 @@ private:
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
     int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
+    BOOL m_remind = TRUE;
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;
     BOOL m_solarTerms = TRUE;

@@ -3,6 +3,8 @@
 #include <afxpriv.h>
 
 #include "core/DrawingHelpers.h"
+#include "planner/WideText.h"
+#include "planner/Words.h"
 #include "planner/resource.h"
 
 namespace {
@@ -57,13 +59,26 @@ BOOL CPlannerToolBar::Create(CWnd* pParent)
     if (!SetButtons(commands, kToolCount)) {
         return FALSE;
     }
-    for (int i = 0; i < kToolCount; ++i) {
-        if (kTools[i].text) {
-            SetButtonText(i, kTools[i].text);
-        }
-    }
+    ShowTexts();
     MakePicker();
     return m_picker.GetSafeHwnd() != nullptr;
+}
+
+void CPlannerToolBar::ShowTexts()
+{
+    for (const Tool& tool : kTools) {
+        if (tool.text) {
+            std::wstring text = planner::Wide(planner::Tr(tool.text));
+            TBBUTTONINFOW info = {};
+            info.cbSize = sizeof(info);
+            info.dwMask = TBIF_TEXT;
+            info.pszText = &text[0];
+            ::SendMessageW(m_hWnd, TB_SETBUTTONINFOW, tool.command, reinterpret_cast<LPARAM>(&info));
+        }
+    }
+    if (m_picker.m_hWnd) {
+        PlacePicker();
+    }
 }
 
 // A blank, disabled button of its width stands for the picker: unlike a separator it may end a row.
@@ -101,13 +116,8 @@ void CPlannerToolBar::SetScale(int dpi)
     m_scale.dpi = dpi;
     m_font.Show(*this, dpi);
     SetSizes(CSize(m_scale.Of(kButtonSize), m_scale.Of(kButtonSize)), CSize(1, m_scale.Of(kImageHeight)));
-    for (int i = 0; i < kToolCount; ++i) {
-        if (kTools[i].text) {
-            SetButtonText(i, kTools[i].text); // measures it anew
-        }
-    }
     m_picker.SetScale(dpi);
-    PlacePicker();
+    ShowTexts(); // measures them anew
     Invalidate();
 }
 
@@ -190,12 +200,12 @@ void CPlannerToolBar::DrawTool(const NMCUSTOMDRAW& draw)
         pDC->FillSolidRect(&box, isChecked ? theme.selection : theme.hot);
         pDC->Draw3dRect(&box, theme.selectionFrame, theme.selectionFrame);
     }
-    char text[kLongestTool] = "";
-    SendMessage(TB_GETBUTTONTEXT, draw.dwItemSpec, reinterpret_cast<LPARAM>(text));
+    wchar_t text[kLongestTool] = L"";
+    ::SendMessageW(m_hWnd, TB_GETBUTTONTEXTW, draw.dwItemSpec, reinterpret_cast<LPARAM>(text));
     const bool isDisabled = (draw.uItemState & (CDIS_DISABLED | CDIS_GRAYED)) != 0;
     pDC->SetBkMode(TRANSPARENT);
     pDC->SetTextColor(isDisabled ? theme.border : isChecked ? theme.selectionText : planner::BarColors(theme).text);
-    pDC->DrawText(text, &box, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
+    ::DrawTextW(*pDC, text, -1, &box, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
 }
 
 LRESULT CPlannerToolBar::OnPickerMessage(WPARAM wParam, LPARAM lParam)

@@ -11,6 +11,7 @@ class CPlannerToolBar : public CToolBar
 {
 public:
     BOOL Create(CWnd* pParent);
+    void ShowTexts(); // in the user's language
     // Shows the month in the picker.
     void Follow(const COleDateTime& day);
     void SetTheme(planner::ThemeChoice choice);

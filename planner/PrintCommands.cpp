@@ -3,6 +3,8 @@
 
 #include "planner/ItemBridge.h"
 #include "planner/PagesDialog.h"
+#include "planner/WideText.h"
+#include "planner/Words.h"
 
 #include <afxdlgs.h>
 
@@ -22,10 +24,10 @@ bool CPlannerFrame::IsReadyToPrint(UINT nID)
     }
     planner::SelectPaper(m_pages, printer->GetRange().kind);
     if (nID == ID_FILE_PRINT && !planner::HasPrinter()) {
-        AfxMessageBox(
-            "No printer is installed.\n\nFile > Print Preview shows the pages all the same, and File > Export "
-            "pages as pictures saves them.",
-            MB_OK | MB_ICONINFORMATION);
+        planner::Ask(this,
+                     planner::Tr("No printer is installed.\n\nFile > Print Preview shows the pages all the same, and "
+                                 "File > Export pages as pictures saves them."),
+                     MB_OK | MB_ICONINFORMATION);
         return false;
     }
     return true;
@@ -50,12 +52,12 @@ void CPlannerFrame::OnExportPages()
     CWaitCursor wait;
     const int pages = planner::ExportPages(*ctrl, m_pages, dialog.GetPathName());
     if (pages == 0) {
-        AfxMessageBox("The pages could not be saved as " + dialog.GetPathName() + ".", MB_OK | MB_ICONEXCLAMATION);
+        planner::Ask(this,
+                     planner::Tr("The pages could not be saved as %1.", planner::Utf8OfSystem(dialog.GetPathName())),
+                     MB_OK | MB_ICONEXCLAMATION);
         return;
     }
-    CString told;
-    told.Format(pages == 1 ? "%d page saved" : "%d pages saved", pages);
-    Tell(told);
+    Tell(planner::Tr(pages == 1 ? "%1 page saved" : "%1 pages saved", std::to_string(pages)));
 }
 
 int CPlannerFrame::PrintTo(const char* file, const std::string& paper, CString& problem)

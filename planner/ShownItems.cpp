@@ -18,6 +18,7 @@ void ShownItems::Attach(CCalendarCtrl* ctrl)
     if (ctrl != m_ctrl) {
         m_ctrl = ctrl;
         m_occurrences.clear();
+        m_listed.reset();
         m_loaded = Range();
     }
 }
@@ -78,7 +79,7 @@ const Occurrence* ShownItems::At(int item) const
 
 const Occurrence* ShownItems::Current() const
 {
-    return m_ctrl ? At(m_ctrl->GetCurSel()) : nullptr;
+    return m_ctrl ? At(m_ctrl->GetCurSel()) : m_listed ? &*m_listed : nullptr;
 }
 
 bool ShownItems::Select(const OccurrenceId& id)
@@ -105,7 +106,7 @@ bool ShownItems::IsInView(const Occurrence& occurrence, const Range& view)
 void ShownItems::DropHidden()
 {
     const Occurrence* current = Current();
-    if (current && !IsInView(*current, ViewRange())) {
+    if (m_ctrl && current && !IsInView(*current, ViewRange())) {
         m_ctrl->SetCurSel(-1);
     }
 }
@@ -120,14 +121,26 @@ int ShownItems::CountInView() const
                                           [&](const Occurrence& each) { return IsInView(each, view); }));
 }
 
-LocalTime ShownItems::EarliestStart(LocalTime none) const
+std::vector<OccurrenceId> ShownItems::IdsInView() const
+{
+    std::vector<OccurrenceId> ids;
+    for (const Occurrence& each : m_occurrences) {
+        if (m_ctrl && IsInView(each, ViewRange())) {
+            ids.push_back(each.id);
+        }
+    }
+    return ids;
+}
+
+LocalTime ShownItems::EarliestStart(LocalTime from, LocalTime to) const
 {
     const Range view = ViewRange();
-    LocalTime earliest = none;
+    LocalTime earliest = to;
     for (const Occurrence& occurrence : m_occurrences) {
         const LocalTime start = occurrence.times.start;
-        if (!occurrence.times.isAllDay && start >= view.from && start < view.to) {
-            earliest = std::min(earliest, start - DayOfTime(start) * kDaySeconds);
+        const LocalTime clock = start - DayOfTime(start) * kDaySeconds;
+        if (!occurrence.times.isAllDay && start >= view.from && start < view.to && clock >= from) {
+            earliest = std::min(earliest, clock);
         }
     }
     return earliest;

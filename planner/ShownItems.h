@@ -4,6 +4,7 @@
 #include "core/CalendarCtrl.h"
 #include "planner/Calendar.h"
 
+#include <optional>
 #include <vector>
 
 namespace planner {
@@ -23,13 +24,17 @@ public:
     // nullptr: there is no such item.
     const Occurrence* At(int item) const;
     const Occurrence* Current() const;
+    // The current item of a view without a control.
+    void KeepListed(const std::optional<Occurrence>& occurrence) { m_listed = occurrence; }
     // Makes the item current; false when it is not shown.
     bool Select(const OccurrenceId& id);
     // No item that is out of sight stays current: the Delete key must not meet it.
     void DropHidden();
     int CountInView() const;
-    // The earliest start of day, in seconds, of a timed item in view; `none` when there is none.
-    LocalTime EarliestStart(LocalTime none) const;
+    std::vector<OccurrenceId> IdsInView() const;
+    // The earliest time of day, in seconds, of the timed items in view that begin between two times of day; the later
+    // one when there is none.
+    LocalTime EarliestStart(LocalTime from, LocalTime to) const;
     // See FittingTimeScale; of what is in view.
     int FittingScale(const std::vector<int>& offered) const;
 
@@ -44,6 +49,7 @@ private:
     CCalendarCtrl* m_ctrl = nullptr;
     std::vector<Occurrence> m_occurrences; // lParam of an item is its position here
     Range m_loaded;
+    std::optional<Occurrence> m_listed;
 };
 
 } // namespace planner

@@ -1,5 +1,6 @@
 #include "planner/ViewTable.h"
 
+#include "planner/AgendaView.h"
 #include "planner/ItemBridge.h"
 #include "planner/resource.h"
 #include "views/docview/CalendarViews.h"
@@ -20,7 +21,7 @@ constexpr int kFirstChoice = 4; // days
 
 struct Rows
 {
-    const ViewRow rows[8];
+    const ViewRow rows[9];
 };
 
 const Rows& Table()
@@ -36,6 +37,7 @@ const Rows& Table()
         {"month", ID_VIEW_MONTH, RUNTIME_CLASS(CMonthView), kNoScale, false, false, ViewRow::Months, 1},
         {"month2", ID_VIEW_MONTH2, RUNTIME_CLASS(CMonthView2), kNoScale, false, false, ViewRow::Months, 1},
         {"year", ID_VIEW_YEAR, RUNTIME_CLASS(CYearView), kNoScale, false, false, ViewRow::Months, 12},
+        {"agenda", ID_VIEW_AGENDA, RUNTIME_CLASS(CAgendaView), kNoScale, false, false, ViewRow::Months, 1},
     }};
     return table;
 }
@@ -83,7 +85,9 @@ std::string ViewNames()
 
 void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMonday)
 {
-    ctrl.SetOptions(CalendarOptions::Modern());
+    CalendarOptions options = CalendarOptions::Modern();
+    options.carefulDrops = false; // a drop on a small calendar is one of the planner's own
+    ctrl.SetOptions(options);
     ctrl.SetTextCodePage(CP_UTF8);
     ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? kMonday : kSunday);
     if (CWeekDayViewCtrl* columns = DYNAMIC_DOWNCAST(CWeekDayViewCtrl, &ctrl)) {

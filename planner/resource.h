@@ -7,7 +7,11 @@
 #define ID_EDIT_RENAME 32772
 #define ID_EDIT_RENAME_SERIES 32773
 #define ID_EDIT_DELETE_SERIES 32774
+#define ID_EDIT_NEW_DETAILS 32775
 #define ID_FILE_EXPORT_PAGES 32776
+#define ID_EDIT_DETAILS 32777
+#define ID_EDIT_GO_TO 32778
+#define ID_FILE_IMPORT 32779
 #define ID_VIEW_TODAY 32780
 #define ID_VIEW_PREVIOUS 32781
 #define ID_VIEW_NEXT 32782
@@ -17,6 +21,11 @@
 #define ID_VIEW_SOLAR_TERMS 32786
 #define ID_VIEW_MONDAY_FIRST 32787
 #define ID_VIEW_NEXT_PANE 32788
+#define ID_VIEW_REMINDERS 32789
+#define ID_FILE_EXPORT_ITEMS 32790
+#define ID_LANGUAGE_SYSTEM 32791
+#define ID_LANGUAGE_ENGLISH 32792
+#define ID_LANGUAGE_JAPANESE 32793
 
 // The views, in the order of the table of views
 #define ID_VIEW_DAY 32800
@@ -27,7 +36,8 @@
 #define ID_VIEW_MONTH 32805
 #define ID_VIEW_MONTH2 32806
 #define ID_VIEW_YEAR 32807
-#define ID_VIEW_LAST ID_VIEW_YEAR
+#define ID_VIEW_AGENDA 32808
+#define ID_VIEW_LAST ID_VIEW_AGENDA
 
 // N days: the first is 2 days
 #define ID_DAYS_FIRST 32820
@@ -48,6 +58,10 @@
 #define ID_ZOOM_IN 32870
 #define ID_ZOOM_OUT 32871
 #define ID_ZOOM_RESET 32872
+
+// Files opened before
+#define ID_RECENT_FIRST 32880
+#define ID_RECENT_LAST 32887
 
 // Page setup
 #define IDD_PAGES 140
@@ -77,6 +91,72 @@
 #define IDC_PRINTER 1130
 #define IDC_PICTURE 1131
 #define IDC_PAGE_COUNT 1132
+
+// The question how far an edit of a series goes
+#define IDD_SCOPE 141
+#define IDC_QUESTION 1140
+#define IDC_SCOPE_THIS 1141
+#define IDC_SCOPE_FOLLOWING 1142
+#define IDC_SCOPE_SERIES 1143
+
+// The dialog of an event; controls that change it lie in the range
+#define IDD_EVENT 142
+#define IDC_EVENT_FIRST 1200
+#define IDC_TITLE 1200
+#define IDC_START_DATE 1201
+#define IDC_END_DATE 1202
+#define IDC_START_TIME 1203
+#define IDC_END_TIME 1204
+#define IDC_ZONE 1205
+#define IDC_PLACE 1206
+#define IDC_CATEGORY 1207
+#define IDC_NOTES 1208
+#define IDC_RULE_KIND 1209
+#define IDC_RULE_INTERVAL 1210
+#define IDC_RULE_END 1211
+#define IDC_RULE_LIMIT 1212
+#define IDC_ALL_DAY 1220
+#define IDC_BUSY 1221
+#define IDC_PRIVATE 1222
+#define IDC_WEEKDAY_FIRST 1223
+#define IDC_WEEKDAY_LAST 1229
+#define IDC_EVENT_LAST IDC_WEEKDAY_LAST
+#define IDC_REMINDERS 1230
+#define IDC_REMINDER_TIME 1231
+#define IDC_ADD_REMINDER 1232
+#define IDC_REMOVE_REMINDER 1233
+#define IDC_START_PROBLEM 1234
+#define IDC_END_PROBLEM 1235
+#define IDC_RULE_SENTENCE 1236
+#define IDC_DATE_CALENDAR 1237
+#define IDC_DATE_MONTH 1238
+#define IDC_SWATCH 1239
+
+// Go to date
+#define IDD_GO_TO 143
+#define IDC_DATE_TYPED 1250
+#define IDC_DATE_MEANING 1251
+
+// Find
+#define IDD_FIND 144
+#define IDC_FIND_WORDS 1260
+#define IDC_FIND_LIST 1261
+#define IDC_FIND_COUNT 1262
+
+// Reminders
+#define IDD_REMINDERS 145
+#define IDC_REMINDER_LIST 1270
+#define IDC_DISMISS 1271
+#define IDC_DISMISS_ALL 1272
+#define IDC_SNOOZE 1273
+#define IDC_SNOOZE_TIME 1274
+
+// The file has changed outside
+#define IDD_CHANGED 146
+#define IDC_CHANGED_RELOAD 1280
+#define IDC_CHANGED_MERGE 1281
+#define IDC_CHANGED_OVERWRITE 1282
+#define IDC_CHANGED_SAVE_AS 1283
 
 // Windows
 #define IDC_PICKER 1000

@@ -63,8 +63,9 @@ BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, 
     bool untouched = true;
     if (lpDialogTemplate) {
         AfxCreationHook hook(this);
-        hWnd = ::CreateDialogIndirectParam(AfxGetResourceHandle(), lpDialogTemplate, SafeHwnd(pParentWnd), &DialogProc,
-                                           reinterpret_cast<LPARAM>(lpDialogInit));
+        // The wide call makes controls that hold texts beyond the system's code page.
+        hWnd = ::CreateDialogIndirectParamW(AfxGetResourceHandle(), lpDialogTemplate, SafeHwnd(pParentWnd), &DialogProc,
+                                            reinterpret_cast<LPARAM>(lpDialogInit));
         untouched = hook.Waiting();
     }
     if (untouched) {

@@ -53,10 +53,13 @@ items() {
         sort -t @ -k 2 | paste -s -d ' '
 }
 # One save, and the wait for its file: with it all that was done before has been done, too.
+file_state() { stat -c '%i %z' "$file"; }
+is_saved() { [ "$(file_state)" != "$1" ]; }
 save() {
-    rm -f "$file"
+    local before
+    before=$(file_state)
     xdotool key ctrl+s
-    until_true test -s "$file"
+    until_true is_saved "$before"
 }
 has_items() { [ "$(items)" = "$1" ]; }
 expect() {
@@ -109,7 +112,9 @@ rm -rf "$folder"
 mkdir -p "$folder"
 original >"$file"
 full_name=$(realpath "$file")
-wine "$planner" "Z:${full_name//\//\\}" --view month --date 2026-04-15 --size 1000x800 &
+folder_name=$(realpath "$folder")
+wine "$planner" "Z:${full_name//\//\\}" --view month --date 2026-04-15 --size 1000x800 --language en \
+    --settings "Z:${folder_name//\//\\}\\planner.ini" &
 pid=$!
 trap 'kill $pid 2>/dev/null || true' EXIT
 timeout 60 xdotool search --sync --onlyvisible --class planner.exe >/dev/null || {

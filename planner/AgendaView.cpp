@@ -1,0 +1,368 @@
+#include "planner/AgendaView.h"
+
+#include "core/CalendarClock.h"
+#include "core/CalendarCtrl.h"
+#include "planner/ItemBridge.h"
+#include "planner/PlannerDoc.h"
+#include "planner/TypedDate.h"
+#include "planner/WideText.h"
+#include "planner/Words.h"
+
+#include <algorithm>
+
+IMPLEMENT_DYNCREATE(CAgendaView, CView)
+
+namespace {
+
+constexpr planner::DayNumber kReadAtOnce = 120; // days, on each side
+constexpr std::size_t kMostRows = 20000;        // of endless series: so far and no further
+constexpr int kWheelRows = 3;
+constexpr COLORREF kHeadingFrom = RGB(226, 234, 244);
+constexpr COLORREF kTodayFrom = RGB(255, 226, 160);
+
+CFont& GuiFont()
+{
+    return *CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
+}
+
+std::string HeadingOf(planner::DayNumber day, planner::DayNumber today)
+{
+    static constexpr const char* names[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                            "Thursday", "Friday", "Saturday"};
+    std::string text = planner::DateText(day) + "  " + planner::Tr(names[planner::WeekdayOfDay(day)]);
+    if (day == today) {
+        text += "  -  " + planner::Tr("Today");
+    }
+    return text;
+}
+
+void DrawUtf8(CDC& dc, const std::string& text, CRect place)
+{
+    const std::wstring wide = planner::Wide(text);
+    ::DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &place,
+                DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CAgendaView, CView)
+ON_WM_ERASEBKGND()
+ON_WM_SIZE()
+ON_WM_VSCROLL()
+ON_WM_MOUSEWHEEL()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_KEYDOWN()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_GETDLGCODE()
+END_MESSAGE_MAP()
+
+BOOL CAgendaView::PreCreateWindow(CREATESTRUCT& cs)
+{
+    cs.style |= WS_VSCROLL;
+    return CView::PreCreateWindow(cs);
+}
+
+planner::Document* CAgendaView::Calendar()
+{
+    CPlannerDoc* document = static_cast<CPlannerDoc*>(GetDocument());
+    return document ? &document->Calendar() : nullptr;
+}
+
+// ---- What is read
+
+void CAgendaView::Read(planner::DayNumber from, planner::DayNumber to)
+{
+    const planner::Document* calendar = Calendar();
+    if (!calendar) {
+        return;
+    }
+    m_today = planner::DayOfTime(planner::LocalOfDate(dayvane::Now()));
+    m_from = std::max(from, planner::DayOfTime(planner::kEarliestTime));
+    m_to = std::min(to, planner::DayOfTime(planner::kEndOfTime));
+    m_occurrences = calendar->OccurrencesIn(m_from * planner::kDaySeconds, m_to * planner::kDaySeconds);
+    m_rows = planner::AgendaRowsOf(m_occurrences, m_from, m_to, m_today);
+    m_chosen = -1;
+}
+
+void CAgendaView::GoTo(planner::DayNumber day)
+{
+    Read(day - kReadAtOnce, day + kReadAtOnce);
+    m_top = 0;
+    ScrollTo(static_cast<int>(planner::RowOfDay(m_rows, day)));
+}
+
+planner::DayNumber CAgendaView::TopDay() const
+{
+    return m_rows.empty() ? m_from + kReadAtOnce : m_rows[static_cast<std::size_t>(m_top)].day;
+}
+
+void CAgendaView::Reload()
+{
+    const auto chosen = Chosen();
+    const planner::DayNumber top = TopDay();
+    Read(m_from, m_to);
+    m_top =
+        std::min(static_cast<int>(planner::RowOfDay(m_rows, top)), std::max(static_cast<int>(m_rows.size()) - 1, 0));
+    if (chosen) {
+        Choose(chosen->id);
+    }
+    PlaceBar();
+    Invalidate(FALSE);
+}
+
+void CAgendaView::Grow()
+{
+    const int rows = static_cast<int>(m_rows.size());
+    const bool isNearBegin = m_top < PageRows();
+    const bool isNearEnd = m_top + 2 * PageRows() > rows;
+    if (m_rows.size() > kMostRows || (!isNearBegin && !isNearEnd)) {
+        return;
+    }
+    const planner::DayNumber top = TopDay();
+    const int offset = m_top - static_cast<int>(planner::RowOfDay(m_rows, top));
+    const auto chosen = Chosen();
+    Read(isNearBegin ? m_from - kReadAtOnce : m_from, isNearEnd ? m_to + kReadAtOnce : m_to);
+    m_top = static_cast<int>(planner::RowOfDay(m_rows, top)) + offset;
+    if (chosen) {
+        Choose(chosen->id);
+    }
+}
+
+bool CAgendaView::Choose(const planner::OccurrenceId& id)
+{
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (!m_rows[i].IsHeading() && m_occurrences[m_rows[i].item].id == id) {
+            m_chosen = static_cast<int>(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<planner::Occurrence> CAgendaView::Chosen() const
+{
+    const std::size_t row = static_cast<std::size_t>(m_chosen);
+    return m_chosen < 0 || row >= m_rows.size() || m_rows[row].IsHeading()
+               ? std::nullopt
+               : std::optional(m_occurrences[m_rows[row].item]);
+}
+
+// ---- Scrolling
+
+int CAgendaView::RowHeight()
+{
+    CClientDC dc(this);
+    CFont* before = dc.SelectObject(&GuiFont());
+    TEXTMETRIC metrics = {};
+    dc.GetTextMetrics(&metrics);
+    dc.SelectObject(before);
+    return metrics.tmHeight + metrics.tmHeight / 2;
+}
+
+int CAgendaView::PageRows()
+{
+    CRect client;
+    GetClientRect(&client);
+    return std::max<int>(client.Height() / RowHeight(), 1);
+}
+
+void CAgendaView::ScrollTo(int row)
+{
+    m_top = std::clamp(row, 0, std::max(static_cast<int>(m_rows.size()) - 1, 0));
+    Grow();
+    m_top = std::clamp(m_top, 0, std::max(static_cast<int>(m_rows.size()) - PageRows(), 0));
+    PlaceBar();
+    Invalidate(FALSE);
+}
+
+void CAgendaView::PlaceBar()
+{
+    SCROLLINFO bar = {};
+    bar.cbSize = sizeof(bar);
+    bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    bar.nMax = std::max(static_cast<int>(m_rows.size()) - 1, 0);
+    bar.nPage = static_cast<UINT>(PageRows());
+    bar.nPos = m_top;
+    SetScrollInfo(SB_VERT, &bar);
+}
+
+void CAgendaView::OnSize(UINT nType, int cx, int cy)
+{
+    CView::OnSize(nType, cx, cy);
+    PlaceBar();
+    Invalidate(FALSE);
+}
+
+void CAgendaView::OnVScroll(UINT nSBCode, UINT, CScrollBar*)
+{
+    SCROLLINFO bar = {};
+    bar.cbSize = sizeof(bar);
+    bar.fMask = SIF_TRACKPOS;
+    GetScrollInfo(SB_VERT, &bar);
+    switch (nSBCode) {
+    case SB_LINEUP:
+        ScrollTo(m_top - 1);
+        break;
+    case SB_LINEDOWN:
+        ScrollTo(m_top + 1);
+        break;
+    case SB_PAGEUP:
+        ScrollTo(m_top - PageRows());
+        break;
+    case SB_PAGEDOWN:
+        ScrollTo(m_top + PageRows());
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        ScrollTo(bar.nTrackPos);
+        break;
+    default:
+        break;
+    }
+}
+
+BOOL CAgendaView::OnMouseWheel(UINT, short zDelta, CPoint)
+{
+    m_wheel += zDelta;
+    const int notches = m_wheel / WHEEL_DELTA;
+    m_wheel -= notches * WHEEL_DELTA;
+    ScrollTo(m_top - notches * kWheelRows);
+    return TRUE;
+}
+
+// ---- Choosing
+
+void CAgendaView::ChooseRow(int row)
+{
+    if (m_rows.empty()) {
+        return;
+    }
+    const int last = static_cast<int>(m_rows.size()) - 1;
+    m_chosen = std::clamp(row, 0, last);
+    if (m_chosen < m_top) {
+        ScrollTo(m_chosen);
+    } else if (m_chosen >= m_top + PageRows()) {
+        ScrollTo(m_chosen - PageRows() + 1);
+    }
+    Invalidate(FALSE);
+    GetParentFrame()->SendMessage(WM_PLANNER_CHOSEN, 0);
+}
+
+void CAgendaView::OnLButtonDown(UINT, CPoint point)
+{
+    SetFocus();
+    ChooseRow(m_top + point.y / RowHeight());
+}
+
+void CAgendaView::OnLButtonDblClk(UINT, CPoint point)
+{
+    ChooseRow(m_top + point.y / RowHeight());
+    GetParentFrame()->SendMessage(WM_PLANNER_CHOSEN, 1);
+}
+
+void CAgendaView::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    const int from = m_chosen < 0 ? m_top : m_chosen;
+    switch (nChar) {
+    case VK_UP:
+        ChooseRow(from - 1);
+        break;
+    case VK_DOWN:
+        ChooseRow(m_chosen < 0 ? from : from + 1);
+        break;
+    case VK_PRIOR:
+        ChooseRow(from - PageRows());
+        break;
+    case VK_NEXT:
+        ChooseRow(from + PageRows());
+        break;
+    case VK_HOME:
+        GoTo(m_today);
+        break;
+    case VK_RETURN:
+        GetParentFrame()->SendMessage(WM_PLANNER_CHOSEN, 1);
+        break;
+    default:
+        CView::OnKeyDown(nChar, nRepCnt, nFlags);
+        break;
+    }
+}
+
+void CAgendaView::OnSetFocus(CWnd* pOldWnd)
+{
+    CView::OnSetFocus(pOldWnd);
+    Invalidate(FALSE);
+}
+
+void CAgendaView::OnKillFocus(CWnd* pNewWnd)
+{
+    CView::OnKillFocus(pNewWnd);
+    Invalidate(FALSE);
+}
+
+UINT CAgendaView::OnGetDlgCode()
+{
+    return DLGC_WANTARROWS;
+}
+
+// ---- Paint
+
+BOOL CAgendaView::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+void CAgendaView::DrawRow(CDC& dc, const planner::AgendaRow& row, const CRect& place, bool isChosen)
+{
+    const int height = place.Height();
+    const bool hasFocus = ::GetFocus() == m_hWnd;
+    const COLORREF page = ::GetSysColor(COLOR_WINDOW);
+    CRect text(place.left + height / 2, place.top, place.right - height / 2, place.bottom);
+    if (row.IsHeading()) {
+        CCalendarCtrl::DrawGradient(&dc, place, row.day == m_today ? kTodayFrom : kHeadingFrom, page, TRUE);
+        dc.SetTextColor(RGB(32, 40, 56));
+        DrawUtf8(dc, HeadingOf(row.day, m_today), text);
+    } else {
+        const planner::Occurrence& occurrence = m_occurrences[row.item];
+        const planner::ItemColors& colors = planner::ColorsOf(*occurrence.event);
+        dc.FillSolidRect(&place, isChosen && hasFocus ? ::GetSysColor(COLOR_HIGHLIGHT)
+                                 : isChosen           ? ::GetSysColor(COLOR_BTNFACE)
+                                                      : page);
+        const CRect mark(text.left, place.top + height / 6, text.left + height / 3, place.bottom - height / 6);
+        dc.FillSolidRect(&mark, colors.outline);
+        dc.SetTextColor(::GetSysColor(isChosen && hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+        text.left += height;
+        DrawUtf8(dc, row.time.empty() ? planner::Tr("All day") : row.time, text);
+        text.left += height * 6;
+        const std::string where = occurrence.event->location.empty() ? "" : "   @ " + occurrence.event->location;
+        DrawUtf8(dc, planner::ShownSummary(*occurrence.event) + where, text);
+    }
+    if (isChosen && hasFocus) {
+        dc.DrawFocusRect(&place);
+    }
+}
+
+void CAgendaView::OnDraw(CDC* pDC)
+{
+    CRect client;
+    GetClientRect(&client);
+    CDC memory;
+    CBitmap bitmap;
+    memory.CreateCompatibleDC(pDC);
+    bitmap.CreateCompatibleBitmap(pDC, std::max<int>(client.Width(), 1), std::max<int>(client.Height(), 1));
+    CBitmap* bitmapBefore = memory.SelectObject(&bitmap);
+    CFont* fontBefore = memory.SelectObject(&GuiFont());
+    memory.FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
+    memory.SetBkMode(TRANSPARENT);
+    const int height = RowHeight();
+    CRect place(0, 0, client.right, height);
+    for (std::size_t i = static_cast<std::size_t>(m_top); i < m_rows.size() && place.top < client.bottom; ++i) {
+        DrawRow(memory, m_rows[i], place, static_cast<int>(i) == m_chosen);
+        place.OffsetRect(0, height);
+    }
+    pDC->BitBlt(0, 0, client.Width(), client.Height(), &memory, 0, 0, SRCCOPY);
+    memory.SelectObject(fontBefore);
+    memory.SelectObject(bitmapBefore);
+}

@@ -1,0 +1,61 @@
+// View > Agenda: the items as a list by days that goes on at both ends as one scrolls.
+#pragma once
+
+#include <afxext.h>
+#include <afxwin.h>
+
+#include "planner/AgendaRows.h"
+
+#include <optional>
+#include <vector>
+
+// Sent to the frame: another line is chosen, or a line is to be opened (wParam 1).
+constexpr UINT WM_PLANNER_CHOSEN = WM_APP + 2;
+
+class CAgendaView : public CView
+{
+    DECLARE_DYNCREATE(CAgendaView)
+
+public:
+    // Brings the day to the top; what is shown is read again.
+    void GoTo(planner::DayNumber day);
+    planner::DayNumber TopDay() const;
+    // Reads again and stays where it is.
+    void Reload();
+    bool Choose(const planner::OccurrenceId& id);
+    std::optional<planner::Occurrence> Chosen() const;
+
+protected:
+    void OnDraw(CDC* pDC) override;
+    BOOL PreCreateWindow(CREATESTRUCT& cs) override;
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnSetFocus(CWnd* pOldWnd);
+    afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg UINT OnGetDlgCode();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    planner::Document* Calendar();
+    void Read(planner::DayNumber from, planner::DayNumber to);
+    void Grow(); // at the end that is near
+    void ScrollTo(int row);
+    void ChooseRow(int row);
+    void PlaceBar();
+    int RowHeight();
+    int PageRows();
+    void DrawRow(CDC& dc, const planner::AgendaRow& row, const CRect& place, bool isChosen);
+
+    std::vector<planner::Occurrence> m_occurrences;
+    std::vector<planner::AgendaRow> m_rows;
+    planner::DayNumber m_from = 0, m_to = 0; // read
+    planner::DayNumber m_today = 0;
+    int m_top = 0;     // row
+    int m_chosen = -1; // row
+    int m_wheel = 0;   // left over of the last turn
+};

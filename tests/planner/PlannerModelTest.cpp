@@ -1,0 +1,124 @@
+// Search, reminders, settings and texts of the planner: what works without its windows.
+#include "planner/IniText.h"
+#include "planner/Reminders.h"
+#include "planner/Search.h"
+#include "planner/Words.h"
+#include "tests/ical/CalendarTesting.h"
+
+namespace {
+
+using namespace planner;
+
+TEST(SearchTest, FindsEveryWordInAnyFieldAndTheNearestOfASeries)
+{
+    Document document;
+    document.Load(Joined({"BEGIN:VCALENDAR",
+                          "BEGIN:VEVENT",
+                          "UID:s",
+                          "DTSTART:20260101T090000",
+                          "RRULE:FREQ=WEEKLY;COUNT=20",
+                          "SUMMARY:Team MEETING",
+                          "LOCATION:Room 4",
+                          "END:VEVENT",
+                          "BEGIN:VEVENT",
+                          "UID:b",
+                          "DTSTART;VALUE=DATE:20260301",
+                          u8"SUMMARY:ｶﾒﾗ カメラ Ｚürich",
+                          "DESCRIPTION:team building",
+                          "END:VEVENT",
+                          "BEGIN:VEVENT",
+                          "UID:c",
+                          "DTSTART:20250301T090000",
+                          "SUMMARY:Other",
+                          "CATEGORIES:Team",
+                          "END:VEVENT",
+                          "END:VCALENDAR"}));
+    const auto found = [&](const char* query, const char* now) { return Shown(Search(document, query, At(now))); };
+    EXPECT_EQ(found("team", "20260203"), "20250301T0900/20250301T0900 20260205T0900/20260205T0900 20260301/20260302*");
+    EXPECT_EQ(found("meeting 4", "20280101"), "20260514T0900/20260514T0900") << "the last one when all are over";
+    for (const char* query : {u8"zürich かめら", u8"ZÜRICH"}) {
+        EXPECT_EQ(found(query, "20260101"), "20260301/20260302*");
+    }
+    EXPECT_EQ(found("team xyz", "20260101") + found("", "20260101") + found("  ", "20260101"), "");
+}
+
+TEST(ReminderTest, AreDueUntilTheyAreDismissedOrSleep)
+{
+    Document document;
+    document.Load(Joined({"BEGIN:VCALENDAR",
+                          "BEGIN:VEVENT",
+                          "UID:s",
+                          "DTSTART:20260415T090000Z",
+                          "RRULE:FREQ=DAILY",
+                          "SUMMARY:S",
+                          "BEGIN:VALARM",
+                          "TRIGGER:-PT10M",
+                          "END:VALARM",
+                          "END:VEVENT",
+                          "BEGIN:VEVENT",
+                          "UID:f",
+                          "DTSTART:20260420T120000",
+                          "SUMMARY:F",
+                          "BEGIN:VALARM",
+                          "TRIGGER:PT0S",
+                          "END:VALARM",
+                          "BEGIN:VALARM",
+                          "ACTION:EMAIL",
+                          "TRIGGER:-PT4H",
+                          "END:VALARM",
+                          "END:VEVENT",
+                          "END:VCALENDAR"}));
+    Reminders reminders;
+    const auto due = [&](const char* utc, const char* local) {
+        std::string text;
+        for (const DueReminder& each : reminders.DueAt(document, {At(utc), At(local)})) {
+            text += each.occurrence.event->summary + Shown(each.alarm) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(due("20260415T0849", "20260415T0849"), "");
+    EXPECT_EQ(due("20260415T0850", "20260415T0850"), "S20260415T0850 ");
+    const auto first = reminders.DueAt(document, {At("20260415T0850"), 0}).front();
+    reminders.Snooze(first.occurrence.id, At("20260415T0855"));
+    EXPECT_EQ(due("20260415T0854", "20260415T0854"), "");
+    EXPECT_EQ(due("20260415T0855", "20260415T0855"), "S20260415T0850 ");
+    ASSERT_TRUE(document.Acknowledge(first.occurrence.id, At("20260415T0855")).isDone);
+    EXPECT_EQ(due("20260415T0856", "20260415T0856"), "");
+    EXPECT_EQ(due("20260416T0850", "20260416T0850"), "S20260416T0850 ") << "the next one of the series";
+    EXPECT_EQ(due("20260420T0300", "20260420T1200"), "S20260419T0850 F20260420T1200 ")
+        << "floating: on the local clock";
+    EXPECT_EQ(due("20270420T0300", "20270420T1200"), "S20270419T0850 ") << "nothing of last year";
+}
+
+TEST(IniTextTest, KeepsWhatItDoesNotKnow)
+{
+    IniText ini("\xEF\xBB\xBF; by hand\r\n[View]\r\nname = month\nunknown=1\n\n[Files]\nfile1=a.ics\nfile2=\n");
+    EXPECT_EQ(ini.Get("view", "Name"), "month");
+    EXPECT_EQ(ini.Get("Files", "name", "none"), "none") << "another section's";
+    EXPECT_EQ(ini.GetNumber("View", "name", 7), 7);
+    EXPECT_EQ(ini.GetList("Files", "file"), (std::vector<std::string>{"a.ics"}));
+    ini.Set("View", "name", "week");
+    ini.Set("View", "days", 4);
+    ini.Set("Window", "title", "two\nlines");
+    ini.SetList("Files", "file", {u8"予定.ics", "b.ics", "c.ics"});
+    ini.SetList("Files", "file", {u8"予定.ics"});
+    const std::string text = ini.Text();
+    EXPECT_EQ(text,
+              u8"; by hand\r\n[View]\r\nname=week\r\nunknown=1\r\ndays=4\r\n\r\n[Files]\r\nfile1=予定.ics\r\nfile2=\r\n"
+              u8"file3=\r\n\r\n[Window]\r\ntitle=two lines\r\n");
+    EXPECT_EQ(IniText(text).Text(), text);
+    EXPECT_EQ(IniText(text).GetList("Files", "file").size(), 1u);
+}
+
+TEST(WordsTest, AreInTheUsersLanguage)
+{
+    SetLanguage(Language::Japanese);
+    EXPECT_EQ(Tr("Cancel"), u8"キャンセル");
+    EXPECT_EQ(Tr("Every %1 days", "3"), u8"3日ごと");
+    EXPECT_EQ(Tr("a text of somebody's"), "a text of somebody's");
+    SetLanguage(Language::English);
+    EXPECT_EQ(Tr("Cancel"), "Cancel");
+    EXPECT_EQ(Tr("%1 of %2", "a", "b"), "a of b");
+}
+
+} // namespace

@@ -1,0 +1,109 @@
+// Dates and times as people type them.
+#include "planner/TypedDate.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace planner;
+
+constexpr DayNumber kToday = DayOfDate(2026, 11, 20); // a Friday
+
+std::string Read(const char* text, DayNumber shown = kToday)
+{
+    const auto day = ParseTypedDate(text, {kToday, shown, 1});
+    return day ? DateText(*day) : "";
+}
+
+TEST(TypedDate, ReadsWhatPeopleWrite)
+{
+    const struct
+    {
+        const char* text;
+        const char* day;
+    } rows[] = {
+        {"2026-11-24", "2026-11-24"},
+        {"20261124", "2026-11-24"},
+        {" 2026/3/1 ", "2026-03-01"},
+        {"24.11", "2026-11-24"},
+        {"24.11.", "2026-11-24"},
+        {"24.11.27", "2027-11-24"},
+        {"11/24", "2026-11-24"},
+        {"24/11", "2026-11-24"},
+        {"1/5", "2027-01-05"}, // nearer than last January's
+        {"24", "2026-11-24"},
+        {"24 nov", "2026-11-24"},
+        {"Nov 24th, 2027", "2027-11-24"},
+        {"24. November", "2026-11-24"},
+        {"today", "2026-11-20"},
+        {"Tomorrow", "2026-11-21"},
+        {"friday", "2026-11-20"},
+        {"mon", "2026-11-23"},
+        {"next friday", "2026-11-27"},
+        {"last friday", "2026-11-13"},
+        {"next week", "2026-11-27"},
+        {"next month", "2026-12-20"},
+        {"+3", "2026-11-23"},
+        {"-20", "2026-10-31"},
+        {"in 2 weeks", "2026-12-04"},
+        {"3 days ago", "2026-11-17"},
+        {u8"令和8年11月24日", "2026-11-24"},
+        {u8"令和元年5月1日", "2019-05-01"},
+        {u8"昭和３９年１０月１０日", "1964-10-10"},
+        {"R8.11.24", "2026-11-24"},
+        {u8"2026年11月24日", "2026-11-24"},
+        {u8"11月24日", "2026-11-24"},
+        {u8"２４日", "2026-11-24"},
+        {u8"明後日", "2026-11-22"},
+        {u8"来週の金曜", "2026-11-27"},
+        {u8"先週の月曜日", "2026-11-09"},
+        {u8"土曜日", "2026-11-21"},
+        {u8"3日後", "2026-11-23"},
+        {u8"2週間前", "2026-11-06"},
+        {u8"来月", "2026-12-20"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Read(row.text), row.day) << row.text;
+    }
+    EXPECT_EQ(Read("29.2", DayOfDate(2028, 1, 1)), "2028-02-29");
+    EXPECT_EQ(Read("5", DayOfDate(2024, 2, 10)), "2024-02-05") << "of the shown month";
+}
+
+TEST(TypedDate, RefusesWhatIsNoDate)
+{
+    for (const char* text : {"", "soon", "31.2", "2026-13-01", "32", "next", "24.11.2026.5", u8"令和", u8"13月1日",
+                             "2026-", "99999999", "in days", "fri day", "+99999", "ne"}) {
+        EXPECT_EQ(Read(text), std::string(text) == "next" ? "2026-11-27" : "") << text;
+    }
+}
+
+TEST(TypedDate, ReadsClocks)
+{
+    const struct
+    {
+        const char* text;
+        const char* clock;
+    } rows[] = {{"9", "9:00"},
+                {"9:30", "9:30"},
+                {"930", "9:30"},
+                {"1745", "17:45"},
+                {"9.30", "9:30"},
+                {"9:30 PM", "21:30"},
+                {"12am", "0:00"},
+                {"12 pm", "12:00"},
+                {u8"9時半", "9:30"},
+                {u8"１４：３０", "14:30"},
+                {u8"午後3時15分", "15:15"},
+                {u8"午前0時", "0:00"}};
+    for (const auto& row : rows) {
+        const auto time = ParseTypedClock(row.text);
+        ASSERT_TRUE(time) << row.text;
+        EXPECT_EQ(ClockText(*time), row.clock) << row.text;
+    }
+    EXPECT_EQ(ParseTypedClock("24:00"), std::optional<LocalTime>(kDaySeconds));
+    for (const char* text : {"", "25", "9:60", "24:01", "13pm", "nine", "9:30x", "-1"}) {
+        EXPECT_FALSE(ParseTypedClock(text)) << text;
+    }
+}
+
+} // namespace
