@@ -6,6 +6,7 @@ lint_packages=(clang-format clang-tidy)
 windows_packages=(g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix)
 wine_packages=(wine wine32:i386 wine64 fonts-wine fonts-ipafont-gothic fonts-liberation locales xvfb xdotool imagemagick
     procps)
+calendar_packages=(python3-icalendar python3-dateutil) # an independent reader of calendar files
 paper_packages=(ghostscript poppler-utils) # printed pages into pictures and facts
 
 # need_packages PACKAGE...: installs those that are missing; asks apt for nothing when none is.

@@ -66,7 +66,7 @@ build_tests() {
     local preset=$1 only=$2
     if [ "$only" = package ] || [ "$only" = stress ]; then
         return # these build what they need themselves
-    elif [ "$only" = drive ]; then
+    elif [ "$only" = drive ] || [ "$only" = week ]; then
         [ "$preset" != win32 ] || build win32 planner
     elif [ "$only" = pages ]; then
         [ "$preset" != win32 ] || build win32 planner add_printer
@@ -131,6 +131,9 @@ test_lane() {
     if [ -z "$only" ] || [ "$only" = drive ]; then
         drive_planner "$system" "$@"
     fi
+    if [ -z "$only" ] || [ "$only" = week ]; then
+        play_week "$system" "$@"
+    fi
     if [ -z "$only" ] || [ "$only" = pages ]; then
         check_pages "$system" "$@"
     fi
@@ -149,6 +152,16 @@ drive_planner() {
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/drive-$system"
 }
 
+# play_week SYSTEM PRESET...: a week of work with the planner, whose file another reader understands.
+play_week() {
+    local system=$1
+    shift
+    [[ " $* " == *" win32 "* ]] || return 0
+    need_packages "${calendar_packages[@]}"
+    run_plain_program "win32/$system week" bash "$ROOT/tests/outside/planner_week.sh" \
+        "$BUILD/win32/bin/planner.exe" "$BUILD/logs/week-$system"
+}
+
 # check_pages SYSTEM PRESET...: what the planner prints, through the PostScript driver.
 check_pages() {
     local system=$1
@@ -164,7 +177,7 @@ check_pages() {
 run_tests_of() {
     local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments
     shift 3
-    [[ ! "$only" =~ ^(package|stress|drive|pages)$ ]] || return 0
+    [[ ! "$only" =~ ^(package|stress|drive|week|pages)$ ]] || return 0
     while IFS=$'\t' read -r name file arguments; do
         if [ -z "$only" ] || [ "$only" = "$name" ]; then
             # shellcheck disable=SC2086  # the arguments of the list are words

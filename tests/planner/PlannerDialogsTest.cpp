@@ -94,22 +94,25 @@ protected:
     // A dialog of this thread that is shown, by its title.
     static HWND DialogNamed(const char* title)
     {
-        struct Search
-        {
-            std::string title;
-            HWND found = nullptr;
-        } search{title};
-        const auto look = [](HWND window, LPARAM data) -> BOOL {
-            Search& wanted = *reinterpret_cast<Search*>(data);
-            if (::IsWindowVisible(window) && planner::WindowUtf8(window) == wanted.title) {
-                wanted.found = window;
-            }
-            return TRUE;
-        };
-        ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+        DialogSearch search = {title, nullptr};
+        ::EnumThreadWindows(::GetCurrentThreadId(), &PlannerDialogs::Look, reinterpret_cast<LPARAM>(&search));
         return search.found;
     }
     planner::Occurrence At15() { return m_document->Calendar().OccurrencesIn(At("20260415"), At("20260416")).front(); }
+
+    struct DialogSearch
+    {
+        std::string title;
+        HWND found;
+    };
+    static BOOL CALLBACK Look(HWND window, LPARAM data)
+    {
+        DialogSearch& wanted = *reinterpret_cast<DialogSearch*>(data);
+        if (::IsWindowVisible(window) && planner::WindowUtf8(window) == wanted.title) {
+            wanted.found = window;
+        }
+        return TRUE;
+    }
 
     int m_answer = IDCANCEL;
     std::vector<std::string> m_questions;
@@ -154,7 +157,8 @@ TEST_F(PlannerDialogs, TheEventDialogSaysWhatIsWrongBesideTheField)
     const auto said = [&](int label) { return planner::ItemUtf8(dialog, label); };
     EXPECT_EQ(planner::WindowUtf8(dialog), u8"予定");
 
-    type(IDC_TITLE, u8"会議 한국어");
+    const std::string title = u8"会議 한국어"; // beyond every code page
+    type(IDC_TITLE, title.c_str());
     type(IDC_START_DATE, "17.4");
     EXPECT_EQ(said(IDC_END_DATE), "2026-04-17") << "the end keeps its distance";
     EXPECT_EQ(said(IDC_START_PROBLEM) + said(IDC_END_PROBLEM), "");
@@ -172,7 +176,7 @@ TEST_F(PlannerDialogs, TheEventDialogSaysWhatIsWrongBesideTheField)
     EXPECT_EQ(said(IDC_RULE_SENTENCE), u8"毎週 金曜日");
     dialog.SendMessage(WM_COMMAND, IDC_ADD_REMINDER);
     dialog.SendMessage(WM_COMMAND, IDOK);
-    EXPECT_EQ(dialog.Form().title, u8"会議 한국어");
+    EXPECT_EQ(dialog.Form().title, title);
     EXPECT_EQ(dialog.Form().reminders, std::vector<std::int64_t>{600});
     const planner::EventChanges changes = planner::ChangesOf(form, dialog.Form(), nullptr);
     EXPECT_EQ(*changes.rule, "FREQ=WEEKLY;BYDAY=FR");

@@ -1,0 +1,195 @@
+#!/usr/bin/env bash
+# A week of somebody in an office, played through the display: a weekly meeting by the event dialog, one occurrence
+# moved, one deleted, a search, a date that is typed, the print preview, a reminder, and a crash. An independent reader
+# (read_calendar.py) says what it finds in the saved file.
+#
+# planner_week.sh PLANNER.EXE FOLDER: needs Wine's environment and a display of its own; works in the folder.
+set -euo pipefail
+
+planner=$1
+folder=$2
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+file=$folder/week.ics
+deadline_seconds=20
+passed=0
+failed=0
+pid=""
+
+until_true() {
+    local end=$((SECONDS + deadline_seconds))
+    until "$@"; do
+        [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 0.05
+    done
+}
+
+# check WHAT STATUS SEEN
+check() {
+    if [ "$2" -eq 0 ]; then
+        passed=$((passed + 1))
+        echo "ok      $1"
+    else
+        failed=$((failed + 1))
+        echo "FAILED  $1; seen: $3"
+        import -window root "$folder/failed-$failed.png" && echo "        picture: $folder/failed-$failed.png"
+    fi
+}
+
+found() { /usr/bin/python3 "$here/read_calendar.py" "$file" 2026-04-13 2026-05-09 | paste -s -d ';'; }
+file_state() { stat -c '%i %z' "$file"; }
+is_saved() { [ "$(file_state)" != "$1" ]; }
+save() {
+    local before
+    before=$(file_state)
+    xdotool key ctrl+s
+    until_true is_saved "$before"
+}
+reads() { [ "$(found)" = "$1" ]; }
+expect() {
+    local status=0
+    save && until_true reads "$2" || status=1
+    check "$1" "$status" "$(found)"
+}
+
+has_window() { xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
+has_no_window() { ! has_window "$1"; }
+# open_window KEY TITLE
+open_window() {
+    xdotool key "$1"
+    until_true has_window "$2"
+    xdotool search --onlyvisible --name "^$2\$" windowfocus --sync 2>/dev/null || true
+}
+type_text() { xdotool type --delay 0 "$1"; }
+windows_path() { local full; full=$(realpath "$1"); printf 'Z:%s' "${full//\//\\}"; }
+
+start_planner() {
+    wine "$planner" "$(windows_path "$file")" --view week --date 2026-04-15 --size 1000x800 --language en \
+        --settings "$(windows_path "$folder")\\planner.ini" --copy-every 1 &
+    pid=$!
+    timeout 60 xdotool search --sync --onlyvisible --class planner.exe >/dev/null
+}
+trap 'kill $pid 2>/dev/null || true' EXIT
+
+rm -rf "$folder"
+mkdir -p "$folder"
+now=$(date -u +%Y%m%dT%H%M00Z)
+printf '%s\r\n' BEGIN:VCALENDAR VERSION:2.0 PRODID:-//office//EN BEGIN:VEVENT UID:call DTSTAMP:20260401T000000Z \
+    "DTSTART:$now" SUMMARY:Call BEGIN:VALARM ACTION:DISPLAY DESCRIPTION:x TRIGGER:PT0S END:VALARM END:VEVENT \
+    END:VCALENDAR >"$file"
+start_planner
+is_painted() { [ "$(import -window root -crop 960x700+0+60 -format %k info:-)" -ge 16 ]; }
+until_true is_painted || echo "the window stayed empty"
+
+# The reminder of the call that begins now comes up by itself, within its 20 seconds.
+deadline_seconds=45
+status=0
+until_true has_window Reminders || status=1
+check "a reminder comes up" "$status" "no window"
+xdotool search --onlyvisible --name '^Reminders$' windowfocus --sync 2>/dev/null || true
+xdotool key alt+d
+status=0
+until_true has_no_window Reminders || status=1
+deadline_seconds=20
+save || status=1
+grep -q '^ACKNOWLEDGED:' "$file" || status=1
+check "and is dismissed in the file" "$status" "$(cat "$file")"
+
+# Monday: a meeting every week, by the dialog.
+open_window ctrl+g 'Go to date'
+type_text 13.4
+xdotool key Return
+until_true has_no_window 'Go to date'
+open_window ctrl+Insert Item
+type_text 'Team meeting'
+xdotool key alt+s
+type_text 2026-04-13
+xdotool key Tab
+xdotool key ctrl+a
+type_text 9:00
+xdotool key alt+e
+type_text 2026-04-13
+xdotool key Tab
+xdotool key ctrl+a
+type_text 10:30
+xdotool key alt+p
+type_text 'Room 4'
+xdotool key alt+r
+type_text W
+xdotool key alt+l
+xdotool key Return
+until_true has_no_window Item
+series='2026-04-13 09:00 90min Team meeting;2026-04-20 09:00 90min Team meeting'
+series="$series;2026-04-27 09:00 90min Team meeting;2026-05-04 09:00 90min Team meeting"
+expect "a weekly meeting by the dialog" "$series"
+
+# Its second occurrence moves to Tuesday, by the dialog and for this one only.
+open_window ctrl+f Find
+type_text 'team room'
+xdotool key Return
+xdotool key Escape
+until_true has_no_window Find
+open_window ctrl+g 'Go to date'
+type_text 20.4
+xdotool key Return
+until_true has_no_window 'Go to date'
+xdotool key Tab
+open_window ctrl+Return Item
+xdotool key alt+s
+type_text 2026-04-21
+xdotool key Return
+until_true has_window 'Repeated item'
+xdotool key Return
+until_true has_no_window 'Repeated item'
+moved=${series/2026-04-20/2026-04-21}
+expect "one of them moved" "$moved"
+xdotool key ctrl+z
+expect "and back" "$series"
+
+# The third and the following go.
+open_window ctrl+g 'Go to date'
+type_text 27.4
+xdotool key Return
+until_true has_no_window 'Go to date'
+xdotool key Tab
+open_window Delete 'Repeated item'
+xdotool key alt+f
+until_true has_no_window 'Repeated item'
+short=${series%%;2026-04-27*}
+expect "the third and the following deleted" "$short"
+
+# The print preview opens over the view and goes with Escape.
+before=$(import -window root -crop 960x700+0+60 rgb:- | cksum)
+differs() { [ "$(import -window root -crop 960x700+0+60 rgb:- | cksum)" != "$before" ]; }
+xdotool key alt+f
+xdotool key v
+status=0
+until_true differs || status=1
+check "the print preview" "$status" "the same picture"
+xdotool key Escape
+xdotool key Escape
+
+# A crash: what was changed and not saved is offered at the next start.
+open_window ctrl+Insert Item
+type_text Dentist
+xdotool key alt+s
+type_text 2026-04-16
+xdotool key alt+e
+type_text 2026-04-16
+xdotool key Return
+until_true has_no_window Item
+status=0
+until_true test -s "$file.autosave" || status=1
+check "a copy of the unsaved changes" "$status" "$(ls "$folder")"
+kill -9 "$(pgrep -P "$pid" 2>/dev/null | head -n 1)" "$pid" 2>/dev/null || kill -9 "$pid"
+wait "$pid" 2>/dev/null || true
+until_true has_no_window '.* - Planner'
+start_planner
+status=0
+until_true has_window Planner || status=1
+check "is offered after the crash" "$status" "no question"
+xdotool key alt+y
+until_true is_painted
+expect "and is there again" "2026-04-13 09:00 90min Team meeting;2026-04-16 00:00 1440min Dentist;${short#*;}"
+
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
