@@ -61,9 +61,8 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
 
 bool IsOption(const std::string& argument)
 {
-    static const char* const options[] = {"--view",  "--date",     "--size",     "--shot",       "--pages",
-                                          "--paper", "--language", "--settings", "--copy-every", "--theme",
-                                          "--scale"};
+    static const char* const options[] = {"--view",     "--date",     "--size",       "--shot",  "--pages", "--paper",
+                                          "--language", "--settings", "--copy-every", "--theme", "--scale"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

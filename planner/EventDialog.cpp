@@ -230,7 +230,11 @@ void CEventDialog::Take()
     for (int day = 0; day < 7; ++day) {
         form.rule.weekdays[static_cast<std::size_t>(day)] = IsChecked(IDC_WEEKDAY_FIRST + day);
     }
-    if (form.startDate != m_before.startDate || form.rule.kind != m_before.rule.kind) {
+    if (form.rule.kind != RuleForm::Kind::Weekly) { // to begin with, should it become weekly
+        form.rule.weekdays = {};
+    }
+    if (form.startDate != m_before.startDate || form.rule.kind != m_before.rule.kind ||
+        form.rule.kind != RuleForm::Kind::Weekly) {
         form.rule.weekdays[static_cast<std::size_t>(planner::WeekdayOfDay(start))] = true;
     }
 }
@@ -264,9 +268,7 @@ void CEventDialog::UpdateRule(bool repeats)
     for (int day = 0; day < 7; ++day) { // the start's own weekday always belongs to them
         const HWND box = ::GetDlgItem(m_hWnd, IDC_WEEKDAY_FIRST + day);
         ::EnableWindow(box, m_form.rule.kind == RuleForm::Kind::Weekly && day != weekday);
-        if (day == weekday) {
-            ::SendMessage(box, BM_SETCHECK, BST_CHECKED, 0);
-        }
+        ::SendMessage(box, BM_SETCHECK, m_form.rule.weekdays[static_cast<std::size_t>(day)], 0);
     }
 }
 

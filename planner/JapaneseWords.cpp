@@ -156,6 +156,20 @@ constexpr Pair kPairs[] = {
     {"Show or hide the status bar", u8"ステータス バーの表示を切り替えます"},
     {"Tell what this program is", u8"このプログラムについて表示します"},
 
+    {"&Zoom", u8"拡大・縮小(&Z)"},
+    {"Zoo&m", u8"拡大・縮小(&M)"},
+    {"&Larger", u8"大きく(&L)"},
+    {"&Smaller", u8"小さく(&S)"},
+    {"&100 %", u8"100 %(&1)"},
+    {"Colours as the system is: light, dark or of high contrast", u8"システムに合わせた配色にします"},
+    {"Light, quiet colours", u8"明るく落ち着いた配色にします"},
+    {"The colours that the controls begin with", u8"コントロールの元の配色にします"},
+    {"Dark colours", u8"暗い配色にします"},
+    {"The system's colours alone", u8"システムの色だけを使います"},
+    {"Show the view larger", u8"表示を大きくします"},
+    {"Show the view smaller", u8"表示を小さくします"},
+    {"Show the view in its own size", u8"表示を元の大きさにします"},
+
     // Tool bar
     {"Open", u8"開く"},
     {"Save", u8"保存"},

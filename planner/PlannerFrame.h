@@ -37,7 +37,7 @@ public:
         CSize size = CSize(1180, 860); // pixels
         bool asList = false;           // printed as a list of items
         planner::ThemeChoice theme = planner::ThemeChoice::System;
-        int dpi = 0; // of bars, panes and views; 0: the screen's
+        int dpi = 0;            // of bars, panes and views; 0: the screen's
         UINT copySeconds = 120; // between the copies that are kept of changes
     };
     static Start s_start;

@@ -96,8 +96,12 @@ void SetWindowUtf8(HWND window, std::string_view utf8)
 
 std::string WindowUtf8(HWND window)
 {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = ::GetWindowTextW(window, &text[0], static_cast<int>(text.size()));
+    constexpr std::size_t longestTitle = 512;
+    const bool isWide = ::IsWindowUnicode(window) != FALSE;
+    std::wstring text(isWide ? static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1 : longestTitle, L'\0');
+    const int room = static_cast<int>(text.size());
+    const int length = isWide ? ::GetWindowTextW(window, &text[0], room)
+                              : ::InternalGetWindowText(window, &text[0], room); // past its own narrow procedure
     std::string utf8;
     for (const char c : Utf8Of(std::wstring_view(text).substr(0, static_cast<std::size_t>(length)))) {
         if (c != '\r') {
