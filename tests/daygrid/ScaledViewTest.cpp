@@ -61,3 +61,17 @@ TYPED_TEST(ScaledView, ItemsAreHitWhereTheyAre)
         EXPECT_EQ(scene.view->HitTest(hit), -1) << dpi;
     }
 }
+
+TEST(ScaledYear, ComboBoxGetsTheNewFontAndPlace)
+{
+    Scene<CYearViewCtrl> scene(Day(4, 22));
+    CComboBox combo;
+    ASSERT_TRUE(scene.view->CreateComboBox(&combo, 1, 150, WS_VISIBLE | CBS_DROPDOWNLIST, nullptr));
+    scene.view->SetScale(192);
+    EXPECT_EQ(reinterpret_cast<HFONT>(combo.SendMessage(WM_GETFONT)),
+              static_cast<HFONT>(scene.view->GetFont(0)->GetSafeHandle()))
+        << "not the font that is gone";
+    CRect place;
+    combo.GetWindowRect(&place);
+    EXPECT_EQ(place.Width(), 400);
+}

@@ -95,6 +95,24 @@ void CYearViewCtrl::MoveRightward(UINT nFlags)
 void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CBoxViewCtrl::OnSize(nType, cx, cy);
+    PlaceCombo();
+}
+
+void CYearViewCtrl::ScaleChanged(const ViewScale& before)
+{
+    const WindowAlive alive(this, m_life);
+    CBoxViewCtrl::ScaleChanged(before); // the combo box's font is gone
+    if (!alive) {
+        return;
+    }
+    if (CComboBox* combo = LiveCombo()) {
+        combo->SetFont(GetFont(0), TRUE);
+        PlaceCombo();
+    }
+}
+
+void CYearViewCtrl::PlaceCombo()
+{
     if (CComboBox* combo = LiveCombo()) {
         const int left = m_rcCaption.right - m_scale.Of(kComboRight) - m_scale.Of(kComboWidth);
         const CRect rect(left, m_rcCaption.top + m_scale.Of(kComboTop), left + m_scale.Of(kComboWidth),

@@ -42,6 +42,7 @@ protected:
     // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.
     virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
 
+    void ScaleChanged(const dayvane::ViewScale& before) override;
     void MoveLeftward(UINT nFlags) override;
     void MoveRightward(UINT nFlags) override;
 
@@ -59,6 +60,7 @@ protected:
 
 private:
     CComboBox* LiveCombo() const;
+    void PlaceCombo();
 
     HWND m_hComboBox = nullptr; // shows whether m_pComboBox is still there
     CBitmap m_bmMore;
