@@ -22,37 +22,41 @@ planner-conference-{view} conference-2017 day,week                              
 TABLE
 }
 
-# Printed pages: name, calendar, view, date, paper.
+# Printed pages: name, calendar, view, date, paper, and how many of the sheets are kept.
 list_pages() {
     cat <<'TABLE'
-page-month            office           month     2026-11-20  A4
-page-december         office           month     2026-12-10  A4
-page-letter           office           month     2026-12-10  Letter-portrait
-page-list             office           list      2026-11-20  A4
-page-year             office           year      2026-11-20  A4
-page-workweek         office           workweek  2026-11-20  A4
-page-diary            office           diary     2026-11-20  A4
-page-day              office           day       2026-11-20  A4
-page-conference       conference-2017  month     2017-04-25  A4
-page-conference-week  conference-2017  week      2017-04-25  A4
-page-conference-day   conference-2017  day       2017-04-25  A4
+page-month            office           month     2026-11-20  A4               2
+page-december         office           month     2026-12-10  A4               1
+page-letter           office           month     2026-12-10  Letter-portrait  1
+page-list             office           list      2026-11-20  A4               1
+page-year             office           year      2026-11-20  A4               1
+page-workweek         office           workweek  2026-11-20  A4               1
+page-diary            office           diary     2026-11-20  A4               1
+page-day              office           day       2026-11-20  A4               1
+page-conference       conference-2017  month     2017-04-25  A4               2
+page-conference-week  conference-2017  week      2017-04-25  A4               1
+page-conference-day   conference-2017  day       2017-04-25  A4               1
 TABLE
 }
 
 # shots [NAME]: all pictures, or those whose name begins so.
 command_shots() {
-    local wanted=${1:-} name file views view date theme scale size system paper calendar
+    local wanted=${1:-} name file views view date theme scale size system paper kept calendar picture number
     while read -r -u 3 name file views date theme scale size system; do
         for view in ${views//,/ }; do
             shoot_if_wanted "$wanted" "${name//\{view\}/$view}" "$file" --view "$view" \
                 --date "$date" --theme "$theme" --scale "$scale" --size "$size" --system "$system"
         done
     done 3< <(list_windows)
-    while read -r -u 3 name file view date paper; do
+    while read -r -u 3 name file view date paper kept; do
         case $name in "$wanted"*) ;; *) continue ;; esac
         calendar=$(calendar_named "$file") || continue
         in_subshell command_run "$calendar" --view "$view" --date "$date" --paper "$paper" \
             --pages "$shots_folder/$name" || die "The pages $name could not be made."
+        for picture in "$shots_folder/$name"-[0-9]*.png; do
+            number=${picture%.png}
+            [ "${number##*-}" -le "$kept" ] || rm -f "$picture"
+        done
         shrink_pictures "$shots_folder/$name"-[0-9]*.png
     done 3< <(list_pages)
 }
