@@ -37,7 +37,7 @@ set(DAYVANE_MFC_DIRS mfc/base)
 if(WIN32)
   list(APPEND DAYVANE_MFC_DIRS mfc/win)
 endif()
-set(DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}" "${CMAKE_SOURCE_DIR}/include")
+set(DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}" "${CMAKE_SOURCE_DIR}/include" "${CMAKE_BINARY_DIR}/include")
 foreach(dir ${DAYVANE_MFC_DIRS})
   list(APPEND DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}/${dir}")
 endforeach()
@@ -118,8 +118,8 @@ function(dayvane_add_library)
   get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
   target_sources(Dayvane
     PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}" FILES ${headers}
-    PUBLIC FILE_SET entrance TYPE HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/include"
-    FILES "${CMAKE_SOURCE_DIR}/include/dayvane/Dayvane.h")
+    PUBLIC FILE_SET entrance TYPE HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/include" "${CMAKE_BINARY_DIR}/include"
+    FILES "${CMAKE_SOURCE_DIR}/include/dayvane/Dayvane.h" "${CMAKE_BINARY_DIR}/include/dayvane/Version.h")
   foreach(dir ${DAYVANE_INCLUDE_DIRS})
     target_include_directories(Dayvane PUBLIC $<BUILD_INTERFACE:${dir}>)
   endforeach()

@@ -42,6 +42,7 @@ command_test() {
         step "Testing the reading of test results and the format of the sources"
         run_plain_program "dev results" bash "$ROOT/tests/dev/results_test.sh"
         run_plain_program "dev format" bash "$ROOT/dev" format --check
+        run_plain_program "dev generate" bash "$ROOT/dev" generate --check
     fi
     local windows_presets=()
     for preset in "${presets[@]}"; do
@@ -278,6 +279,13 @@ build_package_host() {
         -S "$ROOT/tests/package" -B "$host" -DCMAKE_PREFIX_PATH="$prefix" \
         -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_BUILD_TYPE=Release "${toolchain[@]}"
     run_logged "package-$preset" "Building a host of the $preset package" ninja -C "$host"
+    case $preset in
+        win*)
+            need_packages "${lint_packages[@]}" # clang and lld
+            run_logged "package-$preset-c" "Building the C hosts of the $preset package" \
+            bash "$ROOT/tests/package/c/build.sh" "$prefix" "$preset" "$host/c"
+            ;;
+    esac
 }
 
 # run_package_host PRESET LABEL RUNNER...
@@ -289,6 +297,10 @@ run_package_host() {
         [ -e "$host" ] || host=$host.exe
         [ -e "$host" ] || [ "$program" != guide_host ] || continue # the guide is about windows
         run_plain_program "$label package ${program%_host}" "$@" "$host"
+    done
+    for program in c_host dialog_host abi_host; do
+        host=$BUILD/package/$preset-host/c/$program.exe
+        [ ! -e "$host" ] || run_plain_program "$label package ${program%_host}" "$@" "$host"
     done
 }
 

@@ -4,6 +4,8 @@
 // windows, that is the records and the calendar arithmetic.
 #pragma once
 
+#include <dayvane/Version.h>
+
 #include "calc/CalcHoliday.h"
 #include "calc/DayCalendar.h"
 #include "calc/Eras.h"

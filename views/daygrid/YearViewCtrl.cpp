@@ -58,10 +58,15 @@ BOOL CYearViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT 
     if (!CBoxViewCtrl::Create(dwStyle, rect, pParent, nID, pContext)) {
         return FALSE;
     }
+    LoadMarks();
+    return TRUE;
+}
+
+void CYearViewCtrl::LoadMarks()
+{
     if (!m_bmMore.GetSafeHandle()) {
         m_bmMore.LoadBitmap(kMoreBitmap);
     }
-    return TRUE;
 }
 
 void CYearViewCtrl::OnDestroy()

@@ -32,6 +32,7 @@ public:
     const CRect& GetMonthRect(int nMonth) const { return GetBox(nMonth); }
 
 protected:
+    void LoadMarks(); // the picture of the more-items mark, once there is a window
     std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
     BOOL IsBarTextCentered(BOOL bFullday) override; // no: the dates stand below each other
 
