@@ -7,7 +7,8 @@
 
 namespace dayvane {
 
-// As the system's DrawText: draws in the selected font and returns the height.
+// As the system's DrawText: draws in the selected font and returns the height. Characters that its face lacks come from
+// a face that has them.
 int DrawWideText(CDC& dc, const std::u16string& text, CRect rect, UINT format);
 
 // The size of the text in one line in the selected font, pixels.

@@ -1,5 +1,7 @@
 #include "views/daygrid/TextCache.h"
 
+#include "core/MixedText.h"
+
 #include <climits>
 #include <vector>
 
@@ -10,15 +12,28 @@ constexpr size_t kMaxLines = 4096; // a few screens full of texts
 constexpr wchar_t kEllipsis[] = L"...";
 constexpr int kEllipsisLength = 3;
 
-std::wstring OneLine(const std::u16string& text)
+std::u16string OneLine(std::u16string text)
 {
-    std::wstring line(text.begin(), text.end());
-    for (wchar_t& character : line) {
-        if (character < L' ') {
-            character = L' ';
+    for (char16_t& unit : text) {
+        if (unit < u' ') {
+            unit = u' ';
         }
     }
-    return line;
+    return text;
+}
+
+std::wstring WideOf(const std::u16string& text)
+{
+    return std::wstring(text.begin(), text.end());
+}
+
+// So many units that the ellipsis fits behind them, no half of a character among them.
+int CutBefore(const std::u16string& line, const std::vector<int>& ends, int fitting, int room)
+{
+    while (fitting > 0 && (ends[fitting - 1] > room || IS_HIGH_SURROGATE(line[fitting - 1]))) {
+        --fitting;
+    }
+    return fitting;
 }
 
 } // namespace
@@ -56,7 +71,11 @@ const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
 
 TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const std::u16string& text, int room)
 {
-    Line line = {OneLine(text), 0};
+    const std::u16string plain = OneLine(text);
+    if (IsMixedText(pDC->GetSafeHdc(), plain)) {
+        return MakeMixedLine(pDC, font, plain, room);
+    }
+    Line line = {WideOf(plain), 0, false};
     const int length = static_cast<int>(line.text.size());
     std::vector<int> ends(length + 1, 0); // the width up to and with each character
     SIZE size = {};
@@ -66,12 +85,21 @@ TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const std::
     if (size.cx <= room) {
         return line;
     }
-    while (fitting > 0 && ends[fitting - 1] + font.ellipsisWidth > room) {
-        --fitting;
-    }
+    fitting = CutBefore(plain, ends, fitting, room - font.ellipsisWidth);
     line.text = line.text.substr(0, fitting) + kEllipsis;
     line.width = (fitting > 0 ? ends[fitting - 1] : 0) + font.ellipsisWidth;
     return line;
+}
+
+TextCache::Line TextCache::MakeMixedLine(CDC* pDC, const FontFacts& font, const std::u16string& line, int room)
+{
+    const MixedText whole(pDC->GetSafeHdc(), line);
+    if (whole.Width() <= room) {
+        return {WideOf(line), whole.Width(), true};
+    }
+    const int fitting = CutBefore(line, whole.Ends(), static_cast<int>(line.size()), room - font.ellipsisWidth);
+    return {WideOf(line.substr(0, fitting)) + kEllipsis,
+            (fitting > 0 ? whole.Ends()[fitting - 1] : 0) + font.ellipsisWidth, true};
 }
 
 const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const std::u16string& text, int room)
@@ -106,6 +134,11 @@ void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const std::u16string& text,
         x += rect.Width() - line.width;
     }
     const int y = (format & DT_VCENTER) ? rect.top + (rect.Height() - height) / 2 : rect.top;
+    if (line.isMixed) {
+        const MixedText mixed(pDC->GetSafeHdc(), std::u16string(line.text.begin(), line.text.end()));
+        mixed.Draw(x, y, rect, 0, line.text.size());
+        return;
+    }
     const bool fits = line.width <= rect.Width() && height <= rect.Height();
     ::ExtTextOutW(pDC->GetSafeHdc(), x, y, fits ? 0 : ETO_CLIPPED, &rect, line.text.c_str(),
                   static_cast<UINT>(line.text.size()), nullptr);

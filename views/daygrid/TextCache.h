@@ -49,12 +49,14 @@ private:
     struct Line
     {
         std::wstring text;
-        int width; // pixels
+        int width;    // pixels
+        bool isMixed; // see MixedText
     };
 
     const FontFacts& FactsOf(CDC* pDC, CFont* pFont);
     const Line& LineFor(CDC* pDC, CFont* pFont, const std::u16string& text, int room);
     static Line MakeLine(CDC* pDC, const FontFacts& font, const std::u16string& text, int room);
+    static Line MakeMixedLine(CDC* pDC, const FontFacts& font, const std::u16string& line, int room);
 
     std::unordered_map<HGDIOBJ, FontFacts> m_fonts;
     std::unordered_map<Key, Line, KeyHash> m_lines;
