@@ -1,6 +1,7 @@
 #include "planner/EventDialog.h"
 
 #include "core/DateMath.h"
+#include "planner/CalendarLanguage.h"
 #include "planner/ItemBridge.h"
 #include "planner/TypedDate.h"
 #include "planner/Words.h"
@@ -116,6 +117,7 @@ void CEventDialog::MakeCalendar()
     ScreenToClient(&place);
     m_calendar.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, place, this, IDC_DATE_MONTH);
     m_calendar.SetRangeSelect(FALSE);
+    m_calendar.SetTexts(planner::CalendarTextsOf(planner::CurrentLanguage() == planner::Language::Japanese));
     m_calendar.SetFirstDayOfWeek(m_choices.isMondayFirst ? dayvane::kMonday : dayvane::kSunday);
     m_calendar.SetRowAndCol(1, 1);
     const CSize size = m_calendar.GetGridSize();

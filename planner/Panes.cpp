@@ -12,6 +12,7 @@ namespace {
 // Pixels
 constexpr int kPaneMargin = 6;
 constexpr int kEdgeWidth = 1; // the line to the view
+constexpr COLORREF kBusyDot = RGB(90, 143, 203);
 constexpr int kMessageLines = 4;
 constexpr int kMessageFrame = 6;
 
@@ -72,16 +73,23 @@ BOOL CSidePane::Create(CWnd* pParent, UINT nID)
         return FALSE;
     }
     m_calendar.SetRangeSelect(FALSE);
-    m_calendar.SetBoldCallback(&CSidePane::IsBold, reinterpret_cast<LPARAM>(this));
+    m_calendar.SetDotCallback(&CSidePane::DotOf, reinterpret_cast<LPARAM>(this));
     return TRUE;
 }
 
-BOOL CSidePane::IsBold(const COleDateTime& date, LPARAM lParam)
+COLORREF CSidePane::DotOf(const COleDateTime& date, LPARAM lParam)
 {
     CSidePane& pane = *reinterpret_cast<CSidePane*>(lParam);
     const planner::Document* document = pane.m_pfnDocument(pane.m_lParam);
-    return document && date.GetStatus() == COleDateTime::valid &&
-           pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
+    const bool isBusy = document && date.GetStatus() == COleDateTime::valid &&
+                        pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
+    return isBusy ? kBusyDot : CLR_NONE;
+}
+
+void CSidePane::SetTexts(const CalendarTexts& texts)
+{
+    m_calendar.SetTexts(texts);
+    m_calendar.Refresh();
 }
 
 void CSidePane::SetFirstDayOfWeek(int nDay)

@@ -11,7 +11,7 @@
 class CSidePane : public CWnd
 {
 public:
-    // Days with items of the document are bold; without a document (nullptr) none are.
+    // Days with items of the document have a dot; without a document (nullptr) none are.
     typedef planner::Document* (*PFNDOCUMENT)(LPARAM lParam);
     CSidePane(PFNDOCUMENT pfnDocument, LPARAM lParam) : m_pfnDocument(pfnDocument), m_lParam(lParam) {}
 
@@ -20,6 +20,7 @@ public:
     // Selects the day; its month comes into view when it is not yet there.
     void Follow(const COleDateTime& day);
     void DocumentChanged();
+    void SetTexts(const CalendarTexts& texts);
     void SetTheme(planner::ThemeChoice choice);
     void SetScale(int dpi);
     // The day under a point of the screen, which a dragged item is dropped on; FALSE: none.
@@ -28,7 +29,7 @@ public:
     int Width() const;
 
 protected:
-    static BOOL IsBold(const COleDateTime& date, LPARAM lParam);
+    static COLORREF DotOf(const COleDateTime& date, LPARAM lParam);
     BOOL IsShown(const COleDateTime& day) const;
 
     afx_msg void OnSize(UINT nType, int cx, int cy);

@@ -14,6 +14,7 @@ protected:
     BOOL OnInitDialog() override
     {
         CDialog::OnInitDialog();
+        planner::KeepWideTitle(m_hWnd);
         planner::TranslateWindow(m_hWnd);
         return TRUE;
     }

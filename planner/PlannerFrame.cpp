@@ -6,6 +6,7 @@
 #include "core/DateMath.h"
 #include "core/WindowHelpers.h"
 #include "planner/AgendaView.h"
+#include "planner/CalendarLanguage.h"
 #include "planner/FindDialog.h"
 #include "planner/ItemBridge.h"
 #include "planner/ReminderDialog.h"
@@ -427,6 +428,10 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     ctrl.SetScale(m_dpi * m_zoom / 100);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
+    const CalendarTexts texts = planner::CalendarTextsOf(planner::CurrentLanguage() == planner::Language::Japanese);
+    ctrl.SetTexts(texts);
+    m_sidePane.SetTexts(texts);
+    m_toolBar.SetTexts(texts);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);
 }
 

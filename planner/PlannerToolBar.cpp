@@ -71,7 +71,8 @@ void CPlannerToolBar::ShowTexts()
             std::wstring text = planner::Wide(planner::Tr(tool.text));
             TBBUTTONINFOW info = {};
             info.cbSize = sizeof(info);
-            info.dwMask = TBIF_TEXT;
+            info.dwMask = TBIF_TEXT | TBIF_STYLE;
+            info.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE; // measures it anew
             info.pszText = &text[0];
             ::SendMessageW(m_hWnd, TB_SETBUTTONINFOW, tool.command, reinterpret_cast<LPARAM>(&info));
         }

@@ -11,7 +11,8 @@ class CPlannerToolBar : public CToolBar
 {
 public:
     BOOL Create(CWnd* pParent);
-    void ShowTexts(); // in the user's language
+    void SetTexts(const CalendarTexts& texts) { m_picker.SetTexts(texts); } // of the picker
+    void ShowTexts();                                                       // in the user's language
     // Shows the month in the picker.
     void Follow(const COleDateTime& day);
     void SetTheme(planner::ThemeChoice choice);

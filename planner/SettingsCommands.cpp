@@ -85,6 +85,8 @@ void CPlannerFrame::SpeakLanguage(planner::Language language)
     MakeMenu();
     m_toolBar.ShowTexts();
     RecalcLayout();
+    m_day = ShownDay();
+    SetUpView();
     ShowCurrent();
     Follow();
 }

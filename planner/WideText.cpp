@@ -44,6 +44,22 @@ void TranslateItem(HMENU menu, UINT position)
     ::SetMenuItemInfoW(menu, position, TRUE, &info);
 }
 
+constexpr wchar_t kTitleProperty[] = L"DayvanePlannerTitle";
+
+// Answers for the title itself; everything else goes on to the procedure that was there before.
+LRESULT CALLBACK TitleProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const WNDPROC before = reinterpret_cast<WNDPROC>(::GetPropW(window, kTitleProperty));
+    if (message == WM_SETTEXT || message == WM_GETTEXT || message == WM_GETTEXTLENGTH || !before) {
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+    if (message == WM_NCDESTROY) {
+        ::RemovePropW(window, kTitleProperty);
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
+    }
+    return ::CallWindowProcW(before, window, message, wParam, lParam);
+}
+
 Answerer& TheAnswerer()
 {
     static Answerer answerer;
@@ -109,6 +125,13 @@ std::string WindowUtf8(HWND window)
         }
     }
     return utf8;
+}
+
+void KeepWideTitle(HWND window)
+{
+    const LONG_PTR before = ::GetWindowLongPtrW(window, GWLP_WNDPROC);
+    ::SetPropW(window, kTitleProperty, reinterpret_cast<HANDLE>(before));
+    ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TitleProc));
 }
 
 void SetItemUtf8(const CWnd& dialog, int control, std::string_view utf8)

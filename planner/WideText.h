@@ -24,6 +24,9 @@ std::string ItemUtf8(const CWnd& dialog, int control);
 // Adds a line to a list box or combo box; returns its index.
 int AddListText(const CWnd& dialog, int control, std::string_view utf8, LPARAM data = 0);
 
+// The window keeps its title in Unicode although its procedure is narrow. After it was made.
+void KeepWideTitle(HWND window);
+
 // Into the user's language: the title and the controls of a dialog, the items of a menu.
 void TranslateWindow(HWND dialog);
 void TranslateMenu(HMENU menu);
