@@ -6,6 +6,7 @@
 #include "core/DateMath.h"
 #include "core/Fonts.h"
 #include "core/InPlaceEdit.h"
+#include "core/ItemFeed.h"
 #include "core/PointerDriver.h"
 #include "core/TimeIndex.h"
 
@@ -77,6 +78,7 @@ ON_WM_SETFOCUS()
 ON_WM_KILLFOCUS()
 ON_WM_CAPTURECHANGED()
 ON_WM_CANCELMODE()
+ON_MESSAGE(CCalendarCtrl::kItemFeedMessage, &CCalendarCtrl::OnItemFeed)
 ON_WM_TIMER()
 ON_NOTIFY(CCN_IPE_ENDEDITITEM, CCalendarCtrl::kEditId, &CCalendarCtrl::OnCcnIpeEndEditItem)
 END_MESSAGE_MAP()
@@ -144,6 +146,8 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 void CCalendarCtrl::OnDestroy()
 {
+    *m_feedWindow = nullptr;
+    m_bFeedPosted = FALSE;
     CancelTracking();
     if (m_pEdit) {
         m_pEdit->Finish(FALSE);

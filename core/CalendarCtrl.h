@@ -29,6 +29,7 @@
 #include "ViewScale.h"
 #include "WindowAlive.h"
 
+#include <atomic>
 #include <memory>
 #include <typeinfo>
 #include <vector>
@@ -39,6 +40,8 @@ namespace dayvane {
 class DayProvider;
 class PointerDriver;
 class TimeIndex;
+class ItemFeed;
+class ItemSource;
 struct PaintedState;
 } // namespace dayvane
 
@@ -155,6 +158,13 @@ public:
     // nest.
     void BeginUpdate() { ++m_nUpdating; }
     void EndUpdate();
+    // Items on demand (core/ItemSource.h) take the place of those that there are: whenever other days are shown, the
+    // control asks for theirs by a message of its own, shows a placeholder until the answer comes, and then takes it in
+    // place of all its items, as soon as none of them is held or edited. The current item stays current where its
+    // lParam is among them. The source must live as long as it is set; nullptr: none, the items stay.
+    void SetItemSource(dayvane::ItemSource* pSource);
+    void ReloadItems(); // asks again: the host's items have changed
+    BOOL IsLoadingItems() const;
     int GetItem(int nIndex, tagCC_ITEM& item); // answers and throws as SetItem
     int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
     LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
@@ -342,6 +352,7 @@ protected:
     void ItemsChanged(int bUpdate, int bRedraw);
     // To be called by whoever has set the item at the index, or added it, or removed it, before ItemsChanged.
     void ItemStored(int nIndex);
+    void ItemsWanted(); // other days may be shown now: asks the item source, if there is one, and takes its answer
     void ItemRemoved(int nIndex);
     // The positions of all items that may touch the days (day numbers), ascending. nullptr: look at all of them. Valid
     // until the next call.
@@ -464,6 +475,16 @@ private:
     void FollowDpi(UINT message, WPARAM wParam);
     void TakeFont(HFONT hFont);
 
+    static constexpr UINT kItemFeedMessage = WM_USER + 0x2D1;
+    afx_msg LRESULT OnItemFeed(WPARAM wParam, LPARAM lParam);
+    void TakeFedItems();
+    CRect LoadingBox() const;
+    void DrawLoading(CDC* pDC) const;
+
+    std::unique_ptr<dayvane::ItemFeed> m_pFeed; // while there is an item source
+    // The window for other threads to post to; nullptr: there is none.
+    const std::shared_ptr<std::atomic<HWND>> m_feedWindow = std::make_shared<std::atomic<HWND>>(nullptr);
+    BOOL m_bFeedPosted = FALSE;
     std::unique_ptr<dayvane::TimeIndex> m_pIndex;
     std::vector<int> m_foundItems; // answer of FindItems
     std::vector<int> m_setItems;

@@ -79,6 +79,7 @@ void CCalendarCtrl::EditBoxGone(CInPlaceEdit* pEdit)
 {
     if (m_pEdit == pEdit) {
         m_pEdit = nullptr;
+        ItemsWanted(); // an answer may have waited for the end
     }
 }
 

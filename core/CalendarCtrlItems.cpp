@@ -130,6 +130,7 @@ void CCalendarCtrl::UpdateScreenItems()
 {
     MakeScreenItem(m_arItem, m_arScreenItem);
     CalcItemRect(m_rcContent, m_arScreenItem);
+    ItemsWanted();
 }
 
 void CCalendarCtrl::InvalidateClient()

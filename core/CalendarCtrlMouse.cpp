@@ -130,6 +130,7 @@ public:
     void TakeCapture() override { m_pCtrl->SetCapture(); }
     void ReleaseCapture() override
     {
+        m_pCtrl->ItemsWanted(); // an answer may have waited for the end
         if (::GetCapture() == m_pCtrl->m_hWnd) {
             ::ReleaseCapture();
         }

@@ -24,6 +24,7 @@ void CCalendarCtrl::Layout()
     CRect client;
     GetClientRect(&client);
     Layout(client.Width(), client.Height());
+    ItemsWanted();
     InvalidateRect(&m_rcContent, FALSE);
 }
 
@@ -98,6 +99,9 @@ void CCalendarCtrl::OnPaint()
     CPaintDC dc(this);
     CMemDC memory(&dc);
     DrawCtrl(&memory);
+    if (IsLoadingItems()) {
+        DrawLoading(&memory);
+    }
 }
 
 // The whole clip box is painted off screen: erasing first would flicker.
@@ -167,8 +171,7 @@ int CCalendarCtrl::DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect r
 int CCalendarCtrl::GetMarksHeight(const tagCALENDAR_ITEM& item) const
 {
     const bool hasMarks = item.bAlarm || item.bRecurrent;
-    const int marks =
-        hasMarks ? m_scale.Of(std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines) : 0;
+    const int marks = hasMarks ? std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines : 0;
     return m_scale.Of(item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks);
 }
 

@@ -1,12 +1,15 @@
 #include "StressHost.h"
 
 #include "core/DateMath.h"
+#include "core/ItemSource.h"
 #include "support/Input.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
+
+#include <thread>
 
 namespace stress {
 namespace {
@@ -75,6 +78,102 @@ private:
     MirroredView<View> m_view;
 };
 
+tagCC_ITEM ItemOf(int number);
+
+// A source that answers at once, late, twice, from a thread, wrongly or never, by the number of the question.
+class WilfulSource : public dayvane::ItemSource
+{
+public:
+    ~WilfulSource() override
+    {
+        for (std::thread& thread : m_threads) {
+            thread.join();
+        }
+    }
+    void AskItems(const dayvane::ItemRequest& request) override
+    {
+        switch (request.Number() % 6) {
+        case 0:
+            request.Answer(Items(request, 0));
+            break;
+        case 1:
+            m_late.push_back(request);
+            break;
+        case 2:
+            request.Answer(Items(request, 0));
+            request.Answer(Items(request, 1));
+            break;
+        case 3:
+            m_threads.emplace_back([request, items = Items(request, 0)] { request.Answer(items); });
+            break;
+        case 4:
+            request.Answer(Items(request, 4000)); // of other days
+            break;
+        default:
+            break;
+        }
+    }
+    void AnswerLate()
+    {
+        if (m_late.size() > 2) {
+            m_late.front().Answer(Items(m_late.front(), 0));
+            m_late.erase(m_late.begin());
+        }
+        while (m_threads.size() > 3) {
+            m_threads.front().join();
+            m_threads.erase(m_threads.begin());
+        }
+    }
+
+private:
+    static std::vector<tagCC_ITEM> Items(const dayvane::ItemRequest& request, int daysAway)
+    {
+        std::vector<tagCC_ITEM> items;
+        for (int i = 0; i < static_cast<int>(request.Number() * 7 % 40); ++i) {
+            items.push_back(ItemOf(i * 31));
+            items.back().dtStart = dayvane::AddDays(request.First(), i % 30 + daysAway);
+            items.back().dtEnd = dayvane::AddMinutes(items.back().dtStart, i * 100);
+        }
+        return items;
+    }
+
+    std::vector<dayvane::ItemRequest> m_late;
+    std::vector<std::thread> m_threads;
+};
+
+template <class View>
+class FedSubjectOf : public Subject
+{
+public:
+    CCalendarCtrl& Ctrl() override { return m_view; }
+    bool Create(CWnd* parent, const CRect& rect) override
+    {
+        m_view.SetItemSource(&m_source);
+        return m_view.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, rect, parent, 9) != FALSE;
+    }
+    void Step() override
+    {
+        m_source.AnswerLate();
+        if (++m_steps % kReloadEvery == 0) {
+            m_view.ReloadItems();
+        }
+    }
+    bool HasSource() const override { return true; }
+
+private:
+    static constexpr int kReloadEvery = 50;
+
+    WilfulSource m_source;
+    View m_view; // ends before its source
+    int m_steps = 0;
+};
+
+template <class View>
+std::unique_ptr<Subject> MakeFed()
+{
+    return std::make_unique<FedSubjectOf<View>>();
+}
+
 template <class View>
 std::unique_ptr<Subject> Make()
 {
@@ -87,8 +186,14 @@ struct ViewRow
     std::unique_ptr<Subject> (*make)();
 };
 const ViewRow kViews[] = {
-    {"month", Make<CMonthViewCtrl>}, {"month2", Make<CMonthViewCtrl2>}, {"week", Make<CWeekViewCtrl>},
-    {"year", Make<CYearViewCtrl>},   {"day", Make<CDayViewCtrl>},       {"weekday", Make<CWeekDayViewCtrl>},
+    {"month", Make<CMonthViewCtrl>},
+    {"month2", Make<CMonthViewCtrl2>},
+    {"week", Make<CWeekViewCtrl>},
+    {"year", Make<CYearViewCtrl>},
+    {"day", Make<CDayViewCtrl>},
+    {"weekday", Make<CWeekDayViewCtrl>},
+    {"month-fed", MakeFed<CMonthViewCtrl>},
+    {"weekday-fed", MakeFed<CWeekDayViewCtrl>},
 };
 
 COleDateTime Today()
@@ -332,6 +437,7 @@ void StressHost::Run(const Event& event)
     if (!m_subject || !m_subject->Ctrl().m_hWnd) {
         Recreate();
     }
+    m_subject->Step();
     CCalendarCtrl& ctrl = m_subject->Ctrl();
     const HWND edit = ::GetDlgItem(Window(), 1);
     switch (event.kind) {
@@ -438,6 +544,9 @@ std::string StressHost::Difference()
         return "";
     }
     CCalendarCtrl& ctrl = m_subject->Ctrl();
+    if (m_subject->HasSource()) {
+        return "";
+    }
     const std::vector<tagCC_ITEM>& items = m_subject->model.items;
     if (ctrl.GetItemCount() != static_cast<int>(items.size())) {
         return "the store has " + std::to_string(ctrl.GetItemCount()) + " items, the model " +

@@ -27,6 +27,8 @@ public:
     virtual ~Subject() = default;
     virtual CCalendarCtrl& Ctrl() = 0;
     virtual bool Create(CWnd* parent, const CRect& rect) = 0;
+    virtual void Step() {}                           // before each event
+    virtual bool HasSource() const { return false; } // the store is not what the host has put into it
     Model model;
 };
 

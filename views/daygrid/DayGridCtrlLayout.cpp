@@ -13,6 +13,7 @@ void CDayGridCtrl::MakePieces(CItemArray& items, CItemArray& screenItems)
 {
     const DayRows rows = Range().Rows();
     const bool isOwn = &items == &m_arItem && &screenItems == &m_arScreenItem;
+    ItemsWanted();
     if (isOwn && RemakePieces(rows)) {
         CloseMoreList();
         return;

@@ -3,12 +3,14 @@
 #include "core/MixedText.h"
 
 #include <climits>
+#include <utility>
 #include <vector>
 
 namespace dayvane {
 namespace {
 
-constexpr size_t kMaxLines = 4096; // a few screens full of texts
+constexpr size_t kMaxBytes = 1 << 20; // a few screens full of texts
+constexpr size_t kBytesOfLine = 96;   // besides its two texts
 constexpr wchar_t kEllipsis[] = L"...";
 constexpr int kEllipsisLength = 3;
 
@@ -52,6 +54,7 @@ void TextCache::Clear()
 {
     m_fonts.clear();
     m_lines.clear();
+    m_bytes = 0;
 }
 
 const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
@@ -109,10 +112,14 @@ const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const std::u16
     if (found != m_lines.end()) {
         return found->second;
     }
-    if (m_lines.size() >= kMaxLines) {
+    Line line = MakeLine(pDC, FactsOf(pDC, pFont), text, room);
+    const size_t bytes = kBytesOfLine + text.size() * sizeof(char16_t) + line.text.size() * sizeof(wchar_t);
+    if (m_bytes + bytes > kMaxBytes) {
         m_lines.clear();
+        m_bytes = 0;
     }
-    return m_lines.emplace(key, MakeLine(pDC, FactsOf(pDC, pFont), text, room)).first->second;
+    m_bytes += bytes;
+    return m_lines.emplace(key, std::move(line)).first->second;
 }
 
 int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text)

@@ -60,6 +60,7 @@ private:
 
     std::unordered_map<HGDIOBJ, FontFacts> m_fonts;
     std::unordered_map<Key, Line, KeyHash> m_lines;
+    size_t m_bytes = 0; // that the lines take, about; they go when it becomes too many
 };
 
 } // namespace dayvane

@@ -126,6 +126,7 @@ void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
                                                                 : bars);
     if (&screenItems == &m_arScreenItem) {
         CloseMoreList();
+        ItemsWanted();
     }
     if (&screenItems == &m_arScreenItem && m_pParts->laidOut != CSize(0, 0) &&
         m_pParts->lanesLaidOut != GetFulldayItemCount()) {

@@ -148,7 +148,7 @@ void CTimeGridCtrl::RepaintScrolled(int nOldOffset)
     }
     CRect scrolled;
     scrolled.UnionRect(&m_rcRuler, &m_rcContent);
-    if (!UpdatesByParts() || !RowsFillGrid(nOldOffset) || !RowsFillGrid(m_nVertScroll)) {
+    if (!UpdatesByParts() || IsLoadingItems() || !RowsFillGrid(nOldOffset) || !RowsFillGrid(m_nVertScroll)) {
         InvalidateRect(&scrolled, TRUE);
         return;
     }

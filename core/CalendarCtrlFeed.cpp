@@ -1,0 +1,128 @@
+// The base control's items on demand: when it asks its source, and how it takes an answer.
+#include "core/CalendarCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/ItemFeed.h"
+#include "core/ItemStore.h"
+#include "core/PointerDriver.h"
+#include "core/TimeIndex.h"
+
+using namespace dayvane;
+
+namespace {
+// The placeholder: a box with three dots, pixels.
+CSize LoadingSize()
+{
+    return CSize(64, 24);
+}
+constexpr int kDots = 3;
+constexpr int kDotSize = 4;
+constexpr int kDotStep = 12;
+} // namespace
+
+void CCalendarCtrl::SetItemSource(ItemSource* pSource)
+{
+    m_pFeed.reset();
+    if (pSource) {
+        const std::shared_ptr<std::atomic<HWND>> window = m_feedWindow;
+        m_pFeed = std::make_unique<ItemFeed>(*pSource, [window] {
+            if (const HWND hWnd = *window) {
+                ::PostMessage(hWnd, kItemFeedMessage, 0, 0);
+            }
+        });
+    }
+    InvalidateClient(); // the placeholder
+    ItemsWanted();
+}
+
+void CCalendarCtrl::ReloadItems()
+{
+    if (m_pFeed) {
+        m_pFeed->AskAgain();
+        ItemsWanted();
+    }
+}
+
+BOOL CCalendarCtrl::IsLoadingItems() const
+{
+    return m_pFeed && m_pFeed->IsLoading();
+}
+
+// By a message: the source may do anything, and a layout is no place for that. Messages come before the next paint.
+void CCalendarCtrl::ItemsWanted()
+{
+    if (m_pFeed && m_hWnd && !m_bFeedPosted) {
+        *m_feedWindow = m_hWnd;
+        m_bFeedPosted = PostMessage(kItemFeedMessage);
+    }
+}
+
+LRESULT CCalendarCtrl::OnItemFeed(WPARAM, LPARAM)
+{
+    m_bFeedPosted = FALSE;
+    if (!m_pFeed) {
+        return 0;
+    }
+    const WindowAlive alive(this, m_life);
+    const BOOL wasLoading = IsLoadingItems();
+    COleDateTime first;
+    COleDateTime last;
+    GetViewRange(first, last);
+    if (IsValid(first) && IsValid(last)) {
+        m_pFeed->Show(DayNumberOf(first), DayNumberOf(last));
+    }
+    if (!alive || !m_pFeed) {
+        return 0;
+    }
+    // What the user holds or edits stays where it is.
+    if (!m_pointer->Tracker().IsBusy() && !m_pEdit) {
+        TakeFedItems();
+    }
+    if (IsLoadingItems() != wasLoading) {
+        const CRect box = LoadingBox();
+        InvalidateRect(&box, FALSE);
+    }
+    return 0;
+}
+
+void CCalendarCtrl::TakeFedItems()
+{
+    std::vector<tagCC_ITEM> items;
+    if (!m_pFeed->Take(items)) {
+        return;
+    }
+    const bool hasCurrent = m_nCurSel >= 0 && m_nCurSel < GetItemCount();
+    const LPARAM current = hasCurrent ? m_arItem[m_nCurSel].lParam : 0;
+    m_arItem.RemoveAll();
+    m_pIndex->Clear();
+    m_bManyChanged = TRUE;
+    ++m_nItemVersion;
+    StoreReserve(m_arItem, static_cast<int>(items.size()));
+    m_nCurSel = m_nSelScreenItem = -1;
+    for (const tagCC_ITEM& item : items) {
+        if (hasCurrent && m_nCurSel == -1 && item.lParam == current) {
+            m_nCurSel = GetItemCount();
+        }
+        StoreAdd(m_arItem, item);
+    }
+    Refresh();
+}
+
+CRect CCalendarCtrl::LoadingBox() const
+{
+    const CSize size = LoadingSize();
+    const CPoint middle = m_rcContent.CenterPoint();
+    return CRect(CPoint(middle.x - size.cx / 2, middle.y - size.cy / 2), size);
+}
+
+void CCalendarCtrl::DrawLoading(CDC* pDC) const
+{
+    const CRect box = LoadingBox();
+    pDC->FillSolidRect(&box, m_colors.content);
+    pDC->Draw3dRect(&box, m_colors.grid, m_colors.grid);
+    const CPoint middle = box.CenterPoint();
+    for (int dot = 0; dot < kDots; ++dot) {
+        const int left = middle.x + (dot - kDots / 2) * kDotStep - kDotSize / 2;
+        pDC->FillSolidRect(left, middle.y - kDotSize / 2, kDotSize, kDotSize, m_colors.border);
+    }
+}
