@@ -5,8 +5,8 @@
 // A table of cases, each beside a literal rule or a raw drawing in the same run (Cases.h); with TEXT those whose names
 // hold it. --compare tells which have become slower than in a file of --save, by their ratios.
 //
-//   dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] [--repeat N]
-//                 [--no-literal]
+//   dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH]
+//                 [--scale PERCENT] [--repeat N] [--no-literal]
 //
 // One line each: phase<TAB>median_us<TAB>min_us<TAB>max_us.
 //   add             all items into an empty control, without a layout
@@ -46,6 +46,7 @@ struct Options
     int generate = 10000;
     COleDateTime date = COleDateTime(2026, 4, 15, 0, 0, 0);
     CSize size = CSize(1280, 900);
+    int scale = 100; // per cent of 96 dpi
     int repeat = 20;
     bool literal = true;
 };
@@ -122,6 +123,7 @@ public:
         CClientDC window(&m_ctrl);
         m_target.CreateCompatibleDC(&window);
         m_bitmap.CreateCompatibleBitmap(&window, area.Width(), area.Height());
+        m_ctrl.SetScale(m_options.scale * dayvane::kBaseDpi / 100);
         m_ctrl.SetCurrentDate(m_options.date);
         COleDateTime first;
         COleDateTime last;
@@ -326,7 +328,7 @@ int Usage()
     std::fprintf(stderr,
                  "usage: dayvane-bench [--cases [TEXT]] [--save FILE] [--compare FILE]\n"
                  "       dayvane-bench [--view V] [--events FILE | --generate N] [--date YYYY-MM-DD] [--size WxH] "
-                 "[--repeat N] [--no-literal]\nviews:");
+                 "[--scale PERCENT] [--repeat N] [--no-literal]\nviews:");
     bench::PrintViewNames();
     std::fprintf(stderr, "\n");
     return 2;
@@ -350,6 +352,9 @@ bool ParseOption(const std::string& name, const char* value, Options& options)
     }
     if (name == "--repeat") {
         return (options.repeat = std::atoi(value)) > 0;
+    }
+    if (name == "--scale") {
+        return (options.scale = std::atoi(value)) > 0;
     }
     if (name == "--size" && std::sscanf(value, "%dx%d", &width, &height) == 2) {
         options.size = CSize(width, height);
