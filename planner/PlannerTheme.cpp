@@ -135,6 +135,9 @@ void CThemedStatusBar::OnPaint()
         CRect part;
         SendMessage(SB_GETRECT, i, reinterpret_cast<LPARAM>(&part));
         part.DeflateRect(textInset, 0);
-        dc.DrawText(GetPaneText(i), &part, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+        std::wstring text(LOWORD(::SendMessageW(m_hWnd, SB_GETTEXTLENGTHW, i, 0)) + 1, L'\0');
+        ::SendMessageW(m_hWnd, SB_GETTEXTW, i, reinterpret_cast<LPARAM>(&text[0]));
+        ::DrawTextW(dc.GetSafeHdc(), text.c_str(), -1, &part,
+                    DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
 }

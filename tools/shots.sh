@@ -6,19 +6,19 @@ shots_folder=$ROOT/docs/shots
 # Where calendars lie that are not samples of ours; their pictures are left as they are where it is not given.
 calendars_folder=${DAYVANE_CALENDARS:-}
 
-# Windows: name, calendar, view, date, theme, scale in per cent, size, system. A view named in braces stands for several
-# rows, {view} in the name for each.
+# Windows: name, calendar, views, date, theme, scale in per cent, size, language, system. {view} in the name stands for
+# each of the views. Theme, scale and language take turns, so that every view shows each of them.
 list_windows() {
     cat <<'TABLE'
-planner-{view}         office           month,month2,workweek,week,day,diary,year  2026-11-20  light     100  1180x860   932
-planner-dark-{view}    office           month,month2,workweek,week,day,diary,year  2026-11-20  dark      100  1180x860   932
-planner-200-{view}     office           month,month2,workweek,week,day,diary,year  2026-11-20  light     200  1360x960   932
-planner-dark-200-{view} office          month,month2,workweek,week,day,diary,year  2026-11-20  dark      200  1360x960   932
-planner-150-{view}     office           month                                      2026-11-20  light     150  1360x960   932
-planner-classic-{view} office           month,week                                 2026-11-20  classic   100  1180x860   932
-planner-contrast-{view} office          month                                      2026-11-20  contrast  100  1180x860   932
-planner-1252-{view}    conference-2017  month                                      2017-04-25  light     100  1180x860   1252
-planner-conference-{view} conference-2017 day,week                                 2017-04-25  light     100  1180x860   932
+planner-{view}            office          month,month2,workweek,week,day,diary,year 2026-11-20 light    100 1180x860 ja 932
+planner-dark-{view}       office          month,month2,workweek,week,day,diary,year 2026-11-20 dark     100 1180x860 en 932
+planner-200-{view}        office          month,month2,workweek,week,day,diary,year 2026-11-20 light    200 1360x960 en 932
+planner-dark-200-{view}   office          month,month2,workweek,week,day,diary,year 2026-11-20 dark     200 1360x960 ja 932
+planner-150-{view}        office          month                                     2026-11-20 light    150 1360x960 en 932
+planner-classic-{view}    office          month,week                                2026-11-20 classic  100 1180x860 ja 932
+planner-contrast-{view}   office          month                                     2026-11-20 contrast 100 1180x860 ja 932
+planner-1252-{view}       conference-2017 month                                     2017-04-25 light    100 1180x860 en 1252
+planner-conference-{view} conference-2017 day,week                                  2017-04-25 light    100 1180x860 en 932
 TABLE
 }
 
@@ -41,11 +41,12 @@ TABLE
 
 # shots [NAME]: all pictures, or those whose name begins so.
 command_shots() {
-    local wanted=${1:-} name file views view date theme scale size system paper kept calendar picture number
-    while read -r -u 3 name file views date theme scale size system; do
+    local wanted=${1:-} name file views view date theme scale size language system paper kept calendar picture number
+    while read -r -u 3 name file views date theme scale size language system; do
         for view in ${views//,/ }; do
             shoot_if_wanted "$wanted" "${name//\{view\}/$view}" "$file" --view "$view" \
-                --date "$date" --theme "$theme" --scale "$scale" --size "$size" --system "$system"
+                --date "$date" --theme "$theme" --scale "$scale" --size "$size" --language "$language" \
+                --system "$system"
         done
     done 3< <(list_windows)
     while read -r -u 3 name file view date paper kept; do
