@@ -6,6 +6,7 @@
 #include "core/DateMath.h"
 #include "core/Fonts.h"
 #include "core/InPlaceEdit.h"
+#include "core/Interaction.h"
 #include "core/ItemFeed.h"
 #include "core/PointerDriver.h"
 #include "core/TimeIndex.h"
@@ -50,6 +51,8 @@ constexpr int kMinTimeScale = 1;
 constexpr int kMaxTimeScale = 60;
 constexpr int kGridRowHeight = 20; // pixels
 
+constexpr int kRowScrollInterval = 120; // milliseconds: rows follow each other fast; views of days wait longer
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CCalendarCtrl, CWnd)
@@ -80,13 +83,18 @@ ON_WM_CAPTURECHANGED()
 ON_WM_CANCELMODE()
 ON_MESSAGE(CCalendarCtrl::kItemFeedMessage, &CCalendarCtrl::OnItemFeed)
 ON_WM_TIMER()
+ON_WM_ENABLE()
+ON_MESSAGE(WM_MOUSEHWHEEL, &CCalendarCtrl::OnMouseHWheel)
+ON_MESSAGE(WM_UPDATEUISTATE, &CCalendarCtrl::OnUpdateUIState)
+ON_MESSAGE(WM_PRINTCLIENT, &CCalendarCtrl::OnPrintClient)
 ON_NOTIFY(CCN_IPE_ENDEDITITEM, CCalendarCtrl::kEditId, &CCalendarCtrl::OnCcnIpeEndEditItem)
 END_MESSAGE_MAP()
 
 // ---- Lifetime
 
 CCalendarCtrl::CCalendarCtrl()
-    : m_pIndex(std::make_unique<TimeIndex>()), m_pointer(std::make_unique<PointerDriver>()),
+    : m_nAutoScrollInterval(kRowScrollInterval), m_interaction(std::make_unique<Interaction>([this] { DayHasCome(); })),
+      m_pIndex(std::make_unique<TimeIndex>()), m_pointer(std::make_unique<PointerDriver>()),
       m_themeWatch([this] { FollowSystemTheme(); })
 {
     for (const tagCALENDAR_DAY_COLOR& row : kDayColors) {
@@ -120,12 +128,16 @@ BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
 // An open edit box belongs to the cell where it was opened: whatever moves the cells ends the edit first.
 LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const WindowAlive alive(this, m_life);
     if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
-        const WindowAlive alive(this, m_life);
         FinishEdit(TRUE);
-        if (!alive) {
-            return 0;
-        }
+    } else if (message == WM_KEYDOWN && wParam != VK_SHIFT && wParam != VK_CONTROL) {
+        ShowFocus(true); // reaches the host's windows, too
+    } else if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
+        ShowFocus(false);
+    }
+    if (!alive) {
+        return 0;
     }
     if (message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX) {
         if (const LRESULT brush = ColorChild(reinterpret_cast<HDC>(wParam))) {
@@ -136,8 +148,7 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         TakeFont(reinterpret_cast<HFONT>(wParam));
         return 0;
     }
-    const WindowAlive alive(this, m_life);
-    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    const LRESULT result = HandleAndReport(message, wParam, lParam);
     if (alive && m_options.followDpi) {
         FollowDpi(message, wParam);
     }
@@ -148,6 +159,8 @@ void CCalendarCtrl::OnDestroy()
 {
     *m_feedWindow = nullptr;
     m_bFeedPosted = FALSE;
+    m_interaction->today.Stop();
+    m_interaction->tip.Destroy();
     CancelTracking();
     if (m_pEdit) {
         m_pEdit->Finish(FALSE);
@@ -163,6 +176,8 @@ void CCalendarCtrl::PostNcDestroy()
     *m_pointer = PointerDriver();
     m_pointer->SetScale(m_scale);
     m_bShiftExtend = m_bEditing = m_bHasFocus = FALSE;
+    m_interaction->showsFocus = false;
+    m_interaction->reports = 0;
     CWnd::PostNcDestroy();
 }
 
@@ -190,7 +205,12 @@ void CCalendarCtrl::SetFirstDayOfWeek(int nDay)
         AfxThrowInvalidArgException();
     }
     m_nFirstDayOfWeek = nDay;
+    const WindowAlive alive(this, m_life);
     SetCurrentDate(GetCurrentDate());
+    if (alive && m_hWnd) {
+        UpdateScreenItems(); // the days have moved
+        InvalidateClient();
+    }
 }
 
 // ---- Day colours and properties

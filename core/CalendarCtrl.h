@@ -31,6 +31,7 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
 #include <typeinfo>
 #include <vector>
 
@@ -42,7 +43,10 @@ class PointerDriver;
 class TimeIndex;
 class ItemFeed;
 class ItemSource;
+enum class Drop;
+struct Interaction;
 struct PaintedState;
+struct SelectedRange;
 } // namespace dayvane
 
 class CCalendarCtrl : public CWnd
@@ -87,7 +91,7 @@ public:
     // Sets the record at nIndex; beyond the end the store grows, the gap holds default items. Nothing is shifted.
     virtual int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
     virtual int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE);
-    // The current item index is not adjusted.
+    // The current item index is not adjusted: after the last item was deleted it may be the count. SetCurSel mends it.
     virtual int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE);
     // Clears the day properties too. The current item index is not adjusted: call SetCurSel(-1).
     virtual void DeleteAllItems();
@@ -147,6 +151,14 @@ protected:
     // Where a screen item is painted, frame of the current item included: client pixels.
     virtual CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem);
     virtual void GetPaintedState(dayvane::PaintedState& state); // what the picture shows of the items now
+    virtual void TodayChanged() {} // another day is today, as far as the view keeps that; a repaint follows
+    // Paints a bar or a box of an item with its text, its marks and its frame. A derived view may paint more on it, or
+    // all of it in a way of its own.
+    virtual void DrawItemBox(CDC& /*dc*/, const dayvane::ItemBox& /*box*/) {}
+    // Where the keyboard's focus is shown, client pixels: the current item, else the moving end of the selection.
+    virtual CRect GetFocusBox();
+    // Option toolTips: what is cut off at the point, with the part of the window that shows it. FALSE: nothing is.
+    virtual BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText);
 
 public:
     // ---- Items and selection.
@@ -165,6 +177,20 @@ public:
     void SetItemSource(dayvane::ItemSource* pSource);
     void ReloadItems(); // asks again: the host's items have changed
     BOOL IsLoadingItems() const;
+    // The item operations for records that are not the caller's to change. They have names of their own so that the
+    // address of a virtual operation names one function.
+    int AddItemCopy(tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return AddItem(&item, bUpdate, bRedraw);
+    }
+    int InsertItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return InsertItem(nIndex, &item, bUpdate, bRedraw);
+    }
+    int SetItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return SetItem(nIndex, &item, bUpdate, bRedraw);
+    }
     int GetItem(int nIndex, tagCC_ITEM& item); // answers and throws as SetItem
     int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
     LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
@@ -228,7 +254,7 @@ public:
     void Show24Setuki(BOOL bShow) { m_bShow24Setuki = bShow; }
     BOOL IsShow24Setuki() const { return m_bShow24Setuki; }
     void EnableMouseHoverEvent(BOOL bEnable) { m_bHoverEvents = bEnable; }
-    // 0: an all-day item shows its text, a timed one start time and text; 8: start time, end time and text.
+    // CalendarItemDisplay.
     void SetItemDisplayMode(int nMode) { m_nItemDisplayMode = nMode; }
     int GetItemDisplayMode() const { return m_nItemDisplayMode; }
     // Whether the date selection shows while an item is current.
@@ -310,6 +336,8 @@ public:
 
     // Stays TRUE after an edit was cancelled with Escape, until the next edit ends with a text.
     BOOL IsEditing() const { return m_bEditing; }
+    // The open edit box, nullptr when there is none. It belongs to the control and lives until the edit ends.
+    CEdit* GetInPlaceEdit() const;
     BOOL IsDragging() const;
     // While an item is dragged, and during CCN_ITEMMOVED: the times it had before. FALSE when nothing is dragged.
     BOOL GetDragOrigin(COleDateTime& start, COleDateTime& end) const;
@@ -368,6 +396,10 @@ protected:
     void Press(const tagCCHITTESTINFO& hit, UINT nFlags);
     // A key that moves the selection: calls the move, which extends the selection while Shift is down.
     void ArrowKey(void (CCalendarCtrl::*move)(UINT));
+    // A window that was there before the object (SubclassWindow, a dialog template) has a size already.
+    CSize GetSizeOfAttached() const;
+    // The width that DrawItemMarks would use.
+    int GetItemMarksWidth(const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
 
     // The marks that the item has, in its colour, nGap pixels after each; bIcon: its icon too. Returns the width used.
     int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
@@ -419,6 +451,8 @@ protected:
 
     CalendarOptions m_options;
     dayvane::TextSettings m_texts;
+    int m_nAutoScrollInterval; // milliseconds between the steps of a sweep or drag beyond an edge
+    const std::unique_ptr<dayvane::Interaction> m_interaction;
 
     BOOL m_bShiftExtend = FALSE;      // the selection is being extended with Shift and an arrow key
     BOOL m_bItemDrag = TRUE;          // mouse moves are offered to the item drag
@@ -433,6 +467,7 @@ protected:
 
     // Message handlers, in the order of the message map.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PreSubclassWindow() override;
     void PostNcDestroy() override;
     afx_msg void OnDestroy();
     afx_msg void OnPaint();
@@ -456,6 +491,10 @@ protected:
     afx_msg void OnCaptureChanged(CWnd* pWnd);
     afx_msg void OnCancelMode();
     afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg void OnEnable(BOOL bEnable);
+    afx_msg LRESULT OnMouseHWheel(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnUpdateUIState(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnPrintClient(WPARAM wParam, LPARAM lParam);
     afx_msg void OnCcnIpeEndEditItem(NMHDR* pNMHDR, LRESULT* pResult);
     DECLARE_MESSAGE_MAP()
 
@@ -474,6 +513,19 @@ private:
     void ApplyScale(int dpi);
     void FollowDpi(UINT message, WPARAM wParam);
     void TakeFont(HFONT hFont);
+    void DayHasCome();
+    void PaintAll(CDC* pDC);
+    CRect FocusFrame();
+    void ShowFocus(bool bShow);
+    void RestoreSelection();
+    LRESULT HandleAndReport(UINT message, WPARAM wParam, LPARAM lParam);
+    void ReportSelection(int nCause, const dayvane::SelectedRange& before);
+    dayvane::SelectedRange Selected() const;
+    BOOL HasFocusItemBeyond(BOOL bBack);
+    void ShowTip(const tagCCHITTESTINFO& hit);
+    int PlacedPieceOf(int nItem) const;
+    dayvane::Drop DropAt(CPoint point) const;
+    void PostScroll(int nSteps, UINT nBack, UINT nOn);
 
     static constexpr UINT kItemFeedMessage = WM_USER + 0x2D1;
     afx_msg LRESULT OnItemFeed(WPARAM wParam, LPARAM lParam);

@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/InPlaceEdit.h"
+#include "core/Interaction.h"
 #include "core/WindowHelpers.h"
 
 #include <algorithm>
@@ -36,6 +37,9 @@ void CCalendarCtrl::BeginEditItem(const char* lpszText)
         return; // the box has deleted itself
     }
     m_pEdit = edit;
+    m_interaction->editedItem = m_nCurSel < GetItemCount() ? m_nCurSel : -1;
+    m_interaction->editedData = m_interaction->editedItem != -1 ? GetItemData(m_nCurSel) : 0;
+    m_interaction->editedVersion = m_nItemVersion;
     edit->SetFont(GetFont(0), TRUE);
     edit->SetFocus();
 }
@@ -75,6 +79,11 @@ void CCalendarCtrl::FinishEdit(BOOL bCommit)
     }
 }
 
+CEdit* CCalendarCtrl::GetInPlaceEdit() const
+{
+    return m_pEdit;
+}
+
 void CCalendarCtrl::EditBoxGone(CInPlaceEdit* pEdit)
 {
     if (m_pEdit == pEdit) {
@@ -88,26 +97,30 @@ void CCalendarCtrl::EndEditItem(const char* lpszText, int nMode)
     COleDateTime begin;
     COleDateTime end;
     GetSelRange(begin, end);
-    NMCALENDAREDIT record = {};
-    record.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
-    record.lpszText = lpszText;
-    record.nLength = lstrlen(lpszText);
-    ToSystemTime(begin, record.stStart);
-    ToSystemTime(end, record.stEnd);
-    record.nMode = nMode;
+    NMCALENDARITEMEDIT record = {};
+    NMCALENDAREDIT& edit = record.edit;
+    edit.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
+    edit.lpszText = lpszText;
+    edit.nLength = lstrlen(lpszText);
+    ToSystemTime(begin, edit.stStart);
+    ToSystemTime(end, edit.stEnd);
+    edit.nMode = nMode;
+    record.nItem = m_interaction->editedVersion == m_nItemVersion ? m_interaction->editedItem : -1;
+    record.lParam = m_interaction->editedData;
     m_bEditing = FALSE;
-    NotifyParent(*this, record.hdr);
+    NotifyParent(*this, edit.hdr);
 }
 
 // A control inside this one has ended an edit: the text goes on, without dates and mode.
 void CCalendarCtrl::OnCcnIpeEndEditItem(NMHDR* pNMHDR, LRESULT* pResult)
 {
     const NMCALENDAREDIT* ended = reinterpret_cast<const NMCALENDAREDIT*>(pNMHDR);
-    NMCALENDAREDIT record = {};
-    record.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
-    record.lpszText = ended->lpszText;
-    record.nLength = ended->nLength;
-    *pResult = NotifyParent(*this, record.hdr);
+    NMCALENDARITEMEDIT record = {};
+    record.edit.hdr = NotifyHeader(*this, CCN_IPE_ENDEDITITEM);
+    record.edit.lpszText = ended->lpszText;
+    record.edit.nLength = ended->nLength;
+    record.nItem = -1;
+    *pResult = NotifyParent(*this, record.edit.hdr);
 }
 
 void CCalendarCtrl::GetCurCellRect(CRect& rect, int&)

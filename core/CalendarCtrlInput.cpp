@@ -1,6 +1,7 @@
 // The base control's keyboard.
 #include "core/CalendarCtrl.h"
 
+#include "core/Interaction.h"
 #include "core/PointerDriver.h"
 
 using namespace dayvane;
@@ -13,6 +14,7 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         CancelTracking();
         break;
     case VK_TAB:
+        m_interaction->tabsBack = m_options.dialogKeys && ::GetKeyState(VK_SHIFT) < 0;
         SetFocusToItem();
         break;
     case VK_RETURN:
@@ -80,7 +82,15 @@ void CCalendarCtrl::OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags)
 
 UINT CCalendarCtrl::OnGetDlgCode()
 {
-    return DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS | DLGC_WANTALLKEYS;
+    if (!m_options.dialogKeys) {
+        return DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS | DLGC_WANTALLKEYS;
+    }
+    // What has no effect here is the dialog's.
+    const MSG* pMsg = reinterpret_cast<const MSG*>(GetCurrentMessage()->lParam);
+    const WPARAM key = pMsg && pMsg->message == WM_KEYDOWN ? pMsg->wParam : 0;
+    const BOOL wants = key == VK_RETURN || (key == VK_TAB && HasFocusItemBeyond(::GetKeyState(VK_SHIFT) < 0)) ||
+                       (key == VK_ESCAPE && m_pointer->Tracker().IsBusy());
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (wants ? DLGC_WANTMESSAGE : 0);
 }
 
 void CCalendarCtrl::MoveBackward(UINT)

@@ -2,6 +2,7 @@
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/Interaction.h"
 #include "core/ItemStore.h"
 #include "core/TimeIndex.h"
 
@@ -220,7 +221,8 @@ void CCalendarCtrl::SetFocusToItem()
     CItemArray sorted;
     sorted.Copy(m_arScreenItem);
     SortItem(sorted);
-    const int position = NextFocusPosition(sorted, m_nCurSel);
+    const int position = m_options.dialogKeys ? FocusNeighbour(sorted, m_nCurSel, m_interaction->tabsBack)
+                                              : NextFocusPosition(sorted, m_nCurSel);
     if (position == -1) {
         SetCurSel(-1);
         return;
@@ -228,6 +230,14 @@ void CCalendarCtrl::SetFocusToItem()
     const int index = static_cast<int>(sorted[position].nSource);
     SetCurSel(index);
     NotifyItemByKey(CCN_ITEMCLICK, index, 0);
+}
+
+BOOL CCalendarCtrl::HasFocusItemBeyond(BOOL bBack)
+{
+    CItemArray sorted;
+    sorted.Copy(m_arScreenItem);
+    SortItem(sorted);
+    return FocusNeighbour(sorted, m_nCurSel, bBack != FALSE) != -1;
 }
 
 // A key has made the item current or opens it: there is no point, and the time is the item's start.

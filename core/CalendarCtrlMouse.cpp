@@ -3,6 +3,7 @@
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/Interaction.h"
 #include "core/PointerDriver.h"
 
 using namespace dayvane;
@@ -12,8 +13,6 @@ namespace {
 constexpr DWORD kHoverMilliseconds = 1000;
 constexpr UINT kDragCursor = 18006;
 constexpr UINT_PTR kScrollTimer = 0x4441;
-constexpr UINT kScrollMilliseconds =
-    120; // between the steps of an auto-scroll; passing the edge quickly does not scroll
 
 HCURSOR CursorOfEdge(ItemEdge edge)
 {
@@ -25,7 +24,9 @@ HCURSOR CursorOfEdge(ItemEdge edge)
 
 HCURSOR DragCursor()
 {
-    static HCURSOR cursor = AfxGetApp() ? AfxGetApp()->LoadCursor(kDragCursor) : nullptr;
+    // The library's own, whether or not the host has an application object.
+    const LPCTSTR name = MAKEINTRESOURCE(kDragCursor);
+    const HCURSOR cursor = ::LoadCursor(AfxFindResourceHandle(name, RT_GROUP_CURSOR), name);
     return cursor ? cursor : ::LoadCursor(nullptr, IDC_SIZEALL);
 }
 
@@ -121,6 +122,7 @@ public:
         m_pCtrl->SelectionMoved();
     }
     void RepaintSelection() override { m_pCtrl->InvalidateCellRectRange(); }
+    void RestoreSelection() override { m_pCtrl->RestoreSelection(); }
     void NotifyMoved() override
     {
         m_pCtrl->Notify(CCN_ITEMMOVED, m_pCtrl->m_nCurSel, m_nFlags, m_hit.pt, m_hit.time, m_hit.nHitCode);
@@ -135,10 +137,10 @@ public:
             ::ReleaseCapture();
         }
     }
-    void RunScrollTimer(bool run) override
+    void RunScrollTimer(int milliseconds) override
     {
-        if (run) {
-            m_pCtrl->SetTimer(kScrollTimer, kScrollMilliseconds, nullptr);
+        if (milliseconds != 0) {
+            m_pCtrl->SetTimer(kScrollTimer, milliseconds, nullptr);
         } else {
             m_pCtrl->KillTimer(kScrollTimer);
         }
@@ -154,6 +156,7 @@ private:
 void CCalendarCtrl::Press(const tagCCHITTESTINFO& hit, UINT nFlags)
 {
     PressedItem pressed;
+    m_interaction->beforePress = Selected();
     Pointing target(this, hit, nFlags);
     if (target.GetItemTimes(hit.nItem, pressed.times)) {
         pressed.movable = IsItemMovable(hit.nItem) == 1;
@@ -241,6 +244,7 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
         return;
     }
     m_pointer->WatchScrollEdge(target, ::GetCapture() == m_hWnd, m_rcContent, point);
+    ShowTip(hit);
     if (m_bHoverEvents &&
         (hit.nHitCode == CCHT_ONITEM || hit.nHitCode == CCHT_ONDAYCAPTION || hit.nHitCode == CCHT_ONFULLDAYITEM)) {
         TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER, m_hWnd, kHoverMilliseconds};
@@ -249,12 +253,19 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
     CWnd::OnMouseMove(nFlags, point);
 }
 
+Drop CCalendarCtrl::DropAt(CPoint point) const
+{
+    CRect client;
+    GetClientRect(&client);
+    return !m_options.carefulDrops ? Drop::REPORT : client.PtInRect(point) ? Drop::REPORT_CHANGE : Drop::TAKE_BACK;
+}
+
 void CCalendarCtrl::OnLButtonUp(UINT nFlags, CPoint point)
 {
     const WindowAlive alive(this, m_life);
     const tagCCHITTESTINFO hit = HitAt(point);
     Pointing target(this, hit, nFlags);
-    m_pointer->Release(target, target.Hit());
+    m_pointer->Release(target, target.Hit(), DropAt(point));
     if (alive) {
         CWnd::OnLButtonUp(nFlags, point);
     }
@@ -296,31 +307,47 @@ void CCalendarCtrl::OnContextMenu(CWnd*, CPoint point)
     Notify(CCN_CONTEXTMENU, hit.nItem, 0, hit.pt, hit.time, hit.nHitCode);
 }
 
+// The screen list's position of the item's first piece that has a place, -1 none.
+int CCalendarCtrl::PlacedPieceOf(int nItem) const
+{
+    for (int i = 0; nItem >= 0 && i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
+        if (m_arScreenItem[i].nSource == nItem && m_arScreenItem[i].rcItem.top != -1) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+CRect CCalendarCtrl::GetFocusBox()
+{
+    CRect rect(0, 0, 0, 0);
+    const int piece = PlacedPieceOf(m_nCurSel);
+    if (piece == -1) {
+        int mode = 0;
+        GetCurCellRect(rect, mode);
+        return rect;
+    }
+    rect = m_arScreenItem[piece].rcItem;
+    if (!IsFulldayItem(m_arScreenItem[piece])) {
+        rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
+    }
+    return rect;
+}
+
 // Where a menu from the keyboard belongs: the shown part of the current item, else the current cell.
 tagCCHITTESTINFO CCalendarCtrl::KeyboardHit()
 {
-    CRect rect(0, 0, 0, 0);
     tagCCHITTESTINFO hit;
-    for (int i = 0; m_nCurSel >= 0 && i < static_cast<int>(m_arScreenItem.GetSize()); ++i) {
-        if (m_arScreenItem[i].nSource != m_nCurSel || m_arScreenItem[i].rcItem.top == -1) {
-            continue;
-        }
-        rect = m_arScreenItem[i].rcItem;
-        if (!IsFulldayItem(m_arScreenItem[i])) {
-            rect.OffsetRect(-m_nHorzScroll, -m_nVertScroll);
-        }
+    hit.nScreenItem = PlacedPieceOf(m_nCurSel);
+    if (hit.nScreenItem != -1) {
         hit.nItem = m_nCurSel;
-        hit.nScreenItem = i;
         hit.nHitCode = CCHT_ONITEM;
         ToSystemTime(m_arItem[m_nCurSel].dtStart, hit.time);
-        break;
-    }
-    if (hit.nItem == -1) {
-        int mode = 0;
-        GetCurCellRect(rect, mode);
+    } else {
         hit.nHitCode = CCHT_ONCELL;
         ToSystemTime(m_dtSelBegin, hit.time);
     }
+    const CRect rect = GetFocusBox();
     CRect client;
     GetClientRect(&client);
     CRect shown;
@@ -334,10 +361,30 @@ void CCalendarCtrl::OnMouseHover(UINT nFlags, CPoint point)
     Notify(CCN_MOUSEHOVER, hit.nItem, nFlags, point, hit.time, hit.nHitCode);
 }
 
-BOOL CCalendarCtrl::OnMouseWheel(UINT, short zDelta, CPoint)
+BOOL CCalendarCtrl::OnMouseWheel(UINT nFlags, short zDelta, CPoint)
 {
-    PostMessage(WM_VSCROLL, zDelta / WHEEL_DELTA < 1 ? SB_LINEDOWN : SB_LINEUP);
+    if (!m_options.wheelByDelta) {
+        PostMessage(WM_VSCROLL, zDelta / WHEEL_DELTA < 1 ? SB_LINEDOWN : SB_LINEUP);
+    } else if (!(nFlags & MK_CONTROL)) { // that is for views with a scale
+        PostScroll(-m_interaction->wheel.Add(zDelta, WHEEL_DELTA), SB_LINEUP, SB_LINEDOWN);
+    }
     return TRUE;
+}
+
+LRESULT CCalendarCtrl::OnMouseHWheel(WPARAM wParam, LPARAM)
+{
+    if (!m_options.wheelByDelta) {
+        return Default();
+    }
+    PostScroll(m_interaction->pageWheel.Add(static_cast<short>(HIWORD(wParam)), WHEEL_DELTA), SB_PAGEUP, SB_PAGEDOWN);
+    return 0;
+}
+
+void CCalendarCtrl::PostScroll(int nSteps, UINT nBack, UINT nOn)
+{
+    for (int i = 0; i < std::abs(nSteps); ++i) {
+        PostMessage(WM_VSCROLL, nSteps < 0 ? nBack : nOn);
+    }
 }
 
 BOOL CCalendarCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
@@ -401,8 +448,10 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     CPoint point;
     ::GetCursorPos(&point);
     ScreenToClient(&point);
-    const int step = AutoScrollAt(m_rcContent, point, m_scale);
+    const int step = ScrollPlaceAt(m_rcContent, point, m_scale).step;
     const WindowAlive alive(this, m_life);
+    Pointing target(this);
+    m_pointer->ScrollStepDone(target, m_nAutoScrollInterval);
     if (step != 0) {
         SendMessage(WM_VSCROLL, step < 0 ? SB_LINEUP : SB_LINEDOWN);
         if (!alive) {
@@ -417,7 +466,6 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
     if (m_pointer->Tracker().IsBusy()) {
         OnMouseMove(MK_LBUTTON, point);
     } else {
-        Pointing target(this);
         m_pointer->WatchScrollEdge(target, false, m_rcContent, point);
     }
 }

@@ -38,6 +38,7 @@ void CCalendarCtrl::Layout(int cx, int cy)
 void CCalendarCtrl::Refresh()
 {
     m_arThemedDays.RemoveAll(); // the host may have changed a row
+    TodayChanged();
     Layout();
     InvalidateClient();
 }
@@ -92,16 +93,6 @@ CalendarPrinting* CCalendarCtrl::GetPrinter()
         m_pPrinter = MakeCalendarPrinting(*this);
     }
     return m_pPrinter.get();
-}
-
-void CCalendarCtrl::OnPaint()
-{
-    CPaintDC dc(this);
-    CMemDC memory(&dc);
-    DrawCtrl(&memory);
-    if (IsLoadingItems()) {
-        DrawLoading(&memory);
-    }
 }
 
 // The whole clip box is painted off screen: erasing first would flicker.
@@ -173,6 +164,12 @@ int CCalendarCtrl::GetMarksHeight(const tagCALENDAR_ITEM& item) const
     const bool hasMarks = item.bAlarm || item.bRecurrent;
     const int marks = hasMarks ? std::abs(static_cast<int>(m_lfFonts[FONT_MARKS].lfHeight)) * kMarkLines : 0;
     return m_scale.Of(item.nImage != -1 && m_pImageList ? std::max(marks, m_cyIcon) : marks);
+}
+
+int CCalendarCtrl::GetItemMarksWidth(const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon)
+{
+    CDC nowhere;
+    return nowhere.CreateCompatibleDC(nullptr) ? DrawItemMarks(&nowhere, item, rect, nFulldayForm, nGap, bIcon) : 0;
 }
 
 void CCalendarCtrl::DrawGradationBorder(CDC* pDC, COLORREF color, const CRect& rect)

@@ -15,6 +15,25 @@
 #define CCN_IPE_ENDEDITITEM (-2087) // NMCALENDAREDIT: in-place editing ended with a text
 #define CCN_COMBOSELCHANGE (-2088)  // NMCALENDARITEM, lParam not fetched: the year view's combo box changed
 #define CCN_MOUSEHOVER (-2089)      // NMCALENDARITEM: the mouse rested over the control
+#define CCN_SELCHANGED (-2090)      // NMCALENDARSELECTION, option selectionEvents: the selection has changed
+
+// NMCALENDARDATES::nValue of CCN_VIEWRANGECHANGE: which kind of view has moved.
+enum CalendarRangeValue
+{
+    CRV_TIMEGRID = 0x801, // day and multi-day view
+    CRV_BOXES = 4100,     // week and year view
+    CRV_MONTH = 4104,
+};
+
+// NMCALENDARSELECTION::nCause.
+enum CalendarSelectionCause
+{
+    CCSEL_KEY = 1,
+    CCSEL_PRESS,  // the left button went down: a sweep may follow
+    CCSEL_SWEEP,  // the button went up after a sweep
+    CCSEL_DROP,   // it went up after an item was dragged
+    CCSEL_SCROLL, // scrolling took the selection along
+};
 
 struct NMCALENDARITEM
 {
@@ -33,7 +52,7 @@ struct NMCALENDARDATES
     SYSTEMTIME stDate;  // the current date; all zero when there is none (as the two below)
     SYSTEMTIME stFirst; // first shown day
     SYSTEMTIME stLast;  // last shown day
-    int nValue;         // month view 4104, week and year view 4100, time grids 0x801
+    int nValue;         // CalendarRangeValue
 };
 
 struct NMCALENDAREDIT
@@ -45,4 +64,21 @@ struct NMCALENDAREDIT
     SYSTEMTIME stStart; // the selected range; 30 December 1899 when there is none, all zero when not a valid date
     SYSTEMTIME stEnd;
     int nMode; // the value that GetCurCellRect gave when the edit began
+};
+
+// What a control sends with CCN_IPE_ENDEDITITEM: the record above, and the item that was current when the edit began.
+struct NMCALENDARITEMEDIT
+{
+    NMCALENDAREDIT edit;
+    int nItem;     // index in the store; -1: none was current, or the items have changed since
+    LPARAM lParam; // the item's lParam, also where its index is not known any more; 0: none was current
+};
+
+struct NMCALENDARSELECTION
+{
+    NMHDR hdr;
+    SYSTEMTIME stBegin; // the range as GetSelRange gives it
+    SYSTEMTIME stEnd;
+    BOOL bWholeDays; // selected in the full-day band
+    int nCause;      // CalendarSelectionCause
 };

@@ -16,8 +16,8 @@ struct CalendarOptions
     bool limitedBand = false;
     // Items without length, or shorter than a row, have the height of a row, and can be hit.
     bool visibleShortItems = false;
-    // Of items that lie over each other the pointer hits the one that is seen; nothing that is scrolled under caption
-    // or band is hit.
+    // Of items that lie over each other the pointer hits the one that is seen. In the time grids nothing that is
+    // scrolled under caption or band is hit; in the month, week and year view a tip says how many lie there, "1 of 3".
     bool hitWhatIsSeen = false;
     // Dragging an item from the hours into the full-day band makes it a full-day item, and back.
     bool wholeDayByDrag = false;
@@ -29,7 +29,24 @@ struct CalendarOptions
 
     bool extendedMove = false; // a dragged item keeps its distance from the pointer: EnableExtendedMove
     bool moreList = false;     // a more-items mark opens the list of its items: EnableMoreList
-    bool toolTips = false;     // mini calendars: the names of a day under the pointer
+    // The full text of an item that is cut, and in the day and multi-day view the names of a day that are; in the mini
+    // calendars the names of a day.
+    bool toolTips = false;
+    // A dragged item that is let go outside the view goes back, as with Escape; one that is let go where it was is not
+    // reported.
+    bool carefulDrops = false;
+    // CCN_SELCHANGED is sent after a key, a press, the end of a sweep or a drop, or scrolling has changed the
+    // selection.
+    bool selectionEvents = false;
+
+    // ---- Keyboard and wheel in all views.
+
+    // In a dialog Tab leaves the control after its last item, Shift+Tab (which goes back) before its first one; Escape
+    // that has nothing to take back is the dialog's.
+    bool dialogKeys = false;
+    // Deltas of the wheel add up to steps. In the time grids a notch scrolls as many rows as the system says, with Ctrl
+    // it changes the time scale around the pointer. The horizontal wheel turns pages.
+    bool wheelByDelta = false;
 
     // ---- Look.
 
@@ -39,12 +56,8 @@ struct CalendarOptions
 
     // ---- Names for what comes next. These have no effect yet.
 
-    bool carefulDrops = false;    // a drop outside takes the move back; one that changes nothing is not reported
-    bool selectionEvents = false; // CCN_SELCHANGED after a key, a press or a sweep has changed the selection
-    bool dialogKeys = false;      // Tab leaves the control after its last item; Escape reaches the dialog
-    bool wheelByDelta = false;    // wheel deltas add up, with Ctrl they change the time scale
-    bool keyboardMoves = false;   // keys move items
-    bool typeToEdit = false;      // typing opens the edit box
+    bool keyboardMoves = false; // keys move items
+    bool typeToEdit = false;    // typing opens the edit box
 
     // What we recommend: all of them.
     static CalendarOptions Modern();

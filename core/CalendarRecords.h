@@ -83,6 +83,17 @@ inline bool GoesOn(const tagCALENDAR_ITEM& piece)
     return piece.nPiece == PIECE_HEAD || piece.nPiece == PIECE_MIDDLE;
 }
 
+// A piece of an item as it is painted: a bar in the day grids and the full-day band, a box in the rows of the time
+// grids.
+struct ItemBox
+{
+    const tagCALENDAR_ITEM& item; // the screen item
+    CRect rect;                   // client pixels, as scrolled, within the area
+    CRect area;                   // of its column, its band or its row of boxes: it is not painted beyond it
+    bool isBar = false;
+    bool isCurrent = false;
+};
+
 using ItemArray = CArray<tagCALENDAR_ITEM, const tagCALENDAR_ITEM&>;
 
 // Time grids: the items that cover one row, in the order in which they were added. Points into the screen list.
@@ -132,6 +143,13 @@ struct tagCALENDAR_WORK_TIME
 {
     COleDateTime dtStart = COleDateTime(1899, 12, 30, 6, 0, 0);
     COleDateTime dtEnd = COleDateTime(1899, 12, 30, 18, 0, 0);
+};
+
+// What a bar of the month view writes before an item's text (SetItemDisplayMode).
+enum CalendarItemDisplay
+{
+    CID_START = 0, // the start time of a timed item, nothing of an all-day item
+    CID_START_AND_END = 8,
 };
 
 // What lies under a point.

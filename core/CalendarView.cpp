@@ -28,6 +28,7 @@ ON_NOTIFY(CCN_ITEMMOVED, kCtrlId, &CCalendarView::OnCcnItemClick)
 ON_NOTIFY(CCN_IPE_ENDEDITITEM, kCtrlId, &CCalendarView::OnCcnItemClick)
 ON_NOTIFY(CCN_COMBOSELCHANGE, kCtrlId, &CCalendarView::OnCcnItemClick)
 ON_NOTIFY(CCN_MOUSEHOVER, kCtrlId, &CCalendarView::OnCcnItemClick)
+ON_NOTIFY(CCN_SELCHANGED, kCtrlId, &CCalendarView::OnCcnItemClick)
 END_MESSAGE_MAP()
 
 CCalendarView::CCalendarView() : CCalendarView(nullptr, WS_CHILD | WS_VISIBLE)

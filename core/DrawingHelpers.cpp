@@ -125,6 +125,29 @@ void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors)
     DrawGradient(pDC, lower, colors.lowerFrom, colors.lowerTo, FALSE, TRUE);
 }
 
+void DrawFocusFrame(CDC* pDC, const CRect& rect)
+{
+    // The dots are mixed from these two colours.
+    pDC->SetTextColor(RGB(0, 0, 0));
+    pDC->SetBkColor(RGB(255, 255, 255));
+    pDC->DrawFocusRect(rect);
+}
+
+void DrawVeil(CDC* pDC, const CRect& rect, COLORREF color)
+{
+    constexpr BYTE kHalf = 128; // of 255
+    CDC veil;
+    CBitmap pixel;
+    if (!veil.CreateCompatibleDC(pDC) || !pixel.CreateCompatibleBitmap(pDC, 1, 1)) {
+        return;
+    }
+    const SelectGdi select(&veil, &pixel);
+    veil.SetPixel(0, 0, color);
+    const BLENDFUNCTION blend = {AC_SRC_OVER, 0, kHalf, 0};
+    ::AlphaBlend(pDC->GetSafeHdc(), rect.left, rect.top, rect.Width(), rect.Height(), veil.GetSafeHdc(), 0, 0, 1, 1,
+                 blend);
+}
+
 void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings)
 {
     const COLORREF white = RGB(255, 255, 255);

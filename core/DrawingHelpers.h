@@ -89,6 +89,12 @@ struct HeaderBandColors
 constexpr HeaderBandColors kHeaderBand = {0xFFEFE3, 0xFFDDC4, 0xFFD1AD, 0xFFDBC0};
 void DrawHeaderBand(CDC* pDC, const CRect& rect, const HeaderBandColors& colors);
 
+// The dotted frame of the keyboard's focus.
+void DrawFocusFrame(CDC* pDC, const CRect& rect);
+
+// Makes what is painted half as strong, as a disabled control shows it.
+void DrawVeil(CDC* pDC, const CRect& rect, COLORREF color);
+
 // A frame of `rings` one-pixel rectangles, the outermost in the colour itself, each next one lighter.
 void DrawShadedFrame(CDC* pDC, CRect rect, COLORREF color, int rings);
 

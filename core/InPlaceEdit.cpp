@@ -17,6 +17,34 @@ std::u16string_view ViewOf(const std::wstring& text)
     return std::u16string_view(reinterpret_cast<const char16_t*>(text.data()), text.size());
 }
 
+// Keys that mean something to an edit box. The others, as F5 and Ctrl+S, stay commands of the host.
+bool IsEditKey(UINT key)
+{
+    const bool isAltGr = ::GetKeyState(VK_MENU) < 0; // types characters, with Ctrl
+    if (::GetKeyState(VK_CONTROL) >= 0 || isAltGr) {
+        return key < VK_F1 || key >= VK_OEM_1 || key == VK_NUMLOCK;
+    }
+    switch (key) {
+    case 'A':
+    case 'C':
+    case 'V':
+    case 'X':
+    case 'Y':
+    case 'Z':
+    case VK_BACK:
+    case VK_DELETE:
+    case VK_INSERT:
+    case VK_HOME:
+    case VK_END:
+    case VK_LEFT:
+    case VK_UP:
+    case VK_RIGHT:
+    case VK_DOWN:
+        return true;
+    }
+    return false;
+}
+
 std::wstring TextOfWindow(HWND hWnd)
 {
     std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(hWnd)) + 1, L'\0');
@@ -211,6 +239,13 @@ BOOL CInPlaceEdit::ConversionFits()
 BOOL CInPlaceEdit::PreTranslateMessage(MSG* pMsg)
 {
     if (pMsg->message == WM_KEYDOWN && HandleKey(static_cast<UINT>(pMsg->wParam))) {
+        return TRUE;
+    }
+    // The windows around the box are asked after it: a key that types or edits must not be one of their commands.
+    const bool isKey = pMsg->message == WM_KEYDOWN && IsEditKey(static_cast<UINT>(pMsg->wParam));
+    if (pMsg->hwnd == m_hWnd && (isKey || pMsg->message == WM_CHAR)) {
+        ::TranslateMessage(pMsg);
+        ::DispatchMessage(pMsg);
         return TRUE;
     }
     return CEdit::PreTranslateMessage(pMsg);

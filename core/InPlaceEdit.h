@@ -1,7 +1,9 @@
 // CInPlaceEdit: the edit box that BeginEditItem lays over the current cell of a calendar control.
 //
 // Enter and Tab commit, Escape cancels, losing the focus for any other reason commits. While an input method converts,
-// these keys go to it. The box destroys its window and deletes itself; no other code does.
+// these keys go to it. Keys that type or edit, as Delete and Ctrl+C, never become commands of the host: the box takes
+// them in PreTranslateMessage, before the windows around it are asked. The box destroys its window and deletes itself;
+// no other code does.
 //
 // The box itself is a Unicode window, so every character can be typed, also where the host's message loop is narrow.
 // The text that is reported is in the code page of the control's texts: a typed, converted or pasted character that the

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <numeric>
+#include <unordered_set>
+#include <vector>
 
 namespace dayvane {
 namespace {
@@ -226,6 +228,24 @@ int NextFocusPosition(const ItemArray& sorted, int currentSource)
         }
     }
     return -1;
+}
+
+int FocusNeighbour(const ItemArray& sorted, int currentSource, bool back)
+{
+    std::vector<int> stops; // the first piece of each item
+    std::unordered_set<LPARAM> seen;
+    int current = -1; // in the stops
+    for (int i = 0; i < static_cast<int>(sorted.GetSize()); ++i) {
+        if (!sorted[i].bNoFocus && seen.insert(sorted[i].nSource).second) {
+            if (sorted[i].nSource == currentSource) {
+                current = static_cast<int>(stops.size());
+            }
+            stops.push_back(i);
+        }
+    }
+    const int count = static_cast<int>(stops.size());
+    const int next = current == -1 ? (back ? count - 1 : 0) : current + (back ? -1 : 1);
+    return next >= 0 && next < count ? stops[next] : -1;
 }
 
 } // namespace dayvane

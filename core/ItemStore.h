@@ -40,5 +40,8 @@ void MakeDayScreenItems(const ItemArray& items, const COleDateTime& day, ItemArr
 // In a screen list sorted by start: the position of the first item after the current one (of any piece of it) that
 // can have the focus; -1 when there is none.
 int NextFocusPosition(const ItemArray& sorted, int currentSource);
+// The same for a way that has ends: each item counts once, where its first piece stands; from no item the first one, or
+// with `back` the last; -1 beyond the ends.
+int FocusNeighbour(const ItemArray& sorted, int currentSource, bool back);
 
 } // namespace dayvane

@@ -39,6 +39,8 @@ LRESULT CMoreListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             break;
         case WM_CHAR:
             return 0;
+        case WM_GETDLGCODE:
+            return DLGC_WANTALLKEYS; // the list's, until it closes
         case WM_MOUSEWHEEL:
             m_pMoreList->SendMessage(message, wParam, lParam);
             return 0;

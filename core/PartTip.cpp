@@ -9,11 +9,10 @@ namespace dayvane {
 namespace {
 constexpr int kMaxWidth = 300; // pixels; longer texts take several lines
 
-std::wstring WideOf(const std::string& utf8)
+std::wstring WideOf(UINT codePage, const char* text, int bytes)
 {
-    const int bytes = static_cast<int>(utf8.size());
-    std::wstring wide(static_cast<size_t>(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, nullptr, 0)), L'\0');
-    ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, wide.data(), static_cast<int>(wide.size()));
+    std::wstring wide(static_cast<size_t>(::MultiByteToWideChar(codePage, 0, text, bytes, nullptr, 0)), L'\0');
+    ::MultiByteToWideChar(codePage, 0, text, bytes, wide.data(), static_cast<int>(wide.size()));
     return wide;
 }
 
@@ -69,14 +68,18 @@ void PartTip::ShowColors() const
 
 void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& text)
 {
+    SetPart(owner, part, WideOf(CP_UTF8, text.data(), static_cast<int>(text.size())));
+}
+
+void PartTip::SetPart(CWnd& owner, const CRect& part, std::wstring text)
+{
     m_isActive = !text.empty() && Create(owner.m_hWnd);
     if (!m_hTip) {
         return;
     }
     ::SendMessageW(m_hTip, TTM_POP, 0, 0);
     ::SendMessageW(m_hTip, TTM_ACTIVATE, m_isActive, 0);
-    std::wstring wide = WideOf(text);
-    TTTOOLINFOW tool = ToolOf(owner.m_hWnd, part, wide.data());
+    TTTOOLINFOW tool = ToolOf(owner.m_hWnd, part, text.data());
     ::SendMessageW(m_hTip, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
     ::SendMessageW(m_hTip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
 }

@@ -1,6 +1,11 @@
 #include "core/PointerDriver.h"
 
 namespace dayvane {
+namespace {
+// Milliseconds to the first step of an auto-scroll.
+constexpr int kPauseInside = 400;
+constexpr int kPauseOutside = 1;
+} // namespace
 
 void PointerDriver::Drag(PointerTarget& target, const PointerHit& hit)
 {
@@ -28,6 +33,15 @@ void PointerDriver::ShowDragChange(PointerTarget& target, bool wasDragging)
     }
 }
 
+void PointerDriver::Release(PointerTarget& target, const PointerHit& hit, Drop drop)
+{
+    if (drop == Drop::TAKE_BACK && m_tracker.IsDragging()) {
+        Cancel(target);
+    } else {
+        Apply(target, m_tracker.Release(hit, drop == Drop::REPORT));
+    }
+}
+
 void PointerDriver::Cancel(PointerTarget& target)
 {
     if (m_tracker.IsBusy()) {
@@ -47,15 +61,30 @@ void PointerDriver::CaptureLost(PointerTarget& target)
 
 void PointerDriver::WatchScrollEdge(PointerTarget& target, bool hasCapture, const CRect& content, const CPoint& point)
 {
-    const bool isActive = m_tracker.IsSelecting() || m_tracker.IsDragging();
-    SetScrollTimer(target, isActive && hasCapture && AutoScrollAt(content, point, m_scale) != 0);
+    const int stepBefore = m_scrollPlace.step;
+    m_scrollPlace = m_tracker.IsUnderWay() && hasCapture ? ScrollPlaceAt(content, point, m_scale) : ScrollPlace();
+    const bool isNew = m_scrollPlace.step != stepBefore;
+    m_awaitsScroll = m_scrollPlace.step != 0 && (isNew || m_awaitsScroll);
+    if (m_scrollPlace.step == 0) {
+        SetScrollTimer(target, 0);
+    } else if (m_awaitsScroll && (isNew || m_scrollPlace.isOutside)) {
+        SetScrollTimer(target, m_scrollPlace.isOutside ? kPauseOutside : kPauseInside);
+    }
 }
 
-void PointerDriver::SetScrollTimer(PointerTarget& target, bool run)
+void PointerDriver::ScrollStepDone(PointerTarget& target, int milliseconds)
 {
-    if (run != m_scrollTimer) {
-        m_scrollTimer = run;
-        target.RunScrollTimer(run);
+    m_awaitsScroll = false;
+    if (m_scrollTimer != 0) {
+        SetScrollTimer(target, milliseconds);
+    }
+}
+
+void PointerDriver::SetScrollTimer(PointerTarget& target, int milliseconds)
+{
+    if (milliseconds != m_scrollTimer) {
+        m_scrollTimer = milliseconds;
+        target.RunScrollTimer(milliseconds);
     }
 }
 
@@ -99,6 +128,8 @@ void PointerDriver::Perform(PointerTarget& target, const PointerEffect& effect)
             target.PutItemTimes(effect.item, effect.times);
         }
         return;
+    case PointerEffect::RESTORE_SELECTION:
+        return target.RestoreSelection();
     case PointerEffect::NOTIFY_MOVED:
         return target.NotifyMoved();
     }
@@ -112,7 +143,8 @@ void PointerDriver::Stop(PointerTarget& target)
     }
     if (target.IsAlive()) {
         m_tracker.Released();
-        SetScrollTimer(target, false);
+        m_scrollPlace = ScrollPlace();
+        SetScrollTimer(target, 0);
     }
     if (target.IsAlive()) {
         m_releasing = true;

@@ -21,16 +21,25 @@ public:
     virtual void ExtendSelection(const COleDateTime& end) = 0;
     virtual void MarkDate(const COleDateTime& date) = 0; // while an item is dragged
     virtual void RepaintSelection() = 0;
+    virtual void RestoreSelection() = 0; // that was there before the press
     virtual void NotifyMoved() = 0;
 
     virtual void ShowDragCursor(ItemEdge edge) = 0;
     virtual void ShowArrowCursor() = 0;
     virtual void TakeCapture() = 0;
-    virtual void ReleaseCapture() = 0; // nothing when another window has it
-    virtual void RunScrollTimer(bool run) = 0;
+    virtual void ReleaseCapture() = 0;                 // nothing when another window has it
+    virtual void RunScrollTimer(int milliseconds) = 0; // again and again; 0: not any more
 
 protected:
     ~PointerTarget() = default;
+};
+
+// What becomes of an item that is let go.
+enum class Drop
+{
+    REPORT,
+    REPORT_CHANGE, // reported when its times are others than before the drag
+    TAKE_BACK,
 };
 
 class PointerDriver
@@ -43,13 +52,16 @@ public:
     void Sweep(PointerTarget& target, const PointerHit& hit) { Apply(target, m_tracker.Sweep(hit)); }
     void Drag(PointerTarget& target, const PointerHit& hit);
     void DragExtended(PointerTarget& target, const PointerHit& hit, int stepMinutes, bool wholeDayByDrag);
-    void Release(PointerTarget& target, const PointerHit& hit) { Apply(target, m_tracker.Release(hit)); }
+    void Release(PointerTarget& target, const PointerHit& hit, Drop drop = Drop::REPORT);
     // The one way out of a press, sweep or drag that does not end with its release.
     void Cancel(PointerTarget& target);
     // The capture has gone to another window; the driver's own release of it counts as no loss.
     void CaptureLost(PointerTarget& target);
-    // Runs the timer of the auto-scroll while a captured pointer of a sweep or drag is at an edge of the content.
+    // Runs the timer of the auto-scroll while the captured pointer of a sweep or drag that is under way is at an edge
+    // of the content: beyond it the first step comes at once, inside it after a pause, for a pointer may just pass.
     void WatchScrollEdge(PointerTarget& target, bool hasCapture, const CRect& content, const CPoint& point);
+    // The timer has come to a step; the next ones come at that interval.
+    void ScrollStepDone(PointerTarget& target, int milliseconds);
     // Shift and an arrow key end a pending drag.
     void ForgetPendingDrag() { m_tracker.ForgetPendingDrag(); }
 
@@ -65,7 +77,7 @@ private:
     void Perform(PointerTarget& target, const PointerEffect& effect);
     void ShowDragChange(PointerTarget& target, bool wasDragging);
     void Stop(PointerTarget& target);
-    void SetScrollTimer(PointerTarget& target, bool run);
+    void SetScrollTimer(PointerTarget& target, int milliseconds);
     bool HasLastPutTimes(const PointerTarget& target, int item) const;
     bool FollowItem(const PointerTarget& target);
     bool GetHeldTimes(const PointerTarget& target, ItemTimes& times);
@@ -73,7 +85,9 @@ private:
     PointerTracker m_tracker;
     ViewScale m_scale;
     bool m_releasing = false; // the capture is being given back
-    bool m_scrollTimer = false;
+    ScrollPlace m_scrollPlace;
+    int m_scrollTimer = 0;       // milliseconds that it runs for, 0: not at all
+    bool m_awaitsScroll = false; // the first step has not come yet
 };
 
 } // namespace dayvane

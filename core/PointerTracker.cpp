@@ -8,7 +8,7 @@
 namespace dayvane {
 namespace {
 
-constexpr int kDragSlop = 5; // pixels at 96 dpi in each direction before a press becomes a drag
+constexpr int kDragSlop = 5; // pixels at 96 dpi in each direction before a press becomes a drag, or a sweep not a click
 
 bool AreValid(const ItemTimes& times)
 {
@@ -36,6 +36,11 @@ PointerEffect Plain(PointerEffect::Kind kind, int item = -1)
     effect.kind = kind;
     effect.item = item;
     return effect;
+}
+
+bool IsBeyondSlop(const CPoint& from, const CPoint& point, int slop)
+{
+    return std::abs(point.x - from.x) > slop || std::abs(point.y - from.y) > slop;
 }
 
 PointerEffect WithTimes(PointerEffect::Kind kind, const ItemTimes& times, int item = -1)
@@ -66,17 +71,17 @@ ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges, const 
     return EDGE_NONE;
 }
 
-int AutoScrollAt(const CRect& content, const CPoint& point, const ViewScale& scale)
+ScrollPlace ScrollPlaceAt(const CRect& content, const CPoint& point, const ViewScale& scale)
 {
     const int reach = scale.Of(kScrollReach);
     // Where both strips would overlap there is no room to scroll.
     if (content.Height() <= 2 * reach) {
-        return 0;
+        return {};
     }
     if (point.y < content.top + reach) {
-        return -1;
+        return {-1, point.y < content.top};
     }
-    return point.y >= content.bottom - reach ? 1 : 0;
+    return point.y >= content.bottom - reach ? ScrollPlace{1, point.y >= content.bottom} : ScrollPlace{};
 }
 
 PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& pressed)
@@ -104,6 +109,8 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
             return effects;
         }
         m_sweepBegin = hit.time;
+        m_swept = false;
+        m_pressPoint = hit.point;
         PointerEffect begin = WithTimes(PointerEffect::BEGIN_SELECTION, {hit.time, hit.time});
         begin.fullday = hit.code == CCHT_ONFULLDAY;
         effects.push_back(begin);
@@ -116,6 +123,7 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
 PointerEffects PointerTracker::Sweep(const PointerHit& hit)
 {
     PointerEffects effects;
+    m_swept = m_swept || (m_selecting && IsBeyondSlop(m_pressPoint, hit.point, m_scale.Of(kDragSlop)));
     if (m_selecting && hit.code != CCHT_NOWHERE && IsValid(hit.time)) {
         effects.push_back(WithTimes(PointerEffect::EXTEND_SELECTION, {m_sweepBegin, hit.time}));
     }
@@ -125,11 +133,7 @@ PointerEffects PointerTracker::Sweep(const PointerHit& hit)
 PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
 {
     PointerEffects effects;
-    if (!m_pending) {
-        return effects;
-    }
-    const int slop = m_scale.Of(kDragSlop);
-    if (std::abs(hit.point.x - m_pressPoint.x) <= slop && std::abs(hit.point.y - m_pressPoint.y) <= slop) {
+    if (!m_pending || !IsBeyondSlop(m_pressPoint, hit.point, m_scale.Of(kDragSlop))) {
         return effects;
     }
     m_pressPoint = CPoint(-1, -1);
@@ -220,14 +224,16 @@ ItemTimes PointerTracker::Pulled(const PointerHit& hit, int stepMinutes) const
     return times;
 }
 
-PointerEffects PointerTracker::Release(const PointerHit& hit)
+PointerEffects PointerTracker::Release(const PointerHit& hit, bool reportsAlways)
 {
     PointerEffects effects;
     if (m_selecting && hit.code != CCHT_NOWHERE) {
         effects = Sweep(hit);
         m_selecting = false;
     }
-    if (m_dragging && !m_pending) {
+    const bool hasChanged =
+        m_lastPut.start != m_origin.start || m_lastPut.end != m_origin.end || m_lastPut.fullday != m_origin.fullday;
+    if (m_dragging && !m_pending && (hasChanged || reportsAlways)) {
         m_dropping = true;
         effects.push_back(Plain(PointerEffect::NOTIFY_MOVED, m_item));
     }
@@ -247,6 +253,7 @@ PointerEffects PointerTracker::Cancel()
     PointerEffects effects;
     if (m_dragging && !m_pending && !m_dropping) {
         effects.push_back(WithTimes(PointerEffect::PUT_BACK, m_origin, m_item));
+        effects.push_back(Plain(PointerEffect::RESTORE_SELECTION));
     }
     if (IsBusy()) {
         effects.push_back(Plain(PointerEffect::ARROW_CURSOR));

@@ -17,8 +17,13 @@ namespace dayvane {
 ItemEdge EdgeAt(const CRect& box, const CPoint& point, int pullableEdges, const ViewScale& scale = {});
 constexpr int kEdgeReach = 4; // at 96 dpi
 
-// -1, 0 or +1: whether a drag at the point scrolls the content up or down. Points beyond both edges count too.
-int AutoScrollAt(const CRect& content, const CPoint& point, const ViewScale& scale = {});
+// Where a sweep or a drag scrolls the content by itself: above and below it, and in strips inside its edges.
+struct ScrollPlace
+{
+    int step = 0; // -1 up, +1 down, 0 nowhere
+    bool isOutside = false;
+};
+ScrollPlace ScrollPlaceAt(const CRect& content, const CPoint& point, const ViewScale& scale = {});
 constexpr int kScrollReach = 8; // pixels at 96 dpi within the content's upper and lower edge
 
 struct ItemTimes
@@ -58,8 +63,9 @@ struct PointerEffect
         RELEASE_CAPTURE,
         DRAG_CURSOR,
         ARROW_CURSOR,
-        PUT_ITEM, // the current item gets the times
-        PUT_BACK, // item gets the times, if it still has those that were last put
+        PUT_ITEM,          // the current item gets the times
+        PUT_BACK,          // item gets the times, if it still has those that were last put
+        RESTORE_SELECTION, // the one that there was before the press
         NOTIFY_MOVED,
     };
     Kind kind;
@@ -85,7 +91,8 @@ public:
     // there. Otherwise, between the two, only the day counts.
     PointerEffects DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes,
                                 bool wholeDayByDrag = false);
-    PointerEffects Release(const PointerHit& hit);
+    // reportsAlways: also a drop where the item was before the drag.
+    PointerEffects Release(const PointerHit& hit, bool reportsAlways = true);
     // After the effects of Release.
     void Released();
     // Escape, a lost capture, a destroyed window: puts a dragged item back and ends everything.
@@ -99,6 +106,8 @@ public:
     bool IsDragPending() const { return m_pending; }
     bool IsDragging() const { return m_dragging; }
     bool IsBusy() const { return m_selecting || m_pending || m_dragging; }
+    // A drag, or a sweep that has left the place of its press: no click any more.
+    bool IsUnderWay() const { return (m_selecting && m_swept) || m_dragging; }
     ItemEdge Edge() const { return m_edge; }
     int Item() const { return m_item; }
     COleDateTime SweepBegin() const { return m_sweepBegin; }
@@ -117,6 +126,7 @@ private:
     void PutItem(PointerEffects& effects, const PointerHit& hit, const ItemTimes& times);
 
     bool m_selecting = false;
+    bool m_swept = false; // the pointer has left the place of the press
     bool m_pending = false;
     bool m_dragging = false;
     bool m_dropping = false; // the drop is being reported: no way back

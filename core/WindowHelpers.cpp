@@ -61,6 +61,16 @@ int ClampedDpi(int dpi)
     return std::clamp(dpi, least, most);
 }
 
+bool ShowsFocus(HWND hWnd)
+{
+    return ::GetFocus() == hWnd && (::SendMessage(hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+}
+
+void ShowFocusCues(HWND hWnd)
+{
+    ::SendMessage(hWnd, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+}
+
 NMHDR NotifyHeader(const CWnd& window, int code)
 {
     NMHDR header = {};

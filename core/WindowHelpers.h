@@ -26,6 +26,10 @@ inline bool AnnouncesDpi(UINT message)
 int AnnouncedDpi(HWND hWnd, UINT message, WPARAM wParam);
 // What a control's SetScale takes: 48 to 768.
 int ClampedDpi(int dpi);
+// Whether the window has the focus and shows it: by the system's rule not before the keyboard is used.
+bool ShowsFocus(HWND hWnd);
+// The keyboard is used: from now on all windows of this top-level window show the focus.
+void ShowFocusCues(HWND hWnd);
 
 // The header of a notification from the window, all but the code zero while there is none.
 NMHDR NotifyHeader(const CWnd& window, int code);

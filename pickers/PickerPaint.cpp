@@ -120,12 +120,4 @@ void DrawHorizontalLine(CDC* pDC, int left, int right, int y, COLORREF color)
     pDC->FillSolidRect(left, y, right - left, 1, color);
 }
 
-void DrawFocusFrame(CDC* pDC, const CRect& rect)
-{
-    // The dots are mixed from these two colours.
-    pDC->SetTextColor(RGB(0, 0, 0));
-    pDC->SetBkColor(RGB(255, 255, 255));
-    pDC->DrawFocusRect(rect);
-}
-
 } // namespace dayvane

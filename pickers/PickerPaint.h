@@ -79,7 +79,4 @@ void DrawRoundBox(CDC* pDC, const CRect& rect, COLORREF fill, COLORREF frame);
 void DrawFrame(CDC* pDC, const CRect& rect, COLORREF color);
 void DrawHorizontalLine(CDC* pDC, int left, int right, int y, COLORREF color);
 
-// The dotted frame of the keyboard's place.
-void DrawFocusFrame(CDC* pDC, const CRect& rect);
-
 } // namespace dayvane

@@ -27,16 +27,6 @@ bool IsKeyDown(int virtualKey)
     return ::GetKeyState(virtualKey) < 0;
 }
 
-bool ShowsFocus(HWND hWnd)
-{
-    return ::GetFocus() == hWnd && (::SendMessage(hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
-}
-
-void ShowFocusCues(HWND hWnd)
-{
-    ::SendMessage(hWnd, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-}
-
 void TrackMouseLeave(HWND hWnd)
 {
     TRACKMOUSEEVENT track = {};

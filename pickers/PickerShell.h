@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../core/WindowAlive.h"
+#include "../core/WindowHelpers.h"
 #include "PickerKey.h"
 
 #include <afxwin.h>
@@ -11,11 +12,6 @@ namespace dayvane {
 // None for a key that the selectors do not know.
 PickerKey PickerKeyOf(UINT virtualKey);
 bool IsKeyDown(int virtualKey);
-
-// Whether the window has the focus and shows it: by the system's rule not before the keyboard is used.
-bool ShowsFocus(HWND hWnd);
-// The keyboard is used: from now on all windows of this top-level window show the focus.
-void ShowFocusCues(HWND hWnd);
 
 // Asks for one WM_MOUSELEAVE.
 void TrackMouseLeave(HWND hWnd);

@@ -79,6 +79,7 @@ public:
     void ExtendSelection(const COleDateTime& end) override { Asked("extend " + std::string(end.Format("%d"))); }
     void MarkDate(const COleDateTime& date) override { Asked("mark " + std::string(date.Format("%d"))); }
     void RepaintSelection() override { Asked("repaint"); }
+    void RestoreSelection() override { Asked("restore"); }
     void NotifyMoved() override { Asked("moved"); }
     void ShowDragCursor(ItemEdge) override { Asked("drag-cursor"); }
     void ShowArrowCursor() override { Asked("arrow"); }
@@ -90,7 +91,10 @@ public:
             driver->CaptureLost(*this); // the window gets the message at once
         }
     }
-    void RunScrollTimer(bool run) override { Asked(run ? "timer" : "no-timer"); }
+    void RunScrollTimer(int milliseconds) override
+    {
+        Asked(milliseconds ? "timer " + std::to_string(milliseconds) : "no-timer");
+    }
 
 private:
     static PointerHit HitOf(int code, int item, const COleDateTime& time, CPoint point)
@@ -121,8 +125,8 @@ TEST(PointerDriver, ADropEndsWithTimerAndCaptureGone)
 {
     Control control;
     DragAndDrop(control);
-    EXPECT_EQ(control.Taken(), "select 0; capture; drag-cursor; repaint; drag-cursor; mark 12; put 12-09 12-11; timer; "
-                               "moved; arrow; repaint; no-timer; release");
+    EXPECT_EQ(control.Taken(), "select 0; capture; drag-cursor; repaint; drag-cursor; mark 12; put 12-09 12-11; "
+                               "timer 400; moved; arrow; repaint; no-timer; release");
     EXPECT_FALSE(control.driver->Tracker().IsBusy());
     control.Press(CCHT_ONCELL, -1);
     control.Sweep(13);
@@ -195,8 +199,8 @@ TEST(PointerDriver, CancelPutsBackOnlyWhatTheDragPut)
         }
         control.Taken();
         control.driver->Cancel(control);
-        EXPECT_EQ(control.Taken(),
-                  isChangedByHost ? "arrow; release; repaint" : "put 10-09 10-11; arrow; release; repaint");
+        EXPECT_EQ(control.Taken(), isChangedByHost ? "restore; arrow; release; repaint"
+                                                   : "put 10-09 10-11; restore; arrow; release; repaint");
         control.driver->Cancel(control);
         control.driver->CaptureLost(control);
         EXPECT_EQ(control.Taken(), "") << "nothing is pressed any more";
@@ -220,21 +224,46 @@ TEST(PointerDriver, ADragFollowsItsItem)
     EXPECT_EQ(TextOf(control.items[0]) + ", " + TextOf(control.items[1]), "20-09 20-11, 01-00 02-00");
 }
 
-TEST(PointerDriver, TheScrollTimerRunsAtAnEdgeOnly)
+TEST(PointerDriver, ADropThatIsTakenBackIsNotReported)
+{
+    Control control;
+    control.Press(CCHT_ONITEM, 0);
+    control.Drag(12);
+    control.Drag(12);
+    control.Taken();
+    PointerHit hit;
+    control.driver->Release(control, hit, Drop::TAKE_BACK);
+    EXPECT_EQ(control.Taken(), "put 10-09 10-11; restore; arrow; release; repaint");
+    control.Press(CCHT_ONCELL, -1);
+    control.Taken();
+    control.driver->Release(control, hit, Drop::TAKE_BACK);
+    EXPECT_EQ(control.Taken(), "arrow; release") << "nothing was dragged";
+}
+
+TEST(PointerDriver, ScrollsOnceASweepIsUnderWay)
 {
     Control control;
     control.Scroll(true, 299);
     control.Press(CCHT_ONCELL, -1);
+    control.Scroll(true, 299);
+    EXPECT_EQ(control.Taken(), "begin; select -1; capture") << "a click at the edge";
+    control.Sweep(10);
     control.Taken();
     const struct
     {
         bool hasCapture;
-        int y;
+        int y; // -1: a step is done
         const char* asked;
-    } moves[] = {{true, 150, ""},         {false, 299, ""},   {true, 299, "timer"},  {true, 0, ""},
-                 {true, 150, "no-timer"}, {true, 0, "timer"}, {false, 0, "no-timer"}};
+    } moves[] = {{true, 150, ""},        {false, 299, ""},        {true, 299, "timer 400"}, {true, 295, ""},
+                 {true, 310, "timer 1"}, {true, 320, ""},         {true, -1, "timer 1000"}, {true, 295, ""},
+                 {true, 310, ""},        {true, -1, ""},          {true, 150, "no-timer"},  {true, 0, "timer 400"},
+                 {true, 299, ""},        {true, 150, "no-timer"}, {true, -20, "timer 1"},   {false, 0, "no-timer"}};
     for (const auto& move : moves) {
-        control.Scroll(move.hasCapture, move.y);
+        if (move.y == -1) {
+            control.driver->ScrollStepDone(control, 1000);
+        } else {
+            control.Scroll(move.hasCapture, move.y);
+        }
         EXPECT_EQ(control.Taken(), move.asked) << move.y;
     }
 }

@@ -47,6 +47,8 @@ std::string TextOf(const PointerEffect& effect)
                (effect.times.fullday == 1 ? " all day" : "");
     case PointerEffect::PUT_BACK:
         return "put-back " + TimeText(effect.times.start) + " " + TimeText(effect.times.end);
+    case PointerEffect::RESTORE_SELECTION:
+        return "restore";
     case PointerEffect::NOTIFY_MOVED:
         return "moved";
     }
@@ -85,9 +87,9 @@ public:
         return swept.empty() || dragged.empty() ? swept + dragged : swept + "; " + dragged;
     }
 
-    std::string Release(int code, const COleDateTime& time)
+    std::string Release(int code, const COleDateTime& time, bool reportsAlways = true)
     {
-        const std::string effects = Carry(tracker.Release(HitOf(code, time, CPoint(200, 200))));
+        const std::string effects = Carry(tracker.Release(HitOf(code, time, CPoint(200, 200)), reportsAlways));
         tracker.Released();
         return effects;
     }
@@ -172,13 +174,44 @@ TEST(PointerTracker, CancelPutsTheItemBack)
     mouse.Press(CCHT_ONITEM, At(10, 9));
     mouse.Move(CCHT_ONCELL, At(12));
     mouse.Move(CCHT_ONCELL, At(12));
-    EXPECT_EQ(mouse.Cancel(), "put-back 10-09:00 10-11:00; arrow; release");
+    EXPECT_EQ(mouse.Cancel(), "put-back 10-09:00 10-11:00; restore; arrow; release");
     EXPECT_EQ(mouse.Cancel(), "");
     mouse.Press(CCHT_ONITEM, At(10, 9));
     mouse.Move(CCHT_ONCELL, At(12));
     mouse.itemThere = false;
     mouse.Move(CCHT_ONCELL, At(13));
     EXPECT_FALSE(mouse.tracker.IsBusy()) << "an item that is gone ends the drag";
+}
+
+TEST(PointerTracker, ADropThatChangesNothingNeedNotBeReported)
+{
+    Mouse mouse;
+    const auto drag = [&](int day) {
+        mouse.Press(CCHT_ONITEM, At(10, 9));
+        mouse.Move(CCHT_ONCELL, At(12));
+        mouse.Move(CCHT_ONCELL, At(12, 9));
+        mouse.Move(CCHT_ONCELL, At(day, 9));
+    };
+    drag(10);
+    EXPECT_EQ(mouse.Release(CCHT_ONCELL, At(10, 9), false), "arrow; release") << "back where it was";
+    drag(10);
+    EXPECT_EQ(mouse.Release(CCHT_ONCELL, At(10, 9)), "moved; arrow; release");
+    drag(11);
+    EXPECT_EQ(mouse.Release(CCHT_ONCELL, At(11, 9), false), "moved; arrow; release");
+}
+
+TEST(PointerTracker, ASweepIsUnderWayBeyondTheSlop)
+{
+    Mouse mouse;
+    mouse.Press(CCHT_ONCELL, At(3));
+    for (const auto& [x, isUnderWay] : {std::pair{101, false}, {105, false}, {106, true}, {100, true}}) {
+        mouse.Move(CCHT_ONCELL, At(3), CPoint(x, 100));
+        EXPECT_EQ(mouse.tracker.IsUnderWay(), isUnderWay) << x;
+    }
+    mouse.Release(CCHT_ONCELL, At(3));
+    EXPECT_FALSE(mouse.tracker.IsUnderWay());
+    mouse.Press(CCHT_ONCELL, At(3));
+    EXPECT_FALSE(mouse.tracker.IsUnderWay()) << "a new press";
 }
 
 TEST(PointerTracker, ADropThatIsBeingReportedIsNotTakenBack)
@@ -328,10 +361,19 @@ TEST(PointerTracker, EdgesAndScrollStrips)
     EXPECT_EQ(grabbable, 6) << "a low box can still be moved";
 
     const CRect content(0, 100, 300, 400);
-    for (const auto& [y, step] : {std::pair{50, -1}, {107, -1}, {108, 0}, {391, 0}, {392, 1}, {900, 1}}) {
-        EXPECT_EQ(AutoScrollAt(content, CPoint(10, y)), step) << y;
+    const struct
+    {
+        int y;
+        int step;
+        bool isOutside;
+    } places[] = {{50, -1, true},  {99, -1, true},  {100, -1, false}, {107, -1, false}, {108, 0, false},
+                  {391, 0, false}, {392, 1, false}, {399, 1, false},  {400, 1, true},   {900, 1, true}};
+    for (const auto& row : places) {
+        const ScrollPlace place = ScrollPlaceAt(content, CPoint(10, row.y));
+        EXPECT_EQ(place.step, row.step) << row.y;
+        EXPECT_EQ(place.isOutside, row.isOutside) << row.y;
     }
-    EXPECT_EQ(AutoScrollAt(CRect(0, 0, 10, 10), CPoint(5, 50)), 0);
+    EXPECT_EQ(ScrollPlaceAt(CRect(0, 0, 10, 10), CPoint(5, 50)).step, 0) << "no room";
 }
 
 } // namespace

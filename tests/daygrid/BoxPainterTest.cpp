@@ -90,7 +90,8 @@ TEST(MonthPaint, EveryLayerIsWhereItBelongs)
         EXPECT_EQ(scene.Pixel(201, 200), shown ? kSelectedOutline : kPlainDay) << "beside a current item";
     }
     scene.view->SetDayColor(Day(4, 15), 10000);
-    EXPECT_TRUE(RaisesInvalidArgument([&scene] { scene.Paint(); })) << "an unknown colour ends the painting";
+    EXPECT_FALSE(RaisesInvalidArgument([&scene] { scene.Paint(); })) << "an unknown colour ends the cells only";
+    EXPECT_EQ(scene.picture.Count(CRect(0, 0, kWidth, 20), kUnpainted), 0) << "the title is there";
 }
 
 TEST(MonthPaint, TextsStandInTheirPlaces)

@@ -216,7 +216,7 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
 {
     MonthHands h;
     const std::string kHeld = "cur=0 sel=14 00:00..14 00:00 Talk 14 00:00-14 01:00 held";
-    const std::string kBack = "cur=0 sel=14 00:00..14 00:00 " + h.kTalk;
+    const std::string kBack = "cur=0 sel=05 00:00..05 00:00 " + h.kTalk;
     const auto pull = [&] { h.Pull(h.Bar(12), h.Cell(14)); };
     const auto drop = [] { hand::LeftUp(); };
     h.Play({
@@ -419,8 +419,11 @@ TEST(DayHands, SweepsMovesAndPulls)
          [&] { h.Pull(h.Row(14, 30, 18), h.Row(16, 0)); },
          {"ITEMCLICK 0/70 04-26 14:30 2/1"},
          "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 16:30 held"},
-        {"taken back", [] { hand::Key(VK_ESCAPE); }, {}, "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 15:00"},
-        {"let go", drop, {}, "cur=0 sel=26 16:00..26 16:30 Talk 26 14:00-26 15:00"},
+        {"taken back, the selection too",
+         [] { hand::Key(VK_ESCAPE); },
+         {},
+         "cur=0 sel=26 14:30..26 15:00 Talk 26 14:00-26 15:00"},
+        {"let go", drop, {}, "cur=0 sel=26 14:30..26 15:00 Talk 26 14:00-26 15:00"},
         {"above its start a row is left",
          [&] {
              h.Pull(h.Row(14, 30, 18), h.Row(10, 0));

@@ -32,6 +32,7 @@ constexpr CodeName kCodeNames[] = {
     {CCN_IPE_ENDEDITITEM, "CCN_IPE_ENDEDITITEM", Notification::Record::Edit},
     {CCN_COMBOSELCHANGE, "CCN_COMBOSELCHANGE", Notification::Record::Item},
     {CCN_MOUSEHOVER, "CCN_MOUSEHOVER", Notification::Record::Item},
+    {CCN_SELCHANGED, "CCN_SELCHANGED", Notification::Record::Range},
     {static_cast<int>(MCN_SELECT), "MCN_SELECT", Notification::Record::Selection},
     {static_cast<int>(NM_DBLCLK), "NM_DBLCLK", Notification::Record::Plain},
     {6025, "YMN_DATECHANGE", Notification::Record::Message},
@@ -69,6 +70,9 @@ Notification CopyOf(const NMHDR* header)
         break;
     case Notification::Record::Selection:
         copy.selection = *reinterpret_cast<const NMSELCHANGE*>(header);
+        break;
+    case Notification::Record::Range:
+        copy.range = *reinterpret_cast<const NMCALENDARSELECTION*>(header);
         break;
     default:
         break;
@@ -114,6 +118,10 @@ std::string Notification::Line() const
         break;
     case Record::Selection:
         line << " start=" << TimeText(selection.stSelStart) << " end=" << TimeText(selection.stSelEnd);
+        break;
+    case Record::Range:
+        line << " begin=" << TimeText(range.stBegin) << " end=" << TimeText(range.stEnd)
+             << (range.bWholeDays ? " days" : "") << " cause=" << range.nCause;
         break;
     case Record::Message:
         line << " wParam=" << static_cast<unsigned long long>(wParam) << " lParam=" << static_cast<long long>(lParam);

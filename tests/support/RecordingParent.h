@@ -22,6 +22,7 @@ struct Notification
         Dates,     // NMCALENDARDATES
         Edit,      // NMCALENDAREDIT, its text in editText
         Selection, // NMSELCHANGE
+        Range,     // NMCALENDARSELECTION
         Message,   // no WM_NOTIFY: message, wParam, lParam
     };
 
@@ -33,6 +34,7 @@ struct Notification
     bool hasEditText = false;
     std::string editText;
     NMSELCHANGE selection = {};
+    NMCALENDARSELECTION range = {};
     UINT message = 0;
     WPARAM wParam = 0;
     LPARAM lParam = 0;

@@ -17,6 +17,10 @@ namespace {
 
 constexpr int kRangeChangeValue = 4100; // nValue of CCN_VIEWRANGECHANGE
 
+// Milliseconds.
+constexpr int kWeekScrollInterval = 400;
+constexpr int kYearScrollInterval = 1000;
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CBoxViewCtrl, CDayGridCtrl)
@@ -32,6 +36,7 @@ CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind)
     : m_strTitle(kind.title), m_state(std::make_unique<BoxViewState>(kind))
 {
     RegisterControlClass(kind.windowClass);
+    m_nAutoScrollInterval = kind.range == RangeKind::Year ? kYearScrollInterval : kWeekScrollInterval;
     const CalendarColors& colors = kind.colors;
     m_colors.caption = colors.caption;
     m_colors.captionText = colors.captionText;
@@ -50,11 +55,7 @@ CBoxViewCtrl::~CBoxViewCtrl()
 
 BOOL CBoxViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    if (!CWnd::Create(m_state->kind.windowClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
-        return FALSE;
-    }
-    PreparePainting();
-    return TRUE;
+    return CWnd::Create(m_state->kind.windowClass, nullptr, dwStyle, rect, pParent, nID, pContext);
 }
 
 const CRect& CBoxViewCtrl::GetBox(int nBox) const
@@ -98,9 +99,23 @@ void CBoxViewCtrl::ShowRange(const BoxRange& range)
     m_state->range = range;
     m_dtRangeStart = range.FirstDate();
     m_dtRangeEnd = range.LastDate();
-    m_state->todayBox = range.BoxOf(Now());
+    TodayChanged();
     RangeChanged();
     UpdateScreenItems();
+}
+
+void CBoxViewCtrl::TodayChanged()
+{
+    m_state->todayBox = m_state->range.BoxOf(Now());
+}
+
+void CBoxViewCtrl::BringInSight(const COleDateTime& date)
+{
+    ShowRange(BoxRange(m_state->kind.range, date, m_nFirstDayOfWeek));
+    m_dtCurrentDate = m_dtViewDate = date;
+    ResetScrollBar();
+    InvalidateClient();
+    NotifyViewRangeChange(GetCurrentDate(), kRangeChangeValue);
 }
 
 void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
@@ -260,7 +275,7 @@ void CBoxViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     COleDateTime begin;
     COleDateTime end;
     const BOOL keeps = GetSelRange(begin, end) && target.Holds(m_dtSelEnd);
-    NotifySelDateChange(keeps ? GetCurrentDate() : m_state->range.MoveAlong(GetCurrentDate(), target));
+    NotifySelDateChange(keeps ? m_dtSelEnd : m_state->range.MoveAlong(GetCurrentDate(), target));
     if (!alive) {
         return;
     }

@@ -53,7 +53,8 @@ protected:
     virtual void RangeChanged() {}
     virtual void DrawBoxStrip(CDC* pDC, int nBox) = 0;
     virtual COLORREF GetBoxColor(int nBox) = 0;
-    virtual void DrawBoxMark(CDC* pDC, int nBox) = 0; // the more-items mark
+    virtual BOOL HasBoxColor(int /*nBox*/) { return TRUE; } // FALSE: the table of day colours lacks its row
+    virtual void DrawBoxMark(CDC* pDC, int nBox) = 0;       // the more-items mark
 
     // Sets the rectangles of the boxes and their strips. rcUnused and rcHeader are left as they are.
     virtual void CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect& rcUnused, CRect& rcHeader,
@@ -67,6 +68,8 @@ protected:
     int GetHitStripHeight() override;
     BOOL HasMoreMark(int nBox) override;
     void ClearMoreMarks() override;
+    void TodayChanged() override;
+    void BringInSight(const COleDateTime& date) override;
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCell(CDC* pDC, const CRect& rcCalendar); // the boxes

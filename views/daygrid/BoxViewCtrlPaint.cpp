@@ -26,7 +26,7 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 {
     DrawBoxLines(pDC, rcCalendar, m_state->kind.metrics.columns);
     const BoxPainter painter = PainterOn(pDC);
-    for (int i = 0; i < GetBoxCount(); ++i) {
+    for (int i = 0; i < GetBoxCount() && HasBoxColor(i); ++i) {
         const CRect box = PaintedPart(GetBox(i), m_rcContent);
         if (!painter.IsVisible(box)) {
             continue;

@@ -28,7 +28,7 @@ struct BoxViewState
 
     const BoxViewKind kind;
     BoxRange range;
-    int todayBox = -1; // of the day when the range was set; -1: not shown
+    int todayBox = -1; // -1: not shown
     BoxViewLayout layout;
     std::vector<int> more; // of each box: 1: an item did not fit
 };

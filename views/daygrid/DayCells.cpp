@@ -50,6 +50,17 @@ void FillDays(const BoxRange& range, const COleDateTime& current, const COleDate
     AnnotateDays(provider, days);
 }
 
+void MarkToday(const COleDateTime& today, BoxDayArray& days)
+{
+    for (int i = 0; i < static_cast<int>(days.GetSize()); ++i) {
+        const bool isToday = IsValid(days[i].m_date) && IsSameDay(days[i].m_date, today);
+        days[i].m_nFlags &= ~DAY_TODAY;
+        if (isToday) {
+            days[i].m_nFlags |= DAY_TODAY;
+        }
+    }
+}
+
 void AnnotateDays(const DayProvider* provider, BoxDayArray& days)
 {
     for (int i = 0; i < static_cast<int>(days.GetSize()); ++i) {

@@ -50,6 +50,8 @@ using BoxDayArray = CArray<BoxDay, const BoxDay&>;
 void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
               const DayProvider* provider, BoxDayArray& days);
 // Asks the provider again for days that are there; all else of them stays.
+// Which of them is today.
+void MarkToday(const COleDateTime& today, BoxDayArray& days);
 void AnnotateDays(const DayProvider* provider, BoxDayArray& days);
 
 // The month view's range, as its days stand.

@@ -27,6 +27,7 @@ IMPLEMENT_DYNAMIC(CDayGridCtrl, CMoreListCtrl)
 
 BEGIN_MESSAGE_MAP(CDayGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
+ON_WM_KEYDOWN()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -52,6 +53,17 @@ void CDayGridCtrl::OnDestroy()
 {
     CCalendarCtrl::OnDestroy();
     m_parts->Clear();
+}
+
+void CDayGridCtrl::PreSubclassWindow()
+{
+    CMoreListCtrl::PreSubclassWindow();
+    PreparePainting();
+    const CSize size = GetSizeOfAttached();
+    if (size != CSize(0, 0)) {
+        Layout(size.cx, size.cy);
+        ResetScrollBar();
+    }
 }
 
 void CDayGridCtrl::PreparePainting()
@@ -98,14 +110,20 @@ const std::vector<int>& CDayGridCtrl::GetShownItems()
     return m_shown;
 }
 
-int CDayGridCtrl::ScreenItemAt(CPoint point)
+int CDayGridCtrl::ScreenItemAt(CPoint point, int* pCount)
 {
+    int found = -1;
+    int count = 0;
     for (int i : GetShownItems()) {
         if (IsShown(m_arScreenItem[i]) && m_arScreenItem[i].rcItem.PtInRect(point)) {
-            return i;
+            found = found == -1 || m_options.hitWhatIsSeen ? i : found;
+            ++count;
         }
     }
-    return -1;
+    if (pCount) {
+        *pCount = count;
+    }
+    return found;
 }
 
 CRect CDayGridCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
@@ -297,7 +315,7 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
         CRect bar = item.rcItem;
         bar.bottom = std::max<int>(bar.bottom, bar.top + GetMarksHeight(item));
         if (IsShown(item) && painter.IsVisible(bar)) {
-            DrawBar(pDC, painter, item);
+            DrawItemBox(*pDC, {item, item.rcItem, m_rcContent, true, item.nSource == m_nCurSel});
         }
     };
     if (&items == &m_arScreenItem) {
@@ -311,18 +329,19 @@ void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
     }
 }
 
-void CDayGridCtrl::DrawBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
+void CDayGridCtrl::DrawItemBox(CDC& dc, const ItemBox& box)
 {
+    const BoxPainter painter = PainterOn(&dc);
     if (ChangesItems(m_theme)) {
-        tagCALENDAR_ITEM themed = item;
+        tagCALENDAR_ITEM themed = box.item;
         ThemeItem(themed, m_theme, ItemGround::WhiteIsNone);
-        DrawThemedBar(pDC, painter, themed);
+        DrawThemedBar(&dc, painter, themed, box.isCurrent);
     } else {
-        DrawThemedBar(pDC, painter, item);
+        DrawThemedBar(&dc, painter, box.item, box.isCurrent);
     }
 }
 
-void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item)
+void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item, bool isCurrent)
 {
     const BarParts parts = PartsOfBar(item, m_scale);
     painter.DrawBar(item, parts);
@@ -338,9 +357,21 @@ void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagC
         const SelectGdi selectFont(pDC, font);
         painter.DrawBarText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
     }
-    if (item.nSource == m_nCurSel) {
+    if (isCurrent) {
         painter.DrawBarSelection(parts.bar);
     }
+}
+
+BOOL CDayGridCtrl::IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string& strText)
+{
+    CRect content = PartsOfBar(item).content;
+    if (const int marks = GetItemMarksWidth(item, content, TRUE, kMarkGap, TRUE)) {
+        content.left += marks + kTextGap;
+    }
+    CClientDC dc(this);
+    CFont* font = GetFont(item.nReserved);
+    const SelectGdi selectFont(&dc, font);
+    return m_parts->texts.WidthOf(&dc, font, strText) > content.Width();
 }
 
 void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)

@@ -32,6 +32,9 @@ public:
     void EnableMoreList(BOOL bEnable);
     BOOL IsMoreListEnabled() const { return m_options.moreList; }
 
+    // Of the cell where the selection begins; shows it first when it lies beyond the boxes.
+    void BeginEditItem(const char* lpszText) override;
+
     CFont* GetSmallLatinFont(); // for printing; belongs to the view, and exists as long as its window
 
 protected:
@@ -50,6 +53,7 @@ protected:
     virtual CRect GetMarkBox(int nBox) { return MoreMarkOf(GetBoxRect(nBox)); } // where the more-items mark is painted
     virtual std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday);
     virtual BOOL IsBarTextCentered(BOOL bFullday) { return bFullday; }
+    virtual void BringInSight(const COleDateTime& date) = 0; // moves the boxes until one stands for the date
 
     int GetBoxCount() const;
     int BoxAt(CPoint point); // -1: none
@@ -83,16 +87,21 @@ protected:
     // Lays out the bars; in the screen list, where MakePieces has only made some anew, only the rows of those.
     std::vector<dayvane::BoxLoad> LayOutPieces(const dayvane::BoxGrid& grid, const dayvane::BarRules& rules,
                                                CItemArray& screenItems);
-    int ScreenItemAt(CPoint point); // position in the screen list of the first shown item there, -1 none
+    // The position in the screen list of the first shown item there, with hitWhatIsSeen of the last, which is seen; -1
+    // none. pCount: how many there are.
+    int ScreenItemAt(CPoint point, int* pCount = nullptr);
 
     // Bars of the given items, in their order; those outside the clip box are passed over.
     void DrawBars(CDC* pDC, CItemArray& items);
-    void DrawBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
+    void DrawItemBox(CDC& dc, const dayvane::ItemBox& box) override;
 
-    void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item);
+    void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item, bool isCurrent);
 
     void ScaleChanged(const dayvane::ViewScale& before) override;
-    void PreparePainting(); // makes the mark of hidden items, once there is a window
+    void PreSubclassWindow() override;
+    CRect GetFocusBox() override;
+    BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText) override;
+    virtual BOOL IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string& strText);
     dayvane::BoxPainter PainterOn(CDC* pDC);
     // The border of the calendar and the lines between the boxes, so many in a row.
     void DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns);
@@ -119,6 +128,7 @@ protected:
     void DrawListEnd(CDC* pDC, const CRect& rcList) override { DrawMoreMark(pDC, rcList); }
 
     afx_msg void OnDestroy();
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
 
     const std::unique_ptr<dayvane::DayGridParts> m_parts;
@@ -128,6 +138,10 @@ private:
     static bool IsShown(const tagCALENDAR_ITEM& item) { return !item.bNoFocus && item.rcItem.top != kNoTop; }
     bool RemakePieces(const std::vector<int>& rows);
     void UpdateShown(const std::vector<int>& positions);
+    void PreparePainting(); // makes the mark of hidden items
+    void MoveToFirst(UINT nFlags);
+    void MoveToLast(UINT nFlags);
+    void MoveToEnd(BOOL bLast, UINT nFlags);
 
     HICON m_hMoreMark = nullptr;
     std::vector<int> m_shown;

@@ -46,5 +46,5 @@ BOOL CDayGridCtrl::OpenMoreListOf(const COleDateTime& date)
 
 void CDayGridCtrl::DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
-    DrawBar(pDC, PainterOn(pDC), item);
+    DrawItemBox(*pDC, {item, item.rcItem, item.rcItem, true, item.nSource == m_nCurSel});
 }

@@ -51,6 +51,11 @@ std::u16string DayNumberText(const COleDateTime& date, bool firstOfGrid, const T
 
 } // namespace
 
+bool HasColorRow(const BoxDay& info, int hostColor, const DayColorTable& colors)
+{
+    return hostColor >= 0 && hostColor <= colors.GetSize() && colors.GetSize() > DAYROW_SATURDAY;
+}
+
 DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const DayLookInput& input)
 {
     const bool hasProvidedColor = info.m_nColorRow > 0 && info.m_nColorRow <= input.colors.GetSize();

@@ -21,6 +21,8 @@ constexpr COLORREF kGridColor = 0xE1BFA5;
 constexpr COLORREF kBorderColor = 0x2299EE;
 constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
 
+constexpr int kWeekScrollInterval = 400; // milliseconds
+
 } // namespace
 
 IMPLEMENT_DYNCREATE(CMonthViewCtrl, CDayGridCtrl)
@@ -41,6 +43,7 @@ CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonF
     m_colors.captionText = kCaptionTextColor;
     m_colors.grid = kGridColor;
     m_colors.border = kBorderColor;
+    m_nAutoScrollInterval = kWeekScrollInterval;
     m_dtCurrent = m_dtScroll = Now();
     m_arHeaderCell.SetSize(kMonthColumns);
     m_arCell.SetSize(kMonthCells);
@@ -58,7 +61,6 @@ BOOL CMonthViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT
         return FALSE;
     }
     CalcCalendar();
-    PreparePainting();
     return TRUE;
 }
 
@@ -82,6 +84,19 @@ void CMonthViewCtrl::ShowRange(const BoxRange& range)
 void CMonthViewCtrl::DayProviderChanged()
 {
     AnnotateDays(GetDayProvider(), m_arCellDate);
+}
+
+void CMonthViewCtrl::TodayChanged()
+{
+    dayvane::MarkToday(Now(), m_arCellDate);
+}
+
+void CMonthViewCtrl::BringInSight(const COleDateTime& date)
+{
+    const int position = Range().PositionOf(date);
+    const int week = position >= 0 ? position / kMonthColumns : (position - kMonthColumns + 1) / kMonthColumns;
+    m_dtCurrent = m_dtScroll = m_dtCurrentDate = m_dtViewDate = date;
+    MoveCalendar(week < 0 ? week : week - kMonthRows + 1);
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)

@@ -2,7 +2,7 @@
 // one item a day as a block.
 //
 // The grid starts with the week of the 1st of the month; scrolling then moves it by whole weeks, without regard to
-// months. Window style: WS_VSCROLL gives the scroll bar.
+// months. The window gets a vertical scroll bar with its first size, also without WS_VSCROLL.
 //
 // Notifications besides those of CCalendarCtrl: CCN_SELDATECHANGE before scrolling moves the grid or the selected date
 // (time: the date that scrolling selects; a key that scrolls keeps its own date selected afterwards),
@@ -60,6 +60,8 @@ protected:
     virtual CSize CalcCellSize(CRect rcCalendar);
     virtual void CalcCellRect(CRect rcHeader, const CRect& rcCalendar);
     void DayProviderChanged() override;
+    void TodayChanged() override;
+    void BringInSight(const COleDateTime& date) override;
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
@@ -113,7 +115,6 @@ protected:
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
-
-private:
-    void DrawBlock(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item, bool current);
+    void DrawItemBox(CDC& dc, const dayvane::ItemBox& box) override;
+    BOOL IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string& strText) override;
 };

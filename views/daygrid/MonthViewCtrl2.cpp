@@ -60,15 +60,26 @@ void CMonthViewCtrl2::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
     const BoxPainter painter = PainterOn(pDC);
     for (int cell = 0; cell < kMonthCells; ++cell) {
         if (lastOfCell[cell] != -1 && painter.IsVisible(screenItems[lastOfCell[cell]].rcItem)) {
-            tagCALENDAR_ITEM themed = screenItems[lastOfCell[cell]];
-            ThemeItem(themed, m_theme, ItemGround::WhiteIsNone);
-            DrawBlock(pDC, painter, themed, hasCurrent[cell]);
+            const tagCALENDAR_ITEM& item = screenItems[lastOfCell[cell]];
+            DrawItemBox(*pDC, {item, item.rcItem, m_arCell[cell].m_rect, false, hasCurrent[cell]});
         }
     }
 }
 
-void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCALENDAR_ITEM& item, bool current)
+BOOL CMonthViewCtrl2::IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string&)
 {
+    CClientDC dc(this);
+    const SelectGdi selectFont(&dc, GetFont(item.nReserved));
+    return WideTextExtent(dc, m_texts.HostText(item.strText)).cx >
+           item.rcItem.Width() - 2 * (kBlockInset + kContentInset);
+}
+
+void CMonthViewCtrl2::DrawItemBox(CDC& dc, const ItemBox& box)
+{
+    CDC* pDC = &dc;
+    tagCALENDAR_ITEM item = box.item;
+    ThemeItem(item, m_theme, ItemGround::WhiteIsNone);
+    const BoxPainter painter = PainterOn(pDC);
     CRect block = item.rcItem;
     block.DeflateRect(m_scale.Of(kBlockInset), m_scale.Of(kBlockInset));
     if (block.IsRectEmpty()) {
@@ -95,7 +106,7 @@ void CMonthViewCtrl2::DrawBlock(CDC* pDC, const BoxPainter& painter, const tagCA
             DrawWideText(*pDC, text, content, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
         }
     }
-    if (current) {
+    if (box.isCurrent) {
         painter.DrawOutline(selection, ThemeOr(m_theme.focus, m_colors.highlight));
     }
 }

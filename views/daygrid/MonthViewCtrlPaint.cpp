@@ -49,7 +49,8 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
     DrawBoxLines(pDC, rcCalendar, kMonthColumns);
     const BoxPainter painter = PainterOn(pDC);
     const DayLookInput input = LookInput();
-    for (int i = 0; i < kMonthCells; ++i) {
+    // A colour that the table lacks ends the cells; what lies over them is painted all the same.
+    for (int i = 0; i < kMonthCells && HasColorRow(m_arCellDate[i], GetDayColor(i), m_arDayColors); ++i) {
         const CRect& cell = m_arCell[i].m_rect;
         if (!painter.IsVisible(cell)) {
             continue;

@@ -161,6 +161,11 @@ COLORREF CWeekViewCtrl::GetBoxColor(int nBox)
     return LookOf(nBox).background;
 }
 
+BOOL CWeekViewCtrl::HasBoxColor(int nBox)
+{
+    return HasColorRow(m_arDayDate[nBox], GetDayColor(nBox), m_arDayColors);
+}
+
 void CWeekViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
 {
     DrawDayCaption(pDC, m_rcDayCaption[nBox]);
@@ -178,9 +183,14 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     if (day == -1 || !IsValid(m_arDayDate[day].m_date)) {
         return;
     }
-    const COleDateTime& date = m_arDayDate[day].m_date;
-    const DayLook look = LookOf(day);
-    const bool isDayOff = m_arDayDate[day].m_bHoliday == 1 && m_arDayDate[day].m_nHolidayType == 0;
+    PainterOn(pDC).DrawStripTexts(rcCaption, TextsOf(day));
+}
+
+StripTexts CWeekViewCtrl::TextsOf(int nDay)
+{
+    const COleDateTime& date = m_arDayDate[nDay].m_date;
+    const DayLook look = LookOf(nDay);
+    const bool isDayOff = m_arDayDate[nDay].m_bHoliday == 1 && m_arDayDate[nDay].m_nHolidayType == 0;
     const int dayOfWeek = date.GetDayOfWeek();
     COLORREF color = dayOfWeek == kSunday || isDayOff ? ThemeOr(m_theme.headerHoliday, kDayOffText)
                      : dayOfWeek == kSaturday         ? ThemeOr(m_theme.headerSaturday, kSaturdayText)
@@ -188,8 +198,12 @@ void CWeekViewCtrl::DrawDayCaption(CDC* pDC, const CRect& rcCaption)
     if (look.selected) {
         color = m_colors.highlightText;
     }
-    PainterOn(pDC).DrawStripTexts(rcCaption, {m_texts.Date(&CalendarTexts::monthDay, date), WeekdayText(m_texts, date),
-                                              color, look.annotation, look.annotationColor, look.dayAlone});
+    return {m_texts.Date(&CalendarTexts::monthDay, date),
+            WeekdayText(m_texts, date),
+            color,
+            look.annotation,
+            look.annotationColor,
+            look.dayAlone};
 }
 
 void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

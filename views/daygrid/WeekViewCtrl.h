@@ -1,8 +1,9 @@
 // CWeekViewCtrl: a week as eight day boxes in two rows of four, in the manner of a desk diary. The eighth box is the
 // first day of the next week; it never shows the more-items mark.
 //
-// Window style: WS_VSCROLL gives the scroll bar, a line of which is a week and a page four. Dropping the thumb at
-// position p moves the range by (day of the year of its first day - 7 p) days; the ends of the bar only move the thumb.
+// The window gets a vertical scroll bar with its first size, also without WS_VSCROLL; a line of it is a week and a page
+// four. Dropping the thumb at position p moves the range by (day of the year of its first day - 7 p) days; the ends of
+// the bar only move the thumb.
 #pragma once
 
 #include "BoxViewCtrl.h"
@@ -10,7 +11,8 @@
 
 namespace dayvane {
 struct DayLook;
-}
+struct StripTexts;
+} // namespace dayvane
 
 class CWeekViewCtrl : public CBoxViewCtrl
 {
@@ -43,6 +45,7 @@ protected:
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;
     COLORREF GetBoxColor(int nBox) override;
+    BOOL HasBoxColor(int nBox) override;
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
     virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
@@ -60,4 +63,5 @@ protected:
 
 private:
     dayvane::DayLook LookOf(int nDay);
+    dayvane::StripTexts TextsOf(int nDay);
 };

@@ -53,13 +53,10 @@ CYearViewCtrl::~CYearViewCtrl()
     DestroyWindow();
 }
 
-BOOL CYearViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
+void CYearViewCtrl::PreSubclassWindow()
 {
-    if (!CBoxViewCtrl::Create(dwStyle, rect, pParent, nID, pContext)) {
-        return FALSE;
-    }
+    CBoxViewCtrl::PreSubclassWindow();
     LoadMarks();
-    return TRUE;
 }
 
 void CYearViewCtrl::LoadMarks()

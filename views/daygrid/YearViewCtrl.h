@@ -1,8 +1,8 @@
 // CYearViewCtrl: a year as twelve month boxes in two rows of six, and optionally a combo box of the host in its title
 // band.
 //
-// Window style: WS_VSCROLL gives the scroll bar. Its positions are the years 2000 to 2004; lines and pages go on beyond
-// them, and dropping the thumb or the ends of the bar move the thumb alone.
+// The window gets a vertical scroll bar with its first size, also without WS_VSCROLL. Its positions are the years 2000
+// to 2004; lines and pages go on beyond them, and dropping the thumb or the ends of the bar move the thumb alone.
 //
 // Keys: Left and Right select the neighbour month (Shift extends), Up and Down show the neighbour year.
 //
@@ -19,8 +19,6 @@ public:
     // Shows the year of today. Registers the window class; throws CResourceException when that fails.
     CYearViewCtrl();
     ~CYearViewCtrl() override;
-
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext = nullptr) override;
 
     // Creates the host's combo box as a child of the view, so wide, in the given style; the host fills it and keeps the
     // object, which should outlive the window. 1, or 0 when there is no window to put it in or it cannot be created.
@@ -44,6 +42,7 @@ protected:
     virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
 
     void ScaleChanged(const dayvane::ViewScale& before) override;
+    void PreSubclassWindow() override;
     void MoveLeftward(UINT nFlags) override;
     void MoveRightward(UINT nFlags) override;
 

@@ -181,7 +181,7 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         if (painter.ShowsTimedItem(item, GetMarksHeight(item))) {
-            DrawTimedItem(pDC, painter, item, item.rcItem.right);
+            DrawTimedItem(pDC, item, item.rcItem.right);
         }
     }
 }
@@ -193,6 +193,23 @@ void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     Painter(pDC).DrawDayCaption(rcCaption,
                                 CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, m_texts),
                                 day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
+}
+
+std::u16string CDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)
+{
+    if (!m_rcCaption.PtInRect(hit.pt)) {
+        return {};
+    }
+    rcPart = m_rcCaption;
+    CClientDC dc(this);
+    const GridCaptionTexts texts =
+        CaptionOfDay(GetShownDays()[0], m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, m_texts);
+    TimeGridFonts& fonts = m_pParts->fonts;
+    const bool fits = Painter(&dc).FitsDayCaption(m_rcCaption, texts, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
+                                                  fonts.CaptionText());
+    const std::u16string text = texts.longDate + texts.holiday + texts.solarTerm;
+    const size_t begin = text.find_first_not_of(u' ');
+    return fits || begin == std::u16string::npos ? std::u16string() : text.substr(begin);
 }
 
 void CDayViewCtrl::InvalidateCellRect(COleDateTime)

@@ -43,6 +43,7 @@ protected:
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    std::u16string FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart) override;
     void InvalidateCellRect(COleDateTime date) override;
     void MoveRightward(UINT nFlags) override;
     void MoveLeftward(UINT nFlags) override;

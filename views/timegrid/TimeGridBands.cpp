@@ -16,6 +16,7 @@ struct BandPaintMetrics
     int baselineStep = 4; // the small texts of the title band stand so much higher to share the date's baseline
     int headerTextInset = 3;
     int headerNoteGap = 6;
+    int headerNoteWidth = 20; // a narrower room would show nothing but an ellipsis
     int headerFrame = 2;
 };
 constexpr BandPaintMetrics kBandPaint;
@@ -54,12 +55,13 @@ CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
 // ---- Title band
 
 // Draws at the left of the area, which loses what the text has used.
-void TimeGridPainter::DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow) const
+void TimeGridPainter::DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow,
+                                      UINT cut) const
 {
     if (text.empty() || area.IsRectEmpty()) {
         return;
     }
-    constexpr UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX;
+    const UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX | cut;
     if (shadow != CLR_NONE) {
         CRect below = area;
         below.OffsetRect(1, 1);
@@ -86,7 +88,7 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
     const COLORREF shadow = hasOwnGround && IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
     {
         const SelectGdi selectFont(&m_dc, date);
-        DrawCaptionPart(area, texts.date, plain, shadow);
+        DrawCaptionPart(area, texts.date, plain, shadow, 0);
     }
     area.bottom -= Px(kBandPaint.baselineStep);
     const SelectGdi selectFont(&m_dc, text);
@@ -95,6 +97,21 @@ void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionText
     DrawCaptionPart(area, texts.longDate, plain, shadow);
     DrawCaptionPart(area, texts.holiday, ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday));
     DrawCaptionPart(area, texts.solarTerm, plain, shadow);
+}
+
+bool TimeGridPainter::FitsDayCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date,
+                                     CFont* text) const
+{
+    int width = Px(kBandPaint.captionLeft);
+    {
+        const SelectGdi selectFont(&m_dc, date);
+        width += WideTextExtent(m_dc, texts.date).cx;
+    }
+    const SelectGdi selectFont(&m_dc, text);
+    for (const std::u16string* part : {&texts.weekday, &texts.longDate, &texts.holiday, &texts.solarTerm}) {
+        width += WideTextExtent(m_dc, *part).cx;
+    }
+    return width <= caption.Width();
 }
 
 void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date,
@@ -146,25 +163,42 @@ void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor) con
     DrawHeaderFrame(box, ThemeOr(m_theme.today, kTimeGridPalette.todayFrame));
 }
 
+// The first of the forms of the date that fits; the last one, which loses its weekday, whether it does or not.
+std::u16string TimeGridPainter::FittingDate(const HeaderTexts& texts, int width) const
+{
+    for (const std::u16string* form : {&texts.longDate, &texts.dayAndName, &texts.tightDate}) {
+        if (WideTextExtent(m_dc, *form).cx <= width) {
+            return *form;
+        }
+    }
+    return texts.shortDate;
+}
+
+bool TimeGridPainter::FitsHeaderText(const CRect& box, const HeaderTexts& texts, CFont* font) const
+{
+    const SelectGdi selectFont(&m_dc, font);
+    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + Px(kBandPaint.headerNoteGap);
+    return WideTextExtent(m_dc, texts.longDate).cx + noteWidth <= box.Width() - 2 * Px(kBandPaint.headerTextInset);
+}
+
 void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
                                      CFont* font) const
 {
     CRect area = box;
     area.DeflateRect(Px(kBandPaint.headerTextInset), 0);
-    if (!IsVisible(area)) {
+    if (!IsVisible(box)) {
         return;
     }
     const SelectGdi selectFont(&m_dc, font);
-    const int longWidth = WideTextExtent(m_dc, texts.longDate).cx;
-    const int shortWidth = WideTextExtent(m_dc, texts.shortDate).cx;
-    if (area.Width() < shortWidth) {
-        return;
+    const std::u16string date = FittingDate(texts, area.Width());
+    const int dateWidth = WideTextExtent(m_dc, date).cx;
+    if (dateWidth > area.Width()) {
+        area = box; // rather without a margin than cut
     }
-    const std::u16string& date = area.Width() < longWidth ? texts.shortDate : texts.longDate;
-    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + Px(kBandPaint.headerNoteGap);
-    const int dateWidth = area.Width() < longWidth ? shortWidth : longWidth;
-    const bool hasNote = noteWidth > 0 && dateWidth + noteWidth <= area.Width();
-    area.left += (area.Width() - dateWidth - (hasNote ? noteWidth : 0)) / 2;
+    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx;
+    const int noteRoom = std::min(noteWidth, area.Width() - dateWidth - Px(kBandPaint.headerNoteGap));
+    const bool hasNote = noteRoom > 0 && noteRoom >= std::min(noteWidth, Px(kBandPaint.headerNoteWidth));
+    area.left += (area.Width() - dateWidth - (hasNote ? noteRoom + Px(kBandPaint.headerNoteGap) : 0)) / 2;
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     const COLORREF holiday = ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday);
     const COLORREF ordinary = ThemeOr(m_theme.headerText, kTimeGridPalette.headerText);
@@ -173,7 +207,7 @@ void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts,
     if (hasNote) {
         area.left += dateWidth + Px(kBandPaint.headerNoteGap);
         m_dc.SetTextColor(holiday);
-        DrawWideText(m_dc, texts.note, area, flags);
+        DrawWideText(m_dc, texts.note, area, flags | DT_END_ELLIPSIS);
     }
 }
 

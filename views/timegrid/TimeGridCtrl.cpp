@@ -27,6 +27,8 @@ ON_WM_SIZE()
 ON_WM_VSCROLL()
 ON_WM_KEYDOWN()
 ON_WM_TIMER()
+ON_WM_MOUSEWHEEL()
+ON_MESSAGE(WM_MOUSEHWHEEL, &CTimeGridCtrl::OnMouseHWheel)
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -43,12 +45,18 @@ CTimeGridCtrl::~CTimeGridCtrl()
 BOOL CTimeGridCtrl::CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                                CCreateContext* pContext)
 {
-    if (!CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext)) {
-        return FALSE;
-    }
+    return CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext);
+}
+
+void CTimeGridCtrl::PreSubclassWindow()
+{
+    CMoreListCtrl::PreSubclassWindow();
     RestartNowTimer();
+    const CSize size = GetSizeOfAttached();
+    if (size != CSize(0, 0)) {
+        SizeTo(size.cx, size.cy);
+    }
     SyncToPresent(nullptr);
-    return TRUE;
 }
 
 void CTimeGridCtrl::OnDestroy()

@@ -95,6 +95,10 @@ protected:
     BOOL OpenMoreListOf(const COleDateTime& date) override;
     void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) override;
     void DrawListEnd(CDC* pDC, const CRect& rcList) override;
+    void DrawItemBox(CDC& dc, const dayvane::ItemBox& box) override;
+    CRect GetFocusBox() override;
+    BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText) override;
+    void PreSubclassWindow() override;
     void HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTime& dtFirst, tagCCHITTESTINFO& hit) override;
 
     // ---- Hooks of the time grids.
@@ -103,10 +107,12 @@ protected:
     virtual void DrawFulldayRuler(CDC* pDC, CRect rcBand);
     virtual void DrawFulldayContent(CDC* pDC, CRect rcBand);
     virtual void DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenItems);
+    // The texts of a day above the grid, at the point, that are cut off, and where they stand; empty: none is.
+    virtual std::u16string FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart) = 0;
 
     // ---- Services for the views.
 
-    // Creates the window and scrolls to the present time.
+    // Creates the window. As every window that becomes one of a time grid it is scrolled to the present time.
     BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                     CCreateContext* pContext);
     bool EndEdit(); // commits an open edit; false when the host has ended the control meanwhile
@@ -136,8 +142,6 @@ protected:
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
     void DrawRows(CDC* pDC, int nColumn);
     void DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight); // left of that edge
-    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
-                       int nColumnRight);
 
     CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
     CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler
@@ -148,6 +152,8 @@ protected:
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
+    afx_msg LRESULT OnMouseHWheel(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -168,14 +174,19 @@ private:
     void UpdateScrollRange();
     void RestartNowTimer();
     void LeaveWholeDay();
+    void ChangeScale(int nSteps, int y);
+    void TurnPages(int nPages);
+    void SizeTo(int cx, int cy);
+    BOOL FitsText(const tagCALENDAR_ITEM& item);
+    BOOL HasMarks(BOOL bBar, int nWidth) const;
     void DrawNowLine(CDC* pDC);
     void DrawMoreMarks(CDC* pDC);
-    void DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text);
     template <class Draw>
     void DrawInTheme(const tagCALENDAR_ITEM& item, Draw draw);
     void DrawTimedBox(CDC* pDC, const dayvane::TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
-                      int nColumnRight);
-    void DrawThemedBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text);
+                      const dayvane::ItemBox& box);
+    void DrawBar(CDC* pDC, const dayvane::ItemBox& box, const std::u16string& text);
+    void DrawThemedBar(CDC* pDC, const dayvane::ItemBox& box, const tagCALENDAR_ITEM& item, const std::u16string& text);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

@@ -145,6 +145,23 @@ int CTimeGridCtrl::GetFocusedScreenItem() const
     return -1;
 }
 
+CRect CTimeGridCtrl::GetFocusBox()
+{
+    CRect box;
+    int isItem = 0;
+    GetCurCellRect(box, isItem);
+    if (isItem || !IsBound(m_dtSelEnd)) {
+        return box;
+    }
+    if (m_bFulldaySelection) {
+        return CurrentBandBox(State(), m_dtSelEnd, m_dtSelEnd);
+    }
+    const TimeGridState state = State();
+    const int column = state.range.days > 1 ? state.range.ColumnOf(m_dtSelEnd) : 0;
+    const int row = state.scale.RowOfTime(m_dtSelEnd);
+    return column != -1 ? BoxOfRows(state, column, {row, row + 1}) : CRect(0, 0, 0, 0);
+}
+
 void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
 {
     const int item = GetFocusedScreenItem();

@@ -98,7 +98,8 @@ void CTimeGridCtrl::HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTi
 
 void CTimeGridCtrl::DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item)
 {
-    DrawBandBar(pDC, item.rcItem, item, IsBandItem(item) ? BandItemText(item, m_texts) : TimedItemText(item, m_texts));
+    DrawBar(pDC, {item, item.rcItem, item.rcItem, true, item.nSource == m_nCurSel},
+            IsBandItem(item) ? BandItemText(item, m_texts) : TimedItemText(item, m_texts));
 }
 
 void CTimeGridCtrl::DrawListEnd(CDC* pDC, const CRect& rcList)

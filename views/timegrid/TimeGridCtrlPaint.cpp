@@ -15,6 +15,12 @@ namespace {
 constexpr int kMarkGap = 2;      // pixels after a mark of an item
 constexpr int kFrameMargin = 2;  // pixels around a bar that the frame of the current item may touch
 constexpr int kMarkedWidth = 40; // columns of many days: a narrower box keeps its room for the text
+
+// The icon belongs to the beginning of an item.
+bool HasIcon(bool isBar, const tagCALENDAR_ITEM& item)
+{
+    return !isBar || !BeganEarlier(item);
+}
 } // namespace
 
 const std::vector<ShownDay>& CTimeGridCtrl::GetShownDays()
@@ -86,6 +92,9 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
         return;
     }
     const DayTone tone = ToneOfColumn(nColumn);
+    if (tone.colorRow < 0 || tone.colorRow >= m_arDayColors.GetSize()) {
+        return; // the table lacks the colour of this day
+    }
     const bool worksOnDay =
         IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!tone.isDayOff || IsColumnUseMyWorkTime(nColumn));
     // A selection of whole days shows in the band.
@@ -129,27 +138,38 @@ void CTimeGridCtrl::DrawInTheme(const tagCALENDAR_ITEM& item, Draw draw)
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
-    DrawTimedItem(pDC, Painter(pDC), item, nColumnRight);
+    CRect area = m_rcContent;
+    area.right = nColumnRight;
+    DrawItemBox(*pDC, {item, PaintedTimedBox(State(), item, nColumnRight).box, area, false, item.nSource == m_nCurSel});
 }
 
-void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
-                                  int nColumnRight)
+// A narrow box of many days keeps its room for the text.
+BOOL CTimeGridCtrl::HasMarks(BOOL bBar, int nWidth) const
 {
-    DrawInTheme(item, [&](const tagCALENDAR_ITEM& themed) { DrawTimedBox(pDC, painter, themed, nColumnRight); });
+    return bBar || GetShownRange().days == 1 || nWidth >= m_scale.Of(kMarkedWidth);
+}
+
+void CTimeGridCtrl::DrawItemBox(CDC& dc, const ItemBox& box)
+{
+    if (box.isBar) {
+        DrawBar(&dc, box, BandItemText(box.item, m_texts));
+    } else {
+        const TimeGridPainter painter = Painter(&dc);
+        DrawInTheme(box.item, [&](const tagCALENDAR_ITEM& themed) { DrawTimedBox(&dc, painter, themed, box); });
+    }
 }
 
 void CTimeGridCtrl::DrawTimedBox(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
-                                 int nColumnRight)
+                                 const ItemBox& box)
 {
     const TimeGridState state = State();
-    PaintedBox box = PaintedTimedBox(state, item, nColumnRight);
-    painter.DrawTimedBox(item, box, item.nSource == m_nCurSel);
-    const bool manyDays = state.range.days > 1;
-    if (!manyDays || box.content.Width() >= m_scale.Of(kMarkedWidth)) {
-        box.content.left += DrawItemMarks(pDC, item, box.content, FALSE, m_scale.Of(kMarkGap), TRUE);
+    PaintedBox painted = PaintedTimedBox(state, item, static_cast<int>(box.area.right));
+    painter.DrawTimedBox(item, painted, box.isCurrent);
+    if (HasMarks(FALSE, painted.content.Width())) {
+        painted.content.left += DrawItemMarks(pDC, item, painted.content, FALSE, m_scale.Of(kMarkGap), TRUE);
     }
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawTimedText(item, box.content, manyDays, m_texts);
+    painter.DrawTimedText(item, painted.content, state.range.days > 1, m_texts);
 }
 
 void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
@@ -177,23 +197,44 @@ void CTimeGridCtrl::DrawFulldayItem(CDC* pDC, CRect rcBand, CItemArray& screenIt
         if (item.rcItem.top == -1 || !painter.IsVisible(bar) || !IsBandItem(item)) {
             continue;
         }
-        DrawBandBar(pDC, rcBand, item, BandItemText(item, m_texts));
+        DrawItemBox(*pDC, {item, item.rcItem, rcBand, true, item.nSource == m_nCurSel});
     }
 }
 
-void CTimeGridCtrl::DrawBandBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item, const std::u16string& text)
+void CTimeGridCtrl::DrawBar(CDC* pDC, const ItemBox& box, const std::u16string& text)
 {
-    DrawInTheme(item, [&](const tagCALENDAR_ITEM& themed) { DrawThemedBar(pDC, rcBand, themed, text); });
+    DrawInTheme(box.item, [&](const tagCALENDAR_ITEM& themed) { DrawThemedBar(pDC, box, themed, text); });
 }
 
-void CTimeGridCtrl::DrawThemedBar(CDC* pDC, const CRect& rcBand, const tagCALENDAR_ITEM& item,
+void CTimeGridCtrl::DrawThemedBar(CDC* pDC, const ItemBox& box, const tagCALENDAR_ITEM& item,
                                   const std::u16string& text)
 {
     const TimeGridPainter painter = Painter(pDC);
-    PaintedBox bar = PaintedBandBar(rcBand, item, Scale().metrics);
-    painter.DrawBandBar(item, bar, item.nSource == m_nCurSel);
-    // The icon belongs to the beginning of an item.
-    bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, m_scale.Of(kMarkGap), !BeganEarlier(item));
+    PaintedBox bar = PaintedBandBar(box.area, item, Scale().metrics);
+    painter.DrawBandBar(item, bar, box.isCurrent);
+    bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, m_scale.Of(kMarkGap), HasIcon(true, item));
     const SelectGdi selectFont(pDC, GetFont(item.nReserved));
     painter.DrawBandText(item, text, bar.content);
+}
+
+// Whether an item's box or bar shows all of its text.
+BOOL CTimeGridCtrl::FitsText(const tagCALENDAR_ITEM& item)
+{
+    const TimeGridState state = State();
+    const BOOL isBar = IsBandItem(item);
+    const int column = state.range.days > 1 ? state.range.ColumnOf(item.dtStart) : -1;
+    const int right = column != -1 ? state.frame.columns[column].right : item.rcItem.right;
+    CRect content =
+        (isBar ? PaintedBandBar(m_rcFulldayContent, item, Scale().metrics) : PaintedTimedBox(state, item, right))
+            .content;
+    if (HasMarks(isBar, content.Width())) {
+        content.left += GetItemMarksWidth(item, content, isBar, m_scale.Of(kMarkGap), HasIcon(isBar, item));
+    }
+    CClientDC dc(this);
+    const SelectGdi selectFont(&dc, GetFont(item.nReserved));
+    const std::u16string text = isBar ? BandItemText(item, m_texts) : TimedItemText(item, m_texts);
+    CRect needed(0, 0, content.Width(), 0);
+    ::DrawTextW(dc.m_hDC, reinterpret_cast<const wchar_t*>(text.c_str()), static_cast<int>(text.size()), &needed,
+                (isBar ? DT_SINGLELINE : DT_WORDBREAK | DT_EDITCONTROL) | DT_NOPREFIX | DT_CALCRECT);
+    return needed.Width() <= content.Width() && needed.Height() <= content.Height();
 }

@@ -72,12 +72,17 @@ void CTimeGridCtrl::OnSize(UINT nType, int cx, int cy)
         return;
     }
     CCalendarCtrl::OnSize(nType, cx, cy);
+    SizeTo(cx, cy);
+    InvalidateClient();
+}
+
+void CTimeGridCtrl::SizeTo(int cx, int cy)
+{
     {
         const SetFlag sizing(m_bSizing);
         Layout(cx, cy);
     }
     SetScroll(ScaledTo(GetScroll(), RowWindow()));
-    InvalidateClient();
 }
 
 void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)

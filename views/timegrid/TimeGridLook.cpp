@@ -130,6 +130,9 @@ HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16st
     }
     texts.longDate = words.Date(&CalendarTexts::headerDay, day.date);
     texts.shortDate = words.Date(&CalendarTexts::day, day.date);
+    const std::u16string weekday = words.words->shortWeekdays[day.dayOfWeek - 1];
+    texts.dayAndName = texts.shortDate + u" (" + weekday + u")";
+    texts.tightDate = texts.shortDate + weekday;
     texts.note = hostText.empty() && showHolidays ? words.DayNames(day.note.name) : hostText;
     return texts;
 }

@@ -65,9 +65,11 @@ GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& la
 // The texts of a column's header: the widest that fits is shown.
 struct HeaderTexts
 {
-    std::u16string longDate;  // "4/26 (水)"
-    std::u16string shortDate; // "26"
-    std::u16string note;      // holiday, or the host's text for the day
+    std::u16string longDate;   // "4/26 (水)"
+    std::u16string dayAndName; // "26 (水)"
+    std::u16string tightDate;  // "26水"
+    std::u16string shortDate;  // "26"
+    std::u16string note;       // holiday, or the host's text for the day
 };
 HeaderTexts HeaderOfDay(const ShownDay& day, bool showHolidays, const std::u16string& hostText,
                         const TextSettings& words);

@@ -254,7 +254,10 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& c
                                WideTextExtent(m_dc, text).cx > content.Width()))) {
         text = texts.HostText(item.strText);
     }
-    DrawWideText(m_dc, text, content, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL);
+    // In one line of many days the text ends in an ellipsis rather than with its last whole word.
+    const bool isOneLine = timesWhereTheyFit && content.Height() < kPaint.twoLinesHeight;
+    const UINT lines = isOneLine ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK | DT_EDITCONTROL;
+    DrawWideText(m_dc, text, content, DT_NOPREFIX | lines);
 }
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, const std::u16string& text, const CRect& content) const

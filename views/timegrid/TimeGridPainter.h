@@ -104,6 +104,10 @@ public:
     void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
                         CFont* font) const;
 
+    // Whether they show all of their texts.
+    bool FitsDayCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text) const;
+    bool FitsHeaderText(const CRect& box, const HeaderTexts& texts, CFont* font) const;
+
 private:
     void HorizontalLine(int left, int right, int y, COLORREF color) const;
     void VerticalLine(int x, int top, int bottom, COLORREF color) const;
@@ -112,7 +116,9 @@ private:
     void DrawStripe(const CRect& box, COLORREF color) const;
     int Px(int pixels) const { return m_state.scale.metrics.scale.Of(pixels); } // from those at 96 dpi
     COLORREF HeaderColor(int dayOfWeek, COLORREF ordinary) const;
-    void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE) const;
+    void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE,
+                         UINT cut = DT_END_ELLIPSIS) const;
+    std::u16string FittingDate(const HeaderTexts& texts, int width) const;
 
     CDC& m_dc;
     TimeGridState m_state;

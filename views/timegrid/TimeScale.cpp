@@ -5,6 +5,9 @@
 #include <cmath>
 #include <initializer_list>
 
+#include <algorithm>
+#include <iterator>
+
 namespace dayvane {
 
 TimeGridMetrics TimeGridMetrics::For(const ViewScale& scale)
@@ -66,6 +69,17 @@ COleDateTime TimeScale::RowStart(const COleDateTime& time) const
 COleDateTime TimeScale::MoveRows(const COleDateTime& time, int rows) const
 {
     return AddMinutes(time, rows * MinutesPerRow());
+}
+
+int ScaleBeside(int rowsPerHour, int steps)
+{
+    static constexpr int kScales[] = {1, 2, 3, 4, 5, 6, 10, 12, 15, 20, 30, 60};
+    const int count = static_cast<int>(std::size(kScales));
+    int place = 0;
+    while (place < count - 1 && kScales[place] < rowsPerHour) {
+        ++place;
+    }
+    return kScales[std::min(std::max(place + steps, 0), count - 1)];
 }
 
 } // namespace dayvane

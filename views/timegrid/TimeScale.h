@@ -79,4 +79,7 @@ struct TimeScale
     COleDateTime MoveRows(const COleDateTime& time, int rows) const;
 };
 
+// The scale so many steps finer, or with a negative number coarser, of those that divide an hour.
+int ScaleBeside(int rowsPerHour, int steps);
+
 } // namespace dayvane

@@ -13,6 +13,30 @@
 
 #include "TimeGridCtrl.h"
 
+namespace dayvane {
+struct HeaderTexts;
+}
+
+// SetDateScale: that many days from any day on; or from the first day of the week on.
+enum CalendarDateScale
+{
+    CWD_2DAYS = 1,
+    CWD_3DAYS,
+    CWD_4DAYS,
+    CWD_5DAYS,
+    CWD_6DAYS,
+    CWD_7DAYS,
+    CWD_8DAYS,
+    CWD_9DAYS,
+    CWD_10DAYS,
+    CWD_11DAYS,
+    CWD_12DAYS,
+    CWD_13DAYS,
+    CWD_14DAYS,
+    CWD_WORKWEEK,
+    CWD_WEEK,
+};
+
 class CWeekDayViewCtrl : public CTimeGridCtrl
 {
     DECLARE_DYNCREATE(CWeekDayViewCtrl)
@@ -30,6 +54,7 @@ public:
     int GetMaxDays() const { return m_nDays; }
     // 1 .. 13: that many days and one more; 14: five days, 15: seven days from the first day of the week. Sets the
     // caption text, keeps the range's begin where it can, drops the day properties. Other values are only stored.
+    // CalendarDateScale names the numbers.
     void SetDateScale(int nScale);
     int GetDateScale() const { return m_nDateScale; }
     // Shows the days from the date on, or from the first day of its week on. A current date that is not shown then
@@ -70,6 +95,7 @@ protected:
     void _DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item); // what lies in the column
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawHeader(CDC* pDC, CRect rcHeader) override;
+    std::u16string FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart) override;
     virtual void DrawTodayRect(CDC* pDC, CRect rcBox); // background of today's header box
     virtual void DrawFocusRect(CDC* pDC, CRect rcBox); // frame of the current day's header box
     void InvalidateCellRect(COleDateTime date) override;
@@ -92,4 +118,5 @@ private:
     void MoveColumn(int nDays, UINT nFlags);
     void InvalidateHeader();
     void ShiftProperties(int nDays);
+    dayvane::HeaderTexts HeaderOf(int nColumn);
 };

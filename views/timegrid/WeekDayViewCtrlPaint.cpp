@@ -7,9 +7,6 @@
 
 using namespace dayvane;
 
-namespace {
-} // namespace
-
 void CWeekDayViewCtrl::InvalidateHeader()
 {
     if (m_hWnd) {
@@ -53,11 +50,28 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
             DrawFocusRect(pDC, box);
         }
         const ShownDay& day = GetShownDays()[i];
-        const CString text = i < m_arDayProperty.GetSize() ? m_arDayProperty[i].strText : CString();
-        painter.DrawHeaderText(box, HeaderOfDay(day, m_bShowHoliday != FALSE, m_texts.HostText(text), m_texts), day,
-                               ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
+        painter.DrawHeaderText(box, HeaderOf(i), day, ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
     }
     painter.DrawSeparators(rcHeader);
+}
+
+HeaderTexts CWeekDayViewCtrl::HeaderOf(int nColumn)
+{
+    const CString text = nColumn < m_arDayProperty.GetSize() ? m_arDayProperty[nColumn].strText : CString();
+    return HeaderOfDay(GetShownDays()[nColumn], m_bShowHoliday != FALSE, m_texts.HostText(text), m_texts);
+}
+
+std::u16string CWeekDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)
+{
+    const int column = hit.nHitCode == CCHT_ONDAYCAPTION ? ColumnAt(m_pParts->frame, hit.pt.x) : -1;
+    if (column == -1) {
+        return {};
+    }
+    rcPart = m_pParts->frame.HeaderBox(column);
+    CClientDC dc(this);
+    const HeaderTexts texts = HeaderOf(column);
+    const bool fits = Painter(&dc).FitsHeaderText(rcPart, texts, m_pParts->fonts.Label());
+    return fits ? std::u16string() : texts.longDate + (texts.note.empty() ? u"" : u" ") + texts.note;
 }
 
 void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)
@@ -94,7 +108,7 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
         const tagCALENDAR_ITEM& item = screenItems[i];
         const int column = painter.ShowsTimedItem(item, GetMarksHeight(item)) ? range.ColumnOf(item.dtStart) : -1;
         if (column != -1 && item.rcItem.left < m_pParts->frame.columns[column].right) {
-            DrawTimedItem(pDC, painter, item, m_pParts->frame.columns[column].right);
+            DrawTimedItem(pDC, item, m_pParts->frame.columns[column].right);
         }
     }
 }

@@ -1,0 +1,76 @@
+// The base control's selection as others see it: what Escape restores, and what the host is told.
+#include "core/CalendarCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/Interaction.h"
+#include "core/PointerDriver.h"
+#include "core/WindowHelpers.h"
+
+using namespace dayvane;
+
+SelectedRange CCalendarCtrl::Selected() const
+{
+    return {m_dtSelBegin, m_dtSelEnd, m_bFulldaySelection};
+}
+
+void CCalendarCtrl::RestoreSelection()
+{
+    const SelectedRange before = m_interaction->beforePress;
+    InvalidateCellRectRange();
+    SetSelRange(before.begin, before.end, before.wholeDays);
+    InvalidateCellRectRange();
+    if (IsValid(before.end) && before.end.m_dt != 0.0) {
+        SelectionMoved();
+    }
+}
+
+// The selection may change in many ways while one of these messages is handled; the host hears of it once, afterwards.
+LRESULT CCalendarCtrl::HandleAndReport(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    int cause = 0;
+    const PointerTracker& pointer = m_pointer->Tracker();
+    switch (message) {
+    case WM_KEYDOWN:
+        cause = CCSEL_KEY;
+        break;
+    case WM_LBUTTONDOWN:
+        cause = CCSEL_PRESS;
+        break;
+    case WM_LBUTTONUP:
+        cause = pointer.IsSelecting() ? CCSEL_SWEEP : pointer.IsDragging() ? CCSEL_DROP : 0;
+        break;
+    case WM_VSCROLL:
+        cause = pointer.IsBusy() ? 0 : CCSEL_SCROLL;
+        break;
+    }
+    if (cause == 0 || !m_options.selectionEvents || m_interaction->reports > 0) {
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+    const WindowAlive alive(this, m_life);
+    const SelectedRange before = message == WM_LBUTTONUP ? m_interaction->afterPress : Selected();
+    ++m_interaction->reports;
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (alive) {
+        --m_interaction->reports;
+        m_interaction->afterPress = Selected();
+        ReportSelection(cause, before);
+    }
+    return result;
+}
+
+void CCalendarCtrl::ReportSelection(int nCause, const SelectedRange& before)
+{
+    if (Selected() == before) {
+        return;
+    }
+    NMCALENDARSELECTION record = {};
+    record.hdr = NotifyHeader(*this, CCN_SELCHANGED);
+    COleDateTime begin;
+    COleDateTime end;
+    GetSelRange(begin, end);
+    ToSystemTime(begin, record.stBegin);
+    ToSystemTime(end, record.stEnd);
+    record.bWholeDays = m_bFulldaySelection;
+    record.nCause = nCause;
+    NotifyParent(*this, record.hdr);
+}

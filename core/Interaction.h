@@ -1,0 +1,55 @@
+// What a calendar control remembers of the user's hands, besides the pointer's press (core/PointerDriver.h). Of the
+// library's own files only.
+#pragma once
+
+#include "PartTip.h"
+#include "TodayWatch.h"
+#include "WheelSteps.h"
+
+#include <afxdisp.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace dayvane {
+
+struct SelectedRange
+{
+    COleDateTime begin;
+    COleDateTime end;
+    BOOL wholeDays = FALSE;
+
+    bool operator==(const SelectedRange& other) const
+    {
+        return begin == other.begin && end == other.end && wholeDays == other.wholeDays;
+    }
+};
+
+struct Interaction
+{
+    explicit Interaction(std::function<void()> onNewDay) : today(std::move(onNewDay)) {}
+
+    TodayWatch today;
+    bool showsFocus = false;                // the keyboard was used after the mouse
+    CRect paintedFocus = CRect(0, 0, 0, 0); // where the window shows it now; empty: nowhere
+    bool tabsBack = false;                  // the item that Tab looks for is an earlier one
+
+    SelectedRange beforePress; // what Escape restores
+    SelectedRange afterPress;  // what a sweep or a drag began with
+    int reports = 0;           // messages that are being handled and may change the selection
+
+    WheelSteps wheel;
+    WheelSteps pageWheel;
+    WheelSteps scaleWheel;
+
+    PartTip tip;
+    CRect tipPart = CRect(0, 0, 0, 0);
+    std::u16string tipText;
+
+    int editedItem = -1; // of the open edit box
+    LPARAM editedData = 0;
+    unsigned editedVersion = 0; // of the items when it was opened
+};
+
+} // namespace dayvane
