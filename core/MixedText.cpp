@@ -1,8 +1,6 @@
 #include "core/MixedText.h"
 
 #include <algorithm>
-#include <map>
-#include <memory>
 #include <unordered_map>
 
 namespace dayvane {
@@ -16,31 +14,14 @@ const wchar_t* const kUsualFaces[] = {
     L"MS UI Gothic", L"Yu Gothic UI", L"Malgun Gothic", L"Microsoft YaHei UI", L"Microsoft JhengHei UI",
     L"Segoe UI",     L"Tahoma",       L"Arial",         L"Segoe UI Symbol",    L"DejaVu Sans"};
 
-// The characters of the basic plane that a face has.
-class FaceCover
+// Whether the selected face has the character, of the basic plane.
+bool HasGlyph(HDC hDC, char32_t character)
 {
-public:
-    explicit FaceCover(HDC hDC)
-    {
-        const DWORD bytes = ::GetFontUnicodeRanges(hDC, nullptr);
-        std::vector<BYTE> buffer(std::max<size_t>(bytes, sizeof(GLYPHSET)));
-        GLYPHSET* const set = reinterpret_cast<GLYPHSET*>(buffer.data());
-        if (bytes != 0 && ::GetFontUnicodeRanges(hDC, set) != 0) {
-            for (DWORD i = 0; i < set->cRanges; ++i) {
-                m_ranges[set->ranges[i].wcLow] = set->ranges[i].wcLow + set->ranges[i].cGlyphs;
-            }
-        }
-    }
-    // A face that does not say what it has counts as having all.
-    bool Has(char32_t character) const
-    {
-        const auto next = m_ranges.upper_bound(character);
-        return m_ranges.empty() || (next != m_ranges.begin() && character < std::prev(next)->second);
-    }
-
-private:
-    std::map<char32_t, char32_t> m_ranges; // first: end
-};
+    constexpr WORD kNone = 0xFFFF;
+    const wchar_t unit = static_cast<wchar_t>(character);
+    WORD glyph = kNone;
+    return ::GetGlyphIndicesW(hDC, &unit, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS) == GDI_ERROR || glyph != kNone;
+}
 
 int CALLBACK AddFamily(const LOGFONTW* look, const TEXTMETRICW*, DWORD type, LPARAM lFaces)
 {
@@ -60,12 +41,6 @@ public:
         return faces;
     }
 
-    const FaceCover& CoverOfSelected(HDC hDC)
-    {
-        wchar_t name[LF_FACESIZE] = L"";
-        ::GetTextFaceW(hDC, LF_FACESIZE, name);
-        return CoverOf(name, hDC);
-    }
     // From 1; 0: no face has the character.
     int FaceFor(char32_t character)
     {
@@ -76,7 +51,7 @@ public:
         EnumerateOnce();
         int found = 0;
         for (size_t i = 0; i < m_names.size() && found == 0; ++i) {
-            found = CoverOfFace(m_names[i]).Has(character) ? static_cast<int>(i) + 1 : 0;
+            found = Has(m_names[i], character) ? static_cast<int>(i) + 1 : 0;
         }
         return m_faceOf[character] = found;
     }
@@ -95,34 +70,21 @@ private:
         ::EnumFontFamiliesExW(hDC, &all, &AddFamily, reinterpret_cast<LPARAM>(&m_names), 0);
         ::DeleteDC(hDC);
     }
-    const FaceCover& CoverOf(const std::wstring& name, HDC hDC)
+    static bool Has(const std::wstring& name, char32_t character)
     {
-        std::unique_ptr<FaceCover>& cover = m_covers[name];
-        if (!cover) {
-            cover = std::make_unique<FaceCover>(hDC);
-        }
-        return *cover;
-    }
-    const FaceCover& CoverOfFace(const std::wstring& name)
-    {
-        const auto known = m_covers.find(name);
-        if (known != m_covers.end()) {
-            return *known->second;
-        }
         LOGFONTW look = {};
         look.lfCharSet = DEFAULT_CHARSET;
         ::lstrcpynW(look.lfFaceName, name.c_str(), LF_FACESIZE);
         const HDC hDC = ::CreateCompatibleDC(nullptr);
         const HFONT font = ::CreateFontIndirectW(&look);
         const HGDIOBJ old = ::SelectObject(hDC, font);
-        const FaceCover& cover = CoverOf(name, hDC);
+        const bool has = HasGlyph(hDC, character);
         ::SelectObject(hDC, old);
         ::DeleteObject(font);
         ::DeleteDC(hDC);
-        return cover;
+        return has;
     }
 
-    std::map<std::wstring, std::unique_ptr<FaceCover>> m_covers;
     std::vector<std::wstring> m_names;
     std::unordered_map<char32_t, int> m_faceOf;
 };
@@ -134,10 +96,10 @@ bool IsPrivate(char32_t character)
 }
 
 // 0: the selected face has the character, or no other one does.
-int FaceOf(const FaceCover& selected, char32_t character)
+int FaceOf(HDC hDC, char32_t character)
 {
     const bool isOwn =
-        character <= kLastAscii || character >= kEndOfBasicPlane || IsPrivate(character) || selected.Has(character);
+        character <= kLastAscii || character >= kEndOfBasicPlane || IsPrivate(character) || HasGlyph(hDC, character);
     return isOwn ? 0 : Faces::Get().FaceFor(character);
 }
 
@@ -153,8 +115,7 @@ bool IsMixedText(HDC hDC, const std::u16string& text)
     if (std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit <= kLastAscii; })) {
         return false;
     }
-    const FaceCover& selected = Faces::Get().CoverOfSelected(hDC);
-    for (const TextRun& run : SplitRuns(text, [&](char32_t character) { return FaceOf(selected, character); })) {
+    for (const TextRun& run : SplitRuns(text, [hDC](char32_t character) { return FaceOf(hDC, character); })) {
         if (run.face != 0) {
             return true;
         }
@@ -168,8 +129,7 @@ MixedText::MixedText(HDC hDC, const std::u16string& text) : m_hDC(hDC), m_text(t
     ::GetTextMetricsW(hDC, &metrics);
     m_height = metrics.tmHeight;
     m_ascent = metrics.tmAscent;
-    const FaceCover& selected = Faces::Get().CoverOfSelected(hDC);
-    m_runs = SplitRuns(m_text, [&](char32_t character) { return FaceOf(selected, character); });
+    m_runs = SplitRuns(m_text, [hDC](char32_t character) { return FaceOf(hDC, character); });
     int width = 0;
     for (const TextRun& run : m_runs) {
         m_fonts.push_back(FontOf(run.face));

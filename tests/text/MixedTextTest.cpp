@@ -50,7 +50,7 @@ TEST_F(MixedTextTest, WhatTheFaceHasIsTheSystemsPicture)
 {
     const SelectGdi onDrawn(&drawn.Dc(), &font);
     const SelectGdi onExpected(&expected.Dc(), &font);
-    const std::u16string texts[] = {u"plain", u"会議 café ł 5 €", kNowhere};
+    const std::u16string texts[] = {u"plain", u"会議 café ł 5 €", u"立冬 小雪 大雪", kNowhere};
     for (const std::u16string& text : texts) {
         for (const UINT format :
              {DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_END_ELLIPSIS, DT_WORDBREAK | DT_EDITCONTROL}) {
