@@ -1,8 +1,7 @@
 #include "BenchEvents.h"
 
 #include "core/DateMath.h"
-
-#include <windows.h>
+#include "core/TextCodec.h"
 
 #include <cstdio>
 #include <fstream>
@@ -13,17 +12,10 @@
 namespace bench {
 namespace {
 
-constexpr unsigned kJapaneseCodePage = 932; // of the texts that controls show
-
 CString DisplayText(const std::string& utf8)
 {
-    std::wstring wide(utf8.size(), L'\0');
-    const int wideLength = ::MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), static_cast<int>(utf8.size()), &wide[0],
-                                                 static_cast<int>(wide.size()));
-    std::string text(2 * utf8.size(), '\0');
-    const int length = ::WideCharToMultiByte(kJapaneseCodePage, 0, wide.c_str(), wideLength, &text[0],
-                                             static_cast<int>(text.size()), nullptr, nullptr);
-    return CString(text.c_str(), length);
+    using namespace dayvane;
+    return CString(EncodeText(DecodeText(utf8, kUtf8CodePage), kOwnCodePage).c_str());
 }
 
 bool ParseEvent(const std::string& line, tagCC_ITEM& item)

@@ -124,6 +124,7 @@ public:
         m_target.CreateCompatibleDC(&window);
         m_bitmap.CreateCompatibleBitmap(&window, area.Width(), area.Height());
         m_ctrl.SetScale(m_options.scale * dayvane::kBaseDpi / 100);
+        m_ctrl.SetTextCodePage(dayvane::kOwnCodePage); // of the items' texts
         m_ctrl.SetCurrentDate(m_options.date);
         COleDateTime first;
         COleDateTime last;
@@ -143,6 +144,7 @@ public:
         });
         Measure("layout", m_options.repeat, [this] { Layout(); });
         Measure("paint", m_options.repeat, [this] { Paint(); });
+        MeasureUtf8Paint();
         MeasureHitTest();
         MeasureDrag();
         MeasureNavigation();
@@ -211,6 +213,24 @@ private:
         const double count = std::max<double>(1, static_cast<double>(m_items.size()));
         const double bytes = (static_cast<double>(after) - static_cast<double>(before) - characters) / count;
         Print("bytes-per-item", bytes, bytes, bytes);
+    }
+
+    // The same picture from texts in UTF-8.
+    void MeasureUtf8Paint()
+    {
+        const auto convert = [this](unsigned from, unsigned to) {
+            for (int i = 0; i < m_ctrl.GetItemCount(); ++i) {
+                tagCC_ITEM item;
+                m_ctrl.GetItem(i, item);
+                item.strText = dayvane::EncodeText(dayvane::DecodeText(item.strText, from), to).c_str();
+                m_ctrl.SetItem(i, &item, FALSE, FALSE);
+            }
+            m_ctrl.SetTextCodePage(to);
+            Layout();
+        };
+        convert(dayvane::kOwnCodePage, dayvane::kUtf8CodePage);
+        Measure("paint-utf8", m_options.repeat, [this] { Paint(); });
+        convert(dayvane::kUtf8CodePage, dayvane::kOwnCodePage);
     }
 
     void MeasureHitTest()
