@@ -12,6 +12,7 @@ namespace {
 void PutTimes(EventForm& form, const EventTimes& times)
 {
     form.isAllDay = times.isAllDay;
+    form.aboutDay = DayOfTime(times.start);
     form.startDate = DateText(DayOfTime(times.start));
     form.endDate = DateText(DayOfTime(times.isAllDay ? std::max(times.end - 1, times.start) : times.end));
     form.startTime = times.isAllDay ? "9:00" : ClockText(times.start);
@@ -26,8 +27,7 @@ std::optional<DayNumber> DayIn(const std::string& text, DayNumber shown)
 // What stands in the other fields helps to read a date that is short.
 DayNumber AnyDay(const EventForm& form)
 {
-    const DayNumber fallback = DayOfDate(2026, 1, 1);
-    return DayIn(form.startDate, fallback).value_or(DayIn(form.endDate, fallback).value_or(fallback));
+    return DayIn(form.startDate, form.aboutDay).value_or(DayIn(form.endDate, form.aboutDay).value_or(form.aboutDay));
 }
 
 template <class T>
@@ -70,9 +70,9 @@ EventForm NewForm(const Document&, const EventTimes& times)
 
 EventTimes TimesOf(const EventForm& form, std::vector<FormProblem>& problems)
 {
-    const DayNumber near = AnyDay(form);
-    const auto startDay = DayIn(form.startDate, near);
-    const auto endDay = DayIn(form.endDate, startDay.value_or(near));
+    const DayNumber about = AnyDay(form);
+    const auto startDay = DayIn(form.startDate, about);
+    const auto endDay = DayIn(form.endDate, startDay.value_or(about));
     const std::string noDate = Tr("This is no date: 2026-11-24, 24.11 or next friday are");
     if (!startDay) {
         problems.push_back({FormField::StartDate, noDate});
@@ -95,8 +95,8 @@ EventTimes TimesOf(const EventForm& form, std::vector<FormProblem>& problems)
         startClock = from.value_or(0);
         endClock = to.value_or(startClock);
     }
-    times.start = startDay.value_or(near) * kDaySeconds + startClock;
-    times.end = endDay.value_or(near) * kDaySeconds + endClock;
+    times.start = startDay.value_or(about) * kDaySeconds + startClock;
+    times.end = endDay.value_or(about) * kDaySeconds + endClock;
     if (problems.empty() && times.end < times.start) {
         const bool isSameDay = !form.isAllDay && startDay == endDay;
         problems.push_back({isSameDay ? FormField::EndTime : FormField::EndDate, Tr("It ends before it begins")});

@@ -54,6 +54,10 @@ TEST_F(EventFormTest, TypedTextsBecomeTimes)
     KeepLength(Form(), form);
     EXPECT_EQ(form.endDate + " " + form.endTime, "2026-04-17 15:00");
     EXPECT_EQ(Shown(Changes(form).times->start) + Shown(Changes(form).times->end), "20260417T140020260417T1500");
+    form.startDate = "30";
+    KeepLength(Form(), form);
+    EXPECT_EQ(form.endDate, "2026-04-30") << "a day alone is one of the form's month";
+    form.startDate = form.endDate = "17.4";
     form.isAllDay = true;
     EXPECT_EQ(Shown(Changes(form).times->end), "20260418") << "the last day counts in full";
     form.isAllDay = false;
