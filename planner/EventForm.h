@@ -16,7 +16,7 @@ struct EventForm
     bool isAllDay = false;
     std::string startDate, startTime, endDate, endTime; // of an all-day event the end is its last day
     DayNumber aboutDay = 0; // the day that the form began with: what short dates are taken from
-    std::string zone;   // a TZID, see Document::Zones
+    std::string zone;       // a TZID, see Document::Zones
     RuleForm rule;
     std::vector<std::int64_t> reminders; // seconds before the start, descending
     bool isBusy = true;

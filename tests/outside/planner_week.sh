@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# A week of somebody in an office, played through the display: a weekly meeting by the event dialog, one occurrence
-# moved, one deleted, a search, a date that is typed, the print preview, a reminder, and a crash. An independent reader
-# (read_calendar.py) says what it finds in the saved file.
+# Some work of somebody in an office, played through the display: a reminder, a date that is typed, a weekly meeting by
+# the event dialog, and a crash with changes that were not saved. An independent reader (read_calendar.py) says what it
+# finds in the saved file.
 #
 # planner_week.sh PLANNER.EXE FOLDER: needs Wine's environment and a display of its own; works in the folder.
 set -euo pipefail
@@ -85,8 +85,8 @@ deadline_seconds=45
 status=0
 until_true has_window Reminders || status=1
 check "a reminder comes up" "$status" "no window"
-xdotool search --onlyvisible --name '^Reminders$' windowfocus --sync 2>/dev/null || true
-xdotool key alt+d
+# It has not taken the focus: typing goes on where it was.
+xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Reminders$' | head -n 1)" 62 160 click 1
 status=0
 until_true has_no_window Reminders || status=1
 deadline_seconds=20
@@ -121,52 +121,6 @@ series='2026-04-13 09:00 90min Team meeting;2026-04-20 09:00 90min Team meeting'
 series="$series;2026-04-27 09:00 90min Team meeting;2026-05-04 09:00 90min Team meeting"
 expect "a weekly meeting by the dialog" "$series"
 
-# Its second occurrence moves to Tuesday, by the dialog and for this one only.
-open_window ctrl+f Find
-type_text 'team room'
-xdotool key Return
-xdotool key Escape
-until_true has_no_window Find
-open_window ctrl+g 'Go to date'
-type_text 20.4
-xdotool key Return
-until_true has_no_window 'Go to date'
-xdotool key Tab
-open_window ctrl+Return Item
-xdotool key alt+s
-type_text 2026-04-21
-xdotool key Return
-until_true has_window 'Repeated item'
-xdotool key Return
-until_true has_no_window 'Repeated item'
-moved=${series/2026-04-20/2026-04-21}
-expect "one of them moved" "$moved"
-xdotool key ctrl+z
-expect "and back" "$series"
-
-# The third and the following go.
-open_window ctrl+g 'Go to date'
-type_text 27.4
-xdotool key Return
-until_true has_no_window 'Go to date'
-xdotool key Tab
-open_window Delete 'Repeated item'
-xdotool key alt+f
-until_true has_no_window 'Repeated item'
-short=${series%%;2026-04-27*}
-expect "the third and the following deleted" "$short"
-
-# The print preview opens over the view and goes with Escape.
-before=$(import -window root -crop 960x700+0+60 rgb:- | cksum)
-differs() { [ "$(import -window root -crop 960x700+0+60 rgb:- | cksum)" != "$before" ]; }
-xdotool key alt+f
-xdotool key v
-status=0
-until_true differs || status=1
-check "the print preview" "$status" "the same picture"
-xdotool key Escape
-xdotool key Escape
-
 # A crash: what was changed and not saved is offered at the next start.
 open_window ctrl+Insert Item
 type_text Dentist
@@ -188,7 +142,7 @@ until_true has_window Planner || status=1
 check "is offered after the crash" "$status" "no question"
 xdotool key alt+y
 until_true is_painted
-expect "and is there again" "${short%%;*};2026-04-16 08:00 30min Dentist;${short#*;}"
+expect "and is there again" "${series%%;*};2026-04-16 08:00 30min Dentist;${series#*;}"
 
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]
