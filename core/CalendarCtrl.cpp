@@ -131,8 +131,8 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     const WindowAlive alive(this, m_life);
     if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
         FinishEdit(TRUE);
-    } else if (message == WM_KEYDOWN && wParam != VK_SHIFT && wParam != VK_CONTROL) {
-        ShowFocus(true); // reaches the host's windows, too
+    } else if (message == WM_KEYDOWN && wParam != VK_SHIFT && wParam != VK_CONTROL && wParam != VK_ESCAPE) {
+        ShowFocus(true); // reaches the host's windows, too; Escape belongs to the mouse as well
     } else if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
         ShowFocus(false);
     }

@@ -187,6 +187,8 @@ TYPED_TEST(Views, ShowTheFocusOnceTheKeyboardIsUsed)
     EXPECT_TRUE(differs());
     hardware::Click(*this->view, this->view->m_rcContent.CenterPoint());
     EXPECT_FALSE(differs()) << "the mouse needs no cue";
+    hardware::Key(VK_ESCAPE);
+    EXPECT_FALSE(differs()) << "that takes a drag back: the hand stays at the mouse";
     hardware::Key(VK_LEFT, {VK_SHIFT});
     EXPECT_TRUE(differs());
     this->view->hidesFocus = true;
