@@ -20,7 +20,24 @@ install(TARGETS DayvaneICal EXPORT DayvaneTargets
   FILE_SET HEADERS DESTINATION ${header_root})
 install(FILES ${DAYVANE_RUNTIME_DLLS} DESTINATION bin)
 
-install(EXPORT DayvaneTargets NAMESPACE Dayvane:: FILE DayvaneConfig.cmake DESTINATION ${package_dir})
+install(EXPORT DayvaneTargets NAMESPACE Dayvane:: FILE DayvaneTargets.cmake DESTINATION ${package_dir})
+set(DAYVANE_RUNTIME_NAMES "")
+foreach(dll ${DAYVANE_RUNTIME_DLLS})
+  cmake_path(GET dll FILENAME name)
+  string(APPEND DAYVANE_RUNTIME_NAMES " ${name}")
+endforeach()
+configure_file("${CMAKE_CURRENT_LIST_DIR}/DayvaneConfig.cmake.in" "${CMAKE_BINARY_DIR}/DayvaneConfig.cmake" @ONLY)
+install(FILES "${CMAKE_BINARY_DIR}/DayvaneConfig.cmake" DESTINATION ${package_dir})
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/DayvaneConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/DayvaneConfigVersion.cmake" DESTINATION ${package_dir})
 install(FILES LICENSE DESTINATION share/doc/dayvane)
+
+# dayvane_pkg_config(NAME DESCRIPTION CFLAGS LIBS): for builds that ask pkg-config.
+function(dayvane_pkg_config pc_name pc_description pc_cflags pc_libs)
+  configure_file("${CMAKE_SOURCE_DIR}/cmake/dayvane.pc.in" "${CMAKE_BINARY_DIR}/${pc_name}.pc" @ONLY)
+  install(FILES "${CMAKE_BINARY_DIR}/${pc_name}.pc" DESTINATION lib/pkgconfig)
+endfunction()
+if(WIN32)
+  dayvane_pkg_config(dayvane-ctl "Calendar and schedule controls with a C interface" "-I\${prefix}/include"
+    "-lDayvaneCtl")
+endif()

@@ -171,6 +171,19 @@ LRESULT OnSetTheme(CtlWindow& control, WPARAM wParam, LPARAM)
     return kDone;
 }
 
+LRESULT OnSetTexts(CtlWindow& control, WPARAM wParam, LPARAM)
+{
+    if (wParam > DVX_USER) {
+        return DVE_VALUE;
+    }
+    const CalendarTexts texts = wParam == DVX_JAPANESE  ? CalendarTexts::Japanese()
+                                : wParam == DVX_ENGLISH ? CalendarTexts::English()
+                                : wParam == DVX_USER    ? CalendarTexts::FromLocale(::GetUserDefaultLCID())
+                                                        : CalendarTexts::Required();
+    Visit(control, [&texts](auto& object) { object.SetTexts(texts); });
+    return kDone;
+}
+
 LRESULT OnSetScale(CtlWindow& control, WPARAM wParam, LPARAM)
 {
     const int dpi = static_cast<int>(wParam);

@@ -167,6 +167,11 @@ const
   DVM_SETTHEME = DVM_FIRST + 45; // wParam: int nTheme; lParam: -; 1
   DVM_SETSCALE = DVM_FIRST + 46; // wParam: int nDpi; lParam: -; 1
   DVM_GETSCALE = DVM_FIRST + 47; // wParam: -; lParam: -; the resolution
+  DVX_REQUIRED = 0; // DVM_SETTEXTS: the texts that the controls begin with.
+  DVX_JAPANESE = 1; // DVM_SETTEXTS: Japanese.
+  DVX_ENGLISH = 2; // DVM_SETTEXTS: English.
+  DVX_USER = 3; // DVM_SETTEXTS: as the user's language has them.
+  DVM_SETTEXTS = DVM_FIRST + 50; // wParam: int nTexts; lParam: -; 1
   DVM_SETFIRSTDAY = DVM_FIRST + 37; // wParam: int nDay; lParam: -; 1
   DVM_GETFIRSTDAY = DVM_FIRST + 38; // wParam: -; lParam: -; 1 to 7
   DVM_SETTIMESCALE = DVM_FIRST + 39; // wParam: int nRows; lParam: -; 1

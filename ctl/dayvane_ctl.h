@@ -280,6 +280,16 @@ DV_INLINE LRESULT DvGetScale(HWND control)
 {
     return SendMessageW(control, DVM_GETSCALE, 0, 0);
 }
+#define DVX_REQUIRED 0 /* DVM_SETTEXTS: the texts that the controls begin with. */
+#define DVX_JAPANESE 1 /* DVM_SETTEXTS: Japanese. */
+#define DVX_ENGLISH 2 /* DVM_SETTEXTS: English. */
+#define DVX_USER 3 /* DVM_SETTEXTS: as the user's language has them. */
+
+#define DVM_SETTEXTS (DVM_FIRST + 50) /* The control's own words, such as the names of months: DVX_... */
+DV_INLINE LRESULT DvSetTexts(HWND control, int nTexts)
+{
+    return SendMessageW(control, DVM_SETTEXTS, (WPARAM)nTexts, 0);
+}
 
 #define DVM_SETFIRSTDAY (DVM_FIRST + 37) /* The first day of the week: 1 Sunday to 7 Saturday. */
 DV_INLINE LRESULT DvSetFirstDay(HWND control, int nDay)

@@ -127,6 +127,7 @@ test_lane() {
         run_tests_of "$preset" "$preset/$system" "$only" wine
         if [ -z "$only" ] || [ "$only" = package ]; then
             run_package_host "$preset" "$preset/$system" wine
+            [ "$preset-$system" != win32-932 ] || follow_start_page "$system"
         fi
     done
     if [ -z "$only" ] || [ "$only" = drive ]; then
@@ -281,11 +282,34 @@ build_package_host() {
     run_logged "package-$preset" "Building a host of the $preset package" ninja -C "$host"
     case $preset in
         win*)
-            need_packages "${lint_packages[@]}" # clang and lld
+            need_packages "${lint_packages[@]}" zip unzip # clang and lld among them
             run_logged "package-$preset-c" "Building the C hosts of the $preset package" \
             bash "$ROOT/tests/package/c/build.sh" "$prefix" "$preset" "$host/c"
+            check_static_refusal "$preset" "$prefix" "${toolchain[@]}"
             ;;
     esac
+}
+
+# A host that asks for a runtime of its own is told why that cannot be.
+check_static_refusal() {
+    local log preset=$1 prefix=$2
+    shift 2
+    log=$(log_file "package-$preset-static")
+    if cmake -G Ninja -S "$ROOT/tests/package" -B "$BUILD/package/$preset-static" -DCMAKE_PREFIX_PATH="$prefix" \
+        -DCMAKE_FIND_ROOT_PATH="$prefix" \
+        -DCMAKE_EXE_LINKER_FLAGS=-static "$@" >"$log" 2>&1 || ! grep -q 'linked with.*-static' "$log"; then
+        die "A host with -static is not refused, or not for that reason; see $log."
+    fi
+}
+
+# follow_start_page SYSTEM: the start page, from a zip of the installed 32-bit build alone.
+follow_start_page() {
+    local folder=$BUILD/package/zip-$1
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    stage_build "$folder/dayvane" win32 "$BUILD/package/win32"
+    make_zip "$folder/dayvane" "$folder/dayvane.zip"
+    run_plain_program "win32/$1 start page" bash "$ROOT/tests/outside/ten_minutes.sh" "$folder/dayvane.zip" "$folder/work"
 }
 
 # run_package_host PRESET LABEL RUNNER...

@@ -224,6 +224,8 @@ static void UseSettings(HWND host)
     ANSWERS(DvSetOptions(month, DVO_ALL, DVO_ALL & ~DVO_FOLLOWDPI & ~DVO_FOLLOWSYSTEMTHEME), 1);
     ANSWERS(DvSetOptions(month, DVO_MORELIST, 0), 1);
     ANSWERS(DvGetOptions(month), DVO_ALL & ~DVO_FOLLOWDPI & ~DVO_FOLLOWSYSTEMTHEME & ~DVO_MORELIST);
+    ANSWERS(DvSetTexts(month, DVX_ENGLISH), 1);
+    ANSWERS(DvSetTexts(month, 4), DVE_VALUE);
     ANSWERS(DvSetScale(month, 144), 1);
     ANSWERS(DvGetScale(month), 144);
     ANSWERS(DvSetFirstDay(month, 2), 1);

@@ -1,0 +1,54 @@
+# shellcheck shell=bash
+# The sources in the dialect of Visual C++, as far as clang speaks it: MinGW's headers and our MFC, Microsoft's rules of
+# the language. It cannot see the genuine MFC, Microsoft's library, or what its linker needs. Sourced by ./dev.
+
+# The product's own sources; mfc/ is not part of a build by Visual C++.
+dialect_sources() { git -C "$ROOT" ls-files -- 'access/*.cpp' 'calc/*.cpp' 'core/*.cpp' 'ctl/*.cpp' 'ical/*.cpp' \
+    'pickers/*.cpp' 'planner/*.cpp' 'printing/*.cpp' 'views/*.cpp'; }
+
+# Sets dialect_flags. The headers are MinGW's, which must not be read as Microsoft's. (clang forgets in precompiled headers
+# that __is_pointer is a name of the library and not its own word.)
+make_dialect_flags() {
+    local folder folders type
+    dialect_flags=(--target=i686-pc-windows-msvc -std=c++17 -fms-compatibility -fms-extensions
+        -fdelayed-template-parsing -nostdinc++)
+    folders=$(i686-w64-mingw32-g++-posix -E -x c++ - -v </dev/null 2>&1 |
+        sed -n '/<...> search starts/,/End of search/s/^ //p')
+    for folder in $folders; do
+        case $folder in
+            *-posix/include | *-posix/include-fixed) ;; # the compiler's own
+            *) dialect_flags+=(-isystem "$folder") ;;
+        esac
+    done
+    for type in BOOL CHAR CHAR8_T CHAR16_T CHAR32_T WCHAR_T SHORT INT LONG LLONG POINTER; do
+        dialect_flags+=("-D__GCC_ATOMIC_${type}_LOCK_FREE=2")
+    done
+    dialect_flags+=(-D__GCC_ATOMIC_TEST_AND_SET_TRUEVAL=1 -D__i386__ -D_X86_ -D__MINGW32__ -D__GNUC__=12
+        -D__GNUC_MINOR__=2 -U_MSC_VER -D__is_pointer=is_pointer_trait '-D__declspec=__declspec' -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_MBCS
+        -DNOMINMAX -DSTRICT -Wpedantic -Wgnu -Wvla -Wmicrosoft -Wno-ignored-attributes
+        -Wno-inconsistent-missing-override -I"$ROOT" -I"$ROOT/include" -I"$BUILD/native/include" -I"$ROOT/mfc/base"
+        -I"$ROOT/mfc/win")
+}
+
+# dialect FILE...: a line for each error; fails when there is one. The headers are compiled once.
+dialect() {
+    local log headers=$BUILD/dialect.pch
+    log=$(log_file dialect)
+    make_dialect_flags
+    run_logged dialect "Reading the headers as Visual C++" \
+        clang "${dialect_flags[@]}" -x c++-header "$ROOT/cmake/precompiled.h" -o "$headers"
+    (cd "$ROOT" && printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} \
+        clang "${dialect_flags[@]}" -fsyntax-only -include-pch "$headers" {}) >"$log" 2>&1 || {
+        grep 'error:' "$log" | sort -u >&2
+        return 1
+    }
+}
+
+command_dialect() {
+    local files=("$@")
+    need_packages "${native_packages[@]}" "${windows_packages[@]}" "${lint_packages[@]}"
+    build native build.ninja >/dev/null
+    [ $# -gt 0 ] || mapfile -t files < <(dialect_sources)
+    dialect "${files[@]}" || die "Visual C++ would refuse some of it."
+    say "${#files[@]} files pass."
+}
