@@ -92,9 +92,9 @@ std::vector<TextRun> SplitRuns(std::u16string_view text, const std::function<int
     return runs;
 }
 
-std::vector<TextLine> BreakLines(std::u16string_view text, const std::vector<int>& ends, int width)
+std::vector<MixedLine> BreakLines(std::u16string_view text, const std::vector<int>& ends, int width)
 {
-    std::vector<TextLine> lines;
+    std::vector<MixedLine> lines;
     for (std::size_t from = 0; from < text.size();) {
         std::size_t end = from;
         while (end < text.size() && !IsLineBreak(text[end])) {

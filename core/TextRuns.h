@@ -28,11 +28,11 @@ std::vector<TextRun> SplitRuns(std::u16string_view text, const std::function<int
 // The lines of a text whose units end at these positions (pixels from its beginning), as DT_WORDBREAK | DT_EDITCONTROL
 // breaks it: at blanks and around East Asian characters, within a word that is wider than a line, and at line breaks,
 // which belong to no line. At least one character a line.
-struct TextLine
+struct MixedLine
 {
     std::size_t from;
     std::size_t to;
 };
-std::vector<TextLine> BreakLines(std::u16string_view text, const std::vector<int>& ends, int width);
+std::vector<MixedLine> BreakLines(std::u16string_view text, const std::vector<int>& ends, int width);
 
 } // namespace dayvane

@@ -57,7 +57,7 @@ int DrawMixedLines(HDC hDC, const std::u16string& text, const CRect& rect)
 {
     const MixedText mixed(hDC, text);
     int y = rect.top;
-    for (const TextLine& line : BreakLines(text, mixed.Ends(), rect.Width())) {
+    for (const MixedLine& line : BreakLines(text, mixed.Ends(), rect.Width())) {
         if (y + mixed.Height() > rect.bottom) {
             break;
         }

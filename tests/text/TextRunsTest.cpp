@@ -57,7 +57,7 @@ TEST(TextRuns, LinesBreakWherePeopleBreakThem)
     for (const auto& row : rows) {
         const std::u16string text = row.text;
         std::vector<std::u16string> lines;
-        for (const TextLine& line : BreakLines(text, EndsOf(text, 10), row.characters * 10)) {
+        for (const MixedLine& line : BreakLines(text, EndsOf(text, 10), row.characters * 10)) {
             lines.push_back(text.substr(line.from, line.to - line.from));
         }
         EXPECT_EQ(lines, row.lines) << &row - rows;
@@ -78,7 +78,7 @@ TEST(TextRuns, RandomTextsBreakWithoutLoss)
         const std::vector<int> ends = EndsOf(text, 10);
         const int width = below(80);
         std::size_t next = 0;
-        for (const TextLine& line : BreakLines(text, ends, width)) {
+        for (const MixedLine& line : BreakLines(text, ends, width)) {
             ASSERT_LE(next, line.from);
             for (std::size_t i = next; i < line.from; ++i) {
                 ASSERT_TRUE(text[i] == u'\n' || text[i] == u'\r');
