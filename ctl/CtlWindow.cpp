@@ -47,23 +47,6 @@ protected:
 template <class View>
 class HostedView : public Hosted<View>
 {
-public:
-    // What View::Create does when the window is there.
-    void Prepare()
-    {
-        if constexpr (std::is_base_of_v<CTimeGridCtrl, View>) {
-            this->SyncToPresent(nullptr);
-        } else {
-            if constexpr (std::is_base_of_v<CMonthViewCtrl, View>) {
-                this->CalcCalendar();
-            }
-            if constexpr (std::is_base_of_v<CYearViewCtrl, View>) {
-                this->LoadMarks();
-            }
-            this->PreparePainting();
-        }
-    }
-
 protected:
     void EndEditItem(const char* lpszText, int nMode) override
     {
@@ -150,7 +133,7 @@ std::unique_ptr<CtlWindow> MakeView(unsigned kind)
     if constexpr (std::is_base_of_v<CWeekDayViewCtrl, View>) {
         control->multiDay = view;
     }
-    control->prepare = [](CtlWindow& self) { static_cast<HostedView<View>*>(self.view)->Prepare(); };
+    control->prepare = [](CtlWindow&) {};
     return control;
 }
 
