@@ -9,6 +9,7 @@
 #include "core/Interaction.h"
 #include "core/ItemFeed.h"
 #include "core/PointerDriver.h"
+#include "core/SystemEras.h"
 #include "core/TimeIndex.h"
 
 #include <algorithm>
@@ -231,13 +232,27 @@ void CCalendarCtrl::SetDayProvider(const DayProvider* pProvider)
 {
     m_pDayProvider = pProvider;
     DayProviderChanged();
-    if (m_hWnd) {
+    if (m_hWnd && m_dayLines.HasLines()) {
+        Refresh(); // the lines may take more room
+    } else if (m_hWnd) {
         Invalidate(FALSE);
     }
 }
 
 void CCalendarCtrl::DayProviderChanged()
 {
+}
+
+void CCalendarCtrl::SetDayLines(const DayLines& lines)
+{
+    if (lines.eraTitles) {
+        UseSystemEras();
+    }
+    m_dayLines = lines;
+    DayProviderChanged();
+    if (m_hWnd) {
+        Refresh();
+    }
 }
 
 // ---- Appearance

@@ -24,6 +24,7 @@
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
 #include "CalendarRecords.h"
+#include "DayLines.h"
 #include "SystemTheme.h"
 #include "TextSettings.h"
 #include "ViewScale.h"
@@ -217,6 +218,10 @@ public:
     // first the required annotations. It must live as long as it is set; call again after it answers differently.
     void SetDayProvider(const dayvane::DayProvider* pProvider);
     const dayvane::DayProvider* GetDayProvider() const { return m_pDayProvider; }
+    // What stands under the number of a day, week numbers, eras; lays out and repaints. Eras that the system knows and
+    // we do not are taken from it.
+    void SetDayLines(const dayvane::DayLines& lines);
+    const dayvane::DayLines& GetDayLines() const { return m_dayLines; }
 
     // ---- Appearance.
 
@@ -433,6 +438,7 @@ protected:
     CString m_strCaption;
     BOOL m_bShowHoliday = TRUE;
     const dayvane::DayProvider* m_pDayProvider = nullptr;
+    dayvane::DayLines m_dayLines;
     BOOL m_bShow24Setuki = TRUE;
     BOOL m_bHoverEvents = FALSE;
     int m_nFirstDayOfWeek = 1;

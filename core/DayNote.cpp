@@ -9,12 +9,10 @@ namespace {
 
 void Append(CString& text, const std::string& utf8)
 {
-    std::string bytes;
-    CodePage932FromUtf8(utf8, bytes);
     if (!text.IsEmpty()) {
         text += ' ';
     }
-    text += bytes.c_str();
+    text += OwnTextOf(utf8);
 }
 
 } // namespace
@@ -40,6 +38,19 @@ DayNote NoteOf(const COleDateTime& date, const DayProvider* provider)
         note.colorRow = info.colorRow;
     }
     return note;
+}
+
+DayInfo InfoOfDay(const CivilDate& date, const DayProvider* provider)
+{
+    const DayProvider* const own = provider ? provider : DefaultDayProvider();
+    return (own ? *own : StandardDayProvider()).InfoOf(date);
+}
+
+CString OwnTextOf(const std::string& utf8)
+{
+    std::string bytes;
+    CodePage932FromUtf8(utf8, bytes);
+    return CString(bytes.c_str());
 }
 
 } // namespace dayvane

@@ -20,4 +20,10 @@ struct DayNote
 // date that is not valid. Characters that the code page lacks become question marks.
 DayNote NoteOf(const COleDateTime& date, const DayProvider* provider);
 
+// What the same provider says of a valid day.
+DayInfo InfoOfDay(const CivilDate& date, const DayProvider* provider);
+
+// A text in the library's code page; characters that it lacks become question marks.
+CString OwnTextOf(const std::string& utf8);
+
 } // namespace dayvane

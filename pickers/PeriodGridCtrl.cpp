@@ -6,6 +6,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "core/SystemEras.h"
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodSelCtrl.h"
 #include "pickers/PickerShell.h"
@@ -200,6 +201,14 @@ void CPeriodGridCtrl::SetTexts(const CalendarTexts& texts)
         SetFirstDayOfWeek(texts.firstDayOfWeek);
     }
     Refresh();
+}
+
+void CPeriodGridCtrl::ShowEraTitles(BOOL bShow)
+{
+    if (bShow) {
+        UseSystemEras();
+    }
+    m_state->eraTitles = bShow != FALSE;
 }
 
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
@@ -462,7 +471,7 @@ PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
     PeriodGridState& state = *m_state;
     return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
                                    IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme, m_scale,
-                                   *m_texts});
+                                   *m_texts, state.eraTitles});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)

@@ -80,6 +80,8 @@ public:
     // (SetDefaultDayProvider), and where there is none CCalcHoliday.
     void SetDayProvider(const dayvane::DayProvider* pProvider);
     void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
+    // Titles with the year of the era, "令和8年11月". Off at first; the host calls Refresh().
+    void ShowEraTitles(BOOL bShow);
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws

@@ -31,6 +31,7 @@ struct PeriodGridPicture
     const CalendarTheme& theme = kClassicTheme;
     ViewScale scale = {};
     const CalendarTexts& texts = *RequiredTexts();
+    bool eraTitles = false;
 };
 
 class PeriodGridPainter

@@ -1,6 +1,7 @@
 #include "pickers/PeriodPolicy.h"
 
 #include "core/DateMath.h"
+#include "core/EraTitles.h"
 
 #include <algorithm>
 
@@ -107,8 +108,15 @@ int ClampPeriod(const PeriodPolicy& policy, int period)
     return std::clamp(period, policy.FirstPeriod(), policy.LastPeriod());
 }
 
-std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts)
+std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts, bool eras)
 {
+    if (eras) {
+        const COleDateTime last = LastDayOfMonth((period + 1) * policy.monthsPerPeriod - 1);
+        const CString title = EraTitle(last, last, policy.monthsPerPeriod == 1 ? TitleUnit::Month : TitleUnit::Year);
+        if (!title.IsEmpty()) {
+            return OwnText(title);
+        }
+    }
     return DateText(texts, policy.unit == CellUnit::Day ? texts.gridMonth : texts.gridYear,
                     DateOfPeriod(policy, period));
 }

@@ -82,7 +82,8 @@ COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid ou
 int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date);
 COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period);
 int ClampPeriod(const PeriodPolicy& policy, int period);
-std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts);
+// eras: the year of the era that holds on the period's last day, "令和8年11月"; before the eras as without.
+std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts, bool eras = false);
 
 // The start of the cell that a date falls in: its day, or the first of its month, at 00:00. Invalid for an invalid
 // date.

@@ -1,6 +1,7 @@
 #include "pickers/YearMonthPainter.h"
 
 #include "core/DrawingHelpers.h"
+#include "core/EraTitles.h"
 #include "core/WideText.h"
 
 namespace dayvane {
@@ -68,7 +69,10 @@ void YearMonthPainter::DrawHeader() const
     DrawGradient(m_pDC, header, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
     CString text;
     text.Format("%d", m_picture.selected.year);
-    DrawCentredText(m_pDC, header, OwnText(text), m_picture.fonts.year.Get(true), m_palette.bandText);
+    const COleDateTime first = DateOfPacked(m_picture.selected.Packed());
+    const CString era = m_picture.eraTitles ? EraTitle(first, first, TitleUnit::Year) : CString();
+    CFont* const font = era.IsEmpty() ? m_picture.fonts.year.Get(true) : m_picture.fonts.text.Get(true);
+    DrawCentredText(m_pDC, header, OwnText(era.IsEmpty() ? text : era), font, m_palette.bandText);
 
     const int middle = header.CenterPoint().y;
     const int reach = ArrowReach(header);

@@ -22,6 +22,7 @@ struct YearMonthPicture
     YearMonthFonts& fonts;
     const CalendarTheme& theme = kClassicTheme;
     const CalendarTexts& texts = *RequiredTexts();
+    bool eraTitles = false;
 };
 
 class YearMonthPainter

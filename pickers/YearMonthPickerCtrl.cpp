@@ -3,6 +3,8 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "core/EraTitles.h"
+#include "core/SystemEras.h"
 #include "core/WindowHelpers.h"
 #include "pickers/PickerPaint.h"
 #include "pickers/PickerShell.h"
@@ -283,8 +285,9 @@ void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     CRect arrow = m_rcArrow;
     arrow.left = std::max<int>(arrow.left, arrow.right - SystemSize(SM_CXHTHUMB, m_scale));
     const UINT state = lpDrawItemStruct->itemState;
-    PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow,
-                            DateText(*m_texts, m_texts->pickerMonth, m_dtCurrent), m_bDropped != FALSE, m_bHot != FALSE,
+    const CString era = m_bEraTitles ? EraTitle(m_dtCurrent, m_dtCurrent, TitleUnit::Month) : CString();
+    const std::u16string text = era.IsEmpty() ? DateText(*m_texts, m_texts->pickerMonth, m_dtCurrent) : OwnText(era);
+    PickerFacePainter(pDC, {CRect(lpDrawItemStruct->rcItem), arrow, text, m_bDropped != FALSE, m_bHot != FALSE,
                             (state & ODS_DISABLED) != 0, ShowsFocus(m_hWnd), *m_pFonts, m_theme})
         .Draw();
 }
@@ -295,6 +298,14 @@ void CYearMonthPickerCtrl::SetTexts(const CalendarTexts& texts)
     if (m_hWnd) {
         Invalidate(FALSE);
     }
+}
+
+void CYearMonthPickerCtrl::ShowEraTitles(BOOL bShow)
+{
+    if (bShow) {
+        UseSystemEras();
+    }
+    m_bEraTitles = bShow;
 }
 
 // ---- Mouse

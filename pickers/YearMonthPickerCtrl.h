@@ -59,6 +59,10 @@ public:
     int GetScale() const { return m_scale.dpi; }
     const dayvane::ViewScale& GetViewScale() const { return m_scale; }
 
+    // The face and the popup's year as years of eras, "令和8年11月"; without repainting. Off at first.
+    void ShowEraTitles(BOOL bShow);
+    BOOL IsShowEraTitles() const { return m_bEraTitles; }
+
     // Takes the parent, to which messages go, and sizes the button: the width it has, but at least twice its arrow;
     // the height that the system's arrows and edges ask for.
     void SetWindowSize();
@@ -108,6 +112,7 @@ protected:
     dayvane::SystemThemeWatch m_themeWatch;
     std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
     BOOL m_bDropped = FALSE;
+    BOOL m_bEraTitles = FALSE;
     CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it
     CYearMonthPopup* m_pPopup = nullptr;

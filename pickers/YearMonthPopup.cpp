@@ -126,7 +126,9 @@ void CYearMonthPopup::OnCaptureChanged(CWnd* pWnd)
 void CYearMonthPopup::DrawPopup(CDC* pDC)
 {
     const CalendarTexts& texts = m_pPicker ? m_pPicker->GetTexts() : *RequiredTexts();
-    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts, m_theme, texts}).Draw();
+    YearMonthPainter(pDC, {m_layout, m_selected, m_hot, m_bPressed != FALSE, Now(), m_fonts, m_theme, texts,
+                           m_pPicker && m_pPicker->IsShowEraTitles()})
+        .Draw();
 }
 
 void CYearMonthPopup::MoveYear(int nYears)

@@ -192,8 +192,9 @@ void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
     const BoxViewState& state = *m_state;
-    const std::vector<BoxLoad> loads =
-        LayOutPieces(state.layout.grid, state.kind.metrics.At(m_scale).bars, screenItems);
+    BarRules rules = state.kind.metrics.At(m_scale).bars;
+    rules.metrics.topOffset += GetLinesHeight();
+    const std::vector<BoxLoad> loads = LayOutPieces(state.layout.grid, rules, screenItems);
     std::transform(loads.begin(), loads.end(), m_state->more.begin(), [](const BoxLoad& load) { return load.more; });
 }
 

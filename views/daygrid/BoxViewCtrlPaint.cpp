@@ -39,6 +39,7 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
             DrawFocusRect(pDC, box, i);
         }
         DrawBoxStrip(pDC, i);
+        DrawBoxLinesText(pDC, i, box, box.top + m_state->kind.metrics.At(m_scale).stripHeight);
     }
 }
 

@@ -13,6 +13,7 @@ class BoxPainter;
 class BoxRange;
 struct BarRules;
 struct BoxGrid;
+struct BoxLines;
 struct BoxLoad;
 struct DayGridParts;
 } // namespace dayvane
@@ -59,6 +60,14 @@ protected:
     int BoxAt(CPoint point); // -1: none
     // HitTest for a point of the boxes, which a view may have moved.
     int HitBoxes(tagCCHITTESTINFO& info, CPoint point);
+
+    // ---- The lines under a day's number, and the weeks.
+    const dayvane::BoxLines& GetBoxLines();
+    int GetLinesHeight(); // by so much the items of a box begin lower, pixels
+    void DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box, int nTop);
+    int GetWeekColumnWidth() const; // pixels; 0: week numbers are off
+    void DrawWeekColumn(CDC* pDC, const CRect& header, const CRect& calendar);
+    void DayProviderChanged() override;
 
     CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
     void GetPaintedState(dayvane::PaintedState& state) override;

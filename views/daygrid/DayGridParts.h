@@ -3,6 +3,7 @@
 
 #include "BarBoard.h"
 #include "BoxFonts.h"
+#include "BoxLines.h"
 #include "GdiPens.h"
 #include "RowPieces.h"
 #include "TextCache.h"
@@ -14,6 +15,7 @@ struct DayGridParts
     PenSet pens;
     BoxFonts fonts;
     TextCache texts; // in these fonts and in those of the items
+    BoxLines lines;
 
     // What was last made of the store, so that after a change of few items only their rows are laid out again.
     DayRows rows;

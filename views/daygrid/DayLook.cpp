@@ -70,12 +70,12 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     const COLORREF holidayText = input.colors[DAYROW_HOLIDAY].crColor[DAYCOLOR_TEXT];
     COLORREF text = look.selected ? input.selectedText : TextColorOf(info, dayColor, input);
     if (info.m_bHoliday == 1 && input.showHoliday) {
-        look.annotation = input.texts.DayNames(info.m_strHoliday);
+        look.annotation = input.nameBeside ? input.texts.DayNames(info.m_strHoliday) : std::u16string();
         if (info.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
         }
     }
-    if (info.m_bSolarTerm == 1 && input.showSolarTerm) {
+    if (info.m_bSolarTerm == 1 && input.showSolarTerm && input.termBeside) {
         AppendWord(look.annotation, input.texts.DayNames(SolarTermOf(info)));
     }
     AppendWord(look.annotation, input.texts.HostText(info.m_dayProperty.strText));

@@ -34,6 +34,8 @@ struct DayLookInput
     bool dimOtherMonths = true; // days outside the month that the view is built around
     TextSettings texts = {};
     COLORREF otherMonthText = CalendarTheme::kOwn; // kOwn: the table's
+    bool nameBeside = true;                        // the number; else they stand under it
+    bool termBeside = true;
 };
 
 struct DayLook

@@ -83,6 +83,7 @@ void CMonthViewCtrl::ShowRange(const BoxRange& range)
 
 void CMonthViewCtrl::DayProviderChanged()
 {
+    CDayGridCtrl::DayProviderChanged();
     AnnotateDays(GetDayProvider(), m_arCellDate);
 }
 
@@ -179,6 +180,8 @@ void CMonthViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeade
     rcCaption = bands.caption;
     rcHeader = bands.header;
     rcCalendar = bands.calendar;
+    rcHeader.left += GetWeekColumnWidth();
+    rcCalendar.left += GetWeekColumnWidth();
 }
 
 CSize CMonthViewCtrl::CalcCellSize(CRect rcCalendar)
@@ -199,7 +202,9 @@ void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    StoreLoads(LayOutPieces(BoxGridOf(m_arCell), MonthMetrics::For(m_scale).bars, screenItems), m_arCell);
+    BarRules rules = MonthMetrics::For(m_scale).bars;
+    rules.metrics.topOffset += GetLinesHeight();
+    StoreLoads(LayOutPieces(BoxGridOf(m_arCell), rules, screenItems), m_arCell);
 }
 
 void CMonthViewCtrl::ClearMoreMarks()

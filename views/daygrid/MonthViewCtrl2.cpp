@@ -31,7 +31,9 @@ CMonthViewCtrl2::CMonthViewCtrl2()
 
 void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems, MonthMetrics::For(m_scale));
+    MonthMetrics metrics = MonthMetrics::For(m_scale);
+    metrics.blockTop += GetLinesHeight();
+    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems, metrics);
     ScreenItemsChanged();
 }
 

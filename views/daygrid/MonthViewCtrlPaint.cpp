@@ -20,6 +20,7 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
     DrawCalendar(pDC, m_rcContent);
     DrawCaption(pDC, m_rcCaption);
     DrawHeader(pDC, m_rcRuler);
+    DrawWeekColumn(pDC, m_rcRuler, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);
     for (int i = 0; i < kMonthCells; ++i) {
         if (HasMoreMark(i)) {
@@ -36,6 +37,8 @@ DayLookInput CMonthViewCtrl::LookInput()
     input.otherMonthText = m_theme.otherMonthText;
     COleDateTime begin;
     COleDateTime end;
+    input.nameBeside = !m_dayLines.names;
+    input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
     input.showSelection = GetSelRange(begin, end) && IsSelectionShown();
     if (input.showSelection) {
         input.firstSelected = DayNumberOf(begin);
@@ -64,6 +67,7 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
             DrawFocusRect(pDC, cell);
         }
         painter.DrawDayTexts(cell, look);
+        DrawBoxLinesText(pDC, i, cell, cell.top + MonthMetrics::For(m_scale).stripHeight);
     }
 }
 
@@ -77,7 +81,11 @@ void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLo
     CaptionTexts texts;
     if (IsValid(m_dtScroll)) {
         texts.number = m_texts.Date(&CalendarTexts::monthNumber, m_dtScroll);
-        texts.text = u" " + m_texts.Date(&CalendarTexts::month, m_dtScroll) + u" ";
+        const BoxRange year(RangeKind::Year, m_dtScroll, kSunday);
+        const int month = m_dtScroll.GetMonth() - 1;
+        texts.text =
+            u" " + m_texts.Date(&CalendarTexts::month, m_dtScroll) + u" " +
+            OwnText(TitleNote(year.DateOfBox(month), year.LastDateOfBox(month), TitleUnit::Month, 0, m_dayLines));
     }
     PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
 }

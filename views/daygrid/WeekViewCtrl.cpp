@@ -73,6 +73,7 @@ void CWeekViewCtrl::RangeChanged()
 
 void CWeekViewCtrl::DayProviderChanged()
 {
+    CBoxViewCtrl::DayProviderChanged();
     AnnotateDays(GetDayProvider(), m_arDayDate);
 }
 
@@ -137,22 +138,26 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
         texts.number = m_texts.Date(&CalendarTexts::captionDay, m_dtRangeStart) + u" - " +
                        m_texts.Date(&CalendarTexts::captionDay, m_dtRangeEnd);
         texts.text = u"  " + m_texts.Date(&CalendarTexts::weekDate, m_dtRangeStart) + u" - " +
-                     m_texts.Date(&CalendarTexts::weekDate, m_dtRangeEnd);
+                     m_texts.Date(&CalendarTexts::weekDate, m_dtRangeEnd) +
+                     OwnText(TitleNote(m_dtRangeStart, Range().DateOfBox(kDaysPerWeek - 1), TitleUnit::Month,
+                                       m_nFirstDayOfWeek, m_dayLines));
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
 
 DayLook CWeekViewCtrl::LookOf(int nDay)
 {
-    const DayLookInput input = {GetDayColors(),
-                                m_colors.highlightText,
-                                m_bShowHoliday != FALSE,
-                                m_bShow24Setuki != FALSE,
-                                IsBoxSelected(nDay) != FALSE,
-                                INT_MIN,
-                                INT_MAX,
-                                false, // a week looks the same in every month
-                                m_texts};
+    DayLookInput input = {GetDayColors(),
+                          m_colors.highlightText,
+                          m_bShowHoliday != FALSE,
+                          m_bShow24Setuki != FALSE,
+                          IsBoxSelected(nDay) != FALSE,
+                          INT_MIN,
+                          INT_MAX,
+                          false, // a week looks the same in every month
+                          m_texts};
+    input.nameBeside = !m_dayLines.names;
+    input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
     return CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
 }
 

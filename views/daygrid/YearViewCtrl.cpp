@@ -181,7 +181,8 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
     if (HasRange()) {
         const bool isOwnTitle = m_strTitle == kTitle && !GetTexts().yearTitle.empty();
         texts.number = m_texts.Date(&CalendarTexts::year, m_dtRangeStart);
-        texts.text = u"  " + (isOwnTitle ? GetTexts().yearTitle : m_texts.HostText(m_strTitle));
+        texts.text = u"  " + (isOwnTitle ? GetTexts().yearTitle : m_texts.HostText(m_strTitle)) +
+                     OwnText(TitleNote(m_dtRangeStart, m_dtRangeEnd, TitleUnit::Year, 0, m_dayLines));
     }
     PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
 }
