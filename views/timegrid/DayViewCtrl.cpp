@@ -65,8 +65,8 @@ DayRange CDayViewCtrl::GetShownRange() const
 
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridFrame frame =
-        CalcTimeGridFrame(rcClient, m_bShowCaption == 1, 0, LanesIn(rcClient), 1, Scale().metrics);
+    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, CalcLinesHeight(rcClient),
+                                                  LanesIn(rcClient), 1, FrameMetrics());
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;
@@ -190,9 +190,12 @@ void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     const ShownDay& day = GetShownDays()[0];
     TimeGridFonts& fonts = m_pParts->fonts;
-    Painter(pDC).DrawDayCaption(rcCaption,
-                                CaptionOfDay(day, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, m_texts),
-                                day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
+    const bool namesBeside = m_bShowHoliday && !m_dayLines.names;
+    const bool termsBeside = m_bShow24Setuki && !m_dayLines.terms && !m_dayLines.seasonalDays;
+    GridCaptionTexts texts = CaptionOfDay(day, namesBeside, termsBeside, m_texts);
+    texts.longDate += OwnText(TitleNote(day.date, day.date, TitleUnit::Day, m_nFirstDayOfWeek, m_dayLines));
+    Painter(pDC).DrawDayCaption(rcCaption, texts, day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
+                                fonts.CaptionText());
 }
 
 std::u16string CDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)

@@ -20,9 +20,13 @@ struct GridWindow;
 struct MoreMark;
 struct ShownDay;
 struct TimeGridHit;
+struct TimeGridMetrics;
 struct TimeGridParts;
 struct TimeGridState;
 struct TimeScale;
+struct ZoneHour;
+struct ZoneRuler;
+class WorkHours;
 class TimeGridPainter;
 } // namespace dayvane
 
@@ -39,6 +43,15 @@ public:
     // A line at the present time across the column of today, moved each minute. Off unless set.
     void ShowNowLine(BOOL bShow);
     BOOL IsShowNowLine() const { return m_options.nowLine; }
+
+    // Work periods for each weekday and for single dates (calc/WorkHours.h) instead of SetWorkTime and
+    // SetWorkDayOfWeek. The control keeps a copy. A day's own work time (SetDayProperty) goes before them.
+    void SetWorkHours(const dayvane::WorkHours& hours);
+    void ClearWorkHours();
+    // A second ruler with the clock of another zone, and the changes of the clock that the items go by
+    // (views/timegrid/ZoneRuler.h). The rulers go by the current date. The control keeps a copy.
+    void SetZoneRuler(const dayvane::ZoneRuler& ruler);
+    void ClearZoneRuler();
 
     void SetCurrentDate(const COleDateTime& date) override;
     using CCalendarCtrl::Layout;
@@ -122,6 +135,10 @@ protected:
     // The shown days with their holidays and terms, worked out anew when others are shown.
     const std::vector<dayvane::ShownDay>& GetShownDays();
     dayvane::DayTone ToneOfColumn(int nColumn);
+    int CalcLinesHeight(const CRect& client); // of the lines under the names of the days; 0: none
+    void DrawDayLines(CDC* pDC, int nColumn);
+    int GetZoneRulerWidth() const;                 // 0: one ruler
+    dayvane::TimeGridMetrics FrameMetrics() const; // with the second ruler
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);
@@ -187,6 +204,14 @@ private:
                       const dayvane::ItemBox& box);
     void DrawBar(CDC* pDC, const dayvane::ItemBox& box, const std::u16string& text);
     void DrawThemedBar(CDC* pDC, const dayvane::ItemBox& box, const tagCALENDAR_ITEM& item, const std::u16string& text);
+
+    void FillDayPieces(dayvane::ShownDay& day);
+    BOOL IsWorkRow(int nColumn, int nRow);
+    int GetWorkBegin(int nColumn); // the hour; -1: no work
+    COleDateTime GetRulerDay() const;
+    void DrawZoneRuler(CDC* pDC, const CRect& rcRuler);
+    void DrawZoneHour(CDC* pDC, const dayvane::ZoneHour& hour, const CRect& rcHour, const CRect& rcOwn);
+    void DrawZoneLabels(CDC* pDC, const CRect& rcBand);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

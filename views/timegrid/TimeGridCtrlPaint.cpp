@@ -31,6 +31,7 @@ const std::vector<ShownDay>& CTimeGridCtrl::GetShownDays()
         days.clear();
         for (int i = 0; i < range.days; ++i) {
             days.push_back(ShownDay::Of(range.DayOf(i), GetDayProvider()));
+            FillDayPieces(days.back());
         }
     }
     return days;
@@ -71,16 +72,26 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 {
-    Painter(pDC).DrawRuler(rcRuler, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros(), m_texts);
+    CRect own = rcRuler;
+    own.left += GetZoneRulerWidth();
+    Painter(pDC).DrawRuler(own, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros(), m_texts);
+    DrawZoneRuler(pDC, rcRuler);
 }
 
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
 {
     Painter(pDC).DrawFulldayRuler(rcBand, m_pParts->fonts.Label(), GetTexts().wholeDay);
+    DrawZoneLabels(pDC, rcBand);
 }
 
-void CTimeGridCtrl::DrawHeader(CDC*, CRect)
+// Without names of days there are only the lines under them.
+void CTimeGridCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
+    const TimeGridPainter painter = Painter(pDC);
+    if (m_pParts->dayLines > 0 && painter.IsVisible(rcHeader)) {
+        painter.DrawHeaderBackground(rcHeader);
+        DrawDayLines(pDC, 0);
+    }
 }
 
 void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
@@ -95,19 +106,16 @@ void CTimeGridCtrl::DrawRows(CDC* pDC, int nColumn)
     if (tone.colorRow < 0 || tone.colorRow >= m_arDayColors.GetSize()) {
         return; // the table lacks the colour of this day
     }
-    const bool worksOnDay =
-        IsWorkDayOfWeek(GetShownDays()[nColumn].date) && (!tone.isDayOff || IsColumnUseMyWorkTime(nColumn));
     // A selection of whole days shows in the band.
     RowRange selected;
     if (IsSelectionDrawn() && !m_bFulldaySelection) {
         selected = SelectedRows(state, nColumn, m_dtSelBegin, m_dtSelEnd);
     }
-    const RowLookInput input = {state.scale, GetDayColors()[tone.colorRow], m_colors.highlight,
-                                m_workTime.dtStart.GetHour()};
+    const RowLookInput input = {state.scale, GetDayColors()[tone.colorRow], m_colors.highlight, GetWorkBegin(nColumn)};
     const RowRange rows = painter.VisibleRows();
     std::vector<RowLook> looks;
     for (int row = rows.first; row < rows.end; ++row) {
-        looks.push_back(LookOfRow(row, worksOnDay && IsColumnWorkTime(nColumn, row), selected.Holds(row), input));
+        looks.push_back(LookOfRow(row, IsWorkRow(nColumn, row) != FALSE, selected.Holds(row), input));
     }
     painter.DrawRows(column, rows, looks);
 }

@@ -115,7 +115,8 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     } else if (inBand) {
         hit.code = CCHT_ONFULLDAY;
     } else if (row != -1) {
-        hit.code = state.frame.caption.PtInRect(point) ? CCHT_ONDAYCAPTION : CCHT_ONCELL;
+        const bool onName = state.frame.caption.PtInRect(point) || state.frame.header.PtInRect(point);
+        hit.code = onName ? CCHT_ONDAYCAPTION : CCHT_ONCELL;
     } else {
         hit.code = state.frame.ruler.PtInRect(point) ? CCHT_ONRULER : CCHT_NOWHERE;
     }

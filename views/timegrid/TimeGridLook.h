@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "../../core/DayLines.h"
 #include "../../core/DayNote.h"
 #include "../../core/TextSettings.h"
 #include "TimeScale.h"
@@ -17,6 +18,7 @@ struct ShownDay
     COleDateTime date;
     int dayOfWeek = -1; // 1 Sunday .. 7 Saturday, -1: no date
     DayNote note;
+    std::vector<DayPiece> pieces; // of the lines under its name
 
     bool IsFor(const COleDateTime& other) const { return date == other; }
     static ShownDay Of(const COleDateTime& date, const DayProvider* provider); // provider: see NoteOf

@@ -71,7 +71,7 @@ void TimeGridPainter::VerticalLine(int x, int top, int bottom, COLORREF color) c
 
 void TimeGridPainter::DrawRulerEdge() const
 {
-    VerticalLine(m_state.scale.metrics.rulerRight, m_state.frame.fulldayRuler.top,
+    VerticalLine(m_state.frame.grid.left - 1, m_state.frame.fulldayRuler.top,
                  std::max(m_state.frame.ruler.bottom, m_state.frame.fulldayRuler.bottom), m_colors.grid);
 }
 

@@ -4,7 +4,11 @@
 #include "TimeGridLayout.h"
 #include "TimeGridLook.h"
 #include "TimeGridPainter.h"
+#include "ZoneRuler.h"
 
+#include "../../calc/WorkHours.h"
+
+#include <memory>
 #include <vector>
 
 namespace dayvane {
@@ -16,6 +20,9 @@ struct TimeGridParts
     int lanesLaidOut = 0;
     std::vector<ShownDay> shownDays;
     std::vector<MoreMark> more;
+    int dayLines = 0;                     // under the names of the days, as laid out
+    std::unique_ptr<WorkHours> workHours; // nullptr: the control's one work time
+    std::unique_ptr<ZoneRuler> zones;     // nullptr: one ruler, no zone
     TimeGridFonts fonts;
 };
 

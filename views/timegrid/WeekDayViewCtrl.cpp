@@ -138,9 +138,10 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRul
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridMetrics metrics = Scale().metrics;
+    const TimeGridMetrics metrics = FrameMetrics();
     const TimeGridFrame frame =
-        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, metrics.headerHeight, LanesIn(rcClient), m_nDays, metrics);
+        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, metrics.headerHeight + CalcLinesHeight(rcClient),
+                          LanesIn(rcClient), m_nDays, metrics);
     m_pParts->frame = frame;
     m_rcFulldayRuler = frame.fulldayRuler;
     m_rcFulldayContent = frame.fulldayContent;

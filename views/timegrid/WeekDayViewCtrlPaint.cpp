@@ -11,6 +11,9 @@ void CWeekDayViewCtrl::InvalidateHeader()
 {
     if (m_hWnd) {
         InvalidateRect(&m_pParts->frame.header, FALSE);
+        if (m_pParts->zones) {
+            InvalidateRect(&m_rcRuler, FALSE); // it goes by the current day
+        }
     }
 }
 
@@ -28,8 +31,11 @@ void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     TimeGridFonts& fonts = m_pParts->fonts;
-    Painter(pDC).DrawDaysCaption(rcCaption, CaptionOfDays(m_dtViewBegin, GetShownRange().LastMoment(), m_texts),
-                                 fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]), fonts.CaptionText());
+    const COleDateTime last = GetShownRange().LastMoment();
+    GridCaptionTexts texts = CaptionOfDays(m_dtViewBegin, last, m_texts);
+    texts.longDate += OwnText(TitleNote(m_dtViewBegin, last, TitleUnit::Month, m_nFirstDayOfWeek, m_dayLines));
+    Painter(pDC).DrawDaysCaption(rcCaption, texts, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
+                                 fonts.CaptionText());
 }
 
 void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
@@ -50,7 +56,9 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
             DrawFocusRect(pDC, box);
         }
         const ShownDay& day = GetShownDays()[i];
-        painter.DrawHeaderText(box, HeaderOf(i), day, ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
+        const CRect name(box.left, box.top, box.right, box.top + Scale().metrics.headerHeight);
+        painter.DrawHeaderText(name, HeaderOf(i), day, ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
+        DrawDayLines(pDC, i);
     }
     painter.DrawSeparators(rcHeader);
 }
@@ -58,7 +66,7 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 HeaderTexts CWeekDayViewCtrl::HeaderOf(int nColumn)
 {
     const CString text = nColumn < m_arDayProperty.GetSize() ? m_arDayProperty[nColumn].strText : CString();
-    return HeaderOfDay(GetShownDays()[nColumn], m_bShowHoliday != FALSE, m_texts.HostText(text), m_texts);
+    return HeaderOfDay(GetShownDays()[nColumn], m_bShowHoliday && !m_dayLines.names, m_texts.HostText(text), m_texts);
 }
 
 std::u16string CWeekDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)
