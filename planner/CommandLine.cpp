@@ -53,6 +53,8 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
                             : option == "--language" ? line.language
                             : option == "--settings" ? line.settings
                             : option == "--theme"    ? line.theme
+                            : option == "--days"     ? line.days
+                            : option == "--zone"     ? line.zone
                                                      : line.shot;
         text = value;
     }
@@ -61,8 +63,9 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
 
 bool IsOption(const std::string& argument)
 {
-    static const char* const options[] = {"--view",     "--date",     "--size",       "--shot",  "--pages", "--paper",
-                                          "--language", "--settings", "--copy-every", "--theme", "--scale"};
+    static const char* const options[] = {"--view",  "--date",     "--size",     "--shot",       "--pages",
+                                          "--paper", "--language", "--settings", "--copy-every", "--theme",
+                                          "--scale", "--days",     "--zone"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

@@ -1,7 +1,6 @@
-// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--shot FILE.bmp]
-// [--pages FILE.ps
-// [--paper P]]
-//             [--language en|ja] [--settings FILE.ini] [--copy-every SECONDS]
+// planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--days WORD,...]
+//             [--zone NAME] [--shot FILE.bmp] [--pages FILE.ps [--paper P]] [--language en|ja] [--settings FILE.ini]
+//             [--copy-every SECONDS]
 #pragma once
 
 #include <optional>
@@ -30,6 +29,8 @@ struct CommandLine
     std::string pages; // where to print what the view shows, and end; empty: run
     std::string
         paper; // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" behind it; empty: what suits the page
+    std::string days;     // what is shown of days besides the usual (planner/DayChoices.h)
+    std::string zone;     // of the second clock; empty: none
     std::string language; // en or ja; empty: what the settings say
     std::string settings; // the file of the settings; empty: the user's own, none for pictures and pages
     int copySeconds = 0;  // between the copies that are kept of unsaved changes; 0: as usual

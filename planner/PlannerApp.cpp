@@ -75,6 +75,10 @@ BOOL CPlannerApp::InitInstance()
         start.theme = theme.value_or(start.theme);
         m_line.problem = theme ? m_line.problem : "There is no theme '" + m_line.theme + "'.";
     }
+    if (!start.days.Take(m_line.days)) {
+        m_line.problem = "--days does not take '" + m_line.days + "'.";
+    }
+    start.days.secondClock = m_line.zone;
     start.day.SetStatus(COleDateTime::null);
     if (m_line.date) {
         start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);

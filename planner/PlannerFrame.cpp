@@ -18,7 +18,6 @@
 IMPLEMENT_DYNCREATE(CPlannerFrame, CFrameWnd)
 
 namespace {
-constexpr int kCountPane = 1;
 constexpr int kCountPaneWidth = 110; // pixels
 constexpr planner::LocalTime kEarlyHour = 6 * planner::kHourSeconds;
 constexpr planner::LocalTime kFirstHour = 8 * planner::kHourSeconds;
@@ -68,6 +67,8 @@ ON_COMMAND_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnDays)
 ON_COMMAND(ID_VIEW_TODAY, &CPlannerFrame::OnToday)
 ON_COMMAND_RANGE(ID_VIEW_PREVIOUS, ID_VIEW_NEXT, &CPlannerFrame::OnStep)
 ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
+ON_COMMAND_RANGE(ID_DAYS_SHOWN_FIRST, ID_DAYS_SHOWN_LAST, &CPlannerFrame::OnDayChoice)
+ON_COMMAND_RANGE(ID_ZONE_FIRST, ID_ZONE_LAST, &CPlannerFrame::OnZone)
 ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
 ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
 ON_COMMAND_RANGE(ID_ZOOM_IN, ID_ZOOM_RESET, &CPlannerFrame::OnZoom)
@@ -92,6 +93,8 @@ ON_UPDATE_COMMAND_UI_RANGE(ID_EDIT_RENAME, ID_EDIT_DELETE_SERIES, &CPlannerFrame
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_DAY, ID_VIEW_LAST, &CPlannerFrame::OnUpdateView)
 ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnUpdateDays)
 ON_UPDATE_COMMAND_UI_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnUpdateScale)
+ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_SHOWN_FIRST, ID_DAYS_SHOWN_LAST, &CPlannerFrame::OnUpdateDayChoice)
+ON_UPDATE_COMMAND_UI_RANGE(ID_ZONE_FIRST, ID_ZONE_LAST, &CPlannerFrame::OnUpdateZone)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnUpdateSetting)
 ON_UPDATE_COMMAND_UI_RANGE(ID_THEME_FIRST, ID_THEME_LAST, &CPlannerFrame::OnUpdateTheme)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnUpdatePane)
@@ -103,6 +106,7 @@ CPlannerFrame::CPlannerFrame()
       m_dpi(s_start.dpi), m_themeWatch([this] { ApplyTheme(); })
 {
     m_pages.asList = s_start.asList;
+    BeginDayChoices();
 }
 
 CPlannerFrame::~CPlannerFrame() = default;
@@ -128,7 +132,7 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
         !m_messagePane.Create(this, IDW_MESSAGE_PANE) || !m_sidePane.Create(this, IDW_SIDE_PANE)) {
         return -1;
     }
-    const UINT panes[] = {ID_SEPARATOR, ID_SEPARATOR};
+    const UINT panes[] = {ID_SEPARATOR, ID_SEPARATOR, ID_SEPARATOR};
     m_statusBar.SetIndicators(panes, sizeof(panes) / sizeof(panes[0]));
     m_statusBar.SetPaneInfo(kCountPane, 0, 0, kCountPaneWidth);
     m_dpi = m_dpi != 0 ? m_dpi : dayvane::DpiOfWindow(m_hWnd);
@@ -376,6 +380,7 @@ void CPlannerFrame::Follow()
     const int items = m_items.CountInView();
     const std::wstring count = planner::Wide(planner::Tr(items == 1 ? "%1 item" : "%1 items", std::to_string(items)));
     ::SendMessageW(m_statusBar, SB_SETTEXTW, kCountPane, reinterpret_cast<LPARAM>(count.c_str()));
+    TellDay(day);
 }
 
 void CPlannerFrame::Idle()
@@ -432,6 +437,7 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     ctrl.SetTexts(texts);
     m_sidePane.SetTexts(texts);
     m_toolBar.SetTexts(texts);
+    ApplyDays(ctrl);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);
 }
 

@@ -5,6 +5,7 @@
 #include <afxext.h>
 #include <afxwin.h>
 
+#include "planner/DayChoices.h"
 #include "planner/ItemEditor.h"
 #include "planner/Panes.h"
 #include "planner/Reminders.h"
@@ -37,7 +38,8 @@ public:
         CSize size = CSize(1180, 860); // pixels
         bool asList = false;           // printed as a list of items
         planner::ThemeChoice theme = planner::ThemeChoice::System;
-        int dpi = 0;            // of bars, panes and views; 0: the screen's
+        int dpi = 0; // of bars, panes and views; 0: the screen's
+        planner::DayChoices days;
         UINT copySeconds = 120; // between the copies that are kept of changes
     };
     static Start s_start;
@@ -124,6 +126,10 @@ protected:
     afx_msg void OnPageSetup();
     afx_msg void OnExportPages();
     afx_msg void OnAbout();
+    afx_msg void OnDayChoice(UINT nID);
+    afx_msg void OnZone(UINT nID);
+    afx_msg void OnUpdateDayChoice(CCmdUI* pCmdUI);
+    afx_msg void OnUpdateZone(CCmdUI* pCmdUI);
     afx_msg void OnUpdateUndo(CCmdUI* pCmdUI);
     afx_msg void OnUpdateRedo(CCmdUI* pCmdUI);
     afx_msg void OnUpdateOfItem(CCmdUI* pCmdUI);
@@ -136,6 +142,9 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    static constexpr int kDayPane = 1; // of the status bar
+    static constexpr int kCountPane = 2;
+
     static constexpr UINT_PTR kReminderTimer = 1;
     static constexpr UINT_PTR kCopyTimer = 2;
     COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
@@ -167,7 +176,10 @@ private:
     // In the status bar, until something else is to be told; in the user's language.
     void Tell(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
-    void ApplyTheme(); // to the view, bars and panes
+    void BeginDayChoices();
+    void ApplyDays(CCalendarCtrl& ctrl);
+    void TellDay(const COleDateTime& day); // in its pane of the status bar
+    void ApplyTheme();                     // to the view, bars and panes
     void ApplyScale();
     void Zoom(int steps);          // 0: back to 100 %
     bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages
@@ -195,7 +207,9 @@ private:
     CThemedStatusBar m_statusBar;
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
-    int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
+    planner::DayChoices m_days;
+    dayvane::DayCalendar m_dayNames; // in the language of the system, for the status bar
+    int m_rowsPerHour = 0;           // of the time grids; 0: what suits the items
     BOOL m_remind = TRUE;
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;

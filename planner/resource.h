@@ -63,6 +63,12 @@
 #define ID_RECENT_FIRST 32880
 #define ID_RECENT_LAST 32887
 
+// View > Days, in the order of the table of choices, and the clock of another zone
+#define ID_DAYS_SHOWN_FIRST 33100
+#define ID_DAYS_SHOWN_LAST 33108
+#define ID_ZONE_FIRST 33120
+#define ID_ZONE_LAST 33129
+
 // Page setup
 #define IDD_PAGES 140
 #define IDC_PAGES_FIRST 1100

@@ -11,7 +11,7 @@ command_run() {
     local file="" shot="" pages="" system=932 planner_arguments=()
     while [ $# -gt 0 ]; do
         case $1 in
-            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --language | --system)
+            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --days | --zone | --language | --system)
                 [ $# -ge 2 ] || die "$1 needs a value; ./dev help tells which."
                 case $1 in
                     --shot) shot=$2 ;;
