@@ -2,6 +2,9 @@
 
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
+#include "core/WideText.h"
+
+#include <algorithm>
 
 namespace dayvane {
 namespace {
@@ -82,9 +85,24 @@ void PeriodGridPainter::DrawPageArrow(const GridHit& hit, const CRect& rect, boo
     DrawArrow(m_pDC, tip, reach, pointsLeft, m_palette.bandText);
 }
 
+// The short names, cut to as many characters as fit over every column.
+CalendarTexts::Weekdays PeriodGridPainter::FittingWeekdays(int width) const
+{
+    CalendarTexts::Weekdays names = m_picture.texts.shortWeekdays;
+    const SelectGdi selectFont(m_pDC, m_picture.textFonts.Get(false));
+    const auto isTooWide = [&](const std::u16string& name) { return WideTextExtent(*m_pDC, name).cx > width; };
+    for (size_t length = 2; length > 0 && std::any_of(names.begin(), names.end(), isTooWide); --length) {
+        for (std::u16string& name : names) {
+            name.resize(std::min(name.size(), length));
+        }
+    }
+    return names;
+}
+
 void PeriodGridPainter::DrawWeekdays() const
 {
     const PeriodPolicy& policy = m_picture.model.Policy();
+    const CalendarTexts::Weekdays names = FittingWeekdays(policy.metrics.cell.cx - 1);
     for (const PeriodBlock& block : m_picture.layout.blocks) {
         if (block.weekdays.IsRectEmpty()) {
             return;
@@ -94,8 +112,8 @@ void PeriodGridPainter::DrawWeekdays() const
             const int width = policy.metrics.cell.cx;
             const int left = block.weekdays.left + column * width;
             const CRect rect(left, block.weekdays.top, left + width, block.weekdays.bottom - Px(kMetrics.weekdayGap));
-            DrawCentredText(m_pDC, rect, m_picture.texts.shortWeekdays[static_cast<size_t>(weekday - 1)],
-                            m_picture.textFonts.Get(false), DayColor(weekday, false, true));
+            DrawCentredText(m_pDC, rect, names[static_cast<size_t>(weekday - 1)], m_picture.textFonts.Get(false),
+                            DayColor(weekday, false, true));
         }
         DrawHorizontalLine(m_pDC, block.weekdays.left + Px(kMetrics.lineInset),
                            block.weekdays.right - Px(kMetrics.lineInset), block.weekdays.bottom - 1, m_palette.frame);

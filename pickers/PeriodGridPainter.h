@@ -60,6 +60,7 @@ private:
     void DrawCellBack(const GridHit& hit, const PeriodCell& cell) const;
     COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
     COLORREF DayColor(int weekday, bool isHoliday, bool inPeriod) const;
+    CalendarTexts::Weekdays FittingWeekdays(int width) const; // pixels
     std::u16string CellText(const PeriodCell& cell) const;
     int Px(int pixels) const { return m_picture.scale.Of(pixels); } // from those at 96 dpi
 

@@ -156,6 +156,7 @@ bool DayChoices::Take(const std::string& list)
             return false;
         }
     }
+    taken.isChosen = isChosen || !list.empty();
     *this = taken;
     return true;
 }

@@ -26,6 +26,7 @@ struct DayChoices
     dayvane::DayLines lines;
     bool lunchBreak = true;  // in the office hours
     std::string secondClock; // the name of a zone; empty: none
+    bool isChosen = false;   // by words; else by the language
 
     DayChoices();
     // Takes a list of words such as "rokuyo,moon,weeks"; "none" switches everything off. False for an unknown word,

@@ -39,6 +39,7 @@ void CPlannerFrame::BeginDayChoices()
     m_days = s_start.days;
     const bool isJapanese = planner::CurrentLanguage() == planner::Language::Japanese;
     m_days.lines.language = isJapanese ? dayvane::DayLanguage::Japanese : dayvane::DayLanguage::English;
+    m_days.lines.eraTitles = m_days.lines.eraTitles && (isJapanese || m_days.isChosen);
     m_dayNames.SetLanguage(m_days.lines.language);
     dayvane::UseSystemEras();
 }

@@ -377,10 +377,10 @@ void CPlannerFrame::Follow()
     m_items.DropHidden();
     m_toolBar.Follow(day);
     m_sidePane.Follow(day);
+    TellDay(day); // changes the widths of the panes, which takes the texts away that the framework does not know
     const int items = m_items.CountInView();
     const std::wstring count = planner::Wide(planner::Tr(items == 1 ? "%1 item" : "%1 items", std::to_string(items)));
     ::SendMessageW(m_statusBar, SB_SETTEXTW, kCountPane, reinterpret_cast<LPARAM>(count.c_str()));
-    TellDay(day);
 }
 
 void CPlannerFrame::Idle()

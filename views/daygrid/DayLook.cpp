@@ -94,7 +94,7 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
 
 std::u16string BarText(const tagCALENDAR_ITEM& item, bool fullday, int displayMode, const TextSettings& texts)
 {
-    const std::u16string text = texts.HostText(item.strText);
+    std::u16string text = texts.HostText(item.strText);
     if (fullday) {
         return text;
     }

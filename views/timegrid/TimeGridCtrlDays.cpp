@@ -196,7 +196,7 @@ void CTimeGridCtrl::DrawZoneHour(CDC* pDC, const ZoneHour& hour, const CRect& rc
 // The names of the zones stand over their rulers, where the band is.
 void CTimeGridCtrl::DrawZoneLabels(CDC* pDC, const CRect& rcBand)
 {
-    if (!m_pParts->zones) {
+    if (!m_pParts->zones || !m_pParts->zones->showOther) {
         return;
     }
     constexpr UINT format = DT_SINGLELINE | DT_NOPREFIX | DT_CENTER | DT_BOTTOM | DT_END_ELLIPSIS;
@@ -205,9 +205,7 @@ void CTimeGridCtrl::DrawZoneLabels(CDC* pDC, const CRect& rcBand)
     pDC->SetTextColor(m_colors.rulerText);
     const int middle = rcBand.left + GetZoneRulerWidth();
     CRect place(rcBand.left, rcBand.top, middle, rcBand.bottom);
-    if (zones.showOther) {
-        DrawWideText(*pDC, OwnText(zones.otherLabel), place, format);
-    }
+    DrawWideText(*pDC, OwnText(zones.otherLabel), place, format);
     place.SetRect(middle, rcBand.top, rcBand.right, rcBand.bottom);
     DrawWideText(*pDC, OwnText(zones.ownLabel), place, format);
 }

@@ -73,7 +73,7 @@ std::u16string TimedItemText(const tagCALENDAR_ITEM& item, const TextSettings& t
 
 std::u16string BandItemText(const tagCALENDAR_ITEM& item, const TextSettings& texts)
 {
-    const std::u16string text = texts.HostText(item.strText);
+    std::u16string text = texts.HostText(item.strText);
     if (item.nFullday != 1 && item.nPiece == PIECE_HEAD) {
         return texts.Time(item.dtStart) + u" " + text;
     }
