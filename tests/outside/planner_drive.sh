@@ -113,7 +113,7 @@ mkdir -p "$folder"
 original >"$file"
 full_name=$(realpath "$file")
 folder_name=$(realpath "$folder")
-wine "$planner" "Z:${full_name//\//\\}" --view month --date 2026-04-15 --size 1000x800 --language en \
+wine "$planner" "Z:${full_name//\//\\}" --view month --date 2026-04-15 --size 1000x800 --language en --days none \
     --settings "Z:${folder_name//\//\\}\\planner.ini" &
 pid=$!
 trap 'kill $pid 2>/dev/null || true' EXIT
