@@ -3,6 +3,8 @@
 namespace dayvane {
 namespace {
 
+const AccessTexts* s_chosen = nullptr;
+
 AccessTexts MakeEnglish()
 {
     AccessTexts t;
@@ -124,6 +126,16 @@ AccessTexts MakeJapanese()
 }
 
 } // namespace
+
+void SetAccessTexts(const AccessTexts* texts)
+{
+    s_chosen = texts;
+}
+
+const AccessTexts* ChosenAccessTexts()
+{
+    return s_chosen;
+}
 
 const AccessTexts& EnglishAccessTexts()
 {

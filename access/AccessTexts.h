@@ -66,6 +66,11 @@ struct AccessTexts
     std::string cannotMove;
 };
 
+// What all windows of the process say; nullptr, as at first: Japanese where the user's Windows is, else English. The
+// texts must live as long as they are set. For the thread of the user interface.
+void SetAccessTexts(const AccessTexts* texts);
+const AccessTexts* ChosenAccessTexts(); // nullptr: none was set
+
 const AccessTexts& EnglishAccessTexts();
 const AccessTexts& JapaneseAccessTexts();
 

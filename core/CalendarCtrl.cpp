@@ -8,6 +8,7 @@
 #include "core/InPlaceEdit.h"
 #include "core/Interaction.h"
 #include "core/ItemFeed.h"
+#include "core/KeyMoves.h"
 #include "core/PointerDriver.h"
 #include "core/SystemEras.h"
 #include "core/TimeIndex.h"
@@ -129,6 +130,10 @@ BOOL CCalendarCtrl::Create(DWORD, const RECT&, CWnd*, UINT, CCreateContext*)
 // An open edit box belongs to the cell where it was opened: whatever moves the cells ends the edit first.
 LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT result = 0;
+    if (m_access.Answer(*this, message, wParam, lParam, result)) {
+        return result;
+    }
     const WindowAlive alive(this, m_life);
     if (m_pEdit && (message == WM_SIZE || message == WM_VSCROLL || message == WM_HSCROLL)) {
         FinishEdit(TRUE);
@@ -149,11 +154,18 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         TakeFont(reinterpret_cast<HFONT>(wParam));
         return 0;
     }
-    const LRESULT result = HandleAndReport(message, wParam, lParam);
+    result = HandleAndReport(message, wParam, lParam);
     if (alive && m_options.followDpi) {
         FollowDpi(message, wParam);
     }
+    if (alive) {
+        m_access.Follow();
+    }
     return result;
+}
+
+void CCalendarCtrl::DescribeParts(ViewParts&)
+{
 }
 
 void CCalendarCtrl::OnDestroy()

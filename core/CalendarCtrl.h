@@ -17,6 +17,7 @@
 #include <afxtempl.h>
 #include <afxdisp.h>
 
+#include "CalendarAccess.h"
 #include "CalendarClock.h"
 #include "CalendarColors.h"
 #include "CalendarFonts.h"
@@ -39,6 +40,7 @@
 struct CPrintInfo;
 class CInPlaceEdit;
 namespace dayvane {
+class CalendarWindowAccess;
 class DayProvider;
 class PointerDriver;
 class TimeIndex;
@@ -48,6 +50,11 @@ enum class Drop;
 struct Interaction;
 struct PaintedState;
 struct SelectedRange;
+struct ItemTimes;
+struct KeyStep;
+struct ViewParts;
+enum class KeyArrow;
+enum class KeyEdge;
 } // namespace dayvane
 
 class CCalendarCtrl : public CWnd
@@ -160,6 +167,11 @@ protected:
     virtual CRect GetFocusBox();
     // Option toolTips: what is cut off at the point, with the part of the window that shows it. FALSE: nothing is.
     virtual BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText);
+    virtual void DescribeParts(dayvane::ViewParts& parts);      // places and dates of what is shown now
+    // Option keyboardMoves. How far an arrow key moves an item; bWholeDays: one that is shown by days alone.
+    virtual dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays);
+    // A key has moved an item to that time, or an end of it: brings it in sight, turning the page where needed.
+    virtual void ShowMoved(const COleDateTime& when, BOOL bWholeDays);
 
 public:
     // ---- Items and selection.
@@ -344,6 +356,7 @@ public:
     // The open edit box, nullptr when there is none. It belongs to the control and lives until the edit ends.
     CEdit* GetInPlaceEdit() const;
     BOOL IsDragging() const;
+    BOOL IsCarrying() const; // an item is dragged by keys
     // While an item is dragged, and during CCN_ITEMMOVED: the times it had before. FALSE when nothing is dragged.
     BOOL GetDragOrigin(COleDateTime& start, COleDateTime& end) const;
     // Extended: a dragged item keeps its distance from the pointer, and its time of day where the view shows whole
@@ -468,12 +481,14 @@ protected:
     unsigned m_nCancelCount = 0;                // counts WM_CANCELMODE
     const std::type_info* m_pOwnType = nullptr; // of the view, set by its constructor
     BOOL m_bUpdateByParts = FALSE;
+    unsigned m_nLayoutVersion = 0; // counts changes of the screen list and its rectangles
     dayvane::WindowLife m_life;
     std::unique_ptr<dayvane::CalendarPrinting> m_pPrinter; // made when it is first asked for
 
     // Message handlers, in the order of the message map.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PreSubclassWindow() override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
     void PostNcDestroy() override;
     afx_msg void OnDestroy();
     afx_msg void OnPaint();
@@ -506,6 +521,7 @@ protected:
 
 private:
     friend class CInPlaceEdit;
+    friend class dayvane::CalendarWindowAccess;
     class Pointing;
 
     void GrowToTextLine(CRect& rect);
@@ -524,14 +540,34 @@ private:
     CRect FocusFrame();
     void ShowFocus(bool bShow);
     void RestoreSelection();
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleAndReport(UINT message, WPARAM wParam, LPARAM lParam);
     void ReportSelection(int nCause, const dayvane::SelectedRange& before);
     dayvane::SelectedRange Selected() const;
+    int FocusStep(bool bBack, CItemArray& sorted);
     BOOL HasFocusItemBeyond(BOOL bBack);
     void ShowTip(const tagCCHITTESTINFO& hit);
     int PlacedPieceOf(int nItem) const;
     dayvane::Drop DropAt(CPoint point) const;
     void PostScroll(int nSteps, UINT nBack, UINT nOn);
+    void LiftCurrentItem();
+    void CarryItem(const dayvane::ItemTimes& times, const COleDateTime& mark);
+    void DropCarriedItem();
+    void ReleaseAt(const tagCCHITTESTINFO& hit);
+    BOOL EndCarryTimer(UINT_PTR nTimer);
+    bool IsWholeDayTimes(const dayvane::ItemTimes& times);
+    void RefuseMove();
+    BOOL BeginCarry();
+    void MoveItemByKey(dayvane::KeyArrow arrow, dayvane::KeyEdge edge);
+    BOOL TakeOptionKey(WPARAM nKey);
+    BOOL TakeRequestKey(WPARAM nKey, BOOL bControl, BOOL bShift);
+    BOOL BeginTyping(UINT nChar);
+    BOOL IsTypedCharacter(UINT nChar) const;
+    BOOL ForwardTyping(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    // For programs that read aloud: a press of the mouse at one place and its release at another, with what the hit
+    // test would give; and the text of the current item, or a new one over the selection. FALSE: not done.
+    BOOL ClickAt(const tagCCHITTESTINFO& from, const tagCCHITTESTINFO& to);
+    BOOL SetCurrentText(const wchar_t* text);
 
     static constexpr UINT kItemFeedMessage = WM_USER + 0x2D1;
     afx_msg LRESULT OnItemFeed(WPARAM wParam, LPARAM lParam);
@@ -553,6 +589,7 @@ private:
     CFont m_fontCache[4]; // of GetFont
     std::vector<std::unique_ptr<CImageList>> m_imageLists;
     std::unique_ptr<dayvane::PointerDriver> m_pointer;
+    dayvane::AccessHook m_access;
     CInPlaceEdit* m_pEdit = nullptr;                                            // the open edit box; deletes itself
     BOOL m_bOwnScale = FALSE;                                                   // the host has set one
     BOOL m_bTextFont = FALSE;                                                   // the host has set one

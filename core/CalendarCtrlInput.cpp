@@ -14,7 +14,7 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         CancelTracking();
         break;
     case VK_TAB:
-        m_interaction->tabsBack = m_options.dialogKeys && ::GetKeyState(VK_SHIFT) < 0;
+        m_interaction->tabsBack = (m_options.dialogKeys || m_options.keyboardMoves) && ::GetKeyState(VK_SHIFT) < 0;
         SetFocusToItem();
         break;
     case VK_RETURN:

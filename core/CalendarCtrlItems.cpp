@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "core/Interaction.h"
 #include "core/ItemStore.h"
+#include "core/KeyMoves.h"
 #include "core/TimeIndex.h"
 
 #include <utility>
@@ -132,6 +133,7 @@ void CCalendarCtrl::UpdateScreenItems()
     MakeScreenItem(m_arItem, m_arScreenItem);
     CalcItemRect(m_rcContent, m_arScreenItem);
     ItemsWanted();
+    ++m_nLayoutVersion;
 }
 
 void CCalendarCtrl::InvalidateClient()
@@ -219,10 +221,7 @@ void CCalendarCtrl::SetFocusToItem()
     }
     m_arScreenItem.FreeExtra();
     CItemArray sorted;
-    sorted.Copy(m_arScreenItem);
-    SortItem(sorted);
-    const int position = m_options.dialogKeys ? FocusNeighbour(sorted, m_nCurSel, m_interaction->tabsBack)
-                                              : NextFocusPosition(sorted, m_nCurSel);
+    const int position = FocusStep(m_interaction->tabsBack, sorted);
     if (position == -1) {
         SetCurSel(-1);
         return;
@@ -232,12 +231,20 @@ void CCalendarCtrl::SetFocusToItem()
     NotifyItemByKey(CCN_ITEMCLICK, index, 0);
 }
 
+// Where Tab leads in the sorted screen list; -1: nowhere.
+int CCalendarCtrl::FocusStep(bool bBack, CItemArray& sorted)
+{
+    sorted.Copy(m_arScreenItem);
+    SortItem(sorted);
+    return m_options.keyboardMoves ? StepInTime(sorted, m_nCurSel, m_dtSelBegin, bBack)
+           : m_options.dialogKeys  ? FocusNeighbour(sorted, m_nCurSel, bBack)
+                                   : NextFocusPosition(sorted, m_nCurSel);
+}
+
 BOOL CCalendarCtrl::HasFocusItemBeyond(BOOL bBack)
 {
     CItemArray sorted;
-    sorted.Copy(m_arScreenItem);
-    SortItem(sorted);
-    return FocusNeighbour(sorted, m_nCurSel, bBack != FALSE) != -1;
+    return FocusStep(bBack != FALSE, sorted) != -1;
 }
 
 // A key has made the item current or opens it: there is no point, and the time is the item's start.

@@ -183,6 +183,42 @@ void CCalendarCtrl::CancelTracking()
     m_pointer->Cancel(target);
 }
 
+void CCalendarCtrl::LiftCurrentItem()
+{
+    m_interaction->beforePress = m_interaction->afterPress = Selected();
+    m_pointer->Lift(Pointing(this));
+}
+
+void CCalendarCtrl::CarryItem(const ItemTimes& times, const COleDateTime& mark)
+{
+    Pointing target(this);
+    m_pointer->Carry(target, times, mark);
+}
+
+// An item that no key has moved is where it was: that is no drop.
+void CCalendarCtrl::DropCarriedItem()
+{
+    if (!IsCarrying() || m_pointer->Tracker().IsDropping()) {
+        return;
+    }
+    const ItemTimes& origin = m_pointer->Tracker().Origin();
+    const ItemTimes& put = m_pointer->Tracker().LastPut();
+    if (origin.start == put.start && origin.end == put.end) {
+        CancelTracking();
+    } else {
+        ReleaseAt(KeyboardHit());
+    }
+}
+
+void CCalendarCtrl::ReleaseAt(const tagCCHITTESTINFO& hit)
+{
+    Pointing target(this, hit);
+    m_pointer->Sweep(target, target.Hit());
+    if (target.IsAlive()) {
+        m_pointer->Release(target, target.Hit());
+    }
+}
+
 BOOL CCalendarCtrl::IsDragging() const
 {
     return m_pointer->Tracker().IsDragging();
@@ -203,6 +239,10 @@ BOOL CCalendarCtrl::GetDragOrigin(COleDateTime& start, COleDateTime& end) const
 void CCalendarCtrl::OnLButtonDown(UINT nFlags, CPoint point)
 {
     const WindowAlive alive(this, m_life);
+    DropCarriedItem();
+    if (!alive) {
+        return;
+    }
     SetFocus(); // may end an edit, and so run the host's code
     if (!alive) {
         return;
@@ -419,7 +459,9 @@ void CCalendarCtrl::OnKillFocus(CWnd* pNewWnd)
     CWnd::OnKillFocus(pNewWnd);
     if (!pNewWnd || !::IsChild(m_hWnd, pNewWnd->GetSafeHwnd())) {
         m_bHasFocus = FALSE;
-        CancelTracking(); // the button may go up over a window that is in front now, and Escape goes there
+        if (!IsCarrying()) {  // what keys carry drops by itself after a while
+            CancelTracking(); // the button may go up over a window that is in front now, and Escape goes there
+        }
     }
     InvalidateClient();
 }
@@ -442,7 +484,9 @@ void CCalendarCtrl::OnCancelMode()
 void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
 {
     if (nIDEvent != kScrollTimer) {
-        CWnd::OnTimer(nIDEvent);
+        if (!EndCarryTimer(nIDEvent)) {
+            CWnd::OnTimer(nIDEvent);
+        }
         return;
     }
     CPoint point;

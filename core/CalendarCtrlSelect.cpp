@@ -24,6 +24,19 @@ void CCalendarCtrl::RestoreSelection()
     }
 }
 
+// What the options take first; the window may be gone afterwards.
+LRESULT CCalendarCtrl::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const WindowAlive alive(this, m_life);
+    const bool isKey = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+    LRESULT result = 0;
+    if ((isKey && m_options.keyboardMoves && TakeOptionKey(wParam)) || !alive ||
+        (m_options.typeToEdit && ForwardTyping(message, wParam, lParam, result)) || !alive) {
+        return result;
+    }
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
 // The selection may change in many ways while one of these messages is handled; the host hears of it once, afterwards.
 LRESULT CCalendarCtrl::HandleAndReport(UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -31,7 +44,11 @@ LRESULT CCalendarCtrl::HandleAndReport(UINT message, WPARAM wParam, LPARAM lPara
     const PointerTracker& pointer = m_pointer->Tracker();
     switch (message) {
     case WM_KEYDOWN:
-        cause = CCSEL_KEY;
+        cause = pointer.IsCarried() ? CCSEL_DROP : CCSEL_KEY;
+        break;
+    case WM_SYSKEYDOWN:
+    case WM_TIMER:
+        cause = pointer.IsCarried() ? CCSEL_DROP : 0;
         break;
     case WM_LBUTTONDOWN:
         cause = CCSEL_PRESS;
@@ -44,14 +61,14 @@ LRESULT CCalendarCtrl::HandleAndReport(UINT message, WPARAM wParam, LPARAM lPara
         break;
     }
     if (cause == 0 || !m_options.selectionEvents || m_interaction->reports > 0) {
-        return CWnd::WindowProc(message, wParam, lParam);
+        return Handle(message, wParam, lParam);
     }
     const WindowAlive alive(this, m_life);
-    const SelectedRange before = message == WM_LBUTTONUP ? m_interaction->afterPress : Selected();
+    const bool endsDrag = message == WM_LBUTTONUP || pointer.IsCarried();
+    const SelectedRange before = endsDrag ? m_interaction->afterPress : Selected();
     ++m_interaction->reports;
-    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
-    if (alive) {
-        --m_interaction->reports;
+    const LRESULT result = Handle(message, wParam, lParam);
+    if (alive && --m_interaction->reports == 0 && !pointer.IsCarried()) {
         m_interaction->afterPress = Selected();
         ReportSelection(cause, before);
     }

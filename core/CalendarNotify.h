@@ -35,6 +35,19 @@ enum CalendarSelectionCause
     CCSEL_SCROLL, // scrolling took the selection along
 };
 
+// With the option keyboardMoves or typeToEdit: what a key asks of the host; nothing is done by itself. NMCALENDARITEM,
+// nItem the current item, or -1 and time the begin of the selection; pt where a menu belongs.
+#define CCN_COPY (-2100)      // Ctrl+C, Ctrl+Insert
+#define CCN_CUT (-2101)       // Ctrl+X, Shift+Delete
+#define CCN_PASTE (-2102)     // Ctrl+V, Shift+Insert
+#define CCN_DUPLICATE (-2103) // Ctrl+D
+// F2; and before the edit box opens for typed text, which it does unless the host opens one or answers non-zero:
+// nSubValue is the character then, or VK_PROCESSKEY for an input method.
+#define CCN_RENAME (-2104)
+#define CCN_DELETE (-2105)    // Delete, with a current item
+#define CCN_GOTODATE (-2106)  // Ctrl+G
+#define CCN_BEGINMOVE (-2107) // before the first key moves the item; a non-zero answer leaves it where it is
+
 struct NMCALENDARITEM
 {
     NMHDR hdr;

@@ -48,16 +48,20 @@ struct CalendarOptions
     // it changes the time scale around the pointer. The horizontal wheel turns pages.
     bool wheelByDelta = false;
 
+    // Keys move items: Ctrl with an arrow the current item by a row, a day, a week or a month of the view, over the
+    // edge of the range to the next page; Ctrl+Shift its end, Alt+Shift its start. Ctrl+Enter, 800 ms without a key or
+    // any other key reports one CCN_ITEMMOVED as a drag does; Escape takes it back. Tab and Shift+Tab go through the
+    // items in the order of time. Copying, renaming, deleting and going to a date are asked of the host: CCN_COPY and
+    // others.
+    bool keyboardMoves = false;
+    // Typing, or the begin of an input method's conversion, over an item or a selection opens the edit box with it.
+    bool typeToEdit = false;
+
     // ---- Look.
 
     // Colours follow the system's: light (Calm), dark or high contrast, at once and whenever they change; see SetTheme.
     bool followSystemTheme = false;
     bool followDpi = false; // sizes follow the resolution of the window, until SetScale is called
-
-    // ---- Names for what comes next. These have no effect yet.
-
-    bool keyboardMoves = false; // keys move items
-    bool typeToEdit = false;    // typing opens the edit box
 
     // What we recommend: all of them.
     static CalendarOptions Modern();

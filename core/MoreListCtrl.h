@@ -36,6 +36,7 @@ protected:
 
 private:
     friend class CMoreListWnd;
+    friend class dayvane::CalendarWindowAccess;
     void OnMoreListGone(CMoreListWnd* pList);
     // Asked by the list. One made before the items changed gets nothing.
     void ChooseListedItem(int nItem, unsigned nItemVersion);

@@ -7,6 +7,9 @@
 #include "MoreList.h"
 
 class CMoreListCtrl;
+namespace dayvane {
+class MoreListAccess;
+}
 
 class CMoreListWnd : public CPopupWnd
 {
@@ -19,6 +22,7 @@ public:
     int GetCurrent() const { return m_model.Current(); } // row
 
 protected:
+    friend class dayvane::MoreListAccess;
     CMoreListWnd(CMoreListCtrl* pOwner, std::vector<int> items, unsigned nItemVersion, const COleDateTime& dtFirst);
 
     void Choose(int nRow);

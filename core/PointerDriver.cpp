@@ -42,6 +42,20 @@ void PointerDriver::Release(PointerTarget& target, const PointerHit& hit, Drop d
     }
 }
 
+void PointerDriver::Lift(const PointerTarget& target)
+{
+    ItemTimes times;
+    if (target.GetItemTimes(target.CurrentItem(), times)) {
+        m_tracker.Lift(target.CurrentItem(), times);
+    }
+}
+
+void PointerDriver::Carry(PointerTarget& target, const ItemTimes& times, const COleDateTime& mark)
+{
+    ItemTimes held;
+    Apply(target, GetHeldTimes(target, held) ? m_tracker.Carry(times, mark) : m_tracker.Cancel());
+}
+
 void PointerDriver::Cancel(PointerTarget& target)
 {
     if (m_tracker.IsBusy()) {

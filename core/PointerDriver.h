@@ -52,6 +52,9 @@ public:
     void Sweep(PointerTarget& target, const PointerHit& hit) { Apply(target, m_tracker.Sweep(hit)); }
     void Drag(PointerTarget& target, const PointerHit& hit);
     void DragExtended(PointerTarget& target, const PointerHit& hit, int stepMinutes, bool wholeDayByDrag);
+    // Keys take the current item up and carry it; see PointerTracker.
+    void Lift(const PointerTarget& target);
+    void Carry(PointerTarget& target, const ItemTimes& times, const COleDateTime& mark);
     void Release(PointerTarget& target, const PointerHit& hit, Drop drop = Drop::REPORT);
     // The one way out of a press, sweep or drag that does not end with its release.
     void Cancel(PointerTarget& target);

@@ -90,7 +90,7 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
     if (hit.code == CCHT_NOWHERE) {
         return effects;
     }
-    m_dragging = m_dropping = false;
+    m_dragging = m_carried = m_dropping = false;
     if (IsItemCode(hit.code)) {
         m_selecting = false;
         m_pending = pressed.movable;
@@ -154,6 +154,9 @@ void PointerTracker::PutItem(PointerEffects& effects, const PointerHit& hit, con
 
 bool PointerTracker::DragStep(const PointerHit& hit, const ItemTimes* current, PointerEffects& effects)
 {
+    if (m_carried) {
+        return false;
+    }
     if (!m_dragging) {
         effects = StartDragOutsideSlop(hit);
         return false;
@@ -224,6 +227,26 @@ ItemTimes PointerTracker::Pulled(const PointerHit& hit, int stepMinutes) const
     return times;
 }
 
+void PointerTracker::Lift(int item, const ItemTimes& times)
+{
+    m_selecting = m_pending = m_dropping = false;
+    m_dragging = m_carried = true;
+    m_item = item;
+    m_edge = EDGE_NONE;
+    m_origin = m_lastPut = times;
+}
+
+PointerEffects PointerTracker::Carry(const ItemTimes& times, const COleDateTime& mark)
+{
+    PointerEffects effects;
+    if (m_carried) {
+        PointerHit at;
+        at.time = mark;
+        PutItem(effects, at, times);
+    }
+    return effects;
+}
+
 PointerEffects PointerTracker::Release(const PointerHit& hit, bool reportsAlways)
 {
     PointerEffects effects;
@@ -237,14 +260,16 @@ PointerEffects PointerTracker::Release(const PointerHit& hit, bool reportsAlways
         m_dropping = true;
         effects.push_back(Plain(PointerEffect::NOTIFY_MOVED, m_item));
     }
-    effects.push_back(Plain(PointerEffect::ARROW_CURSOR));
+    if (!m_carried) {
+        effects.push_back(Plain(PointerEffect::ARROW_CURSOR));
+    }
     effects.push_back(Plain(PointerEffect::RELEASE_CAPTURE));
     return effects;
 }
 
 void PointerTracker::Released()
 {
-    m_dragging = m_pending = m_dropping = false;
+    m_dragging = m_carried = m_pending = m_dropping = false;
     m_edge = EDGE_NONE;
 }
 

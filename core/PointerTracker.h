@@ -91,6 +91,10 @@ public:
     // there. Otherwise, between the two, only the day counts.
     PointerEffects DragExtended(const PointerHit& hit, const ItemTimes* current, int stepMinutes,
                                 bool wholeDayByDrag = false);
+    // A key takes the item up: it is dragged at once, and the pointer does nothing until it is released or cancelled.
+    void Lift(int item, const ItemTimes& times);
+    // A key gives the lifted item times; `mark`: the date to be marked meanwhile. Nothing when they are not valid.
+    PointerEffects Carry(const ItemTimes& times, const COleDateTime& mark);
     // reportsAlways: also a drop where the item was before the drag.
     PointerEffects Release(const PointerHit& hit, bool reportsAlways = true);
     // After the effects of Release.
@@ -105,6 +109,8 @@ public:
     bool IsSelecting() const { return m_selecting; }
     bool IsDragPending() const { return m_pending; }
     bool IsDragging() const { return m_dragging; }
+    bool IsCarried() const { return m_carried; }   // dragged by keys
+    bool IsDropping() const { return m_dropping; } // the drop is being reported
     bool IsBusy() const { return m_selecting || m_pending || m_dragging; }
     // A drag, or a sweep that has left the place of its press: no click any more.
     bool IsUnderWay() const { return (m_selecting && m_swept) || m_dragging; }
@@ -129,6 +135,7 @@ private:
     bool m_swept = false; // the pointer has left the place of the press
     bool m_pending = false;
     bool m_dragging = false;
+    bool m_carried = false;
     bool m_dropping = false; // the drop is being reported: no way back
     CPoint m_pressPoint = CPoint(-1, -1);
     int m_item = -1;

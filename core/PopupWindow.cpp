@@ -29,9 +29,24 @@ BOOL CPopupWnd::CreatePopup(LPCTSTR lpszClass, DWORD dwStyle, const CRect& rcScr
         }
         return FALSE;
     }
+    m_access.Listen(*this);
     // Created visible it would take the activation, and the control lose the focus.
     ::SetWindowPos(m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, kShowFlags);
     return !object.expired();
+}
+
+LRESULT CPopupWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    if (m_access.Answer(*this, message, wParam, lParam, result)) {
+        return result;
+    }
+    const WindowAlive alive(this, m_life);
+    result = CWnd::WindowProc(message, wParam, lParam);
+    if (alive) {
+        m_access.Follow();
+    }
+    return result;
 }
 
 void CPopupWnd::Close()

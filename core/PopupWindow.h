@@ -3,6 +3,7 @@
 // it: then it calls OnGone, by which its owner forgets it, and deletes itself.
 #pragma once
 
+#include "CalendarAccess.h"
 #include "WindowAlive.h"
 
 #include <afxwin.h>
@@ -27,6 +28,7 @@ protected:
     // The window is gone, or could not be made; the object is deleted next.
     virtual void OnGone() {}
 
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PostNcDestroy() override;
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
@@ -35,6 +37,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     dayvane::WindowLife m_life;
+    dayvane::AccessHook m_access;
 };
 
 namespace dayvane {

@@ -177,10 +177,17 @@ void CPeriodGridCtrl::ShowPolicy(const PeriodPolicy& policy)
 
 LRESULT CPeriodGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT result = 0;
+    if (m_access.Answer(*this, message, wParam, lParam, result)) {
+        return result;
+    }
     const WindowAlive alive(this, m_life);
-    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    result = CWnd::WindowProc(message, wParam, lParam);
     if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
         ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
+    }
+    if (alive) {
+        m_access.Follow();
     }
     return result;
 }

@@ -21,6 +21,7 @@
 // and so does releasing the button outside the popup.
 #pragma once
 
+#include "../core/CalendarAccess.h"
 #include "../core/CalendarOptions.h"
 #include "../core/PartTip.h"
 #include "../core/SystemTheme.h"
@@ -40,6 +41,7 @@ class CPeriodSelCtrl;
 
 namespace dayvane {
 class DayProvider;
+class PeriodGridAccess;
 struct GridEffects;
 struct GridHit;
 struct PeriodGridLayout;
@@ -122,6 +124,7 @@ public:
 
 protected:
     friend class CPeriodSelCtrl;
+    friend class dayvane::PeriodGridAccess;
     void OnPopupGone(CPeriodSelCtrl* pPopup);
 
     CPeriodGridCtrl(const dayvane::PeriodPolicy& policy, LPCTSTR lpszClassName);
@@ -202,6 +205,7 @@ protected:
     int m_nWheelDelta = 0; // turned, and not yet a page
     dayvane::TodayWatch m_today;
     dayvane::WindowLife m_life;
+    dayvane::AccessHook m_access;
 };
 
 // A cell of a mini calendar: a day, or a month as its first day, at 00:00. The date is invalid beyond the years 100 to

@@ -8,6 +8,9 @@
 #include "PickerPaint.h"
 
 class CPeriodGridCtrl;
+namespace dayvane {
+class PeriodSelAccess;
+}
 
 class CPeriodSelCtrl : public CPopupWnd
 {
@@ -31,6 +34,7 @@ public:
     CRect GetPeriodRect(int nPeriod) const;
 
 protected:
+    friend class dayvane::PeriodSelAccess;
     CPeriodSelCtrl(const dayvane::PeriodPolicy& policy, int nPeriod);
 
     void DrawPopup(CDC* pDC) override;

@@ -130,10 +130,17 @@ void CYearMonthPickerCtrl::ApplyScale(int dpi)
 
 LRESULT CYearMonthPickerCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT result = 0;
+    if (m_access.Answer(*this, message, wParam, lParam, result)) {
+        return result;
+    }
     const WindowAlive alive(this, m_life);
-    const LRESULT result = CButton::WindowProc(message, wParam, lParam);
+    result = CButton::WindowProc(message, wParam, lParam);
     if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
         ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
+    }
+    if (alive) {
+        m_access.Follow();
     }
     return result;
 }

@@ -7,6 +7,7 @@
 // while it handles a message: drop the picker again, destroy its window, delete the object.
 #pragma once
 
+#include "../core/CalendarAccess.h"
 #include "../core/CalendarOptions.h"
 #include "../core/SystemTheme.h"
 #include "../core/TextSettings.h"
@@ -119,4 +120,5 @@ protected:
     BOOL m_bHot = FALSE;
     std::unique_ptr<dayvane::PickerFonts> m_pFonts;
     dayvane::WindowLife m_life;
+    dayvane::AccessHook m_access;
 };

@@ -19,6 +19,17 @@ void CPlannerFrame::OnItemOpen(NMHDR* pHeader, LRESULT* pResult)
     }
 }
 
+// Text is typed over an item or a selection, or a program that reads aloud gives one: the edit box, not the details.
+void CPlannerFrame::OnTextAsked(NMHDR* pHeader, LRESULT* pResult)
+{
+    *pResult = 0;
+    if (reinterpret_cast<const NMCALENDARITEM*>(pHeader)->nItem >= 0) {
+        m_editor.BeginRename(planner::Scope::ThisOccurrence);
+    } else {
+        OnNewItem();
+    }
+}
+
 // A right press selects what lies under it, as a left one does; in the selected range it leaves the range.
 void CPlannerFrame::OnRightPress(NMHDR* pHeader, LRESULT* pResult)
 {

@@ -83,6 +83,7 @@ protected:
     // Notifications of the view's control and of the small calendars
     afx_msg void OnRightPress(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemOpen(NMHDR* pHeader, LRESULT* pResult);
+    afx_msg void OnTextAsked(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMenu(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnItemMoved(NMHDR* pHeader, LRESULT* pResult);
     afx_msg void OnEditEnded(NMHDR* pHeader, LRESULT* pResult);

@@ -6,6 +6,7 @@
 
 #include <dayvane/Version.h>
 
+#include "access/AccessTexts.h"
 #include "calc/CalcHoliday.h"
 #include "calc/DayCalendar.h"
 #include "calc/Eras.h"

@@ -121,6 +121,29 @@ void DragAndDrop(Control& control)
     control.Release(12);
 }
 
+TEST(PointerDriver, KeysCarryAnItemWithoutTheMouse)
+{
+    Control control;
+    control.current = 0;
+    const ItemTimes origin = control.items[0];
+    const ItemTimes moved = {At(11, 9), At(11, 11)};
+    control.driver->Lift(control);
+    control.driver->Carry(control, moved, moved.start);
+    control.Drag(25); // the pointer has no part in it
+    control.Sweep(25);
+    EXPECT_EQ(control.Taken(), "mark 11; put 11-09 11-11");
+    EXPECT_EQ(control.driver->Tracker().Origin().start, origin.start);
+    control.Release(11);
+    EXPECT_EQ(control.Taken(), "moved; repaint; release") << "no cursor of a drag";
+    EXPECT_FALSE(control.driver->Tracker().IsBusy());
+    control.driver->Lift(control);
+    control.driver->Carry(control, {At(14, 9), At(14, 11)}, At(14, 9));
+    control.current = 1; // the host has another item now
+    control.driver->Carry(control, {At(15, 9), At(15, 11)}, At(15, 9));
+    EXPECT_FALSE(control.driver->Tracker().IsBusy());
+    EXPECT_EQ(TextOf(control.items[0]), TextOf(moved)) << "taken back";
+}
+
 TEST(PointerDriver, ADropEndsWithTimerAndCaptureGone)
 {
     Control control;

@@ -71,6 +71,10 @@ protected:
 
     CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
     void GetPaintedState(dayvane::PaintedState& state) override;
+    int GetBoxesInRow();
+    dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays) override;
+    void ShowMoved(const COleDateTime& when, BOOL bWholeDays) override;
+    void DescribeParts(dayvane::ViewParts& parts) override;
     void InvalidateCellRect(COleDateTime date) override;
     void InvalidateCellRectRange() override;
     void GetCurCellRect(CRect& rect, int& bFound) override;
@@ -89,6 +93,7 @@ protected:
     void ScreenItemsChanged()
     {
         m_bShownValid = FALSE;
+        ++m_nLayoutVersion;
         CloseMoreList();
     }
     // The pieces of the items in the rows of boxes. Of the store, where few items were set since, only theirs.

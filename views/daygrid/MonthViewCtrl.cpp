@@ -2,6 +2,7 @@
 #include "views/daygrid/MonthViewCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/ViewParts.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MonthLayout.h"
@@ -98,6 +99,15 @@ void CMonthViewCtrl::BringInSight(const COleDateTime& date)
     const int week = position >= 0 ? position / kMonthColumns : (position - kMonthColumns + 1) / kMonthColumns;
     m_dtCurrent = m_dtScroll = m_dtCurrentDate = m_dtViewDate = date;
     MoveCalendar(week < 0 ? week : week - kMonthRows + 1);
+}
+
+void CMonthViewCtrl::DescribeParts(ViewParts& parts)
+{
+    CDayGridCtrl::DescribeParts(parts);
+    parts.titleDate = m_dtScroll;
+    for (int i = 0; i < kMonthColumns; ++i) {
+        parts.columnHeaders.push_back(m_arHeaderCell[i].m_rect);
+    }
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)

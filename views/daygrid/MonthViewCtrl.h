@@ -62,6 +62,7 @@ protected:
     void DayProviderChanged() override;
     void TodayChanged() override;
     void BringInSight(const COleDateTime& date) override;
+    void DescribeParts(dayvane::ViewParts& parts) override;
     virtual void CalcCalendar();
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;

@@ -77,7 +77,7 @@ void CYearViewCtrl::OnDestroy()
 
 BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
 {
-    return CWnd::PreTranslateMessage(pMsg);
+    return CBoxViewCtrl::PreTranslateMessage(pMsg);
 }
 
 // ---- Navigation

@@ -251,10 +251,13 @@ void CDayViewCtrl::MoveToDay(void (*move)(GridSelection&, bool), UINT nFlags)
     Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtCurrentDate, m_dtCurrentDate, kRangeChangeValue);
 }
 
-// Extended over midnight, a selection takes the current date along.
+// Extended over midnight, a selection takes the current date along, and so does an item that keys move to another day.
 void CDayViewCtrl::CurrentDateMoved()
 {
     if (GetShownRange().FirstDay() != m_nItemDay) {
         Rebuild();
+        if (IsCarrying()) {
+            Notify(CCN_VIEWRANGECHANGE, m_dtCurrentDate, m_dtCurrentDate, m_dtCurrentDate, kRangeChangeValue);
+        }
     }
 }

@@ -121,6 +121,7 @@ void CTimeGridCtrl::Layout(int cx, int cy)
     MakeScreenItem(m_arItem, m_arScreenItem);
     CalcFrame();
     CalcItemRect(m_rcContent, m_arScreenItem);
+    ++m_nLayoutVersion;
     UpdateScrollRange();
 }
 

@@ -102,6 +102,9 @@ protected:
     void MoveBackward(UINT nFlags) override;
     void MoveForward(UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
+    dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays) override;
+    void ShowMoved(const COleDateTime& when, BOOL bWholeDays) override;
+    void DescribeParts(dayvane::ViewParts& parts) override;
     void SelectionMoved() override; // the current date follows
     void OptionsChanged(const CalendarOptions& before) override;
     BOOL OpenMoreListAt(CPoint point) override;

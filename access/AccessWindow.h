@@ -1,0 +1,94 @@
+// What one window is for programs that read it aloud: the tree of its parts as it is now, with roles, states and
+// actions. The objects that a program gets (AccessObject.h) ask it; it tells the system what changes.
+#pragma once
+
+#include "../core/CalendarAccess.h"
+#include "AccessTexts.h"
+#include "AccessTree.h"
+#include "ViewSpeech.h"
+
+#include <afxwin.h>
+#include <oleacc.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace dayvane {
+
+class AccessWindow : public WindowAccess, public std::enable_shared_from_this<AccessWindow>
+{
+public:
+    // ---- For the window
+    void Disconnect() override;
+    LRESULT GetObject(WPARAM wParam) override;
+    void Follow() override;
+    void ItemMoved(const ItemTimes&, bool) override {}
+    void CannotMove() override {}
+
+    // ---- For the objects. Nothing may be asked of a window that is not connected; an action may disconnect it.
+    bool IsConnected() const { return m_hWnd != nullptr; }
+    HWND Handle() const { return m_hWnd; }
+    const AccessTree& Tree(); // of what is shown now; until the next call
+    virtual AccessWords WordsOf(int node) = 0;
+    virtual long RoleOf(int node);  // ROLE_SYSTEM_...
+    virtual long StateOf(int node); // STATE_SYSTEM_...
+    bool HasFocus() const;
+    virtual AccessId Focus() = 0; // where the keys go; the root when it is nowhere else
+    virtual std::vector<AccessId> Selection() = 0;
+    // Both as the mouse would do it, with all that the host is told. E_ACCESSDENIED: the mouse holds something.
+    virtual HRESULT Select(int node, long flags); // SELFLAG_...
+    virtual HRESULT Act(int node);                // the default action
+    virtual HRESULT SetValue(int node, const std::wstring& text);
+
+    // The numbers by which events name parts: children of the root count from 1, deeper parts get negative numbers.
+    long ChildIdOf(const AccessId& id);
+    bool IdOfChild(long child, AccessId& id) const;
+
+protected:
+    explicit AccessWindow(CWnd& window);
+
+    virtual AccessTree MakeTree() = 0;
+    // Differs whenever the tree may; a few numbers.
+    virtual std::vector<long long> Contents() = 0;
+    // Popups never have the focus, but the keys go to them.
+    virtual bool IsPopup() const { return false; }
+    virtual void Gone() = 0; // the window's object must not be used any more
+
+    const AccessTree& LastTree() const { return *m_tree; }
+    void Tell(DWORD event, const AccessId& id);
+    HRESULT ClickCentre(int node); // by the messages of the mouse
+    CRect ClientRect() const;
+
+private:
+    // What was told last.
+    struct Told
+    {
+        bool hasFocus = false;
+        AccessId focus;
+        std::vector<AccessId> selection;
+        std::vector<long long> contents;
+        std::string name;      // of the window
+        std::string focusName; // of the part with the focus
+        std::string focusValue;
+        CRect focusBox = CRect(0, 0, 0, 0);
+    };
+    Told LookAround();
+    void TellFocus(const Told& before, const Told& now);
+
+    HWND m_hWnd;
+    std::unique_ptr<AccessTree> m_tree;
+    std::vector<long long> m_treeContents;
+    std::map<AccessId, long> m_childIds;
+    std::vector<AccessId> m_childParts; // by -id - 1
+    Told m_told;
+    bool m_isFollowing = false;
+};
+
+// The texts that were set, or those of the system's language.
+const AccessTexts& CurrentAccessTexts();
+
+std::wstring WideFromUtf8(const std::string& utf8);
+std::string Utf8FromWide(const std::wstring& wide);
+
+} // namespace dayvane

@@ -1,0 +1,339 @@
+// The base control's keys of the options keyboardMoves and typeToEdit. Items move through the pointer's tracker: a key
+// lifts the item, further keys carry it, a pause or Ctrl+Enter drops it.
+#include "core/CalendarCtrl.h"
+
+#include "core/DateMath.h"
+#include "core/InPlaceEdit.h"
+#include "core/KeyMoves.h"
+#include "core/PointerDriver.h"
+
+#include <imm.h>
+
+using namespace dayvane;
+
+namespace {
+
+constexpr UINT_PTR kCarryTimer = 0x4B4D;
+constexpr UINT kCarryMilliseconds = 800; // without a key: the item is where it is meant to be
+constexpr UINT kFirstCharacter = ' ' + 1;
+constexpr UINT kDeleteCharacter = 0x7F; // that Ctrl+Backspace makes
+
+bool IsDown(int key)
+{
+    return ::GetKeyState(key) < 0;
+}
+
+bool ArrowOf(WPARAM key, KeyArrow& arrow)
+{
+    switch (key) {
+    case VK_LEFT:
+        arrow = KeyArrow::Left;
+        return true;
+    case VK_RIGHT:
+        arrow = KeyArrow::Right;
+        return true;
+    case VK_UP:
+        arrow = KeyArrow::Up;
+        return true;
+    case VK_DOWN:
+        arrow = KeyArrow::Down;
+        return true;
+    }
+    return false;
+}
+
+bool IsModifier(WPARAM key)
+{
+    return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU || key == VK_CAPITAL || key == VK_NUMLOCK ||
+           key == VK_LWIN || key == VK_RWIN;
+}
+
+// The request that a key stands for; 0: none.
+int RequestOf(WPARAM key, bool control, bool shift)
+{
+    if (control && !shift) {
+        switch (key) {
+        case 'C':
+        case VK_INSERT:
+            return CCN_COPY;
+        case 'X':
+            return CCN_CUT;
+        case 'V':
+            return CCN_PASTE;
+        case 'D':
+            return CCN_DUPLICATE;
+        case 'G':
+            return CCN_GOTODATE;
+        }
+    } else if (shift && !control) {
+        return key == VK_INSERT ? CCN_PASTE : key == VK_DELETE ? CCN_CUT : 0;
+    } else if (!shift) {
+        return key == VK_F2 ? CCN_RENAME : key == VK_DELETE ? CCN_DELETE : 0;
+    }
+    return 0;
+}
+
+} // namespace
+
+// ---- Moves
+
+BOOL CCalendarCtrl::IsCarrying() const
+{
+    return m_pointer->Tracker().IsCarried();
+}
+
+KeyStep CCalendarCtrl::GetKeyStep(KeyArrow arrow, bool)
+{
+    switch (arrow) {
+    case KeyArrow::Left:
+        return {KeyStep::DAYS, -1};
+    case KeyArrow::Right:
+        return {KeyStep::DAYS, 1};
+    case KeyArrow::Up:
+        return {KeyStep::DAYS, -kDaysPerWeek};
+    default:
+        return {KeyStep::DAYS, kDaysPerWeek};
+    }
+}
+
+void CCalendarCtrl::ShowMoved(const COleDateTime&, BOOL)
+{
+}
+
+void CCalendarCtrl::RefuseMove()
+{
+    ::MessageBeep(MB_OK);
+    if (const std::shared_ptr<WindowAccess> access = m_access.Get()) {
+        access->CannotMove();
+    }
+}
+
+// A drag by the mouse that is under way keeps the item.
+BOOL CCalendarCtrl::BeginCarry()
+{
+    if (IsCarrying()) {
+        return !m_pointer->Tracker().IsDropping();
+    }
+    if (m_pointer->Tracker().IsBusy()) {
+        return FALSE;
+    }
+    const WindowAlive alive(this, m_life);
+    const int item = m_nCurSel;
+    const unsigned version = m_nItemVersion;
+    const tagCCHITTESTINFO hit = KeyboardHit();
+    const bool isAllowed =
+        IsItemMovable(item) == 1 && Notify(CCN_BEGINMOVE, item, 0, hit.pt, hit.time, hit.nHitCode) == 0;
+    if (!alive) {
+        return FALSE;
+    }
+    if (!isAllowed || item != m_nCurSel || version != m_nItemVersion) {
+        RefuseMove();
+        return FALSE;
+    }
+    LiftCurrentItem();
+    return TRUE;
+}
+
+void CCalendarCtrl::MoveItemByKey(KeyArrow arrow, KeyEdge edge)
+{
+    const WindowAlive alive(this, m_life);
+    if (!BeginCarry() || !alive) {
+        return;
+    }
+    const ItemTimes from = m_pointer->Tracker().LastPut();
+    ItemTimes to;
+    if (!dayvane::MoveByKey(from, GetKeyStep(arrow, IsWholeDayTimes(from)), edge, GetMoveStepMinutes(), to)) {
+        RefuseMove();
+    } else {
+        const COleDateTime shown = edge == KeyEdge::End ? to.end : to.start;
+        CarryItem(to, shown);
+        if (!alive || !IsCarrying()) {
+            return;
+        }
+        ShowMoved(shown, IsWholeDayTimes(to));
+        const std::shared_ptr<WindowAccess> access = alive ? m_access.Get() : nullptr;
+        if (access) {
+            access->ItemMoved(to, edge == KeyEdge::Whole);
+        }
+    }
+    if (alive && m_hWnd && IsCarrying()) {
+        SetTimer(kCarryTimer, kCarryMilliseconds, nullptr);
+    }
+}
+
+bool CCalendarCtrl::IsWholeDayTimes(const ItemTimes& times)
+{
+    tagCALENDAR_ITEM item;
+    item.dtStart = times.start;
+    item.dtEnd = times.end;
+    item.nFullday = times.fullday;
+    return IsFulldayItem(item) != FALSE;
+}
+
+BOOL CCalendarCtrl::EndCarryTimer(UINT_PTR nTimer)
+{
+    if (nTimer != kCarryTimer) {
+        return FALSE;
+    }
+    KillTimer(kCarryTimer);
+    DropCarriedItem();
+    return TRUE;
+}
+
+// ---- Keys
+
+// Whether the key is one of the options'; the window may be gone then.
+BOOL CCalendarCtrl::TakeOptionKey(WPARAM nKey)
+{
+    if (IsModifier(nKey)) {
+        return FALSE;
+    }
+    const bool control = IsDown(VK_CONTROL);
+    const bool shift = IsDown(VK_SHIFT);
+    const bool alt = IsDown(VK_MENU);
+    KeyArrow arrow;
+    if (ArrowOf(nKey, arrow) && m_nCurSel >= 0 && m_nCurSel < GetItemCount() && (control != alt) &&
+        (control || shift)) {
+        MoveItemByKey(arrow, alt ? KeyEdge::Start : shift ? KeyEdge::End : KeyEdge::Whole);
+        return TRUE;
+    }
+    if (IsCarrying()) {
+        if (nKey == VK_ESCAPE) {
+            CancelTracking();
+            return TRUE;
+        }
+        const WindowAlive alive(this, m_life);
+        DropCarriedItem();
+        if (!alive || (nKey == VK_RETURN && control)) {
+            return TRUE;
+        }
+    }
+    if (nKey == VK_F10 && shift && !control && !alt) {
+        SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_hWnd), -1);
+        return TRUE;
+    }
+    return !alt && TakeRequestKey(nKey, control, shift);
+}
+
+BOOL CCalendarCtrl::TakeRequestKey(WPARAM nKey, BOOL bControl, BOOL bShift)
+{
+    const int request = RequestOf(nKey, bControl != FALSE, bShift != FALSE);
+    if (request == 0 || (request == CCN_DELETE && m_nCurSel == -1)) {
+        return FALSE;
+    }
+    const tagCCHITTESTINFO hit = KeyboardHit();
+    Notify(request, hit.nItem, 0, hit.pt, hit.time, hit.nHitCode);
+    return TRUE;
+}
+
+// ---- Typing
+
+// Opens the edit box for what is typed next. A host that opens one itself, for it keeps what is edited, comes first.
+BOOL CCalendarCtrl::BeginTyping(UINT nChar)
+{
+    if (m_pEdit || m_pointer->Tracker().IsBusy()) {
+        return m_pEdit != nullptr;
+    }
+    const WindowAlive alive(this, m_life);
+    const tagCCHITTESTINFO hit = KeyboardHit();
+    const LRESULT refused = Notify(CCN_RENAME, hit.nItem, static_cast<int>(nChar), hit.pt, hit.time, hit.nHitCode);
+    if (!alive || (refused && !m_pEdit)) {
+        return FALSE;
+    }
+    if (!m_pEdit) {
+        BeginEditItem("");
+    }
+    if (!alive || !m_pEdit) {
+        return FALSE;
+    }
+    m_pEdit->SetSel(0, -1); // what is typed takes the place of the old text
+    return TRUE;
+}
+
+BOOL CCalendarCtrl::IsTypedCharacter(UINT nChar) const
+{
+    return nChar >= kFirstCharacter && nChar != kDeleteCharacter && !IsDown(VK_MENU) && !IsDown(VK_CONTROL);
+}
+
+// Before the key is translated, so that the composition begins in the edit box and not in this window.
+BOOL CCalendarCtrl::PreTranslateMessage(MSG* pMsg)
+{
+    if (m_options.typeToEdit && pMsg->hwnd == m_hWnd && pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_PROCESSKEY &&
+        BeginTyping(VK_PROCESSKEY)) {
+        pMsg->hwnd = m_pEdit->m_hWnd;
+        return FALSE;
+    }
+    return CWnd::PreTranslateMessage(pMsg);
+}
+
+// For message loops that do not ask PreTranslateMessage: what the input method sends goes on to the box.
+BOOL CCalendarCtrl::ForwardTyping(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    switch (message) {
+    case WM_CHAR:
+        if (!m_pEdit && !IsTypedCharacter(static_cast<UINT>(wParam))) {
+            return FALSE;
+        }
+        break;
+    case WM_KEYDOWN:
+        if (wParam != VK_PROCESSKEY) {
+            return FALSE;
+        }
+        result = 0; // the composition opens the box
+        return TRUE;
+    case WM_IME_STARTCOMPOSITION:
+    case WM_IME_CHAR:
+        break;
+    case WM_IME_COMPOSITION:
+    case WM_IME_ENDCOMPOSITION:
+        if (!m_pEdit) {
+            return FALSE;
+        }
+        break;
+    default:
+        return FALSE;
+    }
+    const WindowAlive alive(this, m_life);
+    const bool isOpen = BeginTyping(static_cast<UINT>(wParam)) != FALSE;
+    result = 0;
+    if (alive && isOpen) {
+        result = m_pEdit->SendMessage(message, wParam, lParam);
+    }
+    return TRUE;
+}
+
+// ---- What programs that read aloud do, as the mouse would
+
+BOOL CCalendarCtrl::ClickAt(const tagCCHITTESTINFO& from, const tagCCHITTESTINFO& to)
+{
+    const WindowAlive alive(this, m_life);
+    if (m_pointer->Tracker().IsBusy() && !IsCarrying()) {
+        return FALSE; // the mouse holds something
+    }
+    SetFocus(); // may end an edit, and so run the host's code
+    if (!alive) {
+        return FALSE;
+    }
+    const unsigned version = m_nItemVersion;
+    Notify(CCN_ITEMCLICK, from.nItem, 0, from.pt, from.time, from.nHitCode);
+    if (!alive || version != m_nItemVersion) {
+        return FALSE;
+    }
+    Press(from, 0);
+    if (!alive) {
+        return FALSE;
+    }
+    ReleaseAt(to);
+    return static_cast<bool>(alive);
+}
+
+BOOL CCalendarCtrl::SetCurrentText(const wchar_t* text)
+{
+    const WindowAlive alive(this, m_life);
+    if (!BeginTyping(0) || !alive) {
+        return FALSE;
+    }
+    ::SetWindowTextW(*m_pEdit, text);
+    FinishEdit(TRUE);
+    return TRUE;
+}
