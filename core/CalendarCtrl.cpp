@@ -174,6 +174,7 @@ void CCalendarCtrl::OnDestroy()
     m_bFeedPosted = FALSE;
     m_interaction->today.Stop();
     m_interaction->tip.Destroy();
+    m_interaction->isEnding = true;
     CancelTracking();
     if (m_pEdit) {
         m_pEdit->Finish(FALSE);
@@ -189,7 +190,7 @@ void CCalendarCtrl::PostNcDestroy()
     *m_pointer = PointerDriver();
     m_pointer->SetScale(m_scale);
     m_bShiftExtend = m_bEditing = m_bHasFocus = FALSE;
-    m_interaction->showsFocus = false;
+    m_interaction->showsFocus = m_interaction->isEnding = false;
     m_interaction->reports = 0;
     CWnd::PostNcDestroy();
 }

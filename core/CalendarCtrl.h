@@ -167,7 +167,7 @@ protected:
     virtual CRect GetFocusBox();
     // Option toolTips: what is cut off at the point, with the part of the window that shows it. FALSE: nothing is.
     virtual BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText);
-    virtual void DescribeParts(dayvane::ViewParts& parts);      // places and dates of what is shown now
+    virtual void DescribeParts(dayvane::ViewParts& parts); // places and dates of what is shown now
     // Option keyboardMoves. How far an arrow key moves an item; bWholeDays: one that is shown by days alone.
     virtual dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays);
     // A key has moved an item to that time, or an end of it: brings it in sight, turning the page where needed.

@@ -35,6 +35,8 @@ struct Interaction
     CRect paintedFocus = CRect(0, 0, 0, 0); // where the window shows it now; empty: nowhere
     bool tabsBack = false;                  // the item that Tab looks for is an earlier one
 
+    bool isEnding = false; // the window is being destroyed: nothing is reported any more
+
     SelectedRange beforePress; // what Escape restores
     SelectedRange afterPress;  // what a sweep or a drag began with
     int reports = 0;           // messages that are being handled and may change the selection

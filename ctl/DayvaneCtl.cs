@@ -138,8 +138,8 @@ public static class Dayvane
     public const int DVO_SELECTIONEVENTS = 0x00000800; // A change of the selection is reported.
     public const int DVO_DIALOGKEYS = 0x00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
     public const int DVO_WHEELBYDELTA = 0x00002000; // Wheel deltas add up; with Ctrl they change the time scale.
-    public const int DVO_KEYBOARDMOVES = 0x00004000; // Keys move items.
-    public const int DVO_TYPETOEDIT = 0x00008000; // Typing opens the edit box.
+    public const int DVO_KEYBOARDMOVES = 0x00004000; // Ctrl with an arrow moves the current item, Ctrl+Shift its end, Alt+Shift its start; copying and others are asked for.
+    public const int DVO_TYPETOEDIT = 0x00008000; // Typing over an item or a selection opens the edit box with what is typed.
     public const int DVO_FOLLOWDPI = 0x00010000; // Sizes follow the resolution of the screen.
     public const int DVO_FOLLOWSYSTEMTHEME = 0x00020000; // Colours follow the system's.
     public const int DVO_ALL = 0x0003FFFF; // All of them: what we recommend.
@@ -289,6 +289,14 @@ public static class Dayvane
     public const int CCN_ITEMMOVED = -2086; // DVN_ITEM: An item was dropped. With MK_CONTROL in nSubValue the user wants a copy.
     public const int CCN_IPE_ENDEDITITEM = -2087; // DVN_EDIT: An edit box was closed with a text.
     public const int CCN_MOUSEHOVER = -2089; // DVN_ITEM: The mouse rested over the control.
+    public const int CCN_COPY = -2100; // DVN_ITEM: Ctrl+C. This and the next ones: with DVO_KEYBOARDMOVES or DVO_TYPETOEDIT a key asks for it; nothing is done by itself.
+    public const int CCN_CUT = -2101; // DVN_ITEM: Ctrl+X.
+    public const int CCN_PASTE = -2102; // DVN_ITEM: Ctrl+V.
+    public const int CCN_DUPLICATE = -2103; // DVN_ITEM: Ctrl+D.
+    public const int CCN_RENAME = -2104; // DVN_ITEM: F2, or text is typed (nSubValue: the character): the edit box opens then, unless the answer is not 0.
+    public const int CCN_DELETE = -2105; // DVN_ITEM: Delete, with a current item.
+    public const int CCN_GOTODATE = -2106; // DVN_ITEM: Ctrl+G.
+    public const int CCN_BEGINMOVE = -2107; // DVN_ITEM: Before the first key moves the current item: it stays when the answer is not 0.
     public const int DVP_DATECHANGE = 6025; // DayvaneYearMonthPicker: another date is being stored. wParam: year x 100 + month
     public const int DVP_DROPDOWN = 6026; // DayvaneYearMonthPicker: the chooser has opened. wParam: year x 100 + month
     public const int DVP_CLOSEUP = 6027; // DayvaneYearMonthPicker: the chooser is closing. wParam: year x 100 + month, or 0

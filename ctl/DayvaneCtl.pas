@@ -134,8 +134,8 @@ const
   DVO_SELECTIONEVENTS = $00000800; // A change of the selection is reported.
   DVO_DIALOGKEYS = $00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
   DVO_WHEELBYDELTA = $00002000; // Wheel deltas add up; with Ctrl they change the time scale.
-  DVO_KEYBOARDMOVES = $00004000; // Keys move items.
-  DVO_TYPETOEDIT = $00008000; // Typing opens the edit box.
+  DVO_KEYBOARDMOVES = $00004000; // Ctrl with an arrow moves the current item, Ctrl+Shift its end, Alt+Shift its start; copying and others are asked for.
+  DVO_TYPETOEDIT = $00008000; // Typing over an item or a selection opens the edit box with what is typed.
   DVO_FOLLOWDPI = $00010000; // Sizes follow the resolution of the screen.
   DVO_FOLLOWSYSTEMTHEME = $00020000; // Colours follow the system's.
   DVO_ALL = $0003FFFF; // All of them: what we recommend.
@@ -293,6 +293,14 @@ const
   CCN_ITEMMOVED = -2086; // DVN_ITEM: An item was dropped. With MK_CONTROL in nSubValue the user wants a copy.
   CCN_IPE_ENDEDITITEM = -2087; // DVN_EDIT: An edit box was closed with a text.
   CCN_MOUSEHOVER = -2089; // DVN_ITEM: The mouse rested over the control.
+  CCN_COPY = -2100; // DVN_ITEM: Ctrl+C. This and the next ones: with DVO_KEYBOARDMOVES or DVO_TYPETOEDIT a key asks for it; nothing is done by itself.
+  CCN_CUT = -2101; // DVN_ITEM: Ctrl+X.
+  CCN_PASTE = -2102; // DVN_ITEM: Ctrl+V.
+  CCN_DUPLICATE = -2103; // DVN_ITEM: Ctrl+D.
+  CCN_RENAME = -2104; // DVN_ITEM: F2, or text is typed (nSubValue: the character): the edit box opens then, unless the answer is not 0.
+  CCN_DELETE = -2105; // DVN_ITEM: Delete, with a current item.
+  CCN_GOTODATE = -2106; // DVN_ITEM: Ctrl+G.
+  CCN_BEGINMOVE = -2107; // DVN_ITEM: Before the first key moves the current item: it stays when the answer is not 0.
   DVP_DATECHANGE = 6025; // DayvaneYearMonthPicker: another date is being stored. wParam: year x 100 + month
   DVP_DROPDOWN = 6026; // DayvaneYearMonthPicker: the chooser has opened. wParam: year x 100 + month
   DVP_CLOSEUP = 6027; // DayvaneYearMonthPicker: the chooser is closing. wParam: year x 100 + month, or 0
