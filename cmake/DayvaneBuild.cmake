@@ -98,31 +98,65 @@ function(dayvane_sources)
   set_property(GLOBAL APPEND PROPERTY DAYVANE_PUBLIC_HEADERS ${headers})
 endfunction()
 
-# Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library.
-function(dayvane_add_library)
-  get_property(files GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
+# What a host of the library needs to know: headers, folders, system libraries.
+function(dayvane_describe_library target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:dayvane_flags>)
+  target_compile_features(${target} PUBLIC cxx_std_17)
   if(WIN32)
-    add_library(Dayvane SHARED ${files})
-    set_target_properties(Dayvane PROPERTIES PREFIX "" OUTPUT_NAME Dayvane)
-    # MinGW exports every symbol and imports data by itself, so classes need no decoration here.
-    target_link_options(Dayvane PRIVATE -Wl,--export-all-symbols)
-    target_link_options(Dayvane INTERFACE -shared-libgcc)
-    target_link_libraries(Dayvane PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 msimg32 gdi32 user32)
-  else()
-    add_library(Dayvane STATIC ${files})
+    set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME Dayvane)
+    target_link_options(${target} INTERFACE -shared-libgcc)
+    target_link_libraries(${target} PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 msimg32 gdi32 user32)
   endif()
-  add_library(Dayvane::Dayvane ALIAS Dayvane)
-  target_link_libraries(Dayvane PRIVATE $<BUILD_INTERFACE:dayvane_flags>)
-  target_compile_features(Dayvane PUBLIC cxx_std_17)
-  dayvane_precompile(Dayvane)
   get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
-  target_sources(Dayvane
+  target_sources(${target}
     PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}" FILES ${headers}
     PUBLIC FILE_SET entrance TYPE HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/include" "${CMAKE_BINARY_DIR}/include"
     FILES "${CMAKE_SOURCE_DIR}/include/dayvane/Dayvane.h" "${CMAKE_BINARY_DIR}/include/dayvane/Version.h")
   foreach(dir ${DAYVANE_INCLUDE_DIRS})
-    target_include_directories(Dayvane PUBLIC $<BUILD_INTERFACE:${dir}>)
+    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${dir}>)
   endforeach()
+endfunction()
+
+# What is packaged comes out with the same bytes each time: no time of the link in it.
+function(dayvane_same_bytes target)
+  target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
+endfunction()
+
+# Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library. On Windows the
+# tree's own programs, tests above all, use a DLL that exports every symbol; the one that is installed has the same
+# objects and exports what the public headers name. Planner and samples link the latter (Dayvane::Dayvane).
+function(dayvane_add_library)
+  get_property(files GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
+  if(WIN32)
+    add_library(Dayvane SHARED ${files})
+    # MinGW exports every symbol and imports data by itself, so classes need no decoration here.
+    target_link_options(Dayvane PRIVATE -Wl,--export-all-symbols)
+    dayvane_add_public_dll()
+    add_library(Dayvane::Dayvane ALIAS DayvanePublic)
+  else()
+    add_library(Dayvane STATIC ${files})
+    add_library(Dayvane::Dayvane ALIAS Dayvane)
+  endif()
+  dayvane_describe_library(Dayvane)
+  dayvane_precompile(Dayvane)
+endfunction()
+
+function(dayvane_add_public_dll)
+  get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
+  set(def "${CMAKE_BINARY_DIR}/public/Dayvane.def")
+  set(objects "${CMAKE_BINARY_DIR}/public/objects.list")
+  file(GENERATE OUTPUT "${objects}" CONTENT "$<JOIN:$<FILTER:$<TARGET_OBJECTS:Dayvane>,EXCLUDE,[.]gch$>,\n>\n")
+  add_custom_command(OUTPUT "${def}" COMMAND_EXPAND_LISTS
+    DEPENDS $<TARGET_OBJECTS:Dayvane> ${headers} "${CMAKE_SOURCE_DIR}/cmake/exports.awk"
+    COMMAND awk -v "nm=${CMAKE_NM} -g --defined-only @${objects}" -v "def=${def}" -f "${CMAKE_SOURCE_DIR}/cmake/exports.awk"
+      ${headers})
+  add_library(DayvanePublic SHARED $<TARGET_OBJECTS:Dayvane> "${def}")
+  # What is linked with it runs beside the tree's DLL, in bin.
+  add_dependencies(DayvanePublic Dayvane)
+  dayvane_same_bytes(DayvanePublic)
+  set_target_properties(DayvanePublic PROPERTIES EXPORT_NAME Dayvane LINKER_LANGUAGE CXX
+    RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/public" ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/public")
+  dayvane_describe_library(DayvanePublic)
 endfunction()
 
 # Test code gains little from the last optimisation, and there is much of it; under the sanitizers, from none.

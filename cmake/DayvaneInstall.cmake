@@ -7,11 +7,15 @@ include(CMakePackageConfigHelpers)
 set(header_root include/dayvane)
 set(package_dir lib/cmake/Dayvane)
 
+set(library Dayvane)
+if(TARGET DayvanePublic)
+  set(library DayvanePublic)
+endif()
 foreach(dir ${DAYVANE_MFC_DIRS})
-  target_include_directories(Dayvane INTERFACE $<INSTALL_INTERFACE:${header_root}/${dir}>)
+  target_include_directories(${library} INTERFACE $<INSTALL_INTERFACE:${header_root}/${dir}>)
 endforeach()
 
-install(TARGETS Dayvane EXPORT DayvaneTargets
+install(TARGETS ${library} EXPORT DayvaneTargets
   RUNTIME DESTINATION bin ARCHIVE DESTINATION lib LIBRARY DESTINATION lib
   FILE_SET HEADERS DESTINATION ${header_root}
   FILE_SET entrance DESTINATION include)

@@ -84,7 +84,7 @@ command_install() {
 
 install_package() {
     local preset=$1 prefix=$2 targets=(Dayvane DayvaneICal)
-    [[ "$preset" != win* ]] || targets+=(DayvaneWinMain DayvaneCtl) # what an application links, and the C interface
+    [[ "$preset" != win* ]] || targets+=(DayvanePublic DayvaneWinMain DayvaneCtl) # what an application links, and the C interface
     build "$preset" "${targets[@]}"
     run_logged "install-$preset" "Installing $preset" cmake --install "$BUILD/$preset" --prefix "$prefix"
 }

@@ -286,6 +286,7 @@ build_package_host() {
             run_logged "package-$preset-c" "Building the C hosts of the $preset package" \
             bash "$ROOT/tests/package/c/build.sh" "$prefix" "$preset" "$host/c"
             check_static_refusal "$preset" "$prefix" "${toolchain[@]}"
+            check_exports "$prefix/bin/Dayvane.dll"
             ;;
     esac
 }
@@ -300,6 +301,15 @@ check_static_refusal() {
         -DCMAKE_EXE_LINKER_FLAGS=-static "$@" >"$log" 2>&1 || ! grep -q 'linked with.*-static' "$log"; then
         die "A host with -static is not refused, or not for that reason; see $log."
     fi
+}
+
+# Of Dayvane.dll only what its headers name: nothing of the compiler's library, no class of a header that stays here.
+check_exports() {
+    local names
+    names=$(i686-w64-mingw32-objdump -p "$1" | sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/p')
+    grep -q 'CCalendarCtrl13m_arDayColors' <<<"$names" || die "$1 does not export CCalendarCtrl::m_arDayColors."
+    ! grep -oE '_ZN?K?St.*|[0-9]__gnu_cxx.*|_ZN7dayvane(14PointerTracker|9TextCache).*' <<<"$names" ||
+        die "$1 exports names that are not its own or not public."
 }
 
 # follow_start_page SYSTEM: the start page, from a zip of the installed 32-bit build alone.
