@@ -23,17 +23,17 @@ public:
     CCalendarCtrl* GetCalendarCtrl() const { return m_pCalendarCtrl; }
 
     // As CCalendarCtrl's. The control must exist.
-    int AddItem(tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    int AddItem(const tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
     {
-        return m_pCalendarCtrl->AddItem(pItem, bUpdate, bRedraw);
+        return m_pCalendarCtrl->AddItemCopy(*pItem, bUpdate, bRedraw);
     }
-    int InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    int InsertItem(int nIndex, const tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
     {
-        return m_pCalendarCtrl->InsertItem(nIndex, pItem, bUpdate, bRedraw);
+        return m_pCalendarCtrl->InsertItemCopy(nIndex, *pItem, bUpdate, bRedraw);
     }
-    int SetItem(int nIndex, tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    int SetItem(int nIndex, const tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
     {
-        return m_pCalendarCtrl->SetItem(nIndex, pItem, bUpdate, bRedraw);
+        return m_pCalendarCtrl->SetItemCopy(nIndex, *pItem, bUpdate, bRedraw);
     }
     int DeleteItem(int nIndex, int bUpdate = TRUE, int bRedraw = TRUE)
     {

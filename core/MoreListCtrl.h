@@ -16,6 +16,12 @@ class CMoreListCtrl : public CCalendarCtrl
 public:
     BOOL IsMoreListOpen() const { return m_pMoreList != nullptr; }
 
+    using CCalendarCtrl::AddItem;
+    int AddItem(const tagCC_ITEM* pItem, int bUpdate = TRUE, int bRedraw = TRUE)
+    {
+        return AddItemCopy(*pItem, bUpdate, bRedraw);
+    }
+
 protected:
     // Open the list of the mark under a point of the window, or of a date; FALSE: there is none.
     virtual BOOL OpenMoreListAt(CPoint point) = 0;
