@@ -191,7 +191,7 @@ public:
     void ReloadItems(); // asks again: the host's items have changed
     BOOL IsLoadingItems() const;
     // The item operations for records that are not the caller's to change. They have names of their own so that the
-    // address of a virtual operation names one function.
+    // address of a virtual operation names one function. The views' AddItem takes a const pointer, too.
     int AddItemCopy(tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
     {
         return AddItem(&item, bUpdate, bRedraw);
@@ -235,19 +235,26 @@ public:
     void SetDayLines(const dayvane::DayLines& lines);
     const dayvane::DayLines& GetDayLines() const { return m_dayLines; }
 
-    // ---- Appearance.
+    // ---- Appearance. A view has only some of the areas that these colours are for, and bands, days and items have
+    // colours of their own: each says where it shows.
 
+    // The title band of the year and multi-day view, as the middle of its gradient; the other bands are fixed.
     void SetCaptionColor(COLORREF color) { m_colors.caption = color; }
-    void SetCaptionTextColor(COLORREF color) { m_colors.captionText = color; }
+    void SetCaptionTextColor(COLORREF color) { m_colors.captionText = color; } // all title bands
+    // The hours of the time grids and their more-items marks, and the month views' column of week numbers.
     void SetRulerColor(COLORREF color) { m_colors.ruler = color; }
-    void SetRulerTextColor(COLORREF color) { m_colors.rulerText = color; }
+    void SetRulerTextColor(COLORREF color) { m_colors.rulerText = color; } // the texts and lines there
+    // The full-day band, the month boxes of the year view, ordinary days of the week view, and the placeholder while
+    // items load. Other days have the colours of m_arDayColors.
     void SetContentColor(COLORREF color) { m_colors.content = color; }
+    // Lines between days, boxes and columns, around the full-day band and the placeholder.
     void SetGridColor(COLORREF color) { m_colors.grid = color; }
-    void SetBorderColor(COLORREF color) { m_colors.border = color; }
+    void SetBorderColor(COLORREF color) { m_colors.border = color; } // the placeholder's dots; no view has a border
+    // Frames of current items; selected rows of the time grids.
     void SetHighLightColor(COLORREF color) { m_colors.highlight = color; }
-    void SetItemBorderColor(COLORREF color) { m_colors.itemBorder = color; }
-    void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; }
-    void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; }
+    void SetItemBorderColor(COLORREF color) { m_colors.itemBorder = color; }       // nowhere: items have crColor4
+    void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; } // texts of selected days and months
+    void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; } // nowhere: a selection looks alike without focus
     const dayvane::CalendarColors& GetColors() const { return m_colors; }
     // All colours at once, those of popups and of the edit box too; repaints. With the option followSystemTheme the
     // system's next change replaces it.

@@ -146,6 +146,12 @@ double ContrastOf(COLORREF a, COLORREF b)
     return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
+COLORREF Paler(COLORREF color)
+{
+    const auto channel = [](int value) { return static_cast<BYTE>((value + 255) / 2); };
+    return RGB(channel(GetRValue(color)), channel(GetGValue(color)), channel(GetBValue(color)));
+}
+
 CalendarColors Themed(const CalendarColors& own, const CalendarTheme& theme)
 {
     CalendarColors colors = own;

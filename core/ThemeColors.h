@@ -19,6 +19,9 @@ constexpr COLORREF ThemeOr(COLORREF role, COLORREF own)
     return role == CalendarTheme::kOwn ? own : role;
 }
 
+// The colour half way to white.
+COLORREF Paler(COLORREF color);
+
 // The settings of a view, replaced by the roles that the theme has.
 CalendarColors Themed(const CalendarColors& own, const CalendarTheme& theme);
 

@@ -263,6 +263,29 @@ TEST(BoxViews, DerivedViewsMayChangeBoxesAndMarks)
     EXPECT_FALSE(scene.view->HasMoreMark(0));
 }
 
+template <class View>
+void ExpectNoCutTitle(int narrowest, int widest)
+{
+    Scene<View> scene(Day(8, 1));
+    const int inset = 5;
+    for (int width = narrowest; width < widest; width += 3) {
+        scene.view->Layout(width, kHeight);
+        scene.Paint();
+        const auto whiteIn = [&](int left, int right) {
+            return scene.picture.Count(CRect(left, 6, right, 17), kWhite);
+        };
+        EXPECT_GT(whiteIn(inset, width / 2), 0) << width;
+        EXPECT_EQ(whiteIn(width - inset - 1, width), 0)
+            << width << ": above the dots a letter that is cut would reach the edge";
+    }
+}
+
+TEST(BoxViews, TitlesThatAreTooLongEndInDots)
+{
+    ExpectNoCutTitle<CWeekViewCtrl>(60, 420);
+    ExpectNoCutTitle<CYearViewCtrl>(60, 300);
+}
+
 TEST(BoxViews, TextsOfNarrowStripsAreWholeOrLeftOut)
 {
     const auto blackOf = [](auto& scene, const CRect& box, int from, int to) {

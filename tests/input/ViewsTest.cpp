@@ -93,7 +93,8 @@ protected:
         item.dtEnd = end;
         item.strText = text;
         item.lParam = 70 + view->GetItemCount();
-        view->AddItem(&item);
+        const tagCC_ITEM& record = item; // of a host that keeps its records
+        view->AddItem(&record);
         view->Refresh();
     }
     void SetOption(bool CalendarOptions::*option)
@@ -268,6 +269,62 @@ TYPED_TEST(Views, KeepTheirTitleWithoutAColourRow)
     const CRect title = this->view->m_rcCaption;
     EXPECT_GT(title.Height(), 0);
     EXPECT_EQ(picture.Count(title, kNothing), 0);
+}
+
+// What the header and the guide say of the single colours.
+template <class View>
+std::string ColoursOf()
+{
+    const std::string all = "captionText grid highlight ";
+    if (std::is_base_of<CTimeGridCtrl, View>::value) {
+        return all + "content ruler rulerText " + (std::is_same<View, CWeekDayViewCtrl>::value ? "caption " : "");
+    }
+    return all + "highlightText " +
+           (std::is_base_of<CMonthViewCtrl, View>::value ? "ruler rulerText "
+            : std::is_same<View, CYearViewCtrl>::value   ? "content caption "
+                                                         : "content ");
+}
+
+TYPED_TEST(Views, ShowTheirColoursWhereItIsSaid)
+{
+    using C = CCalendarCtrl;
+    using Colors = dayvane::CalendarColors;
+    const struct
+    {
+        const char* name;
+        void (C::*set)(COLORREF);
+        COLORREF Colors::*value;
+    } setters[] = {{"captionText", &C::SetCaptionTextColor, &Colors::captionText},
+                   {"grid", &C::SetGridColor, &Colors::grid},
+                   {"highlight", &C::SetHighLightColor, &Colors::highlight},
+                   {"highlightText", &C::SetHighLightTextColor, &Colors::highlightText},
+                   {"content", &C::SetContentColor, &Colors::content},
+                   {"ruler", &C::SetRulerColor, &Colors::ruler},
+                   {"rulerText", &C::SetRulerTextColor, &Colors::rulerText},
+                   {"caption", &C::SetCaptionColor, &Colors::caption},
+                   {"border", &C::SetBorderColor, &Colors::border},
+                   {"itemBorder", &C::SetItemBorderColor, &Colors::itemBorder},
+                   {"noFocus", &C::SetNoFocusColor, &Colors::noFocus}};
+    constexpr COLORREF kProbe = RGB(9, 200, 77);
+    this->Add("talk", At(4, 30, 10), At(4, 30, 12)); // current, beside a selection; and weeks have their numbers
+    dayvane::DayLines lines;
+    lines.weekNumbers = true;
+    this->view->SetDayLines(lines);
+    this->view->ShowSelectionWithItem(TRUE);
+    this->view->SetCurSel(0);
+    MemoryDc before(kWidth, kHeight), after(kWidth, kHeight);
+    this->Print(*this->view, before);
+    std::string shown;
+    for (const auto& setter : setters) {
+        const COLORREF own = this->view->GetColors().*setter.value;
+        (this->view->*setter.set)(kProbe);
+        this->Print(*this->view, after);
+        shown += after.SameAs(before) ? "" : setter.name + std::string(" ");
+        (this->view->*setter.set)(own);
+    }
+    this->Print(*this->view, after);
+    EXPECT_TRUE(after.SameAs(before));
+    EXPECT_EQ(shown, ColoursOf<TypeParam>());
 }
 
 // ---- Options

@@ -89,11 +89,13 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     text.DeflateRect(m_scale.Of(kPaint.captionInset), m_scale.Of(kPaint.captionInset));
     {
         const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
-        DrawWideText(m_dc, texts.number, text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+        DrawWideText(m_dc, texts.number, text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX | look.cut);
         text.left += WideTextExtent(m_dc, texts.number).cx;
     }
-    const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionText(itemFont));
-    DrawWideText(m_dc, texts.text, text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign);
+    if (text.left < text.right) {
+        const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionText(itemFont));
+        DrawWideText(m_dc, texts.text, text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign | look.cut);
+    }
 }
 
 void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCells, const BoxDayArray& days,
@@ -129,12 +131,9 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
 
 void BoxPainter::DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const
 {
+    m_parts.pens.Fill(&m_dc, calendar, m_colors.content);
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, m_colors.grid));
-    const bool hasPage = m_theme.page != CalendarTheme::kOwn;
-    if (hasPage) {
-        m_parts.pens.Fill(&m_dc, calendar, m_theme.page);
-    }
-    const SelectGdi selectBrush(&m_dc, hasPage ? ::GetStockObject(HOLLOW_BRUSH) : nullptr);
+    const SelectGdi selectBrush(&m_dc, ::GetStockObject(HOLLOW_BRUSH));
     m_dc.Rectangle(&calendar);
     for (int x : lefts) {
         m_dc.MoveTo(x, calendar.top);

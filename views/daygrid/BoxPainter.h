@@ -20,6 +20,7 @@ struct CaptionLook
     TitleBandColors band;
     int numberHeight; // of its font, pixels
     UINT textAlign;   // DT_...
+    UINT cut = 0;     // DT_END_ELLIPSIS where texts that are too long end in one
 };
 struct CaptionTexts
 {

@@ -14,11 +14,6 @@
 
 using namespace dayvane;
 
-namespace {
-constexpr COLORREF kWeekNumber = 0x804830;
-constexpr COLORREF kWeekColumn = 0xFFF6F0;
-} // namespace
-
 const BoxLines& CDayGridCtrl::GetBoxLines()
 {
     BoxLines& lines = m_parts->lines;
@@ -83,11 +78,11 @@ void CDayGridCtrl::DrawWeekColumn(CDC* pDC, const CRect& header, const CRect& ca
         return;
     }
     pDC->FillSolidRect(CRect(header.left - width, header.top, header.left, header.bottom),
-                       ThemeOr(m_theme.header, kWeekColumn));
+                       ThemeOr(m_theme.header, m_colors.ruler));
     const CRect column(calendar.left - width, calendar.top, calendar.left, calendar.bottom);
-    pDC->FillSolidRect(&column, ThemeOr(m_theme.ruler, kWeekColumn));
+    pDC->FillSolidRect(&column, m_colors.ruler);
     const SelectGdi selectFont(pDC, m_parts->fonts.Annotation());
-    pDC->SetTextColor(ThemeOr(m_theme.rulerText, kWeekNumber));
+    pDC->SetTextColor(m_colors.rulerText);
     for (int row = 0; row < kMonthRows; ++row) {
         const CRect first = GetBoxRect(row * kMonthColumns);
         pDC->FillSolidRect(column.left, first.top, width, 1, m_colors.grid);

@@ -50,10 +50,10 @@ struct DayLook
     COLORREF dayNumberColor;
 };
 
+// Whether the table has the rows that the look of the day takes.
+bool HasColorRow(const BoxDay& info, int hostColor, const DayColorTable& colors);
 // hostColor: the control's GetDayColor for the day, 0 none: then the day provider's counts. A row that the table does
 // not have throws CInvalidArgException.
-// Whether the table has the rows that the look of the day takes. CalcDayLook throws CInvalidArgException otherwise.
-bool HasColorRow(const BoxDay& info, int hostColor, const DayColorTable& colors);
 DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const DayLookInput& input);
 
 // The texts of an item's bar. Display mode 8 gives a timed item both its times, other modes its start.

@@ -20,6 +20,8 @@ constexpr COLORREF kCaptionColor = 0x3F6CE2;
 constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
 constexpr COLORREF kGridColor = 0xE1BFA5;
 constexpr COLORREF kBorderColor = 0x2299EE;
+constexpr COLORREF kRulerColor = 0xFFF6F0; // of the week numbers
+constexpr COLORREF kRulerTextColor = 0x804830;
 constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
 
 constexpr int kWeekScrollInterval = 400; // milliseconds
@@ -44,6 +46,8 @@ CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonF
     m_colors.captionText = kCaptionTextColor;
     m_colors.grid = kGridColor;
     m_colors.border = kBorderColor;
+    m_colors.ruler = kRulerColor;
+    m_colors.rulerText = kRulerTextColor;
     m_nAutoScrollInterval = kWeekScrollInterval;
     m_dtCurrent = m_dtScroll = Now();
     m_arHeaderCell.SetSize(kMonthColumns);

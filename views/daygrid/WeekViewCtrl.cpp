@@ -18,7 +18,7 @@ constexpr int kLastShown = kWeekBoxes - 1; // days from the first to the last
 constexpr CalendarColors kWeekColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x8F9300, 0xFFFFFF, 0xCE9A63, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr CaptionLook kCaption = {{0x7BDFBD, 0x24B26B, 0x39964A}, 28, DT_VCENTER};
+constexpr CaptionLook kCaption = {{0x7BDFBD, 0x24B26B, 0x39964A}, 28, DT_VCENTER, DT_END_ELLIPSIS};
 constexpr HeaderBandColors kNextWeekStrip = {0xF4E8DC, 0xF0DED1, 0xECD5C4, 0xEFDDCE}; // the eighth day
 
 constexpr COLORREF kDayText = 0x000000;
@@ -158,7 +158,13 @@ DayLook CWeekViewCtrl::LookOf(int nDay)
                           m_texts};
     input.nameBeside = !m_dayLines.names;
     input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
-    return CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
+    DayLook look = CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
+    // The host's own ground is that of ordinary days.
+    const bool hasGround = m_colors.content != kWeekColors.content && m_theme.page == CalendarTheme::kOwn;
+    if (hasGround && look.background == input.colors[DAYROW_ORDINARY].crColor[DAYCOLOR_BACKGROUND]) {
+        look.background = m_colors.content;
+    }
+    return look;
 }
 
 COLORREF CWeekViewCtrl::GetBoxColor(int nBox)

@@ -24,7 +24,7 @@ constexpr int kComboBottom = 100; // with its list
 constexpr CalendarColors kYearColors = {
     // caption, caption text, ruler, ruler text, content, grid, border
     0x505850, 0xFFFFFF, 0xCE9A63, 0xFFFFFF, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
-constexpr CaptionLook kCaption = {{0xD6D97B, 0xA8AB24, 0x8F9300}, 28, DT_VCENTER};
+constexpr CaptionLook kCaption = {{0xD6D97B, 0xA8AB24, 0x8F9300}, 28, DT_VCENTER, DT_END_ELLIPSIS};
 constexpr COLORREF kMonthText = 0x000000;
 
 } // namespace
@@ -184,7 +184,11 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
         texts.text = u"  " + (isOwnTitle ? GetTexts().yearTitle : m_texts.HostText(m_strTitle)) +
                      OwnText(TitleNote(m_dtRangeStart, m_dtRangeEnd, TitleUnit::Year, 0, m_dayLines));
     }
-    PainterOn(pDC).DrawCaption(rcCaption, kCaption, texts, m_lfFonts[FONT_TEXT]);
+    CaptionLook look = kCaption;
+    if (m_colors.caption != kYearColors.caption) {
+        look.band = {Paler(m_colors.caption), m_colors.caption, m_colors.caption};
+    }
+    PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
 }
 
 COLORREF CYearViewCtrl::GetBoxColor(int)

@@ -23,13 +23,6 @@ constexpr BandPaintMetrics kBandPaint;
 
 constexpr int kCaptionDateHeight = 28;
 
-// The colour half way from `from` to white.
-COLORREF Paler(COLORREF from)
-{
-    const auto channel = [](int value) { return static_cast<BYTE>((value + 255) / 2); };
-    return RGB(channel(GetRValue(from)), channel(GetGValue(from)), channel(GetBValue(from)));
-}
-
 bool IsLight(COLORREF color)
 {
     constexpr int kHalf = 3 * 256 / 2;
