@@ -364,9 +364,9 @@ void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagC
 
 BOOL CDayGridCtrl::IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string& strText)
 {
-    CRect content = PartsOfBar(item).content;
-    if (const int marks = GetItemMarksWidth(item, content, TRUE, kMarkGap, TRUE)) {
-        content.left += marks + kTextGap;
+    CRect content = PartsOfBar(item, m_scale).content;
+    if (const int marks = GetItemMarksWidth(item, content, TRUE, m_scale.Of(kMarkGap), TRUE)) {
+        content.left += marks + m_scale.Of(kTextGap);
     }
     CClientDC dc(this);
     CFont* font = GetFont(item.nReserved);
