@@ -174,7 +174,6 @@ planner::Document* CPlannerFrame::CalendarOf(LPARAM lFrame)
     return document ? &document->Calendar() : nullptr;
 }
 
-// Keys that are typed into an edit box are no commands, but for those that no edit box knows.
 BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
 {
     const bool isKeyUp = pMsg->message == WM_SYSKEYUP || pMsg->message == WM_KEYUP;
@@ -186,12 +185,7 @@ BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
         Zoom(static_cast<short>(HIWORD(pMsg->wParam)) > 0 ? 1 : -1);
         return TRUE;
     }
-    TCHAR name[16] = "";
-    ::GetClassName(pMsg->hwnd, name, sizeof(name) / sizeof(name[0]));
-    const bool isSave = pMsg->message == WM_KEYDOWN && pMsg->wParam == 'S' && ::GetKeyState(VK_CONTROL) < 0;
-    const bool typed =
-        lstrcmpi(name, "Edit") == 0 && pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST && !isSave;
-    const BOOL taken = typed ? CWnd::PreTranslateMessage(pMsg) : CFrameWnd::PreTranslateMessage(pMsg);
+    const BOOL taken = CFrameWnd::PreTranslateMessage(pMsg);
     if (pMsg->message == WM_SYSKEYDOWN) {
         m_altTaken = taken != FALSE;
     }

@@ -99,6 +99,86 @@ TEST(InPlaceEdit, WhatEndsItAndWhatIsReported)
     });
 }
 
+// A window around the control that has commands on keys, as a frame does.
+class Commands : public CWnd
+{
+public:
+    std::string heard;
+
+    explicit Commands(std::initializer_list<WORD> keys)
+    {
+        CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), nullptr, 0);
+        std::vector<ACCEL> table;
+        for (const WORD key : keys) {
+            table.push_back({FVIRTKEY, key, key});
+            table.push_back({FVIRTKEY | FCONTROL, key, key});
+        }
+        m_keys = ::CreateAcceleratorTable(table.data(), static_cast<int>(table.size()));
+    }
+    ~Commands() override
+    {
+        DestroyWindow();
+        ::DestroyAcceleratorTable(m_keys);
+    }
+
+protected:
+    BOOL PreTranslateMessage(MSG* message) override { return ::TranslateAccelerator(m_hWnd, m_keys, message); }
+    BOOL OnCommand(WPARAM wParam, LPARAM) override
+    {
+        heard += static_cast<char>(LOWORD(wParam) == VK_DELETE ? 'D' : LOWORD(wParam) == VK_F5 ? '5' : LOWORD(wParam));
+        return TRUE;
+    }
+
+private:
+    HACCEL m_keys;
+};
+
+TEST(InPlaceEdit, KeepsItsKeysFromTheCommandsOfAHost)
+{
+    Commands host({VK_DELETE, 'A', 'Z', 'S', 'Q', VK_F5});
+    EditScene scene;
+    scene.calendar->SetParent(&host);
+    ASSERT_TRUE(scene.Begin("old"));
+    EXPECT_EQ(scene.calendar->GetInPlaceEdit()->m_hWnd, scene.Box());
+    ::SendMessage(scene.Box(), EM_SETSEL, 0, 1);
+    messages::Key(scene.Box(), VK_DELETE);
+    EXPECT_EQ(scene.Text(), "ld");
+    for (const int key : {'A', 'Q'}) {
+        messages::Key(scene.Box(), key);
+    }
+    {
+        const KeyState control({VK_CONTROL});
+        messages::Key(scene.Box(), 'A');
+        messages::Key(scene.Box(), 'Z');
+        EXPECT_EQ(host.heard, "");
+        messages::Key(scene.Box(), 'S');
+    }
+    messages::Key(scene.Box(), VK_F5);
+    EXPECT_EQ(host.heard, "S5") << "no edit box knows these";
+    messages::Key(scene.Box(), VK_ESCAPE);
+    EXPECT_FALSE(scene.calendar->GetInPlaceEdit());
+    messages::Key(scene.window, VK_DELETE);
+    EXPECT_EQ(host.heard, "S5D");
+}
+
+TEST(InPlaceEdit, SaysWhichItemItBelongsTo)
+{
+    EditScene scene;
+    const auto edited = [&](const std::function<void()>& meanwhile) {
+        scene.Begin();
+        meanwhile();
+        messages::Key(scene.Box(), VK_RETURN);
+        const Notification& sent = scene.parent.Log().back();
+        return std::to_string(sent.editedItem) + "/" + std::to_string(sent.editedData);
+    };
+    EXPECT_EQ(edited([] {}), "-1/0");
+    scene.calendar->SetCurSel(1);
+    EXPECT_EQ(edited([] {}), "1/71");
+    EXPECT_EQ(edited([&] { scene.calendar->SetCurSel(0); }), "1/71") << "that of the beginning";
+    scene.calendar->SetCurSel(1);
+    EXPECT_EQ(edited([&] { scene.calendar->DeleteItem(0); }), "-1/71") << "its index is not known any more";
+}
+
 TEST(InPlaceEdit, EmptyTextIsReportedAndEscapeLeavesTheFlag)
 {
     EditScene scene;

@@ -96,6 +96,21 @@ TEST_F(PlannerItems, SavingEndsAnEditFirst)
               Replaced(kFile, "SUMMARY:Trip", "SUMMARY:Journey"));
 }
 
+TEST_F(PlannerItems, KeysOfATextAreNoCommands)
+{
+    messages::Click(Ctrl(), PointOf("Trip"));
+    Key(VK_F2);
+    const HWND box = ::GetFocus();
+    ::SendMessage(box, EM_SETSEL, 0, 1);
+    Key(VK_DELETE);
+    Key('V', true);
+    Key('Z', true);
+    EXPECT_EQ(::GetFocus(), box);
+    EXPECT_EQ(m_document->Calendar().EventCount(), 2u);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Bytes(), kFile);
+}
+
 TEST_F(PlannerItems, AnItemIsEditedOnItsBarAndANewOneUnderTheBarsOfItsDay)
 {
     const CPoint bar = PointOf("Meeting");

@@ -72,6 +72,8 @@ Notification CopyOf(const NMHDR* header)
         break;
     case Notification::Record::Edit:
         copy.edit = *reinterpret_cast<const NMCALENDAREDIT*>(header);
+        copy.editedItem = reinterpret_cast<const NMCALENDARITEMEDIT*>(header)->nItem;
+        copy.editedData = reinterpret_cast<const NMCALENDARITEMEDIT*>(header)->lParam;
         copy.hasEditText = copy.edit.lpszText != nullptr;
         copy.editText = copy.hasEditText ? copy.edit.lpszText : "";
         copy.edit.lpszText = nullptr;

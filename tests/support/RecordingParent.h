@@ -20,7 +20,7 @@ struct Notification
         Plain,     // only hdr
         Item,      // NMCALENDARITEM
         Dates,     // NMCALENDARDATES
-        Edit,      // NMCALENDAREDIT, its text in editText
+        Edit,      // NMCALENDARITEMEDIT, its text in editText
         Selection, // NMSELCHANGE
         Range,     // NMCALENDARSELECTION
         Message,   // no WM_NOTIFY: message, wParam, lParam
@@ -31,6 +31,8 @@ struct Notification
     NMCALENDARITEM item = {};
     NMCALENDARDATES dates = {};
     NMCALENDAREDIT edit = {}; // lpszText is null: the text lives in editText
+    int editedItem = -1;
+    LPARAM editedData = 0;
     bool hasEditText = false;
     std::string editText;
     NMSELCHANGE selection = {};
