@@ -235,26 +235,19 @@ public:
     void SetDayLines(const dayvane::DayLines& lines);
     const dayvane::DayLines& GetDayLines() const { return m_dayLines; }
 
-    // ---- Appearance. A view has only some of the areas that these colours are for, and bands, days and items have
-    // colours of their own: each says where it shows.
+    // ---- Appearance. core/CalendarColors.h says where each colour shows.
 
-    // The title band of the year and multi-day view, as the middle of its gradient; the other bands are fixed.
     void SetCaptionColor(COLORREF color) { m_colors.caption = color; }
-    void SetCaptionTextColor(COLORREF color) { m_colors.captionText = color; } // all title bands
-    // The hours of the time grids and their more-items marks, and the month views' column of week numbers.
+    void SetCaptionTextColor(COLORREF color) { m_colors.captionText = color; }
     void SetRulerColor(COLORREF color) { m_colors.ruler = color; }
-    void SetRulerTextColor(COLORREF color) { m_colors.rulerText = color; } // the texts and lines there
-    // The full-day band, the month boxes of the year view, ordinary days of the week view, and the placeholder while
-    // items load. Other days have the colours of m_arDayColors.
+    void SetRulerTextColor(COLORREF color) { m_colors.rulerText = color; }
     void SetContentColor(COLORREF color) { m_colors.content = color; }
-    // Lines between days, boxes and columns, around the full-day band and the placeholder.
     void SetGridColor(COLORREF color) { m_colors.grid = color; }
-    void SetBorderColor(COLORREF color) { m_colors.border = color; } // the placeholder's dots; no view has a border
-    // Frames of current items; selected rows of the time grids.
+    void SetBorderColor(COLORREF color) { m_colors.border = color; }
     void SetHighLightColor(COLORREF color) { m_colors.highlight = color; }
-    void SetItemBorderColor(COLORREF color) { m_colors.itemBorder = color; }       // nowhere: items have crColor4
-    void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; } // texts of selected days and months
-    void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; } // nowhere: a selection looks alike without focus
+    void SetItemBorderColor(COLORREF color) { m_colors.itemBorder = color; }
+    void SetHighLightTextColor(COLORREF color) { m_colors.highlightText = color; }
+    void SetNoFocusColor(COLORREF color) { m_colors.noFocus = color; }
     const dayvane::CalendarColors& GetColors() const { return m_colors; }
     // All colours at once, those of popups and of the edit box too; repaints. With the option followSystemTheme the
     // system's next change replaces it.
