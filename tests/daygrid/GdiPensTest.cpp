@@ -1,7 +1,7 @@
 // Pens and brushes are kept by width and colour, their number is bounded, and Clear frees them.
+#include "core/GdiPens.h"
 #include "support/GuiCounts.h"
 #include "support/MemoryDc.h"
-#include "views/daygrid/GdiPens.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Texts from the cache look like those that the system measures and cuts on every paint.
 #include "core/DrawingHelpers.h"
+#include "core/TextCache.h"
 #include "core/WideText.h"
 #include "support/MemoryDc.h"
-#include "views/daygrid/TextCache.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // Characters that the selected face lacks come from another face; what it has looks as the system draws it.
 #include "core/DrawingHelpers.h"
 #include "core/MixedText.h"
+#include "core/TextCache.h"
 #include "core/WideText.h"
 #include "support/GuiCounts.h"
 #include "support/MemoryDc.h"
-#include "views/daygrid/TextCache.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // What a month, week or year view keeps for its painting and of its layout; its public header does without these types.
 #pragma once
 
+#include "../../core/GdiPens.h"
+#include "../../core/TextCache.h"
 #include "BarBoard.h"
 #include "BoxFonts.h"
 #include "BoxLines.h"
-#include "GdiPens.h"
 #include "RowPieces.h"
-#include "TextCache.h"
 
 namespace dayvane {
 

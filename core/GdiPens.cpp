@@ -1,4 +1,4 @@
-#include "views/daygrid/GdiPens.h"
+#include "core/GdiPens.h"
 
 namespace dayvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "views/daygrid/TextCache.h"
+#include "core/TextCache.h"
 
 #include "core/MixedText.h"
 
