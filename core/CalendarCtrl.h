@@ -48,7 +48,9 @@ class ItemFeed;
 class ItemSource;
 enum class Drop;
 struct Interaction;
+struct LayoutWatch;
 struct PaintedState;
+struct PieceMove;
 struct SelectedRange;
 struct ItemTimes;
 struct KeyStep;
@@ -406,6 +408,11 @@ protected:
     // The items set since the screen items were last made of the store; nullptr: more has changed than that.
     const std::vector<int>* ItemsSetSinceMade() const { return m_bManyChanged ? nullptr : &m_setItems; }
     void ScreenItemsMade();
+    // A view's layout tells what it does to m_arScreenItem, so that RefreshChanged need not look at all of it: before
+    // it makes or places all of it anew, or before it makes one piece anew, and after it has placed few again.
+    void AllPiecesChange();
+    void PieceChanges(int nScreenItem);
+    void PiecesMoved(const std::vector<dayvane::PieceMove>& moved);
     void RefreshChanged();   // Refresh, but repaints only what the layout has changed where UpdatesByParts says so
     void InvalidateClient(); // the whole client area, without erasing, when there is a window
     // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
@@ -571,6 +578,8 @@ private:
 
     static constexpr UINT kItemFeedMessage = WM_USER + 0x2D1;
     afx_msg LRESULT OnItemFeed(WPARAM wParam, LPARAM lParam);
+    void AddPaintedBox(const tagCALENDAR_ITEM& screenItem);
+    void InvalidateParts(const std::vector<CRect>& parts);
     void TakeFedItems();
     CRect LoadingBox() const;
     void DrawLoading(CDC* pDC) const;
@@ -582,8 +591,9 @@ private:
     std::unique_ptr<dayvane::TimeIndex> m_pIndex;
     std::vector<int> m_foundItems; // answer of FindItems
     std::vector<int> m_setItems;
-    BOOL m_bManyChanged = TRUE; // more than m_setItems has changed since the screen items were made
-    int m_nUpdating = 0;        // calls of BeginUpdate
+    dayvane::LayoutWatch* m_pWatch = nullptr; // of RefreshChanged, while it lays out
+    BOOL m_bManyChanged = TRUE;               // more than m_setItems has changed since the screen items were made
+    int m_nUpdating = 0;                      // calls of BeginUpdate
     BOOL m_bUpdateWaits = FALSE;
     BOOL m_bRedrawWaits = FALSE;
     CFont m_fontCache[4]; // of GetFont

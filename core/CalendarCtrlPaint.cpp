@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
+#include <utility>
 
 using namespace dayvane;
 
@@ -14,6 +16,18 @@ namespace {
 constexpr int kImageGap = 2;    // pixels between an item's icon and what follows
 constexpr int kMarkLines = 2;   // lines of the marks' font that a mark certainly stays in
 constexpr int kBorderRings = 3; // one-pixel rings of a graded border
+
+class WatchScope
+{
+public:
+    WatchScope(LayoutWatch*& current, LayoutWatch& watch) : m_current(current) { m_current = &watch; }
+    ~WatchScope() { m_current = nullptr; }
+    WatchScope(const WatchScope&) = delete;
+    WatchScope& operator=(const WatchScope&) = delete;
+
+private:
+    LayoutWatch*& m_current;
+};
 } // namespace
 
 void CCalendarCtrl::Layout()
@@ -49,20 +63,93 @@ void CCalendarCtrl::RefreshChanged()
         Refresh();
         return;
     }
-    PaintedState before;
-    PaintedState after;
-    std::vector<CRect> changed;
     CRect client;
     GetClientRect(&client);
-    GetPaintedState(before);
-    Layout(client.Width(), client.Height());
+    LayoutWatch watch;
+    watch.before.wantsPieces = false;
+    GetPaintedState(watch.before);
+    {
+        const WatchScope scope(m_pWatch, watch);
+        Layout(client.Width(), client.Height());
+        for (const int position : watch.changed) {
+            AddPaintedBox(m_arScreenItem[position]);
+        }
+    }
+    PaintedState after;
+    after.wantsPieces = watch.isWhole;
     GetPaintedState(after);
-    if (!FindDifferences(before, after, changed)) {
+    if (!watch.isTold || !FindDifferences(watch.before, after, watch.boxes)) {
         InvalidateClient();
         return;
     }
-    for (const CRect& rect : changed) {
-        InvalidateRect(&rect, FALSE);
+    InvalidateParts(watch.boxes);
+}
+
+void CCalendarCtrl::AllPiecesChange()
+{
+    if (m_pWatch && !m_pWatch->isWhole) {
+        PaintedState state;
+        GetPaintedState(state);
+        m_pWatch->before.pieces = std::move(state.pieces);
+        m_pWatch->changed.clear();
+        m_pWatch->isTold = m_pWatch->isWhole = true;
+    }
+}
+
+void CCalendarCtrl::PieceChanges(int nScreenItem)
+{
+    if (m_pWatch && !m_pWatch->isWhole) {
+        m_pWatch->changed.push_back(nScreenItem);
+        AddPaintedBox(m_arScreenItem[nScreenItem]);
+    }
+}
+
+void CCalendarCtrl::PiecesMoved(const std::vector<PieceMove>& moved)
+{
+    if (!m_pWatch || m_pWatch->isWhole) {
+        return;
+    }
+    m_pWatch->isTold = true;
+    for (const PieceMove& piece : moved) {
+        tagCALENDAR_ITEM item = m_arScreenItem[piece.position];
+        AddPaintedBox(item);
+        item.rcItem = piece.box;
+        item.bNoFocus = piece.wasHidden;
+        AddPaintedBox(item);
+    }
+}
+
+void CCalendarCtrl::AddPaintedBox(const tagCALENDAR_ITEM& screenItem)
+{
+    if (!screenItem.bNoFocus && screenItem.rcItem.top != -1) {
+        m_pWatch->boxes.push_back(GetPaintedBox(screenItem));
+    }
+}
+
+// Each call of InvalidateRect asks the system once.
+void CCalendarCtrl::InvalidateParts(const std::vector<CRect>& parts)
+{
+    if (parts.empty()) {
+        return;
+    }
+    std::vector<char> bytes(sizeof(RGNDATAHEADER) + parts.size() * sizeof(RECT));
+    RGNDATAHEADER header = {sizeof(RGNDATAHEADER), RDH_RECTANGLES, static_cast<DWORD>(parts.size()), 0, {}};
+    RECT* rects = reinterpret_cast<RECT*>(bytes.data() + sizeof(header));
+    CRect bounds(0, 0, 0, 0);
+    for (size_t i = 0; i < parts.size(); ++i) {
+        CRect part = parts[i];
+        part.NormalizeRect();
+        bounds.UnionRect(&bounds, &part);
+        std::memcpy(&rects[i], static_cast<const RECT*>(&part), sizeof(RECT));
+    }
+    header.rcBound = bounds;
+    std::memcpy(bytes.data(), &header, sizeof(header));
+    CRgn region;
+    if (region.Attach(::ExtCreateRegion(nullptr, static_cast<DWORD>(bytes.size()),
+                                        reinterpret_cast<const RGNDATA*>(bytes.data())))) {
+        InvalidateRgn(&region, FALSE);
+    } else {
+        InvalidateClient();
     }
 }
 
@@ -72,7 +159,7 @@ void CCalendarCtrl::GetPaintedState(PaintedState& state)
     GetClientRect(&client);
     state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
     const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
-    for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i, ++item) {
+    for (INT_PTR i = 0; state.wantsPieces && i < m_arScreenItem.GetSize(); ++i, ++item) {
         const CRect box = GetPaintedBox(*item);
         CRect seen;
         if (seen.IntersectRect(&box, &client)) {

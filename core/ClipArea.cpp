@@ -1,11 +1,12 @@
 #include "core/ClipArea.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace dayvane {
 namespace {
 
-constexpr size_t kMostParts = 64; // of more, one looks as long as one paints
+constexpr size_t kMostParts = 4096; // of more, the box alone counts
 
 std::vector<CRect> RectsOf(const CRgn& region)
 {
@@ -44,6 +45,9 @@ ClipArea::ClipArea(CDC& dc) : m_box(0, 0, 0, 0)
         ::DPtoLP(dc.GetSafeHdc(), reinterpret_cast<POINT*>(&part), 2);
         part.NormalizeRect();
     }
+    // A region comes so already, but a device context may be upside down.
+    std::sort(m_parts.begin(), m_parts.end(),
+              [](const CRect& a, const CRect& b) { return a.top != b.top ? a.top < b.top : a.left < b.left; });
 }
 
 bool ClipArea::Meets(const CRect& rect) const
@@ -52,12 +56,29 @@ bool ClipArea::Meets(const CRect& rect) const
     if (!seen.IntersectRect(&rect, &m_box)) {
         return false;
     }
-    for (const CRect& part : m_parts) {
-        if (seen.IntersectRect(&rect, &part)) {
+    // Parts of one band have one top and one bottom, so the bottoms ascend too.
+    auto part = std::partition_point(m_parts.begin(), m_parts.end(),
+                                     [&rect](const CRect& above) { return above.bottom <= rect.top; });
+    for (; part != m_parts.end() && part->top < rect.bottom; ++part) {
+        if (rect.left < part->right && part->left < rect.right) {
             return true;
         }
     }
     return m_parts.empty();
+}
+
+// A hook in between may have clipped or moved the device context.
+std::shared_ptr<const ClipArea> PaintClip::Of(CDC& dc)
+{
+    if (dc.GetSafeHdc() != m_hDC) {
+        return std::make_shared<const ClipArea>(dc);
+    }
+    CRect box;
+    dc.GetClipBox(&box);
+    if (!m_area || m_area->Box() != box) {
+        m_area = std::make_shared<const ClipArea>(dc);
+    }
+    return m_area;
 }
 
 bool GetUpdateParts(CDC& dc, CRgn& region)

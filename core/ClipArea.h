@@ -4,6 +4,7 @@
 
 #include <afxwin.h>
 
+#include <memory>
 #include <vector>
 
 namespace dayvane {
@@ -18,7 +19,36 @@ public:
 
 private:
     CRect m_box;                // logical units, as the parts
-    std::vector<CRect> m_parts; // empty: the whole box
+    std::vector<CRect> m_parts; // from above, in bands of one height; empty: the whole box
+};
+
+// The clip area that all painters of one paint share: asking the system for it costs more than drawing a small item.
+class PaintClip
+{
+public:
+    // For the time of a paint the areas of its device context are remembered.
+    class Paint
+    {
+    public:
+        Paint(PaintClip& clip, CDC& dc) : m_clip(clip), m_outer(clip.m_hDC) { clip.m_hDC = dc.GetSafeHdc(); }
+        ~Paint()
+        {
+            m_clip.m_hDC = m_outer;
+            m_clip.m_area.reset();
+        }
+        Paint(const Paint&) = delete;
+        Paint& operator=(const Paint&) = delete;
+
+    private:
+        PaintClip& m_clip;
+        HDC m_outer;
+    };
+
+    std::shared_ptr<const ClipArea> Of(CDC& dc);
+
+private:
+    HDC m_hDC = nullptr;
+    std::shared_ptr<const ClipArea> m_area;
 };
 
 // The part of a window's device context that reaches the screen, in its own logical units: the region that a WM_PAINT

@@ -24,9 +24,28 @@ struct PaintedState
         bool operator==(const Mark& other) const { return box == other.box && count == other.count; }
     };
 
+    bool wantsPieces = true;   // false: they are left out
     std::vector<CRect> frame;  // the parts of the window
     std::vector<Piece> pieces; // in the order of drawing
     std::vector<Mark> marks;
+};
+
+// A piece that a layout has put to another place: where it was.
+struct PieceMove
+{
+    int position; // in the screen list
+    CRect box;    // rcItem
+    bool wasHidden;
+};
+
+// What a layout does to the pieces that were there, as the view tells while it lays out.
+struct LayoutWatch
+{
+    PaintedState before;
+    bool isTold = false;      // it was told at all
+    bool isWhole = false;     // all pieces are made or placed anew; `before` has what they were
+    std::vector<int> changed; // positions of single pieces that are made anew
+    std::vector<CRect> boxes; // painted boxes that single pieces have left or come to
 };
 
 // Appends what has to be painted to get from one picture to the other. False: everything, because a part of the window

@@ -114,7 +114,7 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
                 before.push_back(pieces[i].rcItem);
             }
             std::vector<int> remade;
-            std::vector<int> moved;
+            std::vector<PieceMove> moved;
             std::vector<BarBoard::Change> changes;
             const bool isRemade = RemakeRowPieces(month.items, item, rows, pieces, remade);
             ItemArray changed;
@@ -141,8 +141,9 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
                 ASSERT_EQ(pieces[i].bNoFocus, whole[i].bNoFocus);
                 ASSERT_EQ(pieces[i].nPiece, whole[i].nPiece);
                 ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
-                const bool isTold = std::find(moved.begin(), moved.end(), i) != moved.end();
-                ASSERT_TRUE(before.empty() || isTold || before[i] == whole[i].rcItem);
+                const auto told = std::find_if(moved.begin(), moved.end(),
+                                               [i](const PieceMove& piece) { return piece.position == i; });
+                ASSERT_TRUE(before.empty() || before[i] == (told != moved.end() ? told->box : whole[i].rcItem));
             }
             for (size_t box = 0; box < loads.size(); ++box) {
                 ASSERT_EQ(board.Loads()[box].itemCount, loads[box].itemCount);

@@ -52,7 +52,7 @@ bool BarBoard::Knows(const BoxGrid& grid, const BarRules& rules, int itemCount) 
            grid.columns == m_grid.columns && grid.boxes == m_grid.boxes;
 }
 
-bool BarBoard::LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<int>& moved)
+bool BarBoard::LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<PieceMove>& moved)
 {
     for (const Change& change : changes) {
         if (RowOf(change.span) < 0 || RowOf(m_spans[change.item]) < 0) {
@@ -78,7 +78,7 @@ bool BarBoard::LayOutAgain(const std::vector<Change>& changes, ItemArray& items,
 }
 
 // A row is a grid of its own: no bar of another one touches it.
-void BarBoard::LayOutRow(int row, ItemArray& items, std::vector<int>& moved)
+void BarBoard::LayOutRow(int row, ItemArray& items, std::vector<PieceMove>& moved)
 {
     const int first = row * m_grid.columns;
     const int end = std::min(first + m_grid.columns, m_grid.Count());

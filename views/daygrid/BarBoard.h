@@ -27,15 +27,15 @@ public:
         int item; // position in the list
         BoxSpan span;
     };
-    // The listed items have got other spans. Appends the positions of all items whose rectangle or hidden flag is
-    // another one now. False, and nothing is done: a new span goes on in another row.
-    bool LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<int>& moved);
+    // The listed items have got other spans. Appends all items whose rectangle or hidden flag becomes another one, as
+    // they were. False, and nothing is done: a new span goes on in another row.
+    bool LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<PieceMove>& moved);
 
     const std::vector<BoxLoad>& Loads() const { return m_loads; }
 
 private:
     int RowOf(const BoxSpan& span) const; // kNoRow: in none, kManyRows: in several
-    void LayOutRow(int row, ItemArray& items, std::vector<int>& moved);
+    void LayOutRow(int row, ItemArray& items, std::vector<PieceMove>& moved);
 
     BoxGrid m_grid;
     BarRules m_rules = {};

@@ -205,7 +205,7 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
 }
 
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, const std::vector<int>& which, std::vector<int>& moved)
+                                ItemArray& items, const std::vector<int>& which, std::vector<PieceMove>& moved)
 {
     tagCALENDAR_ITEM* data = items.GetData();
     return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
@@ -215,7 +215,7 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
         item.rcItem = rect;
         counter.Add(spans[i], item);
         if (item.rcItem != before || item.bNoFocus != hiddenBefore) {
-            moved.push_back(which[i]);
+            moved.push_back({which[i], before, hiddenBefore != FALSE});
         }
     });
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "../../core/PaintedState.h"
 #include "../../core/ViewScale.h"
 
 #include <vector>
@@ -89,9 +90,9 @@ struct BoxLoad
 // box.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items);
-// The same of some items, by their positions; the spans are theirs. Appends the positions of those whose rectangle or
-// flag has changed.
+// The same of some items, by their positions; the spans are theirs. Appends those whose rectangle or flag has changed,
+// as they were.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, const std::vector<int>& which, std::vector<int>& moved);
+                                ItemArray& items, const std::vector<int>& which, std::vector<PieceMove>& moved);
 
 } // namespace dayvane

@@ -65,14 +65,14 @@ DayFrameColors SelectedFrameOf(const CalendarTheme& theme)
 
 BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& colors, const CalendarTheme& theme,
                        const ViewScale& scale)
-    : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_scale(scale), m_clip(dc)
+    : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_scale(scale), m_clip(parts.clip.Of(dc))
 {
     parts.fonts.SetScale(scale);
 }
 
 bool BoxPainter::IsVisible(const CRect& rect) const
 {
-    return m_clip.Meets(rect);
+    return m_clip->Meets(rect);
 }
 
 // ---- Bands

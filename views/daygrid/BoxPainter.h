@@ -96,7 +96,7 @@ private:
     const CalendarColors& m_colors;
     const CalendarTheme& m_theme;
     ViewScale m_scale;
-    ClipArea m_clip;
+    std::shared_ptr<const ClipArea> m_clip;
 };
 
 } // namespace dayvane

@@ -11,6 +11,7 @@ using namespace dayvane;
 void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
+    const PaintClip::Paint paint(m_parts->clip, *pDC);
     pDC->SetBkMode(TRANSPARENT);
     DrawCell(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);

@@ -138,11 +138,13 @@ void CDayGridCtrl::GetPaintedState(PaintedState& state)
     CRect client;
     GetClientRect(&client);
     state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
-    for (int i : GetShownItems()) {
-        const CRect box = GetPaintedBox(m_arScreenItem[i]);
-        CRect seen;
-        if (seen.IntersectRect(&box, &client)) {
-            state.pieces.push_back({box, m_arScreenItem[i]});
+    if (state.wantsPieces) {
+        for (int i : GetShownItems()) {
+            const CRect box = GetPaintedBox(m_arScreenItem[i]);
+            CRect seen;
+            if (seen.IntersectRect(&box, &client)) {
+                state.pieces.push_back({box, m_arScreenItem[i]});
+            }
         }
     }
     for (int i = 0; i < GetBoxCount(); ++i) {

@@ -151,7 +151,7 @@ private:
     static constexpr int kNoTop = -1; // of an item without a rectangle
     static bool IsShown(const tagCALENDAR_ITEM& item) { return !item.bNoFocus && item.rcItem.top != kNoTop; }
     bool RemakePieces(const std::vector<int>& rows);
-    void UpdateShown(const std::vector<int>& positions);
+    void UpdateShown(const std::vector<dayvane::PieceMove>& moved);
     void PreparePainting(); // makes the mark of hidden items
     void MoveToFirst(UINT nFlags);
     void MoveToLast(UINT nFlags);

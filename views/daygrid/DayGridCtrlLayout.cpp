@@ -1,6 +1,7 @@
 // The month, week and year view's layout of their items: all of them, or after a change of few items their rows.
 #include "views/daygrid/DayGridCtrl.h"
 
+#include "core/PaintedState.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayGridParts.h"
 
@@ -17,6 +18,9 @@ void CDayGridCtrl::MakePieces(CItemArray& items, CItemArray& screenItems)
     if (isOwn && RemakePieces(rows)) {
         CloseMoreList();
         return;
+    }
+    if (&screenItems == &m_arScreenItem) {
+        AllPiecesChange();
     }
     const bool hasDays = rows.size() > 1;
     MakeRowPieces(items, rows, screenItems, hasDays ? FindItems(items, rows.front(), rows.back() - 1) : nullptr);
@@ -39,6 +43,9 @@ bool CDayGridCtrl::RemakePieces(const std::vector<int>& rows)
         return false;
     }
     for (const int item : *set) {
+        for (const int position : PiecesOf(m_arScreenItem, item)) {
+            PieceChanges(position);
+        }
         if (!RemakeRowPieces(m_arItem, item, rows, m_arScreenItem, parts.remade)) {
             return false;
         }
@@ -64,24 +71,27 @@ std::vector<BoxLoad> CDayGridCtrl::LayOutPieces(const BoxGrid& grid, const BarRu
         for (size_t i = 0; i < spans.size(); ++i) {
             changes.push_back({parts.remade[i], spans[i]});
         }
-        std::vector<int> moved;
+        std::vector<PieceMove> moved;
         if (parts.board.LayOutAgain(changes, screenItems, moved)) {
             UpdateShown(moved);
+            PiecesMoved(moved);
             parts.remade.clear();
             return parts.board.Loads();
         }
     }
     parts.remade.clear();
+    AllPiecesChange();
     ScreenItemsChanged();
     return parts.board.LayOut(grid, rules, Range().Spans(screenItems), screenItems);
 }
 
-void CDayGridCtrl::UpdateShown(const std::vector<int>& positions)
+void CDayGridCtrl::UpdateShown(const std::vector<PieceMove>& moved)
 {
     if (!m_bShownValid || m_nShownOf != m_arScreenItem.GetSize()) {
         return;
     }
-    for (const int position : positions) {
+    for (const PieceMove& piece : moved) {
+        const int position = piece.position;
         const auto place = std::lower_bound(m_shown.begin(), m_shown.end(), position);
         const bool isListed = place != m_shown.end() && *place == position;
         const bool isShown = IsShown(m_arScreenItem[position]);

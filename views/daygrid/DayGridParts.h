@@ -1,6 +1,7 @@
 // What a month, week or year view keeps for its painting and of its layout; its public header does without these types.
 #pragma once
 
+#include "../../core/ClipArea.h"
 #include "../../core/GdiPens.h"
 #include "../../core/TextCache.h"
 #include "BarBoard.h"
@@ -12,6 +13,7 @@ namespace dayvane {
 
 struct DayGridParts
 {
+    PaintClip clip;
     PenSet pens;
     BoxFonts fonts;
     TextCache texts; // in these fonts and in those of the items

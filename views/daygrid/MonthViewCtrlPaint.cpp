@@ -16,6 +16,7 @@ constexpr CaptionLook kCaption = {{0x7BDBFF, 0x1096FF, 0x216DEF}, 32, DT_BOTTOM}
 void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
+    const PaintClip::Paint paint(m_parts->clip, *pDC);
     pDC->SetBkMode(TRANSPARENT);
     DrawCalendar(pDC, m_rcContent);
     DrawCaption(pDC, m_rcCaption);

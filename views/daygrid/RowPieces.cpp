@@ -107,33 +107,38 @@ void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& piece
     writer.Finish();
 }
 
+std::vector<int> PiecesOf(const ItemArray& pieces, int item)
+{
+    const tagCALENDAR_ITEM* begin = pieces.GetData();
+    const tagCALENDAR_ITEM* end = begin + pieces.GetSize();
+    const tagCALENDAR_ITEM* piece = std::lower_bound(
+        begin, end, item, [](const tagCALENDAR_ITEM& each, int source) { return each.nSource < source; });
+    std::vector<int> positions;
+    for (; piece != end && piece->nSource == item; ++piece) {
+        positions.push_back(static_cast<int>(piece - begin));
+    }
+    return positions;
+}
+
 bool RemakeRowPieces(const ItemArray& items, int item, const DayRows& rows, ItemArray& pieces,
                      std::vector<int>& positions)
 {
     ItemArray made;
     const std::vector<int> only = {item};
     MakeRowPieces(items, rows, made, &only);
-    tagCALENDAR_ITEM* begin = pieces.GetData();
-    tagCALENDAR_ITEM* end = begin + pieces.GetSize();
-    tagCALENDAR_ITEM* first = std::lower_bound(
-        begin, end, item, [](const tagCALENDAR_ITEM& piece, int source) { return piece.nSource < source; });
-    for (INT_PTR n = 0; n < made.GetSize(); ++n) {
-        if (first + n >= end || first[n].nSource != item) {
-            return false;
-        }
-    }
-    const INT_PTR after = first - begin + made.GetSize();
-    if (made.IsEmpty() || (after < pieces.GetSize() && begin[after].nSource == item)) {
+    const std::vector<int> there = PiecesOf(pieces, item);
+    if (made.IsEmpty() || made.GetSize() != static_cast<INT_PTR>(there.size())) {
         return false;
     }
-    for (INT_PTR n = 0; n < made.GetSize(); ++n) {
-        const CRect box = first[n].rcItem;
-        const short hidden = first[n].bNoFocus;
-        first[n] = made[n];
-        first[n].rcItem = box; // until the layout: it tells what has moved by comparing
-        first[n].bNoFocus = hidden;
-        positions.push_back(static_cast<int>(first + n - begin));
+    for (size_t n = 0; n < there.size(); ++n) {
+        tagCALENDAR_ITEM& piece = pieces[there[n]];
+        const CRect box = piece.rcItem;
+        const short hidden = piece.bNoFocus;
+        piece = made[n];
+        piece.rcItem = box; // until the layout: it tells what has moved by comparing
+        piece.bNoFocus = hidden;
     }
+    positions.insert(positions.end(), there.begin(), there.end());
     return true;
 }
 

@@ -19,6 +19,9 @@ using DayRows = std::vector<int>;
 void MakeRowPieces(const ItemArray& items, const DayRows& rows, ItemArray& pieces,
                    const std::vector<int>* which = nullptr);
 
+// The positions of the item's pieces, ascending, in pieces that were made of the items.
+std::vector<int> PiecesOf(const ItemArray& pieces, int item);
+
 // Of pieces that were made of the items, those of one item anew, as it is now. Appends their positions. False, and
 // nothing is done: the item has another number of pieces now.
 bool RemakeRowPieces(const ItemArray& items, int item, const DayRows& rows, ItemArray& pieces,

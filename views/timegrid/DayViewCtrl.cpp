@@ -83,8 +83,7 @@ void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 
 void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
 {
-    KeepTimedMarks(PlaceTimedItems(screenItems, {rcGrid}, GetShownRange(), Scale(), m_options));
-    CalcFulldayItemRect(m_rcFulldayContent, screenItems);
+    PlaceShownItems(screenItems, {rcGrid});
 }
 
 void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)

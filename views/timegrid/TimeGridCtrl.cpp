@@ -4,7 +4,6 @@
 
 #include "core/DateMath.h"
 #include "core/PaintedState.h"
-#include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -64,6 +63,7 @@ void CTimeGridCtrl::OnDestroy()
     KillTimer(kNowTimer);
     CCalendarCtrl::OnDestroy();
     m_pParts->fonts.Clear();
+    m_pParts->tools.Clear();
 }
 
 bool CTimeGridCtrl::EndEdit()
@@ -96,7 +96,7 @@ TimeGridState CTimeGridCtrl::State() const
 
 TimeGridPainter CTimeGridCtrl::Painter(CDC* pDC) const
 {
-    return TimeGridPainter(*pDC, State(), m_colors, m_theme);
+    return TimeGridPainter(*pDC, m_pParts->tools, State(), m_colors, m_theme);
 }
 
 // A derived class may have moved what its hook was given: what it left is what holds.
@@ -123,25 +123,6 @@ void CTimeGridCtrl::Layout(int cx, int cy)
     CalcItemRect(m_rcContent, m_arScreenItem);
     ++m_nLayoutVersion;
     UpdateScrollRange();
-}
-
-void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
-{
-    const DayRange range = GetShownRange();
-    const int first = range.FirstDay();
-    const int bars = MakeRangeItems(items, range, screenItems, FindItems(items, first, first + range.days - 1));
-    // The band has a lane for each bar; a limited one only as many as the bars stack in.
-    SetFulldayItemCount(m_options.limitedBand && range.days > 1 ? StackedLanes(screenItems, range, Scale().metrics)
-                                                                : bars);
-    if (&screenItems == &m_arScreenItem) {
-        CloseMoreList();
-        ItemsWanted();
-    }
-    if (&screenItems == &m_arScreenItem && m_pParts->laidOut != CSize(0, 0) &&
-        m_pParts->lanesLaidOut != GetFulldayItemCount()) {
-        CalcFrame();
-        UpdateScrollRange();
-    }
 }
 
 void CTimeGridCtrl::GetMaxParalelCalendarItems(CItemArray& screenItems, CRowLayoutArray& layout)
@@ -189,6 +170,7 @@ int CTimeGridCtrl::GetPullableEdges(const tagCALENDAR_ITEM& screenItem)
 void CTimeGridCtrl::ScaleChanged(const ViewScale& before)
 {
     m_pParts->fonts.Clear();
+    m_pParts->tools.Clear();
     m_pParts->fonts.SetScale(m_scale);
     m_pParts->fonts.SetText(GetTextFont());
     m_nVertScroll = m_nVertScroll / TimeGridMetrics::For(before).rowHeight * Scale().metrics.rowHeight;
@@ -260,6 +242,7 @@ void CTimeGridCtrl::ShowNowLine(BOOL bShow)
 void CTimeGridCtrl::OptionsChanged(const CalendarOptions& before)
 {
     RestartNowTimer();
+    m_pParts->board.Clear();
     CMoreListCtrl::OptionsChanged(before);
 }
 

@@ -145,6 +145,9 @@ protected:
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeShownItems(CItemArray& items, CItemArray& screenItems);
+    // Lays the shown items out: the timed ones in the columns, the bars by CalcFulldayItemRect. Where MakeShownItems
+    // has only made some anew, only the columns of those.
+    void PlaceShownItems(CItemArray& screenItems, const std::vector<CRect>& columns);
     int LanesIn(const CRect& rcClient) const; // of the full-day band
     void KeepTimedMarks(std::vector<dayvane::MoreMark> marks);
     const dayvane::MoreMark* FindMarkOf(LPARAM nItem) const; // that counts the item; nullptr: it is not hidden
@@ -177,6 +180,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    bool RemakeShownItems(const dayvane::DayRange& range);
     bool ServeWaitingScroll();
     void ScrollTo(int nOffset);
     void RepaintScrolled(int nOldOffset);

@@ -54,6 +54,7 @@ DayTone CTimeGridCtrl::ToneOfColumn(int nColumn)
 void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
+    const PaintClip::Paint paint(m_pParts->tools.clip, *pDC);
     pDC->SetBkMode(TRANSPARENT);
     CPen gridPen(PS_SOLID, 1, m_colors.grid);
     const SelectGdi selectPen(pDC, &gridPen);
@@ -176,8 +177,7 @@ void CTimeGridCtrl::DrawTimedBox(CDC* pDC, const TimeGridPainter& painter, const
     if (HasMarks(FALSE, painted.content.Width())) {
         painted.content.left += DrawItemMarks(pDC, item, painted.content, FALSE, m_scale.Of(kMarkGap), TRUE);
     }
-    const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawTimedText(item, painted.content, state.range.days > 1, m_texts);
+    painter.DrawTimedText(item, GetFont(item.nReserved), painted.content, state.range.days > 1, m_texts);
 }
 
 void CTimeGridCtrl::DrawFulldayContent(CDC* pDC, CRect rcBand)
@@ -221,8 +221,7 @@ void CTimeGridCtrl::DrawThemedBar(CDC* pDC, const ItemBox& box, const tagCALENDA
     PaintedBox bar = PaintedBandBar(box.area, item, Scale().metrics);
     painter.DrawBandBar(item, bar, box.isCurrent);
     bar.content.left += DrawItemMarks(pDC, item, bar.content, TRUE, m_scale.Of(kMarkGap), HasIcon(true, item));
-    const SelectGdi selectFont(pDC, GetFont(item.nReserved));
-    painter.DrawBandText(item, text, bar.content);
+    painter.DrawBandText(item, GetFont(item.nReserved), text, bar.content);
 }
 
 // Whether an item's box or bar shows all of its text.

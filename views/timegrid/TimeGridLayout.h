@@ -44,6 +44,13 @@ TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int head
 int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems,
                    const std::vector<int>* which = nullptr);
 
+// Of screen items that were made of the store, the timed one of that source anew, as it is now, in the place that it
+// had until the next layout. Returns its position; -1, and nothing is done: it is not shown, or in the full-day band,
+// before or now.
+int RemakeTimedItem(const ItemArray& store, int source, const DayRange& range, ItemArray& screenItems);
+// The position of the item of that source; -1: there is none.
+int FindSource(const ItemArray& screenItems, int source);
+
 // A timed item's box as if it were alone in the column: (-1, -1, -1, -1) when it does not begin on that day. An item
 // that is marked full-day or a middle piece reaches far below the day.
 CRect BoxInColumn(const tagCALENDAR_ITEM& item, const CRect& column, const COleDateTime& day, const TimeScale& scale);

@@ -4,6 +4,8 @@
 
 #include "../../core/CalendarColors.h"
 #include "../../core/ClipArea.h"
+#include "../../core/GdiPens.h"
+#include "../../core/TextCache.h"
 #include "../../core/ThemePaint.h"
 #include "../../core/Fonts.h"
 #include "TimeGridHit.h"
@@ -59,11 +61,25 @@ private:
     FontCache m_cache;
 };
 
-// One paint of a time grid into a device context, which must outlive it, as must frame, colours and theme.
+// What a time grid keeps for its painting; everything goes with its window.
+struct TimeGridTools
+{
+    PaintClip clip;
+    PenSet pens;
+    TextCache texts; // in the fonts of the grid and in those of the items
+
+    void Clear()
+    {
+        pens.Clear();
+        texts.Clear();
+    }
+};
+
+// One paint of a time grid into a device context, which must outlive it, as must tools, frame, colours and theme.
 class TimeGridPainter
 {
 public:
-    TimeGridPainter(CDC& dc, const TimeGridState& state, const CalendarColors& colors,
+    TimeGridPainter(CDC& dc, TimeGridTools& tools, const TimeGridState& state, const CalendarColors& colors,
                     const CalendarTheme& theme = kClassicTheme);
 
     bool IsVisible(const CRect& rect) const;
@@ -86,12 +102,14 @@ public:
 
     void DrawTimedBox(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     void DrawBandBar(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
-    // Texts in the selected font; none where not even a letter has room.
+    // Texts in that font; none where not even a letter has room.
     // A box too narrow for both times, or one line high and too narrow for times and text, shows the text alone when
     // `timesWhereTheyFit` says so.
-    void DrawTimedText(const tagCALENDAR_ITEM& item, const CRect& content, bool timesWhereTheyFit,
+    void DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, const CRect& content, bool timesWhereTheyFit,
                        const TextSettings& texts) const;
-    void DrawBandText(const tagCALENDAR_ITEM& item, const std::u16string& text, const CRect& content) const;
+    void DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, const std::u16string& text,
+                      const CRect& content) const;
+    bool HasRoomForText(const CRect& content) const; // and it is to be painted
     void DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const;
 
     void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
@@ -112,19 +130,22 @@ private:
     void HorizontalLine(int left, int right, int y, COLORREF color) const;
     void VerticalLine(int x, int top, int bottom, COLORREF color) const;
     void DrawBoxEdges(const CRect& box, COLORREF color, int thickness, bool left, bool right) const;
-    void DrawOutline(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool isCurrent) const;
     void DrawStripe(const CRect& box, COLORREF color) const;
+    void DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool hasStripe, bool isCurrent) const;
     int Px(int pixels) const { return m_state.scale.metrics.scale.Of(pixels); } // from those at 96 dpi
     COLORREF HeaderColor(int dayOfWeek, COLORREF ordinary) const;
     void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE,
                          UINT cut = DT_END_ELLIPSIS) const;
     std::u16string FittingDate(const HeaderTexts& texts, int width) const;
 
+    void Fill(CRect rect, COLORREF color) const; // also of a rectangle the wrong way round
+
     CDC& m_dc;
+    TimeGridTools& m_tools;
     TimeGridState m_state;
     const CalendarColors& m_colors;
     const CalendarTheme& m_theme;
-    ClipArea m_clip;
+    std::shared_ptr<const ClipArea> m_clip;
 };
 
 } // namespace dayvane

@@ -158,8 +158,7 @@ void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems
 
 void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
-    KeepTimedMarks(PlaceTimedItems(screenItems, m_pParts->frame.columns, GetShownRange(), Scale(), m_options));
-    CalcFulldayItemRect(m_rcFulldayContent, screenItems);
+    PlaceShownItems(screenItems, m_pParts->frame.columns);
 }
 
 void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day)
