@@ -194,18 +194,9 @@ public:
     BOOL IsLoadingItems() const;
     // The item operations for records that are not the caller's to change. They have names of their own so that the
     // address of a virtual operation names one function. The views' AddItem takes a const pointer, too.
-    int AddItemCopy(tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
-    {
-        return AddItem(&item, bUpdate, bRedraw);
-    }
-    int InsertItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
-    {
-        return InsertItem(nIndex, &item, bUpdate, bRedraw);
-    }
-    int SetItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE)
-    {
-        return SetItem(nIndex, &item, bUpdate, bRedraw);
-    }
+    int AddItemCopy(tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE);
+    int InsertItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE);
+    int SetItemCopy(int nIndex, tagCC_ITEM item, int bUpdate = TRUE, int bRedraw = TRUE);
     int GetItem(int nIndex, tagCC_ITEM& item); // answers and throws as SetItem
     int GetItemCount() const { return static_cast<int>(m_arItem.GetSize()); }
     LPARAM GetItemData(int nIndex); // -1 for a negative index, 0 for one greater than the count
@@ -408,8 +399,7 @@ protected:
     // The items set since the screen items were last made of the store; nullptr: more has changed than that.
     const std::vector<int>* ItemsSetSinceMade() const { return m_bManyChanged ? nullptr : &m_setItems; }
     void ScreenItemsMade();
-    // A view's layout tells what it does to m_arScreenItem, so that RefreshChanged need not look at all of it: before
-    // it makes or places all of it anew, or before it makes one piece anew, and after it has placed few again.
+    // For RefreshChanged a view tells its changes of m_arScreenItem: before all or one is made anew, after few moved.
     void AllPiecesChange();
     void PieceChanges(int nScreenItem);
     void PiecesMoved(const std::vector<dayvane::PieceMove>& moved);

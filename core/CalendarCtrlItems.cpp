@@ -35,6 +35,21 @@ int CCalendarCtrl::AddItems(const tagCC_ITEM* pItems, int nCount, int bUpdate, i
     return 1;
 }
 
+int CCalendarCtrl::AddItemCopy(tagCC_ITEM item, int bUpdate, int bRedraw)
+{
+    return AddItem(&item, bUpdate, bRedraw);
+}
+
+int CCalendarCtrl::InsertItemCopy(int nIndex, tagCC_ITEM item, int bUpdate, int bRedraw)
+{
+    return InsertItem(nIndex, &item, bUpdate, bRedraw);
+}
+
+int CCalendarCtrl::SetItemCopy(int nIndex, tagCC_ITEM item, int bUpdate, int bRedraw)
+{
+    return SetItem(nIndex, &item, bUpdate, bRedraw);
+}
+
 int CCalendarCtrl::InsertItem(int nIndex, tagCC_ITEM* pItem, int bUpdate, int bRedraw)
 {
     const int countBefore = GetItemCount();
