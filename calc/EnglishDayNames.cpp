@@ -1,5 +1,7 @@
 #include "calc/EnglishDayNames.h"
 
+#include "calc/SkyDay.h"
+
 namespace dayvane {
 namespace {
 struct EnglishName
@@ -11,6 +13,7 @@ struct EnglishName
 constexpr EnglishName kEnglishNames[] = {
     // holidays
     {u8"元日", "New Year's Day"},
+    {u8"元旦", "New Year's Day"},
     {u8"成人の日", "Coming of Age Day"},
     {u8"建国記念の日", "National Foundation Day"},
     {u8"天皇誕生日", "The Emperor's Birthday"},
@@ -34,6 +37,7 @@ constexpr EnglishName kEnglishNames[] = {
     {u8"即位礼正殿の儀の行われる日", "Day of the Enthronement Ceremony"},
     {u8"振替休日", "Substitute Holiday"},
     {u8"国民の休日", "Citizens' Holiday"},
+    {u8"国民の祝日", "National Holiday"},
     {u8"休日", "Holiday"},
     {u8"休日（祝日扱い）", "Holiday"},
     // observances
@@ -87,11 +91,26 @@ constexpr EnglishName kEnglishNames[] = {
     {u8"イースター", "Easter"},
     {u8"感謝祭", "Thanksgiving"},
 };
+
+constexpr int kDegrees = 360;
+constexpr int kDegreesPerTerm = 15;
 } // namespace
 
 const char* EnglishDayName(std::string_view japanese)
 {
     for (const EnglishName& name : kEnglishNames) {
+        if (name.japanese == japanese) {
+            return name.english;
+        }
+    }
+    for (int longitude = 0; longitude < kDegrees; longitude += kDegreesPerTerm) {
+        const SkyName term = SolarTermName(longitude);
+        if (term.japanese == japanese) {
+            return term.english;
+        }
+    }
+    for (int day = 0; day < static_cast<int>(SeasonalDay::Count); ++day) {
+        const SkyName name = SeasonalDayName(static_cast<SeasonalDay>(day));
         if (name.japanese == japanese) {
             return name.english;
         }

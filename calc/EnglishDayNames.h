@@ -1,4 +1,4 @@
-// English names of holidays and observances.
+// English names of holidays, observances, solar terms and seasonal days.
 #pragma once
 
 #include <string_view>

@@ -34,7 +34,7 @@ struct CalendarTexts
     std::u16string wholeDay;  // beside the full-day band
     std::u16string more;      // a mark for hidden items; %n is their number
     std::u16string yearTitle; // of the year view; empty: its SetTitle
-    // Holidays and observances in English, as far as they have an English name.
+    // Holidays, observances, solar terms and seasonal days in English, as far as they have an English name.
     bool englishDayNames = false;
 
     // ---- Times.

@@ -58,7 +58,7 @@ void MeasurePieces(CDC& dc, CFont* pFont, std::vector<DayPiece>& pieces)
 {
     const SelectGdi selectFont(&dc, pFont);
     for (DayPiece& piece : pieces) {
-        piece.textWidth = piece.text.IsEmpty() ? 0 : WideTextExtent(dc, OwnText(piece.text)).cx;
+        piece.textWidth = piece.text.empty() ? 0 : WideTextExtent(dc, piece.text).cx;
     }
 }
 
@@ -75,8 +75,7 @@ void DrawPieces(CDC& dc, CFont* pFont, const std::vector<DayPiece>& pieces, cons
             rest.left += metrics.moonSize + metrics.moonGap;
         }
         dc.SetTextColor(ColorOf(piece.kind, colors));
-        DrawWideText(dc, OwnText(piece.text), rest,
-                     DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+        DrawWideText(dc, piece.text, rest, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
 }
 

@@ -1,12 +1,25 @@
 #include "core/DayLines.h"
 
+#include "calc/EnglishDayNames.h"
 #include "calc/SkyDay.h"
 #include "core/DateMath.h"
 #include "core/DayNote.h"
 #include "core/EraTitles.h"
+#include "core/TextCodec.h"
 
 namespace dayvane {
 namespace {
+
+std::u16string Wide(const std::string& utf8)
+{
+    return DecodeText(utf8, kUtf8CodePage);
+}
+
+std::u16string NameText(const DayName& name, DayLanguage language)
+{
+    const char* english = language == DayLanguage::English ? EnglishDayName(name.text) : nullptr;
+    return Wide(english ? english : name.text);
+}
 
 const char* NameIn(DayLanguage language, const SkyName& name)
 {
@@ -26,21 +39,16 @@ void AppendNames(std::vector<DayPiece>& pieces, const DayInfo& info, const DayLi
         piece.kind = isTerm || isSeasonal ? DayPiece::Kind::Term
                      : isOff              ? DayPiece::Kind::DayOff
                                           : DayPiece::Kind::Name;
-        piece.text = OwnTextOf(name.text);
+        piece.text = NameText(name, lines.language);
         pieces.push_back(piece);
     }
 }
 
-CString LunarText(const ExactLunarDate& date, DayLanguage language)
+std::u16string LunarText(const ExactLunarDate& date, DayLanguage language)
 {
     const bool isEnglish = language == DayLanguage::English;
-    CString text;
-    text.Format(isEnglish ? "%s%d/%d" : "旧%s%d/%d",
-                !date.isLeapMonth ? ""
-                : isEnglish       ? "leap "
-                                  : "閏",
-                date.month, date.day);
-    return text;
+    const std::string leap = !date.isLeapMonth ? "" : isEnglish ? "leap " : u8"閏";
+    return Wide((isEnglish ? "" : u8"旧") + leap + std::to_string(date.month) + "/" + std::to_string(date.day));
 }
 
 void AppendSky(std::vector<DayPiece>& pieces, const CivilDate& date, const DayLines& lines)
@@ -49,7 +57,7 @@ void AppendSky(std::vector<DayPiece>& pieces, const CivilDate& date, const DayLi
     piece.kind = DayPiece::Kind::Sky;
     const ExactLunarDate lunar = LunarDateOf(date.year, date.month, date.day, lines.zoneMinutes);
     if (lines.rokuyo && lunar.IsValid()) {
-        piece.text = OwnTextOf(NameIn(lines.language, RokuyoName(Rokuyo(lunar))));
+        piece.text = Wide(NameIn(lines.language, RokuyoName(Rokuyo(lunar))));
         pieces.push_back(piece);
     }
     if (lines.lunarDate && lunar.IsValid()) {
@@ -59,7 +67,7 @@ void AppendSky(std::vector<DayPiece>& pieces, const CivilDate& date, const DayLi
     const MoonOfDay moon = lines.moonPhase ? MoonOn(date.year, date.month, date.day, lines.zoneMinutes) : MoonOfDay();
     if (moon.elongation >= 0) {
         piece.moon = moon.elongation;
-        piece.text = moon.quarter != -1 ? OwnTextOf(NameIn(lines.language, MoonQuarterName(moon.quarter))) : CString();
+        piece.text = moon.quarter != -1 ? Wide(NameIn(lines.language, MoonQuarterName(moon.quarter))) : u"";
         pieces.push_back(piece);
     }
 }
@@ -69,20 +77,17 @@ struct DaysOff
 {
     int first = 0;
     int last = 0;
-    CString name;
+    std::u16string name;
 };
 
 DayPiece PieceOf(const DaysOff& days)
 {
     DayPiece piece;
     piece.kind = DayPiece::Kind::DayOff;
-    if (days.last > days.first) {
-        piece.text.Format("%d-%d", days.first, days.last);
-    } else {
-        piece.text.Format("%d", days.first);
-    }
-    if (!days.name.IsEmpty()) {
-        piece.text += " " + days.name;
+    const std::string last = days.last > days.first ? "-" + std::to_string(days.last) : "";
+    piece.text = Wide(std::to_string(days.first) + last);
+    if (!days.name.empty()) {
+        piece.text += u" " + days.name;
     }
     return piece;
 }
@@ -124,7 +129,7 @@ std::vector<DayPiece> DaysOffOfMonth(const COleDateTime& month, const DayProvide
 {
     std::vector<DayPiece> pieces;
     CivilDate day = CivilDateOf(month);
-    if (!lines.names) {
+    if (!lines.HasLines()) {
         return pieces;
     }
     DaysOff open; // no days yet
@@ -133,8 +138,9 @@ std::vector<DayPiece> DaysOffOfMonth(const COleDateTime& month, const DayProvide
         if (!info.isDayOff) {
             continue;
         }
-        const CString name = info.names.empty() ? CString() : OwnTextOf(info.names.front().text);
-        if (open.first != 0 && name.IsEmpty() && open.name.IsEmpty() && open.last == day.day - 1) {
+        const bool isNamed = lines.names && !info.names.empty();
+        const std::u16string name = isNamed ? NameText(info.names.front(), lines.language) : u"";
+        if (open.first != 0 && name.empty() && open.name.empty() && open.last == day.day - 1) {
             open.last = day.day;
             continue;
         }

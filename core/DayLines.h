@@ -9,13 +9,15 @@
 #include <afx.h>
 #include <afxdisp.h>
 
+#include <string>
 #include <vector>
 
 namespace dayvane {
 
 struct DayLines
 {
-    // ---- Under the number of a day; under the name of a month in the year view, which has the names of days off only.
+    // ---- Under the number of a day. Under the name of a month in the year view, which has its days off only: with any
+    // of these their numbers, with the first one their names too.
     bool names = false;        // holidays, observances and the host's days: no longer beside the number
     bool terms = false;        // solar terms; with this or the next on, neither stands beside the number
     bool seasonalDays = false; // the farmer's year
@@ -28,7 +30,7 @@ struct DayLines
     bool eraTitles = false;   // the year of the era, after the title's own text
 
     WeekRule weekRule = WeekRule::FirstFourDayWeek; // with Monday as the first day: the weeks of ISO 8601
-    DayLanguage language = DayLanguage::Japanese;   // of everything but names, which the day provider gives
+    DayLanguage language = DayLanguage::Japanese;   // English also for Japanese names that have an English one
     int zoneMinutes = kJapanZone;                   // of the lunisolar calendar, east of Greenwich
 
     bool HasSky() const { return rokuyo || lunarDate || moonPhase; }
@@ -46,15 +48,16 @@ struct DayPiece
         Sky   // what each day has: rokuyo, lunar date, moon
     };
     Kind kind = Kind::Name;
-    CString text;      // in the library's code page; may be empty for a moon
-    double moon = -1;  // elongation in degrees of the moon that stands before the text; negative: none
-    int textWidth = 0; // pixels, measured by the painter (MeasurePieces)
+    std::u16string text; // may be empty for a moon
+    double moon = -1;    // elongation in degrees of the moon that stands before the text; negative: none
+    int textWidth = 0;   // pixels, measured by the painter (MeasurePieces)
 };
 
 // The pieces of a day in the order of their weight; empty for a date that is not valid. provider: as NoteOf takes it.
 std::vector<DayPiece> PiecesOfDay(const COleDateTime& date, const DayProvider* provider, const DayLines& lines);
 
-// The days off of a month, from its first day on: "3 文化の日". Days off in a row without names are one piece, "29-31".
+// The days off of a month, from its first day on: "3 文化の日", or "3" without the line of names. Days off in a row
+// without names are one piece, "29-31".
 std::vector<DayPiece> DaysOffOfMonth(const COleDateTime& month, const DayProvider* provider, const DayLines& lines);
 
 // What follows the text of a title over these days: era and weeks, each after two blanks. firstDayOfWeek 0: without

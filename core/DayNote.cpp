@@ -3,16 +3,17 @@
 #include "calc/CodePage932.h"
 #include "calc/DayAnnotation.h"
 #include "core/DateMath.h"
+#include "core/TextCodec.h"
 
 namespace dayvane {
 namespace {
 
-void Append(CString& text, const std::string& utf8)
+void Append(std::u16string& text, const std::string& utf8)
 {
-    if (!text.IsEmpty()) {
-        text += ' ';
+    if (!text.empty()) {
+        text += u' ';
     }
-    text += OwnTextOf(utf8);
+    text += DecodeText(utf8, kUtf8CodePage);
 }
 
 } // namespace
@@ -25,8 +26,8 @@ DayNote NoteOf(const COleDateTime& date, const DayProvider* provider)
     }
     if (!provider) {
         const DayAnnotation annotation = AnnotateDay(date);
-        note.name = annotation.holidayName;
-        note.term = annotation.solarTerm;
+        note.name = OwnText(annotation.holidayName);
+        note.term = OwnText(annotation.solarTerm);
         note.isDayOff = annotation.isDayOff;
     } else if (IsValid(date)) {
         const DayInfo info = provider->InfoOf(CivilDateOf(date));

@@ -6,18 +6,20 @@
 #include <afx.h>
 #include <afxdisp.h>
 
+#include <string>
+
 namespace dayvane {
 
 struct DayNote
 {
-    CString name; // holidays, observances and the host's days, a space between; code page 932; empty: none
-    CString term; // solar terms and seasonal days, likewise
+    std::u16string name; // holidays, observances and the host's days, a space between; empty: none
+    std::u16string term; // solar terms and seasonal days, likewise
     bool isDayOff = false;
     int colorRow = 0; // see DayInfo::colorRow
 };
 
 // provider nullptr: the process-wide one, and where there is none the annotations that AnnotateDay gives. Empty for a
-// date that is not valid. Characters that the code page lacks become question marks.
+// date that is not valid.
 DayNote NoteOf(const COleDateTime& date, const DayProvider* provider);
 
 // What the same provider says of a valid day.

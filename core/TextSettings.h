@@ -23,8 +23,7 @@ struct TextSettings
         return DateText(*words, (*words).*pattern, date);
     }
     std::u16string Time(const COleDateTime& time) const { return Date(&CalendarTexts::time, time); }
-    // Names of days as the library keeps them, in its own code page.
-    std::u16string DayNames(const CString& names) const { return DayNamesText(*words, OwnText(names)); }
+    std::u16string DayNames(const std::u16string& names) const { return DayNamesText(*words, names); }
 };
 
 } // namespace dayvane

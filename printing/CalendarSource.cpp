@@ -1,8 +1,8 @@
 #include "printing/CalendarSource.h"
 
-#include "calc/DayAnnotation.h"
 #include "calc/LunarDate.h"
 #include "core/DateMath.h"
+#include "core/DayNote.h"
 
 #include <map>
 #include <memory>
@@ -39,13 +39,13 @@ PrintDay FactsOfDay(CCalendarCtrl& ctrl, int day)
 {
     PrintDay facts;
     const COleDateTime date = DateOfDayNumber(day);
-    const DayAnnotation annotation = AnnotateDay(date);
+    const DayNote note = NoteOf(date, ctrl.GetDayProvider());
     if (ctrl.IsShowHoliday()) {
-        facts.holiday = OwnText(annotation.holidayName);
-        facts.isDayOff = annotation.isDayOff;
+        facts.holiday = DayNamesText(ctrl.GetTexts(), note.name);
+        facts.isDayOff = note.isDayOff;
     }
     if (ctrl.IsShow24Setuki()) {
-        facts.solarTerm = OwnText(annotation.solarTerm);
+        facts.solarTerm = DayNamesText(ctrl.GetTexts(), note.term);
     }
     int lunarYear = 0;
     CLunarDate().CalcLunarCalendar(date, lunarYear, facts.lunarMonth, facts.lunarDay);

@@ -3,6 +3,7 @@
 
 #include "calc/CodePage932.h"
 #include "calc/DayAnnotation.h"
+#include "calc/EnglishDayNames.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +106,9 @@ TEST(DayCalendar, EveryNameHasAnEnglishOne)
         for (const DayName& name : calendar.InfoOf(date).names) {
             ASSERT_TRUE(std::all_of(name.text.begin(), name.text.end(), [](char c) { return c >= ' ' && c < 0x7F; }))
                 << name.text;
+        }
+        for (const DayName& name : StandardDayProvider().InfoOf(date).names) {
+            ASSERT_TRUE(EnglishDayName(name.text)) << name.text;
         }
     }
 }

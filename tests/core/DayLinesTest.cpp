@@ -3,6 +3,7 @@
 #include "core/DateMath.h"
 #include "core/DayLineLayout.h"
 #include "core/EraTitles.h"
+#include "core/TextCodec.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,8 @@ std::string Texts(const std::vector<DayPiece>& pieces)
 {
     std::string text;
     for (const DayPiece& piece : pieces) {
-        text += (text.empty() ? "" : "|") + std::string(piece.moon >= 0 ? "*" : "") + piece.text.GetString();
+        text +=
+            (text.empty() ? "" : "|") + std::string(piece.moon >= 0 ? "*" : "") + EncodeText(piece.text, kOwnCodePage);
     }
     return text;
 }
@@ -72,6 +74,11 @@ TEST(DayLines, SaysOfADayWhatIsSwitchedOn)
     english.rokuyo = english.lunarDate = english.moonPhase = true;
     english.language = DayLanguage::English;
     EXPECT_EQ(Texts(PiecesOfDay(Day(2026, 11, 24), &days, english)).substr(0, 14), "Sensho|10/16|*");
+    DayLines names;
+    names.names = names.terms = true;
+    names.language = DayLanguage::English;
+    EXPECT_EQ(Texts(PiecesOfDay(Day(2026, 11, 3), &days, names)), "Culture Day");
+    EXPECT_EQ(Texts(PiecesOfDay(Day(2026, 11, 22), &days, names)), "Minor Snow");
     // The same evening in Beijing is 22:53, of the same day; the first minutes of the 25th further east.
     english.zoneMinutes = kJapanZone + 60;
     EXPECT_EQ(Texts(PiecesOfDay(Day(2026, 11, 24), &days, english)), "Sensho|10/16|*");
@@ -90,6 +97,9 @@ TEST(DayLines, ListsTheDaysOffOfAMonth)
     EXPECT_EQ(Texts(DaysOffOfMonth(Day(2026, 12, 1), &days, lines)), "25 創立記念日|28-30|31 大晦日")
         << "a day with a name of its own stands alone";
     EXPECT_EQ(Texts(DaysOffOfMonth(Day(2026, 12, 1), &days, DayLines())), "");
+    lines.names = false;
+    lines.rokuyo = true;
+    EXPECT_EQ(Texts(DaysOffOfMonth(Day(2026, 12, 1), &days, lines)), "25|28-31") << "other lines, but no names";
 }
 
 TEST(DayLines, PlacesPiecesWithinTheirLines)

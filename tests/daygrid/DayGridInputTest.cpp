@@ -190,7 +190,8 @@ TEST(DayGridTips, SayWhatIsCut)
     Hook<CMonthViewCtrl> view;
     view.SetCurrentDate(Day(4, 15));
     view.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), &scene.parent, 5);
-    const std::string longText = "a text that is much too long for the box of a day";
+    view.SetTextCodePage(CP_UTF8);
+    const std::string longText = u8"Café Zürich – déjeuner à 5 €, 漢字 한국어, much too long for a day";
     int day = 6;
     for (const std::string& text : {std::string("short"), longText}) {
         tagCC_ITEM item = ItemOf(Day(4, day), Day(4, day));
@@ -213,6 +214,6 @@ TEST(DayGridTips, SayWhatIsCut)
     const CPoint longBar = view.GetScreenItems()[1].rcItem.CenterPoint();
     EXPECT_EQ(tipAt(longBar), u"") << "the option is off";
     view.SetOptions(options);
-    EXPECT_EQ(tipAt(longBar), std::u16string(longText.begin(), longText.end()));
+    EXPECT_EQ(tipAt(longBar), dayvane::DecodeText(longText, dayvane::kUtf8CodePage));
     EXPECT_EQ(tipAt(view.GetScreenItems()[0].rcItem.CenterPoint()), u"");
 }

@@ -89,7 +89,7 @@ TEST(DayLinesInViews, TheWeekColumnTakesItsRoomFromTheDays)
 
 TEST(DayLinesInViews, BoxesKeepTwoThirdsOfTheirRoomForItems)
 {
-    const std::vector<DayPiece> full(9, DayPiece{DayPiece::Kind::Name, "", -1, 90});
+    const std::vector<DayPiece> full(9, DayPiece{DayPiece::Kind::Name, u"", -1, 90});
     EXPECT_EQ(LinesOfBoxes({full}, CSize(100, 200)), 3);
     EXPECT_EQ(LinesOfBoxes({full}, CSize(100, 90)), 2);
     EXPECT_EQ(LinesOfBoxes({full}, CSize(100, 30)), 0);

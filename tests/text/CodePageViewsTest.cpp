@@ -138,6 +138,30 @@ TEST(CodePages, TheSameTextLooksTheSame)
     }
 }
 
+TEST(CodePages, TheListOfMoreItemsShowsTheSame)
+{
+    const auto pictureOf = [](const Text& text) {
+        const std::unique_ptr<ShownView> shown = Make<CMonthViewCtrl>();
+        for (int i = 0; i < 20; ++i) {
+            shown->Add(text.bytes.c_str(), text.codePage, 0);
+        }
+        static_cast<CMonthViewCtrl&>(shown->Ctrl()).EnableMoreList(TRUE);
+        shown->Ctrl().SetSelRange(kDay, kDay);
+        shown->Ctrl().Refresh();
+        messages::Key(shown->Ctrl(), VK_F4);
+        const HWND list = ::FindWindow("DayvaneMoreList", nullptr);
+        auto picture = std::make_unique<MemoryDc>(kSize.cx, kSize.cy);
+        EXPECT_NE(list, nullptr);
+        ::RedrawWindow(list, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        CClientDC dc(CWnd::FromHandle(list));
+        picture->Dc().BitBlt(0, 0, kSize.cx, kSize.cy, &dc, 0, 0, SRCCOPY);
+        return picture;
+    };
+    const auto own = pictureOf({"\x89\xEF\x8B\x63", 932});
+    EXPECT_TRUE(own->SameAs(*pictureOf({EncodeText(u"会議", kUtf8CodePage), CP_UTF8})));
+    EXPECT_FALSE(own->SameAs(*pictureOf({"\x89\xEF\x8B\x63", CP_UTF8})));
+}
+
 TEST(CalendarTexts, EveryViewSpeaksTheHostsLanguageAndBack)
 {
     for (const auto& view : kViews) {

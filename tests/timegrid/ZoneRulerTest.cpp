@@ -1,5 +1,6 @@
 // The rulers of two zones, and the days on which a clock is changed.
 #include "core/DateMath.h"
+#include "core/TextCodec.h"
 #include "views/timegrid/ZoneRuler.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +46,7 @@ std::string Pieces(const COleDateTime& day, const ZoneRuler& ruler)
 {
     std::string text;
     for (const DayPiece& piece : ZonePiecesOf(day, ruler)) {
-        text += "|" + std::string(piece.text.GetString());
+        text += "|" + EncodeText(piece.text, kOwnCodePage);
     }
     return text;
 }

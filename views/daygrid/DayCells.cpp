@@ -2,6 +2,7 @@
 
 #include "core/DateMath.h"
 #include "core/DayNote.h"
+#include "core/TextCodec.h"
 #include "views/daygrid/BoxRange.h"
 
 namespace dayvane {
@@ -24,14 +25,22 @@ BoxDay DayOf(const COleDateTime& date, int currentMonth, const CivilDate& today)
     return info;
 }
 
+// The text in the library's code page; wide keeps it when that page lacks one of its characters.
+CString Narrow(const std::u16string& text, std::u16string& wide)
+{
+    wide = HoldsText(text, kOwnCodePage) ? std::u16string() : text;
+    return CString(EncodeText(text, kOwnCodePage).c_str());
+}
+
 // A day off without a name is one too: the host's provider need not name it.
 void Annotate(const DayNote& note, BoxDay& day)
 {
-    day.m_strHoliday = note.name;
-    day.m_bHoliday = note.isDayOff || !note.name.IsEmpty() ? 1 : 0;
+    day.m_strHoliday = Narrow(note.name, day.m_wideHoliday);
+    day.m_bHoliday = note.isDayOff || !note.name.empty() ? 1 : 0;
     day.m_nHolidayType = day.m_bHoliday == 0 || note.isDayOff ? 0 : 1;
-    day.m_bSolarTerm = note.term.IsEmpty() ? 0 : 1;
-    day.m_strText = day.m_bSolarTerm == 1 ? note.name + " " + note.term : CString();
+    day.m_bSolarTerm = note.term.empty() ? 0 : 1;
+    const CString term = Narrow(note.term, day.m_wideTerm);
+    day.m_strText = day.m_bSolarTerm == 1 ? day.m_strHoliday + " " + term : CString();
     day.m_nColorRow = note.colorRow;
 }
 

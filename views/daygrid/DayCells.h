@@ -3,6 +3,8 @@
 
 #include "../../core/CalendarRecords.h"
 
+#include <string>
+
 namespace dayvane {
 
 class BoxRange;
@@ -33,12 +35,14 @@ public:
 
     COleDateTime m_date;    // 00:00; invalid beyond the years 100 to 9999
     unsigned m_nFlags = 0;  // DayFlags
-    CString m_strText;      // holiday, one blank and solar term, when there is a solar term; else empty
-    CString m_strHoliday;   // empty on a plain day
+    CString m_strText;      // holiday, one blank and solar term, when there is a solar term; else empty; page 932
+    CString m_strHoliday;   // empty on a plain day; code page 932
     int m_bHoliday = 0;     // 1: a named day
     int m_nHolidayType = 0; // of a named day: 0 day off, 1 observance
     int m_bSolarTerm = 0;
     int m_nColorRow = 0;                    // of the day provider; 0: none
+    std::u16string m_wideHoliday;           // the same names where m_strHoliday lacks a character; else empty
+    std::u16string m_wideTerm;              // likewise the solar term of m_strText
     tagCALENDAR_DAY_PROPERTY m_dayProperty; // set by the host
 };
 

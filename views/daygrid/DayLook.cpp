@@ -36,9 +36,14 @@ void AppendWord(std::u16string& text, const std::u16string& word)
     text += word;
 }
 
-CString SolarTermOf(const BoxDay& info)
+std::u16string HolidayOf(const BoxDay& info)
 {
-    return info.m_strText.Mid(info.m_strHoliday.GetLength() + 1);
+    return info.m_wideHoliday.empty() ? OwnText(info.m_strHoliday) : info.m_wideHoliday;
+}
+
+std::u16string SolarTermOf(const BoxDay& info)
+{
+    return info.m_wideTerm.empty() ? OwnText(info.m_strText.Mid(info.m_strHoliday.GetLength() + 1)) : info.m_wideTerm;
 }
 
 std::u16string DayNumberText(const COleDateTime& date, bool firstOfGrid, const TextSettings& texts)
@@ -70,7 +75,7 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     const COLORREF holidayText = input.colors[DAYROW_HOLIDAY].crColor[DAYCOLOR_TEXT];
     COLORREF text = look.selected ? input.selectedText : TextColorOf(info, dayColor, input);
     if (info.m_bHoliday == 1 && input.showHoliday) {
-        look.annotation = input.nameBeside ? input.texts.DayNames(info.m_strHoliday) : std::u16string();
+        look.annotation = input.nameBeside ? input.texts.DayNames(HolidayOf(info)) : std::u16string();
         if (info.m_nHolidayType == 0 && !look.selected) {
             text = holidayText;
         }

@@ -92,10 +92,10 @@ GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showS
     texts.date = words.Date(&CalendarTexts::captionDay, day.date);
     texts.weekday = words.Date(&CalendarTexts::captionWeekday, day.date);
     texts.longDate = u"     " + words.Date(&CalendarTexts::longDate, day.date);
-    if (showHolidays && !day.note.name.IsEmpty()) {
+    if (showHolidays && !day.note.name.empty()) {
         texts.holiday = u"  " + words.DayNames(day.note.name);
     }
-    if (showSolarTerms && !day.note.term.IsEmpty()) {
+    if (showSolarTerms && !day.note.term.empty()) {
         texts.solarTerm = u" " + words.DayNames(day.note.term);
     }
     return texts;

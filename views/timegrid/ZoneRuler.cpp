@@ -1,6 +1,7 @@
 #include "views/timegrid/ZoneRuler.h"
 
 #include "core/DateMath.h"
+#include "core/TextCodec.h"
 
 #include <cstdlib>
 
@@ -53,7 +54,7 @@ DayPiece PieceOf(const CString& text)
 {
     DayPiece piece;
     piece.kind = DayPiece::Kind::DayOff; // it wants the eye
-    piece.text = text;
+    piece.text = OwnText(text);
     return piece;
 }
 
