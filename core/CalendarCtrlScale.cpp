@@ -1,32 +1,11 @@
 // The base control's side of scale and text font.
 #include "core/CalendarCtrl.h"
 
-#include "core/DrawingHelpers.h"
 #include "core/Fonts.h"
 #include "core/PointerDriver.h"
 #include "core/WindowHelpers.h"
 
-#include <algorithm>
-
 using namespace dayvane;
-
-namespace {
-
-constexpr int kOwnLine = 12; // height of a line of the text font that the sizes are made for, pixels at 96 dpi
-
-int LineHeightOf(const LOGFONT& description)
-{
-    CFont font;
-    font.CreateFontIndirect(&description);
-    CDC screen;
-    screen.CreateCompatibleDC(nullptr);
-    const SelectGdi selectFont(&screen, &font);
-    TEXTMETRIC metrics = {};
-    screen.GetTextMetrics(&metrics);
-    return metrics.tmHeight;
-}
-
-} // namespace
 
 void CCalendarCtrl::SetScale(int dpi)
 {
@@ -57,7 +36,7 @@ void CCalendarCtrl::ApplyScale(int dpi)
     ViewScale scale;
     scale.dpi = ClampedDpi(dpi);
     if (m_bTextFont) {
-        scale.textGrowth = std::max(LineHeightOf(Scaled(m_lfFonts[FONT_TEXT], scale)) - scale.Of(kOwnLine), 0);
+        scale.textGrowth = TextGrowth(m_lfFonts[FONT_TEXT], scale);
     }
     if (scale != m_scale) {
         const ViewScale before = m_scale;
@@ -90,8 +69,7 @@ void CCalendarCtrl::FollowDpi(UINT message, WPARAM wParam)
 void CCalendarCtrl::TakeFont(HFONT hFont)
 {
     LOGFONT description = {};
-    if (hFont && ::GetObject(hFont, sizeof(description), &description) != 0) {
-        description.lfHeight = MulDiv(description.lfHeight, kBaseDpi, m_scale.dpi);
+    if (FontOfMessage(hFont, m_scale, description)) {
         SetTextFont(description);
     }
 }

@@ -1,8 +1,16 @@
 #include "core/Fonts.h"
 
+#include "core/DrawingHelpers.h"
+
+#include <algorithm>
 #include <cstring>
 
 namespace dayvane {
+namespace {
+
+constexpr int kOwnLine = 12; // height of a line of text that the sizes are made for, pixels at 96 dpi
+
+} // namespace
 
 LOGFONT LogFontOf(const FontSpec& spec)
 {
@@ -34,6 +42,28 @@ LOGFONT ScaledText(const FontSpec& spec, const ViewScale& scale)
     LOGFONT description = LogFontOf(spec);
     description.lfHeight = scale.Line(spec.height);
     return description;
+}
+
+int TextGrowth(const LOGFONT& font, const ViewScale& scale)
+{
+    const LOGFONT scaled = Scaled(font, scale);
+    CFont made;
+    made.CreateFontIndirect(&scaled);
+    CDC screen;
+    screen.CreateCompatibleDC(nullptr);
+    const SelectGdi selectFont(&screen, &made);
+    TEXTMETRIC metrics = {};
+    screen.GetTextMetrics(&metrics);
+    return std::max<int>(metrics.tmHeight - scale.Of(kOwnLine), 0);
+}
+
+bool FontOfMessage(HFONT hFont, const ViewScale& scale, LOGFONT& description)
+{
+    if (!hFont || ::GetObject(hFont, sizeof(description), &description) == 0) {
+        return false;
+    }
+    description.lfHeight = MulDiv(description.lfHeight, kBaseDpi, scale.dpi);
+    return true;
 }
 
 CFont* FontCache::Get(const LOGFONT& description)

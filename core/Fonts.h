@@ -27,6 +27,12 @@ LOGFONT Scaled(LOGFONT description, const ViewScale& scale);
 // The same of small texts, which grow with the text font.
 LOGFONT ScaledText(const FontSpec& spec, const ViewScale& scale);
 
+// By how many pixels a line of the host's font (for 96 dpi) is higher, at that scale, than a line that the sizes are
+// made for. 0 for a lower one.
+int TextGrowth(const LOGFONT& font, const ViewScale& scale);
+// The host's font (for 96 dpi) of a WM_SETFONT of the present scale; false where it is none.
+bool FontOfMessage(HFONT hFont, const ViewScale& scale, LOGFONT& description);
+
 // Fonts by description: each is made when it is first asked for and lives until Clear. Empty the cache in OnDestroy.
 class FontCache
 {

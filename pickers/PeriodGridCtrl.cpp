@@ -165,8 +165,20 @@ void CPeriodGridCtrl::SetScale(int dpi)
 void CPeriodGridCtrl::ApplyScale(int dpi)
 {
     m_scale.dpi = ClampedDpi(dpi);
+    m_scale.textGrowth = m_state->hostFont ? TextGrowth(*m_state->hostFont, m_scale) : 0;
     ShowPolicy(*m_state->base);
     Refresh();
+}
+
+void CPeriodGridCtrl::SetTextFont(const LOGFONT& font)
+{
+    m_state->hostFont = font;
+    ApplyScale(m_scale.dpi);
+}
+
+const std::optional<LOGFONT>& CPeriodGridCtrl::GetTextFont() const
+{
+    return m_state->hostFont;
 }
 
 void CPeriodGridCtrl::ShowPolicy(const PeriodPolicy& policy)
@@ -183,6 +195,10 @@ LRESULT CPeriodGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     }
     const WindowAlive alive(this, m_life);
     result = CWnd::WindowProc(message, wParam, lParam);
+    LOGFONT font = {};
+    if (alive && message == WM_SETFONT && FontOfMessage(reinterpret_cast<HFONT>(wParam), m_scale, font)) {
+        SetTextFont(font);
+    }
     if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
         ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
     }
@@ -216,6 +232,11 @@ void CPeriodGridCtrl::ShowEraTitles(BOOL bShow)
         UseSystemEras();
     }
     m_state->eraTitles = bShow != FALSE;
+}
+
+BOOL CPeriodGridCtrl::IsShowEraTitles() const
+{
+    return m_state->eraTitles;
 }
 
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)

@@ -35,6 +35,7 @@
 #include <afxdisp.h>
 
 #include <memory>
+#include <optional>
 
 struct CCreateContext;
 class CPeriodSelCtrl;
@@ -82,8 +83,10 @@ public:
     // (SetDefaultDayProvider), and where there is none CCalcHoliday.
     void SetDayProvider(const dayvane::DayProvider* pProvider);
     void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
-    // Titles with the year of the era, "令和8年11月". Off at first; the host calls Refresh().
+    // Titles, and the list that opens over one, with the year of the era, "令和8年11月". Off at first; the host calls
+    // Refresh().
     void ShowEraTitles(BOOL bShow);
+    BOOL IsShowEraTitles() const;
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
@@ -95,6 +98,10 @@ public:
     void SetScale(int dpi);
     int GetScale() const { return m_scale.dpi; }
     const dayvane::ViewScale& GetViewScale() const { return m_scale; }
+    // Face and size of all texts; the height is that for 96 dpi, and bands, lines and cells become as much larger as
+    // its lines are. WM_SETFONT does the same with a font of the present scale. Lays out and redraws.
+    void SetTextFont(const LOGFONT& font);
+    const std::optional<LOGFONT>& GetTextFont() const; // none: the control's own fonts
     // Of the options those that concern date selectors: toolTips (the names of a day), followSystemTheme,
     // followDpi.
     void SetOptions(const CalendarOptions& options);

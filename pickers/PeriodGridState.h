@@ -18,8 +18,8 @@ struct PeriodGridState
     {
         base = &policy;
         scaled = policy.At(scale);
-        textFonts.SetScale(scale);
-        numberFonts.SetScale(scale);
+        textFonts.Show(scale, hostFont);
+        numberFonts.Show(scale, hostFont);
     }
 
     const PeriodPolicy* base; // at 96 dpi
@@ -30,6 +30,7 @@ struct PeriodGridState
     CellMarks marks; // as the layout's blocks and cells
     WeekRule weekRule = WeekRule::FirstFourDayWeek;
     bool eraTitles = false;
+    std::optional<LOGFONT> hostFont; // for 96 dpi
     PickerFonts textFonts{kTextFont};
     PickerFonts numberFonts{kNumberFont};
 };

@@ -6,8 +6,9 @@ constexpr int kShadeInset = 1; // pixels, of the chosen row's shade
 } // namespace
 
 PeriodRunPainter::PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts,
-                                   const CalendarTheme& theme, const CalendarTexts& texts)
-    : m_pDC(pDC), m_policy(policy), m_run(run), m_fonts(fonts), m_texts(texts), m_palette(PickerPaletteOf(theme))
+                                   const CalendarTheme& theme, const CalendarTexts& texts, bool eras)
+    : m_pDC(pDC), m_policy(policy), m_run(run), m_fonts(fonts), m_texts(texts), m_eras(eras),
+      m_palette(PickerPaletteOf(theme))
 {
 }
 
@@ -32,7 +33,8 @@ void PeriodRunPainter::DrawRow(int row) const
         shade.DeflateRect(kShadeInset, kShadeInset);
         DrawRoundBox(m_pDC, shade, m_palette.selected, m_palette.selectedFrame);
     }
-    DrawCentredText(m_pDC, rect, PeriodTitle(m_policy, period, m_texts), m_fonts.Get(period == m_run.Given()), color);
+    DrawCentredText(m_pDC, rect, PeriodTitle(m_policy, period, m_texts, m_eras), m_fonts.Get(period == m_run.Given()),
+                    color);
 }
 
 } // namespace dayvane

@@ -10,8 +10,9 @@ class PeriodRunPainter
 {
 public:
     PeriodRunPainter(CDC* pDC, const PeriodPolicy& policy, const PeriodRun& run, PickerFonts& fonts,
-                     const CalendarTheme& theme = kClassicTheme, const CalendarTexts& texts = *RequiredTexts());
-    void Draw() const; // the given period is bold, the chosen row shaded
+                     const CalendarTheme& theme = kClassicTheme, const CalendarTexts& texts = *RequiredTexts(),
+                     bool eras = false); // eras: as PeriodTitle takes it
+    void Draw() const;                   // the given period is bold, the chosen row shaded
 
 private:
     void DrawRow(int row) const;
@@ -21,6 +22,7 @@ private:
     const PeriodRun& m_run;
     PickerFonts& m_fonts;
     const CalendarTexts& m_texts;
+    bool m_eras;
     PickerPalette m_palette;
 };
 

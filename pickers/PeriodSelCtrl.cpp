@@ -23,7 +23,7 @@ BOOL CPeriodSelCtrl::Open(CPeriodGridCtrl* pOwner, const CRect& rcTitle)
     const PopupPlace place = PlacePeriodRun(rcTitle, WorkAreaAt(rcTitle), metrics);
     const int width = place.window.Width() - 2 * metrics.border;
     m_run = PeriodRun(m_policy, m_run.Given(), width, place.rowsAbove, metrics);
-    m_fonts.SetScale(pOwner->GetViewScale());
+    m_fonts.Show(pOwner->GetViewScale(), pOwner->GetTextFont());
     const LPCTSTR lpszClass = AfxRegisterWndClass(kPopupClassStyle, ::LoadCursor(nullptr, IDC_ARROW),
                                                   reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
     m_pOwner = pOwner;
@@ -67,7 +67,8 @@ CRect CPeriodSelCtrl::GetPeriodRect(int nPeriod) const
 void CPeriodSelCtrl::DrawPopup(CDC* pDC)
 {
     const CalendarTexts& texts = m_pOwner ? m_pOwner->GetTexts() : *RequiredTexts();
-    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme, texts).Draw();
+    const bool eras = m_pOwner && m_pOwner->IsShowEraTitles();
+    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme, texts, eras).Draw();
 }
 
 void CPeriodSelCtrl::OnGone()

@@ -9,6 +9,7 @@ namespace dayvane {
 namespace {
 constexpr UINT kCentred = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 constexpr int kRoundCorner = 3; // pixels
+constexpr int kWhole = 100;     // per cent
 } // namespace
 
 namespace {
@@ -71,8 +72,20 @@ PickerPalette PickerPaletteOf(const CalendarTheme& theme, bool isEnabled)
     return palette;
 }
 
+void PickerFonts::Show(const ViewScale& scale, const std::optional<LOGFONT>& font)
+{
+    m_scale = scale;
+    m_hostFont = font;
+}
+
 CFont* PickerFonts::Get(bool bold)
 {
+    if (m_hostFont) {
+        LOGFONT description = Scaled(*m_hostFont, m_scale);
+        description.lfHeight = MulDiv(description.lfHeight, m_hostShare, kWhole);
+        description.lfWeight = bold ? FW_BOLD : description.lfWeight;
+        return m_cache.Get(description);
+    }
     FontSpec spec = m_spec;
     spec.weight = bold ? FW_BOLD : spec.weight;
     return m_cache.Get(ScaledText(spec, m_scale));

@@ -7,6 +7,7 @@
 
 #include <afxwin.h>
 
+#include <optional>
 #include <string>
 
 namespace dayvane {
@@ -49,16 +50,20 @@ constexpr FontSpec kTextFont{12, FW_NORMAL, SHIFTJIS_CHARSET, "MS UI Gothic"};
 constexpr FontSpec kNumberFont{14, FW_NORMAL, ANSI_CHARSET, "Westminster"};
 constexpr FontSpec kYearFont{18, FW_BOLD, ANSI_CHARSET, "Westminster"};
 
-// A font and the same in bold.
+// A font and the same in bold: the selectors' own, or one of the host's face.
 class PickerFonts
 {
 public:
-    explicit PickerFonts(const FontSpec& spec) : m_spec(spec) {}
+    // hostShare: height of the host's font that is taken, per cent.
+    explicit PickerFonts(const FontSpec& spec, int hostShare = 100) : m_spec(spec), m_hostShare(hostShare) {}
     CFont* Get(bool bold);
-    void SetScale(const ViewScale& scale) { m_scale = scale; }
+    // font: the host's, for 96 dpi; none: the own one.
+    void Show(const ViewScale& scale, const std::optional<LOGFONT>& font);
 
 private:
     FontSpec m_spec;
+    int m_hostShare;
+    std::optional<LOGFONT> m_hostFont;
     ViewScale m_scale;
     FontCache m_cache;
 };

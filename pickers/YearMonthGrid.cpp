@@ -7,6 +7,7 @@
 
 namespace dayvane {
 namespace {
+constexpr int kMonthCharacters = 2; // of a month in a cell, counted as the width grows
 constexpr int kFirstYear = kFirstMonthNumber / kMonthsPerYear;
 constexpr int kLastYear = kLastMonthNumber / kMonthsPerYear;
 constexpr int kArrowParts = 4;   // an arrow reaches a quarter of the header's height up and down
@@ -40,6 +41,14 @@ YearMonthMetrics YearMonthMetrics::At(const ViewScale& scale) const
           &YearMonthMetrics::arrowMargin}) {
         scaled.*length = scale.Of(this->*length);
     }
+    // Each line is higher by the growth of the text, and each column wider by that of its few characters.
+    const int growth = scale.textGrowth;
+    for (int YearMonthMetrics::*length : {&YearMonthMetrics::headerHeight, &YearMonthMetrics::gridTop,
+                                          &YearMonthMetrics::gridBottom, &YearMonthMetrics::footerHeight}) {
+        scaled.*length += growth;
+    }
+    scaled.popup.cx += gridColumns * kMonthCharacters * growth;
+    scaled.popup.cy += (gridRows + 2) * growth;
     return scaled;
 }
 

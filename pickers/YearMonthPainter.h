@@ -6,10 +6,12 @@
 
 namespace dayvane {
 
+constexpr int kYearShare = 150; // of the host's font, per cent
+
 struct YearMonthFonts
 {
     PickerFonts text{kTextFont}; // months plain, footer bold
-    PickerFonts year{kYearFont};
+    PickerFonts year{kYearFont, kYearShare};
 };
 
 struct YearMonthPicture

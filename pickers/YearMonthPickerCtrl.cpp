@@ -26,8 +26,10 @@ int SystemSize(int index, const ViewScale& scale)
 
 PickerButtonMetrics ButtonMetrics(const ViewScale& scale)
 {
-    return CalcPickerButton({SystemSize(SM_CXEDGE, scale), SystemSize(SM_CYEDGE, scale), SystemSize(SM_CXHTHUMB, scale),
-                             SystemSize(SM_CYVTHUMB, scale)});
+    PickerButtonMetrics metrics = CalcPickerButton({SystemSize(SM_CXEDGE, scale), SystemSize(SM_CYEDGE, scale),
+                                                    SystemSize(SM_CXHTHUMB, scale), SystemSize(SM_CYVTHUMB, scale)});
+    metrics.height += scale.textGrowth;
+    return metrics;
 }
 } // namespace
 
@@ -121,11 +123,18 @@ void CYearMonthPickerCtrl::ApplyScale(int dpi)
         return;
     }
     m_scale.dpi = ClampedDpi(dpi);
-    m_pFonts->SetScale(m_scale);
+    m_scale.textGrowth = m_hostFont ? TextGrowth(*m_hostFont, m_scale) : 0;
+    m_pFonts->Show(m_scale, m_hostFont);
     if (m_hWnd) {
         SetWindowSize();
         Invalidate(FALSE);
     }
+}
+
+void CYearMonthPickerCtrl::SetTextFont(const LOGFONT& font)
+{
+    m_hostFont = font;
+    ApplyScale(m_scale.dpi);
 }
 
 LRESULT CYearMonthPickerCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
@@ -136,6 +145,10 @@ LRESULT CYearMonthPickerCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lPa
     }
     const WindowAlive alive(this, m_life);
     result = CButton::WindowProc(message, wParam, lParam);
+    LOGFONT font = {};
+    if (alive && message == WM_SETFONT && FontOfMessage(reinterpret_cast<HFONT>(wParam), m_scale, font)) {
+        SetTextFont(font);
+    }
     if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
         ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
     }

@@ -19,6 +19,7 @@
 #include <afxdisp.h>
 
 #include <memory>
+#include <optional>
 
 class CYearMonthPopup;
 
@@ -59,6 +60,11 @@ public:
     void SetScale(int dpi);
     int GetScale() const { return m_scale.dpi; }
     const dayvane::ViewScale& GetViewScale() const { return m_scale; }
+
+    // Face and size of the texts of button and popup; the height is that for 96 dpi. Sizes the button anew. WM_SETFONT
+    // does the same with a font of the present scale.
+    void SetTextFont(const LOGFONT& font);
+    const std::optional<LOGFONT>& GetTextFont() const { return m_hostFont; } // none: the control's own fonts
 
     // The face and the popup's year as years of eras, "令和8年11月"; without repainting. Off at first.
     void ShowEraTitles(BOOL bShow);
@@ -112,6 +118,7 @@ protected:
     BOOL m_bOwnScale = FALSE; // the host has set one
     dayvane::SystemThemeWatch m_themeWatch;
     std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
+    std::optional<LOGFONT> m_hostFont; // for 96 dpi
     BOOL m_bDropped = FALSE;
     BOOL m_bEraTitles = FALSE;
     CRect m_rcArrow;             // client pixels

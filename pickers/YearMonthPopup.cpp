@@ -33,8 +33,8 @@ BOOL CYearMonthPopup::Open(CPoint ptTopLeft)
     m_theme = m_pPicker->GetTheme();
     const ViewScale scale = m_pPicker->GetViewScale();
     const YearMonthMetrics metrics = kYearMonthMetrics.At(scale);
-    m_fonts.text.SetScale(scale);
-    m_fonts.year.SetScale(scale);
+    m_fonts.text.Show(scale, m_pPicker->GetTextFont());
+    m_fonts.year.Show(scale, m_pPicker->GetTextFont());
     const CSize size(metrics.popup);
     CRect picker;
     m_pPicker->GetWindowRect(&picker);

@@ -446,6 +446,27 @@ TEST(MiniCalendarWindow, NamedDaysAreNamedInATip)
     EXPECT_TRUE(PumpUntil([&] { return ::IsWindowVisible(tip()) == FALSE; }));
 }
 
+TEST(MiniCalendarWindow, TheHostsFontMakesRoomForItself)
+{
+    Days s;
+    const CSize before = s.control->GetGridSize();
+    const Pixels own = s.Seen(*s.control);
+    LOGFONT font = {};
+    font.lfHeight = 12;
+    lstrcpy(font.lfFaceName, "Arial");
+    s.control->SetTextFont(font);
+    EXPECT_EQ(s.control->GetGridSize(), before) << "lines of the height that there is room for";
+    EXPECT_NE(s.Seen(*s.control), own);
+    font.lfHeight = 30;
+    CFont larger;
+    larger.CreateFontIndirect(&font);
+    s.control->SetScale(192);
+    s.control->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(larger.GetSafeHandle()), FALSE);
+    EXPECT_EQ(s.control->GetTextFont()->lfHeight, 15) << "at 96 dpi";
+    // A title, the weekdays, six weeks and the footer: nine lines, each higher by 30 - 24.
+    EXPECT_EQ(s.control->GetGridSize().cy, 2 * before.cy + 9 * 6);
+}
+
 TEST(MiniCalendarWindow, DaysOffComeFromAProvider)
 {
     class SecondOff : public DayProvider

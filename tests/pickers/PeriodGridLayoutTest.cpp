@@ -183,6 +183,9 @@ TEST(PeriodTexts, NameMonthYearAndToday)
     const CalendarTexts texts = CalendarTexts::Required();
     EXPECT_EQ(u"2010年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2010, 5, 1)), texts));
     EXPECT_EQ(u"2010年", PeriodTitle(kYearPolicy, 2010, texts));
+    EXPECT_EQ(u"平成31年4月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(2019, 4, 1)), texts, true));
+    EXPECT_EQ(u"令和元年", PeriodTitle(kYearPolicy, 2019, texts, true)) << "the era at its end";
+    EXPECT_EQ(u"1600年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(1600, 5, 1)), texts, true));
     EXPECT_EQ(u"今日: 2010/5/3", FooterText(CellUnit::Day, Day(2010, 5, 3, 12), texts));
     EXPECT_EQ(u"今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3), texts));
     EXPECT_TRUE(FooterText(CellUnit::Month, NoDate(), texts).empty());
