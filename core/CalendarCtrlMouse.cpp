@@ -12,6 +12,8 @@ namespace {
 
 constexpr DWORD kHoverMilliseconds = 1000;
 constexpr UINT kDragCursor = 18006;
+constexpr int kDragCursorSizes[] = {32, 48, 64, 96}; // pixels; the first one at 96 dpi
+constexpr int kDragCursorCount = sizeof(kDragCursorSizes) / sizeof(kDragCursorSizes[0]);
 constexpr UINT_PTR kScrollTimer = 0x4441;
 
 HCURSOR CursorOfEdge(ItemEdge edge)
@@ -22,12 +24,22 @@ HCURSOR CursorOfEdge(ItemEdge edge)
     return ::LoadCursor(nullptr, edge == EDGE_BOTTOM ? IDC_SIZENS : IDC_SIZEWE);
 }
 
-HCURSOR DragCursor()
+// The largest of the pictures that is not larger than the scale asks for: none of them is stretched.
+HCURSOR DragCursor(const ViewScale& scale)
 {
-    // The library's own, whether or not the host has an application object.
     const LPCTSTR name = MAKEINTRESOURCE(kDragCursor);
-    const HCURSOR cursor = ::LoadCursor(AfxFindResourceHandle(name, RT_GROUP_CURSOR), name);
-    return cursor ? cursor : ::LoadCursor(nullptr, IDC_SIZEALL);
+    // The library's own, whether or not the host has an application object.
+    const HINSTANCE module = AfxFindResourceHandle(name, RT_GROUP_CURSOR);
+    static HCURSOR made[kDragCursorCount] = {}; // each is loaded once
+    int index = 0;
+    while (index + 1 < kDragCursorCount && kDragCursorSizes[index + 1] <= scale.Of(kDragCursorSizes[0])) {
+        ++index;
+    }
+    if (!made[index]) {
+        const int size = kDragCursorSizes[index];
+        made[index] = static_cast<HCURSOR>(::LoadImage(module, name, IMAGE_CURSOR, size, size, LR_DEFAULTCOLOR));
+    }
+    return made[index] ? made[index] : ::LoadCursor(nullptr, IDC_SIZEALL);
 }
 
 } // namespace
@@ -127,7 +139,10 @@ public:
     {
         m_pCtrl->Notify(CCN_ITEMMOVED, m_pCtrl->m_nCurSel, m_nFlags, m_hit.pt, m_hit.time, m_hit.nHitCode);
     }
-    void ShowDragCursor(ItemEdge edge) override { ::SetCursor(edge == EDGE_NONE ? DragCursor() : CursorOfEdge(edge)); }
+    void ShowDragCursor(ItemEdge edge) override
+    {
+        ::SetCursor(edge == EDGE_NONE ? DragCursor(m_pCtrl->m_scale) : CursorOfEdge(edge));
+    }
     void ShowArrowCursor() override { ::SetCursor(::LoadCursor(nullptr, IDC_ARROW)); }
     void TakeCapture() override { m_pCtrl->SetCapture(); }
     void ReleaseCapture() override
