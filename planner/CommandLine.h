@@ -1,5 +1,6 @@
 // planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--days WORD,...]
-//             [--zone NAME] [--shot FILE.bmp] [--pages FILE.ps [--paper P]] [--language en|ja] [--settings FILE.ini]
+//             [--zone NAME] [--holidays FILE.csv] [--shot FILE.bmp] [--pages FILE.ps [--paper P]] [--language en|ja]
+//             [--settings FILE.ini]
 //             [--copy-every SECONDS]
 #pragma once
 
@@ -31,6 +32,7 @@ struct CommandLine
         paper; // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" behind it; empty: what suits the page
     std::string days;     // what is shown of days besides the usual (planner/DayChoices.h)
     std::string zone;     // of the second clock; empty: none
+    std::string holidays; // a list as CSV; empty: the law's
     std::string language; // en or ja; empty: what the settings say
     std::string settings; // the file of the settings; empty: the user's own, none for pictures and pages
     int copySeconds = 0;  // between the copies that are kept of unsaved changes; 0: as usual

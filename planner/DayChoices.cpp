@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <sstream>
 
 #include "calc/Eras.h"
 #include "calc/SexagenaryCycle.h"
 #include "calc/SkyDay.h"
 #include "core/EraTitles.h"
+#include "planner/Words.h"
 
 namespace planner {
 
@@ -15,6 +17,14 @@ namespace {
 
 using dayvane::ical::kDaySeconds;
 using dayvane::ical::LocalTime;
+
+// By the order of dayvane::CsvFault
+constexpr const char* kFaults[] = {"this is not a date and a name", "there is no such day",
+                                   "the name is empty or too long", "this is neither UTF-8 nor Shift-JIS",
+                                   "the day stands in an earlier line"};
+
+// By the order of DayChoices::At
+constexpr const char* kWords[] = {"names", "terms", "seasonal", "rokuyo", "lunar", "moon", "weeks", "eras", "lunch"};
 
 constexpr int kMonday = 2;
 constexpr int kFriday = 6;
@@ -96,6 +106,28 @@ std::string DayStatus(const dayvane::CivilDate& day, const dayvane::DayCalendar&
     return text;
 }
 
+dayvane::DayCalendar& TheDays()
+{
+    static dayvane::DayCalendar days;
+    return days;
+}
+
+HolidayListReport LoadHolidays(dayvane::DayCalendar& days, const std::string& csv)
+{
+    HolidayListReport report;
+    const dayvane::HolidayList list = dayvane::ReadHolidayCsv(csv);
+    report.days = static_cast<int>(list.holidays.size());
+    for (const dayvane::CsvProblem& problem : list.problems) {
+        report.problems.push_back(
+            {problem.line, Tr("List of holidays: ") + Tr(kFaults[static_cast<int>(problem.fault)])});
+    }
+    if (report.days > 0) {
+        days.ClearLoadedHolidays();
+        days.LoadHolidays(csv);
+    }
+    return report;
+}
+
 dayvane::ZoneClock ClockOf(const dayvane::ical::TimeZone& zone)
 {
     const auto offsetAt = [&zone](LocalTime utc) { return static_cast<int>(zone.WallOfUtc(utc) - utc); };
@@ -128,16 +160,26 @@ DayChoices::DayChoices()
 
 bool* DayChoices::Find(const std::string& word)
 {
-    const struct
-    {
-        const char* word;
-        bool* choice;
-    } choices[] = {{"names", &lines.names},       {"terms", &lines.terms},     {"seasonal", &lines.seasonalDays},
-                   {"rokuyo", &lines.rokuyo},     {"lunar", &lines.lunarDate}, {"moon", &lines.moonPhase},
-                   {"weeks", &lines.weekNumbers}, {"eras", &lines.eraTitles},  {"lunch", &lunchBreak}};
-    const auto found =
-        std::find_if(std::begin(choices), std::end(choices), [&](const auto& choice) { return word == choice.word; });
-    return found == std::end(choices) ? nullptr : found->choice;
+    const auto found = std::find(std::begin(kWords), std::end(kWords), word);
+    return found == std::end(kWords) ? nullptr : At(static_cast<int>(found - std::begin(kWords)));
+}
+
+bool* DayChoices::At(int index)
+{
+    bool* const choices[] = {&lines.names,     &lines.terms,       &lines.seasonalDays, &lines.rokuyo, &lines.lunarDate,
+                             &lines.moonPhase, &lines.weekNumbers, &lines.eraTitles,    &lunchBreak};
+    static_assert(std::size(choices) == std::size(kWords), "a word for each choice");
+    return choices[index];
+}
+
+std::string DayChoices::Words() const
+{
+    DayChoices copy = *this;
+    std::string list = "none";
+    for (const char* word : kWords) {
+        list += *copy.Find(word) ? "," + std::string(word) : "";
+    }
+    return list;
 }
 
 bool DayChoices::Take(const std::string& list)

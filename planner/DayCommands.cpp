@@ -1,18 +1,22 @@
 // The commands of View > Days, and what the status bar tells of the selected day.
 #include "core/SystemEras.h"
 #include "planner/PlannerFrame.h"
+#include "planner/DocumentFile.h"
+#include "planner/Settings.h"
 #include "planner/WideText.h"
 #include "planner/Words.h"
 #include "planner/resource.h"
 #include "views/timegrid/TimeGridCtrl.h"
 #include "views/timegrid/ZoneRuler.h"
 
+#include <afxdlgs.h>
+
 namespace {
 
+constexpr char kDays[] = "Days"; // in the settings
+constexpr char kListFilter[] = "CSV (*.csv)|*.csv|All files (*.*)|*.*||";
 constexpr int kPanePadding = 16; // pixels on both sides of the text together
 
-// By the commands' order
-const char* const kChoices[] = {"names", "terms", "seasonal", "rokuyo", "lunar", "moon", "weeks", "eras", "lunch"};
 const char* const kZones[] = {"",
                               "UTC",
                               "Europe/London",
@@ -37,18 +41,25 @@ CString CityOf(const std::string& zone)
 void CPlannerFrame::BeginDayChoices()
 {
     m_days = s_start.days;
+    SpeakOfDays();
+    dayvane::UseSystemEras();
+}
+
+void CPlannerFrame::SpeakOfDays()
+{
     const bool isJapanese = planner::CurrentLanguage() == planner::Language::Japanese;
     m_days.lines.language = isJapanese ? dayvane::DayLanguage::Japanese : dayvane::DayLanguage::English;
-    m_days.lines.eraTitles = m_days.lines.eraTitles && (isJapanese || m_days.isChosen);
-    m_dayNames.SetLanguage(m_days.lines.language);
-    dayvane::UseSystemEras();
+    m_days.lines.eraTitles = m_days.isChosen ? m_days.lines.eraTitles : isJapanese;
+    planner::TheDays().SetLanguage(m_days.lines.language);
 }
 
 void CPlannerFrame::ApplyDays(CCalendarCtrl& ctrl)
 {
     ctrl.SetDayLines(m_days.lines);
     m_sidePane.Calendar().ShowEraTitles(m_days.lines.eraTitles);
-    m_sidePane.Calendar().Refresh();
+    m_sidePane.ShowWeekNumbers(m_days.lines.weekNumbers, m_days.lines.weekRule);
+    m_toolBar.ShowEraTitles(m_days.lines.eraTitles);
+    RecalcLayout(); // the column of week numbers makes the side pane wider
     CTimeGridCtrl* grid = DYNAMIC_DOWNCAST(CTimeGridCtrl, &ctrl);
     if (!grid) {
         return;
@@ -75,15 +86,16 @@ void CPlannerFrame::ApplyDays(CCalendarCtrl& ctrl)
 
 void CPlannerFrame::OnDayChoice(UINT nID)
 {
-    bool& choice = *m_days.Find(kChoices[nID - ID_DAYS_SHOWN_FIRST]);
+    bool& choice = *m_days.At(nID - ID_DAYS_SHOWN_FIRST);
     choice = !choice;
+    m_days.isChosen = true;
     m_day = ShownDay();
     SetUpView();
 }
 
 void CPlannerFrame::OnUpdateDayChoice(CCmdUI* pCmdUI)
 {
-    pCmdUI->SetCheck(*m_days.Find(kChoices[pCmdUI->m_nID - ID_DAYS_SHOWN_FIRST]));
+    pCmdUI->SetCheck(*m_days.At(pCmdUI->m_nID - ID_DAYS_SHOWN_FIRST));
 }
 
 void CPlannerFrame::OnZone(UINT nID)
@@ -100,12 +112,69 @@ void CPlannerFrame::OnUpdateZone(CCmdUI* pCmdUI)
     pCmdUI->SetRadio(m_days.secondClock == kZones[pCmdUI->m_nID - ID_ZONE_FIRST]);
 }
 
+// ---- The list of holidays
+
+void CPlannerFrame::OnLoadHolidays()
+{
+    CFileDialog dialog(TRUE, "csv", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, kListFilter, this);
+    if (dialog.DoModal() == IDOK) {
+        ShowHolidaysOf(dialog.GetPathName());
+    }
+}
+
+void CPlannerFrame::OnHolidaysByLaw()
+{
+    ShowHolidaysOf(CString());
+}
+
+void CPlannerFrame::OnUpdateHolidaysByLaw(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetCheck(m_holidayList.IsEmpty());
+}
+
+void CPlannerFrame::ShowHolidaysOf(const CString& path)
+{
+    const auto bytes = path.IsEmpty() ? std::optional<std::string>() : planner::ReadWholeFile(path);
+    const std::string name = planner::Utf8OfSystem(path);
+    if (!path.IsEmpty() && !bytes) {
+        ShowProblem(planner::Tr("%1 cannot be read.", name));
+        return;
+    }
+    planner::HolidayListReport report;
+    if (bytes) {
+        report = planner::LoadHolidays(planner::TheDays(), *bytes);
+        ShowMessages(report.problems);
+    } else {
+        planner::TheDays().ClearLoadedHolidays();
+    }
+    m_holidayList = report.days > 0 || path.IsEmpty() ? path : m_holidayList;
+    m_day = ShownDay();
+    SetUpView();
+    if (!bytes) {
+        Tell(planner::Tr("The holidays are those of the law"));
+    } else if (report.days == 0) {
+        ShowProblem(planner::Tr("There is no holiday in %1", name));
+    } else {
+        Tell(planner::Tr("%1 holidays taken from %2", std::to_string(report.days), name));
+    }
+}
+
+// From one start to the next. What nobody has chosen stays as the planner's makers think.
+void CPlannerFrame::KeepDays()
+{
+    planner::IniText& ini = planner::TheSettings().Text();
+    ini.Set(kDays, "shown", m_days.isChosen ? m_days.Words() : std::string());
+    ini.Set(kDays, "secondClock", m_days.secondClock);
+    ini.Set(kDays, "holidays", planner::Utf8OfSystem(m_holidayList));
+}
+
 // The pane is as wide as its text.
 void CPlannerFrame::TellDay(const COleDateTime& day)
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
     const int firstDayOfWeek = ctrl ? ctrl->GetFirstDayOfWeek() : dayvane::kSunday;
-    const std::string status = planner::DayStatus(dayvane::CivilDateOf(day), m_dayNames, firstDayOfWeek, m_days.lines);
+    const std::string status =
+        planner::DayStatus(dayvane::CivilDateOf(day), planner::TheDays(), firstDayOfWeek, m_days.lines);
     const std::wstring text = planner::Wide(status);
     CClientDC dc(&m_statusBar);
     CFont* font = m_statusBar.GetFont();

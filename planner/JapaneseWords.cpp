@@ -25,6 +25,8 @@ constexpr Pair kPairs[] = {
     {"&Eras in titles", u8"見出しに元号(&E)"},
     {"Lunch &break", u8"昼休み(&B)"},
     {"Second &clock", u8"第二の時計(&C)"},
+    {"L&ist of holidays...", u8"祝日の一覧を読み込む(&I)..."},
+    {"&Holidays by the law", u8"法律による祝日(&H)"},
     {"&London", u8"ロンドン(&L)"},
     {"&Berlin", u8"ベルリン(&B)"},
     {"New &York", u8"ニューヨーク(&Y)"},
@@ -189,6 +191,21 @@ constexpr Pair kPairs[] = {
     {"Show the view larger", u8"表示を大きくします"},
     {"Show the view smaller", u8"表示を小さくします"},
     {"Show the view in its own size", u8"表示を元の大きさにします"},
+    {"Take the holidays of a published list (CSV) instead of the law's, in the years of the list",
+     u8"公表された一覧(CSV)の祝日を、その年について法律の祝日の代わりに表示します"},
+    {"Show the holidays that the law has on each day", u8"その日の法律による祝日を表示します"},
+
+    // Lists of holidays and what could not be read
+    {"Line %1: ", u8"%1行目: "},
+    {"List of holidays: ", u8"祝日の一覧: "},
+    {"this is not a date and a name", u8"日付と名前ではありません"},
+    {"there is no such day", u8"そのような日はありません"},
+    {"the name is empty or too long", u8"名前が空か長すぎます"},
+    {"this is neither UTF-8 nor Shift-JIS", u8"UTF-8 でも Shift-JIS でもありません"},
+    {"the day stands in an earlier line", u8"前の行に同じ日があります"},
+    {"The holidays are those of the law", u8"祝日は法律によります"},
+    {"There is no holiday in %1", u8"%1 に祝日がありません"},
+    {"%1 holidays taken from %2", u8"%2 の祝日 %1 日を使います"},
 
     // Tool bar
     {"Open", u8"開く"},

@@ -5,6 +5,7 @@
 #include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
 #include "planner/SystemText.h"
+#include "planner/Words.h"
 #include "planner/resource.h"
 
 namespace {
@@ -89,6 +90,15 @@ COLORREF CSidePane::DotOf(const COleDateTime& date, LPARAM lParam)
 void CSidePane::SetTexts(const CalendarTexts& texts)
 {
     m_calendar.SetTexts(texts);
+    m_calendar.Refresh();
+}
+
+void CSidePane::ShowWeekNumbers(BOOL bShow, dayvane::WeekRule rule)
+{
+    if (bShow != m_weekNumbers) {
+        m_weekNumbers = bShow;
+        m_calendar.ShowWeekNumbers(bShow, rule);
+    }
     m_calendar.Refresh();
 }
 
@@ -214,9 +224,7 @@ void CMessagePane::Show(const std::vector<planner::Message>& messages)
 {
     ResetContent();
     for (const planner::Message& message : messages) {
-        CString line;
-        line.Format("Line %d: ", message.line);
-        AddString(line + planner::SystemText(message.text));
+        AddString(planner::SystemText(planner::Tr("Line %1: ", std::to_string(message.line)) + message.text));
     }
 }
 

@@ -21,6 +21,8 @@ public:
     void Follow(const COleDateTime& day);
     void DocumentChanged();
     void SetTexts(const CalendarTexts& texts);
+    // Changes the pane's width: the frame lays out again.
+    void ShowWeekNumbers(BOOL bShow, dayvane::WeekRule rule);
     void SetTheme(planner::ThemeChoice choice);
     void SetScale(int dpi);
     // The day under a point of the screen, which a dragged item is dropped on; FALSE: none.
@@ -45,6 +47,7 @@ private:
     LPARAM m_lParam;
     planner::BusyDays m_busyDays;
     CMiniCalendarCtrl m_calendar;
+    BOOL m_weekNumbers = FALSE;
 };
 
 class CMessagePane : public CListBox

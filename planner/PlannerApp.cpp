@@ -2,7 +2,6 @@
 #include <afxext.h>
 #include <afxwin.h>
 
-#include "calc/DayCalendar.h"
 #include "planner/CommandLine.h"
 #include "planner/PlannerFrame.h"
 #include "planner/Settings.h"
@@ -40,7 +39,6 @@ private:
     void PrintPages(CPlannerFrame& frame);
 
     planner::CommandLine m_line;
-    dayvane::DayCalendar m_days; // today's law and the exact sky, in every view
     bool m_failed = false;
 };
 
@@ -54,7 +52,7 @@ CPlannerApp theApp;
 
 BOOL CPlannerApp::InitInstance()
 {
-    dayvane::SetDefaultDayProvider(&m_days);
+    dayvane::SetDefaultDayProvider(&planner::TheDays()); // today's law and the exact sky, in every view
     m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
     planner::Settings& settings = planner::TheSettings();
@@ -78,7 +76,7 @@ BOOL CPlannerApp::InitInstance()
     if (!start.days.Take(m_line.days)) {
         m_line.problem = "--days does not take '" + m_line.days + "'.";
     }
-    start.days.secondClock = m_line.zone;
+    start.days.secondClock = m_line.zone.empty() ? start.days.secondClock : m_line.zone;
     start.day.SetStatus(COleDateTime::null);
     if (m_line.date) {
         start.day = COleDateTime(m_line.date->year, m_line.date->month, m_line.date->day, 0, 0, 0);
@@ -104,6 +102,11 @@ BOOL CPlannerApp::InitInstance()
         frame.ShowProblem(m_line.problem);
     }
     TellMessages(frame);
+    const std::string list = settings.Text().Get("Days", "holidays");
+    const CString holidays = m_line.holidays.empty() ? planner::SystemOf(list) : CString(m_line.holidays.c_str());
+    if (!holidays.IsEmpty()) {
+        frame.ShowHolidaysOf(holidays);
+    }
     return TRUE;
 }
 
@@ -122,6 +125,8 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
     constexpr int least = 200, most = 20000; // pixels
     start.size.cx = std::clamp<int>(ini.GetNumber("Window", "width", start.size.cx), least, most);
     start.size.cy = std::clamp<int>(ini.GetNumber("Window", "height", start.size.cy), least, most);
+    start.days.Take(ini.Get("Days", "shown"));
+    start.days.secondClock = ini.Get("Days", "secondClock");
     if (m_line.copySeconds > 0) {
         start.copySeconds = static_cast<UINT>(m_line.copySeconds);
     }

@@ -70,6 +70,8 @@ ON_COMMAND_RANGE(ID_VIEW_PREVIOUS, ID_VIEW_NEXT, &CPlannerFrame::OnStep)
 ON_COMMAND_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnScale)
 ON_COMMAND_RANGE(ID_DAYS_SHOWN_FIRST, ID_DAYS_SHOWN_LAST, &CPlannerFrame::OnDayChoice)
 ON_COMMAND_RANGE(ID_ZONE_FIRST, ID_ZONE_LAST, &CPlannerFrame::OnZone)
+ON_COMMAND(ID_HOLIDAYS_LOAD, &CPlannerFrame::OnLoadHolidays)
+ON_COMMAND(ID_HOLIDAYS_BY_LAW, &CPlannerFrame::OnHolidaysByLaw)
 ON_COMMAND_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnSetting)
 ON_COMMAND_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnPane)
 ON_COMMAND_RANGE(ID_ZOOM_IN, ID_ZOOM_RESET, &CPlannerFrame::OnZoom)
@@ -96,6 +98,7 @@ ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_FIRST, ID_DAYS_LAST, &CPlannerFrame::OnUpdate
 ON_UPDATE_COMMAND_UI_RANGE(ID_SCALE_AUTOMATIC, ID_SCALE_COARSER, &CPlannerFrame::OnUpdateScale)
 ON_UPDATE_COMMAND_UI_RANGE(ID_DAYS_SHOWN_FIRST, ID_DAYS_SHOWN_LAST, &CPlannerFrame::OnUpdateDayChoice)
 ON_UPDATE_COMMAND_UI_RANGE(ID_ZONE_FIRST, ID_ZONE_LAST, &CPlannerFrame::OnUpdateZone)
+ON_UPDATE_COMMAND_UI(ID_HOLIDAYS_BY_LAW, &CPlannerFrame::OnUpdateHolidaysByLaw)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_HOLIDAYS, ID_VIEW_MONDAY_FIRST, &CPlannerFrame::OnUpdateSetting)
 ON_UPDATE_COMMAND_UI_RANGE(ID_THEME_FIRST, ID_THEME_LAST, &CPlannerFrame::OnUpdateTheme)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_SIDE_PANE, ID_VIEW_MESSAGES, &CPlannerFrame::OnUpdatePane)
@@ -225,9 +228,7 @@ LRESULT CPlannerFrame::OnAgendaChosen(WPARAM wParam, LPARAM)
 LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
 {
     const std::vector<planner::Message>& messages = Document()->Calendar().Messages();
-    m_messagePane.Show(messages);
-    m_messagePane.ShowWindow(messages.empty() ? SW_HIDE : SW_SHOWNA);
-    RecalcLayout();
+    ShowMessages({});
     if (m_day.GetStatus() != COleDateTime::valid) {
         m_day = FirstDay();
     }
@@ -241,6 +242,16 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
                                 : planner::Tr("%1 things of the file are not shown or not understood: see above",
                                               std::to_string(messages.size())));
     return 0;
+}
+
+// Those of the file, then others.
+void CPlannerFrame::ShowMessages(const std::vector<planner::Message>& others)
+{
+    std::vector<planner::Message> messages = Document()->Calendar().Messages();
+    messages.insert(messages.end(), others.begin(), others.end());
+    m_messagePane.Show(messages);
+    m_messagePane.ShowWindow(messages.empty() ? SW_HIDE : SW_SHOWNA);
+    RecalcLayout();
 }
 
 // Today; when the file has nothing in the months around it, the day of its last item before or its first behind.

@@ -62,6 +62,8 @@ public:
     void CheckReminders(const planner::PresentTime& now);
     void SpeakLanguage(planner::Language language);
     void Import(const CString& path);
+    // Shows the holidays of that file (CSV) instead of the law's in its years; empty: the law's again.
+    void ShowHolidaysOf(const CString& path);
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
@@ -129,6 +131,9 @@ protected:
     afx_msg void OnAbout();
     afx_msg void OnDayChoice(UINT nID);
     afx_msg void OnZone(UINT nID);
+    afx_msg void OnLoadHolidays();
+    afx_msg void OnHolidaysByLaw();
+    afx_msg void OnUpdateHolidaysByLaw(CCmdUI* pCmdUI);
     afx_msg void OnUpdateDayChoice(CCmdUI* pCmdUI);
     afx_msg void OnUpdateZone(CCmdUI* pCmdUI);
     afx_msg void OnUpdateUndo(CCmdUI* pCmdUI);
@@ -170,6 +175,7 @@ private:
     void KeepSettings();
     void MakeMenu(); // in the user's language, with the files opened before
     void RememberFile();
+    void ShowMessages(const std::vector<planner::Message>& others);
     void ChangeItem(const planner::OccurrenceId& id, const std::string& question,
                     const std::function<planner::EditResult(planner::Scope)>& change);
     void Reveal(const planner::OccurrenceId& id);
@@ -178,6 +184,8 @@ private:
     void Tell(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
     void BeginDayChoices();
+    void SpeakOfDays(); // in the user's language
+    void KeepDays();
     void ApplyDays(CCalendarCtrl& ctrl);
     void TellDay(const COleDateTime& day); // in its pane of the status bar
     void ApplyTheme();                     // to the view, bars and panes
@@ -209,8 +217,8 @@ private:
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
     planner::DayChoices m_days;
-    dayvane::DayCalendar m_dayNames; // in the language of the system, for the status bar
-    int m_rowsPerHour = 0;           // of the time grids; 0: what suits the items
+    CString m_holidayList; // a file; empty: the law's holidays
+    int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
     BOOL m_remind = TRUE;
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;

@@ -166,6 +166,12 @@ BOOL CPlannerToolBar::OnEraseBkgnd(CDC* pDC)
     return TRUE;
 }
 
+void CPlannerToolBar::ShowEraTitles(BOOL bShow)
+{
+    m_picker.ShowEraTitles(bShow);
+    m_picker.Invalidate(FALSE);
+}
+
 void CPlannerToolBar::SetTheme(planner::ThemeChoice choice)
 {
     planner::ShowTheme(m_picker, choice);

@@ -12,6 +12,7 @@ class CPlannerToolBar : public CToolBar
 public:
     BOOL Create(CWnd* pParent);
     void SetTexts(const CalendarTexts& texts) { m_picker.SetTexts(texts); } // of the picker
+    void ShowEraTitles(BOOL bShow);                                         // likewise
     void ShowTexts();                                                       // in the user's language
     // Shows the month in the picker.
     void Follow(const COleDateTime& day);

@@ -48,6 +48,7 @@ void CPlannerFrame::KeepSettings()
     ini.Set(kView, "solarTerms", m_solarTerms);
     ini.Set(kView, "reminders", m_remind);
     ini.Set(kView, "rowsPerHour", m_rowsPerHour);
+    KeepDays();
     ini.Set(kWindow, "sidePane", (m_sidePane.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "toolBar", (m_toolBar.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "statusBar", (m_statusBar.GetStyle() & WS_VISIBLE) != 0);
@@ -82,6 +83,7 @@ void CPlannerFrame::SpeakLanguage(planner::Language language)
     planner::SetLanguage(language);
     m_find.reset();
     m_reminderBox.reset();
+    SpeakOfDays();
     MakeMenu();
     m_toolBar.ShowTexts();
     RecalcLayout();

@@ -11,12 +11,14 @@ command_run() {
     local file="" shot="" pages="" system=932 planner_arguments=()
     while [ $# -gt 0 ]; do
         case $1 in
-            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --days | --zone | --language | --system)
+            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --days | --zone | --holidays | \
+                --language | --system)
                 [ $# -ge 2 ] || die "$1 needs a value; ./dev help tells which."
                 case $1 in
                     --shot) shot=$2 ;;
                     --pages) pages=$2 ;;
                     --system) system=$2 ;;
+                    --holidays) planner_arguments+=(--holidays "$(winepath_of "$2")") ;;
                     *) planner_arguments+=("$1" "$2") ;;
                 esac
                 shift

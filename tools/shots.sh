@@ -22,6 +22,20 @@ planner-conference-{view} conference-2017 day,week                              
 TABLE
 }
 
+# Months with all that can be said of their days: name, date, language. Among them the change of the emperor, the moved
+# holidays of 2020 and the autumn of 2033, where simple rules put the leap month wrong.
+list_days() {
+    cat <<'TABLE'
+days-2026-02  2026-02-10 ja
+days-2026-08  2026-08-10 en
+days-2026-12  2026-12-10 ja
+days-2019-05  2019-05-10 ja
+days-2020-07  2020-07-10 ja
+days-2033-09  2033-09-10 ja
+days-2033-12  2033-12-10 en
+TABLE
+}
+
 # Printed pages: name, calendar, view, date, paper, and how many of the sheets are kept.
 list_pages() {
     cat <<'TABLE'
@@ -49,6 +63,10 @@ command_shots() {
                 --system "$system"
         done
     done 3< <(list_windows)
+    while read -r -u 3 name date language; do
+        shoot_if_wanted "$wanted" "$name" office --view month --date "$date" --size 1360x960 --language "$language" \
+            --days names,terms,seasonal,rokuyo,lunar,moon,weeks,eras
+    done 3< <(list_days)
     while read -r -u 3 name file view date paper kept; do
         case $name in "$wanted"*) ;; *) continue ;; esac
         calendar=$(calendar_named "$file") || continue

@@ -1,4 +1,5 @@
 // Search, reminders, settings and texts of the planner: what works without its windows.
+#include "planner/DayChoices.h"
 #include "planner/IniText.h"
 #include "planner/Reminders.h"
 #include "planner/Search.h"
@@ -108,6 +109,32 @@ TEST(IniTextTest, KeepsWhatItDoesNotKnow)
               u8"file3=\r\n\r\n[Window]\r\ntitle=two lines\r\n");
     EXPECT_EQ(IniText(text).Text(), text);
     EXPECT_EQ(IniText(text).GetList("Files", "file").size(), 1u);
+}
+
+TEST(DayChoicesTest, HolidaysOfAListAndWordsThatAreKept)
+{
+    dayvane::DayCalendar days;
+    const auto namesOf = [&days](int month, int day) { return dayvane::NamesText(days.InfoOf({2027, month, day})); };
+    const HolidayListReport report =
+        LoadHolidays(days, u8"国民の祝日・休日月日,国民の祝日・休日名称\n2027/1/4,特別休暇\n2027/2/30,x\n");
+    EXPECT_EQ(report.days, 1);
+    ASSERT_EQ(report.problems.size(), 1u);
+    EXPECT_EQ(report.problems[0].line, 3);
+    EXPECT_EQ(report.problems[0].text, "List of holidays: there is no such day");
+    EXPECT_EQ(namesOf(1, 4), u8"特別休暇");
+    EXPECT_EQ(namesOf(1, 11), u8"鏡開き") << "the list stands for the whole year";
+    EXPECT_EQ(LoadHolidays(days, "BEGIN:VCALENDAR").days, 0);
+    EXPECT_EQ(namesOf(1, 4), u8"特別休暇") << "what is no list changes nothing";
+    LoadHolidays(days, u8"2028/1/1,元日");
+    EXPECT_EQ(namesOf(1, 11), u8"成人の日 鏡開き") << "by the law again";
+
+    DayChoices choices;
+    ASSERT_TRUE(choices.Take("none,names,weeks,lunch"));
+    DayChoices again;
+    ASSERT_TRUE(again.Take(choices.Words()));
+    EXPECT_EQ(again.Words(), "none,names,weeks,lunch");
+    EXPECT_FALSE(again.Take("names,holidays"));
+    EXPECT_TRUE(again.lines.weekNumbers && !again.lines.rokuyo);
 }
 
 TEST(WordsTest, AreInTheUsersLanguage)
