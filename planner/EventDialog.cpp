@@ -1,6 +1,8 @@
 #include "planner/EventDialog.h"
 
 #include "core/DateMath.h"
+#include "core/CalendarFonts.h"
+#include "core/ThemeColors.h"
 #include "planner/CalendarLanguage.h"
 #include "planner/ItemBridge.h"
 #include "planner/TypedDate.h"
@@ -119,6 +121,11 @@ void CEventDialog::MakeCalendar()
     m_calendar.SetRangeSelect(FALSE);
     m_calendar.SetTexts(planner::CalendarTextsOf(planner::CurrentLanguage() == planner::Language::Japanese));
     m_calendar.SetFirstDayOfWeek(m_choices.isMondayFirst ? dayvane::kMonday : dayvane::kSunday);
+    m_calendar.SetTheme(Theme());
+    m_calendar.SetTextFont(CalendarFonts::Modern().text);
+    if (planner::TheDialogLook().dpi != 0) {
+        m_calendar.SetScale(planner::TheDialogLook().dpi);
+    }
     m_calendar.SetRowAndCol(1, 1);
     const CSize size = m_calendar.GetGridSize();
     m_calendar.SetWindowPos(nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -438,7 +445,7 @@ HBRUSH CEventDialog::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor)
     const int id = pWnd ? ::GetDlgCtrlID(pWnd->m_hWnd) : 0;
     const bool isRule = id == IDC_RULE_SENTENCE && m_problems.count(FormField::Rule) != 0;
     if (id == IDC_START_PROBLEM || id == IDC_END_PROBLEM || isRule) {
-        pDC->SetTextColor(kProblemColor);
+        pDC->SetTextColor(dayvane::ThemeOr(Theme().headerHoliday, kProblemColor));
     }
     return brush;
 }

@@ -195,6 +195,9 @@ constexpr Pair kPairs[] = {
      u8"公表された一覧(CSV)の祝日を、その年について法律の祝日の代わりに表示します"},
     {"Show the holidays that the law has on each day", u8"その日の法律による祝日を表示します"},
 
+    {"%1 page", u8"%1ページ"},
+    {"%1 pages", u8"%1ページ"},
+
     // Lists of holidays and what could not be read
     {"Line %1: ", u8"%1行目: "},
     {"List of holidays: ", u8"祝日の一覧: "},

@@ -1,5 +1,6 @@
 #include "planner/PagesDialog.h"
 
+#include "planner/Words.h"
 #include "planner/resource.h"
 
 #include <afxdlgs.h>
@@ -51,7 +52,7 @@ constexpr NumberRow kNumbers[] = {{IDC_MARGIN_LEFT, &dayvane::PrintOptions::marg
 
 } // namespace
 
-BEGIN_MESSAGE_MAP(CPagesDialog, CDialog)
+BEGIN_MESSAGE_MAP(CPagesDialog, CPlannerDialog)
 ON_WM_PAINT()
 ON_BN_CLICKED(IDC_PRINTER, &CPagesDialog::OnPrinter)
 ON_CONTROL_RANGE(BN_CLICKED, IDC_PAGES_FIRST, IDC_PAGES_LAST, &CPagesDialog::OnChanged)
@@ -60,13 +61,13 @@ ON_CONTROL_RANGE(EN_CHANGE, IDC_PAGES_FIRST, IDC_PAGES_LAST, &CPagesDialog::OnCh
 END_MESSAGE_MAP()
 
 CPagesDialog::CPagesDialog(CCalendarCtrl& ctrl, PageSettings& settings, CWnd* pParent)
-    : CDialog(IDD_PAGES, pParent), m_ctrl(ctrl), m_settings(settings)
+    : CPlannerDialog(IDD_PAGES, pParent), m_ctrl(ctrl), m_settings(settings)
 {
 }
 
 BOOL CPagesDialog::OnInitDialog()
 {
-    CDialog::OnInitDialog();
+    CPlannerDialog::OnInitDialog();
     if (CWnd* place = GetDlgItem(IDC_PICTURE)) {
         place->GetWindowRect(&m_room);
         ScreenToClient(&m_room);
@@ -80,7 +81,7 @@ BOOL CPagesDialog::OnInitDialog()
 
 void CPagesDialog::Fill()
 {
-    SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>("The printer's paper"));
+    planner::AddListText(*this, IDC_PAPER, planner::Tr("The printer's paper"));
     SendDlgItemMessage(IDC_PAPER, CB_SETCURSEL, 0, 0);
     for (int i = 0; i < planner::PaperCount(); ++i) {
         SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(planner::PaperAt(i).name));
@@ -89,7 +90,7 @@ void CPagesDialog::Fill()
         }
     }
     for (const char* name : kOrientations) {
-        SendDlgItemMessage(IDC_ORIENTATION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
+        planner::AddListText(*this, IDC_ORIENTATION, planner::Tr(name));
     }
     SendDlgItemMessage(IDC_ORIENTATION, CB_SETCURSEL, static_cast<WPARAM>(m_settings.orientation), 0);
     for (const CheckRow& row : kChecks) {
@@ -165,9 +166,8 @@ void CPagesDialog::MakePage()
     if (CCalendarPrinter* pages = CCalendarPrinter::Of(m_ctrl)) {
         m_pages = pages->MakePages(planner::PaperSizeOf(Chosen(), pages->GetRange().kind));
     }
-    CString count;
-    count.Format(m_pages.size() == 1 ? "%d page" : "%d pages", static_cast<int>(m_pages.size()));
-    SetDlgItemText(IDC_PAGE_COUNT, count);
+    const std::string count = std::to_string(m_pages.size());
+    planner::SetItemUtf8(*this, IDC_PAGE_COUNT, planner::Tr(m_pages.size() == 1 ? "%1 page" : "%1 pages", count));
     InvalidateRect(&m_room, TRUE);
 }
 

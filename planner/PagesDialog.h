@@ -3,11 +3,12 @@
 
 #include <afxwin.h>
 
+#include "planner/PlannerDialog.h"
 #include "planner/PrintedPages.h"
 
 #include <vector>
 
-class CPagesDialog : public CDialog
+class CPagesDialog : public CPlannerDialog
 {
 public:
     // The settings become the chosen ones when DoModal answers IDOK.

@@ -2,6 +2,7 @@
 
 #include <afxpriv.h>
 
+#include "core/CalendarFonts.h"
 #include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
 #include "planner/SystemText.h"
@@ -74,6 +75,7 @@ BOOL CSidePane::Create(CWnd* pParent, UINT nID)
         return FALSE;
     }
     m_calendar.SetRangeSelect(FALSE);
+    m_calendar.SetTextFont(CalendarFonts::Modern().text);
     m_calendar.SetDotCallback(&CSidePane::DotOf, reinterpret_cast<LPARAM>(this));
     return TRUE;
 }

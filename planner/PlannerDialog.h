@@ -1,9 +1,22 @@
-// A dialog box in the user's language.
+// A dialog box in the user's language, at the resolution and in the colours of the planner's window.
 #pragma once
 
 #include <afxwin.h>
 
+#include "planner/PlannerTheme.h"
 #include "planner/WideText.h"
+
+namespace planner {
+
+// How the dialogs that open next look; the frame says it.
+struct DialogLook
+{
+    int dpi = 0; // 0: the system's, for which the templates are laid out
+    CalendarTheme theme;
+};
+DialogLook& TheDialogLook();
+
+} // namespace planner
 
 class CPlannerDialog : public CDialog
 {
@@ -11,11 +24,16 @@ public:
     CPlannerDialog(UINT nIDTemplate, CWnd* pParent) : CDialog(nIDTemplate, pParent) {}
 
 protected:
-    BOOL OnInitDialog() override
-    {
-        CDialog::OnInitDialog();
-        planner::KeepWideTitle(m_hWnd);
-        planner::TranslateWindow(m_hWnd);
-        return TRUE;
-    }
+    BOOL OnInitDialog() override;
+    const CalendarTheme& Theme() const { return m_theme; }
+    afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void TakeScale(int dpi);
+    void TakeTheme();
+
+    CalendarTheme m_theme;
+    CFont m_font; // of all controls, at the scale
+    CBrush m_ground, m_listGround;
 };

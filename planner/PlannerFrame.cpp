@@ -9,6 +9,7 @@
 #include "planner/CalendarLanguage.h"
 #include "planner/FindDialog.h"
 #include "planner/ItemBridge.h"
+#include "planner/PlannerDialog.h"
 #include "planner/ReminderDialog.h"
 #include "planner/WideText.h"
 #include "planner/Words.h"
@@ -407,6 +408,7 @@ void CPlannerFrame::ApplyTheme()
     if (m_items.Ctrl()) {
         planner::ShowTheme(*m_items.Ctrl(), m_theme);
     }
+    planner::TheDialogLook().theme = theme;
     m_toolBar.SetTheme(m_theme);
     m_sidePane.SetTheme(m_theme);
     m_messagePane.SetTheme(theme);
@@ -421,6 +423,7 @@ void CPlannerFrame::ApplyScale()
     if (m_items.Ctrl()) {
         m_items.Ctrl()->SetScale(m_dpi * m_zoom / percent);
     }
+    planner::TheDialogLook().dpi = m_dpi;
     m_toolBar.SetScale(m_dpi);
     m_sidePane.SetScale(m_dpi);
     m_messagePane.SetScale(m_dpi);
@@ -436,6 +439,7 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     hours.dtEnd.SetTime(kOfficeCloses, 0, 0);
     ctrl.SetWorkTime(hours);
     planner::ShowTheme(ctrl, m_theme);
+    ctrl.SetFonts(CalendarFonts::Modern());
     ctrl.SetScale(m_dpi * m_zoom / 100);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);

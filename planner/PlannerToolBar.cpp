@@ -2,6 +2,7 @@
 
 #include <afxpriv.h>
 
+#include "core/CalendarFonts.h"
 #include "core/DrawingHelpers.h"
 #include "planner/WideText.h"
 #include "planner/Words.h"
@@ -87,6 +88,7 @@ void CPlannerToolBar::MakePicker()
 {
     CRect place(0, 0, kPickerWidth, kPickerWidth);
     if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
+        m_picker.SetTextFont(CalendarFonts::Modern().text);
         m_picker.SetWindowSize();
         PlacePicker();
     }

@@ -1,5 +1,6 @@
 // Controls show a theme in what they paint and in their edit box, go back to their own colours, and follow the system.
 #include "PlainCalendar.h"
+#include "core/SystemEras.h"
 #include "core/SystemTheme.h"
 #include "core/ThemeColors.h"
 #include "support/Input.h"
@@ -161,4 +162,30 @@ TEST(Scale, ModernFontsAreTheMessageFontWithTheCharactersOfTheSystem)
     dc.GetTextMetrics(&metrics);
     dc.SelectObject(before);
     EXPECT_EQ(scene.calendar->GetViewScale().Line(12), std::max<int>(metrics.tmHeight, 12)) << "lines hold the text";
+}
+
+TEST(SystemEras, NewerOnesThanTheTablesComeFromTheRegistry)
+{
+    constexpr WCHAR kKey[] = L"Software\\DayvaneTestEras";
+    HKEY key = nullptr;
+    ASSERT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, kKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &key,
+                                nullptr),
+              ERROR_SUCCESS);
+    const auto put = [key](const WCHAR* day, const WCHAR* names) {
+        ::RegSetValueExW(key, day, 0, REG_SZ, reinterpret_cast<const BYTE*>(names),
+                         static_cast<DWORD>((wcslen(names) + 1) * sizeof(WCHAR)));
+    };
+    put(L"2060 04 01", L"\u5F8C\u5143_\u5F8C_Kougen_K");
+    put(L"2019 05 01", L"\u4EE4\u548C_\u4EE4_Reiwa_R"); // in the table
+    put(L"2050 01 01", L"\u65B0\u5143_\u65B0_Shingen_X");
+    put(L"no date", L"x");
+    dayvane::EraTable eras;
+    const std::size_t before = eras.Eras().size();
+    EXPECT_EQ(dayvane::AddSystemEras(eras, HKEY_CURRENT_USER, kKey), 2);
+    ASSERT_EQ(eras.Eras().size(), before + 2);
+    EXPECT_EQ(eras.Eras()[before].english, "Shingen") << "in the order of their days";
+    EXPECT_EQ(eras.Format({2060, 4, 1}, dayvane::EraStyle::Short), "K1.4.1");
+    EXPECT_EQ(dayvane::AddSystemEras(eras, HKEY_CURRENT_USER, L"Software\\DayvaneNoSuchKey"), 0);
+    ::RegCloseKey(key);
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, kKey);
 }

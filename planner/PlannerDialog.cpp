@@ -1,0 +1,109 @@
+#include "planner/PlannerDialog.h"
+
+#include "core/SystemTheme.h"
+#include "core/ThemeColors.h"
+#include "core/WindowHelpers.h"
+
+namespace planner {
+
+DialogLook& TheDialogLook()
+{
+    static DialogLook look;
+    return look;
+}
+
+} // namespace planner
+
+namespace {
+
+constexpr char kComboClass[] = "ComboBox";
+
+CRect Scaled(const CRect& rect, int dpi, int base)
+{
+    return CRect(MulDiv(rect.left, dpi, base), MulDiv(rect.top, dpi, base), MulDiv(rect.right, dpi, base),
+                 MulDiv(rect.bottom, dpi, base));
+}
+
+// The place of a control in its dialog; that of a combo box with its list, as the system wants to hear it.
+CRect PlaceOf(HWND control, HWND dialog)
+{
+    CRect place;
+    ::GetWindowRect(control, &place);
+    char name[sizeof(kComboClass) + 1] = "";
+    ::GetClassName(control, name, sizeof(name));
+    CRect dropped;
+    if (lstrcmpi(name, kComboClass) == 0 &&
+        ::SendMessage(control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped)) != 0) {
+        place.bottom = place.top + dropped.Height();
+    }
+    ::MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CPlannerDialog, CDialog)
+ON_WM_CTLCOLOR()
+END_MESSAGE_MAP()
+
+BOOL CPlannerDialog::OnInitDialog()
+{
+    CDialog::OnInitDialog();
+    planner::KeepWideTitle(m_hWnd);
+    planner::TranslateWindow(m_hWnd);
+    TakeScale(planner::TheDialogLook().dpi);
+    TakeTheme();
+    return TRUE;
+}
+
+void CPlannerDialog::TakeScale(int dpi)
+{
+    const int base = dayvane::ScreenDpi();
+    LOGFONT font = {};
+    CFont* own = GetFont();
+    if (dpi == 0 || dpi == base || !own || !own->GetLogFont(&font)) {
+        return;
+    }
+    font.lfHeight = MulDiv(font.lfHeight, dpi, base);
+    m_font.CreateFontIndirect(&font);
+    for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        const CRect place = Scaled(PlaceOf(child, m_hWnd), dpi, base);
+        ::SendMessage(child, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), FALSE);
+        ::SetWindowPos(child, nullptr, place.left, place.top, place.Width(), place.Height(),
+                       SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    CRect client, window;
+    GetClientRect(&client);
+    GetWindowRect(&window);
+    const CSize frame(window.Width() - client.Width(), window.Height() - client.Height());
+    const CRect scaled = Scaled(client, dpi, base);
+    SetWindowPos(nullptr, 0, 0, scaled.Width() + frame.cx, scaled.Height() + frame.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    CenterWindow();
+}
+
+void CPlannerDialog::TakeTheme()
+{
+    m_theme = planner::TheDialogLook().theme;
+    if (m_theme == dayvane::kClassicTheme) {
+        return;
+    }
+    m_ground.CreateSolidBrush(planner::BarColors(m_theme).ground);
+    m_listGround.CreateSolidBrush(planner::ListColors(m_theme).ground);
+    planner::ShowTitleInTheme(m_hWnd, m_theme);
+    for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        dayvane::ShowWindowInTheme(child, m_theme);
+    }
+}
+
+HBRUSH CPlannerDialog::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor)
+{
+    if (m_theme == dayvane::kClassicTheme) {
+        return CDialog::OnCtlColor(pDC, pWnd, nCtlColor);
+    }
+    const bool isList = nCtlColor == CTLCOLOR_EDIT || nCtlColor == CTLCOLOR_LISTBOX;
+    const planner::PaneColors colors = isList ? planner::ListColors(m_theme) : planner::BarColors(m_theme);
+    pDC->SetTextColor(colors.text);
+    pDC->SetBkColor(colors.ground);
+    return static_cast<HBRUSH>((isList ? m_listGround : m_ground).GetSafeHandle());
+}
