@@ -28,7 +28,8 @@ endif()
 set(DAYVANE_SANITIZE "" CACHE STRING "Sanitizer flags, for example -fsanitize=address,undefined")
 if(DAYVANE_SANITIZE)
   separate_arguments(sanitize_flags UNIX_COMMAND "${DAYVANE_SANITIZE}")
-  target_compile_options(dayvane_flags INTERFACE ${sanitize_flags} -fno-omit-frame-pointer)
+  target_compile_options(dayvane_flags INTERFACE
+    "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:DAYVANE_PLAIN>>>:${sanitize_flags}>" -fno-omit-frame-pointer)
   target_link_options(dayvane_flags INTERFACE ${sanitize_flags})
 endif()
 
@@ -159,16 +160,17 @@ function(dayvane_add_public_dll)
   dayvane_describe_library(DayvanePublic)
 endfunction()
 
-# Test code gains little from the last optimisation, and there is much of it; under the sanitizers, from none.
-if(DAYVANE_SANITIZE)
-  set(dayvane_test_optimization -O0)
-else()
-  set(dayvane_test_optimization -O1)
+# Test code gains little from the last optimisation, and there is much of it. With sanitizers each test file would take
+# three times as long to compile; what they watch is the product.
+set(dayvane_test_optimization -O1)
+if(DAYVANE_SANITIZE AND NOT WIN32)
+  list(APPEND dayvane_test_optimization -g1)
 endif()
 
-# dayvane_test(NAME [PURE files] [PAINTER files] [SHELL files] [LIBS libs]): one test program for the folder NAME.
+# dayvane_test(NAME [SANITIZED] [PURE files] [PAINTER files] [SHELL files] [LIBS libs]): one test program for the folder
+# NAME. SANITIZED is for templates, which the tests compile.
 function(dayvane_test name)
-  cmake_parse_arguments(arg "" "" "PURE;PAINTER;SHELL;LIBS" ${ARGN})
+  cmake_parse_arguments(arg "SANITIZED" "" "PURE;PAINTER;SHELL;LIBS" ${ARGN})
   dayvane_collect(files PURE ${arg_PURE} PAINTER ${arg_PAINTER} SHELL ${arg_SHELL})
   if(NOT files)
     return()
@@ -176,6 +178,9 @@ function(dayvane_test name)
   add_executable(test_${name} ${files})
   target_link_libraries(test_${name} PRIVATE dayvane_test_support Dayvane dayvane_flags ${arg_LIBS})
   target_compile_options(test_${name} PRIVATE ${dayvane_test_optimization})
+  if(NOT WIN32 AND NOT arg_SANITIZED)
+    set_target_properties(test_${name} PROPERTIES DAYVANE_PLAIN ON)
+  endif()
   if(WIN32)
     target_precompile_headers(test_${name} REUSE_FROM dayvane_test_support)
   endif()
