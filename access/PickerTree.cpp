@@ -28,8 +28,8 @@ void AddPeriod(AccessTree& tree, const PeriodPolicy& policy, const PeriodBlock& 
         const int cell = static_cast<int>(i);
         AccessNode node = NodeOf(AccessPart::Cell, block.period, cell, block.cells[i].rect);
         node.grid = kGridOfCells;
-        node.gridRow = (block.row - 1) * policy.cellRows + cell / policy.cellColumns;
-        node.gridColumn = (block.column - 1) * policy.cellColumns + cell % policy.cellColumns;
+        node.gridRow = block.row * policy.cellRows + cell / policy.cellColumns;
+        node.gridColumn = block.column * policy.cellColumns + cell % policy.cellColumns;
         tree.Add(period, node);
     }
 }

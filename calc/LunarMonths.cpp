@@ -155,11 +155,11 @@ const LunarMonth& LunarQuarter::MonthOf(double day) const
             return month;
         }
     }
-    int next = 0;
+    int next = 1;
     while (next < kMonths && months[next].firstDay <= day) {
         ++next;
     }
-    return months[std::max(next - 1, 0)];
+    return months[next - 1];
 }
 
 const LunarQuarter& LunarQuarterOf(double day)

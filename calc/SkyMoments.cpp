@@ -48,7 +48,7 @@ double YearOf(double day)
 
 double Interpolated(double year)
 {
-    const Rotation* const after = std::lower_bound(std::begin(kRotation) + 1, std::end(kRotation) - 1, year,
+    const Rotation* const after = std::lower_bound(std::begin(kRotation) + 1, std::end(kRotation), year,
                                                    [](const Rotation& row, double y) { return row.year < y; });
     const Rotation& from = after[-1];
     const double share = (year - from.year) / (after->year - from.year);

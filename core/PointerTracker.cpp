@@ -94,7 +94,7 @@ PointerEffects PointerTracker::Press(const PointerHit& hit, const PressedItem& p
     if (IsItemCode(hit.code)) {
         m_selecting = false;
         m_pending = pressed.movable;
-        m_pressPoint = pressed.movable ? hit.point : CPoint(-1, -1);
+        m_pressPoint = hit.point;
         m_item = hit.item;
         m_edge = pressed.edge;
         m_pressInBand = IsBandCode(hit.code);
@@ -136,7 +136,6 @@ PointerEffects PointerTracker::StartDragOutsideSlop(const PointerHit& hit)
     if (!m_pending || !IsBeyondSlop(m_pressPoint, hit.point, m_scale.Of(kDragSlop))) {
         return effects;
     }
-    m_pressPoint = CPoint(-1, -1);
     m_dragging = true;
     effects.push_back(Plain(PointerEffect::DRAG_CURSOR));
     return effects;

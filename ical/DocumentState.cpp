@@ -50,7 +50,6 @@ bool DocumentState::Load(std::string_view bytes, const LoadProgress& progress)
     if (isLocked) {
         log.Add(1, "the file is in UTF-16, which calendar files never are: it is not read");
         scan.passages.push_back({bytes, 1, false, 0});
-        scan.insertAt = 1;
     } else {
         scan = ScanCalendar(bytes, log);
     }

@@ -194,19 +194,23 @@ TEST(Holiday, EasterAndEquinoxes)
         int month = 0, day = 0;
         CCalcHoliday::GetEasterSunday(year, month, day);
         EXPECT_EQ(year * 10000 + month * 100 + day, easter);
-        EXPECT_EQ(CCalcHoliday::IsEasterSunday(Date(year, month, day)), 1) << year;
+        EXPECT_EQ(CCalcHoliday::IsEasterSunday(Date(year, easter / 100 % 100, easter % 100)), 1) << year;
+        EXPECT_EQ(CCalcHoliday::IsEasterSunday(Date(year, easter / 100 % 100, easter % 100 - 7)), 0) << year;
     }
     // Published equinox days (National Astronomical Observatory of Japan).
     static const char vernalDays[] = "00110011001100110011001100010001"; // of 2000 to 2031, from 20 March
     static const char autumnDays[] = "11111111111101110111011101110111"; // from 22 September
     for (int year = 2000; year <= 2031; ++year) {
         int month = 0, day = 0;
+        const int vernalDay = 20 + vernalDays[year - 2000] - '0', autumnDay = 22 + autumnDays[year - 2000] - '0';
         CCalcHoliday::GetVernalEquinox(year, month, day);
-        EXPECT_EQ(month * 100 + day, 320 + vernalDays[year - 2000] - '0') << year;
-        EXPECT_EQ(CCalcHoliday::IsVernalEquinox(Date(year, 3, day)), 1);
+        EXPECT_EQ(month * 100 + day, 300 + vernalDay) << year;
         CCalcHoliday::GetAutumnalEquinox(year, month, day);
-        EXPECT_EQ(month * 100 + day, 922 + autumnDays[year - 2000] - '0') << year;
-        EXPECT_EQ(CCalcHoliday::IsAutumnalEquinox(Date(year, 9, day)), 1);
+        EXPECT_EQ(month * 100 + day, 900 + autumnDay) << year;
+        for (int each = 19; each <= 24; ++each) {
+            EXPECT_EQ(CCalcHoliday::IsVernalEquinox(Date(year, 3, each)), each == vernalDay) << year << " " << each;
+            EXPECT_EQ(CCalcHoliday::IsAutumnalEquinox(Date(year, 9, each)), each == autumnDay) << year << " " << each;
+        }
     }
 }
 

@@ -56,6 +56,7 @@ TEST(WeekNumbers, EveryRuleEqualsAWalk)
 {
     const std::pair<WeekRule, int> rules[] = {
         {WeekRule::WithFirstDay, 1}, {WeekRule::FirstFullWeek, 7}, {WeekRule::FirstFourDayWeek, 4}};
+    EXPECT_EQ(static_cast<int>(WeekRule::FirstFourDayWeek), 2) << "as LOCALE_IFIRSTWEEKOFYEAR has it";
     for (const auto& [rule, leastDays] : rules) {
         for (int firstDay = 1; firstDay <= 7; ++firstDay) {
             CivilDate week = {1999, 6, 1};

@@ -151,7 +151,10 @@ TEST(DayCalendar, LoadedHolidaysStandForWholeYears)
     EXPECT_EQ(Text(calendar.InfoOf({2030, 1, 1})), "") << "the file has the year, and not this day";
     EXPECT_EQ(Text(calendar.InfoOf({2031, 1, 1})), u8"元日:0 !") << "the file lacks the year";
 
+    calendar.LoadHolidays(u8"2031/1/1,年の始め\n2029/12/31,年の終り\n");
     calendar.LoadHolidays(u8"2030/8/1,別の日\n");
+    EXPECT_EQ(Text(calendar.InfoOf({2031, 1, 1})), u8"年の始め:0 !");
+    EXPECT_EQ(Text(calendar.InfoOf({2029, 12, 31})), u8"年の終り:0 !");
     EXPECT_EQ(Text(calendar.InfoOf({2030, 7, 1})), "");
     EXPECT_EQ(Text(calendar.InfoOf({2030, 8, 1})), u8"別の日:0 !");
     EXPECT_EQ(Text(calendar.InfoOf({2019, 5, 1})), u8"天皇の即位の日:0 !");

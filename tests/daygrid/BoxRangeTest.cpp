@@ -122,6 +122,8 @@ TEST(BoxRange, HasNoDatesWhereNoBoxHasOne)
     EXPECT_EQ(first.PositionOf(Day(100, 1, 1)), 5);
     EXPECT_EQ(Text(first.Moved(-36).LastDate()), "0100-01-01 23:59:59") << "its last box alone has a date";
     EXPECT_FALSE(first.Moved(-37).HasDates());
+    EXPECT_TRUE(Around(RangeKind::Year, Day(9999, 1, 1)).Moved(11).HasDates());
+    EXPECT_FALSE(Around(RangeKind::Year, Day(9999, 1, 1)).Moved(12).HasDates());
 }
 
 TEST(BoxRange, ScrollCodesMoveRangeAndThumb)

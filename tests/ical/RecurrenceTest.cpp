@@ -77,11 +77,14 @@ TEST(Recurrence, RulesGiveTheirDays)
         {"FREQ=MONTHLY;BYMONTH=2;BYMONTHDAY=30", "20260101", "99990101", "260101"},
         {"FREQ=DAILY;INTERVAL=0;COUNT=2", "20260101", "20270101", "260101 260102"},
         {"FREQ=DAILY;COUNT=0", "20260101", "20270101", "260101"},
+        {"FREQ=DAILY;COUNT=1", "99991230", "99991231T1200", "991230"},
     };
     for (const auto& row : rows) {
         const LocalTime start = At(row.start);
         EXPECT_EQ(Days(Expand(Rule(row.rule, start), start, start, At(row.to))), row.days) << row.rule;
     }
+    EXPECT_EQ(Rule("FREQ=DAILY;BYSECOND=60", At("20260101")).bySecond.back(), 59)
+        << "the clock of a day has no leap second";
 }
 
 TEST(Recurrence, RefusesWhatItDoesNotUnderstand)

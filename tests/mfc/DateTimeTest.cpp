@@ -138,6 +138,7 @@ TEST(DateTime, RefusesWhatIsNoDate)
         EXPECT_EQ(date.SetTime(1, 2, 3), 0);
         EXPECT_STREQ(FieldsOf(date), "1899-12-30 1:2:3");
     }
+    EXPECT_EQ(COleDateTimeSpan(4000000, 0, 0, 0).GetStatus(), COleDateTimeSpan::invalid);
     const double nan = std::numeric_limits<double>::quiet_NaN();
     for (const double value : {-657435.0, 2958466.0, 1e300, -HUGE_VAL, nan}) {
         COleDateTime date(value);

@@ -175,6 +175,8 @@ TEST(String, NeverTakesASecondByteForACharacter)
     start = 0;
     EXPECT_STREQ(text.Tokenize("表", start), "アポ");
     EXPECT_STREQ(text.Tokenize("表", start), "|A\\") << "both bytes of the delimiter are skipped";
+    EXPECT_STREQ(CString("@AZ[`az{").MakeLower(), "@az[`az{");
+    EXPECT_STREQ(CString("@AZ[`az{").MakeUpper(), "@AZ[`AZ{");
     EXPECT_STREQ(CString("\x83").MakeUpper(), "\x83") << "a lead byte alone at the end";
 }
 } // namespace

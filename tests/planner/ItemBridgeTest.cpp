@@ -4,6 +4,9 @@
 #include "planner/ItemBridge.h"
 #include "tests/ical/CalendarTesting.h"
 
+#include <array>
+#include <map>
+
 namespace planner {
 namespace {
 
@@ -55,6 +58,25 @@ TEST(ItemBridge, ShowsTheLastMomentAndFindsTheSameTimesAgain)
         EXPECT_STREQ(item.strText, "first second");
         EXPECT_TRUE(TimesAfterMove(times, item) == times);
     }
+}
+
+TEST(ItemBridge, ColoursComeFromThePalette)
+{
+    std::map<COLORREF, std::array<int, 3>> found; // back: shade, outline, text
+    Event event;
+    for (int i = 0; i < 200; ++i) {
+        event.categories = {std::to_string(i)};
+        const ItemColors& colors = ColorsOf(event);
+        found[colors.back] = {int(colors.shade), int(colors.outline), int(colors.text)};
+    }
+    const std::map<COLORREF, std::array<int, 3>> palette = {
+        // blue, green, red: backwards
+        {0xFBEADC, {0xF3D1B4, 0xCB8F5A, 0x5C3617}}, {0xE0F2DD, {0xB9DDB2, 0x6BA55B, 0x27451C}},
+        {0xD3EBFD, {0x98CEF8, 0x3F92D4, 0x0A3A5E}}, {0xE4DFF9, {0xC0B4EF, 0x806AC9, 0x2C1A61}},
+        {0xF6E1E8, {0xEABCCB, 0xC2728A, 0x5F2437}}, {0xF1F1D9, {0xDBDAA9, 0xA29F4A, 0x47450F}},
+        {0xCFF2F7, {0x8CDAE6, 0x42A1B3, 0x0C434C}}, {0xEEEAE9, {0xD6CDC9, 0x9E8E86, 0x40342E}},
+    };
+    EXPECT_EQ(found, palette);
 }
 
 TEST(ItemBridge, TakesAMoveOverAndKeepsWhatDidNotChange)

@@ -3,9 +3,12 @@
 #include "timegrid/GridItems.h"
 #include "timegrid/RandomItems.h"
 #include "views/timegrid/FulldayLanes.h"
+#include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridLayout.h"
 
 #include <gtest/gtest.h>
+
+#include <initializer_list>
 
 using namespace dayvane;
 using namespace gridtest;
@@ -105,4 +108,22 @@ TEST(TimeGridLayout, CrowdsMatchTheLiteralRules)
         PlaceTimedItems(actual, {grid}, DayRange::OneDay(kDay), TimeScale{2});
         ASSERT_NO_FATAL_FAILURE(ExpectSameItems(expected, actual));
     }
+}
+
+TEST(CountOverlayed, LooksAtEveryTimedBox)
+{
+    const auto count = [](std::initializer_list<CRect> boxes, int firstIsWholeDay = 0) {
+        ItemArray items;
+        for (const CRect& box : boxes) {
+            items.Add(Item(At(9, 0), At(10, 0), 0, items.GetSize() == 0 ? firstIsWholeDay : 0));
+            items[items.GetSize() - 1].rcItem = box;
+        }
+        return CountOverlayed(items);
+    };
+    const CRect box(0, 0, 20, 20), over(10, 10, 30, 30), beside(30, 30, 40, 40), common(15, 15, 35, 35);
+    EXPECT_EQ(1, count({}));
+    EXPECT_EQ(1, count({over, beside}));
+    EXPECT_EQ(2, count({box, over}));
+    EXPECT_EQ(1, count({box, over}, 1)) << "the band's bars do not count";
+    EXPECT_EQ(5, count({box, over, beside, common, CRect(15, 15, 16, 16)}));
 }

@@ -254,6 +254,18 @@ TEST(CurrentCell, CountsQuarterHours)
     }
 }
 
+TEST(CurrentCell, OfTheBandReachesOverItsDays)
+{
+    const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 361, 400), true, 20, 2, 3); // days of 100 from 61 on
+    const TimeGridState state{frame, TimeScale{2}, DayRange{kDay, 3}};
+    const int bottom = frame.fulldayContent.bottom;
+    const auto day = [](int days) { return AddDays(kDay, days); };
+    EXPECT_EQ(CRect(166, bottom - 25, 256, bottom - 5), CurrentBandBox(state, day(1), day(1)));
+    EXPECT_EQ(CRect(66, bottom - 25, 256, bottom - 5), CurrentBandBox(state, day(1), day(0)));
+    EXPECT_EQ(CRect(266, bottom - 25, 356, bottom - 5), CurrentBandBox(state, day(2), day(9)));
+    EXPECT_EQ(CRect(-1, -1, -1, -1), CurrentBandBox(state, day(3), day(4)));
+}
+
 TEST(SelectedRows, OfOneDayAndOfManyColumns)
 {
     const COleDateTime next = AddDays(At(8, 0), 1);

@@ -184,7 +184,7 @@ CRect VisibleMarkBox(const TimeGridState& state, const MoreMark& mark)
 
 bool IsBoxInSight(const TimeGridState& state, const tagCALENDAR_ITEM& item)
 {
-    return item.rcItem.top != -1 && ScrolledBox(state, item).bottom > state.frame.grid.top && !IsBandItem(item);
+    return ScrolledBox(state, item).bottom > state.frame.grid.top && !IsBandItem(item);
 }
 
 PaintedBox PaintedTimedBox(const TimeGridState& state, const tagCALENDAR_ITEM& item, int columnRight)
