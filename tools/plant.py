@@ -34,15 +34,21 @@ KINDS = [
 # Folders whose tests have another name than theirs, and which programs use a folder's code.
 PROGRAMS = {
     "calc": ["calc", "core", "daygrid", "timegrid", "pickers", "printing"],
-    "core": ["core", "daygrid", "timegrid", "pickers", "printing", "planner"],
-    "views/daygrid": ["daygrid", "printing"],
-    "views/timegrid": ["timegrid", "printing"],
-    "pickers": ["pickers", "printing"],
+    "core": ["core", "text", "daygrid", "timegrid", "pickers", "access", "printing", "planner"],
+    "views/daygrid": ["daygrid", "access", "printing"],
+    "views/timegrid": ["timegrid", "access", "printing"],
+    "pickers": ["pickers", "access", "printing"],
     "printing": ["printing"],
     "access": ["access"],
     "ical": ["ical", "planner"],
     "planner": ["planner"],
     "mfc": ["mfc", "core", "calc", "ical", "timegrid"],
+}
+WINDOWS_PROGRAMS = {
+    "core": ["core", "timegrid", "input"],
+    "views/daygrid": ["daygrid", "input"],
+    "views/timegrid": ["timegrid", "input"],
+    "pickers": ["pickers"],
 }
 
 
@@ -69,29 +75,37 @@ def candidates(root, folder):
             code = code_of(text)
             if code.lstrip().startswith(("#", "static_assert", "using", "namespace", "*")):
                 continue
+            if re.search(r"\b(ASSERT|assert|reserve)\(", code):
+                continue  # what asserts or only saves time
             # The default of a field is seldom seen by anybody: who makes the record fills it.
             if name.endswith(".h") and re.match(r"\s+(?!static|constexpr)[\w:<>]+ \w+ = [^;]*;", code):
                 continue
             for kind, pattern, new in KINDS:
                 for match in re.finditer(pattern, code):
+                    if kind == "swapped arguments" and re.search(r"\b(min|max)(<[\w:]+>)?\($", code[:match.start()]):
+                        continue  # both orders give the same
                     replaced = new(match) if callable(new) else match.expand(new)
                     changed = text[:match.start()] + replaced + text[match.end():]
                     if changed != text:
                         yield Fault(name, number, kind, text, changed)
 
 
-def programs_for(file):
-    for folder in sorted(PROGRAMS, key=len, reverse=True):
+def programs_for(file, programs):
+    for folder in sorted(programs, key=len, reverse=True):
         if file.startswith(folder + "/"):
-            return PROGRAMS[folder]
+            return programs[folder]
     return []
 
 
 class Tree:
     """A copy of the sources with a build of its own."""
+    programs = PROGRAMS
+    configuration = ["-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O1", "-DDAYVANE_SANITIZE=-D_GLIBCXX_ASSERTIONS"]
+    targets = ["all"]
+    suffix = ""
 
     def __init__(self, root, place):
-        self.path, self.build = place / "tree", place / "native"
+        self.root, self.path, self.build = root, place / "tree", place / "build"
         place.mkdir(parents=True, exist_ok=True)
         shutil.rmtree(self.path, ignore_errors=True)
         files = subprocess.run(["git", "ls-files"], cwd=root, capture_output=True, text=True, check=True).stdout
@@ -100,9 +114,9 @@ class Tree:
             if name and (root / name).exists():
                 (self.path / name).parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy2(root / name, self.path / name)
-        run(["cmake", "-G", "Ninja", "-S", str(self.path), "-B", str(self.build), "-DCMAKE_BUILD_TYPE=None",
-             "-DDAYVANE_BENCH=OFF", "-DDAYVANE_SANITIZE=-O1;-D_GLIBCXX_ASSERTIONS"])
-        run(["ninja", "-C", str(self.build), "all"])
+        run(["cmake", "-G", "Ninja", "-S", str(self.path), "-B", str(self.build), "-DDAYVANE_BENCH=OFF",
+             *self.configuration])
+        run(["ninja", "-C", str(self.build), *self.targets])
 
     def sources(self):
         text = (self.build / "compile_commands.json").read_text()
@@ -116,12 +130,12 @@ class Tree:
         path = self.path / fault.file
         original = path.read_text(encoding="utf-8")
         lines = original.split("\n")
-        lines[fault.line - 1] = fault.new
+        lines[fault.line - 1:fault.line + fault.old.count("\n")] = [fault.new]
         path.write_text("\n".join(lines), encoding="utf-8")
         try:
-            for program in programs_for(fault.file):
+            for program in programs_for(fault.file, self.programs):
                 target = f"test_{program}"
-                if not (self.build / "bin" / target).exists():
+                if not self.suffix and not (self.build / "bin" / target).exists():
                     continue  # a folder without native tests
                 built = subprocess.run(["ninja", "-C", str(self.build), target], capture_output=True, text=True)
                 if built.returncode:
@@ -134,12 +148,30 @@ class Tree:
 
     def passes(self, target):
         try:
-            done = subprocess.run([str(self.build / "bin" / target), "--gtest_fail_fast", "--gtest_brief=1"],
-                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=120,
-                                  env=dict(os.environ, LC_ALL="C.UTF-8", TZ="UTC"))
+            done = subprocess.run([*self.runner(), str(self.build / "bin" / target) + self.suffix, "--gtest_fail_fast",
+                                   "--gtest_brief=1"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                  timeout=240, env=dict(os.environ, LC_ALL="C.UTF-8", TZ="UTC"))
             return done.returncode == 0
         except subprocess.TimeoutExpired:
             return False
+
+    def runner(self):
+        return []
+
+
+class WindowsTree(Tree):
+    """For the faults of windows and painters: the 32-bit build, whose tests run under Wine."""
+    programs = WINDOWS_PROGRAMS
+    targets = sorted({f"test_{p}" for list_ in WINDOWS_PROGRAMS.values() for p in list_})
+    suffix = ".exe"
+
+    def __init__(self, root, place):
+        self.configuration = [f"-DCMAKE_TOOLCHAIN_FILE={root}/cmake/toolchain-win32.cmake", "-DCMAKE_BUILD_TYPE=None",
+                              "-DCMAKE_CXX_FLAGS=-O1", "-DDAYVANE_SAMPLES=OFF"]
+        super().__init__(root, place)
+
+    def runner(self):
+        return [str(self.root / "dev"), "wine"]
 
 
 def run(command):
@@ -159,13 +191,14 @@ def read_table(path):
 def listed_faults(root, rows):
     """The faults of a table: file, old text, new text, reason. Each old text stands once in its file."""
     for row in rows:
-        lines = (root / row[0]).read_text(encoding="utf-8").split("\n")
-        places = [n for n, text in enumerate(lines, 1) if row[1] in text]
-        if len(places) != 1:
-            print(f"{row[0]}: '{row[1]}' stands there {len(places)} times; the table is out of date")
+        old, new = (text.replace("\\n", "\n") for text in row[1:3])
+        text = (root / row[0]).read_text(encoding="utf-8")
+        if text.count(old) != 1:
+            print(f"{row[0]}: '{row[1]}' stands there {text.count(old)} times; the table is out of date")
             continue
-        text = lines[places[0] - 1]
-        yield Fault(row[0], places[0], "listed", text, text.replace(row[1], row[2], 1))
+        before, after = text.split(old)
+        first, last = before.rpartition("\n")[2], after.partition("\n")[0]
+        yield Fault(row[0], before.count("\n") + 1, "listed", first + old + last, first + new + last)
 
 
 def chosen(arguments, root, equivalents):
@@ -182,15 +215,22 @@ def main():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--folder", default="", help="only sources whose path begins so, for example views/timegrid")
     parser.add_argument("--listed", action="store_true", help="the faults of tests/plant/faults.tsv instead")
+    parser.add_argument("--windows", action="store_true", help="those of tests/plant/windows.tsv, under Wine")
+    parser.add_argument("--jobs", type=int, help="faults at a time (default: one for each processor)")
     parser.add_argument("--root", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
     parser.add_argument("--place", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
     arguments = parser.parse_args()
     root = arguments.root
     equivalents = {(row[0], row[1], row[2]) for row in read_table(root / "tests/plant/equivalents.tsv")}
 
+    if arguments.windows:
+        tree = WindowsTree(root, arguments.place / "windows")
+        faults = listed_faults(tree.path, read_table(root / "tests/plant/windows.tsv"))
+        summary([plant(tree, fault) for fault in faults], arguments)
+        return
     trees = queue.Queue()
     first = None
-    for number in range(os.cpu_count() or 1):
+    for number in range(arguments.jobs or os.cpu_count() or 1):
         tree = Tree(root, arguments.place / str(number))
         first = first or tree
         trees.put(tree)
@@ -226,6 +266,12 @@ def main():
     summary(results, arguments)
 
 
+def plant(tree, fault):
+    outcome = tree.try_fault(fault) or "does not compile"
+    report(fault, outcome)
+    return fault, outcome
+
+
 def report(fault, outcome):
     print(f"{outcome:22} {fault.kind:18} {fault.file}:{fault.line}", flush=True)
     if outcome == "survived":
@@ -239,7 +285,7 @@ def summary(results, arguments):
     for folder, planted in sorted(folders.items()):
         mine = sum(o != "survived" for f, o in results if str(pathlib.PurePosixPath(f.file).parent) == folder)
         print(f"{folder:18} {planted:7} {mine:6}")
-    what = "the listed faults" if arguments.listed else f"seed {arguments.seed}"
+    what = "the listed faults" if arguments.listed or arguments.windows else f"seed {arguments.seed}"
     print(f"{what}: {caught} of {len(results)} caught ({100 * caught // max(1, len(results))} %)")
 
 
