@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <random>
 #include <vector>
 
@@ -355,6 +356,45 @@ TEST(PartialPaintOfDerivedViews, ADragStepRepaintsEverythingUnlessTheClassAgrees
 {
     EXPECT_EQ(CaptionsPaintedByDragStep<CaptionCounter>(), 1);
     EXPECT_EQ(CaptionsPaintedByDragStep<CaptionCounterByParts>(), 0);
+}
+
+namespace {
+
+// How much of a window waits to be painted, in pixels.
+int PixelsToPaint(CWnd& window)
+{
+    CRgn region;
+    region.CreateRectRgn(0, 0, 0, 0);
+    const HRGN handle = static_cast<HRGN>(region.GetSafeHandle());
+    ::GetUpdateRgn(window.m_hWnd, handle, FALSE);
+    std::vector<char> bytes(::GetRegionData(handle, 0, nullptr));
+    ::GetRegionData(handle, static_cast<DWORD>(bytes.size()), reinterpret_cast<RGNDATA*>(bytes.data()));
+    int pixels = 0;
+    for (size_t at = sizeof(RGNDATAHEADER); at + sizeof(RECT) <= bytes.size(); at += sizeof(RECT)) {
+        RECT part;
+        std::memcpy(&part, &bytes[at], sizeof(part));
+        pixels += (part.right - part.left) * (part.bottom - part.top);
+    }
+    return pixels;
+}
+
+} // namespace
+
+TEST(PartialPaintOfTheMonth, AWeekOfScrollingMovesWhatStays)
+{
+    g_now = COleDateTime(2017, 4, 12, 13, 20, 0);
+    SetCalendarClock(&Now);
+    RecordingParent parent;
+    parent.Create(700, 560);
+    CMonthViewCtrl view;
+    view.SetCurrentDate(g_now);
+    view.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 660, 520), &parent, 7);
+    view.UpdateWindow();
+    view.SendMessage(WM_VSCROLL, SB_LINEDOWN);
+    EXPECT_GT(PixelsToPaint(view), 660 * 520 / 6);
+    EXPECT_LT(PixelsToPaint(view), 660 * 520 / 2);
+    view.DestroyWindow();
+    SetCalendarClock(nullptr);
 }
 
 namespace {

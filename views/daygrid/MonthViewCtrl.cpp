@@ -1,4 +1,5 @@
-// The month view: lifetime, dates, layout, hit test, navigation. Painting is in MonthViewCtrlPaint.cpp.
+// The month view: lifetime, dates, layout, hit test, navigation. Painting and scrolling
+// are in files of their own.
 #include "views/daygrid/MonthViewCtrl.h"
 
 #include "core/DateMath.h"
@@ -13,7 +14,6 @@ using namespace dayvane;
 namespace {
 
 constexpr char kWindowClass[] = "MFCMonthViewCtrl";
-constexpr int kRangeChangeValue = 4104; // nValue of CCN_VIEWRANGECHANGE
 
 // Colours in the order of the control's settings.
 constexpr COLORREF kCaptionColor = 0x3F6CE2;
@@ -149,18 +149,6 @@ void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
     last = EndOfDay(m_arCellDate[kMonthCells - 1].m_date);
 }
 
-void CMonthViewCtrl::MoveCalendar(int nWeeks)
-{
-    const BoxRange range = Range().Moved(static_cast<long long>(nWeeks) * kMonthColumns);
-    if (!range.HasDates()) {
-        return;
-    }
-    ShowRange(range);
-    UpdateScreenItems();
-    InvalidateClient();
-    NotifyViewRangeChange(m_dtCurrent, kRangeChangeValue);
-}
-
 void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
 {
     const int cell = Range().BoxOf(date);
@@ -275,44 +263,14 @@ void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
     // Scrolling has put the selection on the new current date.
     m_dtSelBegin = begin;
     m_dtSelEnd = end;
+    InvalidateClient();
 }
 
-// ---- Size and scroll
+// ---- Size
 
 void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
 {
     CDayGridCtrl::OnSize(nType, cx, cy);
     Layout(cx, cy);
     ResetScrollBar();
-}
-
-void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
-{
-    const ScrollStep scroll = Range().Scroll(nSBCode, GetScrollPos(SB_VERT), static_cast<int>(nPos), m_dtCurrent);
-    COleDateTime date = AddDays(m_dtCurrent, scroll.step);
-    if (!scroll.moves || !IsValid(date)) {
-        return;
-    }
-    const WindowAlive alive(this, m_life);
-    const bool isSelected = IsSameDay(m_dtSelBegin, date) && IsSameDay(m_dtSelEnd, date);
-    if (scroll.step != 0 || !isSelected) {
-        NotifySelDateChange(date);
-    }
-    if (!alive) {
-        return;
-    }
-    // The host may have set another date meanwhile.
-    date = AddDays(m_dtCurrent, scroll.step);
-    if (!IsValid(date)) {
-        return;
-    }
-    m_dtCurrent = m_dtScroll = date;
-    m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
-    MoveCalendar(scroll.step / kMonthColumns);
-    if (!alive) {
-        return;
-    }
-    m_dtSelBegin = m_dtSelEnd = m_dtCurrent;
-    SetScrollPos(SB_VERT, scroll.position, TRUE);
-    CDayGridCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
 }

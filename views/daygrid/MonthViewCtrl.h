@@ -15,6 +15,7 @@
 namespace dayvane {
 struct CaptionLook;
 struct DayLookInput;
+struct MonthPicture;
 } // namespace dayvane
 
 class CMonthViewCtrl : public CDayGridCtrl
@@ -101,6 +102,9 @@ protected:
 
 private:
     void MoveSelection(int nDays, UINT nFlags);
+    dayvane::MonthPicture TakePicture();
+    void RepaintMoved(dayvane::MonthPicture& before, int nWeeks);
+    void MoveCalendarFrom(dayvane::MonthPicture& before, int nWeeks);
     void ShowRange(const dayvane::BoxRange& range);
     dayvane::DayLookInput LookInput();
 };
