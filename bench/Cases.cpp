@@ -256,7 +256,11 @@ std::vector<CaseResult> ScrollCases()
     Stage stage("weekday", kScreen);
     stage.AddInView(1000);
     const double step = stage.Scroll(SB_LINEDOWN, SB_LINEUP);
-    return {{"7 days, 1,000 items: scroll by one row", step, stage.WholePaint(), 0}};
+    Stage month("month", kScreen);
+    month.AddInView(1000);
+    const double week = month.Scroll(SB_LINEDOWN, SB_LINEUP);
+    return {{"7 days, 1,000 items: scroll by one row", step, stage.WholePaint(), 0},
+            {"month, 1,000 items: scroll by one week", week, month.WholePaint(), 0}};
 }
 
 struct CaseRow
@@ -274,7 +278,7 @@ std::vector<CaseRow> Rows()
             drag("7 days, 5,000 timed items: drag step", "weekday", kScreen, 5000, 4),
             drag("month at 3840x2160, 10,000 items: drag step", "month", k4K, 10000, 4),
             {"100,000 in one month", LayoutCases},
-            {"7 days: scroll by one row", ScrollCases},
+            {"scroll by one row or week", ScrollCases},
             {"1,000,000 stored", MillionCases}};
 }
 
