@@ -23,6 +23,9 @@ public:
     // The width of the whole text in the selected font, pixels.
     int WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text);
 
+    // Of a line in the selected font, pixels.
+    int HeightOf(CDC* pDC, CFont* pSelectedFont) { return FactsOf(pDC, pSelectedFont).height; }
+
     // Call it when fonts are deleted: a new font may get the handle of an old one.
     void Clear();
 

@@ -1,5 +1,6 @@
 // Texts from the cache look like those that the system measures and cuts on every paint.
 #include "core/DrawingHelpers.h"
+#include "core/TextBlocks.h"
 #include "core/TextCache.h"
 #include "core/WideText.h"
 #include "support/MemoryDc.h"
@@ -79,4 +80,40 @@ TEST(TextCache, KeepsFontsAndWidthsApart)
     surface.Fill(RGB(255, 255, 255));
     cache.Draw(&surface.Dc(), &large, u"会議", CRect(10, 10, 10, 20), DT_LEFT);
     EXPECT_EQ(surface.CountOther(CRect(0, 0, kWidth, kHeight), RGB(255, 255, 255)), 0) << "no room";
+}
+
+// Each text is drawn three times: by the system, by the system and noted, and from memory.
+TEST(TextBlocks, DrawWhatTheSystemDraws)
+{
+    const char16_t* const texts[] = {u"10:00 - 11:00 Team meeting", u"設計レビュー（会議室 B）、資料は各自で。",
+                                     u"first\r\nsecond line\n", u"a  b-c/d averyveryverylongwordwithoutblanks",
+                                     u"& && x"};
+    const UINT formats[] = {DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL, DT_NOPREFIX | DT_SINGLELINE | DT_END_ELLIPSIS,
+                            DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS};
+    CFont font;
+    CreateFont(font, 12);
+    dayvane::TextCache widths;
+    dayvane::TextBlocks blocks;
+    MemoryDc drawn(kWidth, 80);
+    MemoryDc expected(kWidth, 80);
+    const dayvane::SelectGdi selectDrawn(&drawn.Dc(), &font);
+    const dayvane::SelectGdi selectExpected(&expected.Dc(), &font);
+    int boxes = 0;
+    for (const char16_t* text : texts) {
+        for (const UINT format : formats) {
+            for (int width = 20; width < 250; width += 23) {
+                const CRect rect(5, 3, 5 + width, 3 + 11 + width % 50);
+                ++boxes;
+                expected.Fill(RGB(255, 255, 255));
+                dayvane::DrawWideText(expected.Dc(), text, rect, format);
+                for (int round = 0; round < 3; ++round) {
+                    drawn.Fill(RGB(255, 255, 255));
+                    blocks.Draw(drawn.Dc(), &font, text, rect, format, widths);
+                    blocks.Note(drawn.Dc());
+                    ASSERT_TRUE(drawn.SameAs(expected)) << "format " << format << ", width " << width << ", " << round;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(blocks.CountNoted(), boxes);
 }

@@ -69,6 +69,7 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
     DrawFulldayContent(pDC, m_rcFulldayContent);
     DrawFulldayItem(pDC, m_rcFulldayContent, m_arScreenItem);
     DrawMoreMarks(pDC);
+    m_pParts->tools.blocks.Note(*pDC);
 }
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)

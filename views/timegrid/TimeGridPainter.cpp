@@ -280,7 +280,7 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, c
     // In one line of many days the text ends in an ellipsis rather than with its last whole word.
     const bool isOneLine = timesWhereTheyFit && content.Height() < kPaint.twoLinesHeight;
     const UINT lines = isOneLine ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK | DT_EDITCONTROL;
-    DrawWideText(m_dc, text, content, DT_NOPREFIX | lines);
+    m_tools.blocks.Draw(m_dc, font, text, content, DT_NOPREFIX | lines, m_tools.texts);
 }
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, const std::u16string& text,
@@ -292,7 +292,9 @@ void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, co
     const SelectGdi selectFont(&m_dc, font);
     m_dc.SetTextColor(item.crColor5);
     const UINT side = item.nPiece == PIECE_MIDDLE ? DT_CENTER : item.nPiece == PIECE_TAIL ? DT_RIGHT : DT_LEFT;
-    DrawWideText(m_dc, text, content, side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    m_tools.blocks.Draw(m_dc, font, text, content,
+                        side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS,
+                        m_tools.texts);
 }
 
 void TimeGridPainter::DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const

@@ -5,6 +5,7 @@
 #include "../../core/CalendarColors.h"
 #include "../../core/ClipArea.h"
 #include "../../core/GdiPens.h"
+#include "../../core/TextBlocks.h"
 #include "../../core/TextCache.h"
 #include "../../core/ThemePaint.h"
 #include "../../core/Fonts.h"
@@ -67,11 +68,13 @@ struct TimeGridTools
     PaintClip clip;
     PenSet pens;
     TextCache texts; // in the fonts of the grid and in those of the items
+    TextBlocks blocks;
 
     void Clear()
     {
         pens.Clear();
         texts.Clear();
+        blocks.Clear();
     }
 };
 
