@@ -53,8 +53,12 @@ page-conference-day   conference-2017  day       2017-04-25  A4               1
 TABLE
 }
 
-# shots [NAME]: all pictures, or those whose name begins so.
+# shots [NAME|tests]: all pictures, or those whose name begins so; or the pictures in tests/pictures.
 command_shots() {
+    if [ "${1:-}" = tests ]; then
+        in_subshell keep_pictures
+        return
+    fi
     local wanted=${1:-} name file views view date theme scale size language system paper kept calendar picture number
     while read -r -u 3 name file views date theme scale size language system; do
         for view in ${views//,/ }; do
@@ -78,6 +82,15 @@ command_shots() {
         done
         shrink_pictures "$shots_folder/$name"-[0-9]*.png
     done 3< <(list_pages)
+}
+
+# What ./dev test compares views and date selectors with.
+keep_pictures() {
+    need_wine
+    build win32 master_pictures
+    start_system 932
+    bash "$ROOT/tests/outside/master_pictures.sh" "$BUILD/win32/bin/master_pictures.exe" "$ROOT/tests/pictures" \
+        "$BUILD/logs/pictures-kept" keep || die "The pictures could not be drawn."
 }
 
 # The file of a calendar; 1 where it is not here.

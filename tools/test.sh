@@ -69,6 +69,8 @@ build_tests() {
         return # these build what they need themselves
     elif [ "$only" = drive ] || [ "$only" = week ]; then
         [ "$preset" != win32 ] || build win32 planner
+    elif [ "$only" = pictures ]; then
+        [ "$preset" != win32 ] || build win32 master_pictures
     elif [ "$only" = pages ]; then
         [ "$preset" != win32 ] || build win32 planner add_printer
     elif [ -n "$only" ]; then
@@ -138,6 +140,9 @@ test_lane() {
     if [ "$only" = week ]; then # needs another package and waits for a reminder: only when asked for
         play_week "$system" "$@"
     fi
+    if [ -z "$only" ] || [ "$only" = pictures ]; then
+        compare_pictures "$system" "$@"
+    fi
     if [ -z "$only" ] || [ "$only" = pages ]; then
         check_pages "$system" "$@"
     fi
@@ -166,6 +171,15 @@ play_week() {
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/week-$system"
 }
 
+# compare_pictures SYSTEM PRESET...: views and date selectors, without texts, against the pictures kept of them.
+compare_pictures() {
+    local system=$1
+    shift
+    [[ " $* " == *" win32 "* ]] || return 0
+    run_plain_program "win32/$system pictures" bash "$ROOT/tests/outside/master_pictures.sh" \
+        "$BUILD/win32/bin/master_pictures.exe" "$ROOT/tests/pictures" "$BUILD/logs/pictures-$system"
+}
+
 # check_pages SYSTEM PRESET...: what the planner prints, through the PostScript driver.
 check_pages() {
     local system=$1
@@ -183,7 +197,7 @@ programs_at_a_time=1
 run_tests_of() {
     local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments beside=() program
     shift 3
-    [[ ! "$only" =~ ^(package|stress|drive|week|pages)$ ]] || return 0
+    [[ ! "$only" =~ ^(package|stress|drive|week|pages|pictures)$ ]] || return 0
     while IFS=$'\t' read -r name file arguments; do
         if [ -z "$only" ] || [ "$only" = "$name" ]; then
             if [ "$programs_at_a_time" -gt 1 ]; then
