@@ -115,7 +115,7 @@ TEST(SolarTerms, WidenedTest)
         {7, 23, "大暑"}, {8, 7, "立秋"},   {8, 23, "処暑"}, {9, 8, "白露"},   {10, 8, "寒露"}, {10, 23, "霜降"},
         {11, 7, "立冬"}, {11, 22, "小雪"}, {12, 7, "大雪"}, {12, 22, "冬至"},
     };
-    std::set<int> near, indices;
+    std::set<int> around, indices;
     for (const auto& term : published) {
         const int day = civil::DayNumber(2010, term.month, term.day);
         for (int each = day - 1; each <= day + 1; ++each) {
@@ -124,7 +124,7 @@ TEST(SolarTerms, WidenedTest)
             const bool isFound = CLunarDate().Get24Setuki2(index, COleDateTime(static_cast<double>(each)), name);
             EXPECT_TRUE(isFound || each != day) << term.name;
             EXPECT_STREQ(name, isFound ? term.name : "");
-            near.insert(each);
+            around.insert(each);
             indices.insert(index);
         }
     }
@@ -133,7 +133,7 @@ TEST(SolarTerms, WidenedTest)
     for (int day = civil::DayNumber(2010, 1, 1); day <= civil::DayNumber(2010, 12, 31); ++day) {
         CString name;
         int index = -1;
-        EXPECT_TRUE(near.count(day) != 0 ||
+        EXPECT_TRUE(around.count(day) != 0 ||
                     !CLunarDate().Get24Setuki2(index, COleDateTime(static_cast<double>(day)), name))
             << day;
     }
