@@ -5,6 +5,8 @@
 namespace dayvane {
 namespace {
 
+constexpr LONG kAutomationRoot = -25; // UiaRootObjectId
+
 WindowAccessFactory s_factory = nullptr;
 
 } // namespace
@@ -20,14 +22,15 @@ bool AccessHook::Answer(CWnd& window, UINT message, WPARAM wParam, LPARAM lParam
         Close();
     }
     // Object identifiers are 32 bits wide, also in a 64-bit parameter.
-    if (message != WM_GETOBJECT || static_cast<LONG>(lParam) != OBJID_CLIENT || !s_factory) {
+    const LONG object = static_cast<LONG>(lParam);
+    if (message != WM_GETOBJECT || (object != OBJID_CLIENT && object != kAutomationRoot) || !s_factory) {
         return false;
     }
     if (!m_access) {
         m_access = s_factory(window);
     }
     const std::shared_ptr<WindowAccess> access = m_access;
-    result = access ? access->GetObject(wParam) : 0;
+    result = access ? access->GetObject(wParam, lParam) : 0;
     return result != 0;
 }
 

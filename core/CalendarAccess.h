@@ -18,8 +18,8 @@ public:
     virtual ~WindowAccess() = default;
     // The window ends: what programs still have of it answers that it is not connected any more.
     virtual void Disconnect() = 0;
-    // The answer to WM_GETOBJECT for the client area; 0: none.
-    virtual LRESULT GetObject(WPARAM wParam) = 0;
+    // The answer to WM_GETOBJECT; 0: none.
+    virtual LRESULT GetObject(WPARAM wParam, LPARAM lParam) = 0;
     // A message has been handled: tells of the focus, selection, items and texts that have changed since.
     virtual void Follow() = 0;
     // A key has moved the current item, or one end of it.

@@ -52,7 +52,6 @@ struct LayoutWatch;
 struct PaintedState;
 struct PieceMove;
 struct SelectedRange;
-struct ItemTimes;
 struct KeyStep;
 struct ViewParts;
 enum class KeyArrow;
@@ -174,6 +173,7 @@ protected:
     virtual dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays);
     // A key has moved an item to that time, or an end of it: brings it in sight, turning the page where needed.
     virtual void ShowMoved(const COleDateTime& when, BOOL bWholeDays);
+    virtual BOOL OpenMoreListAt(CPoint) { return FALSE; } // of the mark under a point of the window; FALSE: none is
 
 public:
     // ---- Items and selection.
@@ -551,18 +551,18 @@ private:
     void CarryItem(const dayvane::ItemTimes& times, const COleDateTime& mark);
     void DropCarriedItem();
     void ReleaseAt(const tagCCHITTESTINFO& hit);
-    BOOL EndCarryTimer(UINT_PTR nTimer);
-    bool IsWholeDayTimes(const dayvane::ItemTimes& times);
     void RefuseMove();
     BOOL BeginCarry();
     void MoveItemByKey(dayvane::KeyArrow arrow, dayvane::KeyEdge edge);
     BOOL TakeOptionKey(WPARAM nKey);
     BOOL TakeRequestKey(WPARAM nKey, BOOL bControl, BOOL bShift);
+    BOOL TakeCarryKey(const MSG& msg);
+    void StepPlace(BOOL bBack);
+    BOOL TakePlaceKey(WPARAM nKey);
+    CRect GetPlaceBox();
     BOOL BeginTyping(UINT nChar);
-    BOOL IsTypedCharacter(UINT nChar) const;
     BOOL ForwardTyping(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    // For programs that read aloud: a press of the mouse at one place and its release at another, with what the hit
-    // test would give; and the text of the current item, or a new one over the selection. FALSE: not done.
+    // For programs that read aloud: press and release at these hits; the text of the current item, or a new one.
     BOOL ClickAt(const tagCCHITTESTINFO& from, const tagCCHITTESTINFO& to);
     BOOL SetCurrentText(const wchar_t* text);
 

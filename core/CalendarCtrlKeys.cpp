@@ -4,6 +4,7 @@
 
 #include "core/DateMath.h"
 #include "core/InPlaceEdit.h"
+#include "core/Interaction.h"
 #include "core/KeyMoves.h"
 #include "core/PointerDriver.h"
 
@@ -13,7 +14,6 @@ using namespace dayvane;
 
 namespace {
 
-constexpr UINT_PTR kCarryTimer = 0x4B4D;
 constexpr UINT kCarryMilliseconds = 800; // without a key: the item is where it is meant to be
 constexpr UINT kFirstCharacter = ' ' + 1;
 constexpr UINT kDeleteCharacter = 0x7F; // that Ctrl+Backspace makes
@@ -46,6 +46,20 @@ bool IsModifier(WPARAM key)
 {
     return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU || key == VK_CAPITAL || key == VK_NUMLOCK ||
            key == VK_LWIN || key == VK_RWIN;
+}
+
+bool IsTypedCharacter(UINT character)
+{
+    return character >= kFirstCharacter && character != kDeleteCharacter && !IsDown(VK_MENU) && !IsDown(VK_CONTROL);
+}
+
+bool IsWholeDayTimes(CCalendarCtrl& ctrl, const ItemTimes& times)
+{
+    tagCALENDAR_ITEM item;
+    item.dtStart = times.start;
+    item.dtEnd = times.end;
+    item.nFullday = times.fullday;
+    return ctrl.IsFulldayItem(item) != FALSE;
 }
 
 // The request that a key stands for; 0: none.
@@ -142,7 +156,7 @@ void CCalendarCtrl::MoveItemByKey(KeyArrow arrow, KeyEdge edge)
     }
     const ItemTimes from = m_pointer->Tracker().LastPut();
     ItemTimes to;
-    if (!dayvane::MoveByKey(from, GetKeyStep(arrow, IsWholeDayTimes(from)), edge, GetMoveStepMinutes(), to)) {
+    if (!dayvane::MoveByKey(from, GetKeyStep(arrow, IsWholeDayTimes(*this, from)), edge, GetMoveStepMinutes(), to)) {
         RefuseMove();
     } else {
         const COleDateTime shown = edge == KeyEdge::End ? to.end : to.start;
@@ -150,7 +164,7 @@ void CCalendarCtrl::MoveItemByKey(KeyArrow arrow, KeyEdge edge)
         if (!alive || !IsCarrying()) {
             return;
         }
-        ShowMoved(shown, IsWholeDayTimes(to));
+        ShowMoved(shown, IsWholeDayTimes(*this, to));
         const std::shared_ptr<WindowAccess> access = alive ? m_access.Get() : nullptr;
         if (access) {
             access->ItemMoved(to, edge == KeyEdge::Whole);
@@ -159,25 +173,6 @@ void CCalendarCtrl::MoveItemByKey(KeyArrow arrow, KeyEdge edge)
     if (alive && m_hWnd && IsCarrying()) {
         SetTimer(kCarryTimer, kCarryMilliseconds, nullptr);
     }
-}
-
-bool CCalendarCtrl::IsWholeDayTimes(const ItemTimes& times)
-{
-    tagCALENDAR_ITEM item;
-    item.dtStart = times.start;
-    item.dtEnd = times.end;
-    item.nFullday = times.fullday;
-    return IsFulldayItem(item) != FALSE;
-}
-
-BOOL CCalendarCtrl::EndCarryTimer(UINT_PTR nTimer)
-{
-    if (nTimer != kCarryTimer) {
-        return FALSE;
-    }
-    KillTimer(kCarryTimer);
-    DropCarriedItem();
-    return TRUE;
 }
 
 // ---- Keys
@@ -207,6 +202,13 @@ BOOL CCalendarCtrl::TakeOptionKey(WPARAM nKey)
         if (!alive || (nKey == VK_RETURN && control)) {
             return TRUE;
         }
+    }
+    if (!alt && (nKey == VK_F6 || (nKey == VK_TAB && control))) {
+        StepPlace(shift);
+        return TRUE;
+    }
+    if (!control && !shift && !alt && TakePlaceKey(nKey)) {
+        return TRUE;
     }
     if (nKey == VK_F10 && shift && !control && !alt) {
         SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_hWnd), -1);
@@ -250,14 +252,37 @@ BOOL CCalendarCtrl::BeginTyping(UINT nChar)
     return TRUE;
 }
 
-BOOL CCalendarCtrl::IsTypedCharacter(UINT nChar) const
+// While keys carry an item its keys come before the host's accelerators; any other key ends that before it becomes a
+// command. TRUE: the key is done with.
+BOOL CCalendarCtrl::TakeCarryKey(const MSG& msg)
 {
-    return nChar >= kFirstCharacter && nChar != kDeleteCharacter && !IsDown(VK_MENU) && !IsDown(VK_CONTROL);
+    const bool isKey = msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN;
+    if (!isKey || msg.hwnd != m_hWnd || !IsCarrying() || IsModifier(msg.wParam)) {
+        return FALSE;
+    }
+    const WindowAlive alive(this, m_life);
+    KeyArrow arrow;
+    if (ArrowOf(msg.wParam, arrow) || msg.wParam == VK_RETURN || msg.wParam == VK_ESCAPE) {
+        SendMessage(msg.message, msg.wParam, msg.lParam);
+        return TRUE;
+    }
+    DropCarriedItem();
+    return !alive;
 }
 
-// Before the key is translated, so that the composition begins in the edit box and not in this window.
+// Typing is taken before the key is translated, so that the composition begins in the edit box and not in this window.
 BOOL CCalendarCtrl::PreTranslateMessage(MSG* pMsg)
 {
+    if (m_options.keyboardMoves && TakeCarryKey(*pMsg)) {
+        return TRUE;
+    }
+    const bool isPlaceKey = pMsg->wParam == VK_F6 || (pMsg->wParam == VK_TAB && IsDown(VK_CONTROL));
+    if (m_options.keyboardMoves && pMsg->hwnd != m_hWnd && pMsg->message == WM_KEYDOWN && isPlaceKey && !m_pEdit) {
+        m_interaction->place = ViewPlace::Title; // it came from a window in the title
+        SetFocus();
+        StepPlace(IsDown(VK_SHIFT));
+        return TRUE;
+    }
     if (m_options.typeToEdit && pMsg->hwnd == m_hWnd && pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_PROCESSKEY &&
         BeginTyping(VK_PROCESSKEY)) {
         pMsg->hwnd = m_pEdit->m_hWnd;

@@ -499,9 +499,12 @@ void CCalendarCtrl::OnCancelMode()
 void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
 {
     if (nIDEvent != kScrollTimer) {
-        if (!EndCarryTimer(nIDEvent)) {
-            CWnd::OnTimer(nIDEvent);
+        if (nIDEvent == kCarryTimer) {
+            KillTimer(kCarryTimer);
+            DropCarriedItem();
+            return;
         }
+        CWnd::OnTimer(nIDEvent);
         return;
     }
     CPoint point;

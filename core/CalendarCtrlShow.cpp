@@ -42,7 +42,10 @@ CRect CCalendarCtrl::FocusFrame()
     if (!m_bHasFocus || !m_interaction->showsFocus || !ShowsFocus(m_hWnd)) {
         return CRect(0, 0, 0, 0);
     }
-    CRect frame = GetFocusBox();
+    CRect frame = GetPlaceBox();
+    if (frame.IsRectEmpty()) {
+        frame = GetFocusBox();
+    }
     frame.DeflateRect(kFocusInset, kFocusInset);
     return frame.Width() > 0 && frame.Height() > 0 ? frame : CRect(0, 0, 0, 0);
 }
@@ -103,6 +106,10 @@ void CCalendarCtrl::OnEnable(BOOL bEnable)
 // for the whole top-level window.
 void CCalendarCtrl::ShowFocus(bool bShow)
 {
+    if (!bShow && m_interaction->place != ViewPlace::Grid) {
+        m_interaction->place = ViewPlace::Grid;
+        InvalidateClient();
+    }
     if (bShow != m_interaction->showsFocus) {
         m_interaction->showsFocus = bShow;
         const CRect box = GetFocusBox();

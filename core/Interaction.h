@@ -14,6 +14,17 @@
 
 namespace dayvane {
 
+constexpr UINT_PTR kCarryTimer = 0x4B4D; // runs while keys carry an item
+
+// Where the keys go in a view.
+enum class ViewPlace
+{
+    Title,
+    Band, // of the whole days
+    Grid,
+    Mark, // that counts hidden items
+};
+
 struct SelectedRange
 {
     COleDateTime begin;
@@ -34,6 +45,10 @@ struct Interaction
     bool showsFocus = false;                // the keyboard was used after the mouse
     CRect paintedFocus = CRect(0, 0, 0, 0); // where the window shows it now; empty: nowhere
     bool tabsBack = false;                  // the item that Tab looks for is an earlier one
+
+    ViewPlace place = ViewPlace::Grid; // the band is told by the selection
+    int mark = 0;                      // position in ViewParts::marks, while the place is a mark
+    SelectedRange beforeBand;          // what was selected in the rows
 
     bool isEnding = false; // the window is being destroyed: nothing is reported any more
 

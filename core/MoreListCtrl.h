@@ -24,7 +24,7 @@ public:
 
 protected:
     // Open the list of the mark under a point of the window, or of a date; FALSE: there is none.
-    virtual BOOL OpenMoreListAt(CPoint point) = 0;
+    BOOL OpenMoreListAt(CPoint point) override = 0;
     virtual BOOL OpenMoreListOf(const COleDateTime& date) = 0;
     // A row of the list: the item with its rectangle in the list.
     virtual void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) = 0;

@@ -278,6 +278,43 @@ TYPED_TEST(Keys, AskTheHost)
     this->ExpectReports({"paste -1"});
 }
 
+TYPED_TEST(Keys, StepBetweenTitleBandGridAndMarks)
+{
+    this->view->ShowCaption(TRUE);
+    PumpMessages();
+    COleDateTime before, first, last;
+    this->view->GetViewRange(before, last);
+    hand::Key(VK_TAB, {VK_CONTROL}); // no mark: the title
+    hand::Key(VK_RETURN);
+    this->ExpectReports({"go to 0"});
+    hand::Key(VK_RIGHT);
+    PumpUntil([&] { return this->view->GetViewRange(first, last), first > before; }, 2000);
+    EXPECT_GT(first, before) << "the title's arrows turn pages";
+    hand::Key(VK_LEFT);
+    hand::Key(VK_ESCAPE);
+    hand::Key(VK_F2);
+    this->ExpectReports({"rename 0"});
+    if (Steps<TypeParam>::hasRows) {
+        hand::Key(VK_F6, {VK_SHIFT});
+        EXPECT_TRUE(PumpUntil([&] { return this->view->IsWholeDaySelection(); }, 2000));
+        hand::Key(VK_F6);
+        EXPECT_TRUE(PumpUntil([&] { return !this->view->IsWholeDaySelection(); }, 2000));
+    }
+    if constexpr (!std::is_same_v<TypeParam, CMonthViewCtrl2>) { // whose blocks hide each other without a mark
+        CalendarOptions options = this->view->GetOptions();
+        options.moreList = options.tidyColumns = true;
+        this->view->SetOptions(options);
+        for (int i = 0; i < 60; ++i) {
+            this->Add("crowd", At(10, 0), At(11, 0));
+        }
+        hand::Key(VK_F6);
+        hand::Key(VK_RETURN);
+        EXPECT_TRUE(PumpUntil([&] { return this->view->IsMoreListOpen(); }, 2000));
+        hand::Key(VK_ESCAPE);
+        EXPECT_TRUE(PumpUntil([&] { return !this->view->IsMoreListOpen(); }, 2000));
+    }
+}
+
 TYPED_TEST(Keys, TypingOpensTheEditBox)
 {
     hand::Type("new");
