@@ -1,5 +1,7 @@
 #include "access/AccessTexts.h"
 
+#include "core/TextCodec.h"
+
 namespace dayvane {
 namespace {
 
@@ -146,6 +148,24 @@ const AccessTexts& EnglishAccessTexts()
 const AccessTexts& JapaneseAccessTexts()
 {
     static const AccessTexts texts = MakeJapanese();
+    return texts;
+}
+
+AccessTexts AccessTextsFor(const CalendarTexts& words, bool isJapaneseSystem)
+{
+    const bool isChosen = !words.weekdays[0].empty();
+    AccessTexts texts =
+        (isChosen ? !words.englishDayNames : isJapaneseSystem) ? JapaneseAccessTexts() : EnglishAccessTexts();
+    for (size_t i = 0; i < words.weekdays.size(); ++i) {
+        if (!words.weekdays[i].empty()) {
+            texts.weekdays[i] = EncodeText(words.weekdays[i], kUtf8CodePage);
+        }
+    }
+    for (size_t i = 0; i < words.months.size(); ++i) {
+        if (!words.months[i].empty()) {
+            texts.months[i] = EncodeText(words.months[i], kUtf8CodePage);
+        }
+    }
     return texts;
 }
 

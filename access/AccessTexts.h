@@ -2,6 +2,8 @@
 // filled in.
 #pragma once
 
+#include "../core/CalendarTexts.h"
+
 #include <string>
 #include <vector>
 
@@ -66,13 +68,17 @@ struct AccessTexts
     std::string cannotMove;
 };
 
-// What all windows of the process say; nullptr, as at first: Japanese where the user's Windows is, else English. The
+// What all windows of the process say; nullptr, as at first: what follows from each control's own texts (SetTexts). The
 // texts must live as long as they are set. For the thread of the user interface.
 void SetAccessTexts(const AccessTexts* texts);
 const AccessTexts* ChosenAccessTexts(); // nullptr: none was set
 
 const AccessTexts& EnglishAccessTexts();
 const AccessTexts& JapaneseAccessTexts();
+
+// What a control with these words says: in Japanese or English as they are, with their names of months and weekdays. Of
+// the words that controls begin with: in Japanese where the user's Windows is.
+AccessTexts AccessTextsFor(const CalendarTexts& words, bool isJapaneseSystem);
 
 // The pattern with {1} .. {9} filled in.
 std::string FillIn(const std::string& pattern, const std::vector<std::string>& parts);

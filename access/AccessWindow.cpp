@@ -1,6 +1,7 @@
 #include "access/AccessWindow.h"
 
 #include "access/AccessObject.h"
+#include "access/AutomationObject.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,10 +62,14 @@ void AccessWindow::Disconnect()
     Gone();
 }
 
-LRESULT AccessWindow::GetObject(WPARAM wParam)
+LRESULT AccessWindow::GetObject(WPARAM wParam, LPARAM lParam)
 {
     if (m_told.contents.empty()) {
         m_told = LookAround(); // what is so now is no news
+    }
+    if (static_cast<LONG>(lParam) != OBJID_CLIENT) {
+        m_isAutomated = true;
+        return AnswerWithAutomation(shared_from_this(), wParam, lParam);
     }
     return AnswerWithObject(shared_from_this(), wParam);
 }
@@ -198,6 +203,9 @@ void AccessWindow::Tell(DWORD event, const AccessId& id)
     if (m_hWnd) {
         ::NotifyWinEvent(event, m_hWnd, OBJID_CLIENT, ChildIdOf(id));
     }
+    if (m_hWnd && m_isAutomated) {
+        RaiseAutomation(shared_from_this(), event, id);
+    }
 }
 
 AccessWindow::Told AccessWindow::LookAround()
@@ -264,13 +272,20 @@ void AccessWindow::Follow()
 
 // ---- Texts
 
-const AccessTexts& CurrentAccessTexts()
+const AccessTexts& AccessWindow::Texts()
 {
     if (const AccessTexts* texts = ChosenAccessTexts()) {
         return *texts;
     }
-    const bool isJapanese = PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
-    return isJapanese ? JapaneseAccessTexts() : EnglishAccessTexts();
+    static const CalendarTexts required = CalendarTexts::Required();
+    const CalendarTexts& words = Words() ? *Words() : required;
+    if (!m_texts || m_words.weekdays != words.weekdays || m_words.months != words.months ||
+        m_words.englishDayNames != words.englishDayNames) {
+        m_words = words;
+        const bool isJapanese = PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
+        m_texts = std::make_unique<AccessTexts>(AccessTextsFor(words, isJapanese));
+    }
+    return *m_texts;
 }
 
 std::wstring WideFromUtf8(const std::string& utf8)

@@ -21,7 +21,7 @@ class AccessWindow : public WindowAccess, public std::enable_shared_from_this<Ac
 public:
     // ---- For the window
     void Disconnect() override;
-    LRESULT GetObject(WPARAM wParam) override;
+    LRESULT GetObject(WPARAM wParam, LPARAM lParam) override;
     void Follow() override;
     void ItemMoved(const ItemTimes&, bool) override {}
     void CannotMove() override {}
@@ -56,6 +56,9 @@ protected:
     virtual void Gone() = 0; // the window's object must not be used any more
 
     const AccessTree& LastTree() const { return *m_tree; }
+    virtual const CalendarTexts* Words() const = 0; // that the control paints; nullptr: those that controls begin with
+    // The texts that were set for the process, or those that go with the control's words.
+    const AccessTexts& Texts();
     void Tell(DWORD event, const AccessId& id);
     HRESULT ClickCentre(int node); // by the messages of the mouse
     CRect ClientRect() const;
@@ -77,16 +80,16 @@ private:
     void TellFocus(const Told& before, const Told& now);
 
     HWND m_hWnd;
+    CalendarTexts m_words; // that m_texts were made for
+    std::unique_ptr<AccessTexts> m_texts;
     std::unique_ptr<AccessTree> m_tree;
     std::vector<long long> m_treeContents;
     std::map<AccessId, long> m_childIds;
     std::vector<AccessId> m_childParts; // by -id - 1
     Told m_told;
     bool m_isFollowing = false;
+    bool m_isAutomated = false; // UI Automation has asked
 };
-
-// The texts that were set, or those of the system's language.
-const AccessTexts& CurrentAccessTexts();
 
 std::wstring WideFromUtf8(const std::string& utf8);
 std::string Utf8FromWide(const std::wstring& wide);

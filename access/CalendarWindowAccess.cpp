@@ -2,6 +2,7 @@
 
 #include "calc/DayProvider.h"
 #include "core/DateMath.h"
+#include "core/Interaction.h"
 #include "core/KeyMoves.h"
 #include "core/MoreListCtrl.h"
 #include "core/TextCodec.h"
@@ -24,6 +25,12 @@ bool IsOfCell(AccessPart part)
 std::string Utf8OfItemText(const CCalendarCtrl& ctrl, const CString& text)
 {
     return EncodeText(DecodeText(text, ctrl.GetTextCodePage()), kUtf8CodePage);
+}
+
+std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words)
+{
+    const std::string names = NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(day)));
+    return EncodeText(DayNamesText(words, DecodeText(std::string_view(names), kUtf8CodePage)), kUtf8CodePage);
 }
 
 // ---- The tree
@@ -82,17 +89,15 @@ ViewSpeech CalendarWindowAccess::Speech()
     const CCalendarCtrl* ctrl = m_pCtrl;
     const DayProvider* days = ctrl->m_pDayProvider ? ctrl->m_pDayProvider : DefaultDayProvider();
     const bool showNames = ctrl->m_bShowHoliday != FALSE;
-    return {CurrentAccessTexts(),
+    return {Texts(),
             m_parts,
             LastTree(),
             ctrl->m_arItem,
             m_itemNames,
             Now(),
             [ctrl](const CString& text) { return Utf8OfItemText(*ctrl, text); },
-            [days, showNames](const COleDateTime& day) {
-                return showNames && IsValid(day)
-                           ? NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(day)))
-                           : std::string();
+            [ctrl, days, showNames](const COleDateTime& day) {
+                return showNames && IsValid(day) ? NamesOfDay(days, day, ctrl->GetTexts()) : std::string();
             },
             m_announcement};
 }
@@ -126,6 +131,9 @@ long CalendarWindowAccess::StateOf(int node)
     if (each.id.part == AccessPart::Mark) {
         state |= STATE_SYSTEM_HASPOPUP;
     }
+    if ((each.id.part == AccessPart::Mark || each.id.part == AccessPart::Title) && m_pCtrl->m_options.keyboardMoves) {
+        state |= STATE_SYSTEM_FOCUSABLE;
+    }
     return state;
 }
 
@@ -135,6 +143,14 @@ long CalendarWindowAccess::StateOf(int node)
 AccessId CalendarWindowAccess::Focus()
 {
     const AccessTree& tree = Tree();
+    const ViewPlace place = m_pCtrl->m_interaction->place;
+    const int mark = m_pCtrl->m_interaction->mark;
+    if (place == ViewPlace::Title && tree.Find({AccessPart::Title, 0, 0}) != kNoNode) {
+        return {AccessPart::Title, 0, 0};
+    }
+    if (place == ViewPlace::Mark && mark < static_cast<int>(m_parts.marks.size())) {
+        return {AccessPart::Mark, KeyOfCell(m_parts, m_parts.marks[mark].cell), mark};
+    }
     const AccessId cursor = PartOfSelection(m_parts, m_pCtrl->m_dtSelEnd, m_pCtrl->m_bFulldaySelection != FALSE);
     const int item = m_pCtrl->GetCurSel();
     if (item < 0 || item >= m_pCtrl->GetItemCount()) {
@@ -262,7 +278,7 @@ void CalendarWindowAccess::ItemMoved(const ItemTimes& times, bool isWholeItem)
 
 void CalendarWindowAccess::CannotMove()
 {
-    Announce(CurrentAccessTexts().cannotMove);
+    Announce(Texts().cannotMove);
 }
 
 } // namespace dayvane

@@ -24,6 +24,7 @@ public:
 
 protected:
     AccessTree MakeTree() override;
+    const CalendarTexts* Words() const override { return &m_pCtrl->GetTexts(); }
     std::vector<long long> Contents() override;
     void Gone() override { m_pCtrl = nullptr; }
 
@@ -40,6 +41,9 @@ private:
     std::string m_announcement;
     long long m_announcements = 0;
 };
+
+// The names of a day in the language of the words, UTF-8; nullptr: those of the formulas.
+std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words);
 
 // An item text of a control as UTF-8.
 std::string Utf8OfItemText(const CCalendarCtrl& ctrl, const CString& text);

@@ -21,6 +21,11 @@ PeriodGridAccess::PeriodGridAccess(CPeriodGridCtrl& ctrl) : AccessWindow(ctrl), 
 {
 }
 
+const CalendarTexts* PeriodGridAccess::Words() const
+{
+    return &m_pCtrl->GetTexts();
+}
+
 AccessTree PeriodGridAccess::MakeTree()
 {
     const PeriodGridState& state = *m_pCtrl->m_state;
@@ -48,10 +53,9 @@ AccessWords PeriodGridAccess::WordsOf(int node)
 {
     const PeriodGridState& state = *m_pCtrl->m_state;
     const DayProvider* days = m_pCtrl->GetDayProvider();
-    return PeriodGridSpeech{CurrentAccessTexts(), state.model.Policy(), state.layout, Now(),
-                            [days](const COleDateTime& day) {
-                                return NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(day)));
-                            }}
+    return PeriodGridSpeech{
+        Texts(), state.model.Policy(), state.layout, Now(),
+        [this, days](const COleDateTime& day) { return NamesOfDay(days, day, m_pCtrl->GetTexts()); }}
         .WordsOf(LastTree().At(node).id);
 }
 
@@ -103,6 +107,11 @@ PeriodSelAccess::PeriodSelAccess(CPeriodSelCtrl& popup) : AccessWindow(popup), m
 {
 }
 
+const CalendarTexts* PeriodSelAccess::Words() const
+{
+    return m_pPopup->m_pOwner ? &m_pPopup->m_pOwner->GetTexts() : nullptr;
+}
+
 AccessTree PeriodSelAccess::MakeTree()
 {
     return MakePeriodRunTree(m_pPopup->m_run);
@@ -115,7 +124,7 @@ std::vector<long long> PeriodSelAccess::Contents()
 
 AccessWords PeriodSelAccess::WordsOf(int node)
 {
-    return WordsOfPeriodRun(CurrentAccessTexts(), m_pPopup->m_policy, LastTree().At(node).id);
+    return WordsOfPeriodRun(Texts(), m_pPopup->m_policy, LastTree().At(node).id);
 }
 
 long PeriodSelAccess::RoleOf(int node)
@@ -140,6 +149,11 @@ YearMonthPickerAccess::YearMonthPickerAccess(CYearMonthPickerCtrl& picker) : Acc
 {
 }
 
+const CalendarTexts* YearMonthPickerAccess::Words() const
+{
+    return &m_pPicker->GetTexts();
+}
+
 std::vector<long long> YearMonthPickerAccess::Contents()
 {
     const CRect client = ClientRect();
@@ -149,7 +163,7 @@ std::vector<long long> YearMonthPickerAccess::Contents()
 
 AccessWords YearMonthPickerAccess::WordsOf(int)
 {
-    const AccessTexts& texts = CurrentAccessTexts();
+    const AccessTexts& texts = Texts();
     AccessWords words;
     words.name = texts.yearAndMonth;
     words.value = SpokenMonth(texts, m_pPicker->GetCurrentDate());
@@ -185,6 +199,11 @@ YearMonthPopupAccess::YearMonthPopupAccess(CYearMonthPopup& popup) : AccessWindo
 {
 }
 
+const CalendarTexts* YearMonthPopupAccess::Words() const
+{
+    return m_pPopup->m_pPicker ? &m_pPopup->m_pPicker->GetTexts() : nullptr;
+}
+
 AccessTree YearMonthPopupAccess::MakeTree()
 {
     return MakeYearMonthTree(m_pPopup->GetLayout());
@@ -197,7 +216,7 @@ std::vector<long long> YearMonthPopupAccess::Contents()
 
 AccessWords YearMonthPopupAccess::WordsOf(int node)
 {
-    return WordsOfYearMonth(CurrentAccessTexts(), LastTree().At(node).id, m_pPopup->GetYear(), Now());
+    return WordsOfYearMonth(Texts(), LastTree().At(node).id, m_pPopup->GetYear(), Now());
 }
 
 AccessId YearMonthPopupAccess::Focus()
@@ -220,6 +239,11 @@ MoreListAccess::MoreListAccess(CMoreListWnd& list) : AccessWindow(list), m_pList
 {
 }
 
+const CalendarTexts* MoreListAccess::Words() const
+{
+    return m_pList->m_pOwner ? &m_pList->m_pOwner->GetTexts() : nullptr;
+}
+
 AccessTree MoreListAccess::MakeTree()
 {
     return MakeMoreListTree(m_pList->m_model);
@@ -232,7 +256,7 @@ std::vector<long long> MoreListAccess::Contents()
 
 AccessWords MoreListAccess::WordsOf(int node)
 {
-    const AccessTexts& texts = CurrentAccessTexts();
+    const AccessTexts& texts = Texts();
     const AccessId id = LastTree().At(node).id;
     AccessWords words;
     tagCC_ITEM item;

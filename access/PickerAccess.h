@@ -23,6 +23,7 @@ public:
     HRESULT Act(int node) override;
 
 protected:
+    const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
     void Gone() override { m_pCtrl = nullptr; }
@@ -43,6 +44,7 @@ public:
     std::vector<AccessId> Selection() override;
 
 protected:
+    const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
     bool IsPopup() const override { return true; }
@@ -65,6 +67,7 @@ public:
     HRESULT Act(int node) override;
 
 protected:
+    const CalendarTexts* Words() const override;
     AccessTree MakeTree() override { return AccessTree(ClientRect()); }
     std::vector<long long> Contents() override;
     void Gone() override { m_pPicker = nullptr; }
@@ -85,6 +88,7 @@ public:
     HRESULT Act(int node) override { return ClickCentre(node); }
 
 protected:
+    const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
     bool IsPopup() const override { return true; }
@@ -107,6 +111,7 @@ public:
     HRESULT Act(int node) override;
 
 protected:
+    const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
     bool IsPopup() const override { return true; }

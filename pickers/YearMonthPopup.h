@@ -13,6 +13,9 @@
 #include "YearMonthPainter.h"
 
 class CYearMonthPickerCtrl;
+namespace dayvane {
+class YearMonthPopupAccess;
+}
 
 class CYearMonthPopup : public CPopupWnd
 {
@@ -37,6 +40,7 @@ public:
     void Abandon();
 
 protected:
+    friend class dayvane::YearMonthPopupAccess;
     void Finish(UINT nMessage, WPARAM wParam);
     void Pick(const dayvane::YearMonth& month);
     void MoveYear(int nYears);

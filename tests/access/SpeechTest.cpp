@@ -109,6 +109,17 @@ TEST(Speech, Japanese)
     EXPECT_EQ(u8"11月24日 火曜日 14:00へ移動しました", scene.moved);
 }
 
+TEST(Speech, GoesWithTheWordsOfTheControl)
+{
+    EXPECT_EQ("today", AccessTextsFor(CalendarTexts::Required(), false).today);
+    EXPECT_EQ(u8"今日", AccessTextsFor(CalendarTexts::Required(), true).today);
+    EXPECT_EQ(u8"今日", AccessTextsFor(CalendarTexts::Japanese(), false).today);
+    CalendarTexts words = CalendarTexts::English();
+    words.weekdays[5] = u"Freitag";
+    const AccessTexts texts = AccessTextsFor(words, true);
+    EXPECT_EQ("Freitag 20 November 2026", SpokenDate(texts, kFriday));
+}
+
 TEST(Speech, PatternsFillInWhatTheyName)
 {
     EXPECT_EQ("b a {3} {x}", FillIn("{2} {1} {3} {x}", {"a", "b"}));

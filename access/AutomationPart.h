@@ -1,0 +1,159 @@
+// The object of UI Automation of one part; see AutomationObject.h. Of its own two sources only.
+#pragma once
+
+#include "AutomationObject.h"
+#include "AutomationPatterns.h"
+
+#include <atomic>
+
+namespace dayvane {
+
+constexpr double kPercent = 100;
+
+class AutomationObject : public IRawElementProviderSimple,
+                         public IRawElementProviderFragment,
+                         public IRawElementProviderFragmentRoot,
+                         public uia::IInvokeProvider,
+                         public uia::IValueProvider,
+                         public uia::IGridProvider,
+                         public uia::IGridItemProvider,
+                         public uia::ITableProvider,
+                         public uia::ITableItemProvider,
+                         public uia::ISelectionProvider,
+                         public uia::ISelectionItemProvider,
+                         public uia::IScrollProvider
+{
+public:
+    AutomationObject(const std::shared_ptr<AccessWindow>& window, const AccessId& id) : m_window(window), m_id(id)
+    {
+        ++s_objects;
+    }
+    static long Count() { return s_objects; }
+
+    // IUnknown
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
+    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        const long left = --m_references;
+        if (left == 0) {
+            delete this;
+        }
+        return static_cast<ULONG>(left);
+    }
+
+    // IRawElementProviderSimple
+    STDMETHODIMP get_ProviderOptions(ProviderOptions* result) override
+    {
+        *result = static_cast<ProviderOptions>(ProviderOptions_ServerSideProvider | ProviderOptions_UseComThreading);
+        return S_OK;
+    }
+    STDMETHODIMP GetPatternProvider(PATTERNID pattern, IUnknown** result) override;
+    STDMETHODIMP GetPropertyValue(PROPERTYID property, VARIANT* result) override;
+    STDMETHODIMP get_HostRawElementProvider(IRawElementProviderSimple** result) override;
+
+    // IRawElementProviderFragment and its root
+    STDMETHODIMP Navigate(NavigateDirection way, IRawElementProviderFragment** result) override;
+    STDMETHODIMP GetRuntimeId(SAFEARRAY** result) override;
+    STDMETHODIMP get_BoundingRectangle(UiaRect* result) override;
+    STDMETHODIMP GetEmbeddedFragmentRoots(SAFEARRAY** result) override
+    {
+        *result = nullptr;
+        return S_OK;
+    }
+    STDMETHODIMP SetFocus() override { return SelectWith(SELFLAG_TAKEFOCUS); }
+    STDMETHODIMP get_FragmentRoot(IRawElementProviderFragmentRoot** result) override;
+    STDMETHODIMP ElementProviderFromPoint(double x, double y, IRawElementProviderFragment** result) override;
+    STDMETHODIMP GetFocus(IRawElementProviderFragment** result) override;
+
+    // Patterns
+    STDMETHODIMP Invoke() override;
+    STDMETHODIMP SetValue(LPCWSTR text) override;
+    STDMETHODIMP get_Value(BSTR* result) override;
+    STDMETHODIMP get_IsReadOnly(BOOL* result) override;
+    STDMETHODIMP GetItem(int row, int column, IRawElementProviderSimple** result) override;
+    STDMETHODIMP get_RowCount(int* result) override { return Extent(&AccessNode::gridRow, result); }
+    STDMETHODIMP get_ColumnCount(int* result) override { return Extent(&AccessNode::gridColumn, result); }
+    STDMETHODIMP get_Row(int* result) override { return Field(&AccessNode::gridRow, result); }
+    STDMETHODIMP get_Column(int* result) override { return Field(&AccessNode::gridColumn, result); }
+    STDMETHODIMP get_RowSpan(int* result) override { return One(result); }
+    STDMETHODIMP get_ColumnSpan(int* result) override { return One(result); }
+    STDMETHODIMP get_ContainingGrid(IRawElementProviderSimple** result) override { return Whole(result); }
+    STDMETHODIMP GetRowHeaders(SAFEARRAY** result) override;
+    STDMETHODIMP GetColumnHeaders(SAFEARRAY** result) override;
+    STDMETHODIMP get_RowOrColumnMajor(int* result) override
+    {
+        *result = 0; // by rows
+        return S_OK;
+    }
+    STDMETHODIMP GetRowHeaderItems(SAFEARRAY** result) override { return GetRowHeaders(result); }
+    STDMETHODIMP GetColumnHeaderItems(SAFEARRAY** result) override;
+    STDMETHODIMP GetSelection(SAFEARRAY** result) override;
+    STDMETHODIMP get_CanSelectMultiple(BOOL* result) override;
+    STDMETHODIMP get_IsSelectionRequired(BOOL* result) override
+    {
+        *result = FALSE;
+        return S_OK;
+    }
+    STDMETHODIMP Select() override { return SelectWith(SELFLAG_TAKESELECTION); }
+    STDMETHODIMP AddToSelection() override { return SelectWith(SELFLAG_EXTENDSELECTION); }
+    STDMETHODIMP RemoveFromSelection() override { return uia::kInvalid; }
+    STDMETHODIMP get_IsSelected(BOOL* result) override;
+    STDMETHODIMP get_SelectionContainer(IRawElementProviderSimple** result) override { return Whole(result); }
+    STDMETHODIMP Scroll(int horizontal, int vertical) override;
+    STDMETHODIMP SetScrollPercent(double horizontal, double vertical) override;
+    STDMETHODIMP get_HorizontalScrollPercent(double* result) override
+    {
+        *result = uia::kNoScroll;
+        return S_OK;
+    }
+    STDMETHODIMP get_VerticalScrollPercent(double* result) override;
+    STDMETHODIMP get_HorizontalViewSize(double* result) override
+    {
+        *result = kPercent;
+        return S_OK;
+    }
+    STDMETHODIMP get_VerticalViewSize(double* result) override;
+    STDMETHODIMP get_HorizontallyScrollable(BOOL* result) override
+    {
+        *result = FALSE;
+        return S_OK;
+    }
+    STDMETHODIMP get_VerticallyScrollable(BOOL* result) override;
+
+private:
+    virtual ~AutomationObject() { --s_objects; }
+
+    struct Place
+    {
+        std::shared_ptr<AccessWindow> window;
+        const AccessTree* tree = nullptr;
+        int node = kNoNode;
+        const AccessNode& Node() const { return tree->At(node); }
+    };
+    HRESULT Find(Place& place) const;
+    bool Has(const Place& place, int pattern) const;
+    IUnknown* Face(int pattern);
+    HRESULT Whole(IRawElementProviderSimple** result) const;
+    HRESULT SelectWith(long flags) const;
+    HRESULT Extent(int AccessNode::*field, int* result) const;
+    HRESULT Field(int AccessNode::*field, int* result) const;
+    HRESULT ScrollState(SCROLLINFO& info) const;
+    static HRESULT One(int* result)
+    {
+        *result = 1;
+        return S_OK;
+    }
+    static AutomationObject* At(const Place& place, int node)
+    {
+        return new AutomationObject(place.window, place.tree->At(node).id);
+    }
+    static HRESULT Give(const Place& place, const std::vector<int>& nodes, SAFEARRAY** result);
+
+    static std::atomic<long> s_objects;
+    std::atomic<long> m_references{1};
+    const std::weak_ptr<AccessWindow> m_window;
+    const AccessId m_id;
+};
+
+} // namespace dayvane
