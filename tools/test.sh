@@ -68,7 +68,7 @@ build_tests() {
     if [ "$only" = package ] || [ "$only" = stress ]; then
         return # these build what they need themselves
     elif [ "$only" = drive ] || [ "$only" = week ]; then
-        [ "$preset" != win32 ] || build win32 planner
+        [ "$preset" != win32 ] || build win32 planner screen_reader
     elif [ "$only" = pictures ]; then
         [ "$preset" != win32 ] || build win32 master_pictures
     elif [ "$only" = pages ]; then
@@ -152,13 +152,18 @@ test_lane() {
     fi
 }
 
-# drive_planner SYSTEM PRESET...: the planner used through the display; the 32-bit one only, for it is about the input.
+# drive_planner SYSTEM PRESET...: the planner used through the display, by hand, by keys alone and by a program that reads
+# it aloud; the 32-bit one only, for it is about the input.
 drive_planner() {
     local system=$1
     shift
     [[ " $* " == *" win32 "* ]] || return 0
     run_plain_program "win32/$system drive" bash "$ROOT/tests/outside/planner_drive.sh" \
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/drive-$system"
+    run_plain_program "win32/$system keys" bash "$ROOT/tests/outside/planner_keys.sh" \
+        "$BUILD/win32/bin/planner.exe" "$BUILD/logs/keys-$system"
+    run_plain_program "win32/$system reader" bash "$ROOT/tests/outside/planner_reader.sh" \
+        "$BUILD/win32/bin/planner.exe" "$BUILD/win32/bin/screen_reader.exe" "$BUILD/logs/reader-$system"
 }
 
 # play_week SYSTEM PRESET...: a week of work with the planner, whose file another reader understands.

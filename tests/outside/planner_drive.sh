@@ -8,9 +8,8 @@ set -euo pipefail
 planner=$1
 folder=$2
 file=$folder/drive.ics
-deadline_seconds=15
-passed=0
-failed=0
+# shellcheck source=tests/outside/hands.sh
+. "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 # Where the month lies in a window of 1000 x 800 without the side pane, pixels.
 grid_left=5 grid_top=119 column=138 row=108
@@ -25,56 +24,12 @@ original() {
         END:VEVENT END:VCALENDAR
 }
 
-until_true() {
-    local end=$((SECONDS + deadline_seconds))
-    until "$@"; do
-        [ "$SECONDS" -lt "$end" ] || return 1
-        sleep 0.05
-    done
-}
-
-# check WHAT STATUS SEEN
-check() {
-    if [ "$2" -eq 0 ]; then
-        passed=$((passed + 1))
-        echo "ok      $1"
-    else
-        failed=$((failed + 1))
-        echo "FAILED  $1; seen: $3"
-        import -window root "$folder/failed-$failed.png" && echo "        picture: $folder/failed-$failed.png"
-    fi
-}
-
-# The items of the file: SUMMARY@DTSTART/DTEND, by start.
-items() {
-    [ -e "$file" ] || return 0
-    tr -d '\r' <"$file" | sed -n 's/^\(DTSTART\|DTEND\|SUMMARY\)[^:]*:\(.*\)/\1 \2/p; s/^END:VEVENT/end/p' |
-        awk '/^end/ { print v["SUMMARY"] "@" v["DTSTART"] "/" v["DTEND"]; next } { k = $1; sub(/^[^ ]* /, ""); v[k] = $0 }' |
-        sort -t @ -k 2 | paste -s -d ' '
-}
-# One save, and the wait for its file: with it all that was done before has been done, too.
-file_state() { stat -c '%i %z' "$file"; }
-is_saved() { [ "$(file_state)" != "$1" ]; }
-save() {
-    local before
-    before=$(file_state)
-    xdotool key ctrl+s
-    until_true is_saved "$before"
-}
-has_items() { [ "$(items)" = "$1" ]; }
-expect() {
-    local status=0
-    save && until_true has_items "$2" || status=1
-    check "$1" "$status" "$(items)"
-}
-
 at() { printf '%d %d' $((grid_left + $1 * column + ${3:-60})) $((grid_top + $2 * row + $4)); }
 # Column and row from 0, pixels from the cell's left edge.
 blank() { at "$1" "$2" "${3:-60}" $blank_y; }
 bar() { at "$1" "$2" "${3:-60}" $bar_y; }
 # shellcheck disable=SC2046  # two words: x and y
 click() { xdotool mousemove $("$@") click 1; }
-type_enter() { xdotool type --delay 0 "$1" && xdotool key Return; }
 look() { import -window root -crop "$1" +repage rgb:- | cksum; }
 looks() { [ "$(look "$1")" = "$2" ]; }
 bar_area() { printf '100x16+%d+%d' $((grid_left + $1 * column + 20)) $((grid_top + $2 * row + bar_y - 8)); }
@@ -106,22 +61,10 @@ wait_until_still() {
     still=""
     until_true is_still "$1"
 }
-is_painted() { [ "$(import -window root -crop 960x700+0+60 -format %k info:-)" -ge 16 ]; }
-
 rm -rf "$folder"
 mkdir -p "$folder"
 original >"$file"
-full_name=$(realpath "$file")
-folder_name=$(realpath "$folder")
-wine "$planner" "Z:${full_name//\//\\}" --view month --date 2026-04-15 --size 1000x800 --language en --days none \
-    --settings "Z:${folder_name//\//\\}\\planner.ini" &
-pid=$!
-trap 'kill $pid 2>/dev/null || true' EXIT
-timeout 60 xdotool search --sync --onlyvisible --class planner.exe >/dev/null || {
-    echo "the planner shows no window"
-    exit 1
-}
-until_true is_painted || echo "the window stayed empty"
+start_planner "$planner" --view month --date 2026-04-15
 xdotool key ctrl+b # without the side pane
 wait_until_still 960x700+0+60
 
@@ -179,11 +122,7 @@ status=0
 until_true looks $caption "$april" || status=1
 check "and back" "$status" "another caption"
 
-is_gone() { ! kill -0 $pid 2>/dev/null; }
-xdotool key alt+F4
-status=0
-until_true is_gone && wait $pid || status=1
-check "closed with Alt+F4" "$status" "the program still runs or failed"
+close_planner
 
 # What it did not understand, and what nobody touched, is there byte for byte; new items come behind.
 status=0
@@ -191,5 +130,4 @@ original | sed "s/20260415T/20260417T/; s/SUMMARY:Meeting/SUMMARY:Talk/" | head 
 cmp <(head -c "$(wc -c <"$folder/expected")" "$file") "$folder/expected" || status=1
 check "the rest of the file is as it was" "$status" "$(cat -A "$file")"
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+print_totals

@@ -442,7 +442,10 @@ void StressHost::Run(const Event& event)
     const HWND edit = ::GetDlgItem(Window(), 1);
     switch (event.kind) {
     case EventKind::Key: {
-        const testsupport::KeyState keys = event.b ? testsupport::KeyState({VK_SHIFT}) : testsupport::KeyState({});
+        const testsupport::KeyState keys = event.b == 1   ? testsupport::KeyState({VK_SHIFT})
+                                           : event.b == 2 ? testsupport::KeyState({VK_CONTROL})
+                                           : event.b == 3 ? testsupport::KeyState({VK_CONTROL, VK_SHIFT})
+                                                          : testsupport::KeyState({});
         ::SendMessage(Window(), WM_KEYDOWN, event.a, 0);
         if (Window()) {
             ::SendMessage(Window(), WM_KEYUP, event.a, 0);
@@ -531,6 +534,9 @@ void StressHost::Run(const Event& event)
         break;
     case EventKind::Recreate:
         Recreate();
+        break;
+    case EventKind::Client:
+        m_client.Ask(Window(), event.a, event.b);
         break;
     case EventKind::Count:
         break;

@@ -2,6 +2,7 @@
 // control's store must hold.
 #pragma once
 
+#include "CuriousClient.h"
 #include "StressScript.h"
 
 #include "core/CalendarCtrl.h"
@@ -57,6 +58,7 @@ private:
 
     std::string m_view;
     testsupport::RecordingParent m_parent;
+    CuriousClient m_client;
     std::unique_ptr<Subject> m_subject;
     std::vector<std::unique_ptr<Subject>> m_buried; // subjects that a notification destroyed
     int m_hostile = -1;                             // what the host does at the next notification

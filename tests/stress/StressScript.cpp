@@ -51,11 +51,12 @@ constexpr KindRow kKinds[] = {
     {EventKind::Focus, "focus", 8},         {EventKind::Timer, "timer", 10},
     {EventKind::ContextMenu, "menu", 6},    {EventKind::Refresh, "refresh", 20},
     {EventKind::Paint, "paint", 30},        {EventKind::Sort, "tab", 15},
-    {EventKind::Recreate, "recreate", 1},
+    {EventKind::Recreate, "recreate", 1},   {EventKind::Client, "client", 15},
 };
 static_assert(sizeof(kKinds) / sizeof(kKinds[0]) == static_cast<size_t>(EventKind::Count), "a row for each kind");
 
-constexpr int kKeys[] = {0x25, 0x26, 0x27, 0x28, 0x09, 0x0D, 0x1B, 0x20, 0x21, 0x22, 0x23, 0x24, 0xE5, 0x41};
+constexpr int kKeys[] = {0x25, 0x26, 0x27, 0x28, 0x09, 0x0D, 0x1B, 0x20,
+                         0x21, 0x22, 0x23, 0x24, 0xE5, 0x41, 0x75, 0x2E};
 constexpr int kEndKeys[] = {0x0D, 0x1B, 0x09};
 
 const KindRow& RowOf(int roll)
@@ -88,7 +89,7 @@ Event EventOf(std::uint64_t seed, std::int64_t index)
     switch (event.kind) {
     case EventKind::Key:
         event.a = kKeys[dice(sizeof(kKeys) / sizeof(kKeys[0]))];
-        event.b = dice(4) == 0;
+        event.b = dice(8) < 4 ? 0 : 1 + dice(3);
         break;
     case EventKind::EndEdit:
         event.a = kEndKeys[dice(3)];

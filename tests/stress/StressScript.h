@@ -10,7 +10,7 @@ namespace stress {
 
 enum class EventKind
 {
-    Key,       // a: virtual key, b: 1 Shift held
+    Key,       // a: virtual key, b: 1 Shift held, 2 Ctrl, 3 both
     MouseMove, // a, b: client pixels; c: buttons
     LeftDown,
     LeftUp,
@@ -41,6 +41,7 @@ enum class EventKind
     Paint,
     Sort, // SetFocusToItem by Tab over a sorted copy
     Recreate,
+    Client, // a: what a program that reads aloud asks, b: of which part
     Count
 };
 
