@@ -54,6 +54,11 @@ const ZonePtr& Document::DisplayZone() const
     return m_state->writing.displayZone;
 }
 
+void Document::ShowOn(const ZonePtr& zone)
+{
+    m_state->writing.displayZone = zone;
+}
+
 std::vector<Occurrence> Document::OccurrencesIn(LocalTime from, LocalTime to, bool* isWhole) const
 {
     bool whole = true;
@@ -148,6 +153,11 @@ MergeReport Document::Paste(std::string_view other, std::optional<LocalTime> sta
 EditResult Document::Copy(const OccurrenceId& id, const EventTimes& times)
 {
     return DocumentEdit(*m_state, id).Copy(times);
+}
+
+std::size_t Document::StepsDone() const
+{
+    return m_state->undo.Done();
 }
 
 bool Document::CanUndo() const

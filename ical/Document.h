@@ -51,7 +51,8 @@ struct EventChanges
     std::optional<std::string> rule; // an RRULE that ParseRule understands; "": repeats no more
     // Seconds before the start at which something is shown. Alarms that do something else, or at other times, stay.
     std::optional<std::vector<std::int64_t>> reminders;
-    // One of Zones(): the event is written in it from now on. Not for events that repeat.
+    // One of Zones(): the event is written in it from now on. Of events that repeat the whole series, and not together
+    // with times or a rule.
     std::optional<std::string> zone;
 };
 
@@ -113,6 +114,8 @@ public:
     const std::string& Name() const; // X-WR-CALNAME, may be empty
     // The zone of the clock; nullptr: each event's own.
     const ZonePtr& DisplayZone() const;
+    // Shows all times on that clock instead, until the next Load. The file stays as it is.
+    void ShowOn(const ZonePtr& zone);
 
     // The occurrences that meet [from, to), by start, longer ones first; at most kMaxOccurrences, and
     // kMaxOccurrencesOfEvent of each event. `isWhole` says whether these are all.
@@ -146,6 +149,7 @@ public:
     // `start`; nothing: where they are.
     MergeReport Paste(std::string_view other, std::optional<LocalTime> start = std::nullopt);
 
+    std::size_t StepsDone() const; // that Undo takes back
     bool CanUndo() const;
     bool CanRedo() const;
     EditResult Undo();

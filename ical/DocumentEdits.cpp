@@ -16,8 +16,7 @@ constexpr char kUnreadRule[] =
     "This item repeats by a rule that is not understood here: only the whole series can be renamed or deleted.";
 constexpr char kBadRule[] = "This rule of repetition is not understood.";
 constexpr char kNoUid[] = "This item repeats but has no identifier, so single occurrences of it cannot be changed.";
-constexpr char kNoZone[] = "The calendar file does not define this time zone.";
-constexpr char kSeriesZone[] = "A series stays in its time zone.";
+constexpr char kSeriesZone[] = "Only a whole series can change its time zone, and not together with its times.";
 constexpr char kUnwritable[] = "The calendar file cannot hold this item.";
 
 // Time zones move a written time by a day at most; so far from the ends of the calendar's years timed items stay.
@@ -41,6 +40,7 @@ bool Normalise(EventTimes& times)
 
 const char kChangedFollowing[] =
     "The file changes later occurrences of this series together, in a way that cannot be divided here.";
+const char kNoZone[] = "The calendar file does not define this time zone.";
 
 std::string ClosedText(ComponentText& text)
 {
@@ -188,7 +188,8 @@ EditResult DocumentEdit::Change(const EventChanges& wanted, Scope scope)
         return ChangeAlone(changes);
     }
     if (changes.zone) {
-        return Refuse(kSeriesZone);
+        const bool isAlone = scope == Scope::WholeSeries && m_entry == m_series && !changes.times && !changes.rule;
+        return isAlone && !m_series->event->IsAllDay() ? ChangeSeriesZone(changes) : Refuse(kSeriesZone);
     }
     if (scope != Scope::WholeSeries && m_entry->event->changesFollowing) {
         return Refuse(kChangedFollowing);

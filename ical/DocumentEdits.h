@@ -33,6 +33,8 @@ private:
     EditResult ChangeAlone(const EventChanges& changes);
     EditResult ReplaceOccurrence(const EventChanges& changes);
     EditResult ChangeSeries(const EventChanges& changes);
+    EditResult ChangeSeriesZone(const EventChanges& changes);
+    const char* RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone) const;
     EditResult ChangeFollowing(const EventChanges& changes);
     const char* MoveSeries(ComponentText& text, const Event& event, const Occurrence& anchor, const EventTimes& times,
                            LocalTime& shiftedStart);
@@ -63,8 +65,8 @@ EditResult Refuse(const char* problem);
 std::string ClosedText(ComponentText& text);
 std::string UnusedUid(const DocumentState& state);
 TimeForm StartForm(const ComponentText& text, const WritingContext& context);
-// The reason why occurrences that the file changes together are not edited.
-extern const char kChangedFollowing[];
+// Reasons why an edit is refused: occurrences that the file changes together; a zone that it does not define.
+extern const char kChangedFollowing[], kNoZone[];
 
 // A calendar item's own text with these changes, of which it has nothing so far; `look` is what it has.
 void ApplyChanges(ComponentText& text, const Event& look, const EventChanges& changes);

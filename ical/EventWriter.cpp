@@ -7,10 +7,6 @@
 
 namespace dayvane::ical {
 
-namespace {
-
-constexpr std::string_view kRecurrenceProperties[] = {"RRULE", "RDATE", "EXDATE", "EXRULE", "RECURRENCE-ID"};
-
 std::string FormParameters(const TimeForm& form)
 {
     if (form.isDate) {
@@ -22,6 +18,10 @@ std::string FormParameters(const TimeForm& form)
     const bool needsQuotes = form.tzid.find_first_of(",;:") != std::string::npos;
     return needsQuotes ? ";TZID=\"" + form.tzid + '"' : ";TZID=" + form.tzid;
 }
+
+namespace {
+
+constexpr std::string_view kRecurrenceProperties[] = {"RRULE", "RDATE", "EXDATE", "EXRULE", "RECURRENCE-ID"};
 
 std::string NewTimeLine(std::string_view name, const TimeForm& form, LocalTime wall)
 {

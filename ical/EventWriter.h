@@ -32,6 +32,8 @@ struct WritingContext
 // The form of a time property as it stands; that of a floating time for values that are not readable. Without a
 // context its zone is not looked up.
 TimeForm FormOf(const Property& property, const WritingContext* context);
+// The parameters of a property whose times are written so: ";TZID=Europe/Berlin".
+std::string FormParameters(const TimeForm& form);
 // `wall` is on the clock of the form.
 std::string FormattedTime(const TimeForm& form, LocalTime wall);
 

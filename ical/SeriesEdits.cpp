@@ -136,6 +136,63 @@ EditResult DocumentEdit::ChangeSeries(const EventChanges& changes)
     return Finished(Finish(after), m_series->id);
 }
 
+// The rule on the clock of another zone, where the series begins at `to`. nullptr: done.
+const char* DocumentEdit::RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone) const
+{
+    const LocalTime from = event.start.wall;
+    for (const std::string_view name : {"RRULE", "EXRULE"}) {
+        const std::size_t line = text.Find(name);
+        if (line == ComponentText::kNone) {
+            continue;
+        }
+        const std::string before(text.Lines()[line].property->Value());
+        auto rule = from == to ? std::optional<std::string>(before) : ShiftRule(before, event, from, to);
+        const RuleReading reading = ParseRule(before);
+        if (!rule || !reading.rule) {
+            return kSeriesRule;
+        }
+        const auto& until = reading.rule->until;
+        if (until && !until->isDate) {
+            const LocalTime wall = until->isUtc ? WallOf(until->wall, event.start.zone) : until->wall;
+            const EventTime start = {to, zone, false};
+            rule = WithLimit(*rule, UntilBefore(start, wall + to - from + 1));
+        }
+        SetValue(text, name, *rule);
+    }
+    return nullptr;
+}
+
+// Every occurrence begins and ends at the same time on the clock of the other zone as the first one does.
+EditResult DocumentEdit::ChangeSeriesZone(const EventChanges& changes)
+{
+    const Event& event = *m_series->event;
+    const WritingContext context = m_state.ContextFor(*m_series);
+    const auto form = m_state.FormOfZone(*changes.zone);
+    if (!form) {
+        return Refuse(kNoZone);
+    }
+    ComponentText& text = TextOf(*m_series);
+    const LocalTime from = event.start.wall;
+    const Occurrence first = OccurrenceAt(m_series->event, m_state.Replaced(), m_state.writing.displayZone, from);
+    SetTimesInZone(text, first.times, *form, context);
+    const LocalTime to = ParseTime(text.Lines()[text.Find("DTSTART")].property->Value())->wall;
+    if (const char* problem = RezoneRule(text, event, to, form->zone)) {
+        return Refuse(problem);
+    }
+    bool isWritten = RezoneDates(text, event, "RDATE", context, from, to, *form) &&
+                     RezoneDates(text, event, "EXDATE", context, from, to, *form);
+    for (const auto& other : ReplacementsFrom(kEarliestTime)) {
+        isWritten = isWritten && RezoneDates(TextOf(*other), event, "RECURRENCE-ID", context, from, to, *form);
+    }
+    if (!isWritten) {
+        return Refuse(kSeriesRule);
+    }
+    ApplyTexts(text, changes);
+    OccurrenceId after = m_id;
+    after.original += to - from;
+    return Finished(Finish(after), m_series->id);
+}
+
 // An occurrence that the new rule does not give is not current afterwards: the first one of the series is.
 EditResult DocumentEdit::Finished(EditResult result, EventId series)
 {

@@ -213,6 +213,28 @@ void ShiftDates(ComponentText& text, const Event& series, std::string_view name,
     });
 }
 
+bool RezoneDates(ComponentText& text, const Event& series, std::string_view name, const WritingContext& context,
+                 LocalTime from, LocalTime to, const TimeForm& form)
+{
+    for (std::size_t i = 0; i < text.Lines().size(); ++i) {
+        const ComponentText::Line& line = text.Lines()[i];
+        const bool isMeant = line.depth == ComponentText::kOwnDepth && line.property && line.property->name == name;
+        if (!isMeant || FormOf(*line.property, nullptr).isDate) { // a day is one on every clock
+            continue;
+        }
+        std::string value;
+        for (const std::string_view piece : SplitAt(line.property->Value(), ',')) {
+            const auto date = DateOnSeries(piece, *line.property, series, context);
+            if (!date || piece.find('/') != std::string_view::npos) {
+                return false;
+            }
+            value.append(value.empty() ? "" : ",").append(FormattedTime(form, *date + to - from));
+        }
+        text.Replace(i, WithValue(*line.property, {"VALUE", "TZID"}, FormParameters(form), value));
+    }
+    return true;
+}
+
 std::optional<std::string> ShiftRule(std::string_view text, const Event& series, LocalTime from, LocalTime to)
 {
     const RuleReading reading = ParseRule(text);

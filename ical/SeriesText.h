@@ -33,6 +33,11 @@ void FilterDates(ComponentText& series, const Event& event, std::string_view nam
 void ShiftDates(ComponentText& text, const Event& series, std::string_view name, const WritingContext& context,
                 LocalTime from, LocalTime to);
 
+// Writes the dates of RDATE, EXDATE or RECURRENCE-ID lines in another form, as the series' start at `from` on its clock
+// becomes `to` on the clock of the form. False if a line holds what cannot be written so, such as a period.
+bool RezoneDates(ComponentText& text, const Event& series, std::string_view name, const WritingContext& context,
+                 LocalTime from, LocalTime to, const TimeForm& form);
+
 // The rule of a series whose occurrence at `from` is moved to `to`, so that all its occurrences move alike: weekdays,
 // days of the month and the month go along. Nothing if the rule cannot say that.
 std::optional<std::string> ShiftRule(std::string_view text, const Event& series, LocalTime from, LocalTime to);

@@ -25,6 +25,7 @@ public:
     // The step to take back or to do again, nullptr if there is none.
     const Step* Undo() { return m_done == 0 ? nullptr : &m_steps[--m_done]; }
     const Step* Redo() { return m_done == m_steps.size() ? nullptr : &m_steps[m_done++]; }
+    std::size_t Done() const { return m_done; }
     bool CanUndo() const { return m_done > 0; }
     bool CanRedo() const { return m_done < m_steps.size(); }
 

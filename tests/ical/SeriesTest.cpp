@@ -183,6 +183,45 @@ TEST_F(SeriesTest, ExceptionsAndReplacementsGoAlong)
     UndoAll();
 }
 
+TEST_F(SeriesTest, AWholeSeriesChangesItsZone)
+{
+    const std::string text = "BEGIN:VCALENDAR\r\n" + Joined({"BEGIN:VTIMEZONE",
+                                                             "TZID:East",
+                                                             "BEGIN:STANDARD",
+                                                             "DTSTART:19700101T000000",
+                                                             "TZOFFSETFROM:+0900",
+                                                             "TZOFFSETTO:+0900",
+                                                             "END:STANDARD",
+                                                             "END:VTIMEZONE",
+                                                             "BEGIN:VEVENT",
+                                                             "UID:a",
+                                                             "DTSTART;TZID=Europe/Berlin:20261102T090000",
+                                                             "DTEND;TZID=Europe/Berlin:20261102T100000",
+                                                             "RRULE:FREQ=DAILY;UNTIL=20261106T080000Z",
+                                                             "EXDATE:20261104T080000Z",
+                                                             "EXDATE;TZID=Europe/Berlin:20261105T090000",
+                                                             "END:VEVENT",
+                                                             "BEGIN:VEVENT",
+                                                             "UID:a",
+                                                             "RECURRENCE-ID;TZID=Europe/Berlin:20261103T090000",
+                                                             "DTSTART:20261103T120000Z",
+                                                             "DURATION:PT1H",
+                                                             "END:VEVENT",
+                                                             "END:VCALENDAR"});
+    OpenText(text);
+    // With one zone defined the file is shown on its clock: nothing moves there.
+    const std::string before = ShownAgain();
+    ASSERT_EQ(before, "20261102T1700/20261102T1800 20261103T2100/20261103T2200 20261106T1700/20261106T1800");
+    EventChanges changes;
+    changes.zone = "East";
+    EXPECT_FALSE(m_document.Change(IdAt("20261102T1700"), changes, Scope::ThisOccurrence).isDone);
+    ASSERT_TRUE(m_document.Change(IdAt("20261102T1700"), changes, Scope::WholeSeries).isDone);
+    EXPECT_EQ(ShownAgain(), before);
+    EXPECT_EQ(m_document.Save().find("Europe/Berlin"), std::string::npos) << m_document.Save();
+    EXPECT_NE(m_document.Save().find("EXDATE;TZID=East:20261104T170000"), std::string::npos);
+    UndoAll();
+}
+
 TEST_F(SeriesTest, WhatIsNotUnderstoodIsNotDividedOrLost)
 {
     OpenSeries({"DTSTART:20261102T0900", "RRULE:RSCALE=HEBREW;FREQ=YEARLY"});
