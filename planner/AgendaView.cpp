@@ -2,8 +2,10 @@
 
 #include "core/CalendarClock.h"
 #include "core/CalendarCtrl.h"
+#include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
 #include "planner/PlannerDoc.h"
+#include "planner/PlannerTheme.h"
 #include "planner/TypedDate.h"
 #include "planner/WideText.h"
 #include "planner/Words.h"
@@ -19,11 +21,8 @@ constexpr std::size_t kMostRows = 20000;        // of endless series: so far and
 constexpr int kWheelRows = 3;
 constexpr COLORREF kHeadingFrom = RGB(226, 234, 244);
 constexpr COLORREF kTodayFrom = RGB(255, 226, 160);
-
-CFont& GuiFont()
-{
-    return *CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
-}
+constexpr COLORREF kHeadingText = RGB(32, 40, 56);
+constexpr int kTimeWidth = 6; // in heights of a row
 
 std::string HeadingOf(planner::DayNumber day, planner::DayNumber today)
 {
@@ -64,24 +63,43 @@ BOOL CAgendaView::PreCreateWindow(CREATESTRUCT& cs)
     return CView::PreCreateWindow(cs);
 }
 
-planner::Document* CAgendaView::Calendar()
+planner::CalendarSet* CAgendaView::Calendars()
 {
     CPlannerDoc* document = static_cast<CPlannerDoc*>(GetDocument());
-    return document ? &document->Calendar() : nullptr;
+    return document ? &document->Calendars() : nullptr;
+}
+
+// ---- How it looks
+
+void CAgendaView::SetTheme(const CalendarTheme& theme)
+{
+    m_theme = theme;
+    Invalidate(FALSE);
+}
+
+void CAgendaView::SetScale(int dpi)
+{
+    LOGFONT font = {};
+    ::GetObject(::GetStockObject(DEFAULT_GUI_FONT), sizeof(font), &font);
+    font.lfHeight = MulDiv(font.lfHeight, dpi, dayvane::kBaseDpi);
+    m_font.DeleteObject();
+    m_font.CreateFontIndirect(&font);
+    PlaceBar();
+    Invalidate(FALSE);
 }
 
 // ---- What is read
 
 void CAgendaView::Read(planner::DayNumber from, planner::DayNumber to)
 {
-    const planner::Document* calendar = Calendar();
-    if (!calendar) {
+    const planner::CalendarSet* calendars = Calendars();
+    if (!calendars) {
         return;
     }
     m_today = planner::DayOfTime(planner::LocalOfDate(dayvane::Now()));
     m_from = std::max(from, planner::DayOfTime(planner::kEarliestTime));
     m_to = std::min(to, planner::DayOfTime(planner::kEndOfTime));
-    m_occurrences = calendar->OccurrencesIn(m_from * planner::kDaySeconds, m_to * planner::kDaySeconds);
+    m_occurrences = calendars->OccurrencesIn(m_from * planner::kDaySeconds, m_to * planner::kDaySeconds);
     m_rows = planner::AgendaRowsOf(m_occurrences, m_from, m_to, m_today);
     m_chosen = -1;
 }
@@ -141,6 +159,12 @@ bool CAgendaView::Choose(const planner::OccurrenceId& id)
     return false;
 }
 
+planner::DayNumber CAgendaView::ChosenDay() const
+{
+    const std::size_t row = static_cast<std::size_t>(m_chosen);
+    return m_chosen >= 0 && row < m_rows.size() ? m_rows[row].day : TopDay();
+}
+
 std::optional<planner::Occurrence> CAgendaView::Chosen() const
 {
     const std::size_t row = static_cast<std::size_t>(m_chosen);
@@ -154,7 +178,7 @@ std::optional<planner::Occurrence> CAgendaView::Chosen() const
 int CAgendaView::RowHeight()
 {
     CClientDC dc(this);
-    CFont* before = dc.SelectObject(&GuiFont());
+    CFont* before = dc.SelectObject(&m_font);
     TEXTMETRIC metrics = {};
     dc.GetTextMetrics(&metrics);
     dc.SelectObject(before);
@@ -318,24 +342,36 @@ void CAgendaView::DrawRow(CDC& dc, const planner::AgendaRow& row, const CRect& p
 {
     const int height = place.Height();
     const bool hasFocus = ::GetFocus() == m_hWnd;
-    const COLORREF page = ::GetSysColor(COLOR_WINDOW);
+    const planner::PaneColors page = planner::ListColors(m_theme);
     CRect text(place.left + height / 2, place.top, place.right - height / 2, place.bottom);
     if (row.IsHeading()) {
-        CCalendarCtrl::DrawGradient(&dc, place, row.day == m_today ? kTodayFrom : kHeadingFrom, page, TRUE);
-        dc.SetTextColor(RGB(32, 40, 56));
+        const bool isToday = row.day == m_today;
+        const COLORREF from = isToday ? dayvane::ThemeOr(m_theme.todayGround, kTodayFrom)
+                                      : dayvane::ThemeOr(m_theme.header, kHeadingFrom);
+        CCalendarCtrl::DrawGradient(&dc, place, from, page.ground, TRUE);
+        dc.SetTextColor(isToday ? dayvane::ThemeOr(m_theme.pageText, kHeadingText)
+                                : dayvane::ThemeOr(m_theme.headerText, kHeadingText));
         DrawUtf8(dc, HeadingOf(row.day, m_today), text);
     } else {
         const planner::Occurrence& occurrence = m_occurrences[row.item];
-        const planner::ItemColors& colors = planner::ColorsOf(*occurrence.event);
-        dc.FillSolidRect(&place, isChosen && hasFocus ? ::GetSysColor(COLOR_HIGHLIGHT)
-                                 : isChosen           ? ::GetSysColor(COLOR_BTNFACE)
-                                                      : page);
+        const planner::CalendarSet* calendars = Calendars();
+        const int color = calendars ? calendars->ColorOf(occurrence.id) : planner::CalendarSet::kByCategory;
+        const planner::ItemColors& colors = planner::ColorsOf(*occurrence.event, color);
+        const bool isMarked = isChosen && hasFocus;
+        const COLORREF ground = isMarked   ? dayvane::ThemeOr(m_theme.selection, ::GetSysColor(COLOR_HIGHLIGHT))
+                                : isChosen ? dayvane::ThemeOr(m_theme.header, ::GetSysColor(COLOR_BTNFACE))
+                                           : page.ground;
+        dc.FillSolidRect(&place, ground);
         const CRect mark(text.left, place.top + height / 6, text.left + height / 3, place.bottom - height / 6);
         dc.FillSolidRect(&mark, colors.outline);
-        dc.SetTextColor(::GetSysColor(isChosen && hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+        dc.SetTextColor(isMarked   ? dayvane::ThemeOr(m_theme.selectionText, ::GetSysColor(COLOR_HIGHLIGHTTEXT))
+                        : isChosen ? dayvane::ThemeOr(m_theme.headerText, ::GetSysColor(COLOR_WINDOWTEXT))
+                                   : page.text);
         text.left += height;
-        DrawUtf8(dc, row.time.empty() ? planner::Tr("All day") : row.time, text);
-        text.left += height * 6;
+        CRect time(text);
+        time.right = text.left + height * kTimeWidth;
+        DrawUtf8(dc, row.time.empty() ? planner::Tr("All day") : row.time, time);
+        text.left = time.right;
         const std::string where = occurrence.event->location.empty() ? "" : "   @ " + occurrence.event->location;
         DrawUtf8(dc, planner::ShownSummary(*occurrence.event) + where, text);
     }
@@ -353,8 +389,8 @@ void CAgendaView::OnDraw(CDC* pDC)
     memory.CreateCompatibleDC(pDC);
     bitmap.CreateCompatibleBitmap(pDC, std::max<int>(client.Width(), 1), std::max<int>(client.Height(), 1));
     CBitmap* bitmapBefore = memory.SelectObject(&bitmap);
-    CFont* fontBefore = memory.SelectObject(&GuiFont());
-    memory.FillSolidRect(&client, ::GetSysColor(COLOR_WINDOW));
+    CFont* fontBefore = memory.SelectObject(&m_font);
+    memory.FillSolidRect(&client, planner::ListColors(m_theme).ground);
     memory.SetBkMode(TRANSPARENT);
     const int height = RowHeight();
     CRect place(0, 0, client.right, height);

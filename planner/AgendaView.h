@@ -4,7 +4,9 @@
 #include <afxext.h>
 #include <afxwin.h>
 
+#include "core/CalendarTheme.h"
 #include "planner/AgendaRows.h"
+#include "planner/CalendarSet.h"
 
 #include <optional>
 #include <vector>
@@ -24,6 +26,10 @@ public:
     void Reload();
     bool Choose(const planner::OccurrenceId& id);
     std::optional<planner::Occurrence> Chosen() const;
+    // The day of the chosen line, else the one on top.
+    planner::DayNumber ChosenDay() const;
+    void SetTheme(const CalendarTheme& theme);
+    void SetScale(int dpi);
 
 protected:
     void OnDraw(CDC* pDC) override;
@@ -41,7 +47,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    planner::Document* Calendar();
+    planner::CalendarSet* Calendars();
     void Read(planner::DayNumber from, planner::DayNumber to);
     void Grow(); // at the end that is near
     void ScrollTo(int row);
@@ -55,6 +61,8 @@ private:
     std::vector<planner::AgendaRow> m_rows;
     planner::DayNumber m_from = 0, m_to = 0; // read
     planner::DayNumber m_today = 0;
+    CalendarTheme m_theme;
+    CFont m_font;      // the system's, at the resolution of the screen
     int m_top = 0;     // row
     int m_chosen = -1; // row
     int m_wheel = 0;   // left over of the last turn

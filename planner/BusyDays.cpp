@@ -4,7 +4,7 @@
 
 namespace planner {
 
-bool BusyDays::IsBusy(const Document& document, DayNumber day)
+bool BusyDays::IsBusy(const CalendarSet& calendars, DayNumber day)
 {
     const CivilDate date = DateOfDay(day);
     const DayNumber first = DayOfDate(date.year, date.month, 1);
@@ -12,7 +12,7 @@ bool BusyDays::IsBusy(const Document& document, DayNumber day)
     if (month == m_months.end()) {
         month = m_months.emplace(first, Month()).first;
         const DayNumber end = first + DaysInMonth(date.year, date.month);
-        for (const Occurrence& occurrence : document.OccurrencesIn(first * kDaySeconds, end * kDaySeconds)) {
+        for (const Occurrence& occurrence : calendars.OccurrencesIn(first * kDaySeconds, end * kDaySeconds)) {
             const DayNumber from = std::max(DayOfTime(occurrence.times.start), first);
             const DayNumber last = std::min(occurrence.LastDay(), end - 1);
             for (DayNumber busy = from; busy <= last; ++busy) {

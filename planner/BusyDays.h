@@ -1,7 +1,7 @@
 // Which days have items, found out month by month when they are asked for.
 #pragma once
 
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <bitset>
 #include <map>
@@ -12,7 +12,7 @@ class BusyDays
 {
 public:
     void Forget() { m_months.clear(); } // the document has changed
-    bool IsBusy(const Document& document, DayNumber day);
+    bool IsBusy(const CalendarSet& calendars, DayNumber day);
 
 private:
     static constexpr int LongestMonth = 31;

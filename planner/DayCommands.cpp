@@ -14,7 +14,7 @@
 namespace {
 
 constexpr char kDays[] = "Days"; // in the settings
-constexpr char kListFilter[] = "CSV (*.csv)|*.csv|All files (*.*)|*.*||";
+constexpr char kListFilter[] = "CSV (*.csv)|*.csv|*.*|*.*|";
 constexpr int kPanePadding = 16; // pixels on both sides of the text together
 
 const char* const kZones[] = {"",
@@ -116,28 +116,27 @@ void CPlannerFrame::OnUpdateZone(CCmdUI* pCmdUI)
 
 void CPlannerFrame::OnLoadHolidays()
 {
-    CFileDialog dialog(TRUE, "csv", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, kListFilter, this);
-    if (dialog.DoModal() == IDOK) {
-        ShowHolidaysOf(dialog.GetPathName());
+    std::string path;
+    if (planner::PromptFile(this, planner::FilePrompt::Open, kListFilter, "csv", path)) {
+        ShowHolidaysOf(path);
     }
 }
 
 void CPlannerFrame::OnHolidaysByLaw()
 {
-    ShowHolidaysOf(CString());
+    ShowHolidaysOf("");
 }
 
 void CPlannerFrame::OnUpdateHolidaysByLaw(CCmdUI* pCmdUI)
 {
-    pCmdUI->SetCheck(m_holidayList.IsEmpty());
+    pCmdUI->SetCheck(m_holidayList.empty());
 }
 
-void CPlannerFrame::ShowHolidaysOf(const CString& path)
+void CPlannerFrame::ShowHolidaysOf(const std::string& path)
 {
-    const auto bytes = path.IsEmpty() ? std::optional<std::string>() : planner::ReadWholeFile(path);
-    const std::string name = planner::Utf8OfSystem(path);
-    if (!path.IsEmpty() && !bytes) {
-        ShowProblem(planner::Tr("%1 cannot be read.", name));
+    const auto bytes = path.empty() ? std::optional<std::string>() : planner::ReadWholeFile(path);
+    if (!path.empty() && !bytes) {
+        ShowProblem(planner::Tr("%1 cannot be read.", path));
         return;
     }
     planner::HolidayListReport report;
@@ -147,15 +146,15 @@ void CPlannerFrame::ShowHolidaysOf(const CString& path)
     } else {
         planner::TheDays().ClearLoadedHolidays();
     }
-    m_holidayList = report.days > 0 || path.IsEmpty() ? path : m_holidayList;
+    m_holidayList = report.days > 0 || path.empty() ? path : m_holidayList;
     m_day = ShownDay();
     SetUpView();
     if (!bytes) {
         Tell(planner::Tr("The holidays are those of the law"));
     } else if (report.days == 0) {
-        ShowProblem(planner::Tr("There is no holiday in %1", name));
+        ShowProblem(planner::Tr("There is no holiday in %1", path));
     } else {
-        Tell(planner::Tr("%1 holidays taken from %2", std::to_string(report.days), name));
+        Tell(planner::Tr("%1 holidays taken from %2", std::to_string(report.days), path));
     }
 }
 
@@ -165,7 +164,7 @@ void CPlannerFrame::KeepDays()
     planner::IniText& ini = planner::TheSettings().Text();
     ini.Set(kDays, "shown", m_days.isChosen ? m_days.Words() : std::string());
     ini.Set(kDays, "secondClock", m_days.secondClock);
-    ini.Set(kDays, "holidays", planner::Utf8OfSystem(m_holidayList));
+    ini.Set(kDays, "holidays", m_holidayList);
 }
 
 // The pane is as wide as its text.

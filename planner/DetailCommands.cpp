@@ -3,6 +3,7 @@
 
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
+#include "planner/AgendaView.h"
 #include "planner/EventDialog.h"
 #include "planner/FindDialog.h"
 #include "planner/GoToDialog.h"
@@ -26,17 +27,13 @@ planner::LocalTime ShownNow()
     return planner::LocalOfDate(dayvane::Now());
 }
 
-std::vector<std::string> CategoriesAround(const planner::Document& document)
+std::vector<std::string> CategoriesAround(const planner::CalendarSet& calendars)
 {
     constexpr planner::LocalTime around = 400 * planner::kDaySeconds;
-    std::set<std::string> categories;
-    for (const planner::Occurrence& each : document.OccurrencesIn(ShownNow() - around, ShownNow() + around)) {
-        categories.insert(each.event->categories.begin(), each.event->categories.end());
-        if (categories.size() >= kMostCategories) {
-            break;
-        }
-    }
-    return std::vector<std::string>(categories.begin(), categories.end());
+    const std::set<std::string> all = calendars.CategoriesIn(ShownNow() - around, ShownNow() + around);
+    std::vector<std::string> categories(all.begin(), all.end());
+    categories.resize(std::min(categories.size(), kMostCategories));
+    return categories;
 }
 
 } // namespace
@@ -51,17 +48,17 @@ void CPlannerFrame::OnDetails()
         return;
     }
     const planner::Occurrence occurrence = *current;
-    planner::Document& calendar = Document()->Calendar();
-    const planner::EventForm before = planner::FormOf(calendar, occurrence);
+    planner::CalendarSet& calendar = Calendars();
+    const planner::EventForm before = planner::FormOf(occurrence);
     const bool isOfSeries = calendar.IsOfSeries(occurrence.id);
     CEventDialog::Choices choices;
-    choices.zones = calendar.Zones();
+    choices.zones = calendar.ZonesOf(occurrence.id);
     if (std::find(choices.zones.begin(), choices.zones.end(), before.zone) == choices.zones.end()) {
         choices.zones.push_back(before.zone); // named but not defined
     }
     choices.categories = CategoriesAround(calendar);
     choices.canRepeat = !occurrence.event->replaces.has_value();
-    choices.canChangeZone = !isOfSeries;
+    choices.canChangeZone = !isOfSeries || choices.canRepeat;
     choices.isMondayFirst = m_mondayFirst != FALSE;
     CEventDialog dialog(before, choices, this);
     if (dialog.DoModal() != IDOK) {
@@ -72,7 +69,9 @@ void CPlannerFrame::OnDetails()
         return;
     }
     std::optional<planner::Scope> scope = planner::Scope::ThisOccurrence;
-    if (isOfSeries) {
+    if (isOfSeries && changes.zone) {
+        scope = planner::Scope::WholeSeries; // nothing else can change it
+    } else if (isOfSeries) {
         scope =
             planner::AskScope(this, planner::Tr("Which occurrences of this series are to be changed?"), !changes.rule);
     }
@@ -81,23 +80,31 @@ void CPlannerFrame::OnDetails()
     }
 }
 
+// Of a new item: what is selected. In days without hours a time is what a dialog is opened for, so that one is offered.
+planner::EventTimes CPlannerFrame::NewTimes()
+{
+    const CAgendaView* agenda = Agenda();
+    if (agenda || !m_items.Ctrl()) {
+        const planner::DayNumber day =
+            agenda ? agenda->ChosenDay() : planner::DayOfTime(planner::LocalOfDate(ShownDay()));
+        return {day * planner::kDaySeconds, (day + 1) * planner::kDaySeconds, true};
+    }
+    return planner::SelectedTimes(*m_items.Ctrl(), !m_view.row->hasTimes);
+}
+
 void CPlannerFrame::OnNewDetails()
 {
-    CCalendarCtrl* ctrl = m_items.Ctrl();
-    if (!ctrl) {
-        return;
-    }
-    planner::Document& calendar = Document()->Calendar();
-    const planner::EventForm before = planner::NewForm(calendar, planner::SelectedTimes(*ctrl, !m_view.row->hasTimes));
+    planner::CalendarSet& calendar = Calendars();
+    const planner::EventForm before = planner::NewForm(NewTimes());
     CEventDialog::Choices choices;
-    choices.zones = calendar.Zones();
+    choices.zones = calendar.ZonesOf(planner::OccurrenceId());
     choices.categories = CategoriesAround(calendar);
     choices.isMondayFirst = m_mondayFirst != FALSE;
     choices.canChangeZone = false; // the calendar's own
     CEventDialog dialog(before, choices, this);
     if (dialog.DoModal() == IDOK) {
         std::vector<planner::FormProblem> none;
-        planner::EventChanges all = planner::ChangesOf(before, dialog.Form(), calendar.DisplayZone());
+        planner::EventChanges all = planner::ChangesOf(before, dialog.Form(), calendar.TargetDocument().DisplayZone());
         all.zone.reset();
         Finish(calendar.Create(planner::TimesOf(dialog.Form(), none), all));
     }
@@ -114,7 +121,7 @@ void CPlannerFrame::OnFind()
 {
     if (!m_find) {
         m_find = std::make_unique<CFindDialog>(
-            [this](const std::string& words) { return planner::Search(Document()->Calendar(), words, ShownNow()); },
+            [this](const std::string& words) { return planner::Search(Calendars(), words, ShownNow()); },
             [this](const planner::OccurrenceId& id) { Reveal(id); });
     }
     m_find->Open(this);
@@ -169,7 +176,7 @@ void CPlannerFrame::CheckReminders(const planner::PresentTime& now)
         actions.show = [this](const planner::OccurrenceId& id) { Reveal(id); };
         m_reminderBox = std::make_unique<CReminderDialog>(actions);
     }
-    m_reminderBox->Show(m_reminders.DueAt(document->Calendar(), now), this);
+    m_reminderBox->Show(m_reminders.DueAt(document->Calendars(), now), this);
 }
 
 // Where the file cannot keep it, at least this session does.
@@ -179,7 +186,7 @@ void CPlannerFrame::Dismiss(const std::vector<planner::DueReminder>& due)
     const planner::PresentTime now = PresentTime();
     planner::EditResult last;
     for (const planner::DueReminder& each : due) {
-        last = Document()->Calendar().Acknowledge(each.occurrence.id, std::max(now.utc, each.alarm));
+        last = Calendars().Acknowledge(each.occurrence.id, std::max(now.utc, each.alarm));
         if (!last.isDone) {
             m_reminders.Snooze(each.occurrence.id, now.utc + session);
         }

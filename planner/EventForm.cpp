@@ -40,7 +40,7 @@ void PutChange(std::optional<T>& change, const T& before, const T& after)
 
 } // namespace
 
-EventForm FormOf(const Document&, const Occurrence& occurrence)
+EventForm FormOf(const Occurrence& occurrence)
 {
     const Event& event = *occurrence.event;
     EventForm form;
@@ -60,7 +60,7 @@ EventForm FormOf(const Document&, const Occurrence& occurrence)
     return form;
 }
 
-EventForm NewForm(const Document&, const EventTimes& times)
+EventForm NewForm(const EventTimes& times)
 {
     EventForm form;
     PutTimes(form, times);

@@ -38,8 +38,8 @@ struct FormProblem
     std::string text; // in the current language
 };
 
-EventForm FormOf(const Document& document, const Occurrence& occurrence);
-EventForm NewForm(const Document& document, const EventTimes& times);
+EventForm FormOf(const Occurrence& occurrence);
+EventForm NewForm(const EventTimes& times);
 
 // The times that the form says; `problems` gets what is wrong with them.
 EventTimes TimesOf(const EventForm& form, std::vector<FormProblem>& problems);

@@ -1,10 +1,12 @@
 #include "planner/ItemBridge.h"
 
 #include "ical/Text.h"
+#include "planner/Words.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 
 namespace planner {
 
@@ -13,6 +15,7 @@ namespace {
 constexpr int kFontItalicStruck = 2; // tagCC_ITEM::nReserved
 constexpr std::size_t kNearlyAllPercent = 80;
 constexpr char kNoTitle[] = "(no title)";
+constexpr std::size_t kLongestNotes = 400; // bytes, of a tip
 
 constexpr COLORREF Rgb(unsigned rgb)
 {
@@ -30,7 +33,9 @@ constexpr ItemColors kPalette[] = {
     {Rgb(0xF7F2CF), Rgb(0xE6DA8C), Rgb(0xB3A142), Rgb(0x4C430C)}, // yellow
     {Rgb(0xE9EAEE), Rgb(0xC9CDD6), Rgb(0x868E9E), Rgb(0x2E3440)}, // grey
 };
+constexpr const char* kPaletteNames[] = {"Blue", "Green", "Orange", "Rose", "Violet", "Teal", "Yellow", "Grey"};
 constexpr std::size_t kPaletteSize = sizeof(kPalette) / sizeof(kPalette[0]);
+static_assert(kPaletteSize == kPaletteColors && std::size(kPaletteNames) == kPaletteSize);
 
 // FNV-1a with 32 bits
 std::uint32_t HashOf(const std::string& text)
@@ -106,10 +111,10 @@ LocalTime LocalOfDate(const COleDateTime& date)
         {date.GetYear(), date.GetMonth(), date.GetDay(), date.GetHour(), date.GetMinute(), date.GetSecond()});
 }
 
-tagCC_ITEM ItemOf(const Occurrence& occurrence)
+tagCC_ITEM ItemOf(const Occurrence& occurrence, int color)
 {
     const Event& event = *occurrence.event;
-    const ItemColors& colors = ColorsOf(event);
+    const ItemColors& colors = ColorsOf(event, color);
     tagCC_ITEM item;
     item.nReserved = event.IsCancelled() ? kFontItalicStruck : 0;
     item.dtStart = DateOfLocal(occurrence.times.start);
@@ -200,34 +205,66 @@ int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from,
     return offered.back();
 }
 
-std::string DetailsOf(const Occurrence& occurrence)
+namespace {
+
+std::string TimesText(const Occurrence& occurrence)
 {
     const EventTimes& times = occurrence.times;
     const bool isOneDay = DayOfTime(times.start) == occurrence.LastDay();
     std::string text = DayText(times.start);
     if (times.isAllDay) {
-        text += isOneDay ? "" : " - " + DayText(occurrence.LastDay() * kDaySeconds);
-    } else {
-        text += " " + ClockText(times.start) + " - ";
-        text += (isOneDay ? "" : DayText(times.end) + " ") + ClockText(times.end);
+        return text + (isOneDay ? "" : " - " + DayText(occurrence.LastDay() * kDaySeconds));
     }
-    text += "   " + ShownSummary(*occurrence.event);
-    if (!occurrence.event->location.empty()) {
-        text += "   @ " + OneLine(occurrence.event->location);
+    text += " " + ClockText(times.start) + " - ";
+    return text + (isOneDay ? "" : DayText(times.end) + " ") + ClockText(times.end);
+}
+
+} // namespace
+
+std::string DetailsOf(const Occurrence& occurrence)
+{
+    const std::string text = TimesText(occurrence) + "   " + ShownSummary(*occurrence.event);
+    const std::string& place = occurrence.event->location;
+    return text + (place.empty() ? "" : "   @ " + OneLine(place));
+}
+
+std::string TipOf(const Occurrence& occurrence)
+{
+    const Event& event = *occurrence.event;
+    std::string text = ShownSummary(event) + "\n" + TimesText(occurrence);
+    if (!event.location.empty()) {
+        text += "\n@ " + OneLine(event.location);
+    }
+    if (!event.description.empty()) {
+        const bool isCut = event.description.size() > kLongestNotes;
+        text += "\n" + RepairUtf8(std::string_view(event.description).substr(0, kLongestNotes)) + (isCut ? "..." : "");
     }
     return text;
 }
 
 std::string ShownSummary(const Event& event)
 {
-    return event.summary.empty() ? kNoTitle : OneLine(event.summary);
+    return event.summary.empty() ? Tr(kNoTitle) : OneLine(event.summary);
 }
 
-const ItemColors& ColorsOf(const Event& event)
+const ItemColors& ColorsOf(const Event& event, int color)
 {
+    if (color >= 0 && color < kPaletteColors) {
+        return kPalette[color];
+    }
     const std::string& kind = event.categories.empty() ? event.location : event.categories.front();
     const std::size_t number = kind.empty() ? static_cast<std::size_t>(std::max(event.calendar, 1) - 1) : HashOf(kind);
     return kPalette[number % kPaletteSize];
+}
+
+const ItemColors& PaletteColors(int color)
+{
+    return kPalette[color >= 0 && color < kPaletteColors ? color : kPaletteColors - 1];
+}
+
+const char* PaletteName(int color)
+{
+    return kPaletteNames[color];
 }
 
 } // namespace planner

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "core/CalendarRecords.h"
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <vector>
 
@@ -17,8 +17,8 @@ COleDateTime DateOfLocal(LocalTime time);
 // The date must be valid.
 LocalTime LocalOfDate(const COleDateTime& date);
 
-// What a control shows of an occurrence. Its text is UTF-8; lParam is left to the caller.
-tagCC_ITEM ItemOf(const Occurrence& occurrence);
+// What a control shows of an occurrence. Its text is UTF-8; lParam is left to the caller. `color`: see ColorsOf.
+tagCC_ITEM ItemOf(const Occurrence& occurrence, int color = CalendarSet::kByCategory);
 
 // The times of an occurrence whose item was moved or resized to those of `moved`. What did not change keeps its exact
 // seconds.
@@ -40,6 +40,9 @@ int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from,
 // One line that tells of an occurrence: when, what, where.
 std::string DetailsOf(const Occurrence& occurrence);
 
+// What a tip says of an occurrence: title, times, place and the beginning of the notes, each on lines of its own.
+std::string TipOf(const Occurrence& occurrence);
+
 // The text of one line without line breaks or tabs; a text of nothing gives a placeholder.
 std::string ShownSummary(const Event& event);
 
@@ -54,6 +57,11 @@ struct ItemColors
 
 // By the first category, without one by the place, without that by the calendar that the event belongs to: so an item
 // looks the same in every view and after every start, and what belongs together looks alike.
-const ItemColors& ColorsOf(const Event& event);
+// A colour of the palette goes before: that of the calendar where several are shown.
+const ItemColors& ColorsOf(const Event& event, int color = CalendarSet::kByCategory);
+
+constexpr int kPaletteColors = 8;
+const ItemColors& PaletteColors(int color); // kByCategory: grey
+const char* PaletteName(int color);         // English
 
 } // namespace planner

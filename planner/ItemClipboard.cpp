@@ -25,11 +25,11 @@ UINT CalendarFormat()
     return format;
 }
 
-std::string PlainTextOf(const Document& document, const std::vector<OccurrenceId>& ids)
+std::string PlainTextOf(const CalendarSet& calendars, const std::vector<OccurrenceId>& ids)
 {
     std::string text;
     for (const OccurrenceId& id : ids) {
-        if (const auto occurrence = document.Find(id)) {
+        if (const auto occurrence = calendars.Find(id)) {
             text += (text.empty() ? "" : "\r\n") + DetailsOf(*occurrence);
         }
     }
@@ -101,10 +101,10 @@ bool IsPasteable()
     return ::IsClipboardFormatAvailable(CalendarFormat()) || ::IsClipboardFormatAvailable(CF_UNICODETEXT);
 }
 
-MergeReport PasteText(Document& document, const PastedText& pasted, const EventTimes& place)
+MergeReport PasteText(CalendarSet& calendars, const PastedText& pasted, const EventTimes& place)
 {
     if (pasted.isCalendar || IsCalendarText(pasted.text)) {
-        return document.Paste(pasted.text, place.start);
+        return calendars.Paste(pasted.text, place.start);
     }
     EventChanges all;
     const std::string_view text = TrimBlanks(pasted.text);
@@ -120,7 +120,7 @@ MergeReport PasteText(Document& document, const PastedText& pasted, const EventT
         all.description = RepairUtf8(notes);
     }
     MergeReport report;
-    report.edit = document.Create(place, all);
+    report.edit = calendars.Create(place, all);
     report.added = report.edit.isDone ? 1 : 0;
     return report;
 }

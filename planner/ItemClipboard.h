@@ -1,7 +1,7 @@
 // Items as text/calendar and as plain text, on the clipboard and in drags from one program to another.
 #pragma once
 
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <afxwin.h>
 
@@ -14,7 +14,7 @@ namespace planner {
 UINT CalendarFormat();
 
 // What items are for programs that know no calendars: a line for each.
-std::string PlainTextOf(const Document& document, const std::vector<OccurrenceId>& ids);
+std::string PlainTextOf(const CalendarSet& calendars, const std::vector<OccurrenceId>& ids);
 
 // FALSE: another program holds the clipboard.
 bool PutOnClipboard(CWnd& owner, const std::string& calendar, const std::string& text);
@@ -36,6 +36,6 @@ std::string WideTextOfGlobal(HGLOBAL block); // as UTF-8
 
 // Puts items into the document: of a calendar all events, of a plain text one event whose title is the first line and
 // whose notes are the rest.
-MergeReport PasteText(Document& document, const PastedText& pasted, const EventTimes& place);
+MergeReport PasteText(CalendarSet& calendars, const PastedText& pasted, const EventTimes& place);
 
 } // namespace planner

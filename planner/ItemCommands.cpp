@@ -80,7 +80,7 @@ void CPlannerFrame::TakeBack()
     if (!m_items.Ctrl()) {
         return;
     }
-    m_items.Load(Document()->Calendar());
+    m_items.Load(Calendars());
     Tell(planner::Tr("The item stays where it was"));
 }
 
@@ -129,10 +129,10 @@ void CPlannerFrame::OnItemMoved(NMHDR* pHeader, LRESULT* pResult)
         return;
     }
     if ((record.nSubValue & MK_CONTROL) != 0) {
-        Finish(Document()->Calendar().Copy(id, times));
+        Finish(Calendars().Copy(id, times));
     } else {
         ChangeItem(id, planner::Tr("Which occurrences of this series are to be moved?"),
-                   [&](planner::Scope scope) { return Document()->Calendar().Move(id, times, scope); });
+                   [&](planner::Scope scope) { return Calendars().Move(id, times, scope); });
     }
 }
 
@@ -141,7 +141,7 @@ void CPlannerFrame::ChangeItem(const planner::OccurrenceId& id, const std::strin
                                const std::function<planner::EditResult(planner::Scope)>& change)
 {
     std::optional<planner::Scope> scope = planner::Scope::ThisOccurrence;
-    if (Document()->Calendar().IsOfSeries(id)) {
+    if (Calendars().IsOfSeries(id)) {
         scope = planner::AskScope(this, question);
     }
     if (scope) {
@@ -155,11 +155,19 @@ void CPlannerFrame::ChangeItem(const planner::OccurrenceId& id, const std::strin
 
 void CPlannerFrame::OnNewItem()
 {
-    m_editor.BeginCreate(!m_view.row->hasTimes);
+    if (m_items.Ctrl()) {
+        m_editor.BeginCreate(!m_view.row->hasTimes);
+    } else { // a list has no place to type in
+        OnNewDetails();
+    }
 }
 
 void CPlannerFrame::OnRename(UINT nID)
 {
+    if (!m_items.Ctrl()) {
+        OnDetails();
+        return;
+    }
     m_editor.BeginRename(nID == ID_EDIT_RENAME_SERIES ? planner::Scope::WholeSeries : planner::Scope::ThisOccurrence);
 }
 
@@ -171,16 +179,16 @@ void CPlannerFrame::OnDelete(UINT nID)
     }
     const planner::OccurrenceId id = current->id;
     if (nID == ID_EDIT_DELETE_SERIES) {
-        Finish(Document()->Calendar().Delete(id, planner::Scope::WholeSeries));
+        Finish(Calendars().Delete(id, planner::Scope::WholeSeries));
     } else {
         ChangeItem(id, planner::Tr("Which occurrences of this series are to be deleted?"),
-                   [&](planner::Scope scope) { return Document()->Calendar().Delete(id, scope); });
+                   [&](planner::Scope scope) { return Calendars().Delete(id, scope); });
     }
 }
 
 void CPlannerFrame::OnEditEnded(NMHDR* pHeader, LRESULT* pResult)
 {
-    Finish(m_editor.EndEdit(Document()->Calendar(), *reinterpret_cast<const NMCALENDAREDIT*>(pHeader)));
+    Finish(m_editor.EndEdit(Calendars(), *reinterpret_cast<const NMCALENDAREDIT*>(pHeader)));
     *pResult = 0;
 }
 
@@ -188,5 +196,5 @@ void CPlannerFrame::OnUpdateOfItem(CCmdUI* pCmdUI)
 {
     const planner::Occurrence* current = m_items.Current();
     const bool ofSeries = pCmdUI->m_nID == ID_EDIT_RENAME_SERIES || pCmdUI->m_nID == ID_EDIT_DELETE_SERIES;
-    pCmdUI->Enable(current && (!ofSeries || Document()->Calendar().IsOfSeries(current->id)));
+    pCmdUI->Enable(current && (!ofSeries || Calendars().IsOfSeries(current->id)));
 }

@@ -2,6 +2,7 @@
 
 #include "core/DateMath.h"
 #include "planner/ItemBridge.h"
+#include "planner/TypedDate.h"
 #include "views/daygrid/DayGridCtrl.h"
 #include "views/timegrid/DayViewCtrl.h"
 
@@ -147,7 +148,7 @@ void ItemEditor::Commit()
     }
 }
 
-EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
+EditResult ItemEditor::EndEdit(CalendarSet& calendars, const NMCALENDAREDIT& ended)
 {
     if (!m_edit.isOpen) {
         return Nothing();
@@ -155,9 +156,18 @@ EditResult ItemEditor::EndEdit(Document& document, const NMCALENDAREDIT& ended)
     m_edit.isOpen = false;
     const std::string text = ended.lpszText ? ended.lpszText : "";
     if (m_edit.id.event != kNoEvent) {
-        return document.SetText(m_edit.id, TextField::Summary, text, m_edit.scope);
+        return calendars.SetText(m_edit.id, TextField::Summary, text, m_edit.scope);
     }
-    return text.empty() ? Nothing() : document.Create(m_edit.times, text);
+    if (text.empty()) {
+        return Nothing();
+    }
+    const TypedTitle typed = ParseTypedTitle(text);
+    const bool isDay = m_edit.times.isAllDay && m_edit.times.end - m_edit.times.start == kDaySeconds;
+    if (!isDay || !typed.start) {
+        return calendars.Create(m_edit.times, text);
+    }
+    const LocalTime day = m_edit.times.start;
+    return calendars.Create({day + *typed.start, day + typed.end, false}, typed.title);
 }
 
 EventTimes ItemEditor::TimesAfter(int item) const

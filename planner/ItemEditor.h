@@ -22,7 +22,7 @@ public:
     void Commit();
 
     // The edit box was closed with this text. Done without an id: there was nothing to do.
-    EditResult EndEdit(Document& document, const NMCALENDAREDIT& ended);
+    EditResult EndEdit(CalendarSet& calendars, const NMCALENDAREDIT& ended);
     // The times that an item which was dragged has now.
     EventTimes TimesAfter(int item) const;
 

@@ -5,7 +5,7 @@
 #include "core/CalendarFonts.h"
 #include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
-#include "planner/SystemText.h"
+#include "planner/WideText.h"
 #include "planner/Words.h"
 #include "planner/resource.h"
 
@@ -71,7 +71,8 @@ BOOL CSidePane::Create(CWnd* pParent, UINT nID)
     const CRect nowhere(0, 0, 0, 0);
     const LPCTSTR name = AfxRegisterWndClass(0, ::LoadCursor(nullptr, IDC_ARROW));
     if (!CWnd::Create(name, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, nowhere, pParent, nID) ||
-        !m_calendar.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, nowhere, this, IDC_MINI_CALENDAR)) {
+        !m_calendar.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, nowhere, this, IDC_MINI_CALENDAR) ||
+        !m_list.Create(this, IDC_CALENDAR_LIST)) {
         return FALSE;
     }
     m_calendar.SetRangeSelect(FALSE);
@@ -83,7 +84,7 @@ BOOL CSidePane::Create(CWnd* pParent, UINT nID)
 COLORREF CSidePane::DotOf(const COleDateTime& date, LPARAM lParam)
 {
     CSidePane& pane = *reinterpret_cast<CSidePane*>(lParam);
-    const planner::Document* document = pane.m_pfnDocument(pane.m_lParam);
+    const planner::CalendarSet* document = pane.m_pfnDocument(pane.m_lParam);
     const bool isBusy = document && date.GetStatus() == COleDateTime::valid &&
                         pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
     return isBusy ? kBusyDot : CLR_NONE;
@@ -119,12 +120,15 @@ void CSidePane::DocumentChanged()
 void CSidePane::SetTheme(planner::ThemeChoice choice)
 {
     planner::ShowTheme(m_calendar, choice);
+    m_list.SetTheme(m_calendar.GetTheme());
     Invalidate();
 }
 
 void CSidePane::SetScale(int dpi)
 {
     m_calendar.SetScale(dpi);
+    m_list.SetScale(dpi);
+    Arrange();
 }
 
 BOOL CSidePane::IsShown(const COleDateTime& day) const
@@ -171,10 +175,30 @@ BOOL CSidePane::DayAt(CPoint screen, COleDateTime& day) const
 void CSidePane::OnSize(UINT nType, int cx, int cy)
 {
     CWnd::OnSize(nType, cx, cy);
-    const CRect place(kPaneMargin, kPaneMargin, cx - kPaneMargin - kEdgeWidth, cy);
+    Arrange();
+}
+
+// The list of calendars takes what it needs at the lower edge, though never more than half.
+void CSidePane::Arrange()
+{
+    CRect place;
+    GetClientRect(&place);
+    place.DeflateRect(kPaneMargin, kPaneMargin, kPaneMargin + kEdgeWidth, 0);
+    const bool hasList = (m_list.GetStyle() & WS_VISIBLE) != 0;
+    const int listHeight = hasList ? std::min(m_list.Height() + kPaneMargin, static_cast<int>(place.Height()) / 2) : 0;
+    m_list.MoveWindow(place.left, place.bottom - listHeight, place.Width(), std::max(listHeight - kPaneMargin, 0));
+    place.bottom -= listHeight + (hasList ? kPaneMargin : 0);
     m_calendar.RecalcRowAndCol(place.Width(), place.Height());
     m_calendar.MoveWindow(&place);
     m_calendar.Refresh();
+}
+
+void CSidePane::ShowCalendars(const planner::CalendarSet& calendars)
+{
+    m_list.Show(calendars);
+    m_list.ShowWindow(calendars.Members().size() > 1 ? SW_SHOWNA : SW_HIDE);
+    Arrange();
+    Invalidate();
 }
 
 void CSidePane::OnPaint()
@@ -226,7 +250,7 @@ void CMessagePane::Show(const std::vector<planner::Message>& messages)
 {
     ResetContent();
     for (const planner::Message& message : messages) {
-        AddString(planner::SystemText(planner::Tr("Line %1: ", std::to_string(message.line)) + message.text));
+        AddString(planner::SystemOf(planner::Tr("Line %1: %2", std::to_string(message.line), message.text)));
     }
 }
 

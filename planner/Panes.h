@@ -6,13 +6,14 @@
 
 #include "pickers/MiniCalendarCtrl.h"
 #include "planner/BusyDays.h"
+#include "planner/CalendarList.h"
 #include "planner/PlannerTheme.h"
 
 class CSidePane : public CWnd
 {
 public:
     // Days with items of the document have a dot; without a document (nullptr) none are.
-    typedef planner::Document* (*PFNDOCUMENT)(LPARAM lParam);
+    typedef planner::CalendarSet* (*PFNDOCUMENT)(LPARAM lParam);
     CSidePane(PFNDOCUMENT pfnDocument, LPARAM lParam) : m_pfnDocument(pfnDocument), m_lParam(lParam) {}
 
     BOOL Create(CWnd* pParent, UINT nID);
@@ -20,6 +21,7 @@ public:
     // Selects the day; its month comes into view when it is not yet there.
     void Follow(const COleDateTime& day);
     void DocumentChanged();
+    void ShowCalendars(const planner::CalendarSet& calendars); // a list of them where there are several
     void SetTexts(const CalendarTexts& texts);
     // Changes the pane's width: the frame lays out again.
     void ShowWeekNumbers(BOOL bShow, dayvane::WeekRule rule);
@@ -28,6 +30,7 @@ public:
     // The day under a point of the screen, which a dragged item is dropped on; FALSE: none.
     BOOL DayAt(CPoint screen, COleDateTime& day) const;
     CMiniCalendarCtrl& Calendar() { return m_calendar; }
+    CCalendarList& List() { return m_list; }
     int Width() const;
 
 protected:
@@ -46,8 +49,11 @@ private:
     PFNDOCUMENT m_pfnDocument;
     LPARAM m_lParam;
     planner::BusyDays m_busyDays;
+    void Arrange();
+
     CMiniCalendarCtrl m_calendar;
     BOOL m_weekNumbers = FALSE;
+    CCalendarList m_list;
 };
 
 class CMessagePane : public CListBox

@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <shellapi.h>
+
 namespace {
 constexpr char kListPage[] = "list"; // on the command line: the month as a list, which is a page but no view
 } // namespace
@@ -31,6 +33,7 @@ public:
     }
 
 protected:
+    afx_msg void OnFileOpen();
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -44,20 +47,41 @@ private:
 
 BEGIN_MESSAGE_MAP(CPlannerApp, CWinApp)
 ON_COMMAND(ID_FILE_NEW, &CWinApp::OnFileNew)
-ON_COMMAND(ID_FILE_OPEN, &CWinApp::OnFileOpen)
+ON_COMMAND(ID_FILE_OPEN, &CPlannerApp::OnFileOpen)
 ON_COMMAND(ID_FILE_PRINT_SETUP, &CWinApp::OnFilePrintSetup)
 END_MESSAGE_MAP()
 
 CPlannerApp theApp;
 
+// Those of the system in UTF-8: the narrow ones have lost the letters that its code page lacks.
+static std::vector<std::string> Arguments()
+{
+    int count = 0;
+    wchar_t** const all = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; all && i < count; ++i) {
+        arguments.push_back(planner::Utf8Of(all[i]));
+    }
+    ::LocalFree(all);
+    return arguments;
+}
+
+void CPlannerApp::OnFileOpen()
+{
+    std::string path;
+    if (planner::PromptFile(m_pMainWnd, planner::FilePrompt::Open, planner::CalendarFilter(), "ics", path)) {
+        OpenDocumentFile(path.c_str());
+    }
+}
+
 BOOL CPlannerApp::InitInstance()
 {
     dayvane::SetDefaultDayProvider(&planner::TheDays()); // today's law and the exact sky, in every view
-    m_line = planner::ParseCommandLine(std::vector<std::string>(__argv + 1, __argv + __argc));
+    m_line = planner::ParseCommandLine(Arguments());
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
     planner::Settings& settings = planner::TheSettings();
     if (!m_line.settings.empty()) {
-        settings.Open(planner::Wide(planner::Utf8OfSystem(m_line.settings.c_str())));
+        settings.Open(planner::SystemPath(m_line.settings));
     } else if (m_line.shot.empty() && m_line.pages.empty()) {
         settings.Open(planner::Settings::UsualFile());
     }
@@ -103,8 +127,8 @@ BOOL CPlannerApp::InitInstance()
     }
     TellMessages(frame);
     const std::string list = settings.Text().Get("Days", "holidays");
-    const CString holidays = m_line.holidays.empty() ? planner::SystemOf(list) : CString(m_line.holidays.c_str());
-    if (!holidays.IsEmpty()) {
+    const std::string holidays = m_line.holidays.empty() ? list : m_line.holidays;
+    if (!holidays.empty()) {
         frame.ShowHolidaysOf(holidays);
     }
     return TRUE;
@@ -133,14 +157,14 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
     const std::wstring folder = planner::Settings::UsualFile();
     if (settings.IsKept() && m_line.settings.empty()) {
         const std::wstring own = folder.substr(0, folder.find_last_of(L'\\') + 1) + L"Untitled.ics";
-        CPlannerDoc::s_untitled = planner::SystemOf(planner::Utf8Of(own));
+        CPlannerDoc::s_untitled = planner::Utf8Of(own);
     }
 }
 
 // A program started from a console tells there, too, what it could not read.
 void CPlannerApp::TellMessages(CPlannerFrame& frame)
 {
-    for (const planner::Message& message : frame.Document()->Calendar().Messages()) {
+    for (const planner::Message& message : frame.Document()->Messages()) {
         std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemText(message.text).GetString());
     }
     std::fflush(stderr);
@@ -148,7 +172,7 @@ void CPlannerApp::TellMessages(CPlannerFrame& frame)
 
 void CPlannerApp::PrintPages(CPlannerFrame& frame)
 {
-    const std::string file = m_line.pages;
+    const std::string file = planner::SystemOf(m_line.pages).GetString();
     m_line.pages.clear();
     CString problem;
     const int pages = frame.PrintTo(file.c_str(), m_line.paper, problem);
@@ -170,7 +194,7 @@ BOOL CPlannerApp::OnIdle(LONG lCount)
         PrintPages(*static_cast<CPlannerFrame*>(m_pMainWnd));
     } else if (!more && !m_line.shot.empty() && m_pMainWnd) {
         m_pMainWnd->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-        m_failed = !planner::SaveWindowPicture(*m_pMainWnd, m_line.shot.c_str());
+        m_failed = !planner::SaveWindowPicture(*m_pMainWnd, planner::SystemOf(m_line.shot));
         m_line.shot.clear();
         m_pMainWnd->DestroyWindow();
     }

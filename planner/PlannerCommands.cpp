@@ -14,22 +14,22 @@
 
 void CPlannerFrame::OnUndo()
 {
-    Finish(Document()->Calendar().Undo());
+    Finish(Calendars().Undo());
 }
 
 void CPlannerFrame::OnRedo()
 {
-    Finish(Document()->Calendar().Redo());
+    Finish(Calendars().Redo());
 }
 
 void CPlannerFrame::OnUpdateUndo(CCmdUI* pCmdUI)
 {
-    pCmdUI->Enable(Document()->Calendar().CanUndo());
+    pCmdUI->Enable(Calendars().CanUndo());
 }
 
 void CPlannerFrame::OnUpdateRedo(CCmdUI* pCmdUI)
 {
-    pCmdUI->Enable(Document()->Calendar().CanRedo());
+    pCmdUI->Enable(Calendars().CanRedo());
 }
 
 // ---- Views
@@ -217,7 +217,7 @@ void CPlannerFrame::OnUpdatePane(CCmdUI* pCmdUI)
 
 void CPlannerFrame::OnNextPane()
 {
-    CWnd* const stops[] = {GetActiveView(), &m_sidePane.Calendar(), &m_messagePane};
+    CWnd* const stops[] = {GetActiveView(), &m_sidePane.Calendar(), &m_sidePane.List(), &m_messagePane};
     constexpr int count = sizeof(stops) / sizeof(stops[0]);
     int at = 0;
     for (int i = 0; i < count; ++i) {

@@ -1,13 +1,36 @@
 #include "planner/PlannerDoc.h"
 
 #include "planner/ChangedDialog.h"
+#include "planner/ProgressDialog.h"
 #include "planner/WideText.h"
 #include "planner/Words.h"
 #include "planner/resource.h"
 
 IMPLEMENT_DYNCREATE(CPlannerDoc, CDocument)
 
-CString CPlannerDoc::s_untitled;
+std::string CPlannerDoc::s_untitled;
+
+CPlannerDoc::CPlannerDoc()
+{
+    m_calendars.Add(m_calendar, "");
+}
+
+CPlannerDoc::~CPlannerDoc() = default;
+
+std::string CPlannerDoc::Name() const
+{
+    const std::string path = m_workspace.empty() ? Path() : m_workspace;
+    return path.empty() ? planner::Tr("Untitled") : planner::FileNameOf(path);
+}
+
+void CPlannerDoc::SetPathName(LPCTSTR lpszPathName, BOOL)
+{
+    if (!planner::HasExtension(lpszPathName, planner::Workspace::kExtension)) { // that one has calendars with paths
+        m_strPathName = planner::FullPath(lpszPathName).c_str();
+    }
+    m_calendars.SetName(0, planner::FileNameOf(Path()));
+    SetTitle(planner::SystemOf(Name()));
+}
 
 // ---- Opening
 
@@ -15,7 +38,8 @@ BOOL CPlannerDoc::OnNewDocument()
 {
     const BOOL done = CDocument::OnNewDocument();
     m_fileBytes.clear();
-    if (done && !s_untitled.IsEmpty()) {
+    m_calendars.SetName(0, planner::Tr("Untitled"));
+    if (done && !s_untitled.empty()) {
         Recover(s_untitled, planner::Tr("Untitled"));
     }
     TellFrame();
@@ -24,16 +48,44 @@ BOOL CPlannerDoc::OnNewDocument()
 
 BOOL CPlannerDoc::OnOpenDocument(LPCTSTR lpszPathName)
 {
-    const BOOL done = CDocument::OnOpenDocument(lpszPathName);
-    if (done) {
-        m_stamp.Take(lpszPathName);
-        Recover(lpszPathName, planner::Utf8OfSystem(lpszPathName));
+    const std::string path = planner::FullPath(lpszPathName);
+    const bool isWorkspace = planner::HasExtension(path, planner::Workspace::kExtension);
+    planner::Workspace workspace;
+    if ((isWorkspace && !ReadWorkspace(path, workspace)) || !Read(isWorkspace ? workspace.calendars[0].file : path)) {
+        return FALSE;
+    }
+    CloseAllFurther();
+    m_workspace = isWorkspace ? path : std::string();
+    m_calendars.HideCategories(workspace.hiddenCategories);
+    Recover(Path(), Path());
+    if (isWorkspace) {
+        Show(workspace);
     }
     TellFrame();
-    return done;
+    return TRUE;
 }
 
-void CPlannerDoc::Recover(const CString& file, const std::string& name)
+// The calendar of a file in place of what was here; false: what was here stays.
+bool CPlannerDoc::Read(const std::string& path)
+{
+    auto bytes = planner::ReadWholeFile(path);
+    if (!bytes) {
+        planner::Ask(AfxGetMainWnd(), planner::Tr("%1 cannot be read.", path), MB_OK | MB_ICONEXCLAMATION);
+        return false;
+    }
+    CProgressDialog progress(planner::Tr("Reading %1", planner::FileNameOf(path)));
+    if (!m_calendar.Load(*bytes, [&](std::size_t done, std::size_t all) { return progress.Step(done, all); })) {
+        return false;
+    }
+    m_copy.Remove();
+    m_fileBytes = std::move(*bytes);
+    m_stamp.Take(path);
+    m_strPathName = path.c_str();
+    m_calendars.SetName(0, planner::FileNameOf(path));
+    return true;
+}
+
+void CPlannerDoc::Recover(const std::string& file, const std::string& name)
 {
     const auto left = planner::AutoSave::LeftFor(file);
     if (!left) {
@@ -44,7 +96,7 @@ void CPlannerDoc::Recover(const CString& file, const std::string& name)
         planner::Ask(nullptr,
                      planner::Tr("The planner ended while changes of %1 were not saved.\n\nOpen them again?", name),
                      MB_YESNO | MB_ICONQUESTION) == IDYES;
-    ::DeleteFile(planner::AutoSave::PathFor(file));
+    planner::AutoSave::RemoveFor(file);
     if (isWanted) {
         m_calendar.Load(*left);
         m_calendar.MarkUnsaved();
@@ -54,6 +106,9 @@ void CPlannerDoc::Recover(const CString& file, const std::string& name)
 
 void CPlannerDoc::DeleteContents()
 {
+    CloseAllFurther();
+    m_workspace.clear();
+    m_calendars.HideCategories({});
     m_copy.Remove();
     m_calendar.Clear();
 }
@@ -66,27 +121,16 @@ void CPlannerDoc::SetModifiedFlag(BOOL bModified)
     } else {
         m_calendar.MarkSaved();
     }
-    UpdateFrameCounts(); // the title tells it
-}
-
-void CPlannerDoc::Serialize(CArchive& archive)
-{
-    if (archive.IsStoring()) {
-        m_fileBytes = m_calendar.Save();
-        archive.Write(m_fileBytes.data(), static_cast<UINT>(m_fileBytes.size()));
-        return;
-    }
-    std::string bytes;
-    char block[65536];
-    while (const UINT count = archive.Read(block, sizeof(block))) {
-        bytes.append(block, count);
-    }
-    m_calendar.Load(bytes);
-    m_fileBytes = std::move(bytes);
+    (m_owner ? m_owner : this)->UpdateFrameCounts(); // the title tells it
 }
 
 void CPlannerDoc::TellFrame()
 {
+    ShareClock();
+    if (m_owner) {
+        m_owner->TellFrame();
+        return;
+    }
     POSITION position = GetFirstViewPosition();
     CView* view = position ? GetNextView(position) : nullptr;
     if (CFrameWnd* frame = view ? view->GetParentFrame() : nullptr) {
@@ -94,56 +138,207 @@ void CPlannerDoc::TellFrame()
     }
 }
 
+std::vector<planner::Message> CPlannerDoc::Messages()
+{
+    std::vector<planner::Message> messages = m_calendar.Messages();
+    for (const auto& further : m_further) {
+        for (planner::Message message : further->m_calendar.Messages()) {
+            message.text = further->Name() + ": " + message.text;
+            messages.push_back(message);
+        }
+    }
+    return messages;
+}
+
+// ---- Further calendars
+
+// All are shown on the clock of the first one, when its file names one.
+void CPlannerDoc::ShareClock()
+{
+    const planner::ZonePtr zone = m_calendar.DisplayZone();
+    for (const auto& further : m_further) {
+        if (zone) {
+            further->m_calendar.ShowOn(zone);
+        }
+    }
+}
+
+bool CPlannerDoc::OpenFurther(const std::string& path)
+{
+    const std::string full = planner::FullPath(path);
+    bool isOpen = full == Path();
+    for (const auto& further : m_further) {
+        isOpen = isOpen || further->Path() == full;
+    }
+    auto further = std::make_unique<CPlannerDoc>();
+    if (isOpen || m_further.size() + 1 >= planner::CalendarSet::kMostCalendars || !further->Read(full)) {
+        return false;
+    }
+    further->m_owner = this;
+    further->Recover(full, full);
+    m_calendars.Add(further->m_calendar, planner::FileNameOf(full));
+    m_further.push_back(std::move(further));
+    TellFrame();
+    return true;
+}
+
+bool CPlannerDoc::CloseFurther(std::size_t index)
+{
+    if (index == 0 || index > m_further.size() || !m_further[index - 1]->SaveOwnModified()) {
+        return false;
+    }
+    m_further[index - 1]->m_copy.Remove();
+    m_calendars.Remove(index);
+    m_further.erase(m_further.begin() + static_cast<std::ptrdiff_t>(index - 1));
+    TellFrame();
+    return true;
+}
+
+void CPlannerDoc::CloseAllFurther()
+{
+    while (!m_further.empty()) {
+        m_further.back()->m_copy.Remove();
+        m_calendars.Remove(m_further.size());
+        m_further.pop_back();
+    }
+}
+
+bool CPlannerDoc::ReadWorkspace(const std::string& path, planner::Workspace& workspace)
+{
+    const auto text = planner::ReadWholeFile(path);
+    workspace = planner::ParseWorkspace(text.value_or(""), planner::FolderOf(path));
+    if (workspace.calendars.empty()) {
+        planner::Ask(AfxGetMainWnd(),
+                     planner::Tr(text ? "%1 is no workspace of the planner." : "%1 cannot be read.", path),
+                     MB_OK | MB_ICONEXCLAMATION);
+    }
+    return !workspace.calendars.empty();
+}
+
+void CPlannerDoc::Show(const planner::Workspace& workspace)
+{
+    for (std::size_t i = 0; i < workspace.calendars.size(); ++i) {
+        const planner::Workspace::Calendar& calendar = workspace.calendars[i];
+        if (i != 0 && !OpenFurther(calendar.file)) {
+            continue;
+        }
+        const std::size_t index = m_further.size(); // 0: this one
+        m_calendars.SetColor(index, calendar.color);
+        m_calendars.Show(index, calendar.isShown);
+        if (i == workspace.target) {
+            m_calendars.SetTarget(index);
+        }
+    }
+}
+
+bool CPlannerDoc::SaveWorkspace(const std::string& path)
+{
+    planner::Workspace workspace;
+    workspace.target = m_calendars.Target();
+    workspace.hiddenCategories = m_calendars.HiddenCategories();
+    for (std::size_t i = 0; i < m_calendars.Members().size(); ++i) {
+        const planner::CalendarSet::Member& member = m_calendars.Members()[i];
+        const std::string file = i == 0 ? Path() : m_further[i - 1]->Path();
+        workspace.calendars.push_back({file, member.color, member.isShown});
+    }
+    const std::string full = planner::FullPath(path);
+    const std::string before = planner::ReadWholeFile(full).value_or("");
+    const std::string text = planner::WorkspaceText(workspace, planner::FolderOf(full), before);
+    const DWORD error = text == before ? 0 : planner::WriteWholeFile(full, text);
+    if (error != 0) {
+        planner::Ask(AfxGetMainWnd(), planner::WriteProblem(full, error), MB_OK | MB_ICONEXCLAMATION);
+        return false;
+    }
+    m_workspace = full;
+    UpdateFrameCounts();
+    return true;
+}
+
 // ---- Saving
 
 BOOL CPlannerDoc::DoFileSave()
 {
-    const DWORD attributes = ::GetFileAttributes(GetPathName());
-    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        const std::string name = planner::Utf8OfSystem(GetPathName());
-        if (planner::Ask(AfxGetMainWnd(),
-                         planner::Tr("%1 is read-only.\n\nSave the calendar under another name?", name),
-                         MB_OKCANCEL | MB_ICONINFORMATION) != IDOK) {
+    bool isOtherModified = false;
+    for (const auto& further : m_further) {
+        isOtherModified = isOtherModified || further->IsModified();
+    }
+    if ((IsModified() || !isOtherModified) && !SaveOwn()) {
+        return FALSE;
+    }
+    for (const auto& further : m_further) {
+        if (further->IsModified() && !further->SaveOwn()) {
             return FALSE;
         }
     }
-    return CDocument::DoFileSave();
+    return m_workspace.empty() || SaveWorkspace(m_workspace);
+}
+
+BOOL CPlannerDoc::SaveOwn()
+{
+    planner::FileStamp now;
+    now.Take(Path());
+    if (!Path().empty() && now.IsReadOnly()) {
+        if (planner::Ask(AfxGetMainWnd(),
+                         planner::Tr("%1 is read-only.\n\nSave the calendar under another name?", Path()),
+                         MB_OKCANCEL | MB_ICONINFORMATION) != IDOK) {
+            return FALSE;
+        }
+        return DoSave(nullptr);
+    }
+    return DoSave(GetPathName());
+}
+
+BOOL CPlannerDoc::DoSave(LPCTSTR lpszPathName, BOOL bReplace)
+{
+    std::string path = lpszPathName ? lpszPathName : "";
+    if (path.empty()) {
+        path = Path();
+        const std::string filter =
+            planner::Tr("Calendars (*.ics)") + "|*.ics|" + planner::Tr("All files (*.*)") + "|*.*|";
+        if (!planner::PromptFile(AfxGetMainWnd(), planner::FilePrompt::Save, filter, "ics", path)) {
+            return FALSE;
+        }
+    }
+    CWaitCursor wait;
+    if (!OnSaveDocument(path.c_str())) {
+        return FALSE;
+    }
+    if (bReplace) {
+        SetPathName(path.c_str());
+    }
+    return TRUE;
 }
 
 BOOL CPlannerDoc::OnSaveDocument(LPCTSTR lpszPathName)
 {
-    const CString path(lpszPathName);
-    if (path == GetPathName() && m_stamp.Differs(path) && !MayReplace(path)) {
+    const std::string path = planner::FullPath(lpszPathName);
+    if (path == Path() && m_stamp.Differs(path) && !MayReplace(path)) {
         return FALSE;
     }
-    constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-    const DWORD attributes = ::GetFileAttributes(path);
-    const std::string before = m_fileBytes;
-    if (!CDocument::OnSaveDocument(path)) {
-        m_fileBytes = before;
+    std::string bytes = m_calendar.Save();
+    if (const DWORD error = planner::WriteWholeFile(path, bytes)) {
+        planner::Ask(AfxGetMainWnd(), planner::WriteProblem(path, error), MB_OK | MB_ICONEXCLAMATION);
         return FALSE;
     }
-    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kept) != 0) {
-        ::SetFileAttributes(path, ::GetFileAttributes(path) | (attributes & kept));
-    }
+    m_fileBytes = std::move(bytes);
     m_stamp.Take(path);
     m_copy.Remove();
+    SetModifiedFlag(FALSE);
     return TRUE;
 }
 
 // The file is not what was read: what to do is the user's to say. FALSE: it is not to be written.
-BOOL CPlannerDoc::MayReplace(const CString& path)
+BOOL CPlannerDoc::MayReplace(const std::string& path)
 {
-    const std::string name = planner::Utf8OfSystem(path);
     const auto theirs = planner::ReadWholeFile(path);
     if (!theirs) {
-        return planner::Ask(AfxGetMainWnd(), planner::Tr("%1 is no longer there.\n\nWrite it anew?", name),
+        return planner::Ask(AfxGetMainWnd(), planner::Tr("%1 is no longer there.\n\nWrite it anew?", path),
                             MB_OKCANCEL | MB_ICONEXCLAMATION) == IDOK;
     }
     if (*theirs == m_fileBytes) {
         return TRUE; // only its time is another
     }
-    switch (CChangedDialog::Ask(planner::Tr("Another program has changed %1 since it was opened.", name),
+    switch (CChangedDialog::Ask(planner::Tr("Another program has changed %1 since it was opened.", path),
                                 AfxGetMainWnd())) {
     case IDC_CHANGED_MERGE:
         MergeWith(*theirs);
@@ -156,7 +351,7 @@ BOOL CPlannerDoc::MayReplace(const CString& path)
         m_stamp.Take(path);
         m_copy.Remove();
         TellFrame();
-        UpdateFrameCounts();
+        SetModifiedFlag(FALSE);
         return FALSE;
     case IDC_CHANGED_SAVE_AS:
         DoSave(nullptr);
@@ -188,13 +383,29 @@ void CPlannerDoc::MergeWith(const std::string& theirs)
 
 BOOL CPlannerDoc::SaveModified()
 {
+    if (!SaveOwnModified()) {
+        return FALSE;
+    }
+    for (const auto& further : m_further) {
+        if (!further->SaveOwnModified()) {
+            return FALSE;
+        }
+    }
+    if (!m_workspace.empty()) {
+        SaveWorkspace(m_workspace); // ticks and colours
+    }
+    return TRUE;
+}
+
+BOOL CPlannerDoc::SaveOwnModified()
+{
     if (!IsModified()) {
         return TRUE;
     }
-    const std::string name = GetPathName().IsEmpty() ? planner::Tr("Untitled") : planner::Utf8OfSystem(GetPathName());
+    const std::string name = Path().empty() ? planner::Tr("Untitled") : Path();
     switch (planner::Ask(AfxGetMainWnd(), planner::Tr("Save changes to %1?", name), MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
-        return DoFileSave();
+        return SaveOwn();
     case IDNO:
         m_copy.Remove();
         return TRUE;
@@ -205,10 +416,13 @@ BOOL CPlannerDoc::SaveModified()
 
 void CPlannerDoc::KeepCopy()
 {
-    const CString file = GetPathName().IsEmpty() ? s_untitled : GetPathName();
-    if (IsModified() && !file.IsEmpty()) {
+    const std::string file = !Path().empty() || m_owner ? Path() : s_untitled;
+    if (IsModified() && !file.empty()) {
         m_copy.Write(file, m_calendar.Save());
     } else {
         m_copy.Remove();
+    }
+    for (const auto& further : m_further) {
+        further->KeepCopy();
     }
 }

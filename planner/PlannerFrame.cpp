@@ -26,6 +26,7 @@ constexpr UINT kSecond = 1000; // milliseconds
 constexpr UINT kReminderMilliseconds = 20 * kSecond;
 constexpr int kOfficeOpens = 9; // hours, on work days
 constexpr int kOfficeCloses = 18;
+const UINT g_taskBarMade = TrayIcon::TaskBarMade();
 } // namespace
 
 CPlannerFrame::Start CPlannerFrame::s_start;
@@ -36,6 +37,18 @@ ON_WM_CLOSE()
 ON_WM_TIMER()
 ON_WM_DROPFILES()
 ON_MESSAGE(WM_SETMESSAGESTRING, &CPlannerFrame::OnSetMessageString)
+ON_MESSAGE(WM_PLANNER_CALENDAR, &CPlannerFrame::OnCalendarAction)
+ON_WM_INITMENUPOPUP()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_MESSAGE(WM_PLANNER_TRAY, &CPlannerFrame::OnTrayMessage)
+ON_REGISTERED_MESSAGE(g_taskBarMade, &CPlannerFrame::OnTaskBarMade)
+ON_COMMAND(ID_VIEW_TRAY, &CPlannerFrame::OnTray)
+ON_UPDATE_COMMAND_UI(ID_VIEW_TRAY, &CPlannerFrame::OnUpdateTray)
+ON_COMMAND(ID_FILE_OPEN_FURTHER, &CPlannerFrame::OnOpenFurther)
+ON_COMMAND(ID_FILE_SAVE_WORKSPACE, &CPlannerFrame::OnSaveWorkspace)
+ON_COMMAND_RANGE(ID_CATEGORY_ALL, ID_CATEGORY_LAST, &CPlannerFrame::OnCategory)
+ON_UPDATE_COMMAND_UI_RANGE(ID_CATEGORY_ALL, ID_CATEGORY_LAST, &CPlannerFrame::OnUpdateCategory)
 ON_MESSAGE(WM_PLANNER_LOADED, &CPlannerFrame::OnLoaded)
 ON_MESSAGE(WM_PLANNER_CHOSEN, &CPlannerFrame::OnAgendaChosen)
 ON_MESSAGE(YMN_SELENDOK, &CPlannerFrame::OnPicked)
@@ -147,6 +160,7 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
     ApplyScale();
     RecalcLayout();
     DragAcceptFiles();
+    BeginDrops();
     SetTimer(kReminderTimer, kReminderMilliseconds, nullptr);
     SetTimer(kCopyTimer, s_start.copySeconds * kSecond, nullptr);
     return 0;
@@ -172,14 +186,20 @@ BOOL CPlannerFrame::OnCommand(WPARAM wParam, LPARAM lParam)
     return !IsReadyToPrint(LOWORD(wParam)) || CFrameWnd::OnCommand(wParam, lParam);
 }
 
-planner::Document* CPlannerFrame::CalendarOf(LPARAM lFrame)
+planner::CalendarSet* CPlannerFrame::CalendarOf(LPARAM lFrame)
 {
     CPlannerDoc* document = reinterpret_cast<CPlannerFrame*>(lFrame)->Document();
-    return document ? &document->Calendar() : nullptr;
+    return document ? &document->Calendars() : nullptr;
 }
 
 BOOL CPlannerFrame::PreTranslateMessage(MSG* pMsg)
 {
+    if (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST) {
+        if (DragsOut(*pMsg)) {
+            return TRUE;
+        }
+        FollowPointer(*pMsg);
+    }
     const bool isKeyUp = pMsg->message == WM_SYSKEYUP || pMsg->message == WM_KEYUP;
     if (isKeyUp && pMsg->wParam == VK_MENU && m_altTaken) {
         m_altTaken = false;
@@ -202,9 +222,8 @@ void CPlannerFrame::OnUpdateFrameTitle(BOOL)
     if (!document) {
         return;
     }
-    const std::string name =
-        document->GetPathName().IsEmpty() ? planner::Tr("Untitled") : planner::Utf8OfSystem(document->GetTitle());
-    const std::string title = (document->IsModified() ? "*" : "") + name + " - " + planner::Tr("Planner");
+    const std::string title =
+        (document->Calendars().IsModified() ? "*" : "") + document->Name() + " - " + planner::Tr("Planner");
     if (title != m_title) {
         m_title = title;
         planner::SetWindowUtf8(m_hWnd, title);
@@ -226,54 +245,6 @@ LRESULT CPlannerFrame::OnAgendaChosen(WPARAM wParam, LPARAM)
     return 0;
 }
 
-LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
-{
-    const std::vector<planner::Message>& messages = Document()->Calendar().Messages();
-    ShowMessages({});
-    if (m_day.GetStatus() != COleDateTime::valid) {
-        m_day = FirstDay();
-    }
-    m_items.Attach(nullptr);
-    m_reminders.Forget();
-    SetUpView();
-    m_sidePane.DocumentChanged();
-    RememberFile();
-    Tell(messages.empty()       ? std::string()
-         : messages.size() == 1 ? planner::Tr("One thing of the file is not shown or not understood: see above")
-                                : planner::Tr("%1 things of the file are not shown or not understood: see above",
-                                              std::to_string(messages.size())));
-    return 0;
-}
-
-// Those of the file, then others.
-void CPlannerFrame::ShowMessages(const std::vector<planner::Message>& others)
-{
-    std::vector<planner::Message> messages = Document()->Calendar().Messages();
-    messages.insert(messages.end(), others.begin(), others.end());
-    m_messagePane.Show(messages);
-    m_messagePane.ShowWindow(messages.empty() ? SW_HIDE : SW_SHOWNA);
-    RecalcLayout();
-}
-
-// Today; when the file has nothing in the months around it, the day of its last item before or its first behind.
-COleDateTime CPlannerFrame::FirstDay()
-{
-    constexpr planner::LocalTime around = 60 * planner::kDaySeconds;
-    const COleDateTime today = dayvane::StartOfDay(dayvane::Now());
-    const planner::LocalTime now = planner::LocalOfDate(today);
-    const planner::Document& calendar = Document()->Calendar();
-    if (!calendar.OccurrencesIn(now - around, now + around).empty()) {
-        return today;
-    }
-    const auto behind = calendar.OccurrencesIn(now, planner::kEndOfTime);
-    const auto before = behind.empty() ? calendar.OccurrencesIn(planner::kEarliestTime, now) : behind;
-    if (before.empty()) {
-        return today;
-    }
-    const planner::Occurrence& shown = behind.empty() ? before.back() : behind.front();
-    return dayvane::StartOfDay(planner::DateOfLocal(shown.times.start));
-}
-
 // ---- Views
 
 // The view is there; it gets its settings, its date and its items.
@@ -283,6 +254,8 @@ void CPlannerFrame::SetUpView()
     CCalendarCtrl* ctrl = view ? view->GetCalendarCtrl() : nullptr;
     m_items.Attach(ctrl);
     if (!ctrl) {
+        ApplyTheme();
+        ApplyScale();
         GoTo(m_day);
         return;
     }
@@ -304,6 +277,8 @@ void CPlannerFrame::ShowView(const planner::ChosenView& view)
     const planner::OccurrenceId id = current ? current->id : planner::OccurrenceId();
     m_view = view;
     m_items.Attach(nullptr);
+    m_tip.Destroy();
+    m_tipText.clear();
 
     CCreateContext context;
     context.m_pNewViewClass = view.row->viewClass;
@@ -360,7 +335,7 @@ void CPlannerFrame::GoTo(const COleDateTime& day)
         ctrl->SetCurrentDate(day);
         ctrl->SetSelRange(day, day);
     }
-    m_items.LoadIfMoved(Document()->Calendar());
+    m_items.LoadIfMoved(Calendars());
     ctrl->Refresh();
     Follow();
 }
@@ -386,7 +361,10 @@ void CPlannerFrame::Follow()
     m_sidePane.Follow(day);
     TellDay(day); // changes the widths of the panes, which takes the texts away that the framework does not know
     const int items = m_items.CountInView();
-    const std::wstring count = planner::Wide(planner::Tr(items == 1 ? "%1 item" : "%1 items", std::to_string(items)));
+    const CPlannerDoc* document = Document();
+    const bool isFiltered = document && document->IsFiltered();
+    const char* const text = isFiltered ? "%1 items (filter)" : items == 1 ? "%1 item" : "%1 items";
+    const std::wstring count = planner::Wide(planner::Tr(text, std::to_string(items)));
     ::SendMessageW(m_statusBar, SB_SETTEXTW, kCountPane, reinterpret_cast<LPARAM>(count.c_str()));
 }
 
@@ -409,6 +387,10 @@ void CPlannerFrame::ApplyTheme()
         planner::ShowTheme(*m_items.Ctrl(), m_theme);
     }
     planner::TheDialogLook().theme = theme;
+    if (CAgendaView* agenda = Agenda()) {
+        agenda->SetTheme(theme);
+    }
+    m_tip.SetTheme(theme);
     m_toolBar.SetTheme(m_theme);
     m_sidePane.SetTheme(m_theme);
     m_messagePane.SetTheme(theme);
@@ -424,6 +406,9 @@ void CPlannerFrame::ApplyScale()
         m_items.Ctrl()->SetScale(m_dpi * m_zoom / percent);
     }
     planner::TheDialogLook().dpi = m_dpi;
+    if (CAgendaView* agenda = Agenda()) {
+        agenda->SetScale(m_dpi * m_zoom / percent);
+    }
     m_toolBar.SetScale(m_dpi);
     m_sidePane.SetScale(m_dpi);
     m_messagePane.SetScale(m_dpi);
@@ -456,7 +441,7 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
 void CPlannerFrame::Finish(const planner::EditResult& result)
 {
     CPlannerDoc* document = Document();
-    m_items.Load(document->Calendar());
+    m_items.Load(document->Calendars());
     if (CAgendaView* agenda = Agenda()) {
         agenda->Reload();
         m_items.KeepListed(agenda->Chosen());
@@ -468,16 +453,21 @@ void CPlannerFrame::Finish(const planner::EditResult& result)
     }
     document->UpdateFrameCounts();
     m_sidePane.DocumentChanged();
+    RefreshFound();
+    Follow();
+}
+
+void CPlannerFrame::RefreshFound()
+{
     if (m_find) {
         m_find->Refresh();
     }
-    Follow();
 }
 
 // Makes the item current, in view.
 void CPlannerFrame::Reveal(const planner::OccurrenceId& id)
 {
-    const auto occurrence = id.event != planner::kNoEvent ? Document()->Calendar().Find(id) : std::nullopt;
+    const auto occurrence = id.event != planner::kNoEvent ? Calendars().Find(id) : std::nullopt;
     if (!occurrence) {
         return;
     }
@@ -562,7 +552,7 @@ LRESULT CPlannerFrame::OnPicked(WPARAM wParam, LPARAM)
 void CPlannerFrame::OnRangeChanged(NMHDR*, LRESULT* pResult)
 {
     if (m_items.Ctrl()) {
-        m_items.LoadIfMoved(Document()->Calendar());
+        m_items.LoadIfMoved(Calendars());
         m_followed.SetStatus(COleDateTime::null); // when the scrolling is over
     }
     *pResult = 0;

@@ -5,7 +5,9 @@
 #include <afxext.h>
 #include <afxwin.h>
 
+#include "core/PartTip.h"
 #include "planner/DayChoices.h"
+#include "planner/DragDrop.h"
 #include "planner/ItemEditor.h"
 #include "planner/Panes.h"
 #include "planner/Reminders.h"
@@ -15,6 +17,7 @@
 #include "planner/PlannerToolBar.h"
 #include "planner/PrintedPages.h"
 #include "planner/ShownItems.h"
+#include "planner/TrayIcon.h"
 #include "planner/ViewTable.h"
 
 #include <functional>
@@ -58,12 +61,16 @@ public:
     // pages; 0 and the problem when nothing was printed.
     int PrintTo(const char* file, const std::string& paper, CString& problem);
     CPlannerDoc* Document();
+    planner::CalendarSet& Calendars();
     // Shows the reminders that are due.
     void CheckReminders(const planner::PresentTime& now);
     void SpeakLanguage(planner::Language language);
-    void Import(const CString& path);
     // Shows the holidays of that file (CSV) instead of the law's in its years; empty: the law's again.
-    void ShowHolidaysOf(const CString& path);
+    void ShowHolidaysOf(const std::string& path);
+    // What another program has dropped at a point of the screen.
+    void TakeDrop(const planner::DroppedData& data, CPoint screen);
+    IDropTarget* DropTarget() const { return m_drops->Target(); }
+    void Import(const std::string& path); // UTF-8
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
@@ -75,11 +82,19 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
     afx_msg void OnClose();
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg LRESULT OnTrayMessage(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnTaskBarMade(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnTray();
+    afx_msg void OnUpdateTray(CCmdUI* pCmdUI);
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     afx_msg void OnDropFiles(HDROP hDropInfo);
     afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnAgendaChosen(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnLoaded(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnCalendarAction(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
     afx_msg LRESULT OnPicked(WPARAM wParam, LPARAM lParam);
 
     // Notifications of the view's control and of the small calendars
@@ -104,6 +119,10 @@ protected:
     afx_msg void OnPaste();
     afx_msg void OnImport();
     afx_msg void OnExportItems();
+    afx_msg void OnOpenFurther();
+    afx_msg void OnSaveWorkspace();
+    afx_msg void OnCategory(UINT nID);
+    afx_msg void OnUpdateCategory(CCmdUI* pCmdUI);
     afx_msg void OnReminders();
     afx_msg void OnLanguage(UINT nID);
     afx_msg void OnRecentFile(UINT nID);
@@ -162,6 +181,13 @@ private:
     CAgendaView* Agenda();   // nullptr: another view is shown
     void Follow();
     void Finish(const planner::EditResult& result);
+    planner::EventTimes NewTimes();
+    const planner::Occurrence* ItemAt(CPoint client, CRect& part);
+    void FollowPointer(const MSG& message); // of the view: tips
+    bool DragsOut(const MSG& message);
+    void BeginDrops();
+    std::optional<planner::EventTimes> PlaceAt(CPoint screen);
+    void ShowTray(bool isShown);
     struct Drop
     {
         bool isInView;
@@ -170,9 +196,14 @@ private:
     Drop DropAt(CPoint screen);
     void TakeBack();
     void FinishMerge(const planner::MergeReport& report);
+    void OpenOrImport(const std::vector<std::string>& paths);
     void Dismiss(const std::vector<planner::DueReminder>& due);
     void TakeSettings();
     void KeepSettings();
+    void RefreshFound();  // the dialog that finds items
+    void ShowCalendars(); // another choice of them, or other colours
+    void OpenCalendarMenu();
+    void OnCalendarCommand(UINT nID);
     void MakeMenu(); // in the user's language, with the files opened before
     void RememberFile();
     void ShowMessages(const std::vector<planner::Message>& others);
@@ -195,7 +226,7 @@ private:
     void SetUpPrinter();           // of the control, by the page settings
     BOOL* SettingOf(UINT nID);
     CWnd* PaneOf(UINT nID);
-    static planner::Document* CalendarOf(LPARAM lFrame);
+    static planner::CalendarSet* CalendarOf(LPARAM lFrame);
 
     planner::ChosenView m_view;
     COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay
@@ -206,10 +237,19 @@ private:
     bool m_altTaken = false;          // the key pressed with Alt was a command
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
+    std::size_t m_menuCalendar = 0;        // that the commands of the list of calendars are about
+    std::vector<std::string> m_categories; // of the menu; the first one: none
     planner::Reminders m_reminders;
     std::unique_ptr<CFindDialog> m_find;
     std::unique_ptr<CReminderDialog> m_reminderBox;
     HMENU m_menu = nullptr;
+    dayvane::PartTip m_tip;
+    std::string m_tipText;
+    CRect m_tipPart;
+    std::unique_ptr<planner::DropPlace> m_drops;
+    planner::OccurrenceId m_dragged; // out of the window
+    TrayIcon m_tray;
+    BOOL m_usesTray = FALSE;
     planner::PageSettings m_pages;
 
     CPlannerToolBar m_toolBar;
@@ -217,7 +257,7 @@ private:
     CSidePane m_sidePane;
     CMessagePane m_messagePane;
     planner::DayChoices m_days;
-    CString m_holidayList; // a file; empty: the law's holidays
+    std::string m_holidayList; // a file (UTF-8); empty: the law's holidays
     int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
     BOOL m_remind = TRUE;
     BOOL m_mondayFirst = FALSE;

@@ -33,6 +33,7 @@ constexpr Tool kTools[] = {
     {ID_VIEW_WEEK, "Week"},     {ID_VIEW_DAYS, "Days"},
     {ID_VIEW_DIARY, "Diary"},   {ID_VIEW_MONTH, "Month"},
     {ID_VIEW_MONTH2, "Blocks"}, {ID_VIEW_YEAR, "Year"},
+    {ID_VIEW_AGENDA, "Agenda"},
 };
 constexpr int kLongestTool = 64; // bytes of a text
 constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);

@@ -28,11 +28,11 @@ std::optional<LocalTime> LastAlarm(const Occurrence& occurrence, LocalTime now)
 
 } // namespace
 
-std::vector<DueReminder> Reminders::DueAt(const Document& document, const PresentTime& now) const
+std::vector<DueReminder> Reminders::DueAt(const CalendarSet& calendars, const PresentTime& now) const
 {
     std::vector<DueReminder> due;
     const LocalTime from = now.utc - 2 * kLookBack, to = now.utc + kLongestLead;
-    for (const Occurrence& each : document.OccurrencesIn(from, to)) {
+    for (const Occurrence& each : calendars.AllOccurrencesIn(from, to)) {
         if (each.event->alarms.empty() || each.event->IsCancelled()) {
             continue;
         }

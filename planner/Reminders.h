@@ -1,7 +1,7 @@
 // Which reminders are to be shown now.
 #pragma once
 
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <map>
 #include <vector>
@@ -26,7 +26,7 @@ class Reminders
 public:
     // Alarms of the last day that nobody has dismissed and that do not sleep, earliest first; one for an occurrence.
     // Also those of events that are over: the user was away.
-    std::vector<DueReminder> DueAt(const Document& document, const PresentTime& now) const;
+    std::vector<DueReminder> DueAt(const CalendarSet& calendars, const PresentTime& now) const;
 
     // Nothing more is shown of the occurrence until then (UTC).
     void Snooze(const OccurrenceId& id, LocalTime until) { m_sleeping[id] = until; }

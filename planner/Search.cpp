@@ -72,7 +72,7 @@ bool Fits(const Event& event, std::string_view query)
     return !words.empty() && HasAll(event, words);
 }
 
-std::vector<Occurrence> Search(const Document& document, std::string_view query, LocalTime now)
+std::vector<Occurrence> Search(const CalendarSet& calendars, std::string_view query, LocalTime now)
 {
     const std::vector<std::u16string> words = WordsOf(query);
     if (words.empty()) {
@@ -80,7 +80,7 @@ std::vector<Occurrence> Search(const Document& document, std::string_view query,
     }
     std::map<EventId, bool> fits; // by event, as far as they were asked
     std::map<EventId, Occurrence> found;
-    for (const Occurrence& each : document.OccurrencesIn(kEarliestTime, kEndOfTime)) {
+    for (const Occurrence& each : calendars.OccurrencesIn(kEarliestTime, kEndOfTime)) {
         const auto [known, isNew] = fits.emplace(each.id.event, false);
         if (isNew) {
             known->second = HasAll(*each.event, words);

@@ -1,7 +1,7 @@
 // Finding events by words.
 #pragma once
 
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <string>
 #include <string_view>
@@ -16,6 +16,6 @@ std::u16string Folded(std::string_view utf8);
 bool Fits(const Event& event, std::string_view query);
 
 // One occurrence of each event that fits: of series the first one from `now` on, else the last one; by start.
-std::vector<Occurrence> Search(const Document& document, std::string_view query, LocalTime now);
+std::vector<Occurrence> Search(const CalendarSet& calendars, std::string_view query, LocalTime now);
 
 } // namespace planner

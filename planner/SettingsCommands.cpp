@@ -26,6 +26,8 @@ void CPlannerFrame::TakeSettings()
     m_solarTerms = ini.GetNumber(kView, "solarTerms", m_solarTerms);
     m_remind = ini.GetNumber(kView, "reminders", m_remind);
     m_rowsPerHour = ini.GetNumber(kView, "rowsPerHour", m_rowsPerHour);
+    m_usesTray = ini.GetNumber(kWindow, "tray", m_usesTray);
+    ShowTray(m_usesTray != FALSE);
     const auto show = [&](const char* key, CWnd& pane) {
         pane.ShowWindow(ini.GetNumber(kWindow, key, TRUE) != 0 ? SW_SHOWNA : SW_HIDE);
     };
@@ -49,6 +51,7 @@ void CPlannerFrame::KeepSettings()
     ini.Set(kView, "reminders", m_remind);
     ini.Set(kView, "rowsPerHour", m_rowsPerHour);
     KeepDays();
+    ini.Set(kWindow, "tray", m_usesTray);
     ini.Set(kWindow, "sidePane", (m_sidePane.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "toolBar", (m_toolBar.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "statusBar", (m_statusBar.GetStyle() & WS_VISIBLE) != 0);
@@ -125,7 +128,7 @@ void CPlannerFrame::OnRecentFile(UINT nID)
     const std::vector<std::string> files = planner::TheSettings().RecentFiles();
     const std::size_t index = nID - ID_RECENT_FIRST;
     if (index < files.size() && nID <= ID_RECENT_LAST) {
-        AfxGetApp()->OpenDocumentFile(planner::SystemOf(files[index]));
+        AfxGetApp()->OpenDocumentFile(files[index].c_str());
     }
 }
 
@@ -137,8 +140,8 @@ void CPlannerFrame::OnUpdateRecent(CCmdUI* pCmdUI)
 void CPlannerFrame::RememberFile()
 {
     CPlannerDoc* document = Document();
-    if (document && !document->GetPathName().IsEmpty()) {
-        const std::string path = planner::Utf8OfSystem(document->GetPathName());
+    if (document && !document->Path().empty()) {
+        const std::string path = document->WorkspacePath().empty() ? document->Path() : document->WorkspacePath();
         const std::vector<std::string> files = planner::TheSettings().RecentFiles();
         if (files.empty() || files.front() != path) {
             planner::TheSettings().AddRecentFile(path);

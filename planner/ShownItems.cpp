@@ -36,7 +36,7 @@ ShownItems::Range ShownItems::ViewRange() const
     return {ClampTime(day - kUnknownRange), ClampTime(day + kUnknownRange)};
 }
 
-void ShownItems::Load(const Document& document)
+void ShownItems::Load(const CalendarSet& calendars)
 {
     if (!m_ctrl) {
         return;
@@ -45,11 +45,11 @@ void ShownItems::Load(const Document& document)
     const OccurrenceId id = current ? current->id : OccurrenceId();
     const Range view = ViewRange();
     m_loaded = {ClampTime(view.from - kMargin), ClampTime(view.to + kMargin)};
-    m_occurrences = document.OccurrencesIn(m_loaded.from, m_loaded.to);
+    m_occurrences = calendars.OccurrencesIn(m_loaded.from, m_loaded.to);
     m_ctrl->SetCurSel(-1);
     m_ctrl->DeleteAllItems();
     for (std::size_t i = 0; i < m_occurrences.size(); ++i) {
-        tagCC_ITEM item = ItemOf(m_occurrences[i]);
+        tagCC_ITEM item = ItemOf(m_occurrences[i], calendars.ColorOf(m_occurrences[i].id));
         item.lParam = static_cast<LPARAM>(i);
         m_ctrl->AddItem(&item, FALSE, FALSE);
     }
@@ -57,14 +57,14 @@ void ShownItems::Load(const Document& document)
     Select(id);
 }
 
-void ShownItems::LoadIfMoved(const Document& document)
+void ShownItems::LoadIfMoved(const CalendarSet& calendars)
 {
     if (!m_ctrl || m_ctrl->IsDragging()) {
         return;
     }
     const Range view = ViewRange();
     if (view.from < m_loaded.from || view.to > m_loaded.to) {
-        Load(document);
+        Load(calendars);
     }
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/CalendarCtrl.h"
-#include "planner/Calendar.h"
+#include "planner/CalendarSet.h"
 
 #include <optional>
 #include <vector>
@@ -17,9 +17,9 @@ public:
     CCalendarCtrl* Ctrl() const { return m_ctrl; }
 
     // Gives the control its items anew. The current item stays current as far as it is still there.
-    void Load(const Document& document);
+    void Load(const CalendarSet& calendars);
     // Loads only when the control shows days that are not loaded. Not while an item is dragged: the drag would end.
-    void LoadIfMoved(const Document& document);
+    void LoadIfMoved(const CalendarSet& calendars);
 
     // nullptr: there is no such item.
     const Occurrence* At(int item) const;

@@ -7,28 +7,7 @@
 #include "planner/Words.h"
 #include "planner/resource.h"
 
-#include <afxdlgs.h>
-
 #include <shellapi.h>
-
-namespace {
-
-constexpr char kFilter[] = "iCalendar (*.ics)|*.ics|All files (*.*)|*.*||";
-
-bool WriteWholeFile(const CString& path, const std::string& bytes)
-{
-    const HANDLE handle = ::CreateFile(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
-        return false;
-    }
-    DWORD written = 0;
-    const bool isWhole = ::WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-                         written == bytes.size();
-    ::CloseHandle(handle);
-    return isWhole;
-}
-
-} // namespace
 
 // ---- The clipboard
 
@@ -39,7 +18,7 @@ void CPlannerFrame::OnCopy(UINT nID)
         return;
     }
     const planner::OccurrenceId id = current->id;
-    planner::Document& calendar = Document()->Calendar();
+    planner::CalendarSet& calendar = Calendars();
     const bool isPut = planner::PutOnClipboard(*this, calendar.Excerpt({id}, planner::ExcerptForm::Occurrences),
                                                planner::PlainTextOf(calendar, {id}));
     if (isPut && nID == ID_EDIT_CUT) {
@@ -52,7 +31,7 @@ void CPlannerFrame::OnPaste()
     const auto pasted = planner::TakeFromClipboard(*this);
     if (pasted && m_items.Ctrl()) {
         const planner::EventTimes place = planner::SelectedTimes(*m_items.Ctrl(), !m_view.row->hasTimes);
-        FinishMerge(planner::PasteText(Document()->Calendar(), *pasted, place));
+        FinishMerge(planner::PasteText(Calendars(), *pasted, place));
     }
 }
 
@@ -85,22 +64,22 @@ void CPlannerFrame::FinishMerge(const planner::MergeReport& report)
 
 // ---- Files
 
-void CPlannerFrame::Import(const CString& path)
+void CPlannerFrame::Import(const std::string& path)
 {
     const auto bytes = planner::ReadWholeFile(path);
     if (!bytes) {
-        planner::Ask(this, planner::Tr("%1 cannot be read.", planner::Utf8OfSystem(path)), MB_OK | MB_ICONEXCLAMATION);
+        planner::Ask(this, planner::Tr("%1 cannot be read.", path), MB_OK | MB_ICONEXCLAMATION);
         return;
     }
     CWaitCursor wait;
-    FinishMerge(Document()->Calendar().Merge(*bytes));
+    FinishMerge(Calendars().Merge(*bytes));
 }
 
 void CPlannerFrame::OnImport()
 {
-    CFileDialog dialog(TRUE, "ics", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, kFilter, this);
-    if (dialog.DoModal() == IDOK) {
-        Import(dialog.GetPathName());
+    std::string path;
+    if (planner::PromptFile(this, planner::FilePrompt::Open, planner::CalendarFilter(), "ics", path)) {
+        Import(path);
     }
 }
 
@@ -110,14 +89,13 @@ void CPlannerFrame::OnExportItems()
     if (const planner::Occurrence* current = m_items.Current()) {
         ids = {current->id};
     }
-    CFileDialog dialog(FALSE, "ics", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, kFilter, this);
-    if (ids.empty() || dialog.DoModal() != IDOK) {
+    std::string path;
+    if (ids.empty() || !planner::PromptFile(this, planner::FilePrompt::Save, planner::CalendarFilter(), "ics", path)) {
         return;
     }
-    const std::string bytes = Document()->Calendar().Excerpt(ids, planner::ExcerptForm::WholeEvents);
-    if (!WriteWholeFile(dialog.GetPathName(), bytes)) {
-        planner::Ask(this, planner::Tr("%1 cannot be written.", planner::Utf8OfSystem(dialog.GetPathName())),
-                     MB_OK | MB_ICONEXCLAMATION);
+    const std::string bytes = Calendars().Excerpt(ids, planner::ExcerptForm::WholeEvents);
+    if (const DWORD error = planner::WriteWholeFile(path, bytes)) {
+        planner::Ask(this, planner::WriteProblem(path, error), MB_OK | MB_ICONEXCLAMATION);
     }
 }
 
@@ -129,27 +107,31 @@ void CPlannerFrame::OnUpdateExport(CCmdUI* pCmdUI)
 // One calendar file is opened or taken over, as the user says; several are taken over.
 void CPlannerFrame::OnDropFiles(HDROP hDropInfo)
 {
-    const UINT count = ::DragQueryFile(hDropInfo, 0xFFFFFFFF, nullptr, 0);
-    std::vector<CString> paths;
+    const UINT count = ::DragQueryFileW(hDropInfo, 0xFFFFFFFF, nullptr, 0);
+    std::vector<std::string> paths;
     for (UINT i = 0; i < count; ++i) {
-        char path[MAX_PATH * 4] = "";
-        ::DragQueryFile(hDropInfo, i, path, sizeof(path));
-        paths.push_back(path);
+        std::wstring path(::DragQueryFileW(hDropInfo, i, nullptr, 0) + 1, L'\0');
+        ::DragQueryFileW(hDropInfo, i, &path[0], static_cast<UINT>(path.size()));
+        paths.push_back(planner::Utf8Of(path.c_str()));
     }
     ::DragFinish(hDropInfo);
+    OpenOrImport(paths);
+}
+
+void CPlannerFrame::OpenOrImport(const std::vector<std::string>& paths)
+{
     m_editor.Commit();
     bool isImport = paths.size() > 1;
     if (paths.size() == 1) {
-        const int answer = planner::Ask(
-            this,
-            planner::Tr("Open %1?\n\nNo takes its items over into this calendar.", planner::Utf8OfSystem(paths[0])),
-            MB_YESNOCANCEL | MB_ICONQUESTION);
+        const int answer =
+            planner::Ask(this, planner::Tr("Open %1?\n\nNo takes its items over into this calendar.", paths[0]),
+                         MB_YESNOCANCEL | MB_ICONQUESTION);
         isImport = answer == IDNO;
         if (answer == IDYES) {
-            AfxGetApp()->OpenDocumentFile(paths[0]);
+            AfxGetApp()->OpenDocumentFile(paths[0].c_str());
         }
     }
-    for (const CString& path : paths) {
+    for (const std::string& path : paths) {
         if (isImport) {
             Import(path);
         }

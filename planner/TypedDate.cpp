@@ -392,6 +392,32 @@ std::optional<LocalTime> ParseTypedClock(std::string_view utf8)
     return full > dayHours || time > kDaySeconds ? std::nullopt : std::optional(time);
 }
 
+TypedTitle ParseTypedTitle(const std::string& utf8)
+{
+    constexpr std::string_view marks[] = {":", u8"：", u8"時"}; // a number alone is no time: "5 apples"
+    constexpr std::string_view wideBlank = u8"　";
+    const std::size_t end = std::min(utf8.find(' '), utf8.find(wideBlank));
+    const std::string_view whole = utf8, word = whole.substr(0, end);
+    const bool isTime = std::any_of(std::begin(marks), std::end(marks),
+                                    [&](std::string_view mark) { return word.find(mark) != std::string_view::npos; });
+    TypedTitle plain;
+    plain.title = utf8;
+    if (end == std::string::npos || !isTime) {
+        return plain;
+    }
+    const std::size_t dash = word.find('-');
+    const auto from = ParseTypedClock(word.substr(0, dash));
+    const auto to = dash == std::string_view::npos ? from : ParseTypedClock(word.substr(dash + 1));
+    if (!from || !to || *from >= kDaySeconds || *to < *from) {
+        return plain;
+    }
+    TypedTitle timed;
+    timed.title = whole.substr(end + (utf8[end] == ' ' ? 1 : wideBlank.size()));
+    timed.start = from;
+    timed.end = dash == std::string_view::npos ? std::min(*from + kHourSeconds, kDaySeconds) : *to;
+    return timed.title.empty() ? plain : timed;
+}
+
 std::string DateText(DayNumber day)
 {
     const CivilDate date = DateOfDay(day);

@@ -4,6 +4,7 @@
 #include "planner/Calendar.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace planner {
@@ -22,6 +23,16 @@ std::optional<DayNumber> ParseTypedDate(std::string_view utf8, const DateContext
 
 // Seconds of the day from "9", "9:30", "930", "9.30", "9:30 pm", "9時半", "午後3時15分"; 24:00 is the day's end.
 std::optional<LocalTime> ParseTypedClock(std::string_view utf8);
+
+// A title that begins with its time of day: "9:30 Meeting", "9:30-11:00 Meeting", "午後3時 会議". Without an end it
+// lasts an hour, at most to midnight.
+struct TypedTitle
+{
+    std::string title;
+    std::optional<LocalTime> start; // seconds of the day; nothing: the title says no time
+    LocalTime end = 0;
+};
+TypedTitle ParseTypedTitle(const std::string& utf8);
 
 // "2026-11-24" and "9:30".
 std::string DateText(DayNumber day);

@@ -87,6 +87,7 @@ void SetUpControl(const ChosenView& view, CCalendarCtrl& ctrl, bool weeksStartMo
 {
     CalendarOptions options = CalendarOptions::Modern();
     options.carefulDrops = false; // a drop on a small calendar is one of the planner's own
+    options.toolTips = false;     // its tips say more
     ctrl.SetOptions(options);
     ctrl.SetTextCodePage(CP_UTF8);
     ctrl.SetFirstDayOfWeek(view.row->startsMonday || weeksStartMonday ? kMonday : kSunday);

@@ -26,6 +26,8 @@
 #define ID_LANGUAGE_SYSTEM 32791
 #define ID_LANGUAGE_ENGLISH 32792
 #define ID_LANGUAGE_JAPANESE 32793
+#define ID_FILE_OPEN_FURTHER 32794
+#define ID_FILE_SAVE_WORKSPACE 32795
 
 // The views, in the order of the table of views
 #define ID_VIEW_DAY 32800
@@ -70,6 +72,21 @@
 #define ID_ZONE_LAST 33129
 #define ID_HOLIDAYS_LOAD 33130
 #define ID_HOLIDAYS_BY_LAW 33131
+
+// The list of calendars: of the chosen one
+#define ID_CALENDAR_SHOW 33140
+#define ID_CALENDAR_TARGET 33141
+#define ID_CALENDAR_CLOSE 33142
+#define ID_CALENDAR_COLOR_FIRST 33150 // by category, then those of the palette
+
+// The icon beside the clock
+#define ID_VIEW_TRAY 33260
+#define ID_TRAY_OPEN 33261
+
+// View > Categories: all, none, then those that there are
+#define ID_CATEGORY_ALL 33200
+#define ID_CATEGORY_FIRST 33201
+#define ID_CATEGORY_LAST 33250
 
 // Page setup
 #define IDD_PAGES 140
@@ -166,8 +183,14 @@
 #define IDC_CHANGED_OVERWRITE 1282
 #define IDC_CHANGED_SAVE_AS 1283
 
+// A work that takes long
+#define IDD_PROGRESS 147
+#define IDC_PROGRESS_WHAT 1290
+#define IDC_PROGRESS_BAR 1291
+
 // Windows
 #define IDC_PICKER 1000
 #define IDC_MINI_CALENDAR 1001
+#define IDC_CALENDAR_LIST 1002
 #define IDW_SIDE_PANE 0xE810
 #define IDW_MESSAGE_PANE 0xE811

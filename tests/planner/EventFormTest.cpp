@@ -14,7 +14,7 @@ protected:
     void TearDown() override { SetLanguage(Language::English); }
     void Open(std::initializer_list<std::string_view> lines) { m_document.Load(CalendarWith(lines)); }
     Occurrence First() { return m_document.OccurrencesIn(At("20260101"), At("20270101")).front(); }
-    EventForm Form() { return FormOf(m_document, First()); }
+    EventForm Form() { return FormOf(First()); }
     EventChanges Changes(const EventForm& after) { return ChangesOf(Form(), after, First().event->start.zone); }
     static std::string Problems(const EventForm& form)
     {

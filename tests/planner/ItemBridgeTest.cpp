@@ -137,11 +137,12 @@ TEST(ItemBridge, NewItemsCoverTheSelection)
 TEST(ItemBridge, TellsTheStateOfAnEvent)
 {
     Document document;
-    document.Load("BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:a\r\nDTSTART:20260401T090000\r\nDTEND:20260402T100000\r\n"
-                  "RRULE:FREQ=DAILY;COUNT=2\r\nSTATUS:CANCELLED\r\nLOCATION:Room\\n2\r\n"
-                  "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-PT5M\r\nEND:VALARM\r\nEND:VEVENT\r\n"
-                  "BEGIN:VEVENT\r\nUID:b\r\nDTSTART;VALUE=DATE:20260410\r\nSUMMARY:Trip\r\nEND:VEVENT\r\n"
-                  "END:VCALENDAR\r\n");
+    document.Load(
+        "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:a\r\nDTSTART:20260401T090000\r\nDTEND:20260402T100000\r\n"
+        "RRULE:FREQ=DAILY;COUNT=2\r\nSTATUS:CANCELLED\r\nLOCATION:Room\\n2\r\nDESCRIPTION:Bring it.\\nAll of it.\r\n"
+        "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-PT5M\r\nEND:VALARM\r\nEND:VEVENT\r\n"
+        "BEGIN:VEVENT\r\nUID:b\r\nDTSTART;VALUE=DATE:20260410\r\nSUMMARY:Trip\r\nEND:VEVENT\r\n"
+        "END:VCALENDAR\r\n");
     const auto shown = document.OccurrencesIn(At("20260401"), At("20260501"));
     ASSERT_EQ(shown.size(), 3u);
     const tagCC_ITEM item = ItemOf(shown[0]);
@@ -153,6 +154,7 @@ TEST(ItemBridge, TellsTheStateOfAnEvent)
     EXPECT_FALSE(trip.bAlarm || trip.bRecurrent);
     EXPECT_EQ(trip.nReserved, 0);
     EXPECT_EQ(DetailsOf(shown[2]), "2026-04-10   Trip");
+    EXPECT_EQ(TipOf(shown[0]), "(no title)\n2026-04-01 9:00 - 2026-04-02 10:00\n@ Room 2\nBring it.\nAll of it.");
 }
 
 TEST(ItemBridge, TimeScaleSuitsNearlyAllItemsInView)

@@ -46,7 +46,8 @@ TEST(PlannerLanguage, EveryTextOfMenusAndDialogsHasJapanese)
     const HMENU menu = ::LoadMenu(::GetModuleHandle(nullptr), MAKEINTRESOURCE(IDR_MAINFRAME));
     CollectMenu(menu, texts);
     ::DestroyMenu(menu);
-    for (const UINT id : {IDD_PAGES, IDD_SCOPE, IDD_EVENT, IDD_GO_TO, IDD_FIND, IDD_REMINDERS, IDD_CHANGED}) {
+    for (const UINT id :
+         {IDD_PAGES, IDD_SCOPE, IDD_EVENT, IDD_GO_TO, IDD_FIND, IDD_REMINDERS, IDD_CHANGED, IDD_PROGRESS}) {
         CDialog dialog;
         ASSERT_TRUE(dialog.Create(id, CWnd::FromHandle(::GetDesktopWindow()))) << id;
         texts.insert(planner::WindowUtf8(dialog));
@@ -148,7 +149,7 @@ TEST_F(PlannerDialogs, TheWindowChangesItsLanguageAtOnce)
 TEST_F(PlannerDialogs, TheEventDialogSaysWhatIsWrongBesideTheField)
 {
     planner::SetLanguage(planner::Language::Japanese);
-    const planner::EventForm form = planner::FormOf(m_document->Calendar(), At15());
+    const planner::EventForm form = planner::FormOf(At15());
     CEventDialog::Choices choices;
     choices.zones = {""};
     CEventDialog dialog(form, choices, m_frame);
@@ -324,7 +325,7 @@ TEST_F(PlannerDialogs, WhatIsCopiedIsPastedAtTheSelection)
     planner::PastedText plain;
     plain.text = "Dentist\r\nBring the card";
     const planner::MergeReport report =
-        planner::PasteText(m_document->Calendar(), plain, {At("20260409"), At("20260410"), true});
+        planner::PasteText(m_document->Calendars(), plain, {At("20260409"), At("20260410"), true});
     const auto made = m_document->Calendar().Find(report.edit.id);
     ASSERT_TRUE(made);
     EXPECT_EQ(made->event->summary + "|" + made->event->description, "Dentist|Bring the card");

@@ -106,4 +106,26 @@ TEST(TypedDate, ReadsClocks)
     }
 }
 
+TEST(TypedDate, ATitleMayBeginWithItsTime)
+{
+    const struct
+    {
+        const char* typed;
+        const char* meaning;
+    } rows[] = {{"9:30 Meeting", "9:30 10:30 Meeting"},
+                {"9:30-11 Board", "9:30 11:00 Board"},
+                {"23:30 Late", "23:30 0:00 Late"},
+                {u8"午後3時　会議", u8"15:00 16:00 会議"},
+                {"5 apples", "5 apples"},
+                {"9:75 no", "9:75 no"},
+                {"11:00-9:00 no", "11:00-9:00 no"},
+                {"9:30", "9:30"},
+                {"Re: 9:30", "Re: 9:30"}};
+    for (const auto& row : rows) {
+        const TypedTitle title = ParseTypedTitle(row.typed);
+        const std::string times = title.start ? ClockText(*title.start) + " " + ClockText(title.end) + " " : "";
+        EXPECT_EQ(times + title.title, row.meaning);
+    }
+}
+
 } // namespace
