@@ -2,6 +2,7 @@
 
 #include "core/CalendarClock.h"
 #include "core/CalendarCtrl.h"
+#include "core/SystemTheme.h"
 #include "core/ThemeColors.h"
 #include "planner/ItemBridge.h"
 #include "planner/PlannerDoc.h"
@@ -74,6 +75,7 @@ planner::CalendarSet* CAgendaView::Calendars()
 void CAgendaView::SetTheme(const CalendarTheme& theme)
 {
     m_theme = theme;
+    dayvane::ShowWindowInTheme(m_hWnd, theme); // the scroll bar
     Invalidate(FALSE);
 }
 

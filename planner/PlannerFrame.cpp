@@ -159,6 +159,7 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
     MakeMenu();
     ApplyScale();
     RecalcLayout();
+    ::GetCursorPos(&m_pointerBefore);
     DragAcceptFiles();
     BeginDrops();
     SetTimer(kReminderTimer, kReminderMilliseconds, nullptr);
@@ -254,6 +255,7 @@ void CPlannerFrame::SetUpView()
     CCalendarCtrl* ctrl = view ? view->GetCalendarCtrl() : nullptr;
     m_items.Attach(ctrl);
     if (!ctrl) {
+        ApplyTexts();
         ApplyTheme();
         ApplyScale();
         GoTo(m_day);
@@ -364,7 +366,7 @@ void CPlannerFrame::Follow()
     const CPlannerDoc* document = Document();
     const bool isFiltered = document && document->IsFiltered();
     const char* const text = isFiltered ? "%1 items (filter)" : items == 1 ? "%1 item" : "%1 items";
-    const std::wstring count = planner::Wide(planner::Tr(text, std::to_string(items)));
+    const std::wstring count = planner::Wide(Agenda() ? std::string() : planner::Tr(text, std::to_string(items)));
     ::SendMessageW(m_statusBar, SB_SETTEXTW, kCountPane, reinterpret_cast<LPARAM>(count.c_str()));
 }
 
@@ -428,11 +430,18 @@ void CPlannerFrame::ApplySettings(CCalendarCtrl& ctrl)
     ctrl.SetScale(m_dpi * m_zoom / 100);
     ctrl.ShowHoliday(m_holidays);
     ctrl.Show24Setuki(m_solarTerms);
+    ctrl.SetTexts(planner::CalendarTextsOf(planner::CurrentLanguage() == planner::Language::Japanese));
+    ApplyTexts();
+    ApplyDays(ctrl);
+}
+
+// Of what stands beside every view.
+void CPlannerFrame::ApplyTexts()
+{
     const CalendarTexts texts = planner::CalendarTextsOf(planner::CurrentLanguage() == planner::Language::Japanese);
-    ctrl.SetTexts(texts);
     m_sidePane.SetTexts(texts);
     m_toolBar.SetTexts(texts);
-    ApplyDays(ctrl);
+    m_sidePane.Calendar().ShowEraTitles(m_days.lines.eraTitles);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);
 }
 

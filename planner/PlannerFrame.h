@@ -214,6 +214,7 @@ private:
     // In the status bar, until something else is to be told; in the user's language.
     void Tell(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
+    void ApplyTexts();
     void BeginDayChoices();
     void SpeakOfDays(); // in the user's language
     void KeepDays();
@@ -246,6 +247,7 @@ private:
     dayvane::PartTip m_tip;
     std::string m_tipText;
     CRect m_tipPart;
+    CPoint m_pointerBefore; // when the window was made; off the screen once it has moved
     std::unique_ptr<planner::DropPlace> m_drops;
     planner::OccurrenceId m_dragged; // out of the window
     TrayIcon m_tray;
@@ -258,7 +260,7 @@ private:
     CMessagePane m_messagePane;
     planner::DayChoices m_days;
     std::string m_holidayList; // a file (UTF-8); empty: the law's holidays
-    int m_rowsPerHour = 0; // of the time grids; 0: what suits the items
+    int m_rowsPerHour = 0;     // of the time grids; 0: what suits the items
     BOOL m_remind = TRUE;
     BOOL m_mondayFirst = FALSE;
     BOOL m_holidays = TRUE;

@@ -29,9 +29,13 @@ const planner::Occurrence* CPlannerFrame::ItemAt(CPoint client, CRect& part)
 void CPlannerFrame::FollowPointer(const MSG& message)
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
-    if (!ctrl || message.hwnd != ctrl->m_hWnd) {
+    POINT pointer;
+    ::GetCursorPos(&pointer);
+    const bool hasMoved = pointer.x != m_pointerBefore.x || pointer.y != m_pointerBefore.y;
+    if (!ctrl || message.hwnd != ctrl->m_hWnd || !hasMoved) { // a window that opens under the pointer says nothing
         return;
     }
+    m_pointerBefore = CPoint(-1, -1);
     if (message.message == WM_MOUSEMOVE && !ctrl->IsDragging()) {
         CRect part(0, 0, 0, 0);
         const CPoint point(static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam)));
