@@ -6,7 +6,7 @@ lint_packages=(clang-format clang-tidy clang lld)
 windows_packages=(g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix llvm)
 wine_packages=(wine wine32:i386 wine64 fonts-wine fonts-ipafont-gothic fonts-liberation locales xvfb xdotool imagemagick
     procps)
-calendar_packages=(python3-icalendar python3-dateutil) # an independent reader of calendar files
+calendar_packages=(python3-gi gir1.2-ical-3.0) # an independent reader of calendar files: libical
 paper_packages=(ghostscript poppler-utils) # printed pages into pictures and facts
 
 # need_packages PACKAGE...: installs those that are missing; asks apt for nothing when none is.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Some work of somebody in an office, played through the display: a reminder, a date that is typed, a weekly meeting by
-# the event dialog, and a crash with changes that were not saved. An independent reader (read_calendar.py) says what it
-# finds in the saved file.
+# the event dialog, a crash with changes that were not saved, an item that is searched and moved, the pages looked at
+# before printing. GNOME's reader (read_calendar.py) says what it finds in the saved file.
 #
 # planner_week.sh PLANNER.EXE FOLDER: needs Wine's environment and a display of its own; works in the folder.
 set -euo pipefail
@@ -143,6 +143,48 @@ check "is offered after the crash" "$status" "no question"
 xdotool key alt+y
 until_true is_painted
 expect "and is there again" "${series%%;*};2026-04-16 08:00 30min Dentist;${series#*;}"
+
+# From another month: the search goes to the item, which is moved by its dialog, deleted, and brought back.
+find_dentist() {
+    open_window ctrl+g 'Go to date'
+    type_text 2026-07-01
+    xdotool key Return
+    until_true has_no_window 'Go to date'
+    open_window ctrl+f Find
+    type_text dentist
+    xdotool key Return Escape
+    until_true has_no_window Find
+}
+find_dentist
+open_window ctrl+Return Item
+xdotool key alt+s
+type_text 2026-04-17
+xdotool key Return
+until_true has_no_window Item
+moved="${series%%;*};2026-04-17 08:00 30min Dentist;${series#*;}"
+expect "an item that was searched is moved" "$moved"
+find_dentist
+xdotool key Delete
+expect "deleted" "$series"
+xdotool key ctrl+z
+expect "and brought back" "$moved"
+
+# The pages before printing: another picture, and Escape is the way back.
+picture() { import -window root -crop 960x600+20+100 -depth 8 rgb:- | md5sum; }
+differs_from() { [ "$(picture)" != "$1" ]; }
+is_picture() { [ "$(picture)" = "$1" ]; }
+calendar=$(picture)
+xdotool key alt+f
+sleep 0.3
+xdotool key v
+status=0
+until_true differs_from "$calendar" || status=1
+check "the pages are shown before they are printed" "$status" "the calendar"
+xdotool key Escape
+status=0
+until_true is_picture "$calendar" || status=1
+check "and Escape goes back to the calendar" "$status" "something else"
+expect "the file is as it was" "$moved"
 
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -1,58 +1,66 @@
 #!/usr/bin/python3
-"""What an independent reader finds in a calendar file: python3-icalendar reads, dateutil expands.
+"""What GNOME's reader of iCalendar (libical) finds in a calendar file: it reads, converts zones and expands.
 
 read_calendar.py FILE YYYY-MM-DD YYYY-MM-DD: the occurrences that begin in the range, one a line, by start:
-"2026-04-14 09:00 60min Title". Times are wall times as they are written.
+"2026-04-14 09:00 60min Title". Times are those of the clock that an event is written in.
 """
 import datetime
 import sys
 
-import icalendar
-from dateutil import rrule
+import gi
+
+gi.require_version("ICalGLib", "3.0")
+from gi.repository import ICalGLib  # noqa: E402
+
+UTC = datetime.timezone.utc
 
 
-def wall(value):
-    """A date or time without its zone."""
-    if isinstance(value, datetime.datetime):
-        return value.replace(tzinfo=None)
-    return datetime.datetime(value.year, value.month, value.day)
+def instant(time, zone=None):
+    """A time of libical as seconds since 1970; `zone` is that of a time that has none of its own."""
+    return time.as_timet_with_zone(time.get_timezone() or zone or ICalGLib.Timezone.get_utc_timezone())
 
 
-def as_list(value):
-    return [] if value is None else value if isinstance(value, list) else [value]
+def written(seconds, zone):
+    time = ICalGLib.Time.new_from_timet_with_zone(seconds, 0, zone or ICalGLib.Timezone.get_utc_timezone())
+    return datetime.datetime(*time.get_date(), *time.get_time()[:2])
 
 
-def length(event):
-    if "DTEND" in event:
-        return wall(event["DTEND"].dt) - wall(event["DTSTART"].dt)
-    if "DURATION" in event:
-        return event["DURATION"].dt
-    is_date = not isinstance(event["DTSTART"].dt, datetime.datetime)
-    return datetime.timedelta(days=1 if is_date else 0)
+def events_of(component):
+    event = component.get_first_component(ICalGLib.ComponentKind.VEVENT_COMPONENT)
+    while event:
+        yield event
+        event = component.get_next_component(ICalGLib.ComponentKind.VEVENT_COMPONENT)
 
 
-def starts(event, begin, end):
-    start = wall(event["DTSTART"].dt)
-    if "RRULE" not in event:
-        return [start]
-    text = event["RRULE"].to_ical().decode().replace("Z", "")
-    return rrule.rrulestr(text, dtstart=start).between(begin, end, inc=True)
+def replaced_of(event):
+    """The start that the event replaces one of; None: it replaces none."""
+    time = event.get_recurrenceid()
+    return None if time.is_null_time() else instant(time, event.get_dtstart().get_timezone())
+
+
+def spans_of(event, begin, end):
+    spans = []
+    event.foreach_recurrence(begin, end, lambda _, span, *rest: spans.append((span.get_start(), span.get_end())))
+    if event.get_dtstart().is_date():  # its spans of days reach into the day behind
+        length = instant(event.get_dtend()) - instant(event.get_dtstart())
+        return [(first, first + length) for first, _ in spans]
+    return spans
 
 
 def main():
-    with open(sys.argv[1], "rb") as file:
-        calendar = icalendar.Calendar.from_ical(file.read())
-    begin, end = (datetime.datetime.strptime(text, "%Y-%m-%d") for text in sys.argv[2:4])
-    events = calendar.walk("VEVENT")
-    replaced = {(str(e.get("UID")), wall(e["RECURRENCE-ID"].dt)) for e in events if "RECURRENCE-ID" in e}
+    with open(sys.argv[1], encoding="utf-8", newline="") as file:
+        calendar = ICalGLib.Component.new_from_string(file.read())
+    begin, end = (ICalGLib.Time.new_from_string(text.replace("-", "") + "T000000Z") for text in sys.argv[2:4])
+    events = list(events_of(calendar))
+    replaced = {(event.get_uid(), replaced_of(event)) for event in events} - {(e.get_uid(), None) for e in events}
     lines = []
     for event in events:
-        excluded = {wall(day.dt) for dates in as_list(event.get("EXDATE")) for day in dates.dts}
-        for start in starts(event, begin, end):
-            is_replaced = "RECURRENCE-ID" not in event and (str(event.get("UID")), start) in replaced
-            if begin <= start < end and start not in excluded and not is_replaced:
-                minutes = int(length(event).total_seconds() // 60)
-                lines.append(f"{start:%Y-%m-%d %H:%M} {minutes}min {event.get('SUMMARY')}")
+        own = replaced_of(event)
+        zone = event.get_dtstart().get_timezone()
+        for first, last in spans_of(event, begin, end):
+            is_in = instant(begin) <= first < instant(end)
+            if is_in and (own is not None or (event.get_uid(), first) not in replaced):
+                lines.append(f"{written(first, zone):%Y-%m-%d %H:%M} {(last - first) // 60}min {event.get_summary()}")
     print("\n".join(sorted(lines)))
 
 
