@@ -13,14 +13,23 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
 add_library(dayvane_flags INTERFACE)
 # Sources are UTF-8; the texts of the library are narrow strings of code page 932.
-target_compile_options(dayvane_flags INTERFACE
-  -finput-charset=UTF-8 -fexec-charset=CP932 -Wall -Wextra -Werror -Wno-unused-parameter)
 # Two roundings where two are written, also on machines that multiply and add in one step: every build gives the same
 # calendar.
-target_compile_options(dayvane_flags INTERFACE -ffp-contract=off)
+if(MSVC)
+  # With genuine MFC, linked statically: the controls need no other DLL then.
+  set(CMAKE_MFC_FLAG 1)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  target_compile_options(dayvane_flags INTERFACE /source-charset:utf-8 /execution-charset:.932 /W3 /permissive- /bigobj
+    /Zc:__cplusplus /fp:precise)
+else()
+  target_compile_options(dayvane_flags INTERFACE -finput-charset=UTF-8 -fexec-charset=CP932 -Wall -Wextra -Werror
+    -Wno-unused-parameter -ffp-contract=off)
+endif()
 if(WIN32)
   target_compile_definitions(dayvane_flags INTERFACE _WIN32_WINNT=0x0601 WINVER=0x0601 _MBCS NOMINMAX STRICT)
-  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  if(MSVC)
+    target_compile_definitions(dayvane_flags INTERFACE _CRT_SECURE_NO_WARNINGS)
+  elseif(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # Doubles must not carry x87 excess precision: 32-bit and 64-bit builds give the same calendar.
     target_compile_options(dayvane_flags INTERFACE -msse2 -mfpmath=sse)
   endif()
@@ -35,7 +44,9 @@ endif()
 
 # The headers as hosts see them, relative to the root of the tree or to include/dayvane of a package.
 set(DAYVANE_MFC_DIRS mfc/base)
-if(WIN32)
+if(MSVC)
+  set(DAYVANE_MFC_DIRS "") # the compiler has its own
+elseif(WIN32)
   list(APPEND DAYVANE_MFC_DIRS mfc/win)
 endif()
 set(DAYVANE_INCLUDE_DIRS "${CMAKE_SOURCE_DIR}" "${CMAKE_SOURCE_DIR}/include" "${CMAKE_BINARY_DIR}/include")
@@ -46,7 +57,7 @@ endforeach()
 # The compiler's own DLLs. A host catches the exceptions of Dayvane.dll only when both share one unwinder, so these are
 # never linked statically; they lie beside every program that is built here and beside the installed library.
 set(DAYVANE_RUNTIME_DLLS "")
-if(WIN32)
+if(MINGW)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     set(unwinder libgcc_s_dw2-1.dll)
   else()
@@ -85,6 +96,14 @@ function(dayvane_collect property)
   set(${property} ${files} PARENT_SCOPE)
 endfunction()
 
+# The headers that the reference describes, Windows' included in every build: public_headers.list, a line each.
+file(WRITE "${CMAKE_BINARY_DIR}/public_headers.list" "")
+function(dayvane_reference)
+  foreach(header ${ARGN})
+    file(APPEND "${CMAKE_BINARY_DIR}/public_headers.list" "${CMAKE_CURRENT_SOURCE_DIR}/${header}\n")
+  endforeach()
+endfunction()
+
 # Names the library sources of the calling folder, and the headers that a host may include: HEADERS everywhere,
 # WINDOW_HEADERS on Windows. Only these are installed; every header that one of them includes is among them.
 function(dayvane_sources)
@@ -97,6 +116,7 @@ function(dayvane_sources)
   endif()
   list(TRANSFORM headers PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
   set_property(GLOBAL APPEND PROPERTY DAYVANE_PUBLIC_HEADERS ${headers})
+  dayvane_reference(${arg_HEADERS} ${arg_WINDOW_HEADERS})
 endfunction()
 
 # What a host of the library needs to know: headers, folders, system libraries.
@@ -105,7 +125,9 @@ function(dayvane_describe_library target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   if(WIN32)
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME Dayvane)
-    target_link_options(${target} INTERFACE -shared-libgcc)
+    if(MINGW)
+      target_link_options(${target} INTERFACE -shared-libgcc)
+    endif()
     target_link_libraries(${target} PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 msimg32 gdi32 user32)
   endif()
   get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
@@ -120,15 +142,21 @@ endfunction()
 
 # What is packaged comes out with the same bytes each time: no time of the link in it.
 function(dayvane_same_bytes target)
-  target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
+  if(MSVC)
+    target_link_options(${target} PRIVATE /Brepro)
+  else()
+    target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
+  endif()
 endfunction()
 
 # Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library. On Windows the
 # tree's own programs, tests above all, use a DLL that exports every symbol; the one that is installed has the same
-# objects and exports what the public headers name. Planner and samples link the latter (Dayvane::Dayvane).
+# objects and exports what the public headers name. With Visual C++ it is a static library: classes need no marks for
+# export then, nor m_arDayColors one for import.
+# Planner and samples link the latter (Dayvane::Dayvane).
 function(dayvane_add_library)
   get_property(files GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
-  if(WIN32)
+  if(MINGW)
     add_library(Dayvane SHARED ${files})
     # MinGW exports every symbol and imports data by itself, so classes need no decoration here.
     target_link_options(Dayvane PRIVATE -Wl,--export-all-symbols)

@@ -25,9 +25,29 @@ make_dialect_flags() {
     done
     dialect_flags+=(-D__GCC_ATOMIC_TEST_AND_SET_TRUEVAL=1 -D__i386__ -D_X86_ -D__MINGW32__ -D__GNUC__=12
         -D__GNUC_MINOR__=2 -U_MSC_VER -D__is_pointer=is_pointer_trait '-D__declspec=__declspec' -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_MBCS
-        -DNOMINMAX -DSTRICT -Wpedantic -Wgnu -Wvla -Wmicrosoft -Wno-ignored-attributes
+        -DNOMINMAX -DSTRICT -Wpedantic -Werror=gnu -Werror=vla-extension -Werror=c++20-designator
+        -Werror=microsoft -Werror=writable-strings -Wno-ignored-attributes
         -Wno-inconsistent-missing-override -I"$ROOT" -I"$ROOT/include" -I"$BUILD/native/include" -I"$ROOT/mfc/base"
         -I"$ROOT/mfc/win")
+}
+
+# Each of these is C++ of another compiler: a check that lets one of them pass is worth nothing.
+dialect_plants=(
+    'int f(int n) { int v[n]; return v[0]; }'
+    'int f(int n) { return ({ int k = n; k; }); }'
+    'struct S { int a, b; }; S f() { return {.a = 1, .b = 2}; }'
+    'int f(int n) { return n ?: 3; }'
+    'char* f() { return "text"; }'
+    'template <class T> struct B { typedef int Kind; }; template <class T> struct D : B<T> { Missing m; };'
+)
+check_dialect_plants() {
+    local plant
+    for plant in "${dialect_plants[@]}"; do
+        ! clang "${dialect_flags[@]}" -fsyntax-only -x c++ - <<<"$plant" 2>/dev/null ||
+            die "The check of the dialect lets this pass: $plant"
+    done
+    clang "${dialect_flags[@]}" -fsyntax-only -x c++ - <<<'int f(int n) { return n; }' ||
+        die "The check of the dialect refuses plain C++."
 }
 
 # dialect FILE...: a line for each error; fails when there is one. The headers are compiled once.
@@ -35,6 +55,7 @@ dialect() {
     local log headers=$BUILD/dialect.pch
     log=$(log_file dialect)
     make_dialect_flags
+    check_dialect_plants
     run_logged dialect "Reading the headers as Visual C++" \
         clang "${dialect_flags[@]}" -x c++-header "$ROOT/cmake/precompiled.h" -o "$headers"
     (cd "$ROOT" && printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} \

@@ -20,7 +20,7 @@ command_format() {
 }
 
 # The documents whose code is cut from sources that the package test builds and runs.
-snippet_documents=(docs/guide.md docs/ical.md)
+snippet_documents=(README.md docs/cookbook.md docs/guide.md docs/ical.md docs/printing.md)
 
 # snippets [--check]: puts the code of the documents in, or only says which differ from their sources.
 command_snippets() {
@@ -44,6 +44,9 @@ check_snippets() {
         (cd "$ROOT" && awk -f tools/snippets.awk "$document" | diff -u --label "$document" --label source \
             "$document" -) >&2 || status=1
     done
+    for document in docs/settings.md docs/notifications.md; do
+        (cd "$ROOT" && awk -f tools/rows.awk "$document") || status=1
+    done
     return "$status"
 }
 
@@ -55,6 +58,7 @@ command_lint() {
     step "House rules"
     (cd "$ROOT" && source_files | xargs awk -f "$ROOT/tools/house_rules.awk") || status=1
     check_snippets || status=1
+    in_subshell check_pictures || status=1
     step "clang-tidy"
     if [ $# -gt 0 ]; then
         files=("$@")

@@ -316,7 +316,7 @@ build_package_host() {
     run_logged "package-$preset" "Building a host of the $preset package" ninja -C "$host"
     case $preset in
         win*)
-            need_packages "${lint_packages[@]}" zip unzip # clang and lld among them
+            need_packages "${lint_packages[@]}" "${package_packages[@]}" # clang and lld among them
             run_logged "package-$preset-c" "Building the C hosts of the $preset package" \
             bash "$ROOT/tests/package/c/build.sh" "$prefix" "$preset" "$host/c"
             check_static_refusal "$preset" "$prefix" "${toolchain[@]}"
@@ -346,7 +346,8 @@ check_exports() {
         die "$1 exports names that are not its own or not public."
 }
 
-# follow_start_page SYSTEM: the start page, from a zip of the installed 32-bit build alone.
+# follow_start_page SYSTEM: the start page, from a zip of the installed 32-bit build alone, and where the planner is built
+# its installer.
 follow_start_page() {
     local folder=$BUILD/package/zip-$1
     rm -rf "$folder"
@@ -354,16 +355,20 @@ follow_start_page() {
     stage_build "$folder/dayvane" win32 "$BUILD/package/win32"
     make_zip "$folder/dayvane" "$folder/dayvane.zip"
     run_plain_program "win32/$1 start page" bash "$ROOT/tests/outside/ten_minutes.sh" "$folder/dayvane.zip" "$folder/work"
+    if [ -e "$folder/dayvane/win32/bin/planner.exe" ]; then
+        make_installer "$folder/dayvane" "$folder/setup.exe"
+        run_plain_program "win32/$1 installer" bash "$ROOT/tests/outside/installer.sh" "$folder/setup.exe" "$folder/dayvane"
+    fi
 }
 
 # run_package_host PRESET LABEL RUNNER...
 run_package_host() {
     local preset=$1 label=$2 host program
     shift 2
-    for program in package_host ical_host guide_host; do
+    for program in package_host ical_host guide_host cookbook_host; do
         host=$BUILD/package/$preset-host/$program
         [ -e "$host" ] || host=$host.exe
-        [ -e "$host" ] || [ "$program" != guide_host ] || continue # the guide is about windows
+        [ -e "$host" ] || [[ "$program" != @(guide|cookbook)_host ]] || continue # they are about windows
         run_plain_program "$label package ${program%_host}" "$@" "$host"
     done
     for program in c_host dialog_host abi_host; do

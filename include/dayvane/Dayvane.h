@@ -44,4 +44,5 @@
 #include "views/docview/CalendarViews.h"
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
+#include "views/timegrid/ZoneRuler.h"
 #endif

@@ -43,6 +43,7 @@ CSelectorsDialog::CSelectorsDialog() : CDialog(IDD_SELECTORS)
 {
 }
 
+// snippet subclass
 BOOL CSelectorsDialog::OnInitDialog()
 {
     CDialog::OnInitDialog();
@@ -57,7 +58,9 @@ BOOL CSelectorsDialog::OnInitDialog()
     CheckDlgButton(IDC_DAY_RANGES, m_days.IsRangeSelect() ? BST_CHECKED : BST_UNCHECKED);
     return TRUE;
 }
+// end of snippet
 
+// snippet fit
 void CSelectorsDialog::FitToGrid(CPeriodGridCtrl& calendar)
 {
     CRect window, client;
@@ -68,6 +71,7 @@ void CSelectorsDialog::FitToGrid(CPeriodGridCtrl& calendar)
     calendar.SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     calendar.Refresh();
 }
+// end of snippet
 
 void CSelectorsDialog::Show(const CString& text)
 {

@@ -106,12 +106,35 @@ bool PrintsTheMonth(CHostWnd& window)
     return printed == 1 && hasPicture && header.nRecords > 100;
 }
 
+bool ShowsAMonth(CWnd& frame)
+{
+    // snippet ten
+    CMonthViewCtrl month;
+    month.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 800, 600), &frame, 101);
+    month.SetOptions(CalendarOptions::Modern());
+    tagCC_ITEM item;
+    item.dtStart = COleDateTime(2026, 11, 24, 10, 0, 0);
+    item.dtEnd = COleDateTime(2026, 11, 24, 11, 30, 0);
+    item.strText = "Weekly meeting";
+    month.AddItem(&item);
+    month.SetCurrentDate(item.dtStart);
+    month.Refresh();
+    // end of snippet
+    const bool shown = month.GetScreenItems().GetSize() == 1;
+    month.DestroyWindow();
+    return shown;
+}
+
 int Run()
 {
     CHostWnd window;
     if (!window.CreateEx(0, AfxRegisterWndClass(CS_DBLCLKS), "Guide", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                          CRect(0, 0, 820, 640), nullptr, 0)) {
         printf("no window\n");
+        return 1;
+    }
+    if (!ShowsAMonth(window)) {
+        printf("the month does not show its item\n");
         return 1;
     }
     if (!MovesTheMeeting(window)) {

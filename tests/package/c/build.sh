@@ -16,7 +16,9 @@ c89=("$mingw-gcc-posix" -std=c89 -pedantic -Wall -Wextra -Werror -I "$prefix/inc
 system=(-lgdi32 -luser32 -lkernel32 -lmsvcrt)
 "${c89[@]}" "$here/CHost.c" "$prefix/lib/libDayvaneCtl.dll.a" "${system[@]}" -o "$out/c_host.exe"
 "$mingw-windres" "$here/dialog.rc" "$out/dialog.o"
-"${c89[@]}" "$here/DialogHost.c" "$out/dialog.o" "$prefix/lib/libDayvaneCtl.dll.a" "${system[@]}" -o "$out/dialog_host.exe"
+# This one by what pkg-config says of the package.
+read -ra flags < <(PKG_CONFIG_LIBDIR=$prefix/lib/pkgconfig pkg-config --cflags --libs dayvane-ctl)
+"${c89[@]}" "$here/DialogHost.c" "$out/dialog.o" "${flags[@]}" "${system[@]}" -o "$out/dialog_host.exe"
 
 # MinGW's headers, told that they are read for another compiler. The entry point is ours, so no C runtime is needed.
 clang --target="$machine-pc-windows-msvc" -fms-compatibility -fms-extensions -fno-stack-protector -O1 \

@@ -1,0 +1,56 @@
+#!/usr/bin/env python3
+"""links.py FOLDER: every link and picture of the HTML files in the folder that stays on this machine must lead
+somewhere, with its anchor. A line for each that does not; exit status 1 when there is one."""
+
+import os
+import sys
+from html.parser import HTMLParser
+from urllib.parse import unquote, urlsplit
+
+
+class Page(HTMLParser):
+    def __init__(self):
+        super().__init__()
+        self.links, self.anchors, self.text = [], set(), ""
+
+    def handle_starttag(self, tag, attrs):
+        for name, value in attrs:
+            if name in ("id", "name") and value:
+                self.anchors.add(value)
+            elif name in ("href", "src") and value:
+                self.links.append(value)
+
+
+def read(path):
+    page = Page()
+    with open(path, encoding="utf-8") as file:
+        page.feed(file.read())
+    return page
+
+
+def main():
+    folder = sys.argv[1]
+    pages = {}
+    for root, _, files in os.walk(folder):
+        for name in files:
+            if name.endswith(".html"):
+                path = os.path.normpath(os.path.join(root, name))
+                pages[path] = read(path)
+    dead = set()
+    for path, page in pages.items():
+        for link in page.links:
+            parts = urlsplit(link)
+            if parts.scheme or parts.netloc or link.startswith("javascript"):
+                continue
+            target = os.path.normpath(os.path.join(os.path.dirname(path), unquote(parts.path))) if parts.path else path
+            if not os.path.exists(target):
+                dead.add(f"{path}: {link} leads nowhere")
+            elif parts.fragment and target in pages and unquote(parts.fragment) not in pages[target].anchors:
+                dead.add(f"{path}: {link} has no such place")
+    for line in sorted(dead):
+        print(line)
+    print(f"{len(pages)} pages, {sum(len(page.links) for page in pages.values())} links, {len(dead)} dead")
+    return 1 if dead else 0
+
+
+sys.exit(main())
