@@ -2,6 +2,7 @@
 
 #include "mfc/base/civil.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace dayvane {
@@ -67,6 +68,22 @@ COleDateTime AddDays(const COleDateTime& date, int days)
 COleDateTime AddMinutes(const COleDateTime& date, int minutes)
 {
     return AddSeconds(date, minutes * 60LL);
+}
+
+int ClampMonthNumber(int monthNumber)
+{
+    return std::clamp(monthNumber, kFirstMonthNumber, kLastMonthNumber);
+}
+
+int MonthNumberOf(const COleDateTime& date)
+{
+    const CivilDate fields = CivilDateOf(date);
+    return fields.year * kMonthsPerYear + fields.month - 1;
+}
+
+COleDateTime DateOfMonthNumber(int monthNumber)
+{
+    return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), 1, 0, 0, 0);
 }
 
 long long SecondsBetween(const COleDateTime& from, const COleDateTime& to)

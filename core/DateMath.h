@@ -30,6 +30,22 @@ COleDateTime DateOfDayNumber(int dayNumber); // 00:00; invalid outside the years
 // The day on or before the given one on which a week begins.
 int WeekStartOf(int dayNumber, int firstDayOfWeek);
 
+// Months are numbered through: year x 12 + month - 1, of a valid date, within the years 100 to 9999.
+constexpr int kMonthsPerYear = 12;
+constexpr int kFirstMonthNumber = 100 * kMonthsPerYear;
+constexpr int kLastMonthNumber = 9999 * kMonthsPerYear + kMonthsPerYear - 1;
+int ClampMonthNumber(int monthNumber);
+int MonthNumberOf(const COleDateTime& date);
+constexpr int YearOfMonthNumber(int monthNumber)
+{
+    return monthNumber / kMonthsPerYear;
+}
+constexpr int MonthOfMonthNumber(int monthNumber) // 1 .. 12
+{
+    return monthNumber % kMonthsPerYear + 1;
+}
+COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid outside the years 100 to 9999
+
 // The date moved by whole days, the time kept; invalid beyond the years 100 to 9999.
 COleDateTime AddDays(const COleDateTime& date, int days);
 COleDateTime AddMinutes(const COleDateTime& date, int minutes);

@@ -77,22 +77,6 @@ void FitPeriodGrid(const PeriodPolicy& policy, int cx, int cy, int& rows, int& c
     columns = std::max<int>(cx / metrics.block.cx, 1);
 }
 
-int ClampMonthNumber(int monthNumber)
-{
-    return std::clamp(monthNumber, kFirstMonthNumber, kLastMonthNumber);
-}
-
-int MonthNumberOf(const COleDateTime& date)
-{
-    const CivilDate fields = CivilDateOf(date);
-    return fields.year * kMonthsPerYear + fields.month - 1;
-}
-
-COleDateTime DateOfMonthNumber(int monthNumber)
-{
-    return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), 1, 0, 0, 0);
-}
-
 int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date)
 {
     return MonthNumberOf(date) / policy.monthsPerPeriod;

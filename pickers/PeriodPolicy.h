@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../core/CalendarTexts.h"
+#include "../core/DateMath.h"
 #include "../core/ViewScale.h"
 
 #include <afxdisp.h>
@@ -61,22 +62,6 @@ CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns);
 
 // How many rows (cx) and columns fit a client area, at least one of each.
 void FitPeriodGrid(const PeriodPolicy& policy, int cx, int cy, int& rows, int& columns);
-
-// Months are numbered through: year x 12 + month - 1, of a valid date, within the years 100 to 9999.
-constexpr int kMonthsPerYear = 12;
-constexpr int kFirstMonthNumber = 100 * kMonthsPerYear;
-constexpr int kLastMonthNumber = 9999 * kMonthsPerYear + kMonthsPerYear - 1;
-int ClampMonthNumber(int monthNumber);
-int MonthNumberOf(const COleDateTime& date);
-inline int YearOfMonthNumber(int monthNumber)
-{
-    return monthNumber / kMonthsPerYear;
-}
-inline int MonthOfMonthNumber(int monthNumber)
-{
-    return monthNumber % kMonthsPerYear + 1;
-} // 1 .. 12
-COleDateTime DateOfMonthNumber(int monthNumber); // the first, 00:00; invalid outside the years 100 to 9999
 
 // The period that holds a valid date, and its first day.
 int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date);

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kUnitsPerInch = 254;
 constexpr int kWeekdays = 7;
-constexpr int kMonthsPerYear = 12;
 constexpr int kAroundTheMonth = 7 + kWeekdays; // days that a month's page may show before and after
 
 std::unique_ptr<CalendarPrinting> MakePrinterFor(CCalendarCtrl& ctrl)

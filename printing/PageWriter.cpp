@@ -1,5 +1,6 @@
 #include "printing/PageWriter.h"
 
+#include "core/DateMath.h"
 #include "mfc/base/civil.h"
 #include "printing/TextLines.h"
 
@@ -11,11 +12,10 @@ namespace {
 constexpr int kWeekdays = 7;
 constexpr int kWeeksOfMonth = 6;
 constexpr int kSmallMonthRows = kWeeksOfMonth + 2; // name and weekdays
-constexpr int kMonthsPerYear = 12;
-constexpr int kLargestMarginShare = 8;        // a margin takes at most this part of the sheet
-constexpr int kLargestHeaderShare = 5;        // the small months at most this part of the height
-constexpr int kSmallMonthWidthPercent = 1050; // of a number's line height
-constexpr int kDotShare = 7;                  // of a cell's height
+constexpr int kLargestMarginShare = 8;             // a margin takes at most this part of the sheet
+constexpr int kLargestHeaderShare = 5;             // the small months at most this part of the height
+constexpr int kSmallMonthWidthPercent = 1050;      // of a number's line height
+constexpr int kDotShare = 7;                       // of a cell's height
 
 } // namespace
 
@@ -29,7 +29,7 @@ int FirstOfMonthAfter(int day, int months)
     int year = 0, month = 0, dayOfMonth = 0;
     civil::FromDayNumber(day, year, month, dayOfMonth);
     const int count = year * kMonthsPerYear + month - 1 + months;
-    const int result = civil::DayNumber(count / kMonthsPerYear, count % kMonthsPerYear + 1, 1);
+    const int result = civil::DayNumber(YearOfMonthNumber(count), MonthOfMonthNumber(count), 1);
     return std::clamp(result, civil::kFirstDay, civil::kLastDay);
 }
 

@@ -9,7 +9,6 @@
 namespace dayvane {
 namespace {
 
-constexpr int kMonthsPerYear = 12;
 constexpr int kYearOfScrollStart = 2000;
 
 enum class BoxUnit
@@ -53,12 +52,12 @@ COleDateTime NoDate()
 
 int FirstUnitOf(BoxUnit unit)
 {
-    return unit == BoxUnit::Day ? civil::kFirstDay : 100 * kMonthsPerYear;
+    return unit == BoxUnit::Day ? civil::kFirstDay : kFirstMonthNumber;
 }
 
 int LastUnitOf(BoxUnit unit)
 {
-    return unit == BoxUnit::Day ? civil::kLastDay : 10000 * kMonthsPerYear - 1;
+    return unit == BoxUnit::Day ? civil::kLastDay : kLastMonthNumber;
 }
 
 // The number of the day or month that the date falls in; false without a date.
@@ -67,13 +66,8 @@ bool UnitOf(BoxUnit unit, const COleDateTime& date, int& number)
     if (!IsValid(date)) {
         return false;
     }
-    if (unit == BoxUnit::Day) {
-        number = DayNumberOf(date);
-        return true;
-    }
-    const CivilDate fields = CivilDateOf(date);
-    number = fields.year * kMonthsPerYear + fields.month - 1;
-    return fields.IsValid();
+    number = unit == BoxUnit::Day ? DayNumberOf(date) : MonthNumberOf(date);
+    return true;
 }
 
 COleDateTime StartOf(BoxUnit unit, int number)
@@ -81,8 +75,7 @@ COleDateTime StartOf(BoxUnit unit, int number)
     if (number < FirstUnitOf(unit) || number > LastUnitOf(unit)) {
         return NoDate();
     }
-    return unit == BoxUnit::Day ? DateOfDayNumber(number)
-                                : COleDateTime(number / kMonthsPerYear, number % kMonthsPerYear + 1, 1, 0, 0, 0);
+    return unit == BoxUnit::Day ? DateOfDayNumber(number) : DateOfMonthNumber(number);
 }
 
 // Not the number of the week: six positions are taken back for each whole week, so that it counts weeks and the days
@@ -228,7 +221,7 @@ DayRows BoxRange::Rows() const
         const int first = m_first + row * form.columns;
         starts.push_back(form.unit == BoxUnit::Day
                              ? first
-                             : civil::DayNumber(first / kMonthsPerYear, first % kMonthsPerYear + 1, 1));
+                             : civil::DayNumber(YearOfMonthNumber(first), MonthOfMonthNumber(first), 1));
     }
     return starts;
 }
