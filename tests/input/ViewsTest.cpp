@@ -261,6 +261,13 @@ TYPED_TEST(Views, BelongToWindowsThatWereThereBefore)
     ::DestroyWindow(window);
 }
 
+TYPED_TEST(Views, GetAScrollBarAlsoWithoutItsStyle)
+{
+    TypeParam bare;
+    bare.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), &this->parent, 9);
+    EXPECT_TRUE(bare.GetStyle() & WS_VSCROLL) << "as its header says";
+}
+
 TYPED_TEST(Views, KeepTheirTitleWithoutAColourRow)
 {
     this->view->SetDayColor(At(4, 30), 99);
@@ -478,6 +485,10 @@ TYPED_TEST(Views, TakeCarelessDropsBack)
     };
     drag({elsewhere});
     EXPECT_NE(times(), "04-30 09:00");
+    EXPECT_FALSE(AfxGetApp());
+    const HCURSOR cursor = ::GetCursor();
+    EXPECT_TRUE(cursor != ::LoadCursor(nullptr, IDC_SIZEALL) && cursor != ::LoadCursor(nullptr, IDC_ARROW))
+        << "the library's own, in a program without an application object, too";
     hardware::Key(VK_ESCAPE);
     EXPECT_EQ(times(), "04-30 09:00");
     EXPECT_EQ(this->Selected(), selected) << "Escape restores the selection";

@@ -3,7 +3,8 @@
 //
 // Coordinates are client pixels. Screen items have the place that they have when the grid is scrolled to the top; the
 // bars of the full-day band do not scroll. The band is as high as the lanes that the last layout counted, also where a
-// small window has no room left for the grid.
+// small window has no room left for the grid. The window gets a vertical scroll bar where the rows of the day do not
+// fit, also without WS_VSCROLL.
 #pragma once
 
 #include "../../core/MoreListCtrl.h"
@@ -140,6 +141,7 @@ protected:
     dayvane::DayTone ToneOfColumn(int nColumn);
     int CalcLinesHeight(const CRect& client); // of the lines under the names of the days; 0: none
     void DrawDayLines(CDC* pDC, int nColumn);
+    CRect GetLinesArea(int nColumn);               // in the header of a day
     int GetZoneRulerWidth() const;                 // 0: one ruler
     dayvane::TimeGridMetrics FrameMetrics() const; // with the second ruler
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
