@@ -29,8 +29,8 @@ struct CalendarOptions
 
     bool extendedMove = false; // a dragged item keeps its distance from the pointer: EnableExtendedMove
     bool moreList = false;     // a more-items mark opens the list of its items: EnableMoreList
-    // The full text of an item that is cut, and in the day and multi-day view the names of a day that are; in the mini
-    // calendars the names of a day.
+    // The full text of an item that is cut, and of what a view says of a day or month that is; in the mini calendars
+    // the names of a day.
     bool toolTips = false;
     // A dragged item that is let go outside the view goes back, as with Escape; one that is let go where it was is not
     // reported.

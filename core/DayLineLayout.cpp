@@ -1,5 +1,6 @@
 #include "core/DayLineLayout.h"
 
+
 #include <algorithm>
 #include <cmath>
 
@@ -118,6 +119,21 @@ std::vector<PlacedPiece> PlacePieces(const std::vector<DayPiece>& pieces, const 
         }
     }
     return placed;
+}
+
+bool LosesPieces(const std::vector<DayPiece>& pieces, const CRect& area, int lines, const DayLineMetrics& metrics)
+{
+    return Losses(pieces, PlacePieces(pieces, area, lines, metrics), metrics) > 0;
+}
+
+std::u16string TextOfPieces(const std::vector<DayPiece>& pieces)
+{
+    std::u16string text;
+    for (const DayPiece& piece : pieces) {
+        text += text.empty() || piece.text.empty() ? u"" : u"  ";
+        text += piece.text;
+    }
+    return text;
 }
 
 int LinesFor(const std::vector<DayPiece>& pieces, int width, int most, const DayLineMetrics& metrics)

@@ -40,6 +40,12 @@ struct PlacedPiece
 std::vector<PlacedPiece> PlacePieces(const std::vector<DayPiece>& pieces, const CRect& area, int lines,
                                      const DayLineMetrics& metrics = kDayLine);
 
+// Whether some of the pieces are cut there, or left out.
+bool LosesPieces(const std::vector<DayPiece>& pieces, const CRect& area, int lines,
+                 const DayLineMetrics& metrics = kDayLine);
+// Their texts, for a tip.
+std::u16string TextOfPieces(const std::vector<DayPiece>& pieces);
+
 // The fewest lines, up to `most`, that hold all pieces as well as `most` lines would; 0 for no pieces.
 int LinesFor(const std::vector<DayPiece>& pieces, int width, int most, const DayLineMetrics& metrics = kDayLine);
 

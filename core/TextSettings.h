@@ -4,12 +4,16 @@
 #include "CalendarTexts.h"
 #include "TextCodec.h"
 
+#include <functional>
 #include <memory>
 
 namespace dayvane {
 
 // The required texts, one record for all controls.
 std::shared_ptr<const CalendarTexts> RequiredTexts();
+
+// The width of a text in one line of a font, pixels.
+using TextWidth = std::function<int(const std::u16string&)>;
 
 struct TextSettings
 {

@@ -217,3 +217,48 @@ TEST(DayGridTips, SayWhatIsCut)
     EXPECT_EQ(tipAt(longBar), dayvane::DecodeText(longText, dayvane::kUtf8CodePage));
     EXPECT_EQ(tipAt(view.GetScreenItems()[0].rcItem.CenterPoint()), u"");
 }
+
+// The tip over the number of a box, of a view that is so wide.
+template <class View>
+std::u16string TipOfBox(int width, int box, CRect (*rectOf)(const Hook<View>&, int), bool hasTips = true)
+{
+    SetCalendarClock(FixedNow);
+    RecordingParent parent;
+    parent.Create(kWidth, kHeight);
+    Hook<View> view;
+    view.SetCurrentDate(Day(4, 29));
+    view.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, width, kHeight), &parent, 5);
+    CalendarOptions options;
+    options.toolTips = hasTips;
+    view.SetOptions(options);
+    tagCCHITTESTINFO hit;
+    const CRect rect = rectOf(view, box);
+    hit.pt = rect.TopLeft() + CSize(10, 5);
+    view.HitTest(hit);
+    CRect part;
+    std::u16string text;
+    if (view.FindTip(hit, part, text)) {
+        EXPECT_TRUE(part.left == rect.left && part.top == rect.top && part.Height() < rect.Height() / 2);
+    } else {
+        text.clear();
+    }
+    SetCalendarClock(nullptr);
+    return text;
+}
+
+TEST(DayGridTips, SayWhatADayHasNoRoomFor)
+{
+    const std::u16string name = u"昭和の日"; // 29 April
+    const auto cell = [](const Hook<CMonthViewCtrl>& view, int box) { return view.GetCell(box).m_rect; };
+    EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 31, cell), u"29 " + name);
+    EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 30, cell), u"") << "a day without a name";
+    EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 100, 31, cell), u"") << "there is room";
+    EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 31, cell, false), u"") << "the option is off";
+    const auto day = [](const Hook<CWeekViewCtrl>& view, int box) { return view.GetDayRect(box); };
+    const std::u16string tip = TipOfBox<CWeekViewCtrl>(4 * 70, 3, day);
+    EXPECT_EQ(tip.substr(0, 4), u"4/29");
+    EXPECT_NE(tip.find(name), std::u16string::npos);
+    const auto month = [](const Hook<CYearViewCtrl>& view, int box) { return view.GetMonthRect(box); };
+    EXPECT_EQ(TipOfBox<CYearViewCtrl>(6 * 50, 8, month), u"9月 September");
+    EXPECT_EQ(TipOfBox<CYearViewCtrl>(6 * 100, 8, month), u"");
+}

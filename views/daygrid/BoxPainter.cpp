@@ -9,22 +9,6 @@
 namespace dayvane {
 namespace {
 
-// Pixels.
-struct BoxPaintMetrics
-{
-    int captionInset = 5;
-    int numberRight = 5; // from the day number to the box's right edge
-    int numberTop = 1;
-    int annotationTop = 3; // from the box's top
-    int annotationHeight = 13;
-    int annotationLeft = 4;
-    int annotationGap = 4;       // to the day number
-    int annotationMinWidth = 20; // a narrower one would be nothing but an ellipsis
-    int stripInset = 5;          // from the sides of a box's strip to its texts
-    int suffixGap = 2;           // between number and suffix
-};
-constexpr BoxPaintMetrics kPaint;
-
 constexpr int kSelectionWidth = 2;       // of the frame of the current bar, pixels
 constexpr COLORREF kUnfilled = 0xFFFFFF; // a background of this colour is not painted
 constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
@@ -85,16 +69,12 @@ void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const C
     }
     DrawTitleBand(&m_dc, band, TitleBandOf(m_theme, look.band));
     m_dc.SetTextColor(m_colors.captionText);
-    CRect text = band;
-    text.DeflateRect(m_scale.Of(kPaint.captionInset), m_scale.Of(kPaint.captionInset));
-    {
-        const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
-        DrawWideText(m_dc, texts.number, text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX | look.cut);
-        text.left += WideTextExtent(m_dc, texts.number).cx;
-    }
-    if (text.left < text.right) {
-        const SelectGdi selectFont(&m_dc, m_parts.fonts.CaptionText(itemFont));
-        DrawWideText(m_dc, texts.text, text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign | look.cut);
+    const SelectGdi selectNumber(&m_dc, m_parts.fonts.CaptionNumber(itemFont, look.numberHeight));
+    const TitlePlaces places = PlaceTitle(band, WideTextExtent(m_dc, texts.number).cx, m_scale);
+    DrawWideText(m_dc, texts.number, places.number, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX | look.cut);
+    if (!places.text.IsRectEmpty()) {
+        const SelectGdi selectText(&m_dc, m_parts.fonts.CaptionText(itemFont));
+        DrawWideText(m_dc, texts.text, places.text, DT_SINGLELINE | DT_NOPREFIX | look.textAlign | look.cut);
     }
 }
 
@@ -178,78 +158,77 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
     m_dc.LineTo(frame.left, frame.top);
 }
 
-// In a narrow box the year goes first and then the month: a number whose front is cut off reads as another date. Where
-// the day does not stand last, the day alone remains.
-std::u16string BoxPainter::FittingNumber(std::u16string number, const std::u16string& dayAlone, int width) const
+TextWidth BoxPainter::WidthIn(CFont* pFont) const
 {
-    const auto isWide = [&] { return m_parts.texts.WidthOf(&m_dc, m_parts.fonts.DayNumber(), number) > width; };
-    const bool dayIsLast = number.size() >= dayAlone.size() &&
-                           number.compare(number.size() - dayAlone.size(), dayAlone.size(), dayAlone) == 0;
-    std::size_t slash = dayIsLast ? number.find(u'/') : std::u16string::npos;
-    while (slash != std::u16string::npos && isWide()) {
-        number.erase(0, slash + 1);
-        slash = number.find(u'/');
-    }
-    return !dayAlone.empty() && number != dayAlone && isWide() ? dayAlone : number;
+    return [this, pFont](const std::u16string& text) {
+        const SelectGdi selectFont(&m_dc, pFont);
+        return m_parts.texts.WidthOf(&m_dc, pFont, text);
+    };
+}
+
+StripTextPlaces BoxPainter::PlacesOf(const CRect& strip, const StripTexts& texts) const
+{
+    return PlaceStripTexts(strip, texts, WidthIn(m_parts.fonts.DayNumber()), WidthIn(m_parts.fonts.Annotation()),
+                           m_scale);
+}
+
+DayTextPlaces BoxPainter::PlacesOf(const CRect& box, const DayLook& look) const
+{
+    return PlaceDayTexts(box, look, WidthIn(m_parts.fonts.DayNumber()), m_scale);
 }
 
 void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) const
 {
-    BoxFonts& fonts = m_parts.fonts;
     TextCache& cache = m_parts.texts;
-    CRect rest = strip;
-    rest.DeflateRect(m_scale.Of(kPaint.stripInset), 0);
+    const StripTextPlaces places = PlacesOf(strip, texts);
     m_dc.SetTextColor(texts.color);
     {
-        const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
-        const std::u16string number = FittingNumber(texts.number, texts.shortNumber, rest.Width());
-        const int numberWidth = cache.WidthOf(&m_dc, fonts.DayNumber(), number);
-        if (numberWidth > rest.Width()) {
-            rest = strip; // "10" would lose a digit
-        }
-        cache.Draw(&m_dc, fonts.DayNumber(), number, rest, DT_LEFT | DT_VCENTER);
-        rest.left += numberWidth + m_scale.Of(kPaint.suffixGap);
+        CFont* font = m_parts.fonts.DayNumber();
+        const SelectGdi selectNumber(&m_dc, font);
+        cache.Draw(&m_dc, font, places.number, places.numberRect, DT_LEFT | DT_VCENTER);
     }
-    const SelectGdi selectFont(&m_dc, fonts.Annotation());
-    const int suffixWidth = cache.WidthOf(&m_dc, fonts.Annotation(), texts.suffix);
-    if (suffixWidth > rest.Width()) {
-        return;
+    CFont* font = m_parts.fonts.Annotation();
+    const SelectGdi selectFont(&m_dc, font);
+    if (!places.suffix.IsRectEmpty()) {
+        cache.Draw(&m_dc, font, texts.suffix, places.suffix, DT_LEFT | DT_VCENTER);
     }
-    cache.Draw(&m_dc, fonts.Annotation(), texts.suffix, rest, DT_LEFT | DT_VCENTER);
-    rest.left += suffixWidth + m_scale.Of(kPaint.annotationGap);
-    if (rest.Width() < m_scale.Of(kPaint.annotationMinWidth)) {
-        return;
+    if (!places.annotation.IsRectEmpty()) {
+        m_dc.SetTextColor(texts.annotationColor);
+        cache.Draw(&m_dc, font, texts.annotation, places.annotation, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
     }
-    m_dc.SetTextColor(texts.annotationColor);
-    cache.Draw(&m_dc, fonts.Annotation(), texts.annotation, rest, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
+}
+
+bool BoxPainter::FitsStripTexts(const CRect& strip, const StripTexts& texts) const
+{
+    const StripTextPlaces places = PlacesOf(strip, texts);
+    const TextWidth widthOf = WidthIn(m_parts.fonts.Annotation());
+    return places.number == texts.number && !IsCut(texts.suffix, places.suffix, widthOf) &&
+           !IsCut(texts.annotation, places.annotation, widthOf);
 }
 
 void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
 {
-    BoxFonts& fonts = m_parts.fonts;
     TextCache& cache = m_parts.texts;
-    CRect number = box;
-    number.top += m_scale.Of(kPaint.numberTop);
-    number.right -= m_scale.Of(kPaint.numberRight);
-    const SelectGdi selectNumber(&m_dc, fonts.DayNumber());
-    m_dc.SetTextColor(look.dayNumberColor);
-    const std::u16string dayNumber = FittingNumber(look.dayNumber, look.dayAlone, number.Width());
-    cache.Draw(&m_dc, fonts.DayNumber(), dayNumber, number, DT_RIGHT | DT_TOP);
-    if (look.annotation.empty()) {
-        return;
+    const DayTextPlaces places = PlacesOf(box, look);
+    {
+        CFont* font = m_parts.fonts.DayNumber();
+        const SelectGdi selectNumber(&m_dc, font);
+        m_dc.SetTextColor(look.dayNumberColor);
+        cache.Draw(&m_dc, font, places.number, places.numberRect, DT_RIGHT | DT_TOP);
     }
-    CRect annotation = box;
-    annotation.left += m_scale.Of(kPaint.annotationLeft);
-    annotation.top += m_scale.Of(kPaint.annotationTop);
-    annotation.bottom = annotation.top + m_scale.Line(kPaint.annotationHeight);
-    annotation.right =
-        number.right - cache.WidthOf(&m_dc, fonts.DayNumber(), dayNumber) - m_scale.Of(kPaint.annotationGap);
-    if (annotation.Width() < m_scale.Of(kPaint.annotationMinWidth)) {
-        return;
+    if (!look.annotation.empty() && !places.annotation.IsRectEmpty()) {
+        CFont* font = m_parts.fonts.Annotation();
+        const SelectGdi selectFont(&m_dc, font);
+        m_dc.SetTextColor(look.annotationColor);
+        cache.Draw(&m_dc, font, look.annotation, places.annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
     }
-    const SelectGdi selectFont(&m_dc, fonts.Annotation());
-    m_dc.SetTextColor(look.annotationColor);
-    cache.Draw(&m_dc, fonts.Annotation(), look.annotation, annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
+}
+
+bool BoxPainter::FitsDayTexts(const CRect& box, const DayLook& look) const
+{
+    const DayTextPlaces places = PlacesOf(box, look);
+    return places.number == look.dayNumber &&
+           !IsCut(look.annotation, places.annotation, WidthIn(m_parts.fonts.Annotation()));
 }
 
 // ---- Bars

@@ -6,6 +6,7 @@
 #include "../../core/ClipArea.h"
 #include "../../core/ThemePaint.h"
 #include "BoxParts.h"
+#include "BoxTexts.h"
 #include "DayGridParts.h"
 #include "DayLook.h"
 
@@ -45,17 +46,6 @@ DayFrameColors SelectedFrameOf(const CalendarTheme& theme);
 
 constexpr DayFrameColors kSelectedDayFrame = {0xFF7700, 1, 0xFFD1AB, 0xFFAB61, 0xFFB06B, 0xFFCEA4, 0xEAB990, 1};
 
-// The texts in the strip on top of a day's or month's box: number and suffix at the left, annotation at the right.
-struct StripTexts
-{
-    std::u16string number;
-    std::u16string suffix;
-    COLORREF color;
-    std::u16string annotation;
-    COLORREF annotationColor;
-    std::u16string shortNumber = {}; // where the number is too wide
-};
-
 // One paint of a view into a device context, which must outlive it, as must parts, colours and theme.
 class BoxPainter
 {
@@ -74,10 +64,11 @@ public:
     void DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const;
     void DrawBackground(const CRect& box, COLORREF color) const;
     void DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& colors) const;
-    // A number that is too wide loses its month; what follows it is left out where it does not fit.
     void DrawStripTexts(const CRect& strip, const StripTexts& texts) const;
-    // Day number at the right, annotation to the left of it. A number that is too wide loses its year, then its month.
     void DrawDayTexts(const CRect& box, const DayLook& look) const;
+    // Whether they show all of their texts.
+    bool FitsStripTexts(const CRect& strip, const StripTexts& texts) const;
+    bool FitsDayTexts(const CRect& box, const DayLook& look) const;
 
     void DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) const;
     // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
@@ -89,7 +80,9 @@ public:
 
 private:
     void DrawArrow(int tip, int middle, int direction) const;
-    std::u16string FittingNumber(std::u16string number, const std::u16string& dayAlone, int width) const;
+    TextWidth WidthIn(CFont* pFont) const;
+    StripTextPlaces PlacesOf(const CRect& strip, const StripTexts& texts) const;
+    DayTextPlaces PlacesOf(const CRect& box, const DayLook& look) const;
 
     CDC& m_dc;
     DayGridParts& m_parts;

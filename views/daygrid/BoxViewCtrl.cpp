@@ -220,6 +220,11 @@ int CBoxViewCtrl::GetHitStripHeight()
     return m_state->kind.metrics.At(m_scale).hitStripHeight;
 }
 
+int CBoxViewCtrl::GetStripHeight()
+{
+    return m_state->kind.metrics.At(m_scale).stripHeight;
+}
+
 int CBoxViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
     return HitBoxes(info, CPoint(info.pt.x + m_nHorzScroll, info.pt.y + m_nVertScroll));

@@ -13,6 +13,7 @@ namespace dayvane {
 struct BoxViewKind;
 struct BoxViewState;
 struct DayFrameColors;
+struct StripTexts;
 } // namespace dayvane
 
 class CBoxViewCtrl : public CDayGridCtrl
@@ -66,6 +67,9 @@ protected:
     dayvane::BoxRange Range() const override;
     CRect GetBoxRect(int nBox) override;
     int GetHitStripHeight() override;
+    int GetStripHeight() override;
+    std::u16string GetCutBoxText(int nBox) override;
+    virtual dayvane::StripTexts TextsOf(int nBox) = 0; // in the strip on top of a box
     BOOL HasMoreMark(int nBox) override;
     void ClearMoreMarks() override;
     void TodayChanged() override;

@@ -40,8 +40,17 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
             DrawFocusRect(pDC, box, i);
         }
         DrawBoxStrip(pDC, i);
-        DrawBoxLinesText(pDC, i, box, box.top + m_state->kind.metrics.At(m_scale).stripHeight);
+        DrawBoxLinesText(pDC, i, box);
     }
+}
+
+std::u16string CBoxViewCtrl::GetCutBoxText(int nBox)
+{
+    CClientDC dc(this);
+    const StripTexts texts = TextsOf(nBox);
+    const bool fits = PainterOn(&dc).FitsStripTexts(m_state->layout.strips[nBox], texts);
+    return fits ? std::u16string()
+                : texts.number + texts.suffix + (texts.annotation.empty() ? u"" : u" ") + texts.annotation;
 }
 
 void CBoxViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
@@ -61,5 +70,5 @@ void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, m_state->kind.metrics.At(m_scale).stripHeight), colors);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), colors);
 }

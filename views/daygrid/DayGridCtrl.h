@@ -49,6 +49,8 @@ protected:
     virtual dayvane::BoxRange Range() const = 0; // the dates of the boxes
     virtual CRect GetBoxRect(int nBox) = 0;
     virtual int GetHitStripHeight() = 0; // pixels at the top of a box that answer as its caption
+    virtual int GetStripHeight() = 0;    // pixels at the top of a box for its number; the lines stand below them
+    virtual std::u16string GetCutBoxText(int nBox) = 0; // what is said there, when not all of it has room; else empty
     virtual BOOL HasMoreMark(int nBox) = 0;
     virtual void ClearMoreMarks() = 0;                                          // no item is hidden any more
     virtual CRect GetMarkBox(int nBox) { return MoreMarkOf(GetBoxRect(nBox)); } // where the more-items mark is painted
@@ -64,7 +66,9 @@ protected:
     // ---- The lines under a day's number, and the weeks.
     const dayvane::BoxLines& GetBoxLines();
     int GetLinesHeight(); // by so much the items of a box begin lower, pixels
-    void DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box, int nTop);
+    void DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box);
+    // What a box says of its day or month, its items apart, when not all of it has room; else empty.
+    std::u16string GetCutText(int nBox, CRect& rcPart);
     int GetWeekColumnWidth() const; // pixels; 0: week numbers are off
     void DrawWeekColumn(CDC* pDC, const CRect& header, const CRect& calendar);
     void DayProviderChanged() override;

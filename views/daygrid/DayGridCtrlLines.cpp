@@ -9,6 +9,7 @@
 #include "views/daygrid/BoxPainter.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayGridParts.h"
+#include "views/daygrid/MonthLayout.h"
 
 #include <algorithm>
 
@@ -52,17 +53,32 @@ void CDayGridCtrl::DayProviderChanged()
     m_parts->lines.Forget();
 }
 
-void CDayGridCtrl::DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box, int nTop)
+void CDayGridCtrl::DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box)
 {
     const BoxLines& lines = GetBoxLines();
     if (lines.lines == 0) {
         return;
     }
-    const CRect area(box.left, nTop, box.right, box.bottom);
+    const CRect area(box.left, box.top + GetStripHeight(), box.right, box.bottom);
     const std::vector<DayPiece>& pieces = lines.pieces[nBox];
     const DayLineMetrics metrics = DayLineMetrics::For(m_scale);
     DrawPieces(*pDC, m_parts->fonts.Annotation(), pieces, PlacePieces(pieces, area, lines.lines, metrics), metrics,
                DayLineColors::Of(m_theme));
+}
+
+std::u16string CDayGridCtrl::GetCutText(int nBox, CRect& rcPart)
+{
+    std::u16string text = GetCutBoxText(nBox);
+    const BoxLines& lines = GetBoxLines();
+    const DayLineMetrics metrics = DayLineMetrics::For(m_scale);
+    rcPart = GetBoxRect(nBox);
+    CRect area = rcPart;
+    area.top += GetStripHeight();
+    rcPart.bottom = std::min<int>(area.top + HeightOfLines(lines.lines, metrics), rcPart.bottom);
+    if (lines.lines > 0 && LosesPieces(lines.pieces[nBox], area, lines.lines, metrics)) {
+        text += (text.empty() ? u"" : u"  ") + TextOfPieces(lines.pieces[nBox]);
+    }
+    return text;
 }
 
 int CDayGridCtrl::GetWeekColumnWidth() const
@@ -73,25 +89,28 @@ int CDayGridCtrl::GetWeekColumnWidth() const
 void CDayGridCtrl::DrawWeekColumn(CDC* pDC, const CRect& header, const CRect& calendar)
 {
     const int width = GetWeekColumnWidth();
-    const BoxPainter painter = PainterOn(pDC);
-    if (width == 0 || !painter.IsVisible(CRect(calendar.left - width, header.top, calendar.left, calendar.bottom))) {
+    if (width == 0) {
         return;
     }
-    pDC->FillSolidRect(CRect(header.left - width, header.top, header.left, header.bottom),
-                       ThemeOr(m_theme.header, m_colors.ruler));
-    const CRect column(calendar.left - width, calendar.top, calendar.left, calendar.bottom);
-    pDC->FillSolidRect(&column, m_colors.ruler);
+    std::vector<CRect> firstCells;
+    for (int row = 0; row < kMonthRows; ++row) {
+        firstCells.push_back(GetBoxRect(row * kMonthColumns));
+    }
+    const WeekColumn places = PlaceWeekColumn(header, calendar, width, firstCells, GetHitStripHeight());
+    if (!PainterOn(pDC).IsVisible(places.all)) {
+        return;
+    }
+    pDC->FillSolidRect(&places.head, ThemeOr(m_theme.header, m_colors.ruler));
+    pDC->FillSolidRect(&places.weeks, m_colors.ruler);
     const SelectGdi selectFont(pDC, m_parts->fonts.Annotation());
     pDC->SetTextColor(m_colors.rulerText);
     for (int row = 0; row < kMonthRows; ++row) {
-        const CRect first = GetBoxRect(row * kMonthColumns);
-        pDC->FillSolidRect(column.left, first.top, width, 1, m_colors.grid);
-        CRect place(column.left, first.top, column.right, std::min(first.top + GetHitStripHeight(), first.bottom));
+        pDC->FillSolidRect(&places.lines[row], m_colors.grid);
         const int week = WeekOfRow(Range(), row, m_nFirstDayOfWeek, m_dayLines.weekRule);
         CString text;
         text.Format("%d", week);
         if (week > 0) {
-            DrawWideText(*pDC, OwnText(text), place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+            DrawWideText(*pDC, OwnText(text), places.numbers[row], DT_CENTER | DT_VCENTER | DT_SINGLELINE);
         }
     }
 }

@@ -1,4 +1,4 @@
-// Tool tips of the month, week and year view: bars whose text is cut, and bars over bars.
+// Tool tips of the month, week and year view: bars and days whose texts are cut, and bars over bars.
 #include "views/daygrid/DayGridCtrl.h"
 
 #include "core/ItemStore.h"
@@ -10,7 +10,9 @@ BOOL CDayGridCtrl::FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16s
     int bars = 0;
     const int position = ScreenItemAt(hit.pt, &bars);
     if (position == -1) {
-        return FALSE;
+        const int box = m_options.toolTips ? BoxAt(hit.pt) : -1;
+        strText = box != -1 ? GetCutText(box, rcPart) : std::u16string();
+        return !strText.empty() && rcPart.PtInRect(hit.pt);
     }
     const tagCALENDAR_ITEM& item = m_arScreenItem[position];
     const BOOL fullday = dayvane::IsFulldayItem(item);

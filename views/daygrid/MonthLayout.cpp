@@ -54,6 +54,21 @@ MonthBands CalcMonthBands(const CRect& client, bool showCaption, const MonthMetr
     return bands;
 }
 
+WeekColumn PlaceWeekColumn(const CRect& header, const CRect& calendar, int width, const std::vector<CRect>& firstCells,
+                           int numberHeight)
+{
+    WeekColumn column;
+    column.head.SetRect(header.left - width, header.top, header.left, header.bottom);
+    column.weeks.SetRect(calendar.left - width, calendar.top, calendar.left, calendar.bottom);
+    column.all.SetRect(column.weeks.left, column.head.top, column.weeks.right, column.weeks.bottom);
+    for (const CRect& cell : firstCells) {
+        column.lines.emplace_back(column.weeks.left, cell.top, column.weeks.right, cell.top + 1);
+        column.numbers.emplace_back(column.weeks.left, cell.top, column.weeks.right,
+                                    std::min<int>(cell.top + numberHeight, cell.bottom));
+    }
+    return column;
+}
+
 CSize CalcMonthCellSize(const CRect& calendar)
 {
     return CSize(calendar.Width() / kMonthColumns, calendar.Height() / kMonthRows);

@@ -40,6 +40,19 @@ CSize CalcMonthCellSize(const CRect& calendar);
 void FillMonthCells(const CRect& header, const CRect& calendar, CSize cellSize, MonthCellArray& headerCells,
                     MonthCellArray& cells, const MonthMetrics& metrics = kMonthMetrics);
 
+// The column of week numbers beside header and calendar.
+struct WeekColumn
+{
+    CRect all;
+    CRect head;
+    CRect weeks;
+    std::vector<CRect> lines; // above each week, one pixel high
+    std::vector<CRect> numbers;
+};
+// firstCells: the first cell of each week. The numbers stand as high as those of the days.
+WeekColumn PlaceWeekColumn(const CRect& header, const CRect& calendar, int width, const std::vector<CRect>& firstCells,
+                           int numberHeight);
+
 // ---- Items
 
 // Rectangles and hidden flags of the items as bars; marks and counts of the cells start afresh.

@@ -221,6 +221,11 @@ int CMonthViewCtrl::GetHitStripHeight()
     return MonthMetrics::For(m_scale).dayCaptionHeight;
 }
 
+int CMonthViewCtrl::GetStripHeight()
+{
+    return MonthMetrics::For(m_scale).stripHeight;
+}
+
 int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
 {
     return HitBoxes(info, info.pt);

@@ -70,6 +70,8 @@ protected:
     dayvane::BoxRange Range() const override;
     CRect GetBoxRect(int nBox) override { return m_arCell[nBox].m_rect; }
     int GetHitStripHeight() override;
+    int GetStripHeight() override;
+    std::u16string GetCutBoxText(int nBox) override;
     BOOL HasMoreMark(int nBox) override { return m_arCell[nBox].m_bMore == 1; }
     void ClearMoreMarks() override;
 

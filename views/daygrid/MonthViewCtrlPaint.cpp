@@ -68,8 +68,19 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
             DrawFocusRect(pDC, cell);
         }
         painter.DrawDayTexts(cell, look);
-        DrawBoxLinesText(pDC, i, cell, cell.top + MonthMetrics::For(m_scale).stripHeight);
+        DrawBoxLinesText(pDC, i, cell);
     }
+}
+
+std::u16string CMonthViewCtrl::GetCutBoxText(int nBox)
+{
+    if (!HasColorRow(m_arCellDate[nBox], GetDayColor(nBox), m_arDayColors)) {
+        return {};
+    }
+    CClientDC dc(this);
+    const DayLook look = CalcDayLook(m_arCellDate[nBox], nBox == 0, GetDayColor(nBox), LookInput());
+    const bool fits = PainterOn(&dc).FitsDayTexts(m_arCell[nBox].m_rect, look);
+    return fits ? std::u16string() : look.dayNumber + (look.annotation.empty() ? u"" : u" ") + look.annotation;
 }
 
 void CMonthViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
@@ -103,11 +114,10 @@ void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, MonthMetrics::For(m_scale).stripHeight), TodayFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), TodayFrameOf(m_theme));
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, MonthMetrics::For(m_scale).stripHeight),
-                                SelectedFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), SelectedFrameOf(m_theme));
 }

@@ -11,7 +11,6 @@
 
 namespace dayvane {
 struct DayLook;
-struct StripTexts;
 } // namespace dayvane
 
 class CWeekViewCtrl : public CBoxViewCtrl
@@ -63,5 +62,5 @@ protected:
 
 private:
     dayvane::DayLook LookOf(int nDay);
-    dayvane::StripTexts TextsOf(int nDay);
+    dayvane::StripTexts TextsOf(int nDay) override;
 };

@@ -207,15 +207,19 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
         DrawHeaderBand(pDC, rcCaption, HeaderBandOf(m_theme.header, kHeaderBand));
     }
-    if (month == -1 || !HasRange()) {
-        return;
+    if (month != -1 && HasRange()) {
+        PainterOn(pDC).DrawStripTexts(rcCaption, TextsOf(month));
     }
-    const COLORREF textColor = IsBoxSelected(month) ? m_colors.highlightText : ThemeOr(m_theme.headerText, kMonthText);
+}
+
+StripTexts CYearViewCtrl::TextsOf(int nMonth)
+{
+    const COLORREF textColor = IsBoxSelected(nMonth) ? m_colors.highlightText : ThemeOr(m_theme.headerText, kMonthText);
     const COLORREF nameColor =
-        IsBoxSelected(month) || IsToday(month) ? textColor : ThemeOr(m_theme.headerText, m_crAccent);
-    const COleDateTime first = Range().DateOfBox(month);
-    PainterOn(pDC).DrawStripTexts(rcCaption, {m_texts.Date(&CalendarTexts::monthNumber, first), GetTexts().monthSuffix,
-                                              textColor, m_texts.Date(&CalendarTexts::monthName, first), nameColor});
+        IsBoxSelected(nMonth) || IsToday(nMonth) ? textColor : ThemeOr(m_theme.headerText, m_crAccent);
+    const COleDateTime first = Range().DateOfBox(nMonth);
+    return {m_texts.Date(&CalendarTexts::monthNumber, first), GetTexts().monthSuffix, textColor,
+            m_texts.Date(&CalendarTexts::monthName, first), nameColor};
 }
 
 void CYearViewCtrl::DrawBoxMark(CDC* pDC, int nBox)

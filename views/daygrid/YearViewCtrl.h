@@ -36,6 +36,7 @@ protected:
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;
+    dayvane::StripTexts TextsOf(int nMonth) override;
     COLORREF GetBoxColor(int nBox) override;
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.

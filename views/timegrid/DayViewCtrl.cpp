@@ -185,16 +185,20 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
     }
 }
 
-void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+GridCaptionTexts CDayViewCtrl::GetCaptionTexts()
 {
     const ShownDay& day = GetShownDays()[0];
-    TimeGridFonts& fonts = m_pParts->fonts;
     const bool namesBeside = m_bShowHoliday && !m_dayLines.names;
     const bool termsBeside = m_bShow24Setuki && !m_dayLines.terms && !m_dayLines.seasonalDays;
     GridCaptionTexts texts = CaptionOfDay(day, namesBeside, termsBeside, m_texts);
     texts.longDate += OwnText(TitleNote(day.date, day.date, TitleUnit::Day, m_nFirstDayOfWeek, m_dayLines));
-    Painter(pDC).DrawDayCaption(rcCaption, texts, day.dayOfWeek, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
-                                fonts.CaptionText());
+    return texts;
+}
+
+void CDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
+{
+    Painter(pDC).DrawDayCaption(rcCaption, GetCaptionTexts(), GetShownDays()[0].dayOfWeek,
+                                m_pParts->fonts.Caption(m_lfFonts[FONT_LARGE_CAPTION]));
 }
 
 std::u16string CDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)
@@ -204,11 +208,9 @@ std::u16string CDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& 
     }
     rcPart = m_rcCaption;
     CClientDC dc(this);
-    const GridCaptionTexts texts =
-        CaptionOfDay(GetShownDays()[0], m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, m_texts);
-    TimeGridFonts& fonts = m_pParts->fonts;
-    const bool fits = Painter(&dc).FitsDayCaption(m_rcCaption, texts, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
-                                                  fonts.CaptionText());
+    const GridCaptionTexts texts = GetCaptionTexts();
+    const CaptionFonts fonts = m_pParts->fonts.Caption(m_lfFonts[FONT_LARGE_CAPTION]);
+    const bool fits = Painter(&dc).PlaceCaption(m_rcCaption, texts, fonts).end <= m_rcCaption.right;
     const std::u16string text = texts.longDate + texts.holiday + texts.solarTerm;
     const size_t begin = text.find_first_not_of(u' ');
     return fits || begin == std::u16string::npos ? std::u16string() : text.substr(begin);

@@ -6,6 +6,10 @@
 
 #include "TimeGridCtrl.h"
 
+namespace dayvane {
+struct GridCaptionTexts;
+}
+
 class CDayViewCtrl : public CTimeGridCtrl
 {
     DECLARE_DYNCREATE(CDayViewCtrl)
@@ -43,6 +47,7 @@ protected:
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
+    dayvane::GridCaptionTexts GetCaptionTexts();
     std::u16string FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart) override;
     void InvalidateCellRect(COleDateTime date) override;
     void MoveRightward(UINT nFlags) override;

@@ -8,19 +8,7 @@
 
 namespace dayvane {
 namespace {
-// Pixels.
-struct BandPaintMetrics
-{
-    int captionLeft = 5;
-    int captionBottom = 1;
-    int baselineStep = 4; // the small texts of the title band stand so much higher to share the date's baseline
-    int headerTextInset = 3;
-    int headerNoteGap = 6;
-    int headerNoteWidth = 20; // a narrower room would show nothing but an ellipsis
-    int headerFrame = 2;
-};
-constexpr BandPaintMetrics kBandPaint;
-
+constexpr int kHeaderFrame = 2; // pixels
 constexpr int kCaptionDateHeight = 28;
 
 bool IsLight(COLORREF color)
@@ -40,75 +28,70 @@ COLORREF TimeGridPainter::HeaderColor(int dayOfWeek, COLORREF ordinary) const
 
 // ---- Fonts
 
-CFont* TimeGridFonts::CaptionDate(const LOGFONT& lf)
+CaptionFonts TimeGridFonts::Caption(const LOGFONT& lf)
 {
-    return m_cache.Get(Resized(lf, m_scale.Of(kCaptionDateHeight), FW_BOLD));
+    return {m_cache.Get(Resized(lf, m_scale.Of(kCaptionDateHeight), FW_BOLD)),
+            m_cache.Get(Scaled(LogFontOf(kCaptionTextFont), m_scale))};
 }
 
 // ---- Title band
 
-// Draws at the left of the area, which loses what the text has used.
-void TimeGridPainter::DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow,
+GridCaption TimeGridPainter::PlaceCaption(const CRect& caption, const GridCaptionTexts& texts,
+                                          const CaptionFonts& fonts) const
+{
+    const std::u16string* const parts[] = {&texts.date, &texts.weekday, &texts.longDate, &texts.holiday,
+                                           &texts.solarTerm};
+    std::vector<int> widths;
+    for (const std::u16string* part : parts) {
+        const SelectGdi selectFont(&m_dc, widths.empty() ? fonts.date : fonts.text);
+        widths.push_back(part->empty() ? 0 : WideTextExtent(m_dc, *part).cx);
+    }
+    return PlaceCaptionTexts(caption, widths, m_state.scale.metrics.scale);
+}
+
+void TimeGridPainter::DrawCaptionPart(const CRect& place, const std::u16string& text, COLORREF color, COLORREF shadow,
                                       UINT cut) const
 {
-    if (text.empty() || area.IsRectEmpty()) {
+    if (text.empty() || place.IsRectEmpty()) {
         return;
     }
     const UINT flags = DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX | cut;
     if (shadow != CLR_NONE) {
-        CRect below = area;
+        CRect below = place;
         below.OffsetRect(1, 1);
         m_dc.SetTextColor(shadow);
         DrawWideText(m_dc, text, below, flags);
     }
     m_dc.SetTextColor(color);
-    DrawWideText(m_dc, text, area, flags);
-    area.left += WideTextExtent(m_dc, text).cx;
+    DrawWideText(m_dc, text, place, flags);
 }
 
-void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
-                                     CFont* text) const
+void TimeGridPainter::DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek,
+                                     const CaptionFonts& fonts) const
 {
     if (!IsVisible(caption)) {
         return;
     }
     DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, kTimeGridPalette.dayCaption));
-    CRect area(caption.left + Px(kBandPaint.captionLeft), caption.top, caption.right,
-               caption.bottom - Px(kBandPaint.captionBottom));
     // The band is light: a light text needs an edge to be read.
     const COLORREF plain = m_colors.captionText;
     const bool hasOwnGround = m_theme.title == CalendarTheme::kOwn;
     const COLORREF shadow = hasOwnGround && IsLight(plain) ? kTimeGridPalette.captionShadow : CLR_NONE;
+    const GridCaption places = PlaceCaption(caption, texts, fonts);
     {
-        const SelectGdi selectFont(&m_dc, date);
-        DrawCaptionPart(area, texts.date, plain, shadow, 0);
+        const SelectGdi selectFont(&m_dc, fonts.date);
+        DrawCaptionPart(places.date, texts.date, plain, shadow, 0);
     }
-    area.bottom -= Px(kBandPaint.baselineStep);
-    const SelectGdi selectFont(&m_dc, text);
+    const SelectGdi selectFont(&m_dc, fonts.text);
     const COLORREF weekday = HeaderColor(dayOfWeek, plain);
-    DrawCaptionPart(area, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
-    DrawCaptionPart(area, texts.longDate, plain, shadow);
-    DrawCaptionPart(area, texts.holiday, ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday));
-    DrawCaptionPart(area, texts.solarTerm, plain, shadow);
+    DrawCaptionPart(places.weekday, texts.weekday, weekday, weekday == plain ? shadow : CLR_NONE);
+    DrawCaptionPart(places.longDate, texts.longDate, plain, shadow);
+    DrawCaptionPart(places.holiday, texts.holiday, ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday));
+    DrawCaptionPart(places.solarTerm, texts.solarTerm, plain, shadow);
 }
 
-bool TimeGridPainter::FitsDayCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date,
-                                     CFont* text) const
-{
-    int width = Px(kBandPaint.captionLeft);
-    {
-        const SelectGdi selectFont(&m_dc, date);
-        width += WideTextExtent(m_dc, texts.date).cx;
-    }
-    const SelectGdi selectFont(&m_dc, text);
-    for (const std::u16string* part : {&texts.weekday, &texts.longDate, &texts.holiday, &texts.solarTerm}) {
-        width += WideTextExtent(m_dc, *part).cx;
-    }
-    return width <= caption.Width();
-}
-
-void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date,
-                                      CFont* text) const
+void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts,
+                                      const CaptionFonts& fonts) const
 {
     if (!IsVisible(caption)) {
         return;
@@ -116,15 +99,13 @@ void TimeGridPainter::DrawDaysCaption(const CRect& caption, const GridCaptionTex
     // Pale enough for the dark text that the settings begin with.
     const COLORREF middle = Paler(m_colors.caption);
     DrawTitleBand(&m_dc, caption, TitleBandOf(m_theme, {Paler(middle), middle, m_colors.caption}));
-    CRect area(caption.left + Px(kBandPaint.captionLeft), caption.top, caption.right,
-               caption.bottom - Px(kBandPaint.captionBottom));
+    const GridCaption places = PlaceCaption(caption, texts, fonts);
     {
-        const SelectGdi selectFont(&m_dc, date);
-        DrawCaptionPart(area, texts.date, m_colors.captionText);
+        const SelectGdi selectFont(&m_dc, fonts.date);
+        DrawCaptionPart(places.date, texts.date, m_colors.captionText);
     }
-    area.bottom -= Px(kBandPaint.baselineStep);
-    const SelectGdi selectFont(&m_dc, text);
-    DrawCaptionPart(area, texts.longDate, m_colors.captionText);
+    const SelectGdi selectFont(&m_dc, fonts.text);
+    DrawCaptionPart(places.longDate, texts.longDate, m_colors.captionText);
 }
 
 // ---- Day header
@@ -140,9 +121,9 @@ void TimeGridPainter::DrawHeaderFrame(const CRect& box, COLORREF frame) const
 {
     CRect inner = box;
     inner.left += 1; // the separator keeps its place
-    if (inner.Width() > 2 * Px(kBandPaint.headerFrame) && inner.Height() > 2 * Px(kBandPaint.headerFrame)) {
+    if (inner.Width() > 2 * Px(kHeaderFrame) && inner.Height() > 2 * Px(kHeaderFrame)) {
         inner.DeflateRect(1, 1);
-        DrawBoxEdges(inner, frame, Px(kBandPaint.headerFrame), true, true);
+        DrawBoxEdges(inner, frame, Px(kHeaderFrame), true, true);
     }
 }
 
@@ -156,51 +137,29 @@ void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor) con
     DrawHeaderFrame(box, ThemeOr(m_theme.today, kTimeGridPalette.todayFrame));
 }
 
-// The first of the forms of the date that fits; the last one, which loses its weekday, whether it does or not.
-std::u16string TimeGridPainter::FittingDate(const HeaderTexts& texts, int width) const
-{
-    for (const std::u16string* form : {&texts.longDate, &texts.dayAndName, &texts.tightDate}) {
-        if (WideTextExtent(m_dc, *form).cx <= width) {
-            return *form;
-        }
-    }
-    return texts.shortDate;
-}
-
-bool TimeGridPainter::FitsHeaderText(const CRect& box, const HeaderTexts& texts, CFont* font) const
+HeaderPlaces TimeGridPainter::PlaceHeader(const CRect& box, const HeaderTexts& texts, CFont* font) const
 {
     const SelectGdi selectFont(&m_dc, font);
-    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx + Px(kBandPaint.headerNoteGap);
-    return WideTextExtent(m_dc, texts.longDate).cx + noteWidth <= box.Width() - 2 * Px(kBandPaint.headerTextInset);
+    const auto widthOf = [this](const std::u16string& text) { return WideTextExtent(m_dc, text).cx; };
+    return PlaceHeaderTexts(box, texts, widthOf, m_state.scale.metrics.scale);
 }
 
 void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
                                      CFont* font) const
 {
-    CRect area = box;
-    area.DeflateRect(Px(kBandPaint.headerTextInset), 0);
     if (!IsVisible(box)) {
         return;
     }
+    const HeaderPlaces places = PlaceHeader(box, texts, font);
     const SelectGdi selectFont(&m_dc, font);
-    const std::u16string date = FittingDate(texts, area.Width());
-    const int dateWidth = WideTextExtent(m_dc, date).cx;
-    if (dateWidth > area.Width()) {
-        area = box; // rather without a margin than cut
-    }
-    const int noteWidth = texts.note.empty() ? 0 : WideTextExtent(m_dc, texts.note).cx;
-    const int noteRoom = std::min(noteWidth, area.Width() - dateWidth - Px(kBandPaint.headerNoteGap));
-    const bool hasNote = noteRoom > 0 && noteRoom >= std::min(noteWidth, Px(kBandPaint.headerNoteWidth));
-    area.left += (area.Width() - dateWidth - (hasNote ? noteRoom + Px(kBandPaint.headerNoteGap) : 0)) / 2;
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     const COLORREF holiday = ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday);
     const COLORREF ordinary = ThemeOr(m_theme.headerText, kTimeGridPalette.headerText);
     m_dc.SetTextColor(isDayOff ? holiday : HeaderColor(day.dayOfWeek, ordinary));
-    DrawWideText(m_dc, date, area, flags);
-    if (hasNote) {
-        area.left += dateWidth + Px(kBandPaint.headerNoteGap);
+    DrawWideText(m_dc, places.date, places.dateRect, flags);
+    if (!places.note.IsRectEmpty()) {
         m_dc.SetTextColor(holiday);
-        DrawWideText(m_dc, texts.note, area, flags | DT_END_ELLIPSIS);
+        DrawWideText(m_dc, texts.note, places.note, flags | DT_END_ELLIPSIS);
     }
 }
 

@@ -54,19 +54,24 @@ void CTimeGridCtrl::FillDayPieces(ShownDay& day)
     MeasurePieces(screen, m_pParts->fonts.Label(), day.pieces);
 }
 
+CRect CTimeGridCtrl::GetLinesArea(int nColumn)
+{
+    CRect area = m_pParts->frame.HeaderBox(nColumn);
+    area.bottom -= m_scale.Of(kLinesBottom);
+    area.top = area.bottom - m_pParts->dayLines * DayLineMetrics::For(m_scale).lineHeight;
+    return area;
+}
+
 void CTimeGridCtrl::DrawDayLines(CDC* pDC, int nColumn)
 {
     const int lines = m_pParts->dayLines;
     if (lines == 0) {
         return;
     }
-    CRect area = m_pParts->frame.HeaderBox(nColumn);
     const DayLineMetrics metrics = DayLineMetrics::For(m_scale);
-    area.bottom -= m_scale.Of(kLinesBottom);
-    area.top = area.bottom - lines * metrics.lineHeight;
     const std::vector<DayPiece>& pieces = GetShownDays()[nColumn].pieces;
-    DrawPieces(*pDC, m_pParts->fonts.Label(), pieces, PlacePieces(pieces, area, lines, metrics), metrics,
-               DayLineColors::Of(m_theme));
+    DrawPieces(*pDC, m_pParts->fonts.Label(), pieces, PlacePieces(pieces, GetLinesArea(nColumn), lines, metrics),
+               metrics, DayLineColors::Of(m_theme));
 }
 
 // ---- Work hours

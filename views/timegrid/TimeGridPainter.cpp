@@ -2,6 +2,7 @@
 
 #include "core/DateMath.h"
 #include "core/WideText.h"
+#include "views/timegrid/GridTexts.h"
 
 #include <algorithm>
 
@@ -10,13 +11,10 @@ namespace {
 // Pixels.
 struct GridPaintMetrics
 {
-    int rulerLineInset = 2; // the hour lines stay so far from the ruler's edges
-    int hourRight = 24;     // between the hour numbers and the ruler's right edge
-    int zerosRight = 5;     // between the zeros and that edge
-    int currentFrame = 2;   // thickness of the outline of the current item
-    int stripeWidth = 2;    // the shaded part of a box, inside its left edge
-    int stripedWidth = 16;  // a narrower box has none
-    int letterWidth = 6;    // the least room for a text
+    int currentFrame = 2;  // thickness of the outline of the current item
+    int stripeWidth = 2;   // the shaded part of a box, inside its left edge
+    int stripedWidth = 16; // a narrower box has none
+    int letterWidth = 6;   // the least room for a text
     int letterHeight = 8;
     int timesWidth = 70;     // of "00:00 - 00:00"
     int twoLinesHeight = 24; // a lower box shows one line
@@ -88,27 +86,24 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, 
     }
     Fill(ruler, m_colors.ruler);
     m_dc.SetTextColor(m_colors.rulerText);
-    const int hourHeight = m_state.scale.HourHeight();
+    constexpr UINT format = DT_SINGLELINE | DT_VCENTER | DT_RIGHT;
+    const std::vector<RulerHour> places = PlaceRulerHours(ruler, m_state.scroll, m_state.scale);
     for (int hour = 0; hour <= kHoursPerDay; ++hour) {
-        const int top = ruler.top - m_state.scroll + hour * hourHeight;
-        if (!IsVisible(CRect(ruler.left, top, ruler.right, top + hourHeight))) {
+        const RulerHour& place = places[hour];
+        if (!IsVisible(place.box)) {
             continue;
         }
-        HorizontalLine(ruler.left + Px(kPaint.rulerLineInset), ruler.right - Px(kPaint.rulerLineInset), top,
-                       m_colors.rulerText);
+        HorizontalLine(place.line.left, place.line.right, place.line.top, m_colors.rulerText);
         if (hour == kHoursPerDay) {
             break; // the grid's end: a line without a number
         }
         const COleDateTime time(kRulerYear, 1, 1, hour, 0, 0);
-        CRect area(ruler.left, top, ruler.right - Px(kPaint.hourRight), top + hourHeight);
         {
             const SelectGdi selectFont(&m_dc, hours);
-            DrawWideText(m_dc, texts.Date(&CalendarTexts::hour, time), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+            DrawWideText(m_dc, texts.Date(&CalendarTexts::hour, time), place.number, format);
         }
-        area.left = area.right;
-        area.right = ruler.right - Px(kPaint.zerosRight);
         const SelectGdi selectFont(&m_dc, zeros);
-        DrawWideText(m_dc, texts.Date(&CalendarTexts::hourRest, time), area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+        DrawWideText(m_dc, texts.Date(&CalendarTexts::hourRest, time), place.rest, format);
     }
 }
 
@@ -278,7 +273,7 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, c
         text = texts.HostText(item.strText);
     }
     // In one line of many days the text ends in an ellipsis rather than with its last whole word.
-    const bool isOneLine = timesWhereTheyFit && content.Height() < kPaint.twoLinesHeight;
+    const bool isOneLine = timesWhereTheyFit && content.Height() < Px(kPaint.twoLinesHeight);
     const UINT lines = isOneLine ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK | DT_EDITCONTROL;
     m_tools.blocks.Draw(m_dc, font, text, content, DT_NOPREFIX | lines, m_tools.texts);
 }

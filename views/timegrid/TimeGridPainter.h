@@ -9,6 +9,7 @@
 #include "../../core/TextCache.h"
 #include "../../core/ThemePaint.h"
 #include "../../core/Fonts.h"
+#include "GridTexts.h"
 #include "TimeGridHit.h"
 #include "TimeGridLook.h"
 
@@ -35,6 +36,13 @@ constexpr FontSpec kZerosFont = {15, FW_DONTCARE, ANSI_CHARSET, "Westminster"};
 constexpr FontSpec kLabelFont = {12, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
 constexpr FontSpec kCaptionTextFont = {15, FW_DONTCARE, SHIFTJIS_CHARSET, "MS UI Gothic"};
 
+// Of a title band.
+struct CaptionFonts
+{
+    CFont* date;
+    CFont* text;
+};
+
 // The fonts of a time grid. They are made when first asked for and live as long as their window; Clear frees them.
 class TimeGridFonts
 {
@@ -44,8 +52,7 @@ public:
     CFont* Hours(const LOGFONT& lf) { return m_cache.Get(Scaled(lf, m_scale)); }
     CFont* Zeros() { return m_cache.Get(Scaled(LogFontOf(kZerosFont), m_scale)); }
     CFont* Label() { return m_cache.Get(m_hasText ? Scaled(m_text, m_scale) : ScaledText(kLabelFont, m_scale)); }
-    CFont* CaptionText() { return m_cache.Get(Scaled(LogFontOf(kCaptionTextFont), m_scale)); }
-    CFont* CaptionDate(const LOGFONT& lf);
+    CaptionFonts Caption(const LOGFONT& lf);
     void SetScale(const ViewScale& scale) { m_scale = scale; }
     // For labels, for 96 dpi; nullptr: their own.
     void SetText(const LOGFONT* pFont)
@@ -115,9 +122,9 @@ public:
     bool HasRoomForText(const CRect& content) const; // and it is to be painted
     void DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const;
 
-    void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek, CFont* date,
-                        CFont* text) const;
-    void DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text) const;
+    void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek,
+                        const CaptionFonts& fonts) const;
+    void DrawDaysCaption(const CRect& caption, const GridCaptionTexts& texts, const CaptionFonts& fonts) const;
 
     void DrawHeaderBackground(const CRect& header) const;
     void DrawHeaderFrame(const CRect& box, COLORREF frame) const;
@@ -125,9 +132,9 @@ public:
     void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
                         CFont* font) const;
 
-    // Whether they show all of their texts.
-    bool FitsDayCaption(const CRect& caption, const GridCaptionTexts& texts, CFont* date, CFont* text) const;
-    bool FitsHeaderText(const CRect& box, const HeaderTexts& texts, CFont* font) const;
+    // Where the texts of a title band and of a header stand.
+    GridCaption PlaceCaption(const CRect& caption, const GridCaptionTexts& texts, const CaptionFonts& fonts) const;
+    HeaderPlaces PlaceHeader(const CRect& box, const HeaderTexts& texts, CFont* font) const;
 
 private:
     void HorizontalLine(int left, int right, int y, COLORREF color) const;
@@ -137,9 +144,8 @@ private:
     void DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedBox& painted, bool hasStripe, bool isCurrent) const;
     int Px(int pixels) const { return m_state.scale.metrics.scale.Of(pixels); } // from those at 96 dpi
     COLORREF HeaderColor(int dayOfWeek, COLORREF ordinary) const;
-    void DrawCaptionPart(CRect& area, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE,
+    void DrawCaptionPart(const CRect& place, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE,
                          UINT cut = DT_END_ELLIPSIS) const;
-    std::u16string FittingDate(const HeaderTexts& texts, int width) const;
 
     void Fill(CRect rect, COLORREF color) const; // also of a rectangle the wrong way round
 

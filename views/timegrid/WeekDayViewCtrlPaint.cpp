@@ -2,6 +2,7 @@
 #include "views/timegrid/WeekDayViewCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/DayLineLayout.h"
 #include "views/timegrid/DayRange.h"
 #include "views/timegrid/TimeGridParts.h"
 
@@ -30,12 +31,10 @@ void CWeekDayViewCtrl::InvalidateCellRect(COleDateTime date)
 
 void CWeekDayViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
-    TimeGridFonts& fonts = m_pParts->fonts;
     const COleDateTime last = GetShownRange().LastMoment();
     GridCaptionTexts texts = CaptionOfDays(m_dtViewBegin, last, m_texts);
     texts.longDate += OwnText(TitleNote(m_dtViewBegin, last, TitleUnit::Month, m_nFirstDayOfWeek, m_dayLines));
-    Painter(pDC).DrawDaysCaption(rcCaption, texts, fonts.CaptionDate(m_lfFonts[FONT_LARGE_CAPTION]),
-                                 fonts.CaptionText());
+    Painter(pDC).DrawDaysCaption(rcCaption, texts, m_pParts->fonts.Caption(m_lfFonts[FONT_LARGE_CAPTION]));
 }
 
 void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
@@ -78,8 +77,16 @@ std::u16string CWeekDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRe
     rcPart = m_pParts->frame.HeaderBox(column);
     CClientDC dc(this);
     const HeaderTexts texts = HeaderOf(column);
-    const bool fits = Painter(&dc).FitsHeaderText(rcPart, texts, m_pParts->fonts.Label());
-    return fits ? std::u16string() : texts.longDate + (texts.note.empty() ? u"" : u" ") + texts.note;
+    std::u16string text;
+    if (!Painter(&dc).PlaceHeader(rcPart, texts, m_pParts->fonts.Label()).isWhole) {
+        text = texts.longDate + (texts.note.empty() ? u"" : u" ") + texts.note;
+    }
+    const std::vector<DayPiece>& pieces = GetShownDays()[column].pieces;
+    if (m_pParts->dayLines > 0 &&
+        LosesPieces(pieces, GetLinesArea(column), m_pParts->dayLines, DayLineMetrics::For(m_scale))) {
+        text += (text.empty() ? u"" : u"  ") + TextOfPieces(pieces);
+    }
+    return text;
 }
 
 void CWeekDayViewCtrl::DrawTodayRect(CDC* pDC, CRect rcBox)

@@ -1,0 +1,64 @@
+// Where the texts of a time grid stand, in a font whose characters are all seven pixels wide.
+#include "GridItems.h"
+
+#include "views/timegrid/GridTexts.h"
+
+#include <gtest/gtest.h>
+
+using namespace dayvane;
+
+namespace {
+int WidthOf(const std::u16string& text)
+{
+    return 7 * static_cast<int>(text.size());
+}
+} // namespace
+
+TEST(GridTexts, AHeaderKeepsTheDayAndThenTheNote)
+{
+    const HeaderTexts texts = {u"4/26 (Wed)", u"26 (Wed)", u"26W", u"26", u"named day"};
+    std::size_t before = 0;
+    for (int width = 0; width < 240; ++width) {
+        const CRect box(61, 30, 61 + width, 50);
+        const HeaderPlaces places = PlaceHeaderTexts(box, texts, WidthOf);
+        EXPECT_GE(places.date.size(), before) << "more room never says less";
+        before = places.date.size();
+        const int end = places.dateRect.left + WidthOf(places.date);
+        EXPECT_TRUE(places.date == texts.shortDate || (places.dateRect.left >= box.left && end <= box.right)) << width;
+        if (!places.note.IsRectEmpty()) {
+            EXPECT_LT(end, places.note.left) << width;
+            EXPECT_LE(places.note.right, box.right) << width;
+        }
+        EXPECT_EQ(places.isWhole, width >= 10 * 7 + 6 + 9 * 7 + 2 * 3) << width;
+    }
+    HeaderTexts plain = texts;
+    plain.note.clear();
+    EXPECT_TRUE(PlaceHeaderTexts(CRect(0, 0, 76, 20), plain, WidthOf).isWhole);
+}
+
+TEST(GridTexts, HoursFollowTheRows)
+{
+    for (const int dpi : {96, 144}) {
+        TimeScale scale;
+        scale.metrics = TimeGridMetrics::For(ViewScale{dpi});
+        const CRect ruler(0, 60, scale.metrics.rulerRight, 400);
+        const std::vector<RulerHour> hours = PlaceRulerHours(ruler, 130, scale);
+        ASSERT_EQ(hours.size(), 25u) << "the end of the day has a line";
+        for (int hour = 0; hour < 25; ++hour) {
+            const RulerHour& place = hours[hour];
+            EXPECT_EQ(place.line.top, 60 - 130 + scale.TopOfRow(hour * scale.rowsPerHour));
+            EXPECT_EQ(place.number.right, place.rest.left);
+            EXPECT_LT(place.rest.right, ruler.right);
+        }
+        EXPECT_EQ(hours[3].box.bottom, hours[4].box.top);
+    }
+}
+
+TEST(GridTexts, TheTitleSaysWhereItEnds)
+{
+    const GridCaption places = PlaceCaptionTexts(CRect(0, 0, 300, 30), {60, 30, 150, 0, 20});
+    EXPECT_EQ(places.weekday.left, places.date.left + 60);
+    EXPECT_EQ(places.solarTerm.left, places.holiday.left);
+    EXPECT_LT(places.weekday.bottom, places.date.bottom) << "small letters share the baseline of the large ones";
+    EXPECT_EQ(places.end, places.date.left + 260);
+}

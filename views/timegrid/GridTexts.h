@@ -1,0 +1,45 @@
+// Where the texts of a time grid's bands and ruler stand, and which form of a date has room. Client pixels; an empty
+// rectangle: no room.
+#pragma once
+
+#include "TimeGridLook.h"
+
+#include <vector>
+
+namespace dayvane {
+
+// The hours of the ruler from the top of the day to its end, which has a line but no number.
+struct RulerHour
+{
+    CRect box;  // from its line to the next
+    CRect line; // one pixel high
+    CRect number;
+    CRect rest; // of the time, in small letters
+};
+std::vector<RulerHour> PlaceRulerHours(const CRect& ruler, int scroll, const TimeScale& scale);
+
+// The texts of a title band, one after the other; the date, in large letters, reaches further down.
+struct GridCaption
+{
+    CRect date;
+    CRect weekday;
+    CRect longDate;
+    CRect holiday;
+    CRect solarTerm;
+    int end; // of the last text; beyond the band: something is cut
+};
+// widths: of the texts in that order, 0 for an empty one.
+GridCaption PlaceCaptionTexts(const CRect& caption, const std::vector<int>& widths, const ViewScale& scale = {});
+
+// Date and note in the middle of the header of a day.
+struct HeaderPlaces
+{
+    std::u16string date; // the first of its forms that has room; the last one, without its weekday, in any case
+    CRect dateRect;
+    CRect note = CRect(0, 0, 0, 0);
+    bool isWhole; // nothing is cut or left out
+};
+HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, const TextWidth& widthOf,
+                              const ViewScale& scale = {});
+
+} // namespace dayvane
