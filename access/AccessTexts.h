@@ -1,4 +1,4 @@
-// The words by which controls tell programs that read aloud what they show. UTF-8; {1}, {2}, ... stand for what is
+// The words by which controls report to programs that read aloud what they show. UTF-8; {1}, {2}, ... stand for what is
 // filled in.
 #pragma once
 

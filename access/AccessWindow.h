@@ -1,5 +1,5 @@
 // What one window is for programs that read it aloud: the tree of its parts as it is now, with roles, states and
-// actions. The objects that a program gets (AccessObject.h) ask it; it tells the system what changes.
+// actions. The objects that a program gets (AccessObject.h) ask it; it reports to the system what changes.
 #pragma once
 
 #include "../core/CalendarAccess.h"
@@ -36,7 +36,7 @@ public:
     bool HasFocus() const;
     virtual AccessId Focus() = 0; // where the keys go; the root when it is nowhere else
     virtual std::vector<AccessId> Selection() = 0;
-    // Both as the mouse would do it, with all that the host is told. E_ACCESSDENIED: the mouse holds something.
+    // Both as the mouse would do it, with all notifications to the host. E_ACCESSDENIED: the mouse holds something.
     virtual HRESULT Select(int node, long flags); // SELFLAG_...
     virtual HRESULT Act(int node);                // the default action
     virtual HRESULT SetValue(int node, const std::wstring& text);

@@ -250,7 +250,7 @@ HRESULT CalendarWindowAccess::SetValue(int node, const std::wstring& text)
     if (clicked != S_OK) {
         return clicked;
     }
-    // The host has been told of the click and may have done anything.
+    // The host has been notified of the click and may have done anything.
     if (!m_pCtrl || (id.part == AccessPart::Item && m_pCtrl->GetCurSel() != id.index)) {
         return E_ACCESSDENIED;
     }

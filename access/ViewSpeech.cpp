@@ -8,7 +8,7 @@
 namespace dayvane {
 namespace {
 
-constexpr int kDaysToNameByWeekday = 6; // a day further away is told with its date
+constexpr int kDaysToNameByWeekday = 6; // a day further away is named with its date
 constexpr char kOpenKey[] = "Enter";
 constexpr char kListKey[] = "F4";
 
@@ -61,7 +61,7 @@ std::string SpokenTime(const COleDateTime& time)
 
 namespace {
 
-// A day near another is told by its weekday.
+// A day near another is named by its weekday.
 std::string NearDay(const AccessTexts& texts, const COleDateTime& day, const COleDateTime& from)
 {
     const int days = DayNumberOf(day) - DayNumberOf(from);
@@ -146,7 +146,7 @@ std::string ViewSpeech::CellName(int node) const
 
 namespace {
 
-// A name is told apart from those before it.
+// A name differs from those before it.
 std::string Unlike(const AccessTexts& texts, const std::set<std::string>& taken, const std::string& name)
 {
     std::string unlike = name;

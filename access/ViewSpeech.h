@@ -39,7 +39,7 @@ struct ViewSpeech
     std::string announcement;
 
     AccessWords WordsOf(int node) const;
-    // Names are told apart among siblings: of items with the same name the second is called number 2.
+    // Names differ among siblings: of items with the same name the second is called number 2.
     std::string NameOf(int node) const;
 
     // "moved to Tuesday 24 November, 14:00": what a keyboard move has done. isMove: the whole item, else an end of it.

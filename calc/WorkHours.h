@@ -19,7 +19,7 @@ struct WorkPeriod
 };
 using WorkPeriods = std::vector<WorkPeriod>;
 
-// The periods in order: cut at midnight, empty ones left out, those that meet or overlap made one.
+// The periods in order: cut at midnight, empty ones left out, those that touch or overlap made one.
 WorkPeriods OrderedPeriods(WorkPeriods periods);
 
 class WorkHours

@@ -50,7 +50,7 @@ public:
         ClockSeconds end;   // local, not included
         bool isSkipped;
     };
-    // Those that meet the local times from begin up to, not including, end.
+    // Those that overlap the local times from begin up to, not including, end.
     std::vector<Change> ChangesWithin(ClockSeconds begin, ClockSeconds end) const;
 
 private:

@@ -20,7 +20,7 @@ public:
     virtual void Disconnect() = 0;
     // The answer to WM_GETOBJECT; 0: none.
     virtual LRESULT GetObject(WPARAM wParam, LPARAM lParam) = 0;
-    // A message has been handled: tells of the focus, selection, items and texts that have changed since.
+    // A message has been handled: reports the focus, selection, items and texts that have changed since.
     virtual void Follow() = 0;
     // A key has moved the current item, or one end of it.
     virtual void ItemMoved(const ItemTimes& times, bool isWholeItem) = 0;
@@ -45,7 +45,7 @@ public:
     // As if a program had asked, where one listens: for a popup, which programs learn of by events alone.
     void Listen(CWnd& window);
     bool IsHeard() const { return m_access != nullptr; }
-    // What follows tells it; nullptr: nobody has asked. A listener's code may end the window meanwhile.
+    // What follows reports to it; nullptr: nobody has asked. A listener's code may end the window meanwhile.
     std::shared_ptr<WindowAccess> Get() const { return m_access; }
     void Follow()
     {

@@ -1,4 +1,4 @@
-// The base control's selection as others see it: what Escape restores, and what the host is told.
+// The base control's selection as others see it: what Escape restores, and what is reported to the host.
 #include "core/CalendarCtrl.h"
 
 #include "core/DateMath.h"
@@ -37,7 +37,7 @@ LRESULT CCalendarCtrl::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     return CWnd::WindowProc(message, wParam, lParam);
 }
 
-// The selection may change in many ways while one of these messages is handled; the host hears of it once, afterwards.
+// The selection may change in many ways while one of these messages is handled; the host gets one report, afterwards.
 LRESULT CCalendarCtrl::HandleAndReport(UINT message, WPARAM wParam, LPARAM lParam)
 {
     int cause = 0;

@@ -53,7 +53,7 @@ struct DayPiece
     int textWidth = 0;   // pixels, measured by the painter (MeasurePieces)
 };
 
-// The pieces of a day in the order of their weight; empty for a date that is not valid. provider: as NoteOf takes it.
+// The pieces of a day the most important first; empty for a date that is not valid. provider: as NoteOf takes it.
 std::vector<DayPiece> PiecesOfDay(const COleDateTime& date, const DayProvider* provider, const DayLines& lines);
 
 // The days off of a month, from its first day on: "3 文化の日", or "3" without the line of names. Days off in a row

@@ -36,7 +36,7 @@ COleDateTime Stepped(const COleDateTime& date, const KeyStep& step)
     }
 }
 
-// An end that is told as the last second of a day stands for the midnight after it.
+// An end that is stated as the last second of a day stands for the midnight after it.
 COleDateTime SteppedEnd(const COleDateTime& end, const KeyStep& step)
 {
     if (step.unit != KeyStep::MINUTES) {

@@ -1,4 +1,4 @@
-// What the system's settings say of colours, and who is told when they change.
+// What the system's settings say of colours, and who is notified when they change.
 #pragma once
 
 #include "CalendarTheme.h"
@@ -16,14 +16,14 @@ enum class SystemTheme
 
 // Asks the system, or the function that stands for it.
 SystemTheme GetSystemTheme();
-// For tests and for hosts with a setting of their own; nullptr: the system. Watches are not told of the change.
+// For tests and for hosts with a setting of their own; nullptr: the system. Watches are not notified of the change.
 void SetSystemThemeQuery(SystemTheme (*pfnQuery)());
 
 // The theme for a setting: Calm, Dark or HighContrast.
 CalendarTheme ThemeOf(SystemTheme system);
 
-// Told when the system's colours or its theme change. One hidden window hears it for all: the messages go to top-level
-// windows, and not every host passes them on.
+// Notified when the system's colours or its theme change. One hidden window receives it for all: the messages go to
+// top-level windows, and not every host passes them on.
 class SystemThemeWatch
 {
 public:

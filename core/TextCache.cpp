@@ -29,7 +29,7 @@ std::wstring WideOf(const std::u16string& text)
     return std::wstring(text.begin(), text.end());
 }
 
-// So many units that the ellipsis fits behind them, no half of a character among them.
+// So many units that the ellipsis fits after them, no half of a character among them.
 int CutBefore(const std::u16string& line, const std::vector<int>& ends, int fitting, int room)
 {
     while (fitting > 0 && (ends[fitting - 1] > room || IS_HIGH_SURROGATE(line[fitting - 1]))) {

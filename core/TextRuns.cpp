@@ -15,7 +15,7 @@ bool IsTrail(char16_t unit)
     return unit >= kFirstTrail && unit < kEndOfTrails;
 }
 
-// Takes the character at `at` and moves behind it.
+// Takes the character at `at` and moves past it.
 char32_t TakeCharacter(std::u16string_view text, std::size_t& at)
 {
     const char16_t unit = text[at++];

@@ -13,7 +13,7 @@ constexpr double kFull = 255.0;
 
 // On a dark page: lightness 0 to 1.
 constexpr double kDarkestGround = 0.17; // of a white or pale ground
-constexpr double kGroundSpan = 0.20;    // a dark ground of the host stays so much lighter, to be told from pale ones
+constexpr double kGroundSpan = 0.20;    // a dark ground of the host stays so much lighter, to differ from pale ones
 constexpr double kGroundSaturation = 0.6;
 constexpr double kShapeContrast = 3.0; // outlines and marks (WCAG 2.1, success criterion 1.4.11)
 constexpr double kLightenStep = 0.04;

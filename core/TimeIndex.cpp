@@ -53,7 +53,7 @@ void TimeIndex::Set(const ItemArray& items, int index)
         Clear();
         return;
     }
-    Entry entry = {INT_MAX, INT_MIN, 0, index}; // meets no day
+    Entry entry = {INT_MAX, INT_MIN, 0, index}; // overlaps no day
     DaysOf(items[index], entry);
     if (index == static_cast<int>(m_isAside.size())) {
         m_isAside.push_back(0);

@@ -1,8 +1,8 @@
 // Which items of a large store touch some days, without looking at all of them.
 //
 // The items stand in the order of their first days, as a balanced tree whose nodes know the last day below them, so a
-// question costs by its answer. It is made when first asked, 17 bytes an item, and kept in step by what the store tells
-// it: items that have changed since stand aside until there are too many of them. A small store has no index.
+// question costs by its answer. It is made when first asked, 17 bytes an item, and kept in step by what the store
+// reports it: items that have changed since stand aside until there are too many of them. A small store has no index.
 #pragma once
 
 #include "CalendarRecords.h"
@@ -19,7 +19,7 @@ public:
     void Clear(); // the store has become another one
     // The item at the index is new, at the end, or has changed.
     void Set(const ItemArray& items, int index);
-    // The item is gone, those behind it have moved up.
+    // The item is gone, those after it have moved up.
     void Remove(int index);
 
     // The items between whose start and end, in any order and both included, lies one of the days, by their positions,

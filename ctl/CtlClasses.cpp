@@ -71,7 +71,7 @@ LRESULT CALLBACK ClassProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam
         control->prepare(*control);
     } else if (message == WM_NCDESTROY) {
         ::SetWindowLongPtrW(hWnd, kControlSlot, 0);
-        delete control; // the object behind it goes by itself
+        delete control; // its object goes by itself
     }
     return result;
 }

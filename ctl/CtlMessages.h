@@ -1,4 +1,4 @@
-// The messages of the C interface. Each has a handler; what can be told from the table (kind of control, pointer, size
+// The messages of the C interface. Each has a handler; what follows from the table (kind of control, pointer, size
 // of the record) has been checked when it is called.
 #pragma once
 

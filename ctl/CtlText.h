@@ -10,7 +10,7 @@ namespace dayvane::ctl {
 
 // The longest text that is taken, in UTF-16 units.
 constexpr int kMostText = 32767;
-// What the controls are told that the bytes of their texts are.
+// The code page in which the controls take the bytes of their texts.
 constexpr UINT kStoreCodePage = CP_UTF8;
 
 // nullptr is an empty text.

@@ -1,4 +1,4 @@
-// A control as the C interface sees it: the object behind a window that the host's CreateWindow or a dialog made.
+// A control as the C interface sees it: the object of a window that the host's CreateWindow or a dialog made.
 #pragma once
 
 #include "pickers/MiniCalendarCtrl.h"
@@ -44,7 +44,7 @@ struct CtlWindow
 
 // The object for one of the window classes; nullptr for another name. Throws when there is no memory.
 std::unique_ptr<CtlWindow> MakeCtlWindow(const WCHAR* className, DWORD style);
-// The names of all window classes, nullptr behind the last.
+// The names of all window classes, nullptr after the last.
 const WCHAR* const* CtlClassNames();
 
 // The edit box of the view.

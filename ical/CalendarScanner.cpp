@@ -66,7 +66,7 @@ private:
         const auto property = ParseProperty(Unfold(line.raw));
         if (!property) {
             const std::string text = Unfold(line.raw);
-            if (!InEvent() && !TrimBlanks(text).empty()) { // lines of events are told by their reader
+            if (!InEvent() && !TrimBlanks(text).empty()) { // lines of events are reported by their reader
                 m_log.Add(m_line, Quoted(text) + " is not a calendar line");
             }
         } else if (property->name == "BEGIN") {

@@ -18,7 +18,7 @@ enum class SummerTime
 };
 
 // Facts of the public time zone database, as they hold since 1996 (America: since 1976), and under the names that
-// Windows gives these zones (CLDR, windowsZones). Zones whose offsets changed otherwise are left out rather than told
+// Windows gives these zones (CLDR, windowsZones). Zones whose offsets changed otherwise are left out rather than given
 // wrong.
 struct CommonZone
 {

@@ -117,7 +117,7 @@ public:
     // Shows all times on that clock instead, until the next Load. The file stays as it is.
     void ShowOn(const ZonePtr& zone);
 
-    // The occurrences that meet [from, to), by start, longer ones first; at most kMaxOccurrences, and
+    // The occurrences that overlap [from, to), by start, longer ones first; at most kMaxOccurrences, and
     // kMaxOccurrencesOfEvent of each event. `isWhole` says whether these are all.
     std::vector<Occurrence> OccurrencesIn(LocalTime from, LocalTime to, bool* isWhole = nullptr) const;
     std::optional<Occurrence> Find(const OccurrenceId& id) const;

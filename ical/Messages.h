@@ -7,7 +7,7 @@
 
 namespace dayvane::ical {
 
-// One thing of a calendar file that could not be read, told in one line of UTF-8 text.
+// One thing of a calendar file that could not be read, reported in one line of UTF-8 text.
 struct Message
 {
     int line = 0; // of the file, from 1

@@ -46,7 +46,7 @@ struct Occurrence
     DayNumber LastDay() const;
 };
 
-// Bounds that keep hostile files from filling the memory; no calendar that people keep meets them.
+// Bounds that keep hostile files from filling the memory; no calendar that people keep reaches them.
 constexpr std::size_t kMaxOccurrencesOfEvent = 5000;
 constexpr std::size_t kMaxOccurrences = 200000;
 
@@ -68,7 +68,7 @@ private:
     std::set<EventId> m_superseded;
 };
 
-// Appends the occurrences of the event that meet [from, to); one without length meets it when its start lies inside.
+// Appends the occurrences of the event that overlap [from, to); one without length does when its start lies inside.
 // False when there were more than the bounds allow.
 bool AppendOccurrences(const EventPtr& event, const Replacements& replacements, const ZonePtr& displayZone,
                        LocalTime from, LocalTime to, std::vector<Occurrence>& occurrences);

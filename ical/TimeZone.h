@@ -72,7 +72,7 @@ LocalTime ConvertWall(LocalTime wall, const ZonePtr& from, const ZonePtr& to);
 std::optional<int> ParseUtcOffset(std::string_view text);
 
 // Reads a VTIMEZONE component that begins in line `firstLine` of the file. nullptr if it has no TZID or no readable
-// observance, which is told.
+// observance, which is reported.
 ZonePtr ReadTimeZone(std::string_view raw, int firstLine, MessageLog& log);
 
 // The zones that files name most often without defining them, by their usual names; nullptr for others.

@@ -94,7 +94,7 @@ public:
     void SetTheme(const CalendarTheme& theme);
     const CalendarTheme& GetTheme() const { return m_theme; }
     // The resolution that the control is drawn for, 96 at first; lays out and redraws. Ends what the option followDpi
-    // does. GetGridSize tells what the blocks take then. Kept between 48 and 768.
+    // does. GetGridSize returns what the blocks take then. Kept between 48 and 768.
     void SetScale(int dpi);
     int GetScale() const { return m_scale.dpi; }
     const dayvane::ViewScale& GetViewScale() const { return m_scale; }

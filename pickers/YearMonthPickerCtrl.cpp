@@ -17,7 +17,7 @@ using namespace dayvane;
 namespace {
 constexpr LRESULT kHandled = 1;
 
-// The system's sizes are those of its own resolution, which is the control's where nobody says otherwise.
+// The system's sizes are those of its own resolution, which is the control's unless the host says otherwise.
 int SystemSize(int index, const ViewScale& scale)
 {
     const int size = ::GetSystemMetrics(index);

@@ -1,4 +1,4 @@
-// The commands of View > Days, and what the status bar tells of the selected day.
+// The commands of View > Days, and what the status bar says of the selected day.
 #include "core/SystemEras.h"
 #include "planner/PlannerFrame.h"
 #include "planner/DocumentFile.h"

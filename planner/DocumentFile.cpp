@@ -281,7 +281,7 @@ bool AutoSave::Write(const std::string& file, const std::string& bytes)
     ::SetFilePointer(m_handle, 0, nullptr, FILE_BEGIN);
     const bool isWhole = WriteAll(m_handle, bytes) && ::SetEndOfFile(m_handle) && ::FlushFileBuffers(m_handle);
     if (!isWhole) {
-        Remove(); // half a copy helps nobody
+        Remove(); // half a copy is of no use
     }
     return isWhole;
 }

@@ -37,7 +37,7 @@ EventTimes TimesOnDay(const EventTimes& selection, DayNumber day);
 int FittingTimeScale(const std::vector<Occurrence>& occurrences, LocalTime from, LocalTime to,
                      const std::vector<int>& offered);
 
-// One line that tells of an occurrence: when, what, where.
+// One line that describes an occurrence: when, what, where.
 std::string DetailsOf(const Occurrence& occurrence);
 
 // What a tip says of an occurrence: title, times, place and the beginning of the notes, each on lines of its own.

@@ -28,7 +28,7 @@ struct PastedText
 std::optional<PastedText> TakeFromClipboard(CWnd& owner);
 bool IsPasteable();
 
-// A global memory block of these bytes and a zero character behind them.
+// A global memory block of these bytes and a zero character after them.
 HGLOBAL GlobalOf(const void* bytes, std::size_t size);
 // Of a block that came from elsewhere.
 std::string BytesOfGlobal(HGLOBAL block);

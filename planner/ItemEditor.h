@@ -1,5 +1,5 @@
 // What a user does to items, carried over into the document. Windows of the control open and close here, but nothing is
-// shown anew: that is the caller's, who gets the outcome.
+// shown anew: that is the caller's, who gets the result.
 #pragma once
 
 #include "planner/ShownItems.h"

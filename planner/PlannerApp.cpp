@@ -161,7 +161,7 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
     }
 }
 
-// A program started from a console tells there, too, what it could not read.
+// A program started from a console reports there, too, what it could not read.
 void CPlannerApp::TellMessages(CPlannerFrame& frame)
 {
     for (const planner::Message& message : frame.Document()->Messages()) {

@@ -121,7 +121,7 @@ void CPlannerDoc::SetModifiedFlag(BOOL bModified)
     } else {
         m_calendar.MarkSaved();
     }
-    (m_owner ? m_owner : this)->UpdateFrameCounts(); // the title tells it
+    (m_owner ? m_owner : this)->UpdateFrameCounts(); // the title shows it
 }
 
 void CPlannerDoc::TellFrame()

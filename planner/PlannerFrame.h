@@ -211,7 +211,7 @@ private:
                     const std::function<planner::EditResult(planner::Scope)>& change);
     void Reveal(const planner::OccurrenceId& id);
     void ShowCurrent();
-    // In the status bar, until something else is to be told; in the user's language.
+    // In the status bar, until something else is to be shown; in the user's language.
     void Tell(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
     void ApplyTexts();

@@ -9,7 +9,7 @@ namespace planner {
 namespace {
 // So much is loaded on both sides, so that scrolling by lines does not load at each step.
 constexpr LocalTime kMargin = 35 * kDaySeconds;
-// Taken where the view tells no range, at the ends of the calendar's years.
+// Taken where the view has no range, at the ends of the calendar's years.
 constexpr LocalTime kUnknownRange = 400 * kDaySeconds;
 } // namespace
 

@@ -28,7 +28,7 @@ public:
     void KeepListed(const std::optional<Occurrence>& occurrence) { m_listed = occurrence; }
     // Makes the item current; false when it is not shown.
     bool Select(const OccurrenceId& id);
-    // No item that is out of sight stays current: the Delete key must not meet it.
+    // No item that is out of sight stays current: the Delete key must not delete it.
     void DropHidden();
     int CountInView() const;
     std::vector<OccurrenceId> IdsInView() const;

@@ -40,7 +40,7 @@ void CPlannerFrame::OnUpdatePaste(CCmdUI* pCmdUI)
     pCmdUI->Enable(planner::IsPasteable());
 }
 
-// Shows what has come in, and tells how much.
+// Shows what has come in, and says how much.
 void CPlannerFrame::FinishMerge(const planner::MergeReport& report)
 {
     Finish(report.edit);

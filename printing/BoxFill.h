@@ -9,7 +9,7 @@
 
 namespace dayvane {
 
-// Collects what did not fit, prints it behind everything else and then completes the marks.
+// Collects what did not fit, prints it after everything else and then completes the marks.
 class LaterSheets
 {
 public:

@@ -36,7 +36,7 @@ public:
     std::vector<dayvane::Page> MakePages(CSize paper);
     void DrawPage(CDC* pDC, const dayvane::Page& page, const dayvane::PageView& view);
 
-    // The sheet of paper behind a device context. Where the information has a rectangle that is not the whole of what
+    // The sheet of paper of a device context. Where the information has a rectangle that is not the whole of what
     // the device can print on, that rectangle stands for the sheet.
     struct Sheet
     {

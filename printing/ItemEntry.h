@@ -69,7 +69,7 @@ PageFont FontOf(const PrintItem& item, PageFont font);
 // The pieces of the items on one day: whole-day ones first, then in the order of time; `items` are positions in the
 // source in the order of their starts.
 std::vector<ItemPiece> PiecesOfDay(const PrintSource& source, const std::vector<int>& items, int day);
-// The items that meet the days, in the order of their starts: of equal ones the longer first.
+// The items that touch the days, in the order of their starts: of equal ones the longer first.
 std::vector<int> ItemsOf(const PrintSource& source, int firstDay, int lastDay);
 
 } // namespace dayvane

@@ -27,7 +27,7 @@ inline std::string Shown(LocalTime time)
     return text.substr(0, toMinutes);
 }
 
-// "start/end" with the occurrences separated by blanks; all-day ones have a * behind.
+// "start/end" with the occurrences separated by blanks; all-day ones end in a *.
 inline std::string Shown(const std::vector<Occurrence>& occurrences)
 {
     std::string text;

@@ -196,7 +196,7 @@ TEST_F(DocumentTest, SeriesEndWithTheirCalendar)
 
 TEST_F(DocumentTest, DeletingJoinsNothing)
 {
-    // The first event has no END; what stands behind the second one must not become its own.
+    // The first event has no END; what follows the second one must not become its own.
     const std::string head = "BEGIN:VEVENT\nX:1\n";
     const std::string event = "BEGIN:VEVENT\nDTSTART:20261121\nEND:VEVENT\n";
     const std::string tail = "DTSTART:20261122\nEND:VEVENT\n";

@@ -1,4 +1,5 @@
-// Hands on real windows: mouse and keyboard through the system's own input queue, and all that the parent hears of it.
+// Hands on real windows: mouse and keyboard through the system's own input queue, and all that the parent receives of
+// it.
 #include "timegrid/GridScene.h"
 #include "views/daygrid/MonthViewCtrl.h"
 

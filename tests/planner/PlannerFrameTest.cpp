@@ -105,7 +105,7 @@ TEST_F(PlannerWindow, FollowsTheViewIntoOtherMonths)
     m_frame->Idle();
     EXPECT_EQ(StatusText(), "2026-04-21 - 2026-04-23   Trip");
     scroll(SB_LINEDOWN, 4);
-    EXPECT_FALSE(m_frame->Items().Current()) << "the Delete key must not meet what nobody sees";
+    EXPECT_FALSE(m_frame->Items().Current()) << "the Delete key must not delete what is out of sight";
     EXPECT_EQ(StatusText(), "");
     scroll(SB_LINEUP, 4);
     for (int month = 0; month < 4; ++month) {

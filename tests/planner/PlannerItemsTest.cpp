@@ -29,7 +29,7 @@ TEST_F(PlannerItems, ARightPressSelectsWhatLiesUnderIt)
 {
     messages::Click(Ctrl(), PointOf("Meeting"));
     RightPress(CellOf(8));
-    EXPECT_FALSE(m_frame->Items().Current()) << "the menu's Delete must not meet an item elsewhere";
+    EXPECT_FALSE(m_frame->Items().Current()) << "the menu's Delete must not delete an item elsewhere";
     m_frame->SendMessage(WM_COMMAND, ID_EDIT_CLEAR);
     EXPECT_EQ(Bytes(), kFile);
     Key(VK_INSERT);

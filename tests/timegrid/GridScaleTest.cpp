@@ -28,7 +28,7 @@ TEST(GridScale, FrameLanesAndRowsFollow)
             const int line = scale.Line(12);
             EXPECT_GE(metrics.rowHeight - 2 * metrics.textInset, line);
             EXPECT_GE(metrics.barHeight - 2 * metrics.textInset, line);
-            EXPECT_LE(metrics.barHeight, metrics.laneStep) << "bars of two lanes never meet";
+            EXPECT_LE(metrics.barHeight, metrics.laneStep) << "bars of two lanes never overlap";
             EXPECT_GE(metrics.moreHeight, line);
 
             const CRect client(0, 0, scale.Of(800), scale.Of(600));

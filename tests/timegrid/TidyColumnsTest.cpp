@@ -113,8 +113,8 @@ TEST(TidyColumns, AreThoseOfTheLiteralRule)
     }
 }
 
-// What holds whatever the width: boxes are inside and do not meet, none is too narrow, the boxes that are under way at
-// one moment and the room between them make up the width, and every hidden item is counted once.
+// What holds whatever the width: boxes are inside and do not overlap, none is too narrow, the boxes that are under way
+// at one moment and the room between them make up the width, and every hidden item is counted once.
 void ExpectTidy(const std::vector<TimeSpan>& spans, const TidyRule& rule, unsigned seed)
 {
     const TidyPlaces places = PlaceTidily(spans, rule);

@@ -19,7 +19,7 @@ struct BarMetrics
     int laneStep;  // from one lane to the next
 
     int BarHeight() const { return height - 2 * inset; }
-    // Bars of neighbouring lanes never meet, whatever the rounding.
+    // Bars of neighbouring lanes never overlap, whatever the rounding.
     BarMetrics At(const ViewScale& scale) const;
 };
 

@@ -36,9 +36,9 @@ int LimitedLanes(int lanes, int clientHeight, const TimeGridMetrics& metrics = k
 TimeGridFrame CalcTimeGridFrame(const CRect& client, bool captionShown, int headerHeight, int lanes, int days,
                                 const TimeGridMetrics& metrics = kTimeGrid);
 
-// The shown part of the store, in its order: items whose days meet those of the range, both dates valid; over several
-// days none that ends before it begins. nPiece tells where an item of several days goes on: before and after the range
-// PIECE_MIDDLE, after it PIECE_HEAD, before it PIECE_TAIL, neither PIECE_INSIDE; its dates are cut to the range.
+// The shown part of the store, in its order: items whose days overlap those of the range, both dates valid; over
+// several days none that ends before it begins. nPiece says where an item of several days goes on: before and after the
+// range PIECE_MIDDLE, after it PIECE_HEAD, before it PIECE_TAIL, neither PIECE_INSIDE; its dates are cut to the range.
 // Returns how many are shown in the full-day band: those of several days and those marked full-day.
 // which: positions of the items that can be shown, ascending; nullptr: all.
 int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& screenItems,

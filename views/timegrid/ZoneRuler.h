@@ -18,7 +18,7 @@ struct ZoneRuler
     ZoneClock other;
     CString ownLabel; // over the rulers, in the code page of the library's own texts
     CString otherLabel;
-    bool showOther = true; // false: only the changes of the own clock are told
+    bool showOther = true; // false: only the changes of the own clock are shown
 };
 
 constexpr int kZoneRulerWidth = 56; // pixels, of the second ruler
