@@ -20,14 +20,6 @@ public:
     }
 };
 
-template <class View>
-class Hook : public Open<View>
-{
-public:
-    using View::FindTip;
-    using View::m_rcContent;
-};
-
 } // namespace
 
 TEST(DayGridKeys, HomeAndEndStayInTheRange)
@@ -157,7 +149,7 @@ TEST(DayGridHits, TheBarThatIsSeenAndHowManyLieThere)
     SetCalendarClock(FixedNow);
     RecordingParent parent;
     parent.Create(kWidth, kHeight);
-    Hook<CMonthViewCtrl2> view;
+    Open<CMonthViewCtrl2> view;
     view.SetCurrentDate(Day(4, 15));
     view.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), &parent, 5);
     for (const char* text : {"first", "second", "a text that is much too long for the box of a day"}) {
@@ -187,7 +179,7 @@ TEST(DayGridTips, SayWhatIsCut)
 {
     Scene<CMonthViewCtrl> scene(Day(4, 15));
     scene.view->DestroyWindow();
-    Hook<CMonthViewCtrl> view;
+    Open<CMonthViewCtrl> view;
     view.SetCurrentDate(Day(4, 15));
     view.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, kWidth, kHeight), &scene.parent, 5);
     view.SetTextCodePage(CP_UTF8);
@@ -220,12 +212,12 @@ TEST(DayGridTips, SayWhatIsCut)
 
 // The tip over the number of a box, of a view that is so wide.
 template <class View>
-std::u16string TipOfBox(int width, int box, CRect (*rectOf)(const Hook<View>&, int), bool hasTips = true)
+std::u16string TipOfBox(int width, int box, CRect (*rectOf)(const Open<View>&, int), bool hasTips = true)
 {
     SetCalendarClock(FixedNow);
     RecordingParent parent;
     parent.Create(kWidth, kHeight);
-    Hook<View> view;
+    Open<View> view;
     view.SetCurrentDate(Day(4, 29));
     view.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, width, kHeight), &parent, 5);
     CalendarOptions options;
@@ -249,16 +241,16 @@ std::u16string TipOfBox(int width, int box, CRect (*rectOf)(const Hook<View>&, i
 TEST(DayGridTips, SayWhatADayHasNoRoomFor)
 {
     const std::u16string name = u"昭和の日"; // 29 April
-    const auto cell = [](const Hook<CMonthViewCtrl>& view, int box) { return view.GetCell(box).m_rect; };
+    const auto cell = [](const Open<CMonthViewCtrl>& view, int box) { return view.GetCell(box).m_rect; };
     EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 31, cell), u"29 " + name);
     EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 30, cell), u"") << "a day without a name";
     EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 100, 31, cell), u"") << "there is room";
     EXPECT_EQ(TipOfBox<CMonthViewCtrl>(7 * 45, 31, cell, false), u"") << "the option is off";
-    const auto day = [](const Hook<CWeekViewCtrl>& view, int box) { return view.GetDayRect(box); };
+    const auto day = [](const Open<CWeekViewCtrl>& view, int box) { return view.GetDayRect(box); };
     const std::u16string tip = TipOfBox<CWeekViewCtrl>(4 * 70, 3, day);
     EXPECT_EQ(tip.substr(0, 4), u"4/29");
     EXPECT_NE(tip.find(name), std::u16string::npos);
-    const auto month = [](const Hook<CYearViewCtrl>& view, int box) { return view.GetMonthRect(box); };
+    const auto month = [](const Open<CYearViewCtrl>& view, int box) { return view.GetMonthRect(box); };
     EXPECT_EQ(TipOfBox<CYearViewCtrl>(6 * 50, 8, month), u"9月 September");
     EXPECT_EQ(TipOfBox<CYearViewCtrl>(6 * 100, 8, month), u"");
 }

@@ -3,16 +3,13 @@
 
 #include "DayGridTesting.h"
 #include "support/GuiCounts.h"
-#include "support/Input.h"
 #include "support/MemoryDc.h"
-#include "support/RecordingParent.h"
+#include "support/ViewScene.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 constexpr int kWidth = 706; // cells of 100 x 100 in the month, boxes of 176 x 308 in the week, of 117 x 308 in the year
 constexpr int kHeight = 647;
@@ -43,54 +40,32 @@ inline tagCC_ITEM ItemOf(const COleDateTime& start, const COleDateTime& end)
     return item;
 }
 
-// What the tests see of a view besides its public side.
 template <class View>
-class Open : public View
+class Open : public testsupport::OpenView<View>
 {
 public:
     using typename View::MoreBox;
-    using View::DrawCtrl;
     using View::GetBoxCount;
-    using View::GetCurCellRect;
     using View::GetMoreBox;
     using View::HasMoreMark;
-    using View::InvalidateCellRect;
-    using View::InvalidateCellRectRange;
-    using View::m_arItem;
-    using View::m_dtSelBegin;
-    using View::m_dtSelEnd;
-    using View::m_nHorzScroll;
-    using View::m_nVertScroll;
-    using View::MoveBackward;
-    using View::MoveForward;
-    using View::MoveLeftward;
-    using View::MoveRightward;
 };
 
 using Lines = std::vector<std::string>;
 
 template <class View>
-class Scene
+class Scene : public testsupport::ViewScene<Open<View>>
 {
+    using Base = testsupport::ViewScene<Open<View>>;
+
 public:
-    testsupport::RecordingParent parent;
-    Open<View>* view; // on the heap: hosts delete it in the middle of things
+    using Base::parent;
+    using Base::view;
     testsupport::MemoryDc picture{kWidth, kHeight};
 
     explicit Scene(const COleDateTime& date = Day(4, 15))
+        : Base(FixedNow, CSize(kWidth + ::GetSystemMetrics(SM_CXVSCROLL), kHeight), WS_VSCROLL,
+               [&](Open<View>& made) { made.SetCurrentDate(date); })
     {
-        SetCalendarClock(FixedNow);
-        view = new Open<View>;
-        parent.Create(kWidth + 50, kHeight + 50);
-        view->SetCurrentDate(date);
-        const CRect rect(0, 0, kWidth + ::GetSystemMetrics(SM_CXVSCROLL), kHeight);
-        view->Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, rect, &parent, 5);
-        parent.ClearLog();
-    }
-    ~Scene()
-    {
-        delete view;
-        SetCalendarClock(nullptr);
     }
 
     void Add(const COleDateTime& start, const COleDateTime& end, int count = 1, COLORREF background = kWhite)
@@ -106,7 +81,7 @@ public:
     Lines Scroll(UINT code, int thumb = 0)
     {
         parent.ClearLog();
-        view->SendMessage(WM_VSCROLL, MAKEWPARAM(code, thumb));
+        Base::Scroll(code, thumb);
         return parent.Lines();
     }
 

@@ -1,8 +1,6 @@
 // What all views do alike: pictures for others, today, the focus that is seen, dialogs, the options of input.
-#include "core/CalendarClock.h"
-#include "support/Input.h"
 #include "support/MemoryDc.h"
-#include "support/RecordingParent.h"
+#include "support/ViewScene.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
@@ -32,16 +30,9 @@ COleDateTime At(int month, int day, int hour = 0, int minute = 0)
 }
 
 template <class View>
-class Open : public View
+class Open : public OpenView<View>
 {
 public:
-    using View::DrawCtrl;
-    using View::FindTip;
-    using View::GetFocusBox;
-    using View::m_dtSelBegin;
-    using View::m_dtSelEnd;
-    using View::m_rcCaption;
-    using View::m_rcContent;
     std::vector<std::string> painted; // the items whose painting went through the hook
     bool hidesFocus = false;          // the state of the top-level window, which not every system keeps
 
