@@ -50,6 +50,9 @@ check_dialect_plants() {
         die "The check of the dialect refuses plain C++."
 }
 
+# Further warnings that count as errors; ./dev lint has some.
+dialect_warnings=()
+
 # dialect FILE...: a line for each error; fails when there is one. The headers are compiled once.
 dialect() {
     local log headers=$BUILD/dialect.pch
@@ -59,7 +62,7 @@ dialect() {
     run_logged dialect "Reading the headers as Visual C++" \
         clang "${dialect_flags[@]}" -x c++-header "$ROOT/cmake/precompiled.h" -o "$headers"
     (cd "$ROOT" && printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} \
-        clang "${dialect_flags[@]}" -fsyntax-only -include-pch "$headers" {}) >"$log" 2>&1 || {
+        clang "${dialect_flags[@]}" "${dialect_warnings[@]}" -fsyntax-only -include-pch "$headers" {}) >"$log" 2>&1 || {
         grep 'error:' "$log" | sort -u >&2
         return 1
     }
