@@ -1,11 +1,10 @@
 #include "core/CalendarClock.h"
 
+#include "calc/CivilDate.h"
+
 using namespace dayvane;
 
 namespace {
-constexpr int kMinutesPerHour = 60;
-constexpr int kSecondsPerMinute = 60;
-constexpr int kSecondsPerDay = 86'400;
 constexpr int kMillisecondsPerSecond = 1000;
 
 COleDateTime (*g_pfnNow)() = nullptr;
@@ -26,5 +25,5 @@ int dayvane::MillisecondsToMidnight(const COleDateTime& now)
     SYSTEMTIME time = {};
     now.GetAsSystemTime(time); // stays zero when there is no moment
     const int seconds = (time.wHour * kMinutesPerHour + time.wMinute) * kSecondsPerMinute + time.wSecond;
-    return (kSecondsPerDay - seconds) * kMillisecondsPerSecond;
+    return (kMinutesPerDay * kSecondsPerMinute - seconds) * kMillisecondsPerSecond;
 }

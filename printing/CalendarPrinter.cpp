@@ -53,7 +53,7 @@ PrintRange RangeOfView(CCalendarCtrl& ctrl, PageKind kind)
 {
     COleDateTime first, last;
     ctrl.GetViewRange(first, last);
-    const bool isRange = first.GetStatus() == COleDateTime::valid && last.GetStatus() == COleDateTime::valid;
+    const bool isRange = IsValid(first) && IsValid(last);
     const int current = DayNumberOf(ctrl.GetCurrentDate());
     return {kind, isRange ? DayNumberOf(first) : current, isRange ? DayNumberOf(last) : current};
 }
@@ -243,7 +243,7 @@ PrintRange CYearlyPrinter::GetRange() const
 {
     COleDateTime first, last;
     m_pCtrl->GetViewRange(first, last);
-    const int day = DayNumberOf(first.GetStatus() == COleDateTime::valid ? first : m_pCtrl->GetCurrentDate());
+    const int day = DayNumberOf(IsValid(first) ? first : m_pCtrl->GetCurrentDate());
     return {PageKind::Year, day, FirstOfMonthAfter(day, kMonthsPerYear) - 1};
 }
 

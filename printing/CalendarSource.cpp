@@ -10,7 +10,6 @@
 namespace dayvane {
 namespace {
 
-constexpr int kMinutesPerHour = 60;
 constexpr int kLastSecond = 59;
 constexpr int kBold = 1; // font flags of an item
 constexpr int kStruck = 2;
@@ -23,7 +22,7 @@ int MinuteOf(const COleDateTime& time)
 // The item's days and times; false for one that no view shows.
 bool SetTimes(PrintItem& item, const tagCC_ITEM& stored)
 {
-    if (stored.dtStart.GetStatus() != COleDateTime::valid || stored.dtEnd.GetStatus() != COleDateTime::valid) {
+    if (!IsValid(stored.dtStart) || !IsValid(stored.dtEnd)) {
         return false;
     }
     item.firstDay = DayNumberOf(stored.dtStart);

@@ -1,12 +1,12 @@
 #include "printing/HourGrid.h"
 
+#include "calc/CivilDate.h"
+
 #include <algorithm>
 
 namespace dayvane {
 namespace {
 
-constexpr int kMinutesPerHour = 60;
-constexpr int kHoursPerDay = 24;
 constexpr int kMorning = 6; // the grid grows no further than this by itself
 constexpr int kNight = 22;
 constexpr double kLeastBoxLines = 2.4;   // width of a box, in heights of a body line

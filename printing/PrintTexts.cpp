@@ -1,5 +1,6 @@
 #include "printing/PrintTexts.h"
 
+#include "calc/CivilDate.h"
 #include "mfc/base/civil.h"
 
 namespace dayvane {
@@ -11,7 +12,6 @@ constexpr const char16_t* kWeekdays[] = {u"Sunday",   u"Monday", u"Tuesday", u"W
                                          u"Thursday", u"Friday", u"Saturday"};
 constexpr const char16_t* kJapaneseWeekdays[] = {u"日", u"月", u"火", u"水", u"木", u"金", u"土"};
 constexpr std::size_t kShortNameLength = 3;
-constexpr int kMinutesPerHour = 60;
 
 struct Civil
 {

@@ -6,7 +6,7 @@
 
 BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const
 {
-    for (const CRuntimeClass* pClass = this; pClass != nullptr;
+    for (const CRuntimeClass* pClass = this; pClass;
          pClass = pClass->m_pfnGetBaseClass ? pClass->m_pfnGetBaseClass() : nullptr) {
         if (pClass == pBaseClass) {
             return TRUE;

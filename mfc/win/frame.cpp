@@ -194,7 +194,7 @@ void CWnd::RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, LPRECT 
     layout.bPlace = !lpRectLeft;
     GetClientRect(&layout.rect);
     HWND hWndLeftOver = nullptr;
-    for (HWND hWnd = ::GetTopWindow(m_hWnd); hWnd != nullptr; hWnd = ::GetWindow(hWnd, GW_HWNDNEXT)) {
+    for (HWND hWnd = ::GetTopWindow(m_hWnd); hWnd; hWnd = ::GetWindow(hWnd, GW_HWNDNEXT)) {
         const UINT nID = static_cast<UINT>(::GetDlgCtrlID(hWnd)) & 0xFFFF;
         if (nID == nIDLeftOver) {
             hWndLeftOver = hWnd;

@@ -21,8 +21,8 @@ namespace {
 template <class Fits>
 const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* pMap, Fits fits)
 {
-    for (; pMap != nullptr; pMap = pMap->pfnGetBaseMap ? pMap->pfnGetBaseMap() : nullptr) {
-        for (const AFX_MSGMAP_ENTRY* entry = pMap->lpEntries; entry->dispatch != nullptr; ++entry) {
+    for (; pMap; pMap = pMap->pfnGetBaseMap ? pMap->pfnGetBaseMap() : nullptr) {
+        for (const AFX_MSGMAP_ENTRY* entry = pMap->lpEntries; entry->dispatch; ++entry) {
             if (fits(*entry)) {
                 return entry;
             }

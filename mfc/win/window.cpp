@@ -21,12 +21,12 @@ HWND ParentOrOwner(HWND hWnd)
 
 HWND FindDescendant(HWND hWnd, int nID, bool onlyPermanent)
 {
-    for (HWND child = ::GetTopWindow(hWnd); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = ::GetTopWindow(hWnd); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
         if (::GetDlgCtrlID(child) == nID && (!onlyPermanent || CWnd::FromHandlePermanent(child))) {
             return child;
         }
     }
-    for (HWND child = ::GetTopWindow(hWnd); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = ::GetTopWindow(hWnd); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
         if (HWND found = FindDescendant(child, nID, onlyPermanent)) {
             return found;
         }
@@ -372,7 +372,7 @@ BOOL CWnd::PreTranslateMessage(MSG*)
 
 BOOL PASCAL CWnd::WalkPreTranslateTree(HWND hWndStop, MSG* pMsg)
 {
-    for (HWND hWnd = pMsg->hwnd; hWnd != nullptr; hWnd = ::GetParent(hWnd)) {
+    for (HWND hWnd = pMsg->hwnd; hWnd; hWnd = ::GetParent(hWnd)) {
         CWnd* pWnd = FromHandlePermanent(hWnd);
         if (pWnd && pWnd->PreTranslateMessage(pMsg)) {
             return TRUE;

@@ -9,9 +9,8 @@
 namespace dayvane {
 namespace {
 
-constexpr int kSelectionWidth = 2;       // of the frame of the current bar, pixels
-constexpr COLORREF kUnfilled = 0xFFFFFF; // a background of this colour is not painted
-constexpr COLORREF kArrow = 0x888888;    // of a bar that goes on in another row
+constexpr int kSelectionWidth = 2;    // of the frame of the current bar, pixels
+constexpr COLORREF kArrow = 0x888888; // of a bar that goes on in another row
 
 // Of more-items marks that are drawn, not copied from a picture.
 constexpr COLORREF kMarkGround = 0xFBEADB;

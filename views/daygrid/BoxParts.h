@@ -30,6 +30,7 @@ constexpr int ArrowReach(const ViewScale& scale)
     return scale.Of(kArrowHeight) / 2;
 }
 constexpr int kNoArrow = INT_MIN;
+constexpr COLORREF kUnfilled = 0xFFFFFF; // an item's background of this colour is not painted
 
 struct BarParts
 {

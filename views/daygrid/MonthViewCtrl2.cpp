@@ -17,7 +17,6 @@ namespace {
 constexpr int kBlockInset = 1;   // from the item's rectangle to the drawn block
 constexpr int kContentInset = 2; // from there to image and text
 constexpr COLORREF kBlockOutline = 0xD8CDC1;
-constexpr COLORREF kUnfilled = 0xFFFFFF;
 constexpr CaptionLook kCaption = {{0x4A79E7, 0x3149D6, 0x1522CD}, 32, DT_BOTTOM};
 
 } // namespace
