@@ -18,7 +18,6 @@ struct DayLineColors
 
     static DayLineColors Of(const CalendarTheme& theme);
 };
-constexpr DayLineColors kDayLineColors;
 
 void MeasurePieces(CDC& dc, CFont* pFont, std::vector<DayPiece>& pieces);
 void DrawPieces(CDC& dc, CFont* pFont, const std::vector<DayPiece>& pieces, const std::vector<PlacedPiece>& placed,

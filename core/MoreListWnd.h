@@ -19,7 +19,6 @@ public:
                               const COleDateTime& dtFirst);
     // A key that the control got; TRUE when it is the list's. The list may be gone afterwards.
     BOOL OnKey(UINT nKey);
-    int GetCurrent() const { return m_model.Current(); } // row
 
 protected:
     friend class dayvane::MoreListAccess;

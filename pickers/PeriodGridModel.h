@@ -41,8 +41,6 @@ public:
     PeriodGridModel(const PeriodPolicy& policy, const COleDateTime& now);
 
     const PeriodPolicy& Policy() const { return *m_policy; }
-    // Another look of the same periods.
-    void SetPolicy(const PeriodPolicy& policy) { m_policy = &policy; }
     Mode GetMode() const { return m_mode; }
 
     // ---- What is shown. Rows and columns are kept as given; what is less than 1 shows as 1.
