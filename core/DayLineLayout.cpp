@@ -1,6 +1,5 @@
 #include "core/DayLineLayout.h"
 
-
 #include <algorithm>
 #include <cmath>
 
