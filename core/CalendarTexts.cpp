@@ -210,7 +210,11 @@ void TakePatterns(CalendarTexts& texts, LCID lcid)
     texts.spanDate = WithoutYear(texts.spanYearDate);
     texts.shortDate = PatternOfPicture(LocaleText(lcid, LOCALE_SSHORTDATE));
     texts.monthDay = WithoutYear(texts.shortDate);
-    texts.month = texts.gridMonth = texts.pickerMonth = PatternOfPicture(LocaleText(lcid, LOCALE_SYEARMONTH));
+    texts.pageDate = texts.spanYearDate;
+    texts.pageDay =
+        WithoutYear(texts.longDate.find(u"%A") != std::u16string::npos ? texts.longDate : u"%A, " + texts.longDate);
+    texts.month = texts.gridMonth = texts.pickerMonth = texts.pageMonth =
+        PatternOfPicture(LocaleText(lcid, LOCALE_SYEARMONTH));
     texts.headerDay = texts.monthDay + u" (%a)";
     texts.captionDay = texts.monthDay;
     texts.time = PatternOfTimePicture(LocaleText(lcid, LOCALE_STIMEFORMAT));
@@ -267,6 +271,20 @@ CalendarTexts CalendarTexts::Required()
     texts.pickerMonth = u"%Y年 %#m月";
     texts.today = u"今日: %Y/%#m/%#d";
     texts.thisMonth = u"今月: %Y年 %#m月";
+    texts.pageDate = u"%#Y年%#m月%#d日";
+    texts.pageDay = u"%#m月%#d日（%a）";
+    texts.pageMonth = u"%#Y年%#m月";
+    texts.pageYear = u"%#Y年";
+    texts.pageNotes = u"メモ";
+    texts.pageOther = u"そのほかの予定";
+    texts.pageNothing = u"予定はありません";
+    texts.pageAgain = u"（続き）";
+    texts.pageLater = u"続きは %n ページ";
+    texts.pageNumber = u"%n / %m ページ";
+    texts.pagePrinted = u"印刷日 ";
+    texts.pageLunar = u"旧暦 ";
+    texts.pageLeap = u"閏";
+    texts.pageTimed = u"時刻のある予定";
     return texts;
 }
 
@@ -319,6 +337,20 @@ CalendarTexts CalendarTexts::English()
     texts.pickerMonth = u"%B %Y";
     texts.today = u"Today: %#d %b %Y";
     texts.thisMonth = u"This month: %b %Y";
+    texts.pageDate = u"%#d %B %#Y";
+    texts.pageDay = u"%A, %#d %B";
+    texts.pageMonth = u"%B %#Y";
+    texts.pageYear = u"%#Y";
+    texts.pageNotes = u"Notes";
+    texts.pageOther = u"Also on this day";
+    texts.pageNothing = u"No items";
+    texts.pageAgain = u" (continued)";
+    texts.pageLater = u"continued, p. %n";
+    texts.pageNumber = u"Page %n of %m";
+    texts.pagePrinted = u"Printed ";
+    texts.pageLunar = u"lunar ";
+    texts.pageLeap = u"leap ";
+    texts.pageTimed = u"items at certain hours";
     return texts;
 }
 

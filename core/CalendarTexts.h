@@ -68,6 +68,23 @@ struct CalendarTexts
     std::u16string today;        // line below a mini calendar of days
     std::u16string thisMonth;    // and of months
 
+    // ---- Printed pages. %n and %m are numbers.
+
+    std::u16string pageDate;    // title of a day; the parts that two days share are said once
+    std::u16string pageDay;     // heading of a day among others
+    std::u16string pageMonth;   // title of a month
+    std::u16string pageYear;    // title of a year
+    std::u16string pageNotes;   // heading of lines to write on
+    std::u16string pageOther;   // heading of what lies outside the hours
+    std::u16string pageNothing; // where there are no items
+    std::u16string pageAgain;   // after a heading that goes on from an earlier sheet
+    std::u16string pageLater;   // where something goes on: on sheet %n
+    std::u16string pageNumber;  // sheet %n of %m
+    std::u16string pagePrinted; // before the date of printing
+    std::u16string pageLunar;   // before the month and day of the lunisolar calendar
+    std::u16string pageLeap;    // before a leap month
+    std::u16string pageTimed;   // beside the dot of days with items at certain hours
+
     // 1 Sunday .. 7 Saturday: what SetTexts sets as the first day of the week; 0: it leaves that alone.
     int firstDayOfWeek = 0;
 

@@ -95,14 +95,6 @@ bool IsPrivate(char32_t character)
     return character >= 0xE000 && character < 0xF900;
 }
 
-// 0: the selected face has the character, or no other one does.
-int FaceOf(HDC hDC, char32_t character)
-{
-    const bool isOwn =
-        character <= kLastAscii || character >= kEndOfBasicPlane || IsPrivate(character) || HasGlyph(hDC, character);
-    return isOwn ? 0 : Faces::Get().FaceFor(character);
-}
-
 const wchar_t* WideOf(const std::u16string& text, size_t from)
 {
     return reinterpret_cast<const wchar_t*>(text.data()) + from;
@@ -110,12 +102,24 @@ const wchar_t* WideOf(const std::u16string& text, size_t from)
 
 } // namespace
 
+int FallbackFace(HDC hDC, char32_t character)
+{
+    const bool isOwn =
+        character <= kLastAscii || character >= kEndOfBasicPlane || IsPrivate(character) || HasGlyph(hDC, character);
+    return isOwn ? 0 : Faces::Get().FaceFor(character);
+}
+
+const std::wstring& FallbackFaceName(int face)
+{
+    return Faces::Get().NameOf(face);
+}
+
 bool IsMixedText(HDC hDC, const std::u16string& text)
 {
     if (std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit <= kLastAscii; })) {
         return false;
     }
-    for (const TextRun& run : SplitRuns(text, [hDC](char32_t character) { return FaceOf(hDC, character); })) {
+    for (const TextRun& run : SplitRuns(text, [hDC](char32_t character) { return FallbackFace(hDC, character); })) {
         if (run.face != 0) {
             return true;
         }
@@ -129,7 +133,7 @@ MixedText::MixedText(HDC hDC, const std::u16string& text) : m_hDC(hDC), m_text(t
     ::GetTextMetricsW(hDC, &metrics);
     m_height = metrics.tmHeight;
     m_ascent = metrics.tmAscent;
-    m_runs = SplitRuns(m_text, [hDC](char32_t character) { return FaceOf(hDC, character); });
+    m_runs = SplitRuns(m_text, [hDC](char32_t character) { return FallbackFace(hDC, character); });
     int width = 0;
     for (const TextRun& run : m_runs) {
         m_fonts.push_back(FontOf(run.face));

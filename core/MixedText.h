@@ -14,6 +14,10 @@ namespace dayvane {
 // beyond the basic plane are left to the system.
 bool IsMixedText(HDC hDC, const std::u16string& text);
 
+// The face of the system for a character that the selected face lacks, from 1; 0: it has it, or no other one does.
+int FallbackFace(HDC hDC, char32_t character);
+const std::wstring& FallbackFaceName(int face);
+
 // One measured text; the font that is selected when it is made must be selected when it is drawn.
 class MixedText
 {

@@ -148,7 +148,7 @@ std::vector<Page> CCalendarPrinter::MakePages(const Sheet& sheet)
         last = FirstOfMonthAfter(range.firstDay, kMonthsPerYear);
     }
     PrintSource source = SourceOf(*m_pCtrl, first, last, m_placeOf);
-    source.title = WideText(GetTitle());
+    source.title = m_title.empty() ? WideText(GetTitle()) : m_title;
     const DcTextMeasurer measurer(GetFaces());
     return BuildPages(source, range, options, sheet.paper, measurer);
 }

@@ -29,6 +29,9 @@ public:
     // Where an item of the store takes place; lists and boxes with room show it. None: items have no places.
     void SetPlaces(std::function<CString(int)> placeOf) { m_placeOf = std::move(placeOf); }
     const std::function<CString(int)>& GetPlaces() const { return m_placeOf; }
+    // Stands beside the date in place of the view's own title; empty: that one.
+    void SetTitle(const std::u16string& title) { m_title = title; }
+    const std::u16string& GetTitleText() const { return m_title; }
     // A text of the host, in the code page in which the control takes its texts, for the options.
     std::u16string WideText(const CString& text) const;
 
@@ -64,6 +67,7 @@ private:
 
     dayvane::PrintOptions m_options;
     std::function<CString(int)> m_placeOf;
+    std::u16string m_title;
     bool m_isOpen = false; // between Begin and End
     CSize m_paper = CSize(0, 0);
     std::vector<dayvane::Page> m_pages; // on that paper

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kMostDaysOnSheet = 7;
 constexpr int kPanelPercent = 34;       // of the body of a single day: the list and the notes beside the hours
+constexpr int kNarrowPanelPercent = 20; // where many items lie side by side
+constexpr int kManyColumns = 5;
 constexpr int kLargestBandPercent = 30; // of the body
 constexpr int kLargestListPercent = 35; // of the columns of several days, below their hours
 
@@ -34,7 +36,7 @@ public:
         m_columns = m_body;
         m_columns.left += ruler;
         if (IsSingle()) {
-            m_columns.right = m_body.right - m_body.Width() * kPanelPercent / 100;
+            m_columns.right = m_body.right - m_body.Width() * PanelPercent() / 100;
             m_panel.left = m_columns.right + m_style.gap;
         } else {
             DrawHeadings();
@@ -54,10 +56,27 @@ private:
     int LastDay() const { return m_firstDay + m_days - 1; }
     int Left(int column) const { return m_columns.left + m_columns.Width() * column / m_days; }
 
+    int PanelPercent() const
+    {
+        std::vector<TimeSpan> spans;
+        for (const int i : m_items) {
+            const PrintItem& item = m_context.source.items[i];
+            if (!item.IsBand() && m_hours.Shows(item)) {
+                spans.push_back({item.startMinute, std::max(item.endMinute, item.startMinute + 1)});
+            }
+        }
+        int columns = 0;
+        for (const TidyColumn& place : AssignColumns(spans)) {
+            columns = std::max(columns, place.column + 1);
+        }
+        return columns >= kManyColumns ? kNarrowPanelPercent : kPanelPercent;
+    }
+
     void DrawHeadings()
     {
         const int dateHeight = m_style.columnHeading.LineHeight();
         const int noteHeight = m_style.dayNote.LineHeight();
+        const int skyHeight = m_context.source.hasSky ? noteHeight : 0;
         for (int i = 0; i < m_days; ++i) {
             const DaySection section = SectionOf(m_context, m_firstDay + i);
             TextSpot spot;
@@ -74,8 +93,12 @@ private:
             spot.font = m_style.dayNote;
             spot.role = PageRole::DayNote;
             m_writer.Text(spot, section.note);
+            spot.room.top = spot.room.bottom;
+            spot.room.bottom += skyHeight;
+            spot.color = m_style.muted;
+            m_writer.Sky(spot, section.sky, section.moon);
         }
-        m_columns.top += dateHeight + noteHeight + m_style.pad / 2;
+        m_columns.top += dateHeight + noteHeight + skyHeight + m_style.pad / 2;
     }
 
     // Whole-day items in lanes; those of lanes without room go to the later sheets.
@@ -291,6 +314,8 @@ SheetHeading HeadingOf(const PageContext& context, int first, int last)
 {
     SheetHeading heading;
     heading.title = context.texts.DateSpan(first, last);
+    heading.firstDay = first;
+    heading.lastDay = last;
     heading.months = {FirstOfMonth(first), FirstOfMonthAfter(first, 1)};
     if (first == last) {
         const DaySection section = SectionOf(context, first);
@@ -300,9 +325,9 @@ SheetHeading HeadingOf(const PageContext& context, int first, int last)
         const PrintDay facts = context.source.FactsOf(first);
         std::u16string lunar;
         if (context.options.showLunarDates && facts.lunarMonth != 0) {
-            lunar = context.texts.LunarDate(facts.lunarMonth, facts.lunarDay);
+            lunar = context.texts.LunarDate(facts.lunarMonth, facts.lunarDay, facts.isLeapMonth);
         }
-        for (const std::u16string& note : {section.note, lunar}) {
+        for (const std::u16string& note : {section.note, lunar, section.sky}) {
             heading.subtitle += note.empty() ? note : u"　" + note;
         }
     }

@@ -9,8 +9,9 @@ namespace {
 
 constexpr int kMorning = 6; // the grid grows no further than this by itself
 constexpr int kNight = 22;
-constexpr double kLeastBoxLines = 2.4;   // width of a box, in heights of a body line
-constexpr int kLeastTimeLines = 4;       // width from which a box of one line shows its time
+constexpr double kLeastBoxLines = 2.4; // width of a box, in heights of a body line
+constexpr int kLeastTimeLines = 4;     // width from which a box of one line shows its time
+constexpr int kFontPercents[] = {100, 88, 76};
 constexpr int kSmallestGridPercent = 60; // of the height given to Place, that Draw may be given
 
 } // namespace
@@ -46,8 +47,8 @@ HourRange HourGrid::HoursFor(const PageContext& context, const std::vector<int>&
 
 int HourGrid::RulerWidth(const PageContext& context)
 {
-    return context.WidthOf(context.style.hour, u"00") + context.WidthOf(context.style.dayNote, u"00") +
-           context.style.pad;
+    return context.WidthOf(context.style.hour, u"00") +
+           context.WidthOf(context.style.dayNote, context.texts.HourRest(kNight)) + context.style.pad;
 }
 
 void HourGrid::DrawRuler(PageWriter& writer, const PageContext& context, const HourRange& hours, const CRect& area,
@@ -71,14 +72,14 @@ void HourGrid::DrawRuler(PageWriter& writer, const PageContext& context, const H
         spot.color = style.text;
         spot.align = PageAlign::Right;
         spot.room = CRect(area.left, top, area.left + hourWidth, top + spot.font.LineHeight());
-        writer.Text(spot, PrintTexts::Number(hours.from + i));
+        writer.Text(spot, context.texts.Hour(hours.from + i));
         spot.room.left = spot.room.right;
         spot.room.right = columnsLeft;
         spot.font.size = std::min(spot.font.size, style.dayNote.size);
         spot.room.bottom = top + spot.font.LineHeight();
         spot.align = PageAlign::Left;
         spot.color = style.muted;
-        writer.Text(spot, u"00");
+        writer.Text(spot, context.texts.HourRest(hours.from + i));
     }
 }
 
@@ -126,6 +127,31 @@ void HourGrid::Draw(PageWriter& writer, const CRect& area) const
     }
 }
 
+// As much of the item as the box holds: what does not fit goes, the place first, the time last.
+Entry HourGrid::EntryIn(const ItemPiece& piece, const CRect& box, int fontPercent) const
+{
+    const PageStyle& style = m_context.style;
+    EntryLook look;
+    look.font = style.body;
+    look.timeFont = style.bodyTime;
+    look.font.size = style.body.size * fontPercent / 100;
+    look.timeFont.size = style.bodyTime.size * fontPercent / 100;
+    const int line = look.font.LineHeight();
+    const int lines = std::max<int>(box.Height() / line, 1);
+    look.mostLines = lines;
+    look.withPlace = true;
+    look.withTime = lines > 1 || box.Width() >= kLeastTimeLines * line;
+    look.withEndTime = lines > 1 || box.Width() >= 2 * kLeastTimeLines * line;
+    Entry entry = LayOutEntry(m_context, piece, box.Width(), look);
+    for (bool* part : {&look.withPlace, &look.withEndTime, &look.withImage, &look.withTime}) {
+        if (entry.height > box.Height()) {
+            *part = false;
+            entry = LayOutEntry(m_context, piece, box.Width(), look);
+        }
+    }
+    return entry;
+}
+
 void HourGrid::DrawBox(PageWriter& writer, const ItemPiece& piece, const CRect& box) const
 {
     const PageStyle& style = m_context.style;
@@ -133,21 +159,12 @@ void HourGrid::DrawBox(PageWriter& writer, const ItemPiece& piece, const CRect& 
     writer.Fill(box, PaleFill(item.fill));
     writer.Frame(box, InkOf(item.edge), style.thinLine);
     writer.Fill(CRect(box.left, box.top, box.left + style.edgeStrip, box.bottom), InkOf(item.edge));
-    EntryLook look;
-    look.font = style.body;
-    look.timeFont = style.bodyTime;
-    look.withEndTime = true;
-    look.withPlace = true;
-    const int lines = std::max<int>(box.Height() / style.body.LineHeight(), 1);
-    look.mostLines = lines;
-    look.withTime = lines > 1 || box.Width() >= kLeastTimeLines * style.body.LineHeight();
-    look.withEndTime = lines > 1 || box.Width() >= 2 * kLeastTimeLines * style.body.LineHeight();
-    Entry entry = LayOutEntry(m_context, piece, box.Width(), look);
-    // What does not fit goes, the place first, the time last.
-    for (bool* part : {&look.withPlace, &look.withEndTime, &look.withImage, &look.withTime}) {
-        if (entry.height > box.Height()) {
-            *part = false;
-            entry = LayOutEntry(m_context, piece, box.Width(), look);
+    // Written smaller where that keeps the words whole.
+    Entry entry;
+    for (const int percent : kFontPercents) {
+        entry = EntryIn(piece, box, percent);
+        if (!entry.isCut && entry.height <= box.Height()) {
+            break;
         }
     }
     DrawEntry(writer, m_context, entry,

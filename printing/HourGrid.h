@@ -40,6 +40,7 @@ public:
 
 private:
     int MinutesOfLine(int height) const;
+    Entry EntryIn(const ItemPiece& piece, const CRect& box, int fontPercent) const;
     void DrawBox(PageWriter& writer, const ItemPiece& piece, const CRect& box) const;
 
     const PageContext& m_context;

@@ -49,7 +49,7 @@ public:
         if (width > room) {
             m_top = AddLines(time, font, PageRole::ItemTime, {room, room}, m_left, 0);
         } else if (!time.empty()) {
-            m_entry.runs.push_back({CPoint(m_left, 0), width, time, font, PageRole::ItemTime});
+            m_entry.runs.push_back({CPoint(m_left, 0), DropOf(font), width, time, font, PageRole::ItemTime});
             if (m_look.timeWidth == 0 || width > m_look.timeWidth) {
                 m_firstLeft = m_left + width + m_context.style.pad;
             }
@@ -102,6 +102,12 @@ public:
     }
 
 private:
+    int DropOf(const PageFont& font) const
+    {
+        const int room = m_look.font.LineHeight() - font.LineHeight();
+        return std::max(std::min(m_look.font.Ascent() - font.Ascent(), room), 0);
+    }
+
     int AddLines(const std::u16string& text, const PageFont& font, PageRole role, const LineRoom& room, int left,
                  int top)
     {
@@ -116,8 +122,10 @@ private:
         for (const TextLine& line : BreakText(text, font, room, m_context.measurer)) {
             if (!line.text.empty()) {
                 const int x = isFirst ? firstLeft : left;
-                m_entry.runs.push_back({CPoint(x, top), line.width, line.text, font, role});
+                const int drop = role == PageRole::ItemPlace && m_look.placeWidth > 0 ? DropOf(font) : 0;
+                m_entry.runs.push_back({CPoint(x, top), drop, line.width, line.text, font, role});
             }
+            m_entry.isCut = m_entry.isCut || line.isCut;
             isFirst = false;
             top += font.LineHeight();
         }
@@ -137,18 +145,18 @@ private:
 
 } // namespace
 
-std::u16string TimeOfPiece(const PrintItem& item, int day, bool withEnd)
+std::u16string TimeOfPiece(const PrintTexts& texts, const PrintItem& item, int day, bool withEnd)
 {
     if (item.isWholeDay) {
         return {};
     }
     if (!item.IsLong()) {
-        return withEnd ? PrintTexts::TimeSpan(item.startMinute, item.endMinute) : PrintTexts::Time(item.startMinute);
+        return withEnd ? texts.TimeSpan(item.startMinute, item.endMinute) : texts.Time(item.startMinute);
     }
     if (day == item.firstDay) {
-        return PrintTexts::Time(item.startMinute) + u"–";
+        return texts.Time(item.startMinute) + u"–";
     }
-    return day == item.lastDay ? u"–" + PrintTexts::Time(item.endMinute) : std::u16string();
+    return day == item.lastDay ? u"–" + texts.Time(item.endMinute) : std::u16string();
 }
 
 std::u16string WordsOfPiece(const PageContext& context, const ItemPiece& piece)
@@ -172,18 +180,19 @@ Entry LayOutEntry(const PageContext& context, const ItemPiece& piece, int width,
 {
     const PrintItem& item = context.source.items[piece.item];
     EntryWriter writer(context, look, width);
-    const std::u16string start = TimeOfPiece(item, piece.firstDay, false);
+    const std::u16string start = TimeOfPiece(context.texts, item, piece.firstDay, false);
     if (!look.dateText.empty()) {
         writer.AddTime({look.dateText});
     } else if (look.withTime && !start.empty()) {
-        writer.AddTime({TimeOfPiece(item, piece.firstDay, look.withEndTime), start});
+        writer.AddTime({TimeOfPiece(context.texts, item, piece.firstDay, look.withEndTime), start});
     } else {
         writer.AddTime({look.timeWidth > 0 ? context.texts.WholeDay() : std::u16string()});
     }
     const bool hasImage = item.image >= 0 && look.withImage && writer.AddImage(look.font.LineHeight());
     writer.AddWords(WordsOfPiece(context, piece), FontOf(item, look.font));
-    if (look.withPlace && !item.place.empty()) {
-        writer.AddPlace(item.place);
+    const std::u16string& place = look.placeText.empty() ? item.place : look.placeText;
+    if (look.withPlace && !place.empty()) {
+        writer.AddPlace(place);
     }
     Entry entry = writer.Finish(piece);
     entry.image = hasImage ? item.image : -1;
@@ -225,7 +234,7 @@ void DrawEntry(PageWriter& writer, const PageContext& context, const Entry& entr
         spot.role = run.role;
         spot.item = entry.piece.item;
         spot.day = entry.piece.firstDay;
-        writer.Line(at + run.at, run.width, spot, run.text);
+        writer.Line(at + run.at + CPoint(0, run.drop), run.width, spot, run.text);
     }
 }
 
@@ -267,7 +276,7 @@ void DrawBar(PageWriter& writer, const PageContext& context, const ItemPiece& pi
     spot.color = style.muted;
     spot.item = piece.item;
     spot.day = piece.firstDay;
-    const std::u16string time = TimeOfPiece(item, piece.firstDay, false);
+    const std::u16string time = TimeOfPiece(context.texts, item, piece.firstDay, false);
     const int width = context.WidthOf(spot.font, time);
     if (!time.empty() && width + kLeastRoom * style.body.LineHeight() < rect.Width()) {
         spot.room = rect;

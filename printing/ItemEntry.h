@@ -25,13 +25,15 @@ struct EntryLook
     bool withEndTime = false;
     std::u16string dateText; // stands for the time
     bool withPlace = false;
+    std::u16string placeText; // stands for the place
     bool withImage = true;
     int mostLines = 0; // of the words; 0: as many as it takes
 };
 
 struct EntryRun
 {
-    CPoint at; // from the entry's upper left corner
+    CPoint at; // from the entry's upper left corner; the same y for all of one line
+    int drop;  // of a smaller font, so that all of a line stand on one base line
     int width;
     std::u16string text;
     PageFont font;
@@ -45,6 +47,7 @@ struct Entry
     int height = 0;
     int image = -1; // at the left of the first line's words
     int imageLeft = 0;
+    bool isCut = false;         // words are left out, or broken where no break is allowed
     std::vector<EntryRun> runs; // from top to bottom
 };
 
@@ -61,7 +64,7 @@ int LaneStep(const PageStyle& style); // from one bar to the next
 void DrawBar(PageWriter& writer, const PageContext& context, const ItemPiece& piece, CRect rect);
 
 // The time beside the words: begin (and end) on a day of the item; empty where it says nothing.
-std::u16string TimeOfPiece(const PrintItem& item, int day, bool withEnd);
+std::u16string TimeOfPiece(const PrintTexts& texts, const PrintItem& item, int day, bool withEnd);
 // The words, with "(2/3)" on the days of a longer item.
 std::u16string WordsOfPiece(const PageContext& context, const ItemPiece& piece);
 PageFont FontOf(const PrintItem& item, PageFont font);

@@ -69,9 +69,14 @@ public:
     void Build()
     {
         SheetHeading heading;
-        heading.title = m_context.texts.MonthOf(m_firstOfMonth);
+        heading.title = m_context.texts.Month(m_firstOfMonth);
+        heading.firstDay = m_firstOfMonth;
+        heading.lastDay = m_lastOfMonth;
         heading.months = {FirstOfMonthAfter(m_firstOfMonth, -1), FirstOfMonthAfter(m_firstOfMonth, 1)};
         m_body = m_writer.BeginSheet(heading);
+        if (m_context.source.weekOf) {
+            m_body.left += m_context.WidthOf(m_style.small, u"00") + m_style.pad;
+        }
         DrawWeekdays();
         MakeRows();
         const std::vector<int> heights = ChooseHeights();
@@ -87,7 +92,11 @@ public:
 
 private:
     int Left(int column) const { return m_body.left + m_body.Width() * column / kWeekdays; }
-    int HeaderHeight() const { return m_style.dayNumber.LineHeight(); }
+    int HeaderHeight() const
+    {
+        const int notes = m_context.source.hasSky ? 2 * m_style.dayNote.LineHeight() : 0;
+        return std::max(m_style.dayNumber.LineHeight(), notes);
+    }
     int EntryWidth() const { return m_body.Width() / kWeekdays - m_style.pad; }
 
     EntryLook Look(int lines) const
@@ -289,6 +298,7 @@ private:
                 hasRest[column] = true;
             }
         }
+        DrawWeekNumber(row, top);
         for (int column = 0; column < kWeekdays; ++column) {
             const Cell& cell = row.cells[column];
             if (!cell.isShown) {
@@ -300,6 +310,21 @@ private:
                              Left(column) + m_style.pad / 2 + EntryWidth(), bottom - m_style.pad);
             FillBox(m_writer, m_context, area, cell.entries, cell.day, hasRest[column], m_later);
         }
+    }
+
+    // Before the row, in the room that Build has left for it.
+    void DrawWeekNumber(const Row& row, int top)
+    {
+        const auto shown =
+            std::find_if(std::begin(row.cells), std::end(row.cells), [](const Cell& c) { return c.isShown; });
+        if (!m_context.source.weekOf || shown == std::end(row.cells)) {
+            return;
+        }
+        const int width = m_context.WidthOf(m_style.small, u"00");
+        const int left = m_body.left - m_style.pad - width;
+        m_writer.Text({CRect(left, top, left + width, top + m_style.dayNumber.LineHeight()), m_style.small,
+                       m_style.muted, PageRole::Label, PageAlign::Right},
+                      PrintTexts::Number(m_context.source.weekOf(shown->day)));
     }
 
     void DrawDayNumber(const Cell& cell, CRect line)
@@ -324,7 +349,14 @@ private:
         spot.role = PageRole::DayNote;
         spot.align = PageAlign::Right;
         spot.room = line;
-        m_writer.Text(spot, SectionOf(m_context, cell.day).note);
+        const DaySection section = SectionOf(m_context, cell.day);
+        if (m_context.source.hasSky) {
+            spot.room.bottom = spot.room.top + m_style.dayNote.LineHeight();
+        }
+        m_writer.Text(spot, section.note);
+        spot.room += CPoint(0, m_style.dayNote.LineHeight());
+        spot.color = isOther ? m_style.faded : m_style.muted;
+        m_writer.Sky(spot, section.sky, section.moon);
     }
 
     PageWriter& m_writer;

@@ -87,12 +87,14 @@ struct PageShape
         Frame, // the pen lies inside the rectangle
         Line,  // from the upper left to the lower right corner; one of the extents is 0
         Ahead, // a triangle that points to the right: it goes on afterwards
-        Back   // to the left: it began before
+        Back,  // to the left: it began before
+        Moon   // a disc, the dark part filled
     };
     Kind kind;
     CRect rect;
     COLORREF color;
-    int pen = 0; // hundredths of a millimetre
+    int pen = 0;   // hundredths of a millimetre
+    int phase = 0; // of a moon: its elongation, degrees
 };
 
 struct PageImage

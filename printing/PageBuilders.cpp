@@ -45,7 +45,7 @@ PrintSource Cleaned(const PrintSource& source)
         item.text = OneLine(item.text);
         item.place = OneLine(item.place);
         if (item.text.empty()) {
-            item.text = u"–"; // an item without words is an item all the same
+            item.text.push_back(u'–'); // an item without words is an item all the same
         }
     }
     return cleaned;
@@ -113,17 +113,22 @@ void BuildList(PageWriter& writer, const PageContext& context, const PrintRange&
         }
         sections.push_back(SectionOf(context, day));
         sections.back().pieces = PiecesOfDay(context.source, here, day);
-        sections.back().emptyText = here.empty() ? context.texts.NoItems() : std::u16string();
+        if (here.empty()) {
+            sections.back().emptyText = context.texts.NoItems();
+        }
     }
     FlowLook look;
     look.columns = ColumnsFor(context, context.paper.cx);
     look.heading.title = context.texts.DateSpan(range.firstDay, range.lastDay);
     if (FirstOfMonth(range.firstDay) == FirstOfMonth(range.lastDay) &&
         FirstOfMonthAfter(range.firstDay, 1) == range.lastDay + 1 && FirstOfMonth(range.firstDay) == range.firstDay) {
-        look.heading.title = context.texts.MonthOf(range.firstDay);
+        look.heading.title = context.texts.Month(range.firstDay);
     }
+    look.heading.firstDay = range.firstDay;
+    look.heading.lastDay = range.lastDay;
     look.heading.months = {FirstOfMonth(range.firstDay), FirstOfMonthAfter(range.firstDay, 1)};
-    look.laterTitle = look.heading.title + context.texts.Continued();
+    look.laterTitle = look.heading.title;
+    look.laterTitle += context.texts.Continued();
     if (sections.empty()) {
         const CRect body = writer.BeginSheet(look.heading);
         writer.Text({CRect(body.left, body.top, body.right, body.top + context.style.body.LineHeight()),

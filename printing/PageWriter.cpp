@@ -12,10 +12,12 @@ namespace {
 constexpr int kWeekdays = 7;
 constexpr int kWeeksOfMonth = 6;
 constexpr int kSmallMonthRows = kWeeksOfMonth + 2; // name and weekdays
-constexpr int kLargestMarginShare = 8;             // a margin takes at most this part of the sheet
-constexpr int kLargestHeaderShare = 5;             // the small months at most this part of the height
-constexpr int kSmallMonthWidthPercent = 1050;      // of a number's line height
-constexpr int kDotShare = 7;                       // of a cell's height
+constexpr int kLargestMarginShare = 8;        // a margin takes at most this part of the sheet
+constexpr int kLargestHeaderShare = 5;        // the small months at most this part of the height
+constexpr int kSmallMonthWidthPercent = 1050; // of a number's line height
+constexpr int kMoonPercent = 72;              // of a line's height
+constexpr char16_t kWideBlank = u'\x3000';    // between the parts of a subtitle
+constexpr int kDotShare = 7;                  // of a cell's height
 
 } // namespace
 
@@ -35,7 +37,7 @@ int FirstOfMonthAfter(int day, int months)
 
 PageContext::PageContext(const PrintSource& source_, const PrintOptions& options_, const TextMeasurer& measurer_,
                          CSize paper_)
-    : source(source_), options(options_), measurer(measurer_), texts(options_.language), paper(paper_),
+    : source(source_), options(options_), measurer(measurer_), texts(TextsFor(options_, source_.texts)), paper(paper_),
       style(StyleFor(options_, paper_))
 {
 }
@@ -86,11 +88,43 @@ CRect PageWriter::BeginSheet(const SheetHeading& heading)
     return body;
 }
 
+// What stands below the title: one line, or two where all of it does not fit and the header has the room. Lines break
+// between the parts, which wide blanks separate.
+std::vector<std::u16string> PageWriter::SubtitleLines(const CRect& area, const SheetHeading& heading) const
+{
+    const PageStyle& style = m_context.style;
+    const PrintSource& source = m_context.source;
+    std::u16string all = heading.subtitle;
+    const bool hasDays = source.titleNote && heading.lastDay >= heading.firstDay && heading.lastDay != 0;
+    for (const std::u16string& part :
+         {hasDays ? source.titleNote(heading.firstDay, heading.lastDay) : std::u16string(), source.title}) {
+        if (!part.empty()) {
+            all += all.empty() ? std::u16string() : std::u16string(1, kWideBlank);
+            all += part;
+        }
+    }
+    const bool hasRoom = area.Height() >= style.title.LineHeight() + 2 * style.subtitle.LineHeight();
+    if (!hasRoom || m_context.WidthOf(style.subtitle, all) <= area.Width()) {
+        return {all};
+    }
+    std::size_t end = all.rfind(kWideBlank);
+    while (end != std::u16string::npos && end > 0 &&
+           m_context.WidthOf(style.subtitle, all.substr(0, end)) > area.Width()) {
+        end = all.rfind(kWideBlank, end - 1);
+    }
+    if (end == std::u16string::npos || end == 0) {
+        return {all};
+    }
+    return {all.substr(0, end), all.substr(end + 1)};
+}
+
 void PageWriter::DrawTitle(const CRect& area, const SheetHeading& heading)
 {
     const PageStyle& style = m_context.style;
+    const std::vector<std::u16string> subtitles = SubtitleLines(area, heading);
     CRect line = area;
-    line.top = area.bottom - style.title.LineHeight() - style.subtitle.LineHeight();
+    line.top =
+        area.bottom - style.title.LineHeight() - static_cast<int>(subtitles.size()) * style.subtitle.LineHeight();
     line.bottom = line.top + style.title.LineHeight();
     // A title that is too wide becomes smaller rather than cut.
     PageFont font = style.title;
@@ -99,14 +133,11 @@ void PageWriter::DrawTitle(const CRect& area, const SheetHeading& heading)
         font.size = std::max(font.size * line.Width() / (width + 1), style.body.size);
     }
     Text({line, font, style.text, PageRole::Title}, heading.title);
-    line.top = line.bottom;
-    line.bottom = area.bottom;
-    const std::u16string& view = m_context.source.title;
-    std::u16string subtitle = heading.subtitle;
-    if (!view.empty()) {
-        subtitle += (subtitle.empty() ? u"" : u"　") + view;
+    for (const std::u16string& subtitle : subtitles) {
+        line.top = line.bottom;
+        line.bottom = line.top + style.subtitle.LineHeight();
+        Text({line, style.subtitle, heading.subtitleColor, PageRole::Title}, subtitle);
     }
-    Text({line, style.subtitle, heading.subtitleColor, PageRole::Title}, subtitle);
 }
 
 // At the right of the area; returns where they begin.
@@ -121,11 +152,16 @@ int PageWriter::DrawSmallMonths(const CRect& area, const SheetHeading& heading)
         --count;
     }
     const PageFont name = {PageFace::Text, style.mini.size, true, false};
+    // The days that the sheet shows, but for whole months.
+    const bool marksDays = heading.firstDay != 0 && heading.lastDay - heading.firstDay < kFewDays;
+    const auto markOf = [&](int day) {
+        return DayMark{marksDays && day >= heading.firstDay && day <= heading.lastDay, style.headingFill, false};
+    };
     int left = area.right - count * width - std::max(count - 1, 0) * style.gap;
     const int result = left;
     for (int i = 0; i < count; ++i, left += width + style.gap) {
         SmallMonth(CRect(left, area.top, left + width, area.top + kSmallMonthRows * style.mini.LineHeight()),
-                   heading.months[offered - count + i], {name, style.mini, {}});
+                   heading.months[offered - count + i], {name, style.mini, markOf});
     }
     return result;
 }
@@ -166,27 +202,27 @@ std::vector<Page> PageWriter::Finish()
 
 void PageWriter::Fill(const CRect& rect, COLORREF color)
 {
-    Current().shapes.push_back({PageShape::Fill, rect, Ink(color), 0});
+    Current().shapes.push_back({PageShape::Fill, rect, Ink(color), 0, 0});
 }
 
 void PageWriter::Frame(const CRect& rect, COLORREF color, int pen)
 {
-    Current().shapes.push_back({PageShape::Frame, rect, Ink(color), pen});
+    Current().shapes.push_back({PageShape::Frame, rect, Ink(color), pen, 0});
 }
 
 void PageWriter::HorzLine(int left, int right, int y, COLORREF color, int pen)
 {
-    Current().shapes.push_back({PageShape::Line, CRect(left, y, right, y), Ink(color), pen});
+    Current().shapes.push_back({PageShape::Line, CRect(left, y, right, y), Ink(color), pen, 0});
 }
 
 void PageWriter::VertLine(int x, int top, int bottom, COLORREF color, int pen)
 {
-    Current().shapes.push_back({PageShape::Line, CRect(x, top, x, bottom), Ink(color), pen});
+    Current().shapes.push_back({PageShape::Line, CRect(x, top, x, bottom), Ink(color), pen, 0});
 }
 
 void PageWriter::Symbol(PageShape::Kind kind, const CRect& rect, COLORREF color)
 {
-    Current().shapes.push_back({kind, rect, Ink(color), m_context.style.thinLine});
+    Current().shapes.push_back({kind, rect, Ink(color), m_context.style.thinLine, 0});
 }
 
 void PageWriter::Image(const CRect& rect, int image, COLORREF background)
@@ -207,6 +243,31 @@ void PageWriter::Text(const TextSpot& spot, const std::u16string& text)
     box.top += (spot.room.Height() - spot.font.LineHeight()) / 2;
     box.bottom = box.top + spot.font.LineHeight();
     Current().texts.push_back({box, line.text, spot.font, spot.align, Ink(spot.color), spot.role, spot.item, spot.day});
+}
+
+void PageWriter::Sky(const TextSpot& spot, const std::u16string& text, double moon)
+{
+    const int size = spot.font.LineHeight() * kMoonPercent / 100;
+    const int before = size + size / 2;
+    if (moon < 0 || spot.room.Width() < before) {
+        Text(spot, text);
+        return;
+    }
+    TextSpot words = spot;
+    const int width = std::min<int>(m_context.WidthOf(spot.font, text), spot.room.Width() - before);
+    const int free = spot.room.Width() - before - width;
+    words.room.left += before + (spot.align == PageAlign::Right    ? free
+                                 : spot.align == PageAlign::Center ? free / 2
+                                                                   : 0);
+    words.room.right = words.room.left + width;
+    words.align = PageAlign::Left;
+    CRect disc(CPoint(words.room.left - before, (spot.room.top + spot.room.bottom - size) / 2), CSize(size, size));
+    if (text.empty()) {
+        disc += CPoint(spot.align == PageAlign::Right ? size / 2 : 0, 0);
+    }
+    Symbol(PageShape::Moon, disc, spot.color);
+    Current().shapes.back().phase = static_cast<int>(moon + 0.5);
+    Text(words, text);
 }
 
 void PageWriter::Line(CPoint at, int width, const TextSpot& spot, const std::u16string& text)
@@ -239,7 +300,7 @@ void PageWriter::SmallMonth(const CRect& rect, int firstDay, const SmallMonthLoo
         return CRect(columnLeft(column), rowTop(row), columnLeft(column + 1), rowTop(row + 1));
     };
     Text({CRect(rect.left, rect.top, rect.right, rowTop(1)), look.name, style.text, PageRole::Label, PageAlign::Center},
-         texts.MonthOf(firstDay));
+         texts.Month(firstDay));
     const int firstWeekday = m_context.source.firstDayOfWeek;
     PageFont weekdayFont = look.name;
     weekdayFont.bold = false;

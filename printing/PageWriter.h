@@ -31,6 +31,8 @@ struct SheetHeading
     std::u16string title;
     std::u16string subtitle;
     COLORREF subtitleColor = 0x505050;
+    int firstDay = 0; // what the sheet shows
+    int lastDay = 0;
     std::vector<int> months; // small months, each by its first day; where there is less room the first ones go
 };
 
@@ -62,6 +64,8 @@ public:
     void Symbol(PageShape::Kind kind, const CRect& rect, COLORREF color);
     void Image(const CRect& rect, int image, COLORREF background);
     void Text(const TextSpot& spot, const std::u16string& text);
+    // The same with a moon before the text, by its elongation in degrees; negative: none.
+    void Sky(const TextSpot& spot, const std::u16string& text, double moon);
     // A line that is known to fit, with its top left corner.
     void Line(CPoint at, int width, const TextSpot& spot, const std::u16string& text);
 
@@ -94,6 +98,7 @@ public:
 
 private:
     CRect Content() const;
+    std::vector<std::u16string> SubtitleLines(const CRect& area, const SheetHeading& heading) const;
     void DrawTitle(const CRect& area, const SheetHeading& heading);
     int DrawSmallMonths(const CRect& area, const SheetHeading& heading);
     int FooterHeight() const;

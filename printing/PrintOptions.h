@@ -17,6 +17,7 @@ enum class PageKind
 
 enum class PrintLanguage
 {
+    OfControl, // the control's own words: CCalendarCtrl::SetTexts
     Japanese,
     English
 };
@@ -65,7 +66,7 @@ struct PrintOptions
     bool showSolarTerms = true;
     bool showLunarDates = true;
 
-    PrintLanguage language = PrintLanguage::Japanese;
+    PrintLanguage language = PrintLanguage::OfControl;
 };
 
 // Which way up the sheet suits the page.

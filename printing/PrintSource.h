@@ -3,9 +3,12 @@
 
 #include "PrintOptions.h"
 
+#include "../core/TextSettings.h"
+
 #include <atltypes.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,9 +42,12 @@ struct PrintDay
 {
     std::u16string holiday;
     bool isDayOff = false;
-    std::u16string solarTerm;
-    int lunarMonth = 0; // 0: not known
+    std::u16string solarTerm; // and seasonal days
+    std::u16string sky;       // what the view says of every day: rokuyo, lunar date, the moon's quarters
+    double moon = -1;         // elongation in degrees of the moon that stands before that; negative: none
+    int lunarMonth = 0;       // 0: not known
     int lunarDay = 0;
+    bool isLeapMonth = false;
     std::u16string note; // of the host
 };
 
@@ -51,7 +57,12 @@ struct PrintSource
     std::function<PrintDay(int)> dayFacts; // none: plain days
     int firstDayOfWeek = 1;                // 1 Sunday .. 7 Saturday
     std::u16string title;                  // of the view; empty: only the date stands on top
-    int today = 0;                         // day number, for "printed on"
+    std::shared_ptr<const CalendarTexts> texts = RequiredTexts();
+    // What stands beside the title over these days: year of the era, week. None: nothing.
+    std::function<std::u16string(int first, int last)> titleNote;
+    std::function<int(int day)> weekOf; // number of the day's week, for the month; none: weeks have no numbers
+    bool hasSky = false;                // days have the texts of the sky
+    int today = 0;                      // day number, for "printed on"
 
     PrintDay FactsOf(int day) const { return dayFacts ? dayFacts(day) : PrintDay(); }
 };

@@ -1,8 +1,11 @@
-// The words of printed pages, in the language of the options.
+// The words of printed pages: names, dates and times as the control's texts say them.
 #pragma once
 
 #include "PrintOptions.h"
 
+#include "../core/CalendarTexts.h"
+
+#include <memory>
 #include <string>
 
 namespace dayvane {
@@ -10,47 +13,55 @@ namespace dayvane {
 class PrintTexts
 {
 public:
-    explicit PrintTexts(PrintLanguage language) : m_japanese(language == PrintLanguage::Japanese) {}
+    explicit PrintTexts(std::shared_ptr<const CalendarTexts> words) : m_words(std::move(words)) {}
 
     // Dates; days are day numbers.
-    std::u16string Year(int year) const;             // "2026年", "2026"
-    std::u16string Month(int year, int month) const; // "2026年11月", "November 2026"
-    std::u16string MonthOf(int day) const;
-    std::u16string MonthName(int month) const; // "11月", "November"
-    std::u16string Date(int day) const;        // "2026年11月24日", "24 November 2026"
-    std::u16string DateSpan(int first, int last) const;
-    std::u16string ShortDate(int day) const;          // "11/24", "24 Nov"
-    std::u16string DayHeading(int day) const;         // "11月24日（火）", "Tuesday, 24 November"
-    std::u16string Weekday(int dayOfWeek) const;      // 1 Sunday .. 7: "火曜日", "Tuesday"
-    std::u16string ShortWeekday(int dayOfWeek) const; // "火", "Tue"
-    std::u16string TinyWeekday(int dayOfWeek) const;  // "火", "T"
+    std::u16string Year(int firstDay) const { return Text(&CalendarTexts::pageYear, firstDay); }
+    std::u16string Month(int day) const { return Text(&CalendarTexts::pageMonth, day); }
+    std::u16string MonthName(int day) const; // without the year
+    std::u16string Date(int day) const { return Text(&CalendarTexts::pageDate, day); }
+    std::u16string DateSpan(int first, int last) const; // "16 – 20 November 2026", "2026年11月16日 – 20日"
+    std::u16string ShortDate(int day) const { return Text(&CalendarTexts::monthDay, day); }
+    std::u16string ShortDates(int first, int last) const; // "11/3", "11/3–11/5"
+    std::u16string DayHeading(int day) const { return Text(&CalendarTexts::pageDay, day); }
+    static std::u16string DayOfMonth(int day);
+    // 1 Sunday .. 7 Saturday
+    std::u16string Weekday(int dayOfWeek) const;
+    std::u16string ShortWeekday(int dayOfWeek) const;
+    std::u16string TinyWeekday(int dayOfWeek) const { return ShortWeekday(dayOfWeek).substr(0, 1); }
 
-    // Times, minutes of the day; 1440 is 24:00.
-    static std::u16string Time(int minute);
-    static std::u16string TimeSpan(int start, int end);
+    // Times, minutes of the day; 1440 is the end of the day.
+    std::u16string Time(int minute) const;
+    std::u16string TimeSpan(int start, int end) const;
+    std::u16string WidestSpan() const; // of those of one day
+    std::u16string Hour(int hour) const;
+    std::u16string HourRest(int hour) const; // stands raised beside it: "00", "PM"
     static std::u16string Number(int n);
-    std::u16string DayOfMonth(int day) const;
-    // "11/3", "11/3–11/5"
-    std::u16string ShortDates(int first, int last) const;
 
-    std::u16string LunarDate(int month, int day) const;
+    std::u16string LunarDate(int month, int day, bool isLeapMonth) const;
 
     // Around the items
-    std::u16string WholeDay() const { return m_japanese ? u"終日" : u"all day"; }
-    std::u16string DayOfDays(int day, int days) const; // "(2/3)"
-    std::u16string OtherItems() const { return m_japanese ? u"そのほかの予定" : u"Also on this day"; }
-    std::u16string Notes() const { return m_japanese ? u"メモ" : u"Notes"; }
-    std::u16string NoItems() const { return m_japanese ? u"予定はありません" : u"No items"; }
+    const std::u16string& WholeDay() const { return m_words->wholeDay; }
+    static std::u16string DayOfDays(int day, int days); // "(2/3)"
+    const std::u16string& OtherItems() const { return m_words->pageOther; }
+    const std::u16string& Notes() const { return m_words->pageNotes; }
+    const std::u16string& NoItems() const { return m_words->pageNothing; }
+    const std::u16string& TimedItems() const { return m_words->pageTimed; }
     // On what goes on elsewhere, and over what has begun elsewhere
     std::u16string ContinuedOn(int page) const;
-    std::u16string Continued() const { return m_japanese ? u"（続き）" : u" (continued)"; }
+    const std::u16string& Continued() const { return m_words->pageAgain; }
 
     // Footer
     std::u16string PageOf(int page, int pages) const;
-    std::u16string Printed(int day) const;
+    std::u16string Printed(int day) const { return m_words->pagePrinted + Date(day); }
 
 private:
-    bool m_japanese;
+    std::u16string Text(std::u16string CalendarTexts::*pattern, int day) const;
+
+    std::shared_ptr<const CalendarTexts> m_words;
 };
+
+// The words for pages with these options, of a control with these texts.
+PrintTexts TextsFor(const PrintOptions& options, std::shared_ptr<const CalendarTexts> ofControl);
 
 } // namespace dayvane

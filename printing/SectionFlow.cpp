@@ -11,7 +11,6 @@ constexpr int kLeastColumnLines = 30; // width of a column, in heights of a body
 constexpr int kMostColumns = 4;
 constexpr int kPlaceColumnLines = 34; // from this width on the place has a column of its own
 constexpr int kPlaceSharePercent = 30;
-constexpr char16_t kWidestSpan[] = u"00:00–00:00";
 
 class Flow
 {
@@ -68,7 +67,7 @@ private:
         EntryLook look;
         look.font = m_style.body;
         look.timeFont = m_style.bodyTime;
-        look.timeWidth = m_context.WidthOf(look.timeFont, kWidestSpan) + 2 * m_style.pad;
+        look.timeWidth = m_context.WidthOf(look.timeFont, m_context.texts.WidestSpan()) + 2 * m_style.pad;
         look.withEndTime = true;
         look.withPlace = true;
         const int width = ColumnWidth();
@@ -116,7 +115,8 @@ private:
         spot.day = section.day;
         m_writer.Text(spot, heading);
         room.left += std::min<int>(m_context.WidthOf(m_style.dayHeading, heading), room.Width()) + m_style.gap / 2;
-        m_writer.Text({room, m_style.small, section.color, PageRole::DayNote, PageAlign::Right}, section.note);
+        m_writer.Sky({room, m_style.small, section.color, PageRole::DayNote, PageAlign::Right}, section.AllNotes(),
+                     section.moon);
         m_y += HeadingHeight();
     }
 
@@ -201,6 +201,8 @@ DaySection SectionOf(const PageContext& context, int day)
     if (!facts.note.empty()) {
         section.note += (section.note.empty() ? u"" : u"　") + facts.note;
     }
+    section.sky = facts.sky;
+    section.moon = facts.moon;
     section.color = context.style.DayColor(civil::DayOfWeek(day), context.options.showHolidays && facts.isDayOff);
     return section;
 }

@@ -11,11 +11,15 @@ struct DaySection
     int day = 0;
     std::u16string heading;
     std::u16string note; // beside the heading
+    std::u16string sky;  // likewise: what is said of every day
+    double moon = -1;    // stands before that; see PrintDay
     COLORREF color = 0;  // of the heading
     std::vector<ItemPiece> pieces;
     bool namesDates = false;  // its pieces lie on several days: each has its dates before it
     std::u16string emptyText; // stands for items where there are none
     int sheet = 0;            // out: on which sheet it begins, 1: the first
+
+    std::u16string AllNotes() const { return sky.empty() ? note : note.empty() ? sky : note + u"　" + sky; }
 };
 
 // Heading, note and colour of a day; no pieces.

@@ -59,8 +59,9 @@ public:
     }
 
     // Where the line that begins at `from` ends.
-    std::size_t EndOfLine(std::size_t from, int room, bool mayStayEmpty) const
+    std::size_t EndOfLine(std::size_t from, int room, bool mayStayEmpty, bool& isBroken) const
     {
+        isBroken = false;
         std::size_t fit = from;
         while (fit < m_text.size() && WidthOf(from, fit + 1) <= room) {
             ++fit;
@@ -78,6 +79,7 @@ public:
         if (mayStayEmpty) {
             return from;
         }
+        isBroken = true;
         fit = std::max(fit, from + 1);
         return fit < m_text.size() && IsTrail(m_text[fit]) ? (fit > from + 1 ? fit - 1 : fit + 1) : fit;
     }
@@ -87,7 +89,7 @@ public:
         while (to > from && m_text[to - 1] == u' ') {
             --to;
         }
-        return {m_text.substr(from, to - from), WidthOf(from, to)};
+        return {m_text.substr(from, to - from), WidthOf(from, to), false};
     }
 
 private:
@@ -112,8 +114,10 @@ std::vector<TextLine> BreakText(const std::u16string& text, const PageFont& font
             lines.push_back(CutText(text.substr(from), font, width, measurer));
             break;
         }
-        const std::size_t end = breaker.EndOfLine(from, width, isFirst && room.next > room.first);
+        bool isBroken = false;
+        const std::size_t end = breaker.EndOfLine(from, width, isFirst && room.next > room.first, isBroken);
         lines.push_back(breaker.Line(from, end));
+        lines.back().isCut = isBroken;
         from = end;
         while (from < text.size() && text[from] == u' ') {
             ++from;
@@ -127,7 +131,7 @@ TextLine CutText(const std::u16string& text, const PageFont& font, int width, co
     std::vector<int> ends;
     measurer.Measure(font, text, ends);
     if (ends.empty() || ends.back() <= width) {
-        return {text, ends.empty() ? 0 : ends.back()};
+        return {text, ends.empty() ? 0 : ends.back(), false};
     }
     const int room = width - measurer.WidthOf(font, std::u16string(1, kEllipsis));
     std::size_t length = static_cast<std::size_t>(std::upper_bound(ends.begin(), ends.end(), room) - ends.begin());
@@ -135,9 +139,9 @@ TextLine CutText(const std::u16string& text, const PageFont& font, int width, co
         --length;
     }
     if (room < 0) {
-        return {std::u16string(), 0};
+        return {std::u16string(), 0, true};
     }
-    return {text.substr(0, length) + kEllipsis, width};
+    return {text.substr(0, length) + kEllipsis, width, true};
 }
 
 std::u16string OneLine(const std::u16string& text)

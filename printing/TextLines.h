@@ -9,6 +9,7 @@ struct TextLine
 {
     std::u16string text;
     int width;
+    bool isCut; // its end is left out, or its last word broken
 };
 
 struct LineRoom

@@ -26,6 +26,8 @@ public:
     {
         SheetHeading heading;
         heading.title = m_context.texts.DateSpan(m_firstDay, m_lastDay);
+        heading.firstDay = m_firstDay;
+        heading.lastDay = m_lastDay;
         heading.months = {FirstOfMonth(m_firstDay), FirstOfMonthAfter(m_firstDay, 1)};
         m_body = m_writer.BeginSheet(heading);
         const std::vector<int> items = ItemsOf(m_context.source, m_firstDay, m_lastDay);
@@ -126,7 +128,7 @@ private:
         spot.font = m_style.small;
         spot.role = PageRole::DayNote;
         spot.align = PageAlign::Right;
-        m_writer.Text(spot, section.note);
+        m_writer.Sky(spot, section.AllNotes(), section.moon);
         const CRect area(rect.left + m_style.pad / 2, line.bottom + m_style.pad / 2, rect.right - m_style.pad / 2,
                          rect.bottom - m_style.pad / 2);
         FillBox(m_writer, m_context, area, entries, day, false, m_later);

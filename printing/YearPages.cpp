@@ -35,7 +35,9 @@ public:
     void Build()
     {
         SheetHeading heading;
-        heading.title = m_context.texts.Year(m_year);
+        heading.title = m_context.texts.Year(m_first);
+        heading.firstDay = m_first;
+        heading.lastDay = m_last;
         m_body = m_writer.BeginSheet(heading);
         m_isWide = m_body.Width() > m_body.Height();
         if (m_context.options.yearForm == PrintOptions::YearForm::Boxes) {
@@ -46,7 +48,7 @@ public:
         m_later.Print(heading, [&](int firstOfMonth) {
             DaySection section;
             section.day = firstOfMonth;
-            section.heading = m_context.texts.MonthOf(firstOfMonth);
+            section.heading = m_context.texts.Month(firstOfMonth);
             section.namesDates = true;
             return section;
         });
@@ -97,6 +99,7 @@ private:
     void DrawCalendar()
     {
         MarkDays();
+        DrawDotNote();
         const bool hasLegend =
             std::any_of(m_items.begin(), m_items.end(), [&](int i) { return m_context.source.items[i].IsBand(); });
         CRect months = m_body;
@@ -124,6 +127,51 @@ private:
         }
     }
 
+    // What lasts whole days, in the order of the first days. Items of one text and look, such as the pay days of a
+    // year, are one entry with all their dates.
+    std::vector<std::vector<ItemPiece>> LegendGroups() const
+    {
+        std::vector<std::vector<ItemPiece>> groups;
+        for (const int i : m_items) {
+            const PrintItem& item = m_context.source.items[i];
+            if (!item.IsBand()) {
+                continue;
+            }
+            const auto isLike = [&](const std::vector<ItemPiece>& group) {
+                const PrintItem& other = m_context.source.items[group.front().item];
+                return other.text == item.text && other.fill == item.fill && other.edge == item.edge &&
+                       other.isStruck == item.isStruck;
+            };
+            const ItemPiece piece = {i, std::max(item.firstDay, m_first), std::min(item.lastDay, m_last)};
+            const auto group = std::find_if(groups.begin(), groups.end(), isLike);
+            if (group != groups.end()) {
+                group->push_back(piece);
+            } else {
+                groups.push_back({piece});
+            }
+        }
+        return groups;
+    }
+
+    Entry LegendEntry(const std::vector<ItemPiece>& group, int width) const
+    {
+        EntryLook look;
+        look.font = m_style.body;
+        look.timeFont = m_style.bodyTime;
+        std::u16string dates;
+        for (const ItemPiece& piece : group) {
+            dates += (dates.empty() ? u"" : u", ") + m_context.texts.ShortDates(piece.firstDay, piece.lastDay);
+        }
+        if (group.size() == 1) {
+            look.dateText = dates;
+        } else {
+            look.withTime = false;
+            look.withPlace = true;
+            look.placeText = dates;
+        }
+        return LayOutEntry(m_context, group.front(), width, look);
+    }
+
     void DrawLegend(const CRect& area)
     {
         const int columns = std::max<int>(1, area.Width() / (kLegendColumnLines * m_style.body.LineHeight()));
@@ -133,25 +181,17 @@ private:
         int column = 0;
         int top = room.top;
         int firstLater = 0; // the month whose items are the first without room
-        for (const int i : m_items) {
-            const PrintItem& item = m_context.source.items[i];
-            if (!item.IsBand()) {
-                continue;
-            }
-            const ItemPiece piece = {i, std::max(item.firstDay, m_first), std::min(item.lastDay, m_last)};
-            EntryLook look;
-            look.font = m_style.body;
-            look.timeFont = m_style.bodyTime;
-            look.dateText = m_context.texts.ShortDates(piece.firstDay, piece.lastDay);
-            const Entry entry = LayOutEntry(m_context, piece, width, look);
+        for (const std::vector<ItemPiece>& group : LegendGroups()) {
+            const Entry entry = LegendEntry(group, width);
             if (top + entry.height > room.bottom && column + 1 < columns) {
                 ++column;
                 top = room.top;
             }
             if (firstLater != 0 || top + entry.height > room.bottom) {
-                const int month = FirstOfMonth(piece.firstDay);
-                firstLater = firstLater != 0 ? firstLater : month;
-                m_later.Add(month, piece);
+                firstLater = firstLater != 0 ? firstLater : FirstOfMonth(group.front().firstDay);
+                for (const ItemPiece& piece : group) {
+                    m_later.Add(FirstOfMonth(piece.firstDay), piece);
+                }
                 continue;
             }
             DrawEntry(m_writer, m_context, entry, CPoint(room.left + column * (width + m_style.gap), top), width);
@@ -160,6 +200,22 @@ private:
         if (firstLater != 0) {
             m_later.Mark(firstLater, area);
         }
+    }
+
+    // What the dots below the days mean, in the last line of the body, which ends above it then.
+    void DrawDotNote()
+    {
+        if (std::none_of(m_marks.begin(), m_marks.end(), [](const PageWriter::DayMark& mark) { return mark.hasDot; })) {
+            return;
+        }
+        CRect line = m_body;
+        line.top = line.bottom - MarkHeight(m_style);
+        m_body.bottom = line.top - m_style.pad;
+        const int size = m_style.pad / 2;
+        const int middle = (line.top + line.bottom) / 2;
+        m_writer.Fill(CRect(line.left, middle - size / 2, line.left + size, middle - size / 2 + size), m_style.rule);
+        line.left += size + m_style.pad;
+        m_writer.Text({line, m_style.small, m_style.muted}, m_context.texts.TimedItems());
     }
 
     // ---- Boxes
@@ -174,7 +230,7 @@ private:
             m_writer.HorzLine(line.left, line.right, line.bottom, m_style.line, m_style.thinLine);
             line.left += m_style.pad;
             m_writer.Text({line, m_style.dayHeading, m_style.text, PageRole::DayHeading},
-                          m_context.texts.MonthName(month + 1));
+                          m_context.texts.MonthName(FirstOf(month)));
             CRect area(box.left + m_style.pad / 2, line.bottom + m_style.pad / 2, box.right - m_style.pad / 2,
                        box.bottom - m_style.pad / 2);
             FillBox(m_writer, m_context, area, EntriesOf(month, area.Width()), FirstOf(month), false, m_later);

@@ -1,5 +1,7 @@
 // The printers of the views on metafiles and on a PostScript printer: what is on the pages, and what DoPrint answers.
+#include "calc/DayProvider.h"
 #include "core/DateMath.h"
+#include "core/MixedText.h"
 #include "printing/CalendarPrinter.h"
 #include "support/GuiCounts.h"
 #include "support/PaperPrinter.h"
@@ -246,6 +248,118 @@ TEST(CalendarPrinters, TitlesAndListsAreThere)
     EXPECT_EQ(plain.GetPrinter(), nullptr);
     PageRecorder recorder(kA4, nullptr);
     EXPECT_EQ(plain.DoPrint(&recorder.Dc(), nullptr), 0);
+}
+
+// The day's own names as the host's provider gives them, and the lines that the view has.
+TEST(CalendarPrinters, PagesSayOfADayWhatTheViewSays)
+{
+    class Founding : public DayProvider
+    {
+        DayInfo InfoOf(const CivilDate& date) const override
+        {
+            DayInfo info;
+            if (date == CivilDateOf(kTuesday)) {
+                info.names = {{u8"創立記念日", DayKind::HostDay}, {u8"小雪", DayKind::SolarTerm}};
+                info.isDayOff = true;
+            }
+            return info;
+        }
+    } founding;
+    ShownCtrl ctrl(kViews[0]);
+    ctrl->SetFirstDayOfWeek(2);
+    ctrl->SetDayProvider(&founding);
+    DayLines lines;
+    lines.rokuyo = lines.eraTitles = lines.weekNumbers = lines.moonPhase = true;
+    ctrl->SetDayLines(lines);
+    const auto has = [&](const wchar_t* words) { return Count(PrintedTexts(*ctrl, kA4), words) > 0; };
+    EXPECT_TRUE(has(L"2026年11月24日"));
+    for (const wchar_t* words :
+         {L"火曜日", L"創立記念日", L"小雪", L"旧暦 10/16", L"先勝", L"満月", L"令和8年", L"第48週"}) {
+        EXPECT_TRUE(has(words)) << EncodeText(std::u16string(words, words + ::lstrlenW(words)), kUtf8CodePage);
+    }
+    ctrl->ShowHoliday(FALSE);
+    EXPECT_FALSE(has(L"創立記念日"));
+    ctrl->SetTexts(CalendarTexts::English());
+    EXPECT_TRUE(has(L"24 November 2026") && has(L"Tuesday") && has(L"lunar 10/16") && has(L"Page 1 of 1"));
+    CalendarTexts american = CalendarTexts::English();
+    american.time = u"%#I:%M %p";
+    american.hour = u"%#I";
+    american.hourRest = u" %p";
+    american.pageDate = u"%B %#d, %Y";
+    ctrl->SetTexts(american);
+    ctrl.Fill(1, 0);
+    EXPECT_TRUE(has(L"November 24, 2026") &&
+                has(L"8:00 AM\x2013"
+                    L"9:00 AM") &&
+                has(L"PM"));
+    PrintOptions japanese;
+    japanese.language = PrintLanguage::Japanese;
+    ctrl->GetPrinter(); // makes it
+    CCalendarPrinter::Of(*ctrl)->SetOptions(japanese);
+    EXPECT_TRUE(has(L"2026年11月24日") && has(L"8:00\x2013"
+                                              L"9:00"));
+}
+
+TEST(CalendarPrinters, EachTextStaysInItsBoxOnAPrinter)
+{
+    ASSERT_TRUE(AddPaperPrinter(PAPER_PPD));
+    CPrintDialog dialog(FALSE);
+    ASSERT_TRUE(dialog.GetDefaults());
+    for (const ViewRow& row : kViews) {
+        for (const CSize paper : {kA4, CSize(2794, 2159)}) {
+            ShownCtrl ctrl(row);
+            ctrl.Fill(40, 0);
+            ctrl->GetPrinter();
+            CCalendarPrinter& printer = *CCalendarPrinter::Of(*ctrl);
+            for (const Page& page : printer.MakePages(paper)) {
+                PageRecorder recorder(paper, dialog.m_pd.hDC);
+                PageView view;
+                view.dpiX = ::GetDeviceCaps(dialog.m_pd.hDC, LOGPIXELSX);
+                view.dpiY = ::GetDeviceCaps(dialog.m_pd.hDC, LOGPIXELSY);
+                printer.DrawPage(&recorder.Dc(), page, view);
+                const std::vector<DrawnText> drawn = recorder.Texts();
+                ASSERT_EQ(drawn.size(), page.texts.size()) << row.name;
+                for (std::size_t i = 0; i < drawn.size(); ++i) {
+                    const int slack = view.dpiX / 100; // of slanted and rounded letters
+                    const CRect box = view.Map(page.texts[i].box);
+                    EXPECT_GE(drawn[i].bounds.left, box.left - slack) << row.name << " " << i;
+                    EXPECT_LE(drawn[i].bounds.right, box.right + slack) << row.name << " " << i;
+                    EXPECT_GE(drawn[i].bounds.top, box.top - slack) << row.name << " " << i;
+                    EXPECT_LE(drawn[i].bounds.bottom, box.bottom + slack) << row.name << " " << i;
+                }
+            }
+        }
+    }
+    ::DeleteDC(dialog.m_pd.hDC);
+}
+
+// A printer draws a text in its face and nothing else.
+TEST(CalendarPrinters, CharactersThatTheFaceLacksComeFromAnother)
+{
+    ShownCtrl ctrl(kViews[0]);
+    ctrl->SetTextCodePage(kUtf8CodePage);
+    tagCC_ITEM item;
+    item.dtStart = AddMinutes(kTuesday, 9 * 60);
+    item.dtEnd = AddMinutes(item.dtStart, 60);
+    item.strText = u8"Café 会議 א ع 한 ☺ end";
+    ctrl->AddItem(&item, FALSE, FALSE);
+    const auto pages = PrintedTexts(*ctrl, kA4);
+    int others = 0;
+    for (const DrawnText& text : pages.at(0)) {
+        HDC hDC = ::CreateCompatibleDC(nullptr);
+        const HFONT font = ::CreateFontW(-20, 0, 0, 0, 0, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, text.face.c_str());
+        ::SelectObject(hDC, font);
+        for (const wchar_t c : text.text) {
+            WORD glyph = 0xFFFF;
+            ::GetGlyphIndicesW(hDC, &c, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+            const bool isNowhere = glyph == 0xFFFF && FallbackFace(hDC, static_cast<char32_t>(c)) == 0;
+            EXPECT_TRUE(glyph != 0xFFFF || isNowhere) << "character " << static_cast<int>(c);
+            others += std::wstring(L"\x05D0\x0639\xD55C\x263A").find(c) != std::wstring::npos && glyph != 0xFFFF;
+        }
+        ::DeleteDC(hDC);
+        ::DeleteObject(font);
+    }
+    EXPECT_GT(others, 0) << "this system has no other face: nothing is tested";
 }
 
 // ---- The PostScript driver

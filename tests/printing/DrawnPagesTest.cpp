@@ -145,7 +145,7 @@ private:
 
 std::string ListingOf(const Page& page)
 {
-    static const char* const shapes[] = {"fill", "frame", "line", "ahead", "back"};
+    static const char* const shapes[] = {"fill", "frame", "line", "ahead", "back", "moon"};
     static const char* const roles[] = {"title", "heading", "day",       "note",  "item",
                                         "time",  "place",   "continued", "label", "footer"};
     static const char* const faces[] = {"text", "latin"};

@@ -3,7 +3,7 @@
 
 #include <afxwin.h>
 
-#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -11,6 +11,7 @@ struct DrawnText
 {
     std::wstring text;
     CRect bounds; // device pixels
+    std::wstring face;
 };
 
 class PageRecorder
@@ -39,9 +40,9 @@ public:
     std::vector<DrawnText> Texts()
     {
         Finish();
-        std::vector<DrawnText> texts;
-        ::EnumEnhMetaFile(nullptr, m_file, &Collect, &texts, nullptr);
-        return texts;
+        Reading reading;
+        ::EnumEnhMetaFile(nullptr, m_file, &Collect, &reading, nullptr);
+        return reading.texts;
     }
     int Records()
     {
@@ -61,15 +62,30 @@ private:
         m_file = ::CloseEnhMetaFile(m_dc.Detach());
     }
 
+    struct Reading
+    {
+        std::vector<DrawnText> texts;
+        std::map<DWORD, std::wstring> faces; // by the fonts' numbers
+        std::wstring face;                   // of the selected font
+    };
+
     static int CALLBACK Collect(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM data)
     {
-        if (record->iType == EMR_EXTTEXTOUTW) {
+        Reading& reading = *reinterpret_cast<Reading*>(data);
+        if (record->iType == EMR_EXTCREATEFONTINDIRECTW) {
+            const auto* font = reinterpret_cast<const EMREXTCREATEFONTINDIRECTW*>(record);
+            reading.faces[font->ihFont] = font->elfw.elfLogFont.lfFaceName;
+        } else if (record->iType == EMR_SELECTOBJECT) {
+            const auto font = reading.faces.find(reinterpret_cast<const EMRSELECTOBJECT*>(record)->ihObject);
+            reading.face = font != reading.faces.end() ? font->second : reading.face;
+        } else if (record->iType == EMR_EXTTEXTOUTW) {
             const auto* text = reinterpret_cast<const EMREXTTEXTOUTW*>(record);
             const auto* words =
                 reinterpret_cast<const wchar_t*>(reinterpret_cast<const char*>(text) + text->emrtext.offString);
-            reinterpret_cast<std::vector<DrawnText>*>(data)->push_back(
+            reading.texts.push_back(
                 {std::wstring(words, text->emrtext.nChars),
-                 CRect(text->rclBounds.left, text->rclBounds.top, text->rclBounds.right, text->rclBounds.bottom)});
+                 CRect(text->rclBounds.left, text->rclBounds.top, text->rclBounds.right, text->rclBounds.bottom),
+                 reading.face});
         }
         return TRUE;
     }

@@ -1,6 +1,7 @@
 // What holds of every page whatever the items and the paper: nothing lost, nothing twice, nothing outside.
 #include "core/DateMath.h"
 #include "printing/PageBuilders.h"
+#include "printing/PrintTexts.h"
 #include "tests/printing/PrintScene.h"
 
 #include <gtest/gtest.h>
@@ -21,16 +22,10 @@ std::multiset<Place> ExpectedPlaces(const PrintSource& source, const PrintRange&
     std::multiset<Place> places;
     int from = range.firstDay;
     int to = range.lastDay;
-    int rowDays = 1; // a long item stands once in each row of so many days
-    bool onlyLong = true;
     switch (range.kind) {
     case PageKind::Month:
         from = FirstOfMonth(range.firstDay);
         to = FirstOfMonthAfter(from, 1) - 1;
-        rowDays = 7;
-        break;
-    case PageKind::Days:
-        rowDays = (to - from + 1) > 7 ? 0 : 14; // 0: counted sheet by sheet below
         break;
     case PageKind::Week:
         to = from + 6;
@@ -75,8 +70,6 @@ std::multiset<Place> ExpectedPlaces(const PrintSource& source, const PrintRange&
             }
         }
     }
-    (void)rowDays;
-    (void)onlyLong;
     return places;
 }
 
@@ -155,6 +148,24 @@ void ExpectApart(const std::vector<Page>& pages, const std::string& name)
     }
 }
 
+// In a list an item of the day follows each heading before the sheet or the column ends.
+void ExpectHeadingsWithItems(const std::vector<Page>& pages, const std::string& name)
+{
+    for (const Page& page : pages) {
+        int headed = 0;
+        for (const PageText& text : page.texts) {
+            if (text.role == PageRole::DayHeading) {
+                ASSERT_EQ(headed, 0) << name << ": a heading without items";
+                headed = text.day;
+            } else if (text.role == PageRole::ItemText) {
+                ASSERT_TRUE(headed == 0 || text.day == headed) << name;
+                headed = 0;
+            }
+        }
+        ASSERT_EQ(headed, 0) << name << ": a heading is the last of its sheet";
+    }
+}
+
 struct PaperRow
 {
     const char* name;
@@ -212,8 +223,8 @@ TEST(Pages, LoseNothingPrintNothingTwiceAndStayOnTheSheet)
         const std::vector<Page> pages = BuildPages(source, range, options, paper.size, measurer);
         ASSERT_FALSE(pages.empty()) << name;
         ExpectInside(pages, paper.size, measurer, name);
-        const std::multiset<Place> expected = ExpectedPlaces(source, range, options);
         const std::multiset<Place> found = PlacesOf(pages);
+        const std::multiset<Place> expected = ExpectedPlaces(source, range, options);
         for (const Place& place : expected) {
             EXPECT_EQ(found.count(place), 1u) << name << ": item " << place.first << " on day " << place.second
                                               << " of " << range.firstDay << "+" << days;
@@ -221,7 +232,61 @@ TEST(Pages, LoseNothingPrintNothingTwiceAndStayOnTheSheet)
         EXPECT_EQ(found.size(), expected.size()) << name;
         if (std::min(paper.size.cx, paper.size.cy) >= 1200) {
             ExpectApart(pages, name);
+            if (range.kind == PageKind::List && !options.emptyDays) {
+                ExpectHeadingsWithItems(pages, name);
+            }
         }
+    }
+}
+
+TEST(Pages, AYearNamesWhatRepeatsOnceWithItsDates)
+{
+    PrintSource source;
+    for (int month = 0; month < 12; ++month) {
+        PrintItem item;
+        item.firstDay = item.lastDay = DayNumberOf(COleDateTime(2026, month + 1, 25, 0, 0, 0));
+        item.isWholeDay = true;
+        item.text = month == 5 ? u"Bonus" : u"Pay day";
+        source.items.push_back(item);
+    }
+    const PrintRange range = {PageKind::Year, DayNumberOf(COleDateTime(2026, 1, 1, 0, 0, 0)), 0};
+    const std::vector<Page> pages = BuildPages(source, range, PrintOptions(), CSize(2100, 2970), PlainMeasurer());
+    ASSERT_EQ(pages.size(), 1u);
+    std::u16string words, dates;
+    for (const PageText& text : pages[0].texts) {
+        words += text.role == PageRole::ItemText ? text.text + u";" : u"";
+        dates += text.role == PageRole::ItemPlace ? text.text + u" " : u"";
+    }
+    EXPECT_EQ(words, u"Pay day;Bonus;");
+    EXPECT_EQ(dates, u"1/25, 2/25, 3/25, 4/25, 5/25, 7/25, 8/25, 9/25, 10/25, 11/25, 12/25 ");
+}
+
+// The parts of a date that both days share are said once, whatever the order in which a language says them.
+TEST(Pages, TitlesOfSeveralDaysSayWhatTheyShareOnce)
+{
+    const struct
+    {
+        const char16_t* pattern;
+        const char16_t* sameMonth;
+        const char16_t* sameYear;
+        const char16_t* years;
+    } rows[] = {
+        {u"%#Y年%#m月%#d日", u"2026年11月1日 – 7日", u"2026年11月1日 – 12月1日", u"2026年11月1日 – 2027年1月2日"},
+        {u"%#d %B %#Y", u"1 – 7 November 2026", u"1 November – 1 December 2026", u"1 November 2026 – 2 January 2027"},
+        {u"%#d. %B %#Y", u"1. – 7. November 2026", u"1. November – 1. December 2026",
+         u"1. November 2026 – 2. January 2027"},
+        {u"%B %#d, %Y", u"November 1 – 7, 2026", u"November 1 – December 1, 2026",
+         u"November 1, 2026 – January 2, 2027"},
+        {u"%d/%m/%y", u"01 – 07/11/26", u"01/11 – 01/12/26", u"01/11/26 – 02/01/27"},
+    };
+    for (const auto& row : rows) {
+        CalendarTexts words = CalendarTexts::English();
+        words.pageDate = row.pattern;
+        const PrintTexts texts(std::make_shared<CalendarTexts>(words));
+        EXPECT_EQ(texts.DateSpan(kSunday1Nov2026, kSunday1Nov2026 + 6), row.sameMonth);
+        EXPECT_EQ(texts.DateSpan(kSunday1Nov2026, kSunday1Nov2026 + 30), row.sameYear);
+        EXPECT_EQ(texts.DateSpan(kSunday1Nov2026, kSunday1Nov2026 + 62), row.years);
+        EXPECT_EQ(texts.Time(24 * 60), u"24:00");
     }
 }
 
