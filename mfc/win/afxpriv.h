@@ -3,6 +3,7 @@
 
 #include <afxext.h>
 
+#include <string>
 #include <vector>
 
 #define WM_SIZEPARENT 0x0361       // lParam AFX_SIZEPARENTPARAMS*: a bar takes its place at an edge of the rectangle
@@ -14,6 +15,40 @@ struct AFX_SIZEPARENTPARAMS
 {
     RECT rect;   // what is left of the parent's client area
     BOOL bPlace; // FALSE: only compute
+};
+
+// What the framework shows of itself in another language: print preview and the window of a print job. The function
+// gets the English text and returns that of the program's language; none: English.
+typedef std::wstring (*AFX_TRANSLATOR)(LPCTSTR lpszEnglish);
+void AfxSetTranslator(AFX_TRANSLATOR pTranslator);
+std::wstring AfxTranslate(LPCTSTR lpszEnglish);
+CString AfxTranslated(LPCTSTR lpszEnglish); // in the system's code page
+void AfxSetWideText(HWND hWnd, const std::wstring& text);
+
+// What is seen while a job is printed: document, printer, page and a button that cancels it. Its owner is disabled
+// until it is closed.
+class CPrintingDialog : public CWnd
+{
+public:
+    ~CPrintingDialog() override;
+    BOOL Open(CWnd* pView, LPCTSTR lpszDocument, LPCTSTR lpszPrinter);
+    void Close();
+    // These two handle the messages that wait. FALSE: the user has cancelled the job, or the view is gone.
+    BOOL ShowPage(UINT nPage, UINT nLast);
+    BOOL Pump();
+    BOOL IsCancelled() const { return m_isCancelled; }
+    BOOL IsViewGone() const { return !::IsWindow(m_hView); }
+
+protected:
+    afx_msg void OnCancel();
+    afx_msg void OnClose();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    HWND m_hView = nullptr;
+    HWND m_hOwner = nullptr;
+    bool m_isDisabling = false;
+    bool m_isCancelled = false;
 };
 
 // Commands of the print preview

@@ -63,7 +63,7 @@ void CView::OnFilePrintPreview()
 {
     CFrameWnd* pFrame = GetParentFrame();
     if (pFrame && !CPreviewView::Open(this, pFrame)) {
-        AfxMessageBox("The pages cannot be shown.", MB_OK | MB_ICONEXCLAMATION);
+        AfxMessageBox(AfxTranslated("The pages cannot be shown."), MB_OK | MB_ICONEXCLAMATION);
     }
 }
 
@@ -188,10 +188,11 @@ void CPreviewView::CreateButtons()
 {
     int left = kButtonGap;
     for (std::size_t i = 0; i < std::size(kButtons); ++i) {
-        m_buttons[i].Create(kButtons[i].text, WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+        m_buttons[i].Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP,
                             CRect(left, kButtonTop, left + kButtonWidth, kButtonTop + kButtonHeight), this,
                             kButtons[i].id);
         m_buttons[i].SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+        AfxSetWideText(m_buttons[i], AfxTranslate(kButtons[i].text));
         left += kButtonWidth + kButtonGap;
     }
     m_hPrintView = m_pPrintView->m_hWnd;
@@ -271,10 +272,11 @@ void CPreviewView::ShowPages(UINT first)
     EnableButton(AFX_ID_PREVIEW_PREV, first > m_info.GetMinPage());
     EnableButton(AFX_ID_PREVIEW_ZOOMIN, m_zoom + 1 < static_cast<int>(std::size(kZoomPercent)));
     EnableButton(AFX_ID_PREVIEW_ZOOMOUT, m_zoom > 0);
-    SetDlgItemText(AFX_ID_PREVIEW_NUMPAGE, m_isTwoPages ? "&One Page" : "&Two Page");
+    AfxSetWideText(::GetDlgItem(m_hWnd, AFX_ID_PREVIEW_NUMPAGE),
+                   AfxTranslate(m_isTwoPages ? "&One Page" : "&Two Page"));
     CString form, text;
     AfxExtractSubString(form, m_info.m_strPageDesc, m_pages[1] ? 1 : 0);
-    text.Format(form, first, first + 1);
+    text.Format(AfxTranslated(form), first, first + 1);
     if (CFrameWnd* pFrame = GetParentFrame()) {
         pFrame->SetMessageText(text);
     }

@@ -2,6 +2,7 @@
 #include "afximpl.h"
 
 #include <afxext.h>
+#include <afxpriv.h>
 
 #include <algorithm>
 #include <cstring>
@@ -21,9 +22,7 @@ public:
     }
     ~PrintJob()
     {
-        if (m_started) {
-            dc.AbortDoc();
-        }
+        Abort();
         dc.Detach(); // CPrintInfo deletes it
     }
     bool Start(LPCTSTR name, LPCTSTR output)
@@ -40,12 +39,39 @@ public:
         m_started = false;
         dc.EndDoc();
     }
+    void Abort()
+    {
+        if (m_started) {
+            m_started = false;
+            dc.AbortDoc();
+        }
+    }
 
     CDC dc;
 
 private:
     bool m_started = false;
 };
+
+CPrintingDialog* g_pJob = nullptr; // the one that is being printed
+
+class CurrentJob
+{
+public:
+    explicit CurrentJob(CPrintingDialog* pJob) : m_before(g_pJob) { g_pJob = pJob; }
+    ~CurrentJob() { g_pJob = m_before; }
+    CurrentJob(const CurrentJob&) = delete;
+    CurrentJob& operator=(const CurrentJob&) = delete;
+
+private:
+    CPrintingDialog* m_before;
+};
+
+// The system asks this while it spools.
+BOOL CALLBACK GoOn(HDC, int)
+{
+    return !g_pJob || g_pJob->Pump();
+}
 
 } // namespace
 
@@ -110,27 +136,35 @@ void CView::OnFilePrint()
     }
     PrintJob job(info.m_pPD->m_pd.hDC);
     OnBeginPrinting(&job.dc, &info);
+    CPrintingDialog dialog;
+    dialog.Open(this, title, info.m_pPD->GetDeviceName());
+    const CurrentJob current(&dialog);
+    ::SetAbortProc(job.dc.m_hDC, &GoOn);
     const bool toFile = (info.m_pPD->m_pd.Flags & PD_PRINTTOFILE) != 0;
     const bool started = job.Start(title, toFile ? "FILE:" : nullptr);
-    bool ok = started;
+    const bool ok = started && PrintPages(&job.dc, &info);
     if (ok) {
-        ok = PrintPages(&job.dc, &info);
-        if (ok) {
-            job.End();
-        }
+        job.End();
+    } else {
+        job.Abort();
     }
+    if (dialog.IsViewGone()) {
+        return; // this object, too
+    }
+    dialog.Close();
     OnEndPrinting(&job.dc, &info);
-    if (!ok) {
-        CString message = "The printer does not take the document.";
+    if (!ok && !dialog.IsCancelled()) {
+        CString message = AfxTranslated("The printer does not take the document.");
         if (started) {
-            message.Format("The printer stopped at page %u. This page and those after it are not printed.",
-                           info.m_nCurPage);
+            message.Format(
+                AfxTranslated("The printer stopped at page %u. This page and those after it are not printed."),
+                info.m_nCurPage);
         }
         AfxMessageBox(message, MB_OK | MB_ICONEXCLAMATION);
     }
 }
 
-// FALSE when the printer refuses a page.
+// FALSE when the printer refuses a page or the job is cancelled; the view may be gone then.
 BOOL CView::PrintPages(CDC* pDC, CPrintInfo* pInfo)
 {
     const UINT first = std::clamp(pInfo->GetFromPage(), pInfo->GetMinPage(), pInfo->GetMaxPage());
@@ -142,14 +176,17 @@ BOOL CView::PrintPages(CDC* pDC, CPrintInfo* pInfo)
         if (!pInfo->m_bContinuePrinting) {
             return TRUE;
         }
+        if (!g_pJob->ShowPage(pInfo->m_nCurPage, last)) {
+            return FALSE;
+        }
         pInfo->m_rectDraw.SetRect(0, 0, pDC->GetDeviceCaps(HORZRES), pDC->GetDeviceCaps(VERTRES));
         pDC->DPtoLP(&pInfo->m_rectDraw);
-        if (pDC->StartPage() < 0) {
+        if (pDC->StartPage() < 0 || g_pJob->IsCancelled()) {
             return FALSE;
         }
         OnPrepareDC(pDC, pInfo);
         OnPrint(pDC, pInfo);
-        if (pDC->EndPage() < 0) {
+        if (pDC->EndPage() < 0 || g_pJob->IsCancelled()) {
             return FALSE;
         }
         if (pInfo->m_nCurPage == last) {

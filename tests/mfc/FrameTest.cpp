@@ -4,6 +4,7 @@
 #include <afxext.h>
 
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -59,6 +60,10 @@ class TestView : public CView
 public:
     ~TestView() override { Note("view gone"); }
     UINT m_lastPage = 0xFFFF; // to print; 0xffff: not known
+    WORD m_from = 0;          // the range that the user chose; 0: all
+    WORD m_to = 0;
+    HDC m_hReal = nullptr; // of the printer whose context a test has taken away
+    std::function<void(CDC*, UINT)> m_onPage;
 
     void OnInitialUpdate() override { Note("initial update"); }
 
@@ -77,15 +82,27 @@ protected:
     {
         pInfo->m_pPD->m_pd.hDC = ::CreateEnhMetaFile(nullptr, nullptr, nullptr, nullptr);
         pInfo->SetMaxPage(m_lastPage);
+        if (m_from != 0) {
+            pInfo->m_pPD->m_pd.Flags |= PD_PAGENUMS;
+            pInfo->m_pPD->m_pd.nFromPage = m_from;
+            pInfo->m_pPD->m_pd.nToPage = m_to;
+        }
         pInfo->m_bDirect = TRUE;
         return DoPreparePrinting(pInfo);
     }
     void OnBeginPrinting(CDC* pDC, CPrintInfo*) override { Note(pDC->IsPrinting() ? "begin" : "begin?"); }
-    void OnPrint(CDC*, CPrintInfo* pInfo) override
+    void OnPrint(CDC* pDC, CPrintInfo* pInfo) override
     {
         Note("page " + std::to_string(pInfo->m_nCurPage) + (pInfo->m_rectDraw.IsRectEmpty() ? " nowhere" : ""));
+        if (m_onPage) {
+            m_onPage(pDC, pInfo->m_nCurPage);
+        }
     }
-    void OnEndPrinting(CDC*, CPrintInfo*) override { Note("end"); }
+    void OnEndPrinting(CDC* pDC, CPrintInfo*) override
+    {
+        Note("end");
+        pDC->m_hDC = m_hReal ? m_hReal : pDC->m_hDC;
+    }
     afx_msg void OnViewCommand() { Note("view command"); }
     DECLARE_MESSAGE_MAP()
 };
@@ -180,6 +197,7 @@ protected:
         }
         theLog = nullptr;
     }
+    void ForgetPaints() { log.erase(std::remove(log.begin(), log.end(), "draw"), log.end()); }
     int Count(const char* word) const { return static_cast<int>(std::count(log.begin(), log.end(), word)); }
 
     Log log;
@@ -415,18 +433,69 @@ TEST_F(FrameTest, PrintsPages)
     const struct
     {
         UINT lastPage;
+        WORD from;
+        WORD to;
         Log expected;
     } cases[] = {
-        {0xFFFF, {"begin", "page 1", "end"}}, // the last page not being known, one is printed
-        {1, {"begin", "page 1", "end"}},
-        {3, {"begin", "page 1", "page 2", "page 3", "end"}},
+        {0xFFFF, 0, 0, {"begin", "page 1", "end"}}, // the last page not being known, one is printed
+        {1, 0, 0, {"begin", "page 1", "end"}},           {3, 0, 0, {"begin", "page 1", "page 2", "page 3", "end"}},
+        {3, 2, 3, {"begin", "page 2", "page 3", "end"}}, {3, 2, 9, {"begin", "page 2", "page 3", "end"}},
+        {3, 2, 1, {"begin", "page 2", "page 1", "end"}}, // backwards
     };
     for (const auto& row : cases) {
         log.clear();
         view->m_lastPage = row.lastPage;
+        view->m_from = row.from;
+        view->m_to = row.to;
         EXPECT_EQ(frame->SendMessage(WM_COMMAND, ID_FILE_PRINT), 1);
-        EXPECT_EQ(log, row.expected) << row.lastPage;
+        ForgetPaints();
+        EXPECT_EQ(log, row.expected) << row.lastPage << ": " << row.from << "-" << row.to;
     }
+}
+
+TEST_F(FrameTest, APrintJobThatIsCancelledOrFailsEndsInOrder)
+{
+    const auto window = [] { return ::FindWindow(nullptr, "Printing"); };
+    const HDC dead = ::CreateCompatibleDC(nullptr);
+    ::DeleteDC(dead);
+    const std::string failure = "box The printer stopped at page 2. This page and those after it are not printed.";
+    const struct
+    {
+        const char* name;
+        std::function<void(CDC*, UINT)> onPage;
+        Log expected;
+    } cases[] = {
+        {"button", [&](CDC*, UINT) { ::PostMessage(window(), WM_COMMAND, IDCANCEL, 0); }, {"begin", "page 1", "end"}},
+        {"key", [&](CDC*, UINT) { ::PostMessage(window(), WM_KEYDOWN, VK_ESCAPE, 0); }, {"begin", "page 1", "end"}},
+        {"the printer goes away",
+         [&](CDC* pDC, UINT page) {
+             view->m_hReal = pDC->m_hDC;
+             pDC->m_hDC = page == 2 ? dead : pDC->m_hDC;
+         },
+         {"begin", "page 1", "page 2", "end", failure}},
+        // The view and all that belongs to it is gone when the next page is due.
+        {"the window is closed",
+         [&](CDC*, UINT) { ::PostMessage(app.m_pMainWnd->m_hWnd, WM_CLOSE, 0, 0); },
+         {"begin", "page 1", "frame gone", "view gone", "document gone"}},
+    };
+    for (const auto& row : cases) {
+        log.clear();
+        view->m_lastPage = 3;
+        view->m_onPage = [&](CDC* pDC, UINT page) {
+            EXPECT_TRUE(::IsWindowVisible(window())) << row.name;
+            EXPECT_FALSE(frame->IsWindowEnabled()) << row.name << ": a second job could begin";
+            row.onPage(pDC, page);
+        };
+        frame->SendMessage(WM_COMMAND, ID_FILE_PRINT);
+        ForgetPaints();
+        std::sort(log.begin() + 2, log.end());
+        Log expected = row.expected;
+        std::sort(expected.begin() + 2, expected.end());
+        EXPECT_EQ(log, expected) << row.name;
+        EXPECT_EQ(window(), nullptr) << row.name;
+        EXPECT_TRUE(!app.m_pMainWnd || frame->IsWindowEnabled()) << row.name;
+    }
+    EXPECT_EQ(app.m_pMainWnd, nullptr);
 }
 
 } // namespace
