@@ -56,6 +56,8 @@ ON_WM_KEYDOWN()
 ON_WM_SETFOCUS()
 ON_WM_KILLFOCUS()
 ON_WM_GETDLGCODE()
+ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_COMMAND(ID_FILE_PRINT_PREVIEW, &CView::OnFilePrintPreview)
 END_MESSAGE_MAP()
 
 BOOL CAgendaView::PreCreateWindow(CREATESTRUCT& cs)
@@ -403,4 +405,47 @@ void CAgendaView::OnDraw(CDC* pDC)
     pDC->BitBlt(0, 0, client.Width(), client.Height(), &memory, 0, 0, SRCCOPY);
     memory.SelectObject(fontBefore);
     memory.SelectObject(bitmapBefore);
+}
+
+// ---- Printing
+
+planner::ShownItems& CAgendaView::Paper()
+{
+    if (!m_paperCtrl) {
+        m_paperCtrl = std::make_unique<CMonthViewCtrl>();
+        m_paperCtrl->Create(WS_CHILD, CRect(0, 0, 0, 0), this, 1);
+        m_paper.Attach(m_paperCtrl.get());
+    }
+    m_paperCtrl->SetCurrentDate(planner::DateOfLocal(TopDay() * planner::kDaySeconds));
+    if (const planner::CalendarSet* calendars = Calendars()) {
+        m_paper.Load(*calendars);
+    }
+    return m_paper;
+}
+
+BOOL CAgendaView::OnPreparePrinting(CPrintInfo* pInfo)
+{
+    pInfo->m_pPD->m_pd.hwndOwner = m_hWnd;
+    return DoPreparePrinting(pInfo);
+}
+
+void CAgendaView::OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo)
+{
+    if (m_paperCtrl && m_paperCtrl->GetPrinter()) {
+        m_paperCtrl->GetPrinter()->Begin(pDC, pInfo);
+    }
+}
+
+void CAgendaView::OnPrint(CDC* pDC, CPrintInfo* pInfo)
+{
+    if (m_paperCtrl) {
+        m_paperCtrl->DoPrint(pDC, pInfo);
+    }
+}
+
+void CAgendaView::OnEndPrinting(CDC*, CPrintInfo*)
+{
+    if (m_paperCtrl && m_paperCtrl->GetPrinter()) {
+        m_paperCtrl->GetPrinter()->End();
+    }
 }

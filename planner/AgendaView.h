@@ -7,7 +7,10 @@
 #include "core/CalendarTheme.h"
 #include "planner/AgendaRows.h"
 #include "planner/CalendarSet.h"
+#include "planner/ShownItems.h"
+#include "views/daygrid/MonthViewCtrl.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -30,9 +33,15 @@ public:
     planner::DayNumber ChosenDay() const;
     void SetTheme(const CalendarTheme& theme);
     void SetScale(int dpi);
+    // The month of the topmost day, read anew into a control that is not seen and prints it as a list.
+    planner::ShownItems& Paper();
 
 protected:
     void OnDraw(CDC* pDC) override;
+    BOOL OnPreparePrinting(CPrintInfo* pInfo) override;
+    void OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo) override;
+    void OnPrint(CDC* pDC, CPrintInfo* pInfo) override;
+    void OnEndPrinting(CDC* pDC, CPrintInfo* pInfo) override;
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     afx_msg void OnSize(UINT nType, int cx, int cy);
@@ -57,6 +66,8 @@ private:
     int PageRows();
     void DrawRow(CDC& dc, const planner::AgendaRow& row, const CRect& place, bool isChosen);
 
+    std::unique_ptr<CMonthViewCtrl> m_paperCtrl;
+    planner::ShownItems m_paper;
     std::vector<planner::Occurrence> m_occurrences;
     std::vector<planner::AgendaRow> m_rows;
     planner::DayNumber m_from = 0, m_to = 0; // read

@@ -21,6 +21,7 @@ constexpr int kHoursPerDay = 24;
 constexpr int kPointTenths = 10;
 
 const char* const kOrientations[] = {"What suits the page", "Portrait", "Landscape"};
+const char* const kLanguages[] = {"The planner's language", "Japanese", "English"}; // as PrintLanguage
 
 struct CheckRow
 {
@@ -33,7 +34,9 @@ constexpr CheckRow kChecks[] = {{IDC_IN_COLOR, &dayvane::PrintOptions::inColor},
                                 {IDC_PAGE_NUMBERS, &dayvane::PrintOptions::pageNumbers},
                                 {IDC_DATE_PRINTED, &dayvane::PrintOptions::datePrinted},
                                 {IDC_NOTE_LINES, &dayvane::PrintOptions::noteLines},
-                                {IDC_LUNAR_DATES, &dayvane::PrintOptions::showLunarDates}};
+                                {IDC_LUNAR_DATES, &dayvane::PrintOptions::showLunarDates},
+                                {IDC_WIDEN_HOURS, &dayvane::PrintOptions::widenHours},
+                                {IDC_EMPTY_DAYS, &dayvane::PrintOptions::emptyDays}};
 
 struct NumberRow
 {
@@ -84,7 +87,7 @@ void CPagesDialog::Fill()
     planner::AddListText(*this, IDC_PAPER, planner::Tr("The printer's paper"));
     SendDlgItemMessage(IDC_PAPER, CB_SETCURSEL, 0, 0);
     for (int i = 0; i < planner::PaperCount(); ++i) {
-        SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(planner::PaperAt(i).name));
+        planner::AddListText(*this, IDC_PAPER, planner::PaperAt(i).name);
         if (planner::PaperAt(i).paper == m_settings.paper) {
             SendDlgItemMessage(IDC_PAPER, CB_SETCURSEL, static_cast<WPARAM>(i + 1), 0);
         }
@@ -92,6 +95,10 @@ void CPagesDialog::Fill()
     for (const char* name : kOrientations) {
         planner::AddListText(*this, IDC_ORIENTATION, planner::Tr(name));
     }
+    for (const char* name : kLanguages) {
+        planner::AddListText(*this, IDC_PAGE_LANGUAGE, planner::Tr(name));
+    }
+    SendDlgItemMessage(IDC_PAGE_LANGUAGE, CB_SETCURSEL, static_cast<WPARAM>(m_settings.options.language), 0);
     SendDlgItemMessage(IDC_ORIENTATION, CB_SETCURSEL, static_cast<WPARAM>(m_settings.orientation), 0);
     for (const CheckRow& row : kChecks) {
         CheckDlgButton(row.id, m_settings.options.*row.value ? BST_CHECKED : BST_UNCHECKED);
@@ -120,6 +127,8 @@ PageSettings CPagesDialog::Chosen() const
     chosen.paper = paper > 0 ? planner::PaperAt(paper - 1).paper : static_cast<short>(0);
     chosen.orientation = static_cast<PageSettings::Orientation>(
         std::max<LRESULT>(::SendDlgItemMessage(m_hWnd, IDC_ORIENTATION, CB_GETCURSEL, 0, 0), 0));
+    chosen.options.language = static_cast<dayvane::PrintLanguage>(
+        std::max<LRESULT>(::SendDlgItemMessage(m_hWnd, IDC_PAGE_LANGUAGE, CB_GETCURSEL, 0, 0), 0));
     for (const CheckRow& row : kChecks) {
         chosen.options.*row.value = IsDlgButtonChecked(row.id) == BST_CHECKED;
     }
@@ -141,7 +150,7 @@ PageSettings CPagesDialog::Chosen() const
 void CPagesDialog::OnOK()
 {
     m_settings = Chosen();
-    CDialog::OnOK();
+    CPlannerDialog::OnOK();
 }
 
 void CPagesDialog::OnChanged(UINT)

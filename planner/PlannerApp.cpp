@@ -1,5 +1,6 @@
 // The planner: shows and edits iCalendar files with every view of the library.
 #include <afxext.h>
+#include <afxpriv.h>
 #include <afxwin.h>
 
 #include "planner/CommandLine.h"
@@ -77,6 +78,7 @@ void CPlannerApp::OnFileOpen()
 BOOL CPlannerApp::InitInstance()
 {
     dayvane::SetDefaultDayProvider(&planner::TheDays()); // today's law and the exact sky, in every view
+    AfxSetTranslator([](LPCTSTR english) { return planner::Wide(planner::Tr(english)); });
     m_line = planner::ParseCommandLine(Arguments());
     CPlannerFrame::Start& start = CPlannerFrame::s_start;
     planner::Settings& settings = planner::TheSettings();

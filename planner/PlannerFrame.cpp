@@ -263,7 +263,6 @@ void CPlannerFrame::SetUpView()
     }
     planner::SetUpControl(m_view, *ctrl, m_mondayFirst);
     ApplySettings(*ctrl);
-    SetUpPrinter();
     GoTo(m_day);
     ApplyTimeScale();
     ShowFirstHours();

@@ -224,7 +224,8 @@ private:
     void ApplyScale();
     void Zoom(int steps);          // 0: back to 100 %
     bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages
-    void SetUpPrinter();           // of the control, by the page settings
+    CCalendarCtrl* PrintedCtrl();  // of the view, with a printer by the page settings; nullptr: there is none
+    planner::PageSettings Pages(); // as they are for the view: an agenda is a list
     BOOL* SettingOf(UINT nID);
     CWnd* PaneOf(UINT nID);
     static planner::CalendarSet* CalendarOf(LPARAM lFrame);

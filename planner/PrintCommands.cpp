@@ -1,6 +1,7 @@
 // The printing commands of the planner's window.
 #include "planner/PlannerFrame.h"
 
+#include "planner/AgendaView.h"
 #include "planner/ItemBridge.h"
 #include "planner/PagesDialog.h"
 #include "planner/WideText.h"
@@ -8,21 +9,48 @@
 
 #include <afxdlgs.h>
 
-void CPlannerFrame::SetUpPrinter()
+planner::PageSettings CPlannerFrame::Pages()
 {
-    planner::SetUpPrinter(*m_items.Ctrl(), m_pages, [this](int item) {
-        const planner::Occurrence* occurrence = m_items.At(item);
+    planner::PageSettings pages = m_pages;
+    pages.asList = pages.asList || Agenda();
+    return pages;
+}
+
+CCalendarCtrl* CPlannerFrame::PrintedCtrl()
+{
+    CAgendaView* agenda = Agenda();
+    planner::ShownItems& items = agenda ? agenda->Paper() : m_items;
+    CCalendarCtrl* ctrl = items.Ctrl();
+    if (!ctrl) {
+        return nullptr;
+    }
+    if (agenda) {
+        ApplySettings(*ctrl);
+    }
+    planner::SetUpPrinter(*ctrl, Pages(), [&items](int item) {
+        const planner::Occurrence* occurrence = items.At(item);
         return occurrence ? CString(occurrence->event->location.c_str()) : CString();
     });
+    CPlannerDoc* document = Document();
+    CCalendarPrinter* printer = CCalendarPrinter::Of(*ctrl);
+    if (printer && document && !document->GetPathName().IsEmpty()) {
+        const CString name = document->GetTitle();
+        const int dot = name.ReverseFind('.');
+        printer->SetTitle(dayvane::DecodeText(dot > 0 ? name.Left(dot) : name, dayvane::kSystemCodePage));
+    }
+    return printer ? ctrl : nullptr;
 }
 
 bool CPlannerFrame::IsReadyToPrint(UINT nID)
 {
-    CCalendarPrinter* printer = m_items.Ctrl() ? CCalendarPrinter::Of(*m_items.Ctrl()) : nullptr;
-    if ((nID != ID_FILE_PRINT && nID != ID_FILE_PRINT_PREVIEW) || !printer) {
+    if (nID != ID_FILE_PRINT && nID != ID_FILE_PRINT_PREVIEW) {
         return true;
     }
-    planner::SelectPaper(m_pages, printer->GetRange().kind);
+    CCalendarCtrl* ctrl = PrintedCtrl();
+    if (!ctrl) {
+        return true;
+    }
+    planner::SelectPaper(m_pages, CCalendarPrinter::Of(*ctrl)->GetRange().kind);
     if (nID == ID_FILE_PRINT && !planner::HasPrinter()) {
         planner::Ask(this,
                      planner::Tr("No printer is installed.\n\nFile > Print Preview shows the pages all the same, and "
@@ -35,22 +63,24 @@ bool CPlannerFrame::IsReadyToPrint(UINT nID)
 
 void CPlannerFrame::OnPageSetup()
 {
-    CCalendarCtrl* ctrl = m_items.Ctrl();
-    if (ctrl && CPagesDialog(*ctrl, m_pages, this).DoModal() == IDOK) {
-        SetUpPrinter();
+    planner::PageSettings pages = Pages();
+    CCalendarCtrl* ctrl = PrintedCtrl();
+    if (ctrl && CPagesDialog(*ctrl, pages, this).DoModal() == IDOK) {
+        pages.asList = Agenda() ? m_pages.asList : pages.asList;
+        m_pages = pages;
     }
 }
 
 void CPlannerFrame::OnExportPages()
 {
-    CCalendarCtrl* ctrl = m_items.Ctrl();
+    CCalendarCtrl* ctrl = PrintedCtrl();
     CFileDialog dialog(FALSE, "png", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                        "PNG pictures (*.png)|*.png|Metafiles (*.emf)|*.emf||", this);
     if (!ctrl || dialog.DoModal() != IDOK) {
         return;
     }
     CWaitCursor wait;
-    const int pages = planner::ExportPages(*ctrl, m_pages, dialog.GetPathName());
+    const int pages = planner::ExportPages(*ctrl, Pages(), dialog.GetPathName());
     if (pages == 0) {
         planner::Ask(this,
                      planner::Tr("The pages could not be saved as %1.", planner::Utf8OfSystem(dialog.GetPathName())),
@@ -62,7 +92,7 @@ void CPlannerFrame::OnExportPages()
 
 int CPlannerFrame::PrintTo(const char* file, const std::string& paper, CString& problem)
 {
-    CCalendarCtrl* ctrl = m_items.Ctrl();
+    CCalendarCtrl* ctrl = PrintedCtrl();
     if (!ctrl) {
         problem = "There is nothing to print.";
         return 0;
@@ -71,5 +101,5 @@ int CPlannerFrame::PrintTo(const char* file, const std::string& paper, CString& 
         problem.Format("There is no paper '%s'.", paper.c_str());
         return 0;
     }
-    return planner::PrintToFile(*ctrl, m_pages, file, problem);
+    return planner::PrintToFile(*ctrl, Pages(), file, problem);
 }

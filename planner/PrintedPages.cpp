@@ -118,6 +118,7 @@ PrinterScope::PrinterScope(CCalendarCtrl& ctrl, const PageSettings& settings) : 
     CCalendarPrinter* own = CCalendarPrinter::Of(ctrl);
     if (tried && own) {
         tried->SetPlaces(own->GetPlaces());
+        tried->SetTitle(own->GetTitleText());
     }
     m_own = ctrl.TakePrinter();
     ctrl.SetPrinter(std::move(tried));

@@ -9,6 +9,8 @@
 
 namespace planner {
 
+class IniText;
+
 struct PaperRow
 {
     const char* name;
@@ -32,6 +34,10 @@ struct PageSettings
     short paper = 0; // DMPAPER_...; 0: the printer's own
     CString footerText;
 };
+
+// From one start of the planner to the next.
+void KeepPages(IniText& ini, const PageSettings& settings);
+void TakePages(const IniText& ini, PageSettings& settings);
 
 bool HasPrinter();
 bool IsLandscape(const PageSettings& settings, dayvane::PageKind kind);

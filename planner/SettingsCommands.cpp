@@ -28,6 +28,7 @@ void CPlannerFrame::TakeSettings()
     m_rowsPerHour = ini.GetNumber(kView, "rowsPerHour", m_rowsPerHour);
     m_usesTray = ini.GetNumber(kWindow, "tray", m_usesTray);
     ShowTray(m_usesTray != FALSE);
+    planner::TakePages(ini, m_pages);
     const auto show = [&](const char* key, CWnd& pane) {
         pane.ShowWindow(ini.GetNumber(kWindow, key, TRUE) != 0 ? SW_SHOWNA : SW_HIDE);
     };
@@ -52,6 +53,7 @@ void CPlannerFrame::KeepSettings()
     ini.Set(kView, "rowsPerHour", m_rowsPerHour);
     KeepDays();
     ini.Set(kWindow, "tray", m_usesTray);
+    planner::KeepPages(ini, m_pages);
     ini.Set(kWindow, "sidePane", (m_sidePane.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "toolBar", (m_toolBar.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "statusBar", (m_statusBar.GetStyle() & WS_VISIBLE) != 0);

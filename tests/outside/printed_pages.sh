@@ -53,4 +53,5 @@ expect fortnight 2 595x842 --view 14days --date 2026-11-24
 expect diary 1+ 420x595 --view diary --date 2026-11-24 --paper A5
 expect year 1+ 842x1191 --view year --date 2026-11-24 --paper A3
 expect list 2+ 595x842 --view list --date 2026-11-24
+expect agenda 2+ 612x792 --view agenda --date 2026-11-24 --paper Letter --language en
 [ "$failed" -eq 0 ]
