@@ -6,7 +6,10 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
+#include "printing/CalendarPrinter.h"
 #include "views/daygrid/RowPieces.h"
+
+#include <afxext.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -263,6 +266,28 @@ std::vector<CaseResult> ScrollCases()
             {"month, 1,000 items: scroll by one week", week, month.WholePaint(), 0}};
 }
 
+// All pages, laid out and drawn.
+void Print(CCalendarCtrl& ctrl)
+{
+    CDC dc;
+    dc.Attach(::CreateEnhMetaFile(nullptr, nullptr, nullptr, nullptr));
+    CPrintInfo info;
+    ctrl.GetPrinter()->Begin(&dc, &info);
+    for (info.m_nCurPage = 1; info.m_nCurPage <= info.GetMaxPage(); ++info.m_nCurPage) {
+        ctrl.DoPrint(&dc, &info);
+    }
+    ctrl.GetPrinter()->End();
+    ::DeleteEnhMetaFile(::CloseEnhMetaFile(dc.Detach()));
+}
+
+std::vector<CaseResult> PrintCases()
+{
+    Stage stage("month", kScreen);
+    stage.AddInView(1000);
+    const double printed = CpuOf([&] { Print(stage.Ctrl()); });
+    return {{"month, 1,000 items: all pages into a metafile", printed, stage.WholePaint(), 0}};
+}
+
 struct CaseRow
 {
     const char* name;
@@ -279,6 +304,7 @@ std::vector<CaseRow> Rows()
             drag("month at 3840x2160, 10,000 items: drag step", "month", k4K, 10000, 4),
             {"100,000 in one month", LayoutCases},
             {"scroll by one row or week", ScrollCases},
+            {"month, 1,000 items: printed", PrintCases},
             {"1,000,000 stored", MillionCases}};
 }
 
