@@ -36,20 +36,21 @@ days-2033-12  2033-12-10 en
 TABLE
 }
 
-# Printed pages: name, calendar, view, date, paper, and how many of the sheets are kept.
+# Printed pages: name, calendar, view, date, paper, language, and how many of the sheets are kept.
 list_pages() {
     cat <<'TABLE'
-page-month            office           month     2026-11-20  A4               2
-page-december         office           month     2026-12-10  A4               1
-page-letter           office           month     2026-12-10  Letter-portrait  1
-page-list             office           list      2026-11-20  A4               1
-page-year             office           year      2026-11-20  A4               1
-page-workweek         office           workweek  2026-11-20  A4               1
-page-diary            office           diary     2026-11-20  A4               1
-page-day              office           day       2026-11-20  A4               1
-page-conference       conference-2017  month     2017-04-25  A4               2
-page-conference-week  conference-2017  week      2017-04-25  A4               1
-page-conference-day   conference-2017  day       2017-04-25  A4               1
+page-month            office           month     2026-11-20  A4               ja 2
+page-december         office           month     2026-12-10  A4               ja 1
+page-letter           office           month     2026-12-10  Letter-portrait  en 1
+page-list             office           list      2026-11-20  A4               ja 1
+page-december-list    office           list      2026-12-10  Letter           en 1
+page-year             office           year      2026-11-20  A4               ja 1
+page-workweek         office           workweek  2026-11-20  A4               ja 1
+page-diary            office           diary     2026-11-20  A4               ja 1
+page-day              office           day       2026-11-20  A4               ja 1
+page-conference       conference-2017  month     2017-04-25  A4               en 2
+page-conference-week  conference-2017  week      2017-04-25  A4               en 1
+page-conference-day   conference-2017  day       2017-04-25  A4               en 1
 TABLE
 }
 
@@ -71,11 +72,11 @@ command_shots() {
         shoot_if_wanted "$wanted" "$name" office --view month --date "$date" --size 1360x960 --language "$language" \
             --days names,terms,seasonal,rokuyo,lunar,moon,weeks,eras
     done 3< <(list_days)
-    while read -r -u 3 name file view date paper kept; do
+    while read -r -u 3 name file view date paper language kept; do
         case $name in "$wanted"*) ;; *) continue ;; esac
         calendar=$(calendar_named "$file") || continue
         in_subshell command_run "$calendar" --view "$view" --date "$date" --paper "$paper" \
-            --pages "$shots_folder/$name" || die "The pages $name could not be made."
+            --language "$language" --pages "$shots_folder/$name" || die "The pages $name could not be made."
         for picture in "$shots_folder/$name"-[0-9]*.png; do
             number=${picture%.png}
             [ "${number##*-}" -le "$kept" ] || rm -f "$picture"

@@ -365,10 +365,10 @@ follow_start_page() {
 run_package_host() {
     local preset=$1 label=$2 host program
     shift 2
-    for program in package_host ical_host guide_host cookbook_host; do
+    for program in package_host ical_host guide_host cookbook_host print_host; do
         host=$BUILD/package/$preset-host/$program
         [ -e "$host" ] || host=$host.exe
-        [ -e "$host" ] || [[ "$program" != @(guide|cookbook)_host ]] || continue # they are about windows
+        [ -e "$host" ] || [[ "$program" != @(guide|cookbook|print)_host ]] || continue # they are about windows
         run_plain_program "$label package ${program%_host}" "$@" "$host"
     done
     for program in c_host dialog_host abi_host; do
