@@ -12,6 +12,7 @@ namespace {
 constexpr int kWeekdays = 7;
 constexpr int kWeeksOfMonth = 6;
 constexpr int kSmallMonthRows = kWeeksOfMonth + 2; // name and weekdays
+constexpr int kFewDays = 15;
 constexpr int kLargestMarginShare = 8;        // a margin takes at most this part of the sheet
 constexpr int kLargestHeaderShare = 5;        // the small months at most this part of the height
 constexpr int kSmallMonthWidthPercent = 1050; // of a number's line height

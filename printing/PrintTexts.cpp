@@ -1,6 +1,6 @@
 #include "printing/PrintTexts.h"
 
-#include "calc/CivilDate.h"
+#include "core/DateMath.h"
 #include "mfc/base/civil.h"
 
 #include <algorithm>
