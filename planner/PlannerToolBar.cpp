@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kPickerWidth = 104; // pixels
+constexpr int kPickerWidth = 128; // pixels at 96 dpi: the longest name of a month with its year
 constexpr int kButtonSize = 24;
 constexpr int kImageHeight = 16;
 constexpr int kPickerGap = 4;       // on both sides

@@ -70,6 +70,20 @@ TEST(DayLinesInViews, FollowTheShownDaysAndTheirProvider)
     EXPECT_EQ(scene.view->GetScreenItems()[0].rcItem.top, top) << "no names, no lines";
 }
 
+TEST(DayLinesInViews, AreMeasuredAnewAtAnotherScale)
+{
+    Scene<CWeekViewCtrl> before(Day(4, 15)), after(Day(4, 15));
+    before.view->SetDayLines(Some());
+    before.Paint();
+    before.view->SetScale(2 * kBaseDpi);
+    after.view->SetScale(2 * kBaseDpi);
+    after.Paint(); // its fonts are made
+    after.view->SetDayLines(Some());
+    before.Paint();
+    after.Paint();
+    EXPECT_TRUE(before.picture.SameAs(after.picture));
+}
+
 TEST(DayLinesInViews, TheWeekColumnTakesItsRoomFromTheDays)
 {
     Month scene(Day(4, 15));

@@ -50,7 +50,6 @@ BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& color
                        const ViewScale& scale)
     : m_dc(dc), m_parts(parts), m_colors(colors), m_theme(theme), m_scale(scale), m_clip(parts.clip.Of(dc))
 {
-    parts.fonts.SetScale(scale);
 }
 
 bool BoxPainter::IsVisible(const CRect& rect) const

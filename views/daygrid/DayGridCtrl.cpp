@@ -280,7 +280,9 @@ void CDayGridCtrl::NotifyViewRangeChange(const COleDateTime& date, int nValue)
 void CDayGridCtrl::ScaleChanged(const ViewScale& before)
 {
     m_parts->Clear();
+    m_parts->fonts.SetScale(m_scale);
     m_parts->fonts.SetText(GetTextFont());
+    m_parts->lines.Forget(); // measured in another font
     CMoreListCtrl::ScaleChanged(before);
 }
 
