@@ -32,7 +32,7 @@ foreach(dll ${DAYVANE_RUNTIME_DLLS})
 endforeach()
 configure_file("${CMAKE_CURRENT_LIST_DIR}/DayvaneConfig.cmake.in" "${CMAKE_BINARY_DIR}/DayvaneConfig.cmake" @ONLY)
 install(FILES "${CMAKE_BINARY_DIR}/DayvaneConfig.cmake" DESTINATION ${package_dir})
-write_basic_package_version_file("${CMAKE_BINARY_DIR}/DayvaneConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/DayvaneConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/DayvaneConfigVersion.cmake" DESTINATION ${package_dir})
 install(FILES LICENSE DESTINATION share/doc/dayvane)
 

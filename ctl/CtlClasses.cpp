@@ -104,14 +104,12 @@ bool RegisterClasses()
     return true;
 }
 
-// While the major version is 0, each minor version is a version of its own.
+// The same major version, and nothing that came after this minor one.
 bool Serves(UINT wanted)
 {
     const UINT own = DAYVANE_CTL_VERSION;
-    const UINT major = own >> 16;
-    const UINT minor = (own >> 8) & 0xFF;
-    const UINT wantedMinor = (wanted >> 8) & 0xFF;
-    return wanted >> 16 == major && (major == 0 ? wantedMinor == minor : wantedMinor <= minor);
+    const auto minor = [](UINT version) { return (version >> 8) & 0xFF; };
+    return wanted >> 16 == own >> 16 && minor(wanted) <= minor(own);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // Messages about options, parts, colours and sizes.
 #include "CtlMessages.h"
 
+#include "core/DayLines.h"
+
 #include <iterator>
 
 namespace dayvane::ctl {
@@ -28,6 +30,13 @@ static_assert(DVC_HIGHLIGHTTEXT + 1 == std::size(kColors), "each colour has a nu
 constexpr UINT kViewParts = DVSH_CAPTION | DVSH_HOLIDAYS | DVSH_TERMS | DVSH_HOVER;
 constexpr UINT kGridParts = DVSH_RANGES;
 constexpr UINT kMiniCalendarParts = DVSH_RANGES | DVSH_WEEKNUMBERS;
+
+// In the order of the bits DVY_..., the language beside them.
+constexpr bool DayLines::*kDayLines[] = {&DayLines::names,       &DayLines::terms,     &DayLines::seasonalDays,
+                                         &DayLines::rokuyo,      &DayLines::lunarDate, &DayLines::moonPhase,
+                                         &DayLines::weekNumbers, &DayLines::eraTitles};
+constexpr UINT kAllDayLines = DVY_INENGLISH | (DVY_INENGLISH - 1);
+static_assert(DVY_INENGLISH == 1u << std::size(kDayLines), "each line has a bit");
 constexpr UINT kAllParts = kViewParts | kGridParts | kMiniCalendarParts;
 
 constexpr int kLowestScale = 48; // dots an inch
@@ -146,6 +155,37 @@ LRESULT OnSetShow(CtlWindow& control, WPARAM wParam, LPARAM lParam)
     }
     Refresh(control);
     return kDone;
+}
+
+LRESULT OnSetDayLines(CtlWindow& control, WPARAM wParam, LPARAM lParam)
+{
+    const UINT mask = static_cast<UINT>(wParam);
+    const UINT flags = static_cast<UINT>(lParam);
+    if ((mask | flags) & ~kAllDayLines) {
+        return DVE_VALUE;
+    }
+    DayLines lines = control.view->GetDayLines();
+    for (size_t i = 0; i < std::size(kDayLines); ++i) {
+        if (mask & (1u << i)) {
+            lines.*kDayLines[i] = (flags & (1u << i)) != 0;
+        }
+    }
+    if (mask & DVY_INENGLISH) {
+        lines.language = flags & DVY_INENGLISH ? DayLanguage::English : DayLanguage::Japanese;
+    }
+    control.view->SetDayLines(lines);
+    Refresh(control);
+    return kDone;
+}
+
+LRESULT OnGetDayLines(CtlWindow& control, WPARAM, LPARAM)
+{
+    const DayLines& lines = control.view->GetDayLines();
+    UINT flags = lines.language == DayLanguage::English ? DVY_INENGLISH : 0;
+    for (size_t i = 0; i < std::size(kDayLines); ++i) {
+        flags |= lines.*kDayLines[i] ? 1u << i : 0;
+    }
+    return static_cast<LRESULT>(flags);
 }
 
 LRESULT OnSetColor(CtlWindow& control, WPARAM wParam, LPARAM lParam)

@@ -4,6 +4,7 @@
 #include "dayvane_ctl.h"
 
 #include "core/DateMath.h"
+#include "core/Interaction.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
@@ -25,6 +26,15 @@ public:
     TemporaryObjects(const TemporaryObjects&) = delete;
     TemporaryObjects& operator=(const TemporaryObjects&) = delete;
 };
+
+// The other notifications are the controls' own: their records are those of the C interface.
+static_assert(sizeof(DVN_ITEM) == sizeof(NMCALENDARITEM) &&
+              offsetof(DVN_ITEM, stTime) == offsetof(NMCALENDARITEM, time));
+static_assert(sizeof(DVN_DATES) == sizeof(NMCALENDARDATES) &&
+              offsetof(DVN_DATES, nValue) == offsetof(NMCALENDARDATES, nValue));
+static_assert(sizeof(DVN_SELECTION) == sizeof(NMCALENDARSELECTION) &&
+              offsetof(DVN_SELECTION, nCause) == offsetof(NMCALENDARSELECTION, nCause));
+static_assert(int{DVSEL_KEY} == CCSEL_KEY && int{DVSEL_SCROLL} == CCSEL_SCROLL);
 
 // A control on the heap, to the end of its window.
 template <class Control>
@@ -61,6 +71,9 @@ protected:
         ToSystemTime(begin, record.stFirst);
         ToSystemTime(end, record.stLast);
         record.nMode = nMode;
+        const Interaction& began = *this->m_interaction;
+        record.nItem = began.editedVersion == this->m_nItemVersion ? began.editedItem : -1;
+        record.lParam = began.editedData;
         this->m_bEditing = FALSE;
         NotifyParent(*this, record.hdr);
     }

@@ -6,6 +6,7 @@
 #include "pickers/YearMonthPickerCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
+#include <map>
 #include <memory>
 
 namespace dayvane::ctl {
@@ -27,6 +28,13 @@ enum Set : unsigned
 };
 } // namespace kinds
 
+// What a host has said of a cell of a mini calendar.
+struct MarkedCell
+{
+    bool isBold;
+    COLORREF dot; // CLR_NONE: none
+};
+
 // Which of the pointers are set follows from the kind.
 struct CtlWindow
 {
@@ -39,6 +47,7 @@ struct CtlWindow
     CMiniCalendarCtrl* miniCalendar = nullptr;
     CMiniCalendarCtrl2* miniYear = nullptr;
     CYearMonthPickerCtrl* picker = nullptr;
+    std::map<int, MarkedCell> cells;            // by the number of the day, or of the first day of the month
     void (*prepare)(CtlWindow& self) = nullptr; // what is to be done once the window has its size and styles
 };
 

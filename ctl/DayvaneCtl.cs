@@ -5,7 +5,7 @@ using System.Runtime.InteropServices;
 
 public static class Dayvane
 {
-    public const uint DAYVANE_CTL_VERSION = 0x000100;
+    public const uint DAYVANE_CTL_VERSION = 0x010000;
     public const int DVM_FIRST = 0x500;
 
     [DllImport("user32.dll", CharSet = CharSet.Unicode)]
@@ -135,7 +135,7 @@ public static class Dayvane
     public const int DVO_MORELIST = 0x00000100; // A more-items mark opens the list of its items.
     public const int DVO_TOOLTIPS = 0x00000200; // Mini calendars: the names of a day under the pointer.
     public const int DVO_CAREFULDROPS = 0x00000400; // A drop outside takes the move back; one that changes nothing is not reported.
-    public const int DVO_SELECTIONEVENTS = 0x00000800; // A change of the selection is reported.
+    public const int DVO_SELECTIONEVENTS = 0x00000800; // A change of the selection is reported: CCN_SELCHANGED.
     public const int DVO_DIALOGKEYS = 0x00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
     public const int DVO_WHEELBYDELTA = 0x00002000; // Wheel deltas add up; with Ctrl they change the time scale.
     public const int DVO_KEYBOARDMOVES = 0x00004000; // Ctrl with an arrow moves the current item, Ctrl+Shift its end, Alt+Shift its start; copying and others are asked for.
@@ -149,6 +149,15 @@ public static class Dayvane
     public const int DVSH_HOVER = 0x0008; // Views: CCN_MOUSEHOVER is sent.
     public const int DVSH_RANGES = 0x0010; // Mini calendars: a range can be selected.
     public const int DVSH_WEEKNUMBERS = 0x0020; // DayvaneMiniCalendar: a column of week numbers.
+    public const int DVY_NAMES = 0x0001; // Day lines: names of holidays and other days, under the number.
+    public const int DVY_TERMS = 0x0002; // Day lines: the 24 solar terms.
+    public const int DVY_SEASONALDAYS = 0x0004; // Day lines: the days of the farmer's year.
+    public const int DVY_ROKUYO = 0x0008; // Day lines: the six days.
+    public const int DVY_LUNARDATE = 0x0010; // Day lines: the date of the lunisolar calendar.
+    public const int DVY_MOON = 0x0020; // Day lines: the moon.
+    public const int DVY_WEEKNUMBERS = 0x0040; // A column of week numbers, or a note in the title.
+    public const int DVY_ERATITLES = 0x0080; // The year of the Japanese era in titles.
+    public const int DVY_INENGLISH = 0x0100; // All of these in English.
     public const int DVC_CAPTION = 0; // Title band.
     public const int DVC_CAPTIONTEXT = 1; // Its text.
     public const int DVC_RULER = 2; // Ruler, day headers.
@@ -178,6 +187,8 @@ public static class Dayvane
     public const int DVM_SETTEXTS = DVM_FIRST + 50; // wParam: int nTexts; lParam: -; 1
     public const int DVM_SETFIRSTDAY = DVM_FIRST + 37; // wParam: int nDay; lParam: -; 1
     public const int DVM_GETFIRSTDAY = DVM_FIRST + 38; // wParam: -; lParam: -; 1 to 7
+    public const int DVM_SETDAYLINES = DVM_FIRST + 51; // wParam: UINT uMask; lParam: UINT uFlags; 1
+    public const int DVM_GETDAYLINES = DVM_FIRST + 52; // wParam: -; lParam: -; what is on: DVY_...
     public const int DVM_SETTIMESCALE = DVM_FIRST + 39; // wParam: int nRows; lParam: -; 1
     public const int DVM_SETWORKTIME = DVM_FIRST + 40; // wParam: int nFrom; lParam: int nTo; 1
     public const int DVM_SETDAYS = DVM_FIRST + 41; // wParam: int nDays; lParam: -; 1
@@ -201,6 +212,19 @@ public static class Dayvane
 
     public const int DVM_SETDAY = DVM_FIRST + 48; // wParam: -; lParam: in DV_DAY day; 1
     public const int DVM_CLEARDAYS = DVM_FIRST + 49; // wParam: -; lParam: -; 1
+
+    // A cell of a mini calendar.
+    [StructLayout(LayoutKind.Sequential)]
+    public struct DV_CELL
+    {
+        public uint cbSize;
+        public SystemTime stDate;
+        public int bBold;
+        public uint crDot;
+    }
+
+    public const int DVM_SETCELL = DVM_FIRST + 53; // wParam: UINT uFlags; lParam: in DV_CELL cell; 1
+    public const int DVM_CLEARCELLS = DVM_FIRST + 54; // wParam: -; lParam: -; 1
 
     // ---- Pointer, editing, printing
     public const int DVH_NOWHERE = 1; // Nothing.
@@ -232,9 +256,9 @@ public static class Dayvane
         public IntPtr hdc;
         public int nPage;
         public int nPages;
-    public const int DVP_LIST = 0x0001; // An agenda instead of the view's own page.
     }
 
+    public const int DVP_LIST = 0x0001; // An agenda instead of the view's own page.
     public const int DVM_HITTEST = DVM_FIRST + 56; // wParam: -; lParam: both DV_HIT hit; uHit
     public const int DVM_BEGINEDIT = DVM_FIRST + 57; // wParam: -; lParam: LPCWSTR text; 1, 0 when no edit box could be opened
     public const int DVM_PRINT = DVM_FIRST + 58; // wParam: -; lParam: both DV_PRINT print; 1, 0 when there is no such page
@@ -278,6 +302,25 @@ public static class Dayvane
         public SystemTime stFirst;
         public SystemTime stLast;
         public int nMode;
+        public int nItem;
+        public IntPtr lParam;
+    }
+
+    public const int DVSEL_KEY = 1; // DVN_SELECTION: a key.
+    public const int DVSEL_PRESS = 2; // DVN_SELECTION: the left button went down; a sweep may follow.
+    public const int DVSEL_SWEEP = 3; // DVN_SELECTION: the button went up after a sweep.
+    public const int DVSEL_DROP = 4; // DVN_SELECTION: it went up after an item was dragged.
+    public const int DVSEL_SCROLL = 5; // DVN_SELECTION: scrolling took the selection along.
+
+    // The selection.
+    [StructLayout(LayoutKind.Sequential)]
+    public struct DVN_SELECTION
+    {
+        public NotifyHeader hdr;
+        public SystemTime stFirst;
+        public SystemTime stLast;
+        public int bWholeDays;
+        public int nCause;
     }
 
     public const int CCN_ITEMCLICK = -2080; // DVN_ITEM: The left button was pressed, or Tab or Space made an item current.
@@ -289,6 +332,7 @@ public static class Dayvane
     public const int CCN_ITEMMOVED = -2086; // DVN_ITEM: An item was dropped. With MK_CONTROL in nSubValue the user wants a copy.
     public const int CCN_IPE_ENDEDITITEM = -2087; // DVN_EDIT: An edit box was closed with a text.
     public const int CCN_MOUSEHOVER = -2089; // DVN_ITEM: The mouse rested over the control.
+    public const int CCN_SELCHANGED = -2090; // DVN_SELECTION: The selection has changed; with DVO_SELECTIONEVENTS.
     public const int CCN_COPY = -2100; // DVN_ITEM: Ctrl+C. This and the next ones: with DVO_KEYBOARDMOVES or DVO_TYPETOEDIT a key asks for it; nothing is done by itself.
     public const int CCN_CUT = -2101; // DVN_ITEM: Ctrl+X.
     public const int CCN_PASTE = -2102; // DVN_ITEM: Ctrl+V.

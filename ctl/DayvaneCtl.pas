@@ -10,7 +10,7 @@ uses
 {$ALIGN 8}
 
 const
-  DAYVANE_CTL_VERSION = $000100;
+  DAYVANE_CTL_VERSION = $010000;
   DVM_FIRST = WM_USER + $100;
 
 // ---- Controls
@@ -131,7 +131,7 @@ const
   DVO_MORELIST = $00000100; // A more-items mark opens the list of its items.
   DVO_TOOLTIPS = $00000200; // Mini calendars: the names of a day under the pointer.
   DVO_CAREFULDROPS = $00000400; // A drop outside takes the move back; one that changes nothing is not reported.
-  DVO_SELECTIONEVENTS = $00000800; // A change of the selection is reported.
+  DVO_SELECTIONEVENTS = $00000800; // A change of the selection is reported: CCN_SELCHANGED.
   DVO_DIALOGKEYS = $00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
   DVO_WHEELBYDELTA = $00002000; // Wheel deltas add up; with Ctrl they change the time scale.
   DVO_KEYBOARDMOVES = $00004000; // Ctrl with an arrow moves the current item, Ctrl+Shift its end, Alt+Shift its start; copying and others are asked for.
@@ -145,6 +145,15 @@ const
   DVSH_HOVER = $0008; // Views: CCN_MOUSEHOVER is sent.
   DVSH_RANGES = $0010; // Mini calendars: a range can be selected.
   DVSH_WEEKNUMBERS = $0020; // DayvaneMiniCalendar: a column of week numbers.
+  DVY_NAMES = $0001; // Day lines: names of holidays and other days, under the number.
+  DVY_TERMS = $0002; // Day lines: the 24 solar terms.
+  DVY_SEASONALDAYS = $0004; // Day lines: the days of the farmer's year.
+  DVY_ROKUYO = $0008; // Day lines: the six days.
+  DVY_LUNARDATE = $0010; // Day lines: the date of the lunisolar calendar.
+  DVY_MOON = $0020; // Day lines: the moon.
+  DVY_WEEKNUMBERS = $0040; // A column of week numbers, or a note in the title.
+  DVY_ERATITLES = $0080; // The year of the Japanese era in titles.
+  DVY_INENGLISH = $0100; // All of these in English.
   DVC_CAPTION = 0; // Title band.
   DVC_CAPTIONTEXT = 1; // Its text.
   DVC_RULER = 2; // Ruler, day headers.
@@ -174,6 +183,8 @@ const
   DVM_SETTEXTS = DVM_FIRST + 50; // wParam: int nTexts; lParam: -; 1
   DVM_SETFIRSTDAY = DVM_FIRST + 37; // wParam: int nDay; lParam: -; 1
   DVM_GETFIRSTDAY = DVM_FIRST + 38; // wParam: -; lParam: -; 1 to 7
+  DVM_SETDAYLINES = DVM_FIRST + 51; // wParam: UINT uMask; lParam: UINT uFlags; 1
+  DVM_GETDAYLINES = DVM_FIRST + 52; // wParam: -; lParam: -; what is on: DVY_...
   DVM_SETTIMESCALE = DVM_FIRST + 39; // wParam: int nRows; lParam: -; 1
   DVM_SETWORKTIME = DVM_FIRST + 40; // wParam: int nFrom; lParam: int nTo; 1
   DVM_SETDAYS = DVM_FIRST + 41; // wParam: int nDays; lParam: -; 1
@@ -199,6 +210,21 @@ type
 const
   DVM_SETDAY = DVM_FIRST + 48; // wParam: -; lParam: in DV_DAY day; 1
   DVM_CLEARDAYS = DVM_FIRST + 49; // wParam: -; lParam: -; 1
+
+type
+  // A cell of a mini calendar.
+  PDV_CELL = ^DV_CELL;
+  DV_CELL = record
+    cbSize: UINT;
+    stDate: TSystemTime;
+    bBold: Integer;
+    crDot: COLORREF;
+  end;
+
+
+const
+  DVM_SETCELL = DVM_FIRST + 53; // wParam: UINT uFlags; lParam: in DV_CELL cell; 1
+  DVM_CLEARCELLS = DVM_FIRST + 54; // wParam: -; lParam: -; 1
 
 // ---- Pointer, editing, printing
 
@@ -232,11 +258,11 @@ type
     hdc: HDC;
     nPage: Integer;
     nPages: Integer;
+  end;
+
 
 const
   DVP_LIST = $0001; // An agenda instead of the view's own page.
-  end;
-
   DVM_HITTEST = DVM_FIRST + 56; // wParam: -; lParam: both DV_HIT hit; uHit
   DVM_BEGINEDIT = DVM_FIRST + 57; // wParam: -; lParam: LPCWSTR text; 1, 0 when no edit box could be opened
   DVM_PRINT = DVM_FIRST + 58; // wParam: -; lParam: both DV_PRINT print; 1, 0 when there is no such page
@@ -280,6 +306,27 @@ type
     stFirst: TSystemTime;
     stLast: TSystemTime;
     nMode: Integer;
+    nItem: Integer;
+    lParam: LPARAM;
+  end;
+
+
+const
+  DVSEL_KEY = 1; // DVN_SELECTION: a key.
+  DVSEL_PRESS = 2; // DVN_SELECTION: the left button went down; a sweep may follow.
+  DVSEL_SWEEP = 3; // DVN_SELECTION: the button went up after a sweep.
+  DVSEL_DROP = 4; // DVN_SELECTION: it went up after an item was dragged.
+  DVSEL_SCROLL = 5; // DVN_SELECTION: scrolling took the selection along.
+
+type
+  // The selection.
+  PDVN_SELECTION = ^DVN_SELECTION;
+  DVN_SELECTION = record
+    hdr: TNMHdr;
+    stFirst: TSystemTime;
+    stLast: TSystemTime;
+    bWholeDays: Integer;
+    nCause: Integer;
   end;
 
 
@@ -293,6 +340,7 @@ const
   CCN_ITEMMOVED = -2086; // DVN_ITEM: An item was dropped. With MK_CONTROL in nSubValue the user wants a copy.
   CCN_IPE_ENDEDITITEM = -2087; // DVN_EDIT: An edit box was closed with a text.
   CCN_MOUSEHOVER = -2089; // DVN_ITEM: The mouse rested over the control.
+  CCN_SELCHANGED = -2090; // DVN_SELECTION: The selection has changed; with DVO_SELECTIONEVENTS.
   CCN_COPY = -2100; // DVN_ITEM: Ctrl+C. This and the next ones: with DVO_KEYBOARDMOVES or DVO_TYPETOEDIT a key asks for it; nothing is done by itself.
   CCN_CUT = -2101; // DVN_ITEM: Ctrl+X.
   CCN_PASTE = -2102; // DVN_ITEM: Ctrl+V.

@@ -14,8 +14,8 @@
 extern "C" {
 #endif
 
-/* 0.1.0, as DayvaneVersion() answers it */
-#define DAYVANE_CTL_VERSION 0x000100
+/* 1.0.0, as DayvaneVersion() answers it */
+#define DAYVANE_CTL_VERSION 0x010000
 
 #define DVM_FIRST (WM_USER + 0x100)
 #define DVM_LAST (DVM_FIRST + 0xFF)
@@ -209,7 +209,7 @@ DV_INLINE LRESULT DvSetSelRange(HWND control, const DV_RANGE* range)
 #define DVO_MORELIST 0x00000100 /* A more-items mark opens the list of its items. */
 #define DVO_TOOLTIPS 0x00000200 /* Mini calendars: the names of a day under the pointer. */
 #define DVO_CAREFULDROPS 0x00000400 /* A drop outside takes the move back; one that changes nothing is not reported. */
-#define DVO_SELECTIONEVENTS 0x00000800 /* A change of the selection is reported. */
+#define DVO_SELECTIONEVENTS 0x00000800 /* A change of the selection is reported: CCN_SELCHANGED. */
 #define DVO_DIALOGKEYS 0x00001000 /* Tab leaves the control after its last item; Escape reaches the dialog. */
 #define DVO_WHEELBYDELTA 0x00002000 /* Wheel deltas add up; with Ctrl they change the time scale. */
 #define DVO_KEYBOARDMOVES 0x00004000 /* Ctrl with an arrow moves the current item, Ctrl+Shift its end, Alt+Shift its start; copying and others are asked for. */
@@ -223,6 +223,15 @@ DV_INLINE LRESULT DvSetSelRange(HWND control, const DV_RANGE* range)
 #define DVSH_HOVER 0x0008 /* Views: CCN_MOUSEHOVER is sent. */
 #define DVSH_RANGES 0x0010 /* Mini calendars: a range can be selected. */
 #define DVSH_WEEKNUMBERS 0x0020 /* DayvaneMiniCalendar: a column of week numbers. */
+#define DVY_NAMES 0x0001 /* Day lines: names of holidays and other days, under the number. */
+#define DVY_TERMS 0x0002 /* Day lines: the 24 solar terms. */
+#define DVY_SEASONALDAYS 0x0004 /* Day lines: the days of the farmer's year. */
+#define DVY_ROKUYO 0x0008 /* Day lines: the six days. */
+#define DVY_LUNARDATE 0x0010 /* Day lines: the date of the lunisolar calendar. */
+#define DVY_MOON 0x0020 /* Day lines: the moon. */
+#define DVY_WEEKNUMBERS 0x0040 /* A column of week numbers, or a note in the title. */
+#define DVY_ERATITLES 0x0080 /* The year of the Japanese era in titles. */
+#define DVY_INENGLISH 0x0100 /* All of these in English. */
 #define DVC_CAPTION 0 /* Title band. */
 #define DVC_CAPTIONTEXT 1 /* Its text. */
 #define DVC_RULER 2 /* Ruler, day headers. */
@@ -303,6 +312,18 @@ DV_INLINE LRESULT DvGetFirstDay(HWND control)
     return SendMessageW(control, DVM_GETFIRSTDAY, 0, 0);
 }
 
+#define DVM_SETDAYLINES (DVM_FIRST + 51) /* Switches what is said of days in uMask on or off as uFlags has it: DVY_... */
+DV_INLINE LRESULT DvSetDayLines(HWND control, UINT uMask, UINT uFlags)
+{
+    return SendMessageW(control, DVM_SETDAYLINES, (WPARAM)uMask, (LPARAM)uFlags);
+}
+
+#define DVM_GETDAYLINES (DVM_FIRST + 52) /* All are off at first. */
+DV_INLINE LRESULT DvGetDayLines(HWND control)
+{
+    return SendMessageW(control, DVM_GETDAYLINES, 0, 0);
+}
+
 #define DVM_SETTIMESCALE (DVM_FIRST + 39) /* Rows an hour, 1 to 60. */
 DV_INLINE LRESULT DvSetTimeScale(HWND control, int nRows)
 {
@@ -365,6 +386,28 @@ DV_INLINE LRESULT DvClearDays(HWND control)
     return SendMessageW(control, DVM_CLEARDAYS, 0, 0);
 }
 
+/* A cell of a mini calendar. */
+typedef struct DV_CELL
+{
+    UINT cbSize; /* sizeof(DV_CELL) */
+    SYSTEMTIME stDate; /* the day, or any day of the month */
+    int bBold; /* 1: its number is bold */
+    COLORREF crDot; /* a dot under it; 0xFFFFFFFF: none */
+} DV_CELL;
+
+
+#define DVM_SETCELL (DVM_FIRST + 53) /* Marks a cell, shown now or not. uFlags: 0 or DVU_LATER. */
+DV_INLINE LRESULT DvSetCell(HWND control, UINT uFlags, const DV_CELL* cell)
+{
+    return SendMessageW(control, DVM_SETCELL, (WPARAM)uFlags, (LPARAM)cell);
+}
+
+#define DVM_CLEARCELLS (DVM_FIRST + 54) /* Takes all that DVM_SETCELL has set away. */
+DV_INLINE LRESULT DvClearCells(HWND control)
+{
+    return SendMessageW(control, DVM_CLEARCELLS, 0, 0);
+}
+
 /* ---- Pointer, editing, printing */
 #define DVH_NOWHERE 1 /* Nothing. */
 #define DVH_ITEM 2 /* An item. */
@@ -393,9 +436,9 @@ typedef struct DV_PRINT
     HDC hdc; /* a printer's device context, or any other */
     int nPage; /* the page to draw, from 1; 0: only count */
     int nPages; /* out: how many pages there are */
-#define DVP_LIST 0x0001 /* An agenda instead of the view's own page. */
 } DV_PRINT;
 
+#define DVP_LIST 0x0001 /* An agenda instead of the view's own page. */
 
 #define DVM_HITTEST (DVM_FIRST + 56) /* Tells what lies under a point. */
 DV_INLINE LRESULT DvHitTest(HWND control, DV_HIT* hit)
@@ -422,7 +465,7 @@ typedef struct DVN_ITEM
 {
     NMHDR hdr;
     POINT pt; /* client pixels; (-1, -1) when a key was the cause */
-    int nSubValue; /* mouse or key flags (MK_...); with CCN_COMBOSELCHANGE the selected index */
+    int nSubValue; /* mouse or key flags (MK_...); with CCN_RENAME the character that was typed */
     int nItem; /* index, -1 none */
     LPARAM lParam; /* the item's lParam */
     SYSTEMTIME stTime; /* the date and time under the point, or the item's start */
@@ -451,7 +494,25 @@ typedef struct DVN_EDIT
     SYSTEMTIME stFirst; /* the selected time; all zero when there is none */
     SYSTEMTIME stLast;
     int nMode; /* not 0 when the text is an item's */
+    int nItem; /* index of the item that was current when the edit began; -1: none was, or the items have changed since */
+    LPARAM lParam; /* that item's lParam, also where its index is not known any more */
 } DVN_EDIT;
+
+#define DVSEL_KEY 1 /* DVN_SELECTION: a key. */
+#define DVSEL_PRESS 2 /* DVN_SELECTION: the left button went down; a sweep may follow. */
+#define DVSEL_SWEEP 3 /* DVN_SELECTION: the button went up after a sweep. */
+#define DVSEL_DROP 4 /* DVN_SELECTION: it went up after an item was dragged. */
+#define DVSEL_SCROLL 5 /* DVN_SELECTION: scrolling took the selection along. */
+
+/* The selection. */
+typedef struct DVN_SELECTION
+{
+    NMHDR hdr;
+    SYSTEMTIME stFirst; /* the selected time; all zero when there is none */
+    SYSTEMTIME stLast;
+    int bWholeDays; /* 1: selected in the band of all-day items */
+    int nCause; /* DVSEL_... */
+} DVN_SELECTION;
 
 #define CCN_ITEMCLICK (-2080) /* DVN_ITEM: The left button was pressed, or Tab or Space made an item current. */
 #define CCN_ITEMDBLCLICK (-2081) /* DVN_ITEM: A double click, or Enter. */
@@ -462,6 +523,7 @@ typedef struct DVN_EDIT
 #define CCN_ITEMMOVED (-2086) /* DVN_ITEM: An item was dropped. With MK_CONTROL in nSubValue the user wants a copy. */
 #define CCN_IPE_ENDEDITITEM (-2087) /* DVN_EDIT: An edit box was closed with a text. */
 #define CCN_MOUSEHOVER (-2089) /* DVN_ITEM: The mouse rested over the control. */
+#define CCN_SELCHANGED (-2090) /* DVN_SELECTION: The selection has changed; with DVO_SELECTIONEVENTS. */
 #define CCN_COPY (-2100) /* DVN_ITEM: Ctrl+C. This and the next ones: with DVO_KEYBOARDMOVES or DVO_TYPETOEDIT a key asks for it; nothing is done by itself. */
 #define CCN_CUT (-2101) /* DVN_ITEM: Ctrl+X. */
 #define CCN_PASTE (-2102) /* DVN_ITEM: Ctrl+V. */

@@ -1,5 +1,5 @@
 # Makes one of the files that are derived from dayvane_ctl.iface:
-#   awk -v want=header|messages|exports|imports32|csharp|delphi|reference -v version=0.1.0 -f generate.awk dayvane_ctl.iface
+#   awk -v want=header|messages|exports|imports32|csharp|delphi|reference -v version=1.0.0 -f generate.awk dayvane_ctl.iface
 # Plain awk, so that every machine that builds the library can run it.
 
 BEGIN {
@@ -179,6 +179,7 @@ function window_class(name, kind, text) {
 }
 
 function constant(name, value, text) {
+    end_record()
     if (is("header")) {
         printf "#define %s %s /* %s */\n", name, value ~ /^-/ ? "(" value ")" : value, text
     } else if (is("csharp")) {

@@ -33,5 +33,7 @@ command_generate() {
             *) die "./dev generate knows only the option --check." ;;
         esac
     done < <(interface_files)
+    [ "$(sed -n 's/^## \([0-9.]*\).*/\1/p' "$ROOT/CHANGELOG.md" | head -n 1)" = "$(library_version)" ] ||
+        die "CHANGELOG.md does not begin with $(library_version)."
     [ "$stale" -eq 0 ] || die "Some files are out of date; ./dev generate makes them anew."
 }

@@ -10,6 +10,9 @@ static int g_faults;
 static int g_clicks;
 static LPARAM g_clicked;
 static WCHAR g_edited[64];
+static int g_editedItem;
+static int g_selectionDay;
+static int g_selectionCause;
 
 static void Say(const char* text)
 {
@@ -75,6 +78,10 @@ static LRESULT CALLBACK HostProc(HWND window, UINT message, WPARAM wParam, LPARA
             g_clicked = ((const DVN_ITEM*)lParam)->lParam;
         } else if ((int)header->code == CCN_IPE_ENDEDITITEM) {
             lstrcpynW(g_edited, ((const DVN_EDIT*)lParam)->pszText, 64);
+            g_editedItem = ((const DVN_EDIT*)lParam)->lParam == 4711 ? ((const DVN_EDIT*)lParam)->nItem : -1;
+        } else if ((int)header->code == CCN_SELCHANGED) {
+            g_selectionDay = ((const DVN_SELECTION*)lParam)->stFirst.wDay;
+            g_selectionCause = ((const DVN_SELECTION*)lParam)->nCause;
         } else if ((int)header->code == CCN_CONTEXTMENU) {
             DestroyWindow(header->hwndFrom);
         }
@@ -203,6 +210,8 @@ static void UseWrongly(HWND host)
     DestroyWindow(month);
     DestroyWindow(small);
     HOLDS(DayvaneInit(DAYVANE_CTL_VERSION + 0x10000) == DVE_VERSION);
+    HOLDS(DayvaneInit(DAYVANE_CTL_VERSION + 0x100) == DVE_VERSION);
+    HOLDS(DayvaneInit(DAYVANE_CTL_VERSION + 1) == 1);
 }
 
 static void UseSettings(HWND host)
@@ -240,6 +249,14 @@ static void UseSettings(HWND host)
     range.stFirst = At(1, 0);
     ANSWERS(DvGetSelRange(month, &range), 1);
     HOLDS(range.stFirst.wDay == 17);
+    range.stFirst = range.stLast = At(17, 0);
+    DvSetSelRange(month, &range);
+    SendMessageW(month, WM_KEYDOWN, VK_RIGHT, 0);
+    HOLDS(g_selectionDay == 18 && g_selectionCause == DVSEL_KEY);
+    ANSWERS(DvSetDayLines(month, DVY_ROKUYO | DVY_INENGLISH, DVY_ROKUYO | DVY_INENGLISH), 1);
+    ANSWERS(DvSetDayLines(month, DVY_INENGLISH, 0), 1);
+    ANSWERS(DvGetDayLines(month), DVY_ROKUYO);
+    ANSWERS(DvSetDayLines(month, 0x200, 0), DVE_VALUE);
     DestroyWindow(month);
 }
 
@@ -249,16 +266,55 @@ static void UseEditing(HWND host)
     HWND month = NewControl(host, DAYVANE_MONTH, 0);
     SYSTEMTIME date = At(18, 0);
     WCHAR text[] = {0x4F1A, 0x8B70, 0xE9, 0};
+    DV_ITEM item = NewItem(18, 18, text);
     HWND edit;
     DvSetDate(month, &date);
-    DvRefresh(month);
+    DvAddItem(month, 0, &item);
+    DvAddItem(month, 0, &item);
+    DvSetSel(month, 1);
     ANSWERS(DvBeginEdit(month, text), 1);
     edit = GetWindow(month, GW_CHILD);
     HOLDS(edit != NULL);
     g_edited[0] = 0;
     SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
-    HOLDS(lstrcmpW(g_edited, text) == 0);
+    HOLDS(lstrcmpW(g_edited, text) == 0 && g_editedItem == 1);
     DestroyWindow(month);
+}
+
+static int PixelsOf(HWND control, COLORREF color)
+{
+    RECT client;
+    HDC dc = GetDC(control);
+    int count = 0;
+    int x;
+    int y;
+    UpdateWindow(control);
+    GetClientRect(control, &client);
+    for (y = 0; y < client.bottom; ++y) {
+        for (x = 0; x < client.right; ++x) {
+            count += GetPixel(dc, x, y) == color;
+        }
+    }
+    ReleaseDC(control, dc);
+    return count;
+}
+
+/* A dot under one cell, before and after it is taken away. */
+static void MarkCell(HWND small, WORD day)
+{
+    const COLORREF dot = RGB(11, 22, 33);
+    DV_CELL cell;
+    cell.cbSize = sizeof(cell);
+    cell.stDate = At(day, 0);
+    cell.bBold = 1;
+    cell.crDot = dot;
+    ANSWERS(DvSetCell(small, 2, &cell), DVE_VALUE);
+    ANSWERS(DvSetCell(small, 0, &cell), 1);
+    HOLDS(PixelsOf(small, dot) > 0);
+    ANSWERS(DvClearCells(small), 1);
+    HOLDS(PixelsOf(small, dot) == 0);
+    cell.stDate.wDay = 31;
+    ANSWERS(DvSetCell(small, 0, &cell), DVE_DATE);
 }
 
 static void UseSmallControls(HWND host)
@@ -276,6 +332,8 @@ static void UseSmallControls(HWND host)
         ANSWERS(DvSetDate(small, &date), 1);
         ANSWERS(DvSetGrid(small, 1, 1), 1);
         ANSWERS(DvGetIdealSize(small, &one), 1);
+        SetWindowPos(small, NULL, 0, 0, one.cx, one.cy, SWP_NOMOVE | SWP_NOZORDER);
+        MarkCell(small, 18);
         ANSWERS(DvSetGrid(small, 2, 3), 1);
         ANSWERS(DvGetIdealSize(small, &six), 1);
         HOLDS(six.cx == 3 * one.cx && six.cy > one.cy);
