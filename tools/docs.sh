@@ -22,7 +22,7 @@ make_docs() {
     need_packages "${native_packages[@]}" "${docs_packages[@]}"
     check_snippets || die "A document shows other code than its sources; ./dev snippets puts it in."
     step "Documents"
-    check_pictures || status=1
+    in_subshell check_pages || status=1
     warnings=$(log_file docs)
     rm -rf "$BUILD/html"
     (cd "$ROOT" && {
@@ -43,6 +43,20 @@ make_docs() {
 undocumented_names() {
     sed -nE "s|^$ROOT/||; s/^([^:]+):[0-9]+: warning: (Member|Compound) (.*) is not documented\.$/\1 \3/p" "$1" |
         sed -E 's/ of (class|struct|file|namespace) .*/&/' | sort -u
+}
+
+# What takes no HTML to see: pictures, links between the pages, public names of which nothing is said.
+check_pages() {
+    local status=0 headers=()
+    check_pictures || status=1
+    cd "$ROOT" || return 1
+    python3 tools/links.py README.md CHANGELOG.md docs/*.md || status=1
+    mapfile -t headers < <(reference_headers)
+    python3 tools/reference_filter.py --missing "${headers[@]}" || {
+        warn "nothing is said of these names; write it there or into tools/reference_names.txt"
+        status=1
+    }
+    return "$status"
 }
 
 # Every picture is shown by a page, and every page shows pictures that there are.

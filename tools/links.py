@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""links.py FOLDER: every link and picture of the HTML files in the folder that stays on this machine must lead
-somewhere, with its anchor. A line for each that does not; exit status 1 when there is one."""
+"""links.py FOLDER | PAGE.md...: every link and picture of the HTML files in the folder, or of the pages named, that stays
+on this machine must lead somewhere, with its anchor. A line for each that does not; exit status 1 when there is one."""
 
 import os
+import re
 import sys
 from html.parser import HTMLParser
 from urllib.parse import unquote, urlsplit
@@ -24,18 +25,26 @@ class Page(HTMLParser):
 def read(path):
     page = Page()
     with open(path, encoding="utf-8") as file:
-        page.feed(file.read())
+        text = file.read()
+    if not path.endswith(".md"):
+        page.feed(text)
+        return page
+    text = re.sub(r"^```.*?^```$", "", text, flags=re.S | re.M)
+    page.links = re.findall(r"\]\(([^()\s]+)\)", text)
+    for heading in re.findall(r"^#+ +(.*)$", text, flags=re.M):
+        page.anchors.add(re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-"))
     return page
 
 
 def main():
-    folder = sys.argv[1]
     pages = {}
-    for root, _, files in os.walk(folder):
-        for name in files:
-            if name.endswith(".html"):
-                path = os.path.normpath(os.path.join(root, name))
-                pages[path] = read(path)
+    for name in sys.argv[1:]:
+        files = [name]
+        if os.path.isdir(name):
+            files = [os.path.join(root, file) for root, _, found in os.walk(name) for file in found]
+        for file in files:
+            if file.endswith((".html", ".md")):
+                pages[os.path.normpath(file)] = read(file)
     dead = set()
     for path, page in pages.items():
         for link in page.links:

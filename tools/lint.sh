@@ -19,8 +19,8 @@ command_format() {
     esac
 }
 
-# The documents whose code is cut from sources that the package test builds and runs.
-snippet_documents=(README.md docs/cookbook.md docs/guide.md docs/ical.md docs/printing.md)
+# The documents: their code is cut from sources that the package test builds and runs.
+snippet_documents() { (cd "$ROOT" && printf '%s\n' README.md docs/*.md); }
 
 # snippets [--check]: puts the code of the documents in, or only says which differ from their sources.
 command_snippets() {
@@ -28,7 +28,7 @@ command_snippets() {
         "")
             local document new
             cd "$ROOT"
-            for document in "${snippet_documents[@]}"; do
+            for document in $(snippet_documents); do
                 new=$(awk -f tools/snippets.awk "$document") || die "$document stays as it is."
                 printf '%s\n' "$new" >"$document"
             done
@@ -40,14 +40,22 @@ command_snippets() {
 
 check_snippets() {
     local document status=0
-    for document in "${snippet_documents[@]}"; do
+    for document in $(snippet_documents); do
         (cd "$ROOT" && awk -f tools/snippets.awk "$document" | diff -u --label "$document" --label source \
             "$document" -) >&2 || status=1
     done
-    for document in docs/settings.md docs/notifications.md; do
+    for document in docs/settings.md docs/notifications.md docs/mini-calendars.md; do
         (cd "$ROOT" && awk -f tools/rows.awk "$document") || status=1
     done
+    check_options_page || status=1
     return "$status"
+}
+
+# Each option has a row of its page, and each row is an option.
+check_options_page() {
+    diff <(sed -n 's/^    bool \([A-Za-z]*\) = false;.*/\1/p' "$ROOT/core/CalendarOptions.h" | sort) \
+        <(sed -n 's/^| `\([A-Za-z]*\)` |.*/\1/p' "$ROOT/docs/options.md" | sort) >&2 ||
+        { warn "docs/options.md (>) has other options than core/CalendarOptions.h (<)"; return 1; }
 }
 
 # What clang finds by the way in the sources that are built for Windows only; clang-tidy would take minutes for them.
@@ -66,7 +74,7 @@ command_lint() {
     step "House rules"
     (cd "$ROOT" && source_files | xargs awk -f "$ROOT/tools/house_rules.awk") || status=1
     check_snippets || status=1
-    in_subshell check_pictures || status=1
+    in_subshell check_pages || status=1
     mapfile -t files < <(pure_sources | named_or_all "$@")
     mapfile -t windows < <(window_sources | named_or_all "$@")
     step "clang-tidy"

@@ -10,7 +10,7 @@ command_package() {
     out=$BUILD/dist
     need_packages "${package_packages[@]}" "${docs_packages[@]}"
     need_wine
-    make_docs || warn "the documents in the package are not as they should be"
+    make_docs || die "The documents are not as they should be."
     rm -rf "$out"
     for preset in win32 win64; do
         build "$preset" planner dialog
@@ -51,7 +51,7 @@ stage_build() {
         strip_file "$preset" "$file" "$folder-debug/$preset"
     done
     cp -r "$ROOT/docs" "$ROOT/README.md" "$ROOT/CHANGELOG.md" "$ROOT/LICENSE" "$folder"
-    cp -r "$ROOT/samples/dialog" "$folder/samples"
+    cp -r "$ROOT/samples/dialog" "$ROOT/samples/start" "$folder/samples"
     mkdir -p "$folder/samples/data"
     cp "$ROOT/samples/data/office.ics" "$folder/samples/data"
     # The compiler's runtime DLLs beside Dayvane.dll, and what of them is inside DayvaneCtl.dll.
@@ -83,12 +83,13 @@ make_zip() {
         TZ=UTC zip -q -X -9 "$zip" -@)
 }
 
-# The time of every file is that of the commit.
+# Times are those of the commit, and rights do not tell whose machine this is.
 stamp_files() {
     local stamp
     stamp=$(git -C "$ROOT" log -1 --format=%ct)
     find "$1" -exec touch -h -d "@$stamp" {} +
     find "$1" -type d -exec chmod 755 {} +
+    find "$1" -type f -exec chmod 644 {} +
 }
 
 # make_installer FOLDER FILE: an installer of the folder's files.

@@ -2,7 +2,7 @@
 # Debian packages. Sourced by ./dev.
 
 native_packages=(cmake ninja-build g++ libgtest-dev liberfa-dev ccache)
-lint_packages=(clang-format clang-tidy clang lld)
+lint_packages=(clang-format clang-tidy clang lld python3)
 windows_packages=(g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix llvm)
 wine_packages=(wine wine32:i386 wine64 fonts-wine fonts-ipafont-gothic fonts-liberation locales xvfb xdotool imagemagick
     procps)

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""A public header as Doxygen wants it: reference_filter.py FILE writes it to the output.
+"""A public header as Doxygen wants it: reference_filter.py FILE writes it to the output. With --missing FILE... it only
+names what nothing is said of, and ends with status 1 when there is such a name.
 
 The headers say what a name is for in plain comments, in the lines above it or behind it; what a class is stands in the
 head of its file. All of that becomes Doxygen's comments. A getter is told by the function that sets its value; what the
@@ -19,6 +20,9 @@ LABEL = re.compile(r"^\s*(public|protected|private)\s*:\s*$")
 MACRO = re.compile(r"^\s*(DECLARE_\w+|BEGIN_MESSAGE_MAP|END_MESSAGE_MAP|ON_\w+|afx_msg)\b")
 QUIET = re.compile(r"^\s*(#|using\s+[\w:]+;|using namespace|class\s+\w+;|struct\s+\w+;|enum class \w+;|extern template\b|static_assert)")
 
+# What Doxygen asks no word for: values of an enumeration, constructors without arguments, what a base class has told, and
+# what was declared before.
+SILENT = re.compile(r"^(namespace|struct)\b|^\w+( = \w+)?,?$|^\w+\(\)( :.*|;)$| override\b|=$|\w::\w+\(")
 
 ONE = r"\w+(?:\[\w+\])?(?:\s*=\s*[^,;(){}]+)?"
 SEVERAL = re.compile(r"^(\s*)((?:const )?[\w:]+(?:<[^>]*>)?)\s+(" + ONE + r"(?:,\s*" + ONE + r")+);$")
@@ -54,6 +58,7 @@ class Filter:
         self.protected = []  # of the scopes around
         self.private_from = None  # how deep the class stands whose private part this is
         self.out = []
+        self.missing = []  # names without a word
 
     def declares(self):
         return all(self.scopes)
@@ -83,6 +88,8 @@ class Filter:
             doc = ["As the language has it."]
         elif not doc and self.is_protected:
             doc = ["For derived classes."]
+        if not doc and not SILENT.search(code):
+            self.missing.append(code)
         self.out += [f"/// {text}".rstrip() for text in doc]
 
     def told(self, code):
@@ -179,7 +186,7 @@ class Filter:
                 self.out.append(f"/// {trailing[2]}\n{code}" if trailing else line)
                 self.fresh = False
                 continue
-            scoped = trailing and code.rstrip().endswith("{")
+            scoped = trailing and code.rstrip().endswith(("{", ")"))
             if scoped:
                 self.out.append(f"/// {trailing[2]}")
             self.out.append(f"{code} ///< {trailing[2]}" if trailing and not scoped else code)
@@ -188,9 +195,20 @@ class Filter:
         return self.out
 
 
+def read(path):
+    with open(path, encoding="utf-8") as file:
+        header = Filter(path, file.read().split("\n"))
+    header.run()
+    return header
+
+
 def main():
-    with open(sys.argv[1], encoding="utf-8") as file:
-        print("\n".join(Filter(sys.argv[1], file.read().split("\n")).run()))
+    if sys.argv[1] != "--missing":
+        print("\n".join(read(sys.argv[1]).out))
+        return 0
+    missing = [f"{path}: {code}" for path in sys.argv[2:] for code in read(path).missing]
+    print("\n".join(missing))
+    return 1 if missing else 0
 
 
-main()
+sys.exit(main())

@@ -1,7 +1,8 @@
 # Puts snippets of sources into a document: copies the document to the output, and where the line
 #     <!-- snippet tests/package/GuideHost.cpp month -->
 # stands before a block of code, the block becomes what the source has between the lines "// snippet month" and
-# "// end of snippet", without the indentation that all of it has. Each C++ block must have such a line.
+# "// end of snippet" (in CMake's files with # for //), without the indentation that all of it has; without a name the
+# whole source. Each block in C++, C or CMake's language must have such a line.
 
 function fail(text) {
     printf "%s:%d: %s\n", FILENAME, FNR, text > "/dev/stderr"
@@ -11,8 +12,9 @@ function fail(text) {
 # The lines of the snippet, and 0 when the source has none of that name.
 function print_snippet(source, name,    line, count, lines, i, indent, inside, width) {
     indent = -1
+    inside = name == ""
     while ((getline line < source) > 0) {
-        if (inside && line ~ /^ *\/\/ end of snippet$/) {
+        if (inside && line ~ /^ *(\/\/|#) end of snippet$/) {
             break
         }
         if (inside) {
@@ -23,7 +25,7 @@ function print_snippet(source, name,    line, count, lines, i, indent, inside, w
                 indent = width
             }
         }
-        if (line ~ "^ *// snippet " name "$") {
+        if (name != "" && line ~ "^ *(//|#) snippet " name "$") {
             inside = 1
         }
     }
@@ -34,21 +36,21 @@ function print_snippet(source, name,    line, count, lines, i, indent, inside, w
     return count
 }
 
-/^<!-- snippet [^ ]+ [^ ]+ -->$/ {
+/^<!-- snippet [^ ]+ ([^ ]+ )?-->$/ {
     source = $3
-    name = $4
+    name = NF == 5 ? $4 : ""
     print
     next
 }
 
-/^```cpp/ {
+/^```(cpp|c|cmake)$/ {
     print
-    if (name == "") {
+    if (source == "") {
         fail("code that is cut from no source")
     } else if (!print_snippet(source, name)) {
         fail("no snippet " name " in " source)
     }
-    name = ""
+    source = ""
     replacing = 1
     next
 }
