@@ -98,7 +98,8 @@ print_pages() {
 # What the planner wrote, from its system's code page.
 show_planner_log() { tail -n 20 "$2" | iconv -c -f "CP$1" -t UTF-8 | tr -d '\r'; }
 
-planner_window() { xdotool search --onlyvisible --class planner.exe 2>/dev/null | tail -n 1 | grep .; }
+window_of_program() { xdotool search --onlyvisible --class "$1" 2>/dev/null | tail -n 1 | grep .; }
+planner_window() { window_of_program planner.exe; }
 window_of_planner_or_end() { planner_window >/dev/null || ! kill -0 "$1" 2>/dev/null; }
 
 # Painted: there is something in it, and the next picture is the same.

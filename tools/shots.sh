@@ -72,6 +72,11 @@ command_shots() {
         shoot_if_wanted "$wanted" "$name" office --view month --date "$date" --size 1360x960 --language "$language" \
             --days names,terms,seasonal,rokuyo,lunar,moon,weeks,eras
     done 3< <(list_days)
+    case pickers-dialog in "$wanted"*)
+        in_subshell shoot_dialog "$shots_folder/pickers-dialog.png" || die "The dialog could not be photographed."
+        shrink_pictures "$shots_folder/pickers-dialog.png"
+        ;;
+    esac
     while read -r -u 3 name file view date paper language kept; do
         case $name in "$wanted"*) ;; *) continue ;; esac
         calendar=$(calendar_named "$file") || continue
@@ -83,6 +88,29 @@ command_shots() {
         done
         shrink_pictures "$shots_folder/$name"-[0-9]*.png
     done 3< <(list_pages)
+}
+
+# The date selectors in a dialog: a day and a month are picked, the chooser is open.
+shoot_dialog() {
+    local picture=$1 pid window place
+    need_wine
+    build win32 dialog
+    start_system 932
+    step "Showing the sample dialog in a virtual display"
+    wine "$BUILD/win32/bin/dialog.exe" >"$(log_file dialog)" 2>&1 9>&- &
+    pid=$!
+    at_exit "kill $pid 2>/dev/null"
+    wait_until "$planner_time_limit" window_of_program dialog.exe >/dev/null || die "The dialog showed no window."
+    window=$(window_of_program dialog.exe)
+    for place in "118 124" "76 281" "312 239"; do # pixels of the window
+        wait_until "$planner_time_limit" is_painted root || die "The dialog stayed empty."
+        # shellcheck disable=SC2086  # two numbers
+        xdotool mousemove --window "$window" $place click 1
+    done
+    wait_until "$planner_time_limit" is_painted root || die "The chooser stayed empty."
+    eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+    mkdir -p "$(dirname "$picture")"
+    convert "$BUILD/shots/.now.png" -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage "$picture"
 }
 
 # What ./dev test compares views and date selectors with.
