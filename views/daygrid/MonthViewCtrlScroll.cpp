@@ -15,14 +15,28 @@ using namespace dayvane;
 
 namespace dayvane {
 
-// What a month view's window shows.
+// What a month view's window shows. What a cell looks like besides this follows from its date.
 struct MonthPicture
 {
+    struct Cell
+    {
+        CRect rect;
+        unsigned flags; // DayFlags
+        int color;      // the host's
+        CString text;   // the host's
+        bool isSelected;
+        bool isFirst; // its number has the month beside it
+
+        bool operator==(const Cell& other) const
+        {
+            return rect == other.rect && flags == other.flags && color == other.color && text == other.text &&
+                   isSelected == other.isSelected && isFirst == other.isFirst;
+        }
+    };
     bool isKnown = false; // else it may be anything
     int firstDay = 0;     // number of the day
-    std::vector<CRect> cells;
-    std::vector<DayLook> looks; // of the cells
-    int lines = 0;              // under the numbers
+    int lines = 0;        // under the numbers of the days
+    std::vector<Cell> cells;
     PaintedState items;
 };
 
@@ -32,13 +46,7 @@ namespace {
 
 constexpr int kRangeChangeValue = 4104; // nValue of CCN_VIEWRANGECHANGE
 constexpr int kCellMargin = 2;          // pixels around a cell that its frame may touch
-
-bool LooksTheSame(const DayLook& a, const DayLook& b)
-{
-    return a.background == b.background && a.today == b.today && a.selected == b.selected &&
-           a.annotation == b.annotation && a.annotationColor == b.annotationColor && a.dayAlone == b.dayAlone &&
-           a.dayNumber == b.dayNumber && a.dayNumberColor == b.dayNumberColor;
-}
+constexpr int kMostWeeks = 3;           // of a longer way most is painted anew
 
 // The part of a picture that is still seen when it has moved down.
 void Move(PaintedState& state, const CRect& area, int down)
@@ -70,14 +78,16 @@ MonthPicture CMonthViewCtrl::TakePicture()
         return picture;
     }
     const DayLookInput input = LookInput();
+    picture.firstDay = DayNumberOf(m_arCellDate[0].m_date);
     for (int i = 0; i < kMonthCells; ++i) {
         if (!HasColorRow(m_arCellDate[i], GetDayColor(i), m_arDayColors)) {
             return picture;
         }
-        picture.cells.push_back(m_arCell[i].m_rect);
-        picture.looks.push_back(CalcDayLook(m_arCellDate[i], i == 0, GetDayColor(i), input));
+        const int day = picture.firstDay + i;
+        picture.cells.push_back(
+            {m_arCell[i].m_rect, m_arCellDate[i].m_nFlags, GetDayColor(i), m_arCellDate[i].m_dayProperty.strText,
+             input.showSelection && input.firstSelected <= day && day <= input.lastSelected, i == 0});
     }
-    picture.firstDay = DayNumberOf(m_arCellDate[0].m_date);
     picture.lines = GetBoxLines().lines;
     GetPaintedState(picture.items);
     picture.isKnown = true;
@@ -86,26 +96,25 @@ MonthPicture CMonthViewCtrl::TakePicture()
 
 void CMonthViewCtrl::RepaintMoved(MonthPicture& before, int nWeeks)
 {
-    const MonthPicture after = TakePicture();
-    if (!before.isKnown || !after.isKnown || nWeeks == 0 || std::abs(nWeeks) >= kMonthRows ||
-        before.firstDay + nWeeks * kMonthColumns != after.firstDay || before.cells != after.cells ||
-        before.lines != after.lines) {
+    const MonthPicture after = before.isKnown && nWeeks != 0 ? TakePicture() : MonthPicture();
+    if (!after.isKnown || before.lines != after.lines || before.firstDay + nWeeks * kMonthColumns != after.firstDay) {
         InvalidateClient();
         return;
     }
-    const int down = -nWeeks * (after.cells[kMonthColumns].top - after.cells[0].top);
+    const int down = -nWeeks * (after.cells[kMonthColumns].rect.top - after.cells[0].rect.top);
     Move(before.items, m_rcContent, down);
     std::vector<CRect> changed;
     if (!FindDifferences(before.items, after.items, changed)) {
         InvalidateClient();
         return;
     }
+    for (MonthPicture::Cell& cell : before.cells) {
+        cell.rect.OffsetRect(0, down);
+    }
     for (int i = 0; i < kMonthCells; ++i) {
         const int old = i + nWeeks * kMonthColumns;
-        const bool isThere = old >= 0 && old < kMonthCells && LooksTheSame(before.looks[old], after.looks[i]) &&
-                             before.cells[old] + CPoint(0, down) == after.cells[i];
-        if (!isThere) {
-            changed.push_back(after.cells[i]);
+        if (old < 0 || old >= kMonthCells || !(before.cells[old] == after.cells[i])) {
+            changed.push_back(after.cells[i].rect);
             changed.back().InflateRect(m_scale.Of(kCellMargin), m_scale.Of(kCellMargin));
         }
     }
@@ -148,7 +157,8 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
         return;
     }
     const WindowAlive alive(this, m_life);
-    MonthPicture before = TakePicture();
+    const int weeks = scroll.step / kMonthColumns;
+    MonthPicture before = std::abs(weeks) <= kMostWeeks ? TakePicture() : MonthPicture();
     const bool isSelected = IsSameDay(m_dtSelBegin, date) && IsSameDay(m_dtSelEnd, date);
     if (scroll.step != 0 || !isSelected) {
         NotifySelDateChange(date);
@@ -163,7 +173,7 @@ void CMonthViewCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     }
     m_dtCurrent = m_dtScroll = date;
     m_dtCurrentDate = m_dtViewDate = m_dtSelBegin = m_dtSelEnd = date;
-    MoveCalendarFrom(before, scroll.step / kMonthColumns);
+    MoveCalendarFrom(before, weeks);
     if (!alive) {
         return;
     }
