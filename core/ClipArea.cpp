@@ -1,5 +1,7 @@
 #include "core/ClipArea.h"
 
+#include "core/DrawingHelpers.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -7,6 +9,7 @@ namespace dayvane {
 namespace {
 
 constexpr size_t kMostParts = 4096; // of more, the box alone counts
+} // namespace
 
 std::vector<CRect> RectsOf(const CRgn& region)
 {
@@ -30,17 +33,21 @@ std::vector<CRect> RectsOf(const CRgn& region)
     return rects;
 }
 
-} // namespace
-
-ClipArea::ClipArea(CDC& dc) : m_box(0, 0, 0, 0)
+ClipArea::ClipArea(CDC& dc, const CMemDC* buffer) : m_box(0, 0, 0, 0), m_size(0, 0), m_origin(0, 0)
 {
     dc.GetClipBox(&m_box);
     CRgn region;
     region.CreateRectRgn(0, 0, 0, 0);
-    if (::GetClipRgn(dc.GetSafeHdc(), static_cast<HRGN>(region.GetSafeHandle())) != 1) {
-        return;
+    bool isBox = true;
+    if (::GetClipRgn(dc.GetSafeHdc(), static_cast<HRGN>(region.GetSafeHandle())) == 1) {
+        CRect bounds;
+        isBox = region.GetRgnBox(&bounds) != COMPLEXREGION;
+        m_parts = RectsOf(region);
     }
-    m_parts = RectsOf(region);
+    if (buffer && (isBox || (!m_parts.empty() && m_parts == buffer->UpdateParts()))) {
+        m_parts = buffer->UpdateParts();
+        FindPixels(dc, *buffer);
+    }
     for (CRect& part : m_parts) {
         ::DPtoLP(dc.GetSafeHdc(), reinterpret_cast<POINT*>(&part), 2);
         part.NormalizeRect();
@@ -48,6 +55,42 @@ ClipArea::ClipArea(CDC& dc) : m_box(0, 0, 0, 0)
     // A region comes so already, but a device context may be upside down.
     std::sort(m_parts.begin(), m_parts.end(),
               [](const CRect& a, const CRect& b) { return a.top != b.top ? a.top < b.top : a.left < b.left; });
+}
+
+// Only where logical units are pixels.
+void ClipArea::FindPixels(CDC& dc, const CMemDC& buffer)
+{
+    const HDC hDC = dc.GetSafeHdc();
+    const bool isPlain =
+        ::GetMapMode(hDC) == MM_TEXT && ::GetGraphicsMode(hDC) == GM_COMPATIBLE && ::GetLayout(hDC) == 0;
+    if (isPlain && buffer.Pixels() && ::GetCurrentObject(hDC, OBJ_BITMAP) == buffer.Bitmap() &&
+        ::LPtoDP(hDC, &m_origin, 1)) {
+        m_pixels = buffer.Pixels();
+        m_size = buffer.PixelSize();
+    }
+}
+
+bool ClipArea::Fill(const CRect& rect, COLORREF color) const
+{
+    constexpr COLORREF kOtherKind = 0xFF000000; // bits of colours that are not red, green and blue
+    if (!m_pixels || (color & kOtherKind) != 0 || rect.left > rect.right || rect.top > rect.bottom) {
+        return false;
+    }
+    CRect seen;
+    if (!seen.IntersectRect(&rect, &m_box)) {
+        return true;
+    }
+    seen.OffsetRect(m_origin);
+    if (!seen.IntersectRect(&seen, CRect(CPoint(0, 0), m_size))) {
+        return true;
+    }
+    ::GdiFlush(); // what the system draws may wait
+    const DWORD pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
+    DWORD* row = m_pixels + static_cast<size_t>(seen.top) * m_size.cx + seen.left;
+    for (int y = seen.top; y < seen.bottom; ++y, row += m_size.cx) {
+        std::fill_n(row, seen.Width(), pixel);
+    }
+    return true;
 }
 
 bool ClipArea::Meets(const CRect& rect) const
@@ -67,6 +110,20 @@ bool ClipArea::Meets(const CRect& rect) const
     return m_parts.empty();
 }
 
+PaintClip::Paint::Paint(PaintClip& clip, CDC& dc) : m_clip(clip), m_outer(clip.m_hDC), m_outerBuffer(clip.m_buffer)
+{
+    clip.m_hDC = dc.GetSafeHdc();
+    clip.m_buffer = dynamic_cast<const CMemDC*>(&dc);
+    clip.m_area.reset();
+}
+
+PaintClip::Paint::~Paint()
+{
+    m_clip.m_hDC = m_outer;
+    m_clip.m_buffer = m_outerBuffer;
+    m_clip.m_area.reset();
+}
+
 // A hook in between may have clipped or moved the device context.
 std::shared_ptr<const ClipArea> PaintClip::Of(CDC& dc)
 {
@@ -76,7 +133,7 @@ std::shared_ptr<const ClipArea> PaintClip::Of(CDC& dc)
     CRect box;
     dc.GetClipBox(&box);
     if (!m_area || m_area->Box() != box) {
-        m_area = std::make_shared<const ClipArea>(dc);
+        m_area = std::make_shared<const ClipArea>(dc, m_buffer);
     }
     return m_area;
 }

@@ -7,19 +7,30 @@
 #include <memory>
 #include <vector>
 
+class CMemDC;
+
 namespace dayvane {
 
 class ClipArea
 {
 public:
-    explicit ClipArea(CDC& dc);
+    // buffer: the device context, if it is one; then its parts count, too.
+    explicit ClipArea(CDC& dc, const CMemDC* buffer = nullptr);
 
     bool Meets(const CRect& rect) const; // some of it can be seen
     const CRect& Box() const { return m_box; }
+    // Fills the rectangle in the buffer's own pixels, many times as fast as the system. False: it is to be filled by
+    // the system. What of the buffer is in the box and in no part may be filled, too: it is not shown.
+    bool Fill(const CRect& rect, COLORREF color) const;
 
 private:
+    void FindPixels(CDC& dc, const CMemDC& buffer);
+
     CRect m_box;                // logical units, as the parts
     std::vector<CRect> m_parts; // from above, in bands of one height; empty: the whole box
+    DWORD* m_pixels = nullptr;  // of the buffer; nullptr: out of reach
+    CSize m_size;               // of the buffer
+    CPoint m_origin;            // of logical units in the buffer
 };
 
 // The clip area that all painters of one paint share: asking the system for it costs more than drawing a small item.
@@ -30,29 +41,29 @@ public:
     class Paint
     {
     public:
-        Paint(PaintClip& clip, CDC& dc) : m_clip(clip), m_outer(clip.m_hDC) { clip.m_hDC = dc.GetSafeHdc(); }
-        ~Paint()
-        {
-            m_clip.m_hDC = m_outer;
-            m_clip.m_area.reset();
-        }
+        Paint(PaintClip& clip, CDC& dc);
+        ~Paint();
         Paint(const Paint&) = delete;
         Paint& operator=(const Paint&) = delete;
 
     private:
         PaintClip& m_clip;
         HDC m_outer;
+        const CMemDC* m_outerBuffer;
     };
 
     std::shared_ptr<const ClipArea> Of(CDC& dc);
 
 private:
     HDC m_hDC = nullptr;
+    const CMemDC* m_buffer = nullptr; // the device context of the paint, if it is one
     std::shared_ptr<const ClipArea> m_area;
 };
 
 // The part of a window's device context that reaches the screen, in its own logical units: the region that a WM_PAINT
 // updates. False when it is no more than the clip box, or unknown.
 bool GetUpdateParts(CDC& dc, CRgn& region);
+// The rectangles of a region that has several; empty: it has one, or too many to look at.
+std::vector<CRect> RectsOf(const CRgn& region);
 
 } // namespace dayvane

@@ -4,18 +4,25 @@
 
 #include <algorithm>
 
+namespace {
+constexpr size_t kFewParts = 32; // that drawing calls are clipped to
+} // namespace
+
 CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrinting())
 {
     if (m_bMemDC) {
         pDC->GetClipBox(&m_rect);
         CreateCompatibleDC(pDC);
-        m_bitmap.CreateCompatibleBitmap(pDC, std::max(1, m_rect.Width()), std::max(1, m_rect.Height()));
+        MakeBitmap(CSize(std::max(1, m_rect.Width()), std::max(1, m_rect.Height())));
         m_pOldBitmap = SelectObject(&m_bitmap);
         // Of a window that repaints here and there only those places are painted, not all that lies between them.
-        CRgn parts;
-        if (dayvane::GetUpdateParts(*pDC, parts)) {
-            parts.OffsetRgn(-m_rect.left, -m_rect.top);
-            SelectClipRgn(&parts);
+        CRgn region;
+        if (dayvane::GetUpdateParts(*pDC, region)) {
+            region.OffsetRgn(-m_rect.left, -m_rect.top);
+            m_parts = dayvane::RectsOf(region);
+            if (!m_parts.empty() && m_parts.size() <= kFewParts) {
+                SelectClipRgn(&region);
+            }
         }
         SetWindowOrg(m_rect.left, m_rect.top);
     } else {
@@ -23,6 +30,28 @@ CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrin
         m_hDC = pDC->m_hDC;
         m_hAttribDC = pDC->m_hAttribDC;
     }
+}
+
+// With the pixels within reach where the target has pixels of the same kind: painters fill small boxes themselves.
+void CMemDC::MakeBitmap(CSize size)
+{
+    constexpr int kBits = 32;
+    if (m_pDC->GetDeviceCaps(BITSPIXEL) == kBits && m_pDC->GetDeviceCaps(PLANES) == 1) {
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof(info.bmiHeader);
+        info.bmiHeader.biWidth = size.cx;
+        info.bmiHeader.biHeight = -size.cy; // rows from above
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = kBits;
+        info.bmiHeader.biCompression = BI_RGB;
+        void* pixels = nullptr;
+        if (HBITMAP bitmap = ::CreateDIBSection(m_pDC->GetSafeHdc(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0)) {
+            m_bitmap.Attach(bitmap);
+            m_pPixels = static_cast<DWORD*>(pixels);
+            return;
+        }
+    }
+    m_bitmap.CreateCompatibleBitmap(m_pDC, size.cx, size.cy);
 }
 
 CMemDC::~CMemDC()

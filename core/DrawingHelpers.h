@@ -4,9 +4,11 @@
 
 #include <afxwin.h>
 
+#include <vector>
+
 // Paints off screen: everything drawn between construction and destruction reaches the target in one transfer of its
-// clip box. Where only parts of that box are to be updated, it clips to them. On a printer it draws straight to the
-// target.
+// clip box. Where only parts of that box are to be updated, it knows them, and clips to them when they are few: each
+// drawing call goes through all of them. On a printer it draws straight to the target.
 class CMemDC : public CDC
 {
 public:
@@ -17,8 +19,19 @@ public:
     CMemDC* operator->() { return this; }
     operator CMemDC*() { return this; }
 
+    // What is to be updated, device units of this device context; empty: the whole box. It need not be clipped to that.
+    const std::vector<CRect>& UpdateParts() const { return m_parts; }
+    // The picture as rows of 32 bits each pixel, from above; nullptr: it is not accessible.
+    DWORD* Pixels() const { return m_pPixels; }
+    CSize PixelSize() const { return m_rect.Size(); }
+    HBITMAP Bitmap() const { return static_cast<HBITMAP>(m_bitmap.GetSafeHandle()); }
+
 protected:
+    void MakeBitmap(CSize size);
+
     CBitmap m_bitmap;
+    DWORD* m_pPixels = nullptr;
+    std::vector<CRect> m_parts;
     CBitmap* m_pOldBitmap = nullptr;
     CDC* m_pDC;    // the target, not owned
     CRect m_rect;  // its clip box

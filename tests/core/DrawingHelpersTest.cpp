@@ -1,3 +1,4 @@
+#include "core/ClipArea.h"
 #include "core/DrawingHelpers.h"
 
 #include "support/MemoryDc.h"
@@ -34,6 +35,40 @@ TEST(MemDC, BuffersTheClipBoxUnlessPrinting)
         EXPECT_TRUE(direct.IsPrinting());
     }
     EXPECT_EQ(::GetObjectType(target.m_hDC), static_cast<DWORD>(OBJ_MEMDC)) << "not deleted with it";
+}
+
+// Fills a rectangle in a buffer of the surface, whose origin and clip box a hook has changed.
+void FillInBuffer(MemoryDc& surface, int seed, bool itself)
+{
+    const SaveDcScope saved(&surface.Dc());
+    surface.Dc().IntersectClipRect(CRect(3, 2, 58, 39));
+    CMemDC memory(&surface.Dc());
+    memory.FillSolidRect(CRect(0, 0, 60, 40), kPaper);
+    memory.SetWindowOrg(memory.GetWindowOrg() + CPoint(seed % 3, -seed % 5));
+    if (seed % 2 == 1) {
+        memory.IntersectClipRect(CRect(8, 9, 30, 20));
+    }
+    const CRect rect(seed % 11 - 5, seed % 7 - 4, seed % 13 + 20, seed % 17 + 5);
+    if (itself) {
+        EXPECT_TRUE(ClipArea(memory, &memory).Fill(rect, kInk));
+    } else {
+        memory.FillSolidRect(&rect, kInk);
+    }
+}
+
+TEST(MemDC, FillsOfItsOwnPixelsAreThoseOfTheSystem)
+{
+    MemoryDc own(60, 40), systems(60, 40);
+    for (int seed = 0; seed < 80; ++seed) {
+        FillInBuffer(own, seed, true);
+        FillInBuffer(systems, seed, false);
+        EXPECT_TRUE(own.SameAs(systems)) << seed;
+    }
+    CMemDC memory(&own.Dc());
+    EXPECT_FALSE(ClipArea(memory, &memory).Fill(CRect(0, 0, 9, 9), PALETTEINDEX(1)));
+    EXPECT_FALSE(ClipArea(own.Dc()).Fill(CRect(0, 0, 9, 9), kInk));
+    memory.SetMapMode(MM_TWIPS);
+    EXPECT_FALSE(ClipArea(memory, &memory).Fill(CRect(0, 0, 9, 9), kInk));
 }
 
 TEST(DrawingHelpers, GradientsReachTheirColours)

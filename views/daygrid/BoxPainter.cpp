@@ -57,6 +57,13 @@ bool BoxPainter::IsVisible(const CRect& rect) const
     return m_clip->Meets(rect);
 }
 
+void BoxPainter::Fill(const CRect& rect, COLORREF color) const
+{
+    if (!m_clip->Fill(rect, color)) {
+        m_parts.pens.Fill(&m_dc, rect, color);
+    }
+}
+
 // ---- Bands
 
 void BoxPainter::DrawCaption(const CRect& band, const CaptionLook& look, const CaptionTexts& texts,
@@ -109,7 +116,7 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
 
 void BoxPainter::DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const
 {
-    m_parts.pens.Fill(&m_dc, calendar, m_colors.content);
+    Fill(calendar, m_colors.content);
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, m_colors.grid));
     const SelectGdi selectBrush(&m_dc, ::GetStockObject(HOLLOW_BRUSH));
     m_dc.Rectangle(&calendar);
@@ -237,10 +244,10 @@ void BoxPainter::DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) co
         return;
     }
     if (item.crColor2 != kUnfilled) {
-        m_parts.pens.Fill(&m_dc, parts.bar, item.crColor2);
+        Fill(parts.bar, item.crColor2);
     }
     if (!parts.stripe.IsRectEmpty()) {
-        m_parts.pens.Fill(&m_dc, parts.stripe, item.crColor3);
+        Fill(parts.stripe, item.crColor3);
     }
     DrawOutline(parts.bar, item.crColor4);
     const int middle = parts.bar.CenterPoint().y;
@@ -274,7 +281,7 @@ void BoxPainter::DrawBarSelection(const CRect& frame) const
 void BoxPainter::DrawMoreMark(const CRect& mark) const
 {
     const COLORREF color = ThemeOr(m_theme.markText, kMarkText);
-    m_parts.pens.Fill(&m_dc, mark, ThemeOr(m_theme.mark, kMarkGround));
+    Fill(mark, ThemeOr(m_theme.mark, kMarkGround));
     DrawOutline(mark, color);
     const int reach = mark.Height() / 2 - 1;
     const CPoint middle = mark.CenterPoint();
@@ -288,6 +295,12 @@ void BoxPainter::DrawMoreMark(const CRect& mark) const
 
 void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
 {
+    if (!rect.IsRectEmpty() && m_clip->Fill(CRect(rect.left, rect.top, rect.right, rect.top + 1), color)) {
+        Fill(CRect(rect.left, rect.bottom - 1, rect.right, rect.bottom), color);
+        Fill(CRect(rect.left, rect.top, rect.left + 1, rect.bottom), color);
+        Fill(CRect(rect.right - 1, rect.top, rect.right, rect.bottom), color);
+        return;
+    }
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, color));
     const POINT corners[] = {{rect.left, rect.top},
                              {rect.right - 1, rect.top},

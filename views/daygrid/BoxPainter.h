@@ -79,6 +79,7 @@ public:
     void DrawOutline(const CRect& rect, COLORREF color) const;
 
 private:
+    void Fill(const CRect& rect, COLORREF color) const;
     void DrawArrow(int tip, int middle, int direction) const;
     TextWidth WidthIn(CFont* pFont) const;
     StripTextPlaces PlacesOf(const CRect& strip, const StripTexts& texts) const;

@@ -54,7 +54,9 @@ bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeig
 void TimeGridPainter::Fill(CRect rect, COLORREF color) const
 {
     rect.NormalizeRect();
-    m_tools.pens.Fill(&m_dc, rect, color);
+    if (!m_clip->Fill(rect, color)) {
+        m_tools.pens.Fill(&m_dc, rect, color);
+    }
 }
 
 void TimeGridPainter::HorizontalLine(int left, int right, int y, COLORREF color) const
