@@ -215,6 +215,84 @@ private:
     std::vector<int> m_lastSetOf;          // kind: the set entered last
 };
 
+// The waiting bars of one row whose lanes do not overlap, counted by lane and kind. Those of one kind wait in the order
+// of their lanes, which is that of their placing: the next one is always in the first lane that has any.
+class CountedBars
+{
+public:
+    static constexpr std::size_t kMostKinds = 4 * kKindsPerStep;
+
+    // which: those of the kinds that there are in the row.
+    CountedBars(const std::vector<BarKind>& kinds, const std::vector<int>& which)
+        : m_width((which.size() + kKindsPerStep - 1) / kKindsPerStep * kKindsPerStep), m_placeOf(kinds.size(), 0),
+          m_firstLane(which.size(), 0), m_overlaps(which.size() * m_width, 0)
+    {
+        for (std::size_t a = 0; a < which.size(); ++a) {
+            m_placeOf[which[a]] = a;
+            for (std::size_t b = 0; b < which.size(); ++b) {
+                m_overlaps[a * m_width + b] = kinds[which[a]].CanOverlap(kinds[which[b]]) ? -1 : 0;
+            }
+        }
+    }
+
+    void Enter(int kind, int lane)
+    {
+        Grow(lane);
+        ++m_counts[lane * m_width + m_placeOf[kind]];
+    }
+
+    // Places the next bar of the kind: those of its lane that it can overlap move down by one. Returns the lane.
+    int Place(int kind)
+    {
+        const std::size_t place = m_placeOf[kind];
+        int& lane = m_firstLane[place];
+        while (m_counts[lane * m_width + place] == 0) {
+            ++lane;
+        }
+        --m_counts[lane * m_width + place];
+        Grow(lane + 1);
+        PushDown(&m_counts[lane * m_width], &m_counts[(lane + 1) * m_width], &m_overlaps[place * m_width], m_width);
+        return lane;
+    }
+
+private:
+    void Grow(int lane)
+    {
+        if (m_counts.size() < (lane + 1) * m_width) {
+            m_counts.resize((lane + 1) * m_width, 0);
+        }
+    }
+
+    // A separate function with a simple body, so that compilers vectorise it.
+    static void PushDown(int* __restrict from, int* __restrict to, const int* __restrict which, std::size_t count)
+    {
+        for (; count > 0; count -= kKindsPerStep, from += kKindsPerStep, to += kKindsPerStep, which += kKindsPerStep) {
+            for (std::size_t k = 0; k < kKindsPerStep; ++k) {
+                const int moved = from[k] & which[k];
+                from[k] -= moved;
+                to[k] += moved;
+            }
+        }
+    }
+
+    std::size_t m_width;                // of a lane in m_counts: kinds, filled up to whole steps
+    std::vector<std::size_t> m_placeOf; // of a kind in what follows
+    std::vector<int> m_counts;          // lane, kind: waiting bars
+    std::vector<int> m_firstLane;       // kind: none of it waits in an earlier one
+    std::vector<int> m_overlaps;        // kind, kind: all bits set where they can overlap, else 0
+};
+
+std::vector<int> KindsOf(int block, const std::vector<BarKind>& kinds, const RowBlocks& blocks)
+{
+    std::vector<int> found;
+    for (int kind = 0; kind < static_cast<int>(kinds.size()); ++kind) {
+        if (blocks.BlockOf(kind) == block) {
+            found.push_back(kind);
+        }
+    }
+    return found;
+}
+
 int FloorDiv(int a, int b)
 {
     return a >= 0 ? a / b : -((b - 1 - a) / b);
@@ -250,14 +328,28 @@ std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<Bar
     }
     std::vector<int> lanes(kindOf.size(), 0);
     FirstSweep first(kinds, blocks, grid);
-    for (const std::vector<int>& block : members) {
+    const auto firstLane = [&](int kind) {
+        return (first.Place(kind) - grid.firstTops[blocks.rowOf[kind]]) / grid.laneStep;
+    };
+    for (int number = 0; number < blocks.Count(); ++number) {
+        const std::vector<int>& block = members[number];
+        const std::vector<int> kindsThere = KindsOf(number, kinds, blocks);
+        if (!blocks.rowsOverlap && grid.barHeight <= grid.laneStep && kindsThere.size() <= CountedBars::kMostKinds) {
+            CountedBars waiting(kinds, kindsThere);
+            for (const int bar : block) {
+                waiting.Enter(kindOf[bar], firstLane(kindOf[bar]));
+            }
+            for (const int bar : block) {
+                lanes[bar] = waiting.Place(kindOf[bar]);
+            }
+            continue;
+        }
         WaitingBars waiting(kinds, blocks, block.size());
         std::vector<int> setOf;
         setOf.reserve(block.size());
         for (int bar : block) {
             const int kind = kindOf[bar];
-            const int lane = (first.Place(kind) - grid.firstTops[blocks.rowOf[kind]]) / grid.laneStep;
-            setOf.push_back(waiting.Enter(kind, lane));
+            setOf.push_back(waiting.Enter(kind, firstLane(kind)));
         }
         for (std::size_t i = 0; i < block.size(); ++i) {
             const int kind = kindOf[block[i]];

@@ -9,6 +9,7 @@
 // In the first sweep all bars start in lane 0, so the unplaced bars of one kind share a lane: one lane per kind is
 // stored. In the second sweep bars of a kind start in several lanes, but bars that come into one lane move together
 // from then on: they form one set. A bar that is being placed pushes down the sets in its lane that can overlap it.
+// Where a row has few kinds and its lanes lie apart, numbers stand for the sets.
 #pragma once
 
 #include <vector>

@@ -1,7 +1,6 @@
 #include "views/daygrid/BarBoard.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace dayvane {
 namespace {
@@ -27,20 +26,21 @@ int BarBoard::RowOf(const BoxSpan& span) const
     return span.last < span.first || m_grid.RowOf(span.last) == row ? row : kManyRows;
 }
 
-const std::vector<BoxLoad>& BarBoard::LayOut(const BoxGrid& grid, const BarRules& rules, std::vector<BoxSpan> spans,
-                                             ItemArray& items)
+const std::vector<BoxLoad>& BarBoard::LayOut(const BoxGrid& grid, const BarRules& rules,
+                                             const std::vector<BoxSpan>& spans, ItemArray& items)
 {
     m_loads = LayOutBars(grid, rules, spans, items);
     m_grid = grid;
     m_rules = rules;
-    m_spans = std::move(spans);
-    m_rowItems.assign(grid.columns > 0 ? (grid.Count() + grid.columns - 1) / grid.columns : 0, {});
+    m_rows.assign(grid.columns > 0 ? (grid.Count() + grid.columns - 1) / grid.columns : 0, {});
+    m_rowOf.assign(spans.size(), kNoRow);
     m_isSimple = true;
-    for (int i = 0; i < static_cast<int>(m_spans.size()) && m_isSimple; ++i) {
-        const int row = RowOf(m_spans[i]);
-        m_isSimple = row != kManyRows;
-        if (row >= 0) {
-            m_rowItems[row].push_back(i);
+    for (int i = 0; i < static_cast<int>(spans.size()) && m_isSimple; ++i) {
+        m_rowOf[i] = RowOf(spans[i]);
+        m_isSimple = m_rowOf[i] != kManyRows;
+        if (m_rowOf[i] >= 0) {
+            Enter(m_rowOf[i], i, spans[i]);
+            m_rows[m_rowOf[i]].placed.tops.back() = items[i].rcItem.top;
         }
     }
     return m_loads;
@@ -48,26 +48,25 @@ const std::vector<BoxLoad>& BarBoard::LayOut(const BoxGrid& grid, const BarRules
 
 bool BarBoard::Knows(const BoxGrid& grid, const BarRules& rules, int itemCount) const
 {
-    return m_isSimple && AreEqual(rules, m_rules) && itemCount == static_cast<int>(m_spans.size()) &&
+    return m_isSimple && AreEqual(rules, m_rules) && itemCount == static_cast<int>(m_rowOf.size()) &&
            grid.columns == m_grid.columns && grid.boxes == m_grid.boxes;
 }
 
 bool BarBoard::LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<PieceMove>& moved)
 {
     for (const Change& change : changes) {
-        if (RowOf(change.span) < 0 || RowOf(m_spans[change.item]) < 0) {
+        if (RowOf(change.span) < 0 || m_rowOf[change.item] < 0) {
             return false;
         }
     }
     std::vector<int> rows;
     for (const Change& change : changes) {
-        std::vector<int>& left = m_rowItems[RowOf(m_spans[change.item])];
-        rows.push_back(RowOf(m_spans[change.item]));
-        left.erase(std::lower_bound(left.begin(), left.end(), change.item));
-        m_spans[change.item] = change.span;
-        std::vector<int>& taken = m_rowItems[RowOf(change.span)];
-        rows.push_back(RowOf(change.span));
-        taken.insert(std::lower_bound(taken.begin(), taken.end(), change.item), change.item);
+        int& row = m_rowOf[change.item];
+        rows.push_back(row);
+        Leave(row, change.item);
+        row = RowOf(change.span);
+        rows.push_back(row);
+        Enter(row, change.item, change.span);
     }
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -75,6 +74,27 @@ bool BarBoard::LayOutAgain(const std::vector<Change>& changes, ItemArray& items,
         LayOutRow(row, items, moved);
     }
     return true;
+}
+
+void BarBoard::Leave(int row, int item)
+{
+    Row& left = m_rows[row];
+    std::vector<int>& items = left.placed.items;
+    const auto at = std::lower_bound(items.begin(), items.end(), item) - items.begin();
+    items.erase(items.begin() + at);
+    left.placed.tops.erase(left.placed.tops.begin() + at);
+    left.spans.erase(left.spans.begin() + at);
+}
+
+void BarBoard::Enter(int row, int item, const BoxSpan& span)
+{
+    Row& taken = m_rows[row];
+    std::vector<int>& items = taken.placed.items;
+    const int first = row * m_grid.columns;
+    const auto at = std::lower_bound(items.begin(), items.end(), item) - items.begin();
+    items.insert(items.begin() + at, item);
+    taken.placed.tops.insert(taken.placed.tops.begin() + at, PlacedBars::kNoTop);
+    taken.spans.insert(taken.spans.begin() + at, {span.first - first, span.last - first, span.ownBoxOnly});
 }
 
 // A row is a grid of its own: no bar of another one touches it.
@@ -85,13 +105,7 @@ void BarBoard::LayOutRow(int row, ItemArray& items, std::vector<PieceMove>& move
     BoxGrid grid;
     grid.columns = m_grid.columns;
     grid.boxes.assign(m_grid.boxes.begin() + first, m_grid.boxes.begin() + end);
-    std::vector<BoxSpan> spans;
-    spans.reserve(m_rowItems[row].size());
-    for (const int item : m_rowItems[row]) {
-        const BoxSpan& span = m_spans[item];
-        spans.push_back({span.first - first, span.last - first, span.ownBoxOnly});
-    }
-    const std::vector<BoxLoad> loads = LayOutBars(grid, m_rules, spans, items, m_rowItems[row], moved);
+    const std::vector<BoxLoad> loads = LayOutBars(grid, m_rules, m_rows[row].spans, items, m_rows[row].placed, moved);
     std::copy(loads.begin(), loads.end(), m_loads.begin() + first);
 }
 

@@ -14,7 +14,7 @@ public:
     void Clear() { *this = BarBoard(); }
 
     // LayOutBars, remembered.
-    const std::vector<BoxLoad>& LayOut(const BoxGrid& grid, const BarRules& rules, std::vector<BoxSpan> spans,
+    const std::vector<BoxLoad>& LayOut(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                        ItemArray& items);
 
     // Whether LayOutAgain can go on from the last layout: it was of the same boxes and rules and of so many items, and
@@ -34,13 +34,22 @@ public:
     const std::vector<BoxLoad>& Loads() const { return m_loads; }
 
 private:
+    // The items of a row of boxes, ascending by their positions, and their spans in the row.
+    struct Row
+    {
+        PlacedBars placed;
+        std::vector<BoxSpan> spans;
+    };
+
     int RowOf(const BoxSpan& span) const; // kNoRow: in none, kManyRows: in several
+    void Leave(int row, int item);
+    void Enter(int row, int item, const BoxSpan& span);
     void LayOutRow(int row, ItemArray& items, std::vector<PieceMove>& moved);
 
     BoxGrid m_grid;
     BarRules m_rules = {};
-    std::vector<BoxSpan> m_spans;             // of each item
-    std::vector<std::vector<int>> m_rowItems; // positions of the items of each row, ascending
+    std::vector<int> m_rowOf; // of each item
+    std::vector<Row> m_rows;
     std::vector<BoxLoad> m_loads;
     bool m_isSimple = false; // no bar goes on in another row
 };

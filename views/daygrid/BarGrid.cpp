@@ -105,19 +105,19 @@ public:
     {
     }
 
-    // The last box that the item covers decides whether the item is hidden.
-    void Add(const BoxSpan& span, tagCALENDAR_ITEM& item)
+    // The last box that the item covers decides whether the item is hidden; one that covers none stays as it was.
+    void Add(const BoxSpan& span, int bottom, short& isHidden)
     {
         const int first = std::max(span.first, 0);
         const int last = std::min(span.last, m_grid.Count() - 1);
         for (int box = first; box <= last;) {
             const int next = std::min(last + 1, (m_grid.RowOf(box) + 1) * m_grid.columns);
-            const bool hidden = Overflows(item.rcItem.bottom, m_grid.boxes[box].bottom, m_overflow);
+            const bool hidden = Overflows(bottom, m_grid.boxes[box].bottom, m_overflow);
             ++m_items[box];
             --m_items[next];
             m_hidden[box] += hidden;
             m_hidden[next] -= hidden;
-            item.bNoFocus = hidden;
+            isHidden = hidden;
             box = next;
         }
     }
@@ -200,22 +200,28 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
     tagCALENDAR_ITEM* data = items.GetData();
     return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
         data[i].rcItem = rect;
-        counter.Add(spans[i], data[i]);
+        counter.Add(spans[i], rect.bottom, data[i].bNoFocus);
     });
 }
 
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, const std::vector<int>& which, std::vector<PieceMove>& moved)
+                                ItemArray& items, PlacedBars& placed, std::vector<PieceMove>& moved)
 {
     tagCALENDAR_ITEM* data = items.GetData();
     return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
-        tagCALENDAR_ITEM& item = data[which[i]];
+        if (placed.tops[i] == rect.top) {
+            short same = FALSE;
+            counter.Add(spans[i], rect.bottom, same);
+            return;
+        }
+        placed.tops[i] = rect.top;
+        tagCALENDAR_ITEM& item = data[placed.items[i]];
         const CRect before = item.rcItem;
         const short hiddenBefore = item.bNoFocus;
         item.rcItem = rect;
-        counter.Add(spans[i], item);
+        counter.Add(spans[i], rect.bottom, item.bNoFocus);
         if (item.rcItem != before || item.bNoFocus != hiddenBefore) {
-            moved.push_back({which[i], before, hiddenBefore != FALSE});
+            moved.push_back({placed.items[i], before, hiddenBefore != FALSE});
         }
     });
 }

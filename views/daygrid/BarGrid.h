@@ -6,6 +6,7 @@
 #include "../../core/PaintedState.h"
 #include "../../core/ViewScale.h"
 
+#include <limits>
 #include <vector>
 
 namespace dayvane {
@@ -90,9 +91,19 @@ struct BoxLoad
 // box.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items);
-// The same of some items, by their positions; the spans are theirs. Appends those whose rectangle or flag has changed,
-// as they were.
+
+// Items of a layout by their positions, and the tops of the bars that they have of it.
+struct PlacedBars
+{
+    static constexpr int kNoTop = std::numeric_limits<int>::min(); // of a new span
+
+    std::vector<int> items;
+    std::vector<int> tops; // pixels
+};
+
+// The same of these items, whose spans come in their order. Only those that get another top are touched, for records
+// lie far apart. Appends those whose rectangle or flag has changed, as they were.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, const std::vector<int>& which, std::vector<PieceMove>& moved);
+                                ItemArray& items, PlacedBars& placed, std::vector<PieceMove>& moved);
 
 } // namespace dayvane
