@@ -181,8 +181,7 @@ public:
     // Calls AddItem for each of the items, and updates and repaints once at the end. An exception leaves those added
     // before it.
     int AddItems(const tagCC_ITEM* pItems, int nCount, int bUpdate = TRUE, int bRedraw = TRUE);
-    // Between the two the operations only store: updates and repaints that they ask for are done at the end. Calls may
-    // nest.
+    // Between the two the operations only store; updates and repaints are done at the end. Calls may nest.
     void BeginUpdate() { ++m_nUpdating; }
     void EndUpdate();
     // Items on demand (core/ItemSource.h) take the place of those that there are: whenever other days are shown, the
@@ -191,6 +190,7 @@ public:
     // lParam is among them. The source must live as long as it is set; nullptr: none, the items stay.
     void SetItemSource(dayvane::ItemSource* pSource);
     void ReloadItems(); // asks again: the host's items have changed
+    void UpdateItems(); // does at once what that message would do: asks and takes, even what is held or edited
     BOOL IsLoadingItems() const;
     // The item operations for records that are not the caller's to change. They have names of their own so that the
     // address of a virtual operation names one function. The views' AddItem takes a const pointer, too.
@@ -567,9 +567,9 @@ private:
     BOOL SetCurrentText(const wchar_t* text);
 
     static constexpr UINT kItemFeedMessage = WM_USER + 0x2D1;
-    afx_msg LRESULT OnItemFeed(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnItemFeed(WPARAM bAlsoHeld, LPARAM lParam);
     void AddPaintedBox(const tagCALENDAR_ITEM& screenItem);
-    void InvalidateParts(const std::vector<CRect>& parts);
+    void InvalidateParts(const std::vector<CRect>& changed);
     void TakeFedItems();
     CRect LoadingBox() const;
     void DrawLoading(CDC* pDC) const;

@@ -57,10 +57,15 @@ void CCalendarCtrl::ItemsWanted()
     }
 }
 
-LRESULT CCalendarCtrl::OnItemFeed(WPARAM, LPARAM)
+void CCalendarCtrl::UpdateItems()
+{
+    OnItemFeed(TRUE, 0);
+}
+
+LRESULT CCalendarCtrl::OnItemFeed(WPARAM bAlsoHeld, LPARAM)
 {
     m_bFeedPosted = FALSE;
-    if (!m_pFeed) {
+    if (!m_pFeed || !m_hWnd) {
         return 0;
     }
     const WindowAlive alive(this, m_life);
@@ -68,14 +73,16 @@ LRESULT CCalendarCtrl::OnItemFeed(WPARAM, LPARAM)
     COleDateTime first;
     COleDateTime last;
     GetViewRange(first, last);
-    if (IsValid(first) && IsValid(last)) {
-        m_pFeed->Show(DayNumberOf(first), DayNumberOf(last));
+    if (IsValid(first) || IsValid(last)) {
+        // Beyond the years of dates there is nothing to ask for.
+        m_pFeed->Show(IsValid(first) ? DayNumberOf(first) : ItemFeed::kBeforeDates,
+                      IsValid(last) ? DayNumberOf(last) : ItemFeed::kAfterDates);
     }
     if (!alive || !m_pFeed) {
         return 0;
     }
     // What the user holds or edits stays where it is.
-    if (!m_pointer->Tracker().IsBusy() && !m_pEdit) {
+    if (bAlsoHeld || (!m_pointer->Tracker().IsBusy() && !m_pEdit)) {
         TakeFedItems();
     }
     if (IsLoadingItems() != wasLoading) {

@@ -9,8 +9,9 @@
 namespace dayvane {
 namespace {
 
-// A line or a page of scrolling stays within what was asked for.
-constexpr int kLeastMargin = 7; // days, or as many as are shown
+// Of a view of weeks a line or a page of scrolling stays within what was asked for, of a longer one a line. Days.
+constexpr int kLeastMargin = 7;
+constexpr int kMostMargin = 42;
 
 bool Touches(const tagCC_ITEM& item, int firstDay, int lastDay)
 {
@@ -111,12 +112,14 @@ bool ItemFeed::IsLoading() const
 
 void ItemFeed::Show(int firstDay, int lastDay)
 {
+    static const int first = DayNumberOf(COleDateTime(100, 1, 1, 0, 0, 0));
+    static const int last = DayNumberOf(COleDateTime(9999, 12, 31, 0, 0, 0));
+    firstDay = std::max(firstDay, first);
+    lastDay = std::min(lastDay, last);
     if (m_hasAsked && firstDay >= m_firstDay && lastDay <= m_lastDay) {
         return;
     }
-    static const int first = DayNumberOf(COleDateTime(100, 1, 1, 0, 0, 0));
-    static const int last = DayNumberOf(COleDateTime(9999, 12, 31, 0, 0, 0));
-    const int margin = std::max(kLeastMargin, lastDay - firstDay + 1);
+    const int margin = std::clamp(lastDay - firstDay + 1, kLeastMargin, kMostMargin);
     m_hasAsked = true;
     m_firstDay = std::max(firstDay - margin, first);
     m_lastDay = std::min(lastDay + margin, last);

@@ -4,6 +4,7 @@
 #include "ItemSource.h"
 
 #include <functional>
+#include <limits>
 
 namespace dayvane {
 
@@ -16,6 +17,10 @@ public:
     ~ItemFeed();
     ItemFeed(const ItemFeed&) = delete;
     ItemFeed& operator=(const ItemFeed&) = delete;
+
+    // In place of a day number: the day before or after all that are dates.
+    static constexpr int kBeforeDates = std::numeric_limits<int>::min();
+    static constexpr int kAfterDates = std::numeric_limits<int>::max();
 
     // These days (day numbers) are shown: asks for them, unless they lie within those asked for last. The source may
     // end the feed; nothing of it is touched afterwards.

@@ -73,20 +73,28 @@ void CPlannerFrame::ShowMessages(const std::vector<planner::Message>& others)
 // Today; when the file has nothing in the months around it, the day of its last item before or its first behind.
 COleDateTime CPlannerFrame::FirstDay()
 {
-    constexpr planner::LocalTime around = 60 * planner::kDaySeconds;
+    // Further and further: series would be expanded as far as one asks.
+    constexpr planner::LocalTime reaches[] = {60 * planner::kDaySeconds, 800 * planner::kDaySeconds,
+                                              20000 * planner::kDaySeconds, planner::kEndOfTime};
     const COleDateTime today = dayvane::StartOfDay(dayvane::Now());
     const planner::LocalTime now = planner::LocalOfDate(today);
     const planner::CalendarSet& calendar = Calendars();
-    if (!calendar.OccurrencesIn(now - around, now + around).empty()) {
+    if (!calendar.OccurrencesIn(now - reaches[0], now + reaches[0]).empty()) {
         return today;
     }
-    const auto behind = calendar.OccurrencesIn(now, planner::kEndOfTime);
-    const auto before = behind.empty() ? calendar.OccurrencesIn(planner::kEarliestTime, now) : behind;
-    if (before.empty()) {
-        return today;
+    for (const planner::LocalTime reach : reaches) {
+        const auto behind = calendar.OccurrencesIn(now, std::min(now + reach, planner::kEndOfTime));
+        if (!behind.empty()) {
+            return dayvane::StartOfDay(planner::DateOfLocal(behind.front().times.start));
+        }
     }
-    const planner::Occurrence& shown = behind.empty() ? before.back() : behind.front();
-    return dayvane::StartOfDay(planner::DateOfLocal(shown.times.start));
+    for (const planner::LocalTime reach : reaches) {
+        const auto before = calendar.OccurrencesIn(std::max(now - reach, planner::kEarliestTime), now);
+        if (!before.empty()) {
+            return dayvane::StartOfDay(planner::DateOfLocal(before.back().times.start));
+        }
+    }
+    return today;
 }
 
 // What is shown of the calendars is another choice of them.

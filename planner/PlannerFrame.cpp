@@ -371,8 +371,11 @@ void CPlannerFrame::Follow()
 
 void CPlannerFrame::Idle()
 {
-    if (m_items.Ctrl() && !m_items.Ctrl()->IsDragging() && ShownDay() != m_followed) {
-        Follow();
+    if (m_items.Ctrl() && !m_items.Ctrl()->IsDragging()) {
+        m_items.LoadIfMoved(Calendars());
+        if (ShownDay() != m_followed) {
+            Follow();
+        }
     }
     const planner::Occurrence* current = m_items.Current();
     const planner::OccurrenceId id = current ? current->id : planner::OccurrenceId();

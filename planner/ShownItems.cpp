@@ -6,66 +6,77 @@
 
 namespace planner {
 
-namespace {
-// So much is loaded on both sides, so that scrolling by lines does not load at each step.
-constexpr LocalTime kMargin = 35 * kDaySeconds;
-// Taken where the view has no range, at the ends of the calendar's years.
-constexpr LocalTime kUnknownRange = 400 * kDaySeconds;
-} // namespace
-
 void ShownItems::Attach(CCalendarCtrl* ctrl)
 {
-    if (ctrl != m_ctrl) {
-        m_ctrl = ctrl;
-        m_occurrences.clear();
-        m_listed.reset();
-        m_loaded = Range();
+    if (ctrl == m_ctrl) {
+        return;
     }
+    if (m_ctrl) {
+        m_ctrl->SetItemSource(nullptr);
+    }
+    m_ctrl = ctrl;
+    m_calendars = nullptr;
+    m_request = dayvane::ItemRequest();
+    m_occurrences.clear();
+    m_listed.reset();
 }
 
 ShownItems::Range ShownItems::ViewRange() const
 {
     COleDateTime first, last;
     m_ctrl->GetViewRange(first, last);
-    if (first.GetStatus() == COleDateTime::valid && last.GetStatus() == COleDateTime::valid) {
-        const DayNumber firstDay = DayOfTime(LocalOfDate(first));
-        const DayNumber lastDay = DayOfTime(LocalOfDate(last));
-        return {firstDay * kDaySeconds, (lastDay + 1) * kDaySeconds};
+    const auto isValid = [](const COleDateTime& date) { return date.GetStatus() == COleDateTime::valid; };
+    // At the ends of the calendar's years a view has days that are no dates.
+    return {isValid(first) ? DayOfTime(LocalOfDate(first)) * kDaySeconds : kEarliestTime,
+            isValid(last) ? (DayOfTime(LocalOfDate(last)) + 1) * kDaySeconds : kEndOfTime};
+}
+
+void ShownItems::ConnectTo(const CalendarSet& calendars)
+{
+    if (m_calendars != &calendars) {
+        m_calendars = &calendars;
+        m_ctrl->SetItemSource(this);
     }
-    const LocalTime day = LocalOfDate(m_ctrl->GetCurrentDate());
-    return {ClampTime(day - kUnknownRange), ClampTime(day + kUnknownRange)};
 }
 
 void ShownItems::Load(const CalendarSet& calendars)
 {
-    if (!m_ctrl) {
-        return;
+    if (m_ctrl) {
+        ConnectTo(calendars);
+        m_ctrl->ReloadItems();
+        m_ctrl->UpdateItems(); // asks
+        Answer();
     }
-    const Occurrence* current = Current();
-    const OccurrenceId id = current ? current->id : OccurrenceId();
-    const Range view = ViewRange();
-    m_loaded = {ClampTime(view.from - kMargin), ClampTime(view.to + kMargin)};
-    m_occurrences = calendars.OccurrencesIn(m_loaded.from, m_loaded.to);
-    m_ctrl->SetCurSel(-1);
-    m_ctrl->DeleteAllItems();
-    for (std::size_t i = 0; i < m_occurrences.size(); ++i) {
-        tagCC_ITEM item = ItemOf(m_occurrences[i], calendars.ColorOf(m_occurrences[i].id));
-        item.lParam = static_cast<LPARAM>(i);
-        m_ctrl->AddItem(&item, FALSE, FALSE);
-    }
-    m_ctrl->Refresh();
-    Select(id);
 }
 
 void ShownItems::LoadIfMoved(const CalendarSet& calendars)
 {
-    if (!m_ctrl || m_ctrl->IsDragging()) {
+    if (m_ctrl && !m_ctrl->IsDragging()) {
+        ConnectTo(calendars);
+        m_ctrl->UpdateItems();
+        Answer();
+    }
+}
+
+void ShownItems::Answer()
+{
+    if (!m_request.IsWanted()) {
         return;
     }
-    const Range view = ViewRange();
-    if (view.from < m_loaded.from || view.to > m_loaded.to) {
-        Load(calendars);
+    const Occurrence* current = Current();
+    const OccurrenceId id = current ? current->id : OccurrenceId();
+    m_occurrences = m_calendars->OccurrencesIn(DayOfTime(LocalOfDate(m_request.First())) * kDaySeconds,
+                                               (DayOfTime(LocalOfDate(m_request.Last())) + 1) * kDaySeconds);
+    std::vector<tagCC_ITEM> items;
+    items.reserve(m_occurrences.size());
+    for (const Occurrence& each : m_occurrences) {
+        items.push_back(ItemOf(each, m_calendars->ColorOf(each.id)));
+        items.back().lParam = static_cast<LPARAM>(items.size() - 1);
     }
+    m_ctrl->SetCurSel(-1);
+    m_request.Answer(std::move(items));
+    m_ctrl->UpdateItems(); // takes them
+    Select(id);
 }
 
 const Occurrence* ShownItems::At(int item) const

@@ -1,7 +1,9 @@
-// What the view shows of the document: the occurrences in and around the view's range as items of its control.
+// What the view shows of the document: the occurrences in and around the view's range as items of its control, which
+// asks for them. Series are expanded no further.
 #pragma once
 
 #include "core/CalendarCtrl.h"
+#include "core/ItemSource.h"
 #include "planner/CalendarSet.h"
 
 #include <optional>
@@ -9,16 +11,21 @@
 
 namespace planner {
 
-class ShownItems
+class ShownItems : private dayvane::ItemSource
 {
 public:
-    // The control of the view; nullptr: none. Another one has no items until they are loaded.
+    ShownItems() = default;
+    ShownItems(const ShownItems&) = delete;
+    ShownItems& operator=(const ShownItems&) = delete;
+
+    // The control of the view; nullptr: none. Another one has no items until they are loaded. The one before must still
+    // be there.
     void Attach(CCalendarCtrl* ctrl);
     CCalendarCtrl* Ctrl() const { return m_ctrl; }
 
     // Gives the control its items anew. The current item stays current as far as it is still there.
     void Load(const CalendarSet& calendars);
-    // Loads only when the control shows days that are not loaded. Not while an item is dragged: the drag would end.
+    // Loads only when the control has asked for other days. Not while an item is dragged: the drag would end.
     void LoadIfMoved(const CalendarSet& calendars);
 
     // nullptr: there is no such item.
@@ -43,12 +50,17 @@ private:
     {
         LocalTime from = 0, to = 0; // exclusive
     };
+    // The answer waits for the next LoadIfMoved: until the control takes it, At must tell of the items that it has.
+    void AskItems(const dayvane::ItemRequest& request) override { m_request = request; }
+    void ConnectTo(const CalendarSet& calendars);
+    void Answer();
     Range ViewRange() const;
     static bool IsInView(const Occurrence& occurrence, const Range& view);
 
     CCalendarCtrl* m_ctrl = nullptr;
+    const CalendarSet* m_calendars = nullptr; // of the items that the control asks for
+    dayvane::ItemRequest m_request;
     std::vector<Occurrence> m_occurrences; // lParam of an item is its position here
-    Range m_loaded;
     std::optional<Occurrence> m_listed;
 };
 

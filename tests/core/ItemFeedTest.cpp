@@ -75,9 +75,15 @@ TEST(ItemFeed, AsksOnceForTheShownDaysWithAMargin)
     fed.feed->Show(kDayShown + 200, kDayShown + 200); // nothing waits: nothing to cancel
     EXPECT_EQ(fed.source.cancelled.size(), 1u);
     EXPECT_EQ(DayNumberOf(fed.source.asked[2].First()), kDayShown + 193);
+    fed.feed->Show(kDayShown, kDayShown + 365); // of a year's neighbours only weeks
+    EXPECT_EQ(DayNumberOf(fed.source.asked[3].Last()), kDayShown + 365 + 42);
     const int lastOfAll = DayNumberOf(COleDateTime(9999, 12, 31, 0, 0, 0));
-    fed.feed->Show(lastOfAll - 3, lastOfAll);
-    EXPECT_EQ(DayNumberOf(fed.source.asked[3].Last()), lastOfAll);
+    for (const int last : {lastOfAll, ItemFeed::kAfterDates}) { // once
+        fed.feed->Show(lastOfAll - 3, last);
+        EXPECT_EQ(DayNumberOf(fed.source.asked.back().First()), lastOfAll - 10);
+        EXPECT_EQ(DayNumberOf(fed.source.asked.back().Last()), lastOfAll);
+    }
+    EXPECT_EQ(fed.source.asked.size(), 5u);
 }
 
 TEST(ItemFeed, OnlyTheFirstAnswerToTheLastQuestionCounts)

@@ -175,6 +175,47 @@ TEST_F(PlannerSeries, ADragOrDeletionAsksHowFarItGoes)
     EXPECT_EQ(m_questions.size(), 4u);
 }
 
+// A series without an end: the control asks for what it shows and for the weeks around that.
+class PlannerEndless : public PlannerItems
+{
+protected:
+    static constexpr int kShown = 42; // cells of a month
+    std::string FileText() override
+    {
+        return planner::CalendarWith({"UID:e", "DTSTART:20000101T090000", "RRULE:FREQ=DAILY", "SUMMARY:Daily"});
+    }
+    void ExpectShown()
+    {
+        EXPECT_FALSE(Ctrl().IsLoadingItems());
+        EXPECT_EQ(m_frame->Items().CountInView(), kShown);
+        EXPECT_EQ(Ctrl().GetItemCount(), 3 * kShown);
+        EXPECT_EQ(Ctrl().GetScreenItems().GetSize(), kShown);
+    }
+};
+
+TEST_F(PlannerEndless, IsExpandedAroundTheViewOnly)
+{
+    ExpectShown();
+    messages::Click(Ctrl(), PointOf("Daily"));
+    const planner::OccurrenceId id = m_frame->Items().Current()->id;
+    for (int page = 0; page < 5; ++page) {
+        SCOPED_TRACE(page);
+        Ctrl().SendMessage(WM_VSCROLL, page % 2 == 0 ? SB_PAGEDOWN : SB_LINEDOWN);
+        PumpMessages();
+        EXPECT_EQ(m_frame->Items().CountInView(), kShown);
+        ASSERT_LE(Ctrl().GetItemCount(), 3 * kShown);
+        const planner::Occurrence* current = m_frame->Items().Current();
+        EXPECT_TRUE(!current || current->id == id);
+    }
+    for (const int year : {2060, 9999, 100}) {
+        SCOPED_TRACE(year);
+        m_frame->GoTo(COleDateTime(year, year == 100 ? 1 : 12, 20, 0, 0, 0));
+        PumpMessages();
+        EXPECT_EQ(m_frame->Items().CountInView() > 0, year > 2000);
+        EXPECT_FALSE(Ctrl().IsLoadingItems());
+    }
+}
+
 // The grid comes to the working hours although an item lies in the night, and a day fills a tall window.
 class PlannerNight : public PlannerItems
 {
