@@ -111,6 +111,9 @@ void CCalendarCtrl::PiecesMoved(const std::vector<PieceMove>& moved)
     }
     m_pWatch->isTold = true;
     for (const PieceMove& piece : moved) {
+        if (piece.wasHidden && m_arScreenItem[piece.position].bNoFocus) {
+            continue;
+        }
         tagCALENDAR_ITEM item = m_arScreenItem[piece.position];
         AddPaintedBox(item);
         item.rcItem = piece.box;
@@ -127,8 +130,11 @@ void CCalendarCtrl::AddPaintedBox(const tagCALENDAR_ITEM& screenItem)
 }
 
 // Each call of InvalidateRect asks the system once.
-void CCalendarCtrl::InvalidateParts(const std::vector<CRect>& parts)
+void CCalendarCtrl::InvalidateParts(const std::vector<CRect>& changed)
 {
+    CRect client;
+    GetClientRect(&client);
+    const std::vector<CRect> parts = JoinParts(changed, client);
     if (parts.empty()) {
         return;
     }

@@ -59,7 +59,47 @@ void CompareMarks(const std::vector<PaintedState::Mark>& before, const std::vect
     addMissing(after, before);
 }
 
+constexpr size_t kMostParts = 128; // that are repainted as they are
+constexpr int kTile = 32;          // pixels
+
 } // namespace
+
+std::vector<CRect> JoinParts(const std::vector<CRect>& parts, const CRect& area)
+{
+    if (parts.size() <= kMostParts) {
+        return parts;
+    }
+    const int columns = (area.Width() + kTile - 1) / kTile;
+    const int rows = (area.Height() + kTile - 1) / kTile;
+    std::vector<char> isMet(static_cast<size_t>(std::max(columns, 0)) * std::max(rows, 0), 0);
+    for (const CRect& part : parts) {
+        CRect seen;
+        if (!seen.IntersectRect(&part, &area)) {
+            continue;
+        }
+        seen.OffsetRect(-area.left, -area.top);
+        const int end = (seen.right + kTile - 1) / kTile;
+        for (int row = seen.top / kTile; row * kTile < seen.bottom; ++row) {
+            char* line = isMet.data() + static_cast<size_t>(row) * columns;
+            std::fill(line + seen.left / kTile, line + end, 1);
+        }
+    }
+    // The tiles that follow each other in a row are one part.
+    std::vector<CRect> joined;
+    for (int row = 0; row < rows; ++row) {
+        const char* line = isMet.data() + static_cast<size_t>(row) * columns;
+        for (int column = 0; column < columns; ++column) {
+            const int top = area.top + row * kTile;
+            const int left = area.left + column * kTile;
+            if (line[column] && (column == 0 || !line[column - 1])) {
+                joined.push_back(CRect(left, top, left + kTile, top + kTile));
+            } else if (line[column]) {
+                joined.back().right = left + kTile;
+            }
+        }
+    }
+    return joined;
+}
 
 bool FindDifferences(const PaintedState& before, const PaintedState& after, std::vector<CRect>& rects)
 {

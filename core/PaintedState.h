@@ -52,4 +52,8 @@ struct LayoutWatch
 // has moved or the items are not in the order of the store.
 bool FindDifferences(const PaintedState& before, const PaintedState& after, std::vector<CRect>& rects);
 
+// Many parts become fewer and larger ones, which cover them as far as they lie in the area: a region of thousands of
+// rectangles costs more than the drawing that it saves. Few parts stay as they are.
+std::vector<CRect> JoinParts(const std::vector<CRect>& parts, const CRect& area);
+
 } // namespace dayvane
