@@ -6,12 +6,15 @@
 
 namespace dayvane {
 
-std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last)
+std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last,
+                             const std::vector<int>* which)
 {
     std::vector<int> found;
     const int firstDay = DayNumberOf(first);
     const int lastDay = DayNumberOf(last);
-    for (int i = 0; i < static_cast<int>(items.GetSize()); ++i) {
+    const int count = static_cast<int>(which ? which->size() : items.GetSize());
+    for (int n = 0; n < count; ++n) {
+        const int i = which ? (*which)[n] : n;
         const tagCALENDAR_ITEM& item = items[i];
         if (!IsValid(item.dtStart) || !IsValid(item.dtEnd)) {
             continue;

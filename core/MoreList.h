@@ -21,8 +21,10 @@ struct MoreListMetrics
 };
 constexpr MoreListMetrics kMoreListMetrics;
 
-// Store indices of the items that touch the days from the first to the last date, earliest first.
-std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last);
+// Store indices of the items that touch the days from the first to the last date, earliest first. which: those that
+// may, nullptr: all.
+std::vector<int> ItemsOfDays(const ItemArray& items, const COleDateTime& first, const COleDateTime& last,
+                             const std::vector<int>* which = nullptr);
 
 class MoreListModel
 {

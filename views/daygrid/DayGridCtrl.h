@@ -134,6 +134,7 @@ protected:
         COleDateTime last;
     };
     BOOL GetMoreBox(int nBox, MoreBox& box); // FALSE: the box shows no mark
+    std::vector<int> ItemsOf(const MoreBox& box);
     CRect MoreMarkOf(const CRect& box) const
     {
         return CRect(box.right - m_scale.Of(kMoreMarkWidth), box.bottom - m_scale.Of(kMoreMarkHeight), box.right,

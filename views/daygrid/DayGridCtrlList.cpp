@@ -22,12 +22,18 @@ BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)
     return HasMoreMark(nBox) && IsValid(box.first) && IsValid(box.last);
 }
 
+std::vector<int> CDayGridCtrl::ItemsOf(const MoreBox& box)
+{
+    const std::vector<int>* found = FindItems(m_arItem, DayNumberOf(box.first), DayNumberOf(box.last));
+    return ItemsOfDays(m_arItem, box.first, box.last, found);
+}
+
 BOOL CDayGridCtrl::OpenMoreListAt(CPoint point)
 {
     for (int i = 0; m_options.moreList && i < GetBoxCount(); ++i) {
         MoreBox box;
         if (GetMoreBox(i, box) && box.mark.PtInRect(point)) {
-            return OpenMoreList(box.mark, ItemsOfDays(m_arItem, box.first, box.last), box.first);
+            return OpenMoreList(box.mark, ItemsOf(box), box.first);
         }
     }
     return FALSE;
@@ -38,7 +44,7 @@ BOOL CDayGridCtrl::OpenMoreListOf(const COleDateTime& date)
     for (int i = 0; m_options.moreList && i < GetBoxCount(); ++i) {
         MoreBox box;
         if (GetMoreBox(i, box) && date >= box.first && date <= box.last) {
-            return OpenMoreList(box.mark, ItemsOfDays(m_arItem, box.first, box.last), box.first);
+            return OpenMoreList(box.mark, ItemsOf(box), box.first);
         }
     }
     return FALSE;
