@@ -103,7 +103,7 @@ public:
     }
 
     // One step of a drag between two days.
-    double DragStep()
+    double DragStep(bool paint = true)
     {
         CPoint at;
         if (!FindItem(at)) {
@@ -116,7 +116,7 @@ public:
         const double time = CpuOf([&] {
             there = !there;
             Send(WM_MOUSEMOVE, there ? other : at);
-            Ctrl().UpdateWindow();
+            paint ? Ctrl().UpdateWindow() : Ctrl().ValidateRect(nullptr);
         });
         Send(WM_MOUSEMOVE, at);
         Send(WM_LBUTTONUP, at);
@@ -248,10 +248,14 @@ std::vector<CaseResult> LayoutCases()
 {
     Stage stage("month", kScreen);
     stage.AddInView(100000);
+    const double layout = stage.DragStep(false);
     const double step = stage.DragStep();
     const double whole = stage.WholeLayout();
-    return {{"100,000 in one month: whole layout", whole, whole, 17},
-            {"100,000 in one month: drag step", step, whole, 1}};
+    dayvane::ItemArray copied;
+    const double copy = CpuOf([&] { copied.Copy(stage.Ctrl().GetScreenItems()); });
+    return {{"100,000 in one month: whole layout", whole, copy, 17},
+            {"100,000 in one month: drag step, layout only", layout, whole, 1},
+            {"100,000 in one month: drag step with picture", step, whole, 0}};
 }
 
 std::vector<CaseResult> ScrollCases()
