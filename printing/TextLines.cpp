@@ -22,6 +22,11 @@ bool IsTrail(char16_t c)
     return c >= 0xDC00 && c < 0xE000;
 }
 
+bool IsDigit(char16_t c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
 // From the CJK symbols on every character is a word of its own.
 bool IsWide(char16_t c)
 {
@@ -39,7 +44,8 @@ bool MayBreakBefore(const std::u16string& text, std::size_t at)
         return true;
     }
     if (!IsWide(before) && !IsWide(after)) {
-        return before == u'-' || before == u'/';
+        const bool isInNumber = at > 1 && IsDigit(text[at - 2]) && IsDigit(after); // a date, a range
+        return (before == u'-' || before == u'/') && !isInNumber;
     }
     return !IsOneOf(after, kNotFirst) && !IsOneOf(before, kNotLast);
 }

@@ -5,6 +5,7 @@
 #include <afxpriv.h>
 
 #include <algorithm>
+#include <cwchar>
 #include <iterator>
 
 namespace {
@@ -18,6 +19,7 @@ constexpr int kButtonWidth = 84;
 constexpr int kButtonHeight = 24;
 constexpr int kFirstLabel = 100; // identifiers of the three lines
 constexpr int kLabels = 3;
+constexpr int kLongestLine = 128;
 constexpr UINT kUnknownLastPage = 0xFFFF;
 
 AFX_TRANSLATOR g_translator = nullptr;
@@ -131,9 +133,10 @@ void CPrintingDialog::Close()
 BOOL CPrintingDialog::ShowPage(UINT nPage, UINT nLast)
 {
     if (m_hWnd) {
-        CString text;
-        text.Format(AfxTranslated(nLast == kUnknownLastPage ? "Page %u" : "Page %u of %u"), nPage, nLast);
-        SetDlgItemText(kFirstLabel + kLabels - 1, text);
+        const std::wstring format = AfxTranslate(nLast == kUnknownLastPage ? "Page %u" : "Page %u of %u");
+        wchar_t text[kLongestLine] = L"";
+        _snwprintf(text, kLongestLine - 1, format.c_str(), nPage, nLast);
+        AfxSetWideText(::GetDlgItem(m_hWnd, kFirstLabel + kLabels - 1), text);
         UpdateWindow();
     }
     return Pump();

@@ -324,8 +324,10 @@ TEST(CalendarPrinters, EachTextStaysInItsBoxOnAPrinter)
                     const CRect box = view.Map(page.texts[i].box);
                     EXPECT_GE(drawn[i].bounds.left, box.left - slack) << row.name << " " << i;
                     EXPECT_LE(drawn[i].bounds.right, box.right + slack) << row.name << " " << i;
-                    EXPECT_GE(drawn[i].bounds.top, box.top - slack) << row.name << " " << i;
-                    EXPECT_LE(drawn[i].bounds.bottom, box.bottom + slack) << row.name << " " << i;
+                    const InkHeights ink = InkOf(drawn[i]);
+                    EXPECT_GE(ink.top, box.top - slack) << row.name << " " << i;
+                    EXPECT_LE(ink.bottom, box.bottom + slack) << row.name << " " << i;
+                    EXPECT_LT(ink.top, ink.bottom) << row.name << " " << i;
                 }
             }
         }
@@ -380,11 +382,12 @@ TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
         short orientation;
         CSize size; // tenths of a millimetre
         const char* feature;
+        short copies;
     } rows[] = {
-        {"A4", DMPAPER_A4, DMORIENT_PORTRAIT, CSize(2100, 2970), "*PageSize A4"},
-        {"A4 landscape", DMPAPER_A4, DMORIENT_LANDSCAPE, CSize(2970, 2100), "*PageSize A4"},
-        {"Letter", DMPAPER_LETTER, DMORIENT_PORTRAIT, CSize(2159, 2794), "*PageSize Letter"},
-        {"A3 landscape", DMPAPER_A3, DMORIENT_LANDSCAPE, CSize(4200, 2970), "*PageSize A3"},
+        {"A4", DMPAPER_A4, DMORIENT_PORTRAIT, CSize(2100, 2970), "*PageSize A4", 1},
+        {"A4 landscape", DMPAPER_A4, DMORIENT_LANDSCAPE, CSize(2970, 2100), "*PageSize A4", 3},
+        {"Letter", DMPAPER_LETTER, DMORIENT_PORTRAIT, CSize(2159, 2794), "*PageSize Letter", 1},
+        {"A3 landscape", DMPAPER_A3, DMORIENT_LANDSCAPE, CSize(4200, 2970), "*PageSize A3", 2},
     };
     char folder[MAX_PATH] = "";
     ::GetTempPathA(MAX_PATH, folder);
@@ -397,7 +400,8 @@ TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
         DEVMODE* mode = static_cast<DEVMODE*>(::GlobalLock(dialog.m_pd.hDevMode));
         mode->dmPaperSize = row.paper;
         mode->dmOrientation = row.orientation;
-        mode->dmFields |= DM_PAPERSIZE | DM_ORIENTATION;
+        mode->dmCopies = row.copies;
+        mode->dmFields |= DM_PAPERSIZE | DM_ORIENTATION | DM_COPIES;
         ::GlobalUnlock(dialog.m_pd.hDevMode);
         ::DeleteDC(dialog.m_pd.hDC);
         CDC dc;
@@ -423,6 +427,8 @@ TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
         const std::string file = ReadFile(path);
         EXPECT_NE(file.find("%%Pages: " + std::to_string(pages)), std::string::npos) << row.name;
         EXPECT_NE(file.find(row.feature), std::string::npos) << row.name;
+        const std::string copies = "copies=" + std::to_string(row.copies);
+        EXPECT_EQ(file.find(copies) != std::string::npos, row.copies > 1) << row.name;
         EXPECT_EQ(file.find("Orientation: Landscape") != std::string::npos, row.orientation == DMORIENT_LANDSCAPE)
             << row.name;
         EXPECT_NE(file.find("/FontType 42"), std::string::npos) << row.name << ": no font is embedded";

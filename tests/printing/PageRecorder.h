@@ -3,6 +3,8 @@
 
 #include <afxwin.h>
 
+#include <algorithm>
+#include <climits>
 #include <map>
 #include <string>
 #include <vector>
@@ -12,7 +14,38 @@ struct DrawnText
     std::wstring text;
     CRect bounds; // device pixels
     std::wstring face;
+    LOGFONTW font = {};
+    int baseLine = 0; // device pixels
 };
+
+struct InkHeights
+{
+    int top;
+    int bottom;
+};
+
+// How far up and down its letters go. The bounds of a record are those of the font's cell, which is higher than a line
+// for some faces and lower for others.
+inline InkHeights InkOf(const DrawnText& text)
+{
+    const HDC hDC = ::CreateCompatibleDC(nullptr);
+    const HFONT font = ::CreateFontIndirectW(&text.font);
+    const HGDIOBJ old = ::SelectObject(hDC, font);
+    InkHeights ink = {INT_MAX, INT_MIN};
+    for (const wchar_t c : text.text) {
+        const MAT2 same = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
+        GLYPHMETRICS glyph = {};
+        if (c != L' ' && ::GetGlyphOutlineW(hDC, c, GGO_METRICS, &glyph, 0, nullptr, &same) != GDI_ERROR) {
+            const int top = text.baseLine - static_cast<int>(glyph.gmptGlyphOrigin.y);
+            ink.top = std::min(ink.top, top);
+            ink.bottom = std::max(ink.bottom, top + static_cast<int>(glyph.gmBlackBoxY));
+        }
+    }
+    ::SelectObject(hDC, old);
+    ::DeleteObject(font);
+    ::DeleteDC(hDC);
+    return ink;
+}
 
 class PageRecorder
 {
@@ -65,8 +98,8 @@ private:
     struct Reading
     {
         std::vector<DrawnText> texts;
-        std::map<DWORD, std::wstring> faces; // by the fonts' numbers
-        std::wstring face;                   // of the selected font
+        std::map<DWORD, LOGFONTW> fonts; // by their numbers
+        LOGFONTW font = {};              // the selected one
     };
 
     static int CALLBACK Collect(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM data)
@@ -74,10 +107,10 @@ private:
         Reading& reading = *reinterpret_cast<Reading*>(data);
         if (record->iType == EMR_EXTCREATEFONTINDIRECTW) {
             const auto* font = reinterpret_cast<const EMREXTCREATEFONTINDIRECTW*>(record);
-            reading.faces[font->ihFont] = font->elfw.elfLogFont.lfFaceName;
+            reading.fonts[font->ihFont] = font->elfw.elfLogFont;
         } else if (record->iType == EMR_SELECTOBJECT) {
-            const auto font = reading.faces.find(reinterpret_cast<const EMRSELECTOBJECT*>(record)->ihObject);
-            reading.face = font != reading.faces.end() ? font->second : reading.face;
+            const auto font = reading.fonts.find(reinterpret_cast<const EMRSELECTOBJECT*>(record)->ihObject);
+            reading.font = font != reading.fonts.end() ? font->second : reading.font;
         } else if (record->iType == EMR_EXTTEXTOUTW) {
             const auto* text = reinterpret_cast<const EMREXTTEXTOUTW*>(record);
             const auto* words =
@@ -85,7 +118,7 @@ private:
             reading.texts.push_back(
                 {std::wstring(words, text->emrtext.nChars),
                  CRect(text->rclBounds.left, text->rclBounds.top, text->rclBounds.right, text->rclBounds.bottom),
-                 reading.face});
+                 reading.font.lfFaceName, reading.font, static_cast<int>(text->emrtext.ptlReference.y)});
         }
         return TRUE;
     }
