@@ -6,6 +6,8 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
+#include "core/TextCodec.h"
+#include "core/ViewScale.h"
 #include "printing/CalendarPrinter.h"
 #include "views/daygrid/RowPieces.h"
 
@@ -289,7 +291,49 @@ std::vector<CaseResult> PrintCases()
     Stage stage("month", kScreen);
     stage.AddInView(1000);
     const double printed = CpuOf([&] { Print(stage.Ctrl()); });
-    return {{"month, 1,000 items: all pages into a metafile", printed, stage.WholePaint(), 0}};
+    return {{"month, 1,000 items: all pages into a metafile", printed, stage.WholePaint(), 10}};
+}
+
+// The same picture with everything twice as large: four times the pixels.
+CaseResult ScaleCase(const char* name, const char* view)
+{
+    constexpr int kTwice = 2;
+    constexpr double kPixels = kTwice * kTwice;
+    const CSize size(1280, 900);
+    const auto paint = [&](int scale) {
+        Stage stage(view, CSize(size.cx * scale, size.cy * scale));
+        stage.Ctrl().SetScale(scale * dayvane::kBaseDpi);
+        stage.AddInView(1000);
+        return stage.WholePaint();
+    };
+    const double once = paint(1);
+    return {name, paint(kTwice), once, kPixels};
+}
+
+std::vector<CaseResult> ScaleCases()
+{
+    return {ScaleCase("month at 200 %: paint", "month"), ScaleCase("7 days at 200 %: paint", "weekday"),
+            ScaleCase("desk diary at 200 %: paint", "week")};
+}
+
+// The same texts in the code page of the system and in UTF-8.
+std::vector<CaseResult> Utf8Cases()
+{
+    Stage stage("month", kScreen);
+    stage.AddInView(1000);
+    CCalendarCtrl& ctrl = stage.Ctrl();
+    const double own = stage.WholePaint();
+    for (int i = 0; i < ctrl.GetItemCount(); ++i) {
+        tagCC_ITEM item;
+        ctrl.GetItem(i, item);
+        item.strText =
+            dayvane::EncodeText(dayvane::DecodeText(item.strText, dayvane::kOwnCodePage), dayvane::kUtf8CodePage)
+                .c_str();
+        ctrl.SetItem(i, &item, FALSE, FALSE);
+    }
+    ctrl.SetTextCodePage(dayvane::kUtf8CodePage);
+    ctrl.Refresh();
+    return {{"month, 1,000 items: paint with UTF-8 texts", stage.WholePaint(), own, 1.1}};
 }
 
 struct CaseRow
@@ -309,6 +353,8 @@ std::vector<CaseRow> Rows()
             {"100,000 in one month", LayoutCases},
             {"scroll by one row or week", ScrollCases},
             {"month, 1,000 items: printed", PrintCases},
+            {"paint at 200 %", ScaleCases},
+            {"paint with UTF-8 texts", Utf8Cases},
             {"1,000,000 stored", MillionCases}};
 }
 
@@ -325,7 +371,7 @@ std::vector<CaseResult> RunCases(const std::string& only)
         for (const CaseResult& result : row.run()) {
             std::printf("%-50s %10.2f %10.2f %7.2f ", result.name.c_str(), result.milliseconds, result.reference,
                         result.Ratio());
-            result.goal > 0 ? std::printf("%7.0f\n", result.goal) : std::printf("%7s\n", "");
+            result.goal > 0 ? std::printf("%7g\n", result.goal) : std::printf("%7s\n", "");
             std::fflush(stdout);
             results.push_back(result);
         }
