@@ -180,6 +180,9 @@ function(dayvane_add_public_dll)
     COMMAND awk -v "nm=${CMAKE_NM} -g --defined-only @${objects}" -v "def=${def}" -f "${CMAKE_SOURCE_DIR}/cmake/exports.awk"
       ${headers})
   add_library(DayvanePublic SHARED $<TARGET_OBJECTS:Dayvane> "${def}")
+  if(TARGET dayvane_resources)
+    target_sources(DayvanePublic PRIVATE $<TARGET_OBJECTS:dayvane_resources>)
+  endif()
   # What is linked with it runs beside the tree's DLL, in bin.
   add_dependencies(DayvanePublic Dayvane)
   dayvane_same_bytes(DayvanePublic)

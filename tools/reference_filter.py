@@ -207,7 +207,8 @@ def main():
         print("\n".join(read(sys.argv[1]).out))
         return 0
     missing = [f"{path}: {code}" for path in sys.argv[2:] for code in read(path).missing]
-    print("\n".join(missing))
+    for name in missing:
+        print(name)
     return 1 if missing else 0
 
 

@@ -323,6 +323,7 @@ build_package_host() {
             bash "$ROOT/tests/package/c/build.sh" "$prefix" "$preset" "$host/c"
             check_static_refusal "$preset" "$prefix" "${toolchain[@]}"
             check_exports "$prefix/bin/Dayvane.dll"
+            check_c_library "$prefix/bin/DayvaneCtl.dll"
             ;;
     esac
 }
@@ -339,13 +340,29 @@ check_static_refusal() {
     fi
 }
 
+# The headers, imports and exports of a DLL for 32 or 64 bits.
+facts_of_dll() { x86_64-w64-mingw32-objdump -p "$1"; }
+# The version resource stands for all of them: without it marks and cursors are missing, too.
+check_resources() { strings -el "$1" | grep -x "$(library_version)" >/dev/null || die "$1 has not its resources."; }
+
 # Of Dayvane.dll only what its headers name: nothing of the compiler's library, no class of a header that stays here.
 check_exports() {
     local names
-    names=$(i686-w64-mingw32-objdump -p "$1" | sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/p')
+    names=$(facts_of_dll "$1" | sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/p')
     grep -q 'CCalendarCtrl13m_arDayColors' <<<"$names" || die "$1 does not export CCalendarCtrl::m_arDayColors."
     ! grep -oE '_ZN?K?St.*|[0-9]__gnu_cxx.*|_ZN7dayvane(14PointerTracker|9TextCache).*' <<<"$names" ||
         die "$1 exports names that are not its own or not public."
+    check_resources "$1"
+}
+
+# DayvaneCtl.dll exports the functions of its list and needs the system's DLLs only.
+check_c_library() {
+    local facts
+    facts=$(facts_of_dll "$1")
+    diff <(sed -n 's/^\t\[ *[0-9]*\] \([A-Za-z]*\)$/\1/p' <<<"$facts" | sort) <(sed -n 's/^ \+//p' "$ROOT/ctl/DayvaneCtl.def" | sort) ||
+        die "$1 exports other names (<) than ctl/DayvaneCtl.def (>)."
+    ! grep 'DLL Name: lib' <<<"$facts" || die "$1 needs a DLL of the compiler."
+    check_resources "$1"
 }
 
 # follow_start_page SYSTEM: the start page, from a zip of the installed 32-bit build alone, and where the planner is built
