@@ -57,6 +57,7 @@ stage_build() {
     # The compiler's runtime DLLs beside Dayvane.dll, and what of them is inside DayvaneCtl.dll.
     cp /usr/share/doc/gcc-mingw-w64-base/copyright "$folder/licenses/gcc-runtime.txt"
     cp /usr/share/doc/mingw-w64-common/copyright "$folder/licenses/mingw-w64.txt"
+    cp /usr/share/common-licenses/GPL-3 "$folder/licenses/gpl-3.txt" # which the first one names
 }
 
 # strip_file PRESET FILE DEBUGFOLDER: what only debuggers read goes into a file of its own, which the first one names. The
