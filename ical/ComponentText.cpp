@@ -35,22 +35,32 @@ private:
 
 } // namespace
 
-ComponentText::ComponentText(std::string_view raw, int firstLine)
+void ComponentText::Assign(std::string_view raw, int firstLine)
 {
     DepthCounter counter;
     LineReader reader(raw, firstLine);
     RawLine rawLine;
+    std::size_t count = 0;
+    m_ending.clear();
     while (reader.Next(rawLine)) {
-        Line line;
+        if (count == m_lines.size()) {
+            m_lines.emplace_back();
+        }
+        Line& line = m_lines[count++];
         line.raw = rawLine.raw;
         line.number = rawLine.number;
-        line.property = ParseProperty(Unfold(rawLine.raw));
+        if (!line.property) {
+            line.property.emplace();
+        }
+        if (!ParseProperty(rawLine, *line.property)) {
+            line.property.reset();
+        }
         line.depth = line.property ? counter.Enter(*line.property) : counter.Depth();
         if (m_ending.empty()) {
             m_ending = EndingOf(rawLine.raw);
         }
-        m_lines.push_back(std::move(line));
     }
+    m_lines.resize(count);
     if (m_ending.empty()) {
         m_ending = "\r\n";
     }

@@ -28,7 +28,9 @@ public:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     static constexpr int kOwnDepth = 1;
 
-    explicit ComponentText(std::string_view raw, int firstLine = 1);
+    explicit ComponentText(std::string_view raw, int firstLine = 1) { Assign(raw, firstLine); }
+    // Another text in the place of this one; the memory of its lines is used again.
+    void Assign(std::string_view raw, int firstLine = 1);
 
     const std::vector<Line>& Lines() const { return m_lines; }
     std::string Text() const;

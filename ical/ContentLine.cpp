@@ -96,6 +96,7 @@ bool LineReader::Next(RawLine& line)
         return false;
     }
     const std::size_t begin = m_at;
+    int pieces = 0;
     line.number = m_number;
     do {
         m_at = FindEnding(m_text, m_at);
@@ -103,7 +104,9 @@ bool LineReader::Next(RawLine& line)
             m_at += EndingLength(m_text, m_at);
             ++m_number;
         }
+        ++pieces;
     } while (m_at < m_text.size() && IsFoldBlank(m_text[m_at]));
+    line.isFolded = pieces > 1;
     line.raw = m_text.substr(begin, m_at - begin);
     return true;
 }
@@ -156,25 +159,42 @@ const std::string* Property::Find(std::string_view parameterName) const
     return nullptr;
 }
 
+namespace {
+
+// Takes property.text apart.
+bool ReadProperty(Property& property)
+{
+    const std::string_view text = property.text;
+    const std::size_t nameEnd = text.find_first_of(";:");
+    if (nameEnd == std::string_view::npos) {
+        return false;
+    }
+    property.name = TrimBlanks(text.substr(0, nameEnd));
+    if (property.name.empty() || !std::all_of(property.name.begin(), property.name.end(), IsNameLetter)) {
+        return false;
+    }
+    std::transform(property.name.begin(), property.name.end(), property.name.begin(), UpperLetter);
+    property.isBroken = !ReadParts(property, true);
+    return !property.isBroken || ReadParts(property, false);
+}
+
+} // namespace
+
 std::optional<Property> ParseProperty(std::string text)
 {
     Property property;
     property.text = std::move(text);
-    const std::size_t nameEnd = property.text.find_first_of(";:");
-    if (nameEnd == std::string::npos) {
-        return std::nullopt;
+    return ReadProperty(property) ? std::optional(std::move(property)) : std::nullopt;
+}
+
+bool ParseProperty(const RawLine& line, Property& property)
+{
+    if (line.isFolded) {
+        property.text = Unfold(line.raw);
+    } else {
+        property.text = line.raw.substr(0, line.raw.size() - EndingOf(line.raw).size());
     }
-    property.name = UpperText(TrimBlanks(std::string_view(property.text).substr(0, nameEnd)));
-    if (property.name.empty() || !std::all_of(property.name.begin(), property.name.end(), IsNameLetter)) {
-        return std::nullopt;
-    }
-    if (!ReadParts(property, true)) {
-        property.isBroken = true;
-        if (!ReadParts(property, false)) {
-            return std::nullopt;
-        }
-    }
-    return property;
+    return ReadProperty(property);
 }
 
 } // namespace dayvane::ical

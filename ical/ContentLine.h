@@ -15,6 +15,7 @@ struct RawLine
 {
     std::string_view raw;
     int number = 1; // of its first physical line
+    bool isFolded = false;
 };
 
 class LineReader
@@ -60,5 +61,7 @@ struct Property
 
 // Nothing if the line has no colon or no name before it.
 std::optional<Property> ParseProperty(std::string text);
+// The same into a property that was there before, whose memory is used again; false where there is none.
+bool ParseProperty(const RawLine& line, Property& property);
 
 } // namespace dayvane::ical

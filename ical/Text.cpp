@@ -143,8 +143,16 @@ bool IsUtf8(std::string_view text)
     return true;
 }
 
+bool IsPlainText(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+}
+
 std::string RepairUtf8(std::string_view text)
 {
+    if (IsPlainText(text)) {
+        return std::string(text);
+    }
     std::string repaired;
     repaired.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
@@ -216,6 +224,9 @@ std::string Quoted(std::string_view value)
 
 std::string UnescapeText(std::string_view value)
 {
+    if (value.find('\\') == std::string_view::npos) {
+        return std::string(value);
+    }
     std::string text;
     text.reserve(value.size());
     for (std::size_t at = 0; at < value.size(); ++at) {

@@ -24,6 +24,8 @@ bool IsUtf8(std::string_view text);
 // The text with each byte that belongs to no sequence replaced by U+FFFD, and with control characters other than tab
 // and line feed replaced by blanks; so the result is valid UTF-8 without NULs.
 std::string RepairUtf8(std::string_view text);
+// Whether it is ASCII without control characters, as most texts are: then there is nothing to repair.
+bool IsPlainText(std::string_view text);
 // Invalid parts of the input become U+FFFD; the other way, lone surrogates do.
 std::u16string Utf16FromUtf8(std::string_view text);
 std::string Utf8FromUtf16(std::u16string_view text);
