@@ -67,7 +67,7 @@ private:
         if (!property) {
             const std::string text = Unfold(line.raw);
             if (!InEvent() && !TrimBlanks(text).empty()) { // lines of events are reported by their reader
-                m_log.Add(m_line, Quoted(text) + " is not a calendar line");
+                m_log.Add(m_line, {{"%1 is not a calendar line", Quoted(text)}});
             }
         } else if (property->name == "BEGIN") {
             Begin(UpperText(TrimBlanks(property->Value())));
@@ -123,7 +123,7 @@ private:
         const auto found =
             std::find_if(m_open.rbegin(), m_open.rend(), [&](const Open& open) { return open.kind == kind; });
         if (found == m_open.rend()) {
-            m_log.Add(m_line, "END:" + Shortened(kind) + " has no BEGIN");
+            m_log.Add(m_line, {{"%1 has no BEGIN", "END:" + Shortened(kind)}});
             return;
         }
         if (kind == "VCALENDAR") {
@@ -145,7 +145,7 @@ private:
         const Open open = m_open.back();
         m_open.pop_back();
         if (!properly) {
-            m_log.Add(open.line, "BEGIN:" + Shortened(open.kind) + " has no END");
+            m_log.Add(open.line, {{"%1 has no END", "BEGIN:" + Shortened(open.kind)}});
         }
         if (open.kind == "VEVENT") {
             Cut(m_at, true);
@@ -205,8 +205,8 @@ private:
     void TellUnshown()
     {
         for (const auto& [kind, unshown] : m_unshown) {
-            m_log.Add(unshown.firstLine, Shortened(kind) + " is kept but not shown (" + std::to_string(unshown.count) +
-                                             " in the file, the first one here)");
+            m_log.Add(unshown.firstLine, {{"%1 is kept but not shown", Shortened(kind)},
+                                          {"%1 in the file, the first one here", std::to_string(unshown.count)}});
         }
     }
 

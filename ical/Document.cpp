@@ -135,6 +135,12 @@ std::vector<std::string> Document::Zones() const
     return m_state->Zones();
 }
 
+std::string Document::NewZone() const
+{
+    const TimeForm& form = m_state->writing.newForm;
+    return form.isUtc ? TimeZone::Utc()->Id() : form.tzid;
+}
+
 std::string Document::Excerpt(const std::vector<OccurrenceId>& ids, ExcerptForm form) const
 {
     return ExcerptOf(*m_state, ids, form);

@@ -127,6 +127,8 @@ public:
     // The zones that an event of this file can be written in, by TZID: "" for floating times, "UTC", and those that the
     // file defines.
     std::vector<std::string> Zones() const;
+    // The one that new timed events are written in, when nothing else is said.
+    std::string NewZone() const;
     // A calendar file of these occurrences and the zones of the file.
     std::string Excerpt(const std::vector<OccurrenceId>& ids, ExcerptForm form) const;
 

@@ -335,30 +335,49 @@ EditResult DocumentEdit::Acknowledge(LocalTime utc)
     return Finish(m_id);
 }
 
+namespace {
+
+// A new event's times, and its rule which is said on the shown clock, in a zone of its own. nullptr: done.
+const char* RezoneNew(DocumentState& state, ComponentText& text, const EventTimes& times, const TimeForm& form)
+{
+    DocumentState::Entry draft;
+    draft.raw = text.Text();
+    draft.calendar = state.writing.calendar;
+    const EventPtr event = state.ReadEvent(draft);
+    if (!event) {
+        return kUnwritable;
+    }
+    SetTimesInZone(text, times, form, state.writing);
+    const LocalTime start = ParseTime(text.Lines()[text.Find("DTSTART")].property->Value())->wall;
+    return DocumentEdit::RezoneRule(text, *event, start, form.zone);
+}
+
+} // namespace
+
 EditResult CreateEvent(DocumentState& state, const EventTimes& wanted, const EventChanges& changes)
 {
     EventTimes times = wanted;
     if (state.isLocked || !Normalise(times)) {
         return Refuse(state.isLocked ? kLocked : kBadTimes);
     }
-    WritingContext context = state.writing;
-    if (changes.zone) {
-        const auto form = state.FormOfZone(*changes.zone);
-        if (!form) {
-            return Refuse(kNoZone);
-        }
-        context.newForm = *form;
+    std::optional<TimeForm> form;
+    if (changes.zone && !(form = state.FormOfZone(*changes.zone))) {
+        return Refuse(kNoZone);
     }
     if (changes.rule && !changes.rule->empty() && !ParseRule(*changes.rule).rule) {
         return Refuse(kBadRule);
     }
-    ComponentText text(
-        NewEventText(UnusedUid(state), state.utcNow(), times, changes.summary.value_or(""), context, state.lineEnding));
+    ComponentText text(NewEventText(UnusedUid(state), state.utcNow(), times, changes.summary.value_or(""),
+                                    state.writing, state.lineEnding));
     EventChanges others = changes;
     others.summary.reset();
     ApplyChanges(text, Event(), others);
     if (changes.rule) {
         SetValue(text, "RRULE", *changes.rule);
+    }
+    const char* problem = form && !times.isAllDay ? RezoneNew(state, text, times, *form) : nullptr;
+    if (problem) {
+        return Refuse(problem);
     }
     const std::string raw = text.Text();
     const auto place = state.InsertNew(raw);

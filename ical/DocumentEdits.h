@@ -19,6 +19,9 @@ public:
     EditResult Copy(const EventTimes& wanted);
     EditResult Acknowledge(LocalTime utc);
 
+    // The rule on the clock of another zone, where the series begins at `to`. nullptr: done.
+    static const char* RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone);
+
 private:
     using Entry = DocumentState::Entry;
 
@@ -34,7 +37,6 @@ private:
     EditResult ReplaceOccurrence(const EventChanges& changes);
     EditResult ChangeSeries(const EventChanges& changes);
     EditResult ChangeSeriesZone(const EventChanges& changes);
-    const char* RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone) const;
     EditResult ChangeFollowing(const EventChanges& changes);
     const char* MoveSeries(ComponentText& text, const Event& event, const Occurrence& anchor, const EventTimes& times,
                            LocalTime& shiftedStart);

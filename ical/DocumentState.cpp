@@ -48,7 +48,7 @@ bool DocumentState::Load(std::string_view bytes, const LoadProgress& progress)
     isLocked = IsUtf16(bytes);
     CalendarScan scan;
     if (isLocked) {
-        log.Add(1, "the file is in UTF-16, which calendar files never are: it is not read");
+        log.Add(1, {{"the file is in UTF-16, which calendar files never are", ""}, {"it is not read", ""}});
         scan.passages.push_back({bytes, 1, false, 0});
     } else {
         scan = ScanCalendar(bytes, log);
@@ -76,8 +76,8 @@ bool DocumentState::Load(std::string_view bytes, const LoadProgress& progress)
     }
     ChooseClock(scan);
     if (!scan.zoneName.empty() && !writing.displayZone) {
-        log.Add(scan.zoneLine,
-                "the calendar's time zone " + Quoted(scan.zoneName) + " is not defined: times are shown as written");
+        log.Add(scan.zoneLine, {{"the calendar's time zone %1 is not defined", Quoted(scan.zoneName)},
+                                {"times are shown as written", ""}});
     }
     KeepMessages(log);
     return true;
@@ -127,6 +127,7 @@ std::string DocumentState::OnlyNamedZone() const
 bool DocumentState::ReadEvents(MessageLog& log, std::size_t size, const LoadProgress& progress)
 {
     EventReader reader(m_zones, log);
+    ComponentText text("");
     std::size_t done = 0;
     int events = 0;
     for (Entry& entry : m_entries) {
@@ -134,7 +135,8 @@ bool DocumentState::ReadEvents(MessageLog& log, std::size_t size, const LoadProg
         if (entry.id == kNoEvent) {
             continue;
         }
-        if (auto event = reader.Read(ComponentText(entry.raw, entry.line), entry.calendar)) {
+        text.Assign(entry.raw, entry.line);
+        if (auto event = reader.Read(text, entry.calendar)) {
             event->id = entry.id;
             entry.event = std::move(event);
         }
@@ -151,7 +153,7 @@ void DocumentState::KeepMessages(const MessageLog& log)
     std::stable_sort(messages.begin(), messages.end(),
                      [](const Message& a, const Message& b) { return a.line < b.line; });
     if (log.Unkept() > 0) {
-        messages.push_back({messages.back().line, "and " + std::to_string(log.Unkept()) + " more"});
+        messages.push_back(MakeMessage(messages.back().line, {{"and %1 more", std::to_string(log.Unkept())}}));
     }
 }
 

@@ -73,6 +73,7 @@ public:
     std::vector<std::string> Zones() const;
     const EntryList& Entries() const { return m_entries; }
     WritingContext ContextFor(const Entry& entry) const;
+    EventPtr ReadEvent(const Entry& entry) const; // as its text stands; nullptr: that is none
     bool IsUsedUid(const std::string& uid) const;
 
     // Makes the changes and keeps them as a step. False, and nothing is changed, when an event would not be readable.
@@ -93,7 +94,6 @@ public:
 private:
     bool ReadEvents(MessageLog& log, std::size_t size, const LoadProgress& progress);
     void KeepMessages(const MessageLog& log);
-    EventPtr ReadEvent(const Entry& entry) const;
     void ChooseClock(const CalendarScan& scan);
     void ChooseNewForm(const std::string& zoneName);
     std::string OnlyNamedZone() const;

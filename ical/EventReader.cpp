@@ -10,8 +10,17 @@ namespace dayvane::ical {
 
 namespace {
 
-constexpr char kNotADate[] = " is not a date or time";
+constexpr char kNotADate[] = "%1 is not a date or time";
+const Phrase kWithinADay = {"whole days cannot repeat within a day", ""};
+const Phrase kTooFar = {"COUNT leads too far to be counted", ""};
+const Phrase kRule = {"%1", "RRULE"};
+const Phrase kExceptionRule = {"%1", "EXRULE"};
 constexpr std::size_t kMaxSequenceDigits = 9;
+
+std::string Named(const ComponentText::Line& line)
+{
+    return line.property->name + " " + Quoted(line.property->Value());
+}
 
 } // namespace
 
@@ -40,12 +49,12 @@ std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar
     }
     const Line& first = text.Lines().front();
     if (!m_start) {
-        Report(first, "an event without DTSTART is not shown");
+        Report(first, {{"an event without DTSTART is not shown", ""}});
         return nullptr;
     }
     const auto start = ReadTime(*m_start, m_start->property->Value());
     if (!start) {
-        Report(*m_start, "DTSTART " + Quoted(m_start->property->Value()) + kNotADate + ": the event is not shown");
+        Report(*m_start, {{kNotADate, Named(*m_start)}, {"the event is not shown", ""}});
         return nullptr;
     }
     m_event->start = *start;
@@ -56,16 +65,16 @@ std::shared_ptr<Event> EventReader::Read(const ComponentText& text, int calendar
     return std::move(m_event);
 }
 
-void EventReader::Report(const Line& line, const std::string& text)
+void EventReader::Report(const Line& line, std::initializer_list<Phrase> phrases)
 {
-    m_log.Add(line.number, text);
+    m_log.Add(line.number, phrases);
 }
 
 void EventReader::ReadLine(const Line& line)
 {
     if (!line.property) {
         if (!TrimBlanks(Unfold(line.raw)).empty()) {
-            Report(line, Quoted(Unfold(line.raw)) + " is not a calendar line");
+            Report(line, {{"%1 is not a calendar line", Quoted(Unfold(line.raw))}});
         }
         return;
     }
@@ -77,10 +86,10 @@ void EventReader::ReadLine(const Line& line)
         return;
     }
     if (property.hasEmptyParameter) {
-        Report(line, property.name + " has an empty parameter");
+        Report(line, {{"%1 has an empty parameter", property.name}});
     }
     if (property.isBroken) {
-        Report(line, property.name + " has a quotation mark that is not closed");
+        Report(line, {{"%1 has a quotation mark that is not closed", property.name}});
     }
     if (!KeepForLater(line)) {
         ReadTexts(line);
@@ -104,7 +113,7 @@ bool EventReader::KeepForLater(const Line& line)
     for (const SingleLine& single : singleLines) {
         if (single.name == property.name) {
             if (this->*single.kept) {
-                Report(line, "a second " + property.name + " is not read");
+                Report(line, {{"a second %1 is not read", property.name}});
             } else {
                 this->*single.kept = &line;
             }
@@ -154,8 +163,12 @@ void EventReader::ReadTexts(const Line& line)
 std::string EventReader::TextOf(const Line& line, bool isList)
 {
     const std::string_view value = line.property->Value();
+    if (IsPlainText(value)) {
+        return isList ? std::string(value) : UnescapeText(value); // may have line breaks now, and nothing worse
+    }
     if (!IsUtf8(value)) {
-        Report(line, line.property->name + " is not valid UTF-8: its broken bytes are shown as replacement marks");
+        Report(line, {{"%1 is not valid UTF-8", line.property->name},
+                      {"its broken bytes are shown as replacement marks", ""}});
     }
     return isList ? RepairUtf8(value) : RepairUtf8(UnescapeText(value));
 }
@@ -177,7 +190,7 @@ std::optional<EventTime> EventReader::ReadTime(const Line& line, std::string_vie
     } else if (const std::string* id = line.property->Find("TZID")) {
         time.zone = m_zones.Find(m_event->calendar, *id);
         if (!time.zone && m_reportedZones.insert(*id).second) {
-            Report(line, "the time zone " + Quoted(*id) + " is not defined: its times are taken as they stand");
+            Report(line, {{"the time zone %1 is not defined", Quoted(*id)}, {"its times are taken as they stand", ""}});
         }
     }
     return time;
@@ -191,19 +204,19 @@ void EventReader::ReadEnd()
     if (!line) {
         return;
     }
-    const std::string what = line->property->name + " " + Quoted(line->property->Value());
+    const std::string what = Named(*line);
     if (m_end) {
         const auto end = ParseTime(line->property->Value());
         if (end && end->isDate != event.IsAllDay()) {
-            Report(*line, what + " does not fit the form of DTSTART");
+            Report(*line, {{"%1 does not fit the form of DTSTART", what}});
             return;
         }
     }
     const auto duration = m_end ? DurationToEnd() : ParseDuration(line->property->Value());
     if (!duration) {
-        Report(*line, what + (m_end ? kNotADate : " is not a duration"));
+        Report(*line, {{m_end ? kNotADate : "%1 is not a duration", what}});
     } else if (duration->Total() < 0) {
-        Report(*line, what + (m_end ? " lies before DTSTART and is not used" : " is negative"));
+        Report(*line, {{m_end ? "%1 lies before DTSTART and is not used" : "%1 is negative", what}});
     } else if (event.IsAllDay()) {
         // A date that ends where it begins is written by many for one day.
         event.duration.days = std::max((duration->Total() + kDaySeconds - 1) / kDaySeconds, std::int64_t(1));
@@ -240,11 +253,12 @@ void EventReader::ReadReplaced()
     event.replaces = ReadTime(*m_replaces, property.Value());
     const std::string* range = property.Find("RANGE");
     if (!event.replaces) {
-        Report(*m_replaces, "RECURRENCE-ID " + Quoted(property.Value()) + kNotADate);
+        Report(*m_replaces, {{kNotADate, Named(*m_replaces)}});
     } else if (range && SameWord(*range, "THISANDFUTURE")) {
         event.changesFollowing = true;
     } else if (range) {
-        Report(*m_replaces, "RANGE=" + Quoted(*range) + " is not understood: only this one occurrence is changed");
+        Report(*m_replaces,
+               {{"%1 is not understood", "RANGE=" + Quoted(*range)}, {"only this one occurrence is changed", ""}});
     }
 }
 
@@ -272,7 +286,7 @@ void EventReader::ReadRecurrence()
         ReadExceptionRule(*line);
     }
     if (event.IsRecurrent() && event.duration.Total() > kMaxRepeatedDays * kDaySeconds) {
-        Report(*m_start, "a repeated event of more than a year is shown as one year long");
+        Report(*m_start, {{"a repeated event of more than a year is shown as one year long", ""}});
         event.duration = {kMaxRepeatedDays, 0};
     }
 }
@@ -304,20 +318,20 @@ void EventReader::ReadRule()
     event.ruleText = TrimBlanks(m_rule->property->Value());
     RuleReading reading = ParseRule(event.ruleText);
     if (reading.rule && !FitToEvent(*reading.rule)) {
-        reading = {std::nullopt, "whole days cannot repeat within a day"};
+        reading = {std::nullopt, kWithinADay};
     }
     if (!reading.rule) {
-        Report(*m_rule, "RRULE: " + reading.problem + ": the event is shown once");
+        Report(*m_rule, {kRule, reading.problem, {"the event is shown once", ""}});
         event.hasUnreadRule = true;
         return;
     }
-    if (!reading.problem.empty()) {
-        Report(*m_rule, "RRULE: " + reading.problem);
+    if (!reading.problem.IsEmpty()) {
+        Report(*m_rule, {kRule, reading.problem});
     }
     RecurrenceRule& rule = *reading.rule;
     ReadUntil(rule);
     if (!LimitByCount(rule, event.start.wall, m_countingSteps)) {
-        Report(*m_rule, "RRULE: COUNT leads too far to be counted: the event is taken to repeat without end");
+        Report(*m_rule, {kRule, kTooFar, {"the event is taken to repeat without end", ""}});
     }
     if (RepeatsWithinDays(rule)) {
         std::size_t inFirstYear = 0;
@@ -326,8 +340,9 @@ void EventReader::ReadRule()
         m_countingSteps -= ExpandRule(rule, start, start, start + kMaxRepeatedDays * kDaySeconds, count,
                                       std::max<std::int64_t>(m_countingSteps, 0));
         if (inFirstYear == kMaxOccurrencesOfEvent) {
-            Report(*m_rule, "RRULE: the event repeats so often that of a range only the first " +
-                                std::to_string(kMaxOccurrencesOfEvent) + " occurrences are shown");
+            Report(*m_rule, {kRule,
+                             {"the event repeats so often that of a range only the first %1 occurrences are shown",
+                              std::to_string(kMaxOccurrencesOfEvent)}});
         }
     }
     event.rule = std::move(rule);
@@ -337,16 +352,16 @@ void EventReader::ReadExceptionRule(const Line& line)
 {
     RuleReading reading = ParseRule(line.property->Value());
     if (reading.rule && !FitToEvent(*reading.rule)) {
-        reading = {std::nullopt, "whole days cannot repeat within a day"};
+        reading = {std::nullopt, kWithinADay};
     }
     if (!reading.rule) {
-        Report(line, "EXRULE: " + reading.problem + ": what it excludes is shown");
+        Report(line, {kExceptionRule, reading.problem, {"what it excludes is shown", ""}});
         return;
     }
     reading.rule->givesStart = false;
     ReadUntil(*reading.rule);
     if (!LimitByCount(*reading.rule, m_event->start.wall, m_countingSteps)) {
-        Report(line, "EXRULE: COUNT leads too far to be counted: it is taken to exclude without end");
+        Report(line, {kExceptionRule, kTooFar, {"it is taken to exclude without end", ""}});
     }
     m_event->exceptionRules.push_back(std::move(*reading.rule));
 }
@@ -360,7 +375,7 @@ void EventReader::ReadFurtherDates(const Line& line)
         const std::size_t slash = std::min(piece.find('/'), piece.size());
         const auto start = isClockOnly ? std::nullopt : ReadTime(line, piece.substr(0, slash));
         if (!start) {
-            Report(line, "RDATE " + Quoted(piece) + kNotADate);
+            Report(line, {{kNotADate, "RDATE " + Quoted(piece)}});
             continue;
         }
         FurtherDate further;
@@ -368,7 +383,7 @@ void EventReader::ReadFurtherDates(const Line& line)
         if (slash < piece.size() && !event.IsAllDay()) {
             further.duration = PeriodLength(line, *start, piece.substr(slash + 1));
             if (!further.duration) {
-                Report(line, "RDATE " + Quoted(piece) + " has no readable end");
+                Report(line, {{"%1 has no readable end", "RDATE " + Quoted(piece)}});
             }
         }
         if (start->isDate && !event.IsAllDay()) { // a date: at the event's usual time
@@ -394,7 +409,7 @@ void EventReader::ReadExceptions(const Line& line)
     for (const std::string_view piece : SplitAt(line.property->Value(), ',')) {
         const auto time = ReadTime(line, piece);
         if (!time) {
-            Report(line, "EXDATE " + Quoted(piece) + kNotADate);
+            Report(line, {{kNotADate, "EXDATE " + Quoted(piece)}});
         } else if (time->isDate || m_event->IsAllDay()) {
             m_event->exceptionDays.push_back(DayOfTime(time->wall));
         } else {

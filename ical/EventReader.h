@@ -45,7 +45,7 @@ private:
     void ReadFurtherDates(const Line& line);
     std::optional<Duration> PeriodLength(const Line& line, const EventTime& start, std::string_view endText);
     void ReadExceptions(const Line& line);
-    void Report(const Line& line, const std::string& text);
+    void Report(const Line& line, std::initializer_list<Phrase> phrases);
 
     const ZoneTable& m_zones;
     MessageLog& m_log;

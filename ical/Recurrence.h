@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CivilTime.h"
+#include "Messages.h"
 
 #include <cstdint>
 #include <functional>
@@ -55,7 +56,7 @@ struct RecurrenceRule
 struct RuleReading
 {
     std::optional<RecurrenceRule> rule; // nothing: the rule says something that is not understood
-    std::string problem;                // what was not understood or was mended, in a few words; empty if nothing
+    Phrase problem;                     // what was not understood or was mended; empty if nothing
 };
 
 RuleReading ParseRule(std::string_view value);

@@ -128,11 +128,11 @@ public:
     {
         for (const std::string_view part : SplitAt(value, ';')) {
             if (!TrimBlanks(part).empty() && !ReadPart(part)) {
-                return {std::nullopt, Quoted(part) + " is not understood"};
+                return {std::nullopt, {"%1 is not understood", Quoted(part)}};
             }
         }
         if (!m_hasFrequency) {
-            return {std::nullopt, "there is no FREQ"};
+            return {std::nullopt, {"there is no FREQ", ""}};
         }
         for (int& second : m_rule.bySecond) {
             second = std::min(second, kLastSecond);
@@ -193,7 +193,7 @@ private:
             return false;
         }
         if (*amount == 0) {
-            m_note = name + "=0 is taken as 1";
+            m_note = {"%1 is taken as 1", name + "=0"};
             amount = 1;
         }
         if (name == "COUNT") {
@@ -205,7 +205,7 @@ private:
     }
 
     RecurrenceRule m_rule;
-    std::string m_note;
+    Phrase m_note;
     bool m_hasFrequency = false;
 };
 

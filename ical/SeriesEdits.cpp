@@ -136,8 +136,7 @@ EditResult DocumentEdit::ChangeSeries(const EventChanges& changes)
     return Finished(Finish(after), m_series->id);
 }
 
-// The rule on the clock of another zone, where the series begins at `to`. nullptr: done.
-const char* DocumentEdit::RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone) const
+const char* DocumentEdit::RezoneRule(ComponentText& text, const Event& event, LocalTime to, const ZonePtr& zone)
 {
     const LocalTime from = event.start.wall;
     for (const std::string_view name : {"RRULE", "EXRULE"}) {

@@ -29,8 +29,8 @@ public:
             }
         }
         if (m_id.empty() || m_observances.empty()) {
-            m_log.Add(firstLine, m_id.empty() ? "a VTIMEZONE without TZID is not used"
-                                              : "the VTIMEZONE " + Quoted(m_id) + " has no readable offsets");
+            m_log.Add(firstLine, {m_id.empty() ? Phrase{"a VTIMEZONE without TZID is not used", ""}
+                                               : Phrase{"%1 has no readable offsets", "VTIMEZONE " + Quoted(m_id)}});
             return nullptr;
         }
         return std::make_shared<TimeZone>(m_id, std::move(m_observances));
@@ -79,7 +79,7 @@ private:
                 if (const auto time = ParseTime(piece)) {
                     m_draft->further.push_back(time->wall);
                 } else {
-                    m_log.Add(number, "RDATE " + Quoted(piece) + " is not a date");
+                    m_log.Add(number, {{"%1 is not a date or time", "RDATE " + Quoted(piece)}});
                 }
             }
         }
@@ -91,7 +91,7 @@ private:
             return;
         }
         if (!m_draft->onset || !m_draft->to) {
-            m_log.Add(m_draft->line, "a part of a VTIMEZONE lacks a readable DTSTART or TZOFFSETTO");
+            m_log.Add(m_draft->line, {{"a part of a VTIMEZONE lacks a readable DTSTART or TZOFFSETTO", ""}});
             return;
         }
         Observance observance;
@@ -109,8 +109,8 @@ private:
     void ReadRule(Observance& observance)
     {
         RuleReading reading = ParseRule(m_draft->rule);
-        if (!reading.problem.empty()) {
-            m_log.Add(m_draft->ruleLine, "RRULE of a VTIMEZONE: " + reading.problem);
+        if (!reading.problem.IsEmpty()) {
+            m_log.Add(m_draft->ruleLine, {{"RRULE of a VTIMEZONE", ""}, reading.problem});
         }
         if (reading.rule && reading.rule->until) {
             const WrittenTime& until = *reading.rule->until;

@@ -250,7 +250,8 @@ void CMessagePane::Show(const std::vector<planner::Message>& messages)
 {
     ResetContent();
     for (const planner::Message& message : messages) {
-        AddString(planner::SystemOf(planner::Tr("Line %1: %2", std::to_string(message.line), message.text)));
+        const std::string text = planner::Tr("Line %1: %2", std::to_string(message.line), planner::Tr(message));
+        ::SendMessageW(m_hWnd, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(planner::Wide(text).c_str()));
     }
 }
 

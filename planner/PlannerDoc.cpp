@@ -143,7 +143,7 @@ std::vector<planner::Message> CPlannerDoc::Messages()
     std::vector<planner::Message> messages = m_calendar.Messages();
     for (const auto& further : m_further) {
         for (planner::Message message : further->m_calendar.Messages()) {
-            message.text = further->Name() + ": " + message.text;
+            message.phrases.insert(message.phrases.begin(), {"%1", further->Name()});
             messages.push_back(message);
         }
     }

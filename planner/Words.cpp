@@ -40,4 +40,13 @@ std::string Tr(std::string_view english, const std::string& first, const std::st
     return text;
 }
 
+std::string Tr(const Message& message)
+{
+    std::string text;
+    for (const Phrase& phrase : message.phrases) {
+        text += (text.empty() ? "" : ": ") + FillPhrase(Tr(phrase.form), phrase.value);
+    }
+    return text.empty() ? message.text : text;
+}
+
 } // namespace planner

@@ -2,6 +2,8 @@
 // Japanese for each of those texts, and a test asks that none is missing.
 #pragma once
 
+#include "planner/Calendar.h"
+
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,9 @@ Language CurrentLanguage();
 std::string Tr(std::string_view english);
 // The same with each "%1", "%2" replaced.
 std::string Tr(std::string_view english, const std::string& first, const std::string& second = "");
+
+// What a calendar's reader reports, in the current language.
+std::string Tr(const Message& message);
 
 // The Japanese for an English text; empty: there is none.
 std::string_view JapaneseFor(std::string_view english);

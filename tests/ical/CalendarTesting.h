@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -57,6 +58,10 @@ inline std::string AllMessages(const Document& document)
 {
     std::string text;
     for (const Message& message : document.Messages()) {
+        for (const Phrase& phrase : message.phrases) {
+            const auto& forms = MessageForms();
+            EXPECT_TRUE(std::count(forms.begin(), forms.end(), phrase.form) == 1) << phrase.form << " is not listed";
+        }
         text += std::to_string(message.line) + ": " + message.text + "\n";
     }
     return text;

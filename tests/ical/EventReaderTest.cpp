@@ -308,18 +308,18 @@ TEST(Reader, FilesWithLostEndsHideNothing)
          "20260101/20260102*", ""},
         {"bare CR", "BEGIN:VEVENT\rDTSTART:20260101\rEND:VEVENT\r", "20260101/20260102*", ""},
         {"an END alone in a time zone", "BEGIN:VTIMEZONE\nTZID:A\nEND:STANDARD\nEND:VTIMEZONE\n", "",
-         "1: the VTIMEZONE \"A\" has no readable offsets\n3: END:STANDARD has no BEGIN\n"},
+         "1: VTIMEZONE \"A\" has no readable offsets\n3: END:STANDARD has no BEGIN\n"},
         {"event in event", "BEGIN:VEVENT\nDTSTART:20260101\nBEGIN:VEVENT\nDTSTART:20260102\nEND:VEVENT\n",
          "20260101/20260102* 20260102/20260103*", "1: BEGIN:VEVENT has no END\n"},
         {"alarm not closed", "BEGIN:VEVENT\nBEGIN:VALARM\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:20260101\nEND:VEVENT\n",
          "20260101/20260102*", "1: an event without DTSTART is not shown\n2: BEGIN:VALARM has no END\n"},
         {"to-do not closed", "BEGIN:VTODO\nDTSTART:20260105\nBEGIN:VEVENT\nDTSTART:20260101\nEND:VEVENT\nEND:VTODO\n",
          "20260101/20260102*",
-         "1: BEGIN:VTODO has no END\n1: VTODO is kept but not shown (1 in the file, the first one here)\n"
+         "1: BEGIN:VTODO has no END\n1: VTODO is kept but not shown: 1 in the file, the first one here\n"
          "6: END:VTODO has no BEGIN\n"},
         {"inside a foreign component",
          "BEGIN:X-BOX\nnot a line\nBEGIN:VEVENT\nDTSTART:20260101\n???\nEND:VEVENT\nEND:X-BOX\n", "20260101/20260102*",
-         "1: X-BOX is kept but not shown (1 in the file, the first one here)\n"
+         "1: X-BOX is kept but not shown: 1 in the file, the first one here\n"
          "2: \"not a line\" is not a calendar line\n5: \"???\" is not a calendar line\n"},
         {"second calendar begins", "BEGIN:VCALENDAR\nBEGIN:VEVENT\nDTSTART:20260101\nBEGIN:VCALENDAR\n",
          "20260101/20260102*",

@@ -236,6 +236,7 @@ TEST(Fuzz, BrokenFilesStayWhole)
         Document document(CountedUids("new"));
         document.Load(text);
         ASSERT_EQ(document.Save(), text) << "seed " << seed;
+        AllMessages(document); // checks their forms
         for (const Message& message : document.Messages()) {
             ASSERT_GE(message.line, 1) << message.text;
         }

@@ -14,7 +14,7 @@ namespace {
 RecurrenceRule Rule(const std::string& text, LocalTime start)
 {
     RuleReading reading = ParseRule(text);
-    EXPECT_TRUE(reading.rule) << text << ": " << reading.problem;
+    EXPECT_TRUE(reading.rule) << text << ": " << reading.problem.form;
     RecurrenceRule rule = reading.rule.value_or(RecurrenceRule());
     if (rule.until) {
         rule.lastStart = rule.until->wall;
@@ -115,7 +115,7 @@ TEST(Recurrence, RefusesWhatItDoesNotUnderstand)
                              "FREQ=DAILY;%n"}) {
         const RuleReading reading = ParseRule(rule);
         EXPECT_FALSE(reading.rule) << rule;
-        EXPECT_FALSE(reading.problem.empty()) << rule;
+        EXPECT_FALSE(reading.problem.IsEmpty()) << rule;
     }
 }
 

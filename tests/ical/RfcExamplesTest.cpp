@@ -92,7 +92,7 @@ TEST(RfcExamples, GiveWhatIsPrinted)
     };
     for (const auto& row : rows) {
         const RuleReading reading = ParseRule(row.rule);
-        ASSERT_TRUE(reading.rule) << row.rule << reading.problem;
+        ASSERT_TRUE(reading.rule) << row.rule << reading.problem.form;
         RecurrenceRule rule = *reading.rule;
         const LocalTime start = At(row.start);
         rule.lastStart = rule.until ? rule.until->wall : rule.lastStart;

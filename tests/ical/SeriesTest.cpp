@@ -183,33 +183,39 @@ TEST_F(SeriesTest, ExceptionsAndReplacementsGoAlong)
     UndoAll();
 }
 
+// With one zone defined a file is shown on its clock.
+const char kEastZone[] = "BEGIN:VTIMEZONE\r\nTZID:East\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
+                         "TZOFFSETFROM:+0900\r\nTZOFFSETTO:+0900\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
+
+TEST_F(SeriesTest, ANewSeriesBeginsInTheZoneThatIsChosen)
+{
+    OpenText(std::string("BEGIN:VCALENDAR\r\n") + kEastZone + "END:VCALENDAR\r\n");
+    EXPECT_EQ(m_document.NewZone(), "East");
+    EventChanges changes;
+    changes.rule = "FREQ=WEEKLY;BYDAY=MO;UNTIL=20261117T145959Z"; // as said on the shown clock
+    changes.zone = "UTC";
+    ASSERT_TRUE(m_document.Create(Times("20261102T0500", "20261102T0600"), changes).isDone);
+    EXPECT_NE(Difference().find("+DTSTART:20261101T200000Z\r\n+RRULE:FREQ=WEEKLY;BYDAY=SU;UNTIL=20261117T145959Z\r\n"
+                                "+DTEND:20261101T210000Z\r\n"),
+              std::string::npos)
+        << Difference();
+    EXPECT_EQ(ShownAgain(), "20261102T0500/20261102T0600 20261109T0500/20261109T0600 20261116T0500/20261116T0600");
+    UndoAll();
+    changes.zone = "No/Where";
+    EXPECT_FALSE(m_document.Create(Times("20261102T0500", "20261102T0600"), changes).isDone);
+}
+
 TEST_F(SeriesTest, AWholeSeriesChangesItsZone)
 {
-    const std::string text = "BEGIN:VCALENDAR\r\n" + Joined({"BEGIN:VTIMEZONE",
-                                                             "TZID:East",
-                                                             "BEGIN:STANDARD",
-                                                             "DTSTART:19700101T000000",
-                                                             "TZOFFSETFROM:+0900",
-                                                             "TZOFFSETTO:+0900",
-                                                             "END:STANDARD",
-                                                             "END:VTIMEZONE",
-                                                             "BEGIN:VEVENT",
-                                                             "UID:a",
-                                                             "DTSTART;TZID=Europe/Berlin:20261102T090000",
-                                                             "DTEND;TZID=Europe/Berlin:20261102T100000",
-                                                             "RRULE:FREQ=DAILY;UNTIL=20261106T080000Z",
-                                                             "EXDATE:20261104T080000Z",
-                                                             "EXDATE;TZID=Europe/Berlin:20261105T090000",
-                                                             "END:VEVENT",
-                                                             "BEGIN:VEVENT",
-                                                             "UID:a",
-                                                             "RECURRENCE-ID;TZID=Europe/Berlin:20261103T090000",
-                                                             "DTSTART:20261103T120000Z",
-                                                             "DURATION:PT1H",
-                                                             "END:VEVENT",
-                                                             "END:VCALENDAR"});
+    const std::string text =
+        std::string("BEGIN:VCALENDAR\r\n") + kEastZone +
+        Joined({"BEGIN:VEVENT", "UID:a", "DTSTART;TZID=Europe/Berlin:20261102T090000",
+                "DTEND;TZID=Europe/Berlin:20261102T100000", "RRULE:FREQ=DAILY;UNTIL=20261106T080000Z",
+                "EXDATE:20261104T080000Z", "EXDATE;TZID=Europe/Berlin:20261105T090000", "END:VEVENT", "BEGIN:VEVENT",
+                "UID:a", "RECURRENCE-ID;TZID=Europe/Berlin:20261103T090000", "DTSTART:20261103T120000Z",
+                "DURATION:PT1H", "END:VEVENT", "END:VCALENDAR"});
     OpenText(text);
-    // With one zone defined the file is shown on its clock: nothing moves there.
+    // Nothing moves on the clock that is shown.
     const std::string before = ShownAgain();
     ASSERT_EQ(before, "20261102T1700/20261102T1800 20261103T2100/20261103T2200 20261106T1700/20261106T1800");
     EventChanges changes;
