@@ -55,6 +55,7 @@ bool TakeOption(CommandLine& line, const std::string& option, const std::string&
                             : option == "--theme"    ? line.theme
                             : option == "--days"     ? line.days
                             : option == "--zone"     ? line.zone
+                            : option == "--dialog"   ? line.dialog
                             : option == "--holidays" ? line.holidays
                                                      : line.shot;
         text = value;
@@ -66,7 +67,7 @@ bool IsOption(const std::string& argument)
 {
     static const char* const options[] = {"--view",  "--date",     "--size",     "--shot",       "--pages",
                                           "--paper", "--language", "--settings", "--copy-every", "--theme",
-                                          "--scale", "--days",     "--zone",     "--holidays"};
+                                          "--scale", "--days",     "--dialog",   "--zone",       "--holidays"};
     return std::find(std::begin(options), std::end(options), argument) != std::end(options);
 }
 

@@ -1,6 +1,6 @@
 // planner.exe [FILE] [--view V] [--date YYYY-MM-DD] [--size WxH] [--theme T] [--scale PERCENT] [--days WORD,...]
 //             [--zone NAME] [--holidays FILE.csv] [--shot FILE.bmp] [--pages FILE.ps [--paper P]] [--language en|ja]
-//             [--settings FILE.ini]
+//             [--dialog NAME] [--settings FILE.ini]
 //             [--copy-every SECONDS]
 #pragma once
 
@@ -36,6 +36,7 @@ struct CommandLine
     std::string language; // en or ja; empty: what the settings say
     std::string settings; // the file of the settings; empty: the user's own, none for pictures and pages
     int copySeconds = 0;  // between the copies that are kept of unsaved changes; 0: as usual
+    std::string dialog;   // one that is open at the beginning, see CPlannerFrame::OpenDialog; empty: none
     std::string shot;     // where to put a picture of the window, and end; empty: run
     std::string problem;  // what was not understood, as a sentence; the rest holds
 };

@@ -4,6 +4,7 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "planner/AgendaView.h"
+#include "planner/ChangedDialog.h"
 #include "planner/EventDialog.h"
 #include "planner/FindDialog.h"
 #include "planner/GoToDialog.h"
@@ -15,6 +16,7 @@
 #include "planner/resource.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace {
@@ -27,6 +29,11 @@ planner::LocalTime ShownNow()
     return planner::LocalOfDate(dayvane::Now());
 }
 
+planner::PresentTime PresentTime()
+{
+    return {planner::SystemClock()(), ShownNow()};
+}
+
 std::vector<std::string> CategoriesAround(const planner::CalendarSet& calendars)
 {
     constexpr planner::LocalTime around = 400 * planner::kDaySeconds;
@@ -34,6 +41,21 @@ std::vector<std::string> CategoriesAround(const planner::CalendarSet& calendars)
     std::vector<std::string> categories(all.begin(), all.end());
     categories.resize(std::min(categories.size(), kMostCategories));
     return categories;
+}
+
+// Of an item, or of a new one (kNoEvent).
+CEventDialog::Choices ChoicesFor(const planner::CalendarSet& calendars, const planner::EventForm& form,
+                                 const planner::OccurrenceId& id)
+{
+    CEventDialog::Choices choices;
+    choices.zones = calendars.ZonesOf(id);
+    if (std::find(choices.zones.begin(), choices.zones.end(), form.zone) == choices.zones.end()) {
+        choices.zones.push_back(form.zone); // named but not defined
+    }
+    const planner::ZonePtr& clock = calendars.TargetDocument().DisplayZone();
+    choices.clock = clock ? clock->Id() : "";
+    choices.categories = CategoriesAround(calendars);
+    return choices;
 }
 
 } // namespace
@@ -51,15 +73,10 @@ void CPlannerFrame::OnDetails()
     planner::CalendarSet& calendar = Calendars();
     const planner::EventForm before = planner::FormOf(occurrence);
     const bool isOfSeries = calendar.IsOfSeries(occurrence.id);
-    CEventDialog::Choices choices;
-    choices.zones = calendar.ZonesOf(occurrence.id);
-    if (std::find(choices.zones.begin(), choices.zones.end(), before.zone) == choices.zones.end()) {
-        choices.zones.push_back(before.zone); // named but not defined
-    }
-    choices.categories = CategoriesAround(calendar);
+    CEventDialog::Choices choices = ChoicesFor(calendar, before, occurrence.id);
+    choices.isMondayFirst = m_mondayFirst != FALSE;
     choices.canRepeat = !occurrence.event->replaces.has_value();
     choices.canChangeZone = !isOfSeries || choices.canRepeat;
-    choices.isMondayFirst = m_mondayFirst != FALSE;
     CEventDialog dialog(before, choices, this);
     if (dialog.DoModal() != IDOK) {
         return;
@@ -95,17 +112,14 @@ planner::EventTimes CPlannerFrame::NewTimes()
 void CPlannerFrame::OnNewDetails()
 {
     planner::CalendarSet& calendar = Calendars();
-    const planner::EventForm before = planner::NewForm(NewTimes());
-    CEventDialog::Choices choices;
-    choices.zones = calendar.ZonesOf(planner::OccurrenceId());
-    choices.categories = CategoriesAround(calendar);
+    const planner::EventForm before = planner::NewForm(NewTimes(), calendar.TargetDocument().NewZone());
+    CEventDialog::Choices choices = ChoicesFor(calendar, before, planner::OccurrenceId());
     choices.isMondayFirst = m_mondayFirst != FALSE;
-    choices.canChangeZone = false; // the calendar's own
     CEventDialog dialog(before, choices, this);
     if (dialog.DoModal() == IDOK) {
         std::vector<planner::FormProblem> none;
-        planner::EventChanges all = planner::ChangesOf(before, dialog.Form(), calendar.TargetDocument().DisplayZone());
-        all.zone.reset();
+        const planner::EventChanges all =
+            planner::ChangesOf(before, dialog.Form(), calendar.TargetDocument().DisplayZone());
         Finish(calendar.Create(planner::TimesOf(dialog.Form(), none), all));
     }
 }
@@ -139,16 +153,37 @@ void CPlannerFrame::OnGoTo()
     }
 }
 
-// ---- Reminders
-
-namespace {
-
-planner::PresentTime PresentTime()
+bool CPlannerFrame::OpenDialog(const std::string& name)
 {
-    return {planner::SystemClock()(), ShownNow()};
+    static const std::map<std::string, UINT> commands = {{"item", ID_EDIT_DETAILS}, {"new", ID_EDIT_NEW_DETAILS},
+                                                         {"series", ID_EDIT_CLEAR}, {"find", ID_EDIT_FIND},
+                                                         {"date", ID_EDIT_GO_TO},   {"pages", ID_FILE_PAGE_SETUP}};
+    const auto command = commands.find(name);
+    if (command != commands.end()) {
+        const std::vector<planner::OccurrenceId> ids = m_items.IdsInView();
+        const auto repeated = std::find_if(ids.begin(), ids.end(), [&](const planner::OccurrenceId& id) {
+            return Calendars().IsOfSeries(id) && !Calendars().Find(id)->times.isAllDay;
+        });
+        m_items.Select(repeated == ids.end() ? planner::OccurrenceId() : *repeated);
+        PostMessage(WM_COMMAND, command->second);
+    } else if (name == "reminders") {
+        std::vector<planner::DueReminder> due;
+        for (const planner::OccurrenceId& id : m_items.IdsInView()) {
+            due.push_back({*Calendars().Find(id), 0});
+        }
+        CheckReminders(PresentTime()); // makes the window
+        m_remind = FALSE;              // which would hide what is not due
+        m_reminderBox->Show(due, this);
+    } else if (name == "changed") {
+        CChangedDialog::Ask(planner::Tr("Another program has changed %1 since it was opened.", Document()->Name()),
+                            this);
+    } else {
+        return false;
+    }
+    return true;
 }
 
-} // namespace
+// ---- Reminders
 
 void CPlannerFrame::OnTimer(UINT_PTR nIDEvent)
 {

@@ -257,14 +257,26 @@ void CEventDialog::Update()
     for (const int id : {IDC_START_TIME, IDC_END_TIME}) {
         ::EnableWindow(::GetDlgItem(m_hWnd, id), isTimed);
     }
-    ::EnableWindow(::GetDlgItem(m_hWnd, IDC_ZONE), isTimed && m_choices.canChangeZone);
     ::EnableWindow(::GetDlgItem(m_hWnd, IDC_RULE_KIND), m_choices.canRepeat);
+    UpdateZone();
     UpdateRule(m_form.rule.kind != RuleForm::Kind::None && m_form.rule.kind != RuleForm::Kind::Other);
     ShowProblems();
     CRect swatch;
     ::GetWindowRect(::GetDlgItem(m_hWnd, IDC_SWATCH), &swatch);
     ScreenToClient(&swatch);
     InvalidateRect(&swatch, FALSE);
+}
+
+// Times of another zone are typed and shown on the calendar's clock all the same.
+void CEventDialog::UpdateZone()
+{
+    const bool isTimed = !m_form.isAllDay;
+    ::EnableWindow(::GetDlgItem(m_hWnd, IDC_ZONE), isTimed && m_choices.canChangeZone);
+    const bool isOther = isTimed && !m_choices.clock.empty() && !m_form.zone.empty() && m_form.zone != m_choices.clock;
+    const std::string text = isOther ? planner::Tr("Times are those of %1", m_choices.clock) : std::string();
+    if (planner::ItemUtf8(*this, IDC_ZONE_CLOCK) != text) {
+        planner::SetItemUtf8(*this, IDC_ZONE_CLOCK, text);
+    }
 }
 
 void CEventDialog::UpdateRule(bool repeats)

@@ -19,6 +19,7 @@ public:
         bool canRepeat = true; // not a moved occurrence of a series
         bool canChangeZone = true;
         bool isMondayFirst = false;
+        std::string clock; // a zone: on its clock all times are shown; empty: each on that of its own
     };
     CEventDialog(const planner::EventForm& form, const Choices& choices, CWnd* pParent);
     // What was said when DoModal answered IDOK.
@@ -48,6 +49,7 @@ private:
     void PutReminders();
     void Update(); // states, sentence and problems, by what the controls say
     void UpdateRule(bool repeats);
+    void UpdateZone();
     void ShowProblems();
     void FollowDate();
     bool IsChecked(int nID) const;

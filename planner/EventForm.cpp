@@ -60,10 +60,11 @@ EventForm FormOf(const Occurrence& occurrence)
     return form;
 }
 
-EventForm NewForm(const EventTimes& times)
+EventForm NewForm(const EventTimes& times, const std::string& zone)
 {
     EventForm form;
     PutTimes(form, times);
+    form.zone = zone;
     form.rule = RuleFormOf("", times.start, nullptr);
     return form;
 }

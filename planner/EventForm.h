@@ -39,7 +39,7 @@ struct FormProblem
 };
 
 EventForm FormOf(const Occurrence& occurrence);
-EventForm NewForm(const EventTimes& times);
+EventForm NewForm(const EventTimes& times, const std::string& zone);
 
 // The times that the form says; `problems` gets what is wrong with them.
 EventTimes TimesOf(const EventForm& form, std::vector<FormProblem>& problems);

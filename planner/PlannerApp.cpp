@@ -133,6 +133,9 @@ BOOL CPlannerApp::InitInstance()
     if (!holidays.empty()) {
         frame.ShowHolidaysOf(holidays);
     }
+    if (!m_line.dialog.empty() && !frame.OpenDialog(m_line.dialog)) {
+        frame.ShowProblem("There is no dialog '" + m_line.dialog + "'.");
+    }
     return TRUE;
 }
 
@@ -167,7 +170,7 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
 void CPlannerApp::TellMessages(CPlannerFrame& frame)
 {
     for (const planner::Message& message : frame.Document()->Messages()) {
-        std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemText(message.text).GetString());
+        std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemText(planner::Tr(message)).GetString());
     }
     std::fflush(stderr);
 }

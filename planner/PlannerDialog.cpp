@@ -72,12 +72,23 @@ void CPlannerDialog::TakeScale(int dpi)
         ::SetWindowPos(child, nullptr, place.left, place.top, place.Width(), place.Height(),
                        SWP_NOZORDER | SWP_NOACTIVATE);
     }
+    CRect client;
+    GetClientRect(&client);
+    SizeClient(Scaled(client, dpi, base).Size());
+}
+
+dayvane::ViewScale CPlannerDialog::Scale() const
+{
+    const int dpi = planner::TheDialogLook().dpi;
+    return {dpi == 0 ? dayvane::ScreenDpi() : dpi};
+}
+
+void CPlannerDialog::SizeClient(CSize size)
+{
     CRect client, window;
     GetClientRect(&client);
     GetWindowRect(&window);
-    const CSize frame(window.Width() - client.Width(), window.Height() - client.Height());
-    const CRect scaled = Scaled(client, dpi, base);
-    SetWindowPos(nullptr, 0, 0, scaled.Width() + frame.cx, scaled.Height() + frame.cy,
+    SetWindowPos(nullptr, 0, 0, size.cx + window.Width() - client.Width(), size.cy + window.Height() - client.Height(),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     CenterWindow();
 }
@@ -92,7 +103,15 @@ void CPlannerDialog::TakeTheme()
     m_listGround.CreateSolidBrush(planner::ListColors(m_theme).ground);
     planner::ShowTitleInTheme(m_hWnd, m_theme);
     for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
-        dayvane::ShowWindowInTheme(child, m_theme);
+        TakeTheme(child);
+    }
+}
+
+void CPlannerDialog::TakeTheme(HWND control)
+{
+    dayvane::ShowWindowInTheme(control, m_theme);
+    if (auto themed = planner::ThemedControl::Of(control, m_theme, Scale())) {
+        m_controls.push_back(std::move(themed));
     }
 }
 

@@ -4,7 +4,11 @@
 #include <afxwin.h>
 
 #include "planner/PlannerTheme.h"
+#include "planner/ThemedControl.h"
 #include "planner/WideText.h"
+
+#include <memory>
+#include <vector>
 
 namespace planner {
 
@@ -26,14 +30,18 @@ public:
 protected:
     BOOL OnInitDialog() override;
     const CalendarTheme& Theme() const { return m_theme; }
+    dayvane::ViewScale Scale() const; // pixels of 96 dpi
+    void SizeClient(CSize size);      // around the middle of the owner
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
     DECLARE_MESSAGE_MAP()
 
 private:
     void TakeScale(int dpi);
     void TakeTheme();
+    void TakeTheme(HWND control);
 
     CalendarTheme m_theme;
     CFont m_font; // of all controls, at the scale
     CBrush m_ground, m_listGround;
+    std::vector<std::unique_ptr<planner::ThemedControl>> m_controls;
 };

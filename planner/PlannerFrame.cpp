@@ -390,7 +390,10 @@ void CPlannerFrame::ApplyTheme()
     if (m_items.Ctrl()) {
         planner::ShowTheme(*m_items.Ctrl(), m_theme);
     }
-    planner::TheDialogLook().theme = theme;
+    if (!(planner::TheDialogLook().theme == theme)) {
+        planner::TheDialogLook().theme = theme;
+        ForgetDialogs();
+    }
     if (CAgendaView* agenda = Agenda()) {
         agenda->SetTheme(theme);
     }
@@ -409,7 +412,10 @@ void CPlannerFrame::ApplyScale()
     if (m_items.Ctrl()) {
         m_items.Ctrl()->SetScale(m_dpi * m_zoom / percent);
     }
-    planner::TheDialogLook().dpi = m_dpi;
+    if (planner::TheDialogLook().dpi != m_dpi) {
+        planner::TheDialogLook().dpi = m_dpi;
+        ForgetDialogs();
+    }
     if (CAgendaView* agenda = Agenda()) {
         agenda->SetScale(m_dpi * m_zoom / percent);
     }

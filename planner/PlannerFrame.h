@@ -71,6 +71,8 @@ public:
     void TakeDrop(const planner::DroppedData& data, CPoint screen);
     IDropTarget* DropTarget() const { return m_drops->Target(); }
     void Import(const std::string& path); // UTF-8
+    // For pictures and trials: item, new, series, changed, find, date, reminders or pages. False: there is no such.
+    bool OpenDialog(const std::string& name);
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
@@ -220,7 +222,8 @@ private:
     void KeepDays();
     void ApplyDays(CCalendarCtrl& ctrl);
     void TellDay(const COleDateTime& day); // in its pane of the status bar
-    void ApplyTheme();                     // to the view, bars and panes
+    void ForgetDialogs();
+    void ApplyTheme(); // to the view, bars and panes
     void ApplyScale();
     void Zoom(int steps);          // 0: back to 100 %
     bool IsReadyToPrint(UINT nID); // before a command to print or to look at the pages

@@ -30,6 +30,8 @@ BOOL CProgressDialog::OnInitDialog()
     CPlannerDialog::OnInitDialog();
     planner::SetItemUtf8(*this, IDC_PROGRESS_WHAT, m_what);
     ::SendDlgItemMessage(m_hWnd, IDC_PROGRESS_BAR, PBM_SETRANGE32, 0, kSteps);
+    ::SendDlgItemMessage(m_hWnd, IDC_PROGRESS_BAR, PBM_SETBKCOLOR, 0,
+                         static_cast<LPARAM>(planner::ListColors(Theme()).ground));
     return TRUE;
 }
 

@@ -82,12 +82,18 @@ void CPlannerFrame::OnUpdateLanguage(CCmdUI* pCmdUI)
     pCmdUI->SetRadio(pCmdUI->m_nID == chosen);
 }
 
+// Those that stay when they are closed: they take language, theme and scale when they open.
+void CPlannerFrame::ForgetDialogs()
+{
+    m_find.reset();
+    m_reminderBox.reset();
+}
+
 // Menus and bars take the words at once, dialogs when they open next.
 void CPlannerFrame::SpeakLanguage(planner::Language language)
 {
     planner::SetLanguage(language);
-    m_find.reset();
-    m_reminderBox.reset();
+    ForgetDialogs();
     SpeakOfDays();
     MakeMenu();
     m_toolBar.ShowTexts();

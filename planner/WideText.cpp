@@ -178,14 +178,6 @@ void TranslateMenu(HMENU menu)
     }
 }
 
-int Ask(CWnd* owner, const std::string& utf8, UINT type)
-{
-    if (TheAnswerer()) {
-        return TheAnswerer()(utf8, type);
-    }
-    return ::MessageBoxW(owner ? owner->m_hWnd : nullptr, Wide(utf8).c_str(), Wide(Tr("Planner")).c_str(), type);
-}
-
 void SetAnswerer(Answerer answerer)
 {
     TheAnswerer() = std::move(answerer);

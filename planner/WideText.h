@@ -31,7 +31,8 @@ void KeepWideTitle(HWND window);
 void TranslateWindow(HWND dialog);
 void TranslateMenu(HMENU menu);
 
-// A message box; `type` is that of MessageBox. `utf8` is already in the user's language.
+// Asks or tells something in a dialog (AskDialog); `type` is that of MessageBox. `utf8` is already in the user's
+// language.
 int Ask(CWnd* owner, const std::string& utf8, UINT type);
 // Tests answer instead of a user; an empty function asks the user again.
 using Answerer = std::function<int(const std::string& question, UINT type)>;

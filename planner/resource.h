@@ -159,6 +159,7 @@
 #define IDC_DATE_CALENDAR 1237
 #define IDC_DATE_MONTH 1238
 #define IDC_SWATCH 1239
+#define IDC_ZONE_CLOCK 1240
 
 // Go to date
 #define IDD_GO_TO 143
@@ -188,6 +189,7 @@
 
 // A work that takes long
 #define IDD_PROGRESS 147
+#define IDD_ASK 148
 #define IDC_PROGRESS_WHAT 1290
 #define IDC_PROGRESS_BAR 1291
 

@@ -1,10 +1,12 @@
 // The planner's dialogs, in both languages, and what its window does with files that change under it.
 #include "PlannerTesting.h"
 
+#include "core/ThemeColors.h"
 #include "planner/EventDialog.h"
 #include "planner/ItemClipboard.h"
 #include "planner/Words.h"
 
+#include <algorithm>
 #include <fstream>
 #include <set>
 
@@ -47,7 +49,7 @@ TEST(PlannerLanguage, EveryTextOfMenusAndDialogsHasJapanese)
     CollectMenu(menu, texts);
     ::DestroyMenu(menu);
     for (const UINT id :
-         {IDD_PAGES, IDD_SCOPE, IDD_EVENT, IDD_GO_TO, IDD_FIND, IDD_REMINDERS, IDD_CHANGED, IDD_PROGRESS}) {
+         {IDD_PAGES, IDD_SCOPE, IDD_EVENT, IDD_GO_TO, IDD_FIND, IDD_REMINDERS, IDD_CHANGED, IDD_PROGRESS, IDD_ASK}) {
         CDialog dialog;
         ASSERT_TRUE(dialog.Create(id, CWnd::FromHandle(::GetDesktopWindow()))) << id;
         texts.insert(planner::WindowUtf8(dialog));
@@ -66,7 +68,11 @@ TEST(PlannerLanguage, EveryTextOfMenusAndDialogsHasJapanese)
             texts.insert(line.GetString());
         }
     }
+    for (const std::string_view form : planner::MessageForms()) {
+        texts.emplace(form);
+    }
     texts.erase("");
+    texts.erase("%1");
     texts.erase(" ");
     texts.erase("-");
     EXPECT_GT(texts.size(), 100u);
@@ -142,6 +148,52 @@ TEST_F(PlannerDialogs, TheWindowChangesItsLanguageAtOnce)
     EXPECT_EQ(todayTool(), u8"今日");
     m_frame->SpeakLanguage(planner::Language::English);
     EXPECT_EQ(fileMenu() + todayTool(), "&FileToday");
+}
+
+// ---- Themes
+
+// Colours of the control: in the middle of its left and of its upper edge, and near its upper right corner, where it
+// has no scroll bar, which is the system's; those of them that lie on the screen.
+std::vector<COLORREF> LooksOf(HWND control)
+{
+    ::RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    CRect all;
+    ::GetWindowRect(control, &all);
+    CWindowDC dc(CWnd::FromHandle(control));
+    constexpr int inside = 5; // pixels
+    const bool hasBar =
+        (::GetWindowLong(control, GWL_STYLE) & (ES_MULTILINE | WS_VSCROLL)) == (ES_MULTILINE | WS_VSCROLL);
+    std::vector<COLORREF> looks = {dc.GetPixel(0, all.Height() / 2), dc.GetPixel(all.Width() / 2, 0),
+                                   dc.GetPixel(hasBar ? inside : all.Width() - inside, inside)};
+    looks.erase(std::remove(looks.begin(), looks.end(), CLR_INVALID), looks.end());
+    return looks;
+}
+
+// Edges, buttons and arrows too, which the system would paint light.
+constexpr double kLight = 12; // a contrast to black; the edge of what has the focus is below it
+TEST_F(PlannerDialogs, NothingOfADialogIsLightInTheDarkTheme)
+{
+    const planner::DialogLook before = planner::TheDialogLook();
+    planner::TheDialogLook() = {144, CalendarTheme::Dark()};
+    CEventDialog::Choices choices;
+    choices.zones = {""};
+    CEventDialog dialog(planner::FormOf(At15()), choices, m_frame);
+    ASSERT_TRUE(dialog.Create(IDD_EVENT, m_frame));
+    dialog.ShowWindow(SW_SHOW);
+    PumpMessages();
+    int looked = 0;
+    for (HWND child = ::GetWindow(dialog, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        char name[32] = "";
+        ::GetClassName(child, name, sizeof(name));
+        for (const COLORREF color : ::IsWindowVisible(child) ? LooksOf(child) : std::vector<COLORREF>()) {
+            EXPECT_LT(dayvane::ContrastOf(color, RGB(0, 0, 0)), kLight)
+                << name << " " << planner::WindowUtf8(child) << std::hex << " " << color;
+            ++looked;
+        }
+    }
+    EXPECT_GT(looked, 60);
+    dialog.DestroyWindow();
+    planner::TheDialogLook() = before;
 }
 
 // ---- The event dialog
