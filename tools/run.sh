@@ -8,16 +8,20 @@ painted_colors=16
 pages_dpi=110 # of the pictures of printed pages
 
 command_run() {
-    local file="" shot="" pages="" system=932 planner_arguments=()
+    local file="" shot="" pages="" dialog="" system=932 planner_arguments=()
     while [ $# -gt 0 ]; do
         case $1 in
-            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --days | --zone | --holidays | \
+            --view | --date | --size | --shot | --pages | --paper | --theme | --scale | --days | --zone | --holidays | --dialog | \
                 --language | --system)
                 [ $# -ge 2 ] || die "$1 needs a value; ./dev help tells which."
                 case $1 in
                     --shot) shot=$2 ;;
                     --pages) pages=$2 ;;
                     --system) system=$2 ;;
+                    --dialog)
+                        dialog=$2
+                        planner_arguments+=("$1" "$2")
+                        ;;
                     --holidays) planner_arguments+=(--holidays "$(winepath_of "$2")") ;;
                     *) planner_arguments+=("$1" "$2") ;;
                 esac
@@ -63,6 +67,8 @@ shoot_planner() {
         show_planner_log "$system" "$log" >&2
         die "The planner showed no window; its output is in $log."
     fi
+    # A dialog that is asked for opens after the window, and is what the picture shows.
+    [ -z "${dialog:-}" ] || wait_until "$planner_time_limit" has_dialog || die "The planner showed no dialog."
     window=$(planner_window)
     wait_until "$planner_time_limit" is_painted "$window" || die "The planner's window stayed empty."
     mv "$BUILD/shots/.now.png" "$picture"
@@ -100,6 +106,7 @@ show_planner_log() { tail -n 20 "$2" | iconv -c -f "CP$1" -t UTF-8 | tr -d '\r';
 
 window_of_program() { xdotool search --onlyvisible --class "$1" 2>/dev/null | tail -n 1 | grep .; }
 planner_window() { window_of_program planner.exe; }
+has_dialog() { [ "$(xdotool search --onlyvisible --class planner.exe 2>/dev/null | wc -l)" -ge 2 ]; }
 window_of_planner_or_end() { planner_window >/dev/null || ! kill -0 "$1" 2>/dev/null; }
 
 # Painted: there is something in it, and the next picture is the same.

@@ -19,6 +19,18 @@ planner-classic-{view}    office          month,week                            
 planner-contrast-{view}   office          month                                     2026-11-20 contrast 100 1180x860 ja 932
 planner-1252-{view}       conference-2017 month                                     2017-04-25 light    100 1180x860 en 1252
 planner-conference-{view} conference-2017 day,week                                  2017-04-25 light    100 1180x860 en 932
+planner-{view}            office          agenda                                    2026-11-20 light    100 1180x860 en 932
+planner-dark-150-{view}   office          agenda                                    2026-11-20 dark     150 1360x960 ja 932
+TABLE
+}
+
+# Dialogs of the planner: name, dialogs, theme, scale, language, system. {dialog} in the name stands for each of them.
+list_dialogs() {
+    cat <<'TABLE'
+dialog-{dialog}          item,series,find,date,reminders,changed,pages light 100 en 932
+dialog-ja-{dialog}       item,series,find,date,reminders,changed,pages light 150 ja 932
+dialog-dark-{dialog}     item,series,find,date,reminders,changed,pages dark  150 en 932
+dialog-dark-ja-{dialog}  item,series,find,date,reminders,changed,pages dark  100 ja 932
 TABLE
 }
 
@@ -68,6 +80,12 @@ command_shots() {
                 --system "$system"
         done
     done 3< <(list_windows)
+    while read -r -u 3 name views theme scale language system; do
+        for view in ${views//,/ }; do
+            shoot_if_wanted "$wanted" "${name//\{dialog\}/$view}" office --view week --date 2026-11-20 \
+                --theme "$theme" --scale "$scale" --language "$language" --system "$system" --dialog "$view"
+        done
+    done 3< <(list_dialogs)
     while read -r -u 3 name date language; do
         shoot_if_wanted "$wanted" "$name" office --view month --date "$date" --size 1360x960 --language "$language" \
             --days names,terms,seasonal,rokuyo,lunar,moon,weeks,eras
