@@ -28,6 +28,11 @@ std::string NoNames(const COleDateTime&)
     return std::string();
 }
 
+std::string DayAsName(const COleDateTime& date)
+{
+    return date.Format("day %d").GetString();
+}
+
 class RandomView
 {
 public:
@@ -176,6 +181,11 @@ TEST(ViewTree, SelectionsOfRowsAndDaysAreFoundAndDatedBack)
     EXPECT_EQ(PartOfSelection(view.parts, end, false), selected.back());
     EXPECT_EQ(AccessPart::WholeDay, PartOfSelection(view.parts, end, true).part);
     EXPECT_EQ(AccessId(), PartOfSelection(view.parts, AddDays(begin, -1), false)) << "not shown";
+    const int day = DayNumberOf(begin);
+    EXPECT_EQ(SelectedParts(view.parts, begin, end, true), (std::vector<AccessId>{{AccessPart::WholeDay, day, 0}}));
+    RandomView week(0);
+    week.MakeBoxes(RangeKind::Week, begin);
+    EXPECT_EQ(SelectedParts(week.parts, begin, end, false), (std::vector<AccessId>{{AccessPart::Cell, day, 0}}));
 }
 
 TEST(PickerTree, RandomGridsKeepTheRulesOfTrees)
@@ -189,7 +199,7 @@ TEST(PickerTree, RandomGridsKeepTheRulesOfTrees)
             const PeriodGridLayout layout =
                 CalcPeriodGrid(*policy, {client.Size(), 1 + random.Below(3), 1 + random.Below(3), first, 2});
             const AccessTree tree = MakePeriodGridTree(*policy, layout, client);
-            const PeriodGridSpeech speech{EnglishAccessTexts(), *policy, layout, now, NoNames};
+            const PeriodGridSpeech speech{EnglishAccessTexts(), *policy, layout, now, DayAsName};
             CheckTree(tree, [&](int node) { return speech.WordsOf(tree.At(node).id).name; });
             for (int node = 0; node < tree.Count(); ++node) {
                 const AccessId& id = tree.At(node).id;
@@ -198,8 +208,19 @@ TEST(PickerTree, RandomGridsKeepTheRulesOfTrees)
                 if (!tree.At(node).isHidden && seen.IntersectRect(&box, &client)) {
                     EXPECT_EQ(seen, tree.At(node).box);
                 }
+                if (id.part == AccessPart::Previous || id.part == AccessPart::Next || id.part == AccessPart::Now) {
+                    EXPECT_EQ(0, tree.At(node).parent);
+                }
                 if (id.part == AccessPart::Cell) {
                     EXPECT_EQ(id, PartOfHit(layout, HitOfPart(layout, id)));
+                    const COleDateTime date = DateOfHit(layout, HitOfPart(layout, id));
+                    const AccessWords words = speech.WordsOf(id);
+                    EXPECT_EQ(policy == &kYearPolicy || !IsValid(date) ? "" : DayAsName(date), words.description);
+                    const bool isNow = IsValid(date) && date.GetYear() == now.GetYear() &&
+                                       date.GetMonth() == now.GetMonth() &&
+                                       (policy == &kYearPolicy || date.GetDay() == now.GetDay());
+                    EXPECT_EQ(isNow,
+                              words.name.find(policy == &kYearPolicy ? "this month" : "today") != words.name.npos);
                 }
             }
         }

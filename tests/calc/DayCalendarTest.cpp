@@ -129,6 +129,8 @@ TEST(DayCalendar, HostDays)
     EXPECT_FALSE(calendar.RemoveHostDay(founding));
     EXPECT_EQ(Text(calendar.InfoOf({2026, 10, 1})), u8"試験:6 ");
     EXPECT_NE(calendar.AddHostDay({"", 0, 5, 4, HostDayEffect::WorkingDay}), exam);
+    calendar.SetLayers(Only(&DayLayers::statutoryHolidays));
+    EXPECT_EQ(Text(calendar.InfoOf({2026, 10, 1})), "") << "host days are not asked for";
 
     calendar.SetLayers(DayLayers());
     EXPECT_EQ(Text(calendar.InfoOf({2026, 5, 4})), u8"みどりの日:0 ") << "a holiday on which the company works";

@@ -238,6 +238,7 @@ TEST(ExactSky, UncertainIsRareAndOnlyNearMidnight)
         }
     }
     EXPECT_TRUE(uncertain > 0 && uncertain < 10) << uncertain;
+    EXPECT_NEAR(dayvane::DeltaTError(-91311), 2 * 12.5, 0.1) << "1650, between 20 seconds and 5, twice";
 
     // The new moon of August 2074 comes within seconds of midnight: if a day earlier, the day before is the first of
     // the month and all of its days have other numbers. The months around it do not change.

@@ -130,6 +130,11 @@ TEST(DayLines, PlacesPiecesWithinTheirLines)
 TEST(DayLines, KeepsNamesWhereRoomIsShortAndOrderWhereItIsNot)
 {
     std::vector<DayPiece> pieces(3);
+    DayPiece moon;
+    moon.moon = 90;
+    EXPECT_EQ(WidthOfPiece(moon), 11);
+    moon.textWidth = 24;
+    EXPECT_EQ(WidthOfPiece(moon), 37) << "two pixels between them";
     pieces[0].textWidth = 70; // a name
     pieces[1].kind = pieces[2].kind = DayPiece::Kind::Sky;
     pieces[1].textWidth = pieces[2].textWidth = 24;
@@ -151,11 +156,13 @@ TEST(DayLines, DrawsAsMuchOfTheMoonAsIsLit)
         double disc = 0, lit = 0, right = 0;
         for (const MoonRow& row : MoonPicture(size, elongation)) {
             ASSERT_TRUE(row.begin <= row.litBegin && row.litBegin <= row.litEnd && row.litEnd <= row.end);
+            ASSERT_TRUE(row.begin >= 0 && row.end <= size && row.begin + row.end == size);
             disc += row.end - row.begin;
             lit += row.litEnd - row.litBegin;
             right += std::max(row.litEnd - std::max(row.litBegin, size / 2), 0);
         }
         const double illuminated = (1 - std::cos(elongation * 3.14159265358979 / 180)) / 2;
+        EXPECT_NEAR(disc, 3.14159265358979 * size * size / 4, size);
         EXPECT_NEAR(lit / disc, illuminated, 0.02) << elongation;
         if (elongation > 0 && elongation < 180) {
             EXPECT_GT(right, lit / 2) << "a waxing moon is lit at the right";

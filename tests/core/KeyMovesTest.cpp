@@ -21,6 +21,12 @@ std::string Text(const ItemTimes& times)
     return (times.start.Format("%m-%d %H:%M..") + times.end.Format("%m-%d %H:%M:%S")).GetString();
 }
 
+// What a month's step takes to the last day of February.
+ItemTimes ToFebruary(int year)
+{
+    return {COleDateTime(year, 1, 31, 10, 0, 0), COleDateTime(year, 1, 31, 11, 0, 0), 0};
+}
+
 constexpr KeyStep kRow = {KeyStep::MINUTES, 30};
 constexpr KeyStep kRowUp = {KeyStep::MINUTES, -30};
 constexpr KeyStep kDay = {KeyStep::DAYS, 1};
@@ -45,6 +51,10 @@ TEST(KeyMoves, MovesAndEndsOfItems)
         {"a row", meeting, kRow, KeyEdge::Whole, "03-31 10:30..03-31 11:30:00"},
         {"a day, over the month", meeting, kDay, KeyEdge::Whole, "04-01 10:00..04-01 11:00:00"},
         {"a month, cut to its days", meeting, kMonth, KeyEdge::Whole, "04-30 10:00..04-30 11:00:00"},
+        {"to a leap day", ToFebruary(2028), kMonth, KeyEdge::Whole, "02-29 10:00..02-29 11:00:00"},
+        {"of a hundredth year", ToFebruary(2000), kMonth, KeyEdge::Whole, "02-29 10:00..02-29 11:00:00"},
+        {"which others have not", ToFebruary(2100), kMonth, KeyEdge::Whole, "02-28 10:00..02-28 11:00:00"},
+        {"nor a common year", ToFebruary(2026), kMonth, KeyEdge::Whole, "02-28 10:00..02-28 11:00:00"},
         {"over midnight", late, kRow, KeyEdge::Whole, "03-31 23:30..04-01 00:29:59"},
         {"longer", meeting, kRow, KeyEdge::End, "03-31 10:00..03-31 11:30:00"},
         {"shorter", meeting, kRowUp, KeyEdge::End, "03-31 10:00..03-31 10:30:00"},

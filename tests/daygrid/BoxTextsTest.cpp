@@ -33,7 +33,6 @@ TEST(BoxTexts, ADayKeepsItsNumberBeforeAnythingElse)
     look.dayAlone = u"20";
     look.annotation = u"named day";
     std::size_t before = 0;
-    bool hadRoom = false;
     for (int width = 0; width < 200; ++width) {
         const CRect box(100, 50, 100 + width, 100);
         const DayTextPlaces places = PlaceDayTexts(box, look, WidthOf);
@@ -49,9 +48,14 @@ TEST(BoxTexts, ADayKeepsItsNumberBeforeAnythingElse)
         }
         EXPECT_EQ(IsCut(look.annotation, places.annotation, WidthOf),
                   places.annotation.Width() < WidthOf(look.annotation));
-        hadRoom = hasRoom || hadRoom;
+        EXPECT_EQ(hasRoom, width >= 5 + 8 * 7 + 4 + 4 + 20) << width;
     }
-    EXPECT_TRUE(hadRoom);
+    const DayTextPlaces wide = PlaceDayTexts(CRect(100, 50, 240, 150), look, WidthOf);
+    EXPECT_EQ(wide.numberRect, CRect(100, 51, 235, 150));
+    EXPECT_EQ(wide.annotation, CRect(104, 53, 175, 66));
+    const TitlePlaces title = PlaceTitle(CRect(0, 0, 300, 24), 40);
+    EXPECT_EQ(title.number, CRect(5, 5, 295, 19));
+    EXPECT_EQ(title.text, CRect(45, 5, 295, 19));
     look.dayNumber = u"20. 11.";
     EXPECT_EQ(PlaceDayTexts(CRect(0, 0, 40, 50), look, WidthOf).number, u"20") << "cut at its end it is another date";
 }
@@ -66,8 +70,13 @@ TEST(BoxTexts, AStripLeavesOutWhatHasNoRoomFromItsEnd)
         ExpectInLine(strip, places.numberRect, WidthOf(places.number), places.suffix);
         ExpectInLine(strip, places.suffix, WidthOf(texts.suffix), places.annotation);
         EXPECT_TRUE(places.annotation.IsRectEmpty() || !places.suffix.IsRectEmpty()) << width;
-        EXPECT_FALSE(!places.suffix.IsRectEmpty() && IsCut(texts.suffix, places.suffix, WidthOf)) << width;
+        EXPECT_EQ(places.suffix.IsRectEmpty(), width < 5 + 35 + 2 + 35 + 5) << width;
+        EXPECT_EQ(places.annotation.IsRectEmpty(), width < 5 + 35 + 2 + 35 + 4 + 20 + 5) << width;
     }
+    const StripTextPlaces wide = PlaceStripTexts(CRect(30, 5, 230, 27), texts, WidthOf, WidthOf);
+    EXPECT_EQ(wide.numberRect, CRect(35, 5, 225, 27));
+    EXPECT_EQ(wide.suffix, CRect(72, 5, 225, 27));
+    EXPECT_EQ(wide.annotation, CRect(111, 5, 225, 27));
     EXPECT_EQ(PlaceStripTexts(CRect(0, 0, 16, 22), texts, WidthOf, WidthOf).numberRect.Width(), 16)
         << "the number takes the insets rather than lose a digit";
 }

@@ -283,6 +283,12 @@ TEST(MonthBlocks, FillTheCellOfTheStart)
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(Text(items[i].rcItem), cases[i].rect);
     }
+    ItemArray late;
+    late.SetSize(1);
+    late[0].dtStart = late[0].dtEnd = AddDays(Day(2026, 3, 1), static_cast<int>(grid.cells.GetSize()) - 1);
+    Grid other(CRect(0, 0, 704, 647));
+    CalcMonthBlocks(dates, other.cells, late);
+    EXPECT_GT(late[0].rcItem.left, 600) << "the last cell has blocks, too";
     for (const auto& [cell, count] : {std::pair(1, 1), {2, 0}, {8, 2}, {10, 1}, {11, 0}}) {
         EXPECT_EQ(grid.cells[cell].m_nItemCount, count) << cell;
     }

@@ -115,8 +115,9 @@ TEST(Text, RepairsUtf8AndConverts)
 TEST(Text, Escapes)
 {
     EXPECT_EQ(UnescapeText("a\\nb\\Nc\\, \\; \\\\n \\t\\"), "a\nb\nc, ; \\n \\t\\");
-    EXPECT_EQ(EscapeText("a\r\nb\rc\nd, ; \\"), "a\\nb\\nc\\nd\\, \\; \\\\");
+    EXPECT_EQ(EscapeText("a\r\nb\rc\nd, ; \\\r"), "a\\nb\\nc\\nd\\, \\; \\\\\\n");
     EXPECT_EQ(SplitTextList("a\\,b,c,\\"), (std::vector<std::string>{"a,b", "c", "\\"}));
+    EXPECT_EQ(SplitTextList("a,"), (std::vector<std::string>{"a", ""}));
 }
 
 TEST(Lines, KeepEveryByteAndUnfold)
@@ -163,6 +164,7 @@ TEST(Lines, TakePropertiesApart)
         {"DTSTART;X=\"a\",\"b:\" ; tzid = Q :2", "DTSTART", "Q", "2", false},
         {"DTSTART;TZID=\"A:20260101", "DTSTART", "\"A", "20260101", true},
         {"DTSTART;;TZID:", "DTSTART", "", "", false},
+        {"x-A_9.z0:1", "X-A_9.Z0", nullptr, "1", false},
         {"no colon here", nullptr, nullptr, nullptr, false},
         {":value", nullptr, nullptr, nullptr, false},
         {"bad name:value", nullptr, nullptr, nullptr, false},

@@ -165,7 +165,10 @@ TEST(MemFile, GrowsOrStaysAsItWasMade)
     EXPECT_TRUE(Throws<CFileException>([&] { view.Write("!", 1); }));
     EXPECT_EQ(fixed[2], 'z');
     CFile none;
+    char byte = 0;
     EXPECT_TRUE(Throws<CNotSupportedException>([&] { none.Write("x", 1); }));
+    EXPECT_TRUE(Throws<CNotSupportedException>([&] { none.Read(&byte, 1); }));
+    EXPECT_TRUE(Throws<CNotSupportedException>([&] { none.SetLength(1); }));
 }
 
 class Shape : public CObject

@@ -164,6 +164,8 @@ TEST(String, NeverTakesASecondByteForACharacter)
     EXPECT_EQ(changed.Replace("|", "表"), 1);
     EXPECT_EQ(changed.Remove('a'), 1);
     EXPECT_STREQ(changed, "アポ表表/");
+    EXPECT_EQ(changed.Replace("ア", "|"), 1);
+    EXPECT_STREQ(changed, "|ポ表表/") << "at the front, too";
     EXPECT_STREQ(CString("表\\\\").TrimRight('\\'), "表");
     EXPECT_STREQ(CString(" \t表 ").Trim(), "表");
     int start = 0;

@@ -74,7 +74,8 @@ TEST(PeriodGridHit, EveryPixelFollowsTheRule)
                 }
                 const GridHit hit = PartAt(t.layout, CPoint(x, y));
                 ASSERT_TRUE(hit == expected) << x << "," << y << " part " << static_cast<int>(hit.part);
-                ASSERT_TRUE(RectOfPart(t.layout, hit).PtInRect(CPoint(x, y)) || hit.part == GridPart::None);
+                ASSERT_TRUE(hit.part == GridPart::None ? RectOfPart(t.layout, hit) == CRect(0, 0, 0, 0)
+                                                       : RectOfPart(t.layout, hit).PtInRect(CPoint(x, y)));
                 if (hit.part == GridPart::Cell) {
                     const COleDateTime date = t.cellColumns == 7
                                                   ? AddDays(Day(2010, hit.block + 1, 1), hit.cell - leading[hit.block])

@@ -86,6 +86,8 @@ TEST_F(CalendarSetTest, EditsAreUndoneInTheOrderInWhichTheyWereMade)
     EXPECT_FALSE(m_set.CanUndo() || m_set.IsModified());
     m_set.SetText(items[0].id, TextField::Summary, "Other", Scope::ThisOccurrence);
     EXPECT_FALSE(m_set.CanRedo()) << "what was taken back before a new change is gone";
+    m_set.Remove(1);
+    EXPECT_FALSE(m_set.CanUndo()) << "nor are changes of a calendar that left";
 }
 
 TEST_F(CalendarSetTest, OneFileIsMadeOfItemsOfSeveral)
@@ -124,6 +126,7 @@ TEST(WorkspaceTest, KeepsFilesColoursTicksAndTheFilter)
     workspace.hiddenCategories = {"", "Work"};
     const std::string text = WorkspaceText(workspace, "C:\\cal\\", "; mine\r\n[Other]\r\nkey=1\r\n");
     EXPECT_NE(text.find("; mine"), std::string::npos);
+    EXPECT_NE(text.find("[Calendar 1]\r\nfile=team.ics\r\ncolor=3\r\nshown=1\r\n"), std::string::npos) << text;
     EXPECT_NE(text.find("file=sub\\\xE5\x85\xAC.ics"), std::string::npos) << text;
     const Workspace read = ParseWorkspace(text, "E:\\moved\\");
     ASSERT_EQ(read.calendars.size(), 3u);

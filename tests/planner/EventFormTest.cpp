@@ -60,6 +60,10 @@ TEST_F(EventFormTest, TypedTextsBecomeTimes)
     form.startDate = form.endDate = "17.4";
     form.isAllDay = true;
     EXPECT_EQ(Shown(Changes(form).times->end), "20260418") << "the last day counts in full";
+    EventForm later = form;
+    later.startDate = "20.4";
+    KeepLength(form, later);
+    EXPECT_EQ(later.endDate, "2026-04-20");
     form.isAllDay = false;
     form.endTime = "13:00";
     EXPECT_EQ(Problems(form), "3: It ends before it begins\n");

@@ -77,6 +77,15 @@ TEST(ItemBridge, ColoursComeFromThePalette)
         {0xCFF2F7, {0x8CDAE6, 0x42A1B3, 0x0C434C}}, {0xEEEAE9, {0xD6CDC9, 0x9E8E86, 0x40342E}},
     };
     EXPECT_EQ(found, palette);
+    const COLORREF ofCalendars[] = {0xFBEADC, 0xFBEADC, 0xE0F2DD}; // blue for none and for the first one, green
+    for (int i = 0; i < 3; ++i) {
+        event.categories.clear();
+        event.calendar = i;
+        EXPECT_EQ(ColorsOf(event).back, ofCalendars[i]) << i;
+    }
+    EXPECT_EQ(PaletteColors(1).back, 0xE0F2DDu);
+    EXPECT_EQ(PaletteColors(-1).back, 0xEEEAE9u) << "grey";
+    EXPECT_EQ(PaletteColors(8).back, 0xEEEAE9u);
 }
 
 TEST(ItemBridge, TakesAMoveOverAndKeepsWhatDidNotChange)

@@ -129,7 +129,8 @@ TEST(DayChoicesTest, HolidaysOfAListAndWordsThatAreKept)
     EXPECT_EQ(namesOf(1, 11), u8"成人の日 鏡開き") << "by the law again";
 
     DayChoices choices;
-    ASSERT_TRUE(choices.Take("none,names,weeks,lunch"));
+    EXPECT_TRUE(choices.Take("") && !choices.isChosen) << "no word says anything";
+    ASSERT_TRUE(choices.Take("none,names,weeks,lunch") && choices.isChosen);
     DayChoices again;
     ASSERT_TRUE(again.Take(choices.Words()));
     EXPECT_EQ(again.Words(), "none,names,weeks,lunch");

@@ -1,5 +1,6 @@
 // Every rectangle, colour and text of the pages of a small calendar, as tests/printing/drawn_pages.txt lists them: a
-// change of the design is seen there, and one that nobody meant is found. DAYVANE_ACCEPT=1 writes the file anew.
+// change of the design is seen there, and one that nobody meant is found. Of random calendars, full days and odd papers
+// among them, it has a sum each. DAYVANE_ACCEPT=1 writes the file anew.
 #include "core/DateMath.h"
 #include "printing/PageBuilders.h"
 #include "tests/printing/PrintScene.h"
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -44,6 +46,7 @@ PrintOptions Other()
 const CSize kA4(2100, 2970);
 const CSize kA4Across(2970, 2100);
 const CSize kB5Across(2570, 1820);
+constexpr unsigned kRandomSheets = 120;
 constexpr int kNewYear2026 = kSunday1Nov2026 - 304;
 const Sheet kSheets[] = {
     {"day", PageKind::Day, 1, kA4},
@@ -184,6 +187,21 @@ std::string DrawnPages()
         for (const Page& page : BuildPages(source, range, sheet.options, sheet.paper, measurer)) {
             drawn += "== " + std::string(sheet.name) + ", sheet " + std::to_string(++number) + ListingOf(page) + "\n";
         }
+    }
+    for (unsigned seed = 0; seed < kRandomSheets; ++seed) {
+        RandomSheet sheet(seed);
+        sheet.source.titleNote = [](int first, int last) { return std::u16string(last - first, u'注') + u" note"; };
+        std::string listing;
+        int sheets = 0;
+        for (const Page& page : BuildPages(sheet.source, sheet.range, sheet.options, sheet.paper.size, measurer)) {
+            listing += ListingOf(page);
+            ++sheets;
+        }
+        std::uint32_t sum = 2166136261; // FNV-1a
+        for (const char c : listing) {
+            sum = (sum ^ static_cast<unsigned char>(c)) * 16777619;
+        }
+        drawn += "== " + sheet.name + ": " + std::to_string(sheets) + " sheets, sum " + std::to_string(sum) + "\n";
     }
     return drawn;
 }

@@ -166,60 +166,12 @@ void ExpectHeadingsWithItems(const std::vector<Page>& pages, const std::string& 
     }
 }
 
-struct PaperRow
-{
-    const char* name;
-    CSize size;
-};
-const PaperRow kPapers[] = {
-    {"A4", CSize(2100, 2970)},       {"A4 landscape", CSize(2970, 2100)},
-    {"A3", CSize(2970, 4200)},       {"A3 landscape", CSize(4200, 2970)},
-    {"A5", CSize(1480, 2100)},       {"B5 landscape", CSize(2570, 1820)},
-    {"Letter", CSize(2159, 2794)},   {"Letter landscape", CSize(2794, 2159)},
-    {"postcard", CSize(1000, 1480)}, {"stamp", CSize(200, 240)},
-    {"ribbon", CSize(20000, 600)},   {"column", CSize(400, 9000)},
-    {"one unit", CSize(1, 1)},       {"a wall", CSize(40000, 30000)},
-};
-const PageKind kKinds[] = {PageKind::Day,   PageKind::Days, PageKind::Week,
-                           PageKind::Month, PageKind::Year, PageKind::List};
-
-PrintOptions RandomOptions(RandomSource& random)
-{
-    PrintOptions options;
-    options.fontSize = 40 + random.Below(140);
-    options.marginLeft = random.Below(40);
-    options.headerMonths = random.Below(4);
-    options.showTitle = random.Below(5) != 0;
-    options.inColor = random.Below(2) == 0;
-    options.widenHours = random.Below(2) == 0;
-    options.hoursFrom = random.Below(24);
-    options.hoursTo = random.Below(30);
-    options.emptyDays = random.Below(2) == 0;
-    options.language = random.Below(2) == 0 ? PrintLanguage::Japanese : PrintLanguage::English;
-    options.otherDays = random.Below(2) == 0 ? PrintOptions::OtherDays::Greyed : PrintOptions::OtherDays::LeftOut;
-    options.yearForm = random.Below(2) == 0 ? PrintOptions::YearForm::Calendar : PrintOptions::YearForm::Boxes;
-    return options;
-}
-
 TEST(Pages, LoseNothingPrintNothingTwiceAndStayOnTheSheet)
 {
     const PlainMeasurer measurer;
     for (unsigned seed = 0; seed < 600; ++seed) {
-        RandomSource random(seed);
-        PrintRange range;
-        range.kind = kKinds[seed % 6];
-        const int spans[] = {1, 2 + random.Below(13), 7, 31, 365, 1 + random.Below(40)};
-        const int days = spans[static_cast<int>(range.kind)];
-        range.firstDay = kSunday1Nov2026 + random.Below(400);
-        if (range.kind == PageKind::Year) {
-            range.firstDay = DayNumberOf(COleDateTime(2026, 1, 1, 0, 0, 0));
-        }
-        range.lastDay = range.firstDay + days - 1;
-        const PrintSource source = random.Make(1 << random.Below(9), range.firstDay, days);
-        const PrintOptions options = RandomOptions(random);
-        const PaperRow& paper = kPapers[random.Below(static_cast<int>(std::size(kPapers)))];
-        const std::string name = "seed " + std::to_string(seed) + " kind " +
-                                 std::to_string(static_cast<int>(range.kind)) + " on " + paper.name;
+        const RandomSheet sheet(seed);
+        const auto& [range, source, options, paper, name] = sheet;
         const std::vector<Page> pages = BuildPages(source, range, options, paper.size, measurer);
         ASSERT_FALSE(pages.empty()) << name;
         ExpectInside(pages, paper.size, measurer, name);
@@ -227,7 +179,7 @@ TEST(Pages, LoseNothingPrintNothingTwiceAndStayOnTheSheet)
         const std::multiset<Place> expected = ExpectedPlaces(source, range, options);
         for (const Place& place : expected) {
             EXPECT_EQ(found.count(place), 1u) << name << ": item " << place.first << " on day " << place.second
-                                              << " of " << range.firstDay << "+" << days;
+                                              << " of " << range.firstDay << ".." << range.lastDay;
         }
         EXPECT_EQ(found.size(), expected.size()) << name;
         if (std::min(paper.size.cx, paper.size.cy) >= 1200) {

@@ -3,7 +3,9 @@
 
 #include "printing/PageBuilders.h"
 
+#include <iterator>
 #include <random>
+#include <string>
 
 // Latin characters take a little more than half of their height, Japanese ones all of it.
 class PlainMeasurer : public dayvane::TextMeasurer
@@ -81,4 +83,69 @@ private:
     }
 
     std::mt19937 m_random;
+};
+
+struct PaperRow
+{
+    const char* name;
+    CSize size;
+};
+inline const PaperRow kPapers[] = {
+    {"A4", CSize(2100, 2970)},       {"A4 landscape", CSize(2970, 2100)},
+    {"A3", CSize(2970, 4200)},       {"A3 landscape", CSize(4200, 2970)},
+    {"A5", CSize(1480, 2100)},       {"B5 landscape", CSize(2570, 1820)},
+    {"Letter", CSize(2159, 2794)},   {"Letter landscape", CSize(2794, 2159)},
+    {"postcard", CSize(1000, 1480)}, {"stamp", CSize(200, 240)},
+    {"ribbon", CSize(20000, 600)},   {"column", CSize(400, 9000)},
+    {"one unit", CSize(1, 1)},       {"a wall", CSize(40000, 30000)},
+};
+constexpr dayvane::PageKind kKinds[] = {dayvane::PageKind::Day,   dayvane::PageKind::Days, dayvane::PageKind::Week,
+                                        dayvane::PageKind::Month, dayvane::PageKind::Year, dayvane::PageKind::List};
+
+inline dayvane::PrintOptions RandomOptions(RandomSource& random)
+{
+    dayvane::PrintOptions options;
+    options.fontSize = 40 + random.Below(140);
+    options.marginLeft = random.Below(40);
+    options.headerMonths = random.Below(4);
+    options.showTitle = random.Below(5) != 0;
+    options.inColor = random.Below(2) == 0;
+    options.widenHours = random.Below(2) == 0;
+    options.hoursFrom = random.Below(24);
+    options.hoursTo = random.Below(30);
+    options.emptyDays = random.Below(2) == 0;
+    options.language = random.Below(2) == 0 ? dayvane::PrintLanguage::Japanese : dayvane::PrintLanguage::English;
+    options.otherDays =
+        random.Below(2) == 0 ? dayvane::PrintOptions::OtherDays::Greyed : dayvane::PrintOptions::OtherDays::LeftOut;
+    options.yearForm =
+        random.Below(2) == 0 ? dayvane::PrintOptions::YearForm::Calendar : dayvane::PrintOptions::YearForm::Boxes;
+    return options;
+}
+
+// What is printed of a seed, and on which paper.
+struct RandomSheet
+{
+    explicit RandomSheet(unsigned seed)
+    {
+        RandomSource random(seed);
+        range.kind = kKinds[seed % 6];
+        const int spans[] = {1, 2 + random.Below(13), 7, 31, 365, 1 + random.Below(40)};
+        const int days = spans[static_cast<int>(range.kind)];
+        range.firstDay = kSunday1Nov2026 + random.Below(400);
+        if (range.kind == dayvane::PageKind::Year) {
+            range.firstDay = kSunday1Nov2026 - 304; // 1 January
+        }
+        range.lastDay = range.firstDay + days - 1;
+        source = random.Make(1 << random.Below(9), range.firstDay, days);
+        options = RandomOptions(random);
+        paper = kPapers[random.Below(static_cast<int>(std::size(kPapers)))];
+        name = "seed " + std::to_string(seed) + " kind " + std::to_string(static_cast<int>(range.kind)) + " on " +
+               paper.name;
+    }
+
+    dayvane::PrintRange range;
+    dayvane::PrintSource source;
+    dayvane::PrintOptions options;
+    PaperRow paper;
+    std::string name;
 };

@@ -56,6 +56,7 @@ TEST(CalendarTexts, PresetsInTheViews)
     const CalendarTexts english = CalendarTexts::English();
     EXPECT_EQ(Text(required, required.month), u"April, 2026") << "the C runtime's name";
     EXPECT_EQ(Text(japanese, japanese.month), u"2026年4月");
+    EXPECT_EQ(DateText(japanese, u"%B%b", COleDateTime(2026, 12, 1, 0, 0, 0)), u"12月12月");
     EXPECT_EQ(Text(english, english.month), u"April 2026");
     EXPECT_EQ(Text(english, english.cellMonth), u"Apr");
 
@@ -102,6 +103,7 @@ TEST(CalendarTexts, PicturesOfTheSystem)
     EXPECT_EQ(PatternOfTimePicture(u"h:mm:ss tt"), u"%#I:%M %p");
     EXPECT_EQ(PatternOfTimePicture(u"HH:mm:ss"), u"%H:%M");
     EXPECT_EQ(PatternOfTimePicture(u"H.mm.ss"), u"%#H.%M");
+    EXPECT_EQ(PatternOfTimePicture(u"ss HH"), u" %H");
 }
 
 #ifdef _WIN32

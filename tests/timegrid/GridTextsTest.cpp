@@ -34,6 +34,7 @@ TEST(GridTexts, AHeaderKeepsTheDayAndThenTheNote)
     HeaderTexts plain = texts;
     plain.note.clear();
     EXPECT_TRUE(PlaceHeaderTexts(CRect(0, 0, 76, 20), plain, WidthOf).isWhole);
+    EXPECT_EQ(PlaceHeaderTexts(CRect(0, 0, 20, 20), plain, WidthOf).dateRect, CRect(3, 0, 17, 20)) << "it just fits";
 }
 
 TEST(GridTexts, HoursFollowTheRows)
