@@ -190,6 +190,7 @@ std::string DrawnPages()
     }
     for (unsigned seed = 0; seed < kRandomSheets; ++seed) {
         RandomSheet sheet(seed);
+        sheet.source.title = u"the calendar of the office";
         sheet.source.titleNote = [](int first, int last) { return std::u16string(last - first, u'注') + u" note"; };
         std::string listing;
         int sheets = 0;
