@@ -101,12 +101,48 @@ pure_sources() {
         sed -n "s|^$ROOT/||p" | grep -vE '^(tests|bench|build)/' | sort -u
 }
 
-# One process for each core; only findings are shown.
+# What clang-tidy reads for a source, as a sum: the bytes of every file that the compiler read for it, the flags, the
+# settings and the version. A line for each source that the native build has compiled: SUM SOURCE.
+tidy_sums() {
+    local dir=$BUILD/native settings source sums
+    settings=$({
+        clang-tidy --version
+        cat "$ROOT/.clang-tidy"
+        sed -n 's/ -o .*//; s/^ *"command": //p' "$dir/compile_commands.json" | sed "s|$dir||g; s|$ROOT||g" | sort -u
+    } | sha1sum)
+    ninja -C "$dir" -t deps >"$BUILD/tidy.deps"
+    sed -n 's/.* -o \([^ ]*\) -c \([^ "]*\)".*/\1: \2/p' "$dir/compile_commands.json" | sed "s|$ROOT/||" >"$BUILD/tidy.objects"
+    sed -n 's/^ \+//p' "$BUILD/tidy.deps" | sort -u | (cd "$dir" && xargs -d '\n' sha1sum) >"$BUILD/tidy.bytes"
+    awk '
+        FILENAME ~ /objects$/ { source[$1] = $2; next }
+        FILENAME ~ /bytes$/ { bytes[substr($0, 43)] = $1; next }
+        /^[^ ]/ { of = /\(VALID\)$/ ? source[$1] : ""; next }
+        NF && of != "" { sums[of] = sums[of] " " bytes[$1] }
+        END { for (of in sums) print of sums[of] }' "$BUILD"/tidy.{objects,bytes,deps} |
+        while read -r source sums; do
+            printf '%s %s\n' "$(sha1sum <<<"$settings $source $sums" | cut -c1-40)" "$source"
+        done
+}
+
+# One process for each core; only findings are shown. A source that passed is not read again while nothing that it
+# includes has changed, as with ccache and objects: the finding of a file depends on nothing else.
 tidy() {
-    local log
+    local log known=${XDG_CACHE_HOME:-${HOME:-$BUILD}/.cache}/dayvane/tidy
     log=$(log_file tidy)
-    (cd "$ROOT" && printf '%s\n' "$@" |
-        xargs -P "$(nproc)" -n 4 clang-tidy --quiet --warnings-as-errors='*' -p "$BUILD/native") >"$log" 2>"$log.errors" ||
+    if ! mkdir -p "$known" 2>/dev/null; then
+        known=$BUILD/tidy
+        mkdir -p "$known"
+    fi
+    find "$known" -type f -mtime +30 -delete
+    tidy_sums >"$BUILD/tidy.sums" || : >"$BUILD/tidy.sums"
+    printf '%s\n' "$@" | awk -v known="$known/" '
+        NR == FNR { sum[$2] = $1; next }
+        { print known (($0 in sum) ? sum[$0] : "unknown") "\n" $0 }' "$BUILD/tidy.sums" - >"$BUILD/tidy.files"
+    # shellcheck disable=SC2016  # a script of its own: PASSED SOURCE
+    (cd "$ROOT" && xargs -a "$BUILD/tidy.files" -d '\n' -P "$(nproc)" -n 2 bash -c '
+        if [ -e "$2" ]; then exit 0; fi
+        clang-tidy --quiet --warnings-as-errors="*" -p "$1" "$3" || exit 1
+        case $2 in *unknown) ;; *) : >"$2" ;; esac' tidy "$BUILD/native") >"$log" 2>"$log.errors" ||
         {
             grep -E 'warning:|error:' "$log" | sort -u >&2
             grep -E 'rror' "$log.errors" | grep -v 'treated as error' | sort -u >&2
