@@ -14,7 +14,8 @@ struct CalendarOptions
     // The full-day band takes at most 40 % of the window's height; bars without a lane in it are counted in a mark for
     // each day that opens the list of them.
     bool limitedBand = false;
-    // Items without length, or shorter than a row, have the height of a row, and can be hit.
+    // Items without length, or shorter than a row, have the height of a row, and can be hit. In the variant of the
+    // month view the text of a low block is not cut above and below.
     bool visibleShortItems = false;
     // Of items that lie over each other the pointer hits the one that is seen. In the time grids nothing that is
     // scrolled under caption or band is hit; in the month, week and year view a tip says how many lie there, "1 of 3".

@@ -175,4 +175,15 @@ TEST(MonthPaint, TheVariantShowsTheLastItemOfADayAsABlock)
     scene.view->Layout(kWidth, 46 + 6 * 34);
     scene.Paint();
     EXPECT_EQ(scene.picture.CountOther(CRect(305, 139, 395, 143), kItemBack), 0) << "too low for a text";
+
+    scene.view->SetCurSel(-1);
+    scene.view->Layout(kWidth, 50 + 6 * 38);
+    scene.Paint();
+    const CRect low(305, 150, 395, 160);
+    const int cut = scene.picture.CountOther(low, kItemBack);
+    CalendarOptions options;
+    options.visibleShortItems = true;
+    scene.view->SetOptions(options);
+    scene.Paint();
+    EXPECT_GT(scene.picture.CountOther(low, kItemBack), cut) << "the text is not cut above and below";
 }

@@ -104,7 +104,9 @@ void CMonthViewCtrl2::DrawItemBox(CDC& dc, const ItemBox& box)
         // Of a text in a block of less than half its height only meaningless dashes would be seen.
         const std::u16string text = m_texts.HostText(item.strText);
         if (content.Height() >= WideTextExtent(*pDC, text).cy / 2) {
-            DrawWideText(*pDC, text, content, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+            const UINT clip = m_options.visibleShortItems ? DT_NOCLIP : 0; // the ellipsis keeps it in the width
+            DrawWideText(*pDC, text, content,
+                         clip | DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
         }
     }
     if (box.isCurrent) {
