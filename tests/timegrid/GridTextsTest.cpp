@@ -55,6 +55,25 @@ TEST(GridTexts, HoursFollowTheRows)
     }
 }
 
+TEST(GridTexts, HoursOfTwoZonesKeepToTheirColumns)
+{
+    TimeScale scale;
+    const ZoneColumns columns = SplitRuler(CRect(3, 60, 119, 400), 56);
+    EXPECT_EQ(columns.other, CRect(3, 60, 59, 400));
+    EXPECT_EQ(columns.own, CRect(59, 60, 119, 400));
+    const std::vector<ZoneHourPlaces> hours = PlaceZoneHours(columns, 13, 130, scale);
+    ASSERT_EQ(hours.size(), 24u);
+    for (int hour = 0; hour < 24; ++hour) {
+        const int top = 60 - 130 + hour * 40;
+        EXPECT_EQ(hours[hour].box, CRect(3, top, 119, top + 40));
+        EXPECT_EQ(hours[hour].line, CRect(5, top, 57, top + 1));
+        EXPECT_EQ(hours[hour].clock, CRect(3, top, 57, top + 40));
+        EXPECT_EQ(hours[hour].date, CRect(5, top + 2, 59, top + 14)) << "below the line, beside the clock";
+        EXPECT_EQ(hours[hour].change, CRect(59, top + 27, 119, top + 40)) << "at the hour's end";
+    }
+    EXPECT_TRUE(SplitRuler(CRect(3, 60, 119, 400), 0).other.IsRectEmpty());
+}
+
 TEST(GridTexts, TheTitleSaysWhereItEnds)
 {
     const GridCaption places = PlaceCaptionTexts(CRect(0, 0, 300, 30), {60, 30, 150, 0, 20});

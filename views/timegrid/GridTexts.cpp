@@ -11,6 +11,8 @@ struct GridTextMetrics
     int rulerLineInset = 2; // the hour lines stay so far from the ruler's edges
     int hourRight = 24;     // between the hour numbers and the ruler's right edge
     int restRight = 5;      // between the rest of the time and that edge
+    int zoneInset = 2;      // left and right of what the other zone's ruler shows
+    int zoneDateTop = 2;    // between an hour's edge and the date below it
     int captionLeft = 5;
     int captionBottom = 1;
     int baselineStep = 4; // the small texts of the title band stand so much higher to share the date's baseline
@@ -34,6 +36,32 @@ std::vector<RulerHour> PlaceRulerHours(const CRect& ruler, int scroll, const Tim
                          CRect(ruler.left + inset, top, ruler.right - inset, top + 1),
                          CRect(ruler.left, top, middle, bottom),
                          CRect(middle, top, ruler.right - view.Of(kTexts.restRight), bottom)});
+    }
+    return hours;
+}
+
+ZoneColumns SplitRuler(const CRect& ruler, int otherWidth)
+{
+    const int middle = ruler.left + otherWidth;
+    return {CRect(ruler.left, ruler.top, middle, ruler.bottom), CRect(middle, ruler.top, ruler.right, ruler.bottom)};
+}
+
+std::vector<ZoneHourPlaces> PlaceZoneHours(const ZoneColumns& columns, int lineHeight, int scroll,
+                                           const TimeScale& scale)
+{
+    const int inset = scale.metrics.scale.Of(kTexts.zoneInset);
+    const int dateTop = scale.metrics.scale.Of(kTexts.zoneDateTop);
+    const CRect& other = columns.other;
+    const CRect& own = columns.own;
+    std::vector<ZoneHourPlaces> hours;
+    for (int hour = 0; hour < kHoursPerDay; ++hour) {
+        const int top = other.top - scroll + hour * scale.HourHeight();
+        const int bottom = top + scale.HourHeight();
+        hours.push_back({CRect(other.left, top, own.right, bottom),
+                         CRect(other.left + inset, top, other.right - inset, top + 1),
+                         CRect(other.left, top, other.right - inset, bottom),
+                         CRect(other.left + inset, top + dateTop, other.right, top + dateTop - 1 + lineHeight),
+                         CRect(own.left, bottom - lineHeight, own.right, bottom)});
     }
     return hours;
 }

@@ -18,6 +18,27 @@ struct RulerHour
 };
 std::vector<RulerHour> PlaceRulerHours(const CRect& ruler, int scroll, const TimeScale& scale);
 
+// A ruler, or the band above it, that shows another zone too: that zone's clock stands left of the own one.
+struct ZoneColumns
+{
+    CRect other;
+    CRect own;
+};
+ZoneColumns SplitRuler(const CRect& ruler, int otherWidth);
+
+// What stands beside one hour of the day in such a ruler.
+struct ZoneHourPlaces
+{
+    CRect box;    // the hour over both columns
+    CRect line;   // of the other clock, one pixel high
+    CRect clock;  // what it shows when the hour begins
+    CRect date;   // where another date begins
+    CRect change; // of the own clock
+};
+// lineHeight: of a line of text.
+std::vector<ZoneHourPlaces> PlaceZoneHours(const ZoneColumns& columns, int lineHeight, int scroll,
+                                           const TimeScale& scale);
+
 // The texts of a title band, one after the other; the date, in large letters, reaches further down.
 struct GridCaption
 {

@@ -25,7 +25,6 @@ struct TimeGridMetrics;
 struct TimeGridParts;
 struct TimeGridState;
 struct TimeScale;
-struct ZoneHour;
 struct ZoneRuler;
 class WorkHours;
 class TimeGridPainter;
@@ -218,9 +217,6 @@ private:
     BOOL IsWorkRow(int nColumn, int nRow);
     int GetWorkBegin(int nColumn); // the hour; -1: no work
     COleDateTime GetRulerDay() const;
-    void DrawZoneRuler(CDC* pDC, const CRect& rcRuler);
-    void DrawZoneHour(CDC* pDC, const dayvane::ZoneHour& hour, const CRect& rcHour, const CRect& rcOwn);
-    void DrawZoneLabels(CDC* pDC, const CRect& rcBand);
 
     BOOL m_bSizing = FALSE; // the size has changed: the scroll position follows in proportion
 };

@@ -4,9 +4,6 @@
 
 #include "core/DateMath.h"
 #include "core/DayLinePainter.h"
-#include "core/DrawingHelpers.h"
-#include "core/ThemeColors.h"
-#include "core/WideText.h"
 #include "views/timegrid/TimeGridParts.h"
 
 #include <algorithm>
@@ -14,10 +11,7 @@
 using namespace dayvane;
 
 namespace {
-constexpr COLORREF kChangedHour = 0xA0E0FF; // of the ruler, where the clock is changed
-constexpr int kDateTop = 1;                 // from the hour's line to the date beside it, pixels
-constexpr int kLabelInset = 2;
-constexpr int kLinesBottom = 3; // free below the lines, for the frame of the current day
+constexpr int kLinesBottom = 3; // pixels free below the lines, for the frame of the current day
 } // namespace
 
 // ---- Lines under the name of a day
@@ -148,69 +142,4 @@ COleDateTime CTimeGridCtrl::GetRulerDay() const
 {
     const DayRange range = GetShownRange();
     return range.Holds(m_dtCurrentDate) ? m_dtCurrentDate : range.first;
-}
-
-void CTimeGridCtrl::DrawZoneRuler(CDC* pDC, const CRect& rcRuler)
-{
-    const TimeGridPainter painter = Painter(pDC);
-    if (!m_pParts->zones || !painter.IsVisible(rcRuler)) {
-        return;
-    }
-    CRect own = rcRuler;
-    own.left += GetZoneRulerWidth();
-    const CRect other(rcRuler.left, rcRuler.top, own.left, rcRuler.bottom);
-    pDC->FillSolidRect(&other, m_colors.ruler);
-    const SelectGdi selectFont(pDC, m_pParts->fonts.Label());
-    const std::vector<ZoneHour> hours = ZoneHoursOf(GetRulerDay(), *m_pParts->zones);
-    const int height = Scale().HourHeight();
-    for (int i = 0; i < static_cast<int>(hours.size()); ++i) {
-        const int top = rcRuler.top - m_nVertScroll + i * height;
-        if (painter.IsVisible(CRect(rcRuler.left, top, rcRuler.right, top + height))) {
-            DrawZoneHour(pDC, hours[i], CRect(other.left, top, other.right, top + height), own);
-        }
-    }
-}
-
-void CTimeGridCtrl::DrawZoneHour(CDC* pDC, const ZoneHour& hour, const CRect& rcHour, const CRect& rcOwn)
-{
-    constexpr UINT format = DT_SINGLELINE | DT_NOPREFIX;
-    const int lineHeight = DayLineMetrics::For(m_scale).lineHeight;
-    const COLORREF alert = DayLineColors::Of(m_theme).dayOff;
-    pDC->SetTextColor(m_colors.rulerText);
-    if (!rcHour.IsRectEmpty()) {
-        pDC->FillSolidRect(rcHour.left + kLabelInset, rcHour.top, rcHour.Width() - 2 * kLabelInset, 1,
-                           m_colors.rulerText);
-        CRect place(rcHour.left, rcHour.top, rcHour.right - kLabelInset, rcHour.bottom);
-        DrawWideText(*pDC, OwnText(hour.other), place, format | DT_VCENTER | DT_RIGHT);
-        if (!hour.otherDate.IsEmpty()) {
-            const CRect date(rcHour.left, rcHour.top + 1, rcHour.right, rcHour.top + lineHeight);
-            place = date;
-            place.OffsetRect(kLabelInset, kDateTop);
-            pDC->SetTextColor(alert);
-            DrawWideText(*pDC, OwnText(hour.otherDate), place, format | DT_LEFT);
-        }
-    }
-    if (!hour.change.IsEmpty()) {
-        CRect place(rcOwn.left, rcHour.bottom - lineHeight, rcOwn.right, rcHour.bottom);
-        pDC->FillSolidRect(&place, ThemeOr(m_theme.selection, kChangedHour));
-        pDC->SetTextColor(alert);
-        DrawWideText(*pDC, OwnText(hour.change), place, format | DT_VCENTER | DT_CENTER);
-    }
-}
-
-// The names of the zones stand over their rulers, where the band is.
-void CTimeGridCtrl::DrawZoneLabels(CDC* pDC, const CRect& rcBand)
-{
-    if (!m_pParts->zones || !m_pParts->zones->showOther) {
-        return;
-    }
-    constexpr UINT format = DT_SINGLELINE | DT_NOPREFIX | DT_CENTER | DT_BOTTOM | DT_END_ELLIPSIS;
-    const ZoneRuler& zones = *m_pParts->zones;
-    const SelectGdi selectFont(pDC, m_pParts->fonts.Label());
-    pDC->SetTextColor(m_colors.rulerText);
-    const int middle = rcBand.left + GetZoneRulerWidth();
-    CRect place(rcBand.left, rcBand.top, middle, rcBand.bottom);
-    DrawWideText(*pDC, OwnText(zones.otherLabel), place, format);
-    place.SetRect(middle, rcBand.top, rcBand.right, rcBand.bottom);
-    DrawWideText(*pDC, OwnText(zones.ownLabel), place, format);
 }

@@ -74,16 +74,21 @@ void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 
 void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 {
-    CRect own = rcRuler;
-    own.left += GetZoneRulerWidth();
-    Painter(pDC).DrawRuler(own, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros(), m_texts);
-    DrawZoneRuler(pDC, rcRuler);
+    const TimeGridPainter painter = Painter(pDC);
+    const ZoneColumns columns = SplitRuler(rcRuler, GetZoneRulerWidth());
+    painter.DrawRuler(columns.own, m_pParts->fonts.Hours(m_lfFonts[FONT_CAPTION]), m_pParts->fonts.Zeros(), m_texts);
+    if (m_pParts->zones && painter.IsVisible(rcRuler)) {
+        painter.DrawZoneHours(columns, ZoneHoursOf(GetRulerDay(), *m_pParts->zones), m_pParts->fonts.Label());
+    }
 }
 
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
 {
-    Painter(pDC).DrawFulldayRuler(rcBand, m_pParts->fonts.Label(), GetTexts().wholeDay);
-    DrawZoneLabels(pDC, rcBand);
+    const TimeGridPainter painter = Painter(pDC);
+    painter.DrawFulldayRuler(rcBand, m_pParts->fonts.Label(), GetTexts().wholeDay);
+    if (m_pParts->zones && m_pParts->zones->showOther) {
+        painter.DrawZoneLabels(SplitRuler(rcBand, GetZoneRulerWidth()), *m_pParts->zones, m_pParts->fonts.Label());
+    }
 }
 
 // Without names of days there are only the lines under them.

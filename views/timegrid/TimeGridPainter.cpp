@@ -1,6 +1,7 @@
 #include "views/timegrid/TimeGridPainter.h"
 
 #include "core/DateMath.h"
+#include "core/DayLinePainter.h"
 #include "core/WideText.h"
 #include "views/timegrid/GridTexts.h"
 
@@ -118,6 +119,43 @@ void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label, const st
     m_dc.SetTextColor(m_colors.rulerText);
     const SelectGdi selectFont(&m_dc, label);
     DrawWideText(m_dc, text, band, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
+}
+
+void TimeGridPainter::DrawZoneHours(const ZoneColumns& columns, const std::vector<ZoneHour>& hours, CFont* label) const
+{
+    constexpr UINT format = DT_SINGLELINE | DT_NOPREFIX;
+    const COLORREF alert = DayLineColors::Of(m_theme).dayOff;
+    const int lineHeight = DayLineMetrics::For(m_state.scale.metrics.scale).lineHeight;
+    Fill(columns.other, m_colors.ruler);
+    const SelectGdi selectFont(&m_dc, label);
+    const std::vector<ZoneHourPlaces> places = PlaceZoneHours(columns, lineHeight, m_state.scroll, m_state.scale);
+    for (size_t i = 0; i < hours.size(); ++i) {
+        if (!IsVisible(places[i].box)) {
+            continue;
+        }
+        if (!columns.other.IsRectEmpty()) {
+            Fill(places[i].line, m_colors.rulerText);
+            m_dc.SetTextColor(m_colors.rulerText);
+            DrawWideText(m_dc, OwnText(hours[i].other), places[i].clock, format | DT_VCENTER | DT_RIGHT);
+            m_dc.SetTextColor(alert);
+            DrawWideText(m_dc, OwnText(hours[i].otherDate), places[i].date, format | DT_LEFT);
+        }
+        if (!hours[i].change.IsEmpty()) {
+            Fill(places[i].change, ThemeOr(m_theme.selection, kTimeGridPalette.changedHour));
+            m_dc.SetTextColor(alert);
+            DrawWideText(m_dc, OwnText(hours[i].change), places[i].change, format | DT_VCENTER | DT_CENTER);
+        }
+    }
+}
+
+// The names of the zones stand over their rulers, where the band is.
+void TimeGridPainter::DrawZoneLabels(const ZoneColumns& columns, const ZoneRuler& zones, CFont* label) const
+{
+    constexpr UINT format = DT_SINGLELINE | DT_NOPREFIX | DT_CENTER | DT_BOTTOM | DT_END_ELLIPSIS;
+    const SelectGdi selectFont(&m_dc, label);
+    m_dc.SetTextColor(m_colors.rulerText);
+    DrawWideText(m_dc, OwnText(zones.otherLabel), columns.other, format);
+    DrawWideText(m_dc, OwnText(zones.ownLabel), columns.own, format);
 }
 
 void TimeGridPainter::DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const

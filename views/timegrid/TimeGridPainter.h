@@ -12,6 +12,7 @@
 #include "GridTexts.h"
 #include "TimeGridHit.h"
 #include "TimeGridLook.h"
+#include "ZoneRuler.h"
 
 #include <vector>
 
@@ -28,6 +29,7 @@ struct TimeGridPalette
     COLORREF todayFrame = 0x216FF1;
     COLORREF focusFrame = 0xFF7700;
     COLORREF nowLine = 0x2A2AE0;
+    COLORREF changedHour = 0xA0E0FF;   // ground in the ruler where the clock is changed
     COLORREF captionShadow = 0x0070B0; // under the light texts of the day view's title band
 };
 constexpr TimeGridPalette kTimeGridPalette{};
@@ -100,6 +102,9 @@ public:
     void DrawRulerEdge() const;
     void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, const TextSettings& texts) const;
     void DrawFulldayRuler(const CRect& band, CFont* label, const std::u16string& text) const;
+    // The other zone's clock and date, and the changes of the own clock, over the ruler as it is.
+    void DrawZoneHours(const ZoneColumns& columns, const std::vector<ZoneHour>& hours, CFont* label) const;
+    void DrawZoneLabels(const ZoneColumns& columns, const ZoneRuler& zones, CFont* label) const;
     // Background, outline, and what is selected of it.
     void DrawFulldayContent(const CRect& band, const std::vector<CRect>& selected) const;
 
