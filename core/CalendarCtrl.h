@@ -411,8 +411,6 @@ protected:
     void Press(const tagCCHITTESTINFO& hit, UINT nFlags);
     // A key that moves the selection: calls the move, which extends the selection while Shift is down.
     void ArrowKey(void (CCalendarCtrl::*move)(UINT));
-    // A window that was there before the object (SubclassWindow, a dialog template) has a size already.
-    CSize GetSizeOfAttached() const;
     // The width that DrawItemMarks would use.
     int GetItemMarksWidth(const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
 

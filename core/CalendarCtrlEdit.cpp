@@ -55,8 +55,7 @@ void CCalendarCtrl::GrowToTextLine(CRect& rect)
     if (rect.Height() >= height) {
         return;
     }
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     rect.bottom = rect.top + height;
     rect.OffsetRect(0, std::min(std::max(client.bottom - rect.bottom, client.top - rect.top), 0L));
 }

@@ -5,6 +5,7 @@
 #include "core/DateMath.h"
 #include "core/Interaction.h"
 #include "core/PointerDriver.h"
+#include "core/WindowHelpers.h"
 
 using namespace dayvane;
 
@@ -310,8 +311,7 @@ void CCalendarCtrl::OnMouseMove(UINT nFlags, CPoint point)
 
 Drop CCalendarCtrl::DropAt(CPoint point) const
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     return !m_options.carefulDrops ? Drop::REPORT : client.PtInRect(point) ? Drop::REPORT_CHANGE : Drop::TAKE_BACK;
 }
 
@@ -403,8 +403,7 @@ tagCCHITTESTINFO CCalendarCtrl::KeyboardHit()
         ToSystemTime(m_dtSelBegin, hit.time);
     }
     const CRect rect = GetFocusBox();
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     CRect shown;
     hit.pt = shown.IntersectRect(&rect, &client) ? shown.CenterPoint() : client.CenterPoint();
     return hit;

@@ -4,6 +4,7 @@
 #include "core/DrawingHelpers.h"
 #include "core/Fonts.h"
 #include "core/PaintedState.h"
+#include "core/WindowHelpers.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -35,8 +36,7 @@ void CCalendarCtrl::Layout()
     if (!m_hWnd) {
         return;
     }
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     Layout(client.Width(), client.Height());
     ItemsWanted();
     InvalidateRect(&m_rcContent, FALSE);
@@ -63,8 +63,7 @@ void CCalendarCtrl::RefreshChanged()
         Refresh();
         return;
     }
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     LayoutWatch watch;
     watch.before.wantsPieces = false;
     GetPaintedState(watch.before);
@@ -161,8 +160,7 @@ void CCalendarCtrl::InvalidateParts(const std::vector<CRect>& changed)
 
 void CCalendarCtrl::GetPaintedState(PaintedState& state)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
     const tagCALENDAR_ITEM* item = m_arScreenItem.GetData();
     for (INT_PTR i = 0; state.wantsPieces && i < m_arScreenItem.GetSize(); ++i, ++item) {

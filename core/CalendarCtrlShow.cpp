@@ -21,13 +21,6 @@ void CCalendarCtrl::PreSubclassWindow()
     m_interaction->today.Start();
 }
 
-CSize CCalendarCtrl::GetSizeOfAttached() const
-{
-    CRect client;
-    GetClientRect(&client);
-    return client.Size();
-}
-
 void CCalendarCtrl::DayHasCome()
 {
     TodayChanged();
@@ -69,8 +62,7 @@ LRESULT CCalendarCtrl::OnPrintClient(WPARAM wParam, LPARAM)
 {
     CDC* pDC = CDC::FromHandle(reinterpret_cast<HDC>(wParam));
     const SaveDcScope saved(pDC);
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     pDC->IntersectClipRect(&client);
     PaintAll(pDC);
     return 0;
@@ -87,8 +79,7 @@ void CCalendarCtrl::PaintAll(CDC* pDC)
         DrawFocusFrame(pDC, frame);
     }
     if (!IsWindowEnabled()) {
-        CRect client;
-        GetClientRect(&client);
+        const CRect client = ClientRectOf(*this);
         DrawVeil(pDC, client, ::GetSysColor(COLOR_BTNFACE));
     }
 }

@@ -124,8 +124,7 @@ BOOL CMoreListWnd::OnKey(UINT nKey)
 
 void CMoreListWnd::OnLButtonDown(UINT, CPoint point)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     m_nPressed = m_model.RowAt(point);
     if (!client.PtInRect(point)) {
         Close();
@@ -141,8 +140,7 @@ void CMoreListWnd::OnRButtonDown(UINT, CPoint)
 
 void CMoreListWnd::OnMouseMove(UINT nFlags, CPoint point)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     if (m_nPressed != -1 && (nFlags & MK_LBUTTON)) {
         if (!client.PtInRect(point)) {
             DragOut(point);
@@ -183,8 +181,7 @@ void CMoreListWnd::OnCaptureChanged(CWnd* pWnd)
 
 void CMoreListWnd::DrawPopup(CDC* pDC)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     const CalendarTheme& theme = m_pOwner->GetTheme();
     const COLORREF ground = ThemeOr(theme.page, kGround);
     pDC->FillSolidRect(&client, ground);

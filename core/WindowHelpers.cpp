@@ -4,6 +4,13 @@
 
 namespace dayvane {
 
+CRect ClientRectOf(const CWnd& window)
+{
+    CRect client(0, 0, 0, 0);
+    ::GetClientRect(window.m_hWnd, &client);
+    return client;
+}
+
 void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground)
 {
     WNDCLASS wc = {};

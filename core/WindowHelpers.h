@@ -5,6 +5,8 @@
 
 namespace dayvane {
 
+CRect ClientRectOf(const CWnd& window); // empty while there is no window
+
 // Registers the window class of a control, once a process: arrow cursor, double clicks, repainted whole when its size
 // changes. A failure throws CResourceException.
 void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground = nullptr);

@@ -489,8 +489,7 @@ void CPeriodGridCtrl::OnSysColorChange()
 
 void CPeriodGridCtrl::DrawBackground(CDC* pDC)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     pDC->FillSolidRect(&client, PickerPaletteOf(m_theme).window);
 }
 

@@ -176,8 +176,7 @@ void CYearMonthPickerCtrl::SetWindowSize()
         ::MapWindowPoints(nullptr, m_hWndParent, reinterpret_cast<POINT*>(&rect), 2);
     }
     MoveWindow(rect.left, rect.top, std::max<int>(rect.Width(), metrics.minWidth), metrics.height, TRUE);
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     m_rcArrow = PickerArrowRect(metrics, client);
 }
 
@@ -286,8 +285,7 @@ LRESULT CYearMonthPickerCtrl::OnPrintClient(WPARAM wParam, LPARAM)
 
 void CYearMonthPickerCtrl::DrawButton(CDC* pDC)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     pDC->FillSolidRect(&client, PickerPaletteOf(m_theme).window);
     // The system's button painting sends WM_DRAWITEM to the parent, which reflects it to DrawItem.
     DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(pDC->m_hDC), 0);

@@ -59,7 +59,7 @@ void CDayGridCtrl::PreSubclassWindow()
 {
     CMoreListCtrl::PreSubclassWindow();
     PreparePainting();
-    const CSize size = GetSizeOfAttached();
+    const CSize size = ClientRectOf(*this).Size(); // of a window that was there before the object
     if (size != CSize(0, 0)) {
         Layout(size.cx, size.cy);
         ResetScrollBar();
@@ -135,8 +135,7 @@ CRect CDayGridCtrl::GetPaintedBox(const tagCALENDAR_ITEM& screenItem)
 
 void CDayGridCtrl::GetPaintedState(PaintedState& state)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     state.frame = {m_rcCaption, m_rcRuler, m_rcContent};
     if (state.wantsPieces) {
         for (int i : GetShownItems()) {

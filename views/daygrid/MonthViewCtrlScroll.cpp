@@ -4,6 +4,7 @@
 #include "core/DateMath.h"
 #include "core/Interaction.h"
 #include "core/PaintedState.h"
+#include "core/WindowHelpers.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayLook.h"
 #include "views/daygrid/DayGridParts.h"
@@ -118,8 +119,7 @@ void CMonthViewCtrl::RepaintMoved(MonthPicture& before, int nWeeks)
             changed.back().InflateRect(m_scale.Of(kCellMargin), m_scale.Of(kCellMargin));
         }
     }
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = ClientRectOf(*this);
     changed.push_back(CRect(client.left, client.top, client.right, m_rcContent.top));
     changed.push_back(CRect(client.left, m_rcContent.top, m_rcContent.left, client.bottom)); // numbers of weeks
     const CRect& focus = m_interaction->paintedFocus;

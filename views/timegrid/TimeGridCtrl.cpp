@@ -4,6 +4,7 @@
 
 #include "core/DateMath.h"
 #include "core/PaintedState.h"
+#include "core/WindowHelpers.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridParts.h"
@@ -51,7 +52,7 @@ void CTimeGridCtrl::PreSubclassWindow()
 {
     CMoreListCtrl::PreSubclassWindow();
     RestartNowTimer();
-    const CSize size = GetSizeOfAttached();
+    const CSize size = ClientRectOf(*this).Size(); // of a window that was there before the object
     if (size != CSize(0, 0)) {
         SizeTo(size.cx, size.cy);
     }
