@@ -45,7 +45,7 @@ END_MESSAGE_MAP()
 
 CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassName)
     : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now())),
-      m_themeWatch([this] { SetTheme(ThemeOf(GetSystemTheme())); }), m_today([this] { Redraw(); })
+      m_today([this] { Redraw(); })
 {
     RegisterWindowClass(lpszClassName);
 }
@@ -146,75 +146,22 @@ bool CPeriodGridCtrl::IsDayOff(const COleDateTime& day) const
     return CCalcHoliday::IsHoliday(day, holiday) && !holiday.bObservance;
 }
 
-void CPeriodGridCtrl::SetOptions(const CalendarOptions& options)
-{
-    m_options = options;
-    m_themeWatch.Follow(options.followSystemTheme);
-    ShowTip({});
-    if (options.followDpi && m_hWnd && !m_bOwnScale) {
-        ApplyScale(DpiOfWindow(m_hWnd));
-    }
-}
-
-void CPeriodGridCtrl::SetScale(int dpi)
-{
-    m_bOwnScale = TRUE;
-    ApplyScale(dpi);
-}
-
 void CPeriodGridCtrl::ApplyScale(int dpi)
 {
-    m_scale.dpi = ClampedDpi(dpi);
-    m_scale.textGrowth = m_state->hostFont ? TextGrowth(*m_state->hostFont, m_scale) : 0;
+    StoreScale(dpi);
     ShowPolicy(*m_state->base);
     Refresh();
 }
 
-void CPeriodGridCtrl::SetTextFont(const LOGFONT& font)
+void CPeriodGridCtrl::OptionsChanged()
 {
-    m_state->hostFont = font;
-    ApplyScale(m_scale.dpi);
-}
-
-const std::optional<LOGFONT>& CPeriodGridCtrl::GetTextFont() const
-{
-    return m_state->hostFont;
+    ShowTip({});
 }
 
 void CPeriodGridCtrl::ShowPolicy(const PeriodPolicy& policy)
 {
     Cancel(); // a popup has the old size
-    m_state->Show(policy, m_scale);
-}
-
-LRESULT CPeriodGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = 0;
-    if (m_access.Answer(*this, message, wParam, lParam, result)) {
-        return result;
-    }
-    const WindowAlive alive(this, m_life);
-    result = CWnd::WindowProc(message, wParam, lParam);
-    LOGFONT font = {};
-    if (alive && message == WM_SETFONT && FontOfMessage(reinterpret_cast<HFONT>(wParam), m_scale, font)) {
-        SetTextFont(font);
-    }
-    if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
-        ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
-    }
-    if (alive) {
-        m_access.Follow();
-    }
-    return result;
-}
-
-void CPeriodGridCtrl::SetTheme(const CalendarTheme& theme)
-{
-    m_theme = theme;
-    m_tip.SetTheme(theme);
-    if (m_hWnd) {
-        Invalidate(FALSE);
-    }
+    m_state->Show(policy, m_scale, m_hostFont);
 }
 
 void CPeriodGridCtrl::SetTexts(const CalendarTexts& texts)

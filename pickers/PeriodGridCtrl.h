@@ -21,21 +21,15 @@
 // and so does releasing the button outside the popup.
 #pragma once
 
-#include "../core/CalendarAccess.h"
-#include "../core/CalendarOptions.h"
 #include "../core/PartTip.h"
-#include "../core/SystemTheme.h"
-#include "../core/TextSettings.h"
 #include "../core/TodayWatch.h"
-#include "../core/ViewScale.h"
-#include "../core/WindowAlive.h"
+#include "PickerWindow.h"
 
 #include <afxwin.h>
 #include <afxtempl.h>
 #include <afxdisp.h>
 
 #include <memory>
-#include <optional>
 
 struct CCreateContext;
 class CPeriodSelCtrl;
@@ -51,7 +45,7 @@ struct PeriodGridState;
 struct PeriodPolicy;
 } // namespace dayvane
 
-class CPeriodGridCtrl : public CWnd
+class CPeriodGridCtrl : public CPickerOf<CWnd>
 {
     DECLARE_DYNAMIC(CPeriodGridCtrl)
 
@@ -71,7 +65,7 @@ public:
     void GetRowAndCol(int& nRows, int& nCols) const;
     // As many blocks as fit into cx by cy pixels with the line below them, at least one row and column.
     void RecalcRowAndCol(int cx, int cy);
-    CSize GetGridSize() const;           // client pixels that the rows and columns take, with the line below
+    CSize GetGridSize() const; // client pixels that rows and columns take at the present scale, with the line below
     COleDateTime GetCurrentDate() const; // the first day of the first period shown
     void MoveLeft(int nCount);           // one period back, whatever the argument; lays out and redraws
     void MoveRight(int nCount);          // one period on
@@ -90,25 +84,8 @@ public:
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
-    // The colours of everything, popups and tips too; repaints. See CalendarTheme.h.
-    void SetTheme(const CalendarTheme& theme);
-    const CalendarTheme& GetTheme() const { return m_theme; }
-    // The resolution that the control is drawn for, 96 at first; lays out and redraws. Ends what the option followDpi
-    // does. GetGridSize returns what the blocks take then. Kept between 48 and 768.
-    void SetScale(int dpi);
-    int GetScale() const { return m_scale.dpi; }
-    const dayvane::ViewScale& GetViewScale() const { return m_scale; }
-    // Face and size of all texts; the height is that for 96 dpi, and bands, lines and cells become as much larger as
-    // its lines are. WM_SETFONT does the same with a font of the present scale. Lays out and redraws.
-    void SetTextFont(const LOGFONT& font);
-    const std::optional<LOGFONT>& GetTextFont() const; // none: the control's own fonts
-    // Of the options those that concern date selectors: toolTips (the names of a day), followSystemTheme,
-    // followDpi.
-    void SetOptions(const CalendarOptions& options);
-    const CalendarOptions& GetOptions() const { return m_options; }
     // Words and patterns of dates; sets the first day of the week, too, when the texts have one. Lays out and redraws.
     void SetTexts(const CalendarTexts& texts);
-    const CalendarTexts& GetTexts() const { return *m_texts; }
 
     // ---- Selection: both bounds as they were given or selected; invalid both when there is none.
     void GetSel(COleDateTime& start, COleDateTime& end) const;
@@ -142,10 +119,11 @@ protected:
     virtual void DrawCtrl(CDC* pDC) = 0;
     virtual void DrawHeader(CDC* pDC); // titles and arrows
 
-    void ApplyScale(int dpi);
+    void ApplyScale(int dpi) override; // lays out and redraws
+    void OptionsChanged() override;
+    void ThemeChanged() override { m_tip.SetTheme(m_theme); }
     // Shows the periods in another form, at the present scale.
     void ShowPolicy(const dayvane::PeriodPolicy& policy);
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     static void RegisterWindowClass(LPCTSTR lpszClassName);
     // Paints this control as it is now.
     dayvane::PeriodGridPainter Painter(CDC* pDC) const;
@@ -199,20 +177,12 @@ protected:
     LPARAM m_lBoldParam = 0;
     PFNDOTCOLOR m_pfnDotColor = nullptr;
     LPARAM m_lDotParam = 0;
-    CalendarOptions m_options;
-    CalendarTheme m_theme;
-    dayvane::ViewScale m_scale;
-    BOOL m_bOwnScale = FALSE; // the host has set one
-    dayvane::SystemThemeWatch m_themeWatch;
-    std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
     const dayvane::DayProvider* m_pDayProvider = nullptr;
     dayvane::PartTip m_tip;
     BOOL m_bTracksLeave = FALSE;
     int m_nSweepSide = 0;  // where a sweep is held beyond the cells: -1 before them, 1 after, 0 neither
     int m_nWheelDelta = 0; // turned, and not yet a page
     dayvane::TodayWatch m_today;
-    dayvane::WindowLife m_life;
-    dayvane::AccessHook m_access;
 };
 
 // A cell of a mini calendar: a day, or a month as its first day, at 00:00. The date is invalid beyond the years 100 to

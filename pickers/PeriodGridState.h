@@ -4,6 +4,8 @@
 #include "PeriodGridModel.h"
 #include "PeriodGridPainter.h"
 
+#include <optional>
+
 namespace dayvane {
 
 struct PeriodGridState
@@ -14,7 +16,7 @@ struct PeriodGridState
     }
 
     // Another look of the same periods, or the same at another scale.
-    void Show(const PeriodPolicy& policy, const ViewScale& scale)
+    void Show(const PeriodPolicy& policy, const ViewScale& scale, const std::optional<LOGFONT>& hostFont)
     {
         base = &policy;
         scaled = policy.At(scale);
@@ -30,7 +32,6 @@ struct PeriodGridState
     CellMarks marks; // as the layout's blocks and cells
     WeekRule weekRule = WeekRule::FirstFourDayWeek;
     bool eraTitles = false;
-    std::optional<LOGFONT> hostFont; // for 96 dpi
     PickerFonts textFonts{kTextFont};
     PickerFonts numberFonts{kNumberFont};
 };

@@ -58,8 +58,7 @@ END_MESSAGE_MAP()
 // ---- Lifetime
 
 CYearMonthPickerCtrl::CYearMonthPickerCtrl()
-    : m_dtCurrent(Now()), m_themeWatch([this] { SetTheme(ThemeOf(GetSystemTheme())); }), m_rcArrow(0, 0, 0, 0),
-      m_pFonts(std::make_unique<PickerFonts>(kTextFont))
+    : m_dtCurrent(Now()), m_rcArrow(0, 0, 0, 0), m_pFonts(std::make_unique<PickerFonts>(kTextFont))
 {
 }
 
@@ -98,21 +97,6 @@ void CYearMonthPickerCtrl::OnDestroy()
     CButton::OnDestroy();
 }
 
-void CYearMonthPickerCtrl::SetOptions(const CalendarOptions& options)
-{
-    m_options = options;
-    m_themeWatch.Follow(options.followSystemTheme);
-    if (options.followDpi && m_hWnd && !m_bOwnScale) {
-        ApplyScale(DpiOfWindow(m_hWnd));
-    }
-}
-
-void CYearMonthPickerCtrl::SetScale(int dpi)
-{
-    m_bOwnScale = TRUE;
-    ApplyScale(dpi);
-}
-
 void CYearMonthPickerCtrl::ApplyScale(int dpi)
 {
     const WindowAlive alive(this, m_life);
@@ -122,46 +106,10 @@ void CYearMonthPickerCtrl::ApplyScale(int dpi)
     if (!alive) {
         return;
     }
-    m_scale.dpi = ClampedDpi(dpi);
-    m_scale.textGrowth = m_hostFont ? TextGrowth(*m_hostFont, m_scale) : 0;
+    StoreScale(dpi);
     m_pFonts->Show(m_scale, m_hostFont);
     if (m_hWnd) {
         SetWindowSize();
-        Invalidate(FALSE);
-    }
-}
-
-void CYearMonthPickerCtrl::SetTextFont(const LOGFONT& font)
-{
-    m_hostFont = font;
-    ApplyScale(m_scale.dpi);
-}
-
-LRESULT CYearMonthPickerCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = 0;
-    if (m_access.Answer(*this, message, wParam, lParam, result)) {
-        return result;
-    }
-    const WindowAlive alive(this, m_life);
-    result = CButton::WindowProc(message, wParam, lParam);
-    LOGFONT font = {};
-    if (alive && message == WM_SETFONT && FontOfMessage(reinterpret_cast<HFONT>(wParam), m_scale, font)) {
-        SetTextFont(font);
-    }
-    if (alive && m_options.followDpi && !m_bOwnScale && AnnouncesDpi(message)) {
-        ApplyScale(AnnouncedDpi(m_hWnd, message, wParam));
-    }
-    if (alive) {
-        m_access.Follow();
-    }
-    return result;
-}
-
-void CYearMonthPickerCtrl::SetTheme(const CalendarTheme& theme)
-{
-    m_theme = theme;
-    if (m_hWnd) {
         Invalidate(FALSE);
     }
 }

@@ -7,19 +7,13 @@
 // while it handles a message: drop the picker again, destroy its window, delete the object.
 #pragma once
 
-#include "../core/CalendarAccess.h"
-#include "../core/CalendarOptions.h"
-#include "../core/SystemTheme.h"
-#include "../core/TextSettings.h"
-#include "../core/ViewScale.h"
-#include "../core/WindowAlive.h"
+#include "PickerWindow.h"
 #include "YearMonthMessages.h"
 
 #include <afxwin.h>
 #include <afxdisp.h>
 
 #include <memory>
-#include <optional>
 
 class CYearMonthPopup;
 
@@ -27,7 +21,7 @@ namespace dayvane {
 class PickerFonts;
 }
 
-class CYearMonthPickerCtrl : public CButton
+class CYearMonthPickerCtrl : public CPickerOf<CButton>
 {
     DECLARE_DYNAMIC(CYearMonthPickerCtrl)
 
@@ -44,28 +38,8 @@ public:
     BOOL IsDropped() const { return m_bDropped; }
     CYearMonthPopup* GetPopup() const { return m_pPopup; } // nullptr while none is open
 
-    // Of the options those that concern this control: followSystemTheme, followDpi.
-    void SetOptions(const CalendarOptions& options);
-    const CalendarOptions& GetOptions() const { return m_options; }
-
-    // The colours of button and popup; repaints. See CalendarTheme.h.
-    void SetTheme(const CalendarTheme& theme);
-    const CalendarTheme& GetTheme() const { return m_theme; }
     // Words and patterns of dates; repaints.
     void SetTexts(const CalendarTexts& texts);
-    const CalendarTexts& GetTexts() const { return *m_texts; }
-
-    // The resolution that button and popup are drawn for, 96 at first; sizes the button anew. Ends what the option
-    // followDpi does. Kept between 48 and 768.
-    void SetScale(int dpi);
-    int GetScale() const { return m_scale.dpi; }
-    const dayvane::ViewScale& GetViewScale() const { return m_scale; }
-
-    // Face and size of the texts of button and popup; the height is that for 96 dpi. Sizes the button anew. WM_SETFONT
-    // does the same with a font of the present scale.
-    void SetTextFont(const LOGFONT& font);
-    const std::optional<LOGFONT>& GetTextFont() const { return m_hostFont; } // none: the control's own fonts
-
     // The face and the popup's year as years of eras, "令和8年11月"; without repainting. Off at first.
     void ShowEraTitles(BOOL bShow);
     BOOL IsShowEraTitles() const { return m_bEraTitles; }
@@ -93,8 +67,7 @@ protected:
     // F4, and up and down with Alt, drop the popup and take it back.
     void ToggleDrop();
 
-    void ApplyScale(int dpi);
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void ApplyScale(int dpi) override; // sizes the button anew
     void PreSubclassWindow() override;
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy();
@@ -112,13 +85,6 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     COleDateTime m_dtCurrent;
-    CalendarOptions m_options;
-    CalendarTheme m_theme;
-    dayvane::ViewScale m_scale;
-    BOOL m_bOwnScale = FALSE; // the host has set one
-    dayvane::SystemThemeWatch m_themeWatch;
-    std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
-    std::optional<LOGFONT> m_hostFont; // for 96 dpi
     BOOL m_bDropped = FALSE;
     BOOL m_bEraTitles = FALSE;
     CRect m_rcArrow;             // client pixels
@@ -126,6 +92,4 @@ protected:
     CYearMonthPopup* m_pPopup = nullptr;
     BOOL m_bHot = FALSE;
     std::unique_ptr<dayvane::PickerFonts> m_pFonts;
-    dayvane::WindowLife m_life;
-    dayvane::AccessHook m_access;
 };
