@@ -15,8 +15,6 @@ namespace {
 constexpr int kNewBarMaximum = 100; // the system's range of a standard scroll bar
 constexpr int kCutMargin = 8;       // pixels around a box: inset of its text, and a frame
 
-static_assert(static_cast<int>(GridScrollCode::END_SCROLL) == SB_ENDSCROLL, "the codes of WM_VSCROLL");
-
 // Sets a flag for the life of the scope.
 class SetFlag
 {
@@ -91,8 +89,7 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
         return;
     }
     const WindowAlive alive(this, m_life);
-    const GridScroll scroll =
-        Scrolled(GetScroll(), static_cast<GridScrollCode>(nSBCode), static_cast<int>(nPos), RowWindow());
+    const GridScroll scroll = Scrolled(GetScroll(), static_cast<int>(nSBCode), static_cast<int>(nPos), RowWindow());
     const int oldOffset = m_nVertScroll;
     m_nVertScroll = scroll.offset;
     RepaintScrolled(oldOffset);

@@ -104,43 +104,41 @@ int OffsetToShow(const GridWindow& window, const COleDateTime& begin, const COle
 GridWindow WindowAfter(AfterMove move, const GridWindow& window)
 {
     const bool scrolls = move == AfterMove::SCROLL_UP || move == AfterMove::SCROLL_DOWN;
-    const GridScrollCode code = move == AfterMove::SCROLL_UP ? GridScrollCode::LINE_UP : GridScrollCode::LINE_DOWN;
+    const ScrollCode code = move == AfterMove::SCROLL_UP ? SCROLL_LINEUP : SCROLL_LINEDOWN;
     GridWindow moved = window;
     moved.scroll = scrolls ? Scrolled({window.scroll, 0, 0}, code, 0, window).offset : window.scroll;
     return moved;
 }
 
-GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window)
+GridScroll Scrolled(const GridScroll& scroll, int code, int thumb, const GridWindow& window)
 {
     const int lowest = window.scale.DayHeight() - window.height;
     GridScroll moved = scroll;
     int rows = 0;
     switch (code) {
-    case GridScrollCode::LINE_UP:
+    case SCROLL_LINEUP:
         rows = -kScrollLine;
         break;
-    case GridScrollCode::LINE_DOWN:
+    case SCROLL_LINEDOWN:
         rows = kScrollLine;
         break;
-    case GridScrollCode::PAGE_UP:
+    case SCROLL_PAGEUP:
         rows = -kScrollPage;
         break;
-    case GridScrollCode::PAGE_DOWN:
+    case SCROLL_PAGEDOWN:
         rows = kScrollPage;
         break;
-    case GridScrollCode::THUMB_POSITION:
-    case GridScrollCode::THUMB_TRACK:
+    case SCROLL_THUMBPOSITION:
+    case SCROLL_THUMBTRACK:
         moved.offset = thumb * window.scale.metrics.rowHeight;
         moved.position = thumb;
         break;
-    case GridScrollCode::TOP:
+    case SCROLL_TOP:
         moved.offset = moved.position = 0;
         break;
-    case GridScrollCode::BOTTOM:
+    case SCROLL_BOTTOM:
         moved.offset = lowest;
         moved.position = scroll.maximum;
-        break;
-    case GridScrollCode::END_SCROLL:
         break;
     }
     moved.position += rows;

@@ -1,6 +1,7 @@
 // Keyboard moves and vertical scrolling of a time grid, as values.
 #pragma once
 
+#include "../../core/ScrollCode.h"
 #include "DayRange.h"
 #include "TimeScale.h"
 
@@ -46,20 +47,6 @@ int OffsetToShow(const GridWindow& window, const COleDateTime& begin, const COle
 constexpr int kScrollLine = 1;
 constexpr int kScrollPage = 2;
 
-// The codes of WM_VSCROLL, all that there are.
-enum class GridScrollCode
-{
-    LINE_UP,
-    LINE_DOWN,
-    PAGE_UP,
-    PAGE_DOWN,
-    THUMB_POSITION,
-    THUMB_TRACK,
-    TOP,
-    BOTTOM,
-    END_SCROLL,
-};
-
 // The bar counts rows, the offset pixels.
 struct GridScroll
 {
@@ -68,9 +55,9 @@ struct GridScroll
     int maximum = 0;
 };
 
-// The offset is held between 0 and the rows that do not fit; when all fit that end is negative and wins. The position
-// is left for the bar to hold in its range.
-GridScroll Scrolled(const GridScroll& scroll, GridScrollCode code, int thumb, const GridWindow& window);
+// code: a ScrollCode. The offset is held between 0 and the rows that do not fit; when all fit that end is negative and
+// wins. The position is left for the bar to hold in its range.
+GridScroll Scrolled(const GridScroll& scroll, int code, int thumb, const GridWindow& window);
 // What is seen after the step of a row move.
 GridWindow WindowAfter(AfterMove move, const GridWindow& window);
 // The offset held between 0 and the pixels that do not fit, the bar in step.
