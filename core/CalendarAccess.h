@@ -44,7 +44,6 @@ public:
     bool Answer(CWnd& window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     // As if a program had asked, where one listens: for a popup, which programs learn of by events alone.
     void Listen(CWnd& window);
-    bool IsHeard() const { return m_access != nullptr; }
     // What follows reports to it; nullptr: nobody has asked. A listener's code may end the window meanwhile.
     std::shared_ptr<WindowAccess> Get() const { return m_access; }
     void Follow()

@@ -305,6 +305,14 @@ CFont* CCalendarCtrl::GetFont(int nFlags)
     return &font;
 }
 
+void CCalendarCtrl::SetOwnColors(CalendarColors colors)
+{
+    colors.highlight = m_colors.highlight;
+    colors.highlightText = m_colors.highlightText;
+    colors.noFocus = m_colors.noFocus;
+    m_colors = colors;
+}
+
 // ---- Texts
 
 void CCalendarCtrl::SetTextCodePage(UINT nCodePage)

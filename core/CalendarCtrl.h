@@ -381,6 +381,8 @@ protected:
     BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }
     void UpdateByParts(BOOL bParts) { m_bUpdateByParts = bParts; }
 
+    // The view's own colours, all but those of selections, which stay the system's.
+    void SetOwnColors(dayvane::CalendarColors colors);
     // The rows that day-colour numbers select, as the theme shows them.
     const CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&>& GetDayColors();
     // The host's text font, for 96 dpi; nullptr: there is none.
@@ -405,18 +407,17 @@ protected:
     void PiecesMoved(const std::vector<dayvane::PieceMove>& moved);
     void RefreshChanged();   // Refresh, but repaints only what the layout has changed where UpdatesByParts says so
     void InvalidateClient(); // the whole client area, without erasing, when there is a window
-    // Closes an open edit box. Views call it first in SetCurrentDate; scrolling and sizing do it by themselves.
-    void FinishEdit(BOOL bCommit);
+    void FinishEdit(BOOL bCommit); // closes an open edit box
+    // The same with its text; false: the host has ended the control meanwhile. Views call it first in SetCurrentDate.
+    bool EndEdit();
     // A press of the left button, after its notification: makes the item under it current or begins a sweep.
     void Press(const tagCCHITTESTINFO& hit, UINT nFlags);
     // A key that moves the selection: calls the move, which extends the selection while Shift is down.
     void ArrowKey(void (CCalendarCtrl::*move)(UINT));
     // The width that DrawItemMarks would use.
     int GetItemMarksWidth(const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
-
     // The marks that the item has, in its colour, nGap pixels after each; bIcon: its icon too. Returns the width used.
     int DrawItemMarks(CDC* pDC, const tagCALENDAR_ITEM& item, CRect rect, int nFulldayForm, int nGap, BOOL bIcon);
-
     // How far down the marks and the icon of the item reach from where they begin: a low box does not hold them.
     int GetMarksHeight(const tagCALENDAR_ITEM& item) const;
 

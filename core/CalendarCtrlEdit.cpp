@@ -17,10 +17,8 @@ constexpr int kEditPadding = 1; // pixels between the border of the edit box and
 
 void CCalendarCtrl::BeginEditItem(const char* lpszText)
 {
-    const WindowAlive alive(this, m_life);
     const CString text(lpszText); // the caller's may go with the edit that ends now
-    FinishEdit(TRUE);
-    if (!alive || !m_hWnd) {
+    if (!EndEdit() || !m_hWnd) {
         return;
     }
     CRect rect;
@@ -76,6 +74,13 @@ void CCalendarCtrl::FinishEdit(BOOL bCommit)
     if (alive && m_pEdit) {
         m_pEdit->Finish(bCommit);
     }
+}
+
+bool CCalendarCtrl::EndEdit()
+{
+    const WindowAlive alive(this, m_life);
+    FinishEdit(TRUE);
+    return static_cast<bool>(alive);
 }
 
 CEdit* CCalendarCtrl::GetInPlaceEdit() const

@@ -47,9 +47,7 @@ void CCalendarCtrl::ApplyScale(int dpi)
 
 void CCalendarCtrl::ScaleChanged(const ViewScale&)
 {
-    const WindowAlive alive(this, m_life);
-    FinishEdit(TRUE); // its box has the old font
-    if (!alive) {
+    if (!EndEdit()) { // its box has the old font
         return;
     }
     m_pointer->SetScale(m_scale);

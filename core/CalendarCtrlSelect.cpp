@@ -19,7 +19,7 @@ void CCalendarCtrl::RestoreSelection()
     InvalidateCellRectRange();
     SetSelRange(before.begin, before.end, before.wholeDays);
     InvalidateCellRectRange();
-    if (IsValid(before.end) && before.end.m_dt != 0.0 && !m_interaction->isEnding) {
+    if (IsBound(before.end) && !m_interaction->isEnding) {
         SelectionMoved();
     }
 }

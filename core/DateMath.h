@@ -13,6 +13,12 @@ inline bool IsValid(const COleDateTime& date)
     return date.GetStatus() == COleDateTime::valid;
 }
 
+// Whether it is a bound of a selection: the date 0.0 stands for none.
+inline bool IsBound(const COleDateTime& date)
+{
+    return IsValid(date) && date.m_dt != 0.0;
+}
+
 // Whether both fall on one calendar day. Two dates that are not valid do, as their fields are equal.
 inline bool IsSameDay(const COleDateTime& a, const COleDateTime& b)
 {

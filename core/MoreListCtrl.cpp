@@ -14,6 +14,22 @@ constexpr UINT kOpenKey = VK_F4;
 
 IMPLEMENT_DYNAMIC(CMoreListCtrl, CCalendarCtrl)
 
+BEGIN_MESSAGE_MAP(CMoreListCtrl, CCalendarCtrl)
+ON_WM_KEYDOWN()
+END_MESSAGE_MAP()
+
+void CMoreListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    const WindowAlive alive(this, m_life);
+    if (nChar == VK_HOME || nChar == VK_END) {
+        ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CMoreListCtrl::MoveToFirst
+                                                                             : &CMoreListCtrl::MoveToLast));
+    }
+    if (alive) {
+        CCalendarCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
+    }
+}
+
 void CMoreListCtrl::CloseMoreList()
 {
     if (m_pMoreList) {

@@ -1,6 +1,7 @@
-// CMoreListCtrl: a view in which items may lack room, and which counts them in marks. A press on a mark, or F4 in the
-// cell that has one, opens a list of the items: Enter or a click makes an item current and sends CCN_ITEMCLICK, an item
-// can be dragged out of the list into the view, Escape or a press elsewhere closes it.
+// CMoreListCtrl: what the views have in common beyond their base. Items may lack room, and are counted in marks then. A
+// press on a mark, or F4 in the cell that has one, opens a list of the items: Enter or a click makes an item current
+// and sends CCN_ITEMCLICK, an item can be dragged out of the list into the view, Escape or a press elsewhere closes it.
+// Home and End move the selection, to the ends of all that is shown with Ctrl.
 #pragma once
 
 #include "CalendarCtrl.h"
@@ -40,9 +41,15 @@ protected:
     void OptionsChanged(const CalendarOptions& before) override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    virtual void MoveToEnd(BOOL bLast, UINT nFlags) = 0; // Home and End; flags as in MoveForward
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    DECLARE_MESSAGE_MAP()
+
 private:
     friend class CMoreListWnd;
     friend class dayvane::CalendarWindowAccess;
+    void MoveToFirst(UINT nFlags) { MoveToEnd(FALSE, nFlags); }
+    void MoveToLast(UINT nFlags) { MoveToEnd(TRUE, nFlags); }
     void OnMoreListGone(CMoreListWnd* pList);
     // Asked by the list. One made before the items changed gets nothing.
     void ChooseListedItem(int nItem, unsigned nItemVersion);

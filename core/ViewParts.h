@@ -25,7 +25,6 @@ struct ViewCell
     CRect band = CRect(0, 0, 0, 0);   // time grids: its part of the full-day band; empty: none
     COleDateTime first;               // 00:00 of its first day; not valid: the cell stands for no date
     COleDateTime last;                // 23:59:59 of its last day
-    bool isOtherMonth = false;
 };
 
 // A piece of an item, as the screen list has it.

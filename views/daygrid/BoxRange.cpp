@@ -108,6 +108,11 @@ BoxRange::BoxRange(RangeKind kind, const COleDateTime& date, int firstDayOfWeek)
     }
 }
 
+int BoxRange::Columns() const
+{
+    return FormOf(m_kind).columns;
+}
+
 BoxRange BoxRange::FromDay(RangeKind kind, int firstDay)
 {
     BoxRange range(kind);

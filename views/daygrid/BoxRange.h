@@ -7,6 +7,7 @@
 #pragma once
 
 #include "../../core/CalendarRecords.h"
+#include "../../core/ScrollCode.h"
 #include "BarGrid.h"
 #include "RowPieces.h"
 
@@ -20,19 +21,6 @@ constexpr int kMonthCells = kMonthRows * kMonthColumns;
 constexpr int kBoxRows = 2;    // of the week and the year view
 constexpr int kWeekBoxes = 8;  // a week and the first day of the next one
 constexpr int kYearBoxes = 12; // months
-
-// The codes of WM_VSCROLL (SB_...), for which the pure layer has no header.
-enum ScrollCode
-{
-    SCROLL_LINEUP = 0,
-    SCROLL_LINEDOWN = 1,
-    SCROLL_PAGEUP = 2,
-    SCROLL_PAGEDOWN = 3,
-    SCROLL_THUMBPOSITION = 4,
-    SCROLL_THUMBTRACK = 5,
-    SCROLL_TOP = 6,
-    SCROLL_BOTTOM = 7,
-};
 
 struct ScrollBarRange
 {
@@ -68,6 +56,7 @@ public:
     RangeKind Kind() const { return m_kind; }
     bool HasDates() const { return m_hasDates; } // at least one box has a date
     int Count() const;                           // of boxes
+    int Columns() const;                         // boxes in a row
 
     // ---- Dates of boxes. Invalid where there is no date.
     COleDateTime FirstDate() const { return DateOfBox(0); }

@@ -37,14 +37,7 @@ CBoxViewCtrl::CBoxViewCtrl(const BoxViewKind& kind)
 {
     RegisterControlClass(kind.windowClass);
     m_nAutoScrollInterval = kind.range == RangeKind::Year ? kYearScrollInterval : kWeekScrollInterval;
-    const CalendarColors& colors = kind.colors;
-    m_colors.caption = colors.caption;
-    m_colors.captionText = colors.captionText;
-    m_colors.ruler = colors.ruler;
-    m_colors.rulerText = colors.rulerText;
-    m_colors.content = colors.content;
-    m_colors.grid = colors.grid;
-    m_colors.border = colors.border;
+    SetOwnColors(kind.colors);
     m_lfFonts[FONT_CAPTION] = LogFontOf({16, FW_BOLD, ANSI_CHARSET, "Arial"});
 }
 
@@ -120,9 +113,7 @@ void CBoxViewCtrl::BringInSight(const COleDateTime& date)
 
 void CBoxViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    const WindowAlive alive(this, m_life);
-    FinishEdit(TRUE);
-    if (!alive) {
+    if (!EndEdit()) {
         return;
     }
     CDayGridCtrl::SetCurrentDate(date);

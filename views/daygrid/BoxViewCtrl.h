@@ -81,8 +81,7 @@ protected:
     virtual void DrawTodayRect(CDC* pDC, CRect rect, int nBox);
     virtual void DrawFocusRect(CDC* pDC, CRect rect, int nBox);
 
-    // MoveSelectionEnd; scrolls by a posted message when the end leaves the range.
-    void MoveSelection(int nBoxes, UINT nFlags);
+    void MoveSelection(int nBoxes, UINT nFlags) override; // scrolls by a posted message
 
     int BoxOfStrip(const CRect& rcStrip) const; // -1: none
     BOOL IsBoxSelected(int nBox);               // and the selection is shown

@@ -25,7 +25,7 @@ void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 
 void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
 {
-    DrawBoxLines(pDC, rcCalendar, m_state->kind.metrics.columns);
+    DrawBoxLines(pDC, rcCalendar);
     const BoxPainter painter = PainterOn(pDC);
     for (int i = 0; i < GetBoxCount() && HasBoxColor(i); ++i) {
         const CRect box = PaintedPart(GetBox(i), m_rcContent);

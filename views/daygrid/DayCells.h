@@ -53,9 +53,9 @@ using BoxDayArray = CArray<BoxDay, const BoxDay&>;
 // `current` and against `today`. provider: see NoteOf in core/DayNote.h.
 void FillDays(const BoxRange& range, const COleDateTime& current, const COleDateTime& today,
               const DayProvider* provider, BoxDayArray& days);
-// Asks the provider again for days that are there; all else of them stays.
 // Which of them is today.
 void MarkToday(const COleDateTime& today, BoxDayArray& days);
+// Asks the provider again for days that are there; all else of them stays.
 void AnnotateDays(const DayProvider* provider, BoxDayArray& days);
 
 // The month view's range, as its days stand.

@@ -27,7 +27,6 @@ IMPLEMENT_DYNAMIC(CDayGridCtrl, CMoreListCtrl)
 
 BEGIN_MESSAGE_MAP(CDayGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
-ON_WM_KEYDOWN()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -154,6 +153,28 @@ void CDayGridCtrl::GetPaintedState(PaintedState& state)
 }
 
 // ---- Boxes
+
+void CDayGridCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
+{
+    BoxDayArray* days = GetDays();
+    const int box = days ? Range().BoxOf(date) : -1;
+    if (box != -1) {
+        (*days)[box].m_dayProperty = property;
+    }
+}
+
+void CDayGridCtrl::ClearDayProperty()
+{
+    if (BoxDayArray* days = GetDays()) {
+        ClearDayProperties(*days);
+    }
+}
+
+int CDayGridCtrl::GetDayColor(int nBox)
+{
+    BoxDayArray* days = GetDays();
+    return days ? (*days)[nBox].m_dayProperty.nDayColor : 0;
+}
 
 int CDayGridCtrl::GetBoxCount() const
 {
@@ -295,16 +316,17 @@ BoxPainter CDayGridCtrl::PainterOn(CDC* pDC)
     return BoxPainter(*pDC, *m_parts, m_colors, m_theme, m_scale);
 }
 
-void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns)
+void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar)
 {
+    const int columns = Range().Columns();
     std::vector<int> lefts;
     std::vector<int> tops;
     for (int i = 0; i < GetBoxCount(); ++i) {
         const CRect box = GetBoxRect(i);
-        if (i < nColumns) {
+        if (i < columns) {
             lefts.push_back(box.left);
         }
-        if (i % nColumns == 0) {
+        if (i % columns == 0) {
             tops.push_back(box.top);
         }
     }

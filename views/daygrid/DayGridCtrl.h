@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../../core/MoreListCtrl.h"
+#include "DayCells.h"
 
 #include <memory>
 #include <string>
@@ -28,6 +29,13 @@ public:
 
     void DeleteAllItems() override; // clears the more-items marks too
 
+    // Of the views whose boxes are days. Kept with the shown days only: forgotten when others are shown. A date that is
+    // not shown is ignored.
+    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
+    void ClearDayProperty() override;
+    // Colour number of the box's property, 0 none. Where there is no such box: CInvalidArgException.
+    int GetDayColor(int nBox) override;
+
     // Off at first. On: a press on a more-items mark (or F4, when the selected box has one) opens a list of the items
     // of that day or month; see CMoreListCtrl.
     void EnableMoreList(BOOL bEnable);
@@ -46,7 +54,8 @@ protected:
     }; // pixels at 96 dpi
 
     // ---- Hooks of the views. The boxes stand for days or months, in the order of time.
-    virtual dayvane::BoxRange Range() const = 0; // the dates of the boxes
+    virtual dayvane::BoxRange Range() const = 0;                // the dates of the boxes
+    virtual dayvane::BoxDayArray* GetDays() { return nullptr; } // the boxes as days; nullptr: they are none
     virtual CRect GetBoxRect(int nBox) = 0;
     virtual int GetHitStripHeight() = 0; // pixels at the top of a box that answer as its caption
     virtual int GetStripHeight() = 0;    // pixels at the top of a box for its number; the lines stand below them
@@ -75,7 +84,6 @@ protected:
 
     CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem) override;
     void GetPaintedState(dayvane::PaintedState& state) override;
-    int GetBoxesInRow();
     dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays) override;
     void ShowMoved(const COleDateTime& when, BOOL bWholeDays) override;
     void DescribeParts(dayvane::ViewParts& parts) override;
@@ -85,6 +93,12 @@ protected:
     // Keys: moves the selection end by so many boxes, the start too unless nFlags extends. TRUE when the end has left
     // the boxes in that direction: the view scrolls then.
     BOOL MoveSelectionEnd(int nBoxes, UINT nFlags);
+    virtual void MoveSelection(int nBoxes, UINT nFlags) = 0; // MoveSelectionEnd; scrolls where it says so
+    void MoveForward(UINT nFlags) override;                  // the box above; in the year view the year before
+    void MoveBackward(UINT nFlags) override;                 // the box below; in the year view the next year
+    void MoveLeftward(UINT nFlags) override { MoveSelection(-1, nFlags); }
+    void MoveRightward(UINT nFlags) override { MoveSelection(1, nFlags); }
+    void MoveToEnd(BOOL bLast, UINT nFlags) override;
     void ResetScrollBar(); // range and thumb as the dates of the boxes have them
 
     // The window may be gone after each.
@@ -121,8 +135,8 @@ protected:
     BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText) override;
     virtual BOOL IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16string& strText);
     dayvane::BoxPainter PainterOn(CDC* pDC);
-    // The border of the calendar and the lines between the boxes, so many in a row.
-    void DrawBoxLines(CDC* pDC, const CRect& rcCalendar, int nColumns);
+    // The border of the calendar and the lines between the boxes.
+    void DrawBoxLines(CDC* pDC, const CRect& rcCalendar);
     // The more-items mark in the lower right corner of a box.
     void DrawMoreMark(CDC* pDC, const CRect& box);
 
@@ -147,7 +161,6 @@ protected:
     void DrawListEnd(CDC* pDC, const CRect& rcList) override { DrawMoreMark(pDC, rcList); }
 
     afx_msg void OnDestroy();
-    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
 
     const std::unique_ptr<dayvane::DayGridParts> m_parts;
@@ -158,9 +171,6 @@ private:
     bool RemakePieces(const std::vector<int>& rows);
     void UpdateShown(const std::vector<dayvane::PieceMove>& moved);
     void PreparePainting(); // makes the mark of hidden items
-    void MoveToFirst(UINT nFlags);
-    void MoveToLast(UINT nFlags);
-    void MoveToEnd(BOOL bLast, UINT nFlags);
 
     HICON m_hMoreMark = nullptr;
     std::vector<int> m_shown;

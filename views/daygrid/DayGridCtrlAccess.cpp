@@ -13,20 +13,10 @@ constexpr int kMostPages = 100; // turned by one key; a step of a key needs at m
 
 } // namespace
 
-int CDayGridCtrl::GetBoxesInRow()
-{
-    const int count = GetBoxCount();
-    int columns = 1;
-    while (columns < count && GetBoxRect(columns).top == GetBoxRect(0).top) {
-        ++columns;
-    }
-    return columns;
-}
-
 KeyStep CDayGridCtrl::GetKeyStep(KeyArrow arrow, bool)
 {
     const KeyStep::Unit unit = Range().Kind() == RangeKind::Year ? KeyStep::MONTHS : KeyStep::DAYS;
-    const int row = GetBoxesInRow();
+    const int row = Range().Columns();
     switch (arrow) {
     case KeyArrow::Left:
         return {unit, -1};
@@ -69,5 +59,5 @@ void CDayGridCtrl::DescribeParts(ViewParts& parts)
         boxes.push_back(GetBoxRect(i));
         marks.push_back(HasMoreMark(i) ? GetMarkBox(i) : CRect(0, 0, 0, 0));
     }
-    FillBoxParts({range, GetBoxesInRow(), GetHitStripHeight(), boxes, marks, m_arScreenItem}, parts);
+    FillBoxParts({range, range.Columns(), GetHitStripHeight(), boxes, marks, m_arScreenItem}, parts);
 }

@@ -8,26 +8,22 @@
 
 using namespace dayvane;
 
-void CDayGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+void CDayGridCtrl::MoveForward(UINT nFlags)
 {
-    const WindowAlive alive(this, m_life);
-    if (nChar == VK_HOME || nChar == VK_END) {
-        ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CDayGridCtrl::MoveToFirst
-                                                                             : &CDayGridCtrl::MoveToLast));
-    }
-    if (alive) {
-        CMoreListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
+    if (Range().Kind() == RangeKind::Year) {
+        CMoreListCtrl::MoveForward(nFlags);
+    } else {
+        MoveSelection(-Range().Columns(), nFlags);
     }
 }
 
-void CDayGridCtrl::MoveToFirst(UINT nFlags)
+void CDayGridCtrl::MoveBackward(UINT nFlags)
 {
-    MoveToEnd(FALSE, nFlags);
-}
-
-void CDayGridCtrl::MoveToLast(UINT nFlags)
-{
-    MoveToEnd(TRUE, nFlags);
+    if (Range().Kind() == RangeKind::Year) {
+        CMoreListCtrl::MoveBackward(nFlags);
+    } else {
+        MoveSelection(Range().Columns(), nFlags);
+    }
 }
 
 // With Ctrl to the first or last box that has a date, else within the week of the selection's end.
@@ -65,9 +61,11 @@ CRect CDayGridCtrl::GetFocusBox()
 void CDayGridCtrl::BeginEditItem(const char* lpszText)
 {
     const CString text(lpszText); // the caller's may go with the edit that ends now
+    if (!EndEdit()) {
+        return;
+    }
     const WindowAlive alive(this, m_life);
-    FinishEdit(TRUE);
-    if (alive && IsValid(m_dtSelBegin) && m_dtSelBegin.m_dt != 0.0 && !Range().Holds(m_dtSelBegin)) {
+    if (IsBound(m_dtSelBegin) && !Range().Holds(m_dtSelBegin)) {
         BringInSight(m_dtSelBegin);
     }
     if (alive) {

@@ -51,6 +51,9 @@ int CDayGridCtrl::GetLinesHeight()
 void CDayGridCtrl::DayProviderChanged()
 {
     m_parts->lines.Forget();
+    if (BoxDayArray* days = GetDays()) {
+        AnnotateDays(GetDayProvider(), *days);
+    }
 }
 
 void CDayGridCtrl::DrawBoxLinesText(CDC* pDC, int nBox, const CRect& box)

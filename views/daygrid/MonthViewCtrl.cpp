@@ -15,13 +15,9 @@ namespace {
 
 constexpr char kWindowClass[] = "MFCMonthViewCtrl";
 
-// Colours in the order of the control's settings.
-constexpr COLORREF kCaptionColor = 0x3F6CE2;
-constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
-constexpr COLORREF kGridColor = 0xE1BFA5;
-constexpr COLORREF kBorderColor = 0x2299EE;
-constexpr COLORREF kRulerColor = 0xFFF6F0; // of the week numbers
-constexpr COLORREF kRulerTextColor = 0x804830;
+constexpr CalendarColors kMonthColors = {
+    // caption, caption text, ruler (the week numbers), ruler text, content, grid, border
+    0x3F6CE2, 0xFFFFFF, 0xFFF6F0, 0x804830, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 constexpr COLORREF kOtherMonthColor = 0xEEEEEE;
 
 constexpr int kWeekScrollInterval = 400; // milliseconds
@@ -42,12 +38,7 @@ CMonthViewCtrl::CMonthViewCtrl() : m_crOtherMonth(kOtherMonthColor), m_crButtonF
     RegisterControlClass(kWindowClass, reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW)));
     m_pOwnType = &typeid(CMonthViewCtrl);
     m_strTitle = "Monthly Calendar";
-    m_colors.caption = kCaptionColor;
-    m_colors.captionText = kCaptionTextColor;
-    m_colors.grid = kGridColor;
-    m_colors.border = kBorderColor;
-    m_colors.ruler = kRulerColor;
-    m_colors.rulerText = kRulerTextColor;
+    SetOwnColors(kMonthColors);
     m_nAutoScrollInterval = kWeekScrollInterval;
     m_dtCurrent = m_dtScroll = Now();
     m_arHeaderCell.SetSize(kMonthColumns);
@@ -86,12 +77,6 @@ void CMonthViewCtrl::ShowRange(const BoxRange& range)
     FillDays(range, m_dtCurrent, Now(), GetDayProvider(), m_arCellDate);
 }
 
-void CMonthViewCtrl::DayProviderChanged()
-{
-    CDayGridCtrl::DayProviderChanged();
-    AnnotateDays(GetDayProvider(), m_arCellDate);
-}
-
 void CMonthViewCtrl::TodayChanged()
 {
     dayvane::MarkToday(Now(), m_arCellDate);
@@ -116,9 +101,7 @@ void CMonthViewCtrl::DescribeParts(ViewParts& parts)
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
 {
-    const WindowAlive alive(this, m_life);
-    FinishEdit(TRUE);
-    if (!alive) {
+    if (!EndEdit()) {
         return;
     }
     CDayGridCtrl::SetCurrentDate(date);
@@ -147,24 +130,6 @@ void CMonthViewCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 {
     first = StartOfDay(m_arCellDate[0].m_date);
     last = EndOfDay(m_arCellDate[kMonthCells - 1].m_date);
-}
-
-void CMonthViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
-{
-    const int cell = Range().BoxOf(date);
-    if (cell != -1) {
-        m_arCellDate[cell].m_dayProperty = property;
-    }
-}
-
-void CMonthViewCtrl::ClearDayProperty()
-{
-    ClearDayProperties(m_arCellDate);
-}
-
-int CMonthViewCtrl::GetDayColor(int nCell)
-{
-    return m_arCellDate[nCell].m_dayProperty.nDayColor;
 }
 
 // ---- Layout
@@ -232,26 +197,6 @@ int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
 }
 
 // ---- Keyboard moves
-
-void CMonthViewCtrl::MoveForward(UINT nFlags)
-{
-    MoveSelection(-kMonthColumns, nFlags);
-}
-
-void CMonthViewCtrl::MoveBackward(UINT nFlags)
-{
-    MoveSelection(kMonthColumns, nFlags);
-}
-
-void CMonthViewCtrl::MoveLeftward(UINT nFlags)
-{
-    MoveSelection(-1, nFlags);
-}
-
-void CMonthViewCtrl::MoveRightward(UINT nFlags)
-{
-    MoveSelection(1, nFlags);
-}
 
 void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
 {

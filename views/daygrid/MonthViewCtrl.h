@@ -44,12 +44,6 @@ public:
     // afterwards.
     void MoveCalendar(int nWeeks);
 
-    // Kept with the shown days only: forgotten when the grid moves. A date that is not shown is ignored.
-    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
-    void ClearDayProperty() override;
-    // Colour number of the cell's property, 0 none. An index outside 0..41 throws CInvalidArgException.
-    int GetDayColor(int nCell) override;
-
     // The cells, row by row, 0..41; other indices throw CInvalidArgException.
     const CCell& GetCell(int i) const { return m_arCell[i]; }
     const CCellDate& GetCellDate(int i) const { return m_arCellDate[i]; }
@@ -60,7 +54,6 @@ protected:
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar) override;
     virtual CSize CalcCellSize(CRect rcCalendar);
     virtual void CalcCellRect(CRect rcHeader, const CRect& rcCalendar);
-    void DayProviderChanged() override;
     void TodayChanged() override;
     void BringInSight(const COleDateTime& date) override;
     void DescribeParts(dayvane::ViewParts& parts) override;
@@ -68,6 +61,7 @@ protected:
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     dayvane::BoxRange Range() const override;
+    dayvane::BoxDayArray* GetDays() override { return &m_arCellDate; }
     CRect GetBoxRect(int nBox) override { return m_arCell[nBox].m_rect; }
     int GetHitStripHeight() override;
     int GetStripHeight() override;
@@ -84,10 +78,7 @@ protected:
     virtual void DrawTodayRect(CDC* pDC, CRect rect);
     virtual void DrawFocusRect(CDC* pDC, CRect rect);
 
-    void MoveForward(UINT nFlags) override;  // a week earlier
-    void MoveBackward(UINT nFlags) override; // a week later
-    void MoveLeftward(UINT nFlags) override;
-    void MoveRightward(UINT nFlags) override;
+    void MoveSelection(int nDays, UINT nFlags) override;
 
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
@@ -103,7 +94,6 @@ protected:
     COLORREF m_crButtonFace;
 
 private:
-    void MoveSelection(int nDays, UINT nFlags);
     dayvane::MonthPicture TakePicture();
     void RepaintMoved(dayvane::MonthPicture& before, int nWeeks);
     void MoveCalendarFrom(dayvane::MonthPicture& before, int nWeeks);

@@ -50,7 +50,7 @@ DayLookInput CMonthViewCtrl::LookInput()
 
 void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
 {
-    DrawBoxLines(pDC, rcCalendar, kMonthColumns);
+    DrawBoxLines(pDC, rcCalendar);
     const BoxPainter painter = PainterOn(pDC);
     const DayLookInput input = LookInput();
     // A colour that the table lacks ends the cells; what lies over them is painted all the same.

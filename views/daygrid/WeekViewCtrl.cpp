@@ -71,55 +71,9 @@ void CWeekViewCtrl::RangeChanged()
     FillDays(Range(), Range().FirstDate(), Now(), GetDayProvider(), m_arDayDate);
 }
 
-void CWeekViewCtrl::DayProviderChanged()
-{
-    CBoxViewCtrl::DayProviderChanged();
-    AnnotateDays(GetDayProvider(), m_arDayDate);
-}
-
 BOOL CWeekViewCtrl::HasMoreMark(int nBox)
 {
     return nBox != kLastShown && CBoxViewCtrl::HasMoreMark(nBox);
-}
-
-void CWeekViewCtrl::SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property)
-{
-    const int box = Range().BoxOf(date);
-    if (box != -1) {
-        m_arDayDate[box].m_dayProperty = property;
-    }
-}
-
-void CWeekViewCtrl::ClearDayProperty()
-{
-    ClearDayProperties(m_arDayDate);
-}
-
-int CWeekViewCtrl::GetDayColor(int nDay)
-{
-    return m_arDayDate[nDay].m_dayProperty.nDayColor;
-}
-
-// ---- Navigation
-
-void CWeekViewCtrl::MoveForward(UINT nFlags)
-{
-    MoveSelection(-kWeekMetrics.columns, nFlags);
-}
-
-void CWeekViewCtrl::MoveBackward(UINT nFlags)
-{
-    MoveSelection(kWeekMetrics.columns, nFlags);
-}
-
-void CWeekViewCtrl::MoveLeftward(UINT nFlags)
-{
-    MoveSelection(-1, nFlags);
-}
-
-void CWeekViewCtrl::MoveRightward(UINT nFlags)
-{
-    MoveSelection(1, nFlags);
 }
 
 // ---- Painting

@@ -26,18 +26,12 @@ public:
     // Selects the date at 00:00.
     void SetCurrentDate(const COleDateTime& date) override;
 
-    // Kept with the shown days only: forgotten when the range moves. A date that is not shown is ignored.
-    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
-    void ClearDayProperty() override;
-    // Colour number of the day's property, 0 none. An index outside 0..7 throws CInvalidArgException.
-    int GetDayColor(int nDay) override;
-
     // The boxes in the order of the days, 0..7; other indices throw CInvalidArgException.
     const CRect& GetDayRect(int nDay) const { return GetBox(nDay); }
 
 protected:
     void RangeChanged() override;
-    void DayProviderChanged() override;
+    dayvane::BoxDayArray* GetDays() override { return &m_arDayDate; }
     BOOL HasMoreMark(int nBox) override; // never the eighth
     std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
 
@@ -48,11 +42,6 @@ protected:
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
     virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
-
-    void MoveForward(UINT nFlags) override;  // the box above
-    void MoveBackward(UINT nFlags) override; // the box below
-    void MoveLeftward(UINT nFlags) override;
-    void MoveRightward(UINT nFlags) override;
 
     // Of the eight boxes.
     CRect* const m_rcDay;

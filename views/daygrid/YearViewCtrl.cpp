@@ -80,18 +80,6 @@ BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
     return CBoxViewCtrl::PreTranslateMessage(pMsg);
 }
 
-// ---- Navigation
-
-void CYearViewCtrl::MoveLeftward(UINT nFlags)
-{
-    MoveSelection(-1, nFlags);
-}
-
-void CYearViewCtrl::MoveRightward(UINT nFlags)
-{
-    MoveSelection(1, nFlags);
-}
-
 // ---- Size and combo box
 
 void CYearViewCtrl::OnSize(UINT nType, int cx, int cy)

@@ -44,8 +44,6 @@ protected:
 
     void ScaleChanged(const dayvane::ViewScale& before) override;
     void PreSubclassWindow() override;
-    void MoveLeftward(UINT nFlags) override;
-    void MoveRightward(UINT nFlags) override;
 
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);

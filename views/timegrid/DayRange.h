@@ -8,12 +8,6 @@
 
 namespace dayvane {
 
-// Whether it is a bound of a selection: the date 0.0 stands for none.
-inline bool IsBound(const COleDateTime& date)
-{
-    return IsValid(date) && date.m_dt != 0.0;
-}
-
 struct GridSelection
 {
     COleDateTime current; // the current date

@@ -13,12 +13,9 @@ namespace {
 constexpr char kWindowClass[] = "MFCDayViewCtrl";
 constexpr int kRowsPerHour = 2;
 
-constexpr COLORREF kCaptionColor = 0x10B6F7;
-constexpr COLORREF kCaptionTextColor = 0xFFFFFF;
-constexpr COLORREF kRulerColor = 0xFFEFE3;
-constexpr COLORREF kRulerTextColor = 0xCF9365;
-constexpr COLORREF kGridColor = 0xE1BFA5;
-constexpr COLORREF kBorderColor = 0x2299EE;
+constexpr CalendarColors kDayColors = {
+    // caption, caption text, ruler, ruler text, content, grid, border
+    0x10B6F7, 0xFFFFFF, 0xFFEFE3, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0x2299EE};
 } // namespace
 
 IMPLEMENT_DYNCREATE(CDayViewCtrl, CTimeGridCtrl)
@@ -29,12 +26,7 @@ CDayViewCtrl::CDayViewCtrl()
 {
     m_pOwnType = &typeid(CDayViewCtrl);
     RegisterControlClass(kWindowClass);
-    SetCaptionColor(kCaptionColor);
-    SetCaptionTextColor(kCaptionTextColor);
-    SetRulerColor(kRulerColor);
-    SetRulerTextColor(kRulerTextColor);
-    SetGridColor(kGridColor);
-    SetBorderColor(kBorderColor);
+    SetOwnColors(kDayColors);
     m_dtCurrentDate = m_dtSelBegin = m_dtSelEnd = Now();
     ShowCaption(TRUE);
     SetCaptionText("Daily Calendar");

@@ -25,7 +25,6 @@ BEGIN_MESSAGE_MAP(CTimeGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_VSCROLL()
-ON_WM_KEYDOWN()
 ON_WM_TIMER()
 ON_WM_MOUSEWHEEL()
 ON_MESSAGE(WM_MOUSEHWHEEL, &CTimeGridCtrl::OnMouseHWheel)
@@ -65,13 +64,6 @@ void CTimeGridCtrl::OnDestroy()
     CCalendarCtrl::OnDestroy();
     m_pParts->fonts.Clear();
     m_pParts->tools.Clear();
-}
-
-bool CTimeGridCtrl::EndEdit()
-{
-    const WindowAlive alive(this, m_life);
-    FinishEdit(TRUE);
-    return static_cast<bool>(alive);
 }
 
 void CTimeGridCtrl::SetCurrentDate(const COleDateTime& date)

@@ -101,6 +101,7 @@ protected:
     void GetCurCellRect(CRect& rect, int& nMode) override;
     void MoveBackward(UINT nFlags) override;
     void MoveForward(UINT nFlags) override;
+    void MoveToEnd(BOOL bLast, UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
     dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays) override;
     void ShowMoved(const COleDateTime& when, BOOL bWholeDays) override;
@@ -131,7 +132,6 @@ protected:
     // Creates the window. As every window that becomes one of a time grid it is scrolled to the present time.
     BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
                     CCreateContext* pContext);
-    bool EndEdit(); // commits an open edit; false when the host has ended the control meanwhile
     dayvane::TimeScale Scale() const;
     dayvane::TimeGridState State() const; // as laid out and scrolled now
     dayvane::TimeGridPainter Painter(CDC* pDC) const;
@@ -174,7 +174,6 @@ protected:
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
-    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point);
     afx_msg LRESULT OnMouseHWheel(WPARAM wParam, LPARAM lParam);
@@ -188,9 +187,6 @@ private:
     bool RowsFillGrid(int nOffset) const;
     void RepaintCutBoxes(int nOldOffset);
     void ShowInGrid(const CRect& box, bool inBand);
-    void MoveToFirst(UINT nFlags);
-    void MoveToLast(UINT nFlags);
-    void MoveToEnd(BOOL bLast, UINT nFlags);
     void CalcFrame();
     void MoveRow(BOOL bLater, UINT nFlags);
     dayvane::GridWindow RowWindow() const;

@@ -85,29 +85,7 @@ void CTimeGridCtrl::KeepCursorInSight()
     }
 }
 
-void CTimeGridCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    const WindowAlive alive(this, m_life);
-    if (nChar == VK_HOME || nChar == VK_END) {
-        ArrowKey(static_cast<void (CCalendarCtrl::*)(UINT)>(nChar == VK_HOME ? &CTimeGridCtrl::MoveToFirst
-                                                                             : &CTimeGridCtrl::MoveToLast));
-    }
-    if (alive) {
-        CCalendarCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
-    }
-}
-
 // With Ctrl over all days that are shown, else within the day.
-void CTimeGridCtrl::MoveToFirst(UINT nFlags)
-{
-    MoveToEnd(FALSE, nFlags);
-}
-
-void CTimeGridCtrl::MoveToLast(UINT nFlags)
-{
-    MoveToEnd(TRUE, nFlags);
-}
-
 void CTimeGridCtrl::MoveToEnd(BOOL bLast, UINT nFlags)
 {
     if (!EndEdit()) {

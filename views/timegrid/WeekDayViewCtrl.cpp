@@ -17,11 +17,9 @@ constexpr int kRowsPerHour = 2;
 constexpr int kMinDays = 2;
 constexpr int kMaxDays = 14;
 
-constexpr COLORREF kCaptionColor = 0x996633;
-constexpr COLORREF kRulerColor = 0xFFEFE3;
-constexpr COLORREF kRulerTextColor = 0xCF9365;
-constexpr COLORREF kGridColor = 0xE1BFA5;
-
+constexpr CalendarColors kDaysColors = {
+    // caption, caption text, ruler, ruler text, content, grid, border
+    0x996633, 0x330000, 0xFFEFE3, 0xCF9365, 0xFFFFFF, 0xE1BFA5, 0xE1BFA5};
 } // namespace
 
 IMPLEMENT_DYNCREATE(CWeekDayViewCtrl, CTimeGridCtrl)
@@ -33,11 +31,7 @@ CWeekDayViewCtrl::CWeekDayViewCtrl() : m_crToday(::GetSysColor(COLOR_BTNFACE))
     m_pOwnType = &typeid(CWeekDayViewCtrl);
     RegisterControlClass(kWindowClass);
     SetViewOption(5, 2);
-    SetCaptionColor(kCaptionColor);
-    SetRulerColor(kRulerColor);
-    SetRulerTextColor(kRulerTextColor);
-    SetBorderColor(kGridColor);
-    SetGridColor(kGridColor);
+    SetOwnColors(kDaysColors);
     m_lfFonts[FONT_CAPTION] = LogFontOf({25, FW_DONTCARE, ANSI_CHARSET, "MS Sans Serif"});
     SetCaptionText("Weekday Calendar");
     ShowCaption(TRUE);
