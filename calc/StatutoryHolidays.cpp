@@ -18,8 +18,8 @@ constexpr bool AreRowsSound()
 {
     for (const HolidayRow& row : kHolidayLaw) {
         for (const HolidayRow& other : kHolidayLaw) {
-            const bool meet = row.firstDay <= other.lastDay && other.firstDay <= row.lastDay;
-            if (&row != &other && meet && std::string_view(row.name) == other.name) {
+            const bool overlap = row.firstDay <= other.lastDay && other.firstDay <= row.lastDay;
+            if (&row != &other && overlap && std::string_view(row.name) == other.name) {
                 return false;
             }
         }

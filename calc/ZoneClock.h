@@ -10,7 +10,7 @@ namespace dayvane {
 // showed UTC.
 using ClockSeconds = long long;
 
-// From this moment on the zone's clock is so many seconds ahead of UTC (behind it, when negative).
+// From this moment on the zone's clock is so many seconds ahead of UTC (negative: later than it).
 struct ZoneTransition
 {
     ClockSeconds utc;

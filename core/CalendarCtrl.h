@@ -391,7 +391,7 @@ protected:
     void NotifyItemByKey(int nCode, int nIndex, int nSubValue);
     void UpdateScreenItems(); // MakeScreenItem and CalcItemRect
     void ItemsChanged(int bUpdate, int bRedraw);
-    // To be called by whoever has set the item at the index, or added it, or removed it, before ItemsChanged.
+    // To be called when the item at the index was set, added or removed, before ItemsChanged.
     void ItemStored(int nIndex);
     void ItemsWanted(); // other days may be shown now: asks the item source, if there is one, and takes its answer
     void ItemRemoved(int nIndex);
@@ -401,7 +401,7 @@ protected:
     // The items set since the screen items were last made of the store; nullptr: more has changed than that.
     const std::vector<int>* ItemsSetSinceMade() const { return m_bManyChanged ? nullptr : &m_setItems; }
     void ScreenItemsMade();
-    // For RefreshChanged a view tells its changes of m_arScreenItem: before all or one is made anew, after few moved.
+    // For RefreshChanged a view reports its changes of m_arScreenItem: before all or one is made anew, after few moved.
     void AllPiecesChange();
     void PieceChanges(int nScreenItem);
     void PiecesMoved(const std::vector<dayvane::PieceMove>& moved);

@@ -253,7 +253,7 @@ BOOL CCalendarCtrl::BeginTyping(UINT nChar)
 }
 
 // While keys carry an item its keys come before the host's accelerators; any other key ends that before it becomes a
-// command. TRUE: the key is done with.
+// command. TRUE: the key is handled.
 BOOL CCalendarCtrl::TakeCarryKey(const MSG& msg)
 {
     const bool isKey = msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN;

@@ -77,7 +77,7 @@ void CCalendarCtrl::RefreshChanged()
     PaintedState after;
     after.wantsPieces = watch.isWhole;
     GetPaintedState(after);
-    if (!watch.isTold || !FindDifferences(watch.before, after, watch.boxes)) {
+    if (!watch.isReported || !FindDifferences(watch.before, after, watch.boxes)) {
         InvalidateClient();
         return;
     }
@@ -91,7 +91,7 @@ void CCalendarCtrl::AllPiecesChange()
         GetPaintedState(state);
         m_pWatch->before.pieces = std::move(state.pieces);
         m_pWatch->changed.clear();
-        m_pWatch->isTold = m_pWatch->isWhole = true;
+        m_pWatch->isReported = m_pWatch->isWhole = true;
     }
 }
 
@@ -108,7 +108,7 @@ void CCalendarCtrl::PiecesMoved(const std::vector<PieceMove>& moved)
     if (!m_pWatch || m_pWatch->isWhole) {
         return;
     }
-    m_pWatch->isTold = true;
+    m_pWatch->isReported = true;
     for (const PieceMove& piece : moved) {
         if (piece.wasHidden && m_arScreenItem[piece.position].bNoFocus) {
             continue;

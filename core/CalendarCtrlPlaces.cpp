@@ -57,7 +57,7 @@ int MarkAfter(const ViewParts& parts, const COleDateTime& date)
     return last;
 }
 
-// The days that a time grid shows turn to the next or previous ones, which the host is told by the caller. FALSE: there
+// The days that a time grid shows turn to the next or previous ones, which the caller reports to the host. FALSE: there
 // are none. A working week leaves out days, so that a step may lead to the same one.
 bool TurnDays(CCalendarCtrl& ctrl, bool isBack)
 {

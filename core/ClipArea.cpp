@@ -93,7 +93,7 @@ bool ClipArea::Fill(const CRect& rect, COLORREF color) const
     return true;
 }
 
-bool ClipArea::Meets(const CRect& rect) const
+bool ClipArea::Intersects(const CRect& rect) const
 {
     CRect seen;
     if (!seen.IntersectRect(&rect, &m_box)) {

@@ -17,7 +17,7 @@ public:
     // buffer: the device context, if it is one; then its parts count, too.
     explicit ClipArea(CDC& dc, const CMemDC* buffer = nullptr);
 
-    bool Meets(const CRect& rect) const; // some of it can be seen
+    bool Intersects(const CRect& rect) const; // some of it can be seen
     const CRect& Box() const { return m_box; }
     // Fills the rectangle in the buffer's own pixels, many times as fast as the system. False: it is to be filled by
     // the system. What of the buffer is in the box and in no part may be filled, too: it is not shown.

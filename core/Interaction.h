@@ -46,7 +46,7 @@ struct Interaction
     CRect paintedFocus = CRect(0, 0, 0, 0); // where the window shows it now; empty: nowhere
     bool tabsBack = false;                  // the item that Tab looks for is an earlier one
 
-    ViewPlace place = ViewPlace::Grid; // the band is told by the selection
+    ViewPlace place = ViewPlace::Grid; // the selection says whether it is the band
     int mark = 0;                      // position in ViewParts::marks, while the place is a mark
     SelectedRange beforeBand;          // what was selected in the rows
 

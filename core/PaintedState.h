@@ -38,11 +38,11 @@ struct PieceMove
     bool wasHidden;
 };
 
-// What a layout does to the pieces that were there, as the view tells while it lays out.
+// What a layout does to the pieces that were there, as the view reports while it lays out.
 struct LayoutWatch
 {
     PaintedState before;
-    bool isTold = false;      // it was told at all
+    bool isReported = false;  // the view has reported anything
     bool isWhole = false;     // all pieces are made or placed anew; `before` has what they were
     std::vector<int> changed; // positions of single pieces that are made anew
     std::vector<CRect> boxes; // painted boxes that single pieces have left or come to

@@ -100,7 +100,7 @@ DV_INLINE LRESULT DvGetItem(HWND control, int nIndex, DV_ITEM* item)
     return SendMessageW(control, DVM_GETITEM, (WPARAM)nIndex, (LPARAM)item);
 }
 
-#define DVM_DELETEITEM (DVM_FIRST + 3) /* Deletes the item; those behind it move up. The current item stays the same one; when it is the deleted one, none is current. */
+#define DVM_DELETEITEM (DVM_FIRST + 3) /* Deletes the item; those after it move up. The current item stays the same one; when it is the deleted one, none is current. */
 DV_INLINE LRESULT DvDeleteItem(HWND control, int nIndex, UINT uFlags)
 {
     return SendMessageW(control, DVM_DELETEITEM, (WPARAM)nIndex, (LPARAM)uFlags);
@@ -440,7 +440,7 @@ typedef struct DV_PRINT
 
 #define DVP_LIST 0x0001 /* An agenda instead of the view's own page. */
 
-#define DVM_HITTEST (DVM_FIRST + 56) /* Tells what lies under a point. */
+#define DVM_HITTEST (DVM_FIRST + 56) /* Reports what lies under a point. */
 DV_INLINE LRESULT DvHitTest(HWND control, DV_HIT* hit)
 {
     return SendMessageW(control, DVM_HITTEST, 0, (LPARAM)hit);

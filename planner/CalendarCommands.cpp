@@ -53,10 +53,10 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
     m_sidePane.DocumentChanged();
     RefreshFound();
     RememberFile();
-    Tell(messages.empty()       ? std::string()
-         : messages.size() == 1 ? planner::Tr("One thing of the file is not shown or not understood: see above")
-                                : planner::Tr("%1 things of the file are not shown or not understood: see above",
-                                              std::to_string(messages.size())));
+    ShowStatus(messages.empty()       ? std::string()
+               : messages.size() == 1 ? planner::Tr("One thing of the file is not shown or not understood: see above")
+                                      : planner::Tr("%1 things of the file are not shown or not understood: see above",
+                                                    std::to_string(messages.size())));
     return 0;
 }
 
@@ -70,7 +70,7 @@ void CPlannerFrame::ShowMessages(const std::vector<planner::Message>& others)
     RecalcLayout();
 }
 
-// Today; when the file has nothing in the months around it, the day of its last item before or its first behind.
+// Today; when the file has nothing in the months around it, the day of its last item before or its first after.
 COleDateTime CPlannerFrame::FirstDay()
 {
     // Further and further: series would be expanded as far as one asks.
@@ -83,9 +83,9 @@ COleDateTime CPlannerFrame::FirstDay()
         return today;
     }
     for (const planner::LocalTime reach : reaches) {
-        const auto behind = calendar.OccurrencesIn(now, std::min(now + reach, planner::kEndOfTime));
-        if (!behind.empty()) {
-            return dayvane::StartOfDay(planner::DateOfLocal(behind.front().times.start));
+        const auto after = calendar.OccurrencesIn(now, std::min(now + reach, planner::kEndOfTime));
+        if (!after.empty()) {
+            return dayvane::StartOfDay(planner::DateOfLocal(after.front().times.start));
         }
     }
     for (const planner::LocalTime reach : reaches) {

@@ -128,7 +128,7 @@ HBRUSH CCalendarList::CtlColor(CDC*, UINT)
 
 // ---- Input
 
-void CCalendarList::Tell(CalendarAction action, int index)
+void CCalendarList::Request(CalendarAction action, int index)
 {
     if (index >= 0) {
         GetParentFrame()->SendMessage(WM_PLANNER_CALENDAR, static_cast<WPARAM>(action), index);
@@ -145,13 +145,13 @@ void CCalendarList::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
     switch (nChar) {
     case VK_SPACE:
-        Tell(CalendarAction::Toggle, GetCurSel());
+        Request(CalendarAction::Toggle, GetCurSel());
         break;
     case VK_RETURN:
-        Tell(CalendarAction::Target, GetCurSel());
+        Request(CalendarAction::Target, GetCurSel());
         break;
     case VK_DELETE:
-        Tell(CalendarAction::Close, GetCurSel());
+        Request(CalendarAction::Close, GetCurSel());
         break;
     default:
         CListBox::OnKeyDown(nChar, nRepCnt, nFlags);
@@ -164,7 +164,7 @@ void CCalendarList::OnLButtonDown(UINT nFlags, CPoint point)
     CListBox::OnLButtonDown(nFlags, point);
     const int line = LineAt(point);
     if (line >= 0 && point.x < m_scale.Of(kBoxSize + 2 * kGap)) {
-        Tell(CalendarAction::Toggle, line);
+        Request(CalendarAction::Toggle, line);
     }
 }
 
@@ -174,7 +174,7 @@ void CCalendarList::OnLButtonDblClk(UINT nFlags, CPoint point)
     if (point.x < m_scale.Of(kBoxSize + 2 * kGap)) {
         OnLButtonDown(nFlags, point);
     } else {
-        Tell(CalendarAction::Target, line);
+        Request(CalendarAction::Target, line);
     }
 }
 
@@ -185,6 +185,6 @@ void CCalendarList::OnContextMenu(CWnd*, CPoint point)
     const int line = point.x == -1 && point.y == -1 ? GetCurSel() : LineAt(place);
     if (line >= 0) {
         SetCurSel(line);
-        Tell(CalendarAction::Menu, line);
+        Request(CalendarAction::Menu, line);
     }
 }

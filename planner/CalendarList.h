@@ -41,7 +41,7 @@ protected:
 private:
     int LineAt(CPoint point) const; // -1: none
     CRect BoxOf(const CRect& line) const;
-    void Tell(CalendarAction action, int index);
+    void Request(CalendarAction action, int index);
     int LineHeight() const;
 
     std::vector<planner::CalendarSet::Member> m_members;

@@ -1,5 +1,5 @@
 // The calendars that are shown together: one for most users, further ones beside it, each with a colour. To the views
-// they are one calendar: an occurrence's name tells which of them it belongs to, and steps are undone in the order in
+// they are one calendar: an occurrence's name says which of them it belongs to, and steps are undone in the order in
 // which they were made. Pure values, no window.
 #pragma once
 

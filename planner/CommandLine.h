@@ -29,9 +29,9 @@ struct CommandLine
     std::optional<Size> size;
     std::string pages; // where to print what the view shows, and end; empty: run
     std::string
-        paper; // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" behind it; empty: what suits the page
-    std::string days;     // what is shown of days besides the usual (planner/DayChoices.h)
-    std::string zone;     // of the second clock; empty: none
+        paper;        // A3, A4, A5, B5 or Letter, with "-portrait" or "-landscape" after it; empty: what suits the page
+    std::string days; // what is shown of days besides the usual (planner/DayChoices.h)
+    std::string zone; // of the second clock; empty: none
     std::string holidays; // a list as CSV; empty: the law's
     std::string language; // en or ja; empty: what the settings say
     std::string settings; // the file of the settings; empty: the user's own, none for pictures and pages

@@ -150,11 +150,11 @@ void CPlannerFrame::ShowHolidaysOf(const std::string& path)
     m_day = ShownDay();
     SetUpView();
     if (!bytes) {
-        Tell(planner::Tr("The holidays are those of the law"));
+        ShowStatus(planner::Tr("The holidays are those of the law"));
     } else if (report.days == 0) {
         ShowProblem(planner::Tr("There is no holiday in %1", path));
     } else {
-        Tell(planner::Tr("%1 holidays taken from %2", std::to_string(report.days), path));
+        ShowStatus(planner::Tr("%1 holidays taken from %2", std::to_string(report.days), path));
     }
 }
 
@@ -168,7 +168,7 @@ void CPlannerFrame::KeepDays()
 }
 
 // The pane is as wide as its text.
-void CPlannerFrame::TellDay(const COleDateTime& day)
+void CPlannerFrame::ShowDayNotes(const COleDateTime& day)
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
     const int firstDayOfWeek = ctrl ? ctrl->GetFirstDayOfWeek() : dayvane::kSunday;

@@ -1,6 +1,6 @@
 // Files by their names in any script and of any length: reading, writing as a whole, asking for one. What a file on the
 // disk looks like, to notice that somebody else has changed it, and the copy that is kept beside it while changes are
-// not saved. Paths are UTF-8 everywhere in the planner; only here they meet the system.
+// not saved. Paths are UTF-8 everywhere in the planner; only here they are passed to the system.
 #pragma once
 
 #include <afxwin.h>

@@ -81,7 +81,7 @@ void CPlannerFrame::TakeBack()
         return;
     }
     m_items.Load(Calendars());
-    Tell(planner::Tr("The item stays where it was"));
+    ShowStatus(planner::Tr("The item stays where it was"));
 }
 
 // Where a drag was let go: over the view, a day of the small calendars, or nothing that takes an item.

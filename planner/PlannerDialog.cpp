@@ -24,7 +24,7 @@ CRect Scaled(const CRect& rect, int dpi, int base)
                  MulDiv(rect.bottom, dpi, base));
 }
 
-// The place of a control in its dialog; that of a combo box with its list, as the system wants to hear it.
+// The place of a control in its dialog; that of a combo box with its list, as the system wants to be given it.
 CRect PlaceOf(HWND control, HWND dialog)
 {
     CRect place;

@@ -180,7 +180,7 @@ void CPlannerFrame::OnClose()
     CFrameWnd::OnClose();
 }
 
-// A command ends an edit that is open, so that it meets what is on the screen.
+// A command ends an edit that is open, so that it works on what is on the screen.
 BOOL CPlannerFrame::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     m_editor.Commit();
@@ -360,7 +360,7 @@ void CPlannerFrame::Follow()
     m_items.DropHidden();
     m_toolBar.Follow(day);
     m_sidePane.Follow(day);
-    TellDay(day); // changes the widths of the panes, which takes the texts away that the framework does not know
+    ShowDayNotes(day); // changes the widths of the panes, which takes the texts away that the framework does not know
     const int items = m_items.CountInView();
     const CPlannerDoc* document = Document();
     const bool isFiltered = document && document->IsFiltered();
@@ -379,7 +379,7 @@ void CPlannerFrame::Idle()
     }
     const planner::Occurrence* current = m_items.Current();
     const planner::OccurrenceId id = current ? current->id : planner::OccurrenceId();
-    if (id != m_toldItem) {
+    if (id != m_statusItem) {
         ShowCurrent();
     }
 }
@@ -512,26 +512,26 @@ void CPlannerFrame::Reveal(const planner::OccurrenceId& id)
 void CPlannerFrame::ShowCurrent()
 {
     const planner::Occurrence* current = m_items.Current();
-    m_toldItem = current ? current->id : planner::OccurrenceId();
-    Tell(current ? planner::DetailsOf(*current) : std::string());
+    m_statusItem = current ? current->id : planner::OccurrenceId();
+    ShowStatus(current ? planner::DetailsOf(*current) : std::string());
 }
 
 void CPlannerFrame::ShowProblem(const std::string& problem)
 {
     ::MessageBeep(MB_ICONWARNING);
-    Tell(problem);
+    ShowStatus(problem);
 }
 
-void CPlannerFrame::Tell(const std::string& text)
+void CPlannerFrame::ShowStatus(const std::string& text)
 {
-    m_told = text;
+    m_statusText = text;
     SetMessageText("");
 }
 
 // A command's line in the user's language. When a menu closes, the status bar says again what it said before.
 LRESULT CPlannerFrame::OnSetMessageString(WPARAM wParam, LPARAM lParam)
 {
-    std::string text = m_told;
+    std::string text = m_statusText;
     if (wParam != AFX_IDS_IDLEMESSAGE && lParam == 0) {
         CString all, line;
         all.LoadString(static_cast<UINT>(wParam));
@@ -545,8 +545,8 @@ LRESULT CPlannerFrame::OnSetMessageString(WPARAM wParam, LPARAM lParam)
 
 // ---- Notifications
 
-// The view hands on what its control tells. The usual way of notifications would ask the active view first, which would
-// hand it on again.
+// The view passes on what its control reports. The usual way of notifications would ask the active view first, which
+// would pass it on again.
 BOOL CPlannerFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     if (wParam != AFX_IDW_PANE_FIRST) {

@@ -214,14 +214,14 @@ private:
     void Reveal(const planner::OccurrenceId& id);
     void ShowCurrent();
     // In the status bar, until something else is to be shown; in the user's language.
-    void Tell(const std::string& text);
+    void ShowStatus(const std::string& text);
     void ApplySettings(CCalendarCtrl& ctrl);
     void ApplyTexts();
     void BeginDayChoices();
     void SpeakOfDays(); // in the user's language
     void KeepDays();
     void ApplyDays(CCalendarCtrl& ctrl);
-    void TellDay(const COleDateTime& day); // in its pane of the status bar
+    void ShowDayNotes(const COleDateTime& day); // in its pane of the status bar
     void ForgetDialogs();
     void ApplyTheme(); // to the view, bars and panes
     void ApplyScale();
@@ -236,10 +236,10 @@ private:
     planner::ChosenView m_view;
     COleDateTime m_day;      // to show when there is a view; not valid at first: see FirstDay
     COleDateTime m_followed; // by the bars and panes
-    std::string m_told;
+    std::string m_statusText;
     std::string m_title;
-    planner::OccurrenceId m_toldItem; // the current item when something was told of it last
-    bool m_altTaken = false;          // the key pressed with Alt was a command
+    planner::OccurrenceId m_statusItem; // the current item when its details were last shown
+    bool m_altTaken = false;            // the key pressed with Alt was a command
     planner::ShownItems m_items;
     planner::ItemEditor m_editor;
     std::size_t m_menuCalendar = 0;        // that the commands of the list of calendars are about

@@ -11,7 +11,7 @@
 // ---- Tips
 
 // The item at a point of the view, and where it is seen; nullptr: none, or several over each other, of which the view
-// tells by itself.
+// reports by itself.
 const planner::Occurrence* CPlannerFrame::ItemAt(CPoint client, CRect& part)
 {
     tagCCHITTESTINFO hit;

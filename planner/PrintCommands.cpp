@@ -87,7 +87,7 @@ void CPlannerFrame::OnExportPages()
                      MB_OK | MB_ICONEXCLAMATION);
         return;
     }
-    Tell(planner::Tr(pages == 1 ? "%1 page saved" : "%1 pages saved", std::to_string(pages)));
+    ShowStatus(planner::Tr(pages == 1 ? "%1 page saved" : "%1 pages saved", std::to_string(pages)));
 }
 
 int CPlannerFrame::PrintTo(const char* file, const std::string& paper, CString& problem)

@@ -48,9 +48,10 @@ void CPlannerFrame::FinishMerge(const planner::MergeReport& report)
         return;
     }
     if (report.added + report.replaced + report.removed == 0) {
-        Tell(planner::Tr("There was nothing new in it"));
+        ShowStatus(planner::Tr("There was nothing new in it"));
     } else {
-        Tell(planner::Tr("%1 items added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
+        ShowStatus(
+            planner::Tr("%1 items added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
     }
     if (!report.conflicts.empty()) {
         std::string list;

@@ -126,7 +126,7 @@ PrintSource SourceOf(CCalendarCtrl& ctrl, int firstDay, int lastDay, const std::
         tagCC_ITEM stored;
         ctrl.GetItem(i, stored);
         PrintItem item;
-        if (!SetTimes(item, stored) || !item.Meets(firstDay, lastDay)) {
+        if (!SetTimes(item, stored) || !item.Overlaps(firstDay, lastDay)) {
             continue;
         }
         item.text = DecodeText(stored.strText, codePage);

@@ -295,7 +295,7 @@ std::vector<int> ItemsOf(const PrintSource& source, int firstDay, int lastDay)
 {
     std::vector<int> items;
     for (int i = 0; i < static_cast<int>(source.items.size()); ++i) {
-        if (source.items[i].Meets(firstDay, lastDay)) {
+        if (source.items[i].Overlaps(firstDay, lastDay)) {
             items.push_back(i);
         }
     }
@@ -312,7 +312,7 @@ std::vector<ItemPiece> PiecesOfDay(const PrintSource& source, const std::vector<
 {
     std::vector<ItemPiece> pieces;
     for (const int i : items) {
-        if (source.items[i].Meets(day, day)) {
+        if (source.items[i].Overlaps(day, day)) {
             pieces.push_back({i, day, day});
         }
     }

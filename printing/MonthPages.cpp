@@ -154,7 +154,7 @@ private:
         std::vector<TimeSpan> spans;
         for (const int i : items) {
             const PrintItem& item = m_context.source.items[i];
-            if (first <= last && item.IsLong() && item.Meets(first, last)) {
+            if (first <= last && item.IsLong() && item.Overlaps(first, last)) {
                 const ItemPiece piece = {i, std::max(item.firstDay, first), std::min(item.lastDay, last)};
                 row.bars.push_back({piece, 0});
                 spans.push_back({piece.firstDay, piece.lastDay + 1});

@@ -34,7 +34,7 @@ struct PrintItem
     bool IsLong() const { return lastDay > firstDay; }
     // The time grids show these above the hours.
     bool IsBand() const { return isWholeDay || IsLong(); }
-    bool Meets(int from, int to) const { return firstDay <= to && lastDay >= from; } // days, both inclusive
+    bool Overlaps(int from, int to) const { return firstDay <= to && lastDay >= from; } // days, both inclusive
 };
 
 // What the calendar and the host say of a day.

@@ -242,7 +242,7 @@ private:
         std::vector<Entry> entries;
         for (const int i : m_items) {
             const PrintItem& item = m_context.source.items[i];
-            if (!item.Meets(FirstOf(month), LastOf(month))) {
+            if (!item.Overlaps(FirstOf(month), LastOf(month))) {
                 continue;
             }
             const ItemPiece piece = {i, std::max(item.firstDay, FirstOf(month)), std::min(item.lastDay, LastOf(month))};

@@ -103,7 +103,7 @@ TEST(InPlaceEdit, WhatEndsItAndWhatIsReported)
 class Commands : public CWnd
 {
 public:
-    std::string heard;
+    std::string received;
 
     explicit Commands(std::initializer_list<WORD> keys)
     {
@@ -125,7 +125,9 @@ protected:
     BOOL PreTranslateMessage(MSG* message) override { return ::TranslateAccelerator(m_hWnd, m_keys, message); }
     BOOL OnCommand(WPARAM wParam, LPARAM) override
     {
-        heard += static_cast<char>(LOWORD(wParam) == VK_DELETE ? 'D' : LOWORD(wParam) == VK_F5 ? '5' : LOWORD(wParam));
+        received += static_cast<char>(LOWORD(wParam) == VK_DELETE ? 'D'
+                                      : LOWORD(wParam) == VK_F5   ? '5'
+                                                                  : LOWORD(wParam));
         return TRUE;
     }
 
@@ -150,15 +152,15 @@ TEST(InPlaceEdit, KeepsItsKeysFromTheCommandsOfAHost)
         const KeyState control({VK_CONTROL});
         messages::Key(scene.Box(), 'A');
         messages::Key(scene.Box(), 'Z');
-        EXPECT_EQ(host.heard, "");
+        EXPECT_EQ(host.received, "");
         messages::Key(scene.Box(), 'S');
     }
     messages::Key(scene.Box(), VK_F5);
-    EXPECT_EQ(host.heard, "S5") << "no edit box knows these";
+    EXPECT_EQ(host.received, "S5") << "no edit box knows these";
     messages::Key(scene.Box(), VK_ESCAPE);
     EXPECT_FALSE(scene.calendar->GetInPlaceEdit());
     messages::Key(scene.window, VK_DELETE);
-    EXPECT_EQ(host.heard, "S5D");
+    EXPECT_EQ(host.received, "S5D");
 }
 
 TEST(InPlaceEdit, SaysWhichItemItBelongsTo)

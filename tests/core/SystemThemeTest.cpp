@@ -78,19 +78,19 @@ TEST(SystemTheme, ControlFollowsLiveWhileItsOptionIsOn)
 TEST(SystemTheme, WatchMayEndItselfAndOthers)
 {
     SystemSays system;
-    int told = 0;
+    int calls = 0;
     std::unique_ptr<dayvane::SystemThemeWatch> second;
     dayvane::SystemThemeWatch first([&] {
-        ++told;
+        ++calls;
         second.reset();
         first.Stop();
     });
-    second = std::make_unique<dayvane::SystemThemeWatch>([&] { told += 100; });
+    second = std::make_unique<dayvane::SystemThemeWatch>([&] { calls += 100; });
     first.Start();
     second->Start();
     system.Now(dayvane::SystemTheme::Dark);
     system.Now(dayvane::SystemTheme::Light);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(calls, 1);
 }
 
 TEST(SystemTheme, EditBoxHasThePagesColours)

@@ -115,7 +115,7 @@ TEST(TimeIndex, AStoreThatWasReplacedUnseenIsReadAnew)
     std::vector<int> found;
     ASSERT_TRUE(index.Find(store.items, 42000, 42010, found));
     for (int i = 0; i < 100; ++i) {
-        StoreAdd(store.items, store.Item()); // the index is not told
+        StoreAdd(store.items, store.Item()); // the index is not notified
     }
     ASSERT_TRUE(index.Find(store.items, 43000, 43010, found));
     EXPECT_EQ(found, store.LookAtAll(43000, 43010));

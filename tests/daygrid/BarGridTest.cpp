@@ -141,9 +141,9 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
                 ASSERT_EQ(pieces[i].bNoFocus, whole[i].bNoFocus);
                 ASSERT_EQ(pieces[i].nPiece, whole[i].nPiece);
                 ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
-                const auto told = std::find_if(moved.begin(), moved.end(),
-                                               [i](const PieceMove& piece) { return piece.position == i; });
-                ASSERT_TRUE(before.empty() || before[i] == (told != moved.end() ? told->box : whole[i].rcItem));
+                const auto reported = std::find_if(moved.begin(), moved.end(),
+                                                   [i](const PieceMove& piece) { return piece.position == i; });
+                ASSERT_TRUE(before.empty() || before[i] == (reported != moved.end() ? reported->box : whole[i].rcItem));
             }
             for (size_t box = 0; box < loads.size(); ++box) {
                 ASSERT_EQ(board.Loads()[box].itemCount, loads[box].itemCount);

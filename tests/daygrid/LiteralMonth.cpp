@@ -102,7 +102,7 @@ void Stack(ItemArray& items, int laneStep, Range (*rangeOf)(const tagCALENDAR_IT
         for (int i = 0; i < count; ++i) {
             for (int j = i + 1; j < count; ++j) {
                 CRect common;
-                if (ranges[i].Meets(ranges[j]) && common.IntersectRect(item[i].rcItem, item[j].rcItem)) {
+                if (ranges[i].Overlaps(ranges[j]) && common.IntersectRect(item[i].rcItem, item[j].rcItem)) {
                     item[j].rcItem.OffsetRect(0, laneStep);
                 }
             }

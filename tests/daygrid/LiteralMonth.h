@@ -12,7 +12,7 @@ namespace literal {
 // The days or months of an item, from their first moment to their last second.
 struct Range
 {
-    bool Meets(const Range& other) const { return start <= other.end && other.start <= end; }
+    bool Overlaps(const Range& other) const { return start <= other.end && other.start <= end; }
     bool Covers(const COleDateTime& moment) const { return start <= moment && moment <= end; }
 
     COleDateTime start;

@@ -1,4 +1,4 @@
-// docs/notifications.md tells what a parent hears, and in which order. Its table and the rows below are the same
+// docs/notifications.md says what a parent receives, and in which order. Its table and the rows below are the same
 // (./dev lint compares them); here each gesture is made in a month view and, where it means something there, in a day
 // view, and both send what the row says.
 #include "core/CalendarClock.h"
@@ -171,7 +171,7 @@ TEST_F(Notifications, ComeInTheOrderOfTheTable)
 // What a parent may refuse by answering something else than 0.
 TEST_F(Notifications, AMoveByKeyIsRefused)
 {
-    parent.SetHook([](const Notification& heard) { return heard.Name() == "CCN_BEGINMOVE" ? 1 : 0; });
+    parent.SetHook([](const Notification& sent) { return sent.Name() == "CCN_BEGINMOVE" ? 1 : 0; });
     const Gesture move = {"", "", [](Hand& hand) { CarryByKey(hand, VK_RETURN); }};
     // There is nothing to drop then: the key opens the item.
     EXPECT_EQ(CodesOf(move, true), "BEGINMOVE, ITEMDBLCLICK");

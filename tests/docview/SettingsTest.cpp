@@ -1,4 +1,4 @@
-// docs/settings.md tells in which views a setting shows. Its table and the rows below have the same names and views
+// docs/settings.md says in which views a setting shows. Its table and the rows below have the same names and views
 // (./dev lint compares them); here each setting is tried in each view, and the picture says where it shows.
 #include "core/CalendarClock.h"
 #include "support/Input.h"

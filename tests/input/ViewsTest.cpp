@@ -354,7 +354,7 @@ TYPED_TEST(Views, ReportTheSelection)
     hardware::LeftDown();
     EXPECT_EQ(causes(), std::to_string(CCSEL_PRESS) + " ");
     hardware::Move(*this->view, CPoint(from.x + 200, from.y + 100));
-    EXPECT_EQ(causes(), "") << "a sweep is told at its end";
+    EXPECT_EQ(causes(), "") << "a sweep is reported at its end";
     hardware::LeftUp();
     EXPECT_EQ(causes(), std::to_string(CCSEL_SWEEP) + " ");
     hardware::Key(VK_F7);

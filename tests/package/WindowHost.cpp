@@ -13,7 +13,7 @@ int Fail(const char* what)
     return 1;
 }
 
-// The parent counts what the control tells it.
+// The parent counts what the control reports.
 class HostWindow : public CWnd
 {
 public:
@@ -62,7 +62,7 @@ int ShowMonth()
     month.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(inside.x, inside.y));
     month.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(inside.x, inside.y));
     if (window.clicks != 1) {
-        return Fail("the click on the item was not told");
+        return Fail("the click on the item was not reported");
     }
     bool caught = false;
     try {

@@ -203,7 +203,7 @@ TEST(BusyDays, KnowsEachDayOfEveryMonthAnItemTouches)
     }
     EXPECT_EQ(days, "..xxx..");
     document.Load("");
-    EXPECT_TRUE(busy.IsBusy(document, DayOfDate(2026, 6, 1))) << "kept until told";
+    EXPECT_TRUE(busy.IsBusy(document, DayOfDate(2026, 6, 1))) << "kept until notified";
     busy.Forget();
     EXPECT_FALSE(busy.IsBusy(document, DayOfDate(2026, 6, 1)));
 }

@@ -154,7 +154,7 @@ TEST_F(PlannerFiles, WhatCannotBeWrittenIsSaidAndNothingIsLost)
 
 bool g_wasShown;
 
-// Presses the button of the dialog, from within the work that it tells of.
+// Presses the button of the dialog, from within the work that it reports.
 void CALLBACK EndProgress(HWND, UINT, UINT_PTR, DWORD)
 {
     if (const HWND box = ::FindWindow("#32770", nullptr)) {

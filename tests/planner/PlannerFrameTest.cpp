@@ -1,4 +1,4 @@
-// The planner's window on a real file: input goes into its controls, the saved bytes tell what came of it.
+// The planner's window on a real file: input goes into its controls, the saved bytes show the result.
 #include "PlannerTesting.h"
 
 namespace {

@@ -101,7 +101,7 @@ private:
     }
 
     const std::string& m_packed;
-    std::size_t m_bit = 16; // behind the two bytes of RFC 1950
+    std::size_t m_bit = 16; // after the two bytes of RFC 1950
 };
 
 std::vector<std::uint8_t> PixelsOf(const std::string& rows, int width, int height)

@@ -119,7 +119,7 @@ void ExpectInside(const std::vector<Page>& pages, CSize paper, const TextMeasure
     }
 }
 
-bool Meet(const CRect& a, const CRect& b)
+bool Overlap(const CRect& a, const CRect& b)
 {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -138,7 +138,7 @@ void ExpectApart(const std::vector<Page>& pages, const std::string& name)
                   [](const PageText* a, const PageText* b) { return a->box.top < b->box.top; });
         for (std::size_t i = 0; i < runs.size(); ++i) {
             for (std::size_t j = i + 1; j < runs.size() && runs[j]->box.top < runs[i]->box.bottom; ++j) {
-                ASSERT_FALSE(Meet(runs[i]->box, runs[j]->box))
+                ASSERT_FALSE(Overlap(runs[i]->box, runs[j]->box))
                     << name << ": items " << runs[i]->item << " at " << runs[i]->box.left << "," << runs[i]->box.top
                     << "," << runs[i]->box.right << "," << runs[i]->box.bottom << " and " << runs[j]->item << " at "
                     << runs[j]->box.left << "," << runs[j]->box.top << "," << runs[j]->box.right << ","

@@ -15,7 +15,7 @@ using namespace dayvane;
 using namespace gridtest;
 
 namespace {
-bool Meet(const CRect& a, const CRect& b)
+bool Overlap(const CRect& a, const CRect& b)
 {
     CRect common;
     return common.IntersectRect(&a, &b) != FALSE;
@@ -75,11 +75,11 @@ TEST(TidyOption, ItemsNeitherHideNorLeaveTheirColumn)
             if (column.Width() >= kRoomForBoxAndMark) {
                 ASSERT_GE(item.rcItem.Width(), kLeast);
                 for (const MoreMark& mark : marks) {
-                    ASSERT_FALSE(Meet(mark.box, item.rcItem));
+                    ASSERT_FALSE(Overlap(mark.box, item.rcItem));
                 }
             }
             for (int other = 0; other < i; ++other) {
-                ASSERT_FALSE(!IsBandItem(items[other]) && Meet(item.rcItem, items[other].rcItem));
+                ASSERT_FALSE(!IsBandItem(items[other]) && Overlap(item.rcItem, items[other].rcItem));
             }
         }
     }
@@ -116,7 +116,7 @@ TEST(ShortItemsOption, GivesThemARow)
         items[i].nSource = i;
     }
     PlaceTimedItems(items, {column}, DayRange::OneDay(kDay), TimeScale{2}, options);
-    EXPECT_FALSE(Meet(items[0].rcItem, items[1].rcItem));
+    EXPECT_FALSE(Overlap(items[0].rcItem, items[1].rcItem));
 }
 
 TEST(BandOption, CountsWhatHasNoLane)
@@ -151,7 +151,7 @@ TEST(BandOption, CountsWhatHasNoLane)
                 ASSERT_LE(items[i].rcItem.top, lastLane);
                 ASSERT_EQ(0, counted[i]);
                 for (const MoreMark& mark : marks) {
-                    ASSERT_FALSE(Meet(mark.box, items[i].rcItem));
+                    ASSERT_FALSE(Overlap(mark.box, items[i].rcItem));
                 }
                 continue;
             }

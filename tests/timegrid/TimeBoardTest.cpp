@@ -1,5 +1,5 @@
 // A remembered layout of timed items: after each change of few of them the boxes, flags and marks are those of a whole
-// layout, and whatever has moved is told with its old place.
+// layout, and whatever has moved is reported with its old place.
 #include "timegrid/GridItems.h"
 #include "timegrid/RandomItems.h"
 #include "views/timegrid/TimeBoard.h"
@@ -34,14 +34,14 @@ CalendarOptions OptionsOf(const TimedPlaces& places)
     return options;
 }
 
-struct Told
+struct Counts
 {
     int again = 0;
     int whole = 0;
 };
 
 // One random store, changed item by item.
-void Compare(unsigned seed, Told& told)
+void Compare(unsigned seed, Counts& counts)
 {
     RandomItems random(seed);
     const DayRange range{kDay, random.Below(3) ? 7 : 1};
@@ -74,9 +74,9 @@ void Compare(unsigned seed, Told& told)
         const int position = RemakeTimedItem(store, source, range, items);
         if (position != -1 && board.Knows(places, static_cast<int>(items.GetSize())) &&
             board.LayOutAgain({position}, items, moved)) {
-            ++told.again;
+            ++counts.again;
         } else {
-            ++told.whole;
+            ++counts.whole;
             MakeRangeItems(store, range, items);
             board.LayOut(items, places);
             before.clear();
@@ -88,9 +88,9 @@ void Compare(unsigned seed, Told& told)
             ASSERT_EQ(items[i].bNoFocus, whole[i].bNoFocus);
             ASSERT_EQ(items[i].nParallel, whole[i].nParallel);
             ASSERT_EQ(items[i].dtStart, whole[i].dtStart);
-            const auto tell =
+            const auto reported =
                 std::find_if(moved.begin(), moved.end(), [i](const PieceMove& piece) { return piece.position == i; });
-            ASSERT_TRUE(before.empty() || before[i] == (tell != moved.end() ? tell->box : whole[i].rcItem));
+            ASSERT_TRUE(before.empty() || before[i] == (reported != moved.end() ? reported->box : whole[i].rcItem));
         }
         ASSERT_EQ(TextOf(board.Marks()), marks);
     }
@@ -100,10 +100,10 @@ void Compare(unsigned seed, Told& told)
 
 TEST(TimeBoard, ChangedColumnsComeOutAsInAWholeLayout)
 {
-    Told told;
+    Counts counts;
     for (unsigned seed = 1; seed <= 100 && !HasFatalFailure(); ++seed) {
-        Compare(seed, told);
+        Compare(seed, counts);
     }
-    EXPECT_GT(told.again, 300);
-    EXPECT_GT(told.whole, 30);
+    EXPECT_GT(counts.again, 300);
+    EXPECT_GT(counts.whole, 30);
 }

@@ -70,10 +70,10 @@ TEST(ZoneRuler, ShowsTheOtherClockWithItsDates)
     EXPECT_EQ(Hours(COleDateTime(1e9), tokyo), "");
 }
 
-TEST(ZoneRuler, TellsTheHoursThatAreNotAndThoseThatComeTwice)
+TEST(ZoneRuler, ShowsTheHoursThatAreSkippedAndThoseThatRepeat)
 {
     const ZoneRuler own = Ruler(NewYork(), ZoneClock(9 * kHour));
-    // 1:00 is 15:00 in Tokyo, 3:00 is 16:00: no hour is told that does not happen.
+    // 1:00 is 15:00 in Tokyo, 3:00 is 16:00: an hour that does not happen is not shown.
     EXPECT_EQ(Hours(Day(3, 8), own).substr(0, 53), "14:00(3/8) 15:00 [2:00>3:00] 16:00 17:00 18:00 19:00 ");
     EXPECT_EQ(Pieces(Day(3, 8), own), "|2:00>3:00|other +13:00");
     EXPECT_EQ(Hours(Day(11, 1), own).substr(0, 51), "13:00(11/1) 14:00[2:00>1:00] 16:00 17:00 18:00 19:0");

@@ -54,7 +54,7 @@ BoxPainter::BoxPainter(CDC& dc, DayGridParts& parts, const CalendarColors& color
 
 bool BoxPainter::IsVisible(const CRect& rect) const
 {
-    return m_clip->Meets(rect);
+    return m_clip->Intersects(rect);
 }
 
 void BoxPainter::Fill(const CRect& rect, COLORREF color) const

@@ -111,11 +111,11 @@ void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)
     // Over the stored items, not the shown ones: the screen items come with the next layout.
     const DayRows rows = Range().Rows();
     if (const std::vector<int>* which = rows.empty() ? nullptr : FindItems(m_arItem, rows.front(), rows.back() - 1)) {
-        CItemArray met;
+        CItemArray found;
         for (const int item : *which) {
-            met.Add(m_arItem[item]);
+            found.Add(m_arItem[item]);
         }
-        CalcItemRect(m_rcContent, met);
+        CalcItemRect(m_rcContent, found);
     } else {
         CalcItemRect(m_rcContent, m_arItem);
     }

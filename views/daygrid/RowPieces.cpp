@@ -135,7 +135,7 @@ bool RemakeRowPieces(const ItemArray& items, int item, const DayRows& rows, Item
         const CRect box = piece.rcItem;
         const short hidden = piece.bNoFocus;
         piece = made[n];
-        piece.rcItem = box; // until the layout: it tells what has moved by comparing
+        piece.rcItem = box; // until the layout, which finds what has moved by comparing
         piece.bNoFocus = hidden;
     }
     positions.insert(positions.end(), there.begin(), there.end());

@@ -95,7 +95,7 @@ void ListRows(ItemArray& items, const std::vector<RowSpan>& spans, const TimeSca
             layout[row].Add(&items[span.item]);
         }
     }
-    // Growing the counts entry by entry would come to the same: whoever is listed ends at the length of the list.
+    // Growing the counts entry by entry would come to the same: each listed item ends at the length of the list.
     for (int row = 0; row < scale.RowsPerDay(); ++row) {
         const int length = static_cast<int>(layout[row].GetSize());
         for (int i = 0; i < length; ++i) {

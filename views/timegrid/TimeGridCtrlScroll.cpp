@@ -113,7 +113,7 @@ void CTimeGridCtrl::SyncToPresent(const COleDateTime* pWhen)
     }
 }
 
-// The steps of SyncToPresent wait in the queue: whoever scrolls to a place comes after them. False when the host has
+// The steps of SyncToPresent wait in the queue: a call that scrolls to a place runs after them. False when the host has
 // ended the control meanwhile.
 bool CTimeGridCtrl::ServeWaitingScroll()
 {

@@ -17,7 +17,7 @@ struct RangeBounds
     {
     }
 
-    bool Meet(const tagCALENDAR_ITEM& item) const
+    bool Overlaps(const tagCALENDAR_ITEM& item) const
     {
         const ClockTime start = ClockTimeOf(item.dtStart);
         const ClockTime end = ClockTimeOf(item.dtEnd);
@@ -85,7 +85,7 @@ int MakeRangeItems(const ItemArray& store, const DayRange& range, ItemArray& scr
     const int count = static_cast<int>(which ? which->size() : store.GetSize());
     for (int n = 0; showsAny && n < count; ++n) {
         const int i = which ? (*which)[n] : n;
-        if (bounds.Meet(store[i])) {
+        if (bounds.Overlaps(store[i])) {
             shown.push_back(i);
         }
     }
@@ -115,7 +115,7 @@ int RemakeTimedItem(const ItemArray& store, int source, const DayRange& range, I
 {
     const int position = FindSource(screenItems, source);
     const tagCALENDAR_ITEM& stored = store[source];
-    if (position == -1 || !range.Holds(range.first) || !RangeBounds(range).Meet(stored) || IsBandItem(stored) ||
+    if (position == -1 || !range.Holds(range.first) || !RangeBounds(range).Overlaps(stored) || IsBandItem(stored) ||
         !IsSameDay(stored.dtStart, stored.dtEnd) || IsBandItem(screenItems[position])) {
         return -1;
     }
@@ -124,7 +124,7 @@ int RemakeTimedItem(const ItemArray& store, int source, const DayRange& range, I
     const short hidden = item.bNoFocus;
     item = stored;
     item.nSource = source;
-    item.rcItem = box; // until the layout: it tells what has moved by comparing
+    item.rcItem = box; // until the layout, which finds what has moved by comparing
     item.bNoFocus = hidden;
     return position;
 }

@@ -39,7 +39,7 @@ TimeGridPainter::TimeGridPainter(CDC& dc, TimeGridTools& tools, const TimeGridSt
 
 bool TimeGridPainter::IsVisible(const CRect& rect) const
 {
-    return m_clip->Meets(rect);
+    return m_clip->Intersects(rect);
 }
 
 bool TimeGridPainter::ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeight) const

@@ -53,7 +53,7 @@ ClockSeconds DifferenceOn(const CivilDate& day, const ZoneRuler& ruler)
 DayPiece PieceOf(const CString& text)
 {
     DayPiece piece;
-    piece.kind = DayPiece::Kind::DayOff; // it wants the eye
+    piece.kind = DayPiece::Kind::DayOff; // so that it is noticed
     piece.text = OwnText(text);
     return piece;
 }
