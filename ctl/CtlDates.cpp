@@ -1,5 +1,6 @@
 // Messages about dates, ranges of time and the selection.
 #include "CtlMessages.h"
+#include "core/DateMath.h"
 #include "CtlText.h"
 
 namespace dayvane::ctl {
@@ -102,7 +103,7 @@ LRESULT OnGetSelRange(CtlWindow& control, WPARAM, LPARAM lParam)
         isWholeDays = control.view->IsWholeDaySelection() != FALSE;
     } else {
         control.grid->GetSel(first, last);
-        isSelected = first.GetStatus() == COleDateTime::valid && last.GetStatus() == COleDateTime::valid;
+        isSelected = dayvane::IsValid(first) && dayvane::IsValid(last);
     }
     if (!isSelected) {
         return kNone;

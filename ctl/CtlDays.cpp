@@ -1,5 +1,6 @@
 // Calendar arithmetic as C functions.
 #include "CtlMessages.h"
+#include "core/DateMath.h"
 #include "CtlText.h"
 
 #include "calc/DayCalendar.h"
@@ -12,7 +13,7 @@ namespace {
 
 bool IsDate(int year, int month, int day)
 {
-    return COleDateTime(year, month, day, 0, 0, 0).GetStatus() == COleDateTime::valid;
+    return IsValid(COleDateTime(year, month, day, 0, 0, 0));
 }
 
 bool IsLanguage(int language)

@@ -98,13 +98,13 @@ bool IsPointer(LPARAM value)
 bool ToDate(const SYSTEMTIME& time, COleDateTime& date)
 {
     date = COleDateTime(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond);
-    return date.GetStatus() == COleDateTime::valid;
+    return dayvane::IsValid(date);
 }
 
 SYSTEMTIME FromDate(const COleDateTime& date)
 {
     SYSTEMTIME time = {};
-    if (date.GetStatus() == COleDateTime::valid) {
+    if (dayvane::IsValid(date)) {
         ToSystemTime(date, time);
     }
     return time;

@@ -43,7 +43,7 @@ LRESULT CPlannerFrame::OnLoaded(WPARAM, LPARAM)
 {
     const std::vector<planner::Message> messages = Document()->Messages();
     ShowMessages({});
-    if (m_day.GetStatus() != COleDateTime::valid) {
+    if (!dayvane::IsValid(m_day)) {
         m_day = FirstDay();
     }
     m_items.Attach(nullptr);

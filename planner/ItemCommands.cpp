@@ -112,7 +112,7 @@ void CPlannerFrame::OnItemMoved(NMHDR* pHeader, LRESULT* pResult)
     CPoint point(record.pt);
     ::ClientToScreen(pHeader->hwndFrom, &point);
     const Drop drop = DropAt(point);
-    if (!drop.isInView && drop.day.GetStatus() != COleDateTime::valid) {
+    if (!drop.isInView && !dayvane::IsValid(drop.day)) {
         TakeBack();
         return;
     }

@@ -1,5 +1,6 @@
 #include "planner/Panes.h"
 
+#include "core/DateMath.h"
 #include <afxpriv.h>
 
 #include "core/CalendarFonts.h"
@@ -85,7 +86,7 @@ COLORREF CSidePane::DotOf(const COleDateTime& date, LPARAM lParam)
 {
     CSidePane& pane = *reinterpret_cast<CSidePane*>(lParam);
     const planner::CalendarSet* document = pane.m_pfnDocument(pane.m_lParam);
-    const bool isBusy = document && date.GetStatus() == COleDateTime::valid &&
+    const bool isBusy = document && dayvane::IsValid(date) &&
                         pane.m_busyDays.IsBusy(*document, planner::DayOfTime(planner::LocalOfDate(date)));
     return isBusy ? kBusyDot : CLR_NONE;
 }
@@ -146,7 +147,7 @@ void CSidePane::Follow(const COleDateTime& day)
 {
     COleDateTime first, last;
     m_calendar.GetSel(first, last);
-    if (first.GetStatus() == COleDateTime::valid && first == day) {
+    if (dayvane::IsValid(first) && first == day) {
         return;
     }
     const COleDateTime month = m_calendar.GetCurrentDate();
@@ -169,7 +170,7 @@ BOOL CSidePane::DayAt(CPoint screen, COleDateTime& day) const
         return FALSE;
     }
     day = cell.dtDate;
-    return day.GetStatus() == COleDateTime::valid;
+    return dayvane::IsValid(day);
 }
 
 void CSidePane::OnSize(UINT nType, int cx, int cy)

@@ -319,7 +319,7 @@ COleDateTime CPlannerFrame::ShownDay()
 void CPlannerFrame::GoTo(const COleDateTime& day)
 {
     CCalendarCtrl* ctrl = m_items.Ctrl();
-    if (day.GetStatus() != COleDateTime::valid) {
+    if (!dayvane::IsValid(day)) {
         return;
     }
     m_day = day;

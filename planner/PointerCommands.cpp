@@ -2,6 +2,7 @@
 // icon beside the clock.
 #include "planner/PlannerFrame.h"
 
+#include "core/DateMath.h"
 #include "planner/AgendaView.h"
 #include "planner/ItemBridge.h"
 #include "planner/WideText.h"
@@ -103,7 +104,7 @@ std::optional<planner::EventTimes> CPlannerFrame::PlaceAt(CPoint screen)
     hit.pt = client;
     ctrl->HitTest(hit);
     const COleDateTime time(hit.time);
-    if (hit.time.wYear == 0 || time.GetStatus() != COleDateTime::valid) {
+    if (hit.time.wYear == 0 || !dayvane::IsValid(time)) {
         return std::nullopt;
     }
     const planner::LocalTime at = planner::LocalOfDate(time);

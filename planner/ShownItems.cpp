@@ -1,5 +1,6 @@
 #include "planner/ShownItems.h"
 
+#include "core/DateMath.h"
 #include "planner/ItemBridge.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ ShownItems::Range ShownItems::ViewRange() const
 {
     COleDateTime first, last;
     m_ctrl->GetViewRange(first, last);
-    const auto isValid = [](const COleDateTime& date) { return date.GetStatus() == COleDateTime::valid; };
+    const auto isValid = [](const COleDateTime& date) { return dayvane::IsValid(date); };
     // At the ends of the calendar's years a view has days that are no dates.
     return {isValid(first) ? DayOfTime(LocalOfDate(first)) * kDaySeconds : kEarliestTime,
             isValid(last) ? (DayOfTime(LocalOfDate(last)) + 1) * kDaySeconds : kEndOfTime};

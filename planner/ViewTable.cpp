@@ -1,5 +1,6 @@
 #include "planner/ViewTable.h"
 
+#include "core/DateMath.h"
 #include "planner/AgendaView.h"
 #include "planner/ItemBridge.h"
 #include "planner/resource.h"
@@ -113,7 +114,7 @@ COleDateTime DateAfterSteps(const ChosenView& view, const COleDateTime& date, in
         moved = DayOfDate(year, month, std::min(day.day, DaysInMonth(year, month))) * kDaySeconds;
     }
     const COleDateTime result = DateOfLocal(moved);
-    return result.GetStatus() == COleDateTime::valid ? result : date;
+    return dayvane::IsValid(result) ? result : date;
 }
 
 } // namespace planner
