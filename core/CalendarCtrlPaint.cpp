@@ -1,6 +1,7 @@
 // The base control's layout and paint pipeline.
 #include "core/CalendarCtrl.h"
 
+#include "core/ClipArea.h"
 #include "core/DrawingHelpers.h"
 #include "core/Fonts.h"
 #include "core/PaintedState.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <utility>
 
 using namespace dayvane;
@@ -134,27 +134,11 @@ void CCalendarCtrl::InvalidateParts(const std::vector<CRect>& changed)
     CRect client;
     GetClientRect(&client);
     const std::vector<CRect> parts = JoinParts(changed, client);
-    if (parts.empty()) {
-        return;
-    }
-    std::vector<char> bytes(sizeof(RGNDATAHEADER) + parts.size() * sizeof(RECT));
-    RGNDATAHEADER header = {sizeof(RGNDATAHEADER), RDH_RECTANGLES, static_cast<DWORD>(parts.size()), 0, {}};
-    RECT* rects = reinterpret_cast<RECT*>(bytes.data() + sizeof(header));
-    CRect bounds(0, 0, 0, 0);
-    for (size_t i = 0; i < parts.size(); ++i) {
-        CRect part = parts[i];
-        part.NormalizeRect();
-        bounds.UnionRect(&bounds, &part);
-        std::memcpy(&rects[i], static_cast<const RECT*>(&part), sizeof(RECT));
-    }
-    header.rcBound = bounds;
-    std::memcpy(bytes.data(), &header, sizeof(header));
     CRgn region;
-    if (region.Attach(::ExtCreateRegion(nullptr, static_cast<DWORD>(bytes.size()),
-                                        reinterpret_cast<const RGNDATA*>(bytes.data())))) {
-        InvalidateRgn(&region, FALSE);
-    } else {
+    if (!MakeRegion(parts, region)) {
         InvalidateClient();
+    } else if (!parts.empty()) {
+        InvalidateRgn(&region, FALSE);
     }
 }
 

@@ -33,6 +33,23 @@ std::vector<CRect> RectsOf(const CRgn& region)
     return rects;
 }
 
+bool MakeRegion(const std::vector<CRect>& rects, CRgn& region)
+{
+    std::vector<char> bytes(sizeof(RGNDATAHEADER) + rects.size() * sizeof(RECT));
+    RGNDATAHEADER header = {sizeof(RGNDATAHEADER), RDH_RECTANGLES, static_cast<DWORD>(rects.size()), 0, {}};
+    CRect bounds(0, 0, 0, 0);
+    for (size_t i = 0; i < rects.size(); ++i) {
+        CRect rect = rects[i];
+        rect.NormalizeRect();
+        bounds.UnionRect(&bounds, &rect);
+        std::memcpy(bytes.data() + sizeof(header) + i * sizeof(RECT), static_cast<const RECT*>(&rect), sizeof(RECT));
+    }
+    header.rcBound = bounds;
+    std::memcpy(bytes.data(), &header, sizeof(header));
+    return region.Attach(::ExtCreateRegion(nullptr, static_cast<DWORD>(bytes.size()),
+                                           reinterpret_cast<const RGNDATA*>(bytes.data()))) != FALSE;
+}
+
 ClipArea::ClipArea(CDC& dc, const CMemDC* buffer) : m_box(0, 0, 0, 0), m_size(0, 0), m_origin(0, 0)
 {
     dc.GetClipBox(&m_box);

@@ -63,6 +63,8 @@ private:
 // The part of a window's device context that reaches the screen, in its own logical units: the region that a WM_PAINT
 // updates. False when it is no more than the clip box, or unknown.
 bool GetUpdateParts(CDC& dc, CRgn& region);
+// The union of the rectangles. False: the system has no region for it.
+bool MakeRegion(const std::vector<CRect>& rects, CRgn& region);
 // The rectangles of a region that has several; empty: it has one, or too many to look at.
 std::vector<CRect> RectsOf(const CRgn& region);
 

@@ -1,6 +1,7 @@
 // The month view's scrolling by weeks: what stays in sight moves along, only what looks different is painted.
 #include "views/daygrid/MonthViewCtrl.h"
 
+#include "core/ClipArea.h"
 #include "core/DateMath.h"
 #include "core/Interaction.h"
 #include "core/PaintedState.h"
@@ -126,8 +127,11 @@ void CMonthViewCtrl::RepaintMoved(MonthPicture& before, int nWeeks)
     changed.push_back(focus);
     changed.push_back(focus + CPoint(0, down));
     ScrollWindowEx(0, down, &m_rcContent, &m_rcContent, nullptr, nullptr, SW_INVALIDATE);
-    for (const CRect& part : changed) {
-        InvalidateRect(&part, FALSE);
+    CRgn region; // each call asks the system once
+    if (MakeRegion(JoinParts(changed, client), region)) {
+        InvalidateRgn(&region, FALSE);
+    } else {
+        InvalidateClient();
     }
 }
 
