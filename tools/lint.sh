@@ -58,30 +58,29 @@ check_options_page() {
         { warn "docs/options.md (>) has other options than core/CalendarOptions.h (<)"; return 1; }
 }
 
-# What clang finds by the way in the sources that are built for Windows only; clang-tidy would take minutes for them.
+# What clang finds by the way when it reads the sources as Visual C++ would; for those that are built for Windows only
+# clang-tidy would take minutes.
 window_warnings=(-Wcomma -Wconditional-uninitialized -Wextra-semi -Wheader-hygiene -Wimplicit-fallthrough
     -Wnon-virtual-dtor -Wrange-loop-analysis -Wshadow -Wunreachable-code -Wunused -Wunused-macros
     -Wunused-private-field -Wzero-as-null-pointer-constant)
 
-window_sources() { comm -23 <(cd "$ROOT" && dialect_sources | sort -u) <(pure_sources); }
-
-# lint [FILE...]: the house rules for every file, clang-tidy for the pure sources, warnings of clang for those for
-# Windows; of the files named only.
+# lint [FILE...]: the house rules for every file, clang-tidy for the pure sources, the dialect of Visual C++ with clang's
+# warnings for all; of the files named only.
 command_lint() {
     need_packages "${native_packages[@]}" "${windows_packages[@]}" "${lint_packages[@]}"
-    local files=() windows=() status=0
+    local files=() all=() status=0
     build native build.ninja >/dev/null
     step "House rules"
     (cd "$ROOT" && source_files | xargs awk -f "$ROOT/tools/house_rules.awk") || status=1
     check_snippets || status=1
     in_subshell check_pages || status=1
     mapfile -t files < <(pure_sources | named_or_all "$@")
-    mapfile -t windows < <(window_sources | named_or_all "$@")
+    mapfile -t all < <(dialect_sources | named_or_all "$@")
     step "clang-tidy"
     [ "${#files[@]}" -eq 0 ] || tidy "${files[@]}" || status=1
-    step "Warnings in sources for Windows"
+    step "The dialect of Visual C++, and warnings"
     dialect_warnings=("${window_warnings[@]/#-W/-Werror=}")
-    [ "${#windows[@]}" -eq 0 ] || dialect "${windows[@]}" || status=1
+    [ "${#all[@]}" -eq 0 ] || dialect "${all[@]}" || status=1
     [ "$status" -eq 0 ] || die "There is something to mend."
     say "Nothing to mend."
 }

@@ -19,10 +19,10 @@ struct RangeBounds
 
     bool Overlaps(const tagCALENDAR_ITEM& item) const
     {
-        const ClockTime start = ClockTimeOf(item.dtStart);
-        const ClockTime end = ClockTimeOf(item.dtEnd);
+        const ClockTime from = ClockTimeOf(item.dtStart);
+        const ClockTime to = ClockTimeOf(item.dtEnd);
         // On one day the order of begin and end does not matter.
-        return start.isValid && end.isValid && start.day <= end.day && start.day <= last && end.day >= first;
+        return from.isValid && to.isValid && from.day <= to.day && from.day <= last && to.day >= first;
     }
 
     void Cut(tagCALENDAR_ITEM& item) const
