@@ -12,7 +12,7 @@ from urllib.parse import unquote, urlsplit
 class Page(HTMLParser):
     def __init__(self):
         super().__init__()
-        self.links, self.anchors, self.text = [], set(), ""
+        self.links, self.anchors, self.faults = [], set(), []
 
     def handle_starttag(self, tag, attrs):
         for name, value in attrs:
@@ -28,8 +28,11 @@ def read(path):
         text = file.read()
     if not path.endswith(".md"):
         page.feed(text)
+        page.faults = [f"what Doxygen could not read: {left}" for left in re.findall(r"(?<!\w)@(?:ref|section) .{30}", text)]
         return page
     text = re.sub(r"^```.*?^```$", "", text, flags=re.S | re.M)
+    for words in re.findall(r"\[([^\[\]]*\n[^\[\]]*)\]\(", text):
+        page.faults.append("a link over two lines, which Doxygen cannot read: " + " ".join(words.split()))
     page.links = re.findall(r"\]\(([^()\s]+)\)", text)
     for heading in re.findall(r"^#+ +(.*)$", text, flags=re.M):
         page.anchors.add(re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-"))
@@ -47,6 +50,7 @@ def main():
                 pages[os.path.normpath(file)] = read(file)
     dead = set()
     for path, page in pages.items():
+        dead.update(f"{path}: {fault}" for fault in page.faults)
         for link in page.links:
             parts = urlsplit(link)
             if parts.scheme or parts.netloc or link.startswith("javascript"):

@@ -305,7 +305,8 @@ print_totals() {
 
 # The package test: install, then build a host project that knows nothing but find_package(Dayvane), then run it.
 build_package_host() {
-    local preset=$1 toolchain=() prefix=$BUILD/package/$1 host=$BUILD/package/$1-host
+    local preset=$1 toolchain=() others=() prefix=$BUILD/package/$1 host=$BUILD/package/$1-host
+    [ "$preset" != win32 ] || others=(-DDAYVANE_OTHER_PACKAGE="$BUILD/package/native-release")
     case $preset in
         win32*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win32.cmake") ;;
         win64*) toolchain=(-DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/toolchain-win64.cmake") ;;
@@ -315,7 +316,7 @@ build_package_host() {
     install_package "$preset" "$prefix"
     run_logged "package-$preset" "Configuring a host of the $preset package" cmake -G Ninja \
         -S "$ROOT/tests/package" -B "$host" -DCMAKE_PREFIX_PATH="$prefix" \
-        -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_BUILD_TYPE=Release "${toolchain[@]}"
+        -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_BUILD_TYPE=Release "${toolchain[@]}" "${others[@]}"
     run_logged "package-$preset" "Building a host of the $preset package" ninja -C "$host"
     case $preset in
         win*)
