@@ -243,8 +243,15 @@ void ThemedControl::PaintCombo() const
     if (!::GetComboBoxInfo(m_hWnd, &info)) {
         return;
     }
-    CRect all, inner, button(info.rcButton);
+    CRect all, text, button(info.rcButton);
     ::GetClientRect(m_hWnd, &all);
+    if (info.hwndItem && info.hwndItem != m_hWnd) { // what is typed; around it the system paints a light frame
+        ::GetWindowRect(info.hwndItem, &text);
+        ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(&text), 2);
+    } else {
+        text = all;
+        text.DeflateRect(kSystemEdge, kSystemEdge);
+    }
     CClientDC dc(CWnd::FromHandle(m_hWnd));
     const dayvane::SaveDcScope saved(&dc);
     dc.FillSolidRect(&button, info.stateButton == STATE_SYSTEM_PRESSED ? m_colors.pressed : m_colors.face);
@@ -254,9 +261,8 @@ void ThemedControl::PaintCombo() const
         dc.FillSolidRect(CRect(tip.x - i, tip.y - i, tip.x + i + 1, tip.y - i + 1),
                          IsEnabled() ? m_colors.text : m_colors.disabled);
     }
-    inner = all;
-    inner.DeflateRect(kSystemEdge, kSystemEdge);
-    dc.ExcludeClipRect(&inner);
+    dc.ExcludeClipRect(&text);
+    dc.ExcludeClipRect(&button);
     dc.FillSolidRect(&all, EdgeColor());
     all.DeflateRect(1, 1);
     dc.FillSolidRect(&all, m_colors.ground);
