@@ -30,7 +30,9 @@ AccessTexts MakeEnglish()
     t.oneItem = "1 item";
     t.items = "{1} items";
     t.wholeDay = "Whole day";
-    t.otherMonth = "another month";
+    t.outsideWork = "outside working hours";
+    t.dayOff = "day off";
+    t.marked = "marked";
     t.fromTo = "{1} to {2}";
     t.allDay = "All day";
     t.noTitle = "no title";
@@ -57,7 +59,6 @@ AccessTexts MakeEnglish()
     t.hiddenItems = "Items";
     t.chooseMonth = "Choose a month";
     t.yearAndMonth = "Year and month";
-    t.weekNumber = "week {1}";
     t.open = "Open";
     t.select = "Select";
     t.press = "Press";
@@ -89,7 +90,9 @@ AccessTexts MakeJapanese()
     t.oneItem = u8"予定1件";
     t.items = u8"予定{1}件";
     t.wholeDay = u8"終日";
-    t.otherMonth = u8"ほかの月";
+    t.outsideWork = u8"勤務時間外";
+    t.dayOff = u8"休日";
+    t.marked = u8"印あり";
     t.fromTo = u8"{1}から{2}";
     t.allDay = u8"終日";
     t.noTitle = u8"件名なし";
@@ -116,7 +119,6 @@ AccessTexts MakeJapanese()
     t.hiddenItems = u8"予定";
     t.chooseMonth = u8"月を選ぶ";
     t.yearAndMonth = u8"年と月";
-    t.weekNumber = u8"第{1}週";
     t.open = u8"開く";
     t.select = u8"選択";
     t.press = u8"押す";

@@ -27,7 +27,9 @@ struct AccessTexts
     std::string oneItem;
     std::string items; // count
     std::string wholeDay;
-    std::string otherMonth;
+    std::string outsideWork; // of a row of hours
+    std::string dayOff;      // without a name
+    std::string marked;      // of a small calendar's day with a dot or in bold
 
     // ---- Items
     std::string fromTo; // two times of day
@@ -54,7 +56,6 @@ struct AccessTexts
     std::string hiddenItems;
     std::string chooseMonth;
     std::string yearAndMonth;
-    std::string weekNumber; // number
 
     // ---- Actions
     std::string open;

@@ -9,6 +9,7 @@
 namespace dayvane {
 namespace {
 
+constexpr LONG kAutomationRoot = -25;  // UiaRootObjectId
 constexpr size_t kMostChildIds = 4096; // deeper parts that events have named; clients ask at once
 
 long RoleOfPart(AccessPart part)
@@ -54,6 +55,13 @@ AccessWindow::AccessWindow(CWnd& window) : m_hWnd(window.m_hWnd)
 {
     static thread_local const HRESULT begun = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     (void)begun;
+}
+
+bool AccessWindow::IsQuestion(UINT message, LPARAM lParam)
+{
+    // Object identifiers are 32 bits wide, also in a 64-bit parameter.
+    const LONG object = static_cast<LONG>(lParam);
+    return message == WM_GETOBJECT && (object == OBJID_CLIENT || object == kAutomationRoot);
 }
 
 void AccessWindow::Disconnect()

@@ -3,9 +3,8 @@
 #pragma once
 
 #include "../core/CalendarAccess.h"
-#include "AccessTexts.h"
 #include "AccessTree.h"
-#include "ViewSpeech.h"
+#include "SpokenWords.h"
 
 #include <afxwin.h>
 #include <oleacc.h>
@@ -19,7 +18,9 @@ namespace dayvane {
 class AccessWindow : public WindowAccess, public std::enable_shared_from_this<AccessWindow>
 {
 public:
-    // ---- For the window
+    // ---- For the window. It hands messages that are questions to GetObject, calls Follow after each other one, and
+    // Disconnect at WM_DESTROY.
+    static bool IsQuestion(UINT message, LPARAM lParam);
     void Disconnect() override;
     LRESULT GetObject(WPARAM wParam, LPARAM lParam) override;
     void Follow() override;

@@ -2,6 +2,7 @@
 
 #include "calc/DayProvider.h"
 #include "core/DateMath.h"
+#include "core/DayLines.h"
 #include "core/Interaction.h"
 #include "core/KeyMoves.h"
 #include "core/MoreListCtrl.h"
@@ -27,9 +28,17 @@ std::string Utf8OfItemText(const CCalendarCtrl& ctrl, const CString& text)
     return EncodeText(DecodeText(text, ctrl.GetTextCodePage()), kUtf8CodePage);
 }
 
-std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words)
+std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words,
+                       const AccessTexts& texts, bool showNames)
 {
-    const std::string names = NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(day)));
+    if (!IsValid(day)) {
+        return std::string();
+    }
+    const DayInfo info = (days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(day));
+    const std::string names = showNames ? NamesText(info) : std::string();
+    if (names.empty()) {
+        return info.isDayOff ? texts.dayOff : std::string();
+    }
     return EncodeText(DayNamesText(words, DecodeText(std::string_view(names), kUtf8CodePage)), kUtf8CodePage);
 }
 
@@ -84,11 +93,34 @@ void CalendarWindowAccess::AddChildWindows(AccessTree& tree) const
     }
 }
 
+// Of a day its names, what the sky says of it where that is shown, and the host's text; of a month its days off where
+// they are shown.
+std::string CalendarWindowAccess::DescriptionOf(const COleDateTime& first)
+{
+    const DayProvider* days = m_pCtrl->m_pDayProvider ? m_pCtrl->m_pDayProvider : DefaultDayProvider();
+    const DayLines& lines = m_pCtrl->m_dayLines;
+    const bool isMonth = m_parts.kind == ViewKind::Year;
+    std::vector<DayPiece> pieces;
+    std::vector<std::string> said;
+    if (isMonth) {
+        pieces = lines.HasLines() ? DaysOffOfMonth(first, days, lines) : pieces;
+    } else {
+        said.push_back(NamesOfDay(days, first, m_pCtrl->GetTexts(), Texts(), m_pCtrl->m_bShowHoliday != FALSE));
+        pieces = lines.HasSky() ? PiecesOfDay(first, days, lines) : pieces;
+    }
+    for (const DayPiece& piece : pieces) {
+        if (isMonth || piece.kind == DayPiece::Kind::Sky) {
+            said.push_back(EncodeText(piece.text, kUtf8CodePage));
+        }
+    }
+    const int cell = CellOfDate(m_parts, first);
+    said.push_back(cell == -1 ? std::string() : EncodeText(m_parts.cells[cell].hostText, kUtf8CodePage));
+    return Joined(said, Texts().between);
+}
+
 ViewSpeech CalendarWindowAccess::Speech()
 {
     const CCalendarCtrl* ctrl = m_pCtrl;
-    const DayProvider* days = ctrl->m_pDayProvider ? ctrl->m_pDayProvider : DefaultDayProvider();
-    const bool showNames = ctrl->m_bShowHoliday != FALSE;
     return {Texts(),
             m_parts,
             LastTree(),
@@ -96,9 +128,7 @@ ViewSpeech CalendarWindowAccess::Speech()
             m_itemNames,
             Now(),
             [ctrl](const CString& text) { return Utf8OfItemText(*ctrl, text); },
-            [ctrl, days, showNames](const COleDateTime& day) {
-                return showNames && IsValid(day) ? NamesOfDay(days, day, ctrl->GetTexts()) : std::string();
-            },
+            [this](const COleDateTime& first) { return DescriptionOf(first); },
             m_announcement};
 }
 

@@ -3,6 +3,7 @@
 
 #include "../core/CalendarCtrl.h"
 #include "AccessWindow.h"
+#include "ViewSpeech.h"
 #include "ViewTree.h"
 
 namespace dayvane {
@@ -33,6 +34,7 @@ private:
     void AddChildWindows(AccessTree& tree) const;
     tagCCHITTESTINFO HitOf(int node);
     HRESULT Click(int node, long flags);
+    std::string DescriptionOf(const COleDateTime& first); // of the cell that begins with the day
     void Announce(const std::string& text);
 
     CCalendarCtrl* m_pCtrl; // nullptr: its window is gone
@@ -42,8 +44,10 @@ private:
     long long m_announcements = 0;
 };
 
-// The names of a day in the language of the words, UTF-8; nullptr: those of the formulas.
-std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words);
+// The names of a day in the language of the words, UTF-8; nullptr: those of the formulas. Where there are none, or they
+// are not to be shown, "day off" of a day off.
+std::string NamesOfDay(const DayProvider* days, const COleDateTime& day, const CalendarTexts& words,
+                       const AccessTexts& texts, bool showNames = true);
 
 // An item text of a control as UTF-8.
 std::string Utf8OfItemText(const CCalendarCtrl& ctrl, const CString& text);

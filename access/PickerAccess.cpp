@@ -53,10 +53,16 @@ AccessWords PeriodGridAccess::WordsOf(int node)
 {
     const PeriodGridState& state = *m_pCtrl->m_state;
     const DayProvider* days = m_pCtrl->GetDayProvider();
-    return PeriodGridSpeech{
-        Texts(), state.model.Policy(), state.layout, Now(),
-        [this, days](const COleDateTime& day) { return NamesOfDay(days, day, m_pCtrl->GetTexts()); }}
-        .WordsOf(LastTree().At(node).id);
+    const AccessTexts& texts = Texts();
+    const AccessId& id = LastTree().At(node).id;
+    const auto namesOfDay = [&](const COleDateTime& day) { return NamesOfDay(days, day, m_pCtrl->GetTexts(), texts); };
+    AccessWords words = PeriodGridSpeech{texts, state.model.Policy(), state.layout, Now(), namesOfDay}.WordsOf(id);
+    const GridHit hit = HitOfPart(state.layout, id);
+    if (hit.part == GridPart::Cell && hit.block < static_cast<int>(state.marks.size())) {
+        const CellMark& mark = state.marks[hit.block][hit.cell];
+        words.name = Joined({words.name, mark.isBold || mark.dot != CLR_NONE ? texts.marked : ""}, texts.between);
+    }
+    return words;
 }
 
 AccessId PeriodGridAccess::Focus()
@@ -265,15 +271,8 @@ AccessWords MoreListAccess::WordsOf(int node)
         words.name = texts.hiddenItems;
     } else if (m_pList->m_model.Item(id.key) < owner.GetItemCount()) {
         owner.GetItem(m_pList->m_model.Item(id.key), item);
-        tagCALENDAR_ITEM record;
-        record.dtStart = item.dtStart;
-        record.dtEnd = item.dtEnd;
-        record.nFullday = item.nFullday;
-        record.bAlarm = item.bAlarm;
-        record.bRecurrent = item.bRecurrent;
-        record.bMovable = item.bMovable;
         words.value = Utf8OfItemText(owner, item.strText);
-        words.name = SpokenItem(texts, record, words.value, m_pList->m_dtFirst, EndOfDay(m_pList->m_dtFirst), true);
+        words.name = SpokenItem(texts, item, words.value, m_pList->m_dtFirst, EndOfDay(m_pList->m_dtFirst), true);
         words.action = texts.select;
     }
     return words;

@@ -1,9 +1,9 @@
 #include "access/ViewSpeech.h"
 
 #include "core/DateMath.h"
+#include "core/ItemStore.h"
 
 #include <cstdio>
-#include <set>
 
 namespace dayvane {
 namespace {
@@ -93,6 +93,29 @@ std::string SpokenItem(const AccessTexts& texts, const tagCALENDAR_ITEM& item, c
                   texts.between);
 }
 
+std::string SpokenItem(const AccessTexts& texts, const tagCC_ITEM& item, const std::string& text,
+                       const COleDateTime& first, const COleDateTime& last, bool withDay)
+{
+    tagCALENDAR_ITEM record;
+    FillStored(record, item);
+    return SpokenItem(texts, record, text, first, last, withDay);
+}
+
+std::string SpokenCell(const AccessTexts& texts, const std::string& date, const std::string& present, int items)
+{
+    const std::string count = items == 0 ? "" : items == 1 ? texts.oneItem : FillIn(texts.items, {Number(items)});
+    return Joined({date, present, count}, texts.between);
+}
+
+std::string TakeName(const AccessTexts& texts, std::set<std::string>& taken, const std::string& name)
+{
+    std::string unlike = name;
+    for (int number = 2; !taken.insert(unlike).second; ++number) {
+        unlike = Joined({name, FillIn(texts.another, {Number(number)})}, texts.between);
+    }
+    return unlike;
+}
+
 // ---- The view and its cells
 
 std::string ViewSpeech::TitleName() const
@@ -134,29 +157,20 @@ std::string ViewSpeech::CellName(int node) const
     for (int child : tree.At(node).children) {
         count += tree.At(child).id.part == AccessPart::Item;
     }
-    return Joined({isMonth ? SpokenMonth(texts, cell.first) : SpokenDate(texts, cell.first),
-                   isNow ? (isMonth ? texts.thisMonth : texts.today) : "",
-                   count == 0   ? ""
-                   : count == 1 ? texts.oneItem
-                                : FillIn(texts.items, {Number(count)})},
+    return SpokenCell(texts, isMonth ? SpokenMonth(texts, cell.first) : SpokenDate(texts, cell.first),
+                      isNow ? (isMonth ? texts.thisMonth : texts.today) : "", count);
+}
+
+std::string ViewSpeech::RowName(const AccessId& id) const
+{
+    const std::vector<bool>& work = parts.cells[CellOfKey(parts, id.key)].workRows;
+    const bool isOutside = id.index < static_cast<int>(work.size()) && !work[id.index];
+    return Joined({SpokenTime(AddMinutes(DateOfDayNumber(0), id.index * parts.minutesPerRow)),
+                   SpokenDay(texts, DateOfPart(parts, id)), isOutside ? texts.outsideWork : ""},
                   texts.between);
 }
 
 // ---- Items and marks
-
-namespace {
-
-// A name differs from those before it.
-std::string Unlike(const AccessTexts& texts, const std::set<std::string>& taken, const std::string& name)
-{
-    std::string unlike = name;
-    for (int number = 2; taken.count(unlike) != 0; ++number) {
-        unlike = Joined({name, FillIn(texts.another, {Number(number)})}, texts.between);
-    }
-    return unlike;
-}
-
-} // namespace
 
 const std::vector<std::string>& ViewSpeech::NamesIn(int cellNode) const
 {
@@ -177,8 +191,7 @@ const std::vector<std::string>& ViewSpeech::NamesIn(int cellNode) const
             isThere ? SpokenItem(texts, items[id.index], toUtf8(items[id.index].strText), parts.cells[cell].first,
                                  parts.cells[cell].last, parts.kind == ViewKind::Year)
                     : texts.noTitle;
-        names.push_back(Unlike(texts, taken, name));
-        taken.insert(names.back());
+        names.push_back(TakeName(texts, taken, name));
     }
     return names;
 }
@@ -218,9 +231,7 @@ std::string ViewSpeech::NameOf(int node) const
     case AccessPart::WholeDay:
         return Joined({texts.wholeDay, SpokenDay(texts, DateOfPart(parts, id))}, texts.between);
     case AccessPart::Row:
-        return Joined({SpokenTime(AddMinutes(DateOfDayNumber(0), id.index * parts.minutesPerRow)),
-                       SpokenDay(texts, DateOfPart(parts, id))},
-                      texts.between);
+        return RowName(id);
     case AccessPart::Item:
         return NamesIn(tree.At(node).parent)[tree.At(node).position];
     case AccessPart::Mark:
@@ -242,7 +253,7 @@ AccessWords ViewSpeech::WordsOf(int node) const
         words.shortcut = kOpenKey;
         break;
     case AccessPart::Cell:
-        words.description = parts.kind == ViewKind::Year ? "" : namesOfDay(DateOfPart(parts, id));
+        words.description = descriptionOf(DateOfPart(parts, id));
         words.action = texts.open;
         break;
     case AccessPart::WholeDay:

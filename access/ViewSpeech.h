@@ -1,7 +1,7 @@
 // What the parts of a calendar view are called, as one would say it. All texts are UTF-8.
 #pragma once
 
-#include "AccessTexts.h"
+#include "SpokenWords.h"
 #include "ViewTree.h"
 
 #include <functional>
@@ -15,16 +15,6 @@ namespace dayvane {
 // the items.
 using ItemNames = std::map<int, std::vector<std::string>>;
 
-// What is said of a part, as far as it is known.
-struct AccessWords
-{
-    std::string name;
-    std::string value;
-    std::string description;
-    std::string shortcut;
-    std::string action; // what happens by default; empty: nothing
-};
-
 // Refers to what it speaks of: for the length of one question.
 struct ViewSpeech
 {
@@ -34,8 +24,8 @@ struct ViewSpeech
     const ItemArray& items; // the store
     ItemNames& itemNames;
     COleDateTime now;
-    std::function<std::string(const CString&)> toUtf8;          // of item texts
-    std::function<std::string(const COleDateTime&)> namesOfDay; // holiday, term; empty: none
+    std::function<std::string(const CString&)> toUtf8;             // of item texts
+    std::function<std::string(const COleDateTime&)> descriptionOf; // of the cell that begins with the day; empty: none
     std::string announcement;
 
     AccessWords WordsOf(int node) const;
@@ -50,18 +40,8 @@ private:
     std::string TitleName() const;
     std::string CellName(int node) const;
     const std::vector<std::string>& NamesIn(int cellNode) const;
+    std::string RowName(const AccessId& id) const;
     std::string MarkName(int node) const;
 };
-
-// "10:00 to 11:30 Weekly meeting, repeats, starts on Thursday": an item among those of the days from first to last.
-// withDay: also the day on which it starts.
-std::string SpokenItem(const AccessTexts& texts, const tagCALENDAR_ITEM& item, const std::string& text,
-                       const COleDateTime& first, const COleDateTime& last, bool withDay);
-
-// "Friday 20 November 2026", "Friday 20 November", "November 2026", "14:30"
-std::string SpokenDate(const AccessTexts& texts, const COleDateTime& date);
-std::string SpokenDay(const AccessTexts& texts, const COleDateTime& date);
-std::string SpokenMonth(const AccessTexts& texts, const COleDateTime& date);
-std::string SpokenTime(const COleDateTime& time);
 
 } // namespace dayvane

@@ -4,6 +4,7 @@
 
 #include "CalendarRecords.h"
 
+#include <string>
 #include <vector>
 
 namespace dayvane {
@@ -25,6 +26,8 @@ struct ViewCell
     CRect band = CRect(0, 0, 0, 0);   // time grids: its part of the full-day band; empty: none
     COleDateTime first;               // 00:00 of its first day; not valid: the cell stands for no date
     COleDateTime last;                // 23:59:59 of its last day
+    std::u16string hostText;          // what the host says of it
+    std::vector<bool> workRows;       // time grids: which rows are working hours; empty: not told
 };
 
 // A piece of an item, as the screen list has it.

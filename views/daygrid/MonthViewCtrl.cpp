@@ -97,6 +97,9 @@ void CMonthViewCtrl::DescribeParts(ViewParts& parts)
     for (int i = 0; i < kMonthColumns; ++i) {
         parts.columnHeaders.push_back(m_arHeaderCell[i].m_rect);
     }
+    for (int i = 0; i < static_cast<int>(parts.cells.size()); ++i) {
+        parts.cells[i].hostText = m_texts.HostText(m_arCellDate[i].m_dayProperty.strText);
+    }
 }
 
 void CMonthViewCtrl::SetCurrentDate(const COleDateTime& date)

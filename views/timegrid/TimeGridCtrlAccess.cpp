@@ -34,4 +34,11 @@ void CTimeGridCtrl::DescribeParts(ViewParts& parts)
 {
     FillTimeGridParts(State(), m_arScreenItem, m_pParts->more, parts);
     parts.kind = GetShownRange().days == 1 ? ViewKind::Day : ViewKind::SeveralDays;
+    for (int column = 0; column < static_cast<int>(parts.cells.size()); ++column) {
+        const tagCALENDAR_DAY_PROPERTY* day = GetDayProperty(parts.cells[column].first);
+        parts.cells[column].hostText = day ? m_texts.HostText(day->strText) : std::u16string();
+        for (int row = 0; row < parts.rows; ++row) {
+            parts.cells[column].workRows.push_back(IsWorkRow(column, row) != FALSE);
+        }
+    }
 }
