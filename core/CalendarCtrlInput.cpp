@@ -51,7 +51,7 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 void CCalendarCtrl::ArrowKey(void (CCalendarCtrl::*move)(UINT))
 {
     const WindowAlive alive(this, m_life);
-    if (m_nCurSel > 0) {
+    if (m_nCurSel > 0 || m_options.keyboardMoves) { // the first item stays, unless keys act on it
         SetCurSel(-1);
     }
     if (::GetKeyState(VK_SHIFT) < 0) {

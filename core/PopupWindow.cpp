@@ -32,12 +32,20 @@ BOOL CPopupWnd::CreatePopup(LPCTSTR lpszClass, DWORD dwStyle, const CRect& rcScr
     m_access.Listen(*this);
     // Created visible it would take the activation, and the control lose the focus.
     ::SetWindowPos(m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, kShowFlags);
+    if (object.expired()) {
+        return FALSE;
+    }
+    // Of the window itself the system tells; this is of what stands in it.
+    ::NotifyWinEvent(EVENT_OBJECT_SHOW, m_hWnd, OBJID_CLIENT, CHILDID_SELF);
     return !object.expired();
 }
 
 LRESULT CPopupWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = 0;
+    if (message == WM_DESTROY) {
+        ::NotifyWinEvent(EVENT_OBJECT_HIDE, m_hWnd, OBJID_CLIENT, CHILDID_SELF);
+    }
     if (m_access.Answer(*this, message, wParam, lParam, result)) {
         return result;
     }
