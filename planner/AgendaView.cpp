@@ -4,6 +4,7 @@
 #include "core/CalendarCtrl.h"
 #include "core/SystemTheme.h"
 #include "core/ThemeColors.h"
+#include "planner/AgendaAccess.h"
 #include "planner/ItemBridge.h"
 #include "planner/PlannerDoc.h"
 #include "planner/PlannerTheme.h"
@@ -106,6 +107,7 @@ void CAgendaView::Read(planner::DayNumber from, planner::DayNumber to)
     m_occurrences = calendars->OccurrencesIn(m_from * planner::kDaySeconds, m_to * planner::kDaySeconds);
     m_rows = planner::AgendaRowsOf(m_occurrences, m_from, m_to, m_today);
     m_chosen = -1;
+    ++m_version;
 }
 
 void CAgendaView::GoTo(planner::DayNumber day)
@@ -113,10 +115,14 @@ void CAgendaView::GoTo(planner::DayNumber day)
     Read(day - kReadAtOnce, day + kReadAtOnce);
     m_top = 0;
     ScrollTo(static_cast<int>(planner::RowOfDay(m_rows, day)));
+    m_wanted = day;
 }
 
 planner::DayNumber CAgendaView::TopDay() const
 {
+    if (m_wanted) {
+        return *m_wanted;
+    }
     return m_rows.empty() ? m_from + kReadAtOnce : m_rows[static_cast<std::size_t>(m_top)].day;
 }
 
@@ -177,6 +183,37 @@ std::optional<planner::Occurrence> CAgendaView::Chosen() const
                : std::optional(m_occurrences[m_rows[row].item]);
 }
 
+// ---- Programs that read aloud
+
+planner::AgendaPage CAgendaView::Page()
+{
+    CRect client;
+    GetClientRect(&client);
+    return {m_rows, m_occurrences, m_today, m_top, RowHeight(), client};
+}
+
+LRESULT CAgendaView::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (dayvane::AccessWindow::IsQuestion(message, lParam)) {
+        if (!m_access) {
+            m_access = std::make_shared<planner::AgendaAccess>(*this);
+        }
+        if (const LRESULT answer = m_access->GetObject(wParam, lParam)) {
+            return answer;
+        }
+    }
+    const std::shared_ptr<planner::AgendaAccess> access = m_access;
+    if (access && message == WM_DESTROY) {
+        access->Disconnect();
+        m_access.reset();
+    }
+    const LRESULT result = CView::WindowProc(message, wParam, lParam); // may be the end of this object
+    if (access) {
+        access->Follow();
+    }
+    return result;
+}
+
 // ---- Scrolling
 
 int CAgendaView::RowHeight()
@@ -205,6 +242,12 @@ void CAgendaView::ScrollTo(int row)
     Invalidate(FALSE);
 }
 
+void CAgendaView::ScrollByHand(int row)
+{
+    m_wanted.reset();
+    ScrollTo(row);
+}
+
 void CAgendaView::PlaceBar()
 {
     SCROLLINFO bar = {};
@@ -231,20 +274,20 @@ void CAgendaView::OnVScroll(UINT nSBCode, UINT, CScrollBar*)
     GetScrollInfo(SB_VERT, &bar);
     switch (nSBCode) {
     case SB_LINEUP:
-        ScrollTo(m_top - 1);
+        ScrollByHand(m_top - 1);
         break;
     case SB_LINEDOWN:
-        ScrollTo(m_top + 1);
+        ScrollByHand(m_top + 1);
         break;
     case SB_PAGEUP:
-        ScrollTo(m_top - PageRows());
+        ScrollByHand(m_top - PageRows());
         break;
     case SB_PAGEDOWN:
-        ScrollTo(m_top + PageRows());
+        ScrollByHand(m_top + PageRows());
         break;
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        ScrollTo(bar.nTrackPos);
+        ScrollByHand(bar.nTrackPos);
         break;
     default:
         break;
@@ -256,7 +299,7 @@ BOOL CAgendaView::OnMouseWheel(UINT, short zDelta, CPoint)
     m_wheel += zDelta;
     const int notches = m_wheel / WHEEL_DELTA;
     m_wheel -= notches * WHEEL_DELTA;
-    ScrollTo(m_top - notches * kWheelRows);
+    ScrollByHand(m_top - notches * kWheelRows);
     return TRUE;
 }
 
@@ -268,6 +311,7 @@ void CAgendaView::ChooseRow(int row)
         return;
     }
     const int last = static_cast<int>(m_rows.size()) - 1;
+    m_wanted.reset();
     m_chosen = std::clamp(row, 0, last);
     if (m_chosen < m_top) {
         ScrollTo(m_chosen);
@@ -276,6 +320,19 @@ void CAgendaView::ChooseRow(int row)
     }
     Invalidate(FALSE);
     GetParentFrame()->SendMessage(WM_PLANNER_CHOSEN, 0);
+}
+
+// The next or the previous item, headings left out.
+void CAgendaView::ChooseItem(bool isBack)
+{
+    const int step = isBack ? -1 : 1;
+    int row = m_chosen < 0 ? m_top - (isBack ? 0 : 1) : m_chosen;
+    do {
+        row += step;
+    } while (row >= 0 && row < static_cast<int>(m_rows.size()) && m_rows[static_cast<std::size_t>(row)].IsHeading());
+    if (row >= 0 && row < static_cast<int>(m_rows.size())) {
+        ChooseRow(row);
+    }
 }
 
 void CAgendaView::OnLButtonDown(UINT, CPoint point)
@@ -305,6 +362,9 @@ void CAgendaView::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         break;
     case VK_NEXT:
         ChooseRow(from + PageRows());
+        break;
+    case VK_TAB:
+        ChooseItem(::GetKeyState(VK_SHIFT) < 0);
         break;
     case VK_HOME:
         GoTo(m_today);

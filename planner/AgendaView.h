@@ -5,7 +5,7 @@
 #include <afxwin.h>
 
 #include "core/CalendarTheme.h"
-#include "planner/AgendaRows.h"
+#include "planner/AgendaTree.h"
 #include "planner/CalendarSet.h"
 #include "planner/ShownItems.h"
 #include "views/daygrid/MonthViewCtrl.h"
@@ -16,6 +16,10 @@
 
 // Sent to the frame: another line is chosen, or a line is to be opened (wParam 1).
 constexpr UINT WM_PLANNER_CHOSEN = WM_APP + 2;
+
+namespace planner {
+class AgendaAccess;
+}
 
 class CAgendaView : public CView
 {
@@ -29,14 +33,20 @@ public:
     void Reload();
     bool Choose(const planner::OccurrenceId& id);
     std::optional<planner::Occurrence> Chosen() const;
-    // The day of the chosen line, else the one on top.
+    // The day of the chosen line, else the one that was gone to, else the one on top.
     planner::DayNumber ChosenDay() const;
+    // What is shown now, for who speaks of it. Refers to the view: for the length of one question.
+    planner::AgendaPage Page();
+    int Version() const { return m_version; }  // another one after each reading
+    int ChosenRow() const { return m_chosen; } // -1: none
+    void ChooseRow(int row);                   // as the arrow keys do
     void SetTheme(const CalendarTheme& theme);
     void SetScale(int dpi);
     // The month of the topmost day, read anew into a control that is not seen and prints it as a list.
     planner::ShownItems& Paper();
 
 protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnDraw(CDC* pDC) override;
     BOOL OnPreparePrinting(CPrintInfo* pInfo) override;
     void OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo) override;
@@ -60,7 +70,8 @@ private:
     void Read(planner::DayNumber from, planner::DayNumber to);
     void Grow(); // at the end that is near
     void ScrollTo(int row);
-    void ChooseRow(int row);
+    void ScrollByHand(int row);
+    void ChooseItem(bool isBack);
     void PlaceBar();
     int RowHeight();
     int PageRows();
@@ -70,11 +81,14 @@ private:
     planner::ShownItems m_paper;
     std::vector<planner::Occurrence> m_occurrences;
     std::vector<planner::AgendaRow> m_rows;
+    int m_version = 0;
     planner::DayNumber m_from = 0, m_to = 0; // read
     planner::DayNumber m_today = 0;
     CalendarTheme m_theme;
-    CFont m_font;      // the system's, at the resolution of the screen
-    int m_top = 0;     // row
-    int m_chosen = -1; // row
-    int m_wheel = 0;   // left over of the last turn
+    CFont m_font;                               // the system's, at the resolution of the screen
+    int m_top = 0;                              // row
+    int m_chosen = -1;                          // row
+    std::optional<planner::DayNumber> m_wanted; // gone to; it may have no line. Until something is scrolled or chosen
+    int m_wheel = 0;                            // left over of the last turn
+    std::shared_ptr<planner::AgendaAccess> m_access; // nullptr: nobody has asked
 };

@@ -29,9 +29,8 @@ void CPlannerFrame::OnCopy(UINT nID)
 void CPlannerFrame::OnPaste()
 {
     const auto pasted = planner::TakeFromClipboard(*this);
-    if (pasted && m_items.Ctrl()) {
-        const planner::EventTimes place = planner::SelectedTimes(*m_items.Ctrl(), !m_view.row->hasTimes);
-        FinishMerge(planner::PasteText(Calendars(), *pasted, place));
+    if (pasted) {
+        FinishMerge(planner::PasteText(Calendars(), *pasted, NewTimes()));
     }
 }
 
