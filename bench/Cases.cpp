@@ -3,6 +3,7 @@
 #include "BenchViews.h"
 #include "RawPicture.h"
 
+#include "access/CalendarWindowAccess.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/ItemStore.h"
@@ -12,6 +13,7 @@
 #include "views/daygrid/RowPieces.h"
 
 #include <afxext.h>
+#include <oleacc.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -336,6 +338,32 @@ std::vector<CaseResult> Utf8Cases()
     return {{"month, 1,000 items: paint with UTF-8 texts", stage.WholePaint(), own, 1.1}};
 }
 
+// What a program that reads aloud waits for when it asks a window for the first time: its first part, by name.
+std::vector<CaseResult> ReaderCases()
+{
+    Stage stage("month", kScreen);
+    stage.AddInView(10000);
+    CCalendarCtrl& ctrl = stage.Ctrl();
+    VARIANT first = {};
+    first.vt = VT_I4;
+    first.lVal = 1;
+    const double asked = CpuOf([&] {
+        const auto access = std::make_shared<dayvane::CalendarWindowAccess>(ctrl);
+        void* root = nullptr;
+        ::ObjectFromLresult(access->GetObject(0, OBJID_CLIENT), __uuidof(IAccessible), 0, &root);
+        IAccessible* object = static_cast<IAccessible*>(root);
+        IDispatch* child = nullptr;
+        BSTR name = nullptr;
+        object->get_accChild(first, &child);
+        object->get_accName(first, &name);
+        ::SysFreeString(name);
+        child->Release();
+        object->Release();
+        access->Disconnect();
+    });
+    return {{"month, 10,000 items: a reader's first part", asked, stage.WholeLayout(), 5}};
+}
+
 struct CaseRow
 {
     const char* name;
@@ -355,6 +383,7 @@ std::vector<CaseRow> Rows()
             {"month, 1,000 items: printed", PrintCases},
             {"paint at 200 %", ScaleCases},
             {"paint with UTF-8 texts", Utf8Cases},
+            {"month, 10,000 items: a reader's first part", ReaderCases},
             {"1,000,000 stored", MillionCases}};
 }
 

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 using namespace testsupport;
@@ -54,12 +55,26 @@ public:
         return PumpUntil(
             [&] {
                 for (const Heard& heard : g_heard) {
+                    if (heard.event != event) {
+                        continue;
+                    }
                     const Spoken part = Spoken::OfEvent(heard.window, OBJID_CLIENT, heard.child);
-                    if (heard.event == event && part.Name().compare(0, begin.size(), begin) == 0) {
+                    if (part.Name().compare(0, begin.size(), begin) == 0) {
                         return true;
                     }
                 }
                 return false;
+            },
+            3000);
+    }
+
+    // Of a window as a whole, which may be gone.
+    static bool HearsOfWindow(DWORD event, HWND window)
+    {
+        return PumpUntil(
+            [&] {
+                return std::any_of(g_heard.begin(), g_heard.end(),
+                                   [&](const Heard& heard) { return heard.event == event && heard.window == window; });
             },
             3000);
     }
@@ -201,6 +216,19 @@ TYPED_TEST(Objects, TellOfFocusAndMoves)
     PumpMessages();
     this->Add("New", At(18, 0), At(19, 0));
     EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_REORDER, this->Root().Name()));
+    tagCC_ITEM item;
+    this->view->GetItem(1, item);
+    item.strText = "Run";
+    item.bMovable = FALSE;
+    this->view->SetItem(1, &item);
+    this->view->Refresh();
+    const std::string run = this->ItemNamed("Run").Name();
+    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_NAMECHANGE, run)) << run;
+    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_VALUECHANGE, run));
+    hardware::Key(VK_RIGHT, {VK_CONTROL});
+    EXPECT_TRUE(Listening::Hears(EVENT_SYSTEM_ALERT, "Cannot be moved"));
+    this->view->MoveWindow(0, 0, 640, 500);
+    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_LOCATIONCHANGE, run));
 }
 
 TYPED_TEST(Objects, OutliveTheControlWithoutHarm)
@@ -276,9 +304,11 @@ TYPED_TEST(Objects, OpenTheListOfAMark)
         return;
     }
     EXPECT_NE(std::string::npos, mark.Name().find("more item")) << mark.Name();
+    const Listening listening;
     ASSERT_EQ(S_OK, mark.Act());
     ASSERT_TRUE(lists->IsMoreListOpen());
     const HWND popup = ::GetCapture();
+    EXPECT_TRUE(Listening::HearsOfWindow(EVENT_OBJECT_SHOW, popup));
     const Spoken list = Spoken::OfWindow(popup);
     EXPECT_EQ(ROLE_SYSTEM_LIST, list.Role());
     ASSERT_GT(list.Children().size(), 2u);
@@ -288,8 +318,39 @@ TYPED_TEST(Objects, OpenTheListOfAMark)
     EXPECT_TRUE(list.Children()[1].Has(STATE_SYSTEM_FOCUSED));
     ASSERT_EQ(S_OK, list.Children()[1].Act());
     EXPECT_FALSE(lists->IsMoreListOpen());
+    EXPECT_TRUE(Listening::HearsOfWindow(EVENT_OBJECT_HIDE, popup));
     EXPECT_NE(-1, this->view->GetCurSel());
     EXPECT_EQ("", list.Name()) << "gone with its window";
+}
+
+TEST(ViewObjects, SayWhatColoursAndLinesTell)
+{
+    SetAccessTexts(&EnglishAccessTexts());
+    RecordingParent parent;
+    parent.Create(900, 700);
+    CMonthViewCtrl month;
+    month.SetCurrentDate(At(9, 0));
+    month.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 900, 700), &parent, 7);
+    const auto saidOf = [&](const char* day) {
+        return Spoken::OfWindow(month).FindNamed(day, ROLE_SYSTEM_CELL).Description();
+    };
+    EXPECT_EQ(u8"昭和の日", saidOf("Saturday 29 April 2017"));
+    month.ShowHoliday(FALSE);
+    EXPECT_EQ("day off", saidOf("Saturday 29 April 2017")) << "its colour stays";
+    tagCALENDAR_DAY_PROPERTY property;
+    property.strText = "stocktaking";
+    month.SetDayProperty(COleDateTime(2017, 4, 25, 0, 0, 0), property);
+    DayLines lines;
+    lines.rokuyo = true;
+    month.SetDayLines(lines);
+    month.Refresh();
+    EXPECT_EQ(u8"先勝, stocktaking", saidOf("Tuesday 25 April 2017"));
+    CDayViewCtrl day;
+    day.SetCurrentDate(At(9, 0));
+    day.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 900, 700), &parent, 8);
+    EXPECT_EQ("3:00, Wednesday 26 April, outside working hours", Spoken::OfWindow(day).FindNamed("3:00").Name());
+    EXPECT_EQ("10:00, Wednesday 26 April", Spoken::OfWindow(day).FindNamed("10:00").Name());
+    SetAccessTexts(nullptr);
 }
 
 // ---- Date selectors

@@ -329,6 +329,48 @@ TYPED_TEST(Keys, TypingOpensTheEditBox)
     EXPECT_FALSE(::GetDlgItem(*this->view, 1));
 }
 
+// What an input method sends to the window with the focus goes on in the box, and its Enter is not the box's.
+TYPED_TEST(Keys, AConversionBeginsInTheEditBox)
+{
+    const auto box = [this] { return ::GetDlgItem(*this->view, 1); };
+    MSG key = {this->view->m_hWnd, WM_KEYDOWN, VK_PROCESSKEY, 1, 0, {0, 0}};
+    CWnd& window = *this->view;
+    EXPECT_FALSE(window.PreTranslateMessage(&key)) << "the key goes on";
+    ASSERT_TRUE(box());
+    EXPECT_EQ(box(), key.hwnd) << "to the box";
+    messages::Key(box(), VK_ESCAPE);
+    this->reports.clear();
+    this->view->SendMessage(WM_IME_STARTCOMPOSITION); // of a message loop that does not ask
+    ASSERT_TRUE(box());
+    messages::Key(box(), VK_RETURN);
+    EXPECT_TRUE(box()) << "it converts";
+    ::SendMessage(box(), WM_IME_ENDCOMPOSITION, 0, 0);
+    messages::Type(box(), "after");
+    messages::Key(box(), VK_RETURN);
+    this->ExpectReports({"rename 0", "text after"});
+    EXPECT_FALSE(box());
+}
+
+TYPED_TEST(Keys, GoToTheFirstAndTheLastCell)
+{
+    COleDateTime first, last, begin, end;
+    this->view->GetViewRange(first, last);
+    hand::Key(VK_HOME, {VK_CONTROL});
+    EXPECT_TRUE(PumpUntil([&] { return this->view->GetSelRange(begin, end) && begin == first; }, 2000))
+        << begin.Format("%m-%d %H:%M").GetString();
+    EXPECT_EQ(-1, this->view->GetCurSel()) << "no key acts on an item that is not where the focus is";
+    hand::Key(VK_END, {VK_CONTROL});
+    const auto isLast = [&] {
+        return this->view->GetSelRange(begin, end) && begin <= last && end > dayvane::AddMinutes(last, -31 * 24 * 60) &&
+               begin > first;
+    };
+    EXPECT_TRUE(PumpUntil(isLast, 2000)) << begin.Format("%m-%d %H:%M").GetString();
+    hand::Key(VK_HOME, {});
+    PumpMessages();
+    ASSERT_TRUE(this->view->GetSelRange(begin, first));
+    EXPECT_LE(begin, end) << "the first of the row";
+}
+
 TYPED_TEST(Keys, WithoutTheOptionTheyMoveTheSelection)
 {
     CalendarOptions options = this->view->GetOptions();

@@ -48,6 +48,44 @@ in_view() {
     expect "$view: found with Tab and deleted" ""
 }
 
+# details: the dialog of the chosen item, the keys that are given, Enter
+details() {
+    xdotool key "$1"
+    until_true has_window Item
+    shift
+    for each in "$@"; do
+        case $each in
+        alt+*) xdotool key "$each" ;;
+        *) xdotool type --delay 0 "$each" ;;
+        esac
+    done
+    xdotool key Return
+    until_true has_no_window Item
+}
+
+# in_agenda: the list has no places to move an item to; its times are typed
+in_agenda() {
+    xdotool key ctrl+9
+    go_to 2026-04-15
+    details Insert One
+    expect "agenda: made" "One@20260415/20260416"
+    details ctrl+Return alt+s 2026-04-16
+    expect "agenda: moved" "One@20260416/20260417"
+    details ctrl+Return alt+e 2026-04-18
+    expect "agenda: made longer" "One@20260416/20260419"
+    xdotool key ctrl+c
+    go_to 2026-04-20
+    xdotool key ctrl+v
+    expect "agenda: copied" "One@20260416/20260419 One@20260420/20260423"
+    details F2 Two
+    expect "agenda: renamed" "One@20260416/20260419 Two@20260420/20260423"
+    xdotool key Delete
+    expect "agenda: deleted" "One@20260416/20260419"
+    go_to 2026-04-16
+    xdotool key Tab Delete
+    expect "agenda: found with Tab and deleted" ""
+}
+
 rm -rf "$folder"
 mkdir -p "$folder"
 printf '%s\r\n' BEGIN:VCALENDAR VERSION:2.0 END:VCALENDAR >"$file"
@@ -60,7 +98,10 @@ in_view diary ctrl+5 20260415/20260416 20260419/20260420 20260419/20260424 20260
 in_view year ctrl+8 20260415/20260416 20261015/20261016 20261015/20270416 20260420/20261020
 half=20260415T080000/20260415T083000 next=20260415T083000/20260415T090000 hour=20260415T083000/20260415T093000
 in_view week ctrl+3 $half $next $hour 20260420T080000/20260420T090000
+in_view workweek ctrl+2 $half $next $hour 20260420T080000/20260420T090000
+in_view days ctrl+4 $half $next $hour 20260420T080000/20260420T090000
 in_view day ctrl+1 $half $next $hour 20260420T080000/20260420T090000
+in_agenda
 
 close_planner
 print_totals

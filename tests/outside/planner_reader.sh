@@ -57,7 +57,12 @@ reads ctrl+7 month2 "Month calendar, April 2026" "9:30 to 10:30 Meeting"
 reads ctrl+5 diary "Week calendar" "Wednesday 15 April 2026, 1 item" "9:30 to 10:30 Meeting"
 reads ctrl+8 year "Year calendar" "April 2026, 11 items" "Wednesday 15 April 9:30 to 10:30 Meeting"
 reads ctrl+3 week "Calendar of several days" "9:30 to 10:30 Meeting" "9:30, Wednesday 15 April"
+reads ctrl+2 workweek "Calendar of several days, Monday 13 April to Friday 17 April 2026" "9:30 to 10:30 Meeting" \
+    "7:30, Wednesday 15 April, outside working hours"
+reads ctrl+4 days "Calendar of several days, Wednesday 15 April to Saturday 18 April 2026" "9:30 to 10:30 Meeting"
+reads ctrl+9 agenda "Agenda" "Wednesday 15 April 2026, 1 item" "9:30 to 10:30 Meeting" "All day Trip, ends on Thursday"
 reads ctrl+1 day "Day calendar, Wednesday 15 April 2026" "9:30 to 10:30 Meeting" "Whole day, Wednesday 15 April"
+does "says which days are busy" hear "Wednesday 15 April 2026, marked"
 xdotool key ctrl+6
 does "finds the month again" hear "Month calendar, April 2026"
 

@@ -1,5 +1,6 @@
 // The lines of an agenda.
-#include "planner/AgendaRows.h"
+#include "planner/AgendaTree.h"
+#include "tests/access/TreeChecks.h"
 #include "tests/ical/CalendarTesting.h"
 
 namespace {
@@ -26,6 +27,43 @@ TEST(AgendaRows, StandUnderEachDayThatTheyTouch)
     EXPECT_EQ(RowOfDay(rows, from + 1), 4u);
     EXPECT_EQ(RowOfDay(rows, from + 2), 7u) << "the next day that has a heading";
     EXPECT_EQ(RowOfDay(rows, to), rows.size());
+}
+
+TEST(AgendaTree, HasACellForEachDayAndAnItemForEachLine)
+{
+    std::string file = "BEGIN:VCALENDAR\r\n";
+    for (const char* day : {"20260415", "20260415", "20260416", "20260420"}) {
+        file += Joined({"BEGIN:VEVENT", "UID:" + std::to_string(file.size()), std::string("DTSTART:") + day + "T090000",
+                        "DURATION:PT1H", "SUMMARY:Talk", "LOCATION:Hall", "CATEGORIES:Work", "END:VEVENT"});
+    }
+    Document document;
+    document.Load(file + "END:VCALENDAR\r\n");
+    const DayNumber from = DayOfTime(At("20260415"));
+    const auto occurrences = document.OccurrencesIn(from * kDaySeconds, (from + 9) * kDaySeconds);
+    const auto rows = AgendaRowsOf(occurrences, from, from + 9, from + 1);
+    const dayvane::AccessTexts& texts = dayvane::EnglishAccessTexts();
+    for (int top = 0; top < static_cast<int>(rows.size()); ++top) {
+        const AgendaPage page = {rows, occurrences, from + 1, top, 20, CRect(0, 0, 300, 70)};
+        const dayvane::AccessTree tree = MakeAgendaTree(page);
+        const auto nameOf = [&](int node) { return WordsOfAgenda(texts, page, tree.At(node).id).name; };
+        accesstest::CheckTree(tree, nameOf);
+        for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+            const dayvane::AccessId id = PartOfRow(page, row);
+            const dayvane::AccessNode& node = tree.At(tree.Find(id));
+            EXPECT_EQ(row, RowOfPart(page, id));
+            const bool isInSight = row >= top && row < top + 4;
+            if (!rows[static_cast<std::size_t>(row)].IsHeading()) {
+                EXPECT_EQ(isInSight, !node.isHidden) << row << " under " << top;
+                EXPECT_EQ(isInSight ? (row - top) * 20 : 0, node.box.top);
+            }
+        }
+    }
+    const AgendaPage page = {rows, occurrences, from + 1, 0, 20, CRect(0, 0, 300, 70)};
+    EXPECT_EQ("Wednesday 15 April 2026, 2 items", WordsOfAgenda(texts, page, PartOfRow(page, 0)).name);
+    EXPECT_EQ("9:00 to 10:00 Talk, number 2", WordsOfAgenda(texts, page, PartOfRow(page, 2)).name);
+    EXPECT_EQ("Hall, Work", WordsOfAgenda(texts, page, PartOfRow(page, 2)).description);
+    EXPECT_EQ("Thursday 16 April 2026, today, 1 item", WordsOfAgenda(texts, page, PartOfRow(page, 3)).name);
+    EXPECT_EQ(-1, RowOfPart(page, {dayvane::AccessPart::Item, static_cast<int>(from), 2}));
 }
 
 } // namespace
