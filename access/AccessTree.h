@@ -9,6 +9,7 @@
 
 namespace dayvane {
 
+// What a part is; its role follows.
 enum class AccessPart
 {
     Root,
@@ -32,7 +33,7 @@ enum class AccessPart
 // Names a part by what it stands for, so that it stays the same while the control scrolls or gets other items.
 struct AccessId
 {
-    AccessPart part = AccessPart::Root;
+    AccessPart part = AccessPart::Root; // what it is
     int key = 0;   // of the cell: its day number; periods: their number; entries and headers: their position
     int index = 0; // within the cell: the item's index in the store, the row, the mark's position
 
@@ -49,20 +50,20 @@ struct AccessId
 
 struct AccessNode
 {
-    AccessId id;
+    AccessId id;                   // by which it is found again
     CRect box = CRect(0, 0, 0, 0); // client pixels; never beyond the parent's
     bool isHidden = false;         // scrolled away, or without room; its box may be empty
     int layer = 0;                 // of siblings that lie over each other the highest is seen, then the last
-    // The grid that it is a cell of, its row and column there; grid 0: none.
-    int grid = 0;
-    int gridRow = 0;
-    int gridColumn = 0;
+    int grid = 0;                  // of those of the window the one that it is a cell of; 0: none
+    int gridRow = 0;               // its row there
+    int gridColumn = 0;            // its column there
     // Filled in by the tree.
     int parent = -1;
-    int position = 0; // among its siblings
-    std::vector<int> children;
+    int position = 0;          // among its siblings
+    std::vector<int> children; // their numbers
 };
 
+// Where navigation leads from a part.
 enum class AccessWay
 {
     First, // child
@@ -75,7 +76,7 @@ enum class AccessWay
     Right,
 };
 
-constexpr int kNoNode = -1;
+constexpr int kNoNode = -1; // there is none
 
 class AccessTree
 {
@@ -86,9 +87,9 @@ public:
     // Adds a child, its box cut to the parent's; returns its number. A box that is empty then makes it hidden.
     int Add(int parent, const AccessNode& node);
 
-    int Count() const { return static_cast<int>(m_nodes.size()); }
-    const AccessNode& At(int node) const { return m_nodes[node]; }
-    int Find(const AccessId& id) const; // kNoNode: there is none
+    int Count() const { return static_cast<int>(m_nodes.size()); } // with the root, number 0
+    const AccessNode& At(int node) const { return m_nodes[node]; } // the part of that number
+    int Find(const AccessId& id) const;                            // kNoNode: there is none
 
     int Walk(int from, AccessWay way) const; // kNoNode: no way
     // The deepest part that is seen at the point; kNoNode outside the root.

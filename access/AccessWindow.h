@@ -92,7 +92,7 @@ private:
     bool m_isAutomated = false; // UI Automation has asked
 };
 
-std::wstring WideFromUtf8(const std::string& utf8);
-std::string Utf8FromWide(const std::wstring& wide);
+std::wstring WideFromUtf8(const std::string& utf8); // bytes that are no UTF-8 become U+FFFD
+std::string Utf8FromWide(const std::wstring& wide); // likewise half a surrogate pair
 
 } // namespace dayvane
