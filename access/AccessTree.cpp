@@ -10,6 +10,12 @@ AccessTree::AccessTree(const CRect& box)
     m_byId[root.id] = 0;
 }
 
+void AccessTree::Reserve(int nodes)
+{
+    m_nodes.reserve(static_cast<size_t>(nodes));
+    m_byId.reserve(static_cast<size_t>(nodes));
+}
+
 int AccessTree::Add(int parent, const AccessNode& node)
 {
     const int number = Count();

@@ -5,6 +5,7 @@
 #include <atltypes.h>
 
 #include <map>
+#include <unordered_map>
 #include <vector>
 
 namespace dayvane {
@@ -84,6 +85,7 @@ public:
     // The root.
     explicit AccessTree(const CRect& box);
 
+    void Reserve(int nodes); // room for so many
     // Adds a child, its box cut to the parent's; returns its number. A box that is empty then makes it hidden.
     int Add(int parent, const AccessNode& node);
 
@@ -108,7 +110,18 @@ private:
     };
 
     std::vector<AccessNode> m_nodes; // the root first, parents before their children
-    std::map<AccessId, int> m_byId;
+    struct HashOfId
+    {
+        size_t operator()(const AccessId& id) const
+        {
+            return (static_cast<size_t>(id.key) * kKeyFactor + static_cast<size_t>(id.index)) * kPartFactor +
+                   static_cast<size_t>(id.part);
+        }
+    };
+    static constexpr size_t kKeyFactor = 65599; // primes: keys and indices are small numbers one after the other
+    static constexpr size_t kPartFactor = 31;
+
+    std::unordered_map<AccessId, int, HashOfId> m_byId;
     std::map<GridPlace, int> m_byPlace;
 };
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <climits>
+#include <limits>
+#include <utility>
 
 namespace dayvane {
 namespace {
@@ -14,6 +16,8 @@ enum Grid
     GRID_CELLS = 1,
     GRID_ROWS = 2,
 };
+
+constexpr int kPartsOfCell = 3; // itself, its mark, its whole day
 
 // What lies over what within a cell.
 enum Layer
@@ -47,6 +51,8 @@ public:
 
     AccessTree Make()
     {
+        m_tree.Reserve(static_cast<int>(m_parts.cells.size()) * (m_parts.rows + kPartsOfCell) +
+                       static_cast<int>(m_parts.pieces.size()));
         if (!m_parts.title.IsRectEmpty()) {
             m_tree.Add(0, NodeOf(AccessPart::Title, 0, 0, m_parts.title));
         }
@@ -61,7 +67,7 @@ public:
         for (size_t i = 0; i < m_parts.cells.size(); ++i) {
             AddHours(static_cast<int>(i));
         }
-        return m_tree;
+        return std::move(m_tree);
     }
 
 private:
@@ -74,7 +80,19 @@ private:
             node.gridRow = cell / m_parts.columns;
             node.gridColumn = cell % m_parts.columns;
             m_cells.push_back(m_tree.Add(0, node));
+            const COleDateTime& last = m_parts.cells[i].last;
+            m_ends.push_back(IsValid(last) ? last.m_dt : -std::numeric_limits<double>::max());
         }
+    }
+
+    // The first cell that ends at the date or later. Called for each of many items.
+    size_t FirstCellFrom(const COleDateTime& date) const
+    {
+        size_t cell = 0;
+        while (cell < m_ends.size() && m_ends[cell] < date.m_dt) {
+            ++cell;
+        }
+        return cell;
     }
 
     void AddPieces()
@@ -84,7 +102,7 @@ private:
                 continue;
             }
             const COleDateTime last = std::max(piece.first, piece.last);
-            for (size_t i = FirstCellFrom(m_parts, piece.first); i < m_cells.size(); ++i) {
+            for (size_t i = FirstCellFrom(piece.first); i < m_cells.size(); ++i) {
                 const ViewCell& cell = m_parts.cells[i];
                 if (!IsValid(cell.first) || cell.first > last) {
                     break;
@@ -133,6 +151,7 @@ private:
     const ViewParts& m_parts;
     AccessTree m_tree;
     std::vector<int> m_cells;
+    std::vector<double> m_ends; // of the cells
 };
 
 int RowOf(const ViewParts& parts, const COleDateTime& time)

@@ -21,6 +21,7 @@ void FillBoxParts(const BoxViewPartsInput& input, ViewParts& parts)
             parts.marks.push_back({i, input.marks[i]});
         }
     }
+    parts.pieces.reserve(static_cast<size_t>(input.screenItems.GetSize()));
     for (int i = 0; i < static_cast<int>(input.screenItems.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = input.screenItems[i];
         ViewPiece piece;

@@ -34,6 +34,7 @@ void FillTimeGridParts(const TimeGridState& state, const ItemArray& screenItems,
     for (int column = 0; column < static_cast<int>(state.frame.columns.size()); ++column) {
         AddColumn(state, column, parts);
     }
+    parts.pieces.reserve(static_cast<size_t>(screenItems.GetSize()));
     for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         ViewPiece piece;
