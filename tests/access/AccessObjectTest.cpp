@@ -38,6 +38,7 @@ void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG ch
     }
 }
 
+// Events of a window that ends are lost on their way through the queue; a hook inside of the process hears them.
 class Listening
 {
 public:
@@ -46,8 +47,14 @@ public:
         g_heard.clear();
         m_hook =
             ::SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, Hear, ::GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+        m_inside = ::SetWinEventHook(EVENT_OBJECT_HIDE, EVENT_OBJECT_HIDE, ::GetModuleHandle(nullptr), Hear,
+                                     ::GetCurrentProcessId(), 0, WINEVENT_INCONTEXT);
     }
-    ~Listening() { ::UnhookWinEvent(m_hook); }
+    ~Listening()
+    {
+        ::UnhookWinEvent(m_hook);
+        ::UnhookWinEvent(m_inside);
+    }
 
     // The name of the part of the last event of that kind; waits for one whose name begins so.
     static bool Hears(DWORD event, const std::string& begin)
@@ -81,6 +88,7 @@ public:
 
 private:
     HWINEVENTHOOK m_hook;
+    HWINEVENTHOOK m_inside;
 };
 
 template <class View>
