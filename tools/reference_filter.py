@@ -150,8 +150,10 @@ class Filter:
         return "(" not in self.statement and "<" not in self.statement
 
     def single_lines(self):
-        """The lines, with a line for each name where several are declared in one."""
-        for line in self.lines:
+        """The lines, with a line for each name where several are declared in one; a template's parameters and its name
+        in one."""
+        lines = re.sub(r"^(template <.*>)\n", r"\1 ", "\n".join(self.lines), flags=re.M).split("\n")
+        for line in lines:
             several = SEVERAL.match(line)
             if several:
                 yield from (f"{several[1]}{several[2]} {name.strip()};" for name in several[3].split(","))
