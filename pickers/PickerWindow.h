@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 
+// The window of a date selector.
 template <class Base>
 class CPickerOf : public Base
 {
@@ -25,7 +26,7 @@ public:
     // The colours of everything, popups and tips too; repaints. See CalendarTheme.h.
     void SetTheme(const CalendarTheme& theme);
     const CalendarTheme& GetTheme() const { return m_theme; }
-    const CalendarTexts& GetTexts() const { return *m_texts; }
+    const CalendarTexts& GetTexts() const { return *m_texts; } // words and patterns of dates
     // The resolution that the control is drawn for, 96 at first: sizes follow. Ends what the option followDpi does.
     // Kept between 48 and 768.
     void SetScale(int dpi);
