@@ -87,6 +87,12 @@ TEST_F(AlarmTest, AnEventCanChangeItsZone)
     EXPECT_EQ(Difference(), "-DTSTART:20260415T090000Z\r\n-DTEND:20260415T100000Z\r\n"
                             "+DTSTART;TZID=East:20260415T180000\r\n+DTEND;TZID=East:20260415T190000\r\n")
         << "on the clock of the document it stays where it was";
+    OpenText(
+        "BEGIN:VCALENDAR\r\nX-WR-TIMEZONE:UTC\r\n" + zone +
+        Joined({"BEGIN:VEVENT", "UID:a", "DTSTART:20260415T090000Z", "DURATION:PT90M", "END:VEVENT", "END:VCALENDAR"}));
+    ASSERT_TRUE(m_document.Change(IdAt("20260415T0900"), changes).isDone);
+    EXPECT_EQ(Difference(), "-DTSTART:20260415T090000Z\r\n+DTSTART;TZID=East:20260415T180000\r\n")
+        << "its length stays as it is written";
     changes.zone = "Nowhere";
     EXPECT_FALSE(m_document.Change(IdAt("20260415T0900"), changes).isDone);
 }

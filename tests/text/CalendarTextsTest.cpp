@@ -45,7 +45,7 @@ TEST(CalendarTexts, FlagsOfPatterns)
     COleDateTime none;
     none.SetStatus(COleDateTime::invalid);
     EXPECT_EQ(DateText(texts, u"%Y", none), u"");
-    EXPECT_EQ(DateText(texts, u"%#Y %Y", COleDateTime(150, 1, 1, 0, 30, 0)), u"150 0150");
+    EXPECT_EQ(DateText(texts, u"%#Y %Y %b", COleDateTime(150, 1, 1, 0, 30, 0)), u"150 0150 Jan");
     EXPECT_EQ(DateText(texts, u"%#I %p", COleDateTime(2026, 1, 1, 0, 30, 0)), u"12 AM");
 }
 

@@ -110,6 +110,7 @@ TEST(TextCodec, TheLibrarysOwnPage)
     const std::string meeting = "\x89\xEF\x8B\x63 A";
     EXPECT_EQ(DecodeText(meeting, kOwnCodePage), u"会議 A");
     EXPECT_EQ(EncodeText(u"会議 A", kOwnCodePage), meeting);
+    EXPECT_NE(DecodeText(std::string("\x80"), kOwnCodePage), u"\xFF80") << "no sign of the byte";
     EXPECT_TRUE(HoldsText(u"会議", kOwnCodePage));
     const std::u16string korean = u"한";
     EXPECT_FALSE(HoldsText(korean, kOwnCodePage));
