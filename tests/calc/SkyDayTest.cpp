@@ -132,6 +132,8 @@ TEST(SkyDay, SexagenaryDates)
         {"the day before spring", 2024, 2, 3, u8"癸卯 乙丑 丁酉 癸卯"},
         {"spring", 2024, 2, 4, u8"甲辰 丙寅 戊戌 癸卯"},
         {"lunar new year", 2024, 2, 10, u8"甲辰 丙寅 甲辰 甲辰"},
+        {"the day before the term of April", 2024, 4, 3, u8"甲辰 丁卯 丁酉 甲辰"},
+        {"of December", 2024, 12, 6, u8"甲辰 乙亥 甲辰 甲辰"},
         {"before the first term of January", 2000, 1, 1, u8"己卯 丙子 戊午 己卯"},
     };
     for (const auto& c : cases) {

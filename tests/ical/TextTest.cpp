@@ -73,6 +73,7 @@ TEST(CivilTime, ReadsDurations)
         {"P1W", {{7, 0}}, "P7D"},
         {"P1DT2H3M4S", {{1, 7384}}, "P1DT2H3M4S"},
         {"PT1M", {{0, 60}}, "PT1M"},
+        {"PT60M", {{0, 3600}}, "PT1H"},
         {"PT61M", {{0, 3660}}, "PT1H1M"},
         {"PT90M", {{0, 5400}}, "PT1H30M"},
         {"PT36H", {{0, 36 * kHourSeconds}}, "PT36H"},
