@@ -336,7 +336,7 @@ std::shared_ptr<WindowAccess> MakeAccess(CWnd& window)
     return nullptr;
 }
 
-const bool s_isRegistered = (SetWindowAccess(&MakeAccess), true);
+const bool s_isRegistered = (static_cast<void>(SetWindowAccess(&MakeAccess)), true);
 
 } // namespace
 } // namespace dayvane

@@ -41,7 +41,7 @@ std::unique_ptr<CalendarPrinting> MakePrinterFor(CCalendarCtrl& ctrl)
     return nullptr;
 }
 
-const bool s_isRegistered = (SetCalendarPrinting(&MakePrinterFor), true);
+const bool s_isRegistered = (static_cast<void>(SetCalendarPrinting(&MakePrinterFor)), true);
 
 int UnitsOf(int pixels, int dpi)
 {

@@ -26,7 +26,7 @@ make_dialect_flags() {
     dialect_flags+=(-D__GCC_ATOMIC_TEST_AND_SET_TRUEVAL=1 -D__i386__ -D_X86_ -D__MINGW32__ -D__GNUC__=12
         -D__GNUC_MINOR__=2 -U_MSC_VER -D__is_pointer=is_pointer_trait '-D__declspec=__declspec' -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_MBCS
         -DNOMINMAX -DSTRICT -Wpedantic -Werror=gnu -Werror=vla-extension -Werror=c++20-designator
-        -Werror=microsoft -Werror=writable-strings -Wno-ignored-attributes
+        -Werror=microsoft -Wno-microsoft-exception-spec -Werror=writable-strings -Wno-ignored-attributes
         -Wno-inconsistent-missing-override -I"$ROOT" -I"$ROOT/include" -I"$BUILD/native/include" -I"$ROOT/mfc/base"
         -I"$ROOT/mfc/win")
 }

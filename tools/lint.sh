@@ -61,7 +61,7 @@ check_options_page() {
 # What clang finds by the way when it reads the sources as Visual C++ would; for those that are built for Windows only
 # clang-tidy would take minutes.
 window_warnings=(-Wcomma -Wconditional-uninitialized -Wextra-semi -Wheader-hygiene -Wimplicit-fallthrough
-    -Wnon-virtual-dtor -Wrange-loop-analysis -Wshadow -Wunreachable-code -Wunused -Wunused-macros
+    -Wdelete-non-virtual-dtor -Wrange-loop-analysis -Wshadow -Wunreachable-code -Wunused -Wunused-macros
     -Wunused-private-field -Wzero-as-null-pointer-constant)
 
 # lint [FILE...]: the house rules for every file, clang-tidy for the pure sources, the dialect of Visual C++ with clang's
