@@ -83,12 +83,13 @@ std::string SpokenItem(const AccessTexts& texts, const tagCALENDAR_ITEM& item, c
                                           : FillIn(texts.fromTo, {SpokenTime(item.dtStart), SpokenTime(item.dtEnd)});
     }
     const bool began = hasDates && item.dtStart < first;
-    const bool goesOn = hasDates && StartOfDay(item.dtEnd) > last;
+    const bool isLonger = hasDates && withDay && DayNumberOf(item.dtEnd) > DayNumberOf(item.dtStart);
+    const bool goesOn = hasDates && (isLonger || StartOfDay(item.dtEnd) > last);
     const std::string head = Joined(
         {withDay && !began ? SpokenDay(texts, item.dtStart) : "", time, text.empty() ? texts.noTitle : text}, " ");
     return Joined({head, item.bRecurrent ? texts.repeats : "", item.bAlarm ? texts.reminder : "",
                    began ? FillIn(texts.startsOn, {NearDay(texts, item.dtStart, first)}) : "",
-                   goesOn ? FillIn(texts.endsOn, {NearDay(texts, item.dtEnd, first)}) : "",
+                   goesOn ? FillIn(texts.endsOn, {NearDay(texts, item.dtEnd, withDay ? item.dtStart : first)}) : "",
                    item.bMovable ? "" : texts.fixed},
                   texts.between);
 }

@@ -91,6 +91,9 @@ TEST(Speech, English)
     EXPECT_EQ("10:00 to 11:30 Weekly meeting, repeats, reminder, starts on Thursday", scene.Name(AccessPart::Item, 0));
     EXPECT_EQ("9:00 no title", scene.Name(AccessPart::Item, 1));
     EXPECT_EQ("All day Conference, ends on Monday 30 November", scene.Name(AccessPart::Item, 2));
+    EXPECT_EQ("Thursday 19 November 10:00 to 11:30 Weekly meeting, repeats, reminder, ends on Friday",
+              SpokenItem(EnglishAccessTexts(), scene.items[0], "Weekly meeting", At(1, 0), At(30, 23), true))
+        << "in the cell of a month";
     EXPECT_EQ("14:00 to 15:00 Call, cannot be moved", scene.Name(AccessPart::Item, 3));
     EXPECT_EQ("14:00 to 15:00 Call, cannot be moved, number 2", scene.Name(AccessPart::Item, 4));
     EXPECT_EQ("2 more items", scene.Name(AccessPart::Mark));
