@@ -365,8 +365,8 @@ TYPED_TEST(Keys, GoToTheFirstAndTheLastCell)
     hand::Key(VK_END, {VK_CONTROL});
     const auto isLast = [&] {
         const bool isYear = std::is_same_v<TypeParam, CYearViewCtrl>;
-        return this->view->GetSelRange(begin, end) && end > home &&
-               (isYear ? end.GetMonth() == last.GetMonth() : DayNumberOf(end) == DayNumberOf(last));
+        return this->view->GetSelRange(begin, end) && begin > home &&
+               (isYear ? begin.GetMonth() == last.GetMonth() : DayNumberOf(begin) == DayNumberOf(last));
     };
     EXPECT_TRUE(PumpUntil(isLast, 2000)) << begin.Format("%m-%d %H:%M").GetString();
     hand::Key(VK_HOME, {});
