@@ -90,6 +90,7 @@ void ClipArea::FindPixels(CDC& dc, const CMemDC& buffer)
 bool ClipArea::Fill(const CRect& rect, COLORREF color) const
 {
     constexpr COLORREF kOtherKind = 0xFF000000; // bits of colours that are not red, green and blue
+    constexpr int kLarge = 64 * 64;             // pixels
     if (!m_pixels || (color & kOtherKind) != 0 || rect.left > rect.right || rect.top > rect.bottom) {
         return false;
     }
@@ -100,6 +101,9 @@ bool ClipArea::Fill(const CRect& rect, COLORREF color) const
     seen.OffsetRect(m_origin);
     if (!seen.IntersectRect(&seen, CRect(CPoint(0, 0), m_size))) {
         return true;
+    }
+    if (!m_parts.empty() && seen.Width() * seen.Height() > kLarge) {
+        return false; // the system fills what of it is in the parts: memory that nobody touches is not even there
     }
     ::GdiFlush(); // what the system draws may wait
     const DWORD pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);

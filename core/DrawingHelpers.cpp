@@ -5,7 +5,7 @@
 #include <algorithm>
 
 namespace {
-constexpr size_t kFewParts = 32; // that drawing calls are clipped to
+constexpr size_t kFewParts = 256; // that drawing calls are clipped to
 } // namespace
 
 CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrinting())
