@@ -166,7 +166,7 @@ std::u16string WordsOfPiece(const PageContext& context, const ItemPiece& piece)
         return item.text;
     }
     return item.text + u" " +
-           context.texts.DayOfDays(piece.firstDay - item.firstDay + 1, item.lastDay - item.firstDay + 1);
+           PrintTexts::DayOfDays(piece.firstDay - item.firstDay + 1, item.lastDay - item.firstDay + 1);
 }
 
 PageFont FontOf(const PrintItem& item, PageFont font)

@@ -342,7 +342,7 @@ private:
         spot.day = cell.day;
         const bool namesMonth = isOther && (cell.day == FirstOfMonth(cell.day) || cell.day == m_rows[0].cells[0].day);
         const std::u16string number =
-            namesMonth ? m_context.texts.ShortDate(cell.day) : m_context.texts.DayOfMonth(cell.day);
+            namesMonth ? m_context.texts.ShortDate(cell.day) : PrintTexts::DayOfMonth(cell.day);
         m_writer.Text(spot, number);
         line.left += m_context.WidthOf(spot.font, number) + m_style.pad;
         spot.font = m_style.dayNote;

@@ -117,7 +117,7 @@ private:
         spot.day = day;
         spot.room = line;
         spot.room.left += m_style.pad / 2;
-        const std::u16string number = m_context.texts.DayOfMonth(day);
+        const std::u16string number = PrintTexts::DayOfMonth(day);
         m_writer.Text(spot, number);
         spot.room.left += m_context.WidthOf(spot.font, number) + m_style.pad;
         spot.font = m_style.dayHeading;

@@ -249,9 +249,9 @@ private:
             EntryLook look;
             look.font = m_style.body;
             look.timeFont = m_style.bodyTime;
-            look.dateText = m_context.texts.DayOfMonth(piece.firstDay);
+            look.dateText = PrintTexts::DayOfMonth(piece.firstDay);
             if (piece.lastDay > piece.firstDay) {
-                look.dateText += u"–" + m_context.texts.DayOfMonth(piece.lastDay);
+                look.dateText += u"–" + PrintTexts::DayOfMonth(piece.lastDay);
             }
             look.mostLines = 1;
             entries.push_back(LayOutEntry(m_context, piece, width, look));
