@@ -1,19 +1,51 @@
 #include "access/AccessTree.h"
 
 namespace dayvane {
+namespace {
+
+constexpr size_t kFewSlots = 64;
+// Primes: keys and indices are small numbers one after the other.
+constexpr size_t kKeyFactor = 65599;
+constexpr size_t kPartFactor = 31;
+
+} // namespace
 
 AccessTree::AccessTree(const CRect& box)
 {
     AccessNode root;
     root.box = box;
     m_nodes.push_back(root);
-    m_byId[root.id] = 0;
+    MakeSlots(kFewSlots);
 }
 
 void AccessTree::Reserve(int nodes)
 {
     m_nodes.reserve(static_cast<size_t>(nodes));
-    m_byId.reserve(static_cast<size_t>(nodes));
+    MakeSlots(2 * static_cast<size_t>(nodes));
+}
+
+size_t AccessTree::SlotOf(const AccessId& id) const
+{
+    const size_t hash = (static_cast<size_t>(id.key) * kKeyFactor + static_cast<size_t>(id.index)) * kPartFactor +
+                        static_cast<size_t>(id.part);
+    size_t slot = hash & (m_slots.size() - 1);
+    while (m_slots[slot] != kNoNode && m_nodes[m_slots[slot]].id != id) {
+        slot = (slot + 1) & (m_slots.size() - 1);
+    }
+    return slot;
+}
+
+void AccessTree::MakeSlots(size_t count)
+{
+    size_t size = kFewSlots;
+    while (size < count || size < 2 * m_nodes.size()) {
+        size *= 2;
+    }
+    m_slots.assign(size, kNoNode);
+    for (int i = 0; i < Count(); ++i) {
+        int& number = m_slots[SlotOf(m_nodes[i].id)];
+        number = number == kNoNode ? i : number;
+    }
 }
 
 int AccessTree::Add(int parent, const AccessNode& node)
@@ -34,7 +66,11 @@ int AccessTree::Add(int parent, const AccessNode& node)
     added.position = static_cast<int>(owner.children.size());
     added.children.clear();
     owner.children.push_back(number);
-    m_byId.emplace(added.id, number);
+    if (2 * m_nodes.size() > m_slots.size()) {
+        MakeSlots(2 * m_slots.size()); // with this one
+    }
+    int& known = m_slots[SlotOf(added.id)];
+    known = known == kNoNode ? number : known;
     if (added.grid != 0) {
         m_byPlace.emplace(GridPlace{added.grid, added.gridRow, added.gridColumn}, number);
     }
@@ -43,8 +79,7 @@ int AccessTree::Add(int parent, const AccessNode& node)
 
 int AccessTree::Find(const AccessId& id) const
 {
-    const auto found = m_byId.find(id);
-    return found != m_byId.end() ? found->second : kNoNode;
+    return m_slots[SlotOf(id)];
 }
 
 int AccessTree::Walk(int from, AccessWay way) const

@@ -5,7 +5,6 @@
 #include <atltypes.h>
 
 #include <map>
-#include <unordered_map>
 #include <vector>
 
 namespace dayvane {
@@ -109,19 +108,12 @@ private:
         }
     };
 
-    std::vector<AccessNode> m_nodes; // the root first, parents before their children
-    struct HashOfId
-    {
-        size_t operator()(const AccessId& id) const
-        {
-            return (static_cast<size_t>(id.key) * kKeyFactor + static_cast<size_t>(id.index)) * kPartFactor +
-                   static_cast<size_t>(id.part);
-        }
-    };
-    static constexpr size_t kKeyFactor = 65599; // primes: keys and indices are small numbers one after the other
-    static constexpr size_t kPartFactor = 31;
+    // Where the id's number is in m_slots, or the free place where it would be.
+    size_t SlotOf(const AccessId& id) const;
+    void MakeSlots(size_t count);
 
-    std::unordered_map<AccessId, int, HashOfId> m_byId;
+    std::vector<AccessNode> m_nodes; // the root first, parents before their children
+    std::vector<int> m_slots;        // numbers by the hash of their ids, a power of two; at most half of it is in use
     std::map<GridPlace, int> m_byPlace;
 };
 
