@@ -57,7 +57,8 @@ public:
     CString GetDeviceName() const;
     CString GetDriverName() const;
     CString GetPortName() const;
-    int GetCopies() const { return m_pd.nCopies; }
+    // With PD_USEDEVMODECOPIES the driver makes the copies; DEVMODE then says how many.
+    int GetCopies() const;
     BOOL PrintAll() const { return !PrintRange() && !PrintSelection(); }
     BOOL PrintRange() const { return (m_pd.Flags & PD_PAGENUMS) != 0; }
     BOOL PrintSelection() const { return (m_pd.Flags & PD_SELECTION) != 0; }

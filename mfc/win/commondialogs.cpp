@@ -116,6 +116,17 @@ CString CPrintDialog::DeviceText(WORD DEVNAMES::*offset) const
     return text;
 }
 
+int CPrintDialog::GetCopies() const
+{
+    const bool isByDriver = (m_pd.Flags & PD_USEDEVMODECOPIES) != 0 && m_pd.hDevMode;
+    const DEVMODE* mode = isByDriver ? static_cast<const DEVMODE*>(::GlobalLock(m_pd.hDevMode)) : nullptr;
+    const int copies = mode && (mode->dmFields & DM_COPIES) != 0 ? mode->dmCopies : m_pd.nCopies;
+    if (mode) {
+        ::GlobalUnlock(m_pd.hDevMode);
+    }
+    return copies;
+}
+
 CString CPrintDialog::GetDeviceName() const
 {
     return DeviceText(&DEVNAMES::wDeviceOffset);

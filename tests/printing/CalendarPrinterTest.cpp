@@ -403,6 +403,7 @@ TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
         mode->dmCopies = row.copies;
         mode->dmFields |= DM_PAPERSIZE | DM_ORIENTATION | DM_COPIES;
         ::GlobalUnlock(dialog.m_pd.hDevMode);
+        EXPECT_EQ(dialog.GetCopies(), row.copies) << row.name;
         ::DeleteDC(dialog.m_pd.hDC);
         CDC dc;
         ASSERT_TRUE(dc.Attach(dialog.CreatePrinterDC())) << row.name;
