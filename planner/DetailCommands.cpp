@@ -174,6 +174,7 @@ bool CPlannerFrame::OpenDialog(const std::string& name)
         CheckReminders(PresentTime()); // makes the window
         m_remind = FALSE;              // which would hide what is not due
         m_reminderBox->Show(due, this);
+        m_reminderBox->SetForegroundWindow(); // asked for, it may lie over the view
     } else if (name == "changed") {
         CChangedDialog::Ask(planner::Tr("Another program has changed %1 since it was opened.", Document()->Name()),
                             this);
