@@ -7,7 +7,7 @@
 # Longest time for one test program, in seconds; a program that needs longer hangs.
 test_time_limit=${DAYVANE_TEST_LIMIT:-600}
 default_test_presets=(native win32 win64)
-stress_events_in_test=6000 # for each of the two systems, from seeds of their own
+stress_events_in_test=3000 # for each of the two systems, from seeds of their own
 
 command_test() {
     local presets=() only="" preset
