@@ -56,7 +56,7 @@ void PeriodGridPainter::DrawTitle(int index) const
     const PeriodBlock& block = m_picture.layout.blocks[index];
     DrawGradient(m_pDC, block.band, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
     DrawBandState(StateOf({GridPart::Title, index}), block.title);
-    DrawCentredText(m_pDC, block.title,
+    DrawCentredText(m_pDC, block.band, // a long name goes a little beyond the part that answers to clicks
                     PeriodTitle(m_picture.model.Policy(), block.period, m_picture.texts, m_picture.eraTitles),
                     m_picture.textFonts.Get(true), m_palette.bandText);
 }
