@@ -169,8 +169,14 @@ int CPlannerFrame::OnCreate(LPCREATESTRUCT lpcs)
 
 CPlannerDoc* CPlannerFrame::Document()
 {
-    CView* view = static_cast<CView*>(GetDlgItem(AFX_IDW_PANE_FIRST));
-    return view ? static_cast<CPlannerDoc*>(view->GetDocument()) : nullptr;
+    // Any view of it: while a preview is shown, which has no document, the calendar's view is not the first pane.
+    for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        CView* view = DYNAMIC_DOWNCAST(CView, CWnd::FromHandlePermanent(child));
+        if (view && view->GetDocument()) {
+            return static_cast<CPlannerDoc*>(view->GetDocument());
+        }
+    }
+    return nullptr;
 }
 
 void CPlannerFrame::OnClose()

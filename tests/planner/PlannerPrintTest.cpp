@@ -63,6 +63,7 @@ TEST_F(PlannerPrint, WithoutAPrinterThereIsPreviewAndExport)
         m_frame->SendMessage(WM_COMMAND, ID_FILE_PRINT_PREVIEW);
         ASSERT_TRUE(Preview()) << view;
         EXPECT_EQ(Preview()->GetShownPages(), 1) << view;
+        m_frame->Idle(); // still has its calendar
         Preview()->OnPreviewClose();
     }
     EXPECT_EQ(m_questions.size(), 1u);
