@@ -10,40 +10,12 @@ planner=$1
 folder=$2
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 file=$folder/week.ics
-deadline_seconds=20
-passed=0
-failed=0
 pid=""
-
-until_true() {
-    local end=$((SECONDS + deadline_seconds))
-    until "$@"; do
-        [ "$SECONDS" -lt "$end" ] || return 1
-        sleep 0.05
-    done
-}
-
-# check WHAT STATUS SEEN
-check() {
-    if [ "$2" -eq 0 ]; then
-        passed=$((passed + 1))
-        echo "ok      $1"
-    else
-        failed=$((failed + 1))
-        echo "FAILED  $1; seen: $3"
-        import -window root "$folder/failed-$failed.png" && echo "        picture: $folder/failed-$failed.png"
-    fi
-}
+# shellcheck source=tests/outside/hands.sh
+. "$here/hands.sh"
+deadline_seconds=20
 
 found() { /usr/bin/python3 "$here/read_calendar.py" "$file" 2026-04-13 2026-05-09 | paste -s -d ';'; }
-file_state() { stat -c '%i %z' "$file"; }
-is_saved() { [ "$(file_state)" != "$1" ]; }
-save() {
-    local before
-    before=$(file_state)
-    xdotool key ctrl+s
-    until_true is_saved "$before"
-}
 reads() { [ "$(found)" = "$1" ]; }
 expect() {
     local status=0
@@ -77,7 +49,6 @@ printf '%s\r\n' BEGIN:VCALENDAR VERSION:2.0 PRODID:-//office//EN BEGIN:VEVENT UI
     "DTSTART:$now" SUMMARY:Call BEGIN:VALARM ACTION:DISPLAY DESCRIPTION:x TRIGGER:PT0S END:VALARM END:VEVENT \
     END:VCALENDAR >"$file"
 start_planner
-is_painted() { [ "$(import -window root -crop 960x700+0+60 -format %k info:-)" -ge 16 ]; }
 until_true is_painted || echo "the window stayed empty"
 
 # The reminder of the call that begins now comes up by itself, within its 20 seconds.
@@ -186,5 +157,4 @@ until_true is_picture "$calendar" || status=1
 check "and Escape goes back to the calendar" "$status" "something else"
 expect "the file is as it was" "$moved"
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+print_totals
