@@ -22,7 +22,7 @@ QUIET = re.compile(r"^\s*(#|using\s+[\w:]+;|using namespace|class\s+\w+;|struct\
 
 # What Doxygen asks no word for: values of an enumeration, constructors without arguments, what a base class has told, and
 # what was declared before.
-SILENT = re.compile(r"^(namespace|struct)\b|^\w+( = \w+)?,?$|^\w+\(\)( :.*|;)$| override\b|=$|\w::\w+\(")
+SILENT = re.compile(r"^namespace\b|^\w+( = \w+)?,?$|^\w+\(\)( :.*|;)$| override\b|=$|\w::\w+\(")
 
 ONE = r"\w+(?:\[\w+\])?(?:\s*=\s*[^,;(){}]+)?"
 SEVERAL = re.compile(r"^(\s*)((?:const )?[\w:]+(?:<[^>]*>)?)\s+(" + ONE + r"(?:,\s*" + ONE + r")+);$")
@@ -147,7 +147,8 @@ class Filter:
         return True
 
     def enum(self):
-        return "(" not in self.statement and "<" not in self.statement
+        """Whether a comma ends a name: not within brackets, nor in a list of base classes."""
+        return "(" not in self.statement and "<" not in self.statement and not SCOPE.match(self.statement)
 
     def single_lines(self):
         """The lines, with a line for each name where several are declared in one; a template's parameters and its name
@@ -162,6 +163,7 @@ class Filter:
 
     def run(self):
         at_head = True
+        in_title = False
         for line in self.single_lines():
             if MACRO.match(line) or self.hides(line):
                 self.fresh = False
@@ -174,9 +176,11 @@ class Filter:
                 at_head = False
                 self.out += ["/// @file"] + [f"/// {text}".rstrip() for text in self.head] + [""]
             if found:
-                if not self.statement.strip() and not found[2].startswith("----"):
+                in_title = found[2].startswith("----") or in_title  # of a group of names, to the end of the comment
+                if not self.statement.strip() and not in_title:
                     self.comment(found[1], found[2])
                 continue
+            in_title = False
             if not line.strip():
                 self.fresh = False
                 self.out.append("")
