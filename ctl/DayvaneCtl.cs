@@ -133,7 +133,7 @@ public static class Dayvane
     public const int DVO_NOWLINE = 0x00000040; // A line at the present time.
     public const int DVO_EXTENDEDMOVE = 0x00000080; // A dragged item keeps its distance from the pointer; edges can be pulled.
     public const int DVO_MORELIST = 0x00000100; // A more-items mark opens the list of its items.
-    public const int DVO_TOOLTIPS = 0x00000200; // Mini calendars: the names of a day under the pointer.
+    public const int DVO_TOOLTIPS = 0x00000200; // The full text of an item, or of what is said of a day, where it is cut; mini calendars: the names of a day.
     public const int DVO_CAREFULDROPS = 0x00000400; // A drop outside takes the move back; one that changes nothing is not reported.
     public const int DVO_SELECTIONEVENTS = 0x00000800; // A change of the selection is reported: CCN_SELCHANGED.
     public const int DVO_DIALOGKEYS = 0x00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
@@ -158,13 +158,13 @@ public static class Dayvane
     public const int DVY_WEEKNUMBERS = 0x0040; // A column of week numbers, or a note in the title.
     public const int DVY_ERATITLES = 0x0080; // The year of the Japanese era in titles.
     public const int DVY_INENGLISH = 0x0100; // All of these in English.
-    public const int DVC_CAPTION = 0; // Title band.
+    public const int DVC_CAPTION = 0; // Title band of DayvaneYear and DayvaneMultiDay.
     public const int DVC_CAPTIONTEXT = 1; // Its text.
-    public const int DVC_RULER = 2; // Ruler, day headers.
+    public const int DVC_RULER = 2; // Time ruler.
     public const int DVC_RULERTEXT = 3; // Their text.
-    public const int DVC_CONTENT = 4; // Background.
+    public const int DVC_CONTENT = 4; // Ordinary days; band of all-day items; boxes of months.
     public const int DVC_GRID = 5; // Lines.
-    public const int DVC_BORDER = 6; // Frame of today.
+    public const int DVC_BORDER = 6; // Stored: shows nowhere yet.
     public const int DVC_HIGHLIGHT = 7; // Frame of the current item, selection.
     public const int DVC_HIGHLIGHTTEXT = 8; // Selected text.
     public const int DVD_WORKWEEK = 0x100; // DVM_SETDAYS: five days from the first day of the week.

@@ -129,7 +129,7 @@ const
   DVO_NOWLINE = $00000040; // A line at the present time.
   DVO_EXTENDEDMOVE = $00000080; // A dragged item keeps its distance from the pointer; edges can be pulled.
   DVO_MORELIST = $00000100; // A more-items mark opens the list of its items.
-  DVO_TOOLTIPS = $00000200; // Mini calendars: the names of a day under the pointer.
+  DVO_TOOLTIPS = $00000200; // The full text of an item, or of what is said of a day, where it is cut; mini calendars: the names of a day.
   DVO_CAREFULDROPS = $00000400; // A drop outside takes the move back; one that changes nothing is not reported.
   DVO_SELECTIONEVENTS = $00000800; // A change of the selection is reported: CCN_SELCHANGED.
   DVO_DIALOGKEYS = $00001000; // Tab leaves the control after its last item; Escape reaches the dialog.
@@ -154,13 +154,13 @@ const
   DVY_WEEKNUMBERS = $0040; // A column of week numbers, or a note in the title.
   DVY_ERATITLES = $0080; // The year of the Japanese era in titles.
   DVY_INENGLISH = $0100; // All of these in English.
-  DVC_CAPTION = 0; // Title band.
+  DVC_CAPTION = 0; // Title band of DayvaneYear and DayvaneMultiDay.
   DVC_CAPTIONTEXT = 1; // Its text.
-  DVC_RULER = 2; // Ruler, day headers.
+  DVC_RULER = 2; // Time ruler.
   DVC_RULERTEXT = 3; // Their text.
-  DVC_CONTENT = 4; // Background.
+  DVC_CONTENT = 4; // Ordinary days; band of all-day items; boxes of months.
   DVC_GRID = 5; // Lines.
-  DVC_BORDER = 6; // Frame of today.
+  DVC_BORDER = 6; // Stored: shows nowhere yet.
   DVC_HIGHLIGHT = 7; // Frame of the current item, selection.
   DVC_HIGHLIGHTTEXT = 8; // Selected text.
   DVD_WORKWEEK = $100; // DVM_SETDAYS: five days from the first day of the week.

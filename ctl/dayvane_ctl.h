@@ -207,7 +207,7 @@ DV_INLINE LRESULT DvSetSelRange(HWND control, const DV_RANGE* range)
 #define DVO_NOWLINE 0x00000040 /* A line at the present time. */
 #define DVO_EXTENDEDMOVE 0x00000080 /* A dragged item keeps its distance from the pointer; edges can be pulled. */
 #define DVO_MORELIST 0x00000100 /* A more-items mark opens the list of its items. */
-#define DVO_TOOLTIPS 0x00000200 /* Mini calendars: the names of a day under the pointer. */
+#define DVO_TOOLTIPS 0x00000200 /* The full text of an item, or of what is said of a day, where it is cut; mini calendars: the names of a day. */
 #define DVO_CAREFULDROPS 0x00000400 /* A drop outside takes the move back; one that changes nothing is not reported. */
 #define DVO_SELECTIONEVENTS 0x00000800 /* A change of the selection is reported: CCN_SELCHANGED. */
 #define DVO_DIALOGKEYS 0x00001000 /* Tab leaves the control after its last item; Escape reaches the dialog. */
@@ -232,13 +232,13 @@ DV_INLINE LRESULT DvSetSelRange(HWND control, const DV_RANGE* range)
 #define DVY_WEEKNUMBERS 0x0040 /* A column of week numbers, or a note in the title. */
 #define DVY_ERATITLES 0x0080 /* The year of the Japanese era in titles. */
 #define DVY_INENGLISH 0x0100 /* All of these in English. */
-#define DVC_CAPTION 0 /* Title band. */
+#define DVC_CAPTION 0 /* Title band of DayvaneYear and DayvaneMultiDay. */
 #define DVC_CAPTIONTEXT 1 /* Its text. */
-#define DVC_RULER 2 /* Ruler, day headers. */
+#define DVC_RULER 2 /* Time ruler. */
 #define DVC_RULERTEXT 3 /* Their text. */
-#define DVC_CONTENT 4 /* Background. */
+#define DVC_CONTENT 4 /* Ordinary days; band of all-day items; boxes of months. */
 #define DVC_GRID 5 /* Lines. */
-#define DVC_BORDER 6 /* Frame of today. */
+#define DVC_BORDER 6 /* Stored: shows nowhere yet. */
 #define DVC_HIGHLIGHT 7 /* Frame of the current item, selection. */
 #define DVC_HIGHLIGHTTEXT 8 /* Selected text. */
 #define DVD_WORKWEEK 0x100 /* DVM_SETDAYS: five days from the first day of the week. */
@@ -272,7 +272,7 @@ DV_INLINE LRESULT DvSetColor(HWND control, int nColor, COLORREF color)
 #define DVT_DARK 2 /* DVM_SETTHEME: dark. */
 #define DVT_HIGHCONTRAST 3 /* DVM_SETTHEME: the system's colours for high contrast. */
 
-#define DVM_SETTHEME (DVM_FIRST + 45) /* All colours at once: DVT_... */
+#define DVM_SETTHEME (DVM_FIRST + 45) /* All colours at once: DVT_... With DVO_FOLLOWSYSTEMTHEME it holds until the system changes its own. */
 DV_INLINE LRESULT DvSetTheme(HWND control, int nTheme)
 {
     return SendMessageW(control, DVM_SETTHEME, (WPARAM)nTheme, 0);

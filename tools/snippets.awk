@@ -1,8 +1,8 @@
 # Puts snippets of sources into a document: copies the document to the output, and where the line
 #     <!-- snippet tests/package/GuideHost.cpp month -->
 # stands before a block of code, the block becomes what the source has between the lines "// snippet month" and
-# "// end of snippet" (in CMake's files with # for //), without the indentation that all of it has; without a name the
-# whole source. Each block in C++, C or CMake's language must have such a line.
+# "// end of snippet" (in CMake's files with # for //, in C between /* and */), without the indentation that all of it has;
+# without a name the whole source. Each block in C++, C, CMake's language or of a resource file must have such a line.
 
 function fail(text) {
     printf "%s:%d: %s\n", FILENAME, FNR, text > "/dev/stderr"
@@ -14,7 +14,7 @@ function print_snippet(source, name,    line, count, lines, i, indent, inside, w
     indent = -1
     inside = name == ""
     while ((getline line < source) > 0) {
-        if (inside && line ~ /^ *(\/\/|#) end of snippet$/) {
+        if (inside && line ~ /^ *(\/\/|#|\/\*) end of snippet( \*\/)?$/) {
             break
         }
         if (inside) {
@@ -25,7 +25,7 @@ function print_snippet(source, name,    line, count, lines, i, indent, inside, w
                 indent = width
             }
         }
-        if (name != "" && line ~ "^ *(//|#) snippet " name "$") {
+        if (name != "" && line ~ "^ *(//|#|/[*]) snippet " name "( [*]/)?$") {
             inside = 1
         }
     }
@@ -43,7 +43,7 @@ function print_snippet(source, name,    line, count, lines, i, indent, inside, w
     next
 }
 
-/^```(cpp|c|cmake)$/ {
+/^```(cpp|c|cmake|rc)$/ {
     print
     if (source == "") {
         fail("code that is cut from no source")
