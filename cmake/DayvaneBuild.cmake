@@ -16,9 +16,17 @@ add_library(dayvane_flags INTERFACE)
 # Two roundings where two are written, also on machines that multiply and add in one step: every build gives the same
 # calendar.
 if(MSVC)
-  # With genuine MFC, linked statically: the controls need no other DLL then.
-  set(CMAKE_MFC_FLAG 1)
-  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  # With genuine MFC. Dayvane.dll derives from its classes, so it shares MFC's DLL and the runtime's with the program; the
+  # static library has both inside.
+  option(BUILD_SHARED_LIBS "Dayvane.dll instead of a static library" ON)
+  set(dayvane_static_runtime "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  if(BUILD_SHARED_LIBS)
+    set(CMAKE_MFC_FLAG 2)
+    set(CMAKE_MSVC_RUNTIME_LIBRARY "${dayvane_static_runtime}DLL")
+  else()
+    set(CMAKE_MFC_FLAG 1)
+    set(CMAKE_MSVC_RUNTIME_LIBRARY "${dayvane_static_runtime}")
+  endif()
   target_compile_options(dayvane_flags INTERFACE /source-charset:utf-8 /execution-charset:.932 /W3 /permissive- /bigobj
     /Zc:__cplusplus /fp:precise)
 else()
@@ -151,9 +159,8 @@ endfunction()
 
 # Makes the library from all that the folders named: Dayvane.dll, or the pure layer as a static library. On Windows the
 # tree's own programs, tests above all, use a DLL that exports every symbol; the one that is installed has the same
-# objects and exports what the public headers name. With Visual C++ it is a static library: classes need no marks for
-# export then, nor m_arDayColors one for import.
-# Planner and samples link the latter (Dayvane::Dayvane).
+# objects and exports what the public headers name. Planner and samples link the latter (Dayvane::Dayvane). With Visual
+# C++ it is a DLL that exports every function, or a static library.
 function(dayvane_add_library)
   get_property(files GLOBAL PROPERTY DAYVANE_LIBRARY_SOURCES)
   if(MINGW)
@@ -162,6 +169,14 @@ function(dayvane_add_library)
     target_link_options(Dayvane PRIVATE -Wl,--export-all-symbols)
     dayvane_add_public_dll()
     add_library(Dayvane::Dayvane ALIAS DayvanePublic)
+  elseif(MSVC AND BUILD_SHARED_LIBS)
+    add_library(Dayvane SHARED ${files} "${CMAKE_SOURCE_DIR}/cmake/ExtensionModule.cpp")
+    # CMake lists the functions of all objects in a .def file. Data is listed too, but a program must be told that it is
+    # imported: DAYVANE_DLL does so (core/DataImport.h). Classes need no marks.
+    set_target_properties(Dayvane PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
+    target_compile_definitions(Dayvane PRIVATE _AFXEXT PUBLIC _AFXDLL INTERFACE DAYVANE_DLL)
+    dayvane_same_bytes(Dayvane)
+    add_library(Dayvane::Dayvane ALIAS Dayvane)
   else()
     add_library(Dayvane STATIC ${files})
     add_library(Dayvane::Dayvane ALIAS Dayvane)

@@ -25,6 +25,7 @@
 #include "CalendarOptions.h"
 #include "CalendarPrinting.h"
 #include "CalendarRecords.h"
+#include "DataImport.h"
 #include "DayLines.h"
 #include "SystemTheme.h"
 #include "TextSettings.h"
@@ -216,7 +217,7 @@ public:
 
     int GetFirstDayOfWeek() const { return m_nFirstDayOfWeek; }
     // The colour rows that day-colour numbers select (number n: row n-1), shared by all controls of the process.
-    static CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arDayColors;
+    DAYVANE_DATA static CArray<tagCALENDAR_DAY_COLOR, const tagCALENDAR_DAY_COLOR&> m_arDayColors;
     // Holiday name and solar term of the date: "name", " term" or "name term"; empty for a plain day.
     static CString WhatsToday(COleDateTime date);
     // Names, days off and colours of the shown dates; nullptr: the process-wide provider (SetDefaultDayProvider), at

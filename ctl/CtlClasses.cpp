@@ -1,4 +1,5 @@
 // The window classes, and the functions that the library exports for them.
+#include "CtlFramework.h"
 #include "CtlMessages.h"
 
 namespace dayvane::ctl {
@@ -13,15 +14,6 @@ bool g_isRegistered = false; // all classes are
 CtlWindow* ControlOf(HWND hWnd)
 {
     return reinterpret_cast<CtlWindow*>(::GetWindowLongPtrW(hWnd, kControlSlot));
-}
-
-// Exceptions that leave a handler of ours end there: a host could not catch them.
-void ReportException(CException* exception, const MSG* message)
-{
-    CString line;
-    line.Format("DayvaneCtl: %s while message 0x%04X was handled\n",
-                exception ? exception->GetRuntimeClass()->m_lpszClassName : "an exception", message->message);
-    ::OutputDebugString(line);
 }
 
 LRESULT Adopt(HWND hWnd, const CREATESTRUCTW& create)
@@ -128,8 +120,7 @@ extern "C" int __stdcall DayvaneInit(UINT version)
     }
     try {
         if (!g_isRegistered) {
-            AfxWinInit(::GetModuleHandle(nullptr), nullptr, nullptr, SW_SHOWNORMAL);
-            AfxSetExceptionReporter(&ReportException);
+            StartFramework();
             g_isRegistered = RegisterClasses();
         }
     } catch (...) {

@@ -81,6 +81,7 @@ command_lint() {
     step "The dialect of Visual C++, and warnings"
     dialect_warnings=("${window_warnings[@]/#-W/-Werror=}")
     [ "${#all[@]}" -eq 0 ] || dialect "${all[@]}" || status=1
+    [ $# -gt 0 ] || in_subshell build_visual || status=1
     [ "$status" -eq 0 ] || die "There is something to mend."
     say "Nothing to mend."
 }

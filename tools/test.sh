@@ -74,6 +74,8 @@ build_tests() {
         [ "$preset" != win32 ] || build win32 planner screen_reader
     elif [ "$only" = pictures ]; then
         [ "$preset" != win32 ] || build win32 master_pictures
+    elif [ "$only" = visual ]; then
+        return # is no target of CMake's
     elif [ "$only" = pages ]; then
         [ "$preset" != win32 ] || build win32 planner add_printer
     elif [ -n "$only" ]; then
@@ -107,6 +109,10 @@ test_under_wine() {
             build_package_host "$preset"
         fi
     done
+    if { [ -z "$only" ] || [ "$only" = visual ]; } && [[ " $* " == *" win32 "* ]]; then
+        need_packages "${lint_packages[@]}"
+        build_visual
+    fi
     local with_stress=no
     if { [ -z "$only" ] || [ "$only" = stress ]; } && [[ " $* " == *" win32 "* ]] && build_stress; then
         with_stress=yes
@@ -137,6 +143,9 @@ test_lane() {
             [ "$preset-$system" != win32-932 ] || follow_start_page "$system"
         fi
     done
+    if { [ -z "$only" ] || [ "$only" = visual ]; } && [[ " $* " == *" win32 "* ]]; then
+        run_visual_hosts "$system"
+    fi
     if [ -z "$only" ] || [ "$only" = drive ]; then
         drive_planner "$system" "$@"
     fi
@@ -153,6 +162,14 @@ test_lane() {
         run_plain_program "win32-ubsan/$system stress" env WINEDEBUG=warn+heap wine "$(stress_program)" \
             "$stress_events_in_test" "$system"
     fi
+}
+
+# run_visual_hosts SYSTEM: programs and a Dayvane.dll in the binary interface of Visual C++.
+run_visual_hosts() {
+    local host
+    for host in "${visual_hosts[@]}"; do
+        run_plain_program "visual/$1 ${host%Host}" wine "$BUILD/visual/$host.exe"
+    done
 }
 
 # drive_planner SYSTEM PRESET...: the planner used through the display, by hand, by keys alone and by a program that reads
@@ -205,7 +222,7 @@ programs_at_a_time=1
 run_tests_of() {
     local preset=$1 label=$2 only=$3 list=$BUILD/$1/tests.list name file arguments beside=() program
     shift 3
-    [[ ! "$only" =~ ^(package|stress|drive|week|pages|pictures)$ ]] || return 0
+    [[ ! "$only" =~ ^(package|stress|drive|week|pages|pictures|visual)$ ]] || return 0
     while IFS=$'\t' read -r name file arguments; do
         if [ -z "$only" ] || [ "$only" = "$name" ]; then
             if [ "$programs_at_a_time" -gt 1 ]; then

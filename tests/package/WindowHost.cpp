@@ -46,6 +46,9 @@ int ShowMonth()
     if (!month.Create(WS_CHILD | WS_VISIBLE, client, &window, kControlId)) {
         return Fail("no month view");
     }
+    if (CCalendarCtrl::m_arDayColors.GetSize() < 7) { // data of the DLL, not a copy of its own
+        return Fail("no table of day colours");
+    }
     month.SetCurrentDate(COleDateTime(2017, 4, 12, 0, 0, 0));
     tagCC_ITEM item;
     item.dtStart = COleDateTime(2017, 4, 12, 10, 0, 0);
