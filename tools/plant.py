@@ -1,20 +1,22 @@
 #!/usr/bin/env python3
 """Plants faults in the pure sources, one at a time, and tells which of them the tests catch. See ./dev plant in
-docs/developing.md. A fault is a small textual change of one line; the tree it is planted in is a copy."""
+docs/developing.md. A fault is a small textual change of one line; the sources it is planted in are a copy."""
 
 import argparse
 import collections
 import concurrent.futures
+import hashlib
 import os
 import pathlib
 import queue
-import random
 import re
-import shutil
 import subprocess
-import sys
+import time
 
-Fault = collections.namedtuple("Fault", "file line kind old new")
+import plant_build
+
+# first: the Windows program and the tests of it that are tried before all others
+Fault = collections.namedtuple("Fault", "file line kind old new first", defaults=[None])
 
 # kind, what is looked for in the code of a line, what stands there instead
 KINDS = [
@@ -31,24 +33,10 @@ KINDS = [
     ("forgotten exit", r"(?<=^)\s*(?:return|continue);$", ""),
 ]
 
-# Folders whose tests have another name than theirs, and which programs use a folder's code.
-PROGRAMS = {
-    "calc": ["calc", "core", "daygrid", "timegrid", "pickers", "printing"],
-    "core": ["core", "text", "daygrid", "timegrid", "pickers", "access", "printing", "planner"],
-    "views/daygrid": ["daygrid", "access", "printing"],
-    "views/timegrid": ["timegrid", "access", "printing"],
-    "pickers": ["pickers", "access", "printing"],
-    "printing": ["printing"],
-    "access": ["access"],
-    "ical": ["ical", "planner"],
-    "planner": ["planner"],
-    "mfc": ["mfc", "core", "calc", "ical", "timegrid"],
-}
+# Windows programs in the order in which they are tried, by the folder of a fault; then all others.
 WINDOWS_PROGRAMS = {
-    "core": ["core", "timegrid", "input"],
-    "views/daygrid": ["daygrid", "input"],
-    "views/timegrid": ["timegrid", "input"],
-    "pickers": ["pickers"],
+    "core": ["core", "input"], "views/daygrid": ["daygrid", "input"], "views/timegrid": ["timegrid", "input"],
+    "views/docview": ["docview"], "pickers": ["pickers"], "printing": ["printing"], "access": ["access", "input"],
 }
 
 
@@ -59,17 +47,13 @@ def code_of(line):
     return re.sub(r"//.*", lambda m: "\0" * len(m.group()), line)
 
 
-def candidates(root, folder):
-    """Every fault that could be planted, in the order of the sources."""
+def candidates(root, known, folder):
+    """Every fault that could be planted in these sources, in the order of the sources."""
     listed = subprocess.run(["git", "ls-files", "*.cpp", "*.h"], cwd=root, capture_output=True, text=True, check=True)
-    compiled = (root / "build-sources.txt").read_text().split()
-    known = set(compiled)
     for name in listed.stdout.split():
         path = pathlib.PurePosixPath(name)
-        if folder and not name.startswith(folder):
-            continue
-        # A header counts when its source is part of the native build; a header without source is left out.
-        if name not in known and str(path.with_suffix(".cpp")) not in known:
+        # A header counts when its source is among them; a header without source is left out.
+        if not name.startswith(folder) or (name not in known and str(path.with_suffix(".cpp")) not in known):
             continue
         for number, text in enumerate((root / name).read_text(encoding="utf-8").split("\n"), 1):
             code = code_of(text)
@@ -90,96 +74,6 @@ def candidates(root, folder):
                         yield Fault(name, number, kind, text, changed)
 
 
-def programs_for(file, programs):
-    for folder in sorted(programs, key=len, reverse=True):
-        if file.startswith(folder + "/"):
-            return programs[folder]
-    return []
-
-
-class Tree:
-    """A copy of the sources with a build of its own."""
-    programs = PROGRAMS
-    configuration = ["-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O1", "-DDAYVANE_SANITIZE=-D_GLIBCXX_ASSERTIONS"]
-    targets = ["all"]
-    suffix = ""
-
-    def __init__(self, root, place):
-        self.root, self.path, self.build = root, place / "tree", place / "build"
-        place.mkdir(parents=True, exist_ok=True)
-        shutil.rmtree(self.path, ignore_errors=True)
-        files = subprocess.run(["git", "ls-files"], cwd=root, capture_output=True, text=True, check=True).stdout
-        self.path.mkdir()
-        for name in files.split("\n"):
-            if name and (root / name).exists():
-                (self.path / name).parent.mkdir(parents=True, exist_ok=True)
-                shutil.copy2(root / name, self.path / name)
-        run(["cmake", "-G", "Ninja", "-S", str(self.path), "-B", str(self.build), "-DDAYVANE_BENCH=OFF",
-             *self.configuration])
-        run(["ninja", "-C", str(self.build), *self.targets])
-
-    def sources(self):
-        text = (self.build / "compile_commands.json").read_text()
-        prefix = str(self.path) + "/"
-        found = re.findall(r'"file": "(.*)"', text)
-        names = [f[len(prefix):] for f in found if f.startswith(prefix)]
-        return [n for n in names if not n.startswith(("tests/", "bench/", "samples/"))]
-
-    def try_fault(self, fault):
-        """'caught by ...', 'survived', or None when the change does not compile."""
-        path = self.path / fault.file
-        original = path.read_text(encoding="utf-8")
-        lines = original.split("\n")
-        lines[fault.line - 1:fault.line + fault.old.count("\n")] = [fault.new]
-        path.write_text("\n".join(lines), encoding="utf-8")
-        try:
-            for program in programs_for(fault.file, self.programs):
-                target = f"test_{program}"
-                if not self.suffix and not (self.build / "bin" / target).exists():
-                    continue  # a folder without native tests
-                built = subprocess.run(["ninja", "-C", str(self.build), target], capture_output=True, text=True)
-                if built.returncode:
-                    return None
-                if not self.passes(target):
-                    return f"caught by {program}"
-            return "survived"
-        finally:
-            path.write_text(original, encoding="utf-8")
-
-    def passes(self, target):
-        try:
-            done = subprocess.run([*self.runner(), str(self.build / "bin" / target) + self.suffix, "--gtest_fail_fast",
-                                   "--gtest_brief=1"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  timeout=240, env=dict(os.environ, LC_ALL="C.UTF-8", TZ="UTC"))
-            return done.returncode == 0
-        except subprocess.TimeoutExpired:
-            return False
-
-    def runner(self):
-        return []
-
-
-class WindowsTree(Tree):
-    """For the faults of windows and painters: the 32-bit build, whose tests run under Wine."""
-    programs = WINDOWS_PROGRAMS
-    targets = sorted({f"test_{p}" for list_ in WINDOWS_PROGRAMS.values() for p in list_})
-    suffix = ".exe"
-
-    def __init__(self, root, place):
-        self.configuration = [f"-DCMAKE_TOOLCHAIN_FILE={root}/cmake/toolchain-win32.cmake", "-DCMAKE_BUILD_TYPE=None",
-                              "-DCMAKE_CXX_FLAGS=-O1", "-DDAYVANE_SAMPLES=OFF"]
-        super().__init__(root, place)
-
-    def runner(self):
-        return [str(self.root / "dev"), "wine"]
-
-
-def run(command):
-    done = subprocess.run(command, capture_output=True, text=True)
-    if done.returncode:
-        sys.exit((done.stdout + done.stderr)[-3000:])
-
-
 def read_table(path):
     """Rows of a table with tabs; lines that begin with # are remarks."""
     if not path.exists():
@@ -189,7 +83,8 @@ def read_table(path):
 
 
 def listed_faults(root, rows):
-    """The faults of a table: file, old text, new text, reason. Each old text stands once in its file."""
+    """The faults of a table: file, old text, new text, reason and perhaps what is tried first. Each old text stands
+    once in its file."""
     for row in rows:
         old, new = (text.replace("\\n", "\n") for text in row[1:3])
         text = (root / row[0]).read_text(encoding="utf-8")
@@ -198,15 +93,42 @@ def listed_faults(root, rows):
             continue
         before, after = text.split(old)
         first, last = before.rpartition("\n")[2], after.partition("\n")[0]
-        yield Fault(row[0], before.count("\n") + 1, "listed", first + old + last, first + new + last)
+        yield Fault(row[0], before.count("\n") + 1, "listed", first + old + last, first + new + last,
+                    tuple(row[4].split(" ")) if len(row) > 4 else None)
 
 
-def chosen(arguments, root, equivalents):
+def chosen(arguments, known):
+    root, tables = arguments.root, arguments.root / "tests/plant"
     if arguments.listed:
-        return list(listed_faults(root, read_table(root / "tests/plant/faults.tsv")))
-    every = [f for f in candidates(root, arguments.folder) if (f.file, f.old.strip(), f.new.strip()) not in equivalents]
-    random.Random(arguments.seed).shuffle(every)
+        return list(listed_faults(root, read_table(tables / ("windows.tsv" if arguments.windows else "faults.tsv"))))
+    equivalents = {(row[0], row[1], row[2]) for row in read_table(tables / "equivalents.tsv")}
+    every = [f for f in candidates(root, known, arguments.folder)
+             if (f.file, f.old.strip(), f.new.strip()) not in equivalents]
+    # The order depends on each fault alone, so that a change of the sources leaves the other faults of a seed.
+    every.sort(key=lambda f: hashlib.sha256(f"{arguments.seed} {f.file} {f.old} {f.new}".encode()).digest())
     return every
+
+
+def native_planters(arguments):
+    build = plant_build.Build(arguments.root, arguments.build)
+    coverage = plant_build.Coverage(build)
+    return [plant_build.NativePlanter(build, arguments.place / str(number), coverage, arguments.quick)
+            for number in range(arguments.jobs or os.cpu_count() or 1)], set(build.library_sources())
+
+
+def windows_planter(arguments):
+    """One planter, for the programs share a desktop; and the sources that the native build has not."""
+    root, build = arguments.root, plant_build.Build(arguments.root, arguments.windows)
+    pure = plant_build.Build(root, arguments.build).library_sources()
+
+    def order(fault):
+        folder = max((f for f in WINDOWS_PROGRAMS if fault.file.startswith(f + "/")), key=len, default="")
+        likely = WINDOWS_PROGRAMS.get(folder, [])
+        rest = [p for p in build.programs if p not in likely]
+        return [*filter(None, [fault.first]), *((program, "*") for program in likely + rest)]
+
+    planter = plant_build.WindowsPlanter(build, arguments.place / "windows", order)
+    return [planter], {s for s in build.library_sources() if not s.startswith(("planner/", "ctl/"))} - set(pure)
 
 
 def main():
@@ -214,66 +136,48 @@ def main():
     parser.add_argument("count", nargs="?", type=int, default=50, help="how many faults (default: 50)")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--folder", default="", help="only sources whose path begins so, for example views/timegrid")
-    parser.add_argument("--listed", action="store_true", help="the faults of tests/plant/faults.tsv instead")
-    parser.add_argument("--windows", action="store_true", help="those of tests/plant/windows.tsv, under Wine")
+    parser.add_argument("--listed", action="store_true", help="the faults of a table in tests/plant instead")
+    parser.add_argument("--quick", action="store_true", help="without the last round of what has survived so far")
     parser.add_argument("--jobs", type=int, help="faults at a time (default: one for each processor)")
-    parser.add_argument("--root", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
-    parser.add_argument("--place", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
+    for name in ("root", "place", "build", "windows"):
+        parser.add_argument(f"--{name}", type=pathlib.Path, help=argparse.SUPPRESS)
     arguments = parser.parse_args()
-    root = arguments.root
-    equivalents = {(row[0], row[1], row[2]) for row in read_table(root / "tests/plant/equivalents.tsv")}
-
-    if arguments.windows:
-        tree = WindowsTree(root, arguments.place / "windows")
-        faults = listed_faults(tree.path, read_table(root / "tests/plant/windows.tsv"))
-        summary([plant(tree, fault) for fault in faults], arguments)
-        return
-    trees = queue.Queue()
-    first = None
-    for number in range(arguments.jobs or os.cpu_count() or 1):
-        tree = Tree(root, arguments.place / str(number))
-        first = first or tree
-        trees.put(tree)
-    (first.path / "build-sources.txt").write_text("\n".join(first.sources()))
-    subprocess.run(["git", "init", "-q"], cwd=first.path, check=True)
-    subprocess.run(["git", "add", "-A"], cwd=first.path, check=True)
-    for program in sorted({p for list_ in PROGRAMS.values() for p in list_}):
-        if (first.build / "bin" / f"test_{program}").exists() and not first.passes(f"test_{program}"):
-            sys.exit(f"test_{program} fails without any fault")
-    faults = chosen(arguments, first.path, equivalents)
-    wanted = len(faults) if arguments.listed else arguments.count
-
-    def one(fault):
-        tree = trees.get()
-        try:
-            return fault, tree.try_fault(fault)
-        finally:
-            trees.put(tree)
-
-    results, waiting = [], iter(faults)
-    with concurrent.futures.ThreadPoolExecutor(trees.qsize()) as pool:
-        running = {pool.submit(one, f) for _, f in zip(range(trees.qsize()), waiting)}
-        while running and len(results) < wanted:
-            done, running = concurrent.futures.wait(running, return_when=concurrent.futures.FIRST_COMPLETED)
-            for future in done:
-                fault, outcome = future.result()
-                if outcome and len(results) < wanted:
-                    results.append((fault, outcome))
-                    report(fault, outcome)
-                following = next(waiting, None)
-                if following and len(results) + len(running) < wanted:
-                    running.add(pool.submit(one, following))
+    planters, known = windows_planter(arguments) if arguments.windows else native_planters(arguments)
+    faults = chosen(arguments, known)
+    results = plant_all(planters, iter(faults), len(faults) if arguments.listed else arguments.count)
     summary(results, arguments)
 
 
-def plant(tree, fault):
-    outcome = tree.try_fault(fault) or "does not compile"
-    report(fault, outcome)
-    return fault, outcome
+def plant_all(planters, faults, wanted):
+    """Plants until so many have compiled; as many at a time as there are planters."""
+    free, results = queue.Queue(), []
+    for planter in planters:
+        free.put(planter)
+
+    def one(fault):
+        planter, started = free.get(), time.monotonic()
+        try:
+            return fault, planter.try_fault(fault), time.monotonic() - started
+        finally:
+            free.put(planter)
+
+    with concurrent.futures.ThreadPoolExecutor(len(planters)) as pool:
+        running = {pool.submit(one, f) for _, f in zip(planters, faults)}
+        while running and len(results) < wanted:
+            done, running = concurrent.futures.wait(running, return_when=concurrent.futures.FIRST_COMPLETED)
+            for future in done:
+                fault, outcome, seconds = future.result()
+                if outcome:
+                    results.append((fault, outcome))
+                    report(fault, outcome, seconds)
+                following = next(faults, None)
+                if following and len(results) + len(running) < wanted:
+                    running.add(pool.submit(one, following))
+    return results
 
 
-def report(fault, outcome):
-    print(f"{outcome:22} {fault.kind:18} {fault.file}:{fault.line}", flush=True)
+def report(fault, outcome, seconds):
+    print(f"{seconds:5.1f} s  {outcome:50} {fault.kind:18} {fault.file}:{fault.line}", flush=True)
     if outcome == "survived":
         print(f"    - {fault.old.strip()}\n    + {fault.new.strip()}", flush=True)
 
@@ -285,8 +189,8 @@ def summary(results, arguments):
     for folder, planted in sorted(folders.items()):
         mine = sum(o != "survived" for f, o in results if str(pathlib.PurePosixPath(f.file).parent) == folder)
         print(f"{folder:18} {planted:7} {mine:6}")
-    what = "the listed faults" if arguments.listed or arguments.windows else f"seed {arguments.seed}"
-    print(f"{what}: {caught} of {len(results)} caught ({100 * caught // max(1, len(results))} %)")
+    what = "the listed faults" if arguments.listed else f"seed {arguments.seed}"
+    print(f"{what}: {caught} of {len(results)} caught ({100 * caught / max(1, len(results)):.1f} %)")
 
 
 if __name__ == "__main__":
