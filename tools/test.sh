@@ -173,7 +173,7 @@ run_visual_hosts() {
 }
 
 # drive_planner SYSTEM PRESET...: the planner used through the display, by hand, by keys alone and by a program that reads
-# it aloud; the 32-bit one only, for it is about the input.
+# it aloud; the 32-bit one only, for it is about the input. What is read aloud is UTF-16, so one system is enough for that.
 drive_planner() {
     local system=$1
     shift
@@ -182,7 +182,7 @@ drive_planner() {
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/drive-$system"
     run_plain_program "win32/$system keys" bash "$ROOT/tests/outside/planner_keys.sh" \
         "$BUILD/win32/bin/planner.exe" "$BUILD/logs/keys-$system"
-    run_plain_program "win32/$system reader" bash "$ROOT/tests/outside/planner_reader.sh" \
+    [ "$system" = 932 ] || run_plain_program "win32/$system reader" bash "$ROOT/tests/outside/planner_reader.sh" \
         "$BUILD/win32/bin/planner.exe" "$BUILD/win32/bin/screen_reader.exe" "$BUILD/logs/reader-$system"
 }
 
