@@ -256,6 +256,40 @@ TEST(ExactSky, UncertainIsRareAndOnlyNearMidnight)
     }
 }
 
+// Polynomials of Espenak and Meeus, "Five Millennium Canon of Solar Eclipses" (NASA 2006), which were fitted to values
+// of others than the almanac's; where they leave its curve by more than a fifth of a second, no year is asked.
+TEST(ExactSky, TheTurningOfTheEarthFollowsPublishedCurves)
+{
+    static const struct
+    {
+        int from, to, origin;
+        double terms[8];
+    } curves[] = {
+        {1600, 1699, 1600, {120, -0.9808, -0.01532, 1.0 / 7129}},
+        {1700, 1759, 1700, {8.83, 0.1603, -0.0059285, 0.00013336, -1.0 / 1174000}},
+        {1800,
+         1820,
+         1800,
+         {13.72, -0.332447, 0.0068612, 0.0041116, -0.00037436, 0.0000121272, -0.0000001699, 0.000000000875}},
+        {1900, 1919, 1900, {-2.79, 1.494119, -0.0598939, 0.0061966, -0.000197}},
+        {1920, 1940, 1920, {21.20, 0.84493, -0.0761, 0.0020936}},
+        {1941, 1960, 1950, {29.07, 0.407, -1.0 / 233, 1.0 / 2547}},
+        {1961, 1985, 1975, {45.45, 1.067, -1.0 / 260, -1.0 / 718}},
+        {1986, 2004, 2000, {63.86, 0.3345, -0.060374, 0.0017275, 0.000651814, 0.00002373599}},
+    };
+    for (const auto& curve : curves) {
+        for (int year = (curve.from + 4) / 5 * 5; year <= curve.to; year += year < 1900 ? 10 : 5) {
+            double expected = 0, power = 1;
+            for (const double term : curve.terms) {
+                expected += term * power;
+                power *= year - curve.origin;
+            }
+            const double day = 36526.5 + (year - 2000) * 365.2422;
+            EXPECT_NEAR(dayvane::DeltaT(day), expected, 0.2) << year;
+        }
+    }
+}
+
 TEST(ExactSky, NoAnswerWithoutADate)
 {
     static const struct

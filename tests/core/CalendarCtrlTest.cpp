@@ -89,9 +89,9 @@ TEST(CalendarCtrl, TimeScaleKeepsTheScrollPositionInProportion)
     scene.calendar->SetScrollInfo(SB_VERT, &bar);
     scene.calendar->SetTimeScale(4);
     scene.calendar->GetScrollInfo(SB_VERT, &bar, SIF_ALL);
-    EXPECT_EQ(bar.nMax, (4 * 24 * 20 - kHeight) / 20 + 1);
-    EXPECT_EQ(bar.nPos, 3 * 67 / 19) << "rounded down";
-    EXPECT_EQ(scene.calendar->GetVertScrollOffset(), bar.nPos * 20);
+    EXPECT_EQ(bar.nMax, 67) << "96 rows of which 30 are in sight, and one";
+    EXPECT_EQ(bar.nPos, 10) << "three of 19, of 67, rounded down";
+    EXPECT_EQ(scene.calendar->GetVertScrollOffset(), 200);
 }
 
 TEST(CalendarCtrl, PaintsTheGridTwiceAndRepaintsAroundAnItem)

@@ -46,7 +46,7 @@ TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
          "+DTEND:20261121T100000\r\n"},
         {"timed becomes all day, on whole days",
          {"DTSTART;TZID=Asia/Tokyo:20261121T0900", "DURATION:PT1H"},
-         Times("20261121T0900", "20261122T0100", true),
+         Times("20261121T0900", "20261122T000001", true),
          "-DTSTART;TZID=Asia/Tokyo:20261121T0900\r\n-DURATION:PT1H\r\n+DTSTART;VALUE=DATE:20261121\r\n"
          "+DURATION:P2D\r\n"},
         {"to where it is",

@@ -87,7 +87,7 @@ TEST_F(CalendarSetTest, EditsAreUndoneInTheOrderInWhichTheyWereMade)
     m_set.SetText(items[0].id, TextField::Summary, "Other", Scope::ThisOccurrence);
     EXPECT_FALSE(m_set.CanRedo()) << "what was taken back before a new change is gone";
     m_set.Remove(1);
-    EXPECT_FALSE(m_set.CanUndo()) << "nor are changes of a calendar that left";
+    EXPECT_FALSE(m_set.CanUndo() || m_set.Undo().isDone) << "nor are changes of a calendar that left";
 }
 
 TEST_F(CalendarSetTest, OneFileIsMadeOfItemsOfSeveral)

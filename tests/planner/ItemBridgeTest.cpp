@@ -141,6 +141,9 @@ TEST(ItemBridge, NewItemsCoverTheSelection)
         EXPECT_EQ(Shown(times.end), Shown(At(each.exclusiveEnd)));
         EXPECT_EQ(times.isAllDay, each.isAllDay);
     }
+    for (const LocalTime outside : {kEarliestTime - 1, kEndOfTime}) {
+        EXPECT_EQ(DateOfLocal(outside).GetStatus(), COleDateTime::invalid);
+    }
 }
 
 TEST(ItemBridge, TellsTheStateOfAnEvent)

@@ -138,6 +138,20 @@ TEST(DayChoicesTest, HolidaysOfAListAndWordsThatAreKept)
     EXPECT_TRUE(again.lines.weekNumbers && !again.lines.rokuyo);
 }
 
+// From calendars in print: the lunar date, the age of the moon at noon, the week of ISO 8601, the sign of the day.
+TEST(DayStatusTest, SaysWhatIsKnownOfADay)
+{
+    const dayvane::DayCalendar names;
+    dayvane::DayLines lines;
+    const auto status = [&](const dayvane::CivilDate& day) { return DayStatus(day, names, 2, lines); };
+    EXPECT_EQ(status({2026, 11, 23}), u8"勤労感謝の日  旧10/15 赤口  月齢 13.8  第48週  令和8年  辛丑");
+    EXPECT_EQ(status({2023, 3, 22}), u8"旧閏2/1 友引  新月 (月齢 0.4)  第12週  令和5年  己卯");
+    lines.language = dayvane::DayLanguage::English;
+    EXPECT_EQ(status({2023, 3, 22}),
+              "lunar leap 2/1 Tomobiki  New Moon (moon 0.4 days)  week 12  Reiwa 5  Earth Rabbit");
+    EXPECT_EQ(status({1500, 1, 1}), "week 1  Fire Ox") << "before what the sky is worked out for, and before the eras";
+}
+
 TEST(WordsTest, AreInTheUsersLanguage)
 {
     SetLanguage(Language::Japanese);

@@ -1,6 +1,7 @@
 // Every rectangle, colour and text of the pages of a small calendar, as tests/printing/drawn_pages.txt lists them: a
 // change of the design is seen there, and one that nobody meant is found. Of random calendars, full days and odd papers
-// among them, it has a sum each. DAYVANE_ACCEPT=1 writes the file anew.
+// among them, it has a sum each, and of papers that grow by a unit, so that every edge at which words and items just
+// fit is met, a sum for each kind. DAYVANE_ACCEPT=1 writes the file anew.
 #include "core/DateMath.h"
 #include "printing/PageBuilders.h"
 #include "tests/printing/PrintScene.h"
@@ -47,6 +48,7 @@ const CSize kA4(2100, 2970);
 const CSize kA4Across(2970, 2100);
 const CSize kB5Across(2570, 1820);
 constexpr unsigned kRandomSheets = 120;
+constexpr int kGrownPapers = 150;
 constexpr int kNewYear2026 = kSunday1Nov2026 - 304;
 const Sheet kSheets[] = {
     {"day", PageKind::Day, 1, kA4},
@@ -176,6 +178,52 @@ std::string ListingOf(const Page& page)
     return listing.Text();
 }
 
+// Of a listing: FNV-1a.
+class Sum
+{
+public:
+    void Add(const std::vector<Page>& pages)
+    {
+        m_sheets += pages.size();
+        for (const Page& page : pages) {
+            for (const char c : ListingOf(page)) {
+                m_sum = (m_sum ^ static_cast<unsigned char>(c)) * 16777619;
+            }
+        }
+    }
+    std::string Line(const std::string& name) const
+    {
+        return "== " + name + ": " + std::to_string(m_sheets) + " sheets, sum " + std::to_string(m_sum) + "\n";
+    }
+
+private:
+    std::size_t m_sheets = 0;
+    std::uint32_t m_sum = 2166136261;
+};
+
+std::string GrownPapers(PrintSource source)
+{
+    source.items.push_back(source.items[2]); // taller than a column
+    for (int i = 0; i < 60; ++i) {
+        source.items.back().text += u" of the quarter";
+    }
+    source.weekOf = [](int day) { return day / 7 % 52 + 1; };
+    std::string drawn;
+    PrintOptions options;
+    options.fontSize = 60;
+    for (const Sheet& sheet : kSheets) {
+        const bool isOther = sheet.options.footerText == Other().footerText;
+        const PrintRange range = {sheet.kind, sheet.firstDay, sheet.firstDay + sheet.days - 1};
+        Sum sum;
+        for (int i = 0; i < kGrownPapers; ++i) {
+            const CSize paper = isOther ? CSize(800, 700 + i) : CSize(600 + i, 900);
+            sum.Add(BuildPages(source, range, options, paper, PlainMeasurer()));
+        }
+        drawn += sum.Line(std::string(sheet.name) + (isOther ? ", higher papers" : ", wider papers"));
+    }
+    return drawn;
+}
+
 std::string DrawnPages()
 {
     const PlainMeasurer measurer;
@@ -192,19 +240,11 @@ std::string DrawnPages()
         RandomSheet sheet(seed);
         sheet.source.title = u"the calendar of the office";
         sheet.source.titleNote = [](int first, int last) { return std::u16string(last - first, u'注') + u" note"; };
-        std::string listing;
-        int sheets = 0;
-        for (const Page& page : BuildPages(sheet.source, sheet.range, sheet.options, sheet.paper.size, measurer)) {
-            listing += ListingOf(page);
-            ++sheets;
-        }
-        std::uint32_t sum = 2166136261; // FNV-1a
-        for (const char c : listing) {
-            sum = (sum ^ static_cast<unsigned char>(c)) * 16777619;
-        }
-        drawn += "== " + sheet.name + ": " + std::to_string(sheets) + " sheets, sum " + std::to_string(sum) + "\n";
+        Sum sum;
+        sum.Add(BuildPages(sheet.source, sheet.range, sheet.options, sheet.paper.size, measurer));
+        drawn += sum.Line(sheet.name);
     }
-    return drawn;
+    return drawn + GrownPapers(source);
 }
 
 TEST(DrawnPages, ChangeOnlyWithTheirFile)
