@@ -155,7 +155,10 @@ TEST(CalendarTheme, ItemsOfAnyColourAreReadOnDarkPages)
     tagCALENDAR_ITEM green;
     green.crColor2 = 0xD0F0D0;
     ThemeItem(green, dark, ItemGround::Filled);
-    EXPECT_GT(GetGValue(green.crColor2), GetRValue(green.crColor2)) << "the hue stays";
+    EXPECT_EQ(green.crColor2, 0x224122u) << "the hue stays";
+    green.crColor2 = 0x204020;
+    ThemeItem(green, dark, ItemGround::Filled);
+    EXPECT_EQ(green.crColor2, 0x446644u) << "what was dark is lighter than what was pale";
 }
 
 TEST(CalendarTheme, HostsDayColoursGoWithThePage)

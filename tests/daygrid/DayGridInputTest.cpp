@@ -99,6 +99,8 @@ void SweepAtTheEdge(int weeksOrYears)
     EXPECT_FALSE(PumpUntil([&] { return turns() > 0; }, 700)) << "a click with a trembling hand";
     hardware::Move(*scene.view, CPoint(edge.x - 10, edge.y));
     EXPECT_FALSE(PumpUntil([&] { return turns() > 0; }, 250)) << "it may just pass";
+    COleDateTime begin, end, beginAfter;
+    scene.view->GetSelRange(begin, end);
     EXPECT_TRUE(PumpUntil([&] { return turns() == 1; }, 1000));
     EXPECT_FALSE(PumpUntil([&] { return turns() > 1; }, weeksOrYears - 150)) << "a step takes its time";
     EXPECT_TRUE(PumpUntil([&] { return turns() > 1; }, 1500));
@@ -106,6 +108,8 @@ void SweepAtTheEdge(int weeksOrYears)
     const int before = turns();
     hardware::Move(*scene.view, CPoint(edge.x, client.bottom + 30));
     EXPECT_TRUE(PumpUntil([&] { return turns() > before; }, 200)) << "outside at once";
+    scene.view->GetSelRange(beginAfter, end);
+    EXPECT_EQ(Text(beginAfter), Text(begin)) << "a sweep begins where it began, however far it turns";
     hardware::LeftUp();
     const int after = turns();
     EXPECT_FALSE(PumpUntil([&] { return turns() > after; }, 500));

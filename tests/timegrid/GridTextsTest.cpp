@@ -77,8 +77,9 @@ TEST(GridTexts, HoursOfTwoZonesKeepToTheirColumns)
 TEST(GridTexts, TheTitleSaysWhereItEnds)
 {
     const GridCaption places = PlaceCaptionTexts(CRect(0, 0, 300, 30), {60, 30, 150, 0, 20});
-    EXPECT_EQ(places.weekday.left, places.date.left + 60);
-    EXPECT_EQ(places.solarTerm.left, places.holiday.left);
-    EXPECT_LT(places.weekday.bottom, places.date.bottom) << "small letters share the baseline of the large ones";
-    EXPECT_EQ(places.end, places.date.left + 260);
+    EXPECT_EQ(places.date, CRect(5, 0, 300, 29));
+    EXPECT_EQ(places.weekday, CRect(65, 0, 300, 25)) << "small letters share the baseline of the large ones";
+    EXPECT_EQ(places.longDate, CRect(95, 0, 300, 25));
+    EXPECT_EQ(places.solarTerm, CRect(245, 0, 300, 25)) << "on a day without a name";
+    EXPECT_EQ(places.end, 265);
 }
