@@ -169,7 +169,8 @@ def plant_all(planters, faults, wanted):
                 fault, outcome, seconds = future.result()
                 if outcome:
                     results.append((fault, outcome))
-                    report(fault, outcome, seconds)
+                if outcome or fault.kind == "listed":
+                    report(fault, outcome or "does not compile", seconds)
                 following = next(faults, None)
                 if following and len(results) + len(running) < wanted:
                     running.add(pool.submit(one, following))

@@ -2,7 +2,8 @@
 # Planted faults: how much of what a developer could break do the tests catch? Sourced by ./dev.
 
 # A build whose tests tell which lines they reach (tests/support/CoverageByTest.cpp); no sanitizers, for speed.
-plant_flags=(-DCMAKE_BUILD_TYPE=None -DDAYVANE_BENCH=OFF "-DCMAKE_EXE_LINKER_FLAGS=-no-pie -fuse-ld=lld"
+plant_flags=(-DCMAKE_BUILD_TYPE=None -DDAYVANE_BENCH=OFF -DCMAKE_CXX_COMPILER_LAUNCHER=ccache
+    "-DCMAKE_EXE_LINKER_FLAGS=-no-pie -fuse-ld=lld"
     "-DDAYVANE_SANITIZE=-O1 -g1 -fsanitize-coverage=trace-pc -D_GLIBCXX_ASSERTIONS")
 
 test_targets() { sed 's/\t.*//; s/^/test_/' "$1/tests.list"; }

@@ -179,7 +179,14 @@ TEST(ViewTree, SelectionsOfRowsAndDaysAreFoundAndDatedBack)
     ASSERT_EQ(static_cast<size_t>(2 * kMinutesPerHour / view.parts.minutesPerRow + 1), selected.size());
     EXPECT_EQ(begin, DateOfPart(view.parts, selected.front()));
     EXPECT_EQ(PartOfSelection(view.parts, end, false), selected.back());
+    ASSERT_LT(1u, view.parts.cells.size());
+    EXPECT_EQ(static_cast<size_t>(view.parts.rows + 1),
+              SelectedParts(view.parts, begin, AddDays(begin, 1), false).size());
     EXPECT_EQ(AccessPart::WholeDay, PartOfSelection(view.parts, end, true).part);
+    ViewParts odd = view.parts; // rows that an hour does not divide into: the last takes what is left of the day
+    odd.minutesPerRow = 8;
+    odd.rows = 7 * 24;
+    EXPECT_EQ(odd.rows - 1, PartOfSelection(odd, EndOfDay(begin), false).index);
     EXPECT_EQ(AccessId(), PartOfSelection(view.parts, AddDays(begin, -1), false)) << "not shown";
     const int day = DayNumberOf(begin);
     EXPECT_EQ(SelectedParts(view.parts, begin, end, true), (std::vector<AccessId>{{AccessPart::WholeDay, day, 0}}));
@@ -238,6 +245,7 @@ TEST(PickerTree, PopupsKeepTheRulesOfTrees)
     CheckTree(years,
               [&](int node) { return WordsOfPeriodRun(EnglishAccessTexts(), kYearPolicy, years.At(node).id).name; });
     EXPECT_EQ(5, static_cast<int>(years.At(0).children.size())) << "no lines after the year 9999";
+    EXPECT_EQ(CPoint(0, 0), years.At(0).box.TopLeft());
     MoreListModel list(std::vector<int>(30, 0));
     list.Scroll(4);
     const AccessTree rows = MakeMoreListTree(list);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 
@@ -62,6 +63,13 @@ TEST(InPlaceEdit, OpensOverTheCellWithTheText)
     scene.calendar->ScreenToClient(&rect);
     EXPECT_EQ(rect.TopLeft(), CPoint(10, 40));
     EXPECT_GT(rect.Height(), 12) << "a line of text has room in a low cell";
+    for (const int height : {50, 12}) {
+        scene.calendar->MoveWindow(0, 0, kWidth, height);
+        CRect low;
+        ::GetWindowRect(scene.Begin(), &low);
+        scene.calendar->ScreenToClient(&low);
+        EXPECT_EQ(low.top, std::max(height - rect.Height(), 0)) << "at the bottom, but not above a low window";
+    }
 }
 
 TEST(InPlaceEdit, WhatEndsItAndWhatIsReported)

@@ -52,6 +52,17 @@ TEST_F(CalendarSetTest, EachItemKnowsItsCalendarAndTicksHide)
     EXPECT_EQ(m_set.Move(items[0].id, items[0].times).problem, "This item is no longer in the calendar.");
 }
 
+TEST_F(CalendarSetTest, TwoAreAlreadySeveral)
+{
+    CalendarSet two;
+    two.Add(m_team, "team.ics");
+    two.Add(m_home, "home.ics");
+    const auto items = two.OccurrencesIn(At("20261101"), At("20261201"));
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(two.MemberOf(items[0].id)->name, "home.ics") << "by start";
+    EXPECT_NE(two.ColorOf(items[0].id), two.ColorOf(items[1].id));
+}
+
 TEST_F(CalendarSetTest, CategoriesHideWhatHasNoOtherOne)
 {
     EXPECT_EQ(m_set.CategoriesIn(At("20261101"), At("20261201")), (std::set<std::string>{"Club", "Sport", "Work"}));
@@ -88,6 +99,8 @@ TEST_F(CalendarSetTest, EditsAreUndoneInTheOrderInWhichTheyWereMade)
     EXPECT_FALSE(m_set.CanRedo()) << "what was taken back before a new change is gone";
     m_set.Remove(1);
     EXPECT_FALSE(m_set.CanUndo() || m_set.Undo().isDone) << "nor are changes of a calendar that left";
+    const EditResult later = m_set.Create({At("20261127"), At("20261128"), true}, "Later");
+    EXPECT_EQ(m_set.MemberOf(later.id)->name, "plain.ics") << "it has another place now";
 }
 
 TEST_F(CalendarSetTest, OneFileIsMadeOfItemsOfSeveral)

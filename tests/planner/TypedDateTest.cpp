@@ -77,7 +77,7 @@ TEST(TypedDate, ReadsWhatPeopleWrite)
 TEST(TypedDate, RefusesWhatIsNoDate)
 {
     for (const char* text : {"", "soon", "31.2", "2026-13-01", "32", "next", "24.11.2026.5", u8"令和", u8"13月1日",
-                             "2026-", "99999999", "in days", "fri day", "+99999", "ne"}) {
+                             "2026-", "99999999", "in days", "fri day", "+99999", "ne", "next weekend"}) {
         EXPECT_EQ(Read(text), std::string(text) == "next" ? "2026-11-27" : "") << text;
     }
 }

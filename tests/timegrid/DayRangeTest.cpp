@@ -35,6 +35,18 @@ TEST(DayRange, BeginsWhereTheWeekDoes)
     }
 }
 
+TEST(DayRange, KindsAreSoManyDaysOrWeeks)
+{
+    for (int kind = 1; kind <= 13; ++kind) {
+        EXPECT_EQ(kind + 1, FindDateScale(kind)->days);
+        EXPECT_FALSE(FindDateScale(kind)->fromFirstDayOfWeek) << kind;
+    }
+    EXPECT_EQ(5, FindDateScale(14)->days);
+    EXPECT_EQ(7, FindDateScale(15)->days);
+    EXPECT_TRUE(FindDateScale(14)->fromFirstDayOfWeek && FindDateScale(15)->fromFirstDayOfWeek);
+    EXPECT_TRUE(!FindDateScale(0) && !FindDateScale(16));
+}
+
 TEST(DayRange, EndsWithTheCalendar)
 {
     const struct
