@@ -136,7 +136,7 @@ function(dayvane_describe_library target)
     if(MINGW)
       target_link_options(${target} INTERFACE -shared-libgcc)
     endif()
-    target_link_libraries(${target} PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 msimg32 gdi32 user32)
+    target_link_libraries(${target} PUBLIC comctl32 comdlg32 oleaut32 ole32 imm32 usp10 msimg32 gdi32 user32)
   endif()
   get_property(headers GLOBAL PROPERTY DAYVANE_PUBLIC_HEADERS)
   target_sources(${target}

@@ -2,6 +2,7 @@
 
 #include "core/CalendarCtrl.h"
 #include "core/TextCodec.h"
+#include "core/WindowHelpers.h"
 
 #include <imm.h>
 
@@ -45,13 +46,6 @@ bool IsEditKey(UINT key)
     return false;
 }
 
-std::wstring TextOfWindow(HWND hWnd)
-{
-    std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(hWnd)) + 1, L'\0');
-    text.resize(static_cast<size_t>(::GetWindowTextW(hWnd, &text[0], static_cast<int>(text.size()))));
-    return text;
-}
-
 // A narrow message loop would take the waiting characters from the queue in the system's code page, and lose those that
 // it lacks.
 void TakeWaitingCharacters(HWND hWnd)
@@ -71,6 +65,7 @@ ON_WM_GETDLGCODE()
 ON_WM_KEYDOWN()
 ON_MESSAGE(WM_IME_STARTCOMPOSITION, &CInPlaceEdit::OnImeStartComposition)
 ON_MESSAGE(WM_IME_ENDCOMPOSITION, &CInPlaceEdit::OnImeEndComposition)
+ON_CONTROL_REFLECT_EX(EN_CHANGE, &CInPlaceEdit::OnChange)
 END_MESSAGE_MAP()
 
 CInPlaceEdit::CInPlaceEdit(CCalendarCtrl* pOwner, const char* lpszText, UINT nCodePage, int nMode)
@@ -117,9 +112,8 @@ void CInPlaceEdit::Finish(BOOL bCommit)
     owner->EditBoxGone(this);
     const HWND hWnd = m_hWnd;
     if (bCommit) {
-        const std::wstring text = TextOfWindow(m_hWnd);
         const std::string_view before(m_strText.GetString(), static_cast<size_t>(m_strText.GetLength()));
-        const std::string edited = EncodeEdited(before, ViewOf(text), m_nCodePage);
+        const std::string edited = EncodeEdited(before, TextOfWindow(m_hWnd), m_nCodePage);
         owner->EndEditItem(edited.c_str(), m_nMode);
     }
     // The host may have destroyed the control, and this box with it.
@@ -144,6 +138,12 @@ LRESULT CALLBACK CInPlaceEdit::WideProc(HWND hWnd, UINT message, WPARAM wParam, 
     case EM_REPLACESEL:
     case EM_GETLINE:
         return ::CallWindowProcW(edit->m_pfnEdit, hWnd, message, wParam, lParam);
+    case WM_SETFONT:
+        ::CallWindowProcW(edit->m_pfnEdit, hWnd, message, wParam, lParam);
+        edit->m_hFont = reinterpret_cast<HFONT>(wParam);
+        edit->m_font.Reset();
+        edit->ShowFont();
+        return 0;
     case WM_CHAR:
     case WM_IME_CHAR:
         edit->TakeUnit(wParam, lParam);
@@ -155,6 +155,14 @@ LRESULT CALLBACK CInPlaceEdit::WideProc(HWND hWnd, UINT message, WPARAM wParam, 
     }
     }
     return ::CallWindowProcW(edit->m_pfnHandlers, hWnd, message, wParam, lParam);
+}
+
+// Not while an input method converts: it shows its own text, with the font that it knows.
+void CInPlaceEdit::ShowFont()
+{
+    if (!m_bComposing) {
+        m_font.Show(m_hWnd, m_hFont, m_pfnEdit);
+    }
 }
 
 // Half a character waits for its other half.
@@ -293,5 +301,13 @@ LRESULT CInPlaceEdit::OnImeStartComposition(WPARAM, LPARAM)
 LRESULT CInPlaceEdit::OnImeEndComposition(WPARAM, LPARAM)
 {
     m_bComposing = FALSE;
-    return Default();
+    const LRESULT result = Default();
+    ShowFont();
+    return result;
+}
+
+BOOL CInPlaceEdit::OnChange()
+{
+    ShowFont();
+    return FALSE; // the control is told, too
 }

@@ -8,8 +8,10 @@
 // The box itself is a Unicode window, so every character can be typed, also where the host's message loop is narrow.
 // The text that is reported is in the code page of the control's texts: a typed, converted or pasted character that the
 // page lacks is refused with a beep and changes nothing; it would become a question mark. What was not edited keeps its
-// bytes.
+// bytes. While the font lacks a character of the text the box shows all of it in a font that has it.
 #pragma once
+
+#include "EditFont.h"
 
 #include <afxwin.h>
 
@@ -40,6 +42,7 @@ protected:
     BOOL ConversionFits();
     static LRESULT CALLBACK WideProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     void TakeUnit(WPARAM wParam, LPARAM lParam);
+    void ShowFont();
 
     CCalendarCtrl* m_pOwner; // not owned; null once the box is being closed
     CString m_strText;       // initial text
@@ -48,6 +51,8 @@ protected:
     BOOL m_bComposing = FALSE;       // an input method is converting
     int m_nMode;                     // goes through to EndEditItem unchanged
     wchar_t m_chLead = L'\0';        // first half of a character whose second has not come yet
+    HFONT m_hFont = nullptr;         // the owner's
+    dayvane::EditFont m_font;        // for what that lacks
     WNDPROC m_pfnEdit = nullptr;     // the system's edit box
     WNDPROC m_pfnHandlers = nullptr; // of this object's messages
 
@@ -56,5 +61,6 @@ protected:
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg LRESULT OnImeStartComposition(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnImeEndComposition(WPARAM wParam, LPARAM lParam);
+    afx_msg BOOL OnChange();
     DECLARE_MESSAGE_MAP()
 };

@@ -10,13 +10,18 @@
 
 namespace dayvane {
 
-// Whether some character is not in the selected face, but in another one. Cheap for what the face has. Characters
-// beyond the basic plane are left to the system.
+// Whether some character is not in the selected face, but in another one, or is beyond the basic plane, as emoji are,
+// and in any face. Cheap for what the face has.
 bool IsMixedText(HDC hDC, const std::u16string& text);
 
-// The face of the system for a character that the selected face lacks, from 1; 0: it has it, or no other one does.
+// The face of the system for a character that the selected face lacks, from 1; 0: it has it, or no other one does. For
+// characters beyond the basic plane it may be the selected one.
 int FallbackFace(HDC hDC, char32_t character);
 const std::wstring& FallbackFaceName(int face);
+
+// One face for a whole text, where only one can be, as in an edit box: a new font like the selected one, of a face that
+// has more of its characters, all of them if possible; nullptr: there is no better one. The caller deletes it.
+HFONT NewFontForText(HDC hDC, const std::u16string& text);
 
 // One measured text; the font that is selected when it is made must be selected when it is drawn.
 class MixedText
@@ -35,7 +40,8 @@ public:
     void Draw(int x, int y, const CRect& clip, std::size_t from, std::size_t to) const;
 
 private:
-    HFONT FontOf(int face);
+    void Measure(const TextRun& run);
+    void DrawRun(int x, int y, const CRect& clip, std::size_t from, std::size_t to) const;
 
     HDC m_hDC;
     std::u16string m_text;

@@ -11,6 +11,13 @@ CRect ClientRectOf(const CWnd& window)
     return client;
 }
 
+std::u16string TextOfWindow(HWND hWnd)
+{
+    std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(hWnd)) + 1, L'\0');
+    text.resize(static_cast<size_t>(::GetWindowTextW(hWnd, &text[0], static_cast<int>(text.size()))));
+    return std::u16string(text.begin(), text.end());
+}
+
 void RegisterControlClass(LPCTSTR lpszClass, HBRUSH hBackground)
 {
     WNDCLASS wc = {};

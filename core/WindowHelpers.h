@@ -3,9 +3,12 @@
 
 #include <afxwin.h>
 
+#include <string>
+
 namespace dayvane {
 
 CRect ClientRectOf(const CWnd& window); // empty while there is no window
+std::u16string TextOfWindow(HWND hWnd);
 
 // Registers the window class of a control, once a process: arrow cursor, double clicks, repainted whole when its size
 // changes. A failure throws CResourceException.

@@ -17,6 +17,15 @@ DialogLook& TheDialogLook()
 namespace {
 
 constexpr char kComboClass[] = "ComboBox";
+constexpr char kEditClass[] = "Edit";
+constexpr UINT kShowFonts = WM_APP + 30;
+
+bool IsOfClass(HWND control, const char* wanted)
+{
+    char name[sizeof(kComboClass) + 1] = "";
+    ::GetClassName(control, name, sizeof(name));
+    return lstrcmpi(name, wanted) == 0;
+}
 
 CRect Scaled(const CRect& rect, int dpi, int base)
 {
@@ -29,10 +38,8 @@ CRect PlaceOf(HWND control, HWND dialog)
 {
     CRect place;
     ::GetWindowRect(control, &place);
-    char name[sizeof(kComboClass) + 1] = "";
-    ::GetClassName(control, name, sizeof(name));
     CRect dropped;
-    if (lstrcmpi(name, kComboClass) == 0 &&
+    if (IsOfClass(control, kComboClass) &&
         ::SendMessage(control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped)) != 0) {
         place.bottom = place.top + dropped.Height();
     }
@@ -44,16 +51,51 @@ CRect PlaceOf(HWND control, HWND dialog)
 
 BEGIN_MESSAGE_MAP(CPlannerDialog, CDialog)
 ON_WM_CTLCOLOR()
+ON_MESSAGE(kShowFonts, &CPlannerDialog::OnShowFonts)
 END_MESSAGE_MAP()
 
 BOOL CPlannerDialog::OnInitDialog()
 {
     CDialog::OnInitDialog();
+    m_editFonts.clear(); // of the windows of an earlier time
     planner::KeepWideTitle(m_hWnd);
     planner::TranslateWindow(m_hWnd);
     TakeScale(planner::TheDialogLook().dpi);
     TakeTheme();
+    PostMessage(kShowFonts); // when the fields have their texts
     return TRUE;
+}
+
+BOOL CPlannerDialog::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    const HWND control = reinterpret_cast<HWND>(lParam);
+    if (control && HIWORD(wParam) == EN_CHANGE) {
+        ShowFont(control);
+    } else if (control && (HIWORD(wParam) == CBN_EDITCHANGE || HIWORD(wParam) == CBN_SELCHANGE)) {
+        PostMessage(kShowFonts); // its field has the text only then
+    }
+    return CDialog::OnCommand(wParam, lParam);
+}
+
+LRESULT CPlannerDialog::OnShowFonts(WPARAM, LPARAM)
+{
+    ::EnumChildWindows(m_hWnd, &CPlannerDialog::ShowFontOf, reinterpret_cast<LPARAM>(this));
+    return 0;
+}
+
+BOOL CALLBACK CPlannerDialog::ShowFontOf(HWND child, LPARAM lDialog)
+{
+    if (IsOfClass(child, kEditClass)) {
+        reinterpret_cast<CPlannerDialog*>(lDialog)->ShowFont(child);
+    }
+    return TRUE;
+}
+
+void CPlannerDialog::ShowFont(HWND edit)
+{
+    const HFONT own = m_font.GetSafeHandle() ? static_cast<HFONT>(m_font.GetSafeHandle())
+                                             : reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
+    m_editFonts[edit].Show(edit, own);
 }
 
 void CPlannerDialog::TakeScale(int dpi)

@@ -3,10 +3,12 @@
 
 #include <afxwin.h>
 
+#include "core/EditFont.h"
 #include "planner/PlannerTheme.h"
 #include "planner/ThemedControl.h"
 #include "planner/WideText.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -29,19 +31,24 @@ public:
 
 protected:
     BOOL OnInitDialog() override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     const CalendarTheme& Theme() const { return m_theme; }
     dayvane::ViewScale Scale() const; // pixels of 96 dpi
     void SizeClient(CSize size);      // around the middle of the owner
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+    afx_msg LRESULT OnShowFonts(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:
     void TakeScale(int dpi);
     void TakeTheme();
     void TakeTheme(HWND control);
+    void ShowFont(HWND edit);
+    static BOOL CALLBACK ShowFontOf(HWND child, LPARAM lDialog);
 
     CalendarTheme m_theme;
-    CFont m_font; // of all controls, at the scale
+    CFont m_font;                                  // of all controls, at the scale
+    std::map<HWND, dayvane::EditFont> m_editFonts; // for texts of fields that it lacks
     CBrush m_ground, m_listGround;
     std::vector<std::unique_ptr<planner::ThemedControl>> m_controls;
 };

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <vector>
 
 using namespace coretest;
 using namespace testsupport;
@@ -276,6 +277,55 @@ TEST(InPlaceEdit, PastedTextIsWholeOrRefused)
     messages::Key(box, VK_RETURN);
     const std::string text = scene.parent.Log().back().editText;
     EXPECT_EQ(text.compare(0, whole.size(), whole), 0) << "double bytes survive";
+}
+
+// Whether the font has a glyph for each of the characters.
+bool Shows(HFONT font, const std::wstring& text)
+{
+    CClientDC dc(nullptr);
+    const HGDIOBJ before = ::SelectObject(dc, font);
+    std::vector<WORD> glyphs(text.size());
+    ::GetGlyphIndicesW(dc, text.c_str(), static_cast<int>(text.size()), glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS);
+    ::SelectObject(dc, before);
+    return std::count(glyphs.begin(), glyphs.end(), static_cast<WORD>(0xFFFF)) == 0;
+}
+
+HFONT FontOf(HWND box)
+{
+    return reinterpret_cast<HFONT>(::SendMessage(box, WM_GETFONT, 0, 0));
+}
+
+TEST(InPlaceEdit, HasAFontForItsText)
+{
+    const std::wstring japanese = L"\x4F1A\x8B70";
+    ExpectNothingLeftBy([&] {
+        EditScene scene;
+        scene.calendar->SetTextCodePage(CP_UTF8);
+        LOGFONT latin = {};
+        latin.lfHeight = -14;
+        lstrcpyn(latin.lfFaceName, "Liberation Serif", LF_FACESIZE); // no Japanese in it
+        scene.calendar->SetTextFont(latin);
+        const HWND box = scene.Begin("plain");
+        const HFONT own = FontOf(box);
+        ASSERT_FALSE(Shows(own, japanese));
+        ::SendMessage(box, EM_SETSEL, 2, 3);
+        for (const wchar_t unit : japanese) {
+            ::SendMessageW(box, WM_CHAR, unit, 1);
+        }
+        EXPECT_TRUE(Shows(FontOf(box), L"plin" + japanese));
+        EXPECT_EQ(::SendMessage(box, EM_GETSEL, 0, 0), MAKELONG(4, 4)) << "after what was typed";
+        ::SendMessage(box, EM_SETSEL, 2, 4);
+        ::SendMessage(box, WM_IME_STARTCOMPOSITION, 0, 0);
+        ::SendMessage(box, WM_CLEAR, 0, 0);
+        EXPECT_NE(FontOf(box), own) << "an input method keeps the font that it began with";
+        ::SendMessage(box, WM_IME_ENDCOMPOSITION, 0, 0);
+        EXPECT_EQ(FontOf(box), own);
+        ::SetWindowTextW(box, japanese.c_str());
+        EXPECT_TRUE(Shows(FontOf(box), japanese));
+        ::SetWindowTextW(box, L"plain again");
+        EXPECT_EQ(FontOf(box), own);
+        messages::Key(box, VK_ESCAPE);
+    });
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // The planner's dialogs, in both languages, and what its window does with files that change under it.
 #include "PlannerTesting.h"
 
+#include "core/DrawingHelpers.h"
 #include "core/ThemeColors.h"
 #include "planner/EventDialog.h"
 #include "planner/ItemClipboard.h"
@@ -198,6 +199,15 @@ TEST_F(PlannerDialogs, NothingOfADialogIsLightInTheDarkTheme)
 
 // ---- The event dialog
 
+bool HasGlyph(CWnd* field, wchar_t character)
+{
+    CClientDC dc(field);
+    const dayvane::SelectGdi font(&dc, field->GetFont());
+    WORD glyph = 0;
+    ::GetGlyphIndicesW(dc, &character, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+    return glyph != 0xFFFF;
+}
+
 TEST_F(PlannerDialogs, TheEventDialogSaysWhatIsWrongBesideTheField)
 {
     planner::SetLanguage(planner::Language::Japanese);
@@ -212,6 +222,7 @@ TEST_F(PlannerDialogs, TheEventDialogSaysWhatIsWrongBesideTheField)
 
     const std::string title = u8"会議 한국어"; // beyond every code page
     type(IDC_TITLE, title.c_str());
+    EXPECT_TRUE(HasGlyph(dialog.GetDlgItem(IDC_TITLE), L'\x4F1A')) << "also where the dialog's font has no Japanese";
     type(IDC_START_DATE, "17.4");
     EXPECT_EQ(said(IDC_END_DATE), "2026-04-17") << "the end keeps its distance";
     EXPECT_EQ(said(IDC_START_PROBLEM) + said(IDC_END_PROBLEM), "");
