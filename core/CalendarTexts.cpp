@@ -157,7 +157,8 @@ std::u16string WithoutYear(const std::u16string& pattern)
             rest.erase(at, 2);
             const std::size_t next = std::min(rest.find(u'%', at), rest.size());
             rest.erase(at, next - at); // "年", "/" after the year
-            while (at == rest.size() && !rest.empty() &&
+            const bool wasLast = at == rest.size();
+            while (wasLast && !rest.empty() &&
                    std::u16string_view(u" ,./-").find(rest.back()) != std::u16string_view::npos) {
                 rest.pop_back();
             }
@@ -194,6 +195,7 @@ void TakeNames(CalendarTexts& texts, LCID lcid)
         const LCTYPE day = (i + 6) % 7;
         texts.weekdays[i] = texts.columnWeekdays[i] = LocaleText(lcid, LOCALE_SDAYNAME1 + day);
         texts.shortWeekdays[i] = LocaleText(lcid, LOCALE_SABBREVDAYNAME1 + day);
+        texts.cellWeekdays[i] = LocaleText(lcid, LOCALE_SSHORTESTDAYNAME1 + day);
     }
     for (unsigned i = 0; i < texts.months.size(); ++i) {
         texts.months[i] = LocaleText(lcid, LOCALE_SMONTHNAME1 + i);
@@ -203,6 +205,16 @@ void TakeNames(CalendarTexts& texts, LCID lcid)
     texts.pm = LocaleText(lcid, LOCALE_S2359);
 }
 
+// The pattern with the short names of months, after the words that the text begins with.
+std::u16string ShortAfterWords(const std::u16string& text, const std::u16string& pattern)
+{
+    std::u16string shorter = text.substr(0, text.find(u'%')) + pattern;
+    for (std::size_t at = shorter.find(u"%B"); at != std::u16string::npos; at = shorter.find(u"%B")) {
+        shorter[at + 1] = u'b';
+    }
+    return shorter;
+}
+
 void TakePatterns(CalendarTexts& texts, LCID lcid)
 {
     texts.longDate = PatternOfPicture(LocaleText(lcid, LOCALE_SLONGDATE));
@@ -210,6 +222,11 @@ void TakePatterns(CalendarTexts& texts, LCID lcid)
     texts.spanDate = WithoutYear(texts.spanYearDate);
     texts.shortDate = PatternOfPicture(LocaleText(lcid, LOCALE_SSHORTDATE));
     texts.monthDay = WithoutYear(texts.shortDate);
+    // "26.10." where a point makes ordinal numbers: the one before the year belongs to the month.
+    const bool hasOrdinals = PatternOfPicture(LocaleText(lcid, LOCALE_SMONTHDAY)).find(u"d.") != std::u16string::npos;
+    if (hasOrdinals && texts.monthDay.find(u'.') != std::u16string::npos && texts.monthDay.back() != u'.') {
+        texts.monthDay += u'.';
+    }
     texts.pageDate = texts.spanYearDate;
     texts.pageDay =
         WithoutYear(texts.longDate.find(u"%A") != std::u16string::npos ? texts.longDate : u"%A, " + texts.longDate);
@@ -356,10 +373,15 @@ CalendarTexts CalendarTexts::English()
 
 CalendarTexts CalendarTexts::FromLocale(unsigned long lcid)
 {
-    CalendarTexts texts = (lcid & kLanguageMask) == kJapaneseLanguage ? Japanese() : English();
+    const bool isJapanese = (lcid & kLanguageMask) == kJapaneseLanguage;
+    CalendarTexts texts = isJapanese ? Japanese() : English();
 #ifdef _WIN32
     TakeNames(texts, lcid);
     TakePatterns(texts, lcid);
+    if (!isJapanese) {
+        texts.today = ShortAfterWords(texts.today, texts.spanYearDate);
+        texts.thisMonth = ShortAfterWords(texts.thisMonth, texts.month);
+    }
 #endif
     return texts;
 }

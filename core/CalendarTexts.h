@@ -24,6 +24,7 @@ struct CalendarTexts
     Weekdays weekdays;       // %A
     Weekdays shortWeekdays;  // %a
     Weekdays columnWeekdays; // over the columns of the month view; where they do not fit, the short ones
+    Weekdays cellWeekdays;   // over those of the mini calendars; where they are empty, what fits of the short ones
     Months months;           // %B
     Months shortMonths;      // %b
     std::u16string am;       // %p

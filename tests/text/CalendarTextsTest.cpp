@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 using namespace dayvane;
 
@@ -115,11 +116,15 @@ TEST(CalendarTexts, LocalesOfTheSystem)
         int firstDay;
         std::u16string month, weekday, time, monthDay;
         bool englishDayNames;
+        std::u16string today, span;
     } rows[] = {
-        {0x0409, 1, u"April", u"Sunday", u"3:07 PM", u"4/5", true},
-        {0x0407, 2, u"April", u"Sonntag", u"15:07", u"5.4", true},
-        {0x040C, 2, u"avril", u"dimanche", u"15:07", u"5/4", true},
-        {0x0411, 1, u"4月", u"日曜日", u"15:07", u"4/5", false},
+        {0x0409, 1, u"April", u"Sunday", u"3:07 PM", u"4/5", true, u"Today: Apr 5, 2026", u"April 5"},
+        {0x0407, 2, u"April", u"Sonntag", u"15:07", u"5.4.", true, u"Today: 5. Apr 2026", u"5. April"},
+        {0x040C, 2, u"avril", u"dimanche", u"15:07", u"5/4", true, u"Today: 5 avr. 2026", u"5 avril"},
+        {0x0411, 1, u"4月", u"日曜日", u"15:07", u"4/5", false, u"今日: 2026/4/5", u"4月5日"},
+        {0x0412, 1, u"4\xC6D4", u"\xC77C\xC694\xC77C", u"PM 3:07", u"4. 5.", true, u"Today: 2026\xB144 4\xC6D4 5\xC77C",
+         u"4\xC6D4 5\xC77C"},
+        {0x0804, 2, u"四月", u"星期日", u"15:07", u"4/5", true, u"Today: 2026年4月5日", u"4月5日"},
     };
     for (const auto& row : rows) {
         const CalendarTexts texts = CalendarTexts::FromLocale(row.lcid);
@@ -131,6 +136,10 @@ TEST(CalendarTexts, LocalesOfTheSystem)
         monthDay.erase(std::remove(monthDay.begin(), monthDay.end(), u'0'), monthDay.end()); // systems differ in zeros
         EXPECT_EQ(monthDay, row.monthDay) << row.lcid;
         EXPECT_EQ(texts.englishDayNames, row.englishDayNames) << row.lcid;
+        EXPECT_EQ(Text(texts, texts.today), row.today) << row.lcid;
+        EXPECT_EQ(Text(texts, texts.spanDate), row.span) << row.lcid;
+        const std::set<std::u16string> names(texts.cellWeekdays.begin(), texts.cellWeekdays.end());
+        EXPECT_EQ(names.size(), 7u) << "days are told apart where there is little room";
     }
 }
 #endif

@@ -57,7 +57,7 @@ DayTextPlaces PlaceDayTexts(const CRect& box, const DayLook& look, const TextWid
     const CRect annotation(box.left + scale.Of(kTexts.annotationLeft), top,
                            places.numberRect.right - numberWidth(places.number) - scale.Of(kTexts.annotationGap),
                            top + scale.Line(kTexts.annotationHeight));
-    if (annotation.Width() >= scale.Of(kTexts.annotationMinWidth)) {
+    if (annotation.Width() >= scale.Line(kTexts.annotationMinWidth)) {
         places.annotation = annotation;
     }
     return places;
@@ -82,7 +82,7 @@ StripTextPlaces PlaceStripTexts(const CRect& strip, const StripTexts& texts, con
     }
     places.suffix = rest;
     rest.left += suffixWidth + scale.Of(kTexts.annotationGap);
-    if (rest.Width() >= scale.Of(kTexts.annotationMinWidth)) {
+    if (rest.Width() >= scale.Line(kTexts.annotationMinWidth)) {
         places.annotation = rest;
     }
     return places;

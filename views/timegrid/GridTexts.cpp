@@ -100,7 +100,7 @@ HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, const 
     const int gap = scale.Of(kTexts.noteGap);
     const int noteWidth = texts.note.empty() ? 0 : widthOf(texts.note);
     const int noteRoom = std::min(noteWidth, area.Width() - dateWidth - gap);
-    const bool hasNote = noteRoom > 0 && noteRoom >= std::min(noteWidth, scale.Of(kTexts.noteWidth));
+    const bool hasNote = noteRoom > 0 && noteRoom >= std::min(noteWidth, scale.Line(kTexts.noteWidth));
     area.left += (area.Width() - dateWidth - (hasNote ? noteRoom + gap : 0)) / 2;
     places.dateRect = area;
     if (hasNote) {

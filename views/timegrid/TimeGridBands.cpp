@@ -28,6 +28,13 @@ COLORREF TimeGridPainter::HeaderColor(int dayOfWeek, COLORREF ordinary) const
 
 // ---- Fonts
 
+CFont* TimeGridFonts::LabelWithin(int room, int width)
+{
+    const LOGFONT label = LabelDescription();
+    const int height = width > room ? MulDiv(label.lfHeight, room, width) : label.lfHeight;
+    return m_cache.Get(Resized(label, height == 0 ? label.lfHeight : height, label.lfWeight));
+}
+
 CaptionFonts TimeGridFonts::Caption(const LOGFONT& lf)
 {
     return {m_cache.Get(Resized(lf, m_scale.Of(kCaptionDateHeight), FW_BOLD)),

@@ -85,7 +85,7 @@ void CTimeGridCtrl::DrawRuler(CDC* pDC, CRect rcRuler)
 void CTimeGridCtrl::DrawFulldayRuler(CDC* pDC, CRect rcBand)
 {
     const TimeGridPainter painter = Painter(pDC);
-    painter.DrawFulldayRuler(rcBand, m_pParts->fonts.Label(), GetTexts().wholeDay);
+    painter.DrawFulldayRuler(rcBand, m_pParts->fonts, GetTexts().wholeDay);
     if (m_pParts->zones && m_pParts->zones->showOther) {
         painter.DrawZoneLabels(SplitRuler(rcBand, GetZoneRulerWidth()), *m_pParts->zones, m_pParts->fonts.Label());
     }

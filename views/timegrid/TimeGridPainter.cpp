@@ -110,14 +110,15 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, 
     }
 }
 
-void TimeGridPainter::DrawFulldayRuler(const CRect& band, CFont* label, const std::u16string& text) const
+void TimeGridPainter::DrawFulldayRuler(const CRect& band, TimeGridFonts& fonts, const std::u16string& text) const
 {
     if (!IsVisible(band)) {
         return;
     }
     Fill(band, m_colors.ruler);
     m_dc.SetTextColor(m_colors.rulerText);
-    const SelectGdi selectFont(&m_dc, label);
+    const SelectGdi selectLabel(&m_dc, fonts.Label());
+    const SelectGdi selectFont(&m_dc, fonts.LabelWithin(band.Width(), WideTextExtent(m_dc, text).cx));
     DrawWideText(m_dc, text, band, DT_SINGLELINE | DT_VCENTER | DT_RIGHT);
 }
 

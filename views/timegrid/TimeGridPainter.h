@@ -53,7 +53,9 @@ public:
     // the control's description for captions.
     CFont* Hours(const LOGFONT& lf) { return m_cache.Get(Scaled(lf, m_scale)); }
     CFont* Zeros() { return m_cache.Get(Scaled(LogFontOf(kZerosFont), m_scale)); }
-    CFont* Label() { return m_cache.Get(m_hasText ? Scaled(m_text, m_scale) : ScaledText(kLabelFont, m_scale)); }
+    CFont* Label() { return m_cache.Get(LabelDescription()); }
+    // The same, smaller by what a text of that width goes beyond the room; pixels.
+    CFont* LabelWithin(int room, int width);
     CaptionFonts Caption(const LOGFONT& lf);
     void SetScale(const ViewScale& scale) { m_scale = scale; }
     // For labels, for 96 dpi; nullptr: their own.
@@ -65,6 +67,8 @@ public:
     void Clear() { m_cache.Clear(); }
 
 private:
+    LOGFONT LabelDescription() const { return m_hasText ? Scaled(m_text, m_scale) : ScaledText(kLabelFont, m_scale); }
+
     ViewScale m_scale;
     LOGFONT m_text = {};
     bool m_hasText = false;
@@ -101,7 +105,7 @@ public:
     // The line between ruler and grid, which belongs to neither, beside the band and the rows.
     void DrawRulerEdge() const;
     void DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, const TextSettings& texts) const;
-    void DrawFulldayRuler(const CRect& band, CFont* label, const std::u16string& text) const;
+    void DrawFulldayRuler(const CRect& band, TimeGridFonts& fonts, const std::u16string& text) const; // smaller to fit
     // The other zone's clock and date, and the changes of the own clock, over the ruler as it is.
     void DrawZoneHours(const ZoneColumns& columns, const std::vector<ZoneHour>& hours, CFont* label) const;
     void DrawZoneLabels(const ZoneColumns& columns, const ZoneRuler& zones, CFont* label) const;
