@@ -76,6 +76,8 @@ CalendarTheme CalendarTheme::Calm()
     theme.itemArrow = Web(0x5A6470);
     theme.mark = Web(0xE3E8EF);
     theme.markText = Web(0x333B46);
+    theme.redFirsts = false;
+    theme.dayOffMark = true;
     return theme;
 }
 
@@ -117,6 +119,8 @@ CalendarTheme CalendarTheme::Dark()
     theme.itemArrow = Web(0xB0B6C0);
     theme.mark = Web(0x3A3F47);
     theme.markText = Web(0xE4E6EA);
+    theme.redFirsts = false;
+    theme.dayOffMark = true;
     return theme;
 }
 
@@ -138,13 +142,15 @@ CalendarTheme CalendarTheme::HighContrast(const SystemColors& system)
     theme.selectionText = system.highlightText;
     theme.itemFill = ItemFill::Plain;
     theme.itemOutline = theme.itemArrow = text;
+    theme.redFirsts = false;
+    theme.dayOffMark = true;
     return theme;
 }
 
 bool operator==(const CalendarTheme& a, const CalendarTheme& b)
 {
-    return a.itemFill == b.itemFill && SameDay(a.ordinary, b.ordinary) && SameDay(a.holiday, b.holiday) &&
-           SameDay(a.saturday, b.saturday) &&
+    return a.itemFill == b.itemFill && a.redFirsts == b.redFirsts && a.dayOffMark == b.dayOffMark &&
+           SameDay(a.ordinary, b.ordinary) && SameDay(a.holiday, b.holiday) && SameDay(a.saturday, b.saturday) &&
            std::all_of(std::begin(kRoles), std::end(kRoles),
                        [&](COLORREF CalendarTheme::*role) { return a.*role == b.*role; });
 }

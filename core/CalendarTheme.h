@@ -83,6 +83,10 @@ struct CalendarTheme
     COLORREF mark = kOwn;        // more-items marks
     COLORREF markText = kOwn;
 
+    // ---- Beside colours
+    bool redFirsts = true;   // the number of the 1st of a month is in a holiday's colour, whatever day it is
+    bool dayOffMark = false; // in the mini calendars, which have no room for names, days off have a filled corner
+
     // The controls' own colours, which they begin with.
     static CalendarTheme Classic() { return CalendarTheme(); }
     // Light: weekends, holidays and bands are tinted so little that items and the present time speak louder.

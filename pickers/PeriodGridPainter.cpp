@@ -21,8 +21,23 @@ struct GridPaintMetrics // pixels
     SIZE cellInset;   // of selection and frames within a month's cell
     int hotInset;     // of the shade under a hot title or arrow
     SIZE dot;         // of a host's mark, at the middle of the cell's bottom
+    int corner;       // side of the mark of a day off
 };
-constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1, {6, 2}};
+constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1, {6, 2}, 4};
+
+// What all names begin with tells no day from another, as in Chinese.
+void DropCommonBeginning(CalendarTexts::Weekdays& names)
+{
+    const auto beginAlike = [&names] {
+        return std::all_of(names.begin(), names.end(),
+                           [&names](const std::u16string& name) { return name.size() > 1 && name[0] == names[0][0]; });
+    };
+    while (beginAlike()) {
+        for (std::u16string& name : names) {
+            name.erase(0, 1);
+        }
+    }
+}
 } // namespace
 
 PeriodGridPainter::PeriodGridPainter(CDC* pDC, const PeriodGridPicture& picture)
@@ -56,9 +71,22 @@ void PeriodGridPainter::DrawTitle(int index) const
     const PeriodBlock& block = m_picture.layout.blocks[index];
     DrawGradient(m_pDC, block.band, m_palette.bandFrom, m_palette.bandTo, FALSE, FALSE);
     DrawBandState(StateOf({GridPart::Title, index}), block.title);
-    DrawCentredText(m_pDC, block.band, // a long name goes a little beyond the part that answers to clicks
-                    PeriodTitle(m_picture.model.Policy(), block.period, m_picture.texts, m_picture.eraTitles),
-                    m_picture.textFonts.Get(true), m_palette.bandText);
+    DrawCentredText(m_pDC, block.band, FittingTitle(block), m_picture.textFonts.Get(true), m_palette.bandText);
+}
+
+// A long name goes a little beyond the part that answers to clicks; before it reaches an arrow the month becomes short.
+std::u16string PeriodGridPainter::FittingTitle(const PeriodBlock& block) const
+{
+    const PeriodPolicy& policy = m_picture.model.Policy();
+    const std::u16string title = PeriodTitle(policy, block.period, m_picture.texts, m_picture.eraTitles);
+    const int arrowWidth = block.title.left - block.band.left;
+    const SelectGdi selectFont(m_pDC, m_picture.textFonts.Get(true));
+    if (WideTextExtent(*m_pDC, title).cx <= block.band.Width() - arrowWidth - 2 * Px(kMetrics.arrowReach)) {
+        return title;
+    }
+    CalendarTexts shorter = m_picture.texts;
+    shorter.months = shorter.shortMonths;
+    return PeriodTitle(policy, block.period, shorter, m_picture.eraTitles);
 }
 
 void PeriodGridPainter::DrawBandState(PartState state, const CRect& rect) const
@@ -85,12 +113,16 @@ void PeriodGridPainter::DrawPageArrow(const GridHit& hit, const CRect& rect, boo
     DrawArrow(m_pDC, tip, reach, pointsLeft, m_palette.bandText);
 }
 
-// The short names, cut to as many characters as fit over every column.
+// The names for cells, or the short ones, cut to as many characters as fit over every column.
 CalendarTexts::Weekdays PeriodGridPainter::FittingWeekdays(int width) const
 {
-    CalendarTexts::Weekdays names = m_picture.texts.shortWeekdays;
+    const bool hasOwn = !m_picture.texts.cellWeekdays[0].empty();
+    CalendarTexts::Weekdays names = hasOwn ? m_picture.texts.cellWeekdays : m_picture.texts.shortWeekdays;
     const SelectGdi selectFont(m_pDC, m_picture.textFonts.Get(false));
     const auto isTooWide = [&](const std::u16string& name) { return WideTextExtent(*m_pDC, name).cx > width; };
+    if (std::any_of(names.begin(), names.end(), isTooWide)) {
+        DropCommonBeginning(names);
+    }
     for (size_t length = 2; length > 0 && std::any_of(names.begin(), names.end(), isTooWide); --length) {
         for (std::u16string& name : names) {
             name.resize(std::min(name.size(), length));
@@ -171,6 +203,9 @@ void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, boo
     const int column = hit.cell % m_picture.model.Policy().cellColumns;
     DrawCentredText(m_pDC, cell.rect, CellText(cell), fonts.Get(mark.isBold && cell.inPeriod),
                     CellColor(cell, mark, column));
+    if (mark.isHoliday && m_picture.theme.dayOffMark) {
+        DrawCorner(cell.rect, CellColor(cell, mark, column));
+    }
     if (mark.dot != CLR_NONE) {
         m_pDC->FillSolidRect(cell.rect.CenterPoint().x - Px(kMetrics.dot.cx) / 2,
                              cell.rect.bottom - Px(kMetrics.dot.cy), Px(kMetrics.dot.cx), Px(kMetrics.dot.cy),
@@ -178,6 +213,16 @@ void PeriodGridPainter::DrawCell(const GridHit& hit, const PeriodCell& cell, boo
     }
     if (isToday) {
         DrawFrame(m_pDC, cell.rect, m_palette.today);
+    }
+}
+
+// At the upper right, within the frames of today and of selections.
+void PeriodGridPainter::DrawCorner(const CRect& cell, COLORREF color) const
+{
+    const int side = Px(kMetrics.corner);
+    const int right = cell.right - Px(kMetrics.cellInset.cx);
+    for (int i = 0; i < side; ++i) {
+        m_pDC->FillSolidRect(right - side + i, cell.top + Px(kMetrics.cellInset.cy) + i, side - i, 1, color);
     }
 }
 
@@ -247,8 +292,11 @@ void PeriodGridPainter::DrawFooter() const
     }
     DrawHorizontalLine(m_pDC, footer.left + Px(kMetrics.lineInset), footer.right - Px(kMetrics.lineInset), footer.top,
                        m_palette.frame);
-    DrawCentredText(m_pDC, box, FooterText(m_picture.model.Policy().unit, m_picture.now, m_picture.texts),
-                    m_picture.textFonts.Get(false), m_palette.text);
+    CFont* font = m_picture.textFonts.Get(false);
+    DrawCentredText(
+        m_pDC, box,
+        FittingFooter(m_pDC, font, box.Width(), m_picture.model.Policy().unit, m_picture.now, m_picture.texts), font,
+        m_palette.text);
 }
 
 } // namespace dayvane

@@ -57,11 +57,13 @@ private:
     void DrawPageArrow(const GridHit& hit, const CRect& rect, bool pointsLeft) const;
     void DrawBandState(PartState state, const CRect& rect) const;
     void DrawCell(const GridHit& hit, const PeriodCell& cell, bool isToday) const;
+    void DrawCorner(const CRect& cell, COLORREF color) const;
     void DrawCellBack(const GridHit& hit, const PeriodCell& cell) const;
     COLORREF CellColor(const PeriodCell& cell, const CellMark& mark, int column) const;
     COLORREF DayColor(int weekday, bool isHoliday, bool inPeriod) const;
     CalendarTexts::Weekdays FittingWeekdays(int width) const; // pixels
     std::u16string CellText(const PeriodCell& cell) const;
+    std::u16string FittingTitle(const PeriodBlock& block) const;
     int Px(int pixels) const { return m_picture.scale.Of(pixels); } // from those at 96 dpi
 
     CDC* m_pDC;

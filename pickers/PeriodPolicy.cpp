@@ -161,9 +161,11 @@ std::u16string MonthText(int month, const CalendarTexts& texts)
     return DateText(texts, texts.cellMonth, COleDateTime(kAnyYear, month, 1, 0, 0, 0));
 }
 
-std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts)
+std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts, bool dateAlone)
 {
-    return DateText(texts, unit == CellUnit::Day ? texts.today : texts.thisMonth, now);
+    const std::u16string& pattern = unit == CellUnit::Day ? texts.today : texts.thisMonth;
+    const std::size_t date = dateAlone ? std::min(pattern.find(u'%'), pattern.size()) : 0;
+    return DateText(texts, pattern.substr(date), now);
 }
 
 } // namespace dayvane

@@ -88,6 +88,7 @@ int WeekdayOfColumn(int firstDayOfWeek, int column);
 std::u16string MonthText(int month, const CalendarTexts& texts); // 1 .. 12, as a cell shows it
 
 // The line below the blocks: the present day, or the present month. Empty when "now" is not valid.
-std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts);
+// dateAlone: without the words before the date.
+std::u16string FooterText(CellUnit unit, const COleDateTime& now, const CalendarTexts& texts, bool dateAlone = false);
 
 } // namespace dayvane

@@ -99,6 +99,14 @@ void DrawCentredText(CDC* pDC, const CRect& rect, const std::u16string& text, CF
     DrawWideText(*pDC, text, rect, kCentred);
 }
 
+std::u16string FittingFooter(CDC* pDC, CFont* pFont, int width, CellUnit unit, const COleDateTime& now,
+                             const CalendarTexts& texts)
+{
+    const SelectGdi font(pDC, pFont);
+    const std::u16string text = FooterText(unit, now, texts);
+    return WideTextExtent(*pDC, text).cx <= width ? text : FooterText(unit, now, texts, true);
+}
+
 void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color)
 {
     for (int i = 0; i <= reach; ++i) {

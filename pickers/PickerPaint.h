@@ -4,6 +4,7 @@
 #include "../core/Fonts.h"
 #include "../core/TextSettings.h"
 #include "../core/ThemeColors.h"
+#include "PeriodPolicy.h"
 
 #include <afxwin.h>
 
@@ -78,6 +79,9 @@ void DrawArrow(CDC* pDC, CPoint tip, int reach, bool pointsLeft, COLORREF color)
 // The same pointing down, with its middle at a point.
 void DrawDownArrow(CDC* pDC, CPoint middle, int reach, COLORREF color);
 
+// FooterText, without the words before the date where they do not fit.
+std::u16string FittingFooter(CDC* pDC, CFont* pFont, int width, CellUnit unit, const COleDateTime& now,
+                             const CalendarTexts& texts);
 // A rounded box: corners of 3 pixels, a frame of one.
 void DrawRoundBox(CDC* pDC, const CRect& rect, COLORREF fill, COLORREF frame);
 // The inside edge of a rectangle, one pixel wide.

@@ -92,8 +92,10 @@ void YearMonthPainter::DrawFooter() const
     }
     DrawHorizontalLine(m_pDC, footer.left + kMetrics.lineInset, footer.right - kMetrics.lineInset, footer.top,
                        m_palette.frame);
-    DrawCentredText(m_pDC, footer, FooterText(CellUnit::Month, m_picture.now, m_picture.texts),
-                    m_picture.fonts.text.Get(true), m_palette.text);
+    CFont* font = m_picture.fonts.text.Get(true);
+    DrawCentredText(m_pDC, footer,
+                    FittingFooter(m_pDC, font, footer.Width(), CellUnit::Month, m_picture.now, m_picture.texts), font,
+                    m_palette.text);
 }
 
 PickerFacePainter::PickerFacePainter(CDC* pDC, const PickerFacePicture& picture)

@@ -211,6 +211,8 @@ TEST(MonthLook, ColoursFollowTheKindOfDay)
     week.dimOtherMonths = false;
     const int otherMonth = CellOfDate(dates, Day(2017, 5, 2));
     EXPECT_EQ(CalcDayLook(dates[otherMonth], false, 0, week).dayNumberColor, 0x107u) << "no month is another one";
+    week.redFirsts = false;
+    EXPECT_EQ(CalcDayLook(dates[CellOfDate(dates, Day(2017, 4, 1))], false, 0, week).dayNumberColor, 0x307u);
 }
 
 TEST(MonthLook, TextsOfADay)

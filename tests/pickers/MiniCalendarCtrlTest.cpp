@@ -484,7 +484,13 @@ TEST(MiniCalendarWindow, DaysOffComeFromAProvider)
     s.control->Refresh();
     const Pixels provided = s.Seen(*s.control);
     EXPECT_NE(before, provided);
+    // Without colours, too.
+    s.control->SetTheme(CalendarTheme::HighContrast({0x000000, 0xFFFFFF, 0x000000, 0xFFFFFF, 0xFFEB1A, 0, 0xFFFFFF}));
+    const Pixels marked = s.Seen(*s.control);
     s.control->SetDayProvider(nullptr);
+    s.control->Refresh();
+    EXPECT_NE(marked, s.Seen(*s.control));
+    s.control->SetTheme(CalendarTheme::Classic());
     s.control->Refresh();
     EXPECT_EQ(before, s.Seen(*s.control));
 }

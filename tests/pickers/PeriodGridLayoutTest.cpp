@@ -189,6 +189,7 @@ TEST(PeriodTexts, NameMonthYearAndToday)
     EXPECT_EQ(u"1600年 5月", PeriodTitle(kMonthPolicy, MonthNumberOf(Day(1600, 5, 1)), texts, true));
     EXPECT_EQ(u"今日: 2010/5/3", FooterText(CellUnit::Day, Day(2010, 5, 3, 12), texts));
     EXPECT_EQ(u"今月: 2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3), texts));
+    EXPECT_EQ(u"2010年 5月", FooterText(CellUnit::Month, Day(2010, 5, 3), texts, true));
     EXPECT_TRUE(FooterText(CellUnit::Month, NoDate(), texts).empty());
 }
 

@@ -89,7 +89,7 @@ DayLook CalcDayLook(const BoxDay& info, bool firstOfGrid, int hostColor, const D
     if (isDated) {
         look.dayAlone = input.texts.Date(&CalendarTexts::day, info.m_date);
         look.dayNumber = DayNumberText(info.m_date, firstOfGrid, input.texts);
-        if (info.m_date.GetDay() == 1 && !look.selected) {
+        if (input.redFirsts && info.m_date.GetDay() == 1 && !look.selected) {
             text = holidayText;
         }
     }

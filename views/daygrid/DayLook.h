@@ -36,6 +36,7 @@ struct DayLookInput
     COLORREF otherMonthText = CalendarTheme::kOwn; // kOwn: the table's
     bool nameBeside = true;                        // the number; else they stand under it
     bool termBeside = true;
+    bool redFirsts = true; // as in CalendarTheme
 };
 
 struct DayLook

@@ -36,6 +36,7 @@ DayLookInput CMonthViewCtrl::LookInput()
         GetDayColors(), m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
         m_texts};
     input.otherMonthText = m_theme.otherMonthText;
+    input.redFirsts = m_theme.redFirsts;
     COleDateTime begin;
     COleDateTime end;
     input.nameBeside = !m_dayLines.names;

@@ -112,6 +112,7 @@ DayLook CWeekViewCtrl::LookOf(int nDay)
                           m_texts};
     input.nameBeside = !m_dayLines.names;
     input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
+    input.redFirsts = m_theme.redFirsts;
     DayLook look = CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
     // The host's own ground is that of ordinary days.
     const bool hasGround = m_colors.content != kWeekColors.content && m_theme.page == CalendarTheme::kOwn;
