@@ -151,6 +151,8 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
     }
     start.view.days =
         std::clamp(ini.GetNumber("View", "days", start.view.days), planner::kFewestDays, planner::kMostDays);
+    start.theme = planner::FindTheme(ini.Get("View", "theme")).value_or(start.theme);
+    m_nCmdShow = ini.GetNumber("Window", "maximized", 0) != 0 ? SW_SHOWMAXIMIZED : m_nCmdShow;
     constexpr int least = 200, most = 20000; // pixels
     start.size.cx = std::clamp<int>(ini.GetNumber("Window", "width", start.size.cx), least, most);
     start.size.cy = std::clamp<int>(ini.GetNumber("Window", "height", start.size.cy), least, most);

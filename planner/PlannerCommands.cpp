@@ -163,7 +163,7 @@ void CPlannerFrame::Zoom(int steps)
 {
     static const int percents[] = {50, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300};
     constexpr int normal = 3; // position of 100
-    const int* at = steps == 0 ? percents + normal : std::find(std::begin(percents), std::end(percents), m_zoom);
+    const int* at = steps == 0 ? percents + normal : std::lower_bound(std::begin(percents), std::end(percents), m_zoom);
     const std::ptrdiff_t last = std::size(percents) - 1;
     m_zoom = percents[std::clamp<std::ptrdiff_t>(at - percents + steps, 0, last)];
     ApplyScale();

@@ -205,6 +205,7 @@ private:
     void RefreshFound();  // the dialog that finds items
     void ShowCalendars(); // another choice of them, or other colours
     void OpenCalendarMenu();
+    void TakePlace(const planner::IniText& ini);
     void OnCalendarCommand(UINT nID);
     void MakeMenu(); // in the user's language, with the files opened before
     void RememberFile();

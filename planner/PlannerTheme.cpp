@@ -26,6 +26,11 @@ std::optional<ThemeChoice> FindTheme(const std::string& name)
     return std::nullopt;
 }
 
+std::string NameOf(ThemeChoice choice)
+{
+    return kThemeNames[static_cast<int>(choice)];
+}
+
 CalendarTheme ThemeOf(ThemeChoice choice)
 {
     switch (choice) {

@@ -24,6 +24,7 @@ enum class ThemeChoice
 };
 
 std::optional<ThemeChoice> FindTheme(const std::string& name);
+std::string NameOf(ThemeChoice choice);    // as on the command line
 CalendarTheme ThemeOf(ThemeChoice choice); // now
 
 // Gives a view or a small calendar the theme; it follows the system by itself where that is the choice.

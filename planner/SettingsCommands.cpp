@@ -8,11 +8,17 @@
 #include "planner/Words.h"
 #include "planner/resource.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
 // The keys of the settings file.
 constexpr char kView[] = "View";
 constexpr char kWindow[] = "Window";
+
+constexpr int kLeastZoom = 50; // per cent
+constexpr int kMostZoom = 300;
 
 } // namespace
 
@@ -26,7 +32,9 @@ void CPlannerFrame::TakeSettings()
     m_solarTerms = ini.GetNumber(kView, "solarTerms", m_solarTerms);
     m_remind = ini.GetNumber(kView, "reminders", m_remind);
     m_rowsPerHour = ini.GetNumber(kView, "rowsPerHour", m_rowsPerHour);
+    m_zoom = std::clamp(ini.GetNumber(kView, "zoom", m_zoom), kLeastZoom, kMostZoom);
     m_usesTray = ini.GetNumber(kWindow, "tray", m_usesTray);
+    TakePlace(ini);
     ShowTray(m_usesTray != FALSE);
     planner::TakePages(ini, m_pages);
     const auto show = [&](const char* key, CWnd& pane) {
@@ -35,6 +43,22 @@ void CPlannerFrame::TakeSettings()
     show("sidePane", m_sidePane);
     show("toolBar", m_toolBar);
     show("statusBar", m_statusBar);
+}
+
+// Where the window was, as long as there is still a screen.
+void CPlannerFrame::TakePlace(const planner::IniText& ini)
+{
+    constexpr int none = INT_MIN;
+    const CPoint at(ini.GetNumber(kWindow, "left", none), ini.GetNumber(kWindow, "top", none));
+    if (at.x == none || at.y == none) {
+        return;
+    }
+    CRect place;
+    GetWindowRect(&place);
+    place.OffsetRect(at - place.TopLeft());
+    if (::MonitorFromRect(&place, MONITOR_DEFAULTTONULL)) {
+        SetWindowPos(nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 void CPlannerFrame::KeepSettings()
@@ -51,15 +75,20 @@ void CPlannerFrame::KeepSettings()
     ini.Set(kView, "solarTerms", m_solarTerms);
     ini.Set(kView, "reminders", m_remind);
     ini.Set(kView, "rowsPerHour", m_rowsPerHour);
+    ini.Set(kView, "theme", planner::NameOf(m_theme));
+    ini.Set(kView, "zoom", m_zoom);
     KeepDays();
     ini.Set(kWindow, "tray", m_usesTray);
     planner::KeepPages(ini, m_pages);
     ini.Set(kWindow, "sidePane", (m_sidePane.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "toolBar", (m_toolBar.GetStyle() & WS_VISIBLE) != 0);
     ini.Set(kWindow, "statusBar", (m_statusBar.GetStyle() & WS_VISIBLE) != 0);
+    ini.Set(kWindow, "maximized", IsZoomed() != FALSE);
     if (!IsIconic() && !IsZoomed()) {
         CRect place;
         GetWindowRect(&place);
+        ini.Set(kWindow, "left", static_cast<int>(place.left));
+        ini.Set(kWindow, "top", static_cast<int>(place.top));
         ini.Set(kWindow, "width", place.Width());
         ini.Set(kWindow, "height", place.Height());
     }
