@@ -11,6 +11,8 @@
 
 #include <afxdlgs.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr char kDays[] = "Days"; // in the settings
@@ -180,7 +182,10 @@ void CPlannerFrame::ShowDayNotes(const COleDateTime& day)
     CFont* before = font ? dc.SelectObject(font) : nullptr;
     SIZE size = {};
     ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-    const int width = size.cx + kPanePadding;
+    CRect bar;
+    m_statusBar.GetClientRect(&bar);
+    const int room = bar.Width() - MulDiv(kCountPaneWidth, m_dpi, dayvane::kBaseDpi); // the end is what may be missing
+    const int width = std::max(std::min(static_cast<int>(size.cx) + kPanePadding, room), 0);
     if (before) {
         dc.SelectObject(before);
     }

@@ -123,9 +123,7 @@ void CEventDialog::MakeCalendar()
     m_calendar.SetFirstDayOfWeek(m_choices.isMondayFirst ? dayvane::kMonday : dayvane::kSunday);
     m_calendar.SetTheme(Theme());
     m_calendar.SetTextFont(CalendarFonts::Modern().text);
-    if (planner::TheDialogLook().dpi != 0) {
-        m_calendar.SetScale(planner::TheDialogLook().dpi);
-    }
+    m_calendar.SetScale(Scale().dpi);
     m_calendar.SetRowAndCol(1, 1);
     const CSize size = m_calendar.GetGridSize();
     m_calendar.SetWindowPos(nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);

@@ -14,7 +14,8 @@ namespace {
 
 // Pixels
 constexpr int kPaneMargin = 6;
-constexpr int kEdgeWidth = 1; // the line to the view
+constexpr int kEdgeWidth = 1;  // the line to the view
+constexpr int kLeastFrame = 3; // widths of the pane: in a narrower window it stands back
 constexpr COLORREF kBusyDot = RGB(90, 143, 203);
 constexpr int kMessageLines = 4;
 constexpr int kMessageFrame = 6;
@@ -184,6 +185,9 @@ void CSidePane::Arrange()
 {
     CRect place;
     GetClientRect(&place);
+    if (place.IsRectEmpty()) {
+        return;
+    }
     place.DeflateRect(kPaneMargin, kPaneMargin, kPaneMargin + kEdgeWidth, 0);
     const bool hasList = (m_list.GetStyle() & WS_VISIBLE) != 0;
     const int listHeight = hasList ? std::min(m_list.Height() + kPaneMargin, static_cast<int>(place.Height()) / 2) : 0;
@@ -226,7 +230,9 @@ BOOL CSidePane::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 
 LRESULT CSidePane::OnSizeParent(WPARAM, LPARAM lParam)
 {
-    return TakeEdge(*this, lParam, &CutLeft, Width());
+    const AFX_SIZEPARENTPARAMS& layout = *reinterpret_cast<const AFX_SIZEPARENTPARAMS*>(lParam);
+    m_hasRoom = layout.rect.right - layout.rect.left >= kLeastFrame * Width();
+    return TakeEdge(*this, lParam, &CutLeft, m_hasRoom ? Width() : 0);
 }
 
 // ---- Messages

@@ -32,6 +32,7 @@ public:
     CMiniCalendarCtrl& Calendar() { return m_calendar; }
     CCalendarList& List() { return m_list; }
     int Width() const;
+    bool IsInSight() const { return m_hasRoom && IsWindowVisible(); }
 
 protected:
     static COLORREF DotOf(const COleDateTime& date, LPARAM lParam);
@@ -53,6 +54,7 @@ private:
 
     CMiniCalendarCtrl m_calendar;
     BOOL m_weekNumbers = FALSE;
+    bool m_hasRoom = true;
     CCalendarList m_list;
 };
 

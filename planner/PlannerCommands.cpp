@@ -226,9 +226,12 @@ void CPlannerFrame::OnNextPane()
             at = i;
         }
     }
+    const auto isInReach = [&](const CWnd* stop) {
+        return stop && stop->IsWindowVisible() && (stop->GetParent() != &m_sidePane || m_sidePane.IsInSight());
+    };
     do {
         at = (at + 1) % count;
-    } while (!stops[at] || !stops[at]->IsWindowVisible());
+    } while (!isInReach(stops[at]));
     stops[at]->SetFocus();
 }
 

@@ -4,6 +4,9 @@
 #include "core/ThemeColors.h"
 #include "core/WindowHelpers.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace planner {
 
 DialogLook& TheDialogLook()
@@ -103,7 +106,9 @@ void CPlannerDialog::TakeScale(int dpi)
     const int base = dayvane::ScreenDpi();
     LOGFONT font = {};
     CFont* own = GetFont();
-    if (dpi == 0 || dpi == base || !own || !own->GetLogFont(&font)) {
+    m_dpi = std::min(dpi == 0 ? base : dpi, LargestDpi(base));
+    dpi = m_dpi;
+    if (dpi == base || !own || !own->GetLogFont(&font)) {
         return;
     }
     font.lfHeight = MulDiv(font.lfHeight, dpi, base);
@@ -121,8 +126,22 @@ void CPlannerDialog::TakeScale(int dpi)
 
 dayvane::ViewScale CPlannerDialog::Scale() const
 {
-    const int dpi = planner::TheDialogLook().dpi;
-    return {dpi == 0 ? dayvane::ScreenDpi() : dpi};
+    return {m_dpi == 0 ? dayvane::ScreenDpi() : m_dpi};
+}
+
+// At which all of the dialog, laid out for `base`, is on the screen.
+int CPlannerDialog::LargestDpi(int base) const
+{
+    MONITORINFO screen = {};
+    screen.cbSize = sizeof(screen);
+    CRect window;
+    GetWindowRect(&window);
+    if (!::GetMonitorInfo(::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &screen) || window.IsRectEmpty()) {
+        return INT_MAX;
+    }
+    const CRect work(screen.rcWork);
+    return std::max(base,
+                    std::min(MulDiv(base, work.Width(), window.Width()), MulDiv(base, work.Height(), window.Height())));
 }
 
 void CPlannerDialog::SizeClient(CSize size)

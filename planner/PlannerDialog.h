@@ -41,11 +41,13 @@ protected:
 
 private:
     void TakeScale(int dpi);
+    int LargestDpi(int base) const;
     void TakeTheme();
     void TakeTheme(HWND control);
     void ShowFont(HWND edit);
     static BOOL CALLBACK ShowFontOf(HWND child, LPARAM lDialog);
 
+    int m_dpi = 0;
     CalendarTheme m_theme;
     CFont m_font;                                  // of all controls, at the scale
     std::map<HWND, dayvane::EditFont> m_editFonts; // for texts of fields that it lacks

@@ -19,7 +19,6 @@
 IMPLEMENT_DYNCREATE(CPlannerFrame, CFrameWnd)
 
 namespace {
-constexpr int kCountPaneWidth = 110; // pixels
 constexpr planner::LocalTime kEarlyHour = 6 * planner::kHourSeconds;
 constexpr planner::LocalTime kFirstHour = 8 * planner::kHourSeconds;
 constexpr UINT kSecond = 1000; // milliseconds

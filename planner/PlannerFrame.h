@@ -174,6 +174,7 @@ private:
 
     static constexpr UINT_PTR kReminderTimer = 1;
     static constexpr UINT_PTR kCopyTimer = 2;
+    static constexpr int kCountPaneWidth = 110; // pixels at 96 dpi
     COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
     void SetUpView();
     void ShowFirstHours();

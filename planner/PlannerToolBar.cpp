@@ -8,13 +8,16 @@
 #include "planner/Words.h"
 #include "planner/resource.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace {
 
 constexpr int kPickerWidth = 128; // pixels at 96 dpi: the longest name of a month with its year
 constexpr int kButtonSize = 24;
 constexpr int kImageHeight = 16;
-constexpr int kPickerGap = 4;       // on both sides
-constexpr int kLowestWrapped = 200; // a lower window has no room for a second row
+constexpr int kPickerGap = 4; // on both sides
+constexpr int kBarPart = 3;   // of the window's height the bar may take at most one in so many
 
 struct Tool
 {
@@ -37,6 +40,82 @@ constexpr Tool kTools[] = {
 };
 constexpr int kLongestTool = 64; // bytes of a text
 constexpr int kToolCount = sizeof(kTools) / sizeof(kTools[0]);
+// Where there are too few rows, so many groups at the beginning give way: they have keys that everybody knows.
+constexpr int kGivingWay = 2;
+
+bool IsGap(int tool)
+{
+    return kTools[tool].command == ID_SEPARATOR;
+}
+
+int EndOfGroup(int first)
+{
+    int end = first;
+    while (end < kToolCount && !IsGap(end)) {
+        ++end;
+    }
+    return end;
+}
+
+// One state for each tool: in its row, at its end (TBSTATE_WRAP) or not shown (TBSTATE_HIDDEN).
+struct ToolRows
+{
+    std::vector<BYTE> states;
+    int rows;
+};
+
+// In rows of that width, from the tool `first` on. Groups stay together where a row can hold them.
+ToolRows RowsOf(const std::vector<int>& widths, int first, int rowWidth)
+{
+    ToolRows result = {std::vector<BYTE>(kToolCount, TBSTATE_HIDDEN), 1};
+    int used = 0, before = -1;
+    const auto nextRow = [&] {
+        result.states[static_cast<std::size_t>(before)] |= TBSTATE_WRAP;
+        ++result.rows;
+        used = 0;
+    };
+    for (int group = first; group < kToolCount;) {
+        const int end = EndOfGroup(group);
+        const int width = std::accumulate(widths.begin() + group, widths.begin() + end, 0);
+        const int gap = group > first ? widths[static_cast<std::size_t>(group) - 1] : 0;
+        if (before >= 0 && used + gap + width > rowWidth) {
+            nextRow();
+        } else if (before >= 0) {
+            result.states[static_cast<std::size_t>(group) - 1] = 0;
+            used += gap;
+        }
+        for (int tool = group; tool < end; ++tool) {
+            if (used > 0 && used + widths[static_cast<std::size_t>(tool)] > rowWidth) {
+                nextRow();
+            }
+            result.states[static_cast<std::size_t>(tool)] = 0;
+            used += widths[static_cast<std::size_t>(tool)];
+            before = tool;
+        }
+        group = end + 1;
+    }
+    return result;
+}
+
+// In so many rows at most: some groups give way, then what stands in further rows.
+ToolRows RowsOf(const std::vector<int>& widths, CSize room, int rowHeight)
+{
+    const int most = std::max<int>(room.cy / (kBarPart * rowHeight), 1);
+    int first = 0;
+    ToolRows result = RowsOf(widths, first, room.cx);
+    for (int given = 0; given < kGivingWay && result.rows > most; ++given) {
+        first = EndOfGroup(first) + 1;
+        result = RowsOf(widths, first, room.cx);
+    }
+    int row = 0;
+    for (BYTE& state : result.states) {
+        const bool isLast = (state & TBSTATE_WRAP) != 0;
+        state = row >= most ? TBSTATE_HIDDEN : row == most - 1 ? state & ~TBSTATE_WRAP : state;
+        row += isLast ? 1 : 0;
+    }
+    result.rows = std::min(result.rows, most);
+    return result;
+}
 
 } // namespace
 
@@ -80,8 +159,46 @@ void CPlannerToolBar::ShowTexts()
         }
     }
     if (m_picker.m_hWnd) {
-        PlacePicker();
+        Measure();
     }
+}
+
+// Of all tools in one row. After it they want to be arranged.
+void CPlannerToolBar::Measure()
+{
+    ShowRows(std::vector<BYTE>(kToolCount, 0));
+    TBBUTTONINFO place = {};
+    place.cbSize = sizeof(place);
+    place.dwMask = TBIF_SIZE;
+    place.cx = static_cast<WORD>(m_scale.Of(kPickerWidth + 2 * kPickerGap));
+    GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &place);
+    m_widths.clear();
+    for (int i = 0; i < kToolCount; ++i) {
+        CRect tool;
+        GetItemRect(i, &tool);
+        m_widths.push_back(tool.Width());
+    }
+    PlacePicker();
+}
+
+// Unlike TB_SETSTATE, TB_SETBUTTONINFO lays the buttons out. True: something has changed.
+bool CPlannerToolBar::ShowRows(const std::vector<BYTE>& states)
+{
+    bool isChanged = false;
+    for (int i = 0; i < kToolCount; ++i) {
+        TBBUTTON button = {};
+        GetToolBarCtrl().GetButton(i, &button);
+        constexpr BYTE ours = TBSTATE_WRAP | TBSTATE_HIDDEN;
+        TBBUTTONINFO info = {};
+        info.cbSize = sizeof(info);
+        info.dwMask = TBIF_STATE | TBIF_BYINDEX;
+        info.fsState = static_cast<BYTE>((button.fsState & ~ours) | states[static_cast<std::size_t>(i)]);
+        if (info.fsState != button.fsState) {
+            SendMessage(TB_SETBUTTONINFO, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&info));
+            isChanged = true;
+        }
+    }
+    return isChanged;
 }
 
 // A blank, disabled button of its width stands for the picker: unlike a separator it may end a row.
@@ -91,19 +208,13 @@ void CPlannerToolBar::MakePicker()
     if (m_picker.Create("", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, place, this, IDC_PICKER)) {
         m_picker.SetTextFont(CalendarFonts::Modern().text);
         m_picker.SetWindowSize();
-        PlacePicker();
+        Measure();
     }
 }
 
 void CPlannerToolBar::PlacePicker()
 {
-    TBBUTTONINFO gap = {};
-    gap.cbSize = sizeof(gap);
-    gap.dwMask = TBIF_STATE | TBIF_SIZE;
-    gap.fsState = m_isWrapped ? TBSTATE_WRAP : 0;
-    gap.cx = static_cast<WORD>(m_scale.Of(kPickerWidth + 2 * kPickerGap));
-    GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap);
-    CRect place;
+    CRect place(0, 0, 0, 0);
     GetItemRect(CommandToIndex(IDC_PICKER), &place);
     place.DeflateRect(m_scale.Of(kPickerGap), 1);
     CRect actual;
@@ -125,23 +236,14 @@ void CPlannerToolBar::SetScale(int dpi)
     Invalidate();
 }
 
-// Where the window is narrow, the views stand in a second row.
+// Where the window is narrow, the tools stand in several rows.
 LRESULT CPlannerToolBar::OnSizeParent(WPARAM wParam, LPARAM lParam)
 {
     const CRect room(reinterpret_cast<const AFX_SIZEPARENTPARAMS*>(lParam)->rect);
-    int width = 0;
-    for (int i = 0; i < kToolCount; ++i) {
-        CRect tool;
-        GetItemRect(i, &tool);
-        width += tool.Width();
-    }
-    m_isWrapped = width > room.Width() && room.Height() >= kLowestWrapped;
-    TBBUTTONINFO gap = {};
-    gap.cbSize = sizeof(gap);
-    gap.dwMask = TBIF_STATE;
-    gap.fsState = m_isWrapped ? TBSTATE_WRAP : 0;
-    if (SendMessage(TB_GETSTATE, IDC_PICKER) != gap.fsState) {
-        GetToolBarCtrl().SetButtonInfo(IDC_PICKER, &gap); // unlike TB_SETSTATE, lays the buttons out
+    const ToolRows rows = RowsOf(m_widths, room.Size(), HIWORD(SendMessage(TB_GETBUTTONSIZE)));
+    m_rows = rows.rows;
+    if (ShowRows(rows.states)) {
+        PlacePicker();
         Invalidate();
     }
     return CToolBar::OnSizeParent(wParam, lParam);
@@ -150,7 +252,7 @@ LRESULT CPlannerToolBar::OnSizeParent(WPARAM wParam, LPARAM lParam)
 CSize CPlannerToolBar::CalcFixedLayout(BOOL bStretch, BOOL bHorz)
 {
     CSize size = CToolBar::CalcFixedLayout(bStretch, bHorz);
-    size.cy += m_isWrapped ? HIWORD(SendMessage(TB_GETBUTTONSIZE)) : 0;
+    size.cy += (m_rows - 1) * HIWORD(SendMessage(TB_GETBUTTONSIZE));
     return size;
 }
 

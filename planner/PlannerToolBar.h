@@ -7,6 +7,8 @@
 #include "pickers/YearMonthPickerCtrl.h"
 #include "planner/PlannerTheme.h"
 
+#include <vector>
+
 class CPlannerToolBar : public CToolBar
 {
 public:
@@ -30,11 +32,14 @@ protected:
 
 private:
     void MakePicker();
+    void Measure();
+    bool ShowRows(const std::vector<BYTE>& states);
     void PlacePicker();
     void DrawTool(const NMCUSTOMDRAW& draw);
 
     CYearMonthPickerCtrl m_picker;
     planner::ScaledFont m_font;
     dayvane::ViewScale m_scale;
-    bool m_isWrapped = false;
+    std::vector<int> m_widths; // of all tools
+    int m_rows = 1;
 };

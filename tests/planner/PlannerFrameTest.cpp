@@ -119,14 +119,34 @@ TEST_F(PlannerWindow, FollowsTheViewIntoOtherMonths)
 TEST_F(PlannerWindow, EveryToolIsInReachInANarrowWindow)
 {
     CWnd* bar = m_frame->GetDlgItem(AFX_IDW_TOOLBAR);
-    for (const int width : {1200, 500, 1200}) {
-        m_frame->SetWindowPos(nullptr, 0, 0, width, 500, SWP_NOMOVE | SWP_NOZORDER);
-        CRect all, last;
+    const auto isWhole = [&](UINT command) {
+        CRect all, tool(0, 0, 0, 0);
         bar->GetClientRect(&all);
-        bar->SendMessage(TB_GETRECT, ID_VIEW_YEAR, reinterpret_cast<LPARAM>(static_cast<RECT*>(&last)));
-        EXPECT_TRUE(last.left >= 0 && last.right <= all.right && last.bottom <= all.bottom) << width;
-        EXPECT_EQ(last.top > last.Height() / 2, width == 500) << "in a second row only where it must be";
+        bar->SendMessage(TB_GETRECT, command, reinterpret_cast<LPARAM>(static_cast<RECT*>(&tool)));
+        return tool.left >= 0 && tool.Width() > 0 && tool.right <= all.right && tool.bottom <= all.bottom;
+    };
+    int rowHeight = 0;
+    for (const int width : {1200, 500, 300, 1200}) {
+        m_frame->SetWindowPos(nullptr, 0, 0, width, 500, SWP_NOMOVE | SWP_NOZORDER);
+        for (const UINT command : {ID_FILE_OPEN, ID_EDIT_NEW_ITEM, IDC_PICKER, ID_VIEW_DAY, ID_VIEW_YEAR}) {
+            EXPECT_TRUE(isWhole(command)) << command << " at " << width;
+        }
+        CRect all;
+        bar->GetClientRect(&all);
+        rowHeight = rowHeight == 0 ? all.Height() : rowHeight;
+        EXPECT_EQ(all.Height() > rowHeight, width < 1200) << "further rows only where they must be";
     }
+    // Large letters in a small window: what has no room is not there, rather than cut; the side pane stands back.
+    constexpr UINT dpiChanged = 0x02E0;
+    m_frame->SendMessage(dpiChanged, MAKEWPARAM(192, 192));
+    m_frame->SetWindowPos(nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_TRUE(isWhole(ID_VIEW_NEXT) && isWhole(IDC_PICKER) && isWhole(ID_VIEW_DAY));
+    CRect window, view;
+    m_frame->GetClientRect(&window);
+    Ctrl().GetWindowRect(&view);
+    EXPECT_GT(view.Width(), window.Width() * 9 / 10);
+    m_frame->SendMessage(WM_COMMAND, ID_VIEW_NEXT_PANE);
+    EXPECT_TRUE(::GetFocus() == Ctrl().m_hWnd) << "not into a pane that is not seen";
 }
 
 // Letting Alt go before the other key of a command would open the menu bar.
