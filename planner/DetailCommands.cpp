@@ -190,8 +190,8 @@ void CPlannerFrame::OnTimer(UINT_PTR nIDEvent)
 {
     if (nIDEvent == kReminderTimer && m_remind) {
         CheckReminders(PresentTime());
-    } else if (nIDEvent == kCopyTimer && Document()) {
-        Document()->KeepCopy();
+    } else if (nIDEvent == kCopyTimer) {
+        KeepCopy();
     }
     CFrameWnd::OnTimer(nIDEvent);
 }

@@ -567,6 +567,8 @@ constexpr Pair kPairs[] = {
     {"the time zone %1 is not defined", u8"タイム ゾーン %1 の定義がありません"},
     {"there is no FREQ", u8"FREQ がありません"},
     {"times are shown as written", u8"時刻は書かれたとおりに表示します"},
+    {"No copy of the unsaved changes could be written beside the file.",
+     u8"保存していない変更の控えをファイルの横に書けませんでした。"},
     {"what it excludes is shown", u8"除外されるはずの予定を表示します"},
     {"whole days cannot repeat within a day", u8"終日の予定は 1 日のうちに繰り返せません"},
 };

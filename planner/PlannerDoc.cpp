@@ -414,15 +414,17 @@ BOOL CPlannerDoc::SaveOwnModified()
     }
 }
 
-void CPlannerDoc::KeepCopy()
+bool CPlannerDoc::KeepCopy()
 {
     const std::string file = !Path().empty() || m_owner ? Path() : s_untitled;
+    bool isKept = !IsModified();
     if (IsModified() && !file.empty()) {
-        m_copy.Write(file, m_calendar.Save());
+        isKept = m_copy.Write(file, m_calendar.Save());
     } else {
         m_copy.Remove();
     }
     for (const auto& further : m_further) {
-        further->KeepCopy();
+        isKept = further->KeepCopy() && isKept;
     }
+    return isKept;
 }

@@ -55,7 +55,7 @@ public:
     void SetModifiedFlag(BOOL bModified = TRUE) override;
 
     // Keeps a copy beside the file while there are changes that are not saved.
-    void KeepCopy();
+    bool KeepCopy();
     // Where the copy of a calendar without a name is kept (UTF-8); empty: nowhere.
     static std::string s_untitled;
 

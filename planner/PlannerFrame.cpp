@@ -33,6 +33,8 @@ CPlannerFrame::Start CPlannerFrame::s_start;
 BEGIN_MESSAGE_MAP(CPlannerFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_CLOSE()
+ON_WM_ENABLE()
+ON_WM_QUERYENDSESSION()
 ON_WM_TIMER()
 ON_WM_DROPFILES()
 ON_MESSAGE(WM_SETMESSAGESTRING, &CPlannerFrame::OnSetMessageString)
@@ -176,13 +178,6 @@ CPlannerDoc* CPlannerFrame::Document()
         }
     }
     return nullptr;
-}
-
-void CPlannerFrame::OnClose()
-{
-    m_editor.Commit();
-    KeepSettings();
-    CFrameWnd::OnClose();
 }
 
 // A command ends an edit that is open, so that it works on what is on the screen.

@@ -85,6 +85,8 @@ protected:
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
     afx_msg void OnClose();
     afx_msg void OnDestroy();
+    afx_msg void OnEnable(BOOL bEnable);
+    afx_msg BOOL OnQueryEndSession();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg LRESULT OnTrayMessage(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnTaskBarMade(WPARAM wParam, LPARAM lParam);
@@ -205,6 +207,7 @@ private:
     void KeepSettings();
     void RefreshFound();  // the dialog that finds items
     void ShowCalendars(); // another choice of them, or other colours
+    bool KeepCopy();
     void OpenCalendarMenu();
     void TakePlace(const planner::IniText& ini);
     void OnCalendarCommand(UINT nID);
@@ -259,6 +262,7 @@ private:
     TrayIcon m_tray;
     BOOL m_usesTray = FALSE;
     planner::PageSettings m_pages;
+    bool m_isCopyKept = true; // or there is nothing to be kept
 
     CPlannerToolBar m_toolBar;
     CThemedStatusBar m_statusBar;

@@ -48,6 +48,7 @@ void CReminderDialog::Show(const std::vector<planner::DueReminder>& due, CWnd* p
     if (!m_hWnd && !Create(IDD_REMINDERS, pParent)) {
         return;
     }
+    EnableWindow(pParent->IsWindowEnabled()); // under a dialog it says what is due and waits
     ::SendDlgItemMessage(m_hWnd, IDC_REMINDER_LIST, LB_RESETCONTENT, 0, 0);
     for (const planner::DueReminder& each : due) {
         planner::AddListText(*this, IDC_REMINDER_LIST, planner::DetailsOf(each.occurrence));

@@ -115,7 +115,9 @@ void CPlannerFrame::OnDropFiles(HDROP hDropInfo)
         paths.push_back(planner::Utf8Of(path.c_str()));
     }
     ::DragFinish(hDropInfo);
-    OpenOrImport(paths);
+    if (IsWindowEnabled()) {
+        OpenOrImport(paths);
+    }
 }
 
 void CPlannerFrame::OpenOrImport(const std::vector<std::string>& paths)

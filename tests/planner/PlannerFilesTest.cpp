@@ -3,6 +3,7 @@
 
 #include "planner/DragDrop.h"
 #include "planner/ProgressDialog.h"
+#include "planner/Settings.h"
 #include "planner/Words.h"
 
 #include <map>
@@ -181,6 +182,62 @@ TEST_F(PlannerFiles, ALongLoadCanBeEndedAndLeavesWhatWasThere)
     EXPECT_EQ(Bytes(), kFile);
     EXPECT_EQ(m_document->Path(), m_path);
     EXPECT_TRUE(m_frame->IsWindowEnabled());
+}
+
+// What closes or ends a window under a dialog would take away what the dialog works on.
+TEST_F(PlannerFiles, UnderADialogTheWindowStaysAndTheEndOfTheSystemLosesNothing)
+{
+    Command(ID_EDIT_FIND);
+    const HWND find = ::GetLastActivePopup(m_frame->m_hWnd);
+    ASSERT_NE(find, m_frame->m_hWnd);
+    messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17));
+    const std::string path = m_path, copy = m_path + ".autosave", moved = Bytes();
+    m_frame->EnableWindow(FALSE);
+    EXPECT_FALSE(::IsWindowEnabled(find)) << "it would change the calendar under the dialog";
+    m_frame->SendMessage(WM_CLOSE);
+    ASSERT_TRUE(::IsWindow(Ctrl().m_hWnd));
+    EXPECT_TRUE(m_frame->SendMessage(WM_QUERYENDSESSION));
+    EXPECT_EQ(planner::ReadWholeFile(copy), moved);
+    EXPECT_TRUE(m_questions.empty()) << m_questions.front();
+    m_frame->EnableWindow(TRUE);
+    EXPECT_TRUE(::IsWindowEnabled(find));
+
+    m_document->DeleteContents();
+    m_made.push_back(m_folder + "\\gone");
+    ASSERT_TRUE(::CreateDirectoryA(m_made.back().c_str(), nullptr));
+    const std::string lost = m_made.back() + "\\x.ics";
+    planner::WriteWholeFile(lost, kFile);
+    ASSERT_TRUE(m_template->OpenDocumentFile(lost.c_str()));
+    messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17));
+    ::DeleteFileA(lost.c_str());
+    ::RemoveDirectoryA(m_made.back().c_str());
+    EXPECT_FALSE(m_frame->SendMessage(WM_QUERYENDSESSION)) << "where no copy can lie, the user is asked";
+    EXPECT_EQ(m_questions.size(), 1u);
+    m_document->SetModifiedFlag(FALSE);
+}
+
+TEST_F(PlannerFiles, ThemeZoomAndPlaceOfTheWindowAreThoseOfTheLastTime)
+{
+    planner::Settings& settings = planner::TheSettings();
+    settings.Open(planner::SystemPath(Make("planner.ini", "")));
+    Command(ID_THEME_FIRST + 3);
+    Command(ID_ZOOM_IN);
+    m_frame->SetWindowPos(nullptr, 40, 60, 900, 700, SWP_NOZORDER);
+    const int scale = Ctrl().GetScale();
+    const auto again = [this] {
+        m_frame->SendMessage(WM_QUERYENDSESSION);
+        PlannerWindow::TearDown();
+        PlannerWindow::SetUp();
+        CRect place;
+        m_frame->GetWindowRect(&place);
+        return place.TopLeft();
+    };
+    EXPECT_EQ(again(), CPoint(40, 60));
+    EXPECT_EQ(Ctrl().GetScale(), scale);
+    EXPECT_EQ(settings.Text().Get("View", "theme"), "dark");
+    m_frame->SetWindowPos(nullptr, 20000, 60, 900, 700, SWP_NOZORDER);
+    EXPECT_LT(again().x, 20000) << "that screen is gone";
+    settings = planner::Settings();
 }
 
 TEST_F(PlannerFiles, DropsOfOtherProgramsBecomeItemsWhereTheyFall)
