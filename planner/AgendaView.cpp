@@ -112,6 +112,7 @@ void CAgendaView::Read(planner::DayNumber from, planner::DayNumber to)
 
 void CAgendaView::GoTo(planner::DayNumber day)
 {
+    m_todayWatch.Start();
     Read(day - kReadAtOnce, day + kReadAtOnce);
     m_top = 0;
     ScrollTo(static_cast<int>(planner::RowOfDay(m_rows, day)));

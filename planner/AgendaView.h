@@ -5,6 +5,7 @@
 #include <afxwin.h>
 
 #include "core/CalendarTheme.h"
+#include "core/TodayWatch.h"
 #include "planner/AgendaTree.h"
 #include "planner/CalendarSet.h"
 #include "planner/ShownItems.h"
@@ -90,5 +91,6 @@ private:
     int m_chosen = -1;                          // row
     std::optional<planner::DayNumber> m_wanted; // gone to; it may have no line. Until something is scrolled or chosen
     int m_wheel = 0;                            // left over of the last turn
+    dayvane::TodayWatch m_todayWatch{[this] { Reload(); }};
     std::shared_ptr<planner::AgendaAccess> m_access; // nullptr: nobody has asked
 };
