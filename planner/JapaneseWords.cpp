@@ -493,7 +493,7 @@ constexpr Pair kPairs[] = {
     {"Open %1?\n\nNo takes its items over into this calendar.",
      u8"%1 を開きますか?\n\n[いいえ] を選ぶと、予定をこのカレンダーに取り込みます。"},
     {"There was nothing new in it", u8"新しい予定はありませんでした"},
-    {"%1 items added, %2 replaced", u8"%1 件を追加、%2 件を置き換えました"},
+    {"%1 added, %2 replaced", u8"%1 件を追加、%2 件を置き換えました"},
 
     // Why an edit was refused
     {"There is nothing to undo.", u8"元に戻す操作がありません。"},

@@ -50,7 +50,7 @@ void CPlannerFrame::FinishMerge(const planner::MergeReport& report)
         ShowStatus(planner::Tr("There was nothing new in it"));
     } else {
         ShowStatus(
-            planner::Tr("%1 items added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
+            planner::Tr("%1 added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
     }
     if (!report.conflicts.empty()) {
         std::string list;

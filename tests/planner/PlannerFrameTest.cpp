@@ -104,6 +104,8 @@ TEST_F(PlannerWindow, FollowsTheViewIntoOtherMonths)
     messages::Click(Ctrl(), PointOf("Trip"));
     m_frame->Idle();
     EXPECT_EQ(StatusText(), "2026-04-21 - 2026-04-23   Trip");
+    m_frame->SetWindowPos(nullptr, 0, 0, 900, 640, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(StatusText(), "2026-04-21 - 2026-04-23   Trip") << "in another size, too";
     scroll(SB_LINEDOWN, 4);
     EXPECT_FALSE(m_frame->Items().Current()) << "the Delete key must not delete what is out of sight";
     EXPECT_EQ(StatusText(), "");
