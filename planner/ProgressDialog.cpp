@@ -1,8 +1,10 @@
 #include "planner/ProgressDialog.h"
 
+#include "core/ThemeColors.h"
 #include "planner/resource.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
 DWORD CProgressDialog::s_patience = 300;
 
@@ -30,8 +32,11 @@ BOOL CProgressDialog::OnInitDialog()
     CPlannerDialog::OnInitDialog();
     planner::SetItemUtf8(*this, IDC_PROGRESS_WHAT, m_what);
     ::SendDlgItemMessage(m_hWnd, IDC_PROGRESS_BAR, PBM_SETRANGE32, 0, kSteps);
-    ::SendDlgItemMessage(m_hWnd, IDC_PROGRESS_BAR, PBM_SETBKCOLOR, 0,
-                         static_cast<LPARAM>(planner::ListColors(Theme()).ground));
+    const HWND bar = ::GetDlgItem(m_hWnd, IDC_PROGRESS_BAR);
+    ::SetWindowTheme(bar, L"", L""); // else the system's own picture goes before the colours
+    ::SendMessage(bar, PBM_SETBKCOLOR, 0, static_cast<LPARAM>(planner::ListColors(Theme()).ground));
+    ::SendMessage(bar, PBM_SETBARCOLOR, 0,
+                  static_cast<LPARAM>(dayvane::ThemeOr(Theme().today, ::GetSysColor(COLOR_HIGHLIGHT))));
     return TRUE;
 }
 
