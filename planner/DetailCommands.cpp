@@ -9,6 +9,7 @@
 #include "planner/FindDialog.h"
 #include "planner/GoToDialog.h"
 #include "planner/ItemBridge.h"
+#include "planner/ProgressDialog.h"
 #include "planner/ReminderDialog.h"
 #include "planner/ScopeDialog.h"
 #include "planner/Search.h"
@@ -178,6 +179,14 @@ bool CPlannerFrame::OpenDialog(const std::string& name)
     } else if (name == "changed") {
         CChangedDialog::Ask(planner::Tr("Another program has changed %1 since it was opened.", Document()->Name()),
                             this);
+    } else if (name == "question") {
+        planner::Ask(this, planner::Tr("Save changes to %1?", Document()->Name()), MB_YESNOCANCEL | MB_ICONQUESTION);
+    } else if (name == "progress") {
+        CProgressDialog::s_patience = 0;
+        CProgressDialog progress(planner::Tr("Reading %1", Document()->Name()));
+        while (progress.Step(2, 5)) {
+            ::WaitMessage();
+        }
     } else {
         return false;
     }

@@ -71,7 +71,8 @@ public:
     void TakeDrop(const planner::DroppedData& data, CPoint screen);
     IDropTarget* DropTarget() const { return m_drops->Target(); }
     void Import(const std::string& path); // UTF-8
-    // For pictures and trials: item, new, series, changed, find, date, reminders or pages. False: there is no such.
+    // For pictures and trials: item, new, series, changed, find, date, reminders, pages, question or progress. False:
+    // there is no such.
     bool OpenDialog(const std::string& name);
 
 protected:
@@ -84,9 +85,9 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpcs);
     afx_msg void OnClose();
-    afx_msg void OnDestroy();
     afx_msg void OnEnable(BOOL bEnable);
     afx_msg BOOL OnQueryEndSession();
+    afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg LRESULT OnTrayMessage(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnTaskBarMade(WPARAM wParam, LPARAM lParam);
@@ -173,10 +174,10 @@ protected:
 private:
     static constexpr int kDayPane = 1; // of the status bar
     static constexpr int kCountPane = 2;
+    static constexpr int kCountPaneWidth = 110; // pixels at 96 dpi
 
     static constexpr UINT_PTR kReminderTimer = 1;
     static constexpr UINT_PTR kCopyTimer = 2;
-    static constexpr int kCountPaneWidth = 110; // pixels at 96 dpi
     COleDateTime ShownDay(); // the selected day when it is in view, else the view's own
     void SetUpView();
     void ShowFirstHours();
@@ -204,12 +205,12 @@ private:
     void OpenOrImport(const std::vector<std::string>& paths);
     void Dismiss(const std::vector<planner::DueReminder>& due);
     void TakeSettings();
+    void TakePlace(const planner::IniText& ini);
     void KeepSettings();
+    bool KeepCopy();
     void RefreshFound();  // the dialog that finds items
     void ShowCalendars(); // another choice of them, or other colours
-    bool KeepCopy();
     void OpenCalendarMenu();
-    void TakePlace(const planner::IniText& ini);
     void OnCalendarCommand(UINT nID);
     void MakeMenu(); // in the user's language, with the files opened before
     void RememberFile();
@@ -261,8 +262,8 @@ private:
     planner::OccurrenceId m_dragged; // out of the window
     TrayIcon m_tray;
     BOOL m_usesTray = FALSE;
-    planner::PageSettings m_pages;
     bool m_isCopyKept = true; // or there is nothing to be kept
+    planner::PageSettings m_pages;
 
     CPlannerToolBar m_toolBar;
     CThemedStatusBar m_statusBar;
