@@ -190,7 +190,7 @@ void CPlannerFrame::OnSize(UINT nType, int cx, int cy)
 {
     CFrameWnd::OnSize(nType, cx, cy);
     if (nType == SIZE_MINIMIZED && m_tray.IsShown()) {
-        ShowWindow(SW_HIDE); // off the task bar; the icon brings it back
+        ShowWindow(SW_HIDE);                                         // off the task bar; the icon brings it back
     } else if (m_statusBar.m_hWnd && dayvane::IsValid(m_followed)) { // the panes have lost their texts
         Follow();
         ShowStatus(m_statusText);

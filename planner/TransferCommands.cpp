@@ -49,8 +49,7 @@ void CPlannerFrame::FinishMerge(const planner::MergeReport& report)
     if (report.added + report.replaced + report.removed == 0) {
         ShowStatus(planner::Tr("There was nothing new in it"));
     } else {
-        ShowStatus(
-            planner::Tr("%1 added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
+        ShowStatus(planner::Tr("%1 added, %2 replaced", std::to_string(report.added), std::to_string(report.replaced)));
     }
     if (!report.conflicts.empty()) {
         std::string list;
