@@ -36,6 +36,9 @@ try_package() {
     run_logged package-start "Following the start page" bash "$ROOT/tests/outside/ten_minutes.sh" "$name.zip" "$out/ten-minutes"
 }
 
+# The time that everything in the package has: that of the commit.
+commit_time() { git -C "$ROOT" log -1 --format=%ct; }
+
 # stage_build FOLDER PRESET PREFIX: an installed build as FOLDER/PRESET, and what goes beside it. DLLs and programs are
 # stripped; what was taken out of ours goes into FOLDER-debug/PRESET.
 stage_build() {
@@ -64,6 +67,8 @@ stage_build() {
 # compiler's DLLs have none.
 strip_file() {
     local tools=i686-w64-mingw32 file=$2 debug
+    local -x SOURCE_DATE_EPOCH # these tools write a time into what they write
+    SOURCE_DATE_EPOCH=$(commit_time)
     [ "$1" = win32 ] || tools=x86_64-w64-mingw32
     case $(basename "$file") in
         lib*) "$tools-strip" --strip-unneeded "$file" && return ;;
@@ -87,7 +92,7 @@ make_zip() {
 # Times are those of the commit, and rights do not tell whose machine this is.
 stamp_files() {
     local stamp
-    stamp=$(git -C "$ROOT" log -1 --format=%ct)
+    stamp=$(commit_time)
     find "$1" -exec touch -h -d "@$stamp" {} +
     find "$1" -type d -exec chmod 755 {} +
     find "$1" -type f -exec chmod 644 {} +

@@ -396,6 +396,11 @@ follow_start_page() {
     if [ -e "$folder/dayvane/win32/bin/planner.exe" ]; then
         make_installer "$folder/dayvane" "$folder/setup.exe"
         run_plain_program "win32/$1 installer" bash "$ROOT/tests/outside/installer.sh" "$folder/setup.exe" "$folder/dayvane"
+        # The same build packed once more, elsewhere and later.
+        stage_build "$folder/again/dayvane" win32 "$BUILD/package/win32"
+        make_zip "$folder/again/dayvane" "$folder/again/dayvane.zip"
+        make_installer "$folder/again/dayvane" "$folder/again/setup.exe"
+        run_plain_program "win32/$1 same bytes" bash "$ROOT/tests/outside/same_bytes.sh" "$folder" "$folder/again" "$ROOT"
     fi
 }
 
