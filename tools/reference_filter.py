@@ -185,6 +185,7 @@ class Filter:
                 self.fresh = False
                 self.out.append("")
                 continue
+            line = re.sub(r"^\} // namespace .*", "}", line)
             trailing = TRAILING.match(line) if self.declares() and not line.lstrip().startswith("#include") else None
             code = trailing[1] if trailing else line
             self.document(line, trailing)
