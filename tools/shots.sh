@@ -128,7 +128,8 @@ shoot_dialog() {
     wait_until "$planner_time_limit" is_painted root || die "The chooser stayed empty."
     eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
     mkdir -p "$(dirname "$picture")"
-    convert "$BUILD/shots/.now.png" -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage "$picture"
+    # The chooser reaches a little below the dialog.
+    convert "$BUILD/shots/.now.png" -crop "${WIDTH}x$((HEIGHT + 2))+$X+$Y" +repage "$picture"
 }
 
 # What ./dev test compares views and date selectors with.
