@@ -190,6 +190,9 @@ class Filter:
             code = trailing[1] if trailing else line
             self.document(line, trailing)
             if line.lstrip().startswith("#"):
+                macro = re.match(r"#define (\w+)", line)
+                if macro and macro[1] in self.names:
+                    self.out.append(f"/// {self.names[macro[1]]}")
                 self.out.append(f"/// {trailing[2]}\n{code}" if trailing else line)
                 self.fresh = False
                 continue
