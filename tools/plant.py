@@ -100,7 +100,8 @@ def listed_faults(root, rows):
 def chosen(arguments, known):
     root, tables = arguments.root, arguments.root / "tests/plant"
     if arguments.listed:
-        return list(listed_faults(root, read_table(tables / ("windows.tsv" if arguments.windows else "faults.tsv"))))
+        rows = read_table(tables / ("windows.tsv" if arguments.windows else "faults.tsv"))
+        return [f for f in listed_faults(root, rows) if f.file.startswith(arguments.folder)]
     equivalents = {(row[0], row[1], row[2]) for row in read_table(tables / "equivalents.tsv")}
     every = [f for f in candidates(root, known, arguments.folder)
              if (f.file, f.old.strip(), f.new.strip()) not in equivalents]

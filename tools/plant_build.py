@@ -106,9 +106,9 @@ class Coverage:
         nearest = {max((l for l in lines if l <= line), default=0), min((l for l in lines if l >= line), default=0)}
         return by_program(set().union(*(lines[l] for l in nearest if l)))
 
-    def of_file(self, file):
-        """program -> tests that reach any line of the file."""
-        return by_program(set().union(*self.reached.get(file, {}).values()))
+    def of_files(self, files):
+        """program -> tests that reach any line of the files."""
+        return by_program(set().union(*(tests for file in files for tests in self.reached.get(file, {}).values())))
 
     def programs_reaching(self, files):
         """Programs that run code of these files, the quickest first."""
@@ -217,7 +217,8 @@ class NativePlanter(Planter):
     def outcome(self, fault):
         mutant, tried = Mutant(self, fault.file, quick), collections.defaultdict(set)
         mutant.object(mutant.objects[0])  # does it compile?
-        for tests in (self.coverage.near(fault.file, fault.line), self.coverage.of_file(fault.file)):
+        files = {fault.file, *(self.build.sources[o] for o in mutant.objects)}  # of a header: where it is included
+        for tests in (self.coverage.near(fault.file, fault.line), self.coverage.of_files(files)):
             failed = self.try_tests(mutant, {p: names - tried[p] for p, names in tests.items()})
             if failed:
                 return failed

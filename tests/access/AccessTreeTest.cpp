@@ -189,6 +189,14 @@ TEST(ViewTree, SelectionsOfRowsAndDaysAreFoundAndDatedBack)
     EXPECT_EQ(odd.rows - 1, PartOfSelection(odd, EndOfDay(begin), false).index);
     EXPECT_EQ(AccessId(), PartOfSelection(view.parts, AddDays(begin, -1), false)) << "not shown";
     const int day = DayNumberOf(begin);
+    const AccessTree tree = view.Tree();
+    int bottom = view.parts.grid.top;
+    for (int row = 0; row < view.parts.rows; ++row) {
+        const CRect& box = tree.At(tree.Find({AccessPart::Row, day, row})).box;
+        EXPECT_TRUE(box.IsRectEmpty() || box.top == bottom) << "below the row before it";
+        bottom = std::max<int>(bottom, box.bottom);
+    }
+    EXPECT_LT(view.parts.grid.top + 2 * view.parts.rowHeight, bottom);
     EXPECT_EQ(SelectedParts(view.parts, begin, end, true), (std::vector<AccessId>{{AccessPart::WholeDay, day, 0}}));
     RandomView week(0);
     week.MakeBoxes(RangeKind::Week, begin);

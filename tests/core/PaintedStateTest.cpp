@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <random>
 
 using namespace dayvane;
@@ -17,7 +18,57 @@ bool IsCovered(int x, int y, const std::vector<CRect>& rects, int times = 1)
     return times <= 0;
 }
 
+// What one change of a lone item repaints.
+template <class Change>
+std::vector<CRect> RepaintedAfter(Change change)
+{
+    PaintedState before;
+    before.pieces.resize(1);
+    before.pieces[0].box = CRect(1, 2, 30, 40);
+    before.marks = {{CRect(50, 60, 70, 80), 3}};
+    PaintedState after = before;
+    change(after);
+    std::vector<CRect> rects;
+    EXPECT_TRUE(FindDifferences(before, after, rects));
+    return rects;
+}
+
 } // namespace
+
+TEST(PaintedState, WhatShowsIsRepaintedAndNothingElse)
+{
+    using Item = tagCALENDAR_ITEM;
+    using Change = void (*)(Item&);
+    const CRect box(1, 2, 30, 40), mark(50, 60, 70, 80);
+    const Change shown[] = {[](Item& item) { item.rcItem.left++; },
+                            [](Item& item) { item.nPiece++; },
+                            [](Item& item) { item.nFullday++; },
+                            [](Item& item) { item.strText = "other"; },
+                            [](Item& item) { item.dtStart.m_dt += 1; },
+                            [](Item& item) { item.dtEnd.m_dt += 1; },
+                            [](Item& item) { item.crColor1 ^= 1; },
+                            [](Item& item) { item.crColor2 ^= 1; },
+                            [](Item& item) { item.crColor3 ^= 1; },
+                            [](Item& item) { item.crColor4 ^= 1; },
+                            [](Item& item) { item.crColor5 ^= 1; },
+                            [](Item& item) { item.nImage++; },
+                            [](Item& item) { item.nReserved++; },
+                            [](Item& item) { item.bAlarm = !item.bAlarm; },
+                            [](Item& item) { item.bRecurrent = !item.bRecurrent; },
+                            [](Item& item) { item.bNoFocus = !item.bNoFocus; }};
+    for (size_t i = 0; i < std::size(shown); ++i) {
+        const auto rects = RepaintedAfter([&](PaintedState& state) { shown[i](state.pieces[0].item); });
+        EXPECT_EQ(rects, (std::vector<CRect>{box, box})) << i;
+    }
+    EXPECT_TRUE(RepaintedAfter([](PaintedState&) {}).empty());
+    EXPECT_TRUE(RepaintedAfter([](PaintedState& state) { state.pieces[0].item.bMovable ^= 1; }).empty());
+    EXPECT_EQ(RepaintedAfter([](PaintedState& state) { state.pieces.clear(); }), std::vector<CRect>{box});
+    EXPECT_EQ(RepaintedAfter([](PaintedState& state) { state.marks[0].count++; }), (std::vector<CRect>{mark, mark}));
+    PaintedState moved;
+    moved.frame.push_back(box);
+    std::vector<CRect> rects;
+    EXPECT_FALSE(FindDifferences(PaintedState(), moved, rects)) << "a part of the window has moved";
+}
 
 TEST(PaintedState, ManyPartsBecomeFewerThatCoverThem)
 {

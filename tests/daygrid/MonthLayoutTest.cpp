@@ -85,6 +85,18 @@ TEST(MonthLayout, BandsLieBelowEachOther)
     EXPECT_EQ(Text(Grid(CRect(0, 0, 703, 500), false).bands.calendar), "(0, 16, 703, 500)");
 }
 
+TEST(MonthLayout, TheWeekColumnLiesLeftOfHeaderAndDays)
+{
+    const WeekColumn column = PlaceWeekColumn(CRect(20, 30, 300, 46), CRect(20, 46, 300, 200), 18,
+                                              {CRect(20, 46, 60, 120), CRect(20, 120, 60, 130)}, 15);
+    EXPECT_EQ(Text(column.head), "(2, 30, 20, 46)");
+    EXPECT_EQ(Text(column.weeks), "(2, 46, 20, 200)");
+    EXPECT_EQ(Text(column.all), "(2, 30, 20, 200)");
+    EXPECT_EQ(Text(column.lines[1]), "(2, 120, 20, 121)");
+    EXPECT_EQ(Text(column.numbers[0]), "(2, 46, 20, 61)");
+    EXPECT_EQ(Text(column.numbers[1]), "(2, 120, 20, 130)") << "cut with its row";
+}
+
 TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
 {
     BoxDayArray dates = DatesAround(Day(2026, 3, 17));

@@ -173,6 +173,8 @@ TEST(Reader, ExceptionsOfEveryKindHide)
     Document document;
     document.Load(CalendarWith({"DTSTART:20261102", "RRULE:FREQ=HOURLY"}));
     EXPECT_NE(AllMessages(document).find("whole days cannot repeat within a day"), std::string::npos);
+    document.Load(CalendarWith({"DTSTART:20261102", "RRULE:FREQ=DAILY;COUNT=4", "EXRULE:FREQ=DAILY;COUNT=2"}));
+    EXPECT_EQ(AllMessages(document), "");
 }
 
 TEST(Reader, ReplacementsFollowSequenceAndRange)

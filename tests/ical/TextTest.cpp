@@ -162,6 +162,7 @@ TEST(Lines, TakePropertiesApart)
     } rows[] = {
         {"summary:a:b;c", "SUMMARY", nullptr, "a:b;c", false},
         {"DTSTART;TZID=\"A:B;C\";X=1:2", "DTSTART", "A:B;C", "2", false},
+        {"DTSTART;TZID=\"\":2", "DTSTART", "", "2", false},
         {"DTSTART;X=\"a\",\"b:\" ; tzid = Q :2", "DTSTART", "Q", "2", false},
         {"DTSTART;TZID=\"A:20260101", "DTSTART", "\"A", "20260101", true},
         {"DTSTART;;TZID:", "DTSTART", "", "", false},

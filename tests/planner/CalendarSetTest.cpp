@@ -91,7 +91,7 @@ TEST_F(CalendarSetTest, EditsAreUndoneInTheOrderInWhichTheyWereMade)
     m_set.Undo();
     EXPECT_EQ(m_home.Save(), home);
     EXPECT_EQ(m_set.Redo().id, items[0].id);
-    m_set.Undo();
+    EXPECT_EQ(m_set.Undo().id, items[0].id) << "what was done last";
     m_set.Undo();
     EXPECT_EQ(m_team.Save(), team);
     EXPECT_FALSE(m_set.CanUndo() || m_set.IsModified());

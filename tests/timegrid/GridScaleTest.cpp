@@ -57,7 +57,7 @@ TEST(TimeScale, TheOneBesideStaysWithinTheHour)
     const struct
     {
         int rowsPerHour, steps, beside;
-    } rows[] = {{2, 1, 3},   {2, -1, 1},  {1, -1, 1},   {6, 1, 10}, {12, 2, 20},
+    } rows[] = {{2, 1, 3},   {2, -1, 1},  {1, -1, 1},   {6, 1, 10}, {10, 1, 12}, {12, 2, 20},
                 {30, 1, 60}, {60, 1, 60}, {60, -1, 30}, {7, 0, 10}, {4, 99, 60}};
     for (const auto& row : rows) {
         EXPECT_EQ(ScaleBeside(row.rowsPerHour, row.steps), row.beside) << row.rowsPerHour << " and " << row.steps;
