@@ -221,6 +221,15 @@ TEST(ItemStore, FocusWalksForwardOnceAndPassesOverHidden)
     sorted[4].bNoFocus = TRUE;
     EXPECT_EQ(NextFocusPosition(sorted, 3), -1) << "but it does not go round";
     EXPECT_EQ(NextFocusPosition(ItemArray(), 2), -1);
+    const struct
+    {
+        int current;
+        bool back;
+        int position;
+    } neighbours[] = {{4, false, 3}, {3, true, 0}, {3, false, -1}, {4, true, -1}, {-1, true, 3}, {-1, false, 0}};
+    for (const auto& row : neighbours) {
+        EXPECT_EQ(FocusNeighbour(sorted, row.current, row.back), row.position) << row.current << " " << row.back;
+    }
 }
 
 } // namespace

@@ -27,6 +27,8 @@ TEST(AgendaRows, StandUnderEachDayThatTheyTouch)
     EXPECT_EQ(RowOfDay(rows, from + 1), 4u);
     EXPECT_EQ(RowOfDay(rows, from + 2), 7u) << "the next day that has a heading";
     EXPECT_EQ(RowOfDay(rows, to), rows.size());
+    EXPECT_EQ(AgendaRowsOf({}, from, to, to - 1).size(), 1u) << "today has a heading";
+    EXPECT_TRUE(AgendaRowsOf({}, from, to, to).empty());
 }
 
 TEST(AgendaTree, HasACellForEachDayAndAnItemForEachLine)

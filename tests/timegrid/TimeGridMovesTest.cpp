@@ -111,3 +111,18 @@ TEST(Look, TextsTellWhatTheBoxCannot)
     EXPECT_EQ(ToneOfDay(ShownDay::Of(mountainDay, nullptr), true, 0).colorRow, 0);
     EXPECT_EQ(u"出張", HeaderOfDay(showaDay, true, u"出張", texts).note);
 }
+
+TEST(Scrolling, CountsTheRowsThatAreNotWhole)
+{
+    const GridWindow window{TimeScale{2}, 0, 400}; // of 960 pixels
+    const struct
+    {
+        int to, offset, position;
+    } rows[] = {{-5, 0, 0}, {40, 40, 2}, {41, 41, 3}, {560, 560, 28}, {600, 560, 28}};
+    for (const auto& row : rows) {
+        const GridScroll moved = ScrolledTo({7, 7, 30}, row.to, window);
+        EXPECT_EQ(row.offset, moved.offset) << row.to;
+        EXPECT_EQ(row.position, moved.position) << row.to;
+        EXPECT_EQ(30, moved.maximum);
+    }
+}
