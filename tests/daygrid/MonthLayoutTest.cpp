@@ -123,6 +123,17 @@ TEST(MonthDates, KnowTheirMonthTodayAndAnnotations)
     EXPECT_EQ(dates[1].m_nFlags, 1u) << "2 March of another year is not today";
 }
 
+TEST(MonthDates, LoseTheirPropertiesAtOnce)
+{
+    BoxDayArray dates = DatesAround(Day(2017, 4, 10));
+    tagCALENDAR_DAY_PROPERTY& property = dates[3].m_dayProperty;
+    property.strText = "Stocktaking";
+    property.nDayColor = property.nReserved = property.bUseMyWorkTime = 1;
+    ClearDayProperties(dates);
+    EXPECT_TRUE(property.strText.IsEmpty());
+    EXPECT_TRUE(property.nDayColor == 0 && property.nReserved == 0 && property.bUseMyWorkTime == 0);
+}
+
 TEST(MonthDates, TakeWhatTheDayProviderSays)
 {
     class OwnDays : public DayProvider

@@ -142,6 +142,8 @@ TEST(TextCodec, EditsKeepTheBytesOfWhatWasNotEdited)
     for (const auto& row : rows) {
         EXPECT_EQ(EncodeEdited(row.before, row.edited, row.codePage), row.after) << row.before;
     }
+    const std::string broken = "\x89\xEF\x8B\x63\x80"; // two characters and a byte that is none
+    EXPECT_EQ(EncodeEdited(broken, DecodeText(broken, kOwnCodePage) + u"!", kOwnCodePage), broken + "!");
 }
 
 TEST(TextCodec, RandomBytesGoThroughUnharmed)
