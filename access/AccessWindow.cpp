@@ -72,8 +72,8 @@ void AccessWindow::Disconnect()
 
 LRESULT AccessWindow::GetObject(WPARAM wParam, LPARAM lParam)
 {
-    if (m_told.contents.empty()) {
-        m_told = LookAround(); // what is so now is no news
+    if (m_announced.contents.empty()) {
+        m_announced = LookAround(); // what is so now is no news
     }
     if (static_cast<LONG>(lParam) != OBJID_CLIENT) {
         m_isAutomated = true;
@@ -206,7 +206,7 @@ bool AccessWindow::IdOfChild(long child, AccessId& id) const
 
 // ---- Events
 
-void AccessWindow::Tell(DWORD event, const AccessId& id)
+void AccessWindow::Notify(DWORD event, const AccessId& id)
 {
     if (m_hWnd) {
         ::NotifyWinEvent(event, m_hWnd, OBJID_CLIENT, ChildIdOf(id));
@@ -216,9 +216,9 @@ void AccessWindow::Tell(DWORD event, const AccessId& id)
     }
 }
 
-AccessWindow::Told AccessWindow::LookAround()
+AccessWindow::Announced AccessWindow::LookAround()
 {
-    Told now;
+    Announced now;
     now.hasFocus = HasFocus();
     const AccessTree& tree = Tree();
     now.contents = m_treeContents;
@@ -235,46 +235,46 @@ AccessWindow::Told AccessWindow::LookAround()
     return now;
 }
 
-void AccessWindow::TellFocus(const Told& before, const Told& now)
+void AccessWindow::NotifyFocus(const Announced& before, const Announced& now)
 {
     if (now.hasFocus && (!before.hasFocus || now.focus != before.focus)) {
-        Tell(EVENT_OBJECT_FOCUS, now.focus);
+        Notify(EVENT_OBJECT_FOCUS, now.focus);
     } else if (now.focus == before.focus) {
         if (now.focusName != before.focusName) {
-            Tell(EVENT_OBJECT_NAMECHANGE, now.focus);
+            Notify(EVENT_OBJECT_NAMECHANGE, now.focus);
         }
         if (now.focusValue != before.focusValue) {
-            Tell(EVENT_OBJECT_VALUECHANGE, now.focus);
+            Notify(EVENT_OBJECT_VALUECHANGE, now.focus);
         }
         if (now.focusBox != before.focusBox) {
-            Tell(EVENT_OBJECT_LOCATIONCHANGE, now.focus);
+            Notify(EVENT_OBJECT_LOCATIONCHANGE, now.focus);
         }
     }
     if (now.selection != before.selection) {
         const bool isOne = now.selection.size() == 1;
-        Tell(isOne ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONWITHIN, isOne ? now.selection[0] : AccessId());
+        Notify(isOne ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONWITHIN, isOne ? now.selection[0] : AccessId());
     }
 }
 
 void AccessWindow::Follow()
 {
-    if (!m_hWnd || m_isFollowing || m_told.contents.empty()) {
+    if (!m_hWnd || m_isFollowing || m_announced.contents.empty()) {
         return;
     }
-    if (m_told.hasFocus == HasFocus() && m_told.contents == Contents() && m_told.focus == Focus() &&
-        m_told.selection == Selection()) {
+    if (m_announced.hasFocus == HasFocus() && m_announced.contents == Contents() && m_announced.focus == Focus() &&
+        m_announced.selection == Selection()) {
         return;
     }
     m_isFollowing = true;
-    const Told before = std::exchange(m_told, LookAround());
-    const Told now = m_told;
+    const Announced before = std::exchange(m_announced, LookAround());
+    const Announced now = m_announced;
     if (now.contents != before.contents) {
-        Tell(EVENT_OBJECT_REORDER, AccessId());
+        Notify(EVENT_OBJECT_REORDER, AccessId());
     }
     if (now.name != before.name) {
-        Tell(EVENT_OBJECT_NAMECHANGE, AccessId());
+        Notify(EVENT_OBJECT_NAMECHANGE, AccessId());
     }
-    TellFocus(before, now);
+    NotifyFocus(before, now);
     m_isFollowing = false;
 }
 

@@ -60,13 +60,13 @@ protected:
     virtual const CalendarTexts* Words() const = 0; // that the control paints; nullptr: those that controls begin with
     // The texts that were set for the process, or those that go with the control's words.
     const AccessTexts& Texts();
-    void Tell(DWORD event, const AccessId& id);
+    void Notify(DWORD event, const AccessId& id);
     HRESULT ClickCentre(int node); // by the messages of the mouse
     CRect ClientRect() const;
 
 private:
-    // What was told last.
-    struct Told
+    // What listeners were last notified of.
+    struct Announced
     {
         bool hasFocus = false;
         AccessId focus;
@@ -77,8 +77,8 @@ private:
         std::string focusValue;
         CRect focusBox = CRect(0, 0, 0, 0);
     };
-    Told LookAround();
-    void TellFocus(const Told& before, const Told& now);
+    Announced LookAround();
+    void NotifyFocus(const Announced& before, const Announced& now);
 
     HWND m_hWnd;
     CalendarTexts m_words; // that m_texts were made for
@@ -87,7 +87,7 @@ private:
     std::vector<long long> m_treeContents;
     std::map<AccessId, long> m_childIds;
     std::vector<AccessId> m_childParts; // by -id - 1
-    Told m_told;
+    Announced m_announced;
     bool m_isFollowing = false;
     bool m_isAutomated = false; // UI Automation has asked
 };

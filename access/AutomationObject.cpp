@@ -384,17 +384,17 @@ LRESULT AnswerWithAutomation(const std::shared_ptr<AccessWindow>& window, WPARAM
 
 void RaiseAutomation(const std::shared_ptr<AccessWindow>& window, DWORD event, const AccessId& id)
 {
-    const int told = event == EVENT_OBJECT_FOCUS       ? kFocusChanged
-                     : event == EVENT_OBJECT_SELECTION ? kElementSelected
-                     : event == kWinLiveRegionChanged  ? kLiveRegionChanged
-                                                       : 0;
+    const int automationEvent = event == EVENT_OBJECT_FOCUS       ? kFocusChanged
+                                : event == EVENT_OBJECT_SELECTION ? kElementSelected
+                                : event == kWinLiveRegionChanged  ? kLiveRegionChanged
+                                                                  : 0;
     using Function = HRESULT(WINAPI*)(IRawElementProviderSimple*, EVENTID);
     static const Function function = OfAutomationCore<Function>("UiaRaiseAutomationEvent");
-    if (told == 0 || !function) {
+    if (automationEvent == 0 || !function) {
         return;
     }
     IRawElementProviderSimple* object = MakeAutomationObject(window, id);
-    function(object, told);
+    function(object, automationEvent);
     object->Release();
 }
 

@@ -14,7 +14,7 @@ IRawElementProviderSimple* MakeAutomationObject(const std::shared_ptr<AccessWind
 // The answer to WM_GETOBJECT with UiaRootObjectId; 0: this Windows has no UI Automation.
 LRESULT AnswerWithAutomation(const std::shared_ptr<AccessWindow>& window, WPARAM wParam, LPARAM lParam);
 
-// Tells the listeners of UI Automation what NotifyWinEvent has told others.
+// Notifies the listeners of UI Automation of what NotifyWinEvent has reported to others.
 void RaiseAutomation(const std::shared_ptr<AccessWindow>& window, DWORD event, const AccessId& id);
 
 long AutomationObjectCount(); // in all windows

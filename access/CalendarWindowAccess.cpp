@@ -295,9 +295,9 @@ void CalendarWindowAccess::Announce(const std::string& text)
     ++m_announcements;
     Tree();
     const AccessId id = {AccessPart::Announcement, 0, 0};
-    Tell(EVENT_OBJECT_NAMECHANGE, id);
-    Tell(kLiveRegionChanged, id);
-    Tell(EVENT_SYSTEM_ALERT, id);
+    Notify(EVENT_OBJECT_NAMECHANGE, id);
+    Notify(kLiveRegionChanged, id);
+    Notify(EVENT_SYSTEM_ALERT, id);
 }
 
 void CalendarWindowAccess::ItemMoved(const ItemTimes& times, bool isWholeItem)

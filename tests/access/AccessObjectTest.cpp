@@ -23,31 +23,31 @@ using gridtest::At;
 
 namespace {
 
-struct Heard
+struct Received
 {
     DWORD event;
     HWND window;
     LONG child;
 };
-std::vector<Heard> g_heard;
+std::vector<Received> g_received;
 
-void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD)
+void CALLBACK Receive(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD)
 {
     if (object == OBJID_CLIENT) {
-        g_heard.push_back({event, window, child});
+        g_received.push_back({event, window, child});
     }
 }
 
-// Events of a window that ends are lost on their way through the queue; a hook inside of the process hears them.
+// Events of a window that ends are lost on their way through the queue; a hook inside the process receives them.
 class Listening
 {
 public:
     Listening()
     {
-        g_heard.clear();
-        m_hook =
-            ::SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, Hear, ::GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
-        m_inside = ::SetWinEventHook(EVENT_OBJECT_HIDE, EVENT_OBJECT_HIDE, ::GetModuleHandle(nullptr), Hear,
+        g_received.clear();
+        m_hook = ::SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, Receive, ::GetCurrentProcessId(), 0,
+                                   WINEVENT_OUTOFCONTEXT);
+        m_inside = ::SetWinEventHook(EVENT_OBJECT_HIDE, EVENT_OBJECT_HIDE, ::GetModuleHandle(nullptr), Receive,
                                      ::GetCurrentProcessId(), 0, WINEVENT_INCONTEXT);
     }
     ~Listening()
@@ -57,15 +57,15 @@ public:
     }
 
     // The name of the part of the last event of that kind; waits for one whose name begins so.
-    static bool Hears(DWORD event, const std::string& begin)
+    static bool HasReceived(DWORD event, const std::string& begin)
     {
         return PumpUntil(
             [&] {
-                for (const Heard& heard : g_heard) {
-                    if (heard.event != event) {
+                for (const Received& received : g_received) {
+                    if (received.event != event) {
                         continue;
                     }
-                    const Spoken part = Spoken::OfEvent(heard.window, OBJID_CLIENT, heard.child);
+                    const Spoken part = Spoken::OfEvent(received.window, OBJID_CLIENT, received.child);
                     if (part.Name().compare(0, begin.size(), begin) == 0) {
                         return true;
                     }
@@ -76,12 +76,13 @@ public:
     }
 
     // Of a window as a whole, which may be gone.
-    static bool HearsOfWindow(DWORD event, HWND window)
+    static bool HasReceivedOfWindow(DWORD event, HWND window)
     {
         return PumpUntil(
             [&] {
-                return std::any_of(g_heard.begin(), g_heard.end(),
-                                   [&](const Heard& heard) { return heard.event == event && heard.window == window; });
+                return std::any_of(g_received.begin(), g_received.end(), [&](const Received& received) {
+                    return received.event == event && received.window == window;
+                });
             },
             3000);
     }
@@ -207,7 +208,7 @@ TYPED_TEST(Objects, ActAsTheMouseDoes)
     EXPECT_FALSE(::GetDlgItem(*this->view, 1)) << "no box stays open";
 }
 
-TYPED_TEST(Objects, TellOfFocusAndMoves)
+TYPED_TEST(Objects, NotifyOfFocusAndMoves)
 {
     this->Root(); // somebody asks
     const Listening listening;
@@ -215,15 +216,15 @@ TYPED_TEST(Objects, TellOfFocusAndMoves)
     this->view->SetCurSel(0);
     hardware::Key(VK_TAB);
     const std::string walk = this->ItemNamed("Walk").Name();
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_FOCUS, walk)) << walk;
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_SELECTION, walk));
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_FOCUS, walk)) << walk;
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_SELECTION, walk));
     hardware::Key(VK_RIGHT, {VK_CONTROL});
-    EXPECT_TRUE(Listening::Hears(EVENT_SYSTEM_ALERT, "Moved to "));
-    EXPECT_TRUE(Listening::Hears(0x8019, "Moved to ")) << "a live region";
+    EXPECT_TRUE(Listening::HasReceived(EVENT_SYSTEM_ALERT, "Moved to "));
+    EXPECT_TRUE(Listening::HasReceived(0x8019, "Moved to ")) << "a live region";
     hardware::Key(VK_ESCAPE);
     PumpMessages();
     this->Add("New", At(18, 0), At(19, 0));
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_REORDER, this->Root().Name()));
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_REORDER, this->Root().Name()));
     tagCC_ITEM item;
     this->view->GetItem(1, item);
     item.strText = "Run";
@@ -231,12 +232,12 @@ TYPED_TEST(Objects, TellOfFocusAndMoves)
     this->view->SetItem(1, &item);
     this->view->Refresh();
     const std::string run = this->ItemNamed("Run").Name();
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_NAMECHANGE, run)) << run;
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_VALUECHANGE, run));
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_NAMECHANGE, run)) << run;
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_VALUECHANGE, run));
     hardware::Key(VK_RIGHT, {VK_CONTROL});
-    EXPECT_TRUE(Listening::Hears(EVENT_SYSTEM_ALERT, "Cannot be moved"));
+    EXPECT_TRUE(Listening::HasReceived(EVENT_SYSTEM_ALERT, "Cannot be moved"));
     this->view->MoveWindow(0, 0, 640, 500);
-    EXPECT_TRUE(Listening::Hears(EVENT_OBJECT_LOCATIONCHANGE, run));
+    EXPECT_TRUE(Listening::HasReceived(EVENT_OBJECT_LOCATIONCHANGE, run));
 }
 
 TYPED_TEST(Objects, OutliveTheControlWithoutHarm)
@@ -316,7 +317,7 @@ TYPED_TEST(Objects, OpenTheListOfAMark)
     ASSERT_EQ(S_OK, mark.Act());
     ASSERT_TRUE(lists->IsMoreListOpen());
     const HWND popup = ::GetCapture();
-    EXPECT_TRUE(Listening::HearsOfWindow(EVENT_OBJECT_SHOW, popup));
+    EXPECT_TRUE(Listening::HasReceivedOfWindow(EVENT_OBJECT_SHOW, popup));
     const Spoken list = Spoken::OfWindow(popup);
     EXPECT_EQ(ROLE_SYSTEM_LIST, list.Role());
     ASSERT_GT(list.Children().size(), 2u);
@@ -326,12 +327,12 @@ TYPED_TEST(Objects, OpenTheListOfAMark)
     EXPECT_TRUE(list.Children()[1].Has(STATE_SYSTEM_FOCUSED));
     ASSERT_EQ(S_OK, list.Children()[1].Act());
     EXPECT_FALSE(lists->IsMoreListOpen());
-    EXPECT_TRUE(Listening::HearsOfWindow(EVENT_OBJECT_HIDE, popup));
+    EXPECT_TRUE(Listening::HasReceivedOfWindow(EVENT_OBJECT_HIDE, popup));
     EXPECT_NE(-1, this->view->GetCurSel());
     EXPECT_EQ("", list.Name()) << "gone with its window";
 }
 
-TEST(ViewObjects, SayWhatColoursAndLinesTell)
+TEST(ViewObjects, SayWhatColoursAndLinesShow)
 {
     SetAccessTexts(&EnglishAccessTexts());
     RecordingParent parent;

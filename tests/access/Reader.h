@@ -60,7 +60,7 @@ private:
     IAccessible* m_object = nullptr;
 };
 
-// A line for each part, two blanks deeper than its parent: role, name, states that can be told, value.
+// A line for each part, two blanks deeper than its parent: role, name, states that can be named, value.
 std::string ReadAloud(const Spoken& part, int depth = 0);
 
 } // namespace accesstest

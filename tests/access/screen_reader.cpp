@@ -92,7 +92,7 @@ Spoken WaitFor(HWND frame, const std::function<bool(const Spoken&)>& isTable,
     return Spoken();
 }
 
-int Tell(const Spoken& part, HRESULT result)
+int Print(const Spoken& part, HRESULT result)
 {
     std::printf("%s\n", part ? part.Name().c_str() : "(there is none)");
     return part && result == S_OK ? 0 : 1;
@@ -115,15 +115,15 @@ int Run(HWND frame, const std::vector<std::string>& words)
         return 0;
     }
     if (command == "hear") {
-        return Tell(WaitFor(frame, any, isNamed), S_OK);
+        return Print(WaitFor(frame, any, isNamed), S_OK);
     }
     if (command == "select") {
         const Spoken item = WaitFor(frame, any, hasText);
-        return Tell(item, item.Select(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION));
+        return Print(item, item.Select(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION));
     }
     if (command == "rename") {
         const Spoken item = WaitFor(frame, any, hasText);
-        return Tell(item, item.SetValue(second));
+        return Print(item, item.SetValue(second));
     }
     if (command == "press") {
         const Spoken part = WaitFor(frame, isNamed, [&](const Spoken& each) { return Begins(each.Name(), second); });

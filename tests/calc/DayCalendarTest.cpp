@@ -81,7 +81,7 @@ TEST(DayCalendar, LayersAndLanguages)
         {{2025, 2, 2}, nullptr, u8"キャンドルマス:3 節分:5 ", "Candlemas:3 Setsubun:5 "},
         {{2025, 2, 2}, &DayLayers::observances, u8"節分:3 キャンドルマス:3 ", "Setsubun:3 Candlemas:3 "},
         {{2025, 2, 3}, &DayLayers::observances, "", ""},
-        {{1599, 2, 3}, nullptr, u8"節分:3 ", "Setsubun:3 "}, // before the sky is told
+        {{1599, 2, 3}, nullptr, u8"節分:3 ", "Setsubun:3 "}, // before the years of the sky
         {{2026, 5, 2}, nullptr, u8"八十八夜:5 ", "88th Night:5 "},
         {{2026, 7, 26}, &DayLayers::seasonalDays, u8"土用の丑の日:5 ", "Ox Day of Doyo:5 "},
         {{2026, 7, 24}, &DayLayers::seasonalDays, "", ""}, // a day of doyo like others

@@ -34,7 +34,7 @@ COleDateTime March(int day, int hour = 0, int minute = 0, int second = 0)
     return COleDateTime(2010, 3, day, hour, minute, second);
 }
 
-// The rule as it is stated: exchange every pair that stands the wrong way round.
+// The rule as it is stated: exchange every pair that is out of order.
 void ExchangeSort(ItemArray& items)
 {
     for (int i = 0; i + 1 < items.GetSize(); ++i) {

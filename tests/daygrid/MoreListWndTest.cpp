@@ -138,7 +138,7 @@ TYPED_TEST(MoreListWindow, ItemsCanBeDraggedOut)
     EXPECT_FALSE(dayvane::IsSameDay(item.dtStart, Day(4, 15)));
 }
 
-TYPED_TEST(MoreListWindow, HostsMayEndTheViewWhenToldOfAChoice)
+TYPED_TEST(MoreListWindow, HostsMayEndTheViewWhenNotifiedOfAChoice)
 {
     for (bool drag : {false, true}) {
         for (bool destroyOnly : {false, true}) {

@@ -34,7 +34,7 @@ const std::string kZone = Joined({"BEGIN:VTIMEZONE", "TZID:East", "BEGIN:STANDAR
 const std::string kZoned =
     Joined({"BEGIN:VEVENT", "UID:z", "DTSTART;TZID=East:20260601T090000", "SUMMARY:zoned", "END:VEVENT"});
 
-TEST_F(MergeTest, WithTheCommonBaseOnlyRealConflictsAreTold)
+TEST_F(MergeTest, WithTheCommonBaseOnlyRealConflictsAreReported)
 {
     const std::string a = Item("a", "20260101", "a"), b = Item("b", "20260102", "b"), c = Item("c", "20260103", "c"),
                       d = Item("d", "20260104", "d"), e = Item("e", "20260105", "e");

@@ -85,7 +85,7 @@ TEST(Archive, ReturnsWhatItStored)
     EXPECT_STREQ(loaded.texts[0], "a");
 }
 
-TEST(Archive, TellsEveryTruncation)
+TEST(Archive, ReportsEveryTruncation)
 {
     Content content;
     content.Fill();

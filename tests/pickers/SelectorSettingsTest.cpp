@@ -1,4 +1,4 @@
-// docs/mini-calendars.md tells in which date selectors a setting shows. Its table and the rows below have the same
+// docs/mini-calendars.md says in which date selectors a setting shows. Its table and the rows below have the same
 // names and selectors (./dev lint compares them); here each setting is tried in each of them.
 #include "calc/DayCalendar.h"
 #include "pickers/MiniCalendarCtrl.h"

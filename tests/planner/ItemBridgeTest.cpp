@@ -146,7 +146,7 @@ TEST(ItemBridge, NewItemsCoverTheSelection)
     }
 }
 
-TEST(ItemBridge, TellsTheStateOfAnEvent)
+TEST(ItemBridge, ShowsTheStateOfAnEvent)
 {
     Document document;
     document.Load(
@@ -211,7 +211,7 @@ TEST(BusyDays, KnowsEachDayOfEveryMonthAnItemTouches)
     EXPECT_FALSE(busy.IsBusy(document, DayOfDate(2026, 6, 1)));
 }
 
-TEST(CommandLine, TakesOptionsAndTellsWhatItDoesNotUnderstand)
+TEST(CommandLine, TakesOptionsAndReportsWhatItDoesNotUnderstand)
 {
     const CommandLine line = ParseCommandLine(
         {"--view", "week", "a b.ics", "--date", "2016-02-29", "--size", "800x600", "--shot", "out.bmp"});

@@ -172,7 +172,7 @@ TEST(PngFile, PicturesComeBack)
     }
 }
 
-TEST(PngFile, TellsItsResolution)
+TEST(PngFile, StatesItsResolution)
 {
     const std::pair<int, unsigned> rows[] = {{96, 3779}, {300, 11811}, {600, 23622}}; // dots in a metre
     for (const auto& [dotsPerInch, dotsPerMetre] : rows) {

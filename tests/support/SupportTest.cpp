@@ -50,7 +50,7 @@ TEST(GuiCountsTest, SeesEveryKindOfObject)
     }
 }
 
-TEST(MemoryDcTest, TellsColoursAndPlaces)
+TEST(MemoryDcTest, FindsColoursAndPlaces)
 {
     MemoryDc surface(20, 10, RGB(1, 2, 3));
     surface.Dc().FillSolidRect(CRect(4, 5, 8, 7), RGB(255, 128, 0));

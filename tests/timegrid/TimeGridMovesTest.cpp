@@ -73,7 +73,7 @@ TEST(DayMoves, KeepTheirOddities)
     }
 }
 
-TEST(Look, TextsTellWhatTheBoxCannot)
+TEST(Look, TextsSayWhatTheBoxCannotShow)
 {
     tagCALENDAR_ITEM item = Item(At(9, 5), At(10, 0));
     item.strText = "x%s";
