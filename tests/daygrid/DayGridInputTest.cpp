@@ -14,9 +14,8 @@ public:
     std::string Selected() { return Text(this->view->m_dtSelBegin) + " - " + Text(this->view->m_dtSelEnd); }
     void Key(int key, std::initializer_list<int> held = {})
     {
-        const KeyState keys(held);
-        this->view->SendMessage(WM_KEYDOWN, key);
-        PumpMessages();
+        ASSERT_TRUE(hardware::Focus(*this->view));
+        hardware::Key(key, held);
     }
 };
 
@@ -53,13 +52,12 @@ TEST(DayGridKeys, HomeAndEndStayInTheRange)
                   year.parent.Count(CCN_VIEWRANGECHANGE),
               0)
         << "nothing turns";
-    Scene<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
-    const KeyState control({VK_CONTROL});
-    first.view->SendMessage(WM_KEYDOWN, VK_HOME);
+    Hands<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
+    first.Key(VK_HOME, {VK_CONTROL});
     EXPECT_EQ(Text(first.view->m_dtSelEnd), "0100-01-01");
 }
 
-TEST(DayGridKeys, AScrolledDateIsTheOneThatIsTold)
+TEST(DayGridKeys, AScrolledDateIsTheOneThatIsReported)
 {
     Hands<CYearViewCtrl> year(Day(12, 5));
     year.Key(VK_RIGHT);

@@ -378,27 +378,25 @@ TYPED_TEST(Views, LeaveKeysToTheDialog)
     this->view->SetWindowPos(&before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     this->Add("one", At(4, 30, 9), At(4, 30, 10));
     this->Add("two", At(4, 30, 13), At(4, 30, 14));
-    const auto key = [&](int virtualKey, bool shift) {
-        std::unique_ptr<KeyState> keys(shift ? new KeyState({VK_SHIFT}) : nullptr);
-        MSG message = {*this->view, WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 1, 0, {}};
-        const bool taken = ::IsDialogMessage(this->parent, &message) != FALSE;
-        EXPECT_TRUE(taken);
+    this->parent.ActAsDialog();
+    const auto tab = [&](std::initializer_list<int> held = {}) {
+        hardware::Key(VK_TAB, held);
         const HWND focus = ::GetFocus();
         return (focus == after ? "after" : focus == before ? "before" : std::to_string(this->view->GetCurSel()));
     };
-    this->view->SetFocus();
+    ASSERT_TRUE(hardware::Focus(*this->view));
     this->view->SetCurSel(1);
-    EXPECT_EQ(key(VK_TAB, false), "0") << "without the option Tab goes round";
+    EXPECT_EQ(tab(), "0") << "without the option Tab goes round";
     this->view->SetCurSel(-1);
     this->SetOption(&CalendarOptions::dialogKeys);
-    EXPECT_EQ(key(VK_TAB, false), "0");
-    EXPECT_EQ(key(VK_TAB, false), "1");
-    EXPECT_EQ(key(VK_TAB, true), "0");
-    EXPECT_EQ(key(VK_TAB, false), "1");
-    EXPECT_EQ(key(VK_TAB, false), "after");
+    EXPECT_EQ(tab(), "0");
+    EXPECT_EQ(tab(), "1");
+    EXPECT_EQ(tab({VK_SHIFT}), "0");
+    EXPECT_EQ(tab(), "1");
+    EXPECT_EQ(tab(), "after");
     this->view->SetFocus();
     this->view->SetCurSel(0);
-    EXPECT_EQ(key(VK_TAB, true), "before");
+    EXPECT_EQ(tab({VK_SHIFT}), "before");
     this->view->SetFocus();
     const auto wants = [&](int virtualKey) {
         MSG message = {*this->view, WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 1, 0, {}};
@@ -406,19 +404,23 @@ TYPED_TEST(Views, LeaveKeysToTheDialog)
                 DLGC_WANTMESSAGE) != 0;
     };
     EXPECT_FALSE(wants(VK_ESCAPE));
-    messages::LeftDown(*this->view, this->view->m_rcContent.CenterPoint());
+    hardware::Move(*this->view, this->view->m_rcContent.CenterPoint());
+    hardware::LeftDown();
     EXPECT_TRUE(wants(VK_ESCAPE)) << "there is something to take back";
-    messages::LeftUp(*this->view, this->view->m_rcContent.CenterPoint());
+    hardware::LeftUp();
 }
 
 TYPED_TEST(Views, AddUpTheWheel)
 {
     this->SetOption(&CalendarOptions::wheelByDelta);
-    const auto turn = [&](UINT message, int delta, UINT keys = 0) {
-        CPoint point = this->view->m_rcContent.CenterPoint();
-        this->view->ClientToScreen(&point);
-        this->view->SendMessage(message, MAKEWPARAM(keys, delta), MAKELPARAM(point.x, point.y));
-        PumpMessages();
+    ASSERT_TRUE(hardware::Focus(*this->view));
+    const CPoint point = this->view->m_rcContent.CenterPoint();
+    const auto turn = [&](int delta) { hardware::TurnWheel(*this->view, point, delta); };
+    const auto push = [&](int delta) { hardware::PushWheel(*this->view, point, delta); };
+    const auto scale = [&](int delta) {
+        hardware::KeyDown(VK_CONTROL);
+        turn(delta);
+        hardware::KeyUp(VK_CONTROL);
     };
     const auto place = [&] {
         COleDateTime first, last;
@@ -426,26 +428,26 @@ TYPED_TEST(Views, AddUpTheWheel)
         return std::string(first.Format("%Y-%m-%d")) + "/" + std::to_string(this->view->GetVertScrollOffset()) + "/" +
                std::to_string(this->view->GetTimeScale());
     };
-    turn(WM_MOUSEWHEEL, -120); // off the end of the day
+    turn(-120); // off the end of the day
     const std::string start = place();
-    turn(WM_MOUSEWHEEL, 10);
+    turn(10);
     EXPECT_EQ(place(), start) << "too little";
     for (int i = 0; i < 11; ++i) {
-        turn(WM_MOUSEWHEEL, 10);
+        turn(10);
     }
     const std::string up = place();
     EXPECT_NE(up, start);
-    turn(WM_MOUSEWHEEL, -120);
+    turn(-120);
     EXPECT_EQ(place(), start);
-    turn(WM_MOUSEHWHEEL, 120);
+    push(120);
     const std::string right = place();
     EXPECT_GT(right, start) << "later";
-    turn(WM_MOUSEHWHEEL, -120);
+    push(-120);
     EXPECT_EQ(place(), start);
-    turn(WM_MOUSEWHEEL, 120, MK_CONTROL);
+    scale(120);
     const bool isGrid = this->view->IsKindOf(RUNTIME_CLASS(CTimeGridCtrl)) != FALSE;
     EXPECT_EQ(this->view->GetTimeScale(), isGrid ? 3 : 2);
-    turn(WM_MOUSEWHEEL, -120, MK_CONTROL);
+    scale(-120);
     EXPECT_EQ(place(), start);
 }
 

@@ -390,17 +390,18 @@ TEST(MiniCalendarWindow, TheFocusIsSeenOnceTheKeyboardIsUsed)
 {
     Days s(1, 1, CPoint(10, 10), Make<CMiniCalendarCtrl, Cued<CMiniCalendarCtrl>>);
     const Pixels unfocused = s.Seen(*s.control);
-    s.control->SetFocus();
+    ASSERT_TRUE(hardware::Focus(s.control->m_hWnd));
     EXPECT_EQ(unfocused, s.Seen(*s.control));
-    s.Key(VK_ESCAPE);
+    hardware::Key(VK_ESCAPE);
     EXPECT_NE(unfocused, s.Seen(*s.control));
 }
 
 TEST(MiniCalendarWindow, TheWheelPagesByWholeTurns)
 {
     Days s;
+    ASSERT_TRUE(hardware::Focus(s.control->m_hWnd));
     const auto turn = [&](int delta) {
-        ::SendMessage(s.control->m_hWnd, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);
+        hardware::TurnWheel(s.control->m_hWnd, s.At(Day(2010, 1, 20)), delta);
         return s.Shown();
     };
     EXPECT_EQ("2010/2/1", turn(-WHEEL_DELTA));
@@ -411,12 +412,13 @@ TEST(MiniCalendarWindow, TheWheelPagesByWholeTurns)
 
 TEST(MiniCalendarWindow, ASweepHeldBesideTheDaysPages)
 {
-    Days s;
-    s.Press(s.At(Day(2010, 1, 20)));
-    s.Move(CPoint(-40, 60));
+    Days s(1, 1, CPoint(60, 10)); // on the screen there is room to its left
+    hardware::Move(s.control->m_hWnd, s.At(Day(2010, 1, 20)));
+    hardware::LeftDown();
+    hardware::Move(s.control->m_hWnd, CPoint(-40, 60));
     EXPECT_TRUE(PumpUntil([&] { return s.Shown() == "2009/11/1"; }));
-    s.Move(s.At(Day(2009, 11, 9)));
-    s.Release(s.At(Day(2009, 11, 9)));
+    hardware::Move(s.control->m_hWnd, s.At(Day(2009, 11, 9)));
+    hardware::LeftUp();
     EXPECT_EQ(Reports{"MCN_SELECT 2009/11/9 - 2010/1/20"}, s.parent.Take());
 }
 

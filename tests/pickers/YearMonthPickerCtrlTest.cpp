@@ -309,9 +309,9 @@ TEST(YearMonthPickerWindow, PrintsWhatItShowsAndShowsTheFocusForTheKeyboard)
 {
     Picker p(CRect(10, 10, 160, 40), Make<CYearMonthPickerCtrl, Cued<CYearMonthPickerCtrl>>);
     const Pixels unfocused = p.Seen(*p.control);
-    p.control->SetFocus();
+    ASSERT_TRUE(hardware::Focus(p.control->m_hWnd));
     EXPECT_EQ(unfocused, p.Seen(*p.control));
-    p.Key(VK_SHIFT);
+    hardware::Key(VK_SHIFT);
     EXPECT_NE(unfocused, p.Seen(*p.control));
     EXPECT_EQ(p.Seen(*p.control), p.Printed(*p.control));
     p.control->EnableWindow(FALSE);

@@ -313,8 +313,19 @@ void Type(const std::string& text)
 
 void Wheel(HWND window, CPoint point, int notches)
 {
+    TurnWheel(window, point, notches * WHEEL_DELTA);
+}
+
+void TurnWheel(HWND window, CPoint point, int delta)
+{
     Move(window, point);
-    InjectMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
+    InjectMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta));
+}
+
+void PushWheel(HWND window, CPoint point, int delta)
+{
+    Move(window, point);
+    InjectMouse(MOUSEEVENTF_HWHEEL, static_cast<DWORD>(delta));
 }
 
 } // namespace hardware

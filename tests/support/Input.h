@@ -67,6 +67,9 @@ void Key(int virtualKey, std::initializer_list<int> held = {});
 // Latin letters, digits and blanks as key strokes.
 void Type(const std::string& text);
 void Wheel(HWND window, CPoint point, int notches);
+// delta: of the wheel, in the unit of WHEEL_DELTA for a notch; right, for a wheel that is pushed sideways.
+void TurnWheel(HWND window, CPoint point, int delta);
+void PushWheel(HWND window, CPoint point, int delta);
 } // namespace hardware
 
 } // namespace testsupport

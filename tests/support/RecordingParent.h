@@ -65,6 +65,8 @@ public:
     // Notifications with this code are not written down, and the hook is not called for them.
     void Ignore(int code) { m_ignored.push_back(code); }
     void SetHook(Hook hook) { m_hook = std::move(hook); }
+    // From now on keys go through IsDialogMessage first, as in a dialog.
+    void ActAsDialog() { m_isDialog = true; }
 
     const std::vector<Notification>& Log() const { return m_log; }
     void ClearLog() { m_log.clear(); }
@@ -73,6 +75,7 @@ public:
     std::vector<std::string> Lines() const;
 
 protected:
+    BOOL PreTranslateMessage(MSG* pMsg) override { return m_isDialog && ::IsDialogMessage(m_hWnd, pMsg); }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
@@ -81,6 +84,7 @@ private:
     std::vector<Notification> m_log;
     std::vector<int> m_ignored;
     Hook m_hook;
+    bool m_isDialog = false;
 };
 
 // "2017-04-25 10:00:00", or "none" for a record that is all zero.

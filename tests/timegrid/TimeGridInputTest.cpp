@@ -6,29 +6,31 @@
 
 using namespace gridtest;
 using testsupport::PumpMessages;
+namespace hardware = testsupport::hardware;
 
 // Keys, header frame and current date go where the hand is.
 TEST(GridMouse, TheCurrentDateFollowsTheSelection)
 {
-    using namespace testsupport::messages;
+    using namespace testsupport::hardware;
     Scene<CWeekDayViewCtrl> scene(900, 500);
     const HWND window = scene.view->m_hWnd;
+    ASSERT_TRUE(Focus(window));
     const auto in = [&scene](int column, int y) {
         return CPoint(scene.view->GetColumnRect(column).left + 20, scene.view->m_rcContent.top + y);
     };
     Click(window, in(4, 50)); // Friday 1:00, current is Wednesday
     EXPECT_EQ(At(1, 0, 28), scene.view->GetCurrentDate());
-    Key(window, VK_RIGHT); // to the next day that a working week shows
+    Key(VK_RIGHT); // to the next day that a working week shows
     EXPECT_EQ("01 01:00 - 01 01:00", scene.Selection());
     EXPECT_EQ("05-01 00:00:00 - 05-05 23:59:59", scene.Range());
-    Key(window, VK_LEFT);
+    Key(VK_LEFT);
     EXPECT_EQ("28 01:00 - 28 01:00", scene.Selection());
     EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", scene.Range());
 
     Drag(window, in(0, 50), in(1, 90)); // a sweep: keys go on from its end
     EXPECT_EQ("24 01:00 - 25 02:00", scene.Selection());
     EXPECT_EQ(At(2, 0, 25), scene.view->GetCurrentDate());
-    Key(window, VK_DOWN);
+    Key(VK_DOWN);
     EXPECT_EQ("25 02:30 - 25 02:30", scene.Selection());
     Click(window, CPoint(in(3, 0).x, scene.view->m_rcContent.top - 10)); // the band
     EXPECT_TRUE(scene.view->IsWholeDaySelection());
@@ -36,15 +38,16 @@ TEST(GridMouse, TheCurrentDateFollowsTheSelection)
 
     // Where a host has moved the selection alone, the first key moves from there.
     scene.view->SetSelRange(At(9, 0, 24), At(9, 0, 24));
-    Key(window, VK_RIGHT);
+    Key(VK_RIGHT);
     EXPECT_EQ("25 09:00 - 25 09:00", scene.Selection());
     EXPECT_EQ(At(9, 0, 25), scene.view->GetCurrentDate());
 
     Scene<CDayViewCtrl> day;
-    Click(day.view->m_hWnd, CPoint(200, 60 + 50));
+    ASSERT_TRUE(Focus(*day.view));
+    Click(*day.view, CPoint(200, 60 + 50));
     EXPECT_EQ(At(1, 0), day.view->GetCurrentDate());
     day.view->SetSelRange(At(9, 0, 28), At(9, 0, 28));
-    Key(day.view->m_hWnd, VK_DOWN);
+    Key(VK_DOWN);
     EXPECT_EQ("28 09:30 - 28 09:30", day.Selection());
     EXPECT_EQ(At(9, 30, 28), day.view->GetCurrentDate());
 }
@@ -63,11 +66,12 @@ TEST(GridKeys, LeaveNoHighlightInTheBand)
         CClientDC window(scene.view);
         return window.GetPixel(band(column));
     };
-    testsupport::messages::Drag(scene.view->m_hWnd, band(0), band(2));
+    ASSERT_TRUE(hardware::Focus(*scene.view));
+    hardware::Drag(*scene.view, band(0), band(2));
     for (int column = 0; column < 3; ++column) {
         EXPECT_EQ(mark, color(column)) << column;
     }
-    testsupport::messages::Key(scene.view->m_hWnd, VK_DOWN);
+    hardware::Key(VK_DOWN);
     EXPECT_NE(mark, color(0));
     EXPECT_NE(mark, color(1));
     EXPECT_EQ(mark, color(2));
@@ -76,10 +80,9 @@ TEST(GridKeys, LeaveNoHighlightInTheBand)
 // In a grid of 440 pixels: 22 rows.
 TEST(GridScroll, KeysStayInSight)
 {
-    using testsupport::KeyState;
-    using testsupport::messages::Key;
+    using hardware::Key;
     Scene<CDayViewCtrl> scene;
-    const HWND window = scene.view->m_hWnd;
+    ASSERT_TRUE(hardware::Focus(*scene.view));
     const int height = scene.view->m_rcContent.Height();
     const auto isInSight = [&] {
         PumpMessages();
@@ -87,41 +90,38 @@ TEST(GridScroll, KeysStayInSight)
         return top >= scene.Offset() && top + 20 <= scene.Offset() + height;
     };
     scene.Scroll(SB_BOTTOM);
-    Key(window, VK_UP); // far from 9:00
+    Key(VK_UP); // far from 9:00
     EXPECT_TRUE(isInSight()) << scene.Offset();
     for (int row = 0; row < 48; ++row) {
-        Key(window, VK_DOWN);
+        Key(VK_DOWN);
         ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
     }
     for (int row = 0; row < 48; ++row) {
-        Key(window, VK_UP);
+        Key(VK_UP);
         ASSERT_TRUE(isInSight()) << scene.Selection() << ", offset " << scene.Offset();
     }
     EXPECT_EQ(0, scene.Offset());
-    Key(window, VK_END);
+    Key(VK_END);
     EXPECT_EQ("26 23:30 - 26 23:30", scene.Selection());
     EXPECT_TRUE(isInSight());
-    Key(window, VK_HOME);
+    Key(VK_HOME);
     EXPECT_EQ("26 00:00 - 26 00:00", scene.Selection());
     EXPECT_TRUE(isInSight());
 
     // Tab goes to an item below.
     scene.Add(At(20, 0), At(21, 0));
-    Key(window, VK_TAB);
+    Key(VK_TAB);
     EXPECT_EQ(0, scene.view->GetCurSel());
     EXPECT_EQ(42 * 20 - height, scene.Offset());
 
     Scene<CWeekDayViewCtrl> week(900, 500);
-    {
-        const KeyState control({VK_CONTROL});
-        week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
-        EXPECT_EQ("28 23:30 - 28 23:30", week.Selection());
-        EXPECT_EQ(At(23, 30, 28), week.view->GetCurrentDate());
-        week.view->SendMessage(WM_KEYDOWN, VK_HOME, 0);
-        EXPECT_EQ("24 00:00 - 24 00:00", week.Selection());
-    }
-    const KeyState shift({VK_SHIFT});
-    week.view->SendMessage(WM_KEYDOWN, VK_END, 0);
+    ASSERT_TRUE(hardware::Focus(*week.view));
+    Key(VK_END, {VK_CONTROL});
+    EXPECT_EQ("28 23:30 - 28 23:30", week.Selection());
+    EXPECT_EQ(At(23, 30, 28), week.view->GetCurrentDate());
+    Key(VK_HOME, {VK_CONTROL});
+    EXPECT_EQ("24 00:00 - 24 00:00", week.Selection());
+    Key(VK_END, {VK_SHIFT});
     EXPECT_EQ("24 00:00 - 24 23:30", week.Selection());
     EXPECT_EQ("04-24 00:00:00 - 04-28 23:59:59", week.Range());
 }
@@ -193,9 +193,8 @@ TEST(GridEdit, OpensInSight)
 
 TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
 {
-    using testsupport::messages::Click;
-    using testsupport::messages::Key;
     Scene<CWeekDayViewCtrl> scene(500, 500);
+    ASSERT_TRUE(hardware::Focus(*scene.view));
     CalendarOptions options;
     options.tidyColumns = options.limitedBand = true;
     for (int i = 0; i < 12; ++i) {
@@ -224,17 +223,17 @@ TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
     for (const CPoint mark : {timedMark, bandMark}) {
         scene.parent.ClearLog();
         scene.view->SetCurSel(-1);
-        testsupport::messages::LeftDown(scene.view->m_hWnd, mark);
+        hardware::Click(*scene.view, mark);
         ASSERT_TRUE(scene.view->IsMoreListOpen()) << mark.y;
-        scene.view->SendMessage(WM_KEYDOWN, VK_END, 0);
-        scene.view->SendMessage(WM_KEYDOWN, VK_RETURN, 0);
+        hardware::Key(VK_END);
+        hardware::Key(VK_RETURN);
         EXPECT_FALSE(scene.view->IsMoreListOpen());
         EXPECT_EQ(mark == timedMark ? 22 : 23, scene.view->GetCurSel());
         EXPECT_EQ(1, scene.parent.Count(CCN_ITEMCLICK));
     }
     // F4 in the cell of such a day; scrolling closes the list.
     scene.view->SetSelRange(At(9, 0, 27), At(9, 0, 27));
-    scene.view->SendMessage(WM_KEYDOWN, VK_F4, 0);
+    hardware::Key(VK_F4);
     EXPECT_TRUE(scene.view->IsMoreListOpen());
     scene.Scroll(SB_LINEDOWN);
     EXPECT_FALSE(scene.view->IsMoreListOpen());
@@ -261,11 +260,9 @@ TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
 TEST(GridOptions, TheBandMakesDraggedItemsAllDay)
 {
     Scene<CWeekDayViewCtrl> scene(900, 500);
+    ASSERT_TRUE(hardware::Focus(*scene.view));
     const auto drag = [&scene](CPoint from, CPoint to) {
-        CPoint screen = to;
-        scene.view->ClientToScreen(&screen);
-        ::SetCursorPos(screen.x, screen.y); // the auto-scroll at the grid's edge asks where the pointer is
-        testsupport::messages::Drag(scene.view->m_hWnd, from, to);
+        hardware::Drag(*scene.view, from, to);
         tagCC_ITEM item;
         scene.view->GetItem(0, item);
         return item;
@@ -303,10 +300,11 @@ TEST(GridOptions, FirstRowMoveEndsAWholeDaySelection)
         act();
         return scene.view->IsWholeDaySelection();
     };
-    const auto down = [&] { scene.view->MoveBackward(0); };
-    const auto up = [&] { scene.view->MoveForward(0); }; // stays at midnight
+    ASSERT_TRUE(hardware::Focus(*scene.view));
+    const auto down = [] { hardware::Key(VK_DOWN); };
+    const auto up = [] { hardware::Key(VK_UP); }; // stays at midnight
     const auto date = [&] { scene.view->SetCurrentDate(At(9, 0)); };
-    const auto right = [&] { scene.view->MoveRightward(0); };
+    const auto right = [] { hardware::Key(VK_RIGHT); };
     EXPECT_TRUE(isWholeAfter(down) && isWholeAfter(up) && isWholeAfter(date) && isWholeAfter(right));
     CalendarOptions options = scene.view->GetOptions();
     options.keysLeaveWholeDay = true;
