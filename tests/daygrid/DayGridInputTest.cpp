@@ -14,8 +14,9 @@ public:
     std::string Selected() { return Text(this->view->m_dtSelBegin) + " - " + Text(this->view->m_dtSelEnd); }
     void Key(int key, std::initializer_list<int> held = {})
     {
-        ASSERT_TRUE(hardware::Focus(*this->view));
-        hardware::Key(key, held);
+        const KeyState keys(held);
+        this->view->SendMessage(WM_KEYDOWN, key);
+        PumpMessages();
     }
 };
 
@@ -52,12 +53,13 @@ TEST(DayGridKeys, HomeAndEndStayInTheRange)
                   year.parent.Count(CCN_VIEWRANGECHANGE),
               0)
         << "nothing turns";
-    Hands<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
-    first.Key(VK_HOME, {VK_CONTROL});
+    Scene<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
+    const KeyState control({VK_CONTROL});
+    first.view->SendMessage(WM_KEYDOWN, VK_HOME);
     EXPECT_EQ(Text(first.view->m_dtSelEnd), "0100-01-01");
 }
 
-TEST(DayGridKeys, AScrolledDateIsTheOneThatIsReported)
+TEST(DayGridKeys, AScrolledDateIsTheOneThatIsTold)
 {
     Hands<CYearViewCtrl> year(Day(12, 5));
     year.Key(VK_RIGHT);

@@ -152,6 +152,13 @@ TYPED_TEST(Views, TodayFollowsTheClock)
     this->Print(*other, fresh);
     EXPECT_TRUE(after.SameAs(fresh));
     EXPECT_EQ(before.SameAs(after), (std::is_same<TypeParam, CDayViewCtrl>::value)) << "a day has no mark of today";
+    g_now = At(5, 2, 8); // of a clock that reports nothing
+    this->view->Refresh();
+    other->Refresh();
+    this->Print(*this->view, after);
+    const auto next = std::unique_ptr<Open<TypeParam>>(this->Made(&this->parent));
+    this->Print(*next, fresh);
+    EXPECT_TRUE(after.SameAs(fresh));
 }
 
 TYPED_TEST(Views, ShowTheFocusOnceTheKeyboardIsUsed)

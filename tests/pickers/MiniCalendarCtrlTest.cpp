@@ -400,8 +400,9 @@ TEST(MiniCalendarWindow, TheWheelPagesByWholeTurns)
 {
     Days s;
     ASSERT_TRUE(hardware::Focus(s.control->m_hWnd));
+    const CPoint point = s.At(Day(2010, 1, 20));
     const auto turn = [&](int delta) {
-        hardware::TurnWheel(s.control->m_hWnd, s.At(Day(2010, 1, 20)), delta);
+        hardware::TurnWheel(s.control->m_hWnd, point, delta);
         return s.Shown();
     };
     EXPECT_EQ("2010/2/1", turn(-WHEEL_DELTA));

@@ -20,7 +20,7 @@ TEST(GridTexts, AHeaderKeepsTheDayAndThenTheNote)
     std::size_t before = 0;
     for (int width = 0; width < 240; ++width) {
         const CRect box(61, 30, 61 + width, 50);
-        const HeaderPlaces places = PlaceHeaderTexts(box, texts, WidthOf);
+        const HeaderPlaces places = PlaceHeaderTexts(box, texts, FittingHeaderForm(box, texts, WidthOf), WidthOf);
         EXPECT_GE(places.date.size(), before) << "more room never says less";
         before = places.date.size();
         const int end = places.dateRect.left + WidthOf(places.date);
@@ -33,8 +33,9 @@ TEST(GridTexts, AHeaderKeepsTheDayAndThenTheNote)
     }
     HeaderTexts plain = texts;
     plain.note.clear();
-    EXPECT_TRUE(PlaceHeaderTexts(CRect(0, 0, 76, 20), plain, WidthOf).isWhole);
-    EXPECT_EQ(PlaceHeaderTexts(CRect(0, 0, 20, 20), plain, WidthOf).dateRect, CRect(3, 0, 17, 20)) << "it just fits";
+    EXPECT_TRUE(PlaceHeaderTexts(CRect(0, 0, 76, 20), plain, 0, WidthOf).isWhole);
+    EXPECT_FALSE(PlaceHeaderTexts(CRect(0, 0, 76, 20), plain, 1, WidthOf).isWhole) << "another column is narrower";
+    EXPECT_EQ(PlaceHeaderTexts(CRect(0, 0, 20, 20), plain, 3, WidthOf).dateRect, CRect(3, 0, 17, 20)) << "it just fits";
 }
 
 TEST(GridTexts, HoursFollowTheRows)

@@ -191,6 +191,40 @@ TEST(GridEdit, OpensInSight)
     EXPECT_FALSE(editBox(fresh).IsRectEmpty());
 }
 
+// The tip of a view with all tips.
+template <class View>
+std::u16string TipAt(Open<View>& view, CPoint point)
+{
+    CalendarOptions options;
+    options.toolTips = true;
+    view.SetOptions(options);
+    tagCCHITTESTINFO hit;
+    hit.pt = point;
+    view.HitTest(hit);
+    CRect part;
+    std::u16string text;
+    if (!view.FindTip(hit, part, text)) {
+        return u"";
+    }
+    EXPECT_TRUE(part.PtInRect(point));
+    return text;
+}
+
+// The days of one view show their dates in one form, also where the 9th would have room for a longer one than the 10th.
+TEST(GridHeaders, ShowOneForm)
+{
+    Scene<CWeekDayViewCtrl> scene;
+    scene.view->SetViewOption(2, 0);
+    scene.view->SetCurrentDate(At(9, 0, 9));
+    for (int width = 120; width < 260; ++width) {
+        scene.view->MoveWindow(0, 0, width, 300);
+        const auto tipOf = [&](int column) {
+            return TipAt(*scene.view, CPoint(scene.view->GetColumnRect(column).CenterPoint().x, 40));
+        };
+        ASSERT_EQ(tipOf(0).empty(), tipOf(1).empty()) << width;
+    }
+}
+
 TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
 {
     Scene<CWeekDayViewCtrl> scene(500, 500);
@@ -276,7 +310,7 @@ TEST(GridOptions, TheBandMakesDraggedItemsAllDay)
     CalendarOptions options = scene.view->GetOptions();
     options.wholeDayByDrag = true;
     scene.view->SetOptions(options);
-    tagCC_ITEM item = drag(row, band);
+    tagCC_ITEM item = drag(row + CSize(30, 0), band); // elsewhere: this is no double click
     EXPECT_EQ(1, item.nFullday);
     EXPECT_EQ(At(0, 0, 27), item.dtStart);
     EXPECT_EQ(CCHT_ONFULLDAYITEM, [&] {

@@ -83,16 +83,22 @@ GridCaption PlaceCaptionTexts(const CRect& caption, const std::vector<int>& widt
     return places;
 }
 
-HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, const TextWidth& widthOf,
+int FittingHeaderForm(const CRect& box, const HeaderTexts& texts, const TextWidth& widthOf, const ViewScale& scale)
+{
+    const int room = box.Width() - 2 * scale.Of(kTexts.headerInset);
+    const auto forms = texts.Forms();
+    const auto fits = std::find_if(forms.begin(), forms.end() - 1,
+                                   [&](const std::u16string* form) { return widthOf(*form) <= room; });
+    return static_cast<int>(fits - forms.begin());
+}
+
+HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, int form, const TextWidth& widthOf,
                               const ViewScale& scale)
 {
     CRect area = box;
     area.DeflateRect(scale.Of(kTexts.headerInset), 0);
     HeaderPlaces places;
-    const std::u16string* const forms[] = {&texts.longDate, &texts.dayAndName, &texts.tightDate};
-    const auto fits = std::find_if(std::begin(forms), std::end(forms),
-                                   [&](const std::u16string* form) { return widthOf(*form) <= area.Width(); });
-    places.date = fits != std::end(forms) ? **fits : texts.shortDate;
+    places.date = *texts.Forms()[form];
     const int dateWidth = widthOf(places.date);
     if (dateWidth > area.Width()) {
         area = box; // rather without a margin than cut
@@ -107,7 +113,7 @@ HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, const 
         places.note = area;
         places.note.left += dateWidth + gap;
     }
-    places.isWhole = places.date == texts.longDate && (hasNote ? noteRoom : 0) == noteWidth;
+    places.isWhole = form == 0 && (hasNote ? noteRoom : 0) == noteWidth;
     return places;
 }
 

@@ -52,15 +52,20 @@ struct GridCaption
 // widths: of the texts in that order, 0 for an empty one.
 GridCaption PlaceCaptionTexts(const CRect& caption, const std::vector<int>& widths, const ViewScale& scale = {});
 
+// The place in HeaderTexts::Forms of the first form that has room in the box; the last one, without its weekday, in any
+// case.
+int FittingHeaderForm(const CRect& box, const HeaderTexts& texts, const TextWidth& widthOf,
+                      const ViewScale& scale = {});
+
 // Date and note in the middle of the header of a day.
 struct HeaderPlaces
 {
-    std::u16string date; // the first of its forms that has room; the last one, without its weekday, in any case
+    std::u16string date; // in the form that was asked for
     CRect dateRect;
     CRect note = CRect(0, 0, 0, 0);
     bool isWhole; // nothing is cut or left out
 };
-HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, const TextWidth& widthOf,
+HeaderPlaces PlaceHeaderTexts(const CRect& box, const HeaderTexts& texts, int form, const TextWidth& widthOf,
                               const ViewScale& scale = {});
 
 } // namespace dayvane

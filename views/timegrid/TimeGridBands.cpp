@@ -144,20 +144,27 @@ void TimeGridPainter::DrawTodayHeader(const CRect& box, COLORREF todayColor) con
     DrawHeaderFrame(box, ThemeOr(m_theme.today, kTimeGridPalette.todayFrame));
 }
 
-HeaderPlaces TimeGridPainter::PlaceHeader(const CRect& box, const HeaderTexts& texts, CFont* font) const
+int TimeGridPainter::HeaderForm(const CRect& box, const HeaderTexts& texts, CFont* font) const
 {
     const SelectGdi selectFont(&m_dc, font);
-    const auto widthOf = [this](const std::u16string& text) { return WideTextExtent(m_dc, text).cx; };
-    return PlaceHeaderTexts(box, texts, widthOf, m_state.scale.metrics.scale);
+    const auto widthOf = [&](const std::u16string& text) { return m_tools.texts.WidthOf(&m_dc, font, text); };
+    return FittingHeaderForm(box, texts, widthOf, m_state.scale.metrics.scale);
 }
 
-void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
-                                     CFont* font) const
+HeaderPlaces TimeGridPainter::PlaceHeader(const CRect& box, const HeaderTexts& texts, int form, CFont* font) const
+{
+    const SelectGdi selectFont(&m_dc, font);
+    const auto widthOf = [&](const std::u16string& text) { return m_tools.texts.WidthOf(&m_dc, font, text); };
+    return PlaceHeaderTexts(box, texts, form, widthOf, m_state.scale.metrics.scale);
+}
+
+void TimeGridPainter::DrawHeaderText(const CRect& box, const HeaderTexts& texts, int form, const ShownDay& day,
+                                     bool isDayOff, CFont* font) const
 {
     if (!IsVisible(box)) {
         return;
     }
-    const HeaderPlaces places = PlaceHeader(box, texts, font);
+    const HeaderPlaces places = PlaceHeader(box, texts, form, font);
     const SelectGdi selectFont(&m_dc, font);
     const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     const COLORREF holiday = ThemeOr(m_theme.headerHoliday, kTimeGridPalette.holiday);

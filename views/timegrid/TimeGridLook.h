@@ -7,6 +7,7 @@
 #include "../../core/TextSettings.h"
 #include "TimeScale.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -64,9 +65,12 @@ struct GridCaptionTexts
 GridCaptionTexts CaptionOfDay(const ShownDay& day, bool showHolidays, bool showSolarTerms, const TextSettings& words);
 GridCaptionTexts CaptionOfDays(const COleDateTime& first, const COleDateTime& last, const TextSettings& words);
 
-// The texts of a column's header: the widest that fits is shown.
+// The texts of a column's header. All columns of a view show the same form of the date: the longest that fits in each.
 struct HeaderTexts
 {
+    // The date, the longest form first.
+    std::array<const std::u16string*, 4> Forms() const { return {&longDate, &dayAndName, &tightDate, &shortDate}; }
+
     std::u16string longDate;   // "4/26 (水)"
     std::u16string dayAndName; // "26 (水)"
     std::u16string tightDate;  // "26水"

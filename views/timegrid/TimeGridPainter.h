@@ -138,12 +138,13 @@ public:
     void DrawHeaderBackground(const CRect& header) const;
     void DrawHeaderFrame(const CRect& box, COLORREF frame) const;
     void DrawTodayHeader(const CRect& box, COLORREF todayColor) const;
-    void DrawHeaderText(const CRect& box, const HeaderTexts& texts, const ShownDay& day, bool isDayOff,
+    void DrawHeaderText(const CRect& box, const HeaderTexts& texts, int form, const ShownDay& day, bool isDayOff,
                         CFont* font) const;
 
     // Where the texts of a title band and of a header stand.
     GridCaption PlaceCaption(const CRect& caption, const GridCaptionTexts& texts, const CaptionFonts& fonts) const;
-    HeaderPlaces PlaceHeader(const CRect& box, const HeaderTexts& texts, CFont* font) const;
+    int HeaderForm(const CRect& box, const HeaderTexts& texts, CFont* font) const;
+    HeaderPlaces PlaceHeader(const CRect& box, const HeaderTexts& texts, int form, CFont* font) const;
 
 private:
     void HorizontalLine(int left, int right, int y, COLORREF color) const;

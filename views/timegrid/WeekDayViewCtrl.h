@@ -119,4 +119,5 @@ private:
     void InvalidateHeader();
     void ShiftProperties(int nDays);
     dayvane::HeaderTexts HeaderOf(int nColumn);
+    int HeaderFormOn(const dayvane::TimeGridPainter& painter);
 };

@@ -6,6 +6,8 @@
 #include "views/timegrid/DayRange.h"
 #include "views/timegrid/TimeGridParts.h"
 
+#include <algorithm>
+
 using namespace dayvane;
 
 void CWeekDayViewCtrl::InvalidateHeader()
@@ -47,6 +49,7 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
     const DayRange range = GetShownRange();
     const int today = range.ColumnOf(Now());
     const int current = range.ColumnOf(m_dtCurrentDate);
+    const int form = HeaderFormOn(painter);
     for (int i = 0; i < m_nDays; ++i) {
         const CRect box = m_pParts->frame.HeaderBox(i);
         if (i == today) {
@@ -56,7 +59,7 @@ void CWeekDayViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
         }
         const ShownDay& day = GetShownDays()[i];
         const CRect name(box.left, box.top, box.right, box.top + Scale().metrics.headerHeight);
-        painter.DrawHeaderText(name, HeaderOf(i), day, ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
+        painter.DrawHeaderText(name, HeaderOf(i), form, day, ToneOfColumn(i).isDayOff, m_pParts->fonts.Label());
         DrawDayLines(pDC, i);
     }
     painter.DrawSeparators(rcHeader);
@@ -68,6 +71,16 @@ HeaderTexts CWeekDayViewCtrl::HeaderOf(int nColumn)
     return HeaderOfDay(GetShownDays()[nColumn], m_bShowHoliday && !m_dayLines.names, m_texts.HostText(text), m_texts);
 }
 
+// The longest form of the date that has room in every column.
+int CWeekDayViewCtrl::HeaderFormOn(const TimeGridPainter& painter)
+{
+    int form = 0;
+    for (int i = 0; i < m_nDays; ++i) {
+        form = std::max(form, painter.HeaderForm(m_pParts->frame.HeaderBox(i), HeaderOf(i), m_pParts->fonts.Label()));
+    }
+    return form;
+}
+
 std::u16string CWeekDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRect& rcPart)
 {
     const int column = hit.nHitCode == CCHT_ONDAYCAPTION ? ColumnAt(m_pParts->frame, hit.pt.x) : -1;
@@ -76,9 +89,10 @@ std::u16string CWeekDayViewCtrl::FindCutDayText(const tagCCHITTESTINFO& hit, CRe
     }
     rcPart = m_pParts->frame.HeaderBox(column);
     CClientDC dc(this);
+    const TimeGridPainter painter = Painter(&dc);
     const HeaderTexts texts = HeaderOf(column);
     std::u16string text;
-    if (!Painter(&dc).PlaceHeader(rcPart, texts, m_pParts->fonts.Label()).isWhole) {
+    if (!painter.PlaceHeader(rcPart, texts, HeaderFormOn(painter), m_pParts->fonts.Label()).isWhole) {
         text = texts.longDate + (texts.note.empty() ? u"" : u" ") + texts.note;
     }
     const std::vector<DayPiece>& pieces = GetShownDays()[column].pieces;
