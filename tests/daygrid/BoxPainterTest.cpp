@@ -155,6 +155,9 @@ TEST(MonthPaint, BarsAreFilledFramedAndHidden)
     scene.Paint();
     EXPECT_EQ(scene.Pixel(390, 272), kPlainDay) << "white means: not filled";
     EXPECT_EQ(scene.Pixel(400, 272), kGrid) << "so the grid shines through";
+    scene.view->SetTheme(CalendarTheme::HighContrast({0xFFFFFF, kBlack, 0xFFFFFF, kBlack, 0x800000, 0xFFFFFF, kBlack}));
+    scene.Paint();
+    EXPECT_EQ(scene.Pixel(400, 272), 0xFFFFFFu) << "but not where it would be as black as the text";
 }
 
 TEST(MonthPaint, TheVariantShowsTheLastItemOfADayAsABlock)

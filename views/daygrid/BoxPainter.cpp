@@ -243,7 +243,7 @@ void BoxPainter::DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) co
     if (parts.bar.IsRectEmpty()) {
         return;
     }
-    if (item.crColor2 != kUnfilled) {
+    if (item.crColor2 != kUnfilled || m_theme.itemFill == ItemFill::Plain) { // a plain text stands on no grid lines
         Fill(parts.bar, item.crColor2);
     }
     if (!parts.stripe.IsRectEmpty()) {

@@ -86,7 +86,7 @@ void CMonthViewCtrl2::DrawItemBox(CDC& dc, const ItemBox& box)
     if (block.IsRectEmpty()) {
         return;
     }
-    if (item.crColor2 != kUnfilled) {
+    if (item.crColor2 != kUnfilled || m_theme.itemFill == ItemFill::Plain) { // a plain text stands on no grid lines
         pDC->FillSolidRect(&block, item.crColor2);
     }
     painter.DrawOutline(block, ThemeOr(m_theme.itemOutline, kBlockOutline));
