@@ -7,20 +7,24 @@ shots_folder=$ROOT/docs/shots
 calendars_folder=${DAYVANE_CALENDARS:-}
 
 # Windows: name, calendar, views, date, theme, scale in per cent, size, language, system. {view} in the name stands for
-# each of the views. Theme, scale and language take turns, so that every view shows each of them.
+# each of the views; "all" are all of them. The first eight rows show every view in light and dark, at 100 and 200 per
+# cent, in Japanese and English.
 list_windows() {
-    cat <<'TABLE'
-planner-{view}            office          month,month2,workweek,week,day,diary,year 2026-11-20 light    100 1180x860 ja 932
-planner-dark-{view}       office          month,month2,workweek,week,day,diary,year 2026-11-20 dark     100 1180x860 en 932
-planner-200-{view}        office          month,month2,workweek,week,day,diary,year 2026-11-20 light    200 1360x960 en 932
-planner-dark-200-{view}   office          month,month2,workweek,week,day,diary,year 2026-11-20 dark     200 1360x960 ja 932
-planner-150-{view}        office          month                                     2026-11-20 light    150 1360x960 en 932
-planner-classic-{view}    office          month,week                                2026-11-20 classic  100 1180x860 ja 932
-planner-contrast-{view}   office          month                                     2026-11-20 contrast 100 1180x860 ja 932
-planner-1252-{view}       conference-2017 month                                     2017-04-25 light    100 1180x860 en 1252
-planner-conference-{view} conference-2017 day,week                                  2017-04-25 light    100 1180x860 en 932
-planner-{view}            office          agenda                                    2026-11-20 light    100 1180x860 en 932
-planner-dark-150-{view}   office          agenda                                    2026-11-20 dark     150 1360x960 ja 932
+    sed 's/ all / day,workweek,week,diary,month,month2,year,agenda /' <<'TABLE'
+planner-{view}             office          all         2026-11-20 light    100 1180x860 ja 932
+planner-en-{view}          office          all         2026-11-20 light    100 1180x860 en 932
+planner-200-ja-{view}      office          all         2026-11-20 light    200 1360x960 ja 932
+planner-200-{view}         office          all         2026-11-20 light    200 1360x960 en 932
+planner-dark-ja-{view}     office          all         2026-11-20 dark     100 1180x860 ja 932
+planner-dark-{view}        office          all         2026-11-20 dark     100 1180x860 en 932
+planner-dark-200-{view}    office          all         2026-11-20 dark     200 1360x960 ja 932
+planner-dark-200-en-{view} office          all         2026-11-20 dark     200 1360x960 en 932
+planner-150-{view}         office          month       2026-11-20 light    150 1360x960 en 932
+planner-dark-150-{view}    office          agenda      2026-11-20 dark     150 1360x960 ja 932
+planner-classic-{view}     office          month,week  2026-11-20 classic  100 1180x860 ja 932
+planner-contrast-{view}    office          month       2026-11-20 contrast 100 1180x860 ja 932
+planner-1252-{view}        conference-2017 month       2017-04-25 light    100 1180x860 en 1252
+planner-conference-{view}  conference-2017 day,week    2017-04-25 light    100 1180x860 en 932
 TABLE
 }
 
@@ -90,6 +94,10 @@ command_shots() {
         shoot_if_wanted "$wanted" "$name" office --view month --date "$date" --size 1360x960 --language "$language" \
             --days names,terms,seasonal,rokuyo,lunar,moon,weeks,eras
     done 3< <(list_days)
+    case selectors in "$wanted"* | ${wanted%%-*})
+        in_subshell shoot_selectors || die "The date selectors could not be drawn."
+        ;;
+    esac
     case pickers-dialog in "$wanted"*)
         in_subshell shoot_dialog "$shots_folder/pickers-dialog.png" || die "The dialog could not be photographed."
         shrink_pictures "$shots_folder/pickers-dialog.png"
@@ -106,6 +114,22 @@ command_shots() {
         done
         shrink_pictures "$shots_folder/$name"-[0-9]*.png
     done 3< <(list_pages)
+}
+
+# The date selectors in every theme, scale and language of the views' pictures.
+shoot_selectors() {
+    local folder=$BUILD/shots/selectors drawn picture
+    need_wine
+    build win32 selector_pictures
+    start_system 932
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    run_windows "$BUILD/win32/bin/selector_pictures.exe" "$(winepath_of "$folder")" >"$(log_file selectors)" 2>&1 || return
+    for drawn in "$folder"/*.bmp; do
+        picture=$shots_folder/$(basename "$drawn" .bmp).png
+        convert "$drawn" "$picture"
+        shrink_pictures "$picture"
+    done
 }
 
 # The date selectors in a dialog: a day and a month are picked, the chooser is open.
