@@ -36,8 +36,9 @@ wine() {
         [ "$SECONDS" -lt "$deadline" ] || { echo "$1 shows no window" && exit 1; }
         sleep 0.1
     done
-    # A calendar has many colours; a window that is not painted has few.
-    until import -window root "$picture" && colors=$(identify -format %k "$picture") && [ "$colors" -gt 40 ]; do
+    # Within its frame a calendar has many colours; a window that is not painted has one.
+    until import -window root "$picture" && colors=$(convert "$picture" -crop 700x500+60+80 -format %k info:) &&
+        [ "$colors" -gt 20 ]; do
         [ "$SECONDS" -lt "$deadline" ] || { echo "$1 shows no calendar: $colors colours" && exit 1; }
         sleep 0.2
     done
