@@ -288,6 +288,7 @@ TEST(ExactSky, TheTurningOfTheEarthFollowsPublishedCurves)
             EXPECT_NEAR(dayvane::DeltaT(day), expected, 0.2) << year;
         }
     }
+    EXPECT_NEAR(dayvane::DeltaT(36526.5 - 98 * 365.2422), 0.0, 0.2) << "1902, between the years of the table";
 }
 
 TEST(ExactSky, NoAnswerWithoutADate)
