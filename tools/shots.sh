@@ -8,7 +8,7 @@ calendars_folder=${DAYVANE_CALENDARS:-}
 
 # Windows: name, calendar, views, date, theme, scale in per cent, size, language, system. {view} in the name stands for
 # each of the views; "all" are all of them. The first eight rows show every view in light and dark, at 100 and 200 per
-# cent, in Japanese and English.
+# cent, in Japanese and English; the ninth one at 150 per cent.
 list_windows() {
     sed 's/ all / day,workweek,week,diary,month,month2,year,agenda /' <<'TABLE'
 planner-{view}             office          all         2026-11-20 light    100 1180x860 ja 932
@@ -19,7 +19,7 @@ planner-dark-ja-{view}     office          all         2026-11-20 dark     100 1
 planner-dark-{view}        office          all         2026-11-20 dark     100 1180x860 en 932
 planner-dark-200-{view}    office          all         2026-11-20 dark     200 1360x960 ja 932
 planner-dark-200-en-{view} office          all         2026-11-20 dark     200 1360x960 en 932
-planner-150-{view}         office          month       2026-11-20 light    150 1360x960 en 932
+planner-150-{view}         office          month,month2,week,workweek,day,diary,year 2026-11-20 light    150 1360x960 en 932
 planner-dark-150-{view}    office          agenda      2026-11-20 dark     150 1360x960 ja 932
 planner-classic-{view}     office          month,week  2026-11-20 classic  100 1180x860 ja 932
 planner-contrast-{view}    office          month       2026-11-20 contrast 100 1180x860 ja 932
@@ -31,10 +31,10 @@ TABLE
 # Dialogs of the planner: name, dialogs, theme, scale, language, system. {dialog} in the name stands for each of them.
 list_dialogs() {
     cat <<'TABLE'
-dialog-{dialog}          item,series,find,date,reminders,changed,pages light 100 en 932
-dialog-ja-{dialog}       item,series,find,date,reminders,changed,pages light 150 ja 932
-dialog-dark-{dialog}     item,series,find,date,reminders,changed,pages dark  150 en 932
-dialog-dark-ja-{dialog}  item,series,find,date,reminders,changed,pages dark  100 ja 932
+dialog-{dialog}          item,series,find,date,reminders,changed,pages,new,question,progress light 100 en 932
+dialog-ja-{dialog}       item,series,find,date,reminders,changed,pages,new,question,progress light 150 ja 932
+dialog-dark-{dialog}     item,series,find,date,reminders,changed,pages,new,question,progress dark  150 en 932
+dialog-dark-ja-{dialog}  item,series,find,date,reminders,changed,pages,new,question,progress dark  100 ja 932
 TABLE
 }
 
