@@ -150,6 +150,9 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             return brush;
         }
     }
+    if (message == WM_SHOWWINDOW && !wParam) {
+        m_interaction->buffer.Free();
+    }
     if (message == WM_SETFONT) {
         TakeFont(reinterpret_cast<HFONT>(wParam));
         return 0;
@@ -174,6 +177,7 @@ void CCalendarCtrl::OnDestroy()
     m_bFeedPosted = FALSE;
     m_interaction->today.Stop();
     m_interaction->tip.Destroy();
+    m_interaction->buffer.Free();
     m_interaction->isEnding = true;
     CancelTracking();
     if (m_pEdit) {

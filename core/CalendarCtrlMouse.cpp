@@ -503,6 +503,12 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
             DropCarriedItem();
             return;
         }
+        if (nIDEvent == kBufferTimer) {
+            if (!m_interaction->buffer.FreeUnused()) {
+                KillTimer(kBufferTimer);
+            }
+            return;
+        }
         CWnd::OnTimer(nIDEvent);
         return;
     }

@@ -10,7 +10,8 @@
 using namespace dayvane;
 
 namespace {
-constexpr int kFocusInset = 2; // pixels between the edges of a cell or an item and the focus frame in it
+constexpr UINT kBufferMilliseconds = 10000; // without a paint, after which the buffer is freed
+constexpr int kFocusInset = 2;              // pixels between the edges of a cell or an item and the focus frame in it
 } // namespace
 
 // ---- Windows
@@ -52,9 +53,16 @@ void CCalendarCtrl::OnPaint()
         InvalidateRect(&frame, FALSE);
         m_interaction->paintedFocus = frame;
     }
-    CPaintDC dc(this);
-    CMemDC memory(&dc);
-    PaintAll(&memory);
+    PaintBuffer& buffer = m_interaction->buffer;
+    const bool wasKept = buffer.IsKept();
+    {
+        CPaintDC dc(this);
+        CMemDC memory(&dc, buffer, ClientRectOf(*this).Size());
+        PaintAll(&memory);
+    }
+    if (m_hWnd && !wasKept && buffer.IsKept()) {
+        SetTimer(kBufferTimer, kBufferMilliseconds, nullptr);
+    }
 }
 
 // Of WM_PRINT: the picture goes to a device context that is not clipped to the window.

@@ -9,6 +9,12 @@ namespace dayvane {
 namespace {
 
 constexpr size_t kMostParts = 4096; // of more, the box alone counts
+
+// Whether logical units are pixels.
+bool IsPlain(HDC hDC)
+{
+    return ::GetMapMode(hDC) == MM_TEXT && ::GetGraphicsMode(hDC) == GM_COMPATIBLE && ::GetLayout(hDC) == 0;
+}
 } // namespace
 
 std::vector<CRect> RectsOf(const CRgn& region)
@@ -65,9 +71,15 @@ ClipArea::ClipArea(CDC& dc, const CMemDC* buffer) : m_box(0, 0, 0, 0), m_size(0,
         m_parts = buffer->UpdateParts();
         FindPixels(dc, *buffer);
     }
+    POINT moved = {0, 0};
+    const bool isPlain = IsPlain(dc.GetSafeHdc()) && ::DPtoLP(dc.GetSafeHdc(), &moved, 1);
     for (CRect& part : m_parts) {
-        ::DPtoLP(dc.GetSafeHdc(), reinterpret_cast<POINT*>(&part), 2);
-        part.NormalizeRect();
+        if (isPlain) {
+            part.OffsetRect(moved);
+        } else {
+            ::DPtoLP(dc.GetSafeHdc(), reinterpret_cast<POINT*>(&part), 2);
+            part.NormalizeRect();
+        }
     }
     // A region comes so already, but a device context may be upside down.
     std::sort(m_parts.begin(), m_parts.end(),
@@ -78,12 +90,11 @@ ClipArea::ClipArea(CDC& dc, const CMemDC* buffer) : m_box(0, 0, 0, 0), m_size(0,
 void ClipArea::FindPixels(CDC& dc, const CMemDC& buffer)
 {
     const HDC hDC = dc.GetSafeHdc();
-    const bool isPlain =
-        ::GetMapMode(hDC) == MM_TEXT && ::GetGraphicsMode(hDC) == GM_COMPATIBLE && ::GetLayout(hDC) == 0;
-    if (isPlain && buffer.Pixels() && ::GetCurrentObject(hDC, OBJ_BITMAP) == buffer.Bitmap() &&
+    if (IsPlain(hDC) && buffer.Pixels() && ::GetCurrentObject(hDC, OBJ_BITMAP) == buffer.Bitmap() &&
         ::LPtoDP(hDC, &m_origin, 1)) {
         m_pixels = buffer.Pixels();
         m_size = buffer.PixelSize();
+        m_rowPixels = buffer.RowPixels();
     }
 }
 
@@ -107,8 +118,8 @@ bool ClipArea::Fill(const CRect& rect, COLORREF color) const
     }
     ::GdiFlush(); // what the system draws may wait
     const DWORD pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
-    DWORD* row = m_pixels + static_cast<size_t>(seen.top) * m_size.cx + seen.left;
-    for (int y = seen.top; y < seen.bottom; ++y, row += m_size.cx) {
+    DWORD* row = m_pixels + static_cast<size_t>(seen.top) * m_rowPixels + seen.left;
+    for (int y = seen.top; y < seen.bottom; ++y, row += m_rowPixels) {
         std::fill_n(row, seen.Width(), pixel);
     }
     return true;

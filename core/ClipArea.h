@@ -30,6 +30,7 @@ private:
     std::vector<CRect> m_parts; // from above, in bands of one height; empty: the whole box
     DWORD* m_pixels = nullptr;  // of the buffer; nullptr: out of reach
     CSize m_size;               // of the buffer
+    int m_rowPixels = 0;        // from one row of it to the next
     CPoint m_origin;            // of logical units in the buffer
 };
 

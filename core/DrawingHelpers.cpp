@@ -1,6 +1,7 @@
 #include "core/DrawingHelpers.h"
 
 #include "core/ClipArea.h"
+#include "core/PaintBuffer.h"
 
 #include <algorithm>
 
@@ -12,46 +13,86 @@ CMemDC::CMemDC(CDC* pDC) : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrin
 {
     if (m_bMemDC) {
         pDC->GetClipBox(&m_rect);
-        CreateCompatibleDC(pDC);
-        MakeBitmap(CSize(std::max(1, m_rect.Width()), std::max(1, m_rect.Height())));
-        m_pOldBitmap = SelectObject(&m_bitmap);
-        // Of a window that repaints here and there only those places are painted, not all that lies between them.
-        CRgn region;
-        if (dayvane::GetUpdateParts(*pDC, region)) {
-            region.OffsetRgn(-m_rect.left, -m_rect.top);
-            m_parts = dayvane::RectsOf(region);
-            if (!m_parts.empty() && m_parts.size() <= kFewParts) {
-                SelectClipRgn(&region);
-            }
-        }
-        SetWindowOrg(m_rect.left, m_rect.top);
-    } else {
-        m_bPrinting = pDC->m_bPrinting;
-        m_hDC = pDC->m_hDC;
-        m_hAttribDC = pDC->m_hAttribDC;
+        m_bitmap = std::make_shared<dayvane::OffscreenBitmap>();
+        m_bMemDC = m_bitmap->Make(*pDC, SizeOfPicture()) && CreateCompatibleDC(pDC);
     }
+    m_bMemDC ? BeginOffScreen() : BeginDirect();
 }
 
-// With the pixels within reach where the target has pixels of the same kind: painters fill small boxes themselves.
-void CMemDC::MakeBitmap(CSize size)
+CMemDC::CMemDC(CDC* pDC, dayvane::PaintBuffer& kept, CSize window)
+    : m_pDC(pDC), m_rect(0, 0, 0, 0), m_bMemDC(!pDC->IsPrinting())
 {
-    constexpr int kBits = 32;
-    if (m_pDC->GetDeviceCaps(BITSPIXEL) == kBits && m_pDC->GetDeviceCaps(PLANES) == 1) {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof(info.bmiHeader);
-        info.bmiHeader.biWidth = size.cx;
-        info.bmiHeader.biHeight = -size.cy; // rows from above
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = kBits;
-        info.bmiHeader.biCompression = BI_RGB;
-        void* pixels = nullptr;
-        if (HBITMAP bitmap = ::CreateDIBSection(m_pDC->GetSafeHdc(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0)) {
-            m_bitmap.Attach(bitmap);
-            m_pPixels = static_cast<DWORD*>(pixels);
-            return;
+    if (m_bMemDC) {
+        pDC->GetClipBox(&m_rect);
+        m_bitmap = kept.Take(*pDC, SizeOfPicture(), window);
+        m_bMemDC = m_bitmap && CreateCompatibleDC(pDC);
+    }
+    m_bMemDC ? BeginOffScreen() : BeginDirect();
+}
+
+// Also an empty one has a pixel.
+CSize CMemDC::SizeOfPicture() const
+{
+    return CSize(std::max(1, m_rect.Width()), std::max(1, m_rect.Height()));
+}
+
+void CMemDC::BeginOffScreen()
+{
+    m_pOldBitmap = SelectObject(&m_bitmap->bitmap);
+    // Of a window that repaints here and there only those places are painted, not all that lies between them.
+    CRgn region;
+    if (dayvane::GetUpdateParts(*m_pDC, region)) {
+        region.OffsetRgn(-m_rect.left, -m_rect.top);
+        m_parts = dayvane::RectsOf(region);
+        if (!m_parts.empty() && m_parts.size() <= kFewParts) {
+            SelectClipRgn(&region);
         }
     }
-    m_bitmap.CreateCompatibleBitmap(m_pDC, size.cx, size.cy);
+    Clear();
+    SetWindowOrg(m_rect.left, m_rect.top);
+}
+
+void CMemDC::BeginDirect()
+{
+    m_bPrinting = m_pDC->m_bPrinting;
+    m_hDC = m_pDC->m_hDC;
+    m_hAttribDC = m_pDC->m_hAttribDC;
+}
+
+// What the bitmap had from another picture must not show where nothing is painted; a new one is black.
+void CMemDC::Clear()
+{
+    if (!m_bitmap->isUsed) {
+        return;
+    }
+    ::GdiFlush(); // what the system draws may wait
+    const CRect all(CPoint(0, 0), SizeOfPicture());
+    const auto clear = [&](CRect part) {
+        part.IntersectRect(&part, &all);
+        DWORD* row = Pixels() + static_cast<size_t>(part.top) * RowPixels() + part.left;
+        for (int y = part.top; y < part.bottom; ++y, row += RowPixels()) {
+            std::fill_n(row, part.Width(), 0);
+        }
+    };
+    if (m_parts.empty()) {
+        clear(all);
+    }
+    std::for_each(m_parts.begin(), m_parts.end(), clear);
+}
+
+DWORD* CMemDC::Pixels() const
+{
+    return m_bitmap ? m_bitmap->pixels : nullptr;
+}
+
+int CMemDC::RowPixels() const
+{
+    return m_bitmap ? m_bitmap->size.cx : 0;
+}
+
+HBITMAP CMemDC::Bitmap() const
+{
+    return m_bitmap ? static_cast<HBITMAP>(m_bitmap->bitmap.GetSafeHandle()) : nullptr;
 }
 
 CMemDC::~CMemDC()

@@ -4,15 +4,24 @@
 
 #include <afxwin.h>
 
+#include <memory>
 #include <vector>
+
+namespace dayvane {
+struct OffscreenBitmap;
+class PaintBuffer;
+} // namespace dayvane
 
 // Paints off screen: everything drawn between construction and destruction reaches the target in one transfer of its
 // clip box. Where only parts of that box are to be updated, it knows them, and clips to them when they are few: each
-// drawing call goes through all of them. On a printer it draws straight to the target.
+// drawing call goes through all of them. On a printer, and where there is no memory for the picture, it draws straight
+// to the target.
 class CMemDC : public CDC
 {
 public:
     explicit CMemDC(CDC* pDC);
+    // In a paint of a window of that size, in the bitmap that it keeps.
+    CMemDC(CDC* pDC, dayvane::PaintBuffer& kept, CSize window);
     ~CMemDC() override;
 
     // So that a CMemDC can stand where a CDC* is wanted.
@@ -22,15 +31,18 @@ public:
     // What is to be updated, device units of this device context; empty: the whole box. It need not be clipped to that.
     const std::vector<CRect>& UpdateParts() const { return m_parts; }
     // The picture as rows of 32 bits each pixel, from above; nullptr: it is not accessible.
-    DWORD* Pixels() const { return m_pPixels; }
+    DWORD* Pixels() const;
     CSize PixelSize() const { return m_rect.Size(); }
-    HBITMAP Bitmap() const { return static_cast<HBITMAP>(m_bitmap.GetSafeHandle()); }
+    int RowPixels() const; // from one row to the next
+    HBITMAP Bitmap() const;
 
 protected:
-    void MakeBitmap(CSize size);
+    CSize SizeOfPicture() const;
+    void BeginOffScreen();
+    void BeginDirect();
+    void Clear();
 
-    CBitmap m_bitmap;
-    DWORD* m_pPixels = nullptr;
+    std::shared_ptr<dayvane::OffscreenBitmap> m_bitmap;
     std::vector<CRect> m_parts;
     CBitmap* m_pOldBitmap = nullptr;
     CDC* m_pDC;    // the target, not owned

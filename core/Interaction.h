@@ -2,6 +2,7 @@
 // library's own files only.
 #pragma once
 
+#include "PaintBuffer.h"
 #include "PartTip.h"
 #include "TodayWatch.h"
 #include "WheelSteps.h"
@@ -14,7 +15,8 @@
 
 namespace dayvane {
 
-constexpr UINT_PTR kCarryTimer = 0x4B4D; // runs while keys carry an item
+constexpr UINT_PTR kCarryTimer = 0x4B4D;  // runs while keys carry an item
+constexpr UINT_PTR kBufferTimer = 0x4B42; // runs while the paint buffer is kept
 
 // Where the keys go in a view.
 enum class ViewPlace
@@ -42,6 +44,7 @@ struct Interaction
     explicit Interaction(std::function<void()> onNewDay) : today(std::move(onNewDay)) {}
 
     TodayWatch today;
+    PaintBuffer buffer;
     bool showsFocus = false;                // the keyboard was used after the mouse
     CRect paintedFocus = CRect(0, 0, 0, 0); // where the window shows it now; empty: nowhere
     bool tabsBack = false;                  // the item that Tab looks for is an earlier one

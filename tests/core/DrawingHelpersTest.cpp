@@ -1,5 +1,6 @@
 #include "core/ClipArea.h"
 #include "core/DrawingHelpers.h"
+#include "core/PaintBuffer.h"
 
 #include "support/MemoryDc.h"
 
@@ -69,6 +70,67 @@ TEST(MemDC, FillsOfItsOwnPixelsAreThoseOfTheSystem)
     EXPECT_FALSE(ClipArea(own.Dc()).Fill(CRect(0, 0, 9, 9), kInk));
     memory.SetMapMode(MM_TWIPS);
     EXPECT_FALSE(ClipArea(memory, &memory).Fill(CRect(0, 0, 9, 9), kInk));
+}
+
+TEST(MemDC, InAKeptBitmapShowsNothingOfEarlierPictures)
+{
+    const CSize size(60, 40);
+    MemoryDc kept(size.cx, size.cy), fresh(size.cx, size.cy);
+    PaintBuffer buffer;
+    for (int seed = 0; seed < 40; ++seed) {
+        const CRect clip(seed % 7, seed % 5, 59 - seed % 13, 39 - seed % 11);
+        const CRect painted(seed % 30, seed % 20, 50, 35);
+        const auto paint = [&](CMemDC&& memory) {
+            memory.FillSolidRect(&painted, RGB(seed, 100, 200));
+            EXPECT_TRUE(ClipArea(memory, &memory).Fill(CRect(10, 10, 20, 12), kInk));
+        };
+        for (MemoryDc* surface : {&kept, &fresh}) {
+            const SaveDcScope saved(&surface->Dc());
+            surface->Dc().IntersectClipRect(&clip);
+            surface == &kept ? paint(CMemDC(&surface->Dc(), buffer, size)) : paint(CMemDC(&surface->Dc()));
+        }
+        ASSERT_TRUE(kept.SameAs(fresh)) << seed;
+    }
+}
+
+TEST(MemDC, KeepsOneBitmapOfTheWindowsSize)
+{
+    MemoryDc surface(60, 40);
+    PaintBuffer buffer;
+    const auto take = [&](CSize size, CSize window) { return buffer.Take(surface.Dc(), size, window); };
+    auto first = take({5, 5}, {60, 40});
+    EXPECT_EQ(first->size, CSize(60, 40));
+    EXPECT_NE(take({5, 5}, {60, 40}), first) << "while that is in use";
+    const OffscreenBitmap* const address = first.get();
+    first.reset();
+    EXPECT_EQ(take({60, 40}, {60, 40}).get(), address);
+    EXPECT_EQ(take({70, 5}, {60, 40})->size, CSize(70, 5)) << "never too small";
+    EXPECT_FALSE(buffer.IsKept());
+    EXPECT_EQ(take({5, 5}, {30, 20})->size, CSize(30, 20));
+    EXPECT_EQ(take({5, 6}, {30000, 20000})->size, CSize(5, 6)) << "too large to keep";
+    EXPECT_FALSE(buffer.IsKept());
+    EXPECT_EQ(take({100000, 100000}, {100000, 100000}), nullptr);
+}
+
+TEST(MemDC, WithoutMemoryItPaintsStraight)
+{
+    MemoryDc surface(50, 50);
+    surface.Dc().SetMapMode(MM_ANISOTROPIC); // its clip box: 100,000 x 100,000
+    surface.Dc().SetWindowExt(100000, 100000);
+    surface.Dc().SetViewportExt(50, 50);
+    PaintBuffer buffer;
+    {
+        CMemDC direct(&surface.Dc(), buffer, CSize(50, 50));
+        direct.FillSolidRect(CRect(0, 0, 50000, 100000), kInk);
+        EXPECT_EQ(direct.m_hDC, surface.Dc().m_hDC);
+    }
+    {
+        CMemDC direct(&surface.Dc());
+        direct.FillSolidRect(CRect(0, 0, 100000, 50000), kOtherInk);
+    }
+    EXPECT_EQ(surface.Count(CRect(0, 0, 50, 25), kOtherInk), 50 * 25);
+    EXPECT_EQ(surface.Count(CRect(0, 25, 25, 50), kInk), 25 * 25);
+    EXPECT_EQ(surface.Count(CRect(25, 25, 50, 50), kPaper), 25 * 25);
 }
 
 TEST(DrawingHelpers, GradientsReachTheirColours)
