@@ -215,72 +215,124 @@ private:
     std::vector<int> m_lastSetOf;          // kind: the set entered last
 };
 
-// The waiting bars of one row whose lanes do not overlap, counted by lane and kind. Those of one kind wait in the order
-// of their lanes, which is that of their placing: the next one is always in the first lane that has any.
-class CountedBars
+// Both sweeps of one row whose lanes do not overlap, with the waiting bars counted by lane and kind. Those of one kind
+// wait in the order of their lanes, which is that of their placing: the next one is always in the first lane that has
+// any. Lane: an unsigned type that holds twice as many as there are bars; the narrower, the faster. steps: of kinds.
+template <class Lane, std::size_t steps>
+class RowSweeps
 {
 public:
-    static constexpr std::size_t kMostKinds = 4 * kKindsPerStep;
-
     // which: those of the kinds that there are in the row.
-    CountedBars(const std::vector<BarKind>& kinds, const std::vector<int>& which)
-        : m_width((which.size() + kKindsPerStep - 1) / kKindsPerStep * kKindsPerStep), m_placeOf(kinds.size(), 0),
-          m_firstLane(which.size(), 0), m_overlaps(which.size() * m_width, 0)
+    RowSweeps(const std::vector<BarKind>& kinds, const std::vector<int>& which)
+        : m_overlaps(which.size()), m_isOwn(which.size())
     {
         for (std::size_t a = 0; a < which.size(); ++a) {
-            m_placeOf[which[a]] = a;
+            m_isOwn[a].of[a] = 1;
             for (std::size_t b = 0; b < which.size(); ++b) {
-                m_overlaps[a * m_width + b] = kinds[which[a]].CanOverlap(kinds[which[b]]) ? -1 : 0;
+                if (kinds[which[a]].CanOverlap(kinds[which[b]])) {
+                    m_overlaps[a].of[b] = static_cast<Lane>(-1);
+                }
             }
         }
     }
 
-    void Enter(int kind, int lane)
+    // bars: of each its place in `which`.
+    std::vector<Lane> Run(const std::vector<int>& bars) const
     {
-        Grow(lane);
-        ++m_counts[lane * m_width + m_placeOf[kind]];
-    }
-
-    // Places the next bar of the kind: those of its lane that it can overlap move down by one. Returns the lane.
-    int Place(int kind)
-    {
-        const std::size_t place = m_placeOf[kind];
-        int& lane = m_firstLane[place];
-        while (m_counts[lane * m_width + place] == 0) {
-            ++lane;
+        std::vector<Lane> lanes(bars.size());
+        SweepFirst(bars, lanes);
+        std::vector<Row> counts(*std::max_element(lanes.begin(), lanes.end()) + std::size_t(2));
+        for (std::size_t i = 0; i < bars.size(); ++i) {
+            ++counts[lanes[i]].of[bars[i]];
         }
-        --m_counts[lane * m_width + place];
-        Grow(lane + 1);
-        PushDown(&m_counts[lane * m_width], &m_counts[(lane + 1) * m_width], &m_overlaps[place * m_width], m_width);
-        return lane;
+        SweepAgain(bars, counts, lanes);
+        return lanes;
     }
 
 private:
-    void Grow(int lane)
+    static constexpr std::size_t kWidth = steps * kKindsPerStep;
+    static constexpr std::size_t kCacheLine = 64; // bytes; what lies across two of them is slow
+
+    // A number for each kind.
+    struct alignas(kCacheLine) Row
     {
-        if (m_counts.size() < (lane + 1) * m_width) {
-            m_counts.resize((lane + 1) * m_width, 0);
+        Lane of[kWidth] = {};
+    };
+
+    // Each bar takes a lane. Those still to come that it can overlap move down from there by one.
+    void SweepFirst(const std::vector<int>& bars, std::vector<Lane>& lanes) const
+    {
+        Row next; // the lane of the next bar of a kind
+        Lane* taken = lanes.data();
+        for (const int place : bars) {
+            *taken = next.of[place];
+            MoveDown(next.of, m_overlaps[place], *taken++);
         }
     }
 
-    // A separate function with a simple body, so that compilers vectorise it.
-    static void PushDown(int* __restrict from, int* __restrict to, const int* __restrict which, std::size_t count)
+    // Each bar takes the lane in which it waits. Those that wait there and that it can overlap move down by one.
+    void SweepAgain(const std::vector<int>& bars, std::vector<Row>& counts, std::vector<Lane>& lanes) const
     {
-        for (; count > 0; count -= kKindsPerStep, from += kKindsPerStep, to += kKindsPerStep, which += kKindsPerStep) {
-            for (std::size_t k = 0; k < kKindsPerStep; ++k) {
-                const int moved = from[k] & which[k];
-                from[k] -= moved;
-                to[k] += moved;
+        std::size_t first[kWidth] = {}; // kind: none of it waits in an earlier lane
+        Lane* taken = lanes.data();
+        for (const int place : bars) {
+            std::size_t& lane = first[place];
+            while (counts[lane].of[place] == 0) {
+                ++lane;
             }
+            if (lane + 1 == counts.size()) {
+                counts.resize(counts.size() + counts.size() / 2 + 1);
+            }
+            PushDown(counts[lane].of, counts[lane + 1].of, m_overlaps[place], m_isOwn[place]);
+            *taken++ = static_cast<Lane>(lane);
         }
     }
 
-    std::size_t m_width;                // of a lane in m_counts: kinds, filled up to whole steps
-    std::vector<std::size_t> m_placeOf; // of a kind in what follows
-    std::vector<int> m_counts;          // lane, kind: waiting bars
-    std::vector<int> m_firstLane;       // kind: none of it waits in an earlier one
-    std::vector<int> m_overlaps;        // kind, kind: all bits set where they can overlap, else 0
+    // With simple bodies, so that compilers vectorise them.
+    static void MoveDown(Lane* __restrict lanes, const Row& which, Lane from)
+    {
+        for (std::size_t k = 0; k < kWidth; ++k) {
+            const Lane isThere = lanes[k] == from ? static_cast<Lane>(-1) : Lane(0);
+            lanes[k] = static_cast<Lane>(lanes[k] - (isThere & which.of[k]));
+        }
+    }
+
+    // leaving: the bar that is placed. Subtracted on its own it would hold up the processor, which reads what was just
+    // written at once only when it is read in no larger pieces.
+    static void PushDown(Lane* __restrict from, Lane* __restrict to, const Row& which, const Row& leaving)
+    {
+        for (std::size_t k = 0; k < kWidth; ++k) {
+            const Lane waiting = static_cast<Lane>(from[k] - leaving.of[k]);
+            const Lane moved = waiting & which.of[k];
+            from[k] = static_cast<Lane>(waiting - moved);
+            to[k] = static_cast<Lane>(to[k] + moved);
+        }
+    }
+
+    std::vector<Row> m_overlaps; // kind, kind: all bits set where they can overlap, else 0
+    std::vector<Row> m_isOwn;    // kind, kind: 1 where they are the same, else 0
 };
+
+constexpr std::size_t kMostSteps = 4; // of more kinds, visiting all of them costs more than lists do
+
+// bars: positions in kindOf and in lanes.
+template <class Lane>
+void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
+              const std::vector<int>& kindsThere, std::vector<int>& lanes)
+{
+    std::vector<int> placeOf(kinds.size(), 0);
+    for (std::size_t place = 0; place < kindsThere.size(); ++place) {
+        placeOf[kindsThere[place]] = static_cast<int>(place);
+    }
+    std::vector<int> places(bars.size());
+    std::transform(bars.begin(), bars.end(), places.begin(), [&](int bar) { return placeOf[kindOf[bar]]; });
+    const std::vector<Lane> taken = kindsThere.size() <= kKindsPerStep
+                                        ? RowSweeps<Lane, 1>(kinds, kindsThere).Run(places)
+                                        : RowSweeps<Lane, kMostSteps>(kinds, kindsThere).Run(places);
+    for (std::size_t i = 0; i < bars.size(); ++i) {
+        lanes[bars[i]] = static_cast<int>(taken[i]);
+    }
+}
 
 std::vector<int> KindsOf(int block, const std::vector<BarKind>& kinds, const RowBlocks& blocks)
 {
@@ -314,53 +366,76 @@ void PushRow(WaitingBars& waiting, const BarKind& kind, int ownRow, int lane, in
     }
 }
 
+// The bars of a block by way of lists, whatever overlaps.
+void SweepBlock(const std::vector<int>& bars, const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
+                const RowBlocks& blocks, const LaneGrid& grid, FirstSweep& first, std::vector<int>& lanes)
+{
+    WaitingBars waiting(kinds, blocks, bars.size());
+    std::vector<int> setOf;
+    setOf.reserve(bars.size());
+    for (const int bar : bars) {
+        const int kind = kindOf[bar];
+        const int lane = (first.Place(kind) - grid.firstTops[blocks.rowOf[kind]]) / grid.laneStep;
+        setOf.push_back(waiting.Enter(kind, lane));
+    }
+    for (std::size_t i = 0; i < bars.size(); ++i) {
+        const int kind = kindOf[bars[i]];
+        const int lane = waiting.Leave(setOf[i]);
+        lanes[bars[i]] = lane;
+        const int ownRow = blocks.rowOf[kind];
+        const int firstRow = blocks.rowsOverlap ? 0 : ownRow;
+        const int lastRow = blocks.rowsOverlap ? blocks.rows - 1 : ownRow;
+        for (int row = firstRow; row <= lastRow; ++row) {
+            PushRow(waiting, kinds[kind], ownRow, lane, row, grid);
+        }
+    }
+}
+
+// Bars that can overlap stay together in memory: with many bars that is faster.
+std::vector<std::vector<int>> BarsOfBlocks(const std::vector<int>& kindOf, const RowBlocks& blocks)
+{
+    std::vector<std::size_t> counts(blocks.Count(), 0);
+    for (const int kind : kindOf) {
+        if (kind != kNoKind) {
+            ++counts[blocks.BlockOf(kind)];
+        }
+    }
+    std::vector<std::vector<int>> bars(counts.size());
+    std::vector<int*> next;
+    for (std::size_t block = 0; block < counts.size(); ++block) {
+        bars[block].resize(counts[block]);
+        next.push_back(bars[block].data());
+    }
+    for (std::size_t i = 0; i < kindOf.size(); ++i) {
+        if (kindOf[i] != kNoKind) {
+            *next[blocks.BlockOf(kindOf[i])]++ = static_cast<int>(i);
+        }
+    }
+    return bars;
+}
+
 } // namespace
 
 std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid)
 {
+    constexpr std::size_t kMostNarrow = 0x7FFF; // bars whose lanes and counts certainly fit in 16 bits
     const RowBlocks blocks(kinds, grid);
-    // Bars that can overlap stay together in memory: with many bars that is faster.
-    std::vector<std::vector<int>> members(blocks.Count());
-    for (std::size_t i = 0; i < kindOf.size(); ++i) {
-        if (kindOf[i] != kNoKind) {
-            members[blocks.BlockOf(kindOf[i])].push_back(static_cast<int>(i));
-        }
-    }
+    const std::vector<std::vector<int>> bars = BarsOfBlocks(kindOf, blocks);
     std::vector<int> lanes(kindOf.size(), 0);
     FirstSweep first(kinds, blocks, grid);
-    const auto firstLane = [&](int kind) {
-        return (first.Place(kind) - grid.firstTops[blocks.rowOf[kind]]) / grid.laneStep;
-    };
+    const bool lanesAreApart = !blocks.rowsOverlap && grid.barHeight > 0 && grid.barHeight <= grid.laneStep;
     for (int number = 0; number < blocks.Count(); ++number) {
-        const std::vector<int>& block = members[number];
+        const std::vector<int>& block = bars[number];
         const std::vector<int> kindsThere = KindsOf(number, kinds, blocks);
-        if (!blocks.rowsOverlap && grid.barHeight <= grid.laneStep && kindsThere.size() <= CountedBars::kMostKinds) {
-            CountedBars waiting(kinds, kindsThere);
-            for (const int bar : block) {
-                waiting.Enter(kindOf[bar], firstLane(kindOf[bar]));
-            }
-            for (const int bar : block) {
-                lanes[bar] = waiting.Place(kindOf[bar]);
-            }
+        if (block.empty()) {
             continue;
         }
-        WaitingBars waiting(kinds, blocks, block.size());
-        std::vector<int> setOf;
-        setOf.reserve(block.size());
-        for (int bar : block) {
-            const int kind = kindOf[bar];
-            setOf.push_back(waiting.Enter(kind, firstLane(kind)));
-        }
-        for (std::size_t i = 0; i < block.size(); ++i) {
-            const int kind = kindOf[block[i]];
-            const int lane = waiting.Leave(setOf[i]);
-            lanes[block[i]] = lane;
-            const int ownRow = blocks.rowOf[kind];
-            const int firstRow = blocks.rowsOverlap ? 0 : ownRow;
-            const int lastRow = blocks.rowsOverlap ? blocks.rows - 1 : ownRow;
-            for (int row = firstRow; row <= lastRow; ++row) {
-                PushRow(waiting, kinds[kind], ownRow, lane, row, grid);
-            }
+        if (!lanesAreApart || kindsThere.size() > kMostSteps * kKindsPerStep) {
+            SweepBlock(block, kindOf, kinds, blocks, grid, first, lanes);
+        } else if (block.size() <= kMostNarrow) {
+            SweepRow<unsigned short>(block, kindOf, kinds, kindsThere, lanes);
+        } else {
+            SweepRow<unsigned>(block, kindOf, kinds, kindsThere, lanes);
         }
     }
     return lanes;

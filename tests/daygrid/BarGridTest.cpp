@@ -2,12 +2,15 @@
 #include "LiteralMonth.h"
 #include "RandomMonth.h"
 
+#include "core/BarLanes.h"
 #include "views/daygrid/BarBoard.h"
 #include "views/daygrid/RowPieces.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
+#include <vector>
 
 using namespace dayvane;
 
@@ -64,6 +67,27 @@ TEST(BarGrid, BarsGetTheRectanglesOfThePairRule)
         }
     }
     ExpectLiteralBars(300000, 1500, CUT_TO_ROWS);
+}
+
+// So many bars in a row that their lanes are counted in wider numbers.
+TEST(BarGrid, BarsDoNotGiveWayToLaterOnes)
+{
+    constexpr int kFew = 9000;
+    constexpr int kMany = 40000;
+    const LaneGrid row = {{20}, 7, 15, 16};
+    std::vector<BarKind> kinds;
+    for (int first = 0; first < 7; ++first) {
+        for (int last = first; last < std::min(first + 4, 7); ++last) {
+            kinds.push_back({first, last, 10 * first, 10 * last + 9});
+        }
+    }
+    std::mt19937 random(4);
+    std::vector<int> kindOf(kMany);
+    std::generate(kindOf.begin(), kindOf.end(), [&] { return static_cast<int>(random() % kinds.size()); });
+    const std::vector<int> lanes = StackBars(kindOf, kinds, row);
+    const std::vector<int> few = StackBars({kindOf.begin(), kindOf.begin() + kFew}, kinds, row);
+    EXPECT_TRUE(std::equal(few.begin(), few.end(), lanes.begin()));
+    EXPECT_GT(*std::max_element(lanes.begin(), lanes.end()), kMany / 7);
 }
 
 TEST(RowPieces, AreTheIntersectionsWithTheRows)

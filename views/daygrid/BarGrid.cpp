@@ -103,6 +103,9 @@ public:
     explicit LoadCounter(const BoxGrid& grid, BarOverflow overflow)
         : m_grid(grid), m_overflow(overflow), m_items(grid.Count() + 1), m_hidden(grid.Count() + 1)
     {
+        for (int box = 0; box < grid.Count(); ++box) {
+            m_rowEnd.push_back((grid.RowOf(box) + 1) * grid.columns);
+        }
     }
 
     // The last box that the item covers decides whether the item is hidden; one that covers none stays as it was.
@@ -111,7 +114,7 @@ public:
         const int first = std::max(span.first, 0);
         const int last = std::min(span.last, m_grid.Count() - 1);
         for (int box = first; box <= last;) {
-            const int next = std::min(last + 1, (m_grid.RowOf(box) + 1) * m_grid.columns);
+            const int next = std::min(last + 1, m_rowEnd[box]);
             const bool hidden = Overflows(bottom, m_grid.boxes[box].bottom, m_overflow);
             ++m_items[box];
             --m_items[next];
@@ -139,6 +142,7 @@ public:
 private:
     const BoxGrid& m_grid;
     BarOverflow m_overflow;
+    std::vector<int> m_rowEnd; // box: the first of the next row
     std::vector<int> m_items;  // items that begin to cover the box less those that ended before it
     std::vector<int> m_hidden; // the same of the items hidden in it
 };
@@ -179,13 +183,19 @@ std::vector<BoxLoad> LayOut(const BoxGrid& grid, const BarRules& rules, const st
     }
     const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid);
 
+    std::vector<CRect> firstBars; // kind: its bar in lane 0
+    for (const BarKind& kind : finder.kinds) {
+        const int top = laneGrid.firstTops[grid.RowOf(kind.first)];
+        firstBars.emplace_back(kind.left, top, kind.right, top + metrics.BarHeight());
+    }
     LoadCounter counter(grid, rules.overflow);
     for (size_t i = 0; i < spans.size(); ++i) {
         CRect rect = kNoRect;
         if (kindOf[i] != kNoKind) {
-            const BarKind& kind = finder.kinds[kindOf[i]];
-            const int top = laneGrid.firstTops[grid.RowOf(kind.first)] + lanes[i] * metrics.laneStep;
-            rect.SetRect(kind.left, top, kind.right, top + metrics.BarHeight());
+            rect = firstBars[kindOf[i]];
+            const int down = lanes[i] * metrics.laneStep;
+            rect.top += down;
+            rect.bottom += down;
         }
         setItem(i, counter, rect);
     }
