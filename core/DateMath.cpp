@@ -40,6 +40,12 @@ COleDateTime EndOfDay(const COleDateTime& date)
 
 int DayNumberOf(const COleDateTime& date)
 {
+    // To the nearest second, from which the next day may already have begun.
+    const double seconds = date.m_dt * kSecondsPerDay + 0.5;
+    if (date.m_dt >= 0.0 && date.m_dt < civil::kLastDay) {
+        const int day = static_cast<int>(date.m_dt);
+        return seconds >= (day + 1.0) * kSecondsPerDay ? day + 1 : day;
+    }
     const double days = std::floor(std::floor(LinearOf(date.m_dt) * kSecondsPerDay + 0.5) / kSecondsPerDay);
     // A host can write anything into a date; beyond the calendar it is the day after its end.
     return days >= civil::kFirstDay && days <= civil::kLastDay ? static_cast<int>(days) : civil::kLastDay + 1;

@@ -87,6 +87,20 @@ TEST(DateMath, DaysAcrossTheEpochAndAtTheEnds)
     EXPECT_EQ(DayNumberOf(COleDateTime(1e12)), 2958466) << "a date far outside is the day after the calendar's end";
 }
 
+TEST(DateMath, TheDayIsThatOfTheNearestSecond)
+{
+    for (const int day : {-657433, -36522, -2, 0, 1, 39933, 2958464}) {
+        const COleDateTime midnight = DateOfDayNumber(day + 1);
+        for (int tenths = -15; tenths <= 15; ++tenths) {
+            COleDateTime moment = AddSeconds(midnight, tenths < 0 ? -2 : 0);
+            moment.m_dt += (moment.m_dt < 0 ? -0.1 : 0.1) * (tenths < 0 ? tenths + 20 : tenths) / kSecondsPerDay;
+            if (tenths != -5) { // half a second is no nearer to one of them
+                EXPECT_EQ(DayNumberOf(moment), tenths < -5 ? day : day + 1) << day << ", " << tenths;
+            }
+        }
+    }
+}
+
 TEST(DateMath, WeeksBeginOnTheirFirstDay)
 {
     for (int first = kSunday; first <= kSaturday; ++first) {
