@@ -1,6 +1,8 @@
 // The time grids' size and scrolling.
 #include "views/timegrid/TimeGridCtrl.h"
 
+#include "core/ClipArea.h"
+#include "core/PaintedState.h"
 #include "core/WindowHelpers.h"
 #include "views/timegrid/OverlapColumns.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -179,20 +181,25 @@ void CTimeGridCtrl::RepaintCutBoxes(int nOldOffset)
         return (top < grid.top && bottom > grid.top) || (top < grid.bottom && bottom > grid.bottom);
     };
     const auto wasOrIsCut = [&](const CRect& box) { return isCut(box, nOldOffset) || isCut(box, m_nVertScroll); };
+    std::vector<CRect> parts;
     for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
         CRect box = m_arScreenItem[i].rcItem;
         box.NormalizeRect();
         box.InflateRect(m_scale.Of(kCutMargin), m_scale.Of(kCutMargin));
         if (wasOrIsCut(box) && !IsBandItem(m_arScreenItem[i])) {
-            const CRect painted = GetPaintedBox(m_arScreenItem[i]);
-            InvalidateRect(&painted, FALSE);
+            parts.push_back(GetPaintedBox(m_arScreenItem[i]));
         }
     }
     for (const MoreMark& mark : m_pParts->more) {
         if (!mark.inBand && wasOrIsCut(mark.box)) {
-            const CRect painted = VisibleMarkBox(state, mark);
-            InvalidateRect(&painted, FALSE);
+            parts.push_back(VisibleMarkBox(state, mark));
         }
+    }
+    CRgn region; // each call asks the system once
+    if (MakeRegion(JoinParts(parts, ClientRectOf(*this)), region)) {
+        InvalidateRgn(&region, FALSE);
+    } else {
+        InvalidateClient();
     }
 }
 

@@ -275,6 +275,10 @@ void TimeGridPainter::DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedB
                                     bool isCurrent) const
 {
     const CRect& box = painted.box;
+    if (!isCurrent && painted.leftEdge && painted.rightEdge && box.Width() == OUTLINE && box.Height() >= OUTLINE) {
+        Fill(box, item.crColor4); // nothing but its outline
+        return;
+    }
     CRect inner(box.left + (painted.leftEdge ? OUTLINE : 0), box.top + OUTLINE,
                 box.right - (painted.rightEdge ? OUTLINE : 0), box.bottom - OUTLINE);
     const bool isNested = !isCurrent && inner.Width() >= 0 && inner.Height() >= 0;
