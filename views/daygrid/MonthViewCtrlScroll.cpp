@@ -29,10 +29,12 @@ struct MonthPicture
         bool isSelected;
         bool isFirst; // its number has the month beside it
 
-        bool operator==(const Cell& other) const
+        // But for where it ends below: the last row is a little higher or lower than the others.
+        bool LooksLike(const Cell& other) const
         {
-            return rect == other.rect && flags == other.flags && color == other.color && text == other.text &&
-                   isSelected == other.isSelected && isFirst == other.isFirst;
+            return rect.TopLeft() == other.rect.TopLeft() && rect.right == other.rect.right && flags == other.flags &&
+                   color == other.color && text == other.text && isSelected == other.isSelected &&
+                   isFirst == other.isFirst;
         }
     };
     bool isKnown = false; // else it may be anything
@@ -115,10 +117,17 @@ void CMonthViewCtrl::RepaintMoved(MonthPicture& before, int nWeeks)
     }
     for (int i = 0; i < kMonthCells; ++i) {
         const int old = i + nWeeks * kMonthColumns;
-        if (old < 0 || old >= kMonthCells || !(before.cells[old] == after.cells[i])) {
-            changed.push_back(after.cells[i].rect);
-            changed.back().InflateRect(m_scale.Of(kCellMargin), m_scale.Of(kCellMargin));
+        CRect part = after.cells[i].rect;
+        if (old >= 0 && old < kMonthCells && before.cells[old].LooksLike(after.cells[i])) {
+            const int bottom = before.cells[old].rect.bottom;
+            if (bottom == part.bottom) {
+                continue;
+            }
+            part.top = std::min<int>(bottom, part.bottom);
+            part.bottom = std::max<int>(bottom, part.bottom);
         }
+        part.InflateRect(m_scale.Of(kCellMargin), m_scale.Of(kCellMargin));
+        changed.push_back(part);
     }
     const CRect client = ClientRectOf(*this);
     changed.push_back(CRect(client.left, client.top, client.right, m_rcContent.top));
