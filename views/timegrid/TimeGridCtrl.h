@@ -199,6 +199,7 @@ private:
     void TurnPages(int nPages);
     void SizeTo(int cx, int cy);
     BOOL FitsText(const tagCALENDAR_ITEM& item);
+    bool HasPlaceForText(const dayvane::tagCALENDAR_ITEM& item) const;
     BOOL HasMarks(BOOL bBar, int nWidth) const;
     void DrawNowLine(CDC* pDC);
     void DrawMoreMarks(CDC* pDC);

@@ -158,6 +158,13 @@ void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nC
     DrawItemBox(*pDC, {item, PaintedTimedBox(State(), item, nColumnRight).box, area, false, item.nSource == m_nCurSel});
 }
 
+// Whether anything but its ground and its edges shows in the box of an item in the rows.
+bool CTimeGridCtrl::HasPlaceForText(const tagCALENDAR_ITEM& item) const
+{
+    const int width = PaintedTimedBox(State(), item, item.rcItem.right).content.Width();
+    return HasMarks(FALSE, width) || TimeGridPainter::IsWideEnoughForText(width, m_scale);
+}
+
 // A narrow box of many days keeps its room for the text.
 BOOL CTimeGridCtrl::HasMarks(BOOL bBar, int nWidth) const
 {

@@ -2,6 +2,7 @@
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/ClipArea.h"
+#include "core/Interaction.h"
 #include "core/PaintedState.h"
 #include "core/WindowHelpers.h"
 #include "views/timegrid/OverlapColumns.h"
@@ -169,29 +170,28 @@ bool CTimeGridCtrl::RowsFillGrid(int nOffset) const
     return nOffset >= 0 && Scale().DayHeight() - nOffset >= m_rcContent.Height();
 }
 
-// The text of a box that reaches over the grid's upper edge keeps in sight, and so does the count of a mark that is cut
-// at an edge: these do not move with their boxes.
+// The text and the marks of a box that reaches over the grid's upper edge keep in sight, and so does the count of a
+// mark that is cut at an edge, and the focus frame ends at the edges: these do not move with their boxes.
 void CTimeGridCtrl::RepaintCutBoxes(int nOldOffset)
 {
     const TimeGridState state = State();
     const CRect& grid = m_rcContent;
-    const auto isCut = [&grid](const CRect& box, int offset) {
-        const int top = box.top - offset;
-        const int bottom = box.bottom - offset;
-        return (top < grid.top && bottom > grid.top) || (top < grid.bottom && bottom > grid.bottom);
+    const auto isCutAt = [&](const CRect& box, int edge) {
+        return (box.top - nOldOffset < edge && box.bottom - nOldOffset > edge) ||
+               (box.top - m_nVertScroll < edge && box.bottom - m_nVertScroll > edge);
     };
-    const auto wasOrIsCut = [&](const CRect& box) { return isCut(box, nOldOffset) || isCut(box, m_nVertScroll); };
-    std::vector<CRect> parts;
+    const CRect& focus = m_interaction->paintedFocus;
+    std::vector<CRect> parts = {focus, focus + CPoint(0, nOldOffset - m_nVertScroll)};
     for (INT_PTR i = 0; i < m_arScreenItem.GetSize(); ++i) {
         CRect box = m_arScreenItem[i].rcItem;
         box.NormalizeRect();
         box.InflateRect(m_scale.Of(kCutMargin), m_scale.Of(kCutMargin));
-        if (wasOrIsCut(box) && !IsBandItem(m_arScreenItem[i])) {
+        if (isCutAt(box, grid.top) && !IsBandItem(m_arScreenItem[i]) && HasPlaceForText(m_arScreenItem[i])) {
             parts.push_back(GetPaintedBox(m_arScreenItem[i]));
         }
     }
     for (const MoreMark& mark : m_pParts->more) {
-        if (!mark.inBand && wasOrIsCut(mark.box)) {
+        if (!mark.inBand && (isCutAt(mark.box, grid.top) || isCutAt(mark.box, grid.bottom))) {
             parts.push_back(VisibleMarkBox(state, mark));
         }
     }

@@ -275,10 +275,6 @@ void TimeGridPainter::DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedB
                                     bool isCurrent) const
 {
     const CRect& box = painted.box;
-    if (!isCurrent && painted.leftEdge && painted.rightEdge && box.Width() == OUTLINE && box.Height() >= OUTLINE) {
-        Fill(box, item.crColor4); // nothing but its outline
-        return;
-    }
     CRect inner(box.left + (painted.leftEdge ? OUTLINE : 0), box.top + OUTLINE,
                 box.right - (painted.rightEdge ? OUTLINE : 0), box.bottom - OUTLINE);
     const bool isNested = !isCurrent && inner.Width() >= 0 && inner.Height() >= 0;
@@ -297,10 +293,15 @@ void TimeGridPainter::DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedB
     }
 }
 
+bool TimeGridPainter::IsWideEnoughForText(int width, const ViewScale& scale)
+{
+    return width >= scale.Of(kPaint.letterWidth);
+}
+
 bool TimeGridPainter::HasRoomForText(const CRect& content) const
 {
-    return content.Width() >= Px(kPaint.letterWidth) && content.Height() >= Px(kPaint.letterHeight) &&
-           IsVisible(content);
+    return IsWideEnoughForText(content.Width(), m_state.scale.metrics.scale) &&
+           content.Height() >= Px(kPaint.letterHeight) && IsVisible(content);
 }
 
 void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, const CRect& content,

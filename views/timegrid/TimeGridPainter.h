@@ -129,6 +129,7 @@ public:
     void DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, const std::u16string& text,
                       const CRect& content) const;
     bool HasRoomForText(const CRect& content) const; // and it is to be painted
+    static bool IsWideEnoughForText(int width, const ViewScale& scale);
     void DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const;
 
     void DrawDayCaption(const CRect& caption, const GridCaptionTexts& texts, int dayOfWeek,
