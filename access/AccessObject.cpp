@@ -1,6 +1,6 @@
 #include "access/AccessObject.h"
 
-#include <atomic>
+#include "access/PartObject.h"
 
 namespace dayvane {
 namespace {
@@ -44,7 +44,7 @@ HRESULT Give(const std::string& utf8, BSTR* result)
 
 // ---- A list of objects: what several selected parts are
 
-class ObjectList : public IEnumVARIANT
+class ObjectList : public Referenced<IEnumVARIANT>
 {
 public:
     explicit ObjectList(std::vector<IDispatch*> objects) : m_objects(std::move(objects)) { ++s_objects; }
@@ -60,15 +60,6 @@ public:
         }
         AddRef();
         return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const long left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return static_cast<ULONG>(left);
     }
     STDMETHODIMP Next(ULONG count, VARIANT* result, ULONG* fetched) override
     {
@@ -104,7 +95,7 @@ public:
     }
 
 private:
-    virtual ~ObjectList()
+    ~ObjectList() override
     {
         for (IDispatch* object : m_objects) {
             object->Release();
@@ -112,14 +103,13 @@ private:
         --s_objects;
     }
 
-    std::atomic<long> m_references{1};
     std::vector<IDispatch*> m_objects;
     size_t m_next = 0;
 };
 
 // ---- A part
 
-class AccessObject : public IAccessible
+class AccessObject : public Referenced<IAccessible>
 {
 public:
     AccessObject(const std::shared_ptr<AccessWindow>& window, const AccessId& id) : m_window(window), m_id(id)
@@ -140,15 +130,6 @@ public:
         }
         AddRef();
         return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const long left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return static_cast<ULONG>(left);
     }
 
     // IDispatch: programs use the methods themselves.
@@ -210,34 +191,22 @@ public:
     STDMETHODIMP put_accValue(VARIANT child, BSTR text) override;
 
 private:
-    virtual ~AccessObject() { --s_objects; }
+    ~AccessObject() override { --s_objects; }
 
-    struct Place
-    {
-        std::shared_ptr<AccessWindow> window;
-        const AccessTree* tree = nullptr;
-        int node = kNoNode;
-    };
+    using Place = PartPlace;
     HRESULT Find(const VARIANT& child, Place& place) const;
     HRESULT FindSelf(Place& place) const;
     HRESULT Word(const VARIANT& child, std::string AccessWords::*word, BSTR* result) const;
     static IDispatch* ObjectAt(const Place& place, int node);
     static IDispatch* ObjectOf(const Place& place, const AccessId& id);
 
-    std::atomic<long> m_references{1};
     const std::weak_ptr<AccessWindow> m_window;
     const AccessId m_id;
 };
 
 HRESULT AccessObject::FindSelf(Place& place) const
 {
-    place.window = m_window.lock();
-    if (!place.window || !place.window->IsConnected()) {
-        return CO_E_OBJNOTCONNECTED;
-    }
-    place.tree = &place.window->Tree();
-    place.node = place.tree->Find(m_id);
-    return place.node != kNoNode ? S_OK : CO_E_OBJNOTCONNECTED; // what it stood for is gone
+    return FindPart(m_window, m_id, place) ? S_OK : CO_E_OBJNOTCONNECTED;
 }
 
 // A child is numbered from 1, 0 the object itself; the window's object also knows the numbers of events.
@@ -250,7 +219,7 @@ HRESULT AccessObject::Find(const VARIANT& child, Place& place) const
     if (child.vt != VT_I4) {
         return E_INVALIDARG;
     }
-    const std::vector<int>& children = place.tree->At(place.node).children;
+    const std::vector<int>& children = place.Node().children;
     AccessId id;
     if (child.lVal > 0 && child.lVal <= static_cast<long>(children.size())) {
         place.node = children[static_cast<size_t>(child.lVal) - 1];
@@ -288,7 +257,7 @@ HRESULT AccessObject::get_accParent(IDispatch** result)
     if (place.node == 0) {
         return ObjectOfWindow(place.window->Handle(), OBJID_WINDOW, result);
     }
-    *result = ObjectAt(place, place.tree->At(place.node).parent);
+    *result = ObjectAt(place, place.Node().parent);
     return S_OK;
 }
 
@@ -298,7 +267,7 @@ HRESULT AccessObject::get_accChildCount(long* result)
     Place place;
     const HRESULT found = FindSelf(place);
     if (SUCCEEDED(found)) {
-        *result = static_cast<long>(place.tree->At(place.node).children.size());
+        *result = static_cast<long>(place.Node().children.size());
     }
     return found;
 }
@@ -376,7 +345,7 @@ HRESULT AccessObject::accLocation(long* x, long* y, long* width, long* height, V
     if (FAILED(found)) {
         return found;
     }
-    const CRect& box = place.tree->At(place.node).box;
+    const CRect& box = place.Node().box;
     POINT corner = {box.left, box.top};
     ::ClientToScreen(place.window->Handle(), &corner);
     *x = corner.x;

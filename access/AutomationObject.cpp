@@ -53,13 +53,7 @@ std::atomic<long> AutomationObject::s_objects{0};
 
 HRESULT AutomationObject::Find(Place& place) const
 {
-    place.window = m_window.lock();
-    if (!place.window || !place.window->IsConnected()) {
-        return kNotAvailable;
-    }
-    place.tree = &place.window->Tree();
-    place.node = place.tree->Find(m_id);
-    return place.node != kNoNode ? S_OK : kNotAvailable;
+    return FindPart(m_window, m_id, place) ? S_OK : kNotAvailable;
 }
 
 IUnknown* AutomationObject::Face(int pattern)
@@ -286,28 +280,14 @@ STDMETHODIMP AutomationObject::GetRuntimeId(SAFEARRAY** result)
 
 STDMETHODIMP AutomationObject::get_BoundingRectangle(UiaRect* result)
 {
-    *result = UiaRect();
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found) && !place.Node().isHidden) {
+    return Answer(result, UiaRect(), [](const Place& place) {
         const CRect& box = place.Node().box;
         POINT corner = {box.left, box.top};
         ::ClientToScreen(place.window->Handle(), &corner);
-        *result = {static_cast<double>(corner.x), static_cast<double>(corner.y), static_cast<double>(box.Width()),
-                   static_cast<double>(box.Height())};
-    }
-    return found;
-}
-
-STDMETHODIMP AutomationObject::get_FragmentRoot(IRawElementProviderFragmentRoot** result)
-{
-    *result = nullptr;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = At(place, 0);
-    }
-    return found;
+        return place.Node().isHidden ? UiaRect()
+                                     : UiaRect{static_cast<double>(corner.x), static_cast<double>(corner.y),
+                                               static_cast<double>(box.Width()), static_cast<double>(box.Height())};
+    });
 }
 
 STDMETHODIMP AutomationObject::ElementProviderFromPoint(double x, double y, IRawElementProviderFragment** result)
@@ -340,17 +320,6 @@ STDMETHODIMP AutomationObject::GetFocus(IRawElementProviderFragment** result)
         *result = At(place, node);
     }
     return S_OK;
-}
-
-HRESULT AutomationObject::Whole(IRawElementProviderSimple** result) const
-{
-    *result = nullptr;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = At(place, 0);
-    }
-    return found;
 }
 
 HRESULT AutomationObject::Give(const Place& place, const std::vector<int>& nodes, SAFEARRAY** result)

@@ -3,25 +3,17 @@
 
 #include "AutomationObject.h"
 #include "AutomationPatterns.h"
-
-#include <atomic>
+#include "PartObject.h"
 
 namespace dayvane {
 
 constexpr double kPercent = 100;
 
-class AutomationObject : public IRawElementProviderSimple,
-                         public IRawElementProviderFragment,
-                         public IRawElementProviderFragmentRoot,
-                         public uia::IInvokeProvider,
-                         public uia::IValueProvider,
-                         public uia::IGridProvider,
-                         public uia::IGridItemProvider,
-                         public uia::ITableProvider,
-                         public uia::ITableItemProvider,
-                         public uia::ISelectionProvider,
-                         public uia::ISelectionItemProvider,
-                         public uia::IScrollProvider
+class AutomationObject
+    : public Referenced<IRawElementProviderSimple, IRawElementProviderFragment, IRawElementProviderFragmentRoot,
+                        uia::IInvokeProvider, uia::IValueProvider, uia::IGridProvider, uia::IGridItemProvider,
+                        uia::ITableProvider, uia::ITableItemProvider, uia::ISelectionProvider,
+                        uia::ISelectionItemProvider, uia::IScrollProvider>
 {
 public:
     AutomationObject(const std::shared_ptr<AccessWindow>& window, const AccessId& id) : m_window(window), m_id(id)
@@ -32,15 +24,6 @@ public:
 
     // IUnknown
     STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const long left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return static_cast<ULONG>(left);
-    }
 
     // IRawElementProviderSimple
     STDMETHODIMP get_ProviderOptions(ProviderOptions* result) override
@@ -62,7 +45,7 @@ public:
         return S_OK;
     }
     STDMETHODIMP SetFocus() override { return SelectWith(SELFLAG_TAKEFOCUS); }
-    STDMETHODIMP get_FragmentRoot(IRawElementProviderFragmentRoot** result) override;
+    STDMETHODIMP get_FragmentRoot(IRawElementProviderFragmentRoot** result) override { return Whole(result); }
     STDMETHODIMP ElementProviderFromPoint(double x, double y, IRawElementProviderFragment** result) override;
     STDMETHODIMP GetFocus(IRawElementProviderFragment** result) override;
 
@@ -122,19 +105,26 @@ public:
     STDMETHODIMP get_VerticallyScrollable(BOOL* result) override;
 
 private:
-    virtual ~AutomationObject() { --s_objects; }
+    ~AutomationObject() override { --s_objects; }
 
-    struct Place
-    {
-        std::shared_ptr<AccessWindow> window;
-        const AccessTree* tree = nullptr;
-        int node = kNoNode;
-        const AccessNode& Node() const { return tree->At(node); }
-    };
+    using Place = PartPlace;
     HRESULT Find(Place& place) const;
+    // The result that the question has for the part, or the given one where the part is gone.
+    template <class Result, class Question>
+    HRESULT Answer(Result* result, Result none, Question question) const
+    {
+        Place place;
+        const HRESULT found = Find(place);
+        *result = SUCCEEDED(found) ? question(place) : none;
+        return found;
+    }
     bool Has(const Place& place, int pattern) const;
     IUnknown* Face(int pattern);
-    HRESULT Whole(IRawElementProviderSimple** result) const;
+    template <class Face>
+    HRESULT Whole(Face** result) const
+    {
+        return Answer<Face*>(result, nullptr, [](const Place& place) { return At(place, 0); });
+    }
     HRESULT SelectWith(long flags) const;
     HRESULT Extent(int AccessNode::*field, int* result) const;
     HRESULT Field(int AccessNode::*field, int* result) const;
@@ -151,7 +141,6 @@ private:
     static HRESULT Give(const Place& place, const std::vector<int>& nodes, SAFEARRAY** result);
 
     static std::atomic<long> s_objects;
-    std::atomic<long> m_references{1};
     const std::weak_ptr<AccessWindow> m_window;
     const AccessId m_id;
 };

@@ -25,13 +25,9 @@ STDMETHODIMP AutomationObject::SetValue(LPCWSTR text)
 
 STDMETHODIMP AutomationObject::get_Value(BSTR* result)
 {
-    *result = nullptr;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = ::SysAllocString(WideFromUtf8(place.window->WordsOf(place.node).value).c_str());
-    }
-    return found;
+    return Answer<BSTR>(result, nullptr, [](const Place& place) {
+        return ::SysAllocString(WideFromUtf8(place.window->WordsOf(place.node).value).c_str());
+    });
 }
 
 STDMETHODIMP AutomationObject::get_IsReadOnly(BOOL* result)
@@ -59,13 +55,7 @@ HRESULT AutomationObject::Extent(int AccessNode::*field, int* result) const
 
 HRESULT AutomationObject::Field(int AccessNode::*field, int* result) const
 {
-    *result = 0;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = place.Node().*field;
-    }
-    return found;
+    return Answer(result, 0, [field](const Place& place) { return place.Node().*field; });
 }
 
 STDMETHODIMP AutomationObject::GetItem(int row, int column, IRawElementProviderSimple** result)
@@ -151,24 +141,14 @@ STDMETHODIMP AutomationObject::GetSelection(SAFEARRAY** result)
 
 STDMETHODIMP AutomationObject::get_CanSelectMultiple(BOOL* result)
 {
-    *result = FALSE;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = (place.window->StateOf(0) & STATE_SYSTEM_MULTISELECTABLE) != 0;
-    }
-    return found;
+    return Answer(result, FALSE,
+                  [](const Place& place) { return (place.window->StateOf(0) & STATE_SYSTEM_MULTISELECTABLE) != 0; });
 }
 
 STDMETHODIMP AutomationObject::get_IsSelected(BOOL* result)
 {
-    *result = FALSE;
-    Place place;
-    const HRESULT found = Find(place);
-    if (SUCCEEDED(found)) {
-        *result = (place.window->StateOf(place.node) & STATE_SYSTEM_SELECTED) != 0;
-    }
-    return found;
+    return Answer(result, FALSE,
+                  [](const Place& place) { return (place.window->StateOf(place.node) & STATE_SYSTEM_SELECTED) != 0; });
 }
 
 // ---- Scrolling

@@ -17,24 +17,20 @@ namespace dayvane {
 
 // ---- Mini calendars
 
-PeriodGridAccess::PeriodGridAccess(CPeriodGridCtrl& ctrl) : AccessWindow(ctrl), m_pCtrl(&ctrl)
-{
-}
-
 const CalendarTexts* PeriodGridAccess::Words() const
 {
-    return &m_pCtrl->GetTexts();
+    return &m_pWindow->GetTexts();
 }
 
 AccessTree PeriodGridAccess::MakeTree()
 {
-    const PeriodGridState& state = *m_pCtrl->m_state;
+    const PeriodGridState& state = *m_pWindow->m_state;
     return MakePeriodGridTree(state.model.Policy(), state.layout, ClientRect());
 }
 
 std::vector<long long> PeriodGridAccess::Contents()
 {
-    const std::vector<PeriodBlock>& blocks = m_pCtrl->m_state->layout.blocks;
+    const std::vector<PeriodBlock>& blocks = m_pWindow->m_state->layout.blocks;
     const PeriodBlock none;
     const PeriodBlock& first = blocks.empty() ? none : blocks.front();
     const PeriodBlock& last = blocks.empty() ? none : blocks.back();
@@ -51,11 +47,13 @@ std::vector<long long> PeriodGridAccess::Contents()
 
 AccessWords PeriodGridAccess::WordsOf(int node)
 {
-    const PeriodGridState& state = *m_pCtrl->m_state;
-    const DayProvider* days = m_pCtrl->GetDayProvider();
+    const PeriodGridState& state = *m_pWindow->m_state;
+    const DayProvider* days = m_pWindow->GetDayProvider();
     const AccessTexts& texts = Texts();
     const AccessId& id = LastTree().At(node).id;
-    const auto namesOfDay = [&](const COleDateTime& day) { return NamesOfDay(days, day, m_pCtrl->GetTexts(), texts); };
+    const auto namesOfDay = [&](const COleDateTime& day) {
+        return NamesOfDay(days, day, m_pWindow->GetTexts(), texts);
+    };
     AccessWords words = PeriodGridSpeech{texts, state.model.Policy(), state.layout, Now(), namesOfDay}.WordsOf(id);
     const GridHit hit = HitOfPart(state.layout, id);
     if (hit.part == GridPart::Cell && hit.block < static_cast<int>(state.marks.size())) {
@@ -67,14 +65,14 @@ AccessWords PeriodGridAccess::WordsOf(int node)
 
 AccessId PeriodGridAccess::Focus()
 {
-    const PeriodGridState& state = *m_pCtrl->m_state;
+    const PeriodGridState& state = *m_pWindow->m_state;
     const COleDateTime caret = state.model.Caret(Now());
     return PartOfHit(state.layout, CellOfDate(state.model.Policy(), state.layout, caret));
 }
 
 std::vector<AccessId> PeriodGridAccess::Selection()
 {
-    const PeriodGridState& state = *m_pCtrl->m_state;
+    const PeriodGridState& state = *m_pWindow->m_state;
     std::vector<AccessId> selected;
     for (const PeriodBlock& block : state.layout.blocks) {
         for (size_t i = 0; i < block.cells.size(); ++i) {
@@ -103,34 +101,30 @@ HRESULT PeriodGridAccess::Act(int node)
     if (part == AccessPart::Root || part == AccessPart::Period || part == AccessPart::PeriodTitle) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    if (m_pCtrl->m_state->model.GetMode() != PeriodGridModel::Mode::Idle) {
+    if (m_pWindow->m_state->model.GetMode() != PeriodGridModel::Mode::Idle) {
         return E_ACCESSDENIED; // the mouse holds something
     }
     return ClickCentre(node);
 }
 
-PeriodSelAccess::PeriodSelAccess(CPeriodSelCtrl& popup) : AccessWindow(popup), m_pPopup(&popup)
-{
-}
-
 const CalendarTexts* PeriodSelAccess::Words() const
 {
-    return m_pPopup->m_pOwner ? &m_pPopup->m_pOwner->GetTexts() : nullptr;
+    return m_pWindow->m_pOwner ? &m_pWindow->m_pOwner->GetTexts() : nullptr;
 }
 
 AccessTree PeriodSelAccess::MakeTree()
 {
-    return MakePeriodRunTree(m_pPopup->m_run);
+    return MakePeriodRunTree(m_pWindow->m_run);
 }
 
 std::vector<long long> PeriodSelAccess::Contents()
 {
-    return {m_pPopup->m_run.PeriodOfRow(0)};
+    return {m_pWindow->m_run.PeriodOfRow(0)};
 }
 
 AccessWords PeriodSelAccess::WordsOf(int node)
 {
-    return WordsOfPeriodRun(Texts(), m_pPopup->m_policy, LastTree().At(node).id);
+    return WordsOfPeriodRun(Texts(), m_pWindow->m_policy, LastTree().At(node).id);
 }
 
 long PeriodSelAccess::RoleOf(int node)
@@ -140,31 +134,27 @@ long PeriodSelAccess::RoleOf(int node)
 
 AccessId PeriodSelAccess::Focus()
 {
-    const PeriodRun& run = m_pPopup->m_run;
+    const PeriodRun& run = m_pWindow->m_run;
     return run.HasChoice() ? AccessId{AccessPart::Entry, run.Chosen(), 0} : AccessId();
 }
 
 std::vector<AccessId> PeriodSelAccess::Selection()
 {
-    return m_pPopup->m_run.HasChoice() ? std::vector<AccessId>{Focus()} : std::vector<AccessId>();
+    return m_pWindow->m_run.HasChoice() ? std::vector<AccessId>{Focus()} : std::vector<AccessId>();
 }
 
 // ---- Year-month picker
 
-YearMonthPickerAccess::YearMonthPickerAccess(CYearMonthPickerCtrl& picker) : AccessWindow(picker), m_pPicker(&picker)
-{
-}
-
 const CalendarTexts* YearMonthPickerAccess::Words() const
 {
-    return &m_pPicker->GetTexts();
+    return &m_pWindow->GetTexts();
 }
 
 std::vector<long long> YearMonthPickerAccess::Contents()
 {
     const CRect client = ClientRect();
-    const COleDateTime date = m_pPicker->GetCurrentDate();
-    return {client.Width(), client.Height(), IsValid(date) ? DayNumberOf(date) : -1, m_pPicker->IsDropped()};
+    const COleDateTime date = m_pWindow->GetCurrentDate();
+    return {client.Width(), client.Height(), IsValid(date) ? DayNumberOf(date) : -1, m_pWindow->IsDropped()};
 }
 
 AccessWords YearMonthPickerAccess::WordsOf(int)
@@ -172,7 +162,7 @@ AccessWords YearMonthPickerAccess::WordsOf(int)
     const AccessTexts& texts = Texts();
     AccessWords words;
     words.name = texts.yearAndMonth;
-    words.value = SpokenMonth(texts, m_pPicker->GetCurrentDate());
+    words.value = SpokenMonth(texts, m_pWindow->GetCurrentDate());
     words.action = texts.open;
     words.shortcut = "F4";
     return words;
@@ -186,48 +176,44 @@ long YearMonthPickerAccess::RoleOf(int)
 long YearMonthPickerAccess::StateOf(int node)
 {
     return AccessWindow::StateOf(node) | STATE_SYSTEM_HASPOPUP |
-           (m_pPicker->IsDropped() ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
+           (m_pWindow->IsDropped() ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
 }
 
 HRESULT YearMonthPickerAccess::Act(int)
 {
-    if (!m_pPicker->IsWindowEnabled()) {
+    if (!m_pWindow->IsWindowEnabled()) {
         return E_ACCESSDENIED;
     }
-    m_pPicker->SetFocus();
-    if (m_pPicker) {
-        m_pPicker->OnClicked();
+    m_pWindow->SetFocus();
+    if (m_pWindow) {
+        m_pWindow->OnClicked();
     }
     return S_OK;
 }
 
-YearMonthPopupAccess::YearMonthPopupAccess(CYearMonthPopup& popup) : AccessWindow(popup), m_pPopup(&popup)
-{
-}
-
 const CalendarTexts* YearMonthPopupAccess::Words() const
 {
-    return m_pPopup->m_pPicker ? &m_pPopup->m_pPicker->GetTexts() : nullptr;
+    return m_pWindow->m_pPicker ? &m_pWindow->m_pPicker->GetTexts() : nullptr;
 }
 
 AccessTree YearMonthPopupAccess::MakeTree()
 {
-    return MakeYearMonthTree(m_pPopup->GetLayout());
+    return MakeYearMonthTree(m_pWindow->GetLayout());
 }
 
 std::vector<long long> YearMonthPopupAccess::Contents()
 {
-    return {m_pPopup->GetYear()};
+    return {m_pWindow->GetYear()};
 }
 
 AccessWords YearMonthPopupAccess::WordsOf(int node)
 {
-    return WordsOfYearMonth(Texts(), LastTree().At(node).id, m_pPopup->GetYear(), Now());
+    return WordsOfYearMonth(Texts(), LastTree().At(node).id, m_pWindow->GetYear(), Now());
 }
 
 AccessId YearMonthPopupAccess::Focus()
 {
-    return {AccessPart::Cell, 0, m_pPopup->GetMonthIndex()};
+    return {AccessPart::Cell, 0, m_pWindow->GetMonthIndex()};
 }
 
 // To select a month is to pick it.
@@ -241,23 +227,19 @@ HRESULT YearMonthPopupAccess::Select(int node, long flags)
 
 // ---- The list of a mark
 
-MoreListAccess::MoreListAccess(CMoreListWnd& list) : AccessWindow(list), m_pList(&list)
-{
-}
-
 const CalendarTexts* MoreListAccess::Words() const
 {
-    return m_pList->m_pOwner ? &m_pList->m_pOwner->GetTexts() : nullptr;
+    return m_pWindow->m_pOwner ? &m_pWindow->m_pOwner->GetTexts() : nullptr;
 }
 
 AccessTree MoreListAccess::MakeTree()
 {
-    return MakeMoreListTree(m_pList->m_model);
+    return MakeMoreListTree(m_pWindow->m_model);
 }
 
 std::vector<long long> MoreListAccess::Contents()
 {
-    return {m_pList->m_model.Top(), m_pList->m_nItemVersion};
+    return {m_pWindow->m_model.Top(), m_pWindow->m_nItemVersion};
 }
 
 AccessWords MoreListAccess::WordsOf(int node)
@@ -266,13 +248,13 @@ AccessWords MoreListAccess::WordsOf(int node)
     const AccessId id = LastTree().At(node).id;
     AccessWords words;
     tagCC_ITEM item;
-    CMoreListCtrl& owner = *m_pList->m_pOwner;
+    CMoreListCtrl& owner = *m_pWindow->m_pOwner;
     if (id.part != AccessPart::Entry) {
         words.name = texts.hiddenItems;
-    } else if (m_pList->m_model.Item(id.key) < owner.GetItemCount()) {
-        owner.GetItem(m_pList->m_model.Item(id.key), item);
+    } else if (m_pWindow->m_model.Item(id.key) < owner.GetItemCount()) {
+        owner.GetItem(m_pWindow->m_model.Item(id.key), item);
         words.value = Utf8OfItemText(owner, item.strText);
-        words.name = SpokenItem(texts, item, words.value, m_pList->m_dtFirst, EndOfDay(m_pList->m_dtFirst), true);
+        words.name = SpokenItem(texts, item, words.value, m_pWindow->m_dtFirst, EndOfDay(m_pWindow->m_dtFirst), true);
         words.action = texts.select;
     }
     return words;
@@ -285,7 +267,7 @@ long MoreListAccess::RoleOf(int node)
 
 AccessId MoreListAccess::Focus()
 {
-    const int row = m_pList->m_model.Current();
+    const int row = m_pWindow->m_model.Current();
     return row == -1 ? AccessId() : AccessId{AccessPart::Entry, row, 0};
 }
 
@@ -295,7 +277,7 @@ HRESULT MoreListAccess::Select(int node, long flags)
     if (flags == 0 || id.part != AccessPart::Entry) {
         return E_INVALIDARG;
     }
-    m_pList->SetCurrentRow(id.key);
+    m_pWindow->SetCurrentRow(id.key);
     return S_OK;
 }
 
@@ -305,7 +287,7 @@ HRESULT MoreListAccess::Act(int node)
     if (id.part != AccessPart::Entry) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    m_pList->Choose(id.key);
+    m_pWindow->Choose(id.key);
     return S_OK;
 }
 

@@ -11,10 +11,33 @@ class CYearMonthPopup;
 
 namespace dayvane {
 
-class PeriodGridAccess : public AccessWindow
+// Of a window of that class, until it ends.
+template <class Window>
+class AccessOf : public AccessWindow
 {
 public:
-    explicit PeriodGridAccess(CPeriodGridCtrl& ctrl);
+    explicit AccessOf(Window& window) : AccessWindow(window), m_pWindow(&window) {}
+
+protected:
+    void Gone() override { m_pWindow = nullptr; }
+
+    Window* m_pWindow;
+};
+
+template <class Window>
+class PopupAccessOf : public AccessOf<Window>
+{
+public:
+    using AccessOf<Window>::AccessOf;
+
+protected:
+    bool IsPopup() const override { return true; }
+};
+
+class PeriodGridAccess : public AccessOf<CPeriodGridCtrl>
+{
+public:
+    using AccessOf::AccessOf;
 
     AccessWords WordsOf(int node) override;
     AccessId Focus() override;
@@ -26,17 +49,13 @@ protected:
     const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
-    void Gone() override { m_pCtrl = nullptr; }
-
-private:
-    CPeriodGridCtrl* m_pCtrl;
 };
 
 // The list that runs while the mouse holds a title.
-class PeriodSelAccess : public AccessWindow
+class PeriodSelAccess : public PopupAccessOf<CPeriodSelCtrl>
 {
 public:
-    explicit PeriodSelAccess(CPeriodSelCtrl& popup);
+    using PopupAccessOf::PopupAccessOf;
 
     AccessWords WordsOf(int node) override;
     long RoleOf(int node) override;
@@ -47,17 +66,12 @@ protected:
     const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
-    bool IsPopup() const override { return true; }
-    void Gone() override { m_pPopup = nullptr; }
-
-private:
-    CPeriodSelCtrl* m_pPopup;
 };
 
-class YearMonthPickerAccess : public AccessWindow
+class YearMonthPickerAccess : public AccessOf<CYearMonthPickerCtrl>
 {
 public:
-    explicit YearMonthPickerAccess(CYearMonthPickerCtrl& picker);
+    using AccessOf::AccessOf;
 
     AccessWords WordsOf(int node) override;
     long RoleOf(int node) override;
@@ -70,16 +84,12 @@ protected:
     const CalendarTexts* Words() const override;
     AccessTree MakeTree() override { return AccessTree(ClientRect()); }
     std::vector<long long> Contents() override;
-    void Gone() override { m_pPicker = nullptr; }
-
-private:
-    CYearMonthPickerCtrl* m_pPicker;
 };
 
-class YearMonthPopupAccess : public AccessWindow
+class YearMonthPopupAccess : public PopupAccessOf<CYearMonthPopup>
 {
 public:
-    explicit YearMonthPopupAccess(CYearMonthPopup& popup);
+    using PopupAccessOf::PopupAccessOf;
 
     AccessWords WordsOf(int node) override;
     AccessId Focus() override;
@@ -91,17 +101,12 @@ protected:
     const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
-    bool IsPopup() const override { return true; }
-    void Gone() override { m_pPopup = nullptr; }
-
-private:
-    CYearMonthPopup* m_pPopup;
 };
 
-class MoreListAccess : public AccessWindow
+class MoreListAccess : public PopupAccessOf<CMoreListWnd>
 {
 public:
-    explicit MoreListAccess(CMoreListWnd& list);
+    using PopupAccessOf::PopupAccessOf;
 
     AccessWords WordsOf(int node) override;
     long RoleOf(int node) override;
@@ -114,11 +119,6 @@ protected:
     const CalendarTexts* Words() const override;
     AccessTree MakeTree() override;
     std::vector<long long> Contents() override;
-    bool IsPopup() const override { return true; }
-    void Gone() override { m_pList = nullptr; }
-
-private:
-    CMoreListWnd* m_pList;
 };
 
 } // namespace dayvane

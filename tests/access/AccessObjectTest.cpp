@@ -5,8 +5,8 @@
 #include "pickers/MiniCalendarCtrl2.h"
 #include "pickers/YearMonthPickerCtrl.h"
 #include "pickers/YearMonthPopup.h"
+#include "tests/access/AccessScene.h"
 #include "tests/access/Reader.h"
-#include "timegrid/GridScene.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
@@ -93,46 +93,24 @@ private:
 };
 
 template <class View>
-class Objects : public testing::Test
+class Objects : public AccessScene<View>
 {
 public:
-    RecordingParent parent;
-    View* view = new View;
-
     void SetUp() override
     {
-        gridtest::g_now = At(9, 0);
-        SetCalendarClock(&gridtest::Now);
-        SetAccessTexts(&EnglishAccessTexts());
-        parent.Create(900, 700);
-        view->SetOptions(CalendarOptions::Modern());
-        view->SetCurrentDate(At(9, 0));
-        view->Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 900, 700), &parent, 7);
-        Add("Talk", At(10, 0), At(11, 0));
-        Add("Walk", At(13, 0), At(14, 0));
-        Add("Trip", At(0, 0), At(0, 0) + COleDateTimeSpan(2, 0, 0, 0));
-        ::SetFocus(*view);
+        AccessScene<View>::SetUp();
+        this->Add("Walk", At(13, 0), At(14, 0));
+        this->Add("Trip", At(0, 0), At(0, 0) + COleDateTimeSpan(2, 0, 0, 0));
         PumpMessages();
-        view->SetCurSel(-1);
-        parent.ClearLog();
+        this->view->SetCurSel(-1);
+        this->parent.ClearLog();
     }
     void TearDown() override
     {
-        parent.SetHook(nullptr);
-        delete view;
-        SetCalendarClock(nullptr);
-        SetAccessTexts(nullptr);
+        this->parent.SetHook(nullptr);
+        AccessScene<View>::TearDown();
     }
-    void Add(const char* text, const COleDateTime& start, const COleDateTime& end)
-    {
-        tagCC_ITEM item;
-        item.dtStart = start;
-        item.dtEnd = end;
-        item.strText = text;
-        view->AddItem(&item);
-        view->Refresh();
-    }
-    Spoken Root() { return Spoken::OfWindow(*view); }
+    Spoken Root() { return Spoken::OfWindow(*this->view); }
     Spoken ItemNamed(const char* text)
     {
         return Root().Find(

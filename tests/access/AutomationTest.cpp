@@ -2,8 +2,8 @@
 #include "access/AutomationObject.h"
 #include "access/AutomationPatterns.h"
 #include "access/CalendarWindowAccess.h"
+#include "tests/access/AccessScene.h"
 #include "tests/access/Reader.h"
-#include "timegrid/GridScene.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/YearViewCtrl.h"
 
@@ -73,38 +73,20 @@ Part Step(const Part& from, NavigateDirection way)
 }
 
 template <class View>
-class Automation : public testing::Test
+class Automation : public AccessScene<View>
 {
 public:
-    RecordingParent parent;
-    View* view = new View;
     std::shared_ptr<CalendarWindowAccess> access;
 
     void SetUp() override
     {
-        gridtest::g_now = At(9, 0);
-        SetCalendarClock(&gridtest::Now);
-        SetAccessTexts(&EnglishAccessTexts());
-        parent.Create(900, 700);
-        view->SetOptions(CalendarOptions::Modern());
-        view->SetCurrentDate(At(9, 0));
-        view->Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(0, 0, 900, 700), &parent, 7);
-        tagCC_ITEM item;
-        item.dtStart = At(10, 0);
-        item.dtEnd = At(11, 0);
-        item.strText = "Talk";
-        view->AddItem(&item);
-        view->Refresh();
-        ::SetFocus(*view);
-        PumpMessages();
-        access = std::make_shared<CalendarWindowAccess>(*view);
+        AccessScene<View>::SetUp();
+        access = std::make_shared<CalendarWindowAccess>(*this->view);
     }
     void TearDown() override
     {
         access->Disconnect();
-        delete view;
-        SetCalendarClock(nullptr);
-        SetAccessTexts(nullptr);
+        AccessScene<View>::TearDown();
     }
     Part Root()
     {
