@@ -1,5 +1,5 @@
 // What docs/cookbook.md shows, in one program that does each of it.
-#include <dayvane/Dayvane.h>
+#include "HostMain.h"
 
 #include <cstdio>
 #include <vector>
@@ -196,17 +196,6 @@ bool DrawsTheMark(CDiaryWnd& window)
     return false;
 }
 
-// A press, moves beyond the slop, the release.
-void Drag(CWnd& window, CPoint from, CPoint to)
-{
-    window.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
-    for (int step = 1; step <= 3; ++step) {
-        window.SendMessage(WM_MOUSEMOVE, MK_LBUTTON,
-                           MAKELPARAM(from.x + (to.x - from.x) * step / 3, from.y + (to.y - from.y) * step / 3));
-    }
-    window.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
-}
-
 COleDateTime StartOf(CDiaryWnd& window, LPARAM id)
 {
     for (int i = 0; i < window.m_days.GetItemCount(); ++i) {
@@ -279,10 +268,5 @@ bool TryRooms()
 
 int main()
 {
-    if (!AfxWinInit(GetModuleHandle(nullptr), nullptr, GetCommandLine(), SW_SHOW)) {
-        return 1;
-    }
-    const bool good = TryDiary() && TryRooms();
-    AfxWinTerm();
-    return good ? 0 : 1;
+    return RunHost([] { return TryDiary() && TryRooms() ? 0 : 1; });
 }

@@ -3,6 +3,8 @@
 #include <dayvane/Dayvane.h> // the whole public API
 // end of snippet
 
+#include "HostMain.h"
+
 #include <cstdio>
 #include <map>
 
@@ -57,17 +59,6 @@ ON_WM_CREATE()
 ON_NOTIFY(CCN_ITEMMOVED, 100, &CHostWnd::OnItemMoved)
 END_MESSAGE_MAP()
 // end of snippet
-
-// One press, moves beyond the slop, and the release, as a hand makes them.
-void Drag(CWnd& window, CPoint from, CPoint to)
-{
-    window.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
-    for (int step = 1; step <= 3; ++step) {
-        window.SendMessage(WM_MOUSEMOVE, MK_LBUTTON,
-                           MAKELPARAM(from.x + (to.x - from.x) * step / 3, from.y + (to.y - from.y) * step / 3));
-    }
-    window.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
-}
 
 bool MovesTheMeeting(CHostWnd& window)
 {
@@ -152,10 +143,5 @@ int Run()
 
 int main()
 {
-    if (!AfxWinInit(GetModuleHandle(nullptr), nullptr, GetCommandLine(), SW_SHOW)) {
-        return 1;
-    }
-    const int result = Run();
-    AfxWinTerm();
-    return result;
+    return RunHost(Run);
 }

@@ -1,6 +1,6 @@
 // What docs/printing.md shows, in one program: pages with a host's options, as a list, and as pictures without a
 // printer.
-#include <dayvane/Dayvane.h>
+#include "HostMain.h"
 
 #include <cstdio>
 
@@ -109,10 +109,5 @@ int Run()
 
 int main()
 {
-    if (!AfxWinInit(GetModuleHandle(nullptr), nullptr, GetCommandLine(), SW_SHOW)) {
-        return 1;
-    }
-    const int result = Run();
-    AfxWinTerm();
-    return result;
+    return RunHost(Run);
 }
