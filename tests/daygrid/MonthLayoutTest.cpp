@@ -316,5 +316,11 @@ TEST(MonthBlocks, FillTheCellOfTheStart)
     EXPECT_GT(late[0].rcItem.left, 600) << "the last cell has blocks, too";
     for (const auto& [cell, count] : {std::pair(1, 1), {2, 0}, {8, 2}, {10, 1}, {11, 0}}) {
         EXPECT_EQ(grid.cells[cell].m_nItemCount, count) << cell;
+        EXPECT_EQ(grid.cells[cell].m_bMore, 0) << cell;
+    }
+    // The first days have no block, for their item began earlier, the 9th has two in one place.
+    CalcMonthBlocks(dates, grid.cells, items, kMonthMetrics, true);
+    for (const auto& [cell, more] : {std::pair(0, 1), {1, 1}, {2, 0}, {8, 1}, {9, 1}, {10, 1}, {11, 0}}) {
+        EXPECT_EQ(grid.cells[cell].m_bMore, more) << cell;
     }
 }

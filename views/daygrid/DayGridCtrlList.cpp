@@ -14,6 +14,7 @@ void CDayGridCtrl::EnableMoreList(BOOL bEnable)
     if (!bEnable) {
         CloseMoreList();
     }
+    Layout(); // the variant of the month view has marks only then
 }
 
 BOOL CDayGridCtrl::GetMoreBox(int nBox, MoreBox& box)

@@ -106,10 +106,12 @@ void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& it
     StoreLoads(LayOutBars(BoxGridOf(cells), metrics.bars, spans, items), cells);
 }
 
-void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items, const MonthMetrics& metrics)
+void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items, const MonthMetrics& metrics,
+                     bool marksCovered)
 {
     const std::vector<BoxSpan> spans = RangeOf(days).Spans(items);
     std::vector<int> begun(cells.GetSize() + 1); // items that begin to cover the cell less those that ended before it
+    std::vector<int> seen(cells.GetSize());      // 1: the cell shows a block
     const int lastCell = static_cast<int>(cells.GetSize()) - 1;
     for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
         const BoxSpan& span = spans[i];
@@ -119,6 +121,7 @@ void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& 
             rect.top += metrics.blockTop;
             rect.DeflateRect(metrics.blockInset, metrics.blockInset);
             rect.NormalizeRect();
+            seen[span.first] = 1;
         }
         items[i].rcItem = rect;
         items[i].bNoFocus = FALSE;
@@ -133,7 +136,7 @@ void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& 
     for (int i = 0; i <= lastCell; ++i) {
         count += begun[i];
         cells[i].m_nItemCount = count;
-        cells[i].m_bMore = 0;
+        cells[i].m_bMore = marksCovered && count > seen[i];
     }
 }
 

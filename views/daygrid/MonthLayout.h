@@ -60,9 +60,10 @@ void CalcMonthBars(const BoxDayArray& days, MonthCellArray& cells, ItemArray& it
                    const MonthMetrics& metrics = kMonthMetrics);
 
 // Rectangles of the items as blocks that fill the cell of their start, for the variant of the view: nothing is stacked
-// and nothing hidden. Counts start afresh, marks are cleared.
+// and nothing hidden. Counts start afresh. marksCovered: a cell with more items than the one that is seen in it gets a
+// mark; else none has one.
 void CalcMonthBlocks(const BoxDayArray& days, MonthCellArray& cells, ItemArray& items,
-                     const MonthMetrics& metrics = kMonthMetrics);
+                     const MonthMetrics& metrics = kMonthMetrics, bool marksCovered = false);
 
 void ClearLoads(MonthCellArray& cells);
 BoxGrid BoxGridOf(const MonthCellArray& cells);

@@ -7,6 +7,7 @@
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/MonthLayout.h"
 
+#include <algorithm>
 #include <vector>
 
 using namespace dayvane;
@@ -32,7 +33,7 @@ void CMonthViewCtrl2::CalcItemRect(CRect, CItemArray& screenItems)
 {
     MonthMetrics metrics = MonthMetrics::For(m_scale);
     metrics.blockTop += GetLinesHeight();
-    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems, metrics);
+    CalcMonthBlocks(m_arCellDate, m_arCell, screenItems, metrics, m_options.moreList);
     ScreenItemsChanged();
 }
 
@@ -97,6 +98,11 @@ void CMonthViewCtrl2::DrawItemBox(CDC& dc, const ItemBox& box)
         CRect image = content;
         image.top += (content.Height() - m_scale.Of(m_cyIcon)) / 2;
         content.left += DrawImageIcon(pDC, item.nImage, image);
+    }
+    MoreBox more;
+    const int cell = Range().BoxOf(item.dtStart);
+    if (!box.isBar && cell != -1 && GetMoreBox(cell, more)) {
+        content.right = std::min(content.right, more.mark.left);
     }
     pDC->SetTextColor(item.crColor5);
     {
