@@ -286,6 +286,47 @@ TEST(BoxViews, TitlesThatAreTooLongEndInDots)
     ExpectNoCutTitle<CYearViewCtrl>(60, 300);
 }
 
+// The host's text of a day, far too long for its box: what it adds to the picture ends low, as dots do.
+template <class View>
+void ExpectDotsAfterAnnotation(const COleDateTime& date, CRect (*boxOf)(const Open<View>&))
+{
+    Scene<View> scene(date);
+    scene.Paint();
+    MemoryDc before(kWidth, kHeight);
+    before.Dc().BitBlt(0, 0, kWidth, kHeight, &scene.picture.Dc(), 0, 0, SRCCOPY);
+    tagCALENDAR_DAY_PROPERTY property;
+    property.strText = CString('W', 100);
+    scene.view->SetDayProperty(date, property);
+    scene.Paint();
+    std::vector<CPoint> text;
+    const CRect box = boxOf(*scene.view);
+    for (int y = box.top; y < box.bottom; ++y) {
+        for (int x = box.left; x < box.right; ++x) {
+            if (before.Pixel(x, y) != scene.picture.Pixel(x, y)) {
+                text.emplace_back(x, y);
+            }
+        }
+    }
+    ASSERT_GT(text.size(), 50u);
+    constexpr int kDotHeight = 3;
+    int end = 0;
+    int letters = 0;
+    for (const CPoint& pixel : text) {
+        end = std::max<int>(end, pixel.x);
+        letters = std::max<int>(letters, pixel.y <= text.back().y - kDotHeight ? pixel.x : 0);
+    }
+    EXPECT_GT(end - letters, 4);
+}
+
+TEST(BoxViews, AnnotationsThatAreTooLongEndInDots)
+{
+    ExpectDotsAfterAnnotation<CMonthViewCtrl>(Day(4, 15), [](const Open<CMonthViewCtrl>& view) {
+        return CRect(view.GetCell(17).m_rect); // weeks from Sunday, the first one of March
+    });
+    ExpectDotsAfterAnnotation<CWeekViewCtrl>(Day(4, 15),
+                                             [](const Open<CWeekViewCtrl>& view) { return view.GetDayRect(3); });
+}
+
 TEST(BoxViews, TextsOfNarrowStripsAreWholeOrLeftOut)
 {
     const auto blackOf = [](auto& scene, const CRect& box, int from, int to) {

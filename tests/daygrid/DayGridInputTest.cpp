@@ -12,57 +12,54 @@ public:
     using Scene<View>::Scene;
 
     std::string Selected() { return Text(this->view->m_dtSelBegin) + " - " + Text(this->view->m_dtSelEnd); }
-    void Key(int key, std::initializer_list<int> held = {})
-    {
-        const KeyState keys(held);
-        this->view->SendMessage(WM_KEYDOWN, key);
-        PumpMessages();
-    }
+    void Focus() { ASSERT_TRUE(hardware::Focus(*this->view)); }
 };
+
+// Keys, and what is selected after each in the month, week and year view.
+struct KeyStep
+{
+    int key;
+    std::initializer_list<int> held;
+    const char* selected[3];
+};
+
+template <class View>
+void ExpectSelected(const COleDateTime& date, const std::vector<KeyStep>& steps, int column)
+{
+    Hands<View> scene(date);
+    scene.Focus();
+    for (const KeyStep& step : steps) {
+        hardware::Key(step.key, step.held);
+        EXPECT_EQ(scene.Selected(), step.selected[column]) << step.key;
+    }
+    EXPECT_EQ(scene.parent.Count(CCN_VIEWRANGECHANGE), 0) << "nothing turns";
+}
 
 } // namespace
 
 TEST(DayGridKeys, HomeAndEndStayInTheRange)
 {
-    Hands<CMonthViewCtrl> month(Day(4, 15)); // a Wednesday; weeks from Sunday
-    Hands<CWeekViewCtrl> week(Day(4, 15));
-    Hands<CYearViewCtrl> year(Day(4, 15));
-    const struct
-    {
-        int key;
-        std::initializer_list<int> held;
-        const char* month;
-        const char* week;
-        const char* year;
-    } steps[] = {
-        {VK_HOME, {}, "2026-04-12 - 2026-04-12", "2026-04-12 - 2026-04-12", "2026-01-01 - 2026-01-01"},
-        {VK_END, {VK_SHIFT}, "2026-04-12 - 2026-04-18", "2026-04-12 - 2026-04-18", "2026-01-01 - 2026-12-01"},
-        {VK_HOME, {VK_CONTROL}, "2026-03-29 - 2026-03-29", "2026-04-12 - 2026-04-12", "2026-01-01 - 2026-01-01"},
-        {VK_END, {VK_CONTROL}, "2026-05-09 - 2026-05-09", "2026-04-19 - 2026-04-19", "2026-12-01 - 2026-12-01"},
-        {VK_HOME, {}, "2026-05-03 - 2026-05-03", "2026-04-19 - 2026-04-19", "2026-01-01 - 2026-01-01"},
+    const std::vector<KeyStep> steps = {
+        {VK_HOME, {}, {"2026-04-12 - 2026-04-12", "2026-04-12 - 2026-04-12", "2026-01-01 - 2026-01-01"}},
+        {VK_END, {VK_SHIFT}, {"2026-04-12 - 2026-04-18", "2026-04-12 - 2026-04-18", "2026-01-01 - 2026-12-01"}},
+        {VK_HOME, {VK_CONTROL}, {"2026-03-29 - 2026-03-29", "2026-04-12 - 2026-04-12", "2026-01-01 - 2026-01-01"}},
+        {VK_END, {VK_CONTROL}, {"2026-05-09 - 2026-05-09", "2026-04-19 - 2026-04-19", "2026-12-01 - 2026-12-01"}},
+        {VK_HOME, {}, {"2026-05-03 - 2026-05-03", "2026-04-19 - 2026-04-19", "2026-01-01 - 2026-01-01"}},
     };
-    for (const auto& step : steps) {
-        month.Key(step.key, step.held);
-        week.Key(step.key, step.held);
-        year.Key(step.key, step.held);
-        EXPECT_EQ(month.Selected(), step.month) << step.key;
-        EXPECT_EQ(week.Selected(), step.week) << step.key;
-        EXPECT_EQ(year.Selected(), step.year) << step.key;
-    }
-    EXPECT_EQ(month.parent.Count(CCN_VIEWRANGECHANGE) + week.parent.Count(CCN_VIEWRANGECHANGE) +
-                  year.parent.Count(CCN_VIEWRANGECHANGE),
-              0)
-        << "nothing turns";
-    Scene<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
-    const KeyState control({VK_CONTROL});
-    first.view->SendMessage(WM_KEYDOWN, VK_HOME);
+    ExpectSelected<CMonthViewCtrl>(Day(4, 15), steps, 0); // a Wednesday; weeks from Sunday
+    ExpectSelected<CWeekViewCtrl>(Day(4, 15), steps, 1);
+    ExpectSelected<CYearViewCtrl>(Day(4, 15), steps, 2);
+    Hands<CMonthViewCtrl> first(COleDateTime(100, 1, 10, 0, 0, 0)); // the grid begins before the dates do
+    first.Focus();
+    hardware::Key(VK_HOME, {VK_CONTROL});
     EXPECT_EQ(Text(first.view->m_dtSelEnd), "0100-01-01");
 }
 
-TEST(DayGridKeys, AScrolledDateIsTheOneThatIsTold)
+TEST(DayGridKeys, AScrolledDateIsTheOneThatIsReported)
 {
     Hands<CYearViewCtrl> year(Day(12, 5));
-    year.Key(VK_RIGHT);
+    year.Focus();
+    hardware::Key(VK_RIGHT);
     const std::vector<Notification>& log = year.parent.Log();
     ASSERT_EQ(log.size(), 2u);
     EXPECT_EQ(TimeText(log[0].item.time), "2027-01-01 00:00:00") << "the header's promise";
@@ -176,6 +173,11 @@ TEST(DayGridHits, TheBarThatIsSeenAndHowManyLieThere)
     EXPECT_TRUE(view.FindTip(hit, part, text));
     EXPECT_EQ(text.substr(0, 8), u"1 of 3: ");
     EXPECT_EQ(part, view.GetScreenItems()[2].rcItem);
+    const int cell = 12; // 10 April
+    EXPECT_FALSE(view.HasMoreMark(cell));
+    view.EnableMoreList(TRUE);
+    EXPECT_TRUE(view.HasMoreMark(cell));
+    EXPECT_FALSE(view.HasMoreMark(cell + 1));
     SetCalendarClock(nullptr);
 }
 

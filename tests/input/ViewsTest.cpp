@@ -236,6 +236,7 @@ TYPED_TEST(Views, BelongToWindowsThatWereThereBefore)
                           reinterpret_cast<HMENU>(8), ::GetModuleHandle(nullptr), nullptr);
     Open<TypeParam> attached;
     ASSERT_TRUE(window && attached.SubclassWindow(window));
+    EXPECT_TRUE(attached.m_rcContent == this->view->m_rcContent) << "before anything else is done";
     for (Open<TypeParam>* view : {this->view, &attached}) {
         for (int i = 0; i < 30; ++i) {
             tagCC_ITEM item;
@@ -469,14 +470,18 @@ TYPED_TEST(Views, TakeCarelessDropsBack)
     const CPoint elsewhere(content.left + 40, content.top + content.Height() / 4);
     const CPoint outside(content.CenterPoint().x, kHeight + 60);
     const std::string selected = this->Selected();
+    const int offset = this->view->m_nVertScroll;
+    int drags = 0;
     const auto drag = [&](std::initializer_list<CPoint> way) {
         this->parent.ClearLog();
-        hardware::Move(*this->view, item);
+        hardware::Move(*this->view, item + CSize(8 * drags++, 0)); // two presses at one point are a double click
         hardware::LeftDown();
         for (const CPoint& point : way) {
             hardware::Move(*this->view, point);
             hardware::Move(*this->view, CPoint(point.x + 1, point.y));
         }
+        COleDateTime start, end;
+        EXPECT_TRUE(this->view->GetDragOrigin(start, end)) << "it is a drag";
     };
     const auto times = [&] {
         tagCC_ITEM record;
@@ -501,6 +506,7 @@ TYPED_TEST(Views, TakeCarelessDropsBack)
     EXPECT_EQ(times(), "04-30 09:00");
     EXPECT_EQ(this->parent.Count(CCN_ITEMMOVED), 0) << "dropped outside";
     this->view->SetCurrentDate(At(4, 30, 9)); // it may have scrolled on the way
+    this->view->m_nVertScroll = offset;
     this->view->Refresh();
     drag({elsewhere, item});
     hardware::LeftUp();

@@ -321,6 +321,16 @@ TEST(YearMonthPickerWindow, PrintsWhatItShowsAndShowsTheFocusForTheKeyboard)
     EXPECT_EQ(p.Seen(popup), p.Printed(popup));
 }
 
+TEST(YearMonthPickerWindow, ThePopupsMonthOfTodayFollowsTheClock)
+{
+    Picker p;
+    CYearMonthPopup& popup = p.Drop();
+    const Pixels before = p.Seen(popup);
+    g_now = Day(2010, 2, 1);
+    ::SendMessage(::FindWindow(nullptr, "DayvaneTodayWatch"), WM_TIMECHANGE, 0, 0);
+    EXPECT_NE(before, p.Seen(popup));
+}
+
 TEST(YearMonthPickerWindow, PaintsItsColoursWhereTheyBelong)
 {
     testsupport::MemoryDc popup(120, 120, kUnpainted);

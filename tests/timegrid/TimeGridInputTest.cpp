@@ -210,6 +210,31 @@ std::u16string TipAt(Open<View>& view, CPoint point)
     return text;
 }
 
+TEST(GridTips, SayWhatIsCut)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500);
+    const CString longText('w', 300);
+    for (const int day : {26, 27}) {
+        tagCC_ITEM item;
+        item.strText = day == 26 ? CString("text") : longText;
+        item.dtStart = At(1, 0, day);
+        item.dtEnd = At(3, 0, day);
+        scene.view->AddItem(&item);
+        item.nFullday = 1;
+        scene.view->AddItem(&item);
+    }
+    scene.view->Refresh();
+    const auto& shown = scene.view->GetScreenItems();
+    for (INT_PTR i = 0; i < shown.GetSize(); ++i) {
+        const std::u16string tip = TipAt(*scene.view, shown[i].rcItem.CenterPoint());
+        EXPECT_EQ(shown[i].strText == longText, tip.find(std::u16string(300, u'w')) != std::u16string::npos);
+        EXPECT_EQ(shown[i].strText != longText, tip.empty());
+    }
+    EXPECT_EQ(u"", TipAt(*scene.view, scene.view->m_rcContent.TopLeft() + CSize(20, 60))) << "nothing is there";
+    EXPECT_EQ(u"", TipAt(*Scene<CDayViewCtrl>(700).view, CPoint(100, 10)));
+    EXPECT_NE(u"", TipAt(*Scene<CDayViewCtrl>(120).view, CPoint(100, 10))) << "the title";
+}
+
 // The days of one view show their dates in one form, also where the 9th would have room for a longer one than the 10th.
 TEST(GridHeaders, ShowOneForm)
 {

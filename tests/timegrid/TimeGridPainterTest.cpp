@@ -221,6 +221,25 @@ TEST(GridPaint, ColumnsOfManyDays)
     const CRect line(column(3).left + 3, top + 282, column(3).right - 9, top + 298);
     EXPECT_GT(dc.Count(line, 0), 10);
     EXPECT_EQ(0, dc.Count(CRect(line.left + 45, line.top, line.right, line.bottom), 0)) << "times";
+    const int last = scene.view->GetItemCount() - 1;
+    tagCC_ITEM item;
+    scene.view->GetItem(last, item);
+    item.strText = CString('W', 100);
+    scene.view->SetItem(last, &item);
+    Paint(scene, dc);
+    EXPECT_GT(dc.Count(line, 0), 10);
+    EXPECT_EQ(0, dc.Count(CRect(line.right - 8, line.top, line.right, line.top + 9), 0)) << "a letter above the dots";
+}
+
+TEST(GridPaint, ATitleThatIsTooLongEndsInDots)
+{
+    Scene<CDayViewCtrl> scene(260, 200);
+    MemoryDc dc(260, 200, kSelection);
+    Paint(scene, dc);
+    CRect client;
+    scene.view->GetClientRect(&client);
+    EXPECT_GT(dc.Count(CRect(client.right - 20, 0, client.right, 30), 0xFFFFFF), 0);
+    EXPECT_EQ(0, dc.Count(CRect(client.right - 8, 0, client.right, 18), 0xFFFFFF)) << "a letter above the dots";
 }
 
 // Painted over two backgrounds, the pictures are alike, whatever the size and the scroll position.
