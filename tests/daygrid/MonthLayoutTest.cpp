@@ -1,5 +1,6 @@
 // The month grid as a value: cells, dates, looks.
 #include "DayGridTesting.h"
+#include "RandomMonth.h"
 
 #include "core/DayNote.h"
 #include "views/daygrid/BoxRange.h"
@@ -322,5 +323,46 @@ TEST(MonthBlocks, FillTheCellOfTheStart)
     CalcMonthBlocks(dates, grid.cells, items, kMonthMetrics, true);
     for (const auto& [cell, more] : {std::pair(0, 1), {1, 1}, {2, 0}, {8, 1}, {9, 1}, {10, 1}, {11, 0}}) {
         EXPECT_EQ(grid.cells[cell].m_bMore, more) << cell;
+    }
+}
+
+// Nothing is lost: at every size each item of a crowded month is seen, or a mark stands on days of it.
+TEST(MonthLayout, EachItemIsSeenOrMarked)
+{
+    const BoxDayArray dates = DatesAround(Day(2026, 11, 20));
+    RandomItems random(5);
+    for (const CSize size : {CSize(332, 270), CSize(620, 470), CSize(1100, 770), CSize(1700, 870)}) {
+        for (int month = 0; month < 20; ++month) {
+            ItemArray items;
+            items.SetSize(60);
+            for (int i = 0; i < 60; ++i) {
+                items[i].dtStart = AddDays(dates[0].m_date, random.Below(kMonthCells));
+                items[i].dtEnd = AddDays(items[i].dtStart, random.Below(2) ? 0 : random.Below(6));
+            }
+            const std::vector<BoxSpan> spans = RangeOf(dates).Spans(items);
+            const auto isMarked = [&](const Grid& grid, int item, int from) {
+                bool all = true;
+                for (int cell = from; cell <= std::min(spans[item].last, kMonthCells - 1); ++cell) {
+                    all = all && grid.cells[cell].m_bMore == 1;
+                }
+                return all;
+            };
+            Grid bars(CRect(CPoint(0, 0), size));
+            CalcMonthBars(dates, bars.cells, items);
+            for (int i = 0; i < 60; ++i) {
+                const bool isSeen = !items[i].bNoFocus && items[i].rcItem.top != -1;
+                EXPECT_TRUE(isSeen || isMarked(bars, i, spans[i].first)) << size.cx << ", item " << i;
+            }
+            Grid blocks(CRect(CPoint(0, 0), size));
+            CalcMonthBlocks(dates, blocks.cells, items, kMonthMetrics, true);
+            std::vector<int> last(kMonthCells, -1); // what is seen in the cell
+            for (int i = 0; i < 60; ++i) {
+                last[spans[i].first] = i;
+            }
+            for (int i = 0; i < 60; ++i) {
+                const int from = spans[i].first + (last[spans[i].first] == i ? 1 : 0);
+                EXPECT_TRUE(isMarked(blocks, i, from) || spans[i].last < from) << size.cx << ", item " << i;
+            }
+        }
     }
 }
