@@ -309,5 +309,5 @@ LRESULT CInPlaceEdit::OnImeEndComposition(WPARAM, LPARAM)
 BOOL CInPlaceEdit::OnChange()
 {
     ShowFont();
-    return FALSE; // the control is told, too
+    return FALSE; // the control gets it, too
 }

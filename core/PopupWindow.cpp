@@ -35,7 +35,7 @@ BOOL CPopupWnd::CreatePopup(LPCTSTR lpszClass, DWORD dwStyle, const CRect& rcScr
     if (object.expired()) {
         return FALSE;
     }
-    // Of the window itself the system tells; this is of what stands in it.
+    // The system reports the window itself; this reports what stands in it.
     ::NotifyWinEvent(EVENT_OBJECT_SHOW, m_hWnd, OBJID_CLIENT, CHILDID_SELF);
     return !object.expired();
 }

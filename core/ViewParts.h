@@ -27,7 +27,7 @@ struct ViewCell
     COleDateTime first;               // 00:00 of its first day; not valid: the cell stands for no date
     COleDateTime last;                // 23:59:59 of its last day
     std::u16string hostText;          // what the host says of it
-    std::vector<bool> workRows;       // time grids: which rows are working hours; empty: not told
+    std::vector<bool> workRows;       // time grids: which rows are working hours; empty: unknown
 };
 
 // A piece of an item, as the screen list has it.

@@ -40,7 +40,7 @@ public:
         }
         Cut(m_text.size(), false);
         PlaceNewEvents();
-        TellUnshown();
+        ReportUnshown();
         return std::move(m_scan);
     }
 
@@ -202,7 +202,7 @@ private:
         }
     }
 
-    void TellUnshown()
+    void ReportUnshown()
     {
         for (const auto& [kind, unshown] : m_unshown) {
             m_log.Add(unshown.firstLine, {{"%1 is kept but not shown", Shortened(kind)},

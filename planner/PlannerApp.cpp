@@ -39,7 +39,7 @@ protected:
 
 private:
     void TakeSettings(CPlannerFrame::Start& start);
-    void TellMessages(CPlannerFrame& frame);
+    void ReportMessages(CPlannerFrame& frame);
     void PrintPages(CPlannerFrame& frame);
 
     planner::CommandLine m_line;
@@ -127,7 +127,7 @@ BOOL CPlannerApp::InitInstance()
         std::fprintf(stderr, "planner: %s\n", m_line.problem.c_str());
         frame.ShowProblem(m_line.problem);
     }
-    TellMessages(frame);
+    ReportMessages(frame);
     const std::string list = settings.Text().Get("Days", "holidays");
     const std::string holidays = m_line.holidays.empty() ? list : m_line.holidays;
     if (!holidays.empty()) {
@@ -169,7 +169,7 @@ void CPlannerApp::TakeSettings(CPlannerFrame::Start& start)
 }
 
 // A program started from a console reports there, too, what it could not read.
-void CPlannerApp::TellMessages(CPlannerFrame& frame)
+void CPlannerApp::ReportMessages(CPlannerFrame& frame)
 {
     for (const planner::Message& message : frame.Document()->Messages()) {
         std::fprintf(stderr, "line %d: %s\n", message.line, planner::SystemText(planner::Tr(message)).GetString());

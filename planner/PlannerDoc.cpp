@@ -42,7 +42,7 @@ BOOL CPlannerDoc::OnNewDocument()
     if (done && !s_untitled.empty()) {
         Recover(s_untitled, planner::Tr("Untitled"));
     }
-    TellFrame();
+    NotifyFrame();
     return done;
 }
 
@@ -61,7 +61,7 @@ BOOL CPlannerDoc::OnOpenDocument(LPCTSTR lpszPathName)
     if (isWorkspace) {
         Show(workspace);
     }
-    TellFrame();
+    NotifyFrame();
     return TRUE;
 }
 
@@ -124,11 +124,11 @@ void CPlannerDoc::SetModifiedFlag(BOOL bModified)
     (m_owner ? m_owner : this)->UpdateFrameCounts(); // the title shows it
 }
 
-void CPlannerDoc::TellFrame()
+void CPlannerDoc::NotifyFrame()
 {
     ShareClock();
     if (m_owner) {
-        m_owner->TellFrame();
+        m_owner->NotifyFrame();
         return;
     }
     POSITION position = GetFirstViewPosition();
@@ -178,7 +178,7 @@ bool CPlannerDoc::OpenFurther(const std::string& path)
     further->Recover(full, full);
     m_calendars.Add(further->m_calendar, planner::FileNameOf(full));
     m_further.push_back(std::move(further));
-    TellFrame();
+    NotifyFrame();
     return true;
 }
 
@@ -190,7 +190,7 @@ bool CPlannerDoc::CloseFurther(std::size_t index)
     m_further[index - 1]->m_copy.Remove();
     m_calendars.Remove(index);
     m_further.erase(m_further.begin() + static_cast<std::ptrdiff_t>(index - 1));
-    TellFrame();
+    NotifyFrame();
     return true;
 }
 
@@ -350,7 +350,7 @@ BOOL CPlannerDoc::MayReplace(const std::string& path)
         m_fileBytes = *theirs;
         m_stamp.Take(path);
         m_copy.Remove();
-        TellFrame();
+        NotifyFrame();
         SetModifiedFlag(FALSE);
         return FALSE;
     case IDC_CHANGED_SAVE_AS:
@@ -369,7 +369,7 @@ void CPlannerDoc::MergeWith(const std::string& theirs)
     const planner::MergeReport report = merged.Merge(m_calendar.Save(), m_fileBytes);
     m_calendar = std::move(merged);
     m_calendar.MarkUnsaved();
-    TellFrame();
+    NotifyFrame();
     if (!report.conflicts.empty()) {
         std::string list;
         for (const std::string& title : report.conflicts) {

@@ -60,7 +60,7 @@ public:
     static std::string s_untitled;
 
 private:
-    void TellFrame();
+    void NotifyFrame();
     bool Read(const std::string& path);
     bool ReadWorkspace(const std::string& path, planner::Workspace& workspace);
     void Show(const planner::Workspace& workspace);
