@@ -172,8 +172,7 @@ void CPlannerFrame::KeepDays()
 // The pane is as wide as its text.
 void CPlannerFrame::ShowDayNotes(const COleDateTime& day)
 {
-    CCalendarCtrl* ctrl = m_items.Ctrl();
-    const int firstDayOfWeek = ctrl ? ctrl->GetFirstDayOfWeek() : dayvane::kSunday;
+    const int firstDayOfWeek = m_mondayFirst ? dayvane::kMonday : dayvane::kSunday; // one number in all views
     const std::string status =
         planner::DayStatus(dayvane::CivilDateOf(day), planner::TheDays(), firstDayOfWeek, m_days.lines);
     const std::wstring text = planner::Wide(status);

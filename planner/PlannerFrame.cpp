@@ -451,6 +451,8 @@ void CPlannerFrame::ApplyTexts()
     m_toolBar.SetTexts(texts);
     m_sidePane.Calendar().ShowEraTitles(m_days.lines.eraTitles);
     m_sidePane.SetFirstDayOfWeek(m_mondayFirst ? dayvane::kMonday : dayvane::kSunday);
+    // Weeks from Monday are those of ISO 8601; from Sunday the first is the one with 1 January.
+    m_days.lines.weekRule = m_mondayFirst ? dayvane::WeekRule::FirstFourDayWeek : dayvane::WeekRule::WithFirstDay;
 }
 
 // ---- The outcome of edits
