@@ -6,6 +6,7 @@
 #include "planner/Settings.h"
 #include "planner/Words.h"
 
+#include <fstream>
 #include <map>
 
 namespace {
@@ -132,6 +133,8 @@ TEST_F(PlannerFiles, NamesInAnyScriptAndLongPathsAreOpenedAndSaved)
 
 TEST_F(PlannerFiles, WhatCannotBeWrittenIsSaidAndNothingIsLost)
 {
+    const std::string neighbour = m_path + ".new"; // a file of the user, with a name that is easily taken for a copy
+    std::ofstream(neighbour) << "theirs";
     messages::Drag(Ctrl(), PointOf("Meeting"), CellOf(17));
     const std::string moved = Bytes();
     EXPECT_FALSE(m_document->DoSave((m_folder + "\\gone\\x.ics").c_str()));
@@ -151,6 +154,8 @@ TEST_F(PlannerFiles, WhatCannotBeWrittenIsSaidAndNothingIsLost)
     EXPECT_EQ(search, INVALID_HANDLE_VALUE) << "no half file is left";
     EXPECT_TRUE(m_document->DoFileSave());
     EXPECT_EQ(planner::ReadWholeFile(m_path), moved);
+    EXPECT_EQ(planner::ReadWholeFile(neighbour), "theirs");
+    ::DeleteFileA(neighbour.c_str());
 }
 
 bool g_wasShown;
