@@ -11,6 +11,7 @@
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <malloc.h>
 #include <map>
 #include <memory>
 #include <new>
@@ -190,6 +191,14 @@ void* operator new(size_t size, const std::nothrow_t&) noexcept
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
+}
+void* operator new(size_t size, std::align_val_t alignment)
+{
+    return _aligned_malloc(size ? size : 1, static_cast<size_t>(alignment));
+}
+void operator delete(void* memory, std::align_val_t) noexcept
+{
+    _aligned_free(memory);
 }
 
 // ---- The compiled part of the C++ library.
