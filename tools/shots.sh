@@ -8,7 +8,7 @@ calendars_folder=${DAYVANE_CALENDARS:-}
 
 # Windows: name, calendar, views, date, theme, scale in per cent, size, language, system. {view} in the name stands for
 # each of the views; "all" are all of them. The first eight rows show every view in light and dark, at 100 and 200 per
-# cent, in Japanese and English; the ninth one at 150 per cent.
+# cent, in Japanese and English; the next two at 150 per cent.
 list_windows() {
     sed 's/ all / day,workweek,week,diary,month,month2,year,agenda /' <<'TABLE'
 planner-{view}             office          all         2026-11-20 light    100 1180x860 ja 932
@@ -19,8 +19,8 @@ planner-dark-ja-{view}     office          all         2026-11-20 dark     100 1
 planner-dark-{view}        office          all         2026-11-20 dark     100 1180x860 en 932
 planner-dark-200-{view}    office          all         2026-11-20 dark     200 1360x960 ja 932
 planner-dark-200-en-{view} office          all         2026-11-20 dark     200 1360x960 en 932
-planner-150-{view}         office          month,month2,week,workweek,day,diary,year 2026-11-20 light    150 1360x960 en 932
-planner-dark-150-{view}    office          agenda      2026-11-20 dark     150 1360x960 ja 932
+planner-150-{view}         office          all         2026-11-20 light    150 1360x960 en 932
+planner-dark-150-{view}    office          all         2026-11-20 dark     150 1360x960 ja 932
 planner-classic-{view}     office          month,week  2026-11-20 classic  100 1180x860 ja 932
 planner-contrast-{view}    office          month       2026-11-20 contrast 100 1180x860 ja 932
 planner-1252-{view}        conference-2017 month       2017-04-25 light    100 1180x860 en 1252
