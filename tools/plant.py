@@ -47,7 +47,21 @@ def code_of(line):
     return re.sub(r"//.*", lambda m: "\0" * len(m.group()), line)
 
 
-def candidates(root, known, folder):
+def for_windows_only(lines):
+    """Of each line whether it stands between #ifdef _WIN32 and #else or #endif."""
+    conditions = []
+    for line in lines:
+        words = line.split()
+        if words and words[0].startswith("#if"):
+            conditions.append(words[:2] == ["#ifdef", "_WIN32"])
+        elif words and words[0] == "#else":
+            conditions[-1] = False
+        elif words and words[0] == "#endif":
+            conditions.pop()
+        yield any(conditions)
+
+
+def candidates(root, known, folder, windows=False):
     """Every fault that could be planted in these sources, in the order of the sources."""
     listed = subprocess.run(["git", "ls-files", "*.cpp", "*.h"], cwd=root, capture_output=True, text=True, check=True)
     for name in listed.stdout.split():
@@ -55,7 +69,10 @@ def candidates(root, known, folder):
         # A header counts when its source is among them; a header without source is left out.
         if not name.startswith(folder) or (name not in known and str(path.with_suffix(".cpp")) not in known):
             continue
-        for number, text in enumerate((root / name).read_text(encoding="utf-8").split("\n"), 1):
+        lines = (root / name).read_text(encoding="utf-8").split("\n")
+        for number, (text, is_windows) in enumerate(zip(lines, for_windows_only(lines)), 1):
+            if is_windows and not windows:
+                continue  # no native test has it
             code = code_of(text)
             if code.lstrip().startswith(("#", "static_assert", "using", "namespace", "*")):
                 continue
@@ -103,7 +120,7 @@ def chosen(arguments, known):
         rows = read_table(tables / ("windows.tsv" if arguments.windows else "faults.tsv"))
         return [f for f in listed_faults(root, rows) if f.file.startswith(arguments.folder)]
     equivalents = {(row[0], row[1], row[2]) for row in read_table(tables / "equivalents.tsv")}
-    every = [f for f in candidates(root, known, arguments.folder)
+    every = [f for f in candidates(root, known, arguments.folder, arguments.windows)
              if (f.file, f.old.strip(), f.new.strip()) not in equivalents]
     # The order depends on each fault alone, so that a change of the sources leaves the other faults of a seed.
     every.sort(key=lambda f: hashlib.sha256(f"{arguments.seed} {f.file} {f.old} {f.new}".encode()).digest())

@@ -26,7 +26,8 @@ command_plant() {
     else
         mapfile -t targets < <(test_targets "$native")
         step "Building what faults are planted in"
-        run_logged plant "Building it" ninja -C "$native" "${targets[@]}"
+        # An object's lines must be found in this tree, not in another whose object ccache has kept.
+        CCACHE_HASHDIR=1 run_logged plant "Building it" ninja -C "$native" "${targets[@]}"
     fi
     python3 -B "$ROOT/tools/plant.py" --root "$ROOT" --place "$BUILD/plant" --build "$native" "${windows[@]}" \
         "${arguments[@]}" 9>&-

@@ -34,7 +34,7 @@ class Build:
 
     def __init__(self, root, folder):
         self.root, self.folder = root, folder
-        self.commands, self.sources, self.links = {}, {}, {}
+        self.commands, self.sources, self.links, self.members = {}, {}, {}, {}
         for entry in json.loads((folder / "compile_commands.json").read_text()):
             found = re.search(r" -o (\S+) -c (\S+)$", entry["command"])
             if found and found.group(2).startswith(f"{root}/"):
@@ -51,6 +51,14 @@ class Build:
             commands = output_of(["ninja", "-C", str(self.folder), "-t", "commands", target])
             self.links[target] = commands.rstrip("\n").rpartition("\n")[2]
         return self.links[target]
+
+    def members_of(self, target):
+        """The names of the objects that the linker takes from archives for this program."""
+        if target not in self.members:
+            command = self.link_of(target).replace(f" -o {target} ", f" -Wl,--trace -o {os.devnull} ")
+            traced = subprocess.run(command, shell=True, cwd=self.folder, capture_output=True, text=True, check=True)
+            self.members[target] = set(re.findall(r"\((\S+)\)$", traced.stdout, re.MULTILINE))
+        return self.members[target]
 
     def objects_with(self, file):
         """The objects that a change of this source or header changes."""
@@ -74,6 +82,8 @@ class Coverage:
         self.reached = collections.defaultdict(lambda: collections.defaultdict(set))  # file -> line -> (program, test)
         for program in build.programs:
             self._read(build, program)
+        if not self.reached:
+            sys.exit(f"No line of {build.root} is reached: was {build.folder} compiled from other sources?")
 
     def _read(self, build, program):
         executable = build.folder / "bin" / f"test_{program}"
@@ -110,11 +120,6 @@ class Coverage:
         """program -> tests that reach any line of the files."""
         return by_program(set().union(*(tests for file in files for tests in self.reached.get(file, {}).values())))
 
-    def programs_reaching(self, files):
-        """Programs that run code of these files, the quickest first."""
-        programs = {program for file in files for tests in self.reached.get(file, {}).values() for program, _ in tests}
-        return sorted(programs, key=lambda p: sum(self.times[p].values()))
-
 
 def by_program(tests):
     found = collections.defaultdict(set)
@@ -144,16 +149,21 @@ class Mutant:
             self.made[name] = target
         return self.made[name]
 
+    def objects_in(self, target):
+        """The changed objects that this program is made of."""
+        command, members = self.planter.build.link_of(target), self.planter.build.members_of(target)
+        return [o for o in self.objects if f" {o} " in command or pathlib.PurePath(o).name in members]
+
     def program(self, target, changed_link=lambda command: command):
         """The path of this program or library with the fault in it."""
         if target not in self.linked:
             path = self.place / pathlib.PurePath(target).name
             command = self.planter.build.link_of(target)
             added = []
-            for name in self.objects:
+            for name in self.objects_in(target):
                 if f" {name} " in command:
                     command = command.replace(f" {name} ", f" {self.object(name)} ")
-                elif not name.startswith("tests/"):
+                else:
                     added.append(str(self.object(name)))  # before the archive, whose own object is not looked at then
             self.do(changed_link(command.replace(f" -o {target} ", f" -o {path} {' '.join(added)} ")))
             self.linked[target] = path
@@ -207,24 +217,22 @@ class Planter:
 
 
 class NativePlanter(Planter):
-    """Faults of the pure sources. First the tests that reach the line, then those that reach the file; what they let
-    through meets every test of every program that runs code of the file, with sanitizers as in the native build."""
+    """Faults of the pure sources. First the tests that reach the line; what they let through meets every test that
+    reaches the file, with sanitizers as in the native build."""
 
     def __init__(self, build, place, coverage, quick_only):
         super().__init__(build, place)
         self.coverage, self.quick_only = coverage, quick_only
 
     def outcome(self, fault):
-        mutant, tried = Mutant(self, fault.file, quick), collections.defaultdict(set)
+        mutant = Mutant(self, fault.file, quick)
         mutant.object(mutant.objects[0])  # does it compile?
         files = {fault.file, *(self.build.sources[o] for o in mutant.objects)}  # of a header: where it is included
-        for tests in (self.coverage.near(fault.file, fault.line), self.coverage.of_files(files)):
-            failed = self.try_tests(mutant, {p: names - tried[p] for p, names in tests.items()})
-            if failed:
-                return failed
-            for program, names in tests.items():
-                tried[program] |= names
-        return not self.quick_only and self.last_round(fault) or "survived"
+        near, every = self.coverage.near(fault.file, fault.line), self.coverage.of_files(files)
+        failed = self.try_tests(mutant, near)
+        if not failed and self.quick_only:
+            failed = self.try_tests(mutant, {program: names - near[program] for program, names in every.items()})
+        return failed or not self.quick_only and self.last_round(fault.file, files) or "survived"
 
     def try_tests(self, mutant, tests):
         lower = -1
@@ -234,8 +242,9 @@ class NativePlanter(Planter):
                 times = {t: self.coverage.times[program][t] for t in names}
                 chosen = [t for t in sorted(names) if lower < times[t] <= bound]
                 if chosen:
-                    steps.append((sum(times[t] for t in chosen), program, chosen))
-            for milliseconds, program, chosen in sorted(steps):
+                    made = len(mutant.objects_in(f"bin/test_{program}"))
+                    steps.append((made, sum(times[t] for t in chosen), program, chosen))
+            for _, milliseconds, program, chosen in sorted(steps):
                 executable = mutant.program(f"bin/test_{program}", quickly_linked)
                 failed = self.run([executable, f"--gtest_filter={':'.join(chosen)}"],
                                   limit(10 + milliseconds / 50, MEMORY_LIMIT))
@@ -244,16 +253,15 @@ class NativePlanter(Planter):
             lower = bound
         return None
 
-    def last_round(self, fault):
-        mutant = Mutant(self, fault.file, sanitized)
-        sources = [self.build.sources[o] for o in mutant.objects]
-        programs = self.coverage.programs_reaching([fault.file, *sources])
-        programs += [p for p in self.build.programs
-                     if p not in programs and any(s.startswith(f"tests/{p}/") for s in sources)]
-        for program in programs:
+    def last_round(self, changed, files):
+        mutant = Mutant(self, changed, sanitized)
+        steps = [(sum(self.coverage.times[program][t] for t in names), program, ":".join(sorted(names)))
+                 for program, names in self.coverage.of_files(files).items()]
+        steps += [(sum(self.coverage.times[program].values()), program, "*") for program in self.build.programs
+                  if any(file.startswith(f"tests/{program}/") for file in files)]  # a header that the tests include
+        for milliseconds, program, chosen in sorted(steps):
             executable = mutant.program(f"bin/test_{program}", sanitized_link)
-            milliseconds = sum(self.coverage.times[program].values())
-            failed = self.run([executable], limit(60 + milliseconds / 20))
+            failed = self.run([executable, f"--gtest_filter={chosen}"], limit(60 + milliseconds / 20))
             if failed:
                 return f"caught by {program}: {failed} (last round)"
         return None
@@ -267,6 +275,7 @@ class WindowsPlanter(Planter):
         super().__init__(build, place)
         self.order = order  # fault -> (program, filter), the likeliest first
         self.sound = set()  # programs and tests that pass without a fault
+        build.members[self.dll] = set()  # the linker is given all its objects
 
     def outcome(self, fault):
         mutant = Mutant(self, fault.file, lambda command: command)
