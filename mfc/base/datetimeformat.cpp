@@ -2,25 +2,13 @@
 #include <afxdisp.h>
 #include <civil.h>
 
-#include <clocale>
 #include <cstring>
 #include <ctime>
 
 namespace {
-constexpr const char* kDayNames[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
-constexpr const char* kMonthNames[] = {"January", "February", "March",     "April",   "May",      "June",
-                                       "July",    "August",   "September", "October", "November", "December"};
-constexpr int kShortNameLength = 3;
-
-bool IsEnglish()
-{
-    const char* locale = std::setlocale(LC_TIME, nullptr);
-    return !locale || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
-}
-
 // A name of the C runtime's locale. Only the fields that names depend on are set, so that no runtime finds the year
 // out of its range.
-CString LocalName(const SYSTEMTIME& time, char flag)
+CString NameOf(const SYSTEMTIME& time, char flag)
 {
     std::tm fields = {};
     fields.tm_year = 100;
@@ -31,25 +19,6 @@ CString LocalName(const SYSTEMTIME& time, char flag)
     const char format[] = {'%', flag, 0};
     char name[128];
     return CString(name, static_cast<int>(std::strftime(name, sizeof name, format, &fields)));
-}
-
-CString NameOf(const SYSTEMTIME& time, char flag)
-{
-    if (!IsEnglish()) {
-        return LocalName(time, flag);
-    }
-    switch (flag) {
-    case 'a':
-        return CString(kDayNames[time.wDayOfWeek], kShortNameLength);
-    case 'A':
-        return kDayNames[time.wDayOfWeek];
-    case 'b':
-        return CString(kMonthNames[time.wMonth - 1], kShortNameLength);
-    case 'B':
-        return kMonthNames[time.wMonth - 1];
-    default:
-        return time.wHour < 12 ? "AM" : "PM";
-    }
 }
 
 struct Number
