@@ -117,6 +117,6 @@ TEST(TimeIndex, AStoreThatWasReplacedUnseenIsReadAnew)
     for (int i = 0; i < 100; ++i) {
         StoreAdd(store.items, store.Item()); // the index is not notified
     }
-    ASSERT_TRUE(index.Find(store.items, 43000, 43010, found));
-    EXPECT_EQ(found, store.LookAtAll(43000, 43010));
+    ASSERT_TRUE(index.Find(store.items, 43000, 43500, found)); // some of the new ones among them
+    EXPECT_EQ(found, store.LookAtAll(43000, 43500));
 }

@@ -2,6 +2,7 @@
 #include "DayGridTesting.h"
 
 #include "views/daygrid/BoxRange.h"
+#include "views/daygrid/DayCells.h"
 
 #include <gtest/gtest.h>
 
@@ -253,4 +254,21 @@ TEST(BoxRange, KeysAndStepsEndWhereDatesEnd)
     EXPECT_EQ(Text(second.DateAfter(-9)), "none");
     EXPECT_EQ(Text(Around(RangeKind::Week, Day(9999, 12, 31)).DateAfter(7)), "none");
     EXPECT_EQ(Text(Around(RangeKind::Year, Day(9999, 12, 31)).DateAfter(12)), "none");
+}
+
+TEST(BoxDays, TodayMoves)
+{
+    for (const RangeKind kind : {RangeKind::Month, RangeKind::Week}) {
+        const BoxRange range = Around(kind, Day(9999, 12, 15)); // its last boxes have no date
+        for (const COleDateTime& today : {Day(9999, 12, 15), Day(9999, 12, 31), Day(9999, 11, 29), Day(2026, 12, 15)}) {
+            BoxDayArray days, anew;
+            FillDays(range, Day(9999, 12, 15), Day(9999, 12, 14), nullptr, days);
+            FillDays(range, Day(9999, 12, 15), today, nullptr, anew);
+            MarkToday(today + COleDateTimeSpan(0, 9, 30, 0), days);
+            for (int i = 0; i < range.Count(); ++i) {
+                EXPECT_EQ(days[i].m_nFlags, anew[i].m_nFlags) << Text(range.DateOfBox(i));
+                EXPECT_EQ((days[i].m_nFlags & DAY_TODAY) != 0, Text(range.DateOfBox(i)) == Text(today));
+            }
+        }
+    }
 }

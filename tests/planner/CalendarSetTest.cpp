@@ -152,6 +152,15 @@ TEST(WorkspaceTest, KeepsFilesColoursTicksAndTheFilter)
     workspace.calendars.resize(1);
     EXPECT_EQ(ParseWorkspace(WorkspaceText(workspace, "C:\\cal\\", text), "").calendars.size(), 1u);
     EXPECT_TRUE(ParseWorkspace("BEGIN:VCALENDAR", "").calendars.empty());
+
+    const Workspace least = ParseWorkspace("[Calendar 1]\nfile=a.ics\n[Calendar 2]\nfile=/b.ics\n", "D:\\");
+    ASSERT_EQ(least.calendars.size(), 2u);
+    EXPECT_EQ(least.calendars[0].file, "D:\\a.ics");
+    EXPECT_EQ(least.calendars[1].file, "/b.ics");
+    EXPECT_EQ(least.calendars[1].color, CalendarSet::kByCategory);
+    EXPECT_TRUE(least.calendars[1].isShown && least.hiddenCategories.empty());
+    EXPECT_EQ(least.target, 0u);
+    EXPECT_EQ(ParseWorkspace("[Workspace]\nnewItems=3\n[Calendar 1]\nfile=a\n[Calendar 2]\nfile=b\n", "").target, 0u);
 }
 
 } // namespace

@@ -91,6 +91,21 @@ TEST(ReminderTest, AreDueUntilTheyAreDismissedOrSleep)
     EXPECT_EQ(due("20270420T0300", "20270420T1200"), "S20270419T0850 ") << "nothing of last year";
 }
 
+TEST(SearchTest, CapitalsWidthsAndSyllablesAreOne)
+{
+    const std::pair<const char*, const char16_t*> rows[] = {
+        {"@AZ[`az{", u"@az[`az{"},         {u8"¿ÀÖ×ØÞß", u"¿àö×øþß"},   {u8"ΑΩΪαω", u"αωΪαω"}, {u8"ЀЏАЯая", u"ѐџаяая"},
+        {u8"！＠ＡＺ［～｟", u"!@az[~｟"}, {u8"゠ァヶヷ", u"゠ぁゖヷ"}, {u8"　、", u" 、"},
+    };
+    for (const auto& [text, folded] : rows) {
+        EXPECT_EQ(Folded(text), folded) << text;
+    }
+    Event event;
+    event.summary = "Team meeting";
+    EXPECT_TRUE(Fits(event, u8"　ＭＥＥＴ tea"));
+    EXPECT_FALSE(Fits(event, "meet teas") || Fits(event, " ") || Fits(event, ""));
+}
+
 TEST(IniTextTest, KeepsWhatItDoesNotKnow)
 {
     IniText ini("\xEF\xBB\xBF; by hand\r\n[View]\r\nname = month\nunknown=1\n\n[Files]\nfile1=a.ics\nfile2=\n");
@@ -136,6 +151,36 @@ TEST(DayChoicesTest, HolidaysOfAListAndWordsThatAreKept)
     EXPECT_EQ(again.Words(), "none,names,weeks,lunch");
     EXPECT_FALSE(again.Take("names,holidays"));
     EXPECT_TRUE(again.lines.weekNumbers && !again.lines.rokuyo);
+}
+
+TEST(DayChoicesTest, ClocksAndOfficeHours)
+{
+    constexpr LocalTime last = 80000LL * kDaySeconds;
+    for (const char* name : {"Europe/Berlin", "America/New_York", "Australia/Perth", "Asia/Tokyo"}) {
+        const auto zone = FindCommonZone(name);
+        const dayvane::ZoneClock clock = ClockOf(*zone);
+        for (LocalTime utc = 0; utc < last; utc += 5 * kDaySeconds + 7 * kHourSeconds + 11) {
+            ASSERT_EQ(clock.LocalOf(utc), zone->WallOfUtc(utc)) << name;
+        }
+        for (const auto& change : clock.ChangesWithin(0, last)) {
+            const LocalTime utc = clock.MomentsOf(change.begin).first; // the jump, or an hour before the second time
+            for (const LocalTime at : {utc - 1, utc, utc + kHourSeconds - 1, utc + kHourSeconds}) {
+                ASSERT_EQ(clock.LocalOf(at), zone->WallOfUtc(at)) << name;
+            }
+        }
+    }
+    const dayvane::CivilDate friday{2026, 11, 27}, saturday{2026, 11, 28}, sunday{2026, 11, 29}, monday{2026, 11, 30};
+    const auto minutes = [](const dayvane::CivilDate& day, bool lunchBreak) {
+        const dayvane::WorkHours hours = DayChoices::OfficeHours(lunchBreak);
+        std::string text;
+        for (const dayvane::WorkPeriod& period : hours.PeriodsOf(day, false)) {
+            text += std::to_string(period.begin) + "-" + std::to_string(period.end) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(minutes(monday, true), "540-720 780-1080 ");
+    EXPECT_EQ(minutes(friday, false), "540-1080 ");
+    EXPECT_EQ(minutes(saturday, true) + minutes(sunday, true), "");
 }
 
 // From calendars in print: the lunar date, the age of the moon at noon, the week of ISO 8601, the sign of the day.

@@ -242,4 +242,25 @@ TEST(Pages, TitlesOfSeveralDaysSayWhatTheyShareOnce)
     }
 }
 
+// Grey by Rec. 601: 299, 587 and 114 thousandths of red, green and blue.
+TEST(Pages, FillsArePaleAndInksDark)
+{
+    for (int grey = 0; grey < 256; ++grey) {
+        EXPECT_EQ(PaleFill(RGB(grey, grey, grey)), 0x010101u * std::max(grey, 226));
+        EXPECT_EQ(InkOf(RGB(grey, grey, grey)), 0x010101u * std::min(grey, 150));
+    }
+    const struct
+    {
+        COLORREF color, pale, ink, grey;
+    } rows[] = {{RGB(255, 0, 0), RGB(255, 214, 214), RGB(255, 0, 0), RGB(76, 76, 76)},
+                {RGB(0, 0, 255), RGB(223, 223, 255), RGB(0, 0, 255), RGB(29, 29, 29)},
+                {RGB(255, 255, 0), RGB(255, 255, 9), RGB(170, 170, 0), RGB(225, 225, 225)},
+                {RGB(200, 220, 255), RGB(212, 228, 255), RGB(137, 151, 175), RGB(218, 218, 218)}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(PaleFill(row.color), row.pale);
+        EXPECT_EQ(InkOf(row.color), row.ink);
+        EXPECT_EQ(GreyOf(row.color), row.grey);
+    }
+}
+
 } // namespace

@@ -216,6 +216,52 @@ TEST(HitTest, ManyDaysFindColumnAndRow)
     }
 }
 
+// The grid of the day begins at 60; a box 40 high from 100 on, text 2 inside it and 3 right of its edge.
+TEST(PaintedBox, FollowsTheGridAndKeepsItsTextInSight)
+{
+    const TimeGridFrame frame = CalcTimeGridFrame(CRect(0, 0, 400, 500), true, 0, 1, 1);
+    ASSERT_EQ(60, frame.grid.top);
+    const struct
+    {
+        int scroll;
+        CRect item, box, content;
+        bool rightEdge, isInSight;
+    } cases[] = {
+        {0, {70, 100, 170, 140}, {70, 100, 170, 140}, {73, 102, 168, 138}, true, true},
+        {38, {70, 100, 170, 140}, {70, 62, 170, 102}, {73, 64, 168, 100}, true, true},
+        {42, {70, 100, 170, 140}, {70, 58, 170, 98}, {73, 60, 168, 96}, true, true},
+        {43, {70, 100, 170, 140}, {70, 57, 170, 97}, {73, 62, 168, 95}, true, true}, // its text would be above the grid
+        {79, {70, 100, 170, 140}, {70, 21, 170, 61}, {73, 62, 168, 59}, true, true},
+        {80, {70, 100, 170, 140}, {70, 20, 170, 60}, {73, 62, 168, 58}, true, false},
+        {0, {70, 100, 200, 140}, {70, 100, 200, 140}, {73, 102, 198, 138}, true, true},
+        {0, {70, 100, 201, 140}, {70, 100, 200, 140}, {73, 102, 198, 138}, false, true}, // beyond its column
+        {10, {70, 140, 170, 100}, {70, 90, 170, 130}, {73, 92, 168, 128}, true, true},   // ends above its begin
+        {0, {70, 100, 170, 100}, {70, 100, 170, 101}, {73, 102, 168, 99}, true, true},
+    };
+    for (const auto& c : cases) {
+        tagCALENDAR_ITEM item = Item(At(9, 0), At(10, 0));
+        item.rcItem = c.item;
+        const TimeGridState state = StateOf(frame, 2, c.scroll);
+        const PaintedBox painted = PaintedTimedBox(state, item, 200);
+        EXPECT_EQ(c.box, painted.box) << c.item << " by " << c.scroll;
+        EXPECT_EQ(c.content, painted.content) << c.item << " by " << c.scroll;
+        EXPECT_EQ(c.rightEdge, painted.rightEdge) << c.item;
+        EXPECT_TRUE(painted.leftEdge);
+        EXPECT_EQ(c.isInSight, IsBoxInSight(state, item)) << c.item << " by " << c.scroll;
+    }
+    tagCALENDAR_ITEM bar = Item(At(9, 0), At(10, 0), PIECE_TAIL);
+    bar.rcItem = CRect(70, 35, 170, 55);
+    EXPECT_FALSE(IsBoxInSight(StateOf(frame, 2, 0), bar));
+    const PaintedBox painted = PaintedBandBar(CRect(61, 30, 400, 60), bar);
+    EXPECT_EQ(bar.rcItem, painted.box);
+    EXPECT_EQ(CRect(73, 37, 168, 53), painted.content);
+    EXPECT_TRUE(!painted.leftEdge && painted.rightEdge);
+    bar.nPiece = PIECE_HEAD;
+    EXPECT_EQ(CRect(73, 42, 168, 53), PaintedBandBar(CRect(61, 40, 400, 60), bar).content) << "below the band's edge";
+    EXPECT_TRUE(PaintedBandBar(CRect(61, 40, 400, 60), bar).leftEdge);
+    EXPECT_FALSE(PaintedBandBar(CRect(61, 40, 400, 60), bar).rightEdge);
+}
+
 TEST(ClockTime, RoundsToTheSecondAndCarriesTheDay)
 {
     constexpr double kSecond = 1.0 / 86400;

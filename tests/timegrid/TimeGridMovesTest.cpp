@@ -126,3 +126,97 @@ TEST(Scrolling, CountsTheRowsThatAreNotWhole)
         EXPECT_EQ(30, moved.maximum);
     }
 }
+
+// A day of 960 pixels in 440: 520 are left over, the bar runs to 27.
+TEST(Scrolling, FollowsEveryCode)
+{
+    const struct
+    {
+        int code, from, offset, position;
+    } rows[] = {
+        {SCROLL_LINEUP, 2, 20, 1},
+        {SCROLL_LINEDOWN, 2, 60, 3},
+        {SCROLL_PAGEUP, 5, 60, 3},
+        {SCROLL_PAGEDOWN, 2, 80, 4},
+        {SCROLL_THUMBTRACK, 2, 180, 9},
+        {SCROLL_THUMBPOSITION, 2, 180, 9},
+        {SCROLL_TOP, 2, 0, 0},
+        {SCROLL_BOTTOM, 2, 520, 27},
+        {SCROLL_PAGEUP, 1, 0, -1},
+        {SCROLL_PAGEDOWN, 25, 520, 27},
+        {99, 2, 40, 2},
+    };
+    for (const auto& row : rows) {
+        const GridScroll moved = Scrolled({row.from * 20, row.from, 27}, row.code, 9, {TimeScale{2}, 0, 440});
+        EXPECT_EQ(row.offset, moved.offset) << row.code << " from " << row.from;
+        EXPECT_EQ(row.position, moved.position) << row.code << " from " << row.from;
+        EXPECT_EQ(27, moved.maximum);
+    }
+    EXPECT_EQ(960 - 1040, Scrolled({0, 0, 0}, SCROLL_TOP, 0, {TimeScale{2}, 0, 1040}).offset);
+
+    const GridWindow window{TimeScale{2}, 200, 440};
+    EXPECT_EQ(180, WindowAfter(AfterMove::SCROLL_UP, window).scroll);
+    EXPECT_EQ(220, WindowAfter(AfterMove::SCROLL_DOWN, window).scroll);
+    EXPECT_EQ(200, WindowAfter(AfterMove::REPAINT, window).scroll);
+}
+
+TEST(Scrolling, KeepsItsPlaceInOtherSizes)
+{
+    const struct
+    {
+        int position, maximum, height, newMaximum, newPosition;
+    } rows[] = {{13, 27, 440, 27, 13}, {13, 27, 140, 42, 21}, {21, 42, 840, 7, 3},
+                {3, 7, 1040, 0, 0},    {0, 0, 440, 27, 27},   {0, 27, 960, 1, 0}};
+    for (const auto& row : rows) {
+        const GridScroll scaled = ScaledTo({1, row.position, row.maximum}, {TimeScale{2}, 0, row.height});
+        EXPECT_EQ(row.newMaximum, scaled.maximum) << row.height;
+        EXPECT_EQ(row.newPosition, scaled.position) << row.height;
+        EXPECT_EQ(20 * row.newPosition, scaled.offset) << row.height;
+    }
+}
+
+TEST(Scrolling, NoFartherThanToShowAPlace)
+{
+    const GridWindow window{TimeScale{2}, 200, 100};
+    const struct
+    {
+        int top, bottom, offset;
+    } places[] = {{210, 290, 200}, {200, 300, 200}, {199, 299, 199}, {201, 301, 201}, {100, 120, 100}, {150, 400, 150}};
+    for (const auto& place : places) {
+        EXPECT_EQ(place.offset, OffsetToShow(window, place.top, place.bottom)) << place.top;
+    }
+    EXPECT_EQ(320, OffsetToShow(window, At(9, 10), At(10, 0))) << "the row of the end, too";
+    EXPECT_EQ(320, OffsetToShow(window, At(10, 0), At(9, 0)));
+    EXPECT_EQ(160, OffsetToShow(window, At(4, 0), At(4, 0)));
+    EXPECT_EQ(200, OffsetToShow(window, At(4, 0), Invalid()));
+}
+
+TEST(Look, ColorsOfARow)
+{
+    enum
+    {
+        WORK,
+        WORK_ROW,
+        WORK_HOUR,
+        OFF,
+        OFF_ROW,
+        OFF_HOUR,
+        UNUSED,
+        SELECTED
+    };
+    const tagCALENDAR_DAY_COLOR colors = {{WORK, WORK_ROW, WORK_HOUR, OFF, OFF_ROW, OFF_HOUR, UNUSED}};
+    const struct
+    {
+        int row;
+        bool isWorkTime;
+        COLORREF fill, line;
+    } rows[] = {{17, false, OFF, OFF_ROW},  {16, false, OFF, OFF_HOUR},  {18, true, WORK, OFF_HOUR}, // work begins at 9
+                {19, true, WORK, WORK_ROW}, {20, true, WORK, WORK_HOUR}, {0, true, WORK, WORK_HOUR}};
+    for (const auto& row : rows) {
+        const RowLookInput input{TimeScale{2}, colors, SELECTED, 9};
+        EXPECT_EQ(row.fill, LookOfRow(row.row, row.isWorkTime, false, input).fill) << row.row;
+        EXPECT_EQ(row.line, LookOfRow(row.row, row.isWorkTime, false, input).line) << row.row;
+        EXPECT_EQ(static_cast<COLORREF>(SELECTED), LookOfRow(row.row, row.isWorkTime, true, input).fill) << row.row;
+        EXPECT_EQ(row.line, LookOfRow(row.row, row.isWorkTime, true, input).line) << row.row;
+    }
+}
