@@ -33,10 +33,11 @@ KINDS = [
     ("forgotten exit", r"(?<=^)\s*(?:return|continue);$", ""),
 ]
 
-# Windows programs in the order in which they are tried, by the folder of a fault; then all others.
+# Windows programs that are tried first, by the folder of a fault.
 WINDOWS_PROGRAMS = {
-    "core": ["core", "input"], "views/daygrid": ["daygrid", "input"], "views/timegrid": ["timegrid", "input"],
-    "views/docview": ["docview"], "pickers": ["pickers"], "printing": ["printing"], "access": ["access", "input"],
+    "core": ["core", "daygrid", "timegrid", "input"], "views/daygrid": ["daygrid", "input"],
+    "views/timegrid": ["timegrid", "input"], "views/docview": ["docview"], "pickers": ["pickers"],
+    "printing": ["printing"], "access": ["access"], "mfc": ["mfc"],
 }
 
 
@@ -139,13 +140,11 @@ def windows_planter(arguments):
     root, build = arguments.root, plant_build.Build(arguments.root, arguments.windows)
     pure = plant_build.Build(root, arguments.build).library_sources()
 
-    def order(fault):
+    def likely(fault):
         folder = max((f for f in WINDOWS_PROGRAMS if fault.file.startswith(f + "/")), key=len, default="")
-        likely = WINDOWS_PROGRAMS.get(folder, [])
-        rest = [p for p in build.programs if p not in likely]
-        return [*filter(None, [fault.first]), *((program, "*") for program in likely + rest)]
+        return WINDOWS_PROGRAMS.get(folder, [])
 
-    planter = plant_build.WindowsPlanter(build, arguments.place / "windows", order)
+    planter = plant_build.WindowsPlanter(build, arguments.place / "windows", likely, arguments.quick)
     return [planter], {s for s in build.library_sources() if not s.startswith(("planner/", "ctl/"))} - set(pure)
 
 

@@ -21,7 +21,7 @@ command_plant() {
     if [ ${#windows[@]} -gt 0 ]; then
         build win32 build.ninja
         mapfile -t targets < <(test_targets "$BUILD/win32")
-        build win32 "${targets[@]}"
+        build win32 "${targets[@]}" master_pictures
         start_system 932
     else
         mapfile -t targets < <(test_targets "$native")

@@ -11,9 +11,12 @@ import resource
 import shutil
 import subprocess
 import sys
+import time
 
 TEST_MS = (50, 1000, 1_000_000)  # tests are tried by their time: those below the first bound, below the next, ...
 MOST_SECONDS = 1200  # for one program, however busy the machine is
+HANG_SECONDS, HANG_FACTOR = 60, 10  # what takes longer than this and so many times its own time hangs
+HANGS = "it hangs"
 MEMORY_LIMIT = 6 << 30  # a fault that never stops to ask for memory
 SANITIZERS = "-fsanitize=address,undefined -fno-sanitize-recover=all -fno-sanitize=vptr"
 
@@ -203,15 +206,15 @@ class Planter:
                 path.write_text(original, encoding="utf-8")
         return None
 
-    def run(self, command, limits=None):
+    def run(self, command, limits=None, seconds=MOST_SECONDS):
         """None when the tests pass, else the test that failed or how the program ended. What computes for ever meets
         the limit of its processor time; only what waits for ever hangs."""
         try:
             done = subprocess.run([*command, "--gtest_fail_fast", "--gtest_brief=1"], cwd=self.place, env=environment(),
-                                  timeout=MOST_SECONDS, preexec_fn=limits,
+                                  timeout=seconds, preexec_fn=limits,
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         except subprocess.TimeoutExpired:
-            return "it hangs"
+            return HANGS
         failed = re.search(rb"\[  FAILED  \] ([\w./]+)", done.stdout)
         return (failed.group(1).decode() if failed else "it crashes") if done.returncode else None
 
@@ -270,42 +273,87 @@ class NativePlanter(Planter):
 class WindowsPlanter(Planter):
     """Faults of windows and painters: the DLL is linked again, and the tests run with it under Wine."""
     dll = "bin/Dayvane.dll"
+    pictures = "pictures"  # in the place of a program: what views and selectors draw, against the kept pictures
 
-    def __init__(self, build, place, order):
+    def __init__(self, build, place, likely, quick_only):
         super().__init__(build, place)
-        self.order = order  # fault -> (program, filter), the likeliest first
-        self.sound = set()  # programs and tests that pass without a fault
+        self.likely, self.quick_only = likely, quick_only  # likely: fault -> programs
+        self.times = {}  # program -> test -> milliseconds without a fault
+        self.sound = place / "sound"
+        self.sound.mkdir()
         build.members[self.dll] = set()  # the linker is given all its objects
 
     def outcome(self, fault):
         mutant = Mutant(self, fault.file, lambda command: command)
         mutant.program(self.dll, lambda command: command.replace("libDayvane.dll.a", f"{mutant.place}/unused.a"))
-        for step in self.order(fault):
-            failed = self.run_step(mutant.place, *step)
+        for step in self.steps(fault):
+            failed = self.failure(mutant.place, *step)
             if failed:
-                self.expect_sound(step[0], failed if "." in failed else step[1])
                 return f"caught by {step[0]}: {failed}"
         return "survived"
 
-    def run_step(self, place, program, tests):
-        """With the DLL of this folder, and what else the programs need as it was built."""
-        for file in (self.build.folder / "bin").glob("*.dll"):
+    def steps(self, fault):
+        """(program, filter, milliseconds) of what is tried: what the fault's row names, the likely programs, the quick
+        tests of each first, then the pictures and the other programs."""
+        if fault.first:
+            yield *fault.first, 10_000
+        likely = self.likely(fault)
+        for programs in (likely, [] if self.quick_only else [p for p in self.build.programs if p not in likely]):
+            lower = -1
+            for bound in TEST_MS:
+                for program in programs:
+                    times = self.times_of(program)
+                    chosen = [test for test, ms in times.items() if lower < ms <= bound]
+                    if chosen:
+                        yield program, ":".join(chosen), sum(times[test] for test in chosen)
+                lower = bound
+            if programs is likely:
+                yield self.pictures, "", 10_000
+
+    def times_of(self, program):
+        """How long each test takes; by the way, all of them pass without a fault."""
+        if program not in self.times:
+            self.provide(self.sound, program)
+            done = subprocess.run(["wine", self.sound / f"test_{program}.exe"], cwd=self.sound, env=environment(),
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, errors="replace")
+            if done.returncode:
+                sys.exit(f"test_{program} fails without any fault:\n{done.stdout[-2000:]}")
+            passed = re.findall(r"^\[       OK \] (\S+?)(?:, where .*)? \((\d+) ms\)", done.stdout, re.MULTILINE)
+            self.times[program] = {test: int(milliseconds) for test, milliseconds in passed}
+        return self.times[program]
+
+    def failure(self, place, program, names, milliseconds):
+        """What fails with the fault and passes without it."""
+        seconds = HANG_SECONDS + HANG_FACTOR * milliseconds / 1000
+        failed = self.run_step(place, program, names, seconds)
+        if not failed:
+            return None
+        if "." in failed:
+            names = failed
+        started = time.monotonic()
+        if self.run_step(self.sound, program, names, seconds):
+            print(f"       {program} {names[:60]} fails without the fault, too", flush=True)
+            return None
+        if failed == HANGS and time.monotonic() - started > seconds / 4:
+            return self.failure(place, program, names, 4000 * seconds)  # the machine is busy
+        return failed
+
+    def run_step(self, place, program, names, seconds):
+        if program == self.pictures:
+            self.provide(place, program)
+            script = self.build.root / "tests/outside/master_pictures.sh"
+            done = subprocess.run(["bash", script, place / "master_pictures.exe", self.build.root / "tests/pictures",
+                                   place / "drawn"], cwd=place, env=environment(), capture_output=True, text=True)
+            return done.stdout.split(":")[0] or "it crashes" if done.returncode else None
+        self.provide(place, program)
+        return self.run(["wine", place / f"test_{program}.exe", f"--gtest_filter={names}"], seconds=seconds)
+
+    def provide(self, place, program):
+        """The program in this folder, and what it needs as it was built."""
+        executable = f"master_{program}.exe" if program == self.pictures else f"test_{program}.exe"
+        for file in [*(self.build.folder / "bin").glob("*.dll"), self.build.folder / "bin" / executable]:
             if not (place / file.name).exists():
                 (place / file.name).symlink_to(file)
-        executable = place / f"test_{program}.exe"
-        if not executable.exists():
-            executable.symlink_to(self.build.folder / "bin" / executable.name)
-        return self.run(["wine", executable, f"--gtest_filter={tests}"])
-
-    def expect_sound(self, *step):
-        """What failed has to pass without a fault, or nothing is said by it."""
-        if step not in self.sound:
-            place = self.place / "sound"
-            place.mkdir(exist_ok=True)
-            failed = self.run_step(place, *step)
-            if failed:
-                sys.exit(f"{step[0]} fails without any fault: {failed}")
-            self.sound.add(step)
 
 
 def quick(command):
