@@ -181,6 +181,26 @@ TEST(HostileHost, ItemsThatGoInTheMiddleOfADrag)
     EXPECT_EQ(dying.TimesOf(0), "02:00-04:00") << "a drag that dies with its window did not happen";
 }
 
+TEST(HostileHost, APressHoldsWhatLiesThereOnceTheHostHasAnswered)
+{
+    for (const bool deletes : {false, true}) {
+        CalendarScene scene;
+        scene.parent.SetHook([&](const Notification& report) -> LRESULT {
+            if (report.Code() == CCN_ITEMCLICK && deletes) {
+                scene.calendar->DeleteItem(0); // what is pressed has another index now
+            } else if (report.Code() == CCN_ITEMCLICK) {
+                scene.AddItem(12, 72); // where nothing was
+            }
+            return 0;
+        });
+        const int item = deletes ? 0 : 2;
+        messages::Drag(scene.window, PointAt(deletes ? 7 : 12), PointAt(deletes ? 9 : 14));
+        EXPECT_EQ(scene.calendar->GetCurSel(), item);
+        EXPECT_EQ(scene.TimesOf(item), deletes ? "09:00-11:00" : "14:00-16:00");
+        EXPECT_EQ(scene.parent.Lines().back().substr(0, 22), "CCN_ITEMMOVED item=" + std::to_string(item) + " l");
+    }
+}
+
 TEST(HostileHost, ADragStaysWithItsItem)
 {
     CalendarScene scene;

@@ -21,6 +21,7 @@ constexpr COLORREF kWeekdayRow = 0xFFEFE3;
 constexpr COLORREF kVariantTop = 0x4A79E7;
 constexpr COLORREF kVariantLine = 0x1522CD;
 constexpr COLORREF kBlockOutline = 0xD8CDC1;
+constexpr COLORREF kArrow = 0x888888;
 
 // 29 March .. 9 May; the 15th is cell (300, 246).
 template <class View>
@@ -158,6 +159,28 @@ TEST(MonthPaint, BarsAreFilledFramedAndHidden)
     scene.view->SetTheme(CalendarTheme::HighContrast({0xFFFFFF, kBlack, 0xFFFFFF, kBlack, 0x800000, 0xFFFFFF, kBlack}));
     scene.Paint();
     EXPECT_EQ(scene.Pixel(400, 272), 0xFFFFFFu) << "but not where it would be as black as the text";
+}
+
+TEST(MonthPaint, BarsThatGoOnHaveArrowsThatPointOutwards)
+{
+    Painted scene;
+    scene.Add(Day(4, 1), Day(4, 20), 1, kItemBack);
+    scene.Paint();
+    // Of each piece: begin and end of the bar, from the left and from the right; 0 is no arrow.
+    const struct
+    {
+        int top, left, right;
+        int before, after;
+    } pieces[] = {{67, 301, 704, 0, 1}, {167, 1, 704, 1, 1}, {267, 1, 704, 1, 1}, {367, 1, 200, 1, 0}};
+    for (const auto& piece : pieces) {
+        for (int column = 0; column < 4; ++column) {
+            const auto arrowAt = [&](int x) {
+                return scene.picture.Count(CRect(x, piece.top, x + 1, piece.top + 19), kArrow);
+            };
+            EXPECT_EQ(arrowAt(piece.left + 3 + column), piece.before * (2 * column + 1)) << piece.top << " " << column;
+            EXPECT_EQ(arrowAt(piece.right - 4 - column), piece.after * (2 * column + 1)) << piece.top << " " << column;
+        }
+    }
 }
 
 TEST(MonthPaint, TheVariantShowsTheLastItemOfADayAsABlock)

@@ -7,6 +7,7 @@
 #include "tests/pickers/PickerFixture.h"
 
 #include <commctrl.h>
+#include <random>
 
 using namespace dayvane;
 
@@ -376,6 +377,46 @@ TEST(MiniCalendarWindow, PrintsWhatItShowsAlsoWhenDisabled)
     EXPECT_EQ(s.Seen(*s.control), s.Printed(*s.control));
 }
 
+// Whatever is pressed, hot, current or focused: what was repainted in part looks as if painted whole.
+template <class Control>
+void ExpectWholePicturesInAScript(unsigned seed)
+{
+    Stage<Control> s(1, 2);
+    s.control->SetRangeSelect(TRUE);
+    const CSize size = s.control->GetGridSize();
+    s.control->MoveWindow(10, 10, size.cx + 20, size.cy + 20);
+    std::mt19937 random(seed);
+    const auto roll = [&random](int sides) { return static_cast<int>(random() % static_cast<unsigned>(sides)); };
+    const HWND window = s.control->m_hWnd;
+    CPoint at(0, 0);
+    for (int step = 0; step < 120 && !testing::Test::HasFailure(); ++step) {
+        const CPoint parts[] = {s.Title(roll(2)), s.Footer(), s.Arrow(roll(2) == 0),
+                                CPoint(roll(size.cx), roll(size.cy))};
+        const int kind = roll(10);
+        if (kind < 5) {
+            at = parts[roll(4)];
+            messages::Move(window, at, ::GetCapture() == window ? MK_LBUTTON : 0);
+        } else if (kind < 7) {
+            ::GetCapture() == window ? s.Release(at) : s.Press(at);
+        } else if (kind == 7) {
+            s.Key(VK_PRIOR + roll(8));
+        } else if (kind == 8) {
+            ::SendMessage(window, WM_MOUSELEAVE, 0, 0);
+        } else {
+            roll(2) ? s.control->SetFocus() : s.parent.SetFocus();
+        }
+        const Pixels seen = s.Seen(*s.control); // before anything of the queue is served
+        EXPECT_EQ(seen, s.Printed(*s.control)) << "after step " << step << " of kind " << kind;
+    }
+    ::ReleaseCapture();
+}
+
+TEST(MiniCalendarWindow, WhatIsRepaintedInPartLooksPaintedWhole)
+{
+    ExpectWholePicturesInAScript<CMiniCalendarCtrl>(1);
+    ExpectWholePicturesInAScript<CMiniCalendarCtrl2>(2);
+}
+
 TEST(MiniCalendarWindow, TodaysMarkFollowsTheClock)
 {
     Days s;
@@ -419,6 +460,7 @@ TEST(MiniCalendarWindow, ASweepHeldBesideTheDaysPages)
     hardware::Move(s.control->m_hWnd, CPoint(-40, 60));
     EXPECT_TRUE(PumpUntil([&] { return s.Shown() == "2009/11/1"; }));
     hardware::Move(s.control->m_hWnd, s.At(Day(2009, 11, 9)));
+    EXPECT_FALSE(::KillTimer(s.control->m_hWnd, 1002)) << "over the days nothing pages";
     hardware::LeftUp();
     EXPECT_EQ(Reports{"MCN_SELECT 2009/11/9 - 2010/1/20"}, s.parent.Take());
 }

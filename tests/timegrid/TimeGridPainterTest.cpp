@@ -14,6 +14,7 @@ constexpr COLORREF kOffHourLine = 0xE1BFA5;
 constexpr COLORREF kSundayOff = 0x8E8CDD;
 constexpr COLORREF kRuler = 0xFFEFE3;
 constexpr COLORREF kGrid = 0xE1BFA5;
+constexpr UINT_PTR kNowTimer = 0x4E4F;
 constexpr COLORREF kNowLine = 0x2A2AE0;
 constexpr COLORREF kHoliday = 0x2138EF;
 constexpr COLORREF kTodayFrame = 0x216FF1;
@@ -291,16 +292,20 @@ TEST(GridPaint, KeepsNothing)
 
 TEST(NowLine, MovesWithTheMinute)
 {
-    Scene<CDayViewCtrl> scene(500, 500, COleDateTime(2017, 4, 26, 2, 0, 59));
-    scene.view->ShowNowLine(TRUE);
-    scene.view->UpdateWindow();
-    testsupport::PumpMessages();
-    g_now = At(3, 0);
-    // The minute is over in a second: the grid is painted anew.
-    int painted = 0;
-    EXPECT_TRUE(testsupport::PumpUntil([&] {
-        CClientDC window(scene.view);
-        painted = window.GetPixel(300, scene.view->m_rcContent.top + 120 - scene.Offset()) == kNowLine;
-        return painted != 0;
-    }));
+    for (const bool isLater : {false, true}) { // the first minute that the line is shown, or one after it
+        Scene<CDayViewCtrl> scene(500, 500, COleDateTime(2017, 4, 26, 2, 0, isLater ? 0 : 59));
+        scene.view->ShowNowLine(TRUE);
+        if (isLater) {
+            g_now = COleDateTime(2017, 4, 26, 2, 1, 59);
+            scene.view->SendMessage(WM_TIMER, kNowTimer);
+        }
+        scene.view->UpdateWindow();
+        testsupport::PumpMessages();
+        g_now = At(3, 0);
+        // The minute is over in a second: the grid is painted anew.
+        EXPECT_TRUE(testsupport::PumpUntil([&] {
+            CClientDC window(scene.view);
+            return window.GetPixel(300, scene.view->m_rcContent.top + 120 - scene.Offset()) == kNowLine;
+        })) << isLater;
+    }
 }
