@@ -37,7 +37,7 @@ KINDS = [
 WINDOWS_PROGRAMS = {
     "core": ["core", "daygrid", "timegrid", "input"], "views/daygrid": ["daygrid", "input"],
     "views/timegrid": ["timegrid", "input"], "views/docview": ["docview"], "pickers": ["pickers"],
-    "printing": ["printing"], "access": ["access"], "mfc": ["mfc"],
+    "printing": ["printing"], "access": ["access"], "mfc": ["mfc", "docview"],
 }
 
 
@@ -154,7 +154,8 @@ def main():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--folder", default="", help="only sources whose path begins so, for example views/timegrid")
     parser.add_argument("--listed", action="store_true", help="the faults of a table in tests/plant instead")
-    parser.add_argument("--quick", action="store_true", help="without the last round of what has survived so far")
+    parser.add_argument("--quick", action="store_true",
+                        help="without the last round of what has survived so far; of Windows without slow tests, too")
     parser.add_argument("--jobs", type=int, help="faults at a time (default: one for each processor)")
     for name in ("root", "place", "build", "windows"):
         parser.add_argument(f"--{name}", type=pathlib.Path, help=argparse.SUPPRESS)
