@@ -28,10 +28,10 @@ void CBoxViewCtrl::DrawCell(CDC* pDC, const CRect& rcCalendar)
     DrawBoxLines(pDC, rcCalendar);
     const BoxPainter painter = PainterOn(pDC);
     for (int i = 0; i < GetBoxCount() && HasBoxColor(i); ++i) {
-        const CRect box = PaintedPart(GetBox(i), m_rcContent);
-        if (!painter.IsVisible(box)) {
+        if (!painter.IsVisible(GetBox(i))) {
             continue;
         }
+        const CRect box = PaintedPart(GetBox(i), m_rcContent); // the strip is wider
         painter.DrawBackground(box, GetBoxColor(i));
         if (IsToday(i)) {
             DrawTodayRect(pDC, box, i);

@@ -221,6 +221,8 @@ void CTimeGridCtrl::InvalidateCellRectRange()
     if (m_bFulldaySelection) {
         InvalidateRect(&m_rcFulldayContent, FALSE);
     }
+    const CRect place = GetFocusBox(); // in a day view the bounds of other days may span no rows
+    InvalidateRect(&place, FALSE);
 }
 
 // ---- Now line
