@@ -25,12 +25,34 @@ constexpr int kSteps = sizeof(void*) == 4 ? 250 : 60; // both builds paint by th
 constexpr int kItems = 40;
 constexpr UINT_PTR kNowTimer = 0x4E4F;    // of the time grids
 constexpr UINT_PTR kScrollTimer = 0x4441; // at the edge, while something is dragged
+constexpr UINT_PTR kBufferTimer = 0x4B42; // while the paint buffer is kept
 
 COleDateTime g_now;
 COleDateTime Now()
 {
     return g_now;
 }
+
+// While it lives, the system's timers and pointer do nothing, which come when the machine has time for them: the script
+// sends their messages itself.
+class OnlyWhatIsSent
+{
+public:
+    OnlyWhatIsSent() : m_hook(::SetWindowsHookEx(WH_GETMESSAGE, &TakeAway, nullptr, ::GetCurrentThreadId())) {}
+    ~OnlyWhatIsSent() { ::UnhookWindowsHookEx(m_hook); }
+
+private:
+    static LRESULT CALLBACK TakeAway(int code, WPARAM wParam, LPARAM lParam)
+    {
+        UINT& message = reinterpret_cast<MSG*>(lParam)->message;
+        if (message == WM_TIMER || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)) {
+            message = WM_NULL;
+        }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK m_hook;
+};
 
 // The pixels of a window as they stand on the screen.
 class WindowPixels
@@ -157,6 +179,9 @@ private:
 
     const char* Step()
     {
+        if (m_held && Roll(2)) {
+            return Pointer(); // so that sweeps and drags go on for a while
+        }
         switch (Roll(16)) {
         case 0:
         case 1:
@@ -193,8 +218,7 @@ private:
             m_view.SendMessage(WM_TIMER, kNowTimer);
             return "clock";
         case 14:
-            m_view.SendMessage(WM_TIMER, kScrollTimer);
-            return "timer";
+            return Timer();
         default:
             if (Roll(4) == 0) {
                 m_view.MoveWindow(0, 0, 300 + Roll(380), 200 + Roll(340));
@@ -203,6 +227,16 @@ private:
             m_view.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, (Roll(3) - 1) * WHEEL_DELTA), 0);
             return "wheel";
         }
+    }
+
+    // The pointer is the system's here, for the timer at the edge asks where it is.
+    const char* Timer()
+    {
+        CPoint at(Roll(680) - 20, Roll(540) - 20);
+        m_view.ClientToScreen(&at);
+        ::SetCursorPos(at.x, at.y);
+        m_view.SendMessage(WM_TIMER, Roll(8) ? kScrollTimer : kBufferTimer);
+        return "timer";
     }
 
     // A press on an item or beside it, moves, a release; what is held stays held over other steps.
@@ -242,7 +276,7 @@ private:
         for (int tries = 0; tries < 20; ++tries) {
             tagCCHITTESTINFO hit;
             hit.pt = RandomPoint();
-            if (Roll(4) == 0 || m_view.HitTest(hit) != -1) {
+            if (Roll(2) || m_view.HitTest(hit) != -1) {
                 return hit.pt;
             }
         }
@@ -276,6 +310,7 @@ private:
         return "part";
     }
 
+    OnlyWhatIsSent m_hook;
     RecordingParent m_parent;
     View m_view;
     std::mt19937 m_random;
