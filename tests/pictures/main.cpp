@@ -5,6 +5,7 @@
 #include "core/CalendarClock.h"
 #include "pickers/MiniCalendarCtrl.h"
 #include "pickers/MiniCalendarCtrl2.h"
+#include "pickers/PeriodGridLayout.h"
 #include "pickers/YearMonthPickerCtrl.h"
 #include "pickers/YearMonthPopup.h"
 #include "support/Input.h"
@@ -15,16 +16,20 @@
 #include "views/daygrid/YearViewCtrl.h"
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
+#include "views/timegrid/ZoneRuler.h"
 
 #include <cstdio>
 #include <string>
+#include <type_traits>
 
 using namespace testsupport;
+using namespace dayvane;
 
 namespace {
 
 constexpr int kScales[] = {100, 150, 200}; // per cent
-constexpr SIZE kViewSize = {640, 480};     // at 100 %
+constexpr int kBusyScales[] = {100, 150};
+constexpr SIZE kViewSize = {640, 480}; // at 100 %
 constexpr int kItems = 9;
 constexpr UINT kId = 77;
 
@@ -91,6 +96,51 @@ bool SaveView(const std::string& folder, const char* name)
     return isSaved;
 }
 
+// With every option, in the dark theme: what goes on over weeks, is current, hidden, selected or focused.
+template <class View>
+bool SaveBusyView(const std::string& folder, const char* name)
+{
+    bool isSaved = true;
+    for (const int scale : kBusyScales) {
+        const CSize size(kViewSize.cx * scale / 100, kViewSize.cy * scale / 100);
+        RecordingParent parent;
+        parent.Create(size.cx, size.cy);
+        View view;
+        view.ShowFulldaySection(TRUE);
+        view.Create(WS_CHILD | WS_VISIBLE, CRect(CPoint(0, 0), size), &parent, kId);
+        CalendarOptions options = CalendarOptions::Modern();
+        options.followSystemTheme = options.followDpi = false;
+        view.SetOptions(options);
+        view.SetTheme(CalendarTheme::Dark());
+        view.SetScale(96 * scale / 100);
+        DayLines lines;
+        lines.names = lines.moonPhase = lines.weekNumbers = true;
+        view.SetDayLines(lines);
+        view.SetCurrentDate(Moment(20, 9));
+        view.SetDayColor(Moment(10, 0), 3);
+        AddItems(view);
+        tagCC_ITEM item;
+        item.dtStart = Moment(5, 9);
+        item.dtEnd = Moment(25, 10);
+        item.crColor1 = item.crColor3 = RGB(200, 60, 60);
+        view.AddItem(&item);
+        view.SetCurSel(0);
+        view.SetSelRange(Moment(17, 0), Moment(19, 0), TRUE);
+        if constexpr (std::is_base_of<CTimeGridCtrl, View>::value) {
+            ZoneRuler ruler;
+            ruler.own = ZoneClock(9 * 3600);
+            ruler.other = ZoneClock(-5 * 3600);
+            view.SetZoneRuler(ruler);
+        }
+        view.Refresh();
+        view.SendMessage(WM_KEYDOWN, VK_TAB);
+        view.SetFocus();
+        isSaved = Save(view, folder, name, scale) && isSaved;
+        view.DestroyWindow();
+    }
+    return isSaved;
+}
+
 template <class Calendar>
 bool SaveCalendar(const std::string& folder, const char* name)
 {
@@ -108,6 +158,16 @@ bool SaveCalendar(const std::string& folder, const char* name)
         calendar.SetSel(Moment(12, 0), Moment(14, 0));
         calendar.Refresh();
         isSaved = Save(calendar, folder, name, scale) && isSaved;
+        // The focus, a hot part, another theme.
+        calendar.SetTheme(CalendarTheme::Calm());
+        calendar.SendMessage(WM_KEYDOWN, VK_LEFT);
+        calendar.SetFocus();
+        const CRect title = calendar.GetGridLayout().blocks[1].title;
+        messages::Move(calendar, title.CenterPoint());
+        isSaved = Save(calendar, folder, (std::string(name) + "-hot").c_str(), scale) && isSaved;
+        messages::LeftDown(calendar, calendar.GetGridLayout().rightArrow.CenterPoint());
+        isSaved = Save(calendar, folder, (std::string(name) + "-pressed").c_str(), scale) && isSaved;
+        messages::LeftUp(calendar, CPoint(0, 0));
         calendar.DestroyWindow();
     }
     return isSaved;
@@ -144,11 +204,15 @@ int main(int argumentCount, char** arguments)
     const std::string folder = arguments[1];
     SetCalendarClock([] { return Moment(20, 10, 20); });
     ::SetCursorPos(2000, 2000);
-    const bool isSaved = SaveView<CMonthViewCtrl>(folder, "month") & SaveView<CMonthViewCtrl2>(folder, "month2") &
-                         SaveView<CWeekViewCtrl>(folder, "diary") & SaveView<CYearViewCtrl>(folder, "year") &
-                         SaveView<CDayViewCtrl>(folder, "day") & SaveView<CWeekDayViewCtrl>(folder, "week") &
-                         SaveCalendar<CMiniCalendarCtrl>(folder, "months") &
-                         SaveCalendar<CMiniCalendarCtrl2>(folder, "years") & SavePicker(folder);
+    const bool isSaved =
+        SaveView<CMonthViewCtrl>(folder, "month") & SaveView<CMonthViewCtrl2>(folder, "month2") &
+        SaveView<CWeekViewCtrl>(folder, "diary") & SaveView<CYearViewCtrl>(folder, "year") &
+        SaveView<CDayViewCtrl>(folder, "day") & SaveView<CWeekDayViewCtrl>(folder, "week") &
+        SaveBusyView<CMonthViewCtrl>(folder, "busy-month") & SaveBusyView<CMonthViewCtrl2>(folder, "busy-month2") &
+        SaveBusyView<CWeekViewCtrl>(folder, "busy-diary") & SaveBusyView<CYearViewCtrl>(folder, "busy-year") &
+        SaveBusyView<CDayViewCtrl>(folder, "busy-day") & SaveBusyView<CWeekDayViewCtrl>(folder, "busy-week") &
+        SaveCalendar<CMiniCalendarCtrl>(folder, "months") & SaveCalendar<CMiniCalendarCtrl2>(folder, "years") &
+        SavePicker(folder);
     SetCalendarClock(nullptr);
     return isSaved ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 namespace testsupport {
 namespace {
@@ -95,7 +96,11 @@ bool MemoryDc::SameAs(const MemoryDc& other) const
 bool MemoryDc::Save(const char* path) const
 {
     ::GdiFlush();
-    const DWORD imageBytes = static_cast<DWORD>(m_width) * m_height * sizeof(DWORD);
+    std::vector<DWORD> pixels(m_pixels, m_pixels + m_width * m_height);
+    for (DWORD& pixel : pixels) {
+        pixel |= 0xFF000000; // opaque: only some calls of the system set the fourth byte
+    }
+    const DWORD imageBytes = static_cast<DWORD>(pixels.size() * sizeof(DWORD));
     const BITMAPINFO info = TopDownInfo(m_width, m_height);
     BITMAPFILEHEADER header = {};
     memcpy(&header.bfType, "BM", 2);
@@ -107,7 +112,7 @@ bool MemoryDc::Save(const char* path) const
     }
     const bool written = fwrite(&header, sizeof(header), 1, file) == 1 &&
                          fwrite(&info.bmiHeader, sizeof(info.bmiHeader), 1, file) == 1 &&
-                         fwrite(m_pixels, imageBytes, 1, file) == 1;
+                         fwrite(pixels.data(), imageBytes, 1, file) == 1;
     return fclose(file) == 0 && written;
 }
 
