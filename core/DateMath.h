@@ -13,6 +13,13 @@ inline bool IsValid(const COleDateTime& date)
     return date.GetStatus() == COleDateTime::valid;
 }
 
+inline COleDateTime NoDate() // not valid
+{
+    COleDateTime date;
+    date.SetStatus(COleDateTime::invalid);
+    return date;
+}
+
 // Whether it is a bound of a selection: the date 0.0 stands for none.
 inline bool IsBound(const COleDateTime& date)
 {

@@ -182,9 +182,7 @@ COleDateTime DateOfHit(const PeriodGridLayout& layout, const GridHit& hit)
     if (hit.part == GridPart::Cell && hit.block < static_cast<int>(layout.blocks.size())) {
         return layout.blocks[hit.block].cells[hit.cell].date;
     }
-    COleDateTime none;
-    none.SetStatus(COleDateTime::invalid);
-    return none;
+    return NoDate();
 }
 
 GridHit CellOfDate(const PeriodPolicy& policy, const PeriodGridLayout& layout, const COleDateTime& date)

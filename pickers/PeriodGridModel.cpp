@@ -8,13 +8,6 @@ namespace dayvane {
 namespace {
 constexpr int kDefaultYear = 2000;
 
-COleDateTime NoDate()
-{
-    COleDateTime date;
-    date.SetStatus(COleDateTime::invalid);
-    return date;
-}
-
 GridEffects Handled()
 {
     GridEffects effects;

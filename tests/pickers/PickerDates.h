@@ -12,13 +12,6 @@ inline COleDateTime Day(int year, int month, int day, int hour = 0)
     return COleDateTime(year, month, day, hour, 0, 0);
 }
 
-inline COleDateTime NoDate()
-{
-    COleDateTime date;
-    date.SetStatus(COleDateTime::invalid);
-    return date;
-}
-
 // "2010/1/8", "2010/1/8+9h", "none"
 inline std::string Text(const COleDateTime& date)
 {

@@ -1,7 +1,5 @@
 #include "views/daygrid/BoxLines.h"
 
-#include "core/DateMath.h"
-
 #include <algorithm>
 
 namespace dayvane {

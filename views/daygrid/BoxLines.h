@@ -1,6 +1,7 @@
 // The lines under the numbers of a view's boxes, and the column of its week numbers.
 #pragma once
 
+#include "../../core/DateMath.h"
 #include "../../core/DayLineLayout.h"
 #include "BoxRange.h"
 
@@ -11,13 +12,12 @@ namespace dayvane {
 // Worked out when other days are shown, not on every paint.
 struct BoxLines
 {
-    COleDateTime first; // of the range that the rest was made for; not valid: for none
+    COleDateTime first = NoDate(); // of the range that the rest was made for; not valid: for none
     CSize room = CSize(0, 0);
     std::vector<std::vector<DayPiece>> pieces; // of each box
     int lines = 0;                             // in every box, so that its items begin at one height
 
-    BoxLines() { Forget(); }
-    void Forget() { first.SetStatus(COleDateTime::invalid); }
+    void Forget() { first = NoDate(); }
 };
 
 // What the lines of a box hold: those of its day, or the days off of its month.

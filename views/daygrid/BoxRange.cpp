@@ -43,13 +43,6 @@ const RangeForm& FormOf(RangeKind kind)
     return kForms[static_cast<int>(kind)];
 }
 
-COleDateTime NoDate()
-{
-    COleDateTime date;
-    date.SetStatus(COleDateTime::invalid);
-    return date;
-}
-
 int FirstUnitOf(BoxUnit unit)
 {
     return unit == BoxUnit::Day ? civil::kFirstDay : kFirstMonthNumber;

@@ -21,13 +21,6 @@ int RowAt(const TimeGridState& state, int y)
     return fromTop >= 0 && row <= state.scale.RowsPerDay() ? row : -1;
 }
 
-COleDateTime NoTime()
-{
-    COleDateTime none;
-    none.SetStatus(COleDateTime::invalid);
-    return none;
-}
-
 CPoint InGrid(const TimeGridState& state, const CPoint& point)
 {
     return CPoint(point.x, point.y + state.scroll);
@@ -109,7 +102,7 @@ TimeGridHit HitOneDay(const TimeGridState& state, const ItemArray& items, const 
     hit.screenItem = DayItemAt(state, items, point, options.hitWhatIsSeen);
     const bool inColumn = point.x >= state.frame.grid.left && point.x < state.frame.grid.right;
     const int row = inColumn ? RowAt(state, point.y) : -1;
-    hit.time = row != -1 ? state.scale.TimeOfRow(state.range.first, row) : inBand ? state.range.first : NoTime();
+    hit.time = row != -1 ? state.scale.TimeOfRow(state.range.first, row) : inBand ? state.range.first : NoDate();
     if (hit.screenItem != -1) {
         hit.code = inBand ? CCHT_ONFULLDAYITEM : CCHT_ONITEM;
     } else if (inBand) {
@@ -127,9 +120,9 @@ TimeGridHit HitManyDays(const TimeGridState& state, const ItemArray& items, cons
                         const CalendarOptions& options)
 {
     TimeGridHit hit;
-    hit.time = NoTime();
+    hit.time = NoDate();
     const int column = ColumnAt(state.frame, point.x);
-    const COleDateTime day = column != -1 ? state.range.DayOf(column) : NoTime();
+    const COleDateTime day = column != -1 ? state.range.DayOf(column) : NoDate();
     if (state.frame.fulldayContent.PtInRect(point)) {
         hit.screenItem = BandItemAt(items, point, options.hitWhatIsSeen);
         hit.code = hit.screenItem != -1 ? CCHT_ONFULLDAYITEM : CCHT_ONFULLDAY;
