@@ -1,6 +1,7 @@
 #include "pickers/MiniCalendarCtrl.h"
 
 #include "core/DateMath.h"
+#include "core/WindowHelpers.h"
 #include "pickers/PeriodGridRecords.h"
 #include "pickers/PeriodSelCtrl.h"
 
@@ -27,7 +28,7 @@ CMiniCalendarCtrl::CMiniCalendarCtrl() : CPeriodGridOf(kMonthPolicy, kClassName)
 
 void CMiniCalendarCtrl::RegisterWindowClass()
 {
-    CPeriodGridCtrl::RegisterWindowClass(kClassName);
+    RegisterControlClass(kClassName);
 }
 
 void CMiniCalendarCtrl::SetCurrentDate(int nYear, int nMonth)

@@ -1,5 +1,6 @@
 #include "pickers/MiniCalendarCtrl2.h"
 
+#include "core/WindowHelpers.h"
 #include "pickers/PeriodGridRecords.h"
 #include "pickers/PeriodSelCtrl.h"
 
@@ -25,7 +26,7 @@ CMiniCalendarCtrl2::CMiniCalendarCtrl2() : CPeriodGridOf(kYearPolicy, kClassName
 
 void CMiniCalendarCtrl2::RegisterWindowClass()
 {
-    CPeriodGridCtrl::RegisterWindowClass(kClassName);
+    RegisterControlClass(kClassName);
 }
 
 void CMiniCalendarCtrl2::SetCurrentDate(int nYear)

@@ -6,7 +6,6 @@
 #include "core/CalendarClock.h"
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
-#include "core/SystemEras.h"
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodSelCtrl.h"
 #include "pickers/PickerShell.h"
@@ -47,17 +46,12 @@ CPeriodGridCtrl::CPeriodGridCtrl(const PeriodPolicy& policy, LPCTSTR lpszClassNa
     : m_strClassName(lpszClassName), m_state(std::make_unique<PeriodGridState>(policy, Now())),
       m_today([this] { Redraw(); })
 {
-    RegisterWindowClass(lpszClassName);
+    RegisterControlClass(lpszClassName);
 }
 
 CPeriodGridCtrl::~CPeriodGridCtrl()
 {
     DestroyWindow();
-}
-
-void CPeriodGridCtrl::RegisterWindowClass(LPCTSTR lpszClassName)
-{
-    RegisterControlClass(lpszClassName);
 }
 
 BOOL CPeriodGridCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
@@ -109,7 +103,7 @@ void CPeriodGridCtrl::MoveRight(int)
 
 void CPeriodGridCtrl::SetFirstDayOfWeek(int nDay)
 {
-    if (nDay < 1 || nDay > 7) {
+    if (nDay < 1 || nDay > kDaysPerWeek) {
         AfxThrowInvalidArgException();
     }
     m_state->model.SetFirstDayOfWeek(nDay);
@@ -124,11 +118,6 @@ void CPeriodGridCtrl::SetBoldCallback(PFNISBOLD pfnIsBold, LPARAM lParam)
 {
     m_pfnIsBold = pfnIsBold;
     m_lBoldParam = lParam;
-}
-
-void CPeriodGridCtrl::SetDayProvider(const DayProvider* pProvider)
-{
-    m_pDayProvider = pProvider;
 }
 
 const DayProvider* CPeriodGridCtrl::GetDayProvider() const
@@ -171,19 +160,6 @@ void CPeriodGridCtrl::SetTexts(const CalendarTexts& texts)
         SetFirstDayOfWeek(texts.firstDayOfWeek);
     }
     Refresh();
-}
-
-void CPeriodGridCtrl::ShowEraTitles(BOOL bShow)
-{
-    if (bShow) {
-        UseSystemEras();
-    }
-    m_state->eraTitles = bShow != FALSE;
-}
-
-BOOL CPeriodGridCtrl::IsShowEraTitles() const
-{
-    return m_state->eraTitles;
 }
 
 void CPeriodGridCtrl::SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam)
@@ -423,11 +399,6 @@ LRESULT CPeriodGridCtrl::OnPrintClient(WPARAM wParam, LPARAM)
     return 0;
 }
 
-BOOL CPeriodGridCtrl::OnEraseBkgnd(CDC*)
-{
-    return TRUE; // the whole client area is painted off screen
-}
-
 void CPeriodGridCtrl::OnSysColorChange()
 {
     CWnd::OnSysColorChange();
@@ -445,7 +416,7 @@ PeriodGridPainter CPeriodGridCtrl::Painter(CDC* pDC) const
     PeriodGridState& state = *m_state;
     return PeriodGridPainter(pDC, {state.model, state.layout, state.marks, Now(), ShowsFocus(m_hWnd),
                                    IsWindowEnabled() != FALSE, state.textFonts, state.numberFonts, m_theme, m_scale,
-                                   *m_texts, state.eraTitles});
+                                   *m_texts, m_bEraTitles != FALSE});
 }
 
 void CPeriodGridCtrl::DrawHeader(CDC* pDC)

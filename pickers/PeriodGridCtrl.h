@@ -75,12 +75,8 @@ public:
     // Where days off and the names of days come from. Asked for days off at each layout, for a name when the pointer
     // comes to a day. It must live until another is set; nullptr: the process-wide provider
     // (SetDefaultDayProvider), and where there is none CCalcHoliday.
-    void SetDayProvider(const dayvane::DayProvider* pProvider);
+    void SetDayProvider(const dayvane::DayProvider* pProvider) { m_pDayProvider = pProvider; }
     void SetDotCallback(PFNDOTCOLOR pfnDotColor, LPARAM lParam = 0); // nullptr: none
-    // Titles, and the list that opens over one, with the year of the era, "令和8年11月". Off at first; the host calls
-    // Refresh().
-    void ShowEraTitles(BOOL bShow);
-    BOOL IsShowEraTitles() const;
     // Computes all rectangles for a client area; a negative size stands for the window's own.
     virtual void Layout(int cx, int cy);
     void Refresh(); // lays out and redraws
@@ -124,7 +120,6 @@ protected:
     void ThemeChanged() override { m_tip.SetTheme(m_theme); }
     // Shows the periods in another form, at the present scale.
     void ShowPolicy(const dayvane::PeriodPolicy& policy);
-    static void RegisterWindowClass(LPCTSTR lpszClassName);
     // Paints this control as it is now.
     dayvane::PeriodGridPainter Painter(CDC* pDC) const;
     void DrawBackground(CDC* pDC);
@@ -150,7 +145,7 @@ protected:
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnEnable(BOOL bEnable);
     afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; } // the whole client area is painted off screen
     afx_msg void OnSysColorChange();
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnMouseLeave();
@@ -160,10 +155,10 @@ protected:
     afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg UINT OnGetDlgCode();
-    afx_msg void OnSetFocus(CWnd* pOldWnd);
+    afx_msg void OnSetFocus(CWnd*) { Invalidate(FALSE); }
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg void OnCaptureChanged(CWnd* pWnd);
-    afx_msg void OnCancelMode();
+    afx_msg void OnCancelMode() { Cancel(); }
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     afx_msg LRESULT OnUpdateUIState(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnPrintClient(WPARAM wParam, LPARAM lParam);

@@ -46,14 +46,13 @@ void CPeriodGridCtrl::ShowTip(const GridHit& hit)
 
 void CPeriodGridCtrl::OnMouseMove(UINT nFlags, CPoint point)
 {
-    const LPARAM position = MAKELPARAM(point.x, point.y);
     if (!m_bTracksLeave) {
         m_bTracksLeave = TRUE;
         TrackMouseLeave(m_hWnd);
     }
     if (!m_pPopup) {
         Hover(PartAt(m_state->layout, point));
-        m_tip.Relay(*this, WM_MOUSEMOVE, nFlags, position);
+        m_tip.Relay(*this, WM_MOUSEMOVE, nFlags, MAKELPARAM(point.x, point.y));
         Apply(m_state->model.PointAt(DateOfHit(m_state->layout, CellAt(m_state->layout, point))));
         PageBeside(point);
     } else {
@@ -163,11 +162,6 @@ UINT CPeriodGridCtrl::OnGetDlgCode()
     return code;
 }
 
-void CPeriodGridCtrl::OnSetFocus(CWnd*)
-{
-    Invalidate(FALSE);
-}
-
 void CPeriodGridCtrl::OnKillFocus(CWnd*)
 {
     Cancel();
@@ -179,11 +173,6 @@ void CPeriodGridCtrl::OnCaptureChanged(CWnd* pWnd)
     if (pWnd != this) {
         Cancel();
     }
-}
-
-void CPeriodGridCtrl::OnCancelMode()
-{
-    Cancel();
 }
 
 void CPeriodGridCtrl::OnTimer(UINT_PTR nIDEvent)

@@ -1,7 +1,5 @@
 #include "pickers/PeriodGridLayout.h"
 
-#include "core/DateMath.h"
-
 #include <algorithm>
 
 namespace dayvane {
@@ -32,7 +30,7 @@ COleDateTime DateOfCell(const PeriodPolicy& policy, const COleDateTime& first, i
 
 void FillCells(const PeriodPolicy& policy, int firstDayOfWeek, PeriodBlock& block)
 {
-    const COleDateTime first = FirstCellOf(policy, block.period);
+    const COleDateTime first = DateOfPeriod(policy, block.period);
     const COleDateTime last = LastCellOf(policy, block.period);
     const int leading = LeadingCells(policy, first, firstDayOfWeek);
     const SIZE size = policy.metrics.cell;

@@ -1,17 +1,20 @@
 #include "pickers/PeriodGridModel.h"
 
-#include "core/DateMath.h"
-
 #include <algorithm>
+#include <initializer_list>
 
 namespace dayvane {
 namespace {
 constexpr int kDefaultYear = 2000;
 
-GridEffects Handled()
+// An event that has been handled, with these effects.
+GridEffects Handled(std::initializer_list<bool GridEffects::*> all = {})
 {
     GridEffects effects;
     effects.handled = true;
+    for (bool GridEffects::*effect : all) {
+        effects.*effect = true;
+    }
     return effects;
 }
 } // namespace
@@ -31,11 +34,6 @@ void PeriodGridModel::SetGrid(int rows, int columns)
     m_columns = columns;
 }
 
-void PeriodGridModel::SetFirstPeriod(int period)
-{
-    m_firstPeriod = ClampPeriod(*m_policy, period);
-}
-
 void PeriodGridModel::Select(const COleDateTime& start, const COleDateTime& end)
 {
     m_selection = {start, end};
@@ -45,29 +43,21 @@ void PeriodGridModel::Select(const COleDateTime& start, const COleDateTime& end)
     }
 }
 
-void PeriodGridModel::Unselect()
-{
-    m_selection = {NoDate(), NoDate()};
-}
-
 bool PeriodGridModel::IsSelected(const COleDateTime& date) const
 {
-    return IsValid(m_selection.start) && IsValid(m_selection.end) && IsValid(date) && m_selection.start <= date &&
-           date <= m_selection.end;
+    return HasSelection() && IsValid(date) && m_selection.start <= date && date <= m_selection.end;
 }
 
 bool PeriodGridModel::IsCellSelected(const COleDateTime& cellDate) const
 {
-    if (!IsValid(m_selection.start) || !IsValid(m_selection.end) || !IsValid(cellDate)) {
-        return false;
-    }
-    return m_selection.start <= m_selection.end && CellDateOf(m_policy->unit, m_selection.start) <= cellDate &&
+    return HasSelection() && IsValid(cellDate) && m_selection.start <= m_selection.end &&
+           CellDateOf(m_policy->unit, m_selection.start) <= cellDate &&
            cellDate <= CellDateOf(m_policy->unit, m_selection.end);
 }
 
 COleDateTime PeriodGridModel::Caret(const COleDateTime& now) const
 {
-    if (IsValid(m_selection.start) && IsValid(m_selection.end)) {
+    if (HasSelection()) {
         const COleDateTime start = CellDateOf(m_policy->unit, m_selection.start);
         const COleDateTime end = CellDateOf(m_policy->unit, m_selection.end);
         return IsValid(m_anchor) && m_anchor == end ? start : end;
@@ -78,7 +68,7 @@ COleDateTime PeriodGridModel::Caret(const COleDateTime& now) const
             return CellDateOf(m_policy->unit, now);
         }
     }
-    return FirstCellOf(*m_policy, m_firstPeriod);
+    return DateOfPeriod(*m_policy, m_firstPeriod);
 }
 
 GridEffects PeriodGridModel::Press(const GridHit& hit, const COleDateTime& cellDate, const COleDateTime& now)
@@ -89,13 +79,10 @@ GridEffects PeriodGridModel::Press(const GridHit& hit, const COleDateTime& cellD
         return Page(-1);
     case GridPart::RightArrow:
         return Page(1);
-    case GridPart::Title: {
+    case GridPart::Title:
         m_mode = Mode::Choosing;
         m_clickedBlock = hit.block;
-        GridEffects effects = Handled();
-        effects.openPopup = effects.capture = effects.redraw = true;
-        return effects;
-    }
+        return Handled({&GridEffects::openPopup, &GridEffects::capture, &GridEffects::redraw});
     case GridPart::Footer:
         return SelectNow(now);
     case GridPart::Cell:
@@ -106,20 +93,19 @@ GridEffects PeriodGridModel::Press(const GridHit& hit, const COleDateTime& cellD
     if (!IsValid(cellDate)) {
         return {};
     }
-    if (!m_sweeps) {
-        m_anchor = cellDate;
-        m_selection = {cellDate, cellDate};
-        GridEffects effects = Handled();
-        effects.redraw = effects.notifyClick = true;
-        return effects;
-    }
     m_beforeSweep = m_selection;
+    SelectOnly(cellDate);
+    if (!m_sweeps) {
+        return Handled({&GridEffects::redraw, &GridEffects::notifyClick});
+    }
     m_mode = Mode::Sweeping;
+    return Handled({&GridEffects::capture, &GridEffects::redraw});
+}
+
+void PeriodGridModel::SelectOnly(const COleDateTime& cellDate)
+{
     m_anchor = cellDate;
     m_selection = {cellDate, cellDate};
-    GridEffects effects = Handled();
-    effects.capture = effects.redraw = true;
-    return effects;
 }
 
 void PeriodGridModel::Sweep(const COleDateTime& from, const COleDateTime& to)
@@ -146,17 +132,14 @@ GridEffects PeriodGridModel::Release(int chosenPeriod)
     if (mode == Mode::Idle) {
         return {};
     }
-    GridEffects effects = Handled();
-    effects.releaseCapture = effects.redraw = true;
     if (mode == Mode::Sweeping) {
-        effects.notifyClick = true;
-        return effects;
+        return Handled({&GridEffects::releaseCapture, &GridEffects::redraw, &GridEffects::notifyClick});
     }
     const int offset = m_policy->chosenPeriodStays ? std::max(m_clickedBlock, 0) : 0;
     SetFirstPeriod(chosenPeriod - offset);
     m_clickedBlock = -1;
-    effects.layout = effects.closePopup = true;
-    return effects;
+    return Handled(
+        {&GridEffects::closePopup, &GridEffects::releaseCapture, &GridEffects::layout, &GridEffects::redraw});
 }
 
 GridEffects PeriodGridModel::DoubleClick(const COleDateTime& cellDate)
@@ -164,11 +147,8 @@ GridEffects PeriodGridModel::DoubleClick(const COleDateTime& cellDate)
     if (!IsValid(cellDate)) {
         return {};
     }
-    m_anchor = cellDate;
-    m_selection = {cellDate, cellDate};
-    GridEffects effects = Handled();
-    effects.redraw = effects.notifyDoubleClick = true;
-    return effects;
+    SelectOnly(cellDate);
+    return Handled({&GridEffects::redraw, &GridEffects::notifyDoubleClick});
 }
 
 GridEffects PeriodGridModel::Cancel()
@@ -183,8 +163,7 @@ GridEffects PeriodGridModel::Cancel()
         m_selection = m_beforeSweep;
     }
     m_clickedBlock = -1;
-    GridEffects effects = Handled();
-    effects.releaseCapture = effects.redraw = true;
+    GridEffects effects = Handled({&GridEffects::releaseCapture, &GridEffects::redraw});
     effects.closePopup = mode == Mode::Choosing;
     return effects;
 }
@@ -192,9 +171,7 @@ GridEffects PeriodGridModel::Cancel()
 GridEffects PeriodGridModel::Page(int periods)
 {
     SetFirstPeriod(m_firstPeriod + periods);
-    GridEffects effects = Handled();
-    effects.layout = effects.redraw = true;
-    return effects;
+    return Handled({&GridEffects::layout, &GridEffects::redraw});
 }
 
 GridEffects PeriodGridModel::SweepBeyond(int side)
@@ -203,7 +180,7 @@ GridEffects PeriodGridModel::SweepBeyond(int side)
         return {};
     }
     const GridEffects effects = Page(side);
-    Sweep(m_anchor, side < 0 ? FirstCellOf(*m_policy, m_firstPeriod) : LastCellOf(*m_policy, LastShownPeriod()));
+    Sweep(m_anchor, side < 0 ? DateOfPeriod(*m_policy, m_firstPeriod) : LastCellOf(*m_policy, LastShownPeriod()));
     return effects;
 }
 
@@ -213,9 +190,7 @@ GridEffects PeriodGridModel::SelectNow(const COleDateTime& now)
         return {};
     }
     Select(now, now);
-    GridEffects effects = Handled();
-    effects.layout = effects.redraw = effects.notifyClick = true;
-    return effects;
+    return Handled({&GridEffects::layout, &GridEffects::redraw, &GridEffects::notifyClick});
 }
 
 GridEffects PeriodGridModel::Key(PickerKey key, bool shift, bool control, const COleDateTime& now)
@@ -236,7 +211,7 @@ GridEffects PeriodGridModel::Key(PickerKey key, bool shift, bool control, const 
         return MoveCaret(key, shift && m_sweeps, control, now);
     }
     GridEffects effects = Handled();
-    if (!IsValid(m_selection.start) || !IsValid(m_selection.end)) {
+    if (!HasSelection()) {
         effects = SelectCell(Caret(now), false);
         effects.notifyClick = false;
     }
@@ -264,7 +239,7 @@ GridEffects PeriodGridModel::MoveCaret(PickerKey key, bool extend, bool control,
     case PickerKey::PageDown:
         return SelectCell(AddPeriods(*m_policy, caret, page), extend);
     case PickerKey::Home:
-        return SelectCell(FirstCellOf(*m_policy, control ? m_firstPeriod : period), extend);
+        return SelectCell(DateOfPeriod(*m_policy, control ? m_firstPeriod : period), extend);
     case PickerKey::End:
         return SelectCell(LastCellOf(*m_policy, control ? LastShownPeriod() : period), extend);
     default:
@@ -274,16 +249,13 @@ GridEffects PeriodGridModel::MoveCaret(PickerKey key, bool extend, bool control,
 
 GridEffects PeriodGridModel::SelectCell(const COleDateTime& cellDate, bool extend)
 {
-    const bool hasRange = IsValid(m_selection.start) && IsValid(m_selection.end);
-    if (extend && hasRange && IsValid(m_anchor)) {
+    if (extend && HasSelection() && IsValid(m_anchor)) {
         Sweep(m_anchor, cellDate);
     } else {
-        m_anchor = cellDate;
-        m_selection = {cellDate, cellDate};
+        SelectOnly(cellDate);
     }
-    GridEffects effects = Handled();
+    GridEffects effects = Handled({&GridEffects::redraw, &GridEffects::notifyClick});
     effects.layout = ShowCell(cellDate);
-    effects.redraw = effects.notifyClick = true;
     return effects;
 }
 
@@ -315,13 +287,6 @@ bool PeriodGridModel::Hover(const GridHit& hit)
 {
     const bool changed = m_hot != hit;
     m_hot = hit;
-    return changed;
-}
-
-bool PeriodGridModel::LetGo()
-{
-    const bool changed = m_pressed.part != GridPart::None;
-    m_pressed = {};
     return changed;
 }
 

@@ -48,14 +48,15 @@ public:
     int Rows() const { return m_rows; }
     int Columns() const { return m_columns; }
     int FirstPeriod() const { return m_firstPeriod; }
-    void SetFirstPeriod(int period); // kept within the years 100 to 9999
+    // Kept within the years 100 to 9999.
+    void SetFirstPeriod(int period) { m_firstPeriod = ClampPeriod(*m_policy, period); }
     int FirstDayOfWeek() const { return m_firstDayOfWeek; }
     void SetFirstDayOfWeek(int weekday) { m_firstDayOfWeek = weekday; }
 
     // ---- Selection.
     const PeriodSelection& Selection() const { return m_selection; }
     void Select(const COleDateTime& start, const COleDateTime& end); // shows the start's period
-    void Unselect();
+    void Unselect() { m_selection = {NoDate(), NoDate()}; }
     // Both bounds are valid and start <= date <= end, compared with their times of day.
     bool IsSelected(const COleDateTime& date) const;
     // The same for a whole cell: some part of it lies between the bounds' cells. What is painted as selected.
@@ -82,13 +83,15 @@ public:
     GridEffects SweepBeyond(int side);
     int ClickedBlock() const { return m_clickedBlock; } // whose title opened the popup; -1: none
 
-    // ---- Hot and pressed parts; each returns whether something changed.
-    bool Hover(const GridHit& hit);
-    bool LetGo(); // no part is pressed any more
+    // ---- Hot and pressed parts
+    bool Hover(const GridHit& hit);  // returns whether something changed
+    void LetGo() { m_pressed = {}; } // no part is pressed any more
     const GridHit& Hot() const { return m_hot; }
     const GridHit& Pressed() const { return m_pressed; }
 
 private:
+    bool HasSelection() const { return IsValid(m_selection.start) && IsValid(m_selection.end); }
+    void SelectOnly(const COleDateTime& cellDate);
     GridEffects SelectNow(const COleDateTime& now);
     GridEffects SelectCell(const COleDateTime& cellDate, bool extend);
     GridEffects MoveCaret(PickerKey key, bool extend, bool control, const COleDateTime& now);

@@ -1,6 +1,5 @@
 #include "pickers/PeriodGridPainter.h"
 
-#include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/WideText.h"
 
@@ -24,6 +23,7 @@ struct GridPaintMetrics // pixels
     int corner;       // side of the mark of a day off
 };
 constexpr GridPaintMetrics kMetrics{5, 1, 4, 2, {1, 1}, 1, {6, 2}, 4};
+constexpr int kRunShadeInset = 1; // pixels, of the chosen row's shade in a list
 
 // What all names begin with tells no day from another, as in Chinese.
 void DropCommonBeginning(CalendarTexts::Weekdays& names)
@@ -297,6 +297,38 @@ void PeriodGridPainter::DrawFooter() const
         m_pDC, box,
         FittingFooter(m_pDC, font, box.Width(), m_picture.model.Policy().unit, m_picture.now, m_picture.texts), font,
         m_palette.text);
+}
+
+// ---- The list over a title
+
+PeriodRunPainter::PeriodRunPainter(CDC* pDC, const PeriodRunPicture& picture)
+    : m_pDC(pDC), m_picture(picture), m_palette(PickerPaletteOf(picture.theme))
+{
+}
+
+void PeriodRunPainter::Draw() const
+{
+    m_pDC->FillSolidRect(CRect(CPoint(0, 0), m_picture.run.Size()), m_palette.window);
+    for (int row = 0; row < kPeriodRunMetrics.RowCount(); ++row) {
+        if (m_picture.run.HasPeriod(row)) {
+            DrawRow(row);
+        }
+    }
+}
+
+void PeriodRunPainter::DrawRow(int row) const
+{
+    const CRect rect = m_picture.run.RowRect(row);
+    const int period = m_picture.run.PeriodOfRow(row);
+    COLORREF color = m_palette.text;
+    if (row == m_picture.run.HotRow()) {
+        color = ThemeOr(m_palette.selectedText, color);
+        CRect shade = rect;
+        shade.DeflateRect(kRunShadeInset, kRunShadeInset);
+        DrawRoundBox(m_pDC, shade, m_palette.selected, m_palette.selectedFrame);
+    }
+    DrawCentredText(m_pDC, rect, PeriodTitle(m_picture.policy, period, m_picture.texts, m_picture.eraTitles),
+                    m_picture.fonts.Get(period == m_picture.run.Given()), color);
 }
 
 } // namespace dayvane

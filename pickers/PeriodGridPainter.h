@@ -1,7 +1,8 @@
-// Paints a mini calendar from its layout and state; changes neither.
+// Paints a mini calendar, and the list that opens over its titles, from layout and state; changes neither.
 #pragma once
 
 #include "PeriodGridModel.h"
+#include "PeriodRun.h"
 #include "PickerPaint.h"
 
 #include <vector>
@@ -68,6 +69,30 @@ private:
 
     CDC* m_pDC;
     PeriodGridPicture m_picture;
+    PickerPalette m_palette;
+};
+
+struct PeriodRunPicture
+{
+    const PeriodPolicy& policy;
+    const PeriodRun& run;
+    PickerFonts& fonts;
+    const CalendarTheme& theme = kClassicTheme;
+    const CalendarTexts& texts = *RequiredTexts();
+    bool eraTitles = false;
+};
+
+class PeriodRunPainter
+{
+public:
+    PeriodRunPainter(CDC* pDC, const PeriodRunPicture& picture);
+    void Draw() const; // the given period is bold, the chosen row shaded
+
+private:
+    void DrawRow(int row) const;
+
+    CDC* m_pDC;
+    PeriodRunPicture m_picture;
     PickerPalette m_palette;
 };
 

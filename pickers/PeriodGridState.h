@@ -31,7 +31,6 @@ struct PeriodGridState
     PeriodGridLayout layout;
     CellMarks marks; // as the layout's blocks and cells
     WeekRule weekRule = WeekRule::FirstFourDayWeek;
-    bool eraTitles = false;
     PickerFonts textFonts{kTextFont};
     PickerFonts numberFonts{kNumberFont};
 };

@@ -1,6 +1,5 @@
 #include "pickers/PeriodPolicy.h"
 
-#include "core/DateMath.h"
 #include "core/EraTitles.h"
 
 #include <algorithm>
@@ -52,16 +51,6 @@ PeriodPolicy PeriodPolicy::At(const ViewScale& scale) const
     PeriodPolicy scaled = *this;
     scaled.metrics = metrics.At(scale, cellColumns, cellRows);
     return scaled;
-}
-
-int PeriodPolicy::FirstPeriod() const
-{
-    return kFirstMonthNumber / monthsPerPeriod;
-}
-
-int PeriodPolicy::LastPeriod() const
-{
-    return kLastMonthNumber / monthsPerPeriod;
 }
 
 CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns)
@@ -129,7 +118,7 @@ COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, in
 {
     const int monthNumber = MonthNumberOf(date) + periods * policy.monthsPerPeriod;
     if (monthNumber < kFirstMonthNumber) {
-        return FirstCellOf(policy, policy.FirstPeriod());
+        return DateOfPeriod(policy, policy.FirstPeriod());
     }
     if (monthNumber > kLastMonthNumber) {
         return LastCellOf(policy, policy.LastPeriod());
@@ -137,11 +126,6 @@ COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, in
     const int lastDay = CivilDateOf(LastDayOfMonth(monthNumber)).day;
     const int day = std::min(CivilDateOf(date).day, lastDay);
     return COleDateTime(YearOfMonthNumber(monthNumber), MonthOfMonthNumber(monthNumber), day, 0, 0, 0);
-}
-
-COleDateTime FirstCellOf(const PeriodPolicy& policy, int period)
-{
-    return DateOfPeriod(policy, period);
 }
 
 COleDateTime LastCellOf(const PeriodPolicy& policy, int period)

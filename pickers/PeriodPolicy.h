@@ -49,8 +49,8 @@ struct PeriodPolicy
     int CellCount() const { return cellColumns * cellRows; }
     PeriodPolicy At(const ViewScale& scale) const;
     // Periods are numbered through: the number of their first month divided by monthsPerPeriod.
-    int FirstPeriod() const; // holds January 100
-    int LastPeriod() const;  // holds December 9999
+    int FirstPeriod() const { return kFirstMonthNumber / monthsPerPeriod; } // holds January 100
+    int LastPeriod() const { return kLastMonthNumber / monthsPerPeriod; }   // holds December 9999
 };
 
 extern const PeriodPolicy kMonthPolicy;         // months of days
@@ -63,9 +63,10 @@ CSize PeriodGridSize(const PeriodPolicy& policy, int rows, int columns);
 // How many rows (cx) and columns fit a client area, at least one of each.
 void FitPeriodGrid(const PeriodPolicy& policy, int cx, int cy, int& rows, int& columns);
 
-// The period that holds a valid date, and its first day.
+// The period that holds a valid date; the first day, which is the first cell, and the last cell of a period.
 int PeriodOf(const PeriodPolicy& policy, const COleDateTime& date);
 COleDateTime DateOfPeriod(const PeriodPolicy& policy, int period);
+COleDateTime LastCellOf(const PeriodPolicy& policy, int period);
 int ClampPeriod(const PeriodPolicy& policy, int period);
 // eras: the year of the era that holds on the period's last day, "令和8年11月"; before the eras as without.
 std::u16string PeriodTitle(const PeriodPolicy& policy, int period, const CalendarTexts& texts, bool eras = false);
@@ -78,10 +79,6 @@ COleDateTime CellDateOf(CellUnit unit, const COleDateTime& date);
 // day of the month as far as the month has it.
 COleDateTime AddCells(CellUnit unit, const COleDateTime& date, int cells);
 COleDateTime AddPeriods(const PeriodPolicy& policy, const COleDateTime& date, int periods);
-
-// The first and the last cell of a period.
-COleDateTime FirstCellOf(const PeriodPolicy& policy, int period);
-COleDateTime LastCellOf(const PeriodPolicy& policy, int period);
 
 // The weekday (1 Sunday .. 7 Saturday) of a column of days, when weeks begin on firstDayOfWeek.
 int WeekdayOfColumn(int firstDayOfWeek, int column);

@@ -23,11 +23,6 @@ PeriodRun::PeriodRun(const PeriodPolicy& policy, int period, int width, int rows
 {
 }
 
-CSize PeriodRun::Size() const
-{
-    return CSize(m_width, m_metrics.RowCount() * m_metrics.rowHeight);
-}
-
 CRect PeriodRun::RowRect(int row) const
 {
     const int height = m_metrics.rowHeight;

@@ -39,8 +39,8 @@ public:
     PeriodRun(const PeriodPolicy& policy, int period, int width, int rowsAbove = kPeriodRunMetrics.rowsAround,
               const PeriodRunMetrics& metrics = kPeriodRunMetrics);
 
-    CSize Size() const;           // of all rows, pixels
-    CRect RowRect(int row) const; // client pixels
+    CSize Size() const { return CSize(m_width, m_metrics.RowCount() * m_metrics.rowHeight); } // of all rows, pixels
+    CRect RowRect(int row) const;                                                             // client pixels
     int PeriodOfRow(int row) const { return m_top + row; }
     bool HasPeriod(int row) const; // rows beyond the years 100 to 9999 are empty
     int Given() const { return m_given; }

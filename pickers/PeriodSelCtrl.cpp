@@ -1,7 +1,7 @@
 #include "pickers/PeriodSelCtrl.h"
 
 #include "pickers/PeriodGridCtrl.h"
-#include "pickers/PeriodRunPainter.h"
+#include "pickers/PeriodGridPainter.h"
 
 using namespace dayvane;
 
@@ -68,7 +68,7 @@ void CPeriodSelCtrl::DrawPopup(CDC* pDC)
 {
     const CalendarTexts& texts = m_pOwner ? m_pOwner->GetTexts() : *RequiredTexts();
     const bool eras = m_pOwner && m_pOwner->IsShowEraTitles();
-    PeriodRunPainter(pDC, m_policy, m_run, m_fonts, m_theme, texts, eras).Draw();
+    PeriodRunPainter(pDC, {m_policy, m_run, m_fonts, m_theme, texts, eras}).Draw();
 }
 
 void CPeriodSelCtrl::OnGone()

@@ -1,6 +1,7 @@
 #include "pickers/PickerWindow.h"
 
 #include "core/Fonts.h"
+#include "core/SystemEras.h"
 #include "core/WindowHelpers.h"
 
 using namespace dayvane;
@@ -43,6 +44,15 @@ void CPickerOf<Base>::SetTextFont(const LOGFONT& font)
 {
     m_hostFont = font;
     ApplyScale(m_scale.dpi);
+}
+
+template <class Base>
+void CPickerOf<Base>::ShowEraTitles(BOOL bShow)
+{
+    if (bShow) {
+        UseSystemEras();
+    }
+    m_bEraTitles = bShow;
 }
 
 template <class Base>

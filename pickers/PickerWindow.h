@@ -36,6 +36,10 @@ public:
     // WM_SETFONT does the same with a font of the present scale.
     void SetTextFont(const LOGFONT& font);
     const std::optional<LOGFONT>& GetTextFont() const { return m_hostFont; } // none: the control's own fonts
+    // Titles, lists and the button's face with the year of the era, "令和8年11月"; off at first. Repaint (Refresh)
+    // after it.
+    void ShowEraTitles(BOOL bShow);
+    BOOL IsShowEraTitles() const { return m_bEraTitles; }
 
 protected:
     CPickerOf();
@@ -50,6 +54,7 @@ protected:
     CalendarTheme m_theme;
     dayvane::ViewScale m_scale;
     BOOL m_bOwnScale = FALSE; // the host has set one
+    BOOL m_bEraTitles = FALSE;
     dayvane::SystemThemeWatch m_themeWatch;
     std::shared_ptr<const CalendarTexts> m_texts = dayvane::RequiredTexts();
     std::optional<LOGFONT> m_hostFont; // for 96 dpi

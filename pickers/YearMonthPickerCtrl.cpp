@@ -4,7 +4,6 @@
 #include "core/DateMath.h"
 #include "core/DrawingHelpers.h"
 #include "core/EraTitles.h"
-#include "core/SystemEras.h"
 #include "core/WindowHelpers.h"
 #include "pickers/PickerPaint.h"
 #include "pickers/PickerShell.h"
@@ -239,11 +238,6 @@ void CYearMonthPickerCtrl::DrawButton(CDC* pDC)
     DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(pDC->m_hDC), 0);
 }
 
-BOOL CYearMonthPickerCtrl::OnEraseBkgnd(CDC*)
-{
-    return TRUE;
-}
-
 void CYearMonthPickerCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
 {
     CDC* pDC = CDC::FromHandle(lpDrawItemStruct->hDC);
@@ -264,14 +258,6 @@ void CYearMonthPickerCtrl::SetTexts(const CalendarTexts& texts)
     if (m_hWnd) {
         Invalidate(FALSE);
     }
-}
-
-void CYearMonthPickerCtrl::ShowEraTitles(BOOL bShow)
-{
-    if (bShow) {
-        UseSystemEras();
-    }
-    m_bEraTitles = bShow;
 }
 
 // ---- Mouse

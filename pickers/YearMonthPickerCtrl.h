@@ -40,9 +40,6 @@ public:
 
     // Words and patterns of dates; repaints.
     void SetTexts(const CalendarTexts& texts);
-    // The face and the popup's year as years of eras, "令和8年11月"; without repainting. Off at first.
-    void ShowEraTitles(BOOL bShow);
-    BOOL IsShowEraTitles() const { return m_bEraTitles; }
 
     // Takes the parent, to which messages go, and sizes the button: the width it has, but at least twice its arrow;
     // the height that the system's arrows and edges ask for.
@@ -73,7 +70,7 @@ protected:
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; } // the whole client area is painted off screen
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnMouseLeave();
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
@@ -86,7 +83,6 @@ protected:
 
     COleDateTime m_dtCurrent;
     BOOL m_bDropped = FALSE;
-    BOOL m_bEraTitles = FALSE;
     CRect m_rcArrow;             // client pixels
     HWND m_hWndParent = nullptr; // messages go to it
     CYearMonthPopup* m_pPopup = nullptr;
