@@ -62,6 +62,20 @@ struct ViewParts
     int rowTop = 0;                   // time grids: top of the first row, scrolled, in the window
     int rowHeight = 0;                // time grids
     CRect grid = CRect(0, 0, 0, 0);   // time grids: where the rows are seen
+
+    // The pieces of screen items as laid out. boxOf: what can be seen of an item that has a place.
+    template <class BoxOf>
+    void AddPieces(const ItemArray& screenItems, BoxOf boxOf)
+    {
+        constexpr int kNoTop = -1; // of an item without a rectangle
+        pieces.reserve(static_cast<size_t>(screenItems.GetSize()));
+        for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
+            const tagCALENDAR_ITEM& item = screenItems[i];
+            const bool isSeen = !item.bNoFocus && item.rcItem.top != kNoTop;
+            pieces.push_back(
+                {static_cast<int>(item.nSource), isSeen ? boxOf(item) : CRect(0, 0, 0, 0), item.dtStart, item.dtEnd});
+        }
+    }
 };
 
 } // namespace dayvane

@@ -7,7 +7,6 @@
 #include "core/ItemStore.h"
 #include "core/WindowHelpers.h"
 #include "views/daygrid/BoxViewState.h"
-#include "views/daygrid/RowPieces.h"
 
 #include <algorithm>
 
@@ -26,7 +25,6 @@ constexpr int kYearScrollInterval = 1000;
 IMPLEMENT_DYNAMIC(CBoxViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CBoxViewCtrl, CDayGridCtrl)
-ON_WM_SIZE()
 ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
@@ -72,11 +70,6 @@ BoxRange CBoxViewCtrl::Range() const
     return m_state->range;
 }
 
-BOOL CBoxViewCtrl::HasRange() const
-{
-    return m_state->range.HasDates();
-}
-
 BOOL CBoxViewCtrl::IsToday(int nBox) const
 {
     return nBox == m_state->todayBox;
@@ -104,7 +97,7 @@ void CBoxViewCtrl::TodayChanged()
 
 void CBoxViewCtrl::BringInSight(const COleDateTime& date)
 {
-    ShowRange(BoxRange(m_state->kind.range, date, m_nFirstDayOfWeek));
+    SetRange(date);
     m_dtCurrentDate = m_dtViewDate = date;
     ResetScrollBar();
     InvalidateClient();
@@ -175,11 +168,6 @@ void CBoxViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader,
     CalcLayout(rcClient, rcCaption, m_rcUnused, rcHeader, rcCalendar);
 }
 
-void CBoxViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
-{
-    MakePieces(items, screenItems);
-}
-
 void CBoxViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
     const BoxViewState& state = *m_state;
@@ -233,8 +221,8 @@ BOOL CBoxViewCtrl::IsBoxSelected(int nBox)
 {
     COleDateTime begin;
     COleDateTime end;
-    return IsSelectionShown() && HasRange() && GetSelRange(begin, end) && m_state->range.PositionOf(begin) <= nBox &&
-           nBox <= m_state->range.PositionOf(end);
+    return IsSelectionShown() && m_state->range.HasDates() && GetSelRange(begin, end) &&
+           m_state->range.PositionOf(begin) <= nBox && nBox <= m_state->range.PositionOf(end);
 }
 
 // ---- Keyboard moves
@@ -246,14 +234,7 @@ void CBoxViewCtrl::MoveSelection(int nBoxes, UINT nFlags)
     }
 }
 
-// ---- Size and scroll
-
-void CBoxViewCtrl::OnSize(UINT nType, int cx, int cy)
-{
-    CDayGridCtrl::OnSize(nType, cx, cy);
-    Layout(cx, cy);
-    ResetScrollBar();
-}
+// ---- Scroll
 
 BoxRange CBoxViewCtrl::RangeAfter(int nBoxes) const
 {

@@ -53,15 +53,14 @@ protected:
     // ---- Hooks of the views.
     virtual void RangeChanged() {}
     virtual void DrawBoxStrip(CDC* pDC, int nBox) = 0;
-    virtual COLORREF GetBoxColor(int nBox) = 0;
+    virtual COLORREF GetBoxColor(int /*nBox*/) { return m_colors.content; }
     virtual BOOL HasBoxColor(int /*nBox*/) { return TRUE; } // FALSE: the table of day colours lacks its row
-    virtual void DrawBoxMark(CDC* pDC, int nBox) = 0;       // the more-items mark
+    virtual void DrawBoxMark(CDC* pDC, int nBox) { DrawMoreMark(pDC, GetBox(nBox)); }
 
     // Sets the rectangles of the boxes and their strips. rcUnused and rcHeader are left as they are.
     virtual void CalcLayout(const CRect& rcClient, CRect& rcCaption, CRect& rcUnused, CRect& rcHeader,
                             CRect& rcCalendar);
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcCalendar) override;
-    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
 
     dayvane::BoxRange Range() const override;
@@ -77,7 +76,6 @@ protected:
 
     void DrawCtrl(CDC* pDC) override;
     virtual void DrawCell(CDC* pDC, const CRect& rcCalendar); // the boxes
-    void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
     virtual void DrawTodayRect(CDC* pDC, CRect rect, int nBox);
     virtual void DrawFocusRect(CDC* pDC, CRect rect, int nBox);
 
@@ -86,9 +84,7 @@ protected:
     int BoxOfStrip(const CRect& rcStrip) const; // -1: none
     BOOL IsBoxSelected(int nBox);               // and the selection is shown
     BOOL IsToday(int nBox) const;
-    BOOL HasRange() const;
 
-    afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 

@@ -3,7 +3,6 @@
 
 #include "core/DrawingHelpers.h"
 #include "views/daygrid/BoxPainter.h"
-#include "views/daygrid/BoxRange.h"
 #include "views/daygrid/BoxViewState.h"
 
 using namespace dayvane;
@@ -51,11 +50,6 @@ std::u16string CBoxViewCtrl::GetCutBoxText(int nBox)
     const bool fits = PainterOn(&dc).FitsStripTexts(m_state->layout.strips[nBox], texts);
     return fits ? std::u16string()
                 : texts.number + texts.suffix + (texts.annotation.empty() ? u"" : u" ") + texts.annotation;
-}
-
-void CBoxViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
-{
-    DrawBars(pDC, screenItems);
 }
 
 void CBoxViewCtrl::DrawTodayRect(CDC* pDC, CRect rect, int)

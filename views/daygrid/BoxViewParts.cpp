@@ -1,11 +1,6 @@
 #include "views/daygrid/BoxViewParts.h"
 
 namespace dayvane {
-namespace {
-
-constexpr int kNoTop = -1; // of an item without a rectangle
-
-} // namespace
 
 void FillBoxParts(const BoxViewPartsInput& input, ViewParts& parts)
 {
@@ -21,18 +16,7 @@ void FillBoxParts(const BoxViewPartsInput& input, ViewParts& parts)
             parts.marks.push_back({i, input.marks[i]});
         }
     }
-    parts.pieces.reserve(static_cast<size_t>(input.screenItems.GetSize()));
-    for (int i = 0; i < static_cast<int>(input.screenItems.GetSize()); ++i) {
-        const tagCALENDAR_ITEM& item = input.screenItems[i];
-        ViewPiece piece;
-        piece.item = static_cast<int>(item.nSource);
-        piece.first = item.dtStart;
-        piece.last = item.dtEnd;
-        if (!item.bNoFocus && item.rcItem.top != kNoTop) {
-            piece.box = item.rcItem;
-        }
-        parts.pieces.push_back(piece);
-    }
+    parts.AddPieces(input.screenItems, [](const tagCALENDAR_ITEM& item) { return item.rcItem; });
 }
 
 } // namespace dayvane

@@ -27,6 +27,7 @@ IMPLEMENT_DYNAMIC(CDayGridCtrl, CMoreListCtrl)
 
 BEGIN_MESSAGE_MAP(CDayGridCtrl, CMoreListCtrl)
 ON_WM_DESTROY()
+ON_WM_SIZE()
 END_MESSAGE_MAP()
 
 // ---- Lifetime
@@ -52,6 +53,13 @@ void CDayGridCtrl::OnDestroy()
 {
     CCalendarCtrl::OnDestroy();
     m_parts->Clear();
+}
+
+void CDayGridCtrl::OnSize(UINT nType, int cx, int cy)
+{
+    CMoreListCtrl::OnSize(nType, cx, cy);
+    Layout(cx, cy);
+    ResetScrollBar();
 }
 
 void CDayGridCtrl::PreSubclassWindow()
@@ -306,6 +314,17 @@ void CDayGridCtrl::ScaleChanged(const ViewScale& before)
     CMoreListCtrl::ScaleChanged(before);
 }
 
+DayLookInput CDayGridCtrl::LookOfDays()
+{
+    DayLookInput input = {
+        GetDayColors(), m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
+        m_texts};
+    input.nameBeside = !m_dayLines.names;
+    input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
+    input.redFirsts = m_theme.redFirsts;
+    return input;
+}
+
 BOOL CDayGridCtrl::DrawsOwnMark() const
 {
     return m_theme.mark != CalendarTheme::kOwn || m_scale.dpi != kBaseDpi;
@@ -333,7 +352,7 @@ void CDayGridCtrl::DrawBoxLines(CDC* pDC, const CRect& rcCalendar)
     PainterOn(pDC).DrawLines(rcCalendar, lefts, tops);
 }
 
-void CDayGridCtrl::DrawBars(CDC* pDC, CItemArray& items)
+void CDayGridCtrl::DrawItem(CDC* pDC, CRect, CItemArray& items)
 {
     const BoxPainter painter = PainterOn(pDC);
     const auto draw = [&](const tagCALENDAR_ITEM& item) {

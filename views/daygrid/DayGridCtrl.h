@@ -17,6 +17,7 @@ struct BoxGrid;
 struct BoxLines;
 struct BoxLoad;
 struct DayGridParts;
+struct DayLookInput;
 } // namespace dayvane
 
 class CDayGridCtrl : public CMoreListCtrl
@@ -115,8 +116,8 @@ protected:
         CloseMoreList();
     }
     // The pieces of the items in the rows of boxes. Of the store, where few items were set since, only theirs.
-    void MakePieces(CItemArray& items, CItemArray& screenItems);
-    // Lays out the bars; in the screen list, where MakePieces has only made some anew, only the rows of those.
+    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
+    // Lays out the bars; in the screen list, where MakeScreenItem has only made some anew, only the rows of those.
     std::vector<dayvane::BoxLoad> LayOutPieces(const dayvane::BoxGrid& grid, const dayvane::BarRules& rules,
                                                CItemArray& screenItems);
     // The position in the screen list of the first shown item there, with hitWhatIsSeen of the last, which is seen; -1
@@ -124,7 +125,7 @@ protected:
     int ScreenItemAt(CPoint point, int* pCount = nullptr);
 
     // Bars of the given items, in their order; those outside the clip box are passed over.
-    void DrawBars(CDC* pDC, CItemArray& items);
+    void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& items) override;
     void DrawItemBox(CDC& dc, const dayvane::ItemBox& box) override;
 
     void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item, bool isCurrent);
@@ -154,13 +155,15 @@ protected:
         return CRect(box.right - m_scale.Of(kMoreMarkWidth), box.bottom - m_scale.Of(kMoreMarkHeight), box.right,
                      box.bottom);
     }
-    BOOL DrawsOwnMark() const; // the mark's picture suits neither theme nor scale
+    dayvane::DayLookInput LookOfDays(); // with the control's settings; no day is selected
+    BOOL DrawsOwnMark() const;          // the mark's picture suits neither theme nor scale
     BOOL OpenMoreListAt(CPoint point) override;
     BOOL OpenMoreListOf(const COleDateTime& date) override;
     void DrawListRow(CDC* pDC, const tagCALENDAR_ITEM& item) override;
     void DrawListEnd(CDC* pDC, const CRect& rcList) override { DrawMoreMark(pDC, rcList); }
 
     afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
     DECLARE_MESSAGE_MAP()
 
     const std::unique_ptr<dayvane::DayGridParts> m_parts;

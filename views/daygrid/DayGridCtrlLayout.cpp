@@ -6,11 +6,10 @@
 #include "views/daygrid/DayGridParts.h"
 
 #include <algorithm>
-#include <utility>
 
 using namespace dayvane;
 
-void CDayGridCtrl::MakePieces(CItemArray& items, CItemArray& screenItems)
+void CDayGridCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
     const DayRows rows = Range().Rows();
     const bool isOwn = &items == &m_arItem && &screenItems == &m_arScreenItem;

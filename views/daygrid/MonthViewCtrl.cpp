@@ -1,5 +1,4 @@
-// The month view: lifetime, dates, layout, hit test, navigation. Painting and scrolling
-// are in files of their own.
+// The month view: lifetime, dates, layout, navigation. Painting and scrolling are in files of their own.
 #include "views/daygrid/MonthViewCtrl.h"
 
 #include "core/DateMath.h"
@@ -27,7 +26,6 @@ constexpr int kWeekScrollInterval = 400; // milliseconds
 IMPLEMENT_DYNCREATE(CMonthViewCtrl, CDayGridCtrl)
 
 BEGIN_MESSAGE_MAP(CMonthViewCtrl, CDayGridCtrl)
-ON_WM_SIZE()
 ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
@@ -165,11 +163,6 @@ void CMonthViewCtrl::CalcCellRect(CRect rcHeader, const CRect& rcCalendar)
                    MonthMetrics::For(m_scale));
 }
 
-void CMonthViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
-{
-    MakePieces(items, screenItems);
-}
-
 void CMonthViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
 {
     BarRules rules = MonthMetrics::For(m_scale).bars;
@@ -182,8 +175,6 @@ void CMonthViewCtrl::ClearMoreMarks()
     ClearLoads(m_arCell);
 }
 
-// ---- Hit test
-
 int CMonthViewCtrl::GetHitStripHeight()
 {
     return MonthMetrics::For(m_scale).dayCaptionHeight;
@@ -192,11 +183,6 @@ int CMonthViewCtrl::GetHitStripHeight()
 int CMonthViewCtrl::GetStripHeight()
 {
     return MonthMetrics::For(m_scale).stripHeight;
-}
-
-int CMonthViewCtrl::HitTest(tagCCHITTESTINFO& info)
-{
-    return HitBoxes(info, info.pt);
 }
 
 // ---- Keyboard moves
@@ -217,13 +203,4 @@ void CMonthViewCtrl::MoveSelection(int nDays, UINT nFlags)
     m_dtSelBegin = begin;
     m_dtSelEnd = end;
     InvalidateClient();
-}
-
-// ---- Size
-
-void CMonthViewCtrl::OnSize(UINT nType, int cx, int cy)
-{
-    CDayGridCtrl::OnSize(nType, cx, cy);
-    Layout(cx, cy);
-    ResetScrollBar();
 }

@@ -34,7 +34,7 @@ public:
 
     using CCalendarCtrl::Layout;
     void Layout(int cx, int cy) override;
-    int HitTest(tagCCHITTESTINFO& info) override;
+    int HitTest(tagCCHITTESTINFO& info) override { return HitBoxes(info, info.pt); }
 
     // Builds the grid around the month of the date. The screen items follow with the next layout: call Refresh().
     void SetCurrentDate(const COleDateTime& date) override;
@@ -58,7 +58,6 @@ protected:
     void BringInSight(const COleDateTime& date) override;
     void DescribeParts(dayvane::ViewParts& parts) override;
     virtual void CalcCalendar();
-    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
     void CalcItemRect(CRect rcCalendar, CItemArray& screenItems) override;
     dayvane::BoxRange Range() const override;
     dayvane::BoxDayArray* GetDays() override { return &m_arCellDate; }
@@ -74,13 +73,11 @@ protected:
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawTitle(CDC* pDC, const CRect& rcCaption, const dayvane::CaptionLook& look);
     virtual void DrawHeader(CDC* pDC, CRect rcHeader);
-    void DrawItem(CDC* pDC, CRect rcCalendar, CItemArray& screenItems) override;
     virtual void DrawTodayRect(CDC* pDC, CRect rect);
     virtual void DrawFocusRect(CDC* pDC, CRect rect);
 
     void MoveSelection(int nDays, UINT nFlags) override;
 
-    afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 

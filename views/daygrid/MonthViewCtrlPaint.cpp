@@ -32,15 +32,10 @@ void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 
 DayLookInput CMonthViewCtrl::LookInput()
 {
-    DayLookInput input = {
-        GetDayColors(), m_colors.highlightText, m_bShowHoliday != FALSE, m_bShow24Setuki != FALSE, false, 0, 0, true,
-        m_texts};
+    DayLookInput input = LookOfDays();
     input.otherMonthText = m_theme.otherMonthText;
-    input.redFirsts = m_theme.redFirsts;
     COleDateTime begin;
     COleDateTime end;
-    input.nameBeside = !m_dayLines.names;
-    input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
     input.showSelection = GetSelRange(begin, end) && IsSelectionShown();
     if (input.showSelection) {
         input.firstSelected = DayNumberOf(begin);
@@ -106,11 +101,6 @@ void CMonthViewCtrl::DrawTitle(CDC* pDC, const CRect& rcCaption, const CaptionLo
 void CMonthViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 {
     PainterOn(pDC).DrawWeekdays(rcHeader, m_arHeaderCell, m_arCellDate, GetTexts());
-}
-
-void CMonthViewCtrl::DrawItem(CDC* pDC, CRect, CItemArray& screenItems)
-{
-    DrawBars(pDC, screenItems);
 }
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)

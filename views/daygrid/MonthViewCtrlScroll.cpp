@@ -6,9 +6,9 @@
 #include "core/Interaction.h"
 #include "core/PaintedState.h"
 #include "core/WindowHelpers.h"
+#include "views/daygrid/BoxLines.h"
 #include "views/daygrid/BoxRange.h"
 #include "views/daygrid/DayLook.h"
-#include "views/daygrid/DayGridParts.h"
 
 #include <algorithm>
 #include <cstdlib>

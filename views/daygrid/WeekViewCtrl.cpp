@@ -101,18 +101,11 @@ void CWeekViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 
 DayLook CWeekViewCtrl::LookOf(int nDay)
 {
-    DayLookInput input = {GetDayColors(),
-                          m_colors.highlightText,
-                          m_bShowHoliday != FALSE,
-                          m_bShow24Setuki != FALSE,
-                          IsBoxSelected(nDay) != FALSE,
-                          INT_MIN,
-                          INT_MAX,
-                          false, // a week looks the same in every month
-                          m_texts};
-    input.nameBeside = !m_dayLines.names;
-    input.termBeside = !m_dayLines.terms && !m_dayLines.seasonalDays;
-    input.redFirsts = m_theme.redFirsts;
+    DayLookInput input = LookOfDays();
+    input.showSelection = IsBoxSelected(nDay) != FALSE;
+    input.firstSelected = INT_MIN;
+    input.lastSelected = INT_MAX;
+    input.dimOtherMonths = false; // a week looks the same in every month
     DayLook look = CalcDayLook(m_arDayDate[nDay], false, GetDayColor(nDay), input);
     // The host's own ground is that of ordinary days.
     const bool hasGround = m_colors.content != kWeekColors.content && m_theme.page == CalendarTheme::kOwn;
@@ -170,9 +163,4 @@ StripTexts CWeekViewCtrl::TextsOf(int nDay)
             look.annotation,
             look.annotationColor,
             look.dayAlone};
-}
-
-void CWeekViewCtrl::DrawBoxMark(CDC* pDC, int nBox)
-{
-    DrawMoreMark(pDC, m_rcDay[nBox]);
 }

@@ -39,7 +39,6 @@ protected:
     void DrawBoxStrip(CDC* pDC, int nBox) override;
     COLORREF GetBoxColor(int nBox) override;
     BOOL HasBoxColor(int nBox) override;
-    void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the texts of the day whose strip it is.
     virtual void DrawDayCaption(CDC* pDC, const CRect& rcCaption);
 

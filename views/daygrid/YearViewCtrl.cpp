@@ -56,11 +56,6 @@ CYearViewCtrl::~CYearViewCtrl()
 void CYearViewCtrl::PreSubclassWindow()
 {
     CBoxViewCtrl::PreSubclassWindow();
-    LoadMarks();
-}
-
-void CYearViewCtrl::LoadMarks()
-{
     if (!m_bmMore.GetSafeHandle()) {
         m_bmMore.LoadBitmap(kMoreBitmap);
     }
@@ -73,11 +68,6 @@ void CYearViewCtrl::OnDestroy()
     m_bComboBox = 0; // it goes with the window
     m_pComboBox = nullptr;
     m_hComboBox = nullptr;
-}
-
-BOOL CYearViewCtrl::PreTranslateMessage(MSG* pMsg)
-{
-    return CBoxViewCtrl::PreTranslateMessage(pMsg);
 }
 
 // ---- Size and combo box
@@ -158,15 +148,10 @@ std::u16string CYearViewCtrl::GetBarText(const tagCALENDAR_ITEM& item, BOOL)
     return YearBarText(whole.dtStart, whole.dtEnd, item.strText, m_texts);
 }
 
-BOOL CYearViewCtrl::IsBarTextCentered(BOOL)
-{
-    return FALSE;
-}
-
 void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
 {
     CaptionTexts texts;
-    if (HasRange()) {
+    if (Range().HasDates()) {
         const bool isOwnTitle = m_strTitle == kTitle && !GetTexts().yearTitle.empty();
         texts.number = m_texts.Date(&CalendarTexts::year, m_dtRangeStart);
         texts.text = u"  " + (isOwnTitle ? GetTexts().yearTitle : m_texts.HostText(m_strTitle)) +
@@ -177,11 +162,6 @@ void CYearViewCtrl::DrawCaption(CDC* pDC, CRect rcCaption)
         look.band = {Paler(m_colors.caption), m_colors.caption, m_colors.caption};
     }
     PainterOn(pDC).DrawCaption(rcCaption, look, texts, m_lfFonts[FONT_TEXT]);
-}
-
-COLORREF CYearViewCtrl::GetBoxColor(int)
-{
-    return m_colors.content;
 }
 
 void CYearViewCtrl::DrawBoxStrip(CDC* pDC, int nBox)
@@ -195,7 +175,7 @@ void CYearViewCtrl::DrawMonthCaption(CDC* pDC, const CRect& rcCaption)
     if (month == -1 || (!IsToday(month) && !IsBoxSelected(month))) {
         DrawHeaderBand(pDC, rcCaption, HeaderBandOf(m_theme.header, kHeaderBand));
     }
-    if (month != -1 && HasRange()) {
+    if (month != -1 && Range().HasDates()) {
         PainterOn(pDC).DrawStripTexts(rcCaption, TextsOf(month));
     }
 }

@@ -24,20 +24,16 @@ public:
     // object, which should outlive the window. 1, or 0 when there is no window to put it in or it cannot be created.
     int CreateComboBox(CComboBox* pCombo, UINT nUnused, int nWidth, DWORD dwStyle, CWnd* pUnused);
 
-    BOOL PreTranslateMessage(MSG* pMsg) override; // passes the message on to CWnd
-
     // The boxes, 0 January .. 11 December; other indices throw CInvalidArgException.
     const CRect& GetMonthRect(int nMonth) const { return GetBox(nMonth); }
 
 protected:
-    void LoadMarks(); // the picture of the more-items mark, once there is a window
     std::u16string GetBarText(const tagCALENDAR_ITEM& item, BOOL bFullday) override;
-    BOOL IsBarTextCentered(BOOL bFullday) override; // no: the dates stand below each other
+    BOOL IsBarTextCentered(BOOL) override { return FALSE; } // the dates stand below each other
 
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
     void DrawBoxStrip(CDC* pDC, int nBox) override;
     dayvane::StripTexts TextsOf(int nMonth) override;
-    COLORREF GetBoxColor(int nBox) override;
     void DrawBoxMark(CDC* pDC, int nBox) override;
     // A box's strip: its gradients, unless a frame has painted it, and the name of the month whose strip it is.
     virtual void DrawMonthCaption(CDC* pDC, const CRect& rcCaption);
