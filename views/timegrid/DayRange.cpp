@@ -1,10 +1,8 @@
 #include "views/timegrid/DayRange.h"
 
-#include "core/DateMath.h"
 #include "mfc/base/civil.h"
 #include "views/timegrid/TimeScale.h"
 
-#include <algorithm>
 #include <iterator>
 
 namespace dayvane {
@@ -21,16 +19,6 @@ constexpr DateScale kDateScales[] = {
 };
 
 } // namespace
-
-GridSelection GridSelection::Agreed() const
-{
-    return {IsSameDay(current, end) ? current : end, begin, end};
-}
-
-DayRange DayRange::OneDay(const COleDateTime& date)
-{
-    return From(date, 1, 0);
-}
 
 DayRange DayRange::From(const COleDateTime& date, int days, int firstDayOfWeek)
 {
@@ -56,16 +44,6 @@ int DayRange::ColumnOf(const COleDateTime& date) const
     const ClockTime time = ClockTimeOf(date);
     const int column = time.day - FirstDay();
     return IsValid(first) && time.isValid && column >= 0 && column < days ? column : -1;
-}
-
-COleDateTime DayRange::DayOf(int column) const
-{
-    return AddDays(first, column);
-}
-
-int DayRange::LengthOfView() const
-{
-    return keepsToWeeks ? std::max(days / kDaysPerWeek, 1) * kDaysPerWeek : days;
 }
 
 int DayRange::ViewsToShow(int day) const

@@ -6,6 +6,8 @@
 
 #include <afxdisp.h>
 
+#include <algorithm>
+
 namespace dayvane {
 
 struct GridSelection
@@ -15,7 +17,7 @@ struct GridSelection
     COleDateTime end;
 
     // With the current date at the selection's end where it stands on another day: a host has moved one alone.
-    GridSelection Agreed() const;
+    GridSelection Agreed() const { return {IsSameDay(current, end) ? current : end, begin, end}; }
 };
 
 // Consecutive days, one a column.
@@ -25,7 +27,7 @@ struct DayRange
     int days = 1;              // columns
     bool keepsToWeeks = false; // turned by weeks, else by as many days as there are columns
 
-    static DayRange OneDay(const COleDateTime& date);
+    static DayRange OneDay(const COleDateTime& date) { return From(date, 1, 0); }
     // `days` columns from the date on, or, with a first day of the week (1 Sunday .. 7 Saturday, 0: none), from the
     // beginning of its week on. A week that begins before the year 100 begins with that year.
     static DayRange From(const COleDateTime& date, int days, int firstDayOfWeek);
@@ -33,11 +35,11 @@ struct DayRange
     int FirstDay() const;            // its day number, 0 when no day is shown
     COleDateTime LastMoment() const; // 23:59:59 of the last column's day; at most that of the last day of the year 9999
     bool Holds(const COleDateTime& date) const { return ColumnOf(date) != -1; }
-    int ColumnOf(const COleDateTime& date) const; // -1: not shown
-    COleDateTime DayOf(int column) const;         // 00:00
+    int ColumnOf(const COleDateTime& date) const;                           // -1: not shown
+    COleDateTime DayOf(int column) const { return AddDays(first, column); } // 00:00
 
     // A whole view: as many days as are shown, or the whole weeks among them, at least one.
-    int LengthOfView() const;
+    int LengthOfView() const { return keepsToWeeks ? std::max(days / kDaysPerWeek, 1) * kDaysPerWeek : days; }
     // By how many whole views (negative: earlier) the range has to move to hold the day, or, where the day lies between
     // two ranges, to lie after it in the direction of the move.
     int ViewsToShow(int day) const;

@@ -1,7 +1,7 @@
 #include "views/timegrid/DayViewCtrl.h"
 
-#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
+#include "core/WindowHelpers.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridHit.h"
 #include "views/timegrid/TimeGridMoves.h"
@@ -40,12 +40,7 @@ CDayViewCtrl::~CDayViewCtrl()
 
 BOOL CDayViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    return CreateGrid(kWindowClass, dwStyle, rect, pParent, nID, pContext);
-}
-
-int CDayViewCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
-{
-    return CTimeGridCtrl::DoPrint(pDC, pInfo);
+    return CWnd::Create(kWindowClass, nullptr, dwStyle, rect, pParent, nID, pContext);
 }
 
 // ---- Layout
@@ -57,25 +52,13 @@ DayRange CDayViewCtrl::GetShownRange() const
 
 void CDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridFrame frame = CalcTimeGridFrame(rcClient, m_bShowCaption == 1, CalcLinesHeight(rcClient),
-                                                  LanesIn(rcClient), 1, FrameMetrics());
-    m_pParts->frame = frame;
-    m_rcFulldayRuler = frame.fulldayRuler;
-    m_rcFulldayContent = frame.fulldayContent;
-    rcCaption = frame.caption;
-    rcRuler = frame.ruler;
-    rcGrid = frame.grid;
+    CalcGridLayout(rcClient, m_bShowCaption == 1, CalcLinesHeight(rcClient), rcCaption, rcRuler, rcGrid);
 }
 
 void CDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
     m_nItemDay = GetShownRange().FirstDay();
-    MakeShownItems(items, screenItems);
-}
-
-void CDayViewCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
-{
-    PlaceShownItems(screenItems, {rcGrid});
+    CTimeGridCtrl::MakeScreenItem(items, screenItems);
 }
 
 void CDayViewCtrl::_CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item)
@@ -114,16 +97,6 @@ int CDayViewCtrl::GetSelRange(COleDateTime& begin, COleDateTime& end)
 
 // ---- Work time and the day's property
 
-void CDayViewCtrl::SetDayProperty(COleDateTime, const tagCALENDAR_DAY_PROPERTY& property)
-{
-    m_dayProperty = property;
-}
-
-tagCALENDAR_DAY_PROPERTY* CDayViewCtrl::GetDayProperty(COleDateTime)
-{
-    return &m_dayProperty;
-}
-
 void CDayViewCtrl::ClearDayProperty()
 {
     m_dayProperty.strText.Empty();
@@ -132,27 +105,12 @@ void CDayViewCtrl::ClearDayProperty()
     m_dayProperty.bUseMyWorkTime = 0;
 }
 
-int CDayViewCtrl::GetDayColor(int)
-{
-    return m_dayProperty.nDayColor;
-}
-
 int CDayViewCtrl::IsWorkTime(int nRow) const
 {
     if (m_dayProperty.bUseMyWorkTime) {
         return _IsWorkTime(nRow, m_dayProperty.dtWorkStart, m_dayProperty.dtWorkEnd);
     }
     return CTimeGridCtrl::IsWorkTime(nRow);
-}
-
-BOOL CDayViewCtrl::IsColumnWorkTime(int, int nRow) const
-{
-    return IsWorkTime(nRow);
-}
-
-BOOL CDayViewCtrl::IsColumnUseMyWorkTime(int) const
-{
-    return m_dayProperty.bUseMyWorkTime;
 }
 
 // ---- Paint

@@ -28,22 +28,20 @@ public:
     // Returns what the base returns.
     int GetSelRange(COleDateTime& begin, COleDateTime& end) override;
     // The view keeps one property, whatever the date.
-    void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override;
-    tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date) override;
+    void SetDayProperty(COleDateTime, const tagCALENDAR_DAY_PROPERTY& property) override { m_dayProperty = property; }
+    tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime) override { return &m_dayProperty; }
     void ClearDayProperty() override; // but for the work hours
-    int GetDayColor(int nDay) override;
+    int GetDayColor(int) override { return m_dayProperty.nDayColor; }
     // Whether the row begins within the work hours, the day's own when the property says so.
     int IsWorkTime(int nRow) const;
     // A timed item's rectangle as if it were alone in the grid; (-1, -1, -1, -1) when it begins on another day.
     void _CalcItemRect(CRect rcGrid, tagCALENDAR_ITEM& item);
     // The k-th full-day item gets the k-th lane.
     void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
-    int DoPrint(CDC* pDC, CPrintInfo* pInfo) override;
 
 protected:
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid) override;
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
-    void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void DrawCaption(CDC* pDC, CRect rcCaption) override;
@@ -54,8 +52,8 @@ protected:
     void MoveLeftward(UINT nFlags) override;
 
     dayvane::DayRange GetShownRange() const override;
-    BOOL IsColumnWorkTime(int nColumn, int nRow) const override;
-    BOOL IsColumnUseMyWorkTime(int nColumn) const override;
+    BOOL IsColumnWorkTime(int, int nRow) const override { return IsWorkTime(nRow); }
+    BOOL IsColumnUseMyWorkTime(int) const override { return m_dayProperty.bUseMyWorkTime; }
     void CurrentDateMoved() override;
 
     tagCALENDAR_DAY_PROPERTY m_dayProperty;

@@ -4,8 +4,6 @@
 
 #include "core/DateMath.h"
 
-#include <algorithm>
-
 namespace dayvane {
 namespace {
 constexpr int kHeaderFrame = 2; // pixels

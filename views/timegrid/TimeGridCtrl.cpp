@@ -37,16 +37,9 @@ CTimeGridCtrl::CTimeGridCtrl() : m_pParts(std::make_unique<TimeGridParts>())
     m_options.extendedMove = true;
 }
 
-CTimeGridCtrl::~CTimeGridCtrl()
-{
-}
+CTimeGridCtrl::~CTimeGridCtrl() = default;
 
-BOOL CTimeGridCtrl::CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
-                               CCreateContext* pContext)
-{
-    return CWnd::Create(lpszClass, nullptr, dwStyle, rect, pParent, nID, pContext);
-}
-
+// Every window that becomes one of a time grid is scrolled to the present time.
 void CTimeGridCtrl::PreSubclassWindow()
 {
     CMoreListCtrl::PreSubclassWindow();
@@ -90,6 +83,19 @@ TimeGridState CTimeGridCtrl::State() const
 TimeGridPainter CTimeGridCtrl::Painter(CDC* pDC) const
 {
     return TimeGridPainter(*pDC, m_pParts->tools, State(), m_colors, m_theme);
+}
+
+void CTimeGridCtrl::CalcGridLayout(const CRect& rcClient, bool isCaptionShown, int nHeaderHeight, CRect& rcCaption,
+                                   CRect& rcRuler, CRect& rcGrid)
+{
+    TimeGridFrame& frame = m_pParts->frame;
+    frame = CalcTimeGridFrame(rcClient, isCaptionShown, nHeaderHeight, LanesIn(rcClient), GetShownRange().days,
+                              FrameMetrics());
+    m_rcFulldayRuler = frame.fulldayRuler;
+    m_rcFulldayContent = frame.fulldayContent;
+    rcCaption = frame.caption;
+    rcRuler = frame.ruler;
+    rcGrid = frame.grid;
 }
 
 // A derived class may have moved what its hook was given: what it left is what holds.

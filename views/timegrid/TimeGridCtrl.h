@@ -99,8 +99,8 @@ protected:
     void InvalidateCellRectRange() override;
     // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
     void GetCurCellRect(CRect& rect, int& nMode) override;
-    void MoveBackward(UINT nFlags) override;
-    void MoveForward(UINT nFlags) override;
+    void MoveBackward(UINT nFlags) override { MoveRow(TRUE, nFlags); }
+    void MoveForward(UINT nFlags) override { MoveRow(FALSE, nFlags); }
     void MoveToEnd(BOOL bLast, UINT nFlags) override;
     int GetPullableEdges(const tagCALENDAR_ITEM& screenItem) override;
     dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays) override;
@@ -129,9 +129,6 @@ protected:
 
     // ---- Services for the views.
 
-    // Creates the window. As every window that becomes one of a time grid it is scrolled to the present time.
-    BOOL CreateGrid(LPCTSTR lpszClass, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID,
-                    CCreateContext* pContext);
     dayvane::TimeScale Scale() const;
     dayvane::TimeGridState State() const; // as laid out and scrolled now
     dayvane::TimeGridPainter Painter(CDC* pDC) const;
@@ -145,10 +142,13 @@ protected:
     dayvane::TimeGridMetrics FrameMetrics() const; // with the second ruler
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
-    void MakeShownItems(CItemArray& items, CItemArray& screenItems);
-    // Lays the shown items out: the timed ones in the columns, the bars by CalcFulldayItemRect. Where MakeShownItems
-    // has only made some anew, only the columns of those.
-    void PlaceShownItems(CItemArray& screenItems, const std::vector<CRect>& columns);
+    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
+    // Lays the shown items out: the timed ones in the columns (rcGrid: the only column), the bars by
+    // CalcFulldayItemRect. Where MakeScreenItem has only made some anew, only the columns of those.
+    void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
+    // CalcLayout of the views: the frame of the shown days, its rectangles for the hooks.
+    void CalcGridLayout(const CRect& rcClient, bool isCaptionShown, int nHeaderHeight, CRect& rcCaption, CRect& rcRuler,
+                        CRect& rcGrid);
     int LanesIn(const CRect& rcClient) const; // of the full-day band
     void KeepTimedMarks(std::vector<dayvane::MoreMark> marks);
     const dayvane::MoreMark* FindMarkOf(LPARAM nItem) const; // that counts the item; nullptr: it is not hidden

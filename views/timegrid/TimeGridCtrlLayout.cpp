@@ -9,7 +9,7 @@
 
 using namespace dayvane;
 
-void CTimeGridCtrl::MakeShownItems(CItemArray& items, CItemArray& screenItems)
+void CTimeGridCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
 {
     TimeGridParts& parts = *m_pParts;
     const DayRange range = GetShownRange();
@@ -67,10 +67,12 @@ bool CTimeGridCtrl::RemakeShownItems(const DayRange& range)
     return true;
 }
 
-void CTimeGridCtrl::PlaceShownItems(CItemArray& screenItems, const std::vector<CRect>& columns)
+void CTimeGridCtrl::CalcItemRect(CRect rcGrid, CItemArray& screenItems)
 {
     TimeGridParts& parts = *m_pParts;
-    const TimedPlaces places = {columns, GetShownRange(), Scale(), m_options.visibleShortItems, m_options.tidyColumns};
+    const DayRange range = GetShownRange();
+    const TimedPlaces places = {range.days == 1 ? std::vector<CRect>{rcGrid} : parts.frame.columns, range, Scale(),
+                                m_options.visibleShortItems, m_options.tidyColumns};
     if (&screenItems != &m_arScreenItem || !UpdatesByParts()) {
         KeepTimedMarks(TimeBoard().LayOut(screenItems, places));
         CalcFulldayItemRect(m_rcFulldayContent, screenItems);

@@ -1,4 +1,4 @@
-// The time grids' marks for items without room, and the list that a mark opens.
+// The time grids' marks for items without room, and the list that a mark opens; tool tips of what is cut.
 #include "views/timegrid/TimeGridCtrl.h"
 
 #include "core/DateMath.h"
@@ -107,4 +107,23 @@ void CTimeGridCtrl::DrawListEnd(CDC* pDC, const CRect& rcList)
     const TimeGridMetrics metrics = Scale().metrics;
     const CRect box(rcList.right - metrics.moreWidth, rcList.bottom - metrics.moreHeight, rcList.right, rcList.bottom);
     Painter(pDC).DrawMoreMark(box, u"...", m_pParts->fonts.Label());
+}
+
+BOOL CTimeGridCtrl::FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText)
+{
+    if (!m_options.toolTips) {
+        return FALSE;
+    }
+    const int position = hit.nScreenItem;
+    if (position < 0 || position >= m_arScreenItem.GetSize()) {
+        strText = FindCutDayText(hit, rcPart);
+        return !strText.empty();
+    }
+    const tagCALENDAR_ITEM& item = m_arScreenItem[position];
+    if (FitsText(item)) {
+        return FALSE;
+    }
+    rcPart = VisibleItemBox(State(), item);
+    strText = IsBandItem(item) ? BandItemText(item, m_texts) : TimedItemText(item, m_texts);
+    return TRUE;
 }

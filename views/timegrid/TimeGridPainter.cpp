@@ -3,7 +3,6 @@
 #include "core/DateMath.h"
 #include "core/DayLinePainter.h"
 #include "core/WideText.h"
-#include "views/timegrid/GridTexts.h"
 
 #include <algorithm>
 

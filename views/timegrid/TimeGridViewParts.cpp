@@ -7,8 +7,6 @@
 namespace dayvane {
 namespace {
 
-constexpr int kNoTop = -1; // of an item without a rectangle
-
 void AddColumn(const TimeGridState& state, int column, ViewParts& parts)
 {
     const TimeGridFrame& frame = state.frame;
@@ -34,18 +32,7 @@ void FillTimeGridParts(const TimeGridState& state, const ItemArray& screenItems,
     for (int column = 0; column < static_cast<int>(state.frame.columns.size()); ++column) {
         AddColumn(state, column, parts);
     }
-    parts.pieces.reserve(static_cast<size_t>(screenItems.GetSize()));
-    for (int i = 0; i < static_cast<int>(screenItems.GetSize()); ++i) {
-        const tagCALENDAR_ITEM& item = screenItems[i];
-        ViewPiece piece;
-        piece.item = static_cast<int>(item.nSource);
-        piece.first = item.dtStart;
-        piece.last = item.dtEnd;
-        if (!item.bNoFocus && item.rcItem.top != kNoTop) {
-            piece.box = VisibleItemBox(state, item);
-        }
-        parts.pieces.push_back(piece);
-    }
+    parts.AddPieces(screenItems, [&state](const tagCALENDAR_ITEM& item) { return VisibleItemBox(state, item); });
     for (const MoreMark& mark : marks) {
         parts.marks.push_back({mark.column, VisibleMarkBox(state, mark)});
     }

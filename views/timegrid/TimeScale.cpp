@@ -1,7 +1,5 @@
 #include "views/timegrid/TimeScale.h"
 
-#include "core/DateMath.h"
-
 #include <cmath>
 #include <initializer_list>
 
@@ -64,11 +62,6 @@ COleDateTime TimeScale::RowStart(const COleDateTime& time) const
     const CivilDate date = CivilDateOf(time);
     const int minute = time.GetMinute() / MinutesPerRow() * MinutesPerRow();
     return COleDateTime(date.year, date.month, date.day, time.GetHour(), minute, 0);
-}
-
-COleDateTime TimeScale::MoveRows(const COleDateTime& time, int rows) const
-{
-    return AddMinutes(time, rows * MinutesPerRow());
 }
 
 int ScaleBeside(int rowsPerHour, int steps)

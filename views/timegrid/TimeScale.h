@@ -76,7 +76,7 @@ struct TimeScale
 
     // The time moved back to the beginning of its row.
     COleDateTime RowStart(const COleDateTime& time) const;
-    COleDateTime MoveRows(const COleDateTime& time, int rows) const;
+    COleDateTime MoveRows(const COleDateTime& time, int rows) const { return AddMinutes(time, rows * MinutesPerRow()); }
 };
 
 // The scale so many steps finer, or with a negative number coarser, of those that divide an hour.

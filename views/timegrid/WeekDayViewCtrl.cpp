@@ -1,9 +1,9 @@
 // The multi-day view: lifetime, range, layout, selection, keyboard. Painting is in WeekDayViewCtrlPaint.cpp.
 #include "views/timegrid/WeekDayViewCtrl.h"
 
-#include "core/WindowHelpers.h"
 #include "core/DateMath.h"
 #include "core/Fonts.h"
+#include "core/WindowHelpers.h"
 #include "views/timegrid/DayRange.h"
 #include "views/timegrid/FulldayLanes.h"
 #include "views/timegrid/TimeGridHit.h"
@@ -48,12 +48,7 @@ CWeekDayViewCtrl::~CWeekDayViewCtrl()
 
 BOOL CWeekDayViewCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, CCreateContext* pContext)
 {
-    return CreateGrid(kWindowClass, dwStyle, rect, pParent, nID, pContext);
-}
-
-int CWeekDayViewCtrl::DoPrint(CDC* pDC, CPrintInfo* pInfo)
-{
-    return CTimeGridCtrl::DoPrint(pDC, pInfo);
+    return CWnd::Create(kWindowClass, nullptr, dwStyle, rect, pParent, nID, pContext);
 }
 
 // ---- Range
@@ -63,11 +58,6 @@ void CWeekDayViewCtrl::SetViewOption(int nDays, int nBeginDayOfWeek)
     m_nDays = nDays >= kMinDays && nDays <= kMaxDays ? nDays : kMinDays;
     m_nBeginDayOption = nBeginDayOfWeek >= 1 && nBeginDayOfWeek <= kDaysPerWeek ? nBeginDayOfWeek : 0;
     m_pParts->frame.columns.resize(m_nDays);
-}
-
-int CWeekDayViewCtrl::GetBeginDayOfWeek() const
-{
-    return m_nBeginDayOption != 0 ? GetFirstDayOfWeek() : 0;
 }
 
 void CWeekDayViewCtrl::SetDateScale(int nScale)
@@ -132,27 +122,9 @@ void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRul
 
 void CWeekDayViewCtrl::CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid)
 {
-    const TimeGridMetrics metrics = FrameMetrics();
-    const TimeGridFrame frame =
-        CalcTimeGridFrame(rcClient, m_bShowCaption != FALSE, metrics.headerHeight + CalcLinesHeight(rcClient),
-                          LanesIn(rcClient), m_nDays, metrics);
-    m_pParts->frame = frame;
-    m_rcFulldayRuler = frame.fulldayRuler;
-    m_rcFulldayContent = frame.fulldayContent;
-    rcCaption = frame.caption;
-    rcHeader = frame.header;
-    rcRuler = frame.ruler;
-    rcGrid = frame.grid;
-}
-
-void CWeekDayViewCtrl::MakeScreenItem(CItemArray& items, CItemArray& screenItems)
-{
-    MakeShownItems(items, screenItems);
-}
-
-void CWeekDayViewCtrl::CalcItemRect(CRect, CItemArray& screenItems)
-{
-    PlaceShownItems(screenItems, m_pParts->frame.columns);
+    CalcGridLayout(rcClient, m_bShowCaption != FALSE, Scale().metrics.headerHeight + CalcLinesHeight(rcClient),
+                   rcCaption, rcRuler, rcGrid);
+    rcHeader = m_pParts->frame.header;
 }
 
 void CWeekDayViewCtrl::_CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day)
@@ -232,11 +204,6 @@ tagCALENDAR_DAY_PROPERTY* CWeekDayViewCtrl::GetDayProperty(COleDateTime date)
     return column != -1 && column < m_arDayProperty.GetSize() ? &m_arDayProperty[column] : nullptr;
 }
 
-void CWeekDayViewCtrl::ClearDayProperty()
-{
-    m_arDayProperty.RemoveAll();
-}
-
 int CWeekDayViewCtrl::GetDayColor(int nColumn)
 {
     return nColumn >= 0 && nColumn < m_arDayProperty.GetSize() ? m_arDayProperty[nColumn].nDayColor : 0;
@@ -259,16 +226,6 @@ void CWeekDayViewCtrl::ShiftProperties(int nDays)
 }
 
 // ---- Keyboard
-
-void CWeekDayViewCtrl::MoveLeftward(UINT nFlags)
-{
-    MoveColumn(-1, nFlags);
-}
-
-void CWeekDayViewCtrl::MoveRightward(UINT nFlags)
-{
-    MoveColumn(1, nFlags);
-}
 
 void CWeekDayViewCtrl::MoveColumn(int nDays, UINT nFlags)
 {

@@ -50,7 +50,8 @@ public:
     // 2 .. 14 columns, else 2. nBeginDayOfWeek 1 .. 7: the range begins on the control's first day of the week,
     // whatever the number; else it begins on the given date.
     void SetViewOption(int nDays, int nBeginDayOfWeek);
-    int GetBeginDayOfWeek() const; // the first day of the week, 0 when the range begins on any day
+    // The first day of the week, 0 when the range begins on any day.
+    int GetBeginDayOfWeek() const { return m_nBeginDayOption != 0 ? GetFirstDayOfWeek() : 0; }
     int GetMaxDays() const { return m_nDays; }
     // 1 .. 13: that many days and one more; 14: five days, 15: seven days from the first day of the week. Sets the
     // caption text, keeps the range's begin where it can, drops the day properties. Other values are only stored.
@@ -78,18 +79,15 @@ public:
     int IsWorkTime(int nColumn, int nRow) const;
     void SetDayProperty(COleDateTime date, const tagCALENDAR_DAY_PROPERTY& property) override; // of shown days only
     tagCALENDAR_DAY_PROPERTY* GetDayProperty(COleDateTime date) override;                      // nullptr: none
-    void ClearDayProperty() override;
+    void ClearDayProperty() override { m_arDayProperty.RemoveAll(); }
     int GetDayColor(int nColumn) override;
     // A timed item's rectangle as if it were alone in the column of that day.
     void _CalcItemRect(CRect rcColumn, tagCALENDAR_ITEM& item, COleDateTime day);
     void CalcFulldayItemRect(CRect rcBand, CItemArray& screenItems) override;
-    int DoPrint(CDC* pDC, CPrintInfo* pInfo) override;
 
 protected:
     void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcRuler, CRect& rcGrid) override; // forwards to the next
     virtual void CalcLayout(CRect rcClient, CRect& rcCaption, CRect& rcHeader, CRect& rcRuler, CRect& rcGrid);
-    void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
-    void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
     void DrawGrid(CDC* pDC, CRect rcGrid) override;
     void DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems) override;
     void _DrawItem(CDC* pDC, CRect rcColumn, const tagCALENDAR_ITEM& item); // what lies in the column
@@ -99,8 +97,8 @@ protected:
     virtual void DrawTodayRect(CDC* pDC, CRect rcBox); // background of today's header box
     virtual void DrawFocusRect(CDC* pDC, CRect rcBox); // frame of the current day's header box
     void InvalidateCellRect(COleDateTime date) override;
-    void MoveRightward(UINT nFlags) override;
-    void MoveLeftward(UINT nFlags) override;
+    void MoveRightward(UINT nFlags) override { MoveColumn(1, nFlags); }
+    void MoveLeftward(UINT nFlags) override { MoveColumn(-1, nFlags); }
 
     dayvane::DayRange GetShownRange() const override;
     BOOL IsColumnWorkTime(int nColumn, int nRow) const override { return IsWorkTime(nColumn, nRow); }
