@@ -125,91 +125,37 @@ const ZoneClock kLordHowe(11 * kHour, {{At(2026, 4, 4, 15), 10 * kHour + 1800}, 
 const ZoneClock kApia(-10 * kHour, {{At(2011, 12, 30, 10), 14 * kHour}});
 const ZoneClock kStJohns(-9000, {{At(2010, 11, 7, 2, 31), -12600}}); // at 00:01, back to 23:01
 
+const struct
+{
+    const char* name;
+    CivilDate day;
+    const ZoneClock& own;
+    const ZoneClock& other;
+    int row, skipped, repeated;
+    ClockSeconds moment;
+    CivilDate otherDate;
+    int otherMinute, otherDateBegins, otherClockChanges;
+} kKnownRows[] = {
+    {"same date", {2026, 1, 5}, kTokyo, kKolkata, 9, 0, 0, At(2026, 1, 5, 0), {2026, 1, 5}, 330, -1, 0},
+    {"date changes within", {2026, 1, 5}, kTokyo, kKolkata, 3, 0, 0, At(2026, 1, 4, 18), {2026, 1, 4}, 1410, 30, 0},
+    {"date changes at the row", {2026, 1, 5}, kTokyo, kNewYork, 14, 0, 0, At(2026, 1, 5, 5), {2026, 1, 5}, 0, 0, 0},
+    {"other skips", {2026, 3, 8}, kTokyo, kNewYork, 16, 0, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 180, -1, 60},
+    {"before it skips", {2026, 3, 8}, kTokyo, kNewYork, 15, 0, 0, At(2026, 3, 8, 6), {2026, 3, 8}, 60, -1, 0},
+    {"own skips", {2026, 3, 8}, kNewYork, kTokyo, 2, 60, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 960, -1, 0},
+    {"after own skip", {2026, 3, 8}, kNewYork, kTokyo, 3, 0, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 960, -1, 0},
+    {"own repeats", {2026, 11, 1}, kNewYork, kTokyo, 1, 0, 60, At(2026, 11, 1, 5), {2026, 11, 1}, 840, -1, 0},
+    {"after own repeat", {2026, 11, 1}, kNewYork, kTokyo, 2, 0, 0, At(2026, 11, 1, 7), {2026, 11, 1}, 960, -1, 0},
+    {"skips 30 minutes", {2026, 10, 4}, kLordHowe, kTokyo, 2, 30, 0, At(2026, 10, 3, 15, 30), {2026, 10, 4}, 30, -1, 0},
+    {"repeats 30 minutes", {2026, 4, 5}, kLordHowe, kTokyo, 1, 0, 30, At(2026, 4, 4, 14), {2026, 4, 4}, 1380, 60, 0},
+    {"no such day", {2011, 12, 30}, kApia, kTokyo, 12, 60, 0, At(2011, 12, 30, 10), {2011, 12, 30}, 1140, -1, 0},
+    {"a day jumped over", {2011, 12, 30}, kTokyo, kApia, 19, 0, 0, At(2011, 12, 30, 10), {2011, 12, 31}, 0, 0, 1440},
+    {"date comes back", {2010, 11, 7}, kTokyo, kStJohns, 11, 0, 0, At(2010, 11, 7, 2), {2010, 11, 6}, 1410, 30, -60},
+    {"date changes again", {2010, 11, 7}, kTokyo, kStJohns, 12, 0, 0, At(2010, 11, 7, 3), {2010, 11, 6}, 1410, 30, 0},
+};
+
 TEST(ZoneRuler, KnownDays)
 {
-    struct
-    {
-        const char* name;
-        CivilDate day;
-        const ZoneClock& own;
-        const ZoneClock& other;
-        int row, skipped, repeated;
-        ClockSeconds moment;
-        CivilDate otherDate;
-        int otherMinute, otherDateBegins, otherClockChanges;
-    } const cases[] = {
-        {"same date", {2026, 1, 5}, kTokyo, kKolkata, 9, 0, 0, At(2026, 1, 5, 0), {2026, 1, 5}, 330, -1, 0},
-        {"date changes within", {2026, 1, 5}, kTokyo, kKolkata, 3, 0, 0, At(2026, 1, 4, 18), {2026, 1, 4}, 1410, 30, 0},
-        {"date changes at the row", {2026, 1, 5}, kTokyo, kNewYork, 14, 0, 0, At(2026, 1, 5, 5), {2026, 1, 5}, 0, 0, 0},
-        {"other skips", {2026, 3, 8}, kTokyo, kNewYork, 16, 0, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 180, -1, 60},
-        {"before it skips", {2026, 3, 8}, kTokyo, kNewYork, 15, 0, 0, At(2026, 3, 8, 6), {2026, 3, 8}, 60, -1, 0},
-        {"own skips", {2026, 3, 8}, kNewYork, kTokyo, 2, 60, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 960, -1, 0},
-        {"after own skip", {2026, 3, 8}, kNewYork, kTokyo, 3, 0, 0, At(2026, 3, 8, 7), {2026, 3, 8}, 960, -1, 0},
-        {"own repeats", {2026, 11, 1}, kNewYork, kTokyo, 1, 0, 60, At(2026, 11, 1, 5), {2026, 11, 1}, 840, -1, 0},
-        {"after own repeat", {2026, 11, 1}, kNewYork, kTokyo, 2, 0, 0, At(2026, 11, 1, 7), {2026, 11, 1}, 960, -1, 0},
-        {"half an hour skipped",
-         {2026, 10, 4},
-         kLordHowe,
-         kTokyo,
-         2,
-         30,
-         0,
-         At(2026, 10, 3, 15, 30),
-         {2026, 10, 4},
-         30,
-         -1,
-         0},
-        {"half an hour repeated",
-         {2026, 4, 5},
-         kLordHowe,
-         kTokyo,
-         1,
-         0,
-         30,
-         At(2026, 4, 4, 14),
-         {2026, 4, 4},
-         1380,
-         60,
-         0},
-        {"no such day", {2011, 12, 30}, kApia, kTokyo, 12, 60, 0, At(2011, 12, 30, 10), {2011, 12, 30}, 1140, -1, 0},
-        {"a day jumped over",
-         {2011, 12, 30},
-         kTokyo,
-         kApia,
-         19,
-         0,
-         0,
-         At(2011, 12, 30, 10),
-         {2011, 12, 31},
-         0,
-         0,
-         1440},
-        {"date changes and comes back",
-         {2010, 11, 7},
-         kTokyo,
-         kStJohns,
-         11,
-         0,
-         0,
-         At(2010, 11, 7, 2),
-         {2010, 11, 6},
-         1410,
-         30,
-         -60},
-        {"date changes again",
-         {2010, 11, 7},
-         kTokyo,
-         kStJohns,
-         12,
-         0,
-         0,
-         At(2010, 11, 7, 3),
-         {2010, 11, 6},
-         1410,
-         30,
-         0},
-    };
-    for (const auto& c : cases) {
+    for (const auto& c : kKnownRows) {
         SCOPED_TRACE(c.name);
         const std::vector<ZoneRulerRow> rows = CalcZoneRuler(c.day, 60, c.own, c.other);
         ASSERT_EQ(rows.size(), 24u);

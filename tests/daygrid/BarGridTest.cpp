@@ -110,6 +110,22 @@ TEST(RowPieces, AreTheIntersectionsWithTheRows)
     }
 }
 
+// before: the rectangles that the pieces had; empty: all was laid out anew, and nothing is said of what has moved.
+void ExpectWhole(const ItemArray& pieces, const ItemArray& whole, const std::vector<CRect>& before,
+                 const std::vector<PieceMove>& moved)
+{
+    ASSERT_EQ(pieces.GetSize(), whole.GetSize());
+    for (int i = 0; i < static_cast<int>(whole.GetSize()); ++i) {
+        ASSERT_EQ(Text(pieces[i].rcItem), Text(whole[i].rcItem)) << "piece " << i;
+        ASSERT_EQ(pieces[i].bNoFocus, whole[i].bNoFocus);
+        ASSERT_EQ(pieces[i].nPiece, whole[i].nPiece);
+        ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
+        const auto reported =
+            std::find_if(moved.begin(), moved.end(), [i](const PieceMove& piece) { return piece.position == i; });
+        ASSERT_TRUE(before.empty() || before[i] == (reported != moved.end() ? reported->box : whole[i].rcItem));
+    }
+}
+
 // A layout that goes on from the last one, step by step, against a whole one each time.
 TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
 {
@@ -159,16 +175,9 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
                 board.LayOut(grid, rules, month.range.Spans(pieces), pieces);
                 before.clear();
             }
-            ASSERT_EQ(pieces.GetSize(), whole.GetSize());
-            for (int i = 0; i < static_cast<int>(whole.GetSize()); ++i) {
-                ASSERT_EQ(Text(pieces[i].rcItem), Text(whole[i].rcItem)) << "seed " << seed << " piece " << i;
-                ASSERT_EQ(pieces[i].bNoFocus, whole[i].bNoFocus);
-                ASSERT_EQ(pieces[i].nPiece, whole[i].nPiece);
-                ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
-                const auto reported = std::find_if(moved.begin(), moved.end(),
-                                                   [i](const PieceMove& piece) { return piece.position == i; });
-                ASSERT_TRUE(before.empty() || before[i] == (reported != moved.end() ? reported->box : whole[i].rcItem));
-            }
+            SCOPED_TRACE(testing::Message() << "seed " << seed << " step " << step);
+            ExpectWhole(pieces, whole, before, moved);
+            ASSERT_FALSE(HasFatalFailure());
             for (size_t box = 0; box < loads.size(); ++box) {
                 ASSERT_EQ(board.Loads()[box].itemCount, loads[box].itemCount);
                 ASSERT_EQ(board.Loads()[box].more, loads[box].more);

@@ -213,7 +213,7 @@ TEST(MonthHands, ClicksAndSweeps)
     });
 }
 
-TEST(MonthHands, DragsEndInADropOrLeaveNothing)
+TEST(MonthHands, DragsThatAreTakenBackLeaveNothing)
 {
     MonthHands h;
     const std::string kHeld = "cur=0 sel=14 00:00..14 00:00 Talk 14 00:00-14 01:00 held";
@@ -259,7 +259,16 @@ TEST(MonthHands, DragsEndInADropOrLeaveNothing)
          },
          {},
          kBack},
-        {"drag", pull, {h.kPressed}, kHeld},
+    });
+}
+
+TEST(MonthHands, DragsEndInADrop)
+{
+    MonthHands h;
+    const std::string kHeld = "cur=0 sel=14 00:00..14 00:00 Talk 14 00:00-14 01:00 held";
+    const auto drop = [] { hand::LeftUp(); };
+    h.Play({
+        {"drag", [&] { h.Pull(h.Bar(12), h.Cell(14)); }, {h.kPressed}, kHeld},
         {"beside the days nothing moves", [&] { hand::Move(h.view, CPoint(730, h.Cell(14).y)); }, {}, kHeld},
         {"dropped there",
          drop,

@@ -27,17 +27,17 @@ void ExpectSame(const Texts& array, const std::vector<std::string>& model)
     }
 }
 
-TEST(Array, BehavesAsAListUnderRandomOperations)
+// Two arrays and what they should hold.
+class RandomArrays
 {
-    std::mt19937 random(1);
-    Texts array, other;
-    std::vector<std::string> model, otherModel;
-    for (int step = 0; step < 4000; ++step) {
+public:
+    void Step(int step)
+    {
         const INT_PTR size = array.GetSize();
-        const INT_PTR where = size > 0 ? static_cast<INT_PTR>(random() % static_cast<size_t>(size)) : 0;
+        const INT_PTR where = size > 0 ? static_cast<INT_PTR>(m_random() % static_cast<size_t>(size)) : 0;
         const auto position = model.begin() + where;
         const std::string text = std::to_string(step);
-        switch (random() % 11) {
+        switch (m_random() % 11) {
         case 0:
         case 1:
             EXPECT_EQ(array.Add(text.c_str()), size);
@@ -90,7 +90,21 @@ TEST(Array, BehavesAsAListUnderRandomOperations)
             }
             break;
         }
-        ExpectSame(array, model);
+    }
+
+    Texts array, other;
+    std::vector<std::string> model, otherModel;
+
+private:
+    std::mt19937 m_random{1};
+};
+
+TEST(Array, BehavesAsAListUnderRandomOperations)
+{
+    RandomArrays arrays;
+    for (int step = 0; step < 4000; ++step) {
+        arrays.Step(step);
+        ExpectSame(arrays.array, arrays.model);
         if (HasFatalFailure()) {
             FAIL() << "step " << step;
         }

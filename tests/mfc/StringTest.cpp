@@ -7,19 +7,18 @@
 
 namespace {
 // Texts that share and part again, against strings that never share.
-TEST(String, BehavesAsAValueUnderRandomOperations)
+class RandomTexts
 {
-    std::mt19937 random(2);
-    CString texts[4];
-    std::string models[4];
-    for (int step = 0; step < 20000; ++step) {
-        CString& text = texts[random() % 4];
+public:
+    void Step(int step)
+    {
+        CString& text = texts[m_random() % 4];
         std::string& model = models[&text - texts];
-        const size_t other = random() % 4;
-        const size_t at = model.empty() ? 0 : random() % model.size();
-        const size_t count = random() % 5;
-        const char letter = static_cast<char>('a' + random() % 4);
-        switch (random() % 12) {
+        const size_t other = m_random() % 4;
+        const size_t at = model.empty() ? 0 : m_random() % model.size();
+        const size_t count = m_random() % 5;
+        const char letter = static_cast<char>('a' + m_random() % 4);
+        switch (m_random() % 12) {
         case 0:
         case 1:
             text = texts[other];
@@ -70,13 +69,27 @@ TEST(String, BehavesAsAValueUnderRandomOperations)
             model.resize(model.size() / 2);
             break;
         }
+    }
+
+    CString texts[4];
+    std::string models[4];
+
+private:
+    std::mt19937 m_random{2};
+};
+
+TEST(String, BehavesAsAValueUnderRandomOperations)
+{
+    RandomTexts values;
+    for (int step = 0; step < 20000; ++step) {
+        values.Step(step);
         for (int i = 0; i < 4; ++i) {
-            ASSERT_EQ(models[i], texts[i].GetString()) << "step " << step << ", text " << i;
-            ASSERT_EQ(static_cast<int>(models[i].size()), texts[i].GetLength());
+            ASSERT_EQ(values.models[i], values.texts[i].GetString()) << "step " << step << ", text " << i;
+            ASSERT_EQ(static_cast<int>(values.models[i].size()), values.texts[i].GetLength());
         }
-        ASSERT_EQ(models[0] < models[1], texts[0] < texts[1]);
-        ASSERT_EQ(static_cast<int>(models[0].find("xy")), texts[0].Find("xy")); // -1 is npos
-        ASSERT_EQ(static_cast<int>(models[0].rfind('a')), texts[0].ReverseFind('a'));
+        ASSERT_EQ(values.models[0] < values.models[1], values.texts[0] < values.texts[1]);
+        ASSERT_EQ(static_cast<int>(values.models[0].find("xy")), values.texts[0].Find("xy")); // -1 is npos
+        ASSERT_EQ(static_cast<int>(values.models[0].rfind('a')), values.texts[0].ReverseFind('a'));
     }
 }
 

@@ -95,57 +95,61 @@ TEST(YearMonthPickerWindow, ThePopupHasItsSizeAndPlaceAndTheMouse)
     EXPECT_EQ(Reports{}, p.parent.Take());
 }
 
+const YearMonthLayout& LayoutOf(Picker& p)
+{
+    return p.control->GetPopup()->GetLayout();
+}
+
+constexpr int kCancelled = 0;
+constexpr int kSilent = -1;
+typedef std::function<void(Picker&)> Act;
+const struct
+{
+    const char* what;
+    Act act;
+    int picked; // year x 100 + month, or how it ends without one
+} kEnds[] = {
+    {"another month", [](Picker& p) { p.ClickMonth(7); }, 201007},
+    {"the same month", [](Picker& p) { p.ClickMonth(5); }, 201005},
+    {"another year's",
+     [](Picker& p) {
+         p.ClickPopup(LayoutOf(p).previousYear.CenterPoint());
+         p.ClickPopup(LayoutOf(p).nextYear.CenterPoint());
+         p.ClickPopup(LayoutOf(p).nextYear.CenterPoint());
+         EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
+         EXPECT_EQ(Reports{}, p.parent.Take()) << "the arrows send nothing";
+         p.ClickMonth(5);
+     },
+     201105},
+    {"the overhang below the grid", [](Picker& p) { p.ClickPopup(CPoint(60, 92)); }, 201011},
+    {"the footer",
+     [](Picker& p) {
+         p.ClickPopup(LayoutOf(p).previousYear.CenterPoint());
+         p.ClickPopup(LayoutOf(p).footer.CenterPoint());
+     },
+     201001},
+    {"keys",
+     [](Picker& p) {
+         for (UINT code : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
+             p.Key(code);
+         }
+     },
+     201109},
+    {"outside", [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); }, kCancelled},
+    {"the header's middle", [](Picker& p) { p.ClickPopup(CPoint(60, 10)); }, kCancelled},
+    {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, kCancelled},
+    {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, kCancelled},
+    {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); }, kCancelled},
+    {"Escape", [](Picker& p) { p.Key(VK_ESCAPE); }, kCancelled},
+    // Hidden, it loses the focus.
+    {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); }, kCancelled},
+    {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, kSilent},
+    {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, kSilent},
+};
+
 TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
 {
-    constexpr int kCancelled = 0;
-    constexpr int kSilent = -1;
-    const auto layout = [](Picker& p) -> const YearMonthLayout& { return p.control->GetPopup()->GetLayout(); };
-    typedef std::function<void(Picker&)> Act;
-    const struct
-    {
-        const char* what;
-        Act act;
-        int picked; // year x 100 + month, or how it ends without one
-    } table[] = {
-        {"another month", [](Picker& p) { p.ClickMonth(7); }, 201007},
-        {"the same month", [](Picker& p) { p.ClickMonth(5); }, 201005},
-        {"another year's",
-         [=](Picker& p) {
-             p.ClickPopup(layout(p).previousYear.CenterPoint());
-             p.ClickPopup(layout(p).nextYear.CenterPoint());
-             p.ClickPopup(layout(p).nextYear.CenterPoint());
-             EXPECT_EQ(2011, p.control->GetPopup()->GetYear());
-             EXPECT_EQ(Reports{}, p.parent.Take()) << "the arrows send nothing";
-             p.ClickMonth(5);
-         },
-         201105},
-        {"the overhang below the grid", [](Picker& p) { p.ClickPopup(CPoint(60, 92)); }, 201011},
-        {"the footer",
-         [=](Picker& p) {
-             p.ClickPopup(layout(p).previousYear.CenterPoint());
-             p.ClickPopup(layout(p).footer.CenterPoint());
-         },
-         201001},
-        {"keys",
-         [](Picker& p) {
-             for (UINT code : {VK_RIGHT, VK_DOWN, VK_NEXT, VK_RETURN}) {
-                 p.Key(code);
-             }
-         },
-         201109},
-        {"outside", [](Picker& p) { p.ClickPopup(CPoint(-5, 50)); }, kCancelled},
-        {"the header's middle", [](Picker& p) { p.ClickPopup(CPoint(60, 10)); }, kCancelled},
-        {"lost capture", [](Picker& p) { ::SetCapture(p.parent.m_hWnd); }, kCancelled},
-        {"lost focus", [](Picker& p) { p.parent.SetFocus(); }, kCancelled},
-        {"the application left", [](Picker& p) { p.control->GetPopup()->SendMessage(WM_ACTIVATEAPP, FALSE); },
-         kCancelled},
-        {"Escape", [](Picker& p) { p.Key(VK_ESCAPE); }, kCancelled},
-        // Hidden, it loses the focus.
-        {"the picker's window destroyed", [](Picker& p) { p.control->DestroyWindow(); }, kCancelled},
-        {"the parent destroyed", [](Picker& p) { p.parent.DestroyWindow(); }, kSilent},
-        {"the popup's window destroyed", [](Picker& p) { p.control->GetPopup()->DestroyWindow(); }, kSilent},
-    };
-    for (const auto& row : table) {
+    for (const auto& row : kEnds) {
         Picker p;
         const HWND popup = p.Drop().m_hWnd;
         p.parent.Take();
@@ -170,7 +174,6 @@ TEST(YearMonthPickerWindow, ReportsEachWayToFinishInOrder)
 
 TEST(YearMonthPickerWindow, EndedWithoutTheFocusThePopupClosesWithoutAMessage)
 {
-    typedef std::function<void(Picker&)> Act;
     const Act ends[] = {
         [](Picker& p) { p.control->DestroyWindow(); },
         [](Picker& p) { p.control.reset(); },

@@ -89,39 +89,40 @@ TEST_F(PlannerPrint, WithoutAPrinterThereIsPreviewAndExport)
     EXPECT_EQ(planner::ExportPages(Ctrl(), PageSettings(), "Z:\\no\\such\\folder\\page.png"), 0);
 }
 
+class Setup : public CPagesDialog
+{
+public:
+    using CPagesDialog::CPagesDialog;
+    // Of the picture of the page: another number for another one.
+    unsigned Ink()
+    {
+        UpdateWindow();
+        CRect room;
+        GetDlgItem(IDC_PICTURE)->GetWindowRect(&room);
+        ScreenToClient(&room);
+        CClientDC dc(this);
+        unsigned ink = 0;
+        for (int y = room.top; y < room.bottom; y += 2) {
+            for (int x = room.left; x < room.right; x += 5) {
+                ink = ink * 31 + (dc.GetPixel(x, y) & 0xFF);
+            }
+        }
+        return ink;
+    }
+    void Check(int id, bool isChecked)
+    {
+        CheckDlgButton(id, isChecked ? BST_CHECKED : BST_UNCHECKED);
+        SendMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED));
+    }
+    void Choose(int id, int row)
+    {
+        SendDlgItemMessage(id, CB_SETCURSEL, static_cast<WPARAM>(row));
+        SendMessage(WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE));
+    }
+};
+
 TEST_F(PlannerPrint, PageSetupShowsWhatItWillPrint)
 {
-    class Setup : public CPagesDialog
-    {
-    public:
-        using CPagesDialog::CPagesDialog;
-        // Of the picture of the page: another number for another one.
-        unsigned Ink()
-        {
-            UpdateWindow();
-            CRect room;
-            GetDlgItem(IDC_PICTURE)->GetWindowRect(&room);
-            ScreenToClient(&room);
-            CClientDC dc(this);
-            unsigned ink = 0;
-            for (int y = room.top; y < room.bottom; y += 2) {
-                for (int x = room.left; x < room.right; x += 5) {
-                    ink = ink * 31 + (dc.GetPixel(x, y) & 0xFF);
-                }
-            }
-            return ink;
-        }
-        void Check(int id, bool isChecked)
-        {
-            CheckDlgButton(id, isChecked ? BST_CHECKED : BST_UNCHECKED);
-            SendMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED));
-        }
-        void Choose(int id, int row)
-        {
-            SendDlgItemMessage(id, CB_SETCURSEL, static_cast<WPARAM>(row));
-            SendMessage(WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE));
-        }
-    };
     planner::SetLanguage(planner::Language::Japanese);
     PageSettings settings;
     Setup setup(Ctrl(), settings, m_frame);

@@ -372,27 +372,28 @@ std::string ReadFile(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
+const struct
+{
+    const char* name;
+    short paper;
+    short orientation;
+    CSize size; // tenths of a millimetre
+    const char* feature;
+    short copies;
+} kPapers[] = {
+    {"A4", DMPAPER_A4, DMORIENT_PORTRAIT, CSize(2100, 2970), "*PageSize A4", 1},
+    {"A4 landscape", DMPAPER_A4, DMORIENT_LANDSCAPE, CSize(2970, 2100), "*PageSize A4", 3},
+    {"Letter", DMPAPER_LETTER, DMORIENT_PORTRAIT, CSize(2159, 2794), "*PageSize Letter", 1},
+    {"A3 landscape", DMPAPER_A3, DMORIENT_LANDSCAPE, CSize(4200, 2970), "*PageSize A3", 2},
+};
+
 TEST(CalendarPrinters, PostScriptPagesHaveTheirPaperAndTheirFonts)
 {
     ASSERT_TRUE(AddPaperPrinter(PAPER_PPD));
-    const struct
-    {
-        const char* name;
-        short paper;
-        short orientation;
-        CSize size; // tenths of a millimetre
-        const char* feature;
-        short copies;
-    } rows[] = {
-        {"A4", DMPAPER_A4, DMORIENT_PORTRAIT, CSize(2100, 2970), "*PageSize A4", 1},
-        {"A4 landscape", DMPAPER_A4, DMORIENT_LANDSCAPE, CSize(2970, 2100), "*PageSize A4", 3},
-        {"Letter", DMPAPER_LETTER, DMORIENT_PORTRAIT, CSize(2159, 2794), "*PageSize Letter", 1},
-        {"A3 landscape", DMPAPER_A3, DMORIENT_LANDSCAPE, CSize(4200, 2970), "*PageSize A3", 2},
-    };
     char folder[MAX_PATH] = "";
     ::GetTempPathA(MAX_PATH, folder);
     const std::string path = std::string(folder) + "dayvane-pages.ps";
-    for (const auto& row : rows) {
+    for (const auto& row : kPapers) {
         ShownCtrl ctrl(kViews[3]);
         ctrl.Fill(200, 0);
         CPrintDialog dialog(FALSE);

@@ -438,7 +438,15 @@ void StressHost::Run(const Event& event)
         Recreate();
     }
     m_subject->Step();
-    CCalendarCtrl& ctrl = m_subject->Ctrl();
+    if (!Input(event)) {
+        Call(event);
+    }
+    testsupport::PumpMessages();
+}
+
+// What the user and the system do; false for another event.
+bool StressHost::Input(const Event& event)
+{
     const HWND edit = ::GetDlgItem(Window(), 1);
     switch (event.kind) {
     case EventKind::Key: {
@@ -473,6 +481,35 @@ void StressHost::Run(const Event& event)
     case EventKind::ScrollCode:
         ::SendMessage(Window(), WM_VSCROLL, MAKEWPARAM(event.a, event.b), 0);
         break;
+    case EventKind::EndEdit:
+        ::SendMessage(edit ? edit : Window(), WM_KEYDOWN, event.a, 0);
+        break;
+    case EventKind::Type:
+        ::SendMessage(edit ? edit : Window(), WM_CHAR, 'a' + (event.a + 40) % 26, 0);
+        break;
+    case EventKind::CancelMode:
+        ::SendMessage(Window(), WM_CANCELMODE, 0, 0);
+        break;
+    case EventKind::Timer:
+        ::SendMessage(Window(), WM_TIMER, 0x4441, 0);
+        break;
+    case EventKind::ContextMenu:
+        ::SendMessage(Window(), WM_CONTEXTMENU, 0, event.c ? MAKELPARAM(-1, -1) : MAKELPARAM(event.a, event.b));
+        break;
+    case EventKind::Sort:
+        ::SendMessage(Window(), WM_KEYDOWN, VK_TAB, 0);
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+// What the host does.
+void StressHost::Call(const Event& event)
+{
+    CCalendarCtrl& ctrl = m_subject->Ctrl();
+    switch (event.kind) {
     case EventKind::Size:
         ctrl.MoveWindow(0, 0, event.a, event.b);
         break;
@@ -498,12 +535,6 @@ void StressHost::Run(const Event& event)
     case EventKind::BeginEdit:
         ctrl.BeginEditItem("text");
         break;
-    case EventKind::EndEdit:
-        ::SendMessage(edit ? edit : Window(), WM_KEYDOWN, event.a, 0);
-        break;
-    case EventKind::Type:
-        ::SendMessage(edit ? edit : Window(), WM_CHAR, 'a' + (event.a + 40) % 26, 0);
-        break;
     case EventKind::Hostile:
         m_hostile = event.c && event.b % 20 ? (event.a + 40) % (kHostileActs - 1) : event.b % 8;
         break;
@@ -511,17 +542,8 @@ void StressHost::Run(const Event& event)
         ::SetCapture(m_parent.m_hWnd);
         ::ReleaseCapture();
         break;
-    case EventKind::CancelMode:
-        ::SendMessage(Window(), WM_CANCELMODE, 0, 0);
-        break;
     case EventKind::Focus:
         ::SetFocus(event.c ? Window() : m_parent.m_hWnd);
-        break;
-    case EventKind::Timer:
-        ::SendMessage(Window(), WM_TIMER, 0x4441, 0);
-        break;
-    case EventKind::ContextMenu:
-        ::SendMessage(Window(), WM_CONTEXTMENU, 0, event.c ? MAKELPARAM(-1, -1) : MAKELPARAM(event.a, event.b));
         break;
     case EventKind::Refresh:
         ctrl.Refresh();
@@ -529,19 +551,15 @@ void StressHost::Run(const Event& event)
     case EventKind::Paint:
         ctrl.UpdateWindow();
         break;
-    case EventKind::Sort:
-        ::SendMessage(Window(), WM_KEYDOWN, VK_TAB, 0);
-        break;
     case EventKind::Recreate:
         Recreate();
         break;
     case EventKind::Client:
         m_client.Ask(Window(), event.a, event.b);
         break;
-    case EventKind::Count:
+    default:
         break;
     }
-    testsupport::PumpMessages();
 }
 
 std::string StressHost::Difference()

@@ -49,6 +49,8 @@ public:
 
 private:
     void Recreate();
+    bool Input(const Event& event);
+    void Call(const Event& event);
     void Mouse(UINT message, const Event& event, WPARAM keys);
     void ItemEvent(const Event& event);
     void Option(const Event& event);

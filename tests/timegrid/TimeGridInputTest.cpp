@@ -250,19 +250,28 @@ TEST(GridHeaders, ShowOneForm)
     }
 }
 
+// A column and a band with more items than they have room for.
+struct CrowdedScene : Scene<CWeekDayViewCtrl>
+{
+    CrowdedScene() : Scene(500, 500)
+    {
+        CalendarOptions options;
+        options.tidyColumns = options.limitedBand = true;
+        for (int i = 0; i < 12; ++i) {
+            Add(At(1, 0), At(2, 0));
+            Add(At(0, 0, 27), At(0, 0, 27), 1);
+        }
+        EXPECT_GT(view->m_rcContent.top, 300);
+        view->SetOptions(options);
+        EXPECT_LE(view->m_rcContent.top, 50 + 500 * 40 / 100);
+    }
+    CPoint TimedMark() const { return CPoint(view->GetColumnRect(2).right - 12, view->m_rcContent.top + 45); }
+};
+
 TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
 {
-    Scene<CWeekDayViewCtrl> scene(500, 500);
+    CrowdedScene scene;
     ASSERT_TRUE(hardware::Focus(*scene.view));
-    CalendarOptions options;
-    options.tidyColumns = options.limitedBand = true;
-    for (int i = 0; i < 12; ++i) {
-        scene.Add(At(1, 0), At(2, 0));
-        scene.Add(At(0, 0, 27), At(0, 0, 27), 1);
-    }
-    EXPECT_GT(scene.view->m_rcContent.top, 300);
-    scene.view->SetOptions(options);
-    EXPECT_LE(scene.view->m_rcContent.top, 50 + 500 * 40 / 100);
     const auto isHidden = [&scene](int item) {
         for (INT_PTR i = 0; i < scene.view->GetScreenItems().GetSize(); ++i) {
             if (scene.view->GetScreenItems()[i].nSource == item) {
@@ -276,9 +285,8 @@ TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
     EXPECT_TRUE(isHidden(22));
     EXPECT_TRUE(isHidden(23));
 
-    const CRect grid = scene.view->m_rcContent;
-    const CPoint timedMark(scene.view->GetColumnRect(2).right - 12, grid.top + 45);
-    const CPoint bandMark(scene.view->GetColumnRect(3).left + 20, grid.top - 20);
+    const CPoint timedMark = scene.TimedMark();
+    const CPoint bandMark(scene.view->GetColumnRect(3).left + 20, scene.view->m_rcContent.top - 20);
     for (const CPoint mark : {timedMark, bandMark}) {
         scene.parent.ClearLog();
         scene.view->SetCurSel(-1);
@@ -296,10 +304,13 @@ TEST(GridOptions, MarksOpenAListOfWhatIsHidden)
     EXPECT_TRUE(scene.view->IsMoreListOpen());
     scene.Scroll(SB_LINEDOWN);
     EXPECT_FALSE(scene.view->IsMoreListOpen());
-    scene.Scroll(SB_TOP);
+}
 
-    // Dragged out of the list into the next column, the hidden item comes to the row where it is dropped.
-    testsupport::messages::LeftDown(scene.view->m_hWnd, timedMark);
+// Into the next column: the hidden item comes to the row where it is dropped.
+TEST(GridOptions, HiddenItemsAreDraggedOutOfTheList)
+{
+    CrowdedScene scene;
+    testsupport::messages::LeftDown(scene.view->m_hWnd, scene.TimedMark());
     const HWND list = ::FindWindow("DayvaneMoreList", nullptr);
     ASSERT_NE(nullptr, list);
     ::SendMessage(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 10));

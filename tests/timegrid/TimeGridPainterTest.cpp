@@ -38,16 +38,23 @@ void Paint(Scene<View>& scene, MemoryDc& dc)
 }
 } // namespace
 
+struct DayScene : Scene<CDayViewCtrl>
+{
+    DayScene() : Scene(500, 500)
+    {
+        view->SetHighLightColor(kSelection);
+        view->SetDayColor(At(0, 0), 2); // its row of the table holds six different colours
+        Add(At(8, 0), At(9, 0), 0, kItem);
+        Add(At(0, 0), At(0, 0), 1, kBar);
+        Add(At(10, 0), At(10, 0));
+        Add(At(12, 0), At(11, 0), 0, kItem);
+        Scroll(SB_THUMBPOSITION, 10); // 5:00 at the top
+    }
+};
+
 TEST(GridPaint, DayLayers)
 {
-    Scene<CDayViewCtrl> scene(500, 500);
-    scene.view->SetHighLightColor(kSelection);
-    scene.view->SetDayColor(At(0, 0), 2); // its row of the table holds six different colours
-    scene.Add(At(8, 0), At(9, 0), 0, kItem);
-    scene.Add(At(0, 0), At(0, 0), 1, kBar);
-    scene.Add(At(10, 0), At(10, 0));
-    scene.Add(At(12, 0), At(11, 0), 0, kItem);
-    scene.Scroll(SB_THUMBPOSITION, 10); // 5:00 at the top
+    DayScene scene;
     MemoryDc dc(500, 500, 0x00FF00FF);
     Paint(scene, dc);
     const int right = scene.view->m_rcContent.right;
@@ -87,7 +94,13 @@ TEST(GridPaint, DayLayers)
     EXPECT_GT(dc.CountOther(CRect(66, 183, 200, 197), kItem), 20) << "text of the item";
     EXPECT_GT(dc.CountOther(CRect(20, 45, 60, 60), kRuler), 10) << "label of the band";
     EXPECT_GT(dc.CountOther(CRect(5, 105, 55, 135), kRuler), 20) << "6:00";
+}
 
+TEST(GridPaint, CurrentItemAndSelections)
+{
+    DayScene scene;
+    MemoryDc dc(500, 500);
+    const int right = scene.view->m_rcContent.right;
     // The current item has a frame of two pixels, and hides the selected rows.
     scene.view->SetCurSel(0);
     Paint(scene, dc);
@@ -213,12 +226,19 @@ TEST(GridPaint, ColumnsOfManyDays)
     scene.view->ShowNowLine(FALSE);
     Paint(scene, dc);
     EXPECT_NE(kNowLine, dc.Pixel(middle, top + 130));
+}
 
-    // In a single line without room for both, the text takes the place of the times.
+TEST(GridPaint, InALineWithoutRoomForBothTheTextTakesThePlaceOfTheTimes)
+{
+    Scene<CWeekDayViewCtrl> scene(900, 500, At(8, 15));
     scene.view->SetDateScale(8);
     scene.Add(At(12, 0, 27), At(12, 30, 27), 0, kItem);
     scene.view->Refresh();
+    scene.Scroll(SB_THUMBPOSITION, 10);
+    MemoryDc dc(900, 500);
     Paint(scene, dc);
+    const int top = scene.view->m_rcContent.top;
+    const auto column = [&scene](int i) { return scene.view->GetColumnRect(i); };
     const CRect line(column(3).left + 3, top + 282, column(3).right - 9, top + 298);
     EXPECT_GT(dc.Count(line, 0), 10);
     EXPECT_EQ(0, dc.Count(CRect(line.left + 45, line.top, line.right, line.bottom), 0)) << "times";
