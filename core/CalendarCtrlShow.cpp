@@ -148,7 +148,7 @@ void CCalendarCtrl::ShowTip(const tagCCHITTESTINFO& hit)
     if (part != state.tipPart || text != state.tipText) {
         state.tipPart = part;
         state.tipText = text;
-        state.tip.SetPart(*this, part, std::wstring(text.begin(), text.end()));
+        state.tip.SetPart(*this, part, text);
     }
     state.tip.Relay(*this, WM_MOUSEMOVE, 0, MAKELPARAM(hit.pt.x, hit.pt.y));
 }

@@ -2,9 +2,13 @@
 
 #include "core/CalendarCtrl.h"
 #include "core/TextCodec.h"
+#include "core/WideText.h"
 #include "core/WindowHelpers.h"
 
 #include <imm.h>
+
+#include <algorithm>
+#include <iterator>
 
 using namespace dayvane;
 
@@ -13,11 +17,6 @@ namespace {
 constexpr WPARAM kCtrlV = 0x16; // the character that Ctrl+V makes
 constexpr WPARAM kLastAscii = 0x7F;
 
-std::u16string_view ViewOf(const std::wstring& text)
-{
-    return std::u16string_view(reinterpret_cast<const char16_t*>(text.data()), text.size());
-}
-
 // Keys that mean something to an edit box. The others, as F5 and Ctrl+S, stay commands of the host.
 bool IsEditKey(UINT key)
 {
@@ -25,25 +24,9 @@ bool IsEditKey(UINT key)
     if (::GetKeyState(VK_CONTROL) >= 0 || isAltGr) {
         return key < VK_F1 || key >= VK_OEM_1 || key == VK_NUMLOCK;
     }
-    switch (key) {
-    case 'A':
-    case 'C':
-    case 'V':
-    case 'X':
-    case 'Y':
-    case 'Z':
-    case VK_BACK:
-    case VK_DELETE:
-    case VK_INSERT:
-    case VK_HOME:
-    case VK_END:
-    case VK_LEFT:
-    case VK_UP:
-    case VK_RIGHT:
-    case VK_DOWN:
-        return true;
-    }
-    return false;
+    constexpr UINT kWithCtrl[] = {'A',       'C',     'V',    'X',     'Y',   'Z',      VK_BACK, VK_DELETE,
+                                  VK_INSERT, VK_HOME, VK_END, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN};
+    return std::find(std::begin(kWithCtrl), std::end(kWithCtrl), key) != std::end(kWithCtrl);
 }
 
 // A narrow message loop would take the waiting characters from the queue in the system's code page, and lose those that

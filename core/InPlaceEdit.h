@@ -15,8 +15,6 @@
 
 #include <afxwin.h>
 
-#include <string>
-
 class CCalendarCtrl;
 
 class CInPlaceEdit : public CEdit

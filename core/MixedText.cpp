@@ -1,6 +1,7 @@
 #include "core/MixedText.h"
 
 #include "core/CharacterMap.h"
+#include "core/WideText.h"
 
 #include <usp10.h>
 
@@ -147,11 +148,6 @@ bool IsOwn(HDC hDC, char32_t character)
                                          : Faces::Get().Has(Faces::Get().Selected(hDC), character));
 }
 
-const wchar_t* WideOf(const std::u16string& text, size_t from)
-{
-    return reinterpret_cast<const wchar_t*>(text.data()) + from;
-}
-
 // As high, bold, slanted and struck as the selected font.
 HFONT NewFontOf(HDC hDC, int face)
 {
@@ -185,7 +181,7 @@ public:
     ShapedText(HDC hDC, const std::u16string& text, std::size_t from, std::size_t to)
     {
         const int length = static_cast<int>(to - from);
-        ::ScriptStringAnalyse(hDC, WideOf(text, from), length, length * 3 / 2 + 16, -1, SSA_GLYPHS | SSA_FALLBACK, 0,
+        ::ScriptStringAnalyse(hDC, WideOf(text) + from, length, length * 3 / 2 + 16, -1, SSA_GLYPHS | SSA_FALLBACK, 0,
                               nullptr, nullptr, nullptr, nullptr, nullptr, &m_text);
     }
     ~ShapedText()
@@ -222,7 +218,7 @@ bool NeedsShaping(const std::u16string& text, std::size_t from, std::size_t to)
     const auto first = text.begin() + static_cast<std::ptrdiff_t>(from);
     const auto end = text.begin() + static_cast<std::ptrdiff_t>(to);
     return std::any_of(first, end, [](char16_t unit) { return IS_HIGH_SURROGATE(unit); }) ||
-           ::ScriptIsComplex(WideOf(text, from), static_cast<int>(to - from), SIC_COMPLEX) == S_OK;
+           ::ScriptIsComplex(WideOf(text) + from, static_cast<int>(to - from), SIC_COMPLEX) == S_OK;
 }
 
 } // namespace
@@ -318,7 +314,7 @@ void MixedText::Measure(const TextRun& run)
         return;
     }
     SIZE size = {};
-    ::GetTextExtentExPointW(m_hDC, WideOf(m_text, run.from), static_cast<int>(run.to - run.from), 0, nullptr,
+    ::GetTextExtentExPointW(m_hDC, WideOf(m_text) + run.from, static_cast<int>(run.to - run.from), 0, nullptr,
                             &m_ends[run.from], &size);
 }
 
@@ -345,7 +341,7 @@ void MixedText::Draw(int x, int y, const CRect& clip, std::size_t from, std::siz
 void MixedText::DrawRun(int x, int y, const CRect& clip, std::size_t from, std::size_t to) const
 {
     if (!NeedsShaping(m_text, from, to)) {
-        ::ExtTextOutW(m_hDC, x, y + m_ascent, ETO_CLIPPED, &clip, WideOf(m_text, from), static_cast<UINT>(to - from),
+        ::ExtTextOutW(m_hDC, x, y + m_ascent, ETO_CLIPPED, &clip, WideOf(m_text) + from, static_cast<UINT>(to - from),
                       nullptr);
         return;
     }

@@ -1,20 +1,15 @@
 #include "core/PartTip.h"
 
 #include "core/SystemTheme.h"
+#include "core/TextCodec.h"
 #include "core/ThemeColors.h"
+#include "core/WideText.h"
 
 #include <commctrl.h>
 
 namespace dayvane {
 namespace {
 constexpr int kMaxWidth = 300; // pixels; longer texts take several lines
-
-std::wstring WideOf(UINT codePage, const char* text, int bytes)
-{
-    std::wstring wide(static_cast<size_t>(::MultiByteToWideChar(codePage, 0, text, bytes, nullptr, 0)), L'\0');
-    ::MultiByteToWideChar(codePage, 0, text, bytes, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
 
 // The record of the tip's one tool, as every version of the common controls takes it.
 TTTOOLINFOW ToolOf(HWND hOwner, const RECT& part, wchar_t* text)
@@ -66,20 +61,21 @@ void PartTip::ShowColors() const
     ::SendMessageW(m_hTip, TTM_SETTIPTEXTCOLOR, ThemeOr(m_theme.pageText, ::GetSysColor(COLOR_INFOTEXT)), 0);
 }
 
-void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& text)
+void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& utf8)
 {
-    SetPart(owner, part, WideOf(CP_UTF8, text.data(), static_cast<int>(text.size())));
+    SetPart(owner, part, DecodeText(utf8, kUtf8CodePage));
 }
 
-void PartTip::SetPart(CWnd& owner, const CRect& part, std::wstring text)
+void PartTip::SetPart(CWnd& owner, const CRect& part, const std::u16string& text)
 {
+    std::wstring copy(WideOf(text), text.size()); // the record takes what may be written to
     m_isActive = !text.empty() && Create(owner.m_hWnd);
     if (!m_hTip) {
         return;
     }
     ::SendMessageW(m_hTip, TTM_POP, 0, 0);
     ::SendMessageW(m_hTip, TTM_ACTIVATE, m_isActive, 0);
-    TTTOOLINFOW tool = ToolOf(owner.m_hWnd, part, text.data());
+    TTTOOLINFOW tool = ToolOf(owner.m_hWnd, part, copy.data());
     ::SendMessageW(m_hTip, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
     ::SendMessageW(m_hTip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
 }

@@ -1,6 +1,8 @@
 #include "core/SystemEras.h"
 
 #include "core/EraTitles.h"
+#include "core/TextCodec.h"
+#include "core/WideText.h"
 
 #include <algorithm>
 #include <string>
@@ -15,11 +17,7 @@ constexpr DWORD kLongestText = 256; // characters, of a value's name and of its 
 
 std::string Utf8Of(const WCHAR* text)
 {
-    const int size = ::WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string utf8(static_cast<size_t>(std::max(size, 1)), '\0');
-    ::WideCharToMultiByte(CP_UTF8, 0, text, -1, &utf8[0], size, nullptr, nullptr);
-    utf8.pop_back(); // the terminator
-    return utf8;
+    return EncodeText(ViewOf(text), kUtf8CodePage);
 }
 
 using EraEntry = std::pair<std::string, std::string>; // first day, names

@@ -15,11 +15,6 @@ constexpr size_t kBytesOfBlock = 128;                                // besides 
 constexpr size_t kNotedAtOnce = 16;                                  // so that no paint takes noticeably longer
 constexpr UINT kLines = DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL; // the format that breaks lines
 
-const wchar_t* WideOf(const std::u16string& text)
-{
-    return reinterpret_cast<const wchar_t*>(text.c_str());
-}
-
 bool IsPlainLine(const std::u16string& text)
 {
     return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit >= u' '; });

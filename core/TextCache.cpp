@@ -1,6 +1,7 @@
 #include "core/TextCache.h"
 
 #include "core/MixedText.h"
+#include "core/WideText.h"
 
 #include <climits>
 #include <utility>
@@ -24,9 +25,9 @@ std::u16string OneLine(std::u16string text)
     return text;
 }
 
-std::wstring WideOf(const std::u16string& text)
+std::wstring CopyOf(const std::u16string& text)
 {
-    return std::wstring(text.begin(), text.end());
+    return std::wstring(WideOf(text), text.size());
 }
 
 // So many units that the ellipsis fits after them, no half of a character among them.
@@ -78,7 +79,7 @@ TextCache::Line TextCache::MakeLine(CDC* pDC, const FontFacts& font, const std::
     if (IsMixedText(pDC->GetSafeHdc(), plain)) {
         return MakeMixedLine(pDC, font, plain, room);
     }
-    Line line = {WideOf(plain), 0, false};
+    Line line = {CopyOf(plain), 0, false};
     const int length = static_cast<int>(line.text.size());
     std::vector<int> ends(length + 1, 0); // the width up to and with each character
     SIZE size = {};
@@ -98,10 +99,10 @@ TextCache::Line TextCache::MakeMixedLine(CDC* pDC, const FontFacts& font, const 
 {
     const MixedText whole(pDC->GetSafeHdc(), line);
     if (whole.Width() <= room) {
-        return {WideOf(line), whole.Width(), true};
+        return {CopyOf(line), whole.Width(), true};
     }
     const int fitting = CutBefore(line, whole.Ends(), static_cast<int>(line.size()), room - font.ellipsisWidth);
-    return {WideOf(line.substr(0, fitting)) + kEllipsis,
+    return {CopyOf(line.substr(0, fitting)) + kEllipsis,
             (fitting > 0 ? whole.Ends()[fitting - 1] : 0) + font.ellipsisWidth, true};
 }
 

@@ -1,6 +1,7 @@
 #include "core/TextCodec.h"
 
 #include "calc/Utf8.h"
+#include "core/Utf16.h"
 
 #include <algorithm>
 #include <vector>
@@ -15,21 +16,6 @@ namespace dayvane {
 namespace {
 
 constexpr char16_t kBadCharacter = 0xFFFD;
-constexpr char16_t kFirstLead = 0xD800; // first halves of pairs
-constexpr char16_t kFirstTrail = 0xDC00;
-constexpr char16_t kEndOfTrails = 0xE000;
-constexpr char32_t kFirstPair = 0x10000; // characters that take two units
-constexpr int kPairShift = 10;
-
-bool IsLead(char16_t unit)
-{
-    return unit >= kFirstLead && unit < kFirstTrail;
-}
-
-bool IsTrail(char16_t unit)
-{
-    return unit >= kFirstTrail && unit < kEndOfTrails;
-}
 
 void Append(std::u16string& text, char32_t character)
 {
@@ -94,15 +80,9 @@ std::string EncodeUtf8(std::u16string_view text)
 {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t character = text[i];
-        if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1])) {
-            character = kFirstPair + ((character - kFirstLead) << kPairShift) + (text[i + 1] - kFirstTrail);
-            ++i;
-        } else if (IsLead(text[i]) || IsTrail(text[i])) {
-            character = kBadCharacter;
-        }
-        AppendUtf8(bytes, character);
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = TakeCharacter(text, at);
+        AppendUtf8(bytes, IsLead(character) || IsTrail(character) ? kBadCharacter : character);
     }
     return bytes;
 }
@@ -171,7 +151,7 @@ std::string EncodeBySystem(std::u16string_view text, unsigned, bool& isWhole)
 // The units of one character from `at`: a pair is one.
 std::size_t UnitsOfCharacter(std::u16string_view text, std::size_t at)
 {
-    return IsLead(text[at]) && at + 1 < text.size() && IsTrail(text[at + 1]) ? 2 : 1;
+    return IsPairAt(text, at) ? 2 : 1;
 }
 
 // The bytes from the front that are read as one piece; at least one.

@@ -1,30 +1,11 @@
 #include "core/TextRuns.h"
 
+#include "core/Utf16.h"
+
 namespace dayvane {
 namespace {
 
-constexpr char32_t kFirstPair = 0x10000;
-constexpr char16_t kFirstLead = 0xD800;
-constexpr char16_t kFirstTrail = 0xDC00;
-constexpr char16_t kEndOfTrails = 0xE000;
-constexpr int kPairShift = 10;
 constexpr char16_t kFirstEastAsian = 0x2E80; // radicals, kana, ideographs, Hangul
-
-bool IsTrail(char16_t unit)
-{
-    return unit >= kFirstTrail && unit < kEndOfTrails;
-}
-
-// Takes the character at `at` and moves past it.
-char32_t TakeCharacter(std::u16string_view text, std::size_t& at)
-{
-    const char16_t unit = text[at++];
-    if (unit < kFirstLead || unit >= kFirstTrail || at == text.size() || !IsTrail(text[at])) {
-        return unit;
-    }
-    const char32_t high = static_cast<char32_t>(unit - kFirstLead) << kPairShift;
-    return kFirstPair + high + static_cast<char32_t>(text[at++] - kFirstTrail);
-}
 
 bool JoinsTheCharacterBefore(char32_t character)
 {

@@ -2,17 +2,10 @@
 
 #include "core/MixedText.h"
 
-#include <algorithm>
-
 namespace dayvane {
 namespace {
 
 const std::u16string kEllipsis = u"...";
-
-const wchar_t* WideOf(const std::u16string& text)
-{
-    return reinterpret_cast<const wchar_t*>(text.c_str());
-}
 
 // The text cut so that it fits with an ellipsis after it.
 std::u16string CutText(HDC hDC, const std::u16string& text, const std::vector<int>& ends, int room)

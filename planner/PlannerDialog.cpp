@@ -1,7 +1,6 @@
 #include "planner/PlannerDialog.h"
 
 #include "core/SystemTheme.h"
-#include "core/ThemeColors.h"
 #include "core/WindowHelpers.h"
 
 #include <algorithm>

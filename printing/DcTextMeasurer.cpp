@@ -1,6 +1,7 @@
 #include "printing/DcTextMeasurer.h"
 
 #include "core/MixedText.h"
+#include "core/Utf16.h"
 
 #include <algorithm>
 
@@ -11,8 +12,6 @@ constexpr int kReferenceEm = 1000; // pixels
 constexpr int kUnitsPerInch = 254;
 constexpr int kPointTenthsPerInch = 720;
 constexpr char32_t kLastAscii = 0x7F;
-constexpr char16_t kFirstLead = 0xD800; // first halves of characters beyond the basic plane
-constexpr char16_t kFirstTrail = 0xDC00;
 
 } // namespace
 
@@ -115,10 +114,8 @@ void DcTextMeasurer::Measure(const PageFont& font, const std::u16string& text, s
     ends.resize(text.size());
     long long width = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isPair = text[i] >= kFirstLead && text[i] < kFirstTrail && i + 1 < text.size();
-        const bool isRest = i > 0 && text[i] >= kFirstTrail && text[i] < kFirstTrail + (kFirstTrail - kFirstLead);
-        if (!isRest) {
-            width += WidthOf(font, style, &text[i], isPair ? 2 : 1);
+        if (i == 0 || !IsTrail(text[i])) {
+            width += WidthOf(font, style, &text[i], IsLead(text[i]) && i + 1 < text.size() ? 2 : 1);
         }
         constexpr long long kDivisor = static_cast<long long>(kReferenceEm) * kPointTenthsPerInch;
         ends[i] = static_cast<int>((width * font.size * kUnitsPerInch + kDivisor - 1) / kDivisor);

@@ -1,5 +1,7 @@
 #include "printing/TextLines.h"
 
+#include "core/Utf16.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -15,11 +17,6 @@ constexpr char16_t kNotLast[] = u"（〔［｛〈《「『【([{￥＄";
 bool IsOneOf(char16_t c, const char16_t* set)
 {
     return std::char_traits<char16_t>::find(set, std::char_traits<char16_t>::length(set), c) != nullptr;
-}
-
-bool IsTrail(char16_t c)
-{
-    return c >= 0xDC00 && c < 0xE000;
 }
 
 bool IsDigit(char16_t c)
