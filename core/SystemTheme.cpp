@@ -1,13 +1,9 @@
 #include "core/SystemTheme.h"
 
-#include "core/ThemeColors.h"
+#include "core/WatchWindow.h"
 
-#include <afxwin.h>
-
-#include <algorithm>
 #include <cstring>
 #include <utility>
-#include <vector>
 
 CalendarTheme CalendarTheme::HighContrast()
 {
@@ -68,70 +64,25 @@ bool IsThemeChange(UINT message, LPARAM lParam)
     }
 }
 
-} // namespace
+WatchWindow* g_window = nullptr;
 
-class SystemThemeWindow : public CWnd
+class SystemThemeWindow : public WatchWindow
 {
 public:
-    static void Add(SystemThemeWatch* watch)
-    {
-        if (!s_window) {
-            s_window = new SystemThemeWindow;
-            s_window->CreateEx(0, AfxRegisterWndClass(0), kWindowName, WS_POPUP, CRect(0, 0, 0, 0), nullptr, 0);
-        }
-        if (!s_window->Has(watch)) {
-            s_window->m_watches.push_back(watch);
-        }
-    }
-
-    static void Remove(SystemThemeWatch* watch)
-    {
-        if (!s_window) {
-            return;
-        }
-        std::vector<SystemThemeWatch*>& watches = s_window->m_watches;
-        watches.erase(std::remove(watches.begin(), watches.end(), watch), watches.end());
-        EndIfUnwatched();
-    }
+    SystemThemeWindow() : WatchWindow(kWindowName, g_window) {}
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
-        if (IsThemeChange(message, lParam) && !m_notifying) {
-            m_notifying = true;
-            const std::vector<SystemThemeWatch*> watches = m_watches; // each may end others
-            for (SystemThemeWatch* watch : watches) {
-                if (Has(watch)) {
-                    const std::function<void()> onChange = watch->m_onChange; // it may end its own watch
-                    onChange();
-                }
-            }
-            m_notifying = false;
-            EndIfUnwatched();
+        if (IsThemeChange(message, lParam)) {
+            CallAll();
         }
         return result;
     }
-
-private:
-    bool Has(const SystemThemeWatch* watch) const
-    {
-        return std::find(m_watches.begin(), m_watches.end(), watch) != m_watches.end();
-    }
-
-    static void EndIfUnwatched()
-    {
-        if (s_window->m_watches.empty() && !s_window->m_notifying) {
-            delete std::exchange(s_window, nullptr);
-        }
-    }
-
-    static SystemThemeWindow* s_window;
-    std::vector<SystemThemeWatch*> m_watches;
-    bool m_notifying = false;
 };
 
-SystemThemeWindow* SystemThemeWindow::s_window = nullptr;
+} // namespace
 
 SystemTheme GetSystemTheme()
 {
@@ -167,13 +118,18 @@ SystemThemeWatch::~SystemThemeWatch()
 void SystemThemeWatch::Start()
 {
     m_isStarted = true;
-    SystemThemeWindow::Add(this);
+    if (!g_window) {
+        new SystemThemeWindow; // is g_window
+    }
+    g_window->Add(m_onChange);
 }
 
 void SystemThemeWatch::Stop()
 {
     m_isStarted = false;
-    SystemThemeWindow::Remove(this);
+    if (g_window) {
+        g_window->Remove(m_onChange);
+    }
 }
 
 void SystemThemeWatch::Follow(bool follows)

@@ -39,7 +39,6 @@ public:
     void Follow(bool follows);
 
 private:
-    friend class SystemThemeWindow;
     bool m_isStarted = false;
     std::function<void()> m_onChange;
 };

@@ -19,7 +19,6 @@ public:
     void Stop();
 
 private:
-    friend class TodayWindow;
     std::function<void()> m_onChange;
 };
 
