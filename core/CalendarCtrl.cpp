@@ -8,7 +8,6 @@
 #include "core/InPlaceEdit.h"
 #include "core/Interaction.h"
 #include "core/ItemFeed.h"
-#include "core/KeyMoves.h"
 #include "core/PointerDriver.h"
 #include "core/SystemEras.h"
 #include "core/TimeIndex.h"
@@ -77,7 +76,6 @@ ON_WM_CONTEXTMENU()
 ON_WM_GETDLGCODE()
 ON_WM_KEYDOWN()
 ON_WM_KEYUP()
-ON_WM_CHAR()
 ON_MESSAGE(WM_IME_CHAR, &CCalendarCtrl::OnImeChar)
 ON_WM_SETFOCUS()
 ON_WM_KILLFOCUS()
@@ -167,10 +165,6 @@ LRESULT CCalendarCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return result;
 }
 
-void CCalendarCtrl::DescribeParts(ViewParts&)
-{
-}
-
 void CCalendarCtrl::OnDestroy()
 {
     *m_feedWindow = nullptr;
@@ -219,7 +213,7 @@ void CCalendarCtrl::GetViewRange(COleDateTime& first, COleDateTime& last)
 
 void CCalendarCtrl::SetFirstDayOfWeek(int nDay)
 {
-    if (nDay < 1 || nDay > 7) {
+    if (nDay < 1 || nDay > kDaysPerWeek) {
         AfxThrowInvalidArgException();
     }
     m_nFirstDayOfWeek = nDay;
@@ -254,10 +248,6 @@ void CCalendarCtrl::SetDayProvider(const DayProvider* pProvider)
     } else if (m_hWnd) {
         Invalidate(FALSE);
     }
-}
-
-void CCalendarCtrl::DayProviderChanged()
-{
 }
 
 void CCalendarCtrl::SetDayLines(const DayLines& lines)
@@ -347,11 +337,6 @@ void CCalendarCtrl::SetOptions(const CalendarOptions& options)
     OptionsChanged(before);
 }
 
-void CCalendarCtrl::OptionsChanged(const CalendarOptions&)
-{
-    Refresh();
-}
-
 // ---- Time grids
 
 void CCalendarCtrl::SetTimeScale(int nRowsPerHour)
@@ -379,7 +364,7 @@ int CCalendarCtrl::GetMaxGridRows() const
 
 int CCalendarCtrl::IsWorkDayOfWeek(int nDayOfWeek) const
 {
-    return nDayOfWeek >= 1 && nDayOfWeek <= 7 ? m_workDays.bWorkDay[nDayOfWeek - 1] : 0;
+    return nDayOfWeek >= 1 && nDayOfWeek <= kDaysPerWeek ? m_workDays.bWorkDay[nDayOfWeek - 1] : 0;
 }
 
 int CCalendarCtrl::_IsWorkTime(int nRow, COleDateTime start, COleDateTime end) const

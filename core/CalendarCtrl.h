@@ -155,8 +155,8 @@ protected:
     virtual int GetMoveStepMinutes();
     // The mouse has moved a bound of the selection, or both.
     virtual void SelectionMoved() {}
-    virtual void OptionsChanged(const CalendarOptions& before);  // lays out and repaints
-    virtual void DayProviderChanged();                           // what the view keeps of the shown days is out of date
+    virtual void OptionsChanged(const CalendarOptions& /*before*/) { Refresh(); } // lays out and repaints
+    virtual void DayProviderChanged() {}                         // what the view keeps of the shown days is out of date
     virtual void ScaleChanged(const dayvane::ViewScale& before); // drops fonts, lays out and repaints
     // Where a screen item is painted, frame of the current item included: client pixels.
     virtual CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem);
@@ -169,11 +169,11 @@ protected:
     virtual CRect GetFocusBox();
     // Option toolTips: what is cut off at the point, with the part of the window that shows it. FALSE: nothing is.
     virtual BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText);
-    virtual void DescribeParts(dayvane::ViewParts& parts); // places and dates of what is shown now
+    virtual void DescribeParts(dayvane::ViewParts& /*parts*/) {} // places and dates of what is shown now
     // Option keyboardMoves. How far an arrow key moves an item; bWholeDays: one that is shown by days alone.
     virtual dayvane::KeyStep GetKeyStep(dayvane::KeyArrow arrow, bool bWholeDays);
     // A key has moved an item to that time, or an end of it: brings it in sight, turning the page where needed.
-    virtual void ShowMoved(const COleDateTime& when, BOOL bWholeDays);
+    virtual void ShowMoved(const COleDateTime& /*when*/, BOOL /*bWholeDays*/) {}
     virtual BOOL OpenMoreListAt(CPoint) { return FALSE; } // of the mark under a point of the window; FALSE: none is
 
 public:
@@ -502,7 +502,6 @@ protected:
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
-    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg LRESULT OnImeChar(WPARAM wParam, LPARAM lParam);
     afx_msg void OnSetFocus(CWnd* pOldWnd);
     afx_msg void OnKillFocus(CWnd* pNewWnd);

@@ -132,12 +132,6 @@ void CCalendarCtrl::GetCurCellRect(CRect& rect, int&)
     rect.SetRect(-1, -1, -1, -1);
 }
 
-// Typing on the control opens nothing: a host that wants it calls BeginEditItem.
-void CCalendarCtrl::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    CWnd::OnChar(nChar, nRepCnt, nFlags);
-}
-
 LRESULT CCalendarCtrl::OnImeChar(WPARAM, LPARAM)
 {
     return 0;

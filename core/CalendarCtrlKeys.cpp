@@ -10,6 +10,9 @@
 
 #include <imm.h>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace dayvane;
 
 namespace {
@@ -25,21 +28,8 @@ bool IsDown(int key)
 
 bool ArrowOf(WPARAM key, KeyArrow& arrow)
 {
-    switch (key) {
-    case VK_LEFT:
-        arrow = KeyArrow::Left;
-        return true;
-    case VK_RIGHT:
-        arrow = KeyArrow::Right;
-        return true;
-    case VK_UP:
-        arrow = KeyArrow::Up;
-        return true;
-    case VK_DOWN:
-        arrow = KeyArrow::Down;
-        return true;
-    }
-    return false;
+    arrow = static_cast<KeyArrow>(key - VK_LEFT); // in the order of the keys
+    return key >= VK_LEFT && key <= VK_DOWN;
 }
 
 bool IsModifier(WPARAM key)
@@ -62,30 +52,19 @@ bool IsWholeDayTimes(CCalendarCtrl& ctrl, const ItemTimes& times)
     return ctrl.IsFulldayItem(item) != FALSE;
 }
 
-// The request that a key stands for; 0: none.
-int RequestOf(WPARAM key, bool control, bool shift)
+struct RequestKey
 {
-    if (control && !shift) {
-        switch (key) {
-        case 'C':
-        case VK_INSERT:
-            return CCN_COPY;
-        case 'X':
-            return CCN_CUT;
-        case 'V':
-            return CCN_PASTE;
-        case 'D':
-            return CCN_DUPLICATE;
-        case 'G':
-            return CCN_GOTODATE;
-        }
-    } else if (shift && !control) {
-        return key == VK_INSERT ? CCN_PASTE : key == VK_DELETE ? CCN_CUT : 0;
-    } else if (!shift) {
-        return key == VK_F2 ? CCN_RENAME : key == VK_DELETE ? CCN_DELETE : 0;
-    }
-    return 0;
-}
+    WPARAM key;
+    bool control;
+    bool shift;
+    int request;
+};
+constexpr RequestKey kRequestKeys[] = {
+    {'C', true, false, CCN_COPY},          {VK_INSERT, true, false, CCN_COPY}, {'X', true, false, CCN_CUT},
+    {VK_DELETE, false, true, CCN_CUT},     {'V', true, false, CCN_PASTE},      {VK_INSERT, false, true, CCN_PASTE},
+    {'D', true, false, CCN_DUPLICATE},     {'G', true, false, CCN_GOTODATE},   {VK_F2, false, false, CCN_RENAME},
+    {VK_DELETE, false, false, CCN_DELETE},
+};
 
 } // namespace
 
@@ -98,20 +77,8 @@ BOOL CCalendarCtrl::IsCarrying() const
 
 KeyStep CCalendarCtrl::GetKeyStep(KeyArrow arrow, bool)
 {
-    switch (arrow) {
-    case KeyArrow::Left:
-        return {KeyStep::DAYS, -1};
-    case KeyArrow::Right:
-        return {KeyStep::DAYS, 1};
-    case KeyArrow::Up:
-        return {KeyStep::DAYS, -kDaysPerWeek};
-    default:
-        return {KeyStep::DAYS, kDaysPerWeek};
-    }
-}
-
-void CCalendarCtrl::ShowMoved(const COleDateTime&, BOOL)
-{
+    constexpr int kDays[] = {-1, -kDaysPerWeek, 1, kDaysPerWeek}; // by KeyArrow
+    return {KeyStep::DAYS, kDays[static_cast<int>(arrow)]};
 }
 
 void CCalendarCtrl::RefuseMove()
@@ -219,12 +186,14 @@ BOOL CCalendarCtrl::TakeOptionKey(WPARAM nKey)
 
 BOOL CCalendarCtrl::TakeRequestKey(WPARAM nKey, BOOL bControl, BOOL bShift)
 {
-    const int request = RequestOf(nKey, bControl != FALSE, bShift != FALSE);
-    if (request == 0 || (request == CCN_DELETE && m_nCurSel == -1)) {
+    const auto found = std::find_if(std::begin(kRequestKeys), std::end(kRequestKeys), [&](const RequestKey& row) {
+        return row.key == nKey && row.control == (bControl != FALSE) && row.shift == (bShift != FALSE);
+    });
+    if (found == std::end(kRequestKeys) || (found->request == CCN_DELETE && m_nCurSel == -1)) {
         return FALSE;
     }
     const tagCCHITTESTINFO hit = KeyboardHit();
-    Notify(request, hit.nItem, 0, hit.pt, hit.time, hit.nHitCode);
+    Notify(found->request, hit.nItem, 0, hit.pt, hit.time, hit.nHitCode);
     return TRUE;
 }
 

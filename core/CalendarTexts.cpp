@@ -91,38 +91,26 @@ std::u16string NameOf(const CalendarTexts& texts, char16_t letter, const COleDat
 
 // ---- Pictures of the system
 
-// The pattern of so many letters in a row; empty: the letter has no meaning here.
-std::u16string FlagOfDate(char16_t letter, std::size_t count)
+// What one, two, three and more of a letter in a row stand for.
+struct PictureLetter
 {
-    switch (letter) {
-    case u'd':
-        return count == 1 ? u"%#d" : count == 2 ? u"%d" : count == 3 ? u"%a" : u"%A";
-    case u'M':
-        return count == 1 ? u"%#m" : count == 2 ? u"%m" : count == 3 ? u"%b" : u"%B";
-    case u'y':
-        return count <= 2 ? u"%y" : u"%Y";
-    default:
-        return std::u16string();
-    }
-}
+    char16_t letter;
+    const char16_t* patterns[4];
+};
+constexpr PictureLetter kDateLetters[] = {
+    {u'd', {u"%#d", u"%d", u"%a", u"%A"}},
+    {u'M', {u"%#m", u"%m", u"%b", u"%B"}},
+    {u'y', {u"%y", u"%y", u"%Y", u"%Y"}},
+};
+constexpr PictureLetter kTimeLetters[] = {
+    {u'h', {u"%#I", u"%I", u"%I", u"%I"}},
+    {u'H', {u"%#H", u"%H", u"%H", u"%H"}},
+    {u'm', {u"%M", u"%M", u"%M", u"%M"}},
+    {u't', {u"%p", u"%p", u"%p", u"%p"}},
+};
 
-std::u16string FlagOfTime(char16_t letter, std::size_t count)
-{
-    switch (letter) {
-    case u'h':
-        return count == 1 ? u"%#I" : u"%I";
-    case u'H':
-        return count == 1 ? u"%#H" : u"%H";
-    case u'm':
-        return u"%M";
-    case u't':
-        return u"%p";
-    default:
-        return std::u16string();
-    }
-}
-
-std::u16string PatternOf(const std::u16string& picture, std::u16string (*flagOf)(char16_t, std::size_t))
+template <std::size_t Count>
+std::u16string PatternOf(const std::u16string& picture, const PictureLetter (&letters)[Count])
 {
     std::u16string pattern;
     for (std::size_t at = 0; at < picture.size();) {
@@ -133,10 +121,11 @@ std::u16string PatternOf(const std::u16string& picture, std::u16string (*flagOf)
             at = end + 1;
             continue;
         }
-        const std::size_t end = std::min(picture.find_first_not_of(letter, at), picture.size());
-        const std::u16string flag = flagOf(letter, end - at);
-        if (!flag.empty()) {
-            pattern += flag;
+        const auto known = std::find_if(std::begin(letters), std::end(letters),
+                                        [letter](const PictureLetter& row) { return row.letter == letter; });
+        if (known != std::end(letters)) {
+            const std::size_t end = std::min(picture.find_first_not_of(letter, at), picture.size());
+            pattern += known->patterns[std::min(end - at, std::size(known->patterns)) - 1];
             at = end;
         } else {
             pattern += letter == u'%' ? std::u16string(u"%%") : std::u16string(1, letter);
@@ -192,7 +181,7 @@ std::u16string LocaleText(LCID lcid, LCTYPE type)
 void TakeNames(CalendarTexts& texts, LCID lcid)
 {
     for (unsigned i = 0; i < texts.weekdays.size(); ++i) { // the system counts from Monday
-        const LCTYPE day = (i + 6) % 7;
+        const LCTYPE day = (i + kDaysPerWeek - 1) % kDaysPerWeek;
         texts.weekdays[i] = texts.columnWeekdays[i] = LocaleText(lcid, LOCALE_SDAYNAME1 + day);
         texts.shortWeekdays[i] = LocaleText(lcid, LOCALE_SABBREVDAYNAME1 + day);
         texts.cellWeekdays[i] = LocaleText(lcid, LOCALE_SSHORTESTDAYNAME1 + day);
@@ -241,7 +230,7 @@ void TakePatterns(CalendarTexts& texts, LCID lcid)
     }
     constexpr int kDigitZero = u'0';
     const std::u16string first = LocaleText(lcid, LOCALE_IFIRSTDAYOFWEEK); // 0 Monday .. 6 Sunday
-    texts.firstDayOfWeek = first.empty() ? 0 : (first[0] - kDigitZero + 1) % 7 + 1;
+    texts.firstDayOfWeek = first.empty() ? 0 : (first[0] - kDigitZero + 1) % kDaysPerWeek + 1;
 }
 #endif
 
@@ -442,7 +431,7 @@ std::u16string DayNamesText(const CalendarTexts& texts, const std::u16string& na
 
 std::u16string PatternOfPicture(const std::u16string& picture)
 {
-    return PatternOf(picture, &FlagOfDate);
+    return PatternOf(picture, kDateLetters);
 }
 
 std::u16string PatternOfTimePicture(const std::u16string& picture)
@@ -454,7 +443,7 @@ std::u16string PatternOfTimePicture(const std::u16string& picture)
             minutes.erase(at - 1, 1); // what stood between minutes and seconds
         }
     }
-    return PatternOf(minutes, &FlagOfTime);
+    return PatternOf(minutes, kTimeLetters);
 }
 
 } // namespace dayvane

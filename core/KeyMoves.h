@@ -8,8 +8,8 @@ namespace dayvane {
 enum class KeyArrow
 {
     Left,
-    Right,
     Up,
+    Right,
     Down,
 };
 

@@ -10,18 +10,17 @@ constexpr int kPauseOutside = 1;
 void PointerDriver::Drag(PointerTarget& target, const PointerHit& hit)
 {
     ItemTimes times;
-    const bool isThere = GetHeldTimes(target, times);
     const bool wasDragging = m_tracker.IsDragging();
-    Apply(target, m_tracker.Drag(hit, isThere ? &times : nullptr));
+    Apply(target, m_tracker.Drag(hit, GetHeldTimes(target, times) ? &times : nullptr));
     ShowDragChange(target, wasDragging);
 }
 
 void PointerDriver::DragExtended(PointerTarget& target, const PointerHit& hit, int stepMinutes, bool wholeDayByDrag)
 {
     ItemTimes times;
-    const bool isThere = GetHeldTimes(target, times);
     const bool wasDragging = m_tracker.IsDragging();
-    Apply(target, m_tracker.DragExtended(hit, isThere ? &times : nullptr, stepMinutes, wholeDayByDrag));
+    const ItemTimes* held = GetHeldTimes(target, times) ? &times : nullptr;
+    Apply(target, m_tracker.DragExtended(hit, held, stepMinutes, wholeDayByDrag));
     ShowDragChange(target, wasDragging);
 }
 
