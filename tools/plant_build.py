@@ -14,6 +14,7 @@ import sys
 import time
 
 TEST_MS = (50, 1000, 1_000_000)  # tests are tried by their time: those below the first bound, below the next, ...
+QUICK_TEST_MS = (50, 160)
 MOST_SECONDS = 1200  # for one program, however busy the machine is
 HANG_SECONDS, HANG_FACTOR = 60, 10  # what takes longer than this and so many times its own time hangs
 HANGS = "it hangs"
@@ -298,9 +299,9 @@ class WindowsPlanter(Planter):
         if fault.first:
             yield *fault.first, 10_000
         likely = self.likely(fault)
-        for programs in (likely, [] if self.quick_only else [p for p in self.build.programs if p not in likely]):
+        for programs in (likely, [p for p in self.build.programs if p not in likely]):
             lower = -1
-            for bound in TEST_MS[:2] if self.quick_only else TEST_MS:
+            for bound in QUICK_TEST_MS if self.quick_only else TEST_MS:
                 for program in programs:
                     times = self.times_of(program)
                     chosen = [test for test, ms in times.items() if lower < ms <= bound]
