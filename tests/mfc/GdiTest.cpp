@@ -137,6 +137,7 @@ TEST_F(GdiTest, SettingsGoToBothContexts)
     dc.SetWindowExt(10, 10);
     dc.SetViewportExt(20, 20);
     dc.SetViewportOrg(3, 4);
+    EXPECT_EQ(dc.GetViewportOrg(), CPoint(3, 4));
     CFont font;
     font.CreatePointFont(300, "MS UI Gothic");
     CFont* oldFont = dc.SelectObject(&font);

@@ -366,6 +366,10 @@ TEST(WeekDayProperties, BelongToTheirDays)
     EXPECT_EQ(4, scene.view->GetDayColor(5));
     scene.view->ClearDayProperty();
     EXPECT_EQ(0, scene.view->IsUseMyWorkTime(1));
+    EXPECT_EQ(0, scene.view->IsUseMyWorkTime(100)) << "no such column";
+    scene.view->SetDayProperty(At(0, 0, 26), property);
+    scene.view->SetDateScale(15); // a week, too
+    EXPECT_EQ(nullptr, scene.view->GetDayProperty(At(0, 0, 26)));
 }
 
 TEST(GridMouse, DragsItemsToOtherColumns)
