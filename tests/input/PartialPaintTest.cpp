@@ -2,6 +2,7 @@
 // changes is forgotten, and what is painted in part, or moved by scrolling, looks as if painted whole.
 #include "core/DateMath.h"
 #include "support/Input.h"
+#include "support/OnlyWhatIsSent.h"
 #include "support/RecordingParent.h"
 #include "views/daygrid/MonthViewCtrl.h"
 #include "views/daygrid/WeekViewCtrl.h"
@@ -32,27 +33,6 @@ COleDateTime Now()
 {
     return g_now;
 }
-
-// While it lives, the system's timers and pointer do nothing, which come when the machine has time for them: the script
-// sends their messages itself.
-class OnlyWhatIsSent
-{
-public:
-    OnlyWhatIsSent() : m_hook(::SetWindowsHookEx(WH_GETMESSAGE, &TakeAway, nullptr, ::GetCurrentThreadId())) {}
-    ~OnlyWhatIsSent() { ::UnhookWindowsHookEx(m_hook); }
-
-private:
-    static LRESULT CALLBACK TakeAway(int code, WPARAM wParam, LPARAM lParam)
-    {
-        UINT& message = reinterpret_cast<MSG*>(lParam)->message;
-        if (message == WM_TIMER || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)) {
-            message = WM_NULL;
-        }
-        return ::CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-
-    HHOOK m_hook;
-};
 
 // The pixels of a window as they stand on the screen.
 class WindowPixels
