@@ -14,21 +14,10 @@ constexpr const char* kJapaneseFaces[] = {"Yu Gothic UI", "Meiryo UI", "Meiryo"}
 constexpr LONG kHoursHeight = -19;
 constexpr LONG kCaptionHeight = -24;
 
-int CALLBACK FoundFace(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam)
-{
-    *reinterpret_cast<bool*>(lParam) = true;
-    return 0;
-}
-
 bool HasJapanese(const char* face)
 {
-    LOGFONT wanted = {};
-    wanted.lfCharSet = SHIFTJIS_CHARSET;
-    lstrcpyn(wanted.lfFaceName, face, LF_FACESIZE);
-    bool found = false;
     CClientDC screen(nullptr);
-    ::EnumFontFamiliesExA(screen.GetSafeHdc(), &wanted, FoundFace, reinterpret_cast<LPARAM>(&found), 0);
-    return found;
+    return IsFaceInstalled(screen.GetSafeHdc(), face, SHIFTJIS_CHARSET);
 }
 
 LOGFONT MessageFont()

@@ -10,6 +10,12 @@ namespace {
 
 constexpr int kOwnLine = 12; // height of a line of text that the sizes are made for, pixels at 96 dpi
 
+int CALLBACK FoundFace(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam)
+{
+    *reinterpret_cast<bool*>(lParam) = true;
+    return 0;
+}
+
 } // namespace
 
 LOGFONT LogFontOf(const FontSpec& spec)
@@ -27,6 +33,16 @@ LOGFONT Resized(LOGFONT description, int height, int weight)
     description.lfHeight = height;
     description.lfWeight = weight;
     return description;
+}
+
+bool IsFaceInstalled(HDC hDC, const char* face, BYTE charSet)
+{
+    LOGFONTA wanted = {};
+    wanted.lfCharSet = charSet;
+    lstrcpynA(wanted.lfFaceName, face, LF_FACESIZE);
+    bool found = false;
+    ::EnumFontFamiliesExA(hDC, &wanted, &FoundFace, reinterpret_cast<LPARAM>(&found), 0);
+    return found;
 }
 
 LOGFONT Scaled(LOGFONT description, const ViewScale& scale)

@@ -22,6 +22,9 @@ LOGFONT LogFontOf(const FontSpec& spec);
 // The same face, character set and style in another height and weight.
 LOGFONT Resized(LOGFONT description, int height, int weight);
 
+// Whether the device has the face with that character set; CreateFont would take another one for it.
+bool IsFaceInstalled(HDC hDC, const char* face, BYTE charSet);
+
 // A description for 96 dpi, as it is at a scale.
 LOGFONT Scaled(LOGFONT description, const ViewScale& scale);
 // The same of small texts, which grow with the text font.

@@ -40,11 +40,9 @@ public:
     }
     void Close()
     {
+        Want(0);
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_wanted = 0;
         m_wake = nullptr;
-        m_items.clear();
-        m_hasItems = false;
     }
     bool IsWanted(unsigned number)
     {

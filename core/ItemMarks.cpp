@@ -1,5 +1,6 @@
 // The alarm and recurrence marks of an item.
 #include "core/DrawingHelpers.h"
+#include "core/Fonts.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -20,30 +21,14 @@ constexpr const char* kChasingArrows[] = {
     "..###.#..", ".#...##..", "#...###..", "#........", ".........", "........#", "..###...#", "..##...#.", "..#.###..",
 };
 
-int CALLBACK FoundFace(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam)
-{
-    *reinterpret_cast<bool*>(lParam) = true;
-    return 0;
-}
-
 // A substitute for the symbol face would show plain letters, so the face itself must be there.
-bool IsFaceInstalled(CDC* pDC, const LOGFONT& lf)
-{
-    LOGFONT wanted = {};
-    wanted.lfCharSet = lf.lfCharSet;
-    lstrcpynA(wanted.lfFaceName, lf.lfFaceName, LF_FACESIZE);
-    bool found = false;
-    ::EnumFontFamiliesExA(pDC->GetSafeHdc(), &wanted, FoundFace, reinterpret_cast<LPARAM>(&found), 0);
-    return found;
-}
-
 bool HasSymbolFace(CDC* pDC, const LOGFONT& lf)
 {
     // Looked up once a face: fonts are seldom installed while a program runs, and the look-up is slow.
     static char askedFace[LF_FACESIZE] = "";
     static bool installed = false;
     if (std::strcmp(askedFace, lf.lfFaceName) != 0) {
-        installed = IsFaceInstalled(pDC, lf);
+        installed = IsFaceInstalled(pDC->GetSafeHdc(), lf.lfFaceName, lf.lfCharSet);
         lstrcpynA(askedFace, lf.lfFaceName, LF_FACESIZE);
     }
     return installed;

@@ -8,18 +8,13 @@
 namespace dayvane {
 namespace {
 
-constexpr int kMonthsInYear = 12;
-constexpr int kDaysInMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-
 COleDateTime AddMonths(const COleDateTime& date, int months)
 {
-    const CivilDate fields = CivilDateOf(date);
-    const int number = fields.year * kMonthsInYear + fields.month - 1 + months;
-    const int year = number / kMonthsInYear;
-    const int month = number % kMonthsInYear + 1;
-    const bool isLeapYear = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    const int last = kDaysInMonth[month - 1] + (month == 2 && isLeapYear);
-    return COleDateTime(year, month, std::min(fields.day, last), date.GetHour(), date.GetMinute(), date.GetSecond());
+    const int number = MonthNumberOf(date) + months;
+    const int year = YearOfMonthNumber(number);
+    const int month = MonthOfMonthNumber(number);
+    const int day = std::min(date.GetDay(), civil::DaysInMonth(year, month));
+    return COleDateTime(year, month, day, date.GetHour(), date.GetMinute(), date.GetSecond());
 }
 
 COleDateTime Stepped(const COleDateTime& date, const KeyStep& step)

@@ -41,15 +41,13 @@ MoreListMetrics MoreListMetrics::For(const ViewScale& scale)
 
 CSize MoreListModel::Size() const
 {
-    const MoreListMetrics& metrics = m_metrics;
-    return CSize(metrics.width, RowsInSight() * metrics.rowHeight + 2 * metrics.inset);
+    return CSize(m_metrics.width, RowsInSight() * m_metrics.rowHeight + 2 * m_metrics.inset);
 }
 
 CRect MoreListModel::RowRect(int row) const
 {
-    const MoreListMetrics& metrics = m_metrics;
-    const int top = metrics.inset + (row - m_top) * metrics.rowHeight;
-    return CRect(metrics.inset, top, metrics.width - metrics.inset, top + metrics.rowHeight);
+    const int top = m_metrics.inset + (row - m_top) * m_metrics.rowHeight;
+    return CRect(m_metrics.inset, top, m_metrics.width - m_metrics.inset, top + m_metrics.rowHeight);
 }
 
 int MoreListModel::RowAt(CPoint point) const

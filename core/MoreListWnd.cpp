@@ -90,22 +90,16 @@ BOOL CMoreListWnd::OnKey(UINT nKey)
     const int current = m_model.Current();
     switch (nKey) {
     case VK_UP:
-        SetCurrentRow(current - 1);
-        return TRUE;
     case VK_DOWN:
-        SetCurrentRow(current + 1);
+        SetCurrentRow(current + (nKey == VK_UP ? -1 : 1));
         return TRUE;
     case VK_PRIOR:
-        SetCurrentRow(current - m_model.RowsInSight());
-        return TRUE;
     case VK_NEXT:
-        SetCurrentRow(current + m_model.RowsInSight());
+        SetCurrentRow(current + (nKey == VK_PRIOR ? -1 : 1) * m_model.RowsInSight());
         return TRUE;
     case VK_HOME:
-        SetCurrentRow(0);
-        return TRUE;
     case VK_END:
-        SetCurrentRow(m_model.Count() - 1);
+        SetCurrentRow(nKey == VK_HOME ? 0 : m_model.Count() - 1);
         return TRUE;
     case VK_RETURN:
     case VK_SPACE:
