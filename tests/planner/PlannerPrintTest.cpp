@@ -89,7 +89,7 @@ TEST_F(PlannerPrint, WithoutAPrinterThereIsPreviewAndExport)
     EXPECT_EQ(planner::ExportPages(Ctrl(), PageSettings(), "Z:\\no\\such\\folder\\page.png"), 0);
 }
 
-class Setup : public CPagesDialog
+class PageSetup : public CPagesDialog
 {
 public:
     using CPagesDialog::CPagesDialog;
@@ -125,7 +125,7 @@ TEST_F(PlannerPrint, PageSetupShowsWhatItWillPrint)
 {
     planner::SetLanguage(planner::Language::Japanese);
     PageSettings settings;
-    Setup setup(Ctrl(), settings, m_frame);
+    PageSetup setup(Ctrl(), settings, m_frame);
     Ctrl().SetPrinter(nullptr);
     ASSERT_TRUE(setup.Create(IDD_PAGES, m_frame));
     setup.ShowWindow(SW_SHOW);
