@@ -39,6 +39,7 @@ protected:
 
 private:
     void TakeSettings(CPlannerFrame::Start& start);
+    void TakeLine(CPlannerFrame::Start& start);
     void ReportMessages(CPlannerFrame& frame);
     void PrintPages(CPlannerFrame& frame);
 
@@ -88,6 +89,35 @@ BOOL CPlannerApp::InitInstance()
         settings.Open(planner::Settings::UsualFile());
     }
     TakeSettings(start);
+    TakeLine(start);
+    AddDocTemplate(new CSingleDocTemplate(IDR_MAINFRAME, RUNTIME_CLASS(CPlannerDoc), RUNTIME_CLASS(CPlannerFrame),
+                                          planner::DefaultView().row->viewClass));
+    if (!m_line.file.empty() && !OpenDocumentFile(m_line.file.c_str())) {
+        m_failed = !m_line.shot.empty() || !m_line.pages.empty();
+    }
+    if (m_failed || (!m_pMainWnd && !OpenDocumentFile(nullptr))) {
+        return FALSE;
+    }
+    CPlannerFrame& frame = static_cast<CPlannerFrame&>(*m_pMainWnd);
+    if (!m_line.problem.empty()) {
+        std::fprintf(stderr, "planner: %s\n", m_line.problem.c_str());
+        frame.ShowProblem(m_line.problem);
+    }
+    ReportMessages(frame);
+    const std::string list = settings.Text().Get("Days", "holidays");
+    const std::string holidays = m_line.holidays.empty() ? list : m_line.holidays;
+    if (!holidays.empty()) {
+        frame.ShowHolidaysOf(holidays);
+    }
+    if (!m_line.dialog.empty() && !frame.OpenDialog(m_line.dialog)) {
+        frame.ShowProblem("There is no dialog '" + m_line.dialog + "'.");
+    }
+    return TRUE;
+}
+
+// What the command line asks for; m_line.problem says which of it there is not.
+void CPlannerApp::TakeLine(CPlannerFrame::Start& start)
+{
     const bool asList = m_line.view == kListPage && !m_line.pages.empty();
     start.asList = asList;
     start.view = asList ? planner::DefaultView() : m_line.view.empty() ? start.view : planner::FindView(m_line.view);
@@ -114,29 +144,6 @@ BOOL CPlannerApp::InitInstance()
     if (m_line.size) {
         start.size = CSize(m_line.size->width, m_line.size->height);
     }
-    AddDocTemplate(new CSingleDocTemplate(IDR_MAINFRAME, RUNTIME_CLASS(CPlannerDoc), RUNTIME_CLASS(CPlannerFrame),
-                                          planner::DefaultView().row->viewClass));
-    if (!m_line.file.empty() && !OpenDocumentFile(m_line.file.c_str())) {
-        m_failed = !m_line.shot.empty() || !m_line.pages.empty();
-    }
-    if (m_failed || (!m_pMainWnd && !OpenDocumentFile(nullptr))) {
-        return FALSE;
-    }
-    CPlannerFrame& frame = static_cast<CPlannerFrame&>(*m_pMainWnd);
-    if (!m_line.problem.empty()) {
-        std::fprintf(stderr, "planner: %s\n", m_line.problem.c_str());
-        frame.ShowProblem(m_line.problem);
-    }
-    ReportMessages(frame);
-    const std::string list = settings.Text().Get("Days", "holidays");
-    const std::string holidays = m_line.holidays.empty() ? list : m_line.holidays;
-    if (!holidays.empty()) {
-        frame.ShowHolidaysOf(holidays);
-    }
-    if (!m_line.dialog.empty() && !frame.OpenDialog(m_line.dialog)) {
-        frame.ShowProblem("There is no dialog '" + m_line.dialog + "'.");
-    }
-    return TRUE;
 }
 
 // What the last start has left; the command line goes before it.

@@ -127,63 +127,64 @@ TEST(BoxRange, HasNoDatesWhereNoBoxHasOne)
     EXPECT_FALSE(Around(RangeKind::Year, Day(9999, 1, 1)).Moved(12).HasDates());
 }
 
+struct ScrollCase
+{
+    int code, thumb;
+    const char* range;
+    int position;
+};
+struct ScrollKind
+{
+    RangeKind kind;
+    COleDateTime date;
+    int position; // of the thumb before
+    std::vector<ScrollCase> cases;
+};
+const ScrollKind kScrolls[] = {
+    {RangeKind::Month,
+     Day(2026, 4, 15),
+     26,
+     {{SCROLL_LINEUP, 0, "2026-03-22 2026-05-02", 25},
+      {SCROLL_LINEDOWN, 0, "2026-04-05 2026-05-16", 27},
+      {SCROLL_PAGEUP, 0, "2026-03-15 2026-04-25", 24},
+      {SCROLL_PAGEDOWN, 0, "2026-04-12 2026-05-23", 28},
+      {SCROLL_TOP, 0, "2025-09-28 2025-11-08", 1},
+      {SCROLL_BOTTOM, 0, "2026-09-27 2026-11-07", 52},
+      {SCROLL_THUMBTRACK, 18, "2026-04-19 2026-05-30", 18}, // day 105 of the year: week 15
+      {SCROLL_THUMBPOSITION, 14, "2026-03-22 2026-05-02", 14},
+      {SCROLL_THUMBPOSITION, 60, "2027-02-07 2027-03-20", 52}}},
+    {RangeKind::Week,
+     Day(2017, 4, 26),
+     17, // 23 April is day 113 of the year: 113 - 6 * 16
+     {{SCROLL_LINEUP, 0, "2017-04-16 2017-04-23", 16},
+      {SCROLL_LINEDOWN, 0, "2017-04-30 2017-05-07", 18},
+      {SCROLL_PAGEUP, 0, "2017-03-26 2017-04-02", 13},
+      {SCROLL_PAGEDOWN, 0, "2017-05-21 2017-05-28", 21},
+      {SCROLL_THUMBPOSITION, 10, "2017-06-04 2017-06-11", 17}, // 113 - 70 days
+      {SCROLL_THUMBPOSITION, 20, "2017-03-26 2017-04-02", 17}, // - 27 days
+      {SCROLL_THUMBTRACK, 30, "2017-04-23 2017-04-30", 17},
+      {SCROLL_TOP, 0, "2017-04-23 2017-04-30", 55},
+      {SCROLL_BOTTOM, 0, "2017-04-23 2017-04-30", 0}}},
+    {RangeKind::Year,
+     Day(2003, 2, 28),
+     3,
+     {{SCROLL_LINEUP, 0, "2002-01-01 2002-12-31", 2},
+      {SCROLL_LINEDOWN, 0, "2004-01-01 2004-12-31", 4},
+      {SCROLL_PAGEUP, 0, "2001-01-01 2001-12-31", 1},
+      {SCROLL_PAGEDOWN, 0, "2005-01-01 2005-12-31", 4},
+      {SCROLL_THUMBTRACK, 1, "2003-01-01 2003-12-31", 1},
+      {SCROLL_THUMBPOSITION, 2, "2003-01-01 2003-12-31", 2},
+      {SCROLL_TOP, 0, "2003-01-01 2003-12-31", 4},
+      {SCROLL_BOTTOM, 0, "2003-01-01 2003-12-31", 0}}},
+};
+
 TEST(BoxRange, ScrollCodesMoveRangeAndThumb)
 {
-    struct Case
-    {
-        int code, thumb;
-        const char* range;
-        int position;
-    };
-    struct Kind
-    {
-        RangeKind kind;
-        COleDateTime date;
-        int position; // of the thumb before
-        std::vector<Case> cases;
-    };
-    const Kind kinds[] = {
-        {RangeKind::Month,
-         Day(2026, 4, 15),
-         26,
-         {{SCROLL_LINEUP, 0, "2026-03-22 2026-05-02", 25},
-          {SCROLL_LINEDOWN, 0, "2026-04-05 2026-05-16", 27},
-          {SCROLL_PAGEUP, 0, "2026-03-15 2026-04-25", 24},
-          {SCROLL_PAGEDOWN, 0, "2026-04-12 2026-05-23", 28},
-          {SCROLL_TOP, 0, "2025-09-28 2025-11-08", 1},
-          {SCROLL_BOTTOM, 0, "2026-09-27 2026-11-07", 52},
-          {SCROLL_THUMBTRACK, 18, "2026-04-19 2026-05-30", 18}, // day 105 of the year: week 15
-          {SCROLL_THUMBPOSITION, 14, "2026-03-22 2026-05-02", 14},
-          {SCROLL_THUMBPOSITION, 60, "2027-02-07 2027-03-20", 52}}},
-        {RangeKind::Week,
-         Day(2017, 4, 26),
-         17, // 23 April is day 113 of the year: 113 - 6 * 16
-         {{SCROLL_LINEUP, 0, "2017-04-16 2017-04-23", 16},
-          {SCROLL_LINEDOWN, 0, "2017-04-30 2017-05-07", 18},
-          {SCROLL_PAGEUP, 0, "2017-03-26 2017-04-02", 13},
-          {SCROLL_PAGEDOWN, 0, "2017-05-21 2017-05-28", 21},
-          {SCROLL_THUMBPOSITION, 10, "2017-06-04 2017-06-11", 17}, // 113 - 70 days
-          {SCROLL_THUMBPOSITION, 20, "2017-03-26 2017-04-02", 17}, // - 27 days
-          {SCROLL_THUMBTRACK, 30, "2017-04-23 2017-04-30", 17},
-          {SCROLL_TOP, 0, "2017-04-23 2017-04-30", 55},
-          {SCROLL_BOTTOM, 0, "2017-04-23 2017-04-30", 0}}},
-        {RangeKind::Year,
-         Day(2003, 2, 28),
-         3,
-         {{SCROLL_LINEUP, 0, "2002-01-01 2002-12-31", 2},
-          {SCROLL_LINEDOWN, 0, "2004-01-01 2004-12-31", 4},
-          {SCROLL_PAGEUP, 0, "2001-01-01 2001-12-31", 1},
-          {SCROLL_PAGEDOWN, 0, "2005-01-01 2005-12-31", 4},
-          {SCROLL_THUMBTRACK, 1, "2003-01-01 2003-12-31", 1},
-          {SCROLL_THUMBPOSITION, 2, "2003-01-01 2003-12-31", 2},
-          {SCROLL_TOP, 0, "2003-01-01 2003-12-31", 4},
-          {SCROLL_BOTTOM, 0, "2003-01-01 2003-12-31", 0}}},
-    };
     constexpr int kEndScroll = 8;
-    for (const Kind& kind : kinds) {
+    for (const ScrollKind& kind : kScrolls) {
         const BoxRange range = Around(kind.kind, kind.date);
         EXPECT_EQ(range.ScrollBar().position, kind.position);
-        for (const Case& c : kind.cases) {
+        for (const ScrollCase& c : kind.cases) {
             const ScrollStep scroll = range.Scroll(c.code, kind.position, c.thumb, kind.date);
             EXPECT_TRUE(scroll.moves);
             EXPECT_EQ(scroll.position, c.position) << c.code;

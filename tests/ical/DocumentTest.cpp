@@ -7,15 +7,17 @@ class DocumentTest : public DocumentFixture
 {
 };
 
-TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
+struct MoveCase
 {
-    const struct
-    {
-        const char* name;
-        std::vector<const char*> lines;
-        EventTimes to;
-        const char* difference;
-    } rows[] = {
+    const char* name;
+    std::vector<const char*> lines;
+    EventTimes to;
+    const char* difference;
+};
+
+std::vector<MoveCase> MoveCases()
+{
+    return {
         {"both ends in their zones",
          {"dtstart;X-P=1;TZID=Asia/Tokyo:20261121T090000", "X-BETWEEN:1", "DTEND;TZID=Europe/Berlin:20261121T020000"},
          Times("20261122T1000", "20261122T1130"),
@@ -54,7 +56,11 @@ TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
          Times("20261121T0900", "20261121T1000"),
          ""},
     };
-    for (const auto& row : rows) {
+}
+
+TEST_F(DocumentTest, MovingRewritesOnlyTheTimes)
+{
+    for (const MoveCase& row : MoveCases()) {
         std::string lines;
         for (const char* line : row.lines) {
             lines += std::string(line) + "\r\n";
