@@ -1,6 +1,5 @@
 // Draws every view and every date selector, without texts, at several scales: master_pictures FOLDER leaves
 // NAME-SCALE.bmp there. tests/outside/master_pictures.sh compares them with the pictures beside this file.
-#include "Scripts.h"
 #include "TextVeil.h"
 
 #include "core/CalendarClock.h"
@@ -213,7 +212,7 @@ int main(int argumentCount, char** arguments)
         SaveBusyView<CWeekViewCtrl>(folder, "busy-diary") & SaveBusyView<CYearViewCtrl>(folder, "busy-year") &
         SaveBusyView<CDayViewCtrl>(folder, "busy-day") & SaveBusyView<CWeekDayViewCtrl>(folder, "busy-week") &
         SaveCalendar<CMiniCalendarCtrl>(folder, "months") & SaveCalendar<CMiniCalendarCtrl2>(folder, "years") &
-        SavePicker(folder) & WriteScripts(folder);
+        SavePicker(folder);
     SetCalendarClock(nullptr);
     return isSaved ? 0 : 1;
 }

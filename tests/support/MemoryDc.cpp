@@ -93,16 +93,6 @@ bool MemoryDc::SameAs(const MemoryDc& other) const
                       [](DWORD a, DWORD b) { return ((a ^ b) & kColorBits) == 0; });
 }
 
-DWORD MemoryDc::Sum() const
-{
-    ::GdiFlush();
-    DWORD sum = 2166136261u;
-    for (int i = 0; i < m_width * m_height; ++i) {
-        sum = (sum ^ (m_pixels[i] & kColorBits)) * 16777619u; // as in FNV-1a
-    }
-    return sum;
-}
-
 bool MemoryDc::Save(const char* path) const
 {
     ::GdiFlush();

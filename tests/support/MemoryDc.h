@@ -24,7 +24,6 @@ public:
     // How many pixels of the rectangle differ from this colour: "is something drawn here?"
     int CountOther(const CRect& area, COLORREF color) const;
     bool SameAs(const MemoryDc& other) const;
-    DWORD Sum() const; // of all pixels and their places: another number where one of them differs
     // Writes a .bmp file, for a person who looks for a fault.
     bool Save(const char* path) const;
 
