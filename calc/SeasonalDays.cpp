@@ -77,21 +77,20 @@ SeasonalDays SeasonalDaysOf(int year, int month, int day, int zoneMinutes)
     }
     const int serialDay = civil::DayNumber(year, month, day);
     AnchorDays anchors;
-    AnchorDays others;
+    std::array<int, kAnchors> otherDays;
     for (int i = 0; i < kAnchors; ++i) {
         const SkyMoment moment = SolarLongitudeMoment(year, kAnchorLongitudes[i]);
         const ZoneMoment zoneMoment = InZone(moment, zoneMinutes);
         anchors.days[i] = zoneMoment.serialDay;
         anchors.isBeforeNoon[i] = zoneMoment.minute < kMinutesPerDay / 2;
-        others.days[i] = OtherDayOf(moment, zoneMinutes);
-        others.isBeforeNoon[i] = InZone({moment.day + moment.error, 0}, zoneMinutes).minute < kMinutesPerDay / 2;
+        otherDays[i] = OtherDayOf(moment, zoneMinutes);
     }
     SeasonalDays result;
     result.bits = BitsOf(serialDay, anchors);
     for (int i = 0; i < kAnchors; ++i) {
-        if (others.days[i] != anchors.days[i]) {
+        if (otherDays[i] != anchors.days[i]) {
             AnchorDays otherwise = anchors;
-            otherwise.days[i] = others.days[i];
+            otherwise.days[i] = otherDays[i];
             result.isUncertain = result.isUncertain || BitsOf(serialDay, otherwise) != result.bits;
         }
     }

@@ -84,7 +84,7 @@ def candidates(root, known, folder, windows=False):
                 continue
             for kind, pattern, new in KINDS:
                 for match in re.finditer(pattern, code):
-                    if kind == "swapped arguments" and re.search(r"\b(min|max)(<[\w:]+>)?\($", code[:match.start()]):
+                    if kind == "swapped arguments" and re.search(r"\b(min|max|Sum|SumOf)(<[\w:]+>)?\($", code[:match.start()]):
                         continue  # both orders give the same
                     replaced = new(match) if callable(new) else match.expand(new)
                     changed = text[:match.start()] + replaced + text[match.end():]

@@ -17,7 +17,7 @@ TEST(CodePage932, TextsOfTheCompilerAndBack)
         {"New Year\\~", u8"New Year\\~"},
         {"国民の祝日・休日月日,元日", u8"国民の祝日・休日月日,元日"},
         {"休日（祝日扱い）", u8"休日（祝日扱い）"},
-        {"ソ表十能―～∥－￢①Ⅳ㈱ｶﾅ熙黑纊", u8"ソ表十能―～∥－￢①Ⅳ㈱ｶﾅ熙黑纊"},
+        {"ソ表十能―～∥－￢①Ⅳ㈱｡ｶﾅﾟ熙黑纊", u8"ソ表十能―～∥－￢①Ⅳ㈱｡ｶﾅﾟ熙黑纊"},
     };
     for (const auto& [bytes, utf8] : texts) {
         std::string text, back;

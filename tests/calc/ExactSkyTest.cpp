@@ -1,4 +1,5 @@
 // The true calendar against published dates, and what must hold on every day of its eight centuries.
+#include "calc/ExactPlaces.h"
 #include "calc/ExactSky.h"
 #include "calc/SkyMoments.h"
 
@@ -49,6 +50,18 @@ ExactLunarDate LunarDateOn(int serialDay, int zoneMinutes = kJapanZone)
 double Minutes(int year, int month, int day, int hour, int minute)
 {
     return civil::DayNumber(year, month, day) * 1440.0 + hour * 60 + minute;
+}
+
+TEST(ExactSky, SpeedsAreTheChangesOfTheLongitudes)
+{
+    constexpr double kDay = 1 / 36525.0; // centuries
+    for (double centuries = -4; centuries < 4; centuries += 3.7 * kDay) {
+        const double before = centuries - kDay / 4, after = centuries + kDay / 4;
+        const double sun = (dayvane::ExactSunLongitude(after) - dayvane::ExactSunLongitude(before)) * 2;
+        const double elongation = (dayvane::ExactElongation(after) - dayvane::ExactElongation(before)) * 2;
+        ASSERT_NEAR(dayvane::SunSpeed(centuries), sun, 0.002) << centuries;
+        ASSERT_NEAR(dayvane::ElongationSpeed(centuries), elongation, 0.16) << centuries;
+    }
 }
 
 // Universal Time as published by the U.S. Naval Observatory, "Earth's Seasons" and "Phases of the Moon".

@@ -1,4 +1,5 @@
 // The lunisolar calendar: published days, the literal rule, day numbers, and properties of every day.
+#include "calc/DayNumbers.h"
 #include "calc/LunarDate.h"
 #include "calc/LunarMonths.h"
 #include "mfc/base/civil.h"
@@ -154,6 +155,14 @@ TEST(LunarDate, DayNumbers)
     EXPECT_EQ(lunar.GCtoJC(COleDateTime(1858, 11, 17, 18, 0, 0)), 2400000); // noon is JD 2400001
     for (int day = civil::DayNumber(1582, 10, 15); day < civil::DayNumber(2400, 1, 1); ++day) {
         ASSERT_EQ(lunar.GCtoJC(DateOf(day)), day + 2415018.0); // the numbers of both counts of days go in step
+    }
+    // The older calendar: a leap year every four years, that before the year 1 among them.
+    const int yearLengths[] = {365, 365, 365, 366, 365, 365, 365, 366}; // of March to February, from the year -4 on
+    for (int year = -4, day = dayvane::LunarDayNumberOf({-4, 3, 1}); year < 4; ++year) {
+        EXPECT_EQ(dayvane::LunarDayNumberOf({year + 1, 1, 1}), day + 306) << year;
+        day += yearLengths[year + 4];
+        EXPECT_EQ(dayvane::LunarDayNumberOf({year + 1, 3, 1}), day) << year;
+        EXPECT_EQ(dayvane::LunarDayNumberOf({year + 1, 2, 28}), day - (yearLengths[year + 4] == 366 ? 2 : 1)) << year;
     }
     struct
     {

@@ -74,6 +74,8 @@ TEST(SkyDay, SeasonalDaysOfPublishedYears)
     for (const auto& c : cases) {
         EXPECT_EQ(Year(c.year, c.name), c.days) << c.year << ' ' << c.name;
     }
+    EXPECT_TRUE(dayvane::SeasonalDaysOf(2024, 3, 25, 534).Has(SeasonalDay::Shanichi)) << "where it is 12:00";
+    EXPECT_TRUE(dayvane::SeasonalDaysOf(2024, 3, 15, 533).Has(SeasonalDay::Shanichi)) << "where it is 11:59";
     const auto summerOx = [](int year) {
         const std::string days = Year(year, u8"土用の丑の日");
         const std::size_t begin = days.find("7/");

@@ -3,6 +3,7 @@
 #include "ical/ComponentText.h"
 #include "ical/ContentLine.h"
 #include "ical/Text.h"
+#include "ical/TimeZone.h"
 
 #include <random>
 
@@ -96,6 +97,33 @@ TEST(CivilTime, ReadsDurations)
         }
     }
     EXPECT_EQ(ParseDuration("-PT15M"), (Duration{0, -900}));
+}
+
+TEST(CivilTime, ReadsOffsets)
+{
+    const struct
+    {
+        const char* text;
+        std::optional<int> seconds; // nothing: refused
+    } rows[] = {
+        {"+0000", 0},       {"-0001", -60},  {"+0959", 35940}, {"+1000", 36000}, {" -2359 ", -86340},
+        {"+235959", 86399}, {"-000001", -1}, {"+2400", {}},    {"+0060", {}},    {"+000060", {}},
+        {"0100", {}},       {"+01", {}},     {"+01000", {}},   {"+0100000", {}}, {"+01:0", {}},
+        {"+01/0", {}},      {"", {}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(ParseUtcOffset(row.text), row.seconds) << row.text;
+    }
+}
+
+TEST(Text, IsShortenedAfterWholeCharacters)
+{
+    const std::string most(60, 'x');
+    EXPECT_EQ(Shortened(most), most);
+    EXPECT_EQ(Shortened(most + "y"), most + "...");
+    EXPECT_EQ(Shortened(most.substr(1) + u8"日"), most.substr(1) + u8"日");
+    EXPECT_EQ(Shortened(most.substr(1) + u8"日x"), most.substr(1) + u8"日...");
+    EXPECT_EQ(Quoted("a\nb\xFF"), "\"a b\xEF\xBF\xBD\"");
 }
 
 TEST(Text, RepairsUtf8AndConverts)

@@ -204,7 +204,7 @@ private:
 std::string GrownPapers(PrintSource source)
 {
     source.items.push_back(source.items[2]); // taller than a column
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 200; ++i) {
         source.items.back().text += u" of the quarter";
     }
     source.weekOf = [](int day) { return day / 7 % 52 + 1; };
