@@ -186,3 +186,25 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
     }
     EXPECT_GT(again, 300);
 }
+
+TEST(BarBoard, KnowsBarsThatKeepToOneRow)
+{
+    BoxGrid grid; // two rows
+    grid.columns = 3;
+    for (int box = 0; box < 6; ++box) {
+        grid.boxes.emplace_back(box % 3 * 40, box / 3 * 60, box % 3 * 40 + 40, box / 3 * 60 + 60);
+    }
+    const struct
+    {
+        int first, last;
+        bool isKnown;
+    } rows[] = {{0, 0, true}, {0, 2, true},   {3, 5, true},   {2, 3, false}, {4, 3, true},  {-3, -1, true},
+                {6, 7, true}, {-1, 0, false}, {-2, 8, false}, {5, 6, false}, {-1, 6, false}};
+    for (const auto& row : rows) {
+        ItemArray items;
+        items.SetSize(1);
+        BarBoard board;
+        board.LayOut(grid, kMonthMetrics.bars, {{row.first, row.last}}, items);
+        EXPECT_EQ(board.Knows(grid, kMonthMetrics.bars, 1), row.isKnown) << row.first << " to " << row.last;
+    }
+}
