@@ -20,7 +20,9 @@ TEST(GridTexts, AHeaderKeepsTheDayAndThenTheNote)
     std::size_t before = 0;
     for (int width = 0; width < 240; ++width) {
         const CRect box(61, 30, 61 + width, 50);
-        const HeaderPlaces places = PlaceHeaderTexts(box, texts, FittingHeaderForm(box, texts, WidthOf), WidthOf);
+        const int form = FittingHeaderForm(box, texts, WidthOf);
+        EXPECT_EQ(form, width >= 76 ? 0 : width >= 62 ? 1 : width >= 27 ? 2 : 3) << width; // 10, 8, 3 characters and 6
+        const HeaderPlaces places = PlaceHeaderTexts(box, texts, form, WidthOf);
         EXPECT_GE(places.date.size(), before) << "more room never says less";
         before = places.date.size();
         const int end = places.dateRect.left + WidthOf(places.date);
