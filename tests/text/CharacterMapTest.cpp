@@ -49,6 +49,9 @@ TEST(CharacterMap, SaysWhatTheTableSays)
         EXPECT_FALSE(HasCharacter(ranges, character)) << character;
     }
     EXPECT_TRUE(RangesBeyondBasicPlane(Table({{0x20, 0xFFFD}})).empty());
+    std::string one = table;
+    one[3] = 1; // subtables
+    EXPECT_TRUE(RangesBeyondBasicPlane(one).empty());
 }
 
 TEST(CharacterMap, DamagedTablesAreReadAsFarAsTheyGo)
