@@ -28,6 +28,70 @@ const CalendarTexts::Months kEnglishMonths = {u"January",   u"February", u"March
                                               u"May",       u"June",     u"July",     u"August",
                                               u"September", u"October",  u"November", u"December"};
 
+// The words and patterns of the presets.
+struct PresetText
+{
+    std::u16string CalendarTexts::*text;
+    const char16_t* required;
+    const char16_t* japanese; // nullptr: the required one
+    const char16_t* english;
+};
+constexpr PresetText kPresetTexts[] = {
+    {&CalendarTexts::wholeDay, u"終日", nullptr, u"all day"},
+    {&CalendarTexts::more, u"+%n", nullptr, nullptr},
+    {&CalendarTexts::time, u"%#H:%M", nullptr, nullptr},
+    {&CalendarTexts::hour, u"%#H", nullptr, nullptr},
+    {&CalendarTexts::hourRest, u":00", nullptr, nullptr},
+    {&CalendarTexts::day, u"%#d", nullptr, nullptr},
+    {&CalendarTexts::monthDay, u"%#m/%#d", nullptr, u"%#d %b"},
+    {&CalendarTexts::shortDate, u"%y/%#m/%#d", nullptr, u"%#d %b %y"},
+    {&CalendarTexts::headerDay, u"%#m/%#d (%a)", nullptr, u"%a %#d %b"},
+    {&CalendarTexts::captionDay, u"%#m.%#d", u"%#m/%#d", u"%#d %b"},
+    {&CalendarTexts::captionWeekday, u" (%a)", nullptr, nullptr},
+    {&CalendarTexts::longDate, u"%A, %d %B, %Y", u"%Y年%#m月%#d日", u"%#d %B %Y"},
+    {&CalendarTexts::spanDate, u"%#d %B", u"%#m月%#d日", nullptr},
+    {&CalendarTexts::spanYearDate, u"%#d %B, %Y", u"%Y年%#m月%#d日", u"%#d %B %Y"},
+    {&CalendarTexts::weekDate, u"%d %B, %Y", u"%Y年%#m月%#d日", u"%#d %B %Y"},
+    {&CalendarTexts::stripWeekday, u"(%a)", nullptr, u"%a"},
+    {&CalendarTexts::month, u"%B, %Y", u"%Y年%#m月", u"%B %Y"},
+    {&CalendarTexts::monthNumber, u"%#m", nullptr, nullptr},
+    {&CalendarTexts::monthSuffix, u"月", nullptr, u""},
+    {&CalendarTexts::monthName, u"%B", u"", nullptr},
+    {&CalendarTexts::year, u"%#Y", nullptr, nullptr},
+    {&CalendarTexts::gridMonth, u"%#Y年 %#m月", nullptr, u"%B %#Y"},
+    {&CalendarTexts::gridYear, u"%#Y年", nullptr, u"%#Y"},
+    {&CalendarTexts::cellMonth, u"%#m月", nullptr, u"%b"},
+    {&CalendarTexts::pickerMonth, u"%Y年 %#m月", nullptr, u"%B %Y"},
+    {&CalendarTexts::today, u"今日: %Y/%#m/%#d", nullptr, u"Today: %#d %b %Y"},
+    {&CalendarTexts::thisMonth, u"今月: %Y年 %#m月", nullptr, u"This month: %b %Y"},
+    {&CalendarTexts::pageDate, u"%#Y年%#m月%#d日", nullptr, u"%#d %B %#Y"},
+    {&CalendarTexts::pageDay, u"%#m月%#d日（%a）", nullptr, u"%A, %#d %B"},
+    {&CalendarTexts::pageMonth, u"%#Y年%#m月", nullptr, u"%B %#Y"},
+    {&CalendarTexts::pageYear, u"%#Y年", nullptr, u"%#Y"},
+    {&CalendarTexts::pageNotes, u"メモ", nullptr, u"Notes"},
+    {&CalendarTexts::pageOther, u"そのほかの予定", nullptr, u"Also on this day"},
+    {&CalendarTexts::pageNothing, u"予定はありません", nullptr, u"No items"},
+    {&CalendarTexts::pageAgain, u"（続き）", nullptr, u" (continued)"},
+    {&CalendarTexts::pageLater, u"続きは %n ページ", nullptr, u"continued, p. %n"},
+    {&CalendarTexts::pageNumber, u"%n / %m ページ", nullptr, u"Page %n of %m"},
+    {&CalendarTexts::pagePrinted, u"印刷日 ", nullptr, u"Printed "},
+    {&CalendarTexts::pageLunar, u"旧暦 ", nullptr, u"lunar "},
+    {&CalendarTexts::pageLeap, u"閏", nullptr, u"leap "},
+    {&CalendarTexts::pageTimed, u"時刻のある予定", nullptr, u"items at certain hours"},
+    {&CalendarTexts::am, u"", u"午前", u"AM"},
+    {&CalendarTexts::pm, u"", u"午後", u"PM"},
+    {&CalendarTexts::yearTitle, u"", u"年間予定表", u"Yearly Calendar"},
+};
+
+CalendarTexts PresetOf(const char16_t* PresetText::*language)
+{
+    CalendarTexts texts;
+    for (const PresetText& row : kPresetTexts) {
+        texts.*row.text = row.*language ? row.*language : row.required;
+    }
+    return texts;
+}
+
 template <class Names>
 Names FirstLetters(const Names& names, std::size_t letters)
 {
@@ -247,116 +311,34 @@ std::shared_ptr<const CalendarTexts> RequiredTexts()
 
 CalendarTexts CalendarTexts::Required()
 {
-    CalendarTexts texts;
+    CalendarTexts texts = PresetOf(&PresetText::required);
     texts.shortWeekdays = kJapaneseShortWeekdays;
     texts.columnWeekdays = kJapaneseWeekdays;
-    texts.wholeDay = u"終日";
-    texts.more = u"+%n";
-    texts.time = u"%#H:%M";
-    texts.hour = u"%#H";
-    texts.hourRest = u":00";
-    texts.day = u"%#d";
-    texts.monthDay = u"%#m/%#d";
-    texts.shortDate = u"%y/%#m/%#d";
-    texts.headerDay = u"%#m/%#d (%a)";
-    texts.captionDay = u"%#m.%#d";
-    texts.captionWeekday = u" (%a)";
-    texts.longDate = u"%A, %d %B, %Y";
-    texts.spanDate = u"%#d %B";
-    texts.spanYearDate = u"%#d %B, %Y";
-    texts.weekDate = u"%d %B, %Y";
-    texts.stripWeekday = u"(%a)";
-    texts.month = u"%B, %Y";
-    texts.monthNumber = u"%#m";
-    texts.monthSuffix = u"月";
-    texts.monthName = u"%B";
-    texts.year = u"%#Y";
-    texts.gridMonth = u"%#Y年 %#m月";
-    texts.gridYear = u"%#Y年";
-    texts.cellMonth = u"%#m月";
-    texts.pickerMonth = u"%Y年 %#m月";
-    texts.today = u"今日: %Y/%#m/%#d";
-    texts.thisMonth = u"今月: %Y年 %#m月";
-    texts.pageDate = u"%#Y年%#m月%#d日";
-    texts.pageDay = u"%#m月%#d日（%a）";
-    texts.pageMonth = u"%#Y年%#m月";
-    texts.pageYear = u"%#Y年";
-    texts.pageNotes = u"メモ";
-    texts.pageOther = u"そのほかの予定";
-    texts.pageNothing = u"予定はありません";
-    texts.pageAgain = u"（続き）";
-    texts.pageLater = u"続きは %n ページ";
-    texts.pageNumber = u"%n / %m ページ";
-    texts.pagePrinted = u"印刷日 ";
-    texts.pageLunar = u"旧暦 ";
-    texts.pageLeap = u"閏";
-    texts.pageTimed = u"時刻のある予定";
     return texts;
 }
 
 CalendarTexts CalendarTexts::Japanese()
 {
-    CalendarTexts texts = Required();
-    texts.weekdays = kJapaneseWeekdays;
-    for (int month = 1; month <= 12; ++month) {
+    CalendarTexts texts = PresetOf(&PresetText::japanese);
+    texts.weekdays = texts.columnWeekdays = kJapaneseWeekdays;
+    texts.shortWeekdays = kJapaneseShortWeekdays;
+    for (int month = 1; month <= kMonthsPerYear; ++month) {
         std::u16string& name = texts.months[static_cast<std::size_t>(month - 1)];
         Pad(name, month, 1);
         name += u"月";
     }
     texts.shortMonths = texts.months;
-    texts.am = u"午前";
-    texts.pm = u"午後";
-    texts.yearTitle = u"年間予定表";
-    texts.captionDay = u"%#m/%#d";
-    texts.longDate = u"%Y年%#m月%#d日";
-    texts.spanDate = u"%#m月%#d日";
-    texts.spanYearDate = texts.weekDate = u"%Y年%#m月%#d日";
-    texts.month = u"%Y年%#m月";
-    texts.monthName = std::u16string();
     return texts;
 }
 
 CalendarTexts CalendarTexts::English()
 {
-    CalendarTexts texts = Required();
+    CalendarTexts texts = PresetOf(&PresetText::english);
     texts.weekdays = texts.columnWeekdays = kEnglishWeekdays;
     texts.shortWeekdays = FirstLetters(kEnglishWeekdays, 3);
     texts.months = kEnglishMonths;
     texts.shortMonths = FirstLetters(kEnglishMonths, 3);
-    texts.am = u"AM";
-    texts.pm = u"PM";
-    texts.wholeDay = u"all day";
-    texts.yearTitle = u"Yearly Calendar";
     texts.englishDayNames = true;
-    texts.longDate = u"%#d %B %Y";
-    texts.spanYearDate = texts.weekDate = u"%#d %B %Y";
-    texts.shortDate = u"%#d %b %y";
-    texts.monthDay = u"%#d %b";
-    texts.headerDay = u"%a %#d %b";
-    texts.captionDay = u"%#d %b";
-    texts.stripWeekday = u"%a";
-    texts.month = u"%B %Y";
-    texts.monthSuffix = std::u16string();
-    texts.gridMonth = u"%B %#Y";
-    texts.gridYear = u"%#Y";
-    texts.cellMonth = u"%b";
-    texts.pickerMonth = u"%B %Y";
-    texts.today = u"Today: %#d %b %Y";
-    texts.thisMonth = u"This month: %b %Y";
-    texts.pageDate = u"%#d %B %#Y";
-    texts.pageDay = u"%A, %#d %B";
-    texts.pageMonth = u"%B %#Y";
-    texts.pageYear = u"%#Y";
-    texts.pageNotes = u"Notes";
-    texts.pageOther = u"Also on this day";
-    texts.pageNothing = u"No items";
-    texts.pageAgain = u" (continued)";
-    texts.pageLater = u"continued, p. %n";
-    texts.pageNumber = u"Page %n of %m";
-    texts.pagePrinted = u"Printed ";
-    texts.pageLunar = u"lunar ";
-    texts.pageLeap = u"leap ";
-    texts.pageTimed = u"items at certain hours";
     return texts;
 }
 
