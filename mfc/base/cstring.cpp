@@ -98,9 +98,11 @@ CString::CString(TCHAR ch, int repeat) : m_text(EmptyText())
 
 CString& CString::operator=(const CString& other) noexcept
 {
-    other.AddReference();
-    ReleaseReference();
-    m_text = other.m_text;
+    if (m_text != other.m_text) { // counting references takes long when it reaches memory
+        other.AddReference();
+        ReleaseReference();
+        m_text = other.m_text;
+    }
     return *this;
 }
 
