@@ -315,6 +315,24 @@ private:
 
 constexpr std::size_t kMostSteps = 4; // of more kinds, visiting all of them costs more than lists do
 
+// The fewer kinds, the less each bar has to visit.
+template <class Lane>
+std::vector<Lane> RunSweeps(const std::vector<BarKind>& kinds, const std::vector<int>& kindsThere,
+                            const std::vector<int>& places)
+{
+    static_assert(kMostSteps == 4, "a case for each number of steps");
+    switch ((kindsThere.size() - 1) / kKindsPerStep) {
+    case 0:
+        return RowSweeps<Lane, 1>(kinds, kindsThere).Run(places);
+    case 1:
+        return RowSweeps<Lane, 2>(kinds, kindsThere).Run(places);
+    case 2:
+        return RowSweeps<Lane, 3>(kinds, kindsThere).Run(places);
+    default:
+        return RowSweeps<Lane, 4>(kinds, kindsThere).Run(places);
+    }
+}
+
 // bars: positions in kindOf and in lanes.
 template <class Lane>
 void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
@@ -326,9 +344,7 @@ void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, cons
     }
     std::vector<int> places(bars.size());
     std::transform(bars.begin(), bars.end(), places.begin(), [&](int bar) { return placeOf[kindOf[bar]]; });
-    const std::vector<Lane> taken = kindsThere.size() <= kKindsPerStep
-                                        ? RowSweeps<Lane, 1>(kinds, kindsThere).Run(places)
-                                        : RowSweeps<Lane, kMostSteps>(kinds, kindsThere).Run(places);
+    const std::vector<Lane> taken = RunSweeps<Lane>(kinds, kindsThere, places);
     for (std::size_t i = 0; i < bars.size(); ++i) {
         lanes[bars[i]] = static_cast<int>(taken[i]);
     }
