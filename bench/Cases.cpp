@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <map>
 
 namespace bench {
 namespace {
@@ -434,24 +433,31 @@ bool SaveCases(const std::vector<CaseResult>& results, const std::string& file)
     return std::fclose(out) == 0;
 }
 
-int CompareCases(const std::vector<CaseResult>& results, const std::string& file)
+bool LoadCases(const std::string& file, SavedRatios& ratios)
 {
     FILE* in = std::fopen(file.c_str(), "r");
     if (!in) {
-        return -1;
+        return false;
     }
-    std::map<std::string, double> before;
     char name[128];
     double milliseconds = 0;
     double ratio = 0;
-    while (std::fscanf(in, " %127[^\t]\t%lf\t%lf", name, &milliseconds, &ratio) == 3) {
-        before[name] = ratio;
+    int fields = 0;
+    while ((fields = std::fscanf(in, " %127[^\t]\t%lf\t%lf", name, &milliseconds, &ratio)) == 3) {
+        ratios[name] = ratio;
     }
     std::fclose(in);
+    return fields == EOF && !ratios.empty();
+}
+
+int CompareCases(const std::vector<CaseResult>& results, const SavedRatios& before)
+{
     int worse = 0;
     for (const CaseResult& result : results) {
         const auto found = before.find(result.name);
-        if (found != before.end() && result.Ratio() > kWorse * found->second) {
+        if (found == before.end()) {
+            std::printf("not compared: %s\n", result.name.c_str());
+        } else if (result.Ratio() > kWorse * found->second) {
             std::printf("slower: %s: ratio %.2f, was %.2f\n", result.name.c_str(), result.Ratio(), found->second);
             ++worse;
         }

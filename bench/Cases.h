@@ -2,6 +2,7 @@
 // the ratio says something on any machine.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,10 @@ std::vector<CaseResult> RunCases(const std::string& only);
 
 // One line a case: name, milliseconds, ratio.
 bool SaveCases(const std::vector<CaseResult>& results, const std::string& file);
-// Prints the cases whose ratio has become worse by more than 15 %; how many they are, -1 when the file cannot be read.
-int CompareCases(const std::vector<CaseResult>& results, const std::string& file);
+using SavedRatios = std::map<std::string, double>; // by the names of the cases
+// False: the file cannot be read, or has something else in it.
+bool LoadCases(const std::string& file, SavedRatios& ratios);
+// Prints the cases whose ratio has become worse by more than 15 %, and those that are new; how many are worse.
+int CompareCases(const std::vector<CaseResult>& results, const SavedRatios& before);
 
 } // namespace bench

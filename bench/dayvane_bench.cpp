@@ -400,16 +400,18 @@ int RunCaseTable(const std::vector<std::string>& arguments)
             return Usage();
         }
     }
+    // Before some minutes of measuring.
+    bench::SavedRatios before;
+    if (!compare.empty() && !bench::LoadCases(compare, before)) {
+        std::fprintf(stderr, "dayvane-bench: %s cannot be read, or is no saved run\n", compare.c_str());
+        return 1;
+    }
     const std::vector<bench::CaseResult> results = bench::RunCases(only);
     if (!save.empty() && !bench::SaveCases(results, save)) {
         std::fprintf(stderr, "dayvane-bench: %s cannot be written\n", save.c_str());
         return 1;
     }
-    const int worse = compare.empty() ? 0 : bench::CompareCases(results, compare);
-    if (worse < 0) {
-        std::fprintf(stderr, "dayvane-bench: %s cannot be read\n", compare.c_str());
-    }
-    return worse == 0 ? 0 : 1;
+    return !compare.empty() && bench::CompareCases(results, before) > 0 ? 1 : 0;
 }
 
 bool IsCaseArgument(const char* argument)
