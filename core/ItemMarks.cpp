@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 namespace dayvane {
 namespace {
@@ -36,8 +37,7 @@ bool HasSymbolFace(CDC* pDC, const LOGFONT& lf)
 
 void DrawPixels(CDC* pDC, int left, int top, const char* const* rows, int rowCount)
 {
-    CPen pen(PS_SOLID, 1, pDC->GetTextColor());
-    SelectGdi selectPen(pDC, &pen);
+    std::vector<POINT> ends;
     for (int row = 0; row < rowCount; ++row) {
         for (int begin = 0; begin < kMarkColumns; ++begin) {
             int end = begin;
@@ -45,12 +45,17 @@ void DrawPixels(CDC* pDC, int left, int top, const char* const* rows, int rowCou
                 ++end;
             }
             if (end > begin) {
-                pDC->MoveTo(left + begin, top + row);
-                pDC->LineTo(left + end, top + row);
+                ends.push_back({left + begin, top + row});
+                ends.push_back({left + end, top + row});
                 begin = end;
             }
         }
     }
+    constexpr DWORD kEnds = 2; // of a line
+    const std::vector<DWORD> counts(ends.size() / kEnds, kEnds);
+    CPen pen(PS_SOLID, 1, pDC->GetTextColor());
+    const SelectGdi selectPen(pDC, &pen);
+    ::PolyPolyline(pDC->GetSafeHdc(), ends.data(), counts.data(), static_cast<DWORD>(counts.size()));
 }
 
 // At other sizes than the pixels' own the marks are drawn from their outlines, in thousandths of a pixel of theirs.

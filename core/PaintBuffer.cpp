@@ -50,11 +50,11 @@ std::shared_ptr<OffscreenBitmap> PaintBuffer::Take(CDC& target, CSize size, CSiz
     m_isUsed = true;
     const bool isInUse = m_kept && m_kept.use_count() > 1; // a hook paints while it is painted
     const bool fits = size.cx <= window.cx && size.cy <= window.cy;
-    const bool canKeep = !isInUse && fits && HasPlainPixels(target) && PixelsOf(window) <= kMostKept;
-    if (canKeep && m_kept && m_kept->size == window) {
+    if (m_kept && !isInUse && fits && m_kept->size == window) { // what pixels the target has takes long to find out
         m_kept->isUsed = true;
         return m_kept;
     }
+    const bool canKeep = !isInUse && fits && HasPlainPixels(target) && PixelsOf(window) <= kMostKept;
     if (!isInUse) {
         m_kept.reset(); // before another one: both may be large
     }
