@@ -376,7 +376,7 @@ protected:
 
     // Whether a step of a drag and scrolling repaint only what they change. So it is for the views as they are; a class
     // derived from one repaints everything, for its own hooks may paint what nobody here knows of, until it says that
-    // none of them does: what they add belongs to the pieces of items, and to nothing else.
+    // none of them does: theirs add to the pieces of items only, and hand ours the device context clipped as it came.
     // The same goes for the store: only of the views as they are, and of classes that agree, it is sure that it changes
     // by the operations of the control alone, so that an index and the last layout still hold.
     BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }

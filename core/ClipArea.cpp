@@ -15,6 +15,15 @@ bool IsPlain(HDC hDC)
 {
     return ::GetMapMode(hDC) == MM_TEXT && ::GetGraphicsMode(hDC) == GM_COMPATIBLE && ::GetLayout(hDC) == 0;
 }
+
+void FillBlock(const PixelBlock& block, DWORD pixel)
+{
+    DWORD* row = block.first;
+    for (int y = 0; y < block.seen.Height(); ++y, row += block.rowPixels) {
+        std::fill_n(row, block.seen.Width(), pixel);
+    }
+}
+
 } // namespace
 
 std::vector<CRect> RectsOf(const CRgn& region)
@@ -98,31 +107,82 @@ void ClipArea::FindPixels(CDC& dc, const CMemDC& buffer)
     }
 }
 
+PixelBlock ClipArea::BlockOf(const CRect& rect) const
+{
+    PixelBlock block;
+    CRect seen;
+    if (!m_pixels || !seen.IntersectRect(&rect, &m_box)) {
+        return block;
+    }
+    seen.OffsetRect(m_origin);
+    if (!seen.IntersectRect(&seen, CRect(CPoint(0, 0), m_size))) {
+        return block;
+    }
+    block.first = m_pixels + static_cast<size_t>(seen.top) * m_rowPixels + seen.left;
+    block.rowPixels = m_rowPixels;
+    seen.OffsetRect(-m_origin.x, -m_origin.y);
+    block.seen = seen;
+    return block;
+}
+
+PixelBlock ClipArea::PixelsOf(const CRect& rect) const
+{
+    if (m_pixels) {
+        ::GdiFlush(); // what the system draws may wait
+    }
+    return BlockOf(rect);
+}
+
 bool ClipArea::Fill(const CRect& rect, COLORREF color) const
+{
+    if (m_pixels) {
+        ::GdiFlush(); // what the system draws may wait
+    }
+    return FillNext(rect, color);
+}
+
+bool ClipArea::FillNext(const CRect& rect, COLORREF color) const
 {
     constexpr COLORREF kOtherKind = 0xFF000000; // bits of colours that are not red, green and blue
     constexpr int kLarge = 64 * 64;             // pixels
     if (!m_pixels || (color & kOtherKind) != 0 || rect.left > rect.right || rect.top > rect.bottom) {
         return false;
     }
-    CRect seen;
-    if (!seen.IntersectRect(&rect, &m_box)) {
-        return true;
-    }
-    seen.OffsetRect(m_origin);
-    if (!seen.IntersectRect(&seen, CRect(CPoint(0, 0), m_size))) {
-        return true;
-    }
-    if (!m_parts.empty() && seen.Width() * seen.Height() > kLarge) {
-        return false; // the system fills what of it is in the parts: memory that nobody touches is not even there
-    }
-    ::GdiFlush(); // what the system draws may wait
+    const PixelBlock block = BlockOf(rect);
     const DWORD pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
-    DWORD* row = m_pixels + static_cast<size_t>(seen.top) * m_rowPixels + seen.left;
-    for (int y = seen.top; y < seen.bottom; ++y, row += m_rowPixels) {
-        std::fill_n(row, seen.Width(), pixel);
+    if (!m_parts.empty() && block.seen.Width() * block.seen.Height() > kLarge) {
+        FillParts(block.seen, pixel); // memory that nobody touches is not even there
+    } else {
+        FillBlock(block, pixel);
     }
     return true;
+}
+
+void ClipArea::FillParts(const CRect& rect, DWORD pixel) const
+{
+    for (auto part = FirstPartFrom(rect.top); part != m_parts.end() && part->top < rect.bottom; ++part) {
+        CRect common;
+        if (common.IntersectRect(&*part, &rect)) {
+            FillBlock(BlockOf(common), pixel);
+        }
+    }
+}
+
+// The first part that reaches below the height. Parts of one band have one top and one bottom, so the bottoms ascend
+// too.
+std::vector<CRect>::const_iterator ClipArea::FirstPartFrom(int top) const
+{
+    return std::partition_point(m_parts.begin(), m_parts.end(),
+                                [top](const CRect& above) { return above.bottom <= top; });
+}
+
+bool ClipArea::Contains(const CRect& rect) const
+{
+    const auto holds = [&rect](const CRect& part) {
+        return part.left <= rect.left && part.top <= rect.top && part.right >= rect.right && part.bottom >= rect.bottom;
+    };
+    return holds(m_box) && (!m_pixels || BlockOf(rect).seen == rect) &&
+           (m_parts.empty() || std::any_of(FirstPartFrom(rect.top), m_parts.end(), holds));
 }
 
 bool ClipArea::Intersects(const CRect& rect) const
@@ -131,10 +191,7 @@ bool ClipArea::Intersects(const CRect& rect) const
     if (!seen.IntersectRect(&rect, &m_box)) {
         return false;
     }
-    // Parts of one band have one top and one bottom, so the bottoms ascend too.
-    auto part = std::partition_point(m_parts.begin(), m_parts.end(),
-                                     [&rect](const CRect& above) { return above.bottom <= rect.top; });
-    for (; part != m_parts.end() && part->top < rect.bottom; ++part) {
+    for (auto part = FirstPartFrom(rect.top); part != m_parts.end() && part->top < rect.bottom; ++part) {
         if (rect.left < part->right && part->left < rect.right) {
             return true;
         }
@@ -142,8 +199,10 @@ bool ClipArea::Intersects(const CRect& rect) const
     return m_parts.empty();
 }
 
-PaintClip::Paint::Paint(PaintClip& clip, CDC& dc) : m_clip(clip), m_outer(clip.m_hDC), m_outerBuffer(clip.m_buffer)
+PaintClip::Paint::Paint(PaintClip& clip, CDC& dc, bool isKept)
+    : m_clip(clip), m_outer(clip.m_hDC), m_outerBuffer(clip.m_buffer), m_wasKept(clip.m_isKept)
 {
+    clip.m_isKept = isKept;
     clip.m_hDC = dc.GetSafeHdc();
     clip.m_buffer = dynamic_cast<const CMemDC*>(&dc);
     clip.m_area.reset();
@@ -153,6 +212,7 @@ PaintClip::Paint::~Paint()
 {
     m_clip.m_hDC = m_outer;
     m_clip.m_buffer = m_outerBuffer;
+    m_clip.m_isKept = m_wasKept;
     m_clip.m_area.reset();
 }
 
@@ -161,6 +221,9 @@ std::shared_ptr<const ClipArea> PaintClip::Of(CDC& dc)
 {
     if (dc.GetSafeHdc() != m_hDC) {
         return std::make_shared<const ClipArea>(dc);
+    }
+    if (m_isKept && m_area) {
+        return m_area;
     }
     CRect box;
     dc.GetClipBox(&box);

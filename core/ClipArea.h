@@ -11,6 +11,14 @@ class CMemDC;
 
 namespace dayvane {
 
+// The pixels of a rectangle that are to be painted, in the bitmap that is painted in.
+struct PixelBlock
+{
+    CRect seen = CRect(0, 0, 0, 0); // logical units
+    DWORD* first = nullptr;         // nullptr: there are none, or they are out of reach
+    int rowPixels = 0;              // from one row to the next
+};
+
 class ClipArea
 {
 public:
@@ -22,9 +30,17 @@ public:
     // Fills the rectangle in the buffer's own pixels, many times as fast as the system. False: it is to be filled by
     // the system. What of the buffer is in the box and in no part may be filled, too: it is not shown.
     bool Fill(const CRect& rect, COLORREF color) const;
+    // The same right after another Fill, when the system has drawn nothing since.
+    bool FillNext(const CRect& rect, COLORREF color) const;
+    // Within reach until the system draws again.
+    PixelBlock PixelsOf(const CRect& rect) const;
+    bool Contains(const CRect& rect) const; // all of it can be seen
 
 private:
     void FindPixels(CDC& dc, const CMemDC& buffer);
+    PixelBlock BlockOf(const CRect& rect) const;
+    void FillParts(const CRect& rect, DWORD pixel) const;
+    std::vector<CRect>::const_iterator FirstPartFrom(int top) const;
 
     CRect m_box;                // logical units, as the parts
     std::vector<CRect> m_parts; // from above, in bands of one height; empty: the whole box
@@ -38,11 +54,12 @@ private:
 class PaintClip
 {
 public:
-    // For the time of a paint the areas of its device context are remembered.
+    // For the time of a paint the areas of its device context are remembered. isKept: nobody clips or moves it while
+    // our own painters draw; else each of them asks whether it is still the same.
     class Paint
     {
     public:
-        Paint(PaintClip& clip, CDC& dc);
+        Paint(PaintClip& clip, CDC& dc, bool isKept = false);
         ~Paint();
         Paint(const Paint&) = delete;
         Paint& operator=(const Paint&) = delete;
@@ -51,6 +68,7 @@ public:
         PaintClip& m_clip;
         HDC m_outer;
         const CMemDC* m_outerBuffer;
+        bool m_wasKept;
     };
 
     std::shared_ptr<const ClipArea> Of(CDC& dc);
@@ -58,6 +76,7 @@ public:
 private:
     HDC m_hDC = nullptr;
     const CMemDC* m_buffer = nullptr; // the device context of the paint, if it is one
+    bool m_isKept = false;
     std::shared_ptr<const ClipArea> m_area;
 };
 

@@ -39,6 +39,9 @@ CSize CMemDC::SizeOfPicture() const
 void CMemDC::BeginOffScreen()
 {
     m_pOldBitmap = SelectObject(&m_bitmap->bitmap);
+    if (m_bitmap->size != SizeOfPicture()) { // a kept one may be larger
+        IntersectClipRect(CRect(CPoint(0, 0), SizeOfPicture()));
+    }
     // Of a window that repaints here and there only those places are painted, not all that lies between them.
     CRgn region;
     if (dayvane::GetUpdateParts(*m_pDC, region)) {
@@ -151,9 +154,16 @@ void DrawSteppedGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF 
     }
 }
 
+// Asking the system takes longer than drawing; pixels that are within reach have all colours.
+static bool HasFewColors(CDC& dc)
+{
+    const CMemDC* buffer = dynamic_cast<const CMemDC*>(&dc);
+    return !(buffer && buffer->Pixels()) && dc.GetDeviceCaps(NUMCOLORS) != -1;
+}
+
 void DrawGradient(CDC* pDC, const CRect& rect, COLORREF crFrom, COLORREF crTo, BOOL bHorizontal, BOOL bStepped)
 {
-    if (bStepped && pDC->GetDeviceCaps(NUMCOLORS) != -1) {
+    if (bStepped && HasFewColors(*pDC)) {
         DrawSteppedGradient(pDC, rect, crFrom, crTo, bHorizontal);
         return;
     }

@@ -1,5 +1,6 @@
 #include "core/TextCache.h"
 
+#include "core/DrawingHelpers.h"
 #include "core/MixedText.h"
 #include "core/WideText.h"
 
@@ -65,6 +66,7 @@ const TextCache::FontFacts& TextCache::FactsOf(CDC* pDC, CFont* pFont)
     if (found != m_fonts.end()) {
         return found->second;
     }
+    const SelectGdi selectFont(pDC, pFont);
     const HDC hDC = pDC->GetSafeHdc();
     TEXTMETRICW metrics = {};
     ::GetTextMetricsW(hDC, &metrics);
@@ -113,6 +115,7 @@ const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const std::u16
     if (found != m_lines.end()) {
         return found->second;
     }
+    const SelectGdi selectFont(pDC, pFont);
     Line line = MakeLine(pDC, FactsOf(pDC, pFont), text, room);
     const size_t bytes = kBytesOfLine + text.size() * sizeof(char16_t) + line.text.size() * sizeof(wchar_t);
     if (m_bytes + bytes > kMaxBytes) {
@@ -123,9 +126,9 @@ const TextCache::Line& TextCache::LineFor(CDC* pDC, CFont* pFont, const std::u16
     return m_lines.emplace(key, std::move(line)).first->second;
 }
 
-int TextCache::WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text)
+int TextCache::WidthOf(CDC* pDC, CFont* pFont, const std::u16string& text)
 {
-    return LineFor(pDC, pSelectedFont, text, INT_MAX).width;
+    return LineFor(pDC, pFont, text, INT_MAX).width;
 }
 
 void TextCache::Draw(CDC* pDC, CFont* pSelectedFont, const std::u16string& text, const CRect& rect, UINT format)

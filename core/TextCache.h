@@ -20,11 +20,11 @@ public:
     // control characters are blanks.
     void Draw(CDC* pDC, CFont* pSelectedFont, const std::u16string& text, const CRect& rect, UINT format);
 
-    // The width of the whole text in the selected font, pixels.
-    int WidthOf(CDC* pDC, CFont* pSelectedFont, const std::u16string& text);
+    // The width of the whole text in the font, pixels.
+    int WidthOf(CDC* pDC, CFont* pFont, const std::u16string& text);
 
-    // Of a line in the selected font, pixels.
-    int HeightOf(CDC* pDC, CFont* pSelectedFont) { return FactsOf(pDC, pSelectedFont).height; }
+    // Of a line in the font, pixels.
+    int HeightOf(CDC* pDC, CFont* pFont) { return FactsOf(pDC, pFont).height; }
 
     // Call it when fonts are deleted: a new font may get the handle of an old one.
     void Clear();

@@ -10,6 +10,7 @@ namespace dayvane {
 namespace {
 
 constexpr int kSelectionWidth = 2;    // of the frame of the current bar, pixels
+constexpr int kLeastLined = 2;        // pixels of width and height
 constexpr COLORREF kArrow = 0x888888; // of a bar that goes on in another row
 
 // Of more-items marks that are drawn, not copied from a picture.
@@ -117,6 +118,23 @@ void BoxPainter::DrawWeekdays(const CRect& band, const MonthCellArray& headerCel
 void BoxPainter::DrawLines(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const
 {
     Fill(calendar, m_colors.content);
+    if (calendar.Width() < kLeastLined || calendar.Height() < kLeastLined) {
+        DrawLinesBySystem(calendar, lefts, tops);
+        return;
+    }
+    DrawOutline(calendar, m_colors.grid);
+    for (int x : lefts) {
+        Fill(CRect(x, calendar.top, x + 1, calendar.bottom), m_colors.grid);
+    }
+    for (int y : tops) {
+        Fill(CRect(calendar.left, y, calendar.right, y + 1), m_colors.grid);
+    }
+}
+
+// Of a calendar that is the wrong way round, too: in a window without room for it.
+void BoxPainter::DrawLinesBySystem(const CRect& calendar, const std::vector<int>& lefts,
+                                   const std::vector<int>& tops) const
+{
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, m_colors.grid));
     const SelectGdi selectBrush(&m_dc, ::GetStockObject(HOLLOW_BRUSH));
     m_dc.Rectangle(&calendar);
@@ -134,7 +152,7 @@ void BoxPainter::DrawBackground(const CRect& box, COLORREF color) const
 {
     const CRect inner(box.left + 1, box.top + 1, box.right, box.bottom);
     if (!inner.IsRectEmpty()) {
-        m_dc.FillSolidRect(&inner, color);
+        Fill(inner, color);
     }
 }
 
@@ -165,10 +183,7 @@ void BoxPainter::DrawDayFrame(const DayFrameParts& parts, const DayFrameColors& 
 
 TextWidth BoxPainter::WidthIn(CFont* pFont) const
 {
-    return [this, pFont](const std::u16string& text) {
-        const SelectGdi selectFont(&m_dc, pFont);
-        return m_parts.texts.WidthOf(&m_dc, pFont, text);
-    };
+    return [this, pFont](const std::u16string& text) { return m_parts.texts.WidthOf(&m_dc, pFont, text); };
 }
 
 StripTextPlaces BoxPainter::PlacesOf(const CRect& strip, const StripTexts& texts) const
@@ -184,22 +199,16 @@ DayTextPlaces BoxPainter::PlacesOf(const CRect& box, const DayLook& look) const
 
 void BoxPainter::DrawStripTexts(const CRect& strip, const StripTexts& texts) const
 {
-    TextCache& cache = m_parts.texts;
     const StripTextPlaces places = PlacesOf(strip, texts);
     m_dc.SetTextColor(texts.color);
-    {
-        CFont* font = m_parts.fonts.DayNumber();
-        const SelectGdi selectNumber(&m_dc, font);
-        cache.Draw(&m_dc, font, places.number, places.numberRect, DT_LEFT | DT_VCENTER);
-    }
+    DrawLineOfText(m_parts.fonts.DayNumber(), places.number, places.numberRect, DT_LEFT | DT_VCENTER);
     CFont* font = m_parts.fonts.Annotation();
-    const SelectGdi selectFont(&m_dc, font);
     if (!places.suffix.IsRectEmpty()) {
-        cache.Draw(&m_dc, font, texts.suffix, places.suffix, DT_LEFT | DT_VCENTER);
+        DrawLineOfText(font, texts.suffix, places.suffix, DT_LEFT | DT_VCENTER);
     }
     if (!places.annotation.IsRectEmpty()) {
         m_dc.SetTextColor(texts.annotationColor);
-        cache.Draw(&m_dc, font, texts.annotation, places.annotation, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
+        DrawLineOfText(font, texts.annotation, places.annotation, DT_RIGHT | DT_VCENTER | DT_END_ELLIPSIS);
     }
 }
 
@@ -213,19 +222,13 @@ bool BoxPainter::FitsStripTexts(const CRect& strip, const StripTexts& texts) con
 
 void BoxPainter::DrawDayTexts(const CRect& box, const DayLook& look) const
 {
-    TextCache& cache = m_parts.texts;
     const DayTextPlaces places = PlacesOf(box, look);
-    {
-        CFont* font = m_parts.fonts.DayNumber();
-        const SelectGdi selectNumber(&m_dc, font);
-        m_dc.SetTextColor(look.dayNumberColor);
-        cache.Draw(&m_dc, font, places.number, places.numberRect, DT_RIGHT | DT_TOP);
-    }
+    m_dc.SetTextColor(look.dayNumberColor);
+    DrawLineOfText(m_parts.fonts.DayNumber(), places.number, places.numberRect, DT_RIGHT | DT_TOP);
     if (!look.annotation.empty() && !places.annotation.IsRectEmpty()) {
-        CFont* font = m_parts.fonts.Annotation();
-        const SelectGdi selectFont(&m_dc, font);
         m_dc.SetTextColor(look.annotationColor);
-        cache.Draw(&m_dc, font, look.annotation, places.annotation, DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
+        DrawLineOfText(m_parts.fonts.Annotation(), look.annotation, places.annotation,
+                       DT_LEFT | DT_TOP | DT_END_ELLIPSIS);
     }
 }
 
@@ -259,11 +262,17 @@ void BoxPainter::DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) co
     }
 }
 
-void BoxPainter::DrawBarText(CFont* pSelectedFont, const std::u16string& text, const CRect& content,
-                             bool centered) const
+void BoxPainter::DrawBarText(CFont* pFont, const std::u16string& text, const CRect& content, bool centered) const
 {
-    m_parts.texts.Draw(&m_dc, pSelectedFont, text, content,
-                       (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);
+    DrawLineOfText(pFont, text, content, (centered ? DT_CENTER : DT_LEFT) | DT_VCENTER | DT_END_ELLIPSIS);
+}
+
+void BoxPainter::DrawLineOfText(CFont* pFont, const std::u16string& text, const CRect& rect, UINT format) const
+{
+    if (!text.empty() && !rect.IsRectEmpty()) {
+        m_parts.drawn.Draw(m_dc, *m_clip, {pFont, text, rect, format},
+                           [&] { m_parts.texts.Draw(&m_dc, pFont, text, rect, format); });
+    }
 }
 
 void BoxPainter::DrawBarSelection(const CRect& frame) const
@@ -293,12 +302,19 @@ void BoxPainter::DrawMoreMark(const CRect& mark) const
     }
 }
 
+void BoxPainter::DrawMoreIcon(HICON icon, const CRect& mark) const
+{
+    if (!m_parts.moreMark.Draw(*m_clip, icon, mark)) {
+        ::DrawIconEx(m_dc.GetSafeHdc(), mark.left, mark.top, icon, mark.Width(), mark.Height(), 0, nullptr, DI_NORMAL);
+    }
+}
+
 void BoxPainter::DrawOutline(const CRect& rect, COLORREF color) const
 {
     if (!rect.IsRectEmpty() && m_clip->Fill(CRect(rect.left, rect.top, rect.right, rect.top + 1), color)) {
-        Fill(CRect(rect.left, rect.bottom - 1, rect.right, rect.bottom), color);
-        Fill(CRect(rect.left, rect.top, rect.left + 1, rect.bottom), color);
-        Fill(CRect(rect.right - 1, rect.top, rect.right, rect.bottom), color);
+        m_clip->FillNext(CRect(rect.left, rect.bottom - 1, rect.right, rect.bottom), color);
+        m_clip->FillNext(CRect(rect.left, rect.top, rect.left + 1, rect.bottom), color);
+        m_clip->FillNext(CRect(rect.right - 1, rect.top, rect.right, rect.bottom), color);
         return;
     }
     const SelectGdi selectPen(&m_dc, m_parts.pens.Solid(1, color));

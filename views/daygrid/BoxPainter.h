@@ -71,15 +71,19 @@ public:
     bool FitsDayTexts(const CRect& box, const DayLook& look) const;
 
     void DrawBar(const tagCALENDAR_ITEM& item, const BarParts& parts) const;
-    // Centred, or from the left, in the font that is selected; cut with an ellipsis where it does not fit.
-    void DrawBarText(CFont* pSelectedFont, const std::u16string& text, const CRect& content, bool centered) const;
+    // Centred, or from the left; cut with an ellipsis where it does not fit.
+    void DrawBarText(CFont* pFont, const std::u16string& text, const CRect& content, bool centered) const;
     void DrawBarSelection(const CRect& frame) const; // along its edges, the right and bottom ones too
     void DrawMoreMark(const CRect& mark) const;
+    void DrawMoreIcon(HICON icon, const CRect& mark) const;
     // One pixel wide, along the inner edges of the rectangle.
     void DrawOutline(const CRect& rect, COLORREF color) const;
 
 private:
     void Fill(const CRect& rect, COLORREF color) const;
+    void DrawLinesBySystem(const CRect& calendar, const std::vector<int>& lefts, const std::vector<int>& tops) const;
+    // As TextCache::Draw, in that font.
+    void DrawLineOfText(CFont* pFont, const std::u16string& text, const CRect& rect, UINT format) const;
     void DrawArrow(int tip, int middle, int direction) const;
     TextWidth WidthIn(CFont* pFont) const;
     StripTextPlaces PlacesOf(const CRect& strip, const StripTexts& texts) const;

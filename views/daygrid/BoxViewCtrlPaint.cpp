@@ -10,7 +10,7 @@ using namespace dayvane;
 void CBoxViewCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
-    const PaintClip::Paint paint(m_parts->clip, *pDC);
+    const PaintClip::Paint paint(m_parts->clip, *pDC, UpdatesByParts() != FALSE);
     pDC->SetBkMode(TRANSPARENT);
     DrawCell(pDC, m_rcContent);
     DrawItem(pDC, m_rcContent, m_arScreenItem);

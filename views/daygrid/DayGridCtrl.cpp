@@ -396,11 +396,8 @@ void CDayGridCtrl::DrawThemedBar(CDC* pDC, const BoxPainter& painter, const tagC
 
     const BOOL fullday = dayvane::IsFulldayItem(item);
     pDC->SetTextColor(item.crColor5);
-    {
-        CFont* font = GetFont(item.nReserved);
-        const SelectGdi selectFont(pDC, font);
-        painter.DrawBarText(font, GetBarText(item, fullday), content, IsBarTextCentered(fullday) != FALSE);
-    }
+    painter.DrawBarText(GetFont(item.nReserved), GetBarText(item, fullday), content,
+                        IsBarTextCentered(fullday) != FALSE);
     if (isCurrent) {
         painter.DrawBarSelection(parts.bar);
     }
@@ -420,14 +417,15 @@ BOOL CDayGridCtrl::IsBarTextCut(const tagCALENDAR_ITEM& item, const std::u16stri
 
 void CDayGridCtrl::DrawMoreMark(CDC* pDC, const CRect& box)
 {
+    const BoxPainter painter = PainterOn(pDC);
     const CRect mark = MoreMarkOf(box);
-    if (!pDC->RectVisible(&mark)) {
+    if (!painter.IsVisible(mark)) {
         return;
     }
     if (DrawsOwnMark()) {
-        PainterOn(pDC).DrawMoreMark(mark);
+        painter.DrawMoreMark(mark);
     } else if (m_hMoreMark) {
-        ::DrawIconEx(pDC->GetSafeHdc(), box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, m_hMoreMark,
-                     kMoreMarkWidth, kMoreMarkHeight, 0, nullptr, DI_NORMAL);
+        painter.DrawMoreIcon(m_hMoreMark,
+                             CRect(box.right - kMoreMarkWidth, box.bottom - kMoreMarkHeight, box.right, box.bottom));
     }
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "../../core/ClipArea.h"
+#include "../../core/DrawnTexts.h"
 #include "../../core/GdiPens.h"
+#include "../../core/IconPixels.h"
 #include "../../core/TextCache.h"
 #include "BarBoard.h"
 #include "BoxFonts.h"
@@ -17,6 +19,8 @@ struct DayGridParts
     PenSet pens;
     BoxFonts fonts;
     TextCache texts; // in these fonts and in those of the items
+    DrawnTexts drawn;
+    IconPixels moreMark;
     BoxLines lines;
 
     // What was last made of the store, so that after a change of few items only their rows are laid out again.
@@ -30,6 +34,8 @@ struct DayGridParts
         pens.Clear();
         fonts.Clear();
         texts.Clear();
+        drawn.Clear();
+        moreMark = IconPixels(); // another icon may get its handle
     }
 };
 

@@ -16,7 +16,7 @@ constexpr CaptionLook kCaption = {{0x7BDBFF, 0x1096FF, 0x216DEF}, 32, DT_BOTTOM}
 void CMonthViewCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
-    const PaintClip::Paint paint(m_parts->clip, *pDC);
+    const PaintClip::Paint paint(m_parts->clip, *pDC, UpdatesByParts() != FALSE);
     pDC->SetBkMode(TRANSPARENT);
     DrawCalendar(pDC, m_rcContent);
     DrawCaption(pDC, m_rcCaption);
@@ -56,7 +56,9 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
             continue;
         }
         const DayLook look = CalcDayLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
-        painter.DrawBackground(cell, look.background);
+        if (look.background != m_colors.content) { // which is there
+            painter.DrawBackground(cell, look.background);
+        }
         if (look.today) {
             DrawTodayRect(pDC, cell);
         }

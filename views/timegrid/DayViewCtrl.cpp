@@ -130,7 +130,7 @@ void CDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
     for (INT_PTR i = 0; i < screenItems.GetSize(); ++i) {
         const tagCALENDAR_ITEM& item = screenItems[i];
         if (painter.ShowsTimedItem(item, GetMarksHeight(item))) {
-            DrawTimedItem(pDC, item, item.rcItem.right);
+            DrawTimedItem(pDC, painter.State(), item, item.rcItem.right);
         }
     }
 }

@@ -166,6 +166,7 @@ protected:
     BOOL IsSelectionDrawn() const { return IsSelectionShown() || IsDragging(); }
     void DrawRows(CDC* pDC, int nColumn);
     void DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight); // left of that edge
+    void DrawTimedItem(CDC* pDC, const dayvane::TimeGridState& state, const tagCALENDAR_ITEM& item, int nColumnRight);
 
     CRect m_rcFulldayContent = CRect(0, 0, 0, 0); // the band right of the ruler
     CRect m_rcFulldayRuler = CRect(0, 0, 0, 0);   // the band over the ruler

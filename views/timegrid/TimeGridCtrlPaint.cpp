@@ -54,7 +54,7 @@ DayTone CTimeGridCtrl::ToneOfColumn(int nColumn)
 void CTimeGridCtrl::DrawCtrl(CDC* pDC)
 {
     const SaveDcScope saved(pDC);
-    const PaintClip::Paint paint(m_pParts->tools.clip, *pDC);
+    const PaintClip::Paint paint(m_pParts->tools.clip, *pDC, UpdatesByParts() != FALSE);
     pDC->SetBkMode(TRANSPARENT);
     CPen gridPen(PS_SOLID, 1, m_colors.grid);
     const SelectGdi selectPen(pDC, &gridPen);
@@ -153,9 +153,14 @@ void CTimeGridCtrl::DrawInTheme(const tagCALENDAR_ITEM& item, Draw draw)
 
 void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const tagCALENDAR_ITEM& item, int nColumnRight)
 {
+    DrawTimedItem(pDC, State(), item, nColumnRight);
+}
+
+void CTimeGridCtrl::DrawTimedItem(CDC* pDC, const TimeGridState& state, const tagCALENDAR_ITEM& item, int nColumnRight)
+{
     CRect area = m_rcContent;
     area.right = nColumnRight;
-    DrawItemBox(*pDC, {item, PaintedTimedBox(State(), item, nColumnRight).box, area, false, item.nSource == m_nCurSel});
+    DrawItemBox(*pDC, {item, PaintedTimedBox(state, item, nColumnRight).box, area, false, item.nSource == m_nCurSel});
 }
 
 // Whether anything but its ground and its edges shows in the box of an item in the rows.
@@ -184,7 +189,7 @@ void CTimeGridCtrl::DrawItemBox(CDC& dc, const ItemBox& box)
 void CTimeGridCtrl::DrawTimedBox(CDC* pDC, const TimeGridPainter& painter, const tagCALENDAR_ITEM& item,
                                  const ItemBox& box)
 {
-    const TimeGridState state = State();
+    const TimeGridState& state = painter.State();
     PaintedBox painted = PaintedTimedBox(state, item, static_cast<int>(box.area.right));
     painter.DrawTimedBox(item, painted, box.isCurrent);
     if (HasMarks(FALSE, painted.content.Width())) {

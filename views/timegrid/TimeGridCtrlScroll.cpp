@@ -109,9 +109,10 @@ void CTimeGridCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     const int oldOffset = m_nVertScroll;
     m_nVertScroll = scroll.offset;
     RepaintScrolled(oldOffset);
-    // Of several steps that wait, only the last needs a picture.
+    // Of several steps that wait, only the last needs a picture. Looking for them takes longer than asking for any.
     MSG next;
-    if (!::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE)) {
+    if (!(HIWORD(::GetQueueStatus(QS_POSTMESSAGE)) & QS_POSTMESSAGE) ||
+        !::PeekMessage(&next, m_hWnd, WM_VSCROLL, WM_VSCROLL, PM_NOREMOVE | PM_QS_POSTMESSAGE)) {
         UpdateWindow();
     }
     if (!alive) {

@@ -55,8 +55,28 @@ void TimeGridPainter::Fill(CRect rect, COLORREF color) const
 {
     rect.NormalizeRect();
     if (!m_clip->Fill(rect, color)) {
-        m_tools.pens.Fill(&m_dc, rect, color);
+        FillBySystem(rect, color);
     }
+}
+
+void TimeGridPainter::FillNext(CRect rect, COLORREF color) const
+{
+    rect.NormalizeRect();
+    if (!m_clip->FillNext(rect, color)) {
+        FillBySystem(rect, color);
+    }
+}
+
+void TimeGridPainter::FillBySystem(const CRect& rect, COLORREF color) const
+{
+    m_tools.pens.Fill(&m_dc, rect, color);
+    ::GdiFlush(); // what is filled next may not wait for it
+}
+
+void TimeGridPainter::DrawLineOfText(CFont* font, const std::u16string& text, const CRect& rect, UINT format) const
+{
+    m_tools.drawn.Draw(m_dc, *m_clip, {font, text, rect, format, true},
+                       [&] { DrawWideText(m_dc, text, rect, format); });
 }
 
 void TimeGridPainter::HorizontalLine(int left, int right, int y, COLORREF color) const
@@ -100,12 +120,8 @@ void TimeGridPainter::DrawRuler(const CRect& ruler, CFont* hours, CFont* zeros, 
             break; // the grid's end: a line without a number
         }
         const COleDateTime time(kRulerYear, 1, 1, hour, 0, 0);
-        {
-            const SelectGdi selectFont(&m_dc, hours);
-            DrawWideText(m_dc, texts.Date(&CalendarTexts::hour, time), place.number, format);
-        }
-        const SelectGdi selectFont(&m_dc, zeros);
-        DrawWideText(m_dc, texts.Date(&CalendarTexts::hourRest, time), place.rest, format);
+        DrawLineOfText(hours, texts.Date(&CalendarTexts::hour, time), place.number, format);
+        DrawLineOfText(zeros, texts.Date(&CalendarTexts::hourRest, time), place.rest, format);
     }
 }
 
@@ -180,6 +196,13 @@ void TimeGridPainter::DrawGridBackground(const CRect& grid) const
     if (!IsVisible(grid)) {
         return;
     }
+    CRect inner = grid;
+    inner.DeflateRect(1, 1);
+    if (!inner.IsRectEmpty() && m_clip->Fill(inner, m_colors.content)) {
+        const SelectGdi selectBrush(&m_dc, ::GetStockObject(HOLLOW_BRUSH));
+        m_dc.Rectangle(&grid);
+        return;
+    }
     CBrush brush(m_colors.content);
     const SelectGdi selectBrush(&m_dc, &brush);
     m_dc.Rectangle(&grid);
@@ -208,12 +231,15 @@ void TimeGridPainter::DrawRows(const CRect& column, const RowRange& rows, const 
         if (isLast || looks[row + 1 - rows.first].fill != looks[row - rows.first].fill) {
             const int from = m_state.TopOfRow(filled);
             const int to = m_state.TopOfRow(row + 1);
-            Fill(CRect(column.left, from, column.right, to), looks[row - rows.first].fill);
+            const CRect box(column.left, from, column.right, to);
+            filled == rows.first ? Fill(box, looks[row - rows.first].fill)
+                                 : FillNext(box, looks[row - rows.first].fill);
             filled = row + 1;
         }
     }
     for (int row = rows.first; row < rows.end; ++row) {
-        HorizontalLine(column.left, column.right, m_state.TopOfRow(row), looks[row - rows.first].line);
+        const int y = m_state.TopOfRow(row);
+        FillNext(CRect(column.left, y, column.right, y + 1), looks[row - rows.first].line);
     }
 }
 
@@ -241,13 +267,13 @@ void TimeGridPainter::DrawBoxEdges(const CRect& box, COLORREF color, int thickne
 {
     const int out = thickness / 2;
     const CRect outer(box.left - out, box.top - out, box.right - 1 - out + thickness, box.bottom - 1 - out + thickness);
-    Fill(CRect(outer.left, outer.top, outer.right, outer.top + thickness), color);
-    Fill(CRect(outer.left, outer.bottom - thickness, outer.right, outer.bottom), color);
+    FillNext(CRect(outer.left, outer.top, outer.right, outer.top + thickness), color);
+    FillNext(CRect(outer.left, outer.bottom - thickness, outer.right, outer.bottom), color);
     if (left) {
-        Fill(CRect(outer.left, outer.top, outer.left + thickness, outer.bottom), color);
+        FillNext(CRect(outer.left, outer.top, outer.left + thickness, outer.bottom), color);
     }
     if (right) {
-        Fill(CRect(outer.right - thickness, outer.top, outer.right, outer.bottom), color);
+        FillNext(CRect(outer.right - thickness, outer.top, outer.right, outer.bottom), color);
     }
 }
 
@@ -255,7 +281,7 @@ void TimeGridPainter::DrawStripe(const CRect& box, COLORREF color) const
 {
     if (box.Width() >= Px(kPaint.stripedWidth) && box.Height() > 2 * OUTLINE) {
         const int left = box.left + OUTLINE;
-        Fill(CRect(left, box.top + OUTLINE, left + Px(kPaint.stripeWidth), box.bottom - OUTLINE), color);
+        FillNext(CRect(left, box.top + OUTLINE, left + Px(kPaint.stripeWidth), box.bottom - OUTLINE), color);
     }
 }
 
@@ -279,7 +305,7 @@ void TimeGridPainter::DrawFilledBox(const tagCALENDAR_ITEM& item, const PaintedB
     const bool isNested = !isCurrent && inner.Width() >= 0 && inner.Height() >= 0;
     if (isNested) { // one fill in the other costs half of what four lines do
         Fill(box, item.crColor4);
-        Fill(inner, item.crColor2);
+        FillNext(inner, item.crColor2);
     } else {
         Fill(box, item.crColor2);
     }
@@ -309,7 +335,6 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, c
     if (!HasRoomForText(content)) {
         return;
     }
-    const SelectGdi selectFont(&m_dc, font);
     m_dc.SetTextColor(item.crColor5);
     std::u16string text = TimedItemText(item, texts);
     if (timesWhereTheyFit && (content.Width() < Px(kPaint.timesWidth) ||
@@ -320,7 +345,7 @@ void TimeGridPainter::DrawTimedText(const tagCALENDAR_ITEM& item, CFont* font, c
     // In one line of many days the text ends in an ellipsis rather than with its last whole word.
     const bool isOneLine = timesWhereTheyFit && content.Height() < Px(kPaint.twoLinesHeight);
     const UINT lines = isOneLine ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK | DT_EDITCONTROL;
-    m_tools.blocks.Draw(m_dc, font, text, content, DT_NOPREFIX | lines, m_tools.texts);
+    DrawBlockOfText(font, text, content, DT_NOPREFIX | lines);
 }
 
 void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, const std::u16string& text,
@@ -329,12 +354,16 @@ void TimeGridPainter::DrawBandText(const tagCALENDAR_ITEM& item, CFont* font, co
     if (!HasRoomForText(content)) {
         return;
     }
-    const SelectGdi selectFont(&m_dc, font);
     m_dc.SetTextColor(item.crColor5);
     const UINT side = item.nPiece == PIECE_MIDDLE ? DT_CENTER : item.nPiece == PIECE_TAIL ? DT_RIGHT : DT_LEFT;
-    m_tools.blocks.Draw(m_dc, font, text, content,
-                        side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS,
-                        m_tools.texts);
+    DrawBlockOfText(font, text, content,
+                    side | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+void TimeGridPainter::DrawBlockOfText(CFont* font, const std::u16string& text, const CRect& rect, UINT format) const
+{
+    m_tools.drawn.Draw(m_dc, *m_clip, {font, text, rect, format, true},
+                       [&] { m_tools.blocks.Draw(m_dc, font, text, rect, format, m_tools.texts); });
 }
 
 void TimeGridPainter::DrawMoreMark(const CRect& box, const std::u16string& text, CFont* font) const

@@ -4,6 +4,7 @@
 
 #include "../../core/CalendarColors.h"
 #include "../../core/ClipArea.h"
+#include "../../core/DrawnTexts.h"
 #include "../../core/GdiPens.h"
 #include "../../core/TextBlocks.h"
 #include "../../core/TextCache.h"
@@ -82,12 +83,14 @@ struct TimeGridTools
     PenSet pens;
     TextCache texts; // in the fonts of the grid and in those of the items
     TextBlocks blocks;
+    DrawnTexts drawn;
 
     void Clear()
     {
         pens.Clear();
         texts.Clear();
         blocks.Clear();
+        drawn.Clear();
     }
 };
 
@@ -98,6 +101,7 @@ public:
     TimeGridPainter(CDC& dc, TimeGridTools& tools, const TimeGridState& state, const CalendarColors& colors,
                     const CalendarTheme& theme = kClassicTheme);
 
+    const TimeGridState& State() const { return m_state; }
     bool IsVisible(const CRect& rect) const;
     // Some of the item, or of its marks and icon, which reach so far down, is to be painted.
     bool ShowsTimedItem(const tagCALENDAR_ITEM& item, int marksHeight) const;
@@ -158,7 +162,13 @@ private:
     void DrawCaptionPart(const CRect& place, const std::u16string& text, COLORREF color, COLORREF shadow = CLR_NONE,
                          UINT cut = DT_END_ELLIPSIS) const;
 
-    void Fill(CRect rect, COLORREF color) const; // also of a rectangle the wrong way round
+    void Fill(CRect rect, COLORREF color) const;     // also of a rectangle the wrong way round
+    void FillNext(CRect rect, COLORREF color) const; // right after another one
+    void FillBySystem(const CRect& rect, COLORREF color) const;
+    // As DrawWideText, in that font; clipped.
+    void DrawLineOfText(CFont* font, const std::u16string& text, const CRect& rect, UINT format) const;
+    // As TextBlocks::Draw.
+    void DrawBlockOfText(CFont* font, const std::u16string& text, const CRect& rect, UINT format) const;
 
     CDC& m_dc;
     TimeGridTools& m_tools;

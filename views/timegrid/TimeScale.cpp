@@ -11,6 +11,9 @@ namespace dayvane {
 TimeGridMetrics TimeGridMetrics::For(const ViewScale& scale)
 {
     TimeGridMetrics metrics;
+    if (scale == ViewScale()) {
+        return metrics;
+    }
     metrics.scale = scale;
     for (int* length : {&metrics.captionHeight, &metrics.rulerRight, &metrics.bandPadding, &metrics.laneInset,
                         &metrics.boxInset, &metrics.textInset, &metrics.textLeft, &metrics.tidyWidth,

@@ -137,7 +137,7 @@ void CWeekDayViewCtrl::DrawItem(CDC* pDC, CRect rcGrid, CItemArray& screenItems)
         const tagCALENDAR_ITEM& item = screenItems[i];
         const int column = painter.ShowsTimedItem(item, GetMarksHeight(item)) ? range.ColumnOf(item.dtStart) : -1;
         if (column != -1 && item.rcItem.left < m_pParts->frame.columns[column].right) {
-            DrawTimedItem(pDC, item, m_pParts->frame.columns[column].right);
+            DrawTimedItem(pDC, painter.State(), item, m_pParts->frame.columns[column].right);
         }
     }
 }
