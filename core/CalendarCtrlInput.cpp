@@ -25,22 +25,16 @@ void CCalendarCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         NotifyItemByKey(m_nCurSel == -1 ? CCN_ITEMCLICK : CCN_ITEMDBLCLICK, m_nCurSel, nFlags);
         break;
     case VK_PRIOR:
-        PostMessage(WM_VSCROLL, SB_PAGEUP);
-        break;
     case VK_NEXT:
-        PostMessage(WM_VSCROLL, SB_PAGEDOWN);
+        PostMessage(WM_VSCROLL, nChar == VK_PRIOR ? SB_PAGEUP : SB_PAGEDOWN);
         break;
     case VK_LEFT:
-        ArrowKey(&CCalendarCtrl::MoveLeftward);
-        break;
     case VK_RIGHT:
-        ArrowKey(&CCalendarCtrl::MoveRightward);
+        ArrowKey(nChar == VK_LEFT ? &CCalendarCtrl::MoveLeftward : &CCalendarCtrl::MoveRightward);
         break;
     case VK_UP:
-        ArrowKey(&CCalendarCtrl::MoveForward);
-        break;
     case VK_DOWN:
-        ArrowKey(&CCalendarCtrl::MoveBackward);
+        ArrowKey(nChar == VK_UP ? &CCalendarCtrl::MoveForward : &CCalendarCtrl::MoveBackward);
         break;
     }
     if (alive) {

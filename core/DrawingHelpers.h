@@ -57,9 +57,8 @@ class SelectGdi
 {
 public:
     SelectGdi(CDC* pDC, CGdiObject* pObject) : SelectGdi(pDC, pObject ? pObject->GetSafeHandle() : nullptr) {}
-    SelectGdi(CDC* pDC, HGDIOBJ hObject) : m_hDC(pDC->m_hDC), m_hOld(hObject ? ::SelectObject(m_hDC, hObject) : nullptr)
-    {
-    }
+    SelectGdi(CDC* pDC, HGDIOBJ hObject) : SelectGdi(pDC->m_hDC, hObject) {}
+    SelectGdi(HDC hDC, HGDIOBJ hObject) : m_hDC(hDC), m_hOld(hObject ? ::SelectObject(hDC, hObject) : nullptr) {}
     ~SelectGdi()
     {
         if (m_hOld) {

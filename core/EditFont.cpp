@@ -1,5 +1,6 @@
 #include "core/EditFont.h"
 
+#include "core/DrawingHelpers.h"
 #include "core/MixedText.h"
 #include "core/WindowHelpers.h"
 
@@ -10,12 +11,9 @@ namespace {
 
 HFONT NewFontFor(HWND hBox, HFONT hOwn)
 {
-    const HDC hDC = ::GetDC(hBox);
-    const HGDIOBJ before = ::SelectObject(hDC, hOwn);
-    const HFONT font = NewFontForText(hDC, TextOfWindow(hBox));
-    ::SelectObject(hDC, before);
-    ::ReleaseDC(hBox, hDC);
-    return font;
+    CClientDC dc(CWnd::FromHandle(hBox));
+    const SelectGdi selectFont(&dc, hOwn);
+    return NewFontForText(dc.m_hDC, TextOfWindow(hBox));
 }
 
 bool LookTheSame(HFONT hFont, HFONT hOther)

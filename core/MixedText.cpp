@@ -1,6 +1,7 @@
 #include "core/MixedText.h"
 
 #include "core/CharacterMap.h"
+#include "core/DrawingHelpers.h"
 #include "core/WideText.h"
 
 #include <usp10.h>
@@ -267,12 +268,8 @@ bool IsMixedText(HDC hDC, const std::u16string& text)
     if (std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit <= kLastAscii; })) {
         return false;
     }
-    for (const TextRun& run : SplitRuns(text, [hDC](char32_t character) { return FallbackFace(hDC, character); })) {
-        if (run.face != 0) {
-            return true;
-        }
-    }
-    return false;
+    const auto runs = SplitRuns(text, [hDC](char32_t character) { return FallbackFace(hDC, character); });
+    return std::any_of(runs.begin(), runs.end(), [](const TextRun& run) { return run.face != 0; });
 }
 
 MixedText::MixedText(HDC hDC, const std::u16string& text) : m_hDC(hDC), m_text(text), m_ends(text.size())
@@ -285,15 +282,12 @@ MixedText::MixedText(HDC hDC, const std::u16string& text) : m_hDC(hDC), m_text(t
     int width = 0;
     for (const TextRun& run : m_runs) {
         m_fonts.push_back(NewFontOf(hDC, run.face));
-        const HGDIOBJ old = m_fonts.back() ? ::SelectObject(hDC, m_fonts.back()) : nullptr;
+        const SelectGdi selectFont(hDC, m_fonts.back());
         Measure(run);
         for (size_t i = run.from; i < run.to; ++i) {
             m_ends[i] += width;
         }
         width = m_ends[run.to - 1];
-        if (old) {
-            ::SelectObject(hDC, old);
-        }
     }
 }
 
@@ -328,11 +322,8 @@ void MixedText::Draw(int x, int y, const CRect& clip, std::size_t from, std::siz
         if (first >= end) {
             continue;
         }
-        const HGDIOBJ old = m_fonts[i] ? ::SelectObject(m_hDC, m_fonts[i]) : nullptr;
+        const SelectGdi selectFont(m_hDC, m_fonts[i]);
         DrawRun(x + (first > 0 ? m_ends[first - 1] : 0) - start, y, clip, first, end);
-        if (old) {
-            ::SelectObject(m_hDC, old);
-        }
     }
     ::SetTextAlign(m_hDC, align);
 }

@@ -1,7 +1,6 @@
 #include "core/PartTip.h"
 
 #include "core/SystemTheme.h"
-#include "core/TextCodec.h"
 #include "core/ThemeColors.h"
 #include "core/WideText.h"
 
@@ -59,11 +58,6 @@ void PartTip::ShowColors() const
     ShowWindowInTheme(m_hTip, m_theme);
     ::SendMessageW(m_hTip, TTM_SETTIPBKCOLOR, ThemeOr(m_theme.page, ::GetSysColor(COLOR_INFOBK)), 0);
     ::SendMessageW(m_hTip, TTM_SETTIPTEXTCOLOR, ThemeOr(m_theme.pageText, ::GetSysColor(COLOR_INFOTEXT)), 0);
-}
-
-void PartTip::SetPart(CWnd& owner, const CRect& part, const std::string& utf8)
-{
-    SetPart(owner, part, DecodeText(utf8, kUtf8CodePage));
 }
 
 void PartTip::SetPart(CWnd& owner, const CRect& part, const std::u16string& text)

@@ -17,10 +17,8 @@ public:
     PartTip(const PartTip&) = delete;
     PartTip& operator=(const PartTip&) = delete;
 
-    // The text (or in UTF-8) that appears once the pointer rests in the part (client pixels of the owner). Empty: no
-    // tip.
+    // The text that appears once the pointer rests in the part (client pixels of the owner). Empty: no tip.
     void SetPart(CWnd& owner, const CRect& part, const std::u16string& text);
-    void SetPart(CWnd& owner, const CRect& part, const std::string& utf8);
     // Each mouse message of the owner, from which the tip knows where the pointer rests.
     void Relay(CWnd& owner, UINT message, WPARAM wParam, LPARAM lParam);
     // The colours of the tip; those of the system where the theme leaves them open.

@@ -30,16 +30,11 @@ bool IsHighContrast()
 
 bool WantsDarkPrograms()
 {
-    HKEY key = nullptr;
-    if (::RegOpenKeyExA(HKEY_CURRENT_USER, kThemeKey, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
-        return false;
-    }
     DWORD light = 1;
     DWORD size = sizeof(light);
-    DWORD type = 0;
-    const LONG result = ::RegQueryValueExA(key, kLightValue, nullptr, &type, reinterpret_cast<BYTE*>(&light), &size);
-    ::RegCloseKey(key);
-    return result == ERROR_SUCCESS && type == REG_DWORD && light == 0;
+    return ::RegGetValueA(HKEY_CURRENT_USER, kThemeKey, kLightValue, RRF_RT_REG_DWORD, nullptr, &light, &size) ==
+               ERROR_SUCCESS &&
+           light == 0;
 }
 
 SystemTheme AskSystem()

@@ -41,7 +41,7 @@ void CPeriodGridCtrl::ShowTip(const GridHit& hit)
         const DayProvider* days = GetDayProvider();
         text = NamesText((days ? days : &StandardDayProvider())->InfoOf(CivilDateOf(DateOfHit(m_state->layout, hit))));
     }
-    m_tip.SetPart(*this, RectOfPart(m_state->layout, hit), text);
+    m_tip.SetPart(*this, RectOfPart(m_state->layout, hit), DecodeText(text, kUtf8CodePage));
 }
 
 void CPeriodGridCtrl::OnMouseMove(UINT nFlags, CPoint point)

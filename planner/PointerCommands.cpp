@@ -3,6 +3,7 @@
 #include "planner/PlannerFrame.h"
 
 #include "core/DateMath.h"
+#include "core/TextCodec.h"
 #include "planner/AgendaView.h"
 #include "planner/ItemBridge.h"
 #include "planner/WideText.h"
@@ -45,7 +46,7 @@ void CPlannerFrame::FollowPointer(const MSG& message)
         if (text != m_tipText || part != m_tipPart) {
             m_tipText = text;
             m_tipPart = part;
-            m_tip.SetPart(*ctrl, part, text);
+            m_tip.SetPart(*ctrl, part, dayvane::DecodeText(text, dayvane::kUtf8CodePage));
         }
     }
     m_tip.Relay(*ctrl, message.message, message.wParam, message.lParam);
