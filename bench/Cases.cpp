@@ -150,6 +150,17 @@ public:
         });
     }
 
+    // With nothing kept of an earlier picture: another font, though it looks the same, ends that.
+    double FirstPaint()
+    {
+        LOGFONT font = {};
+        Ctrl().GetFont(0)->GetLogFont(&font);
+        return CpuOf([&] {
+            Ctrl().SetTextFont(font);
+            Ctrl().UpdateWindow();
+        });
+    }
+
     double WholeLayout()
     {
         m_view->ByParts(false);
@@ -306,7 +317,7 @@ std::vector<CaseResult> PrintCases()
     Stage stage("month", kScreen);
     stage.AddInView(1000);
     const double printed = CpuOf([&] { Print(stage.Ctrl()); });
-    return {{"month, 1,000 items: all pages into a metafile", printed, stage.WholePaint(), 10}};
+    return {{"month, 1,000 items: all pages into a metafile", printed, stage.FirstPaint(), 10}};
 }
 
 // The same picture with everything twice as large: four times the pixels.

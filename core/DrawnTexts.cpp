@@ -6,7 +6,7 @@
 namespace dayvane {
 namespace {
 
-constexpr std::size_t kMaxBytes = 4 << 20;     // the texts of a few large screens
+constexpr std::size_t kMaxBytes = 16 << 20;    // the texts of a large screen at 200 %
 constexpr std::size_t kBytesOfPicture = 128;   // besides its pixels and its text
 constexpr std::size_t kMostPixels = 64 * 1024; // of one text
 constexpr int kReach = 3;                      // pixels that letters may go over the edges of their rectangle
