@@ -2,6 +2,9 @@
 
 #include "core/TextCodec.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace dayvane {
 namespace {
 
@@ -13,12 +16,8 @@ AccessTexts MakeEnglish()
     const char* const months[] = {"January", "February", "March",     "April",   "May",      "June",
                                   "July",    "August",   "September", "October", "November", "December"};
     const char* const weekdays[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
-    for (int i = 0; i < 12; ++i) {
-        t.months[i] = months[i];
-    }
-    for (int i = 0; i < 7; ++i) {
-        t.weekdays[i] = weekdays[i];
-    }
+    std::copy(std::begin(months), std::end(months), std::begin(t.months));
+    std::copy(std::begin(weekdays), std::end(weekdays), std::begin(t.weekdays));
     t.date = "{1} {2} {3} {4}";
     t.dayAndMonth = "{1} {2} {3}";
     t.month = "{1} {2}";
@@ -76,9 +75,7 @@ AccessTexts MakeJapanese()
     for (int i = 0; i < 12; ++i) {
         t.months[i] = std::to_string(i + 1) + u8"月";
     }
-    for (int i = 0; i < 7; ++i) {
-        t.weekdays[i] = weekdays[i];
-    }
+    std::copy(std::begin(weekdays), std::end(weekdays), std::begin(t.weekdays));
     t.date = u8"{4}年{3}{2}日 {1}";
     t.dayAndMonth = u8"{3}{2}日 {1}";
     t.month = u8"{2}年{1}";

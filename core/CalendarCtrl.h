@@ -570,6 +570,7 @@ private:
     void AddPaintedBox(const tagCALENDAR_ITEM& screenItem);
     void InvalidateParts(const std::vector<CRect>& changed);
     void TakeFedItems();
+    void ForgetItems(); // all of the store
     CRect LoadingBox() const;
     void DrawLoading(CDC* pDC) const;
 

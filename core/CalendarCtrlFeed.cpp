@@ -11,10 +11,8 @@ using namespace dayvane;
 
 namespace {
 // The placeholder: a box with three dots, pixels.
-CSize LoadingSize()
-{
-    return CSize(64, 24);
-}
+constexpr int kLoadingWidth = 64;
+constexpr int kLoadingHeight = 24;
 constexpr int kDots = 3;
 constexpr int kDotSize = 4;
 constexpr int kDotStep = 12;
@@ -100,10 +98,7 @@ void CCalendarCtrl::TakeFedItems()
     }
     const bool hasCurrent = m_nCurSel >= 0 && m_nCurSel < GetItemCount();
     const LPARAM current = hasCurrent ? m_arItem[m_nCurSel].lParam : 0;
-    m_arItem.RemoveAll();
-    m_pIndex->Clear();
-    m_bManyChanged = TRUE;
-    ++m_nItemVersion;
+    ForgetItems();
     StoreReserve(m_arItem, static_cast<int>(items.size()));
     m_nCurSel = m_nSelScreenItem = -1;
     for (const tagCC_ITEM& item : items) {
@@ -117,9 +112,8 @@ void CCalendarCtrl::TakeFedItems()
 
 CRect CCalendarCtrl::LoadingBox() const
 {
-    const CSize size = LoadingSize();
-    const CPoint middle = m_rcContent.CenterPoint();
-    return CRect(CPoint(middle.x - size.cx / 2, middle.y - size.cy / 2), size);
+    const CPoint corner = m_rcContent.CenterPoint() - CSize(kLoadingWidth / 2, kLoadingHeight / 2);
+    return CRect(corner, CSize(kLoadingWidth, kLoadingHeight));
 }
 
 void CCalendarCtrl::DrawLoading(CDC* pDC) const

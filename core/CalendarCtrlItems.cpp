@@ -158,13 +158,18 @@ void CCalendarCtrl::InvalidateClient()
     }
 }
 
-void CCalendarCtrl::DeleteAllItems()
+void CCalendarCtrl::ForgetItems()
 {
     m_arItem.RemoveAll();
-    m_arScreenItem.RemoveAll();
     m_pIndex->Clear();
     m_bManyChanged = TRUE;
     ++m_nItemVersion;
+}
+
+void CCalendarCtrl::DeleteAllItems()
+{
+    ForgetItems();
+    m_arScreenItem.RemoveAll();
     ClearDayProperty();
     InvalidateClient();
 }

@@ -497,20 +497,15 @@ void CCalendarCtrl::OnCancelMode()
 
 void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
 {
+    if (nIDEvent == kCarryTimer) {
+        KillTimer(kCarryTimer);
+        return DropCarriedItem();
+    }
+    if (nIDEvent == kBufferTimer && !m_interaction->buffer.FreeUnused()) {
+        KillTimer(kBufferTimer);
+    }
     if (nIDEvent != kScrollTimer) {
-        if (nIDEvent == kCarryTimer) {
-            KillTimer(kCarryTimer);
-            DropCarriedItem();
-            return;
-        }
-        if (nIDEvent == kBufferTimer) {
-            if (!m_interaction->buffer.FreeUnused()) {
-                KillTimer(kBufferTimer);
-            }
-            return;
-        }
-        CWnd::OnTimer(nIDEvent);
-        return;
+        return CWnd::OnTimer(nIDEvent);
     }
     CPoint point;
     ::GetCursorPos(&point);

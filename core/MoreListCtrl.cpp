@@ -128,10 +128,9 @@ void CMoreListCtrl::DragListedItem(int nItem, unsigned nItemVersion, const COleD
     const WindowAlive alive(this, m_life);
     const unsigned cancelsBefore = m_nCancelCount;
     Notify(CCN_ITEMCLICK, nItem, MK_LBUTTON, screen, hit.time, hit.nHitCode);
-    if (!alive || nItemVersion != m_nItemVersion || m_nCancelCount != cancelsBefore) {
-        return;
+    if (alive && nItemVersion == m_nItemVersion && m_nCancelCount == cancelsBefore) {
+        Press(hit, MK_LBUTTON);
     }
-    Press(hit, MK_LBUTTON);
 }
 
 void CMoreListCtrl::HitListedItem(const tagCALENDAR_ITEM& item, const COleDateTime& dtFirst, tagCCHITTESTINFO& hit)

@@ -4,6 +4,7 @@
 
 #include "calc/DayProvider.h"
 #include "core/CalendarClock.h"
+#include "core/TextCodec.h"
 #include "pickers/PeriodGridState.h"
 #include "pickers/PeriodRun.h"
 #include "pickers/PeriodSelCtrl.h"

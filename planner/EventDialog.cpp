@@ -185,7 +185,7 @@ void CEventDialog::Put()
     const bool isUntil = form.rule.end == RuleForm::End::Until;
     planner::SetItemUtf8(*this, IDC_RULE_LIMIT,
                          isUntil ? planner::DateText(form.rule.until) : std::to_string(form.rule.count));
-    for (int day = 0; day < 7; ++day) {
+    for (int day = 0; day < dayvane::kDaysPerWeek; ++day) {
         CheckDlgButton(IDC_WEEKDAY_FIRST + day, form.rule.weekdays[static_cast<std::size_t>(day)]);
     }
     PutReminders();
@@ -234,7 +234,7 @@ void CEventDialog::Take()
     } else if (form.rule.end == RuleForm::End::Until) {
         form.rule.until = planner::ParseTypedDate(limit, {start, start, 1}).value_or(0);
     }
-    for (int day = 0; day < 7; ++day) {
+    for (int day = 0; day < dayvane::kDaysPerWeek; ++day) {
         form.rule.weekdays[static_cast<std::size_t>(day)] = IsChecked(IDC_WEEKDAY_FIRST + day);
     }
     if (form.rule.kind != RuleForm::Kind::Weekly) { // to begin with, should it become weekly
@@ -284,7 +284,7 @@ void CEventDialog::UpdateRule(bool repeats)
     ::EnableWindow(::GetDlgItem(m_hWnd, IDC_RULE_LIMIT), repeats && m_form.rule.end != RuleForm::End::Never);
     std::vector<planner::FormProblem> none;
     const int weekday = planner::WeekdayOfDay(planner::DayOfTime(planner::TimesOf(m_form, none).start));
-    for (int day = 0; day < 7; ++day) { // the start's own weekday always belongs to them
+    for (int day = 0; day < dayvane::kDaysPerWeek; ++day) { // the start's own weekday always belongs to them
         const HWND box = ::GetDlgItem(m_hWnd, IDC_WEEKDAY_FIRST + day);
         ::EnableWindow(box, m_form.rule.kind == RuleForm::Kind::Weekly && day != weekday);
         ::SendMessage(box, BM_SETCHECK, m_form.rule.weekdays[static_cast<std::size_t>(day)], 0);
