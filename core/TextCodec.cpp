@@ -148,12 +148,6 @@ std::string EncodeBySystem(std::u16string_view text, unsigned, bool& isWhole)
 }
 #endif
 
-// The units of one character from `at`: a pair is one.
-std::size_t UnitsOfCharacter(std::u16string_view text, std::size_t at)
-{
-    return IsPairAt(text, at) ? 2 : 1;
-}
-
 // The bytes from the front that are read as one piece; at least one.
 std::size_t PieceLength(std::string_view bytes, unsigned codePage)
 {
@@ -237,8 +231,9 @@ bool HoldsText(std::u16string_view text, unsigned codePage)
         EncodeBySystem(text, codePage, isWhole);
         return isWhole;
     }
-    for (std::size_t i = 0; i < text.size(); i += UnitsOfCharacter(text, i)) {
-        if ((IsLead(text[i]) || IsTrail(text[i])) && UnitsOfCharacter(text, i) == 1) {
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = TakeCharacter(text, at);
+        if (IsLead(character) || IsTrail(character)) {
             return false;
         }
     }

@@ -64,6 +64,8 @@ TEST(PaintedState, WhatShowsIsRepaintedAndNothingElse)
     EXPECT_TRUE(RepaintedAfter([](PaintedState& state) { state.pieces[0].item.bMovable ^= 1; }).empty());
     EXPECT_EQ(RepaintedAfter([](PaintedState& state) { state.pieces.clear(); }), std::vector<CRect>{box});
     EXPECT_EQ(RepaintedAfter([](PaintedState& state) { state.marks[0].count++; }), (std::vector<CRect>{mark, mark}));
+    EXPECT_EQ(RepaintedAfter([](PaintedState& state) { state.marks.clear(); }), std::vector<CRect>{mark});
+    EXPECT_EQ(RepaintedAfter([&](PaintedState& state) { state.marks.push_back({box, 1}); }), std::vector<CRect>{box});
     PaintedState moved;
     moved.frame.push_back(box);
     std::vector<CRect> rects;

@@ -185,6 +185,14 @@ TEST_F(DocumentTest, CreatesCopiesAndDeletes)
     EXPECT_EQ(m_document.Save(), m_text);
 }
 
+TEST_F(DocumentTest, ACopyHasItsOwnStampAndBeginsItsOwnSequence)
+{
+    Open({"UID:a", "SEQUENCE:7", "DTSTAMP:20200101T000000Z", "DTSTART:20261103T0900", "DTEND:20261103T1000"});
+    ASSERT_TRUE(m_document.Copy(IdAt("20261103T0900"), Times("20261105T0900", "20261105T1000")).isDone);
+    EXPECT_EQ(Difference(), "+BEGIN:VEVENT\r\n+UID:new1\r\n+DTSTAMP:20261121T000000Z\r\n+DTSTART:20261105T090000\r\n"
+                            "+DTEND:20261105T100000\r\n+END:VEVENT\r\n");
+}
+
 TEST_F(DocumentTest, SeriesEndWithTheirCalendar)
 {
     const std::string series = Joined({"BEGIN:VCALENDAR", "BEGIN:VEVENT", "UID:a", "DTSTART:20261102T0900",

@@ -105,7 +105,10 @@ TEST(TextCodec, Utf8AsTheStandardReadsIt)
     EXPECT_EQ(EncodeText(mixed, kUtf8CodePage), "\xC3\xA9\xE6\xBC\xA2\xF0\x9F\x98\x80");
     EXPECT_EQ(EncodeText(std::u16string(1, 0xD83D), kUtf8CodePage), "\xEF\xBF\xBD");
     EXPECT_TRUE(HoldsText(mixed, kUtf8CodePage));
-    EXPECT_FALSE(HoldsText(std::u16string(1, 0xDE00), kUtf8CodePage));
+    for (const char16_t half : {u'\xD83D', u'\xDE00'}) {
+        EXPECT_FALSE(HoldsText(std::u16string(1, half), kUtf8CodePage));
+        EXPECT_FALSE(HoldsText(mixed + half, kUtf8CodePage)) << "after a pair";
+    }
 }
 
 TEST(TextCodec, TheLibrarysOwnPage)
