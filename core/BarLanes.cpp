@@ -333,8 +333,20 @@ std::vector<Lane> RunSweeps(const std::vector<BarKind>& kinds, const std::vector
     }
 }
 
+// places: of each bar that of its kind in kindsThere.
+std::vector<int> LanesOfRow(const std::vector<BarKind>& kinds, const std::vector<int>& kindsThere,
+                            const std::vector<int>& places)
+{
+    constexpr std::size_t kMostNarrow = 0x7FFF; // bars whose lanes and counts certainly fit in 16 bits
+    if (places.size() <= kMostNarrow) {
+        const auto lanes = RunSweeps<unsigned short>(kinds, kindsThere, places);
+        return {lanes.begin(), lanes.end()};
+    }
+    const auto lanes = RunSweeps<unsigned>(kinds, kindsThere, places);
+    return {lanes.begin(), lanes.end()};
+}
+
 // bars: positions in kindOf and in lanes.
-template <class Lane>
 void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
               const std::vector<int>& kindsThere, std::vector<int>& lanes)
 {
@@ -344,9 +356,9 @@ void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, cons
     }
     std::vector<int> places(bars.size());
     std::transform(bars.begin(), bars.end(), places.begin(), [&](int bar) { return placeOf[kindOf[bar]]; });
-    const std::vector<Lane> taken = RunSweeps<Lane>(kinds, kindsThere, places);
+    const std::vector<int> taken = LanesOfRow(kinds, kindsThere, places);
     for (std::size_t i = 0; i < bars.size(); ++i) {
-        lanes[bars[i]] = static_cast<int>(taken[i]);
+        lanes[bars[i]] = taken[i];
     }
 }
 
@@ -434,24 +446,27 @@ std::vector<std::vector<int>> BarsOfBlocks(const std::vector<int>& kindOf, const
 
 std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid)
 {
-    constexpr std::size_t kMostNarrow = 0x7FFF; // bars whose lanes and counts certainly fit in 16 bits
+    constexpr std::size_t kMostKinds = kMostSteps * kKindsPerStep;
     const RowBlocks blocks(kinds, grid);
+    const bool lanesAreApart = !blocks.rowsOverlap && grid.barHeight > 0 && grid.barHeight <= grid.laneStep;
+    // After a change of few bars it is mostly one row, of known bars: all are together already.
+    if (lanesAreApart && blocks.rows == 1 && !kindOf.empty() && kinds.size() <= kMostKinds &&
+        std::find(kindOf.begin(), kindOf.end(), kNoKind) == kindOf.end()) {
+        return LanesOfRow(kinds, KindsOf(0, kinds, blocks), kindOf);
+    }
     const std::vector<std::vector<int>> bars = BarsOfBlocks(kindOf, blocks);
     std::vector<int> lanes(kindOf.size(), 0);
     FirstSweep first(kinds, blocks, grid);
-    const bool lanesAreApart = !blocks.rowsOverlap && grid.barHeight > 0 && grid.barHeight <= grid.laneStep;
     for (int number = 0; number < blocks.Count(); ++number) {
         const std::vector<int>& block = bars[number];
         const std::vector<int> kindsThere = KindsOf(number, kinds, blocks);
         if (block.empty()) {
             continue;
         }
-        if (!lanesAreApart || kindsThere.size() > kMostSteps * kKindsPerStep) {
-            SweepBlock(block, kindOf, kinds, blocks, grid, first, lanes);
-        } else if (block.size() <= kMostNarrow) {
-            SweepRow<unsigned short>(block, kindOf, kinds, kindsThere, lanes);
+        if (lanesAreApart && kindsThere.size() <= kMostKinds) {
+            SweepRow(block, kindOf, kinds, kindsThere, lanes);
         } else {
-            SweepRow<unsigned>(block, kindOf, kinds, kindsThere, lanes);
+            SweepBlock(block, kindOf, kinds, blocks, grid, first, lanes);
         }
     }
     return lanes;

@@ -110,9 +110,6 @@ void CCalendarCtrl::PiecesMoved(const std::vector<PieceMove>& moved)
     }
     m_pWatch->isReported = true;
     for (const PieceMove& piece : moved) {
-        if (piece.wasHidden && m_arScreenItem[piece.position].bNoFocus) {
-            continue;
-        }
         tagCALENDAR_ITEM item = m_arScreenItem[piece.position];
         AddPaintedBox(item);
         item.rcItem = piece.box;

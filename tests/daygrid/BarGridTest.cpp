@@ -110,8 +110,8 @@ TEST(RowPieces, AreTheIntersectionsWithTheRows)
     }
 }
 
-// before: the rectangles that the pieces had; empty: all was laid out anew, and nothing is said of what has moved.
-void ExpectWhole(const ItemArray& pieces, const ItemArray& whole, const std::vector<CRect>& before,
+// before: the pieces as they were; empty: all was laid out anew, and nothing is said of what has moved.
+void ExpectWhole(const ItemArray& pieces, const ItemArray& whole, const ItemArray& before,
                  const std::vector<PieceMove>& moved)
 {
     ASSERT_EQ(pieces.GetSize(), whole.GetSize());
@@ -122,7 +122,13 @@ void ExpectWhole(const ItemArray& pieces, const ItemArray& whole, const std::vec
         ASSERT_TRUE(pieces[i].dtStart == whole[i].dtStart && pieces[i].dtEnd == whole[i].dtEnd);
         const auto reported =
             std::find_if(moved.begin(), moved.end(), [i](const PieceMove& piece) { return piece.position == i; });
-        ASSERT_TRUE(before.empty() || before[i] == (reported != moved.end() ? reported->box : whole[i].rcItem));
+        if (reported != moved.end()) {
+            ASSERT_EQ(Text(reported->box), Text(before[i].rcItem));
+            ASSERT_EQ(reported->wasHidden, before[i].bNoFocus != FALSE);
+        } else if (!before.IsEmpty()) {
+            ASSERT_EQ(before[i].bNoFocus, whole[i].bNoFocus);
+            ASSERT_TRUE(whole[i].bNoFocus || before[i].rcItem == whole[i].rcItem) << "piece " << i;
+        }
     }
 }
 
@@ -149,10 +155,8 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
             month.items[item] = other.items[0];
 
             const int count = static_cast<int>(pieces.GetSize());
-            std::vector<CRect> before;
-            for (int i = 0; i < count; ++i) {
-                before.push_back(pieces[i].rcItem);
-            }
+            ItemArray before;
+            before.Copy(pieces);
             std::vector<int> remade;
             std::vector<PieceMove> moved;
             std::vector<BarBoard::Change> changes;
@@ -173,7 +177,7 @@ TEST(BarBoard, AfterChangesOfFewItemsAllIsAsInAWholeLayout)
             } else {
                 MakeRowPieces(month.items, rows, pieces);
                 board.LayOut(grid, rules, month.range.Spans(pieces), pieces);
-                before.clear();
+                before.RemoveAll();
             }
             SCOPED_TRACE(testing::Message() << "seed " << seed << " step " << step);
             ExpectWhole(pieces, whole, before, moved);

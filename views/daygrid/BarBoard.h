@@ -27,8 +27,8 @@ public:
         int item; // position in the list
         BoxSpan span;
     };
-    // The listed items have got other spans. Appends all items whose rectangle or hidden flag becomes another one, as
-    // they were. False, and nothing is done: a new span goes on in another row.
+    // The listed items have got other spans. Appends, as they were, the items that become hidden or seen and those seen
+    // that get another rectangle. False, and nothing is done: a new span goes on in another row.
     bool LayOutAgain(const std::vector<Change>& changes, ItemArray& items, std::vector<PieceMove>& moved);
 
     const std::vector<BoxLoad>& Loads() const { return m_loads; }

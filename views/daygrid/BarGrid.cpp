@@ -226,12 +226,12 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
         }
         placed.tops[i] = rect.top;
         tagCALENDAR_ITEM& item = data[placed.items[i]];
-        const CRect before = item.rcItem;
-        const short hiddenBefore = item.bNoFocus;
+        const PieceMove before = {placed.items[i], item.rcItem, item.bNoFocus != FALSE};
         item.rcItem = rect;
         counter.Add(spans[i], rect.bottom, item.bNoFocus);
-        if (item.rcItem != before || item.bNoFocus != hiddenBefore) {
-            moved.push_back({placed.items[i], before, hiddenBefore != FALSE});
+        const bool isHidden = item.bNoFocus != FALSE;
+        if (isHidden != before.wasHidden || (!isHidden && item.rcItem != before.box)) {
+            moved.push_back(before);
         }
     });
 }

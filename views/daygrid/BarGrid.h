@@ -102,7 +102,7 @@ struct PlacedBars
 };
 
 // The same of these items, whose spans come in their order. Only those that get another top are touched, for records
-// lie far apart. Appends those whose rectangle or flag has changed, as they were.
+// lie far apart. Appends, as they were, those whose flag has changed and those not hidden whose rectangle has.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
                                 ItemArray& items, PlacedBars& placed, std::vector<PieceMove>& moved);
 

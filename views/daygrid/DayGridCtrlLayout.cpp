@@ -91,9 +91,6 @@ void CDayGridCtrl::UpdateShown(const std::vector<PieceMove>& moved)
     }
     for (const PieceMove& piece : moved) {
         const int position = piece.position;
-        if (piece.wasHidden && m_arScreenItem[position].bNoFocus) {
-            continue; // of many items in a day most are
-        }
         const auto place = std::lower_bound(m_shown.begin(), m_shown.end(), position);
         const bool isListed = place != m_shown.end() && *place == position;
         const bool isShown = IsShown(m_arScreenItem[position]);
