@@ -74,11 +74,12 @@ void AddItems(CCalendarCtrl& ctrl)
     }
 }
 
-template <class View>
-bool SaveView(const std::string& folder, const char* name)
+// prepare(view): once it has its window and its scale.
+template <class View, class Scales, class Prepare>
+bool SaveAtScales(const Scales& scales, const std::string& folder, const char* name, Prepare prepare)
 {
     bool isSaved = true;
-    for (const int scale : kScales) {
+    for (const int scale : scales) {
         const CSize size(kViewSize.cx * scale / 100, kViewSize.cy * scale / 100);
         RecordingParent parent;
         parent.Create(size.cx, size.cy);
@@ -86,33 +87,33 @@ bool SaveView(const std::string& folder, const char* name)
         view.ShowFulldaySection(TRUE);
         view.Create(WS_CHILD | WS_VISIBLE, CRect(CPoint(0, 0), size), &parent, kId);
         view.SetScale(96 * scale / 100);
-        view.SetCurrentDate(Moment(20, 9));
-        view.SetSelRange(Moment(18, 0), Moment(18, 0));
-        AddItems(view);
-        view.Refresh();
+        prepare(view);
         isSaved = Save(view, folder, name, scale) && isSaved;
         view.DestroyWindow();
     }
     return isSaved;
 }
 
+template <class View>
+bool SaveView(const std::string& folder, const char* name)
+{
+    return SaveAtScales<View>(kScales, folder, name, [](View& view) {
+        view.SetCurrentDate(Moment(20, 9));
+        view.SetSelRange(Moment(18, 0), Moment(18, 0));
+        AddItems(view);
+        view.Refresh();
+    });
+}
+
 // With every option, in the dark theme: what goes on over weeks, is current, hidden, selected or focused.
 template <class View>
 bool SaveBusyView(const std::string& folder, const char* name)
 {
-    bool isSaved = true;
-    for (const int scale : kBusyScales) {
-        const CSize size(kViewSize.cx * scale / 100, kViewSize.cy * scale / 100);
-        RecordingParent parent;
-        parent.Create(size.cx, size.cy);
-        View view;
-        view.ShowFulldaySection(TRUE);
-        view.Create(WS_CHILD | WS_VISIBLE, CRect(CPoint(0, 0), size), &parent, kId);
+    return SaveAtScales<View>(kBusyScales, folder, name, [](View& view) {
         CalendarOptions options = CalendarOptions::Modern();
         options.followSystemTheme = options.followDpi = false;
         view.SetOptions(options);
         view.SetTheme(CalendarTheme::Dark());
-        view.SetScale(96 * scale / 100);
         DayLines lines;
         lines.names = lines.moonPhase = lines.weekNumbers = true;
         view.SetDayLines(lines);
@@ -135,10 +136,7 @@ bool SaveBusyView(const std::string& folder, const char* name)
         view.Refresh();
         view.SendMessage(WM_KEYDOWN, VK_TAB);
         view.SetFocus();
-        isSaved = Save(view, folder, name, scale) && isSaved;
-        view.DestroyWindow();
-    }
-    return isSaved;
+    });
 }
 
 template <class Calendar>
