@@ -45,6 +45,15 @@ int TypeOf(AccessPart part, long role)
     }
 }
 
+// Leaves the result empty for a text that is.
+void GiveText(VARIANT& result, const std::string& utf8)
+{
+    if (!utf8.empty()) {
+        result.vt = VT_BSTR;
+        result.bstrVal = ::SysAllocString(WideFromUtf8(utf8).c_str());
+    }
+}
+
 } // namespace
 
 std::atomic<long> AutomationObject::s_objects{0};
@@ -170,26 +179,20 @@ STDMETHODIMP AutomationObject::GetPropertyValue(PROPERTYID property, VARIANT* re
         result->vt = VT_I4;
         result->lVal = number;
     };
-    const auto giveText = [&](const std::string& utf8) {
-        if (!utf8.empty()) {
-            result->vt = VT_BSTR;
-            result->bstrVal = ::SysAllocString(WideFromUtf8(utf8).c_str());
-        }
-    };
     const long state = place.window->StateOf(place.node);
     switch (property) {
     case kName:
-        giveText(place.window->WordsOf(place.node).name);
+        GiveText(*result, place.window->WordsOf(place.node).name);
         break;
     case kHelpText:
-        giveText(place.window->WordsOf(place.node).description);
+        GiveText(*result, place.window->WordsOf(place.node).description);
         break;
     case kAcceleratorKey:
-        giveText(place.window->WordsOf(place.node).shortcut);
+        GiveText(*result, place.window->WordsOf(place.node).shortcut);
         break;
     case kAutomationId:
-        giveText(std::to_string(static_cast<int>(m_id.part)) + "." + std::to_string(m_id.key) + "." +
-                 std::to_string(m_id.index));
+        GiveText(*result, std::to_string(static_cast<int>(m_id.part)) + "." + std::to_string(m_id.key) + "." +
+                              std::to_string(m_id.index));
         break;
     case kControlType:
         giveNumber(TypeOf(m_id.part, place.window->RoleOf(place.node)));
