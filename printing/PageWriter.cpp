@@ -78,7 +78,6 @@ CRect PageWriter::BeginSheet(const SheetHeading& heading)
     CRect area = body;
     if (showsMonths) {
         header = std::max(header, monthsHeight);
-        area.bottom = area.top + header;
         area.right = DrawSmallMonths(area, heading) - style.gap;
     }
     area.bottom = area.top + header;

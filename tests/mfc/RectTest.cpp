@@ -116,6 +116,7 @@ TEST(Rect, MovesItsEdges)
     EXPECT_TRUE(CRect(-3, -4, 0, 1).CenterPoint() == CPoint(-1, -1));
     EXPECT_TRUE(CPoint(static_cast<LPARAM>(0xfffe0005)) == CPoint(5, -2)) << "left of the screen";
     EXPECT_TRUE(CPoint(5, 6) - CPoint(2, 7) == CSize(3, -1));
+    EXPECT_TRUE(CSize(1, 2) + CPoint(5, 6) == CPoint(6, 8) && CSize(1, 2) - CPoint(5, 6) == CPoint(-4, -4));
     EXPECT_TRUE(CPoint(1, 2) + &rect == CRect(11, 22, 41, 62) && CPoint(1, 2) - &rect == CRect(9, 18, 39, 58));
     EXPECT_TRUE(CSize(1, 2) + &rect == CRect(11, 22, 41, 62) && CSize(1, 2) - &rect == CRect(9, 18, 39, 58));
 }

@@ -2,6 +2,7 @@
 #include "core/DateMath.h"
 #include "printing/PageBuilders.h"
 #include "printing/PrintTexts.h"
+#include "printing/TextLines.h"
 #include "tests/printing/PrintScene.h"
 
 #include <gtest/gtest.h>
@@ -211,6 +212,38 @@ TEST(Pages, AYearNamesWhatRepeatsOnceWithItsDates)
     }
     EXPECT_EQ(words, u"Pay day;Bonus;");
     EXPECT_EQ(dates, u"1/25, 2/25, 3/25, 4/25, 5/25, 7/25, 8/25, 9/25, 10/25, 11/25, 12/25 ");
+}
+
+// What does not fit even in the smallest letters is cut in ones that are read.
+TEST(Pages, AHopelesslyCrowdedMonthIsWrittenInLettersThatAreRead)
+{
+    const auto sizeOf = [](int items) {
+        PrintSource source;
+        for (int i = 0; i < items; ++i) {
+            PrintItem item;
+            item.firstDay = item.lastDay = kSunday1Nov2026 + i % 30;
+            item.text = u"of the quarter";
+            source.items.push_back(item);
+        }
+        const PrintRange range = {PageKind::Month, kSunday1Nov2026, 0};
+        int size = 0;
+        for (const PageText& text :
+             BuildPages(source, range, PrintOptions(), CSize(2100, 2970), PlainMeasurer())[0].texts) {
+            size = text.role == PageRole::ItemText ? text.font.size : size;
+        }
+        return size;
+    };
+    EXPECT_EQ(sizeOf(30 * 60), sizeOf(1) * 9 / 10);
+}
+
+TEST(Lines, TooNarrowForAnythingHaveAWholeCharacterEach)
+{
+    const std::u16string text = u"a\U0001F600\U0001F601b";
+    std::vector<std::u16string> lines;
+    for (const TextLine& line : BreakText(text, {PageFace::Text, 100}, {1, 1}, PlainMeasurer())) {
+        lines.push_back(line.text);
+    }
+    EXPECT_EQ(lines, (std::vector<std::u16string>{u"a", u"\U0001F600", u"\U0001F601", u"b"}));
 }
 
 // The parts of a date that both days share are said once, whatever the order in which a language says them.
