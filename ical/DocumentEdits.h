@@ -29,6 +29,8 @@ private:
     ComponentText& TextOf(const Entry& entry);
     void Kill(const Entry& entry);
     void ApplyTexts(ComponentText& text, const EventChanges& changes) const;
+    void ApplyTextsToSeries(const EventChanges& changes);
+    Occurrence FirstOf(const Entry& entry) const;
     bool SetZone(ComponentText& text, const EventChanges& changes) const;
     EditResult Finish(const OccurrenceId& idAfter);
     EditResult Finished(EditResult result, EventId series);

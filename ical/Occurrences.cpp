@@ -270,10 +270,9 @@ std::optional<Occurrence> FindOccurrence(const EventPtr& event, const Replacemen
     return found;
 }
 
-Occurrence OccurrenceAt(const EventPtr& event, const Replacements& replacements, const ZonePtr& displayZone,
-                        LocalTime original)
+Occurrence OccurrenceAt(const EventPtr& event, const ZonePtr& displayZone, LocalTime original)
 {
-    return Expander(event, replacements, displayZone).At(original, event->duration);
+    return Expander(event, Replacements(), displayZone).At(original, event->duration);
 }
 
 std::optional<LocalTime> NextStart(const EventPtr& event, const Replacements& replacements, LocalTime from)

@@ -77,9 +77,8 @@ bool AppendOccurrences(const EventPtr& event, const Replacements& replacements, 
 std::optional<Occurrence> FindOccurrence(const EventPtr& event, const Replacements& replacements,
                                          const ZonePtr& displayZone, LocalTime original);
 
-// What an occurrence at that time would be like, whether the event has it or not.
-Occurrence OccurrenceAt(const EventPtr& event, const Replacements& replacements, const ZonePtr& displayZone,
-                        LocalTime original);
+// What an occurrence at that time would be like, whether the event has it or not, if nothing replaced or changed it.
+Occurrence OccurrenceAt(const EventPtr& event, const ZonePtr& displayZone, LocalTime original);
 
 // The first occurrence at or after `from`, on the event's clock, that the event's rule or dates give and nothing
 // excludes.

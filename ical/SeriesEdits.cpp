@@ -49,6 +49,23 @@ std::vector<DocumentState::EntryRef> DocumentEdit::ReplacementsFrom(LocalTime or
     return replacements;
 }
 
+// The first occurrence of an event as its own text has it.
+Occurrence DocumentEdit::FirstOf(const Entry& entry) const
+{
+    return OccurrenceAt(entry.event, m_state.writing.displayZone, entry.event->start.wall);
+}
+
+// Of the series' own event, of the edited one, and of those by which later occurrences are changed: these are seen.
+void DocumentEdit::ApplyTextsToSeries(const EventChanges& changes)
+{
+    ApplyTexts(TextOf(*m_series), changes);
+    for (const auto& other : ReplacementsFrom(kEarliestTime)) {
+        if (&*other == m_entry || other->event->changesFollowing) {
+            ApplyTexts(TextOf(*other), changes);
+        }
+    }
+}
+
 // The times that the anchor gets when the edited occurrence gets `times`.
 EventTimes DocumentEdit::TimesOfAnchor(const Occurrence& anchor, const EventTimes& times) const
 {
@@ -111,14 +128,20 @@ EditResult DocumentEdit::ChangeSeries(const EventChanges& changes)
     const WritingContext context = m_state.ContextFor(*m_series);
     OccurrenceId after = m_id;
     if (changes.times) {
-        const Occurrence first =
-            OccurrenceAt(m_series->event, m_state.Replaced(), m_state.writing.displayZone, event.start.wall);
+        const Occurrence first = FirstOf(*m_series);
         LocalTime start = 0;
         if (const char* problem = MoveSeries(text, event, first, TimesOfAnchor(first, *changes.times), start)) {
             return Refuse(problem);
         }
         for (const auto& other : ReplacementsFrom(kEarliestTime)) {
             ShiftDates(TextOf(*other), event, "RECURRENCE-ID", context, event.start.wall, start);
+            if (other->event->changesFollowing && &*other != m_entry) {
+                const Occurrence changed = FirstOf(*other);
+                if (changed.times.isAllDay != event.IsAllDay()) {
+                    return Refuse(kSeriesForm);
+                }
+                SetTimes(TextOf(*other), TimesOfAnchor(changed, *changes.times), &changed, context);
+            }
         }
         if (m_entry == m_series) {
             after.original += start - event.start.wall;
@@ -126,10 +149,7 @@ EditResult DocumentEdit::ChangeSeries(const EventChanges& changes)
             SetTimes(TextOf(*m_entry), *changes.times, &*m_occurrence, context);
         }
     }
-    ApplyTexts(text, changes);
-    if (m_entry != m_series) {
-        ApplyTexts(TextOf(*m_entry), changes);
-    }
+    ApplyTextsToSeries(changes);
     if (changes.rule) {
         SetValue(text, "RRULE", *changes.rule);
     }
@@ -172,8 +192,7 @@ EditResult DocumentEdit::ChangeSeriesZone(const EventChanges& changes)
     }
     ComponentText& text = TextOf(*m_series);
     const LocalTime from = event.start.wall;
-    const Occurrence first = OccurrenceAt(m_series->event, m_state.Replaced(), m_state.writing.displayZone, from);
-    SetTimesInZone(text, first.times, *form, context);
+    SetTimesInZone(text, FirstOf(*m_series).times, *form, context);
     const LocalTime to = ParseTime(text.Lines()[text.Find("DTSTART")].property->Value())->wall;
     if (const char* problem = RezoneRule(text, event, to, form->zone)) {
         return Refuse(problem);
@@ -182,11 +201,14 @@ EditResult DocumentEdit::ChangeSeriesZone(const EventChanges& changes)
                      RezoneDates(text, event, "EXDATE", context, from, to, *form);
     for (const auto& other : ReplacementsFrom(kEarliestTime)) {
         isWritten = isWritten && RezoneDates(TextOf(*other), event, "RECURRENCE-ID", context, from, to, *form);
+        if (other->event->changesFollowing && !other->event->IsAllDay()) {
+            SetTimesInZone(TextOf(*other), FirstOf(*other).times, *form, context);
+        }
     }
     if (!isWritten) {
         return Refuse(kSeriesRule);
     }
-    ApplyTexts(text, changes);
+    ApplyTextsToSeries(changes);
     OccurrenceId after = m_id;
     after.original += to - from;
     return Finished(Finish(after), m_series->id);
@@ -269,8 +291,7 @@ EditResult DocumentEdit::ChangeFollowing(const EventChanges& changes)
     } else if (!LimitTail(tail, event, *ruleStart)) {
         return Refuse(kSeriesRule);
     }
-    const Occurrence anchor =
-        OccurrenceAt(m_series->event, m_state.Replaced(), m_state.writing.displayZone, ruleStart.value_or(original));
+    const Occurrence anchor = OccurrenceAt(m_series->event, m_state.writing.displayZone, ruleStart.value_or(original));
     const EventTimes times = changes.times ? TimesOfAnchor(anchor, *changes.times) : anchor.times;
     LocalTime start = anchor.id.original;
     if (const char* problem = MoveSeries(tail, event, anchor, times, start)) {

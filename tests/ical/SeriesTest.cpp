@@ -183,6 +183,92 @@ TEST_F(SeriesTest, ExceptionsAndReplacementsGoAlong)
     UndoAll();
 }
 
+// A daily series at nine, of which the occurrences from one on are at eleven: RANGE=THISANDFUTURE.
+TEST_F(SeriesTest, AWholeSeriesTakesAlongWhatChangesLaterOccurrences)
+{
+    const auto open = [&](std::string_view from, std::string_view to) {
+        OpenText(Joined({"BEGIN:VCALENDAR", "X-WR-TIMEZONE:Asia/Tokyo", "BEGIN:VEVENT", "UID:a",
+                         "DTSTART;TZID=Asia/Tokyo:20261102T090000", "DTEND;TZID=Asia/Tokyo:20261102T100000",
+                         "SUMMARY:x", "RRULE:FREQ=DAILY;COUNT=4", "END:VEVENT", "BEGIN:VEVENT", "UID:a",
+                         std::string("RECURRENCE-ID;RANGE=THISANDFUTURE:") + std::string(from),
+                         std::string("DTSTART") + std::string(to), "DURATION:PT30M", "SUMMARY:later", "END:VEVENT",
+                         "END:VCALENDAR"}));
+    };
+    const std::string allLater = "20261102T1200/20261102T1245 20261103T1200/20261103T1245 "
+                                 "20261104T1200/20261104T1245 20261105T1200/20261105T1245";
+    const std::string headEarlier = "20261102T1000/20261102T1115 20261103T1200/20261103T1245 "
+                                    "20261104T1200/20261104T1245 20261105T1200/20261105T1245";
+    const std::string nextDay = "20261103T1000/20261103T1115 20261104T1200/20261104T1245 "
+                                "20261105T1200/20261105T1245 20261106T1200/20261106T1245";
+    const struct
+    {
+        const char* name;
+        const char* from; // the first that is changed
+        const char* to;
+        const char* start; // the occurrence that is moved
+        const char* times[2];
+        std::string shown;
+    } rows[] = {
+        {"all are changed",
+         "20261102T000000Z",
+         ";TZID=Asia/Tokyo:20261102T110000",
+         "20261104T1100",
+         {"20261104T1200", "20261104T1245"},
+         allLater},
+        {"by the event that changes",
+         "20261102T000000Z",
+         ";TZID=Asia/Tokyo:20261102T110000",
+         "20261102T1100",
+         {"20261102T1200", "20261102T1245"},
+         allLater},
+        {"from the second on",
+         "20261103T000000Z",
+         ":20261103T020000Z",
+         "20261105T1100",
+         {"20261105T1200", "20261105T1245"},
+         headEarlier},
+        {"by the one before",
+         "20261103T000000Z",
+         ":20261103T020000Z",
+         "20261102T0900",
+         {"20261102T1000", "20261102T1115"},
+         headEarlier},
+        {"by the second itself",
+         "20261103T000000Z",
+         ":20261103T020000Z",
+         "20261103T1100",
+         {"20261103T1200", "20261103T1245"},
+         headEarlier},
+        {"to the next day",
+         "20261103T000000Z",
+         ";TZID=Asia/Tokyo:20261103T110000",
+         "20261104T1100",
+         {"20261105T1200", "20261105T1245"},
+         nextDay},
+    };
+    for (const auto& row : rows) {
+        open(row.from, row.to);
+        const EventTimes wanted = Times(row.times[0], row.times[1]);
+        const EditResult result = m_document.Move(IdAt(row.start), wanted, Scope::WholeSeries);
+        ASSERT_TRUE(result.isDone) << row.name << result.problem;
+        EXPECT_EQ(ShownAgain(), row.shown) << row.name;
+        EXPECT_EQ(Shown(All()), row.shown) << row.name;
+        ASSERT_TRUE(m_document.Find(result.id)) << row.name;
+        EXPECT_EQ(m_document.Find(result.id)->times, wanted) << row.name;
+        UndoAll();
+        ASSERT_TRUE(m_document.SetText(IdAt(row.start), TextField::Summary, "new", Scope::WholeSeries).isDone);
+        for (const Occurrence& occurrence : All()) {
+            EXPECT_EQ(occurrence.event->summary, "new") << row.name << Shown({occurrence});
+        }
+        UndoAll();
+    }
+    open("20261103T000000Z", ";VALUE=DATE:20261103"); // changed to whole days
+    const EditResult refused =
+        m_document.Move(IdAt("20261102T0900"), Times("20261102T1000", "20261102T1100"), Scope::WholeSeries);
+    EXPECT_FALSE(refused.isDone);
+    EXPECT_EQ(m_document.Save(), m_text);
+}
+
 // With one zone defined a file is shown on its clock.
 const char kEastZone[] = "BEGIN:VTIMEZONE\r\nTZID:East\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
                          "TZOFFSETFROM:+0900\r\nTZOFFSETTO:+0900\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
@@ -213,19 +299,23 @@ TEST_F(SeriesTest, AWholeSeriesChangesItsZone)
                 "DTEND;TZID=Europe/Berlin:20261102T100000", "RRULE:FREQ=DAILY;UNTIL=20261106T080000Z",
                 "EXDATE:20261104T080000Z", "EXDATE;TZID=Europe/Berlin:20261105T090000", "END:VEVENT", "BEGIN:VEVENT",
                 "UID:a", "RECURRENCE-ID;TZID=Europe/Berlin:20261103T090000", "DTSTART:20261103T120000Z",
-                "DURATION:PT1H", "END:VEVENT", "END:VCALENDAR"});
-    OpenText(text);
-    // Nothing moves on the clock that is shown.
-    const std::string before = ShownAgain();
-    ASSERT_EQ(before, "20261102T1700/20261102T1800 20261103T2100/20261103T2200 20261106T1700/20261106T1800");
-    EventChanges changes;
-    changes.zone = "East";
-    EXPECT_FALSE(m_document.Change(IdAt("20261102T1700"), changes, Scope::ThisOccurrence).isDone);
-    ASSERT_TRUE(m_document.Change(IdAt("20261102T1700"), changes, Scope::WholeSeries).isDone);
-    EXPECT_EQ(ShownAgain(), before);
-    EXPECT_EQ(m_document.Save().find("Europe/Berlin"), std::string::npos) << m_document.Save();
-    EXPECT_NE(m_document.Save().find("EXDATE;TZID=East:20261104T170000"), std::string::npos);
-    UndoAll();
+                "DURATION:PT1H", "END:VEVENT"});
+    const std::string range = Joined({"BEGIN:VEVENT", "UID:a", "RECURRENCE-ID;RANGE=THISANDFUTURE:20261102T080000Z",
+                                      "DTSTART;TZID=Europe/Berlin:20261102T090000", "DURATION:PT1H", "END:VEVENT"});
+    for (const std::string& more : {std::string(), range}) {
+        OpenText(text + more + "END:VCALENDAR\r\n");
+        // Nothing moves on the clock that is shown.
+        const std::string before = ShownAgain();
+        ASSERT_EQ(before, "20261102T1700/20261102T1800 20261103T2100/20261103T2200 20261106T1700/20261106T1800");
+        EventChanges changes;
+        changes.zone = "East";
+        EXPECT_FALSE(m_document.Change(IdAt("20261106T1700"), changes, Scope::ThisOccurrence).isDone);
+        ASSERT_TRUE(m_document.Change(IdAt("20261106T1700"), changes, Scope::WholeSeries).isDone);
+        EXPECT_EQ(ShownAgain(), before);
+        EXPECT_EQ(m_document.Save().find("Europe/Berlin"), std::string::npos) << m_document.Save();
+        EXPECT_NE(m_document.Save().find("EXDATE;TZID=East:20261104T170000"), std::string::npos);
+        UndoAll();
+    }
 }
 
 TEST_F(SeriesTest, WhatIsNotUnderstoodIsNotDividedOrLost)
