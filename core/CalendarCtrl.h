@@ -158,6 +158,7 @@ protected:
     virtual void OptionsChanged(const CalendarOptions& /*before*/) { Refresh(); } // lays out and repaints
     virtual void DayProviderChanged() {}                         // what the view keeps of the shown days is out of date
     virtual void ScaleChanged(const dayvane::ViewScale& before); // drops fonts, lays out and repaints
+    virtual void ForgetDrawn() {}                                // pixels of texts: their fonts have gone, or time has
     // Where a screen item is painted, frame of the current item included: client pixels.
     virtual CRect GetPaintedBox(const tagCALENDAR_ITEM& screenItem);
     virtual void GetPaintedState(dayvane::PaintedState& state); // what the picture shows of the items now
@@ -376,9 +377,8 @@ protected:
 
     // Whether a step of a drag and scrolling repaint only what they change. So it is for the views as they are; a class
     // derived from one repaints everything, for its own hooks may paint what nobody here knows of, until it says that
-    // none of them does: theirs add to the pieces of items only, and hand ours the device context clipped as it came.
-    // The same goes for the store: only of the views as they are, and of classes that agree, it is sure that it changes
-    // by the operations of the control alone, so that an index and the last layout still hold.
+    // they paint on the pieces of items only and neither clip nor move the device context that they pass on,
+    // and that its store changes by the operations of the control alone: an index and the last layout still hold then.
     BOOL UpdatesByParts() const { return m_bUpdateByParts || (m_pOwnType && *m_pOwnType == typeid(*this)); }
     void UpdateByParts(BOOL bParts) { m_bUpdateByParts = bParts; }
 

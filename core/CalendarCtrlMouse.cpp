@@ -501,8 +501,12 @@ void CCalendarCtrl::OnTimer(UINT_PTR nIDEvent)
         KillTimer(kCarryTimer);
         return DropCarriedItem();
     }
-    if (nIDEvent == kBufferTimer && !m_interaction->buffer.FreeUnused()) {
-        KillTimer(kBufferTimer);
+    if (nIDEvent == kBufferTimer) {
+        if (!m_interaction->buffer.FreeUnused()) {
+            KillTimer(kBufferTimer);
+            ForgetDrawn(); // by the next paint the system may draw texts in another way
+        }
+        return;
     }
     if (nIDEvent != kScrollTimer) {
         return CWnd::OnTimer(nIDEvent);

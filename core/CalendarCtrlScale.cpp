@@ -54,6 +54,7 @@ void CCalendarCtrl::ScaleChanged(const ViewScale&)
     for (CFont& font : m_fontCache) {
         font.DeleteObject();
     }
+    ForgetDrawn();
     Refresh();
 }
 

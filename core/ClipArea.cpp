@@ -149,7 +149,7 @@ bool ClipArea::FillNext(const CRect& rect, COLORREF color) const
         return false;
     }
     const PixelBlock block = BlockOf(rect);
-    const DWORD pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
+    const DWORD pixel = PixelOf(color);
     if (!m_parts.empty() && block.seen.Width() * block.seen.Height() > kLarge) {
         FillParts(block.seen, pixel); // memory that nobody touches is not even there
     } else {

@@ -19,6 +19,12 @@ struct PixelBlock
     int rowPixels = 0;              // from one row to the next
 };
 
+// The pixel of a colour of red, green and blue.
+inline DWORD PixelOf(COLORREF color)
+{
+    return GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
+}
+
 class ClipArea
 {
 public:

@@ -27,6 +27,13 @@ DWORD GroundOf(const PixelBlock& block)
     return block.first[static_cast<std::size_t>(y) * block.rowPixels + x];
 }
 
+bool HasPixelOf(COLORREF color, const std::vector<DWORD>& pixels)
+{
+    constexpr DWORD kColorBits = 0xFFFFFF;
+    return std::any_of(pixels.begin(), pixels.end(),
+                       [pixel = PixelOf(color)](DWORD other) { return ((other ^ pixel) & kColorBits) == 0; });
+}
+
 bool IsOneColor(const PixelBlock& block, DWORD color)
 {
     const DWORD* row = block.first;
@@ -125,6 +132,9 @@ bool DrawnTexts::Copy(CDC& dc, const ClipArea& clip, const PlacedText& placed, D
     if (const Picture* picture = Find(drawing.hash, drawing.look, placed.text)) {
         const CRect ink = picture->ink + placed.rect.TopLeft();
         const PixelBlock target = clip.PixelsOf(ink);
+        if (!target.first) {
+            return true; // nothing of it is seen
+        }
         if (!IsOneColor(target, drawing.look.ground)) {
             return false;
         }
@@ -172,6 +182,9 @@ void DrawnTexts::Keep(const ClipArea& clip, const PlacedText& placed, Drawing& d
     inside.IntersectRect(&drawn, &placed.rect);
     if (!drawn.IsRectEmpty() && (inside != drawn || !StoodOnGround(drawing, drawn))) {
         return;
+    }
+    if (HasPixelOf(drawing.look.color, drawing.before)) {
+        return; // what of it lies there is not seen, as it would be on the ground
     }
     Picture picture = {drawing.look, placed.text, CRect(0, 0, 0, 0), {}};
     if (!drawn.IsRectEmpty()) {

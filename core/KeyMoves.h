@@ -5,7 +5,7 @@
 
 namespace dayvane {
 
-enum class KeyArrow
+enum class KeyArrow // in the order of the keys' codes
 {
     Left,
     Up,

@@ -6,8 +6,13 @@ namespace dayvane {
 
 WatchWindow::WatchWindow(const char* name, WatchWindow*& slot) : m_slot(slot)
 {
-    m_slot = this;
     CreateEx(0, AfxRegisterWndClass(0), name, WS_POPUP, CRect(0, 0, 0, 0), nullptr, 0);
+    m_slot = this;
+}
+
+WatchWindow::~WatchWindow()
+{
+    m_slot = nullptr;
 }
 
 bool WatchWindow::Has(const Watch* watch) const
@@ -48,7 +53,6 @@ void WatchWindow::CallAll()
 void WatchWindow::EndIfUnwatched()
 {
     if (m_watches.empty() && !m_calling) {
-        m_slot = nullptr;
         delete this;
     }
 }

@@ -20,6 +20,7 @@ public:
 protected:
     // slot: where the one of its kind is known, nullptr while there is none.
     WatchWindow(const char* name, WatchWindow*& slot);
+    ~WatchWindow() override;
     // Calls each watch once; not while that goes on. The window may be gone afterwards.
     void CallAll();
     bool IsCalling() const { return m_calling; }

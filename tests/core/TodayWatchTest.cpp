@@ -58,6 +58,17 @@ TEST_F(TodayWatchTest, MidnightComesByItself)
     EXPECT_TRUE(testsupport::PumpUntil([&] { return changes == 1; }));
 }
 
+TEST_F(TodayWatchTest, AClockThatThrowsLeavesNothingBehind)
+{
+    SetCalendarClock([]() -> COleDateTime { throw 1; });
+    EXPECT_ANY_THROW(watch->Start());
+    EXPECT_EQ(nullptr, Window());
+    SetCalendarClock([] { return g_now; });
+    watch->Start();
+    TimeIsSet(COleDateTime(2026, 11, 25, 0, 0, 0));
+    EXPECT_EQ(1, changes);
+}
+
 TEST_F(TodayWatchTest, AWatchMayEndItselfAndOthers)
 {
     int other = 0;

@@ -75,16 +75,18 @@ TEST(BoxParts, OfAMarkedBox)
         {20, "(102, 202, 299, 208)", "(102, 208, 299, 219)"}, // a year's month
     };
     for (const Case& c : cases) {
-        const DayFrameParts parts = PartsOfDayFrame(CRect(100, 200, 300, 400), c.stripHeight);
+        const DayFrameParts parts = PartsOfDayFrame(CRect(100, 200, 300, 400), c.stripHeight, ViewScale());
         EXPECT_EQ(Text(parts.frame), "(101, 201, 299, 399)");
         EXPECT_EQ(Text(parts.upper), c.upper);
         EXPECT_EQ(Text(parts.lower), c.lower);
         EXPECT_EQ(parts.bottomLine, 200 + c.stripHeight - 1);
     }
     for (int size = 0; size < 30; ++size) {
-        const DayFrameParts parts = PartsOfDayFrame(CRect(0, 0, size, size), 17);
+        const DayFrameParts parts = PartsOfDayFrame(CRect(0, 0, size, size), 17, ViewScale());
         EXPECT_TRUE(Contains(parts.frame, parts.upper) && Contains(parts.frame, parts.lower)) << size;
     }
+    // An outline 8 pixels wide keeps within its box.
+    EXPECT_EQ(Text(PartsOfDayFrame(CRect(0, 0, 99, 99), 68, ViewScale{4 * 96}).frame), "(3, 3, 96, 96)");
 }
 
 TEST(BoxParts, LeaveTheBorderOfTheCalendar)

@@ -130,7 +130,7 @@ int DrawTexts(MemoryDc& surface, unsigned seed, dayvane::TextCache& texts, CFont
               dayvane::PaintBuffer& buffer, dayvane::DrawnTexts* drawn)
 {
     constexpr COLORREF kGrounds[] = {RGB(255, 255, 255), RGB(200, 220, 255), RGB(255, 240, 180)};
-    const char16_t* const words[] = {u"Lunch", u"fly off", u"打合せ（会議室）", u"j|"};
+    const char16_t* const words[] = {u"Lunch", u"fly off", u"打合せ（会議室）", u"j|", u" "};
     const auto next = [&seed](int count) {
         seed = seed * 1103515245u + 12345u;
         return static_cast<int>(seed >> 16) % count;
@@ -147,13 +147,13 @@ int DrawTexts(MemoryDc& surface, unsigned seed, dayvane::TextCache& texts, CFont
     const dayvane::ClipArea clip(memory, &memory);
     int bySystem = 0;
     for (int i = 0; i < 12; ++i) {
-        const std::u16string text = words[next(4)];
+        const std::u16string text = words[next(5)];
         CFont* font = fonts[next(2)];
         const int left = next(200);
         const int top = next(50);
         const CRect rect(left, top, left + 12 * (2 + next(4)), top + 16 + 6 * next(2));
         const UINT format = next(2) ? DT_LEFT | DT_VCENTER | DT_END_ELLIPSIS : DT_CENTER | DT_TOP;
-        memory.SetTextColor(next(2) ? RGB(0, 0, 0) : RGB(200, 0, 0));
+        memory.SetTextColor(next(2) ? RGB(0, 0, 0) : kGrounds[next(3)]);
         const auto draw = [&] {
             const dayvane::SelectGdi selectFont(&memory, font);
             texts.Draw(&memory, font, text, rect, format);

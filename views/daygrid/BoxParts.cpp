@@ -6,7 +6,6 @@ namespace dayvane {
 namespace {
 
 // Pixels.
-constexpr int kFrameInset = 1;   // from the box to the frame of a marked day
 constexpr int kFrameLines = 3;   // a frame's inset, its outline and its bottom line: the rest of the strip is shaded
 constexpr int kBarInset = 1;     // from the item's rectangle to the bar
 constexpr int kContentInset = 2; // from there to marks and text
@@ -24,13 +23,14 @@ CRect PaintedPart(const CRect& box, const CRect& calendar)
     return CRect(box.left, box.top, std::min(box.right, calendar.right - 1), std::min(box.bottom, calendar.bottom - 1));
 }
 
-DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight)
+DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight, const ViewScale& scale)
 {
+    const int inset = std::max((scale.Of(kFrameWidth) - 1) / 2, 1); // the outline lies around its line
     const int shaded = stripHeight - kFrameLines;
     const int upperHeight = shaded * kUpperShare / kStripShares;
     DayFrameParts parts;
     parts.frame = box;
-    parts.frame.DeflateRect(kFrameInset, kFrameInset);
+    parts.frame.DeflateRect(inset, inset);
     const CRect& frame = parts.frame;
     const int top = frame.top + 1;
     parts.bottomLine = top + shaded;

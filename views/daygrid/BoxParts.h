@@ -21,8 +21,9 @@ struct DayFrameParts
     int bottomLine; // y of the line below the strips; beyond the frame: none
 };
 // The strips of the frame, its outline and the bottom line fill the top of the box.
-DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight);
+DayFrameParts PartsOfDayFrame(const CRect& box, int stripHeight, const ViewScale& scale);
 
+constexpr int kFrameWidth = 2;  // of today's, the widest, at 96 dpi
 constexpr int kArrowHeight = 7; // odd, at 96 dpi
 // Columns of an arrow beside its tip.
 constexpr int ArrowReach(const ViewScale& scale)

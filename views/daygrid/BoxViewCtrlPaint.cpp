@@ -64,5 +64,5 @@ void CBoxViewCtrl::DrawFocusRect(CDC* pDC, CRect rect, int)
 
 void CBoxViewCtrl::DrawFrame(CDC* pDC, const CRect& rect, const DayFrameColors& colors)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), colors);
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight(), m_scale), colors);
 }

@@ -314,6 +314,11 @@ void CDayGridCtrl::ScaleChanged(const ViewScale& before)
     CMoreListCtrl::ScaleChanged(before);
 }
 
+void CDayGridCtrl::ForgetDrawn()
+{
+    m_parts->drawn.Clear();
+}
+
 DayLookInput CDayGridCtrl::LookOfDays()
 {
     DayLookInput input = {

@@ -131,6 +131,7 @@ protected:
     void DrawThemedBar(CDC* pDC, const dayvane::BoxPainter& painter, const tagCALENDAR_ITEM& item, bool isCurrent);
 
     void ScaleChanged(const dayvane::ViewScale& before) override;
+    void ForgetDrawn() override;
     void PreSubclassWindow() override;
     CRect GetFocusBox() override;
     BOOL FindTip(const tagCCHITTESTINFO& hit, CRect& rcPart, std::u16string& strText) override;

@@ -56,9 +56,7 @@ void CMonthViewCtrl::DrawCalendar(CDC* pDC, CRect rcCalendar)
             continue;
         }
         const DayLook look = CalcDayLook(m_arCellDate[i], i == 0, GetDayColor(i), input);
-        if (look.background != m_colors.content) { // which is there
-            painter.DrawBackground(cell, look.background);
-        }
+        painter.DrawBackground(cell, look.background);
         if (look.today) {
             DrawTodayRect(pDC, cell);
         }
@@ -107,10 +105,10 @@ void CMonthViewCtrl::DrawHeader(CDC* pDC, CRect rcHeader)
 
 void CMonthViewCtrl::DrawTodayRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), TodayFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight(), m_scale), TodayFrameOf(m_theme));
 }
 
 void CMonthViewCtrl::DrawFocusRect(CDC* pDC, CRect rect)
 {
-    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight()), SelectedFrameOf(m_theme));
+    PainterOn(pDC).DrawDayFrame(PartsOfDayFrame(rect, GetStripHeight(), m_scale), SelectedFrameOf(m_theme));
 }

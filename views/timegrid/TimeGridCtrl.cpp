@@ -176,6 +176,11 @@ void CTimeGridCtrl::ScaleChanged(const ViewScale& before)
     CMoreListCtrl::ScaleChanged(before);
 }
 
+void CTimeGridCtrl::ForgetDrawn()
+{
+    m_pParts->tools.drawn.Clear();
+}
+
 // ---- What needs repainting
 
 void CTimeGridCtrl::InvalidateGrid()
@@ -213,6 +218,7 @@ void CTimeGridCtrl::InvalidateCellRectRange()
         return;
     }
     const TimeGridState state = State();
+    bool hasFocusBox = m_bFulldaySelection != FALSE;
     for (int column = 0; column < state.range.days; ++column) {
         for (const COleDateTime* end : {&m_dtSelEnd, &m_dtPrevSelEnd}) {
             if (!IsBound(*end)) {
@@ -221,14 +227,17 @@ void CTimeGridCtrl::InvalidateCellRectRange()
             const CRect box = BoxOfRows(state, column, SelectedRows(state, column, m_dtSelBegin, *end));
             if (!box.IsRectEmpty()) {
                 InvalidateRect(&box, FALSE);
+                hasFocusBox = hasFocusBox || end == &m_dtSelEnd;
             }
         }
     }
     if (m_bFulldaySelection) {
         InvalidateRect(&m_rcFulldayContent, FALSE);
     }
-    const CRect place = GetFocusBox(); // in a day view the bounds of other days may span no rows
-    InvalidateRect(&place, FALSE);
+    if (!hasFocusBox) { // in a day view the bounds of other days may span no rows
+        const CRect place = GetFocusBox();
+        InvalidateRect(&place, FALSE);
+    }
 }
 
 // ---- Now line

@@ -96,6 +96,7 @@ protected:
     void GetPaintedState(dayvane::PaintedState& state) override;
     void DayProviderChanged() override;
     void ScaleChanged(const dayvane::ViewScale& before) override;
+    void ForgetDrawn() override;
     void InvalidateCellRectRange() override;
     // nMode 1: the rectangle is an item's, 0: a cell's, of a selection of whole days one in the band.
     void GetCurCellRect(CRect& rect, int& nMode) override;
@@ -143,7 +144,7 @@ protected:
     // Builds the screen items of the shown days. When the band then needs another height than the layout gave it, the
     // rectangles of the layout follow at once, so that an added item never lies over the grid.
     void MakeScreenItem(CItemArray& items, CItemArray& screenItems) override;
-    // Lays the shown items out: the timed ones in the columns (rcGrid: the only column), the bars by
+    // Lays the shown items out: the timed ones in the columns (a single one: in rcGrid), the bars by
     // CalcFulldayItemRect. Where MakeScreenItem has only made some anew, only the columns of those.
     void CalcItemRect(CRect rcGrid, CItemArray& screenItems) override;
     // CalcLayout of the views: the frame of the shown days, its rectangles for the hooks.

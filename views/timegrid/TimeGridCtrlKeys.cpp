@@ -137,7 +137,7 @@ void CTimeGridCtrl::GetCurCellRect(CRect& rect, int& nMode)
     const int item = GetFocusedScreenItem();
     nMode = item != -1;
     const MoreMark* mark = item != -1 ? FindMarkOf(m_arScreenItem[item].nSource) : nullptr;
-    if (mark) { // hidden: over the whole width of its day
+    if (mark && mark->column < static_cast<int>(m_pParts->frame.columns.size())) { // hidden: as wide as its day
         rect = VisibleMarkBox(State(), *mark);
         rect.left = m_pParts->frame.columns[mark->column].left;
     } else if (item != -1) {
