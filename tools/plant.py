@@ -115,14 +115,20 @@ def listed_faults(root, rows):
                     tuple(row[4].split(" ")) if len(row) > 4 else None)
 
 
+def changed_lines(fault):
+    pairs = zip(fault.old.split("\n"), fault.new.split("\n"))
+    return {(fault.file, number, old.strip(), new.strip())
+            for number, (old, new) in enumerate(pairs, fault.line) if old != new}
+
+
 def chosen(arguments, known):
     root, tables = arguments.root, arguments.root / "tests/plant"
     if arguments.listed:
         rows = read_table(tables / ("windows.tsv" if arguments.windows else "faults.tsv"))
         return [f for f in listed_faults(root, rows) if f.file.startswith(arguments.folder)]
-    equivalents = {(row[0], row[1], row[2]) for row in read_table(tables / "equivalents.tsv")}
+    equivalents = set().union(*map(changed_lines, listed_faults(root, read_table(tables / "equivalents.tsv"))))
     every = [f for f in candidates(root, known, arguments.folder, arguments.windows)
-             if (f.file, f.old.strip(), f.new.strip()) not in equivalents]
+             if changed_lines(f).isdisjoint(equivalents)]
     # The order depends on each fault alone, so that a change of the sources leaves the other faults of a seed.
     every.sort(key=lambda f: hashlib.sha256(f"{arguments.seed} {f.file} {f.old} {f.new}".encode()).digest())
     return every
