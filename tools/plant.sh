@@ -14,6 +14,7 @@ command_plant() {
     for argument in "$@"; do
         if [ "$argument" = --windows ]; then windows=(--windows "$BUILD/win32"); else arguments+=("$argument"); fi
     done
+    [[ $ROOT$BUILD != *[[:space:]]* ]] || die "Faults are planted only where no folder's name has a blank: $ROOT, $BUILD."
     need_native_build
     need_packages python3 git lld
     make_build_root

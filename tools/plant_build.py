@@ -18,6 +18,7 @@ QUICK_TEST_MS = (50, 160)
 MOST_SECONDS = 1200  # for one program, however busy the machine is
 HANG_SECONDS, HANG_FACTOR = 60, 10  # what takes longer than this and so many times its own time hangs
 HANGS = "it hangs"
+TIMED_OUT = (124, -9)  # what timeout returns; the second when it had to kill
 MEMORY_LIMIT = 6 << 30  # a fault that never stops to ask for memory
 SANITIZERS = "-fsanitize=address,undefined -fno-sanitize-recover=all -fno-sanitize=vptr"
 
@@ -350,8 +351,11 @@ class WindowsPlanter(Planter):
         if program == self.pictures:
             self.provide(place, program)
             script = self.build.root / "tests/outside/master_pictures.sh"
-            done = subprocess.run(["bash", script, place / "master_pictures.exe", self.build.root / "tests/pictures",
-                                   place / "drawn"], cwd=place, env=environment(), capture_output=True, text=True)
+            done = subprocess.run(["timeout", "-k", "20", str(int(seconds)), "bash", script,
+                                   place / "master_pictures.exe", self.build.root / "tests/pictures", place / "drawn"],
+                                  cwd=place, env=environment(), capture_output=True, text=True)
+            if done.returncode in TIMED_OUT:
+                return HANGS
             return done.stdout.split(":")[0] or "it crashes" if done.returncode else None
         self.provide(place, program)
         return self.run(["wine", place / f"test_{program}.exe", f"--gtest_filter={names}"], seconds=seconds)
