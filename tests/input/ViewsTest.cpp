@@ -260,6 +260,37 @@ TYPED_TEST(Views, BelongToWindowsThatWereThereBefore)
     ::DestroyWindow(window);
 }
 
+std::vector<UINT> g_heard;
+
+LRESULT CALLBACK HearMouse(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
+        g_heard.push_back(message);
+    }
+    return ::DefWindowProc(window, message, wParam, lParam);
+}
+
+TYPED_TEST(Views, LeaveTheMouseToTheProcedureThatWasThereBefore)
+{
+    WNDCLASS windowClass = {};
+    windowClass.lpfnWndProc = HearMouse;
+    windowClass.hInstance = ::GetModuleHandle(nullptr);
+    windowClass.lpszClassName = "HearsTheMouse";
+    ::RegisterClass(&windowClass); // once for all views
+    const HWND window = ::CreateWindow(windowClass.lpszClassName, "", WS_CHILD, 0, 0, kWidth, kHeight, this->parent,
+                                       nullptr, windowClass.hInstance, nullptr);
+    TypeParam attached;
+    ASSERT_TRUE(window && attached.SubclassWindow(window));
+    g_heard.clear();
+    const std::vector<UINT> sent = {WM_MOUSEMOVE, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_RBUTTONDOWN};
+    for (const UINT message : sent) {
+        attached.SendMessage(message, 0, MAKELPARAM(kWidth / 2, kHeight / 2));
+    }
+    EXPECT_EQ(g_heard, sent);
+    attached.UnsubclassWindow();
+    ::DestroyWindow(window);
+}
+
 TYPED_TEST(Views, GetAScrollBarAlsoWithoutItsStyle)
 {
     TypeParam bare;
