@@ -9,6 +9,7 @@
 #include "views/timegrid/DayViewCtrl.h"
 #include "views/timegrid/WeekDayViewCtrl.h"
 
+#include <stdexcept>
 #include <thread>
 
 namespace stress {
@@ -558,7 +559,7 @@ void StressHost::Call(const Event& event)
         m_client.Ask(Window(), event.a, event.b);
         break;
     default:
-        break;
+        throw std::logic_error("nothing handles this kind of event");
     }
 }
 
