@@ -317,7 +317,7 @@ std::vector<CaseResult> PrintCases()
     Stage stage("month", kScreen);
     stage.AddInView(1000);
     const double printed = CpuOf([&] { Print(stage.Ctrl()); });
-    return {{"month, 1,000 items: all pages into a metafile", printed, stage.FirstPaint(), 10}};
+    return {{"month, 1,000 items: all pages beside a first paint", printed, stage.FirstPaint(), 10}};
 }
 
 // The same picture with everything twice as large: four times the pixels.
