@@ -52,7 +52,7 @@ void CPickerOf<Base>::ShowEraTitles(BOOL bShow)
     if (bShow) {
         UseSystemEras();
     }
-    m_bEraTitles = bShow;
+    m_bEraTitles = bShow != FALSE;
 }
 
 template <class Base>

@@ -36,8 +36,8 @@ public:
     // WM_SETFONT does the same with a font of the present scale.
     void SetTextFont(const LOGFONT& font);
     const std::optional<LOGFONT>& GetTextFont() const { return m_hostFont; } // none: the control's own fonts
-    // Titles, lists and the button's face with the year of the era, "令和8年11月"; off at first. Repaint (Refresh)
-    // after it.
+    // Titles, lists and the button's face with the year of the era, "令和8年11月"; off at first. Call Refresh() after
+    // it, of the button Invalidate().
     void ShowEraTitles(BOOL bShow);
     BOOL IsShowEraTitles() const { return m_bEraTitles; }
 

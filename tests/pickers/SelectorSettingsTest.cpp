@@ -157,3 +157,19 @@ TEST(SelectorSettings, ShowWhereTheTableSaysSo)
         EXPECT_EQ(selectors, setting.selectors) << setting.name;
     }
 }
+
+TEST(SelectorSettings, EraTitlesAreOnOrOff)
+{
+    CMiniCalendarCtrl days;
+    CMiniCalendarCtrl2 months;
+    CYearMonthPickerCtrl button;
+    constexpr BOOL kAlsoTrue = 2; // any number but 0 is, and comparisons with TRUE must hold
+    for (const auto& [given, kept] : {std::make_pair(kAlsoTrue, TRUE), std::make_pair(FALSE, FALSE)}) {
+        days.ShowEraTitles(given);
+        months.ShowEraTitles(given);
+        button.ShowEraTitles(given);
+        EXPECT_EQ(days.IsShowEraTitles(), kept);
+        EXPECT_EQ(months.IsShowEraTitles(), kept);
+        EXPECT_EQ(button.IsShowEraTitles(), kept);
+    }
+}
