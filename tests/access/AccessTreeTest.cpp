@@ -231,6 +231,9 @@ TEST(PickerTree, RandomGridsKeepTheRulesOfTrees)
                     const COleDateTime date = DateOfHit(layout, HitOfPart(layout, id));
                     const AccessWords words = speech.WordsOf(id);
                     EXPECT_EQ(policy == &kYearPolicy || !IsValid(date) ? "" : DayAsName(date), words.description);
+                    if (!IsValid(date)) {
+                        EXPECT_EQ("no date, " + std::to_string(id.index + 1), words.name);
+                    }
                     const bool isNow = IsValid(date) && date.GetYear() == now.GetYear() &&
                                        date.GetMonth() == now.GetMonth() &&
                                        (policy == &kYearPolicy || date.GetDay() == now.GetDay());

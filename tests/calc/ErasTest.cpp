@@ -111,6 +111,8 @@ TEST(Eras, NewerErasAreAdded)
         EXPECT_FALSE(eras.AddSystemEntry(broken.first, broken.second)) << broken.first << " " << broken.second;
     }
     EXPECT_EQ(eras.Eras().size(), 6u);
+    EXPECT_EQ(eras.Eras().back().sign, u8"永");
+    EXPECT_EQ(eras.Eras().back().english, "Eiko");
     EXPECT_EQ(eras.Format({2050, 3, 31}, EraStyle::Long), u8"令和32年3月31日");
     EXPECT_EQ(eras.Format({2050, 4, 1}, EraStyle::Short), "E1.4.1");
     EXPECT_EQ(eras.Parse(u8"永光2年4月1日").date, (CivilDate{2051, 4, 1}));

@@ -52,6 +52,12 @@ double Minutes(int year, int month, int day, int hour, int minute)
     return civil::DayNumber(year, month, day) * 1440.0 + hour * 60 + minute;
 }
 
+TEST(ExactSky, NoClockShowsTheEndOfItsDay)
+{
+    const dayvane::ZoneMoment before = dayvane::InZone({-1e-18, 0}, 0); // as near to midnight as to be taken for it
+    EXPECT_TRUE(before.minute == 24 * 60 - 1 && before.second == 59);
+}
+
 TEST(ExactSky, SpeedsAreTheChangesOfTheLongitudes)
 {
     constexpr double kDay = 1 / 36525.0; // centuries

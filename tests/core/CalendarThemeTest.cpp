@@ -159,6 +159,9 @@ TEST(CalendarTheme, ItemsOfAnyColourAreReadOnDarkPages)
     green.crColor2 = 0x204020;
     ThemeItem(green, dark, ItemGround::Filled);
     EXPECT_EQ(green.crColor2, 0x446644u) << "what was dark is lighter than what was pale";
+    green.crColor5 = 0x303030;
+    ThemeItem(green, dark, ItemGround::Filled);
+    EXPECT_EQ(green.crColor5, 0xCFCFCFu) << "a dark grey is a pale one, not white";
 }
 
 TEST(CalendarTheme, HostsDayColoursGoWithThePage)

@@ -142,6 +142,10 @@ TEST(DayLines, KeepsNamesWhereRoomIsShortAndOrderWhereItIsNot)
     ASSERT_EQ(single.size(), 1u);
     EXPECT_EQ(single[0].piece, 0);
     EXPECT_EQ(LinesFor(pieces, 90, kMostDayLines), 2);
+    const auto cut = PlacePieces(pieces, CRect(0, 0, 50, 14), 1);
+    ASSERT_EQ(cut.size(), 1u);
+    EXPECT_EQ(cut[0].piece, 0);
+    EXPECT_EQ(cut[0].rect.Width(), 50 - 2 * kDayLine.sideInset) << "as much of the name as there is room for";
     const auto two = PlacePieces(pieces, CRect(0, 0, 90, 28), 2);
     ASSERT_EQ(two.size(), 3u);
     EXPECT_EQ(two[0].rect.top, 0) << "what each day has stands in one line all over the month";

@@ -24,6 +24,7 @@ TEST(CivilTime, DaysWalkWithoutGap)
             expected.month = expected.month % kYearMonths + 1;
         }
     }
+    EXPECT_EQ(DateOfDay(DayOfDate(1, 7, 2)).year, 1);
     EXPECT_EQ(DayOfDate(1970, 1, 1), 0);
     EXPECT_EQ(WeekdayOfDay(DayOfDate(2026, 11, 21)), 6); // a Saturday
     EXPECT_EQ(WeekdayOfDay(DayOfDate(1899, 12, 31)), 0);
@@ -133,7 +134,7 @@ TEST(Text, RepairsUtf8AndConverts)
     EXPECT_EQ(RepairUtf8(bad), "a" + mark + mark + "b" + mark + mark + mark + u8"日" + " " + mark + mark + mark);
     EXPECT_FALSE(IsUtf8(bad));
     EXPECT_TRUE(IsUtf8(RepairUtf8(bad)));
-    const std::string good = u8"Aé日𠮷\U0010FFFF";
+    const std::string good = u8"Aé日\uFFFF\U00010000𠮷\U0010FFFF";
     EXPECT_EQ(Utf8FromUtf16(Utf16FromUtf8(good)), good);
     const std::string beyond16Bits = u8"𠮷"; // asserted texts go through variables: CP932 cannot spell them
     const std::u16string pair = u"𠮷";

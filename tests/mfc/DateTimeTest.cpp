@@ -100,6 +100,7 @@ TEST(DateTime, ReadsTheFractionForwardBeforeTheEpochToo)
         previous = &kept;
     }
     EXPECT_EQ((COleDateTime(0.25) - COleDateTimeSpan(1, 0, 0, 0)).m_dt, -1.25);
+    EXPECT_EQ(COleDateTime(1899, 12, 30, 6, 0, 0).m_dt, 0.25);
     EXPECT_STREQ(FieldsOf(COleDateTime(-0.25)), "1899-12-30 6:0:0") << "the second name of a time on day 0";
 }
 

@@ -163,6 +163,12 @@ TEST(PeriodGridModelTest, KeysMoveTheSelectionAndTurnThePageWhenItLeaves)
     }
 }
 
+TEST(PeriodGridModelTest, StepsAreWholeDays)
+{
+    EXPECT_EQ(AddPeriods(kMonthPolicy, Day(2010, 1, 31, 9), 1), Day(2010, 2, 28));
+    EXPECT_EQ(AddPeriods(kYearPolicy, Day(2010, 2, 1), -1), Day(2009, 2, 1));
+}
+
 TEST(PeriodGridModelTest, ASweepHeldBesideTheCellsPagesAndSelectsToTheEdge)
 {
     Script s(kMonthPolicy, 1, 2);

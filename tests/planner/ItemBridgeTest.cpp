@@ -83,6 +83,7 @@ TEST(ItemBridge, ColoursComeFromThePalette)
         event.calendar = i;
         EXPECT_EQ(ColorsOf(event).back, ofCalendars[i]) << i;
     }
+    EXPECT_EQ(ColorsOf(event, 0).back, 0xFBEADCu) << "chosen, whatever the calendar";
     EXPECT_EQ(PaletteColors(1).back, 0xE0F2DDu);
     EXPECT_EQ(PaletteColors(-1).back, 0xEEEAE9u) << "grey";
     EXPECT_EQ(PaletteColors(8).back, 0xEEEAE9u);
@@ -213,8 +214,8 @@ TEST(BusyDays, KnowsEachDayOfEveryMonthAnItemTouches)
 
 TEST(CommandLine, TakesOptionsAndReportsWhatItDoesNotUnderstand)
 {
-    const CommandLine line = ParseCommandLine(
-        {"--view", "week", "a b.ics", "--date", "2016-02-29", "--size", "800x600", "--shot", "out.bmp"});
+    const CommandLine line = ParseCommandLine({"--view", "week", "a b.ics", "--date", "2016-02-29", "--size", "800x600",
+                                               "--scale", "150", "--shot", "out.bmp"});
     EXPECT_EQ(line.problem, "");
     EXPECT_EQ(line.file, "a b.ics");
     EXPECT_EQ(line.view, "week");
@@ -222,10 +223,12 @@ TEST(CommandLine, TakesOptionsAndReportsWhatItDoesNotUnderstand)
     ASSERT_TRUE(line.date && line.size);
     EXPECT_EQ(line.date->month * 100 + line.date->day, 229);
     EXPECT_EQ(line.size->width + line.size->height, 1400);
+    EXPECT_EQ(line.scale, 150);
 
     const std::vector<std::string> wrong[] = {{"--date", "2017-02-29"}, {"--date", "2017-02-2x"}, {"--date"},
                                               {"--size", "800"},        {"--size", "-5x600"},     {"--view", ""},
-                                              {"--colour", "red"},      {"one.ics", "two.ics"}};
+                                              {"--colour", "red"},      {"one.ics", "two.ics"},   {"--scale", "150x"},
+                                              {"--scale", "2"}};
     for (const auto& arguments : wrong) {
         const CommandLine bad = ParseCommandLine(arguments);
         EXPECT_NE(bad.problem, "") << arguments.front();

@@ -226,14 +226,32 @@ TEST(Pages, AHopelesslyCrowdedMonthIsWrittenInLettersThatAreRead)
             source.items.push_back(item);
         }
         const PrintRange range = {PageKind::Month, kSunday1Nov2026, 0};
+        const std::vector<Page> pages = BuildPages(source, range, PrintOptions(), CSize(2100, 2970), PlainMeasurer());
         int size = 0;
-        for (const PageText& text :
-             BuildPages(source, range, PrintOptions(), CSize(2100, 2970), PlainMeasurer())[0].texts) {
+        for (const PageText& text : pages[0].texts) {
             size = text.role == PageRole::ItemText ? text.font.size : size;
         }
         return size;
     };
     EXPECT_EQ(sizeOf(30 * 60), sizeOf(1) * 9 / 10);
+}
+
+TEST(Pages, AListOfAWholeMonthIsCalledByItsName)
+{
+    const auto titleOf = [](int firstDay, int lastDay) {
+        const PrintRange range = {PageKind::List, firstDay, lastDay};
+        const std::vector<Page> pages =
+            BuildPages(PrintSource(), range, PrintOptions(), CSize(2100, 2970), PlainMeasurer());
+        const auto title = std::find_if(pages[0].texts.begin(), pages[0].texts.end(),
+                                        [](const PageText& text) { return text.role == PageRole::Title; });
+        return title != pages[0].texts.end() ? title->text : u"";
+    };
+    const PrintTexts texts(PrintSource().texts);
+    EXPECT_EQ(titleOf(kSunday1Nov2026, kSunday1Nov2026 + 29), texts.Month(kSunday1Nov2026));
+    for (const auto& [first, last] : {std::pair(0, 28), std::pair(1, 29), std::pair(0, 30), std::pair(0, 60)}) {
+        EXPECT_EQ(titleOf(kSunday1Nov2026 + first, kSunday1Nov2026 + last),
+                  texts.DateSpan(kSunday1Nov2026 + first, kSunday1Nov2026 + last));
+    }
 }
 
 TEST(Lines, TooNarrowForAnythingHaveAWholeCharacterEach)

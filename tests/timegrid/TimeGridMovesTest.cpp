@@ -51,6 +51,11 @@ TEST(RowMoves, StepScrollAndStopAtMidnight)
     }
 }
 
+TEST(RowMoves, LastRowEndsAtMidnight)
+{
+    EXPECT_EQ(At(23, 30), LastRow(DayRange::OneDay(At(9, 15)), TimeScale()));
+}
+
 TEST(DayMoves, KeepTheirOddities)
 {
     struct
