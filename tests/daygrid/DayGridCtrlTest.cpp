@@ -100,6 +100,10 @@ TYPED_TEST(DayGrid, SurvivesTinySizesAndTheFirstAndLastDates)
         scene.Paint();
     }
     EXPECT_EQ(scene.view->GetItemCount(), 5);
+    for (const int noDay : {0, 8}) {
+        EXPECT_THROW(scene.view->SetFirstDayOfWeek(noDay), CInvalidArgException*);
+        EXPECT_EQ(scene.view->GetFirstDayOfWeek(), 7);
+    }
     // An impossible move is ignored.
     scene.view->SetCurrentDate(Day(9999, 12, 31));
     const std::string last = scene.Range();

@@ -1,6 +1,10 @@
 // Dialog boxes from templates in memory, with what the system's controls in them need.
 #include "WindowTesting.h"
 
+#include <afxdlgs.h>
+
+#include <string>
+
 namespace {
 
 constexpr int kEditId = 101;
@@ -214,3 +218,14 @@ TEST_F(DialogTest, ListsGiveTheirTexts)
 }
 
 } // namespace
+
+TEST(FileDialog, TheBarsOfItsFilterEndTheNames)
+{
+    const CFileDialog dialog(TRUE, "ics", nullptr, 0, "Calendars (*.ics)|*.ics|All|*.*||");
+    const char expected[] = "Calendars (*.ics)\0*.ics\0All\0*.*\0";
+    EXPECT_EQ(std::string(dialog.m_ofn.lpstrFilter, sizeof(expected)), std::string(expected, sizeof(expected)));
+    if (::GetACP() == 932) { // there the second byte of "ポ" is that of a bar
+        EXPECT_STREQ(CFileDialog(TRUE, nullptr, nullptr, 0, "レポート|*.ics||").m_ofn.lpstrFilter, "レポート");
+    }
+    EXPECT_FALSE(CFileDialog(FALSE).m_ofn.lpstrFilter);
+}
