@@ -309,11 +309,13 @@ TEST_F(SeriesTest, AWholeSeriesChangesItsZone)
         ASSERT_EQ(before, "20261102T1700/20261102T1800 20261103T2100/20261103T2200 20261106T1700/20261106T1800");
         EventChanges changes;
         changes.zone = "East";
+        changes.summary = "in the east";
         EXPECT_FALSE(m_document.Change(IdAt("20261106T1700"), changes, Scope::ThisOccurrence).isDone);
         ASSERT_TRUE(m_document.Change(IdAt("20261106T1700"), changes, Scope::WholeSeries).isDone);
         EXPECT_EQ(ShownAgain(), before);
         EXPECT_EQ(m_document.Save().find("Europe/Berlin"), std::string::npos) << m_document.Save();
         EXPECT_NE(m_document.Save().find("EXDATE;TZID=East:20261104T170000"), std::string::npos);
+        EXPECT_NE(m_document.Save().find("SUMMARY:in the east"), std::string::npos);
         UndoAll();
     }
 }
