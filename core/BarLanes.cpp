@@ -222,6 +222,8 @@ template <class Lane, std::size_t steps>
 class RowSweeps
 {
 public:
+    using Row = LaneRow<Lane>;
+
     // which: those of the kinds that there are in the row.
     RowSweeps(const std::vector<BarKind>& kinds, const std::vector<int>& which)
         : m_overlaps(which.size()), m_isOwn(which.size())
@@ -236,28 +238,20 @@ public:
         }
     }
 
-    // bars: of each its place in `which`.
-    std::vector<Lane> Run(const std::vector<int>& bars) const
+    // bars: of each its place in `which`. lanes, counts: what was in them is lost.
+    void Run(const std::vector<int>& bars, std::vector<Lane>& lanes, std::vector<Row>& counts) const
     {
-        std::vector<Lane> lanes(bars.size());
+        lanes.resize(bars.size());
         SweepFirst(bars, lanes);
-        std::vector<Row> counts(*std::max_element(lanes.begin(), lanes.end()) + std::size_t(2));
+        counts.assign(*std::max_element(lanes.begin(), lanes.end()) + std::size_t(2), Row());
         for (std::size_t i = 0; i < bars.size(); ++i) {
             ++counts[lanes[i]].of[bars[i]];
         }
         SweepAgain(bars, counts, lanes);
-        return lanes;
     }
 
 private:
     static constexpr std::size_t kWidth = steps * kKindsPerStep;
-    static constexpr std::size_t kCacheLine = 64; // bytes; what lies across two of them is slow
-
-    // A number for each kind.
-    struct alignas(kCacheLine) Row
-    {
-        Lane of[kWidth] = {};
-    };
 
     // Each bar takes a lane. Those still to come that it can overlap move down from there by one.
     void SweepFirst(const std::vector<int>& bars, std::vector<Lane>& lanes) const
@@ -313,42 +307,45 @@ private:
     std::vector<Row> m_isOwn;    // kind, kind: 1 where they are the same, else 0
 };
 
-constexpr std::size_t kMostSteps = 4; // of more kinds, visiting all of them costs more than lists do
-
 // The fewer kinds, the less each bar has to visit.
 template <class Lane>
-std::vector<Lane> RunSweeps(const std::vector<BarKind>& kinds, const std::vector<int>& kindsThere,
-                            const std::vector<int>& places)
+std::vector<int> RunSweeps(const std::vector<BarKind>& kinds, const std::vector<int>& kindsThere,
+                           const std::vector<int>& places, std::vector<Lane>& lanes, std::vector<LaneRow<Lane>>& counts)
 {
-    static_assert(kMostSteps == 4, "a case for each number of steps");
+    static_assert(kMostRowKinds == 4 * kKindsPerStep, "a case for each number of steps");
     switch ((kindsThere.size() - 1) / kKindsPerStep) {
     case 0:
-        return RowSweeps<Lane, 1>(kinds, kindsThere).Run(places);
+        RowSweeps<Lane, 1>(kinds, kindsThere).Run(places, lanes, counts);
+        break;
     case 1:
-        return RowSweeps<Lane, 2>(kinds, kindsThere).Run(places);
+        RowSweeps<Lane, 2>(kinds, kindsThere).Run(places, lanes, counts);
+        break;
     case 2:
-        return RowSweeps<Lane, 3>(kinds, kindsThere).Run(places);
+        RowSweeps<Lane, 3>(kinds, kindsThere).Run(places, lanes, counts);
+        break;
     default:
-        return RowSweeps<Lane, 4>(kinds, kindsThere).Run(places);
+        RowSweeps<Lane, 4>(kinds, kindsThere).Run(places, lanes, counts);
+        break;
     }
+    return {lanes.begin(), lanes.end()};
 }
 
 // places: of each bar that of its kind in kindsThere.
 std::vector<int> LanesOfRow(const std::vector<BarKind>& kinds, const std::vector<int>& kindsThere,
-                            const std::vector<int>& places)
+                            const std::vector<int>& places, BarSpace& space)
 {
     constexpr std::size_t kMostNarrow = 0x7FFF; // bars whose lanes and counts certainly fit in 16 bits
     if (places.size() <= kMostNarrow) {
-        const auto lanes = RunSweeps<unsigned short>(kinds, kindsThere, places);
-        return {lanes.begin(), lanes.end()};
+        return RunSweeps(kinds, kindsThere, places, space.lanes, space.counts);
     }
-    const auto lanes = RunSweeps<unsigned>(kinds, kindsThere, places);
-    return {lanes.begin(), lanes.end()};
+    std::vector<unsigned> lanes;
+    std::vector<LaneRow<unsigned>> counts;
+    return RunSweeps(kinds, kindsThere, places, lanes, counts);
 }
 
 // bars: positions in kindOf and in lanes.
 void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
-              const std::vector<int>& kindsThere, std::vector<int>& lanes)
+              const std::vector<int>& kindsThere, BarSpace& space, std::vector<int>& lanes)
 {
     std::vector<int> placeOf(kinds.size(), 0);
     for (std::size_t place = 0; place < kindsThere.size(); ++place) {
@@ -356,7 +353,7 @@ void SweepRow(const std::vector<int>& bars, const std::vector<int>& kindOf, cons
     }
     std::vector<int> places(bars.size());
     std::transform(bars.begin(), bars.end(), places.begin(), [&](int bar) { return placeOf[kindOf[bar]]; });
-    const std::vector<int> taken = LanesOfRow(kinds, kindsThere, places);
+    const std::vector<int> taken = LanesOfRow(kinds, kindsThere, places, space);
     for (std::size_t i = 0; i < bars.size(); ++i) {
         lanes[bars[i]] = taken[i];
     }
@@ -444,15 +441,15 @@ std::vector<std::vector<int>> BarsOfBlocks(const std::vector<int>& kindOf, const
 
 } // namespace
 
-std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid)
+std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid,
+                           BarSpace& space)
 {
-    constexpr std::size_t kMostKinds = kMostSteps * kKindsPerStep;
     const RowBlocks blocks(kinds, grid);
     const bool lanesAreApart = !blocks.rowsOverlap && grid.barHeight > 0 && grid.barHeight <= grid.laneStep;
     // After a change of few bars it is mostly one row, of known bars: all are together already.
-    if (lanesAreApart && blocks.rows == 1 && !kindOf.empty() && kinds.size() <= kMostKinds &&
+    if (lanesAreApart && blocks.rows == 1 && !kindOf.empty() && kinds.size() <= kMostRowKinds &&
         std::find(kindOf.begin(), kindOf.end(), kNoKind) == kindOf.end()) {
-        return LanesOfRow(kinds, KindsOf(0, kinds, blocks), kindOf);
+        return LanesOfRow(kinds, KindsOf(0, kinds, blocks), kindOf, space);
     }
     const std::vector<std::vector<int>> bars = BarsOfBlocks(kindOf, blocks);
     std::vector<int> lanes(kindOf.size(), 0);
@@ -463,8 +460,8 @@ std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<Bar
         if (block.empty()) {
             continue;
         }
-        if (lanesAreApart && kindsThere.size() <= kMostKinds) {
-            SweepRow(block, kindOf, kinds, kindsThere, lanes);
+        if (lanesAreApart && kindsThere.size() <= kMostRowKinds) {
+            SweepRow(block, kindOf, kinds, kindsThere, space, lanes);
         } else {
             SweepBlock(block, kindOf, kinds, blocks, grid, first, lanes);
         }

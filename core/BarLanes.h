@@ -12,6 +12,7 @@
 // Where a row has few kinds and its lanes lie apart, numbers stand for the sets.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 namespace dayvane {
@@ -45,7 +46,33 @@ struct BarKind
 
 constexpr int kNoKind = -1; // of a bar that has no place and overlaps nothing
 
-// The lane of each bar: how often it was moved down. kindOf: for each bar its position in `kinds`, or kNoKind.
-std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid);
+constexpr std::size_t kMostRowKinds = 32; // of more kinds in a row, visiting all of them costs more than lists do
+constexpr std::size_t kCacheLine = 64;    // bytes; what lies across two of them is slow
+
+// A number for each kind of a row.
+template <class Lane>
+struct alignas(kCacheLine) LaneRow
+{
+    Lane of[kMostRowKinds] = {};
+};
+
+// Memory for a layout that may serve the next one, too: large blocks come from the system anew each time.
+struct BarSpace
+{
+    std::vector<int> kindOf;
+    std::vector<unsigned short> lanes;
+    std::vector<LaneRow<unsigned short>> counts;
+};
+
+// The lane of each bar: how often it was moved down. kindOf: for each bar its position in `kinds`, or kNoKind; it may
+// be that of `space`.
+std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds, const LaneGrid& grid,
+                           BarSpace& space);
+inline std::vector<int> StackBars(const std::vector<int>& kindOf, const std::vector<BarKind>& kinds,
+                                  const LaneGrid& grid)
+{
+    BarSpace space;
+    return StackBars(kindOf, kinds, grid, space);
+}
 
 } // namespace dayvane

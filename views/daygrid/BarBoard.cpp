@@ -105,7 +105,8 @@ void BarBoard::LayOutRow(int row, ItemArray& items, std::vector<PieceMove>& move
     BoxGrid grid;
     grid.columns = m_grid.columns;
     grid.boxes.assign(m_grid.boxes.begin() + first, m_grid.boxes.begin() + end);
-    const std::vector<BoxLoad> loads = LayOutBars(grid, m_rules, m_rows[row].spans, items, m_rows[row].placed, moved);
+    const std::vector<BoxLoad> loads =
+        LayOutBars(grid, m_rules, m_rows[row].spans, items, m_rows[row].placed, m_space, moved);
     std::copy(loads.begin(), loads.end(), m_loads.begin() + first);
 }
 

@@ -51,6 +51,7 @@ private:
     std::vector<int> m_rowOf; // of each item
     std::vector<Row> m_rows;
     std::vector<BoxLoad> m_loads;
+    BarSpace m_space;
     bool m_isSimple = false; // no bar goes on in another row
 };
 

@@ -169,10 +169,11 @@ namespace {
 // setItem(i, load counter, rectangle): of the i-th span.
 template <class SetItem>
 std::vector<BoxLoad> LayOut(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                            SetItem setItem)
+                            BarSpace& space, SetItem setItem)
 {
     KindFinder finder(grid, rules);
-    std::vector<int> kindOf(spans.size());
+    std::vector<int>& kindOf = space.kindOf;
+    kindOf.resize(spans.size());
     for (size_t i = 0; i < spans.size(); ++i) {
         kindOf[i] = finder.KindOf(spans[i]);
     }
@@ -181,7 +182,7 @@ std::vector<BoxLoad> LayOut(const BoxGrid& grid, const BarRules& rules, const st
     for (int box = 0; box < grid.Count(); box += grid.columns) {
         laneGrid.firstTops.push_back(grid.boxes[box].top + metrics.topOffset + metrics.inset);
     }
-    const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid);
+    const std::vector<int> lanes = StackBars(kindOf, finder.kinds, laneGrid, space);
 
     std::vector<CRect> firstBars; // kind: its bar in lane 0
     for (const BarKind& kind : finder.kinds) {
@@ -208,17 +209,18 @@ std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, cons
                                 ItemArray& items)
 {
     tagCALENDAR_ITEM* data = items.GetData();
-    return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
+    BarSpace space;
+    return LayOut(grid, rules, spans, space, [&](size_t i, LoadCounter& counter, const CRect& rect) {
         data[i].rcItem = rect;
         counter.Add(spans[i], rect.bottom, data[i].bNoFocus);
     });
 }
 
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, PlacedBars& placed, std::vector<PieceMove>& moved)
+                                ItemArray& items, PlacedBars& placed, BarSpace& space, std::vector<PieceMove>& moved)
 {
     tagCALENDAR_ITEM* data = items.GetData();
-    return LayOut(grid, rules, spans, [&](size_t i, LoadCounter& counter, const CRect& rect) {
+    return LayOut(grid, rules, spans, space, [&](size_t i, LoadCounter& counter, const CRect& rect) {
         if (placed.tops[i] == rect.top) {
             short same = FALSE;
             counter.Add(spans[i], rect.bottom, same);

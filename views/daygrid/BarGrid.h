@@ -2,6 +2,7 @@
 // year views. Pure: rectangles are client pixels, positions count the boxes in the order of time.
 #pragma once
 
+#include "../../core/BarLanes.h"
 #include "../../core/CalendarRecords.h"
 #include "../../core/PaintedState.h"
 #include "../../core/ViewScale.h"
@@ -102,8 +103,9 @@ struct PlacedBars
 };
 
 // The same of these items, whose spans come in their order. Only those that get another top are touched, for records
-// lie far apart. Appends, as they were, those whose flag has changed and those not hidden whose rectangle has.
+// lie far apart. Appends, as they were, those whose flag has changed and those not hidden whose rectangle has. What was
+// in `space` is lost.
 std::vector<BoxLoad> LayOutBars(const BoxGrid& grid, const BarRules& rules, const std::vector<BoxSpan>& spans,
-                                ItemArray& items, PlacedBars& placed, std::vector<PieceMove>& moved);
+                                ItemArray& items, PlacedBars& placed, BarSpace& space, std::vector<PieceMove>& moved);
 
 } // namespace dayvane
